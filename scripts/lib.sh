@@ -1,0 +1,115 @@
+# What the project's scripts share: where the tree is, how they speak, how packages come, how a preset is built.
+# Sourced by ./run, ./test, ./bench/run, .ci/run and the scripts of this folder, never run.
+
+ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+# shellcheck source=scripts/packages.sh
+source "$ROOT/scripts/packages.sh"
+
+# Progress goes to standard error: standard output belongs to what was asked for.
+say() {
+    printf '== %s\n' "$*" >&2
+}
+
+die() {
+    printf '%s: %s\n' "$(basename "$0")" "$*" >&2
+    exit 1
+}
+
+# as_root COMMAND…: as it is for root, through sudo for anybody else.
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    else
+        sudo "$@"
+    fi
+}
+
+missing_packages() {
+    local package
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || echo "$package"
+    done
+}
+
+# need_packages PACKAGE…: installs what is missing. Asks nothing of the network when nothing is.
+need_packages() {
+    if ! command -v dpkg-query >/dev/null; then
+        say "This is no Debian system: going on without looking for packages."
+        return
+    fi
+    local missing
+    mapfile -t missing < <(missing_packages "$@")
+    [ ${#missing[@]} -gt 0 ] || return 0
+    if [ "$(id -u)" -ne 0 ] && ! command -v sudo >/dev/null; then
+        die "these Debian packages are missing and there is no sudo to install them with: ${missing[*]}." \
+            "Ask an administrator to run: apt-get install ${missing[*]}"
+    fi
+    say "Installing ${#missing[@]} Debian packages: ${missing[*]}"
+    local log
+    log=$(mktemp)
+    if ! as_root apt-get -q update >"$log" 2>&1; then
+        say "The package lists could not be brought up to date; trying with those that are here."
+    fi
+    if ! as_root env DEBIAN_FRONTEND=noninteractive apt-get -q -y -o Dpkg::Use-Pty=0 install \
+        --no-install-recommends "${missing[@]}" >>"$log" 2>&1; then
+        tail -n 20 "$log" >&2
+        rm -f "$log"
+        die "the packages could not be installed (the end of apt-get's output is above)."
+    fi
+    rm -f "$log"
+}
+
+# build_preset PRESET [TARGET…]: configures the preset's folder build/PRESET the first time and builds the targets,
+# or everything. Quiet unless something is built or fails.
+build_preset() {
+    local preset=$1
+    shift
+    cd "$ROOT"
+    if [ ! -e "build/$preset/build.ninja" ]; then
+        say "Configuring build/$preset"
+        cmake --preset "$preset" >&2
+    fi
+    if [ "$(ninja -C "build/$preset" -n "$@" 2>/dev/null | tail -n 1)" = "ninja: no work to do." ]; then
+        return
+    fi
+    say "Building build/$preset"
+    ninja -C "build/$preset" "$@" >&2
+}
+
+# run_ctest FOLDER [CTEST-OPTION…]: runs the tests of a build folder and leaves their report in FOLDER/ctest.xml.
+run_ctest() {
+    local folder=$1
+    shift
+    rm -f "$folder/ctest.xml"
+    ctest --test-dir "$folder" --output-on-failure --no-tests=error -j "$(nproc)" --output-junit ctest.xml "$@"
+}
+
+TESTS_PASSED=0
+TESTS_FAILED=0
+TESTS_SKIPPED=0
+
+# count_tests FOLDER: adds the report of run_ctest to the totals. No report, because nothing was built, is one failure.
+count_tests() {
+    local report=$1/ctest.xml total failed skipped
+    if [ ! -e "$report" ]; then
+        TESTS_FAILED=$((TESTS_FAILED + 1))
+        return
+    fi
+    total=$(suite_number "$report" tests)
+    failed=$(suite_number "$report" failures)
+    skipped=$(($(suite_number "$report" skipped) + $(suite_number "$report" disabled)))
+    TESTS_PASSED=$((TESTS_PASSED + total - failed - skipped))
+    TESTS_FAILED=$((TESTS_FAILED + failed))
+    TESTS_SKIPPED=$((TESTS_SKIPPED + skipped))
+}
+
+# The number in the first ATTRIBUTE="…" of a JUnit report, which is the whole suite's.
+suite_number() {
+    sed -n "s/^[[:space:]]*$2=\"\([0-9]*\)\".*/\1/p" "$1" | head -n 1
+}
+
+print_test_totals() {
+    printf '%d passed, %d failed' "$TESTS_PASSED" "$TESTS_FAILED"
+    [ "$TESTS_SKIPPED" -eq 0 ] || printf ', %d skipped' "$TESTS_SKIPPED"
+    printf '\n'
+}

@@ -1,0 +1,23 @@
+# The Debian packages that each part of the work needs, by their names in Debian 12. Only lists; installing is in lib.sh.
+
+# Building everything that needs no toolkit: libraries, command-line tool, tests, benchmarks.
+PACKAGES_BUILD=(
+    g++ cmake ninja-build ccache pkg-config python3
+    libicu-dev libfmt-dev libpugixml-dev libsimdjson-dev libcli11-dev libexpected-dev libmimalloc-dev
+    libgtest-dev libgmock-dev libplist-dev
+)
+
+# Building and showing the desktop program.
+PACKAGES_DESKTOP=(qt6-base-dev qt6-svg-dev qt6-wayland fonts-dejavu-core)
+
+# Showing a window where there is no display, and taking its picture.
+PACKAGES_DISPLAY=(xvfb xauth openbox xdotool scrot)
+
+# The programs that the tests run; the browser of the browser test is not among them.
+PACKAGES_TESTS=(libplist-utils desktop-file-utils)
+
+# The programs that the benchmarks measure against.
+PACKAGES_BENCH=(python3-lxml keditbookmarks)
+
+# What only CI needs: checks, fuzzing, a browser.
+PACKAGES_CI=(clang-format clang-tidy clang libclang-rt-14-dev firefox-esr git make)

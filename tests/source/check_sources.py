@@ -1,0 +1,23 @@
+"""Reads the sources of the tree given as argument and fails when one breaks a rule of source_rules.py."""
+
+import sys
+from pathlib import Path
+
+import source_rules
+
+
+def main():
+    root = Path(sys.argv[1])
+    count = sum(1 for _ in source_rules.sources(root))
+    if count == 0:
+        print(f"{root} holds no sources: wrong folder?")
+        return 1
+    found = source_rules.faults(root)
+    for fault in found:
+        print(fault)
+    print(f"{count} sources, {len(found)} faults")
+    return 1 if found else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,114 @@
+"""What the sources of the tree have to look like: which folder may include which, how long a file may be, and that a
+file says what lives in it. Pure functions over a folder; check_sources.py runs them, test_source_rules.py tests them.
+"""
+
+import re
+from pathlib import Path
+
+MAXIMUM_LINES = 600
+
+SOURCE_FOLDERS = (
+    "model", "formats", "search", "history", "window", "app", "ui", "cli", "main", "platform", "tests", "bench", "fuzz",
+)
+
+# The services that every layer from the model upwards may use. All other interfaces are for window and app upwards.
+BASE_SERVICES = {"BaseServices.h", "Clock.h", "EnglishTexts.h", "Localization.h", "SystemLog.h", "UserDefaults.h"}
+
+# Each room of the house and the rooms it may include. A room always may include itself.
+_UPPER = {"model", "formats", "search", "history", "services", "platform"}
+ARROWS = {
+    "services": set(),
+    "platform": {"services", "model"},
+    "model": {"services"},
+    "formats": {"services", "model"},
+    "search": {"services", "model"},
+    "history": {"services", "model"},
+    "window": _UPPER,
+    "app": _UPPER | {"window"},
+    "ui": _UPPER | {"window", "app"},
+    "cli": _UPPER | {"window", "app", "platform/fake"},
+    "platform/fake": {"services", "platform", "model"},
+    "platform/linux": {"services", "platform", "model"},
+    "main": _UPPER | {"window", "app", "ui", "cli", "platform/fake", "platform/linux"},
+    "bench": _UPPER | {"window", "app", "cli", "platform/fake", "platform/linux"},
+    "fuzz": _UPPER | {"window", "app", "platform/fake"},
+    "tests": _UPPER | {"window", "app", "cli", "platform/fake", "platform/linux", "bench", "fuzz"},
+    "tests/ui": _UPPER | {"window", "app", "ui", "cli", "platform/fake", "platform/linux", "tests"},
+}
+
+# The rooms that may include Qt or any other part of a desktop.
+TOOLKIT_ROOMS = {"ui", "main", "platform/linux", "tests/ui"}
+TOOLKIT_HEADER = re.compile(r"^(Q[A-Za-z]|X11/|xcb/|dbus/|gio/|glib|gtk/|wayland-)")
+
+_INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)
+
+
+def room_of(path):
+    """The room that a path relative to the tree's root belongs to, or None for a path outside the rooms."""
+    parts = Path(path).parts
+    if parts[0] == "platform":
+        if len(parts) > 2:
+            return f"platform/{parts[1]}"
+        name = Path(path).with_suffix(".h").name
+        return "services" if name in BASE_SERVICES | {"RegisteredDefaults.h"} else "platform"
+    if parts[:2] == ("tests", "ui"):
+        return "tests/ui"
+    return parts[0] if parts[0] in SOURCE_FOLDERS else None
+
+
+def sources(root):
+    """The C++ sources below `root`, as paths relative to it."""
+    for folder in SOURCE_FOLDERS:
+        for path in sorted((root / folder).rglob("*")):
+            if path.suffix in (".h", ".cpp") and path.is_file():
+                yield path.relative_to(root)
+
+
+def include_faults(root, path):
+    """A sentence for every include of the file that points where no arrow goes."""
+    room = room_of(path)
+    text = (root / path).read_text(encoding="utf-8")
+    for quoted, angled in _INCLUDE.findall(text):
+        if angled:
+            if TOOLKIT_HEADER.match(angled) and room not in TOOLKIT_ROOMS:
+                yield f"{path}: <{angled}> is the toolkit's; only {', '.join(sorted(TOOLKIT_ROOMS))} may include it"
+            continue
+        if quoted.endswith(".moc"):
+            continue
+        target = _resolve(root, path, quoted)
+        if target is None:
+            yield f'{path}: "{quoted}" is no file of the tree'
+        elif (other := room_of(target)) != room and other not in ARROWS[room]:
+            yield f'{path}: "{quoted}" belongs to {other}, which {room} does not see'
+
+
+def _resolve(root, path, quoted):
+    for candidate in (root / quoted, (root / path).parent / quoted):
+        if candidate.is_file():
+            return candidate.resolve().relative_to(root.resolve())
+    return None
+
+
+def length_faults(root, path):
+    lines = (root / path).read_text(encoding="utf-8").count("\n")
+    if lines > MAXIMUM_LINES:
+        yield f"{path}: {lines} lines; a file has at most {MAXIMUM_LINES}"
+
+
+def opening_faults(root, path):
+    """A file begins with a comment that says what lives in it. A .cpp beside its own header is spoken for by it."""
+    if path.suffix == ".cpp" and (root / path.with_suffix(".h")).is_file():
+        return
+    first = (root / path).read_text(encoding="utf-8").split("\n", 1)[0]
+    if not re.match(r"// *\w", first):
+        yield f"{path}: does not begin with a comment that says what lives here"
+
+
+def faults(root):
+    """Every fault of the tree at `root`, one sentence each, in the order of the files."""
+    root = Path(root)
+    found = []
+    for path in sources(root):
+        for rule in (include_faults, length_faults, opening_faults):
+            found.extend(rule(root, path))
+    return found
