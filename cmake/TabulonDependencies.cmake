@@ -1,0 +1,25 @@
+# The libraries the project stands on, looked up once. Each is a package of Debian 12.
+
+find_package(ICU REQUIRED COMPONENTS uc i18n)
+find_package(fmt REQUIRED)
+find_package(pugixml REQUIRED)
+find_package(simdjson REQUIRED)
+find_package(CLI11 REQUIRED)
+find_package(tl-expected REQUIRED)
+
+# mimalloc keeps nodes and texts small: no header per block and fine size classes. Sanitizers bring their own.
+if(TABULON_MIMALLOC AND NOT TABULON_SANITIZE AND NOT TABULON_FUZZ)
+  find_package(mimalloc REQUIRED)
+endif()
+if(TABULON_TESTS)
+  find_package(GTest REQUIRED)
+  find_package(Python3 REQUIRED COMPONENTS Interpreter)
+endif()
+# The benchmarks read their own archives with libplist, for comparison; nothing else links it.
+if(TABULON_BENCH)
+  find_package(PkgConfig REQUIRED)
+  pkg_check_modules(LIBPLIST REQUIRED IMPORTED_TARGET libplist-2.0)
+endif()
+if(TABULON_DESKTOP)
+  find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Svg DBus Test)
+endif()

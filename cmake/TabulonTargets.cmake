@@ -1,0 +1,49 @@
+# How every target of the project is made: language level, warnings, sanitizers, include root.
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+endif()
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+add_library(tabulon_build_options INTERFACE)
+target_compile_features(tabulon_build_options INTERFACE cxx_std_20)
+target_include_directories(tabulon_build_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(tabulon_build_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor)
+if(TABULON_WERROR)
+  target_compile_options(tabulon_build_options INTERFACE -Werror)
+endif()
+if(TABULON_SANITIZE)
+  target_compile_options(tabulon_build_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -g)
+  target_link_options(tabulon_build_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(TABULON_FUZZ)
+  target_compile_options(tabulon_build_options INTERFACE
+    -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -g)
+  target_link_options(tabulon_build_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# The standard headers that nearly every file includes, compiled once and shared by the toolkit-free libraries.
+set(TABULON_STANDARD_HEADERS
+  <algorithm> <array> <cstdint> <cstring> <functional> <memory> <optional> <string> <string_view> <utility>
+  <vector>)
+
+# tabulon_library(NAME SOURCES… LINKS…): one folder, one library. LINKS are public.
+function(tabulon_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC tabulon_build_options ${ARG_LINKS} PRIVATE ${ARG_PRIVATE_LINKS})
+  target_precompile_headers(${name} PRIVATE ${TABULON_STANDARD_HEADERS})
+endfunction()
+
+# tabulon_test(NAME SOURCES… LINKS…): one test program, one entry in ctest.
+function(tabulon_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE tabulon_build_options ${ARG_LINKS} GTest::gmock GTest::gtest_main)
+  target_compile_definitions(${name} PRIVATE TABULON_CORPUS_DIR="${PROJECT_SOURCE_DIR}/tests/corpus")
+  target_precompile_headers(${name} PRIVATE ${TABULON_STANDARD_HEADERS} <gtest/gtest.h>)
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 600)
+endfunction()

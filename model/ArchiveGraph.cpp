@@ -1,0 +1,188 @@
+#include "model/ArchiveGraph.h"
+
+#include <array>
+
+namespace tabulon::archive {
+namespace {
+
+Class classNamed(const Graph::Object& name) {
+    static constexpr std::array<std::pair<std::string_view, Class>, 8> kClasses = {{
+        {"Bookmark", Class::Bookmark},
+        {"Bookmark2", Class::Bookmark},
+        {"FileVersion", Class::FileVersion},
+        {"NSArray", Class::Array},
+        {"NSMutableArray", Class::Array},
+        {"NSDate", Class::Date},
+        {"NSString", Class::String},
+        {"NSMutableString", Class::String},
+    }};
+    for (const auto& [text, kind] : kClasses)
+        if (BinaryPlist::textEquals(name, text))
+            return kind;
+    return Class::Unknown;
+}
+
+} // namespace
+
+Graph::Graph(const BinaryPlist& plist, std::size_t size)
+    // A small dictionary is looked at once for each of its keys; eight times is more than any whole file
+    // needs.
+    : plist_(plist), budget_(8 * std::uint64_t{size} + 4096), keys_(plist.objectCount(), 0) {}
+
+bool Graph::damaged(std::string_view what) {
+    if (problem_.empty())
+        problem_ = what;
+    return false;
+}
+
+bool Graph::charge(std::uint64_t bytes) {
+    if (bytes > budget_)
+        return damaged("objects of its property list overlap.");
+    budget_ -= bytes;
+    return true;
+}
+
+Key Graph::keyOf(std::uint64_t id) {
+    if (id >= keys_.size()) {
+        damaged("a reference points outside its property list.");
+        return Key::Unknown;
+    }
+    if (keys_[id] == 0) {
+        const Object name = plist_.object(id);
+        std::size_t key = 0;
+        while (key < kKeyCount && !BinaryPlist::textEquals(name, kKeyNames[key]))
+            ++key;
+        keys_[id] = static_cast<std::uint8_t>(key + 1);
+    }
+    return static_cast<Key>(keys_[id] - 1);
+}
+
+// The value under `key`, Damaged when there is none. For the small dictionaries around the nodes.
+Graph::Object Graph::find(const Object& dictionary, Key key) {
+    if (dictionary.kind != Kind::Dictionary || !charge(plist_.referenceBytes(dictionary)))
+        return {};
+    for (std::uint64_t i = 0; i < dictionary.value; ++i)
+        if (keyOf(plist_.reference(dictionary, i)) == key)
+            return plist_.object(plist_.reference(dictionary, dictionary.value + i));
+    return {};
+}
+
+Graph::Object Graph::archived(std::uint64_t uid) {
+    if (uid >= objects_.value) {
+        damaged("an object of its archive refers to one that is not there.");
+        return {};
+    }
+    const Object object = plist_.object(plist_.reference(objects_, uid));
+    if (object.kind == Kind::Damaged)
+        damaged("an object of its archive is cut off or has an unknown kind.");
+    return object;
+}
+
+Class Graph::classOf(const Object& dictionary) {
+    const Object reference = find(dictionary, Key::Class);
+    return reference.kind == Kind::Uid ? resolveClass(reference.value) : Class::Unknown;
+}
+
+Class Graph::resolveClass(std::uint64_t uid) {
+    for (const auto& [known, kind] : classes_)
+        if (known == uid)
+            return kind;
+    const Object description = archived(uid);
+    Class kind = classNamed(find(description, Key::ClassName));
+    const Object ancestry = find(description, Key::Classes);
+    if (ancestry.kind == Kind::Array && charge(plist_.referenceBytes(ancestry)))
+        for (std::uint64_t i = 0; kind == Class::Unknown && i < ancestry.value; ++i)
+            kind = classNamed(plist_.object(plist_.reference(ancestry, i)));
+    if (classes_.size() < 64)
+        classes_.emplace_back(uid, kind);
+    return kind;
+}
+
+Text Graph::decodeText(const Object& object) {
+    if (BinaryPlist::isText(object))
+        return charge(object.value) ? BinaryPlist::text(object) : Text();
+    if (object.kind != Kind::Dictionary || classOf(object) != Class::String)
+        return {};
+    if (const Object text = find(object, Key::String); BinaryPlist::isText(text))
+        return charge(text.value) ? BinaryPlist::text(text) : Text();
+    const Object bytes = find(object, Key::Bytes);
+    if (bytes.kind != Kind::Data || !charge(bytes.value))
+        return {};
+    return Text::fromBytes({reinterpret_cast<const char*>(bytes.bytes), bytes.value});
+}
+
+Text Graph::text(std::uint64_t uid) {
+    if (uid >= states_.size()) {
+        archived(uid);
+        return {};
+    }
+    if (states_[uid] == State::Text)
+        return texts_[uid];
+    if (states_[uid] == State::NotAText)
+        return {};
+    Text result = decodeText(archived(uid));
+    if (states_[uid] == State::Untouched || states_[uid] == State::NotADate) {
+        states_[uid] = result.isNull() ? State::NotAText : State::Text;
+        texts_[uid] = result;
+    }
+    return result;
+}
+
+Date Graph::decodeDate(const Object& object) {
+    if (object.kind == Kind::Date)
+        return Date::fromReferenceSeconds(object.real);
+    if (object.kind != Kind::Dictionary || classOf(object) != Class::Date)
+        return {};
+    const Object time = find(object, Key::Time);
+    if (time.kind == Kind::Real || time.kind == Kind::Date)
+        return Date::fromReferenceSeconds(time.real);
+    if (time.kind == Kind::Integer)
+        return Date::fromReferenceSeconds(static_cast<double>(static_cast<std::int64_t>(time.value)));
+    return {};
+}
+
+Date Graph::date(std::uint64_t uid) {
+    if (uid >= states_.size()) {
+        archived(uid);
+        return {};
+    }
+    if (states_[uid] == State::Date)
+        return dates_[uid];
+    if (states_[uid] == State::NotADate || states_[uid] == State::Text)
+        return {};
+    const Date result = decodeDate(archived(uid));
+    if (states_[uid] == State::Untouched || states_[uid] == State::NotAText) {
+        states_[uid] = result.isNull() ? State::NotADate : State::Date;
+        dates_[uid] = result;
+    }
+    return result;
+}
+
+Graph::Object Graph::arrayBehind(std::uint64_t uid) {
+    const Object object = archived(uid);
+    if (object.kind != Kind::Dictionary || classOf(object) != Class::Array)
+        return {};
+    const Object array = find(object, Key::Objects);
+    return array.kind == Kind::Array && charge(plist_.referenceBytes(array)) ? array : Object{};
+}
+
+// Finds the parts of the archive and gives the uid of its root object.
+Result<std::uint64_t> Graph::open() {
+    const Object top = plist_.object(plist_.topObject());
+    const auto notAnArchive = failure("The file is a property list, but not a bookmark document.");
+    const Object archiver = find(top, Key::ArchiveArchiver);
+    const Object version = find(top, Key::ArchiveVersion);
+    if (top.kind != Kind::Dictionary || !BinaryPlist::textEquals(archiver, kArchiverName) ||
+        version.kind != Kind::Integer || version.value != kArchiverVersion)
+        return notAnArchive;
+    objects_ = find(top, Key::ArchiveObjects);
+    const Object root = find(find(top, Key::ArchiveTop), Key::Root);
+    if (objects_.kind != Kind::Array || root.kind != Kind::Uid)
+        return notAnArchive;
+    states_.assign(objects_.value, State::Untouched);
+    texts_.resize(objects_.value);
+    dates_.resize(objects_.value);
+    return root.value;
+}
+
+} // namespace tabulon::archive

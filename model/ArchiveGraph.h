@@ -1,0 +1,86 @@
+// The objects of a keyed archive by number: its classes, texts, dates and arrays, each decoded once. What a
+// bookmark is made of is in ArchiveReader.cpp.
+#pragma once
+
+#include "model/ArchiveKeys.h"
+#include "model/BinaryPlist.h"
+#include "model/Date.h"
+#include "model/Error.h"
+#include "model/Text.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tabulon::archive {
+
+enum class Class : std::uint8_t { Unknown, Bookmark, FileVersion, Array, Date, String };
+
+/// Looks things up in the property list of an archive. Damage is noted, not thrown: after any call
+/// `isDamaged` tells whether something was wrong, and `damage` what. The bytes of all containers and texts
+/// looked at are counted against the size of the file, so that objects laid over one another cannot make the
+/// work grow beyond it.
+class Graph {
+public:
+    using Object = BinaryPlist::Object;
+    using Kind = BinaryPlist::Kind;
+
+    /// `size` is that of the file in bytes.
+    Graph(const BinaryPlist& plist, std::size_t size);
+
+    /// Finds the parts of the archive and gives the number of its root object.
+    Result<std::uint64_t> open();
+
+    /// How many objects the archive has; their numbers are below that.
+    std::uint64_t objectCount() const { return objects_.value; }
+    /// Object number `uid` of the archive. Damaged, and noted, when there is none or its bytes are wrong.
+    Object archived(std::uint64_t uid);
+    /// The class of an archived dictionary, by the first name in its ancestry that is known.
+    Class classOf(const Object& dictionary);
+    Class resolveClass(std::uint64_t uid);
+    /// The references of an archived array; Damaged for anything else, which is noted only when the bytes are
+    /// wrong.
+    Object arrayBehind(std::uint64_t uid);
+    /// The text or date with this number, shared between all who ask for it; null for anything else.
+    Text text(std::uint64_t uid);
+    Date date(std::uint64_t uid);
+
+    /// The value under `key`, Damaged when there is none. Counts the whole dictionary: for small ones.
+    Object find(const Object& dictionary, Key key);
+    /// The key that object `id` of the property list spells.
+    Key keyOf(std::uint64_t id);
+    /// Element `index` of a container's references, as an object.
+    Object element(const Object& container, std::uint64_t index) const {
+        return plist_.object(plist_.reference(container, index));
+    }
+    Key keyAt(const Object& dictionary, std::uint64_t index) {
+        return keyOf(plist_.reference(dictionary, index));
+    }
+    /// Counts a container's references as looked at; false when that is more than the file can hold.
+    bool chargeReferences(const Object& container) { return charge(plist_.referenceBytes(container)); }
+
+    /// Notes damage (the first one counts) and gives false.
+    bool damaged(std::string_view what);
+    bool isDamaged() const { return !problem_.empty(); }
+    tl::unexpected<Error> damage() const { return failure("The file is damaged: " + problem_); }
+
+private:
+    enum class State : std::uint8_t { Untouched, Text, NotAText, Date, NotADate };
+
+    bool charge(std::uint64_t bytes);
+    Text decodeText(const Object& object);
+    Date decodeDate(const Object& object);
+
+    const BinaryPlist plist_;
+    std::uint64_t budget_;
+    std::vector<std::uint8_t>
+        keys_;       // by object number of the property list: the Key plus 1, 0 while not looked up
+    Object objects_; // the archive's "$objects"
+    std::vector<State> states_; // this and the next two by uid
+    std::vector<Text> texts_;
+    std::vector<Date> dates_;
+    std::vector<std::pair<std::uint64_t, Class>> classes_;
+    std::string problem_;
+};
+
+} // namespace tabulon::archive

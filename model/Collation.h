@@ -1,0 +1,38 @@
+// Order and likeness of texts as the user's language has them. ICU does the work.
+#pragma once
+
+#include <compare>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace tabulon {
+
+/// Compares texts for one locale. Texts are UTF-8; a null text is given as empty. Not shared between threads.
+class Collation {
+public:
+    /// `locale` such as "de_DE" or "sv"; C, POSIX and the empty string are English. An unknown one gets ICU's
+    /// root order.
+    explicit Collation(std::string_view locale);
+    ~Collation();
+    Collation(const Collation&) = delete;
+    Collation& operator=(const Collation&) = delete;
+
+    /// Localized and case-insensitive: accents count, case does not. Texts that differ only in case are
+    /// equivalent.
+    std::weak_ordering compareIgnoringCase(std::string_view a, std::string_view b) const;
+
+    /// Bytes whose order (memcmp, shorter first) is the order of `compareIgnoringCase`. For sorting many
+    /// texts.
+    std::string sortKey(std::string_view text) const;
+
+    /// "Standard contains": true when `text` contains `part`, ignoring case and diacritics. Everything
+    /// contains the empty text.
+    bool standardContains(std::string_view text, std::string_view part) const;
+
+private:
+    struct Implementation;
+    std::unique_ptr<Implementation> implementation_;
+};
+
+} // namespace tabulon

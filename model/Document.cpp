@@ -1,0 +1,101 @@
+#include "model/Document.h"
+
+#include "model/ArchiveReader.h"
+#include "model/ArchiveWriter.h"
+
+#include <filesystem>
+#include <utility>
+
+namespace tabulon {
+
+Document::Document(const BaseServices& services)
+    : services_(services), anchor_(Ref<DocumentAnchor>::adopt(new DocumentAnchor{this})) {
+    Ref<Bookmark> master = Bookmark::init(Date::now(services_.clock));
+    master->setItemName("Master");
+    master->makeParent();
+    master->setShowHier(true);
+    setMaster(std::move(master));
+}
+
+Document::~Document() {
+    anchor_->document = nullptr;
+}
+
+void Document::setMaster(Ref<Bookmark> master) {
+    fDropFolder_ = nullptr;
+    fMaster_ = std::move(master);
+    fMaster_->setDocument(this);
+}
+
+std::string Document::dataOfType(std::string_view /*type*/) const {
+    return writeDocumentArchive(*fMaster_);
+}
+
+Result<void> Document::readFromDataOfType(std::string_view data, std::string_view /*type*/) {
+    if (classicFile(data))
+        return failure("Documents of the classic binary format cannot be read by this version.",
+                       ErrorDomain::OSStatus, 256);
+    Result<Ref<Bookmark>> master = readDocumentArchive(data);
+    if (!master)
+        return tl::unexpected(std::move(master.error()));
+    (*master)->setItemName("Master");
+    (*master)->setShowHier(true);
+    setMaster(std::move(*master));
+    return {};
+}
+
+void Document::updateChangeCount(ChangeKind change) {
+    const bool edited = isDocumentEdited();
+    switch (change) {
+    case ChangeKind::Done:
+        ++changeCount_;
+        break;
+    case ChangeKind::Undone:
+        --changeCount_;
+        break;
+    case ChangeKind::Cleared:
+        changeCount_ = 0;
+        break;
+    }
+    if (edited != isDocumentEdited())
+        stateChanged();
+}
+
+void Document::setFileName(std::string path) {
+    fileName_ = std::move(path);
+    displayName_.clear();
+    stateChanged();
+}
+
+std::string Document::displayName() const {
+    if (!displayName_.empty())
+        return displayName_;
+    if (!fileName_.empty())
+        return decodeUtf8Leniently(std::filesystem::path(fileName_).stem().string());
+    return services_.texts.text("Untitled");
+}
+
+void Document::setDisplayName(std::string name) {
+    displayName_ = std::move(name);
+    stateChanged();
+}
+
+void Document::updateUI() {
+    if (presenter_)
+        presenter_->setMaster(*fMaster_);
+}
+
+void Document::stateChanged() {
+    if (presenter_)
+        presenter_->documentStateChanged();
+}
+
+bool classicFile(std::string_view data) {
+    if (data.size() < 2)
+        return false;
+    const auto high = static_cast<unsigned char>(data[0]);
+    const auto low = static_cast<unsigned char>(data[1]);
+    return high == 0 && low < 4;
+}
+
+} // namespace tabulon

@@ -1,0 +1,37 @@
+// What a function that can fail gives back: one error value, one result type.
+#pragma once
+
+#include <tl/expected.hpp>
+
+#include <string>
+
+namespace tabulon {
+
+/// Who an error code belongs to.
+enum class ErrorDomain {
+    None,     ///< no code: a plain failure, told by its sentence alone
+    Cocoa,    ///< codes of the document framework; 3072 is "cancelled by the user"
+    OSStatus, ///< codes of the classic file reader
+    Posix,    ///< errno values
+};
+
+/// Code of the Cocoa domain for which no alert is shown.
+inline constexpr int kUserCancelledError = 3072;
+
+struct Error {
+    ErrorDomain domain = ErrorDomain::None;
+    int code = 0;
+    /// One sentence in English that a person can act on, with a full stop.
+    std::string message;
+};
+
+template <class T>
+using Result = tl::expected<T, Error>;
+
+/// A failed Result of any type.
+inline tl::unexpected<Error> failure(std::string message, ErrorDomain domain = ErrorDomain::None,
+                                     int code = 0) {
+    return tl::unexpected<Error>(Error{domain, code, std::move(message)});
+}
+
+} // namespace tabulon

@@ -1,0 +1,55 @@
+// The byte layout of a binary property list, object by object. The caller decides what objects there are and
+// refers to them by number; docs/file-format.md gives the layout.
+#pragma once
+
+#include <bit>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tabulon {
+
+/// Appends objects to a growing file. Each `write…` gives the number of the object it wrote; numbers count
+/// from 0.
+class PlistWriter {
+public:
+    /// `mostObjects` is an upper bound for the number of objects, `bytes` a guess of the file's size.
+    PlistWriter(std::uint64_t mostObjects, std::size_t bytes);
+
+    std::uint64_t writeBoolean(bool value);
+    std::uint64_t writeInteger(std::int64_t value);
+    std::uint64_t writeReal(double value);
+    /// `seconds` since 2001-01-01 00:00 UTC.
+    std::uint64_t writeDate(double seconds);
+    std::uint64_t writeData(std::string_view bytes);
+    /// UTF-8 in; ASCII or UTF-16 in the file. What is not UTF-8 becomes U+FFFD.
+    std::uint64_t writeText(std::string_view utf8);
+    std::uint64_t writeUid(std::uint64_t value);
+    /// Elements by number; they may be written later.
+    std::uint64_t writeArray(const std::vector<std::uint64_t>& elements);
+    /// `count` elements with consecutive numbers from `first`.
+    std::uint64_t writeArrayOfConsecutive(std::uint64_t first, std::uint64_t count);
+    /// Keys first, then values, as many of each.
+    std::uint64_t writeDictionary(const std::uint64_t* keys, const std::uint64_t* values, std::size_t count);
+
+    std::uint64_t objectCount() const { return offsets_.size(); }
+
+    /// Appends the offset table and the trailer and gives the whole file. The writer is used up.
+    std::string finish(std::uint64_t topObject);
+
+private:
+    std::uint64_t begin() {
+        offsets_.push_back(bytes_.size());
+        return offsets_.size() - 1;
+    }
+    void appendMarker(std::uint8_t kind, std::uint64_t count);
+    void appendNumber(std::uint64_t value, std::size_t width);
+    void appendReference(std::uint64_t id) { appendNumber(id, referenceSize_); }
+
+    std::string bytes_;
+    std::vector<std::uint64_t> offsets_;
+    std::size_t referenceSize_;
+};
+
+} // namespace tabulon

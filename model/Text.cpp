@@ -1,0 +1,82 @@
+#include "model/Text.h"
+
+#include "model/Memory.h"
+
+#include <unicode/utf8.h>
+
+#include <cstring>
+
+namespace tabulon {
+namespace {
+
+// Position of the first byte that is not ASCII, or the size.
+std::size_t asciiPrefix(std::string_view bytes) {
+    std::size_t i = 0;
+    for (; i + 8 <= bytes.size(); i += 8) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, bytes.data() + i, 8);
+        if (word & 0x8080808080808080u)
+            break;
+    }
+    while (i < bytes.size() && static_cast<unsigned char>(bytes[i]) < 0x80)
+        ++i;
+    return i;
+}
+
+std::size_t wholeCharacters(std::string_view utf8, std::size_t limit) {
+    std::size_t end = limit;
+    while (end > 0 && (static_cast<unsigned char>(utf8[end]) & 0xC0) == 0x80)
+        --end;
+    return end;
+}
+
+} // namespace
+
+Text::Text(std::string_view utf8) {
+    if (utf8.size() > kMaximumSize)
+        utf8 = utf8.substr(0, wholeCharacters(utf8, kMaximumSize));
+    block_ = static_cast<Block*>(allocateMemory(sizeof(Block) + utf8.size()));
+    block_->references = 1;
+    block_->size = static_cast<std::uint32_t>(utf8.size());
+    if (!utf8.empty())
+        std::memcpy(block_ + 1, utf8.data(), utf8.size());
+}
+
+Text Text::fromBytes(std::string_view bytes) {
+    return isValidUtf8(bytes) ? Text(bytes) : Text(decodeUtf8Leniently(bytes));
+}
+
+void Text::destroy(Block* block) noexcept {
+    releaseMemory(block, sizeof(Block) + block->size);
+}
+
+bool isValidUtf8(std::string_view bytes) {
+    const auto* data = reinterpret_cast<const std::uint8_t*>(bytes.data());
+    std::size_t i = asciiPrefix(bytes);
+    while (i < bytes.size()) {
+        UChar32 character = 0;
+        U8_NEXT(data, i, bytes.size(), character);
+        if (character < 0)
+            return false;
+    }
+    return true;
+}
+
+std::string decodeUtf8Leniently(std::string_view bytes) {
+    const auto* data = reinterpret_cast<const std::uint8_t*>(bytes.data());
+    std::string result;
+    result.reserve(bytes.size());
+    std::size_t i = 0;
+    while (i < bytes.size()) {
+        const std::size_t start = i;
+        UChar32 character = 0;
+        U8_NEXT(data, i, bytes.size(), character);
+        if (character < 0)
+            result += "\xEF\xBF\xBD";
+        else
+            result.append(bytes.substr(start, i - start));
+    }
+    return result;
+}
+
+} // namespace tabulon

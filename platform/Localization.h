@@ -1,0 +1,30 @@
+// The program's own texts by key, in the user's language.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tabulon {
+
+class Localization {
+public:
+    virtual ~Localization() = default;
+
+    /// The text for `key`, UTF-8. A key without a text gives the key itself, so that a gap is seen and
+    /// nothing is lost.
+    virtual std::string text(std::string_view key) const = 0;
+
+    /// The locale that texts, collation and numbers follow: an identifier such as "de_DE". Never empty;
+    /// the locales C and POSIX come as "en_US".
+    virtual std::string locale() const = 0;
+
+    /// The text for `key` used as a format: its first "%@" replaced by `argument`.
+    std::string format(std::string_view key, std::string_view argument) const {
+        std::string result = text(key);
+        if (const auto mark = result.find("%@"); mark != std::string::npos)
+            result.replace(mark, 2, argument);
+        return result;
+    }
+};
+
+} // namespace tabulon

@@ -1,0 +1,56 @@
+// Panels in which the user names files to open or to write. They read and write nothing themselves.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tabulon {
+
+class Document;
+
+/// A kind of file that a panel offers: what people call it and its extensions without dots.
+struct FileKind {
+    std::string label;
+    std::vector<std::string> extensions;
+};
+
+struct OpenPanel {
+    std::string message;
+    std::string prompt;
+    /// Where to start; empty for the folder of the last panel.
+    std::string directory;
+    /// Only files of these kinds can be chosen; empty lets every file be chosen.
+    std::vector<FileKind> kinds;
+    bool allowsMultipleSelection = false;
+    /// The panel belongs to this document's window; null for the whole application.
+    const Document* document = nullptr;
+};
+
+struct SavePanel {
+    std::string message;
+    std::string prompt;
+    std::string directory;
+    /// Without an extension; the panel adds the one of `kind` when the user types none.
+    std::string proposedName;
+    FileKind kind;
+    const Document* document = nullptr;
+};
+
+/// Both panels return at once; `done` is called when the user has finished, on the main thread, exactly once.
+/// Paths are absolute and in the file system's encoding; texts are UTF-8.
+class Panels {
+public:
+    using OpenDone = std::function<void(const std::vector<std::string>& paths)>;
+    using SaveDone = std::function<void(const std::optional<std::string>& path)>;
+
+    virtual ~Panels() = default;
+
+    /// An empty list means cancelled.
+    virtual void beginOpenPanel(const OpenPanel& panel, OpenDone done) = 0;
+    /// Nothing means cancelled. The panel has asked already before an existing file is named.
+    virtual void beginSavePanel(const SavePanel& panel, SaveDone done) = 0;
+};
+
+} // namespace tabulon

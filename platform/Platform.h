@@ -1,0 +1,22 @@
+// The desktop services in one struct, handed in at construction to everything in window/ and app/.
+#pragma once
+
+#include "platform/Alerts.h"
+#include "platform/BaseServices.h"
+#include "platform/FileStore.h"
+#include "platform/Panels.h"
+
+namespace tabulon {
+
+/// References only: whoever builds one keeps the services alive longer than everything that was given it.
+struct Platform {
+    BaseServices base;
+    Alerts& alerts;
+    Panels& panels;
+    FileStore& files;
+    /// What the program remembers by itself between runs (recent documents, column widths), apart from the
+    /// settings.
+    UserDefaults& state;
+};
+
+} // namespace tabulon

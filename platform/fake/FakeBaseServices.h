@@ -1,0 +1,65 @@
+// In-memory doubles of the services that every layer may use: for tests, and for runs that must not touch the
+// user's own settings.
+#pragma once
+
+#include "model/Date.h"
+#include "platform/BaseServices.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace tabulon {
+
+/// Stands still until it is set.
+class FakeClock : public Clock {
+public:
+    double secondsSinceReferenceDate() const override { return now_; }
+    void set(double secondsSinceReferenceDate) { now_ = secondsSinceReferenceDate; }
+    void advance(double seconds) { now_ += seconds; }
+
+private:
+    double now_ = 785000000.25;
+};
+
+/// Keeps its lines.
+class FakeSystemLog : public SystemLog {
+public:
+    void log(std::string_view line) override { lines.emplace_back(line); }
+    std::vector<std::string> lines;
+};
+
+/// Settings that live as long as the object, over the registered values.
+class MemoryUserDefaults : public UserDefaults {
+public:
+    std::optional<std::string> stringForKey(std::string_view key) const override;
+    void setStringForKey(std::string_view key, std::string value) override;
+    void removeKey(std::string_view key) override;
+
+private:
+    std::map<std::string, std::string, std::less<>> values_;
+};
+
+/// The English texts, whatever the locale that it reports.
+class EnglishLocalization : public Localization {
+public:
+    explicit EnglishLocalization(std::string locale = "en_US") : locale_(std::move(locale)) {}
+    std::string text(std::string_view key) const override;
+    std::string locale() const override { return locale_; }
+
+private:
+    std::string locale_;
+};
+
+/// One of each, ready to be handed on.
+struct FakeBaseServices {
+    FakeClock clock;
+    MemoryUserDefaults defaults;
+    EnglishLocalization texts;
+    FakeSystemLog log;
+
+    BaseServices services() { return {clock, defaults, texts, log}; }
+    Date now() const { return Date::now(clock); }
+};
+
+} // namespace tabulon

@@ -1,0 +1,40 @@
+#include "platform/fake/FakeDesktop.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace tabulon {
+
+int FakeAlerts::runModal(const Alert& alert) {
+    shown.push_back(alert);
+    if (answers_.empty())
+        return kAlertFirstButton;
+    const std::string title = std::move(answers_.front());
+    answers_.pop_front();
+    const auto found =
+        std::ranges::find_if(alert.buttons, [&](const AlertButton& button) { return button.title == title; });
+    if (found == alert.buttons.end())
+        throw std::logic_error("the alert “" + alert.message + "” has no button “" + title + "”");
+    return kAlertFirstButton + static_cast<int>(found - alert.buttons.begin());
+}
+
+void FakePanels::beginOpenPanel(const OpenPanel& panel, OpenDone done) {
+    openPanels.push_back(panel);
+    std::vector<std::string> paths;
+    if (!openAnswers_.empty()) {
+        paths = std::move(openAnswers_.front());
+        openAnswers_.pop_front();
+    }
+    done(paths);
+}
+
+void FakePanels::beginSavePanel(const SavePanel& panel, SaveDone done) {
+    savePanels.push_back(panel);
+    if (saveAnswers_.empty())
+        return done(std::nullopt);
+    const std::string path = std::move(saveAnswers_.front());
+    saveAnswers_.pop_front();
+    done(path);
+}
+
+} // namespace tabulon

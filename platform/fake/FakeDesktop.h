@@ -1,0 +1,46 @@
+// In-memory doubles of the desktop services: alerts and panels that answer what a test told them to.
+#pragma once
+
+#include "platform/Alerts.h"
+#include "platform/Panels.h"
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tabulon {
+
+/// Keeps every alert shown and answers with the button titles laid in, in order; an alert without an answer
+/// laid in gets its first button.
+class FakeAlerts : public Alerts {
+public:
+    int runModal(const Alert& alert) override;
+
+    /// The next alert is answered with the button of this title, which it must have.
+    void answer(std::string buttonTitle) { answers_.push_back(std::move(buttonTitle)); }
+
+    std::vector<Alert> shown;
+
+private:
+    std::deque<std::string> answers_;
+};
+
+/// Keeps every panel shown and names the files laid in, in order; a panel without an answer is cancelled.
+class FakePanels : public Panels {
+public:
+    void beginOpenPanel(const OpenPanel& panel, OpenDone done) override;
+    void beginSavePanel(const SavePanel& panel, SaveDone done) override;
+
+    void chooseFiles(std::vector<std::string> paths) { openAnswers_.push_back(std::move(paths)); }
+    void nameFile(std::string path) { saveAnswers_.push_back(std::move(path)); }
+
+    std::vector<OpenPanel> openPanels;
+    std::vector<SavePanel> savePanels;
+
+private:
+    std::deque<std::vector<std::string>> openAnswers_;
+    std::deque<std::string> saveAnswers_;
+};
+
+} // namespace tabulon

@@ -1,0 +1,173 @@
+#include "platform/linux/FileStore.h"
+
+#include "model/Text.h"
+
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <system_error>
+
+namespace tabulon {
+namespace {
+
+// An open file that closes itself.
+class Descriptor {
+public:
+    explicit Descriptor(int number) : number_(number) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor() {
+        if (number_ >= 0)
+            ::close(number_);
+    }
+    int get() const { return number_; }
+    bool isOpen() const { return number_ >= 0; }
+
+private:
+    int number_;
+};
+
+std::string reason(int code) {
+    return std::generic_category().message(code);
+}
+
+tl::unexpected<Error> problem(std::string_view what, const std::string& path, int code) {
+    return failure(fmt::format("{} “{}”: {}.", what, decodeUtf8Leniently(path), reason(code)),
+                   ErrorDomain::Posix, code);
+}
+
+// Gives errno, 0 when everything was written.
+int writeAll(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written < 0)
+            return errno;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return 0;
+}
+
+// Gives errno, 0 at the end of the file.
+int readAll(int descriptor, std::string& bytes) {
+    constexpr std::size_t kStep = std::size_t{1} << 16;
+    struct stat status = {};
+    const bool hasSize = ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && status.st_size > 0;
+    // One byte more than the size, so that the end is seen without growing.
+    bytes.resize(hasSize ? static_cast<std::size_t>(status.st_size) + 1 : kStep);
+    std::size_t filled = 0;
+    while (true) {
+        if (filled == bytes.size())
+            bytes.resize(bytes.size() * 2);
+        const ssize_t got = ::read(descriptor, bytes.data() + filled, bytes.size() - filled);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            return errno;
+        if (got == 0)
+            break;
+        filled += static_cast<std::size_t>(got);
+    }
+    bytes.resize(filled);
+    return 0;
+}
+
+// The file that a chain of symbolic links leads to; the path itself when there is none or it leads nowhere.
+std::string target(const std::string& path) {
+    char resolved[PATH_MAX];
+    return ::realpath(path.c_str(), resolved) ? std::string(resolved) : path;
+}
+
+std::string folderOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    if (slash == std::string::npos)
+        return ".";
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+mode_t modeOf(const std::string& path) {
+    struct stat status = {};
+    if (::stat(path.c_str(), &status) == 0)
+        return status.st_mode & 07777;
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    return 0666 & ~mask;
+}
+
+// Fills the temporary file and puts it in the place of `path`. Gives errno.
+int fillAndRename(int descriptor, const std::string& temporary, const std::string& path,
+                  std::string_view bytes) {
+    if (const int code = writeAll(descriptor, bytes); code != 0)
+        return code;
+    struct stat status = {};
+    if (::stat(path.c_str(), &status) == 0) {
+        // Without the right to give the file away it stays the writer's own.
+        [[maybe_unused]] const int ignored = ::fchown(descriptor, status.st_uid, status.st_gid);
+    }
+    if (::fchmod(descriptor, modeOf(path)) != 0 || ::fsync(descriptor) != 0 ||
+        ::rename(temporary.c_str(), path.c_str()) != 0)
+        return errno;
+    return 0;
+}
+
+void flushFolder(const std::string& folder) {
+    const Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (descriptor.isOpen())
+        ::fsync(descriptor.get());
+}
+
+} // namespace
+
+Result<std::string> PosixFileStore::readFile(const std::string& path) {
+    const Descriptor descriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    std::string bytes;
+    const int code = descriptor.isOpen() ? readAll(descriptor.get(), bytes) : errno;
+    if (code != 0)
+        return problem("Cannot read", path, code);
+    return bytes;
+}
+
+Result<void> PosixFileStore::writeFileAtomically(const std::string& path, std::string_view bytes) {
+    const std::string file = target(path);
+    struct stat status = {};
+    if (::stat(file.c_str(), &status) == 0 && !S_ISREG(status.st_mode))
+        return problem("Cannot write", path, S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
+    const std::string folder = folderOf(file);
+    std::string temporary = folder + "/.tabulon-XXXXXX";
+    const Descriptor descriptor(::mkostemp(temporary.data(), O_CLOEXEC));
+    if (!descriptor.isOpen())
+        return problem("Cannot write", path, errno);
+    if (const int code = fillAndRename(descriptor.get(), temporary, file, bytes); code != 0) {
+        ::unlink(temporary.c_str());
+        return problem("Cannot write", path, code);
+    }
+    flushFolder(folder);
+    return {};
+}
+
+bool PosixFileStore::fileExists(const std::string& path) {
+    return ::access(path.c_str(), F_OK) == 0;
+}
+
+Result<std::string> readStandardInput() {
+    std::string bytes;
+    if (const int code = readAll(STDIN_FILENO, bytes); code != 0)
+        return failure(fmt::format("Cannot read the standard input: {}.", reason(code)), ErrorDomain::Posix,
+                       code);
+    return bytes;
+}
+
+Result<void> writeStandardOutput(std::string_view bytes) {
+    if (const int code = writeAll(STDOUT_FILENO, bytes); code != 0)
+        return failure(fmt::format("Cannot write the standard output: {}.", reason(code)), ErrorDomain::Posix,
+                       code);
+    return {};
+}
+
+} // namespace tabulon

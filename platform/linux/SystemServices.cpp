@@ -1,0 +1,36 @@
+#include "platform/linux/SystemServices.h"
+
+#include "model/Date.h"
+
+#include <fmt/format.h>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+
+namespace tabulon {
+
+double SystemClock::secondsSinceReferenceDate() const {
+    const auto sinceUnixEpoch = std::chrono::system_clock::now().time_since_epoch();
+    return std::chrono::duration<double>(sinceUnixEpoch).count() - Date::kReferenceUnixSeconds;
+}
+
+void StandardErrorLog::log(std::string_view line) {
+    fmt::print(stderr, "tabulon: {}\n", line);
+}
+
+std::string environmentLocale() {
+    for (const char* variable : {"LC_ALL", "LC_COLLATE", "LANG"})
+        if (const char* value = std::getenv(variable); value && *value)
+            return localeIdentifier(value);
+    return localeIdentifier("");
+}
+
+std::string localeIdentifier(std::string_view name) {
+    name = name.substr(0, name.find_first_of(".@"));
+    if (name.empty() || name == "C" || name == "POSIX")
+        return "en_US";
+    return std::string(name);
+}
+
+} // namespace tabulon
