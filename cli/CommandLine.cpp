@@ -1,0 +1,148 @@
+// Arguments → verb. CLI11 reads them; help and usage errors are its texts.
+#include "cli/CommandLine.h"
+
+#include "cli/Verbs.h"
+#include "platform/fake/FakeBaseServices.h"
+
+#include <CLI/CLI.hpp>
+
+#include <sstream>
+
+namespace tabulon::cli {
+namespace {
+
+// What the arguments ask for.
+struct Request {
+    std::vector<std::string> defaults;
+    std::string locale;
+    std::string format;
+    std::string input;
+    std::string output = "-";
+    bool json = false;
+    std::function<Result<void>(const Session&)> verb;
+};
+
+void addImport(CLI::App& app, Request& request) {
+    CLI::App* verb = app.add_subcommand("import", "Read a file of another format and write it as a document");
+    verb->add_option("--from", request.format, "The format of INPUT")
+        ->required()
+        ->check(CLI::IsMember(importFormats()));
+    verb->add_option("INPUT", request.input, "The file to read, - for standard input")->required();
+    verb->add_option("-o,--output", request.output, "The document to write, - for standard output")
+        ->capture_default_str();
+    verb->callback([&] {
+        request.verb = [&](const Session& session) {
+            return importFile(session, request.format, request.input, request.output);
+        };
+    });
+}
+
+void addExport(CLI::App& app, Request& request) {
+    CLI::App* verb = app.add_subcommand("export", "Write a document in another format");
+    verb->add_option("--to", request.format, "The format to write")
+        ->required()
+        ->check(CLI::IsMember(exportFormats()));
+    verb->add_option("INPUT", request.input, "The document to read, - for standard input")->required();
+    verb->add_option("-o,--output", request.output, "The file to write, - for standard output")
+        ->capture_default_str();
+    verb->callback([&] {
+        request.verb = [&](const Session& session) {
+            return exportFile(session, request.format, request.input, request.output);
+        };
+    });
+}
+
+void addShow(CLI::App& app, Request& request) {
+    CLI::App* verb = app.add_subcommand("show", "Print the tree of a document, one line a node");
+    verb->add_flag("--json", request.json, "Print the whole tree as JSON instead");
+    verb->add_option("INPUT", request.input, "The document to read, - for standard input")->required();
+    verb->callback([&] {
+        request.verb = [&](const Session& session) {
+            return request.json ? showAsJson(session, request.input) : showForPeople(session, request.input);
+        };
+    });
+}
+
+void addMake(CLI::App& app, Request& request) {
+    CLI::App* verb = app.add_subcommand("make", "Build a document from the JSON that show --json prints");
+    verb->add_option("INPUT", request.input, "The JSON file to read, - for standard input")->required();
+    verb->add_option("-o,--output", request.output, "The document to write, - for standard output")
+        ->required();
+    verb->callback([&] {
+        request.verb = [&](const Session& session) {
+            return makeFromJson(session, request.input, request.output);
+        };
+    });
+}
+
+std::string keyAndValue(const std::string& text) {
+    const std::size_t equals = text.find('=');
+    return equals == std::string::npos || equals == 0 ? "must be KEY=VALUE" : "";
+}
+
+void addGlobalOptions(CLI::App& app, Request& request) {
+    app.set_version_flag("--version", "tabulon-cli " TABULON_VERSION);
+    app.add_option("--default", request.defaults, "Set one user default for this run")
+        ->type_name("KEY=VALUE")
+        ->allow_extra_args(false)
+        ->check(keyAndValue);
+    app.add_option("--locale", request.locale, "The language of collation and texts")->type_name("NAME");
+    app.require_subcommand(1);
+    app.footer("Exit status: 0 done, 1 the operation failed, 2 wrong usage.");
+}
+
+int complain(const Environment& environment, std::string message) {
+    // One line, whatever names of files hold.
+    for (char& c : message)
+        if (c == '\n' || c == '\r')
+            c = ' ';
+    environment.writeStandardError("tabulon-cli: " + message + "\n");
+    return kFailed;
+}
+
+int perform(const Request& request, const Environment& environment) {
+    MemoryUserDefaults defaults;
+    for (const std::string& setting : request.defaults) {
+        const std::size_t equals = setting.find('=');
+        defaults.setStringForKey(setting.substr(0, equals), setting.substr(equals + 1));
+    }
+    EnglishLocalization texts(request.locale.empty() ? environment.locale : request.locale);
+    const Session session{environment, {environment.clock, defaults, texts, environment.log}};
+    if (const Result<void> done = request.verb(session); !done)
+        return complain(environment, done.error().message);
+    return kDone;
+}
+
+int explain(const CLI::App& app, const CLI::ParseError& error, const Environment& environment) {
+    std::ostringstream out;
+    std::ostringstream problems;
+    const bool asked = app.exit(error, out, problems) == 0;
+    if (!asked) {
+        environment.writeStandardError(problems.str());
+        return kWrongUsage;
+    }
+    return environment.writeStandardOutput(out.str()) ? kDone : kFailed;
+}
+
+} // namespace
+
+int run(const std::vector<std::string>& arguments, const Environment& environment) {
+    CLI::App app("Reads, writes and converts bookmark documents.", "tabulon-cli");
+    Request request;
+    addGlobalOptions(app, request);
+    addImport(app, request);
+    addExport(app, request);
+    addShow(app, request);
+    addMake(app, request);
+    try {
+        // CLI11 takes the arguments last first.
+        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+        return perform(request, environment);
+    } catch (const CLI::ParseError& error) {
+        return explain(app, error, environment);
+    } catch (const std::bad_alloc&) {
+        return complain(environment, "There is not enough memory for this operation.");
+    }
+}
+
+} // namespace tabulon::cli

@@ -1,0 +1,45 @@
+// `export`: a document → a file of another format.
+#include "cli/Verbs.h"
+#include "formats/export/NetscapeHTML.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tabulon::cli {
+namespace {
+
+struct Exporter {
+    std::string_view name;
+    std::string (*write)(const Bookmark& master, const BaseServices& services);
+};
+
+std::string exportHTML(const Bookmark& master, const BaseServices& services) {
+    const Collation collation(services.texts.locale());
+    const bool sorted = services.defaults.boolForKey("ExportSortName");
+    return exportToHTML(master, {.sortByName = sorted ? &collation : nullptr});
+}
+
+constexpr auto kExporters = std::to_array<Exporter>({
+    {"html", exportHTML},
+});
+
+} // namespace
+
+std::vector<std::string> exportFormats() {
+    std::vector<std::string> names;
+    for (const Exporter& exporter : kExporters)
+        names.emplace_back(exporter.name);
+    return names;
+}
+
+Result<void> exportFile(const Session& session, const std::string& format, const std::string& input,
+                        const std::string& output) {
+    const auto exporter = std::find_if(kExporters.begin(), kExporters.end(),
+                                       [&](const Exporter& each) { return each.name == format; });
+    const auto document = session.readDocument(input);
+    if (!document)
+        return tl::unexpected(document.error());
+    return session.write(output, exporter->write((*document)->getMaster(), session.services));
+}
+
+} // namespace tabulon::cli

@@ -1,0 +1,68 @@
+// `show`: the tree for people, one line a node. The JSON of `show --json` is in JsonTree.
+#include "cli/JsonTree.h"
+#include "cli/Verbs.h"
+#include "model/TreeWalk.h"
+
+#include <algorithm>
+
+namespace tabulon::cli {
+namespace {
+
+// A deep tree stays readable, and its listing linear in size.
+constexpr int kDeepestIndent = 32;
+
+// A text that cannot break the line or drive the terminal.
+void appendOnOneLine(std::string& out, std::string_view text) {
+    std::transform(text.begin(), text.end(), std::back_inserter(out), [](char c) {
+        const auto byte = static_cast<unsigned char>(c);
+        return byte < 0x20 || byte == 0x7F ? ' ' : c;
+    });
+}
+
+void appendLine(std::string& out, const Bookmark& node, int level) {
+    out.append(2 * static_cast<std::size_t>(std::min(level, kDeepestIndent)), ' ');
+    if (node.isSeparator()) {
+        out += "--------\n";
+        return;
+    }
+    appendOnOneLine(out, node.itemName().view());
+    if (node.isFolder())
+        out += '/';
+    if (!node.itemURL().isEmpty()) {
+        out += "  <";
+        appendOnOneLine(out, node.itemURL().view());
+        out += '>';
+    }
+    out += '\n';
+}
+
+} // namespace
+
+Result<void> showForPeople(const Session& session, const std::string& input) {
+    const auto document = session.readDocument(input);
+    if (!document)
+        return tl::unexpected(document.error());
+    const Bookmark& master = (*document)->getMaster();
+    std::string out;
+    int level = 0;
+    appendLine(out, master, level++);
+    walkBelow(
+        master,
+        [&](Bookmark& node) {
+            appendLine(out, node, level);
+            if (node.getChildren())
+                ++level;
+            return true;
+        },
+        [&](Bookmark&) { --level; });
+    return session.write("-", out);
+}
+
+Result<void> showAsJson(const Session& session, const std::string& input) {
+    const auto document = session.readDocument(input);
+    if (!document)
+        return tl::unexpected(document.error());
+    return session.write("-", jsonFromTree((*document)->getMaster()) + '\n');
+}
+
+} // namespace tabulon::cli

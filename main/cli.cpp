@@ -1,0 +1,25 @@
+// The command-line tool's entry: the real services, nothing else.
+#include "cli/CommandLine.h"
+#include "platform/linux/FileStore.h"
+#include "platform/linux/SystemServices.h"
+
+#include <csignal>
+#include <cstdio>
+
+int main(int argc, char** argv) {
+    // A reader that goes away is an error of the write, not the end of the process.
+    std::signal(SIGPIPE, SIG_IGN);
+    tabulon::PosixFileStore files;
+    tabulon::SystemClock clock;
+    tabulon::StandardErrorLog log;
+    const tabulon::cli::Environment environment{
+        files,
+        clock,
+        log,
+        tabulon::environmentLocale(),
+        tabulon::readStandardInput,
+        tabulon::writeStandardOutput,
+        [](std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); },
+    };
+    return tabulon::cli::run({argv + 1, argv + argc}, environment);
+}
