@@ -1,0 +1,69 @@
+// Opening and saving a document, in memory: no disk is measured.
+#include "bench/Measure.h"
+#include "bench/Rows.h"
+#include "model/ArchiveWriter.h"
+
+#include <fmt/format.h>
+#include <plist/plist.h>
+
+#include <memory>
+
+namespace tabulon::bench {
+
+namespace {
+
+struct FreePlist {
+    void operator()(void* plist) const { plist_free(plist); }
+};
+using Plist = std::unique_ptr<void, FreePlist>;
+
+Plist readWithLibplist(const std::string& archive) {
+    plist_t plist = nullptr;
+    plist_from_bin(archive.data(), static_cast<std::uint32_t>(archive.size()), &plist);
+    return Plist(plist);
+}
+
+/// Objects of the archive that have a URL key: every node has.
+std::size_t nodesIn(plist_t archive) {
+    const plist_t objects = plist_dict_get_item(archive, "$objects");
+    std::size_t nodes = 0;
+    for (std::uint32_t i = 0; objects && i < plist_array_get_size(objects); ++i) {
+        const plist_t item = plist_array_get_item(objects, i);
+        if (plist_get_node_type(item) == PLIST_DICT && plist_dict_get_item(item, "URL"))
+            ++nodes;
+    }
+    return nodes;
+}
+
+} // namespace
+
+Row openRow(const Sample& sample, const Effort& effort) {
+    require(writeDocumentArchive(*opened(sample.archive)) == sample.archive,
+            "an opened document is another document");
+    require(nodesIn(readWithLibplist(sample.archive).get()) == sample.size.nodes + 1,
+            "libplist sees other nodes");
+
+    const double ours = fastest(effort.runs, [&] { return opened(sample.archive); });
+    const double theirs = fastest(effort.runs, [&] { return readWithLibplist(sample.archive); });
+    return {"open a document (archive to nodes)",
+            milliseconds(ours),
+            fmt::format("libplist `plist_from_bin` of the same bytes: {}", milliseconds(theirs)),
+            fmt::format("{:.1f} × faster", theirs / ours),
+            "10 × faster",
+            verdict(effort, theirs >= 10 * ours)};
+}
+
+Row saveRow(const Sample& sample, const Effort& effort) {
+    require(writeDocumentArchive(*sample.tree) == sample.archive, "two archives of one tree differ");
+
+    const double ours = fastest(effort.runs, [&] { return writeDocumentArchive(*sample.tree); });
+    const double reading = fastest(effort.runs, [&] { return opened(sample.archive); });
+    return {"save a document (nodes to archive)",
+            milliseconds(ours),
+            fmt::format("reading it: {}", milliseconds(reading)),
+            fmt::format("{:.2f} × as long", ours / reading),
+            "1.5 × as long",
+            verdict(effort, ours <= 1.5 * reading)};
+}
+
+} // namespace tabulon::bench

@@ -1,0 +1,59 @@
+// How the time per node grows with the tree. A work that is linear stays near 1 × until the caches are left
+// behind.
+#include "bench/Measure.h"
+#include "bench/Rows.h"
+#include "model/ArchiveWriter.h"
+
+#include <fmt/format.h>
+
+namespace tabulon::bench {
+
+namespace {
+
+constexpr double kMostGrowth = 2;
+
+/// Seconds per node of the four works on one tree.
+std::vector<double> perNode(std::size_t links, int runs) {
+    const Sample sample(links);
+    require(sizeOf(*opened(sample.archive)).nodes == sample.size.nodes, "an opened document has other nodes");
+    require(sizeOf(*scanned(sample.html)).nodes == sample.size.nodes,
+            "a scanned bookmark file has other nodes");
+    std::vector<double> seconds = {
+        fastest(runs, [&] { return opened(sample.archive); }),
+        fastest(runs, [&] { return writeDocumentArchive(*sample.tree); }),
+        fastest(runs, [&] { return scanned(sample.html); }),
+        fastest(runs, [&] { return exported(*sample.tree); }),
+    };
+    for (double& value : seconds)
+        value /= static_cast<double>(sample.size.nodes);
+    return seconds;
+}
+
+std::string nanoseconds(double seconds, std::size_t links) {
+    return fmt::format("{:.0f} ns at {} links", seconds * 1e9, links);
+}
+
+} // namespace
+
+std::vector<Row> growthRows(const std::vector<std::size_t>& sizes, const Effort& effort) {
+    std::vector<std::vector<double>> seconds;
+    for (const std::size_t links : sizes)
+        seconds.push_back(perNode(links, effort.runs));
+
+    std::vector<Row> rows;
+    const char* const works[] = {"open, per node", "save, per node", "tag-scan, per node",
+                                 "HTML export, per node"};
+    for (std::size_t work = 0; work < std::size(works); ++work) {
+        Row row{works[work], "", "", "", fmt::format("at most {} ×", kMostGrowth)};
+        for (std::size_t i = 0; i < sizes.size(); ++i)
+            (i + 1 == sizes.size() ? row.ours : row.reference) +=
+                nanoseconds(seconds[i][work], sizes[i]) + (i + 2 < sizes.size() ? ", " : "");
+        const double growth = seconds.back()[work] / seconds.front()[work];
+        row.ratio = fmt::format("{:.2f} × the smallest", growth);
+        row.verdict = verdict(effort, growth <= kMostGrowth);
+        rows.push_back(std::move(row));
+    }
+    return rows;
+}
+
+} // namespace tabulon::bench

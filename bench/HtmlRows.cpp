@@ -1,0 +1,62 @@
+// Bookmark HTML in and out, in memory.
+#include "bench/Measure.h"
+#include "bench/Rows.h"
+
+#include <fmt/format.h>
+
+#include <sstream>
+
+namespace tabulon::bench {
+
+namespace {
+
+struct ParsedByLxml {
+    double seconds = 0;
+    std::size_t links = 0;
+};
+
+/// Runs bench/lxml_parse.py on `html`; no links when there is no lxml.
+ParsedByLxml parsedByLxml(const std::string& html, int runs) {
+    const TemporaryFile file(".html", html);
+    std::istringstream output(outputOf(fmt::format("{} '{}/lxml_parse.py' '{}' {}", TABULON_SYSTEM_PYTHON,
+                                                   TABULON_BENCH_DIR, file.path(), runs)));
+    ParsedByLxml parsed;
+    output >> parsed.seconds >> parsed.links;
+    return parsed;
+}
+
+} // namespace
+
+Row tagScanRow(const Sample& sample, const Effort& effort) {
+    // The export carries all that a bookmark file can hold, so equal files mean an equal tree.
+    require(exported(*scanned(sample.html)) == sample.html,
+            "a scanned bookmark file is another bookmark file");
+
+    const double ours = fastest(effort.runs, [&] { return scanned(sample.html); });
+    Row row{"tag-scan a bookmark file", milliseconds(ours), "lxml's HTML parser: not installed", "",
+            "20 × faster"};
+    const ParsedByLxml theirs = parsedByLxml(sample.html, effort.runs);
+    if (theirs.links == 0) {
+        row.verdict = verdict(effort, false);
+        return row;
+    }
+    require(theirs.links == sample.size.links, "lxml sees another number of links");
+    row.reference = fmt::format("lxml's HTML parser on the same file: {}", milliseconds(theirs.seconds));
+    row.ratio = fmt::format("{:.1f} × faster", theirs.seconds / ours);
+    row.verdict = verdict(effort, theirs.seconds >= 20 * ours);
+    return row;
+}
+
+Row htmlExportRow(const Sample& sample, const Effort& effort) {
+    require(exported(*sample.tree) == sample.html, "two exports of one tree differ");
+
+    const double ours = fastest(effort.runs, [&] { return exported(*sample.tree); });
+    const double copying = fastest(effort.runs, [&] { return std::string(sample.html); });
+    const double megabytes = static_cast<double>(sample.html.size()) / 1e6;
+    return {
+        "export bookmark HTML", fmt::format("{}, {:.0f} MB/s", milliseconds(ours), megabytes / ours),
+        fmt::format("copying the same bytes: {}, {:.0f} MB/s", milliseconds(copying), megabytes / copying),
+        fmt::format("{:.1f} × as long", ours / copying), "none"};
+}
+
+} // namespace tabulon::bench

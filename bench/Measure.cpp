@@ -1,0 +1,22 @@
+#include "bench/Measure.h"
+
+#include <fstream>
+#include <string>
+
+namespace tabulon::bench {
+
+std::size_t residentAnonymousBytes() {
+    std::ifstream status("/proc/self/status");
+    std::string key;
+    while (status >> key) {
+        if (key == "RssAnon:") {
+            std::size_t kilobytes = 0;
+            status >> kilobytes;
+            return kilobytes * 1024;
+        }
+        status.ignore(std::numeric_limits<std::streamsize>::max(), '\n');
+    }
+    return 0;
+}
+
+} // namespace tabulon::bench

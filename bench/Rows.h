@@ -1,0 +1,31 @@
+// Every measurement of the library, one function a row. Each checks its answer and ends the program when it
+// is wrong.
+#pragma once
+
+#include "bench/Sample.h"
+#include "bench/Table.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace tabulon::bench {
+
+// ArchiveRows.cpp
+Row openRow(const Sample& sample, const Effort& effort);
+Row saveRow(const Sample& sample, const Effort& effort);
+
+// HtmlRows.cpp
+Row tagScanRow(const Sample& sample, const Effort& effort);
+Row htmlExportRow(const Sample& sample, const Effort& effort);
+
+// MemoryRow.cpp
+Row memoryRow(const Sample& sample, const Effort& effort);
+/// What a child process of memoryRow does: opens the document in `path` and prints how much memory that took.
+int printMemoryOfDocument(const char* path);
+
+// GrowthRows.cpp
+/// The four works on the smallest and the largest of trees with `sizes` links, per node.
+std::vector<Row> growthRows(const std::vector<std::size_t>& sizes, const Effort& effort);
+
+} // namespace tabulon::bench
