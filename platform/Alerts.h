@@ -14,7 +14,7 @@ enum class AlertStyle { Informational, Warning, Critical };
 enum class AlertButtonRole { Accept, Cancel, Destructive };
 
 struct AlertButton {
-    std::string title;
+    std::string title = {};
     AlertButtonRole role = AlertButtonRole::Accept;
 };
 
@@ -25,9 +25,9 @@ inline constexpr int kAlertFirstButton = 1000;
 /// chosen by Return. Without a Cancel button, Escape and closing choose the last one.
 struct Alert {
     AlertStyle style = AlertStyle::Informational;
-    std::string message;
-    std::string informative;
-    std::vector<AlertButton> buttons;
+    std::string message = {};
+    std::string informative = {};
+    std::vector<AlertButton> buttons = {};
     /// The alert belongs to this document's window; null for the whole application.
     const Document* document = nullptr;
 };

@@ -10,6 +10,8 @@ namespace {
 using Entry = std::pair<std::string_view, std::string_view>;
 
 constexpr auto kTexts = std::to_array<Entry>({
+    {"%d bookmarks", "%d bookmarks"},
+    {"%d folders", "%d folders"},
     {"DropBasket", "Drop Basket"},
     {"EmptyFolder", "Untitled Folder"},
     {"EmptyScan", "No links found"},
@@ -28,6 +30,7 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"TagsLabel", "Tags: %@"},
     {"Untitled", "Untitled"},
     {"WasteBasket", "Waste Basket"},
+    {"in", "in"},
 });
 
 } // namespace

@@ -16,8 +16,8 @@ class Document;
 struct MenuItem;
 
 struct Menu {
-    std::string title;
-    std::vector<MenuItem> items;
+    std::string title = {};
+    std::vector<MenuItem> items = {};
 };
 
 /// The keys that go with a key equivalent. On Linux Command is Ctrl, Option is Alt, Control is the Super key.
@@ -35,22 +35,22 @@ using RepresentedObject = std::variant<std::monostate, std::string, Ref<Bookmark
 
 /// One line of a menu. Texts are UTF-8 in the user's language, ready to be shown.
 struct MenuItem {
-    std::string title;
+    std::string title = {};
     /// The operation's name, such as "newDocument:"; empty for an item that does nothing itself.
-    std::string action;
+    std::string action = {};
     /// One character (a capital letter means Shift as well) or the name of a key without one: "Left",
     /// "Right", "Up", "Down", "Delete", "F2"; empty for none.
-    std::string keyEquivalent;
-    KeyModifiers modifiers;
+    std::string keyEquivalent = {};
+    KeyModifiers modifiers = {};
     int tag = 0;
-    RepresentedObject representedObject;
+    RepresentedObject representedObject = {};
     /// The name of an image; empty for none.
-    std::string imageName;
-    std::string toolTip;
+    std::string imageName = {};
+    std::string toolTip = {};
     bool checked = false;
     /// The colour of the title where it is not the menu's own.
-    std::optional<LabelColor> color;
-    std::optional<Menu> submenu;
+    std::optional<LabelColor> color = {};
+    std::optional<Menu> submenu = {};
     bool separator = false;
 
     static MenuItem makeSeparator() {

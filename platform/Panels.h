@@ -12,29 +12,29 @@ class Document;
 
 /// A kind of file that a panel offers: what people call it and its extensions without dots.
 struct FileKind {
-    std::string label;
-    std::vector<std::string> extensions;
+    std::string label = {};
+    std::vector<std::string> extensions = {};
 };
 
 struct OpenPanel {
-    std::string message;
-    std::string prompt;
+    std::string message = {};
+    std::string prompt = {};
     /// Where to start; empty for the folder of the last panel.
-    std::string directory;
+    std::string directory = {};
     /// Only files of these kinds can be chosen; empty lets every file be chosen.
-    std::vector<FileKind> kinds;
+    std::vector<FileKind> kinds = {};
     bool allowsMultipleSelection = false;
     /// The panel belongs to this document's window; null for the whole application.
     const Document* document = nullptr;
 };
 
 struct SavePanel {
-    std::string message;
-    std::string prompt;
-    std::string directory;
+    std::string message = {};
+    std::string prompt = {};
+    std::string directory = {};
     /// Without an extension; the panel adds the one of `kind` when the user types none.
-    std::string proposedName;
-    FileKind kind;
+    std::string proposedName = {};
+    FileKind kind = {};
     const Document* document = nullptr;
 };
 

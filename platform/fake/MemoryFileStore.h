@@ -1,0 +1,25 @@
+// Files in memory, and the ways in which a disk can fail.
+#pragma once
+
+#include "platform/FileStore.h"
+
+#include <functional>
+#include <map>
+#include <string>
+
+namespace tabulon {
+
+class MemoryFileStore : public FileStore {
+public:
+    Result<std::string> readFile(const std::string& path) override;
+    Result<void> writeFileAtomically(const std::string& path, std::string_view bytes) override;
+    bool fileExists(const std::string& path) override { return files.contains(path); }
+
+    /// Path → content.
+    std::map<std::string, std::string, std::less<>> files;
+    /// From now on every write fails as on a full disk.
+    bool diskFull = false;
+    int writes = 0;
+};
+
+} // namespace tabulon

@@ -1,0 +1,155 @@
+#include "tests/window/WindowFixture.h"
+
+namespace tabulon {
+namespace {
+
+using Names = std::vector<std::string>;
+
+class ExpandingTest : public WindowTest {
+protected:
+    void SetUp() override {
+        outer = &add(makeFolder("outer", false));
+        inner = &add(makeFolder("inner", false), outer);
+        deep = &add(makeLink("deep"), inner);
+        beside = &add(makeLink("beside"), outer);
+        last = &add(makeLink("last"));
+        open();
+    }
+
+    Bookmark* outer = nullptr;
+    Bookmark* inner = nullptr;
+    Bookmark* deep = nullptr;
+    Bookmark* beside = nullptr;
+    Bookmark* last = nullptr;
+};
+
+TEST_F(ExpandingTest, ExpandShowsTheChildrenAndKeepsInnerFoldersClosed) {
+    controller->expandItem(*outer);
+    EXPECT_EQ(rowNames(), (Names{"outer", "inner", "beside", "last"}));
+    EXPECT_TRUE(outer->showHier());
+    EXPECT_FALSE(inner->showHier());
+}
+
+TEST_F(ExpandingTest, ExpandedStateOfInnerFoldersIsRemembered) {
+    controller->expandItemWithChildren(*outer);
+    EXPECT_EQ(rowNames(), (Names{"outer", "inner", "deep", "beside", "last"}));
+    controller->collapseItem(*outer);
+    EXPECT_EQ(rowNames(), (Names{"outer", "last"}));
+    EXPECT_TRUE(inner->showHier());
+    controller->expandItem(*outer);
+    EXPECT_EQ(rowNames(), (Names{"outer", "inner", "deep", "beside", "last"}));
+}
+
+TEST_F(ExpandingTest, ItemWithoutARowChangesItsStateAlone) {
+    controller->expandItem(*inner);
+    EXPECT_EQ(rowNames(), (Names{"outer", "last"}));
+    EXPECT_TRUE(inner->showHier());
+}
+
+TEST_F(ExpandingTest, CollapseWithChildrenClosesEverythingBelow) {
+    controller->expandAll();
+    controller->collapseItemWithChildren(*outer);
+    EXPECT_FALSE(inner->showHier());
+    EXPECT_EQ(rowNames(), (Names{"outer", "last"}));
+}
+
+TEST_F(ExpandingTest, EachChangedFolderCountsAsOneChange) {
+    controller->expandAll();
+    EXPECT_EQ(document.changeCount(), 2);
+    controller->expandAll();
+    EXPECT_EQ(document.changeCount(), 2) << "nothing left to expand";
+}
+
+TEST_F(ExpandingTest, WithRememberDesktopOffTheDocumentStaysClean) {
+    base.defaults.setBoolForKey("RememberDesktop", false);
+    controller->expandAll();
+    controller->collapseItem(*outer);
+    EXPECT_FALSE(document.isDocumentEdited());
+    EXPECT_FALSE(outer->showHier());
+    EXPECT_TRUE(inner->showHier());
+}
+
+TEST_F(ExpandingTest, LinksAreNoFoldersAndStayAsTheyAre) {
+    controller->expandItem(*last);
+    EXPECT_FALSE(last->showHier());
+    EXPECT_FALSE(document.isDocumentEdited());
+}
+
+TEST_F(ExpandingTest, EmptyFolderChangesStateWithoutRows) {
+    outer->removeLast();
+    outer->removeLast();
+    controller->expandItem(*outer);
+    EXPECT_TRUE(outer->showHier());
+    EXPECT_EQ(outline().reloaded, (std::vector<RowRange>{{0, 1}}));
+    EXPECT_EQ(document.changeCount(), 1);
+}
+
+TEST_F(ExpandingTest, CommandsWithoutASelectionAlert) {
+    using Command = void (ViewController::*)();
+    for (const Command command : {&ViewController::expandFolder, &ViewController::expandFolderPlus,
+                                  &ViewController::collapseFolder, &ViewController::collapseFolderPlus})
+        ((*controller).*command)();
+    ASSERT_EQ(alerts.shown.size(), 4u);
+    EXPECT_EQ(alerts.shown[0].message, "Nothing is selected");
+    EXPECT_EQ(alerts.shown[0].informative, "Please select a folder first.");
+    EXPECT_EQ(alerts.shown[0].style, AlertStyle::Warning);
+    EXPECT_EQ(alerts.shown[0].document, &document);
+    ASSERT_EQ(alerts.shown[0].buttons.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].buttons[0].title, "OK");
+}
+
+TEST_F(ExpandingTest, CommandsActOnSelectedRowsFromTheHighestDown) {
+    controller->expandItem(*outer);
+    select({outer, inner, last});
+    controller->expandFolder();
+    EXPECT_EQ(rowNames(), (Names{"outer", "inner", "deep", "beside", "last"}));
+    controller->collapseFolder();
+    EXPECT_EQ(rowNames(), (Names{"outer", "last"}));
+    EXPECT_FALSE(inner->showHier());
+}
+
+TEST_F(ExpandingTest, SelectionSurvivesExpandingWithChildren) {
+    controller->expandItem(*outer);
+    select({beside, last});
+    controller->expandItemWithChildren(*outer);
+    EXPECT_EQ(outline().selected, (std::set<Bookmark*>{beside, last}));
+    EXPECT_EQ(outline().selectedRows(), (RowSet{{3, 2}}));
+}
+
+TEST_F(ExpandingTest, SelectionSurvivesExpandAllAndHiddenRowsLoseIt) {
+    select({outer, last});
+    controller->expandAll();
+    EXPECT_EQ(outline().selected, (std::set<Bookmark*>{outer, last}));
+    EXPECT_EQ(outline().scrolledTo, 4u);
+    select({deep, last});
+    controller->collapseAll();
+    EXPECT_EQ(outline().selected, (std::set<Bookmark*>{last}));
+}
+
+TEST_F(ExpandingTest, ManySelectedFoldersAreLaidOutInOneGo) {
+    for (int i = 0; i < 200; ++i)
+        add(makeLink("x"), &add(makeFolder("many", false)));
+    controller->setMaster(document.getMaster());
+    outline().selectAll();
+    const int reloads = outline().reloads;
+    controller->expandFolder();
+    EXPECT_EQ(outline().rows.size(), 404u);
+    EXPECT_EQ(outline().reloads, reloads + 1);
+    EXPECT_EQ(document.changeCount(), 201);
+    EXPECT_EQ(outline().selected.size(), 202u) << "the rows that were selected before";
+}
+
+TEST_F(ExpandingTest, CommandsAreReachedByName) {
+    EXPECT_FALSE(controller->actions().contains("newDocument:"));
+    controller->actions().perform(MenuItem{.action = "expandAll:"});
+    EXPECT_EQ(outline().rows.size(), 5u);
+    controller->actions().perform(MenuItem{.action = "selectAll:"});
+    EXPECT_EQ(outline().selected.size(), 5u);
+    controller->actions().perform(MenuItem{.action = "collapseAll:"});
+    EXPECT_EQ(outline().rows.size(), 2u);
+    EXPECT_TRUE(controller->actions().validateMenuItem(MenuItem{.action = "expandFolder:"}));
+    EXPECT_FALSE(controller->actions().validateMenuItem(MenuItem{.action = "unheardOf:"}));
+}
+
+} // namespace
+} // namespace tabulon

@@ -1,0 +1,121 @@
+// A document window in memory. Its outline keeps its own copy of the rows, changed by nothing but what the
+// controller reports, so that a wrong report shows as a wrong row.
+#pragma once
+
+#include "window/DocumentWindow.h"
+#include "window/ViewController.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+#include <vector>
+
+namespace tabulon {
+
+class MemoryOutline : public OutlineView {
+public:
+    explicit MemoryOutline(ViewController& controller) : controller_(controller) { copyRows(); }
+
+    void willReloadData() override { EXPECT_TRUE(rowsAreRight()); }
+    void didReloadData() override {
+        copyRows();
+        ++reloads;
+    }
+    void willInsertRows(RowRange range) override {
+        EXPECT_EQ(controller_.numberOfRows(), rows.size());
+        pending_ = range;
+    }
+    void didInsertRows() override {
+        rows.insert(rows.begin() + offset(), pending_.count, nullptr);
+        for (std::size_t row = pending_.first; row < pending_.first + pending_.count; ++row)
+            rows[row] = &controller_.itemAtRow(row);
+        EXPECT_TRUE(rowsAreRight());
+    }
+    void willRemoveRows(RowRange range) override {
+        EXPECT_EQ(controller_.numberOfRows(), rows.size());
+        pending_ = range;
+        for (std::size_t row = range.first; row < range.first + range.count; ++row)
+            selected.erase(rows[row]);
+    }
+    void didRemoveRows() override {
+        rows.erase(rows.begin() + offset(),
+                   rows.begin() + offset() + static_cast<std::ptrdiff_t>(pending_.count));
+        EXPECT_TRUE(rowsAreRight());
+    }
+    void reloadRows(RowRange range) override { reloaded.push_back(range); }
+
+    RowSet selectedRows() const override {
+        RowSet result;
+        for (std::size_t row = 0; row < rows.size(); ++row)
+            if (selected.contains(rows[row]))
+                addRow(result, row);
+        return result;
+    }
+    std::optional<std::size_t> selectedRow() const override {
+        const RowSet set = selectedRows();
+        return set.empty() ? std::nullopt : std::optional(set.back().first + set.back().count - 1);
+    }
+    void selectRows(const RowSet& set) override {
+        selected.clear();
+        for (const RowRange& range : set)
+            for (std::size_t row = range.first; row < range.first + range.count; ++row)
+                selected.insert(rows.at(row));
+    }
+    void selectAll() override { selected.insert(rows.begin(), rows.end()); }
+    void scrollRowToVisible(std::size_t row) override { scrolledTo = row; }
+
+    bool rowsAreRight() const {
+        if (rows.size() != controller_.numberOfRows())
+            return false;
+        for (std::size_t row = 0; row < rows.size(); ++row)
+            if (rows[row] != &controller_.itemAtRow(row))
+                return false;
+        return true;
+    }
+
+    std::vector<Bookmark*> rows;
+    std::set<Bookmark*> selected;
+    std::vector<RowRange> reloaded;
+    std::optional<std::size_t> scrolledTo;
+    int reloads = 0;
+
+private:
+    std::ptrdiff_t offset() const { return static_cast<std::ptrdiff_t>(pending_.first); }
+    void copyRows() {
+        rows.clear();
+        selected.clear();
+        for (std::size_t row = 0; row < controller_.numberOfRows(); ++row)
+            rows.push_back(&controller_.itemAtRow(row));
+    }
+
+    ViewController& controller_;
+    RowRange pending_{0, 0};
+};
+
+class MemoryWindow : public DocumentWindow {
+public:
+    explicit MemoryWindow(ViewController& controller) : outlineView(controller) {}
+
+    OutlineView& outline() override { return outlineView; }
+    void setTitle(const std::string& name, const std::string& path, bool isEdited) override {
+        title = name;
+        file = path;
+        edited = isEdited;
+    }
+    void setURLFieldText(const std::string& text) override { urlField = text; }
+    void showEmptyState(bool isEmpty) override { empty = isEmpty; }
+    void show() override { shown = true; }
+    void makeKeyAndOrderFront() override { ++broughtToFront; }
+
+    MemoryOutline outlineView;
+    std::string title;
+    std::string file;
+    bool edited = false;
+    std::string urlField;
+    bool empty = false;
+    bool shown = false;
+    int broughtToFront = 0;
+};
+
+} // namespace tabulon

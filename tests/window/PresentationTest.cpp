@@ -1,0 +1,177 @@
+#include "tests/window/WindowFixture.h"
+
+namespace tabulon {
+namespace {
+
+using PresentationTest = WindowTest;
+
+constexpr LabelColor kRed{1, 0, 0, 1};
+
+TEST_F(PresentationTest, SeparatorIsALineInTheNameColumnAndHasNoTags) {
+    add(makeSeparator());
+    open();
+    EXPECT_EQ(controller->viewForTableColumn(Column::Name, 0, false).kind, CellKind::Separator);
+    EXPECT_EQ(controller->viewForTableColumn(Column::URL, 0, false).kind, CellKind::URLView);
+    EXPECT_EQ(controller->viewForTableColumn(Column::Tags, 0, false).kind, CellKind::None);
+}
+
+TEST_F(PresentationTest, NullTextsAreShownEmpty) {
+    add(Bookmark::init(base.now()));
+    open();
+    const CellContent name = controller->viewForTableColumn(Column::Name, 0, false);
+    EXPECT_FALSE(name.text.string.isNull());
+    EXPECT_TRUE(name.text.string.isEmpty());
+    EXPECT_FALSE(controller->viewForTableColumn(Column::URL, 0, false).text.string.isNull());
+}
+
+TEST_F(PresentationTest, IconFollowsTheType) {
+    add(makeFolder("f"));
+    add(makeLink("m", "mailto:a@example.org"));
+    open();
+    EXPECT_EQ(controller->viewForTableColumn(Column::Name, 0, false).icon, "folder");
+    EXPECT_EQ(controller->viewForTableColumn(Column::Name, 1, false).icon, "mailType");
+}
+
+TEST_F(PresentationTest, LabelColoursAllTextsWhileUnselectedAndNoneWhileSelected) {
+    add(makeLink("a")).setLabel(2);
+    open();
+    for (const Column column : {Column::Name, Column::URL, Column::Tags}) {
+        EXPECT_EQ(controller->viewForTableColumn(column, 0, false).text.color, kRed);
+        EXPECT_FALSE(controller->viewForTableColumn(column, 0, true).text.color);
+    }
+}
+
+TEST_F(PresentationTest, UnlabelledTextsHaveTheViewsOwnColour) {
+    add(makeLink("a"));
+    open();
+    EXPECT_FALSE(controller->viewForTableColumn(Column::Name, 0, false).text.color);
+}
+
+TEST_F(PresentationTest, LabelTwelveIsBlack) {
+    add(makeLink("a")).setLabel(12);
+    open();
+    EXPECT_EQ(controller->viewForTableColumn(Column::Name, 0, false).text.color, (LabelColor{0, 0, 0, 1}));
+}
+
+TEST_F(PresentationTest, NoteAndTagsGiveOneIndicatorWhoseTipIsTheNote) {
+    Bookmark& item = add(makeLink("a"));
+    item.setItemNote("the note");
+    item.setItemTags("one, two");
+    open();
+    const CellContent cell = controller->viewForTableColumn(Column::Name, 0, false);
+    EXPECT_EQ(cell.indicatorImage, "ClippingTextIcon");
+    EXPECT_EQ(cell.indicatorToolTip.view(), "the note");
+    EXPECT_EQ(cell.iconToolTip.view(), "Tags: one, two");
+}
+
+TEST_F(PresentationTest, TagsAloneShowTheSameIndicatorWithTheTagsAsTip) {
+    add(makeLink("a")).setItemTags("one");
+    open();
+    const CellContent cell = controller->viewForTableColumn(Column::Name, 0, false);
+    EXPECT_EQ(cell.indicatorImage, "ClippingTextIcon");
+    EXPECT_EQ(cell.indicatorToolTip.view(), "one");
+}
+
+TEST_F(PresentationTest, EmptyNoteAndTagsShowNoIndicator) {
+    Bookmark& item = add(makeLink("a"));
+    item.setItemNote("");
+    item.setItemTags("");
+    open();
+    const CellContent cell = controller->viewForTableColumn(Column::Name, 0, false);
+    EXPECT_EQ(cell.indicatorImage, "");
+    EXPECT_TRUE(cell.iconToolTip.isNull());
+}
+
+TEST_F(PresentationTest, BalloonSettingsHideTheTipsAndKeepTheIndicator) {
+    base.defaults.setBoolForKey("ShowBalloonNote", false);
+    base.defaults.setBoolForKey("ShowBalloonTags", false);
+    Bookmark& item = add(makeLink("a"));
+    item.setItemNote("the note");
+    item.setItemTags("one");
+    open();
+    const CellContent cell = controller->viewForTableColumn(Column::Name, 0, false);
+    EXPECT_EQ(cell.indicatorImage, "ClippingTextIcon");
+    EXPECT_TRUE(cell.indicatorToolTip.isNull());
+    EXPECT_TRUE(cell.iconToolTip.isNull());
+    EXPECT_EQ(controller->toolTipForCell(Column::Name, 0).view(), "");
+}
+
+TEST_F(PresentationTest, ToolTipOfTheNameCellIsTheNote) {
+    add(makeLink("a")).setItemNote("the note");
+    open();
+    EXPECT_EQ(controller->toolTipForCell(Column::Name, 0).view(), "the note");
+    EXPECT_EQ(controller->toolTipForCell(Column::URL, 0).view(), "");
+}
+
+TEST_F(PresentationTest, MarksAreHiddenFromTheStart) {
+    add(makeLink("a")).setStatus(3);
+    open();
+    EXPECT_FALSE(controller->viewForTableColumn(Column::Name, 0, false).statusShown);
+}
+
+TEST_F(PresentationTest, ShownMarksGoByTheStatusAndNeverStandOnFolders) {
+    base.defaults.setBoolForKey("ShowMarks", true);
+    add(makeLink("a")).setStatus(3);
+    add(makeLink("b")).setStatus(6);
+    add(makeFolder("f")).setStatus(3);
+    open();
+    EXPECT_EQ(controller->viewForTableColumn(Column::Name, 0, false).statusImage, "brokenStatus");
+    EXPECT_TRUE(controller->viewForTableColumn(Column::Name, 1, false).statusShown);
+    EXPECT_EQ(controller->viewForTableColumn(Column::Name, 1, false).statusImage, "");
+    EXPECT_FALSE(controller->viewForTableColumn(Column::Name, 2, false).statusShown);
+}
+
+TEST_F(PresentationTest, LockedBookmarkKeepsItsURLAndAFolderHasNoneToEdit) {
+    add(makeLink("a")).setItemLocked(true);
+    add(makeLink("b"));
+    add(makeFolder("f"));
+    open();
+    EXPECT_FALSE(controller->viewForTableColumn(Column::URL, 0, false).editable);
+    EXPECT_TRUE(controller->viewForTableColumn(Column::Name, 0, false).editable);
+    EXPECT_TRUE(controller->viewForTableColumn(Column::URL, 1, false).editable);
+    EXPECT_FALSE(controller->viewForTableColumn(Column::URL, 2, false).editable);
+}
+
+TEST_F(PresentationTest, FontSizeElevenForcesARowHeightOfSeventeen) {
+    base.defaults.setDoubleForKey("RowHeight", 30);
+    open();
+    EXPECT_EQ(controller->rowHeight(), 17);
+    EXPECT_EQ(base.defaults.doubleForKey("RowHeight"), 17);
+    base.defaults.setDoubleForKey("FontSize", 12);
+    base.defaults.setDoubleForKey("RowHeight", 30);
+    EXPECT_EQ(controller->rowHeight(), 30);
+}
+
+TEST_F(PresentationTest, FontIsTheSystemsUntilOneIsNamed) {
+    open();
+    EXPECT_EQ(controller->font().name, "");
+    EXPECT_EQ(controller->font().size, 11);
+    base.defaults.setStringForKey("FontName", "Serif");
+    EXPECT_EQ(controller->font().name, "Serif");
+}
+
+TEST_F(PresentationTest, LevelsCountFromTheTopAndStopAtTheDeepestIndent) {
+    Bookmark* parent = &add(makeFolder("0"));
+    for (int depth = 1; depth < 100; ++depth)
+        parent = &add(makeFolder("deeper"), parent);
+    open();
+    EXPECT_EQ(controller->levelForRow(0), 0);
+    EXPECT_EQ(controller->levelForRow(7), 7);
+    EXPECT_EQ(controller->levelForRow(99), ViewController::kDeepestIndent);
+}
+
+TEST_F(PresentationTest, TypingFindsTheNextNameGoingRound) {
+    add(makeLink("alpha"));
+    add(makeLink("Beta"));
+    add(makeLink("\xC3\x84rger"));
+    add(makeLink("beach"));
+    open();
+    EXPECT_EQ(controller->rowWithPrefix("be", 0), 1u);
+    EXPECT_EQ(controller->rowWithPrefix("be", 2), 3u);
+    EXPECT_EQ(controller->rowWithPrefix("al", 2), 0u);
+    EXPECT_EQ(controller->rowWithPrefix("\xC3\xA4", 0), 2u);
+    EXPECT_FALSE(controller->rowWithPrefix("zz", 0));
+}
+
+} // namespace
+} // namespace tabulon

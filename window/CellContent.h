@@ -1,0 +1,52 @@
+// What one cell of the outline shows, as a value: computed by the controller, drawn by the view.
+#pragma once
+
+#include "model/LinkType.h"
+#include "model/Text.h"
+
+#include <optional>
+#include <string_view>
+
+namespace tabulon {
+
+enum class Column { Name, URL, Tags };
+
+enum class CellKind {
+    None,      ///< nothing at all
+    NameView,  ///< icon, name, status mark, indicator
+    Separator, ///< a horizontal line
+    URLView,
+    TagsView,
+};
+
+/// A text with a colour over its whole length, or in the view's own text colour.
+struct ColoredText {
+    Text string;
+    std::optional<LabelColor> color;
+};
+
+/// Image names are those of resources/icons; an empty name is no image. Null tool tips are none.
+struct CellContent {
+    CellKind kind = CellKind::None;
+    ColoredText text;
+    /// Whether a person may edit the text in place.
+    bool editable = false;
+
+    // The rest is filled for NameView alone.
+
+    std::string_view icon;
+    Text iconToolTip;
+    /// Whether there is room for a status mark in front of the icon, and which one stands there.
+    bool statusShown = false;
+    std::string_view statusImage;
+    std::string_view indicatorImage;
+    Text indicatorToolTip;
+};
+
+/// `name` is empty for the system's own font; the size is in points of 1/72 inch.
+struct OutlineFont {
+    std::string name;
+    double size = 0;
+};
+
+} // namespace tabulon

@@ -1,0 +1,30 @@
+// A document's window as the controllers see it. How it looks is ui/'s affair.
+#pragma once
+
+#include "window/OutlineView.h"
+
+#include <string>
+
+namespace tabulon {
+
+class ViewController;
+
+/// Texts are UTF-8. Destroying the object closes the window without a question.
+class DocumentWindow {
+public:
+    virtual ~DocumentWindow() = default;
+
+    virtual OutlineView& outline() = 0;
+
+    /// `path` is the document's file in the file system's encoding, empty for none; `edited` shows the edited
+    /// mark.
+    virtual void setTitle(const std::string& name, const std::string& path, bool edited) = 0;
+    virtual void setURLFieldText(const std::string& text) = 0;
+    /// True shows the help for an empty document in place of the rows.
+    virtual void showEmptyState(bool empty) = 0;
+
+    virtual void show() = 0;
+    virtual void makeKeyAndOrderFront() = 0;
+};
+
+} // namespace tabulon

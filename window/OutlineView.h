@@ -1,0 +1,53 @@
+// What the outline controller needs of the view that shows its rows, and what it tells that view. The view
+// draws rows, keeps the selection and reports what the user did; it decides nothing.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+namespace tabulon {
+
+/// Rows from `first` to `first + count - 1`; `count` is not 0.
+struct RowRange {
+    std::size_t first;
+    std::size_t count;
+
+    friend bool operator==(const RowRange&, const RowRange&) = default;
+};
+
+/// A set of rows: ascending ranges that neither overlap nor touch.
+using RowSet = std::vector<RowRange>;
+
+/// Appends `row`, which is higher than every row in `rows`.
+inline void addRow(RowSet& rows, std::size_t row) {
+    if (!rows.empty() && rows.back().first + rows.back().count == row)
+        ++rows.back().count;
+    else
+        rows.push_back({row, 1});
+}
+
+class OutlineView {
+public:
+    virtual ~OutlineView() = default;
+
+    /// Changes of the rows come in pairs, one before and one after the controller's rows change. Rows keep
+    /// their selection as they move; the selection of removed rows is gone, and all of it after a reload.
+    virtual void willReloadData() = 0;
+    virtual void didReloadData() = 0;
+    virtual void willInsertRows(RowRange rows) = 0;
+    virtual void didInsertRows() = 0;
+    virtual void willRemoveRows(RowRange rows) = 0;
+    virtual void didRemoveRows() = 0;
+    /// The rows show something else now.
+    virtual void reloadRows(RowRange rows) = 0;
+
+    virtual RowSet selectedRows() const = 0;
+    /// The row selected last; nothing when no row is selected.
+    virtual std::optional<std::size_t> selectedRow() const = 0;
+    virtual void selectRows(const RowSet& rows) = 0;
+    virtual void selectAll() = 0;
+    virtual void scrollRowToVisible(std::size_t row) = 0;
+};
+
+} // namespace tabulon

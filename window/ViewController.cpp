@@ -1,0 +1,119 @@
+// Construction, the window, rows and the alerts that commands share.
+#include "window/ViewController.h"
+
+#include "model/Collation.h"
+
+#include <algorithm>
+
+namespace tabulon {
+
+ViewController::ViewController(Document& document, const Platform& platform)
+    : document_(document), platform_(platform) {
+    addActions();
+    rows_.show(Ref<Bookmark>(&getMaster()));
+    document_.setPresenter(this);
+}
+
+ViewController::~ViewController() {
+    document_.setPresenter(nullptr);
+}
+
+void ViewController::addActions() {
+    actions_.add("expandFolder:", [this](const MenuItem&) { expandFolder(); });
+    actions_.add("expandFolderPlus:", [this](const MenuItem&) { expandFolderPlus(); });
+    actions_.add("collapseFolder:", [this](const MenuItem&) { collapseFolder(); });
+    actions_.add("collapseFolderPlus:", [this](const MenuItem&) { collapseFolderPlus(); });
+    actions_.add("expandAll:", [this](const MenuItem&) { expandAll(); });
+    actions_.add("collapseAll:", [this](const MenuItem&) { collapseAll(); });
+    actions_.add("selectAll:", [this](const MenuItem&) { outline().selectAll(); });
+}
+
+void ViewController::setWindow(DocumentWindow* window) {
+    window_ = window;
+    documentStateChanged();
+    window_->showEmptyState(rows_.size() == 0);
+    setURLFieldText(countsText());
+}
+
+void ViewController::setMaster(Bookmark& master) {
+    counts_.reset();
+    hoveredRow_.reset();
+    if (window_)
+        outline().willReloadData();
+    rows_.show(Ref<Bookmark>(&master));
+    if (!window_)
+        return;
+    outline().didReloadData();
+    window_->showEmptyState(rows_.size() == 0);
+    setURLFieldText(countsText());
+}
+
+void ViewController::documentStateChanged() {
+    if (window_)
+        window_->setTitle(document_.displayName(), document_.fileName(), document_.isDocumentEdited());
+}
+
+int ViewController::levelForRow(std::size_t row) const {
+    int level = -1;
+    for (const Bookmark* node = rows_.at(row).getParent(); node && level < kDeepestIndent;
+         node = node->getParent())
+        ++level;
+    return std::max(level, 0);
+}
+
+namespace {
+
+// The first `count` characters of UTF-8 text, or all of it.
+std::string_view firstCharacters(std::string_view text, std::size_t count) {
+    std::size_t end = 0;
+    while (end < text.size()) {
+        const bool startsCharacter = (static_cast<unsigned char>(text[end]) & 0xC0) != 0x80;
+        if (startsCharacter && count-- == 0)
+            break;
+        ++end;
+    }
+    return text.substr(0, end);
+}
+
+std::size_t characterCount(std::string_view text) {
+    return static_cast<std::size_t>(std::ranges::count_if(
+        text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }));
+}
+
+} // namespace
+
+std::optional<std::size_t> ViewController::rowWithPrefix(const std::string& prefix, std::size_t start) const {
+    const Collation collation(platform_.base.texts.locale());
+    const std::size_t length = characterCount(prefix);
+    for (std::size_t step = 0; step < rows_.size(); ++step) {
+        const std::size_t row = (start + step) % rows_.size();
+        const std::string_view name = firstCharacters(rows_.at(row).itemName().view(), length);
+        if (!name.empty() && collation.compareIgnoringCase(name, prefix) == 0)
+            return row;
+    }
+    return std::nullopt;
+}
+
+void ViewController::selectionAlert(const char* informativeKey) {
+    const Localization& texts = platform_.base.texts;
+    platform_.alerts.runModal(Alert{.style = AlertStyle::Warning,
+                                    .message = texts.text("NoSelection"),
+                                    .informative = texts.text(informativeKey),
+                                    .buttons = {{"OK"}},
+                                    .document = &document_});
+}
+
+void ViewController::noSelection() {
+    selectionAlert("PleaseSelect");
+}
+
+void ViewController::noSelectedFolder() {
+    selectionAlert("PleaseSelectFolder");
+}
+
+void ViewController::makeDirty() {
+    counts_.reset();
+    document_.updateChangeCount(ChangeKind::Done);
+}
+
+} // namespace tabulon

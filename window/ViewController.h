@@ -1,0 +1,143 @@
+// The outline controller: one for each document window. It holds the visible rows of the document's tree and
+// carries every command on them; the view (OutlineView) mirrors it. Split by concern: _presentation (what
+// cells show), _expanding, _hover (the URL field), _export.
+#pragma once
+
+#include "model/Document.h"
+#include "platform/Platform.h"
+#include "window/ActionTable.h"
+#include "window/CellContent.h"
+#include "window/DocumentWindow.h"
+#include "window/VisibleRows.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tabulon {
+
+/// What expanding and collapsing does to an item: to it alone, or (Plus) to every folder below it as well.
+enum class ExpansionChange { Expand, ExpandPlus, Collapse, CollapsePlus };
+
+/// Rows are numbers below `numberOfRows()`; every row taken as an argument must be one. The document must
+/// live longer than the controller.
+class ViewController : public DocumentPresenter {
+public:
+    /// Becomes the document's presenter and lays out its tree.
+    ViewController(Document& document, const Platform& platform);
+    ~ViewController() override;
+    ViewController(const ViewController&) = delete;
+    ViewController& operator=(const ViewController&) = delete;
+
+    /// The window that shows this controller, made for it; it must be there from before the first command to
+    /// after the last. Fills in what the window shows besides rows.
+    void setWindow(DocumentWindow* window);
+    DocumentWindow* getWindow() const { return window_; }
+
+    Document& document() const { return document_; }
+    Bookmark& getMaster() const { return document_.getMaster(); }
+
+    /// The operations that menus reach by name.
+    const ActionTable& actions() const { return actions_; }
+
+    // DocumentPresenter
+
+    void setMaster(Bookmark& master) override;
+    void documentStateChanged() override;
+
+    // Rows
+
+    std::size_t numberOfRows() const { return rows_.size(); }
+    Bookmark& itemAtRow(std::size_t row) const { return rows_.at(row); }
+    /// Nothing for an item that is not shown.
+    std::optional<std::size_t> rowForItem(const Bookmark& item) const { return rows_.rowOf(item); }
+    bool isExpandable(const Bookmark& item) const { return item.isFolder(); }
+    /// How deep a row stands, 0 for the top level. Counting stops at `kDeepestIndent`: what lies deeper is
+    /// drawn there.
+    int levelForRow(std::size_t row) const;
+    static constexpr int kDeepestIndent = 48;
+    /// The first row from `start` on, going round, whose name begins with `prefix`, ignoring case. For typing
+    /// ahead.
+    std::optional<std::size_t> rowWithPrefix(const std::string& prefix, std::size_t start) const;
+
+    // Presentation
+
+    /// What the cell shows. Selected rows show their texts without the label's colour.
+    CellContent viewForTableColumn(Column column, std::size_t row, bool selected) const;
+    /// The tool tip of the cell as a whole; images in it may have their own (CellContent). Empty for none.
+    Text toolTipForCell(Column column, std::size_t row) const;
+    OutlineFont font() const;
+    /// The height of every row in points of 1/72 inch. At font size 11 it is 17, and that is stored.
+    double rowHeight();
+
+    // Expanding. Items that are no folders, or are in the wanted state already, are passed over. Each item
+    // that changes makes the document dirty if the setting "RememberDesktop" is on.
+
+    void expandItem(Bookmark& item);
+    void collapseItem(Bookmark& item);
+    /// The same with every folder below the item.
+    void expandItemWithChildren(Bookmark& item);
+    void collapseItemWithChildren(Bookmark& item);
+    /// The four commands act on the selected rows; without any they show the no-selected-folder alert.
+    void expandFolder();
+    void expandFolderPlus();
+    void collapseFolder();
+    void collapseFolderPlus();
+    void expandAll();
+    void collapseAll();
+
+    // The URL field
+
+    /// The pointer is over the outline: over this row, or over none.
+    void mouseMoved(std::optional<std::size_t> row);
+    void mouseExited();
+    void selectionDidChange();
+    /// "3 bookmarks in 2 folders" for the whole document.
+    std::string countsText();
+
+    // Export
+
+    /// The document as a Netscape bookmark file, sorted by name where the setting "ExportSortName" says so.
+    std::string exportToHTML() const;
+
+    // Alerts
+
+    void noSelection();
+    void noSelectedFolder();
+
+    /// Records one change on the document. Every command on the tree ends with it.
+    void makeDirty();
+
+private:
+    struct Counts {
+        std::size_t bookmarks = 0;
+        std::size_t folders = 0;
+    };
+
+    void addActions();
+    OutlineView& outline() const { return window_->outline(); }
+    void selectionAlert(const char* informativeKey);
+    CellContent nameCell(const Bookmark& item, const std::optional<LabelColor>& color) const;
+    void changeExpansion(Bookmark& item, ExpansionChange change);
+    void changeSelectedExpansion(ExpansionChange change);
+    void changeWholeExpansion(ExpansionChange change);
+    void replaceRowsBelow(std::size_t row, std::size_t shownBefore);
+    void reloadKeepingSelection();
+    void rememberDesktop(std::size_t changes);
+    std::vector<Bookmark*> selectedItems(std::size_t from, std::size_t to) const;
+    void selectItems(const std::vector<Bookmark*>& items);
+    Counts countNodes() const;
+    void updateURL();
+    void setURLFieldText(std::string text);
+
+    Document& document_;
+    const Platform platform_;
+    ActionTable actions_;
+    DocumentWindow* window_ = nullptr;
+    VisibleRows rows_;
+    std::optional<Counts> counts_;
+    std::optional<std::size_t> hoveredRow_;
+    std::string urlFieldText_;
+};
+
+} // namespace tabulon

@@ -1,0 +1,73 @@
+// The window's URL field: the address under the pointer or of the current row, else what the document holds.
+#include "model/TreeWalk.h"
+#include "window/ViewController.h"
+
+namespace tabulon {
+namespace {
+
+std::string countText(const Localization& texts, std::string_view key, std::size_t count) {
+    std::string text = texts.text(key);
+    if (const auto mark = text.find("%d"); mark != std::string::npos)
+        text.replace(mark, 2, std::to_string(count));
+    return text;
+}
+
+std::string urlToShow(const Bookmark& item) {
+    return item.isFolder() ? std::string() : item.itemURL().string();
+}
+
+} // namespace
+
+ViewController::Counts ViewController::countNodes() const {
+    Counts counts;
+    walkBelow(getMaster(), [&](const Bookmark& item) {
+        if (item.isFolder())
+            ++counts.folders;
+        else if (!item.isSeparator())
+            ++counts.bookmarks;
+        return item.isFolder();
+    });
+    return counts;
+}
+
+std::string ViewController::countsText() {
+    if (!counts_)
+        counts_ = countNodes();
+    const Localization& texts = platform_.base.texts;
+    return countText(texts, "%d bookmarks", counts_->bookmarks) + " " + texts.text("in") + " " +
+           countText(texts, "%d folders", counts_->folders);
+}
+
+void ViewController::mouseMoved(std::optional<std::size_t> row) {
+    if (!row)
+        setURLFieldText(countsText());
+    else if (row != hoveredRow_)
+        setURLFieldText(urlToShow(rows_.at(*row)));
+    hoveredRow_ = row;
+}
+
+void ViewController::mouseExited() {
+    hoveredRow_.reset();
+    if (outline().selectedRow())
+        updateURL();
+    else
+        setURLFieldText(countsText());
+}
+
+void ViewController::selectionDidChange() {
+    updateURL();
+}
+
+void ViewController::updateURL() {
+    if (const auto row = outline().selectedRow())
+        setURLFieldText(urlToShow(rows_.at(*row)));
+}
+
+void ViewController::setURLFieldText(std::string text) {
+    if (text == urlFieldText_)
+        return;
+    urlFieldText_ = std::move(text);
+    window_->setURLFieldText(urlFieldText_);
+}
+
+} // namespace tabulon
