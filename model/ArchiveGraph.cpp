@@ -112,19 +112,13 @@ Text Graph::decodeText(const Object& object) {
 }
 
 Text Graph::text(std::uint64_t uid) {
-    if (uid >= states_.size()) {
-        archived(uid);
-        return {};
-    }
-    if (states_[uid] == State::Text)
-        return texts_[uid];
-    if (states_[uid] == State::NotAText)
-        return {};
+    // A short text is decoded for each that refers to it: keeping track would cost more than its bytes.
+    constexpr std::size_t kLong = 64;
+    if (uid < longTexts_.size() && !longTexts_[uid].isNull())
+        return longTexts_[uid];
     Text result = decodeText(archived(uid));
-    if (states_[uid] == State::Untouched || states_[uid] == State::NotADate) {
-        states_[uid] = result.isNull() ? State::NotAText : State::Text;
-        texts_[uid] = result;
-    }
+    if (result.view().size() > kLong)
+        longTexts_[uid] = result;
     return result;
 }
 
@@ -142,20 +136,7 @@ Date Graph::decodeDate(const Object& object) {
 }
 
 Date Graph::date(std::uint64_t uid) {
-    if (uid >= states_.size()) {
-        archived(uid);
-        return {};
-    }
-    if (states_[uid] == State::Date)
-        return dates_[uid];
-    if (states_[uid] == State::NotADate || states_[uid] == State::Text)
-        return {};
-    const Date result = decodeDate(archived(uid));
-    if (states_[uid] == State::Untouched || states_[uid] == State::NotAText) {
-        states_[uid] = result.isNull() ? State::NotADate : State::Date;
-        dates_[uid] = result;
-    }
-    return result;
+    return decodeDate(archived(uid));
 }
 
 Graph::Object Graph::arrayBehind(std::uint64_t uid) {
@@ -179,9 +160,7 @@ Result<std::uint64_t> Graph::open() {
     const Object root = find(find(top, Key::ArchiveTop), Key::Root);
     if (objects_.kind != Kind::Array || root.kind != Kind::Uid)
         return notAnArchive;
-    states_.assign(objects_.value, State::Untouched);
-    texts_.resize(objects_.value);
-    dates_.resize(objects_.value);
+    longTexts_.resize(objects_.value);
     return root.value;
 }
 

@@ -8,6 +8,7 @@
 #include "model/Error.h"
 #include "model/Text.h"
 
+#include <cstring>
 #include <string>
 #include <utility>
 #include <vector>
@@ -41,7 +42,8 @@ public:
     /// The references of an archived array; Damaged for anything else, which is noted only when the bytes are
     /// wrong.
     Object arrayBehind(std::uint64_t uid);
-    /// The text or date with this number, shared between all who ask for it; null for anything else.
+    /// The text or date with this number, null for anything else. A long text is shared between all who ask
+    /// for it.
     Text text(std::uint64_t uid);
     Date date(std::uint64_t uid);
 
@@ -53,8 +55,16 @@ public:
     Object element(const Object& container, std::uint64_t index) const {
         return plist_.object(plist_.reference(container, index));
     }
+    std::uint64_t idAt(const Object& container, std::uint64_t index) const {
+        return plist_.reference(container, index);
+    }
+    Object object(std::uint64_t id) const { return plist_.object(id); }
     Key keyAt(const Object& dictionary, std::uint64_t index) {
         return keyOf(plist_.reference(dictionary, index));
+    }
+    /// True when two dictionaries of as many pairs name the same keys in the same order.
+    bool sameKeys(const Object& a, const Object& b) const {
+        return std::memcmp(a.bytes, b.bytes, a.value * plist_.referenceSize()) == 0;
     }
     /// Counts a container's references as looked at; false when that is more than the file can hold.
     bool chargeReferences(const Object& container) { return charge(plist_.referenceBytes(container)); }
@@ -65,8 +75,6 @@ public:
     tl::unexpected<Error> damage() const { return failure("The file is damaged: " + problem_); }
 
 private:
-    enum class State : std::uint8_t { Untouched, Text, NotAText, Date, NotADate };
-
     bool charge(std::uint64_t bytes);
     Text decodeText(const Object& object);
     Date decodeDate(const Object& object);
@@ -76,9 +84,7 @@ private:
     std::vector<std::uint8_t>
         keys_;       // by object number of the property list: the Key plus 1, 0 while not looked up
     Object objects_; // the archive's "$objects"
-    std::vector<State> states_; // this and the next two by uid
-    std::vector<Text> texts_;
-    std::vector<Date> dates_;
+    std::vector<Text> longTexts_; // by uid, null while not decoded
     std::vector<std::pair<std::uint64_t, Class>> classes_;
     std::string problem_;
 };

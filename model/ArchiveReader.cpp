@@ -21,11 +21,15 @@ public:
     Result<Ref<Bookmark>> readTree(std::uint64_t rootUid);
 
 private:
+    static constexpr std::uint64_t kNoId = ~std::uint64_t{0};
+
     struct Pending {
         Bookmark* node;
         std::uint64_t uid;
     };
 
+    const std::vector<Key>& keysOf(const Object& dictionary);
+    const Object& valueAt(const Object& dictionary, std::uint64_t index);
     bool readNode(Bookmark& node, std::uint64_t uid);
     bool readValue(Bookmark& node, Key key, const Object& value);
     bool readReference(Bookmark& node, Key key, std::uint64_t uid);
@@ -36,6 +40,9 @@ private:
     Graph& graph_;
     std::vector<std::uint8_t> isNode_; // by uid: 1 for the objects that stand in the tree
     std::vector<Pending> pending_;
+    Object lastDictionary_; // whose keys `lastKeys_` are
+    std::vector<Key> lastKeys_;
+    std::vector<std::pair<std::uint64_t, Object>> lastValues_;
 };
 
 bool Reader::addChild(Bookmark& node, const Object& reference) {
@@ -148,16 +155,42 @@ bool Reader::readValue(Bookmark& node, Key key, const Object& value) {
     }
 }
 
+// Value number `index` of a dictionary whose keys were just looked up. Most of a node's values (null, small
+// codes, the class) are the very objects that the node before has in the same place.
+const Object& Reader::valueAt(const Object& dictionary, std::uint64_t index) {
+    const std::uint64_t id = graph_.idAt(dictionary, dictionary.value + index);
+    auto& [lastId, value] = lastValues_[index];
+    if (id != lastId) {
+        lastId = id;
+        value = graph_.object(id);
+    }
+    return value;
+}
+
+// The keys of a node's dictionary. Nodes of one writer have the same ones in the same order, so mostly these
+// are those of the node before.
+const std::vector<Key>& Reader::keysOf(const Object& dictionary) {
+    if (dictionary.value != lastDictionary_.value || !graph_.sameKeys(dictionary, lastDictionary_)) {
+        lastKeys_.clear();
+        for (std::uint64_t i = 0; i < dictionary.value; ++i)
+            lastKeys_.push_back(graph_.keyAt(dictionary, i));
+        lastValues_.assign(dictionary.value, {kNoId, Object{}});
+        lastDictionary_ = dictionary;
+    }
+    return lastKeys_;
+}
+
 bool Reader::readNode(Bookmark& node, std::uint64_t uid) {
     const Object dictionary = graph_.archived(uid);
     if (dictionary.kind != Kind::Dictionary || !graph_.chargeReferences(dictionary))
         return graph_.damaged("something that is no bookmark stands in its tree.");
     Class kind = Class::Unknown;
-    for (std::uint64_t i = 0; i < dictionary.value; ++i) {
-        const Key key = graph_.keyAt(dictionary, i);
+    const std::vector<Key>& keys = keysOf(dictionary);
+    for (std::uint64_t i = 0; i < keys.size(); ++i) {
+        const Key key = keys[i];
         if (key > Key::Class)
             continue;
-        const Object value = graph_.element(dictionary, dictionary.value + i);
+        const Object& value = valueAt(dictionary, i);
         if (key != Key::Class) {
             if (!readValue(node, key, value))
                 return false;

@@ -14,6 +14,22 @@ namespace {
 
 using archive::Key;
 
+constexpr std::size_t kVersionClass = 0;
+constexpr std::size_t kBookmarkClass = 1;
+constexpr std::size_t kBookmark2Class = 2;
+constexpr std::size_t kArrayClass = 3;
+constexpr std::size_t kMutableArrayClass = 4;
+constexpr std::size_t kDateClass = 5;
+/// Each class with its ancestors, by the numbers above.
+constexpr std::array<std::array<std::string_view, 3>, 6> kClasses = {{
+    {"FileVersion", "NSObject"},
+    {"Bookmark", "NSObject"},
+    {"Bookmark2", "Bookmark", "NSObject"},
+    {"NSArray", "NSObject"},
+    {"NSMutableArray", "NSArray", "NSObject"},
+    {"NSDate", "NSObject"},
+}};
+
 struct Extent {
     std::uint64_t objects = 128; // keys, classes, the version record and the frame, and small numbers
     std::size_t bytes = 4096;
@@ -21,19 +37,13 @@ struct Extent {
     void add(const Bookmark& node) {
         std::uint64_t fields = 0;
         for (const Text* text : {&node.itemName(), &node.itemURL(), &node.itemNote(), &node.itemTags()})
-            if (!text->isNull()) {
-                ++fields;
-                bytes += text->view().size() + 24;
-            }
+            fields += text->isNull() ? 0 : 1;
         for (const Date date :
              {node.itemDateAdded(), node.itemDateModified(), node.itemLastChecked(), node.itemLastOpened()})
-            if (!date.isNull()) {
-                fields += 2;
-                bytes += 60;
-            }
+            fields += date.isNull() ? 0 : 2;
         // The node and its reference, what its fields refer to, its list of children, five codes.
         objects += 2 + 2 * fields + 3 + 5;
-        bytes += 200;
+        bytes += 300 + 40 * fields;
     }
 };
 
@@ -53,6 +63,9 @@ public:
         for (std::size_t key = 0; key < archive::kKeyCount; ++key)
             keys_[key] = plist_.writeText(archive::kKeyNames[key]);
         objects_.push_back(plist_.writeText("$null"));
+        nodeKeys_ = plist_.layOutKeys(keys_.data(), archive::kNodeKeyCount);
+        dateKeys_ = plist_.layOutKeys({key(Key::Time), key(Key::Class)});
+        arrayKeys_ = plist_.layOutKeys({key(Key::Objects), key(Key::Class)});
         null_ = plist_.writeUid(0);
         false_ = plist_.writeBoolean(false);
         true_ = plist_.writeBoolean(true);
@@ -84,17 +97,20 @@ private:
     std::uint64_t children(const Bookmark& node, std::vector<Level>& levels);
     std::uint64_t textReference(const Text& text);
     std::uint64_t dateReference(Date date);
-    std::uint64_t arrayObject(std::uint64_t elements, const std::string& className);
+    std::uint64_t arrayObject(std::uint64_t elements, std::size_t name);
     std::uint64_t integer(std::int64_t value);
     std::uint64_t boolean(bool value) const { return value ? true_ : false_; }
-    std::uint64_t classReference(const std::string& name);
+    std::uint64_t classReference(std::size_t name);
     void writeVersion(std::uint64_t uid);
     std::string finish();
 
     PlistWriter plist_;
     std::array<std::uint64_t, archive::kKeyCount> keys_{};
     std::vector<std::uint64_t> objects_; // by uid: the object's number in the property list
-    std::map<std::string, std::uint64_t> classes_;
+    PlistWriter::Keys nodeKeys_;
+    PlistWriter::Keys dateKeys_;
+    PlistWriter::Keys arrayKeys_;
+    std::array<std::uint64_t, kClasses.size()> classes_{}; // 0 while not written
     std::map<std::int64_t, std::uint64_t> integers_;
     std::array<std::uint64_t, 256> bytes_{};
     std::uint64_t null_ = 0;
@@ -111,20 +127,19 @@ std::uint64_t Writer::integer(std::int64_t value) {
 }
 
 // The reference to a class, whose description is written where it is first asked for.
-std::uint64_t Writer::classReference(const std::string& name) {
-    if (const auto known = classes_.find(name); known != classes_.end())
-        return known->second;
-    static const std::map<std::string, std::string> kParents = {{"Bookmark2", "Bookmark"},
-                                                                {"NSMutableArray", "NSArray"}};
-    std::vector<std::uint64_t> ancestry{plist_.writeText(name)};
-    if (const auto parent = kParents.find(name); parent != kParents.end())
-        ancestry.push_back(plist_.writeText(parent->second));
-    ancestry.push_back(plist_.writeText("NSObject"));
-    const std::array keys{key(Key::ClassName), key(Key::Classes)};
-    const std::array values{ancestry.front(), plist_.writeArray(ancestry)};
+std::uint64_t Writer::classReference(std::size_t name) {
+    std::uint64_t& reference = classes_[name];
+    if (reference != 0)
+        return reference;
+    std::vector<std::uint64_t> ancestry;
+    for (const std::string_view ancestor : kClasses[name])
+        if (!ancestor.empty())
+            ancestry.push_back(plist_.writeText(ancestor));
+    const std::uint64_t array = plist_.writeArray(ancestry);
+    const auto keys = plist_.layOutKeys({key(Key::ClassName), key(Key::Classes)});
     const std::uint64_t uid = newUid();
-    objects_[uid] = plist_.writeDictionary(keys.data(), values.data(), 2);
-    return classes_[name] = plist_.writeUid(uid);
+    objects_[uid] = plist_.writeDictionary(keys, {ancestry.front(), array});
+    return reference = plist_.writeUid(uid);
 }
 
 std::uint64_t Writer::textReference(const Text& text) {
@@ -138,17 +153,15 @@ std::uint64_t Writer::textReference(const Text& text) {
 std::uint64_t Writer::dateReference(Date date) {
     if (date.isNull())
         return null_;
-    const std::array keys{key(Key::Time), key(Key::Class)};
-    const std::array values{plist_.writeReal(date.referenceSeconds()), classReference("NSDate")};
+    const std::uint64_t time = plist_.writeReal(date.referenceSeconds());
     const std::uint64_t uid = newUid();
-    objects_[uid] = plist_.writeDictionary(keys.data(), values.data(), 2);
+    objects_[uid] = plist_.writeDictionary(dateKeys_, {time, classReference(kDateClass)});
     return plist_.writeUid(uid);
 }
 
-std::uint64_t Writer::arrayObject(std::uint64_t elements, const std::string& className) {
-    const std::array keys{key(Key::Objects), key(Key::Class)};
-    const std::array values{elements, classReference(className)};
-    return plist_.writeDictionary(keys.data(), values.data(), 2);
+std::uint64_t Writer::arrayObject(std::uint64_t elements, std::size_t name) {
+    const std::uint64_t reference = classReference(name);
+    return plist_.writeDictionary(arrayKeys_, {elements, reference});
 }
 
 std::uint64_t Writer::children(const Bookmark& node, std::vector<Level>& levels) {
@@ -161,7 +174,7 @@ std::uint64_t Writer::children(const Bookmark& node, std::vector<Level>& levels)
         plist_.writeUid(firstUid + i);
     const std::uint64_t elements = plist_.writeArrayOfConsecutive(firstReference, list->size());
     const std::uint64_t uid = newUid();
-    objects_[uid] = arrayObject(elements, "NSMutableArray");
+    objects_[uid] = arrayObject(elements, kMutableArrayClass);
     levels.push_back({list->begin(), list->end(), firstUid});
     return plist_.writeUid(uid);
 }
@@ -185,9 +198,9 @@ void Writer::writeOne(const Bookmark& node, std::uint64_t uid, std::vector<Level
         boolean(node.showHier()),
         boolean(node.getAutoTab()),
         children(node, levels),
-        classReference(node.isBookmark2() ? "Bookmark2" : "Bookmark"),
+        classReference(node.isBookmark2() ? kBookmark2Class : kBookmarkClass),
     };
-    objects_[uid] = plist_.writeDictionary(keys_.data(), values.data(), values.size());
+    objects_[uid] = plist_.writeDictionary(nodeKeys_, values.data());
 }
 
 void Writer::writeTree(const Bookmark& root, std::uint64_t uid) {
@@ -206,22 +219,22 @@ void Writer::writeTree(const Bookmark& root, std::uint64_t uid) {
 }
 
 void Writer::writeVersion(std::uint64_t uid) {
-    const std::array keys{key(Key::Version), key(Key::SortOrder), key(Key::FileType), key(Key::Class)};
-    const std::array values{integer(archive::kDocumentVersion), integer(0),
-                            integer(archive::kDocumentFileType), classReference("FileVersion")};
-    objects_[uid] = plist_.writeDictionary(keys.data(), values.data(), keys.size());
+    const auto keys =
+        plist_.layOutKeys({key(Key::Version), key(Key::SortOrder), key(Key::FileType), key(Key::Class)});
+    objects_[uid] =
+        plist_.writeDictionary(keys, {integer(archive::kDocumentVersion), integer(0),
+                                      integer(archive::kDocumentFileType), classReference(kVersionClass)});
 }
 
 std::string Writer::finish() {
     const std::uint64_t objects = plist_.writeArray(objects_);
-    const std::uint64_t rootKey = key(Key::Root);
-    const std::uint64_t rootUid = plist_.writeUid(1);
-    const std::array keys{key(Key::ArchiveVersion), key(Key::ArchiveArchiver), key(Key::ArchiveTop),
-                          key(Key::ArchiveObjects)};
-    const std::array values{plist_.writeInteger(archive::kArchiverVersion),
-                            plist_.writeText(archive::kArchiverName),
-                            plist_.writeDictionary(&rootKey, &rootUid, 1), objects};
-    return plist_.finish(plist_.writeDictionary(keys.data(), values.data(), keys.size()));
+    const std::uint64_t top =
+        plist_.writeDictionary(plist_.layOutKeys({key(Key::Root)}), {plist_.writeUid(1)});
+    const std::uint64_t version = plist_.writeInteger(archive::kArchiverVersion);
+    const std::uint64_t archiver = plist_.writeText(archive::kArchiverName);
+    const auto keys = plist_.layOutKeys({key(Key::ArchiveVersion), key(Key::ArchiveArchiver),
+                                         key(Key::ArchiveTop), key(Key::ArchiveObjects)});
+    return plist_.finish(plist_.writeDictionary(keys, {version, archiver, top, objects}));
 }
 
 std::string Writer::writeDocument(const Bookmark& master) {
@@ -229,7 +242,7 @@ std::string Writer::writeDocument(const Bookmark& master) {
     const std::uint64_t elements = reserveUids(2);
     const std::uint64_t firstReference = plist_.writeUid(elements);
     plist_.writeUid(elements + 1);
-    objects_[root] = arrayObject(plist_.writeArrayOfConsecutive(firstReference, 2), "NSArray");
+    objects_[root] = arrayObject(plist_.writeArrayOfConsecutive(firstReference, 2), kArrayClass);
     writeVersion(elements);
     writeTree(master, elements + 1);
     return finish();

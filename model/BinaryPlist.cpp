@@ -7,26 +7,23 @@ namespace tabulon {
 namespace {
 
 constexpr std::string_view kMagic = "bplist0";
-constexpr std::size_t kHeaderSize = 8;
 constexpr std::size_t kTrailerSize = 32;
 
 std::string utf8FromBigEndianUtf16(const std::uint8_t* bytes, std::size_t units) {
     const auto unit = [bytes](std::size_t i) {
         return static_cast<char16_t>(bytes[2 * i] << 8 | bytes[2 * i + 1]);
     };
-    std::string result;
-    result.reserve(units * 2);
+    std::string result(units * 3, '\0');
+    std::size_t length = 0;
     for (std::size_t i = 0; i < units; ++i) {
         UChar32 character = unit(i);
         if (U16_IS_LEAD(character) && i + 1 < units && U16_IS_TRAIL(unit(i + 1)))
             character = U16_GET_SUPPLEMENTARY(character, unit(++i));
         else if (U16_IS_SURROGATE(character))
             character = 0xFFFD;
-        char buffer[4];
-        int length = 0;
-        U8_APPEND_UNSAFE(buffer, length, character);
-        result.append(buffer, static_cast<std::size_t>(length));
+        U8_APPEND_UNSAFE(result.data(), length, character);
     }
+    result.resize(length);
     return result;
 }
 
@@ -55,13 +52,7 @@ Result<BinaryPlist> BinaryPlist::open(std::string_view data) {
     return plist;
 }
 
-BinaryPlist::Object BinaryPlist::object(std::uint64_t id) const {
-    if (id >= objectCount_)
-        return {};
-    const std::uint64_t position = bigEndian(data_ + tableOffset_ + id * offsetSize_, offsetSize_);
-    if (position < kHeaderSize || position >= tableOffset_)
-        return {};
-    const std::uint8_t marker = data_[position];
+BinaryPlist::Object BinaryPlist::objectAt(std::uint64_t position, std::uint8_t marker) const {
     const std::uint8_t nibble = marker & 0x0F;
     switch (marker >> 4) {
     case 0x4:
@@ -107,10 +98,6 @@ BinaryPlist::Object BinaryPlist::number(std::uint64_t position, std::uint8_t mar
         if (marker == 0x33 && fits(position + 1, 8))
             return {Kind::Date, 0, std::bit_cast<double>(bigEndian(value, 8))};
         return {};
-    case 0x8:
-        if (nibble > 7 || !fits(position + 1, nibble + 1))
-            return {};
-        return {Kind::Uid, bigEndian(value, nibble + 1)};
     default:
         return {};
     }

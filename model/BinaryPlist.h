@@ -54,7 +54,18 @@ public:
     std::size_t referenceSize() const { return referenceSize_; }
 
     /// Object number `id`; Damaged when the number is out of range.
-    Object object(std::uint64_t id) const;
+    Object object(std::uint64_t id) const {
+        if (id >= objectCount_)
+            return {};
+        const std::uint64_t position = bigEndian(data_ + tableOffset_ + id * offsetSize_, offsetSize_);
+        if (position < kHeaderSize || position >= tableOffset_)
+            return {};
+        const std::uint8_t marker = data_[position];
+        // References are half of an archive: they go straight through.
+        if ((marker & 0xF8) == 0x80 && fits(position + 1, (marker & 7) + 1))
+            return {Kind::Uid, bigEndian(data_ + position + 1, (marker & 7) + 1)};
+        return objectAt(position, marker);
+    }
 
     /// Reference number `index` of a container: an object number, not yet checked. Requires an index below
     /// the count of an Array, or below twice the count of a Dictionary.
@@ -76,6 +87,9 @@ public:
     static bool textEquals(const Object& object, std::string_view ascii);
 
 private:
+    static constexpr std::size_t kHeaderSize = 8;
+
+    Object objectAt(std::uint64_t position, std::uint8_t marker) const;
     // Eight bytes are read whatever the width: the trailer keeps them inside the data.
     static std::uint64_t bigEndian(const std::uint8_t* bytes, std::size_t width) {
         std::uint64_t word = 0;

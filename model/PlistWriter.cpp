@@ -1,5 +1,7 @@
 #include "model/PlistWriter.h"
 
+#include "model/Text.h"
+
 #include <unicode/utf16.h>
 #include <unicode/utf8.h>
 
@@ -22,28 +24,25 @@ std::uint8_t logarithm(std::size_t width) {
     return static_cast<std::uint8_t>(std::countr_zero(width));
 }
 
-bool isAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
 std::string bigEndianUtf16(std::string_view utf8) {
-    std::string units;
-    units.reserve(utf8.size() * 2);
-    const auto append = [&units](std::uint32_t unit) {
-        units += static_cast<char>(unit >> 8);
-        units += static_cast<char>(unit & 0xFF);
+    std::string units(utf8.size() * 2, '\0');
+    char* out = units.data();
+    const auto put = [&out](std::uint32_t unit) {
+        *out++ = static_cast<char>(unit >> 8);
+        *out++ = static_cast<char>(unit & 0xFF);
     };
     const auto* data = reinterpret_cast<const std::uint8_t*>(utf8.data());
     for (std::size_t i = 0; i < utf8.size();) {
         UChar32 character = 0;
         U8_NEXT_OR_FFFD(data, i, utf8.size(), character);
         if (U_IS_BMP(character)) {
-            append(static_cast<std::uint32_t>(character));
+            put(static_cast<std::uint32_t>(character));
         } else {
-            append(U16_LEAD(character));
-            append(U16_TRAIL(character));
+            put(U16_LEAD(character));
+            put(U16_TRAIL(character));
         }
     }
+    units.resize(static_cast<std::size_t>(out - units.data()));
     return units;
 }
 
@@ -56,13 +55,27 @@ PlistWriter::PlistWriter(std::uint64_t mostObjects, std::size_t bytes)
     bytes_ = "bplist00";
 }
 
+// Big-endian numbers, gathered in a small buffer: appending each to the file by itself would take most of a
+// save.
+template <class Number>
+void PlistWriter::appendNumbersTo(std::string& out, std::size_t count, std::size_t width, Number number) {
+    constexpr std::size_t kStep = 64;
+    char buffer[kStep * 8 + 8];
+    for (std::size_t done = 0; done < count;) {
+        const std::size_t end = std::min(done + kStep, count);
+        char* at = buffer;
+        for (; done < end; ++done, at += width) {
+            std::uint64_t word = number(done) << (64 - 8 * width);
+            if constexpr (std::endian::native == std::endian::little)
+                word = __builtin_bswap64(word);
+            std::memcpy(at, &word, 8);
+        }
+        out.append(buffer, static_cast<std::size_t>(at - buffer));
+    }
+}
+
 void PlistWriter::appendNumber(std::uint64_t value, std::size_t width) {
-    std::uint64_t word = value << (64 - 8 * width);
-    if constexpr (std::endian::native == std::endian::little)
-        word = __builtin_bswap64(word);
-    char bytes[8];
-    std::memcpy(bytes, &word, 8);
-    bytes_.append(bytes, width);
+    appendNumbers(1, width, [value](std::size_t) { return value; });
 }
 
 void PlistWriter::appendMarker(std::uint8_t kind, std::uint64_t count) {
@@ -136,27 +149,29 @@ std::uint64_t PlistWriter::writeUid(std::uint64_t value) {
 std::uint64_t PlistWriter::writeArray(const std::vector<std::uint64_t>& elements) {
     const std::uint64_t id = begin();
     appendMarker(0xA0, elements.size());
-    for (const std::uint64_t element : elements)
-        appendReference(element);
+    appendNumbers(elements.size(), referenceSize_, [&](std::size_t i) { return elements[i]; });
     return id;
 }
 
 std::uint64_t PlistWriter::writeArrayOfConsecutive(std::uint64_t first, std::uint64_t count) {
     const std::uint64_t id = begin();
     appendMarker(0xA0, count);
-    for (std::uint64_t i = 0; i < count; ++i)
-        appendReference(first + i);
+    appendNumbers(count, referenceSize_, [&](std::size_t i) { return first + i; });
     return id;
 }
 
-std::uint64_t PlistWriter::writeDictionary(const std::uint64_t* keys, const std::uint64_t* values,
-                                           std::size_t count) {
+PlistWriter::Keys PlistWriter::layOutKeys(const std::uint64_t* keys, std::size_t count) const {
+    Keys laidOut;
+    laidOut.count_ = count;
+    appendNumbersTo(laidOut.bytes_, count, referenceSize_, [&](std::size_t i) { return keys[i]; });
+    return laidOut;
+}
+
+std::uint64_t PlistWriter::writeDictionary(const Keys& keys, const std::uint64_t* values) {
     const std::uint64_t id = begin();
-    appendMarker(0xD0, count);
-    for (std::size_t i = 0; i < count; ++i)
-        appendReference(keys[i]);
-    for (std::size_t i = 0; i < count; ++i)
-        appendReference(values[i]);
+    appendMarker(0xD0, keys.count_);
+    bytes_ += keys.bytes_;
+    appendNumbers(keys.count_, referenceSize_, [&](std::size_t i) { return values[i]; });
     return id;
 }
 
@@ -164,8 +179,7 @@ std::string PlistWriter::finish(std::uint64_t topObject) {
     const std::uint64_t tableOffset = bytes_.size();
     const std::size_t offsetSize = widthFor(tableOffset);
     bytes_.reserve(bytes_.size() + offsets_.size() * offsetSize + 32);
-    for (const std::uint64_t offset : offsets_)
-        appendNumber(offset, offsetSize);
+    appendNumbers(offsets_.size(), offsetSize, [&](std::size_t i) { return offsets_[i]; });
     bytes_.append(6, '\0');
     bytes_ += static_cast<char>(offsetSize);
     bytes_ += static_cast<char>(referenceSize_);

@@ -4,6 +4,7 @@
 
 #include <bit>
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,8 +31,25 @@ public:
     std::uint64_t writeArray(const std::vector<std::uint64_t>& elements);
     /// `count` elements with consecutive numbers from `first`.
     std::uint64_t writeArrayOfConsecutive(std::uint64_t first, std::uint64_t count);
-    /// Keys first, then values, as many of each.
-    std::uint64_t writeDictionary(const std::uint64_t* keys, const std::uint64_t* values, std::size_t count);
+    /// The keys of dictionaries that come often, laid out once. Made by the writer that it is used with.
+    class Keys {
+    public:
+        std::size_t count() const { return count_; }
+
+    private:
+        friend class PlistWriter;
+        std::string bytes_;
+        std::size_t count_ = 0;
+    };
+    Keys layOutKeys(std::initializer_list<std::uint64_t> keys) const {
+        return layOutKeys(keys.begin(), keys.size());
+    }
+    Keys layOutKeys(const std::uint64_t* keys, std::size_t count) const;
+    /// As many values, by number, as there are keys.
+    std::uint64_t writeDictionary(const Keys& keys, std::initializer_list<std::uint64_t> values) {
+        return writeDictionary(keys, values.begin());
+    }
+    std::uint64_t writeDictionary(const Keys& keys, const std::uint64_t* values);
 
     std::uint64_t objectCount() const { return offsets_.size(); }
 
@@ -45,7 +63,12 @@ private:
     }
     void appendMarker(std::uint8_t kind, std::uint64_t count);
     void appendNumber(std::uint64_t value, std::size_t width);
-    void appendReference(std::uint64_t id) { appendNumber(id, referenceSize_); }
+    template <class Number>
+    void appendNumbers(std::size_t count, std::size_t width, Number number) {
+        appendNumbersTo(bytes_, count, width, number);
+    }
+    template <class Number>
+    static void appendNumbersTo(std::string& out, std::size_t count, std::size_t width, Number number);
 
     std::string bytes_;
     std::vector<std::uint64_t> offsets_;

@@ -50,6 +50,10 @@ void Text::destroy(Block* block) noexcept {
     releaseMemory(block, sizeof(Block) + block->size);
 }
 
+bool isAscii(std::string_view bytes) {
+    return asciiPrefix(bytes) == bytes.size();
+}
+
 bool isValidUtf8(std::string_view bytes) {
     const auto* data = reinterpret_cast<const std::uint8_t*>(bytes.data());
     std::size_t i = asciiPrefix(bytes);

@@ -78,6 +78,9 @@ private:
 /// `bytes` as valid UTF-8: each maximal malformed part replaced by U+FFFD. Valid input comes back unchanged.
 std::string decodeUtf8Leniently(std::string_view bytes);
 
+/// True when no byte is above 127.
+bool isAscii(std::string_view bytes);
+
 /// True when `bytes` is well-formed UTF-8.
 bool isValidUtf8(std::string_view bytes);
 

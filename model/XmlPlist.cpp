@@ -199,7 +199,8 @@ bool Converter::addKey(const pugi::xml_node& element) {
 
 std::uint64_t Converter::close(const Container& container) {
     if (container.isDictionary)
-        return plist_.writeDictionary(container.keys.data(), container.values.data(), container.keys.size());
+        return plist_.writeDictionary(plist_.layOutKeys(container.keys.data(), container.keys.size()),
+                                      container.values.data());
     return plist_.writeArray(container.values);
 }
 
