@@ -1,0 +1,89 @@
+// The application: the one object that lives for the whole run. Start and end, the menus, opening files of
+// every kind, importing. Split by concern: _menus, _opening. Documents and their windows are
+// DocumentController's.
+#pragma once
+
+#include "app/DocumentController.h"
+#include "formats/import/NetscapeScanner.h"
+#include "platform/Menu.h"
+#include "platform/Platform.h"
+#include "window/ActionTable.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tabulon {
+
+/// Paths are absolute and in the file system's encoding.
+class AppDelegate {
+public:
+    /// `version` is shown to people. What is handed in must live longer.
+    AppDelegate(const Platform& platform, DocumentWindowMaker& windows, std::string version);
+
+    DocumentController& documentController() { return documentController_; }
+
+    // Start and end
+
+    /// Opens what the program was started with. Without files, or when none could be opened, an untitled
+    /// document comes up if `applicationShouldOpenUntitledFile` says so, else the open panel; cancelling that
+    /// ends the program.
+    void applicationDidFinishLaunching(const std::vector<std::string>& paths);
+    /// The setting "OpenUntitled", YES where it has no value.
+    bool applicationShouldOpenUntitledFile() const;
+    /// Closes everything, asking about unsaved changes, and ends the program unless the user cancels.
+    void terminate();
+    /// Ends the program's main loop; called once, after the last document was closed.
+    std::function<void()> stop;
+
+    // Opening and importing
+
+    /// Opens a bookmark document or a bookmark file in HTML, told apart by content, then by extension. A file
+    /// that is open already comes to the front. True when there is a window for it now; otherwise an alert
+    /// was shown where one is due.
+    bool openFile(const std::string& path);
+    void openDocumentPanel();
+    void importBookmarks();
+    /// Scans a Netscape bookmark file into a new document; an alert tells when nothing was found in it.
+    Document* scanNetscape(std::string_view bytes);
+    /// A new untitled, changed document with `root` (named "Master" by whoever made it) as its tree, in a
+    /// window. Null when there can be none.
+    Document* newMasterDocument(Ref<Bookmark> root);
+
+    // Menus
+
+    /// The main menu as it is to be shown now.
+    Menu mainMenu();
+    /// Whether the item can be chosen now: asks the current window's outline controller, then the documents,
+    /// then the application; an item that only holds a submenu can.
+    bool validateMenuItem(const MenuItem& item) const;
+    /// Runs the item's action on the first of them that has it, if it is enabled. False when none does.
+    bool performMenuItem(const MenuItem& item);
+
+private:
+    void addActions();
+    const ActionTable* responderTo(std::string_view action) const;
+    bool openBookmarkHTML(const std::string& path, std::string_view bytes);
+    void openFiles(const std::vector<std::string>& paths);
+    void showAboutPanel();
+    std::vector<FileKind> kindsThatPanelsEnable() const;
+    Menu fileMenu();
+    Menu recentMenu();
+    Menu editMenu() const;
+    Menu viewMenu() const;
+    Menu helpMenu() const;
+    MenuItem command(std::string_view titleKey, std::string action, std::string keyEquivalent = {},
+                     KeyModifiers modifiers = {}) const;
+    MenuItem submenu(std::string_view titleKey, Menu menu) const;
+
+    const Platform platform_;
+    const std::string version_;
+    DocumentController documentController_;
+    ActionTable actions_;
+    NetscapeScanner scanner_;
+    bool htmlFlag_ = false;
+    bool terminating_ = false;
+};
+
+} // namespace tabulon

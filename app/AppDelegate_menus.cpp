@@ -1,0 +1,113 @@
+// The main menu as a value, and the way from a chosen item to the code behind it.
+#include "app/AppDelegate.h"
+#include "app/SharedAlerts.h"
+
+namespace tabulon {
+namespace {
+
+constexpr KeyModifiers kCommandShift{.command = true, .shift = true};
+
+} // namespace
+
+void AppDelegate::addActions() {
+    actions_.add("newDocument:",
+                 [this](const MenuItem&) { documentController_.openUntitledDocumentAndDisplay(); });
+    actions_.add("openDocument:", [this](const MenuItem&) { openDocumentPanel(); });
+    actions_.add("openRecentDocument:", [this](const MenuItem& sender) {
+        if (const auto* path = std::get_if<std::string>(&sender.representedObject))
+            openFile(*path);
+    });
+    actions_.add(
+        "clearRecentDocuments:", [this](const MenuItem&) { documentController_.recentDocuments().clear(); },
+        [this](const MenuItem&) { return !documentController_.recentDocuments().paths().empty(); });
+    actions_.add("importBookmarks:", [this](const MenuItem&) { importBookmarks(); });
+    actions_.add("terminate:", [this](const MenuItem&) { terminate(); });
+    actions_.add("orderFrontStandardAboutPanel:", [this](const MenuItem&) { showAboutPanel(); });
+}
+
+const ActionTable* AppDelegate::responderTo(std::string_view action) const {
+    if (const Document* current = documentController_.currentDocument()) {
+        const ViewController* controller = documentController_.viewControllerFor(*current);
+        if (controller && controller->actions().contains(action))
+            return &controller->actions();
+    }
+    if (documentController_.actions().contains(action))
+        return &documentController_.actions();
+    return actions_.contains(action) ? &actions_ : nullptr;
+}
+
+bool AppDelegate::validateMenuItem(const MenuItem& item) const {
+    if (item.action.empty())
+        return item.submenu.has_value();
+    const ActionTable* responder = responderTo(item.action);
+    return responder && responder->validateMenuItem(item);
+}
+
+bool AppDelegate::performMenuItem(const MenuItem& item) {
+    const ActionTable* responder = responderTo(item.action);
+    if (!responder || !responder->validateMenuItem(item))
+        return false;
+    responder->perform(item);
+    return true;
+}
+
+MenuItem AppDelegate::command(std::string_view titleKey, std::string action, std::string keyEquivalent,
+                              KeyModifiers modifiers) const {
+    return MenuItem{.title = platform_.base.texts.text(titleKey),
+                    .action = std::move(action),
+                    .keyEquivalent = std::move(keyEquivalent),
+                    .modifiers = modifiers};
+}
+
+MenuItem AppDelegate::submenu(std::string_view titleKey, Menu menu) const {
+    menu.title = platform_.base.texts.text(titleKey);
+    return MenuItem{.title = menu.title, .submenu = std::move(menu)};
+}
+
+Menu AppDelegate::mainMenu() {
+    return Menu{.title = "Tabulon",
+                .items = {submenu("MenuFile", fileMenu()), submenu("MenuEdit", editMenu()),
+                          submenu("MenuView", viewMenu()), submenu("MenuHelp", helpMenu())}};
+}
+
+Menu AppDelegate::fileMenu() {
+    return Menu{
+        .items = {command("MenuNew", "newDocument:", "n"), command("MenuOpen", "openDocument:", "o"),
+                  submenu("MenuOpenRecent", recentMenu()), MenuItem::makeSeparator(),
+                  command("MenuSave", "saveDocument:", "s"), command("MenuSaveAs", "saveDocumentAs:", "S"),
+                  MenuItem::makeSeparator(), command("MenuImportBookmarks", "importBookmarks:"),
+                  command("MenuExportHTML", "exportHTML:"), MenuItem::makeSeparator(),
+                  command("MenuClose", "performClose:", "w"), command("MenuQuit", "terminate:", "q")}};
+}
+
+Menu AppDelegate::recentMenu() {
+    Menu menu;
+    for (const std::string& path : documentController_.recentDocuments().paths())
+        menu.items.push_back(MenuItem{.title = lastPathComponent(path),
+                                      .action = "openRecentDocument:",
+                                      .representedObject = path,
+                                      .toolTip = decodeUtf8Leniently(path)});
+    if (!menu.items.empty())
+        menu.items.push_back(MenuItem::makeSeparator());
+    menu.items.push_back(command("MenuClearRecent", "clearRecentDocuments:"));
+    return menu;
+}
+
+Menu AppDelegate::editMenu() const {
+    return Menu{.items = {command("MenuSelectAll", "selectAll:", "a")}};
+}
+
+Menu AppDelegate::viewMenu() const {
+    return Menu{.items = {command("MenuExpand", "expandFolder:", "Right"),
+                          command("MenuExpandPlus", "expandFolderPlus:", "Right", kCommandShift),
+                          command("MenuExpandAll", "expandAll:", "E"), MenuItem::makeSeparator(),
+                          command("MenuCollapse", "collapseFolder:", "Left"),
+                          command("MenuCollapsePlus", "collapseFolderPlus:", "Left", kCommandShift),
+                          command("MenuCollapseAll", "collapseAll:", "L")}};
+}
+
+Menu AppDelegate::helpMenu() const {
+    return Menu{.items = {command("MenuAbout", "orderFrontStandardAboutPanel:")}};
+}
+
+} // namespace tabulon

@@ -1,0 +1,98 @@
+// The list of open documents: making, finding, opening. Saving and closing are in
+// DocumentController_saving.cpp and DocumentController_closing.cpp.
+#include "app/DocumentController.h"
+
+#include "app/SharedAlerts.h"
+
+#include <algorithm>
+
+namespace tabulon {
+
+DocumentController::DocumentController(const Platform& platform, DocumentWindowMaker& windows)
+    : platform_(platform), windows_(windows), recentDocuments_(platform.state) {
+    addActions();
+}
+
+DocumentController::~DocumentController() = default;
+
+void DocumentController::addActions() {
+    const auto hasDocument = [this](const MenuItem&) { return current_ != nullptr; };
+    const auto nothing = [](bool) {};
+    actions_.add(
+        "saveDocument:", [=, this](const MenuItem&) { saveDocument(*current_, nothing); }, hasDocument);
+    actions_.add(
+        "saveDocumentAs:", [=, this](const MenuItem&) { saveDocumentAs(*current_, nothing); }, hasDocument);
+    actions_.add(
+        "exportHTML:", [this](const MenuItem&) { exportHTML(*current_); }, hasDocument);
+    actions_.add(
+        "performClose:", [=, this](const MenuItem&) { closeDocument(*current_, nothing); }, hasDocument);
+}
+
+std::vector<Document*> DocumentController::documents() const {
+    std::vector<Document*> result;
+    for (const auto& opened : documents_)
+        result.push_back(&opened->document);
+    return result;
+}
+
+DocumentController::OpenDocument* DocumentController::find(const Document& document) const {
+    const auto found =
+        std::ranges::find_if(documents_, [&](const auto& opened) { return &opened->document == &document; });
+    return found == documents_.end() ? nullptr : found->get();
+}
+
+ViewController* DocumentController::viewControllerFor(const Document& document) const {
+    OpenDocument* opened = find(document);
+    return opened ? &*opened->controller : nullptr;
+}
+
+Document* DocumentController::display(std::unique_ptr<OpenDocument> opened) {
+    opened->controller.emplace(opened->document, platform_);
+    opened->window = windows_.makeWindow(*opened->controller);
+    if (!opened->window)
+        return nullptr;
+    documents_.push_back(std::move(opened));
+    OpenDocument& shown = *documents_.back();
+    shown.controller->setWindow(shown.window.get());
+    current_ = &shown.document;
+    shown.window->show();
+    return &shown.document;
+}
+
+Document* DocumentController::openUntitledDocumentAndDisplay() {
+    return display(std::make_unique<OpenDocument>(platform_.base));
+}
+
+void DocumentController::closeUntouchedDocument() {
+    for (const Document* document : documents()) {
+        const bool untouched =
+            document == untouched_ && !document->isDocumentEdited() && document->fileName().empty();
+        if (untouched && documents_.size() > 1)
+            remove(*document);
+    }
+    untouched_ = nullptr;
+}
+
+Document* DocumentController::openDocument(const std::string& path, std::string_view bytes) {
+    auto opened = std::make_unique<OpenDocument>(platform_.base);
+    if (const Result<void> read = opened->document.readFromDataOfType(bytes, kDocumentType); !read) {
+        fileErrorAlert(platform_, "CouldNotOpen", path, read.error());
+        return nullptr;
+    }
+    opened->document.setFileName(path);
+    Document* document = display(std::move(opened));
+    if (document)
+        recentDocuments_.note(path);
+    return document;
+}
+
+bool DocumentController::showDocumentOfFile(const std::string& path) {
+    const auto found = std::ranges::find_if(
+        documents_, [&](const auto& opened) { return opened->document.fileName() == path; });
+    if (found == documents_.end())
+        return false;
+    (*found)->window->makeKeyAndOrderFront();
+    return true;
+}
+
+} // namespace tabulon

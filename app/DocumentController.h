@@ -1,0 +1,105 @@
+// The open documents: making, opening, saving and closing them, each with its outline controller and its
+// window. What the files hold besides documents, and the menus, are the application delegate's.
+#pragma once
+
+#include "app/RecentDocuments.h"
+#include "model/Document.h"
+#include "platform/Platform.h"
+#include "window/ActionTable.h"
+#include "window/ViewController.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tabulon {
+
+/// Makes the window of a document. Null when there can be none.
+class DocumentWindowMaker {
+public:
+    virtual ~DocumentWindowMaker() = default;
+    /// The window may use the controller as long as it lives; it is not shown yet.
+    virtual std::unique_ptr<DocumentWindow> makeWindow(ViewController& controller) = 0;
+};
+
+/// Paths are absolute and in the file system's encoding.
+class DocumentController {
+public:
+    /// Told whether the work was done: false when the user cancelled or it failed (and the user was told).
+    using Done = std::function<void(bool done)>;
+
+    /// What is handed in must live longer.
+    DocumentController(const Platform& platform, DocumentWindowMaker& windows);
+    ~DocumentController();
+
+    /// saveDocument:, saveDocumentAs:, exportHTML:, performClose:, all for the current document.
+    const ActionTable& actions() const { return actions_; }
+
+    /// In the order in which they were opened.
+    std::vector<Document*> documents() const;
+    /// The outline controller that shows `document`, or null for one that is not open.
+    ViewController* viewControllerFor(const Document& document) const;
+    /// The document whose window has, or had last, the user's attention; null without documents.
+    Document* currentDocument() const { return current_; }
+    void windowDidBecomeKey(Document& document) { current_ = &document; }
+
+    /// A new empty document in a window. Null when no window can be made.
+    Document* openUntitledDocumentAndDisplay();
+    /// Marks the newest document as one that nobody asked for: it goes when a file is opened while it is
+    /// untouched.
+    void noteUntouchedDocument() { untouched_ = current_; }
+    void closeUntouchedDocument();
+
+    /// Opens the document with the content `bytes` of the file at `path` in a window. On failure an alert was
+    /// shown where one is due, and nothing is opened.
+    Document* openDocument(const std::string& path, std::string_view bytes);
+    /// Brings the window of the file to the front; false when the file is not open.
+    bool showDocumentOfFile(const std::string& path);
+
+    void saveDocument(Document& document, Done done);
+    void saveDocumentAs(Document& document, Done done);
+    void exportHTML(Document& document);
+
+    /// Asks about unsaved changes first.
+    void closeDocument(Document& document, Done done);
+    /// Asks about each document with unsaved changes; only when none was answered with Cancel all are closed.
+    void closeAllDocuments(Done done);
+
+    RecentDocuments& recentDocuments() { return recentDocuments_; }
+
+    /// Called after the last document was closed.
+    std::function<void()> lastDocumentClosed;
+
+private:
+    struct OpenDocument {
+        explicit OpenDocument(const BaseServices& services) : document(services) {}
+
+        // The order matters: the window goes before its controller, the controller before its document.
+        Document document;
+        std::optional<ViewController> controller;
+        std::unique_ptr<DocumentWindow> window;
+    };
+
+    void addActions();
+    OpenDocument* find(const Document& document) const;
+    Document* display(std::unique_ptr<OpenDocument> opened);
+    void remove(const Document& document);
+    Result<void> write(Document& document, const std::string& path);
+    bool writeOrAlert(Document& document, const std::string& path);
+    const Document* otherDocumentOfFile(const Document& document, const std::string& path) const;
+    void askToSave(Document& document, Done done);
+    void reviewFrom(std::vector<Document*> pending, Done done);
+
+    const Platform platform_;
+    DocumentWindowMaker& windows_;
+    RecentDocuments recentDocuments_;
+    ActionTable actions_;
+    std::vector<std::unique_ptr<OpenDocument>> documents_;
+    Document* current_ = nullptr;
+    const Document* untouched_ = nullptr;
+};
+
+} // namespace tabulon

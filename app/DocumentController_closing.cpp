@@ -1,0 +1,91 @@
+// Closing documents: the question about unsaved changes, one window or all of them.
+#include "app/DocumentController.h"
+
+#include <algorithm>
+
+namespace tabulon {
+namespace {
+
+enum class SaveAnswer { Save, DontSave, Cancel };
+
+SaveAnswer askForSaving(const Platform& platform, const Document& document) {
+    const Localization& texts = platform.base.texts;
+    const int response =
+        platform.alerts.runModal(Alert{.style = AlertStyle::Warning,
+                                       .message = texts.format("SaveChanges", document.displayName()),
+                                       .informative = texts.text("SaveChangesText"),
+                                       .buttons = {{texts.text("Save")},
+                                                   {texts.text("DontSave"), AlertButtonRole::Destructive},
+                                                   {texts.text("Cancel"), AlertButtonRole::Cancel}},
+                                       .document = &document});
+    switch (response - kAlertFirstButton) {
+    case 0:
+        return SaveAnswer::Save;
+    case 1:
+        return SaveAnswer::DontSave;
+    default:
+        return SaveAnswer::Cancel;
+    }
+}
+
+} // namespace
+
+// Tells whether the document may go: it was saved, or the user gives its changes up.
+void DocumentController::askToSave(Document& document, Done done) {
+    if (!document.isDocumentEdited())
+        return done(true);
+    find(document)->window->makeKeyAndOrderFront();
+    switch (askForSaving(platform_, document)) {
+    case SaveAnswer::Save:
+        return saveDocument(document, std::move(done));
+    case SaveAnswer::DontSave:
+        return done(true);
+    case SaveAnswer::Cancel:
+        return done(false);
+    }
+}
+
+void DocumentController::closeDocument(Document& document, Done done) {
+    askToSave(document, [this, &document, done](bool mayGo) {
+        if (mayGo && find(document))
+            remove(document);
+        done(mayGo);
+    });
+}
+
+void DocumentController::remove(const Document& document) {
+    const auto found =
+        std::ranges::find_if(documents_, [&](const auto& opened) { return &opened->document == &document; });
+    const std::unique_ptr<OpenDocument> closing = std::move(*found);
+    documents_.erase(found);
+    if (current_ == &document)
+        current_ = documents_.empty() ? nullptr : &documents_.back()->document;
+    if (documents_.empty() && lastDocumentClosed)
+        lastDocumentClosed();
+}
+
+void DocumentController::closeAllDocuments(Done done) {
+    reviewFrom(documents(), [this, done](bool mayGo) {
+        if (mayGo)
+            for (const Document* document : documents())
+                remove(*document);
+        done(mayGo);
+    });
+}
+
+// Asks about the last of the pending documents, then about the others.
+void DocumentController::reviewFrom(std::vector<Document*> pending, Done done) {
+    while (!pending.empty() && !(find(*pending.back()) && pending.back()->isDocumentEdited()))
+        pending.pop_back();
+    if (pending.empty())
+        return done(true);
+    Document* document = pending.back();
+    pending.pop_back();
+    askToSave(*document, [this, pending = std::move(pending), done](bool mayGo) {
+        if (!mayGo)
+            return done(false);
+        reviewFrom(pending, done);
+    });
+}
+
+} // namespace tabulon

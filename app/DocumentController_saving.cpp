@@ -1,0 +1,88 @@
+// Writing documents: to their own file, to another one, as HTML. A failed write leaves the document changed
+// and the file as it was.
+#include "app/DocumentController.h"
+#include "app/SharedAlerts.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace tabulon {
+namespace {
+
+std::string folderOf(const Document& document) {
+    return std::filesystem::path(document.fileName()).parent_path().string();
+}
+
+} // namespace
+
+Result<void> DocumentController::write(Document& document, const std::string& path) {
+    const std::string bytes = document.dataOfType(kDocumentType);
+    if (Result<void> written = platform_.files.writeFileAtomically(path, bytes); !written)
+        return written;
+    document.updateChangeCount(ChangeKind::Cleared);
+    document.setFileName(path);
+    recentDocuments_.note(path);
+    return {};
+}
+
+bool DocumentController::writeOrAlert(Document& document, const std::string& path) {
+    const Result<void> written = write(document, path);
+    if (!written)
+        fileErrorAlert(platform_, "CouldNotSave", path, written.error(), &document);
+    return written.has_value();
+}
+
+void DocumentController::saveDocument(Document& document, Done done) {
+    if (document.fileName().empty())
+        return saveDocumentAs(document, std::move(done));
+    done(writeOrAlert(document, document.fileName()));
+}
+
+const Document* DocumentController::otherDocumentOfFile(const Document& document,
+                                                        const std::string& path) const {
+    for (const Document* other : documents())
+        if (other != &document && other->fileName() == path)
+            return other;
+    return nullptr;
+}
+
+void DocumentController::saveDocumentAs(Document& document, Done done) {
+    const Localization& texts = platform_.base.texts;
+    const SavePanel panel{.message = texts.text("SaveDocument"),
+                          .prompt = texts.text("Save"),
+                          .directory = folderOf(document),
+                          .proposedName = document.displayName(),
+                          .kind = {texts.text("BookmarkDocuments"), {std::string(kDocumentExtension)}},
+                          .document = &document};
+    const auto save = [this, &document, done](const std::optional<std::string>& path) {
+        if (!path || !find(document))
+            return done(false);
+        if (otherDocumentOfFile(document, *path)) {
+            informationAlert(platform_, platform_.base.texts.format("AlreadyOpen", lastPathComponent(*path)),
+                             platform_.base.texts.text("AlreadyOpenText"));
+            return done(false);
+        }
+        done(writeOrAlert(document, *path));
+    };
+    platform_.panels.beginSavePanel(panel, save);
+}
+
+void DocumentController::exportHTML(Document& document) {
+    const Localization& texts = platform_.base.texts;
+    const SavePanel panel{.message = texts.text("ExportFile"),
+                          .prompt = texts.text("Export"),
+                          .directory = folderOf(document),
+                          .proposedName = document.displayName(),
+                          .kind = {texts.text("BookmarkHTMLFiles"), {"html"}},
+                          .document = &document};
+    platform_.panels.beginSavePanel(panel, [this, &document](const std::optional<std::string>& path) {
+        const ViewController* controller = viewControllerFor(document);
+        if (!path || !controller)
+            return;
+        if (const auto written = platform_.files.writeFileAtomically(*path, controller->exportToHTML());
+            !written)
+            fileErrorAlert(platform_, "CouldNotExport", *path, written.error(), &document);
+    });
+}
+
+} // namespace tabulon

@@ -1,0 +1,58 @@
+#include "app/SharedAlerts.h"
+
+#include "model/Text.h"
+
+#include <filesystem>
+
+namespace tabulon {
+namespace {
+
+void criticalAlert(const Platform& platform, std::string message, std::string informative,
+                   const Document* document = nullptr) {
+    platform.alerts.runModal(Alert{.style = AlertStyle::Critical,
+                                   .message = std::move(message),
+                                   .informative = std::move(informative),
+                                   .buttons = {{platform.base.texts.text("OK")}},
+                                   .document = document});
+}
+
+} // namespace
+
+void informationAlert(const Platform& platform, const std::string& message, const std::string& informative) {
+    platform.alerts.runModal(
+        Alert{.message = message, .informative = informative, .buttons = {{platform.base.texts.text("OK")}}});
+}
+
+void importErrorAlert(const Platform& platform, const std::string& informative) {
+    criticalAlert(platform, platform.base.texts.text("ImportError"), informative);
+}
+
+void detailedErrorAlert(const Platform& platform, long code, const std::string& fileName,
+                        const std::string& description, const std::string& reason) {
+    criticalAlert(platform, "Code : " + std::to_string(code) + ", " + fileName + ".",
+                  description + " " + reason);
+}
+
+void noURLs(const Platform& platform) {
+    const Localization& texts = platform.base.texts;
+    platform.alerts.runModal(
+        Alert{.message = texts.text("EmptyScan"), .informative = texts.text("NoURLs"), .buttons = {{"OK"}}});
+}
+
+void fileErrorAlert(const Platform& platform, std::string_view key, const std::string& path,
+                    const Error& error, const Document* document) {
+    if (error.domain == ErrorDomain::Cocoa && error.code == kUserCancelledError)
+        return;
+    criticalAlert(platform, platform.base.texts.format(key, lastPathComponent(path)), error.message,
+                  document);
+}
+
+std::string lastPathComponent(const std::string& path) {
+    return decodeUtf8Leniently(std::filesystem::path(path).filename().string());
+}
+
+std::string nameWithoutExtension(const std::string& path) {
+    return decodeUtf8Leniently(std::filesystem::path(path).stem().string());
+}
+
+} // namespace tabulon

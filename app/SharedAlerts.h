@@ -1,0 +1,37 @@
+// The alerts that many commands share. Which command shows which is the commands' affair.
+#pragma once
+
+#include "model/Error.h"
+#include "platform/Platform.h"
+
+#include <string>
+
+namespace tabulon {
+
+/// One modal alert with an "OK" button. Texts are shown as given.
+void informationAlert(const Platform& platform, const std::string& message, const std::string& informative);
+
+/// Critical: the text of "ImportError" with `informative` below it.
+void importErrorAlert(const Platform& platform, const std::string& informative);
+
+/// Critical, for a file that another program's format reader refused: "Code : <code>, <file name>." with the
+/// error's description and its reason, one space between them.
+void detailedErrorAlert(const Platform& platform, long code, const std::string& fileName,
+                        const std::string& description, const std::string& reason);
+
+/// Tells that a scan found nothing.
+void noURLs(const Platform& platform);
+
+/// Tells that the work with the file at `path` failed: the text of `key`, a format for the file's name, and
+/// the error's sentence. Shows nothing for an error that says "cancelled by the user". `document`, if there
+/// is one, gets the alert as its sheet.
+void fileErrorAlert(const Platform& platform, std::string_view key, const std::string& path,
+                    const Error& error, const Document* document = nullptr);
+
+/// The last component of a path, as text for people.
+std::string lastPathComponent(const std::string& path);
+
+/// The same without its extension.
+std::string nameWithoutExtension(const std::string& path);
+
+} // namespace tabulon

@@ -1,0 +1,69 @@
+// The application over services in memory.
+#pragma once
+
+#include "app/AppDelegate.h"
+#include "model/ArchiveWriter.h"
+#include "platform/fake/FakeBaseServices.h"
+#include "platform/fake/FakeDesktop.h"
+#include "platform/fake/MemoryFileStore.h"
+#include "tests/window/MemoryWindow.h"
+
+#include <memory>
+#include <string>
+
+namespace tabulon {
+
+/// Remembers its windows as long as they live, and can have none to give.
+class MemoryWindowMaker : public DocumentWindowMaker {
+public:
+    std::unique_ptr<DocumentWindow> makeWindow(ViewController& controller) override {
+        if (noMoreWindows)
+            return nullptr;
+        return std::make_unique<MemoryWindow>(controller);
+    }
+
+    bool noMoreWindows = false;
+};
+
+class AppTest : public testing::Test {
+protected:
+    AppTest() {
+        app.stop = [this] { ++stops; };
+    }
+
+    std::string documentBytes(const char* linkName) {
+        const Ref<Bookmark> master = Bookmark::init(base.now());
+        master->setItemName("Master");
+        master->makeParent();
+        const Ref<Bookmark> link = Bookmark::init(base.now());
+        link->setItemName(linkName);
+        master->addChild(link);
+        return writeDocumentArchive(*master);
+    }
+
+    DocumentController& documents() { return app.documentController(); }
+    Document* onlyDocument() {
+        const std::vector<Document*> all = documents().documents();
+        return all.size() == 1 ? all.front() : nullptr;
+    }
+    MemoryWindow& windowOf(const Document& document) {
+        return static_cast<MemoryWindow&>(*documents().viewControllerFor(document)->getWindow());
+    }
+    bool perform(const char* action) { return app.performMenuItem(MenuItem{.action = action}); }
+    bool enabled(const char* action) { return app.validateMenuItem(MenuItem{.action = action}); }
+
+    const std::string bookmarkHTML =
+        "<!DOCTYPE NETSCAPE-Bookmark-file-1>\n<TITLE>Bookmarks</TITLE>\n<DL><p>\n"
+        "<DT><A HREF=\"https://example.org/\" ADD_DATE=\"1\">Example</A>\n</DL><p>\n";
+
+    FakeBaseServices base;
+    FakeAlerts alerts;
+    FakePanels panels;
+    MemoryFileStore files;
+    MemoryUserDefaults state;
+    MemoryWindowMaker windows;
+    AppDelegate app{Platform{base.services(), alerts, panels, files, state}, windows, "1.2.3"};
+    int stops = 0;
+};
+
+} // namespace tabulon

@@ -1,0 +1,135 @@
+#include "tests/app/AppFixture.h"
+
+namespace tabulon {
+namespace {
+
+class ClosingTest : public AppTest {
+protected:
+    Document& untitled(bool changed) {
+        Document& document = *documents().openUntitledDocumentAndDisplay();
+        if (changed)
+            document.updateChangeCount(ChangeKind::Done);
+        return document;
+    }
+};
+
+TEST_F(ClosingTest, CleanDocumentClosesWithoutAQuestion) {
+    untitled(false);
+    EXPECT_TRUE(perform("performClose:"));
+    EXPECT_TRUE(documents().documents().empty());
+    EXPECT_TRUE(alerts.shown.empty());
+    EXPECT_EQ(stops, 1) << "the last window's end is the program's";
+}
+
+TEST_F(ClosingTest, QuestionOffersSaveDontSaveAndCancel) {
+    untitled(true);
+    alerts.answer("Cancel");
+    perform("performClose:");
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    const Alert& alert = alerts.shown[0];
+    EXPECT_EQ(alert.message, "Save the changes to “Untitled” before closing?");
+    ASSERT_EQ(alert.buttons.size(), 3u);
+    EXPECT_EQ(alert.buttons[0].title, "Save");
+    EXPECT_EQ(alert.buttons[1].role, AlertButtonRole::Destructive);
+    EXPECT_EQ(alert.buttons[2].role, AlertButtonRole::Cancel);
+    EXPECT_EQ(documents().documents().size(), 1u);
+}
+
+TEST_F(ClosingTest, DontSaveDropsTheChanges) {
+    untitled(true);
+    alerts.answer("Don’t Save");
+    perform("performClose:");
+    EXPECT_TRUE(documents().documents().empty());
+    EXPECT_TRUE(files.files.empty());
+}
+
+TEST_F(ClosingTest, SaveOfAnUntitledDocumentNamesItAndCloses) {
+    untitled(true);
+    alerts.answer("Save");
+    panels.nameFile("/home/kept.tbln");
+    perform("performClose:");
+    EXPECT_TRUE(documents().documents().empty());
+    EXPECT_TRUE(files.fileExists("/home/kept.tbln"));
+}
+
+TEST_F(ClosingTest, CancelledSavePanelKeepsTheWindowOpen) {
+    untitled(true);
+    alerts.answer("Save");
+    perform("performClose:");
+    EXPECT_EQ(documents().documents().size(), 1u);
+}
+
+TEST_F(ClosingTest, FailedSaveKeepsTheWindowOpen) {
+    Document& document = untitled(true);
+    alerts.answer("Save");
+    panels.nameFile("/home/kept.tbln");
+    files.diskFull = true;
+    perform("performClose:");
+    EXPECT_EQ(documents().documents().size(), 1u);
+    EXPECT_TRUE(document.isDocumentEdited());
+}
+
+TEST_F(ClosingTest, TitledDocumentIsAskedAboutAndSavedToItsFile) {
+    files.files["/home/a.tbln"] = documentBytes("a");
+    app.openFile("/home/a.tbln");
+    onlyDocument()->updateChangeCount(ChangeKind::Done);
+    alerts.answer("Save");
+    perform("performClose:");
+    EXPECT_EQ(alerts.shown.at(0).message, "Save the changes to “a” before closing?");
+    EXPECT_TRUE(documents().documents().empty());
+    EXPECT_EQ(files.writes, 1);
+}
+
+TEST_F(ClosingTest, QuitAsksAboutEveryChangedDocumentAndClosesThemAll) {
+    untitled(true);
+    untitled(false);
+    untitled(true);
+    alerts.answer("Don’t Save");
+    alerts.answer("Don’t Save");
+    EXPECT_TRUE(perform("terminate:"));
+    EXPECT_EQ(alerts.shown.size(), 2u);
+    EXPECT_TRUE(documents().documents().empty());
+    EXPECT_EQ(stops, 1);
+}
+
+TEST_F(ClosingTest, CancellingOneQuestionOfQuitKeepsEverythingOpen) {
+    untitled(true);
+    untitled(true);
+    alerts.answer("Don’t Save");
+    alerts.answer("Cancel");
+    perform("terminate:");
+    EXPECT_EQ(documents().documents().size(), 2u);
+    EXPECT_EQ(stops, 0);
+    alerts.answer("Don’t Save");
+    alerts.answer("Don’t Save");
+    perform("terminate:");
+    EXPECT_EQ(stops, 1) << "quitting works after it was cancelled once";
+}
+
+TEST_F(ClosingTest, QuestionBringsItsWindowToTheFront) {
+    Document& first = untitled(true);
+    untitled(false);
+    alerts.answer("Cancel");
+    perform("terminate:");
+    EXPECT_EQ(windowOf(first).broughtToFront, 1);
+}
+
+TEST_F(ClosingTest, CommandsWithoutADocumentAreDisabled) {
+    EXPECT_FALSE(enabled("saveDocument:"));
+    EXPECT_FALSE(enabled("performClose:"));
+    EXPECT_FALSE(enabled("expandAll:"));
+    EXPECT_FALSE(perform("saveDocument:"));
+    EXPECT_TRUE(enabled("newDocument:"));
+}
+
+TEST_F(ClosingTest, CommandsGoToTheDocumentInFront) {
+    Document& first = untitled(false);
+    Document& second = untitled(false);
+    documents().windowDidBecomeKey(first);
+    perform("performClose:");
+    EXPECT_EQ(onlyDocument(), &second);
+    EXPECT_EQ(documents().currentDocument(), &second);
+}
+
+} // namespace
+} // namespace tabulon

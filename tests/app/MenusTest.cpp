@@ -1,0 +1,126 @@
+#include "app/FileContent.h"
+#include "app/SharedAlerts.h"
+#include "tests/app/AppFixture.h"
+
+#include <functional>
+#include <set>
+
+namespace tabulon {
+namespace {
+
+class MenusTest : public AppTest {
+protected:
+    static void eachItem(const Menu& menu, const std::function<void(const MenuItem&)>& visit) {
+        for (const MenuItem& item : menu.items) {
+            visit(item);
+            if (item.submenu)
+                eachItem(*item.submenu, visit);
+        }
+    }
+    Menu recentMenu() { return *app.mainMenu().items.at(0).submenu->items.at(2).submenu; }
+};
+
+TEST_F(MenusTest, EveryItemHasATitleAndWorks) {
+    app.applicationDidFinishLaunching({});
+    eachItem(app.mainMenu(), [&](const MenuItem& item) {
+        if (item.separator)
+            return;
+        EXPECT_FALSE(item.title.empty());
+        EXPECT_FALSE(item.title.starts_with("Menu")) << "a text is missing: " << item.title;
+        if (item.action != "clearRecentDocuments:") {
+            EXPECT_TRUE(app.validateMenuItem(item)) << item.title;
+        }
+    });
+}
+
+TEST_F(MenusTest, NoTwoItemsShareAKey) {
+    std::set<std::string> keys;
+    eachItem(app.mainMenu(), [&](const MenuItem& item) {
+        if (item.keyEquivalent.empty())
+            return;
+        const std::string key = item.keyEquivalent + (item.modifiers.shift ? " shift" : "");
+        EXPECT_TRUE(keys.insert(key).second) << key;
+    });
+    EXPECT_TRUE(keys.contains("n") && keys.contains("o") && keys.contains("s") && keys.contains("S") &&
+                keys.contains("w") && keys.contains("q"));
+}
+
+TEST_F(MenusTest, OpenRecentListsAtMostTenFilesAndCanBeCleared) {
+    for (int i = 0; i < 12; ++i) {
+        const std::string path = "/home/" + std::to_string(i) + ".tbln";
+        files.files[path] = documentBytes("a");
+        app.openFile(path);
+    }
+    const Menu menu = recentMenu();
+    ASSERT_EQ(menu.items.size(), 12u) << "ten files, a separator and the command";
+    EXPECT_EQ(menu.items[0].title, "11.tbln");
+    EXPECT_EQ(menu.items[0].toolTip, "/home/11.tbln");
+    EXPECT_EQ(menu.items[9].title, "2.tbln");
+    EXPECT_TRUE(app.performMenuItem(menu.items[11]));
+    EXPECT_EQ(recentMenu().items.size(), 1u);
+    EXPECT_FALSE(app.validateMenuItem(recentMenu().items[0]));
+}
+
+TEST_F(MenusTest, RecentItemOpensItsFileAndAVanishedOneLeavesTheList) {
+    files.files["/home/a.tbln"] = documentBytes("a");
+    app.openFile("/home/a.tbln");
+    const MenuItem item = recentMenu().items.at(0);
+    perform("performClose:");
+    EXPECT_TRUE(app.performMenuItem(item));
+    EXPECT_TRUE(onlyDocument());
+    perform("performClose:");
+    files.files.clear();
+    app.performMenuItem(item);
+    EXPECT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(recentMenu().items.size(), 1u);
+}
+
+TEST_F(MenusTest, RecentListKeepsPathsOfAnyBytes) {
+    RecentDocuments recent(state);
+    recent.note("/home/with space/100%.tbln");
+    recent.note(std::string("/home/latin1-\xE9 and \n line"));
+    EXPECT_EQ(RecentDocuments(state).paths(),
+              (std::vector<std::string>{"/home/latin1-\xE9 and \n line", "/home/with space/100%.tbln"}));
+    recent.note("/home/with space/100%.tbln");
+    EXPECT_EQ(recent.paths().size(), 2u);
+    EXPECT_EQ(recent.paths()[0], "/home/with space/100%.tbln");
+}
+
+TEST_F(MenusTest, AboutNamesTheVersion) {
+    perform("orderFrontStandardAboutPanel:");
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_NE(alerts.shown[0].informative.find("1.2.3"), std::string::npos);
+}
+
+TEST_F(MenusTest, ImportErrorAlertIsCriticalWithTheTextGiven) {
+    importErrorAlert(Platform{base.services(), alerts, panels, files, state}, "why");
+    EXPECT_EQ(alerts.shown.at(0).style, AlertStyle::Critical);
+    EXPECT_EQ(alerts.shown[0].message, base.texts.text("ImportError"));
+    EXPECT_EQ(alerts.shown[0].informative, "why");
+    EXPECT_EQ(alerts.shown[0].buttons.at(0).title, "OK");
+}
+
+TEST_F(MenusTest, DetailedErrorAlertGivesCodeFileAndReason) {
+    detailedErrorAlert(Platform{base.services(), alerts, panels, files, state}, 3840, "Bookmarks.plist",
+                       "It is damaged.", "Unexpected character.");
+    EXPECT_EQ(alerts.shown.at(0).style, AlertStyle::Critical);
+    EXPECT_EQ(alerts.shown[0].message, "Code : 3840, Bookmarks.plist.");
+    EXPECT_EQ(alerts.shown[0].informative, "It is damaged. Unexpected character.");
+}
+
+TEST(FileContentTest, IsToldByContentThenByExtension) {
+    EXPECT_EQ(contentOfFile("bplist00", "/a.html"), FileContent::BookmarkDocument);
+    EXPECT_EQ(contentOfFile(std::string_view("\0\1classic", 9), "/a"), FileContent::BookmarkDocument);
+    EXPECT_EQ(contentOfFile("<?xml version=\"1.0\"?><!DOCTYPE plist><plist>", "/a"),
+              FileContent::BookmarkDocument);
+    EXPECT_EQ(contentOfFile("\xEF\xBB\xBF\n<!DOCTYPE NETSCAPE-Bookmark-file-1>", "/a"),
+              FileContent::BookmarkHTML);
+    EXPECT_EQ(contentOfFile("<HTML><BODY>", "/a.tbln"), FileContent::BookmarkHTML);
+    EXPECT_EQ(contentOfFile("", "/a.tbln"), FileContent::BookmarkDocument);
+    EXPECT_EQ(contentOfFile("text", "/a.HTM"), FileContent::BookmarkHTML);
+    EXPECT_EQ(contentOfFile("<?xml version=\"1.0\"?><xbel>", "/a.xbel"), FileContent::Unknown);
+    EXPECT_EQ(contentOfFile("text", "/a"), FileContent::Unknown);
+}
+
+} // namespace
+} // namespace tabulon

@@ -1,0 +1,192 @@
+#include "tests/app/AppFixture.h"
+
+namespace tabulon {
+namespace {
+
+class OpeningTest : public AppTest {};
+
+TEST_F(OpeningTest, StartWithoutFilesOpensAnUntitledDocument) {
+    app.applicationDidFinishLaunching({});
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_EQ(windowOf(*onlyDocument()).title, "Untitled");
+    EXPECT_TRUE(windowOf(*onlyDocument()).shown);
+    EXPECT_TRUE(windowOf(*onlyDocument()).empty);
+    EXPECT_FALSE(onlyDocument()->isDocumentEdited());
+}
+
+TEST_F(OpeningTest, OpenUntitledSetToNoShowsTheOpenPanelAndCancellingEnds) {
+    base.defaults.setBoolForKey("OpenUntitled", false);
+    app.applicationDidFinishLaunching({});
+    EXPECT_TRUE(documents().documents().empty());
+    EXPECT_EQ(panels.openPanels.size(), 1u);
+    EXPECT_EQ(stops, 1);
+}
+
+TEST_F(OpeningTest, DocumentFileIsOpenedUnderItsName) {
+    files.files["/home/links.tbln"] = documentBytes("a");
+    app.applicationDidFinishLaunching({"/home/links.tbln"});
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_EQ(windowOf(*onlyDocument()).title, "links");
+    EXPECT_EQ(onlyDocument()->fileName(), "/home/links.tbln");
+    EXPECT_FALSE(onlyDocument()->isDocumentEdited());
+    EXPECT_EQ(windowOf(*onlyDocument()).outlineView.rows.size(), 1u);
+}
+
+TEST_F(OpeningTest, ContentDecidesBeforeTheExtension) {
+    files.files["/home/odd.html"] = documentBytes("a");
+    files.files["/home/odd.tbln"] = bookmarkHTML;
+    EXPECT_TRUE(app.openFile("/home/odd.html"));
+    EXPECT_EQ(onlyDocument()->fileName(), "/home/odd.html");
+    EXPECT_TRUE(app.openFile("/home/odd.tbln"));
+    EXPECT_EQ(documents().documents().back()->fileName(), "");
+}
+
+TEST_F(OpeningTest, BookmarkHTMLBecomesAnUntitledChangedDocumentTitledAfterTheFile) {
+    files.files["/home/from firefox.html"] = bookmarkHTML;
+    EXPECT_TRUE(app.openFile("/home/from firefox.html"));
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_EQ(onlyDocument()->fileName(), "");
+    EXPECT_TRUE(onlyDocument()->isDocumentEdited());
+    EXPECT_EQ(windowOf(*onlyDocument()).title, "from firefox");
+    EXPECT_EQ(onlyDocument()->getMaster().getChild()->itemName().view(), "Example");
+}
+
+TEST_F(OpeningTest, HTMLWithoutLinksGivesTheNoLinksAlertAndNoDocument) {
+    files.files["/home/empty.html"] = "<html><body>nothing</body></html>";
+    EXPECT_FALSE(app.openFile("/home/empty.html"));
+    EXPECT_TRUE(documents().documents().empty());
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].style, AlertStyle::Informational);
+    EXPECT_EQ(alerts.shown[0].message, "No links found");
+    EXPECT_EQ(alerts.shown[0].informative, "No links were found in the text or file.");
+    EXPECT_EQ(alerts.shown[0].buttons.at(0).title, "OK");
+}
+
+TEST_F(OpeningTest, FileOfAnotherTypeIsRefusedWithoutAnAlert) {
+    std::string bytes = documentBytes("a");
+    // The version record holds the file type as these four bytes.
+    const auto type = bytes.find("\x54\x62\x6C\x6E");
+    ASSERT_NE(type, std::string::npos);
+    bytes[type] = 'X';
+    files.files["/home/other.tbln"] = bytes;
+    EXPECT_FALSE(app.openFile("/home/other.tbln"));
+    EXPECT_TRUE(alerts.shown.empty());
+    EXPECT_TRUE(documents().documents().empty());
+}
+
+TEST_F(OpeningTest, DamagedDocumentGivesAnAlertThatNamesTheFile) {
+    files.files["/home/broken.tbln"] = documentBytes("a").substr(0, 100);
+    EXPECT_FALSE(app.openFile("/home/broken.tbln"));
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].message, "“broken.tbln” could not be opened");
+    EXPECT_FALSE(alerts.shown[0].informative.empty());
+    EXPECT_EQ(alerts.shown[0].style, AlertStyle::Critical);
+}
+
+TEST_F(OpeningTest, FileOfAnotherKindIsRefusedByName) {
+    files.files["/home/picture.png"] = "\x89PNG\r\n";
+    EXPECT_FALSE(app.openFile("/home/picture.png"));
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].message, "“picture.png” could not be opened");
+    EXPECT_EQ(alerts.shown[0].informative, "It is neither a bookmark document nor an HTML bookmark file.");
+}
+
+TEST_F(OpeningTest, MissingFileGivesAnAlertAndAnUntitledDocument) {
+    app.applicationDidFinishLaunching({"/home/gone.tbln"});
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_EQ(onlyDocument()->fileName(), "");
+}
+
+TEST_F(OpeningTest, OpenFileThatIsOpenComesToTheFront) {
+    files.files["/home/a.tbln"] = documentBytes("a");
+    EXPECT_TRUE(app.openFile("/home/a.tbln"));
+    EXPECT_TRUE(app.openFile("/home/a.tbln"));
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_EQ(windowOf(*onlyDocument()).broughtToFront, 1);
+}
+
+TEST_F(OpeningTest, UntouchedFirstDocumentMakesRoomForAnOpenedFile) {
+    files.files["/home/a.tbln"] = documentBytes("a");
+    app.applicationDidFinishLaunching({});
+    EXPECT_TRUE(app.openFile("/home/a.tbln"));
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_EQ(onlyDocument()->fileName(), "/home/a.tbln");
+    EXPECT_EQ(stops, 0);
+}
+
+TEST_F(OpeningTest, ChangedFirstDocumentStays) {
+    files.files["/home/a.tbln"] = documentBytes("a");
+    app.applicationDidFinishLaunching({});
+    onlyDocument()->updateChangeCount(ChangeKind::Done);
+    EXPECT_TRUE(app.openFile("/home/a.tbln"));
+    EXPECT_EQ(documents().documents().size(), 2u);
+}
+
+TEST_F(OpeningTest, OpenPanelOffersBothKindsAndTakesSeveralFiles) {
+    files.files["/home/a.tbln"] = documentBytes("a");
+    files.files["/home/b.html"] = bookmarkHTML;
+    panels.chooseFiles({"/home/a.tbln", "/home/b.html"});
+    EXPECT_TRUE(perform("openDocument:"));
+    EXPECT_EQ(documents().documents().size(), 2u);
+    ASSERT_EQ(panels.openPanels.size(), 1u);
+    EXPECT_TRUE(panels.openPanels[0].allowsMultipleSelection);
+    EXPECT_EQ(panels.openPanels[0].kinds.at(0).extensions, (std::vector<std::string>{"tbln", "html", "htm"}));
+}
+
+TEST_F(OpeningTest, NewMasterDocumentIsExpandedChangedAndShown) {
+    const Ref<Bookmark> root = Bookmark::init(base.now());
+    root->setItemName("Master");
+    root->makeParent();
+    root->addChild(Bookmark::init(base.now()));
+    Document* document = app.newMasterDocument(root);
+    ASSERT_TRUE(document);
+    EXPECT_EQ(&document->getMaster(), root.get());
+    EXPECT_TRUE(root->showHier());
+    EXPECT_EQ(root->getChild()->getDocument(), document);
+    EXPECT_EQ(document->changeCount(), 1);
+    EXPECT_EQ(windowOf(*document).title, "Untitled");
+    EXPECT_EQ(windowOf(*document).outlineView.rows.size(), 1u);
+}
+
+TEST_F(OpeningTest, NewMasterDocumentGivesNothingWhereNoDocumentCanBeMade) {
+    windows.noMoreWindows = true;
+    const Ref<Bookmark> root = Bookmark::init(base.now());
+    root->makeParent();
+    EXPECT_EQ(app.newMasterDocument(root), nullptr);
+    EXPECT_TRUE(documents().documents().empty());
+    EXPECT_TRUE(alerts.shown.empty());
+}
+
+TEST_F(OpeningTest, ImportBookmarksAsksForHTMLFilesAndKeepsTheDefaultTitle) {
+    files.files["/home/b.htm"] = bookmarkHTML;
+    panels.chooseFiles({"/home/b.htm"});
+    EXPECT_TRUE(perform("importBookmarks:"));
+    ASSERT_EQ(panels.openPanels.size(), 1u);
+    EXPECT_EQ(panels.openPanels[0].message, base.texts.text("SelectBookmarks"));
+    EXPECT_EQ(panels.openPanels[0].prompt, "Select");
+    EXPECT_EQ(panels.openPanels[0].kinds.at(0).extensions, (std::vector<std::string>{"html", "htm"}));
+    EXPECT_FALSE(panels.openPanels[0].allowsMultipleSelection);
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_EQ(windowOf(*onlyDocument()).title, "Untitled");
+    EXPECT_TRUE(onlyDocument()->isDocumentEdited());
+}
+
+TEST_F(OpeningTest, ImportBookmarksCancelledOrUnreadableDoesNothing) {
+    EXPECT_TRUE(perform("importBookmarks:"));
+    panels.chooseFiles({"/home/gone.html"});
+    EXPECT_TRUE(perform("importBookmarks:"));
+    EXPECT_TRUE(documents().documents().empty());
+    EXPECT_TRUE(alerts.shown.empty());
+}
+
+TEST_F(OpeningTest, ImportBookmarksWithNothingInItGivesTheNoLinksAlert) {
+    files.files["/home/b.html"] = "plain text";
+    panels.chooseFiles({"/home/b.html"});
+    EXPECT_TRUE(perform("importBookmarks:"));
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].message, "No links found");
+}
+
+} // namespace
+} // namespace tabulon
