@@ -141,12 +141,9 @@ void Bookmark::releaseChildrenInto(std::vector<Bookmark*>& dying) noexcept {
     const std::unique_ptr<ChildList> list = std::move(children_);
     std::vector<Bookmark*> children(list->begin(), list->end());
     list->clear();
-    for (Bookmark* child : children) {
-        if (child->parent_ == this)
-            child->parent_ = nullptr;
+    for (Bookmark* child : children)
         if (--child->references_ == 0)
             dying.push_back(child);
-    }
 }
 
 void Bookmark::destroyOne(Bookmark* node) noexcept {
@@ -161,6 +158,10 @@ void Bookmark::destroy(Bookmark* node) noexcept {
     while (!dying.empty()) {
         Bookmark* each = dying.back();
         dying.pop_back();
+        if (each->children_)
+            for (Bookmark* child : *each->children_)
+                if (child->parent_ == each)
+                    child->parent_ = nullptr;
         each->releaseChildrenInto(dying);
         destroyOne(each);
     }

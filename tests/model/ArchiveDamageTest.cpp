@@ -1,0 +1,274 @@
+// What the reader of documents refuses, and that it does so in bounded time and memory and with a sentence.
+#include "model/ArchiveReader.h"
+#include "model/ArchiveWriter.h"
+#include "tests/model/TestPlist.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <random>
+
+namespace tabulon {
+namespace {
+
+using namespace test;
+
+// Reads and expects a refusal with a sentence; gives the error.
+Error refused(const std::string& bytes) {
+    const Result<Ref<Bookmark>> master = readDocumentArchive(bytes);
+    EXPECT_FALSE(master);
+    if (master)
+        return {};
+    EXPECT_FALSE(master.error().message.empty());
+    EXPECT_TRUE(master.error().message.ends_with('.'));
+    return master.error();
+}
+
+std::string smallDocument() {
+    TestArchive archive;
+    const std::int64_t link = archive.addNode({{"Name", uid(archive.add(ascii("n")))}});
+    return archive.document(archive.addFolder("Master", {link, archive.addFolder("f", {})}));
+}
+
+std::string withVersion(Value version, Value fileType) {
+    TestArchive archive;
+    const std::int64_t record = archive.addVersion(std::move(version), std::move(fileType));
+    return archive.bytes(archive.addArray({record, archive.addFolder("Master", {})}));
+}
+
+TEST(ArchiveDamage, otherVersionOrTypeIsRefusedWithTheDescribedCode) {
+    const std::int64_t type = 0x54626C6E;
+    for (const std::string& bytes :
+         {withVersion(integer(2), integer(type)), withVersion(integer(0), integer(type)),
+          withVersion(integer((1LL << 32) + 1), integer(type)), withVersion(integer(1), integer(type + 1)),
+          withVersion(integer(1), integer((1LL << 32) + type)), withVersion(real(1), integer(type)),
+          withVersion(integer(-1), integer(type))}) {
+        const Error error = refused(bytes);
+        EXPECT_EQ(error.domain, ErrorDomain::Cocoa);
+        EXPECT_EQ(error.code, 3072);
+    }
+    EXPECT_TRUE(readDocumentArchive(withVersion(integer(1), integer(type))));
+}
+
+TEST(ArchiveDamage, recordOfAnotherClassIsNoVersion) {
+    TestArchive archive;
+    const std::int64_t master = archive.addFolder("Master", {});
+    EXPECT_EQ(refused(archive.bytes(archive.addArray({archive.add(ascii("1")), master}))).code, 3072);
+}
+
+TEST(ArchiveDamage, whatIsNoArchiveIsRefusedWithoutACode) {
+    for (const std::string& bytes :
+         {std::string(), std::string("b"), std::string("bplist00"), std::string(100, 'x'),
+          std::string(1000, '\0'), std::string("<html></html>"),
+          std::string("<plist><string>a</string></plist>"), std::string("<plist>"),
+          std::string("<plist><dict><key>a</key></dict></plist>"), Encoder({}).encode(dictionary({})),
+          Encoder({}).encode(ascii("x")), Encoder({}).encode(array({}))}) {
+        const Error error = refused(bytes);
+        EXPECT_EQ(error.domain, ErrorDomain::None);
+        EXPECT_EQ(error.code, 0);
+    }
+}
+
+TEST(ArchiveDamage, anotherArchiverIsRefused) {
+    const Value other = dictionary({{"$version", integer(100000)},
+                                    {"$archiver", ascii("OtherArchiver")},
+                                    {"$top", dictionary({{"root", uid(0)}})},
+                                    {"$objects", array({ascii("$null")})}});
+    EXPECT_EQ(refused(Encoder({}).encode(other)).domain, ErrorDomain::None);
+}
+
+TEST(ArchiveDamage, wrongRootIsRefused) {
+    TestArchive archive;
+    const std::int64_t version = archive.addVersion(integer(1), integer(0x54626C6E));
+    const std::int64_t master = archive.addFolder("Master", {});
+    refused(archive.bytes(archive.addArray({version})));
+    refused(archive.bytes(archive.addArray({})));
+    refused(archive.bytes(archive.addArray({version, master, master})));
+    refused(archive.bytes(archive.addArray({version, 0})));
+    refused(archive.bytes(archive.addArray({version, 12345})));
+    refused(archive.bytes(master));
+    refused(archive.bytes(0));
+    refused(archive.bytes(99999));
+    EXPECT_TRUE(readDocumentArchive(archive.bytes(archive.addArray({version, master}))));
+}
+
+TEST(ArchiveDamage, folderInsideItself) {
+    TestArchive archive;
+    const std::int64_t folder = archive.addNode({{"Folder", boolean(true)}, {"Children", uid(0)}});
+    archive.objects[static_cast<std::size_t>(folder)]->pairs[1].second = uid(archive.addArray({folder}));
+    EXPECT_NE(refused(archive.document(folder)).message.find("inside itself"), std::string::npos);
+    EXPECT_NE(refused(archive.document(archive.addFolder("Master", {folder}))).message.find("inside itself"),
+              std::string::npos);
+}
+
+TEST(ArchiveDamage, longCycleOfFolders) {
+    TestArchive archive;
+    const std::int64_t first = archive.addNode({{"Folder", boolean(true)}, {"Children", uid(0)}});
+    std::int64_t inner = first;
+    for (int i = 0; i < 100; ++i)
+        inner = archive.addFolder("f", {inner});
+    archive.objects[static_cast<std::size_t>(first)]->pairs[1].second = uid(archive.addArray({inner}));
+    refused(archive.document(archive.addFolder("Master", {first})));
+}
+
+TEST(ArchiveDamage, oneNodeInTwoPlaces) {
+    TestArchive archive;
+    const std::int64_t link = archive.addNode({});
+    refused(archive.document(archive.addFolder("Master", {link, link})));
+    refused(archive.document(archive.addFolder("Master", {archive.addFolder("a", {link}), link})));
+}
+
+TEST(ArchiveDamage, oneListOfTwoFolders) {
+    TestArchive archive;
+    const std::int64_t list = archive.addArray({archive.addNode({})});
+    std::vector<std::int64_t> folders;
+    for (int i = 0; i < 2; ++i)
+        folders.push_back(archive.addNode({{"Folder", boolean(true)}, {"Children", uid(list)}}));
+    refused(archive.document(archive.addFolder("Master", folders)));
+}
+
+TEST(ArchiveDamage, folderWithTwoListsOfChildren) {
+    TestArchive archive;
+    const std::int64_t folder = archive.addNode({{"Children", uid(archive.addArray({archive.addNode({})}))},
+                                                 {"Children", uid(archive.addArray({archive.addNode({})}))}});
+    refused(archive.document(folder));
+}
+
+TEST(ArchiveDamage, childThatIsNoBookmark) {
+    TestArchive archive;
+    refused(archive.document(archive.addFolder("Master", {archive.add(ascii("text"))})));
+    refused(archive.document(archive.addFolder("Master", {0})));
+    refused(archive.document(archive.addFolder("Master", {archive.addArray({})})));
+}
+
+TEST(ArchiveDamage, referencesOutOfRange) {
+    for (const std::int64_t number : {1000LL, 0xFFFFFFFFLL}) {
+        TestArchive archive;
+        refused(archive.document(archive.addFolder("Master", {number})));
+        TestArchive named;
+        refused(named.document(named.addNode({{"Name", uid(number)}})));
+        TestArchive dated;
+        refused(dated.document(dated.addNode({{"LastOpened", uid(number)}})));
+    }
+}
+
+TEST(ArchiveDamage, truncatedAnywhere) {
+    const std::string whole = smallDocument();
+    ASSERT_TRUE(readDocumentArchive(whole));
+    for (std::size_t size = 0; size < whole.size(); ++size)
+        refused(whole.substr(0, size));
+}
+
+TEST(ArchiveDamage, absurdCountsAndTables) {
+    const std::string whole = smallDocument();
+    const auto patched = [&](std::size_t fromEnd, std::uint64_t value, unsigned width) {
+        std::string bytes = whole;
+        std::string number;
+        Encoder::number(number, value, width);
+        return bytes.replace(bytes.size() - fromEnd, width, number);
+    };
+    for (const std::uint64_t absurd : {~0ULL, 1ULL << 63, 1ULL << 40, 100000ULL}) {
+        refused(patched(24, absurd, 8)); // number of objects
+        refused(patched(16, absurd, 8)); // top object
+        refused(patched(8, absurd, 8));  // place of the offset table
+    }
+    refused(patched(24, 0, 8));
+    refused(patched(8, 0, 8));
+    refused(patched(8, 7, 8));
+    for (const std::uint64_t width : {0ULL, 9ULL, 255ULL}) {
+        refused(patched(26, width, 1)); // width of an offset
+        refused(patched(25, width, 1)); // width of a reference
+    }
+}
+
+TEST(ArchiveDamage, objectsThatReachIntoTheTableAreRefused) {
+    TestArchive archive;
+    // A text of 2^62 characters, and a list that claims more than there is.
+    const std::int64_t text = archive.add(raw(std::string("\x5F\x13\x40", 3) + std::string(7, '\0')));
+    refused(archive.document(archive.addNode({{"Name", uid(text)}})));
+    TestArchive listed;
+    const std::int64_t list =
+        listed.add(dictionary({{"NS.objects", raw(std::string("\xAF\x12\x7F\xFF\xFF\xFF", 6))},
+                               {"$class", uid(listed.arrayClass())}}));
+    const Result<Ref<Bookmark>> master =
+        readDocumentArchive(listed.document(listed.addNode({{"Children", uid(list)}})));
+    EXPECT_TRUE(!master || !(*master)->hasChildren());
+}
+
+TEST(ArchiveDamage, overlappingObjectsCannotMakeTheWorkGrow) {
+    // Twenty thousand nodes that are all the same bytes: a dictionary of twenty thousand pairs.
+    constexpr std::size_t kCount = 20000;
+    Pairs pairs;
+    const Value value = boolean(true);
+    for (std::size_t i = 0; i < kCount; ++i)
+        pairs.emplace_back("x", value);
+    TestArchive archive;
+    const std::int64_t first = archive.addNode(pairs);
+    std::vector<std::int64_t> links{first};
+    for (std::size_t i = 1; i < kCount; ++i)
+        links.push_back(archive.add(boolean(false)));
+    const std::int64_t master = archive.addFolder("Master", links);
+    std::string bytes = archive.document(master, {4, 4, 3, 0});
+    // Point every filler at the bytes of the first node, through the offset table.
+    const auto at = [&](std::size_t position) {
+        std::uint64_t result = 0;
+        for (std::size_t i = 0; i < 4; ++i)
+            result = result << 8 | static_cast<unsigned char>(bytes[position + i]);
+        return result;
+    };
+    std::size_t table = 0;
+    for (std::size_t i = 0; i < 8; ++i)
+        table = table << 8 | static_cast<unsigned char>(bytes[bytes.size() - 8 + i]);
+    std::size_t node = 0;
+    const std::size_t objects = (bytes.size() - 32 - table) / 4;
+    for (std::size_t i = 0; i < objects; ++i)
+        if (bytes[at(table + 4 * i)] == '\xDF' && at(at(table + 4 * i) + 2) > 10000)
+            node = i;
+    ASSERT_NE(node, 0u);
+    for (std::size_t i = 0; i < objects; ++i)
+        if (bytes[at(table + 4 * i)] == '\x08')
+            bytes.replace(table + 4 * i, 4, bytes.substr(table + 4 * node, 4));
+    const auto start = std::chrono::steady_clock::now();
+    const Error error = refused(bytes);
+    EXPECT_NE(error.message.find("overlap"), std::string::npos) << error.message;
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+}
+
+TEST(ArchiveDamage, randomDamageIsReadOrRefused) {
+    const std::string whole = smallDocument();
+    std::mt19937 random(7);
+    int read = 0;
+    for (int i = 0; i < 20000; ++i) {
+        std::string bytes = whole;
+        for (unsigned changes = 1 + random() % 3; changes > 0; --changes)
+            bytes[random() % bytes.size()] = static_cast<char>(random());
+        if (const auto master = readDocumentArchive(bytes)) {
+            ++read;
+            const std::string written = writeDocumentArchive(**master);
+            const auto again = readDocumentArchive(written);
+            ASSERT_TRUE(again);
+            ASSERT_EQ(writeDocumentArchive(**again), written);
+        }
+    }
+    EXPECT_GT(read, 0);
+    EXPECT_LT(read, 20000);
+}
+
+TEST(ArchiveDamage, deepXmlIsReadOrRefusedWithoutRecursion) {
+    constexpr int kDepth = 200000;
+    std::string xml = "<plist>";
+    for (int i = 0; i < kDepth; ++i)
+        xml += "<array>";
+    for (int i = 0; i < kDepth; ++i)
+        xml += "</array>";
+    refused(xml + "</plist>");
+}
+
+TEST(ArchiveDamage, customEntitiesAreNotExpanded) {
+    const Error error = refused("<!DOCTYPE plist [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b \"&a;&a;&a;&a;\">]>"
+                                "<plist><dict><key>$archiver</key><string>&b;</string></dict></plist>");
+    EXPECT_EQ(error.domain, ErrorDomain::None);
+}
+
+} // namespace
+} // namespace tabulon
