@@ -42,9 +42,11 @@ struct BookmarkDictionary {
     Text tags;
 };
 
-/// A node. Counted by `Ref`; a parent owns its children, `parent` and the document are plain back references
-/// (a child's parent becomes null when the parent is freed, the document when the document is). Identity is
-/// the object: there is no equality. No operation recurses, so a tree may be nested to any depth.
+/// A node. Counted by `Ref`; a parent owns its children, `parent` and the document are plain back references.
+/// When a parent is freed, children that live on lose it, and when a document is freed, its nodes lose it. A
+/// node that left its parent's list still points there: whoever keeps it for long gives it another parent or
+/// null. Identity is the object: there is no equality. No operation recurses, so a tree may be nested to any
+/// depth.
 class Bookmark {
 public:
     // Construction and copying
