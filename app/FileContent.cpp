@@ -1,5 +1,6 @@
 #include "app/FileContent.h"
 
+#include "model/ClassicReader.h"
 #include "model/Document.h"
 
 #include <algorithm>

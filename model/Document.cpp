@@ -2,6 +2,7 @@
 
 #include "model/ArchiveReader.h"
 #include "model/ArchiveWriter.h"
+#include "model/ClassicReader.h"
 
 #include <filesystem>
 #include <utility>
@@ -32,10 +33,8 @@ std::string Document::dataOfType(std::string_view /*type*/) const {
 }
 
 Result<void> Document::readFromDataOfType(std::string_view data, std::string_view /*type*/) {
-    if (classicFile(data))
-        return failure("Documents of the classic binary format cannot be read by this version.",
-                       ErrorDomain::OSStatus, 256);
-    Result<Ref<Bookmark>> master = readDocumentArchive(data);
+    Result<Ref<Bookmark>> master =
+        classicFile(data) ? readClassic(data, services_) : readDocumentArchive(data);
     if (!master)
         return tl::unexpected(std::move(master.error()));
     (*master)->setItemName("Master");
@@ -88,14 +87,6 @@ void Document::updateUI() {
 void Document::stateChanged() {
     if (presenter_)
         presenter_->documentStateChanged();
-}
-
-bool classicFile(std::string_view data) {
-    if (data.size() < 2)
-        return false;
-    const auto high = static_cast<unsigned char>(data[0]);
-    const auto low = static_cast<unsigned char>(data[1]);
-    return high == 0 && low < 4;
 }
 
 } // namespace tabulon

@@ -52,7 +52,8 @@ public:
 
     /// The document as the bytes of its file.
     std::string dataOfType(std::string_view type) const;
-    /// Replaces the tree by the one in `data` (see ArchiveReader.h for what is taken and refused). On failure
+    /// Replaces the tree by the one in `data`, of the current or the classic format (see ArchiveReader.h and
+    /// ClassicReader.h for what is taken and refused). On failure
     /// the document keeps its tree. The presenter is not told: the caller decides when to show the new tree.
     Result<void> readFromDataOfType(std::string_view data, std::string_view type);
 
@@ -89,9 +90,5 @@ private:
     DocumentPresenter* presenter_ = nullptr;
     long changeCount_ = 0;
 };
-
-/// The first two bytes, as a big-endian number, are below 4: a file of the older binary layout. False for
-/// data of fewer than two bytes.
-bool classicFile(std::string_view data);
 
 } // namespace tabulon

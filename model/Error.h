@@ -23,6 +23,8 @@ struct Error {
     int code = 0;
     /// One sentence in English that a person can act on, with a full stop.
     std::string message;
+    /// What an alert about this error is headed, where that is fixed; else empty.
+    std::string title = {};
 };
 
 template <class T>
@@ -31,7 +33,7 @@ using Result = tl::expected<T, Error>;
 /// A failed Result of any type.
 inline tl::unexpected<Error> failure(std::string message, ErrorDomain domain = ErrorDomain::None,
                                      int code = 0) {
-    return tl::unexpected<Error>(Error{domain, code, std::move(message)});
+    return tl::unexpected<Error>(Error{domain, code, std::move(message), {}});
 }
 
 } // namespace tabulon

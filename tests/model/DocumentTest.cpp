@@ -2,6 +2,7 @@
 #include "model/Document.h"
 
 #include "model/ArchiveWriter.h"
+#include "model/ClassicReader.h"
 #include "platform/fake/FakeBaseServices.h"
 #include "tests/model/TestPlist.h"
 
