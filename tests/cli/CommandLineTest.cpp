@@ -1,0 +1,189 @@
+// The contract of the tool: verbs, exit statuses, messages, outputs.
+#include "tests/cli/Tool.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace tabulon {
+namespace {
+
+using testing::HasSubstr;
+using testing::MatchesRegex;
+using testing::StartsWith;
+
+constexpr const char* kTree = R"({"name":"Master","folder":true,"openFolder":true,"children":[
+  {"name":"b","url":"https://b.example/","dateAdded":1000000000.5},
+  {"type":10},
+  {"name":"A","folder":true,"children":[{"name":"inner\nline","url":"ftp://c"}]}]})";
+
+constexpr const char* kHTML =
+    "<!DOCTYPE NETSCAPE-Bookmark-file-1>\n<DL><p>\n"
+    "<DT><A HREF=\"https://a.example/\" ADD_DATE=\"1000000000\">One &amp; only</A>\n"
+    "<HR>\n</DL><p>\n";
+
+class CommandLineTest : public testing::Test {
+protected:
+    void makeDocument() {
+        tool.files.files["tree.json"] = kTree;
+        ASSERT_EQ(tool.run({"make", "tree.json", "-o", "d.tbln"}), 0) << tool.error;
+    }
+    void expectFailure(const std::vector<std::string>& arguments) {
+        const auto before = tool.files.files;
+        EXPECT_EQ(tool.run(arguments), 1);
+        EXPECT_EQ(tool.out, "");
+        EXPECT_THAT(tool.error, StartsWith("tabulon-cli: "));
+        EXPECT_EQ(std::count(tool.error.begin(), tool.error.end(), '\n'), 1);
+        EXPECT_EQ(tool.error.back(), '\n');
+        EXPECT_EQ(tool.files.files, before);
+    }
+    void expectWrongUsage(const std::vector<std::string>& arguments) {
+        EXPECT_EQ(tool.run(arguments), 2);
+        EXPECT_EQ(tool.out, "");
+        EXPECT_FALSE(tool.error.empty());
+    }
+    test::Tool tool;
+};
+
+TEST_F(CommandLineTest, makeAndShowAreInverse) {
+    makeDocument();
+    ASSERT_EQ(tool.run({"show", "--json", "d.tbln"}), 0);
+    const std::string json = tool.out;
+    EXPECT_EQ(json.find('\n'), json.size() - 1);
+    tool.files.files["again.json"] = json;
+    ASSERT_EQ(tool.run({"make", "again.json", "-o", "again.tbln"}), 0);
+    EXPECT_EQ(tool.files.files["again.tbln"], tool.files.files["d.tbln"]);
+}
+
+TEST_F(CommandLineTest, showForPeopleIsOneLineANode) {
+    makeDocument();
+    ASSERT_EQ(tool.run({"show", "d.tbln"}), 0);
+    EXPECT_EQ(tool.out, "Master/\n"
+                        "  b  <https://b.example/>\n"
+                        "  --------\n"
+                        "  A/\n"
+                        "    inner line  <ftp://c>\n");
+}
+
+TEST_F(CommandLineTest, showStopsIndentingAtThirtyTwoLevels) {
+    std::string json;
+    for (int i = 0; i < 40; ++i)
+        json += R"({"name":"f","folder":true,"children":[)";
+    for (int i = 0; i < 40; ++i)
+        json += "]}";
+    tool.in = json;
+    ASSERT_EQ(tool.run({"make", "-", "-o", "deep.tbln"}), 0);
+    ASSERT_EQ(tool.run({"show", "deep.tbln"}), 0);
+    EXPECT_THAT(tool.out, HasSubstr("\n" + std::string(64, ' ') + "f/\n"));
+    EXPECT_EQ(tool.out.find(std::string(65, ' ')), std::string::npos);
+}
+
+TEST_F(CommandLineTest, streamsStandInForFiles) {
+    tool.in = kTree;
+    ASSERT_EQ(tool.run({"make", "-", "-o", "-"}), 0);
+    tool.in = tool.out;
+    ASSERT_EQ(tool.run({"show", "-"}), 0);
+    EXPECT_THAT(tool.out, HasSubstr("https://b.example/"));
+    EXPECT_TRUE(tool.files.files.empty());
+}
+
+TEST_F(CommandLineTest, importWritesADocumentToStandardOutputByDefault) {
+    tool.files.files["in.html"] = kHTML;
+    ASSERT_EQ(tool.run({"import", "--from", "html", "in.html"}), 0) << tool.error;
+    tool.in = tool.out;
+    ASSERT_EQ(tool.run({"show", "-"}), 0);
+    EXPECT_EQ(tool.out, "Master/\n  One & only  <https://a.example/>\n  --------\n");
+}
+
+TEST_F(CommandLineTest, importWithoutLinksFailsWithTheTextOfTheAlert) {
+    tool.files.files["in.html"] = "<html>nothing</html>";
+    expectFailure({"import", "--from", "html", "in.html", "-o", "out.tbln"});
+    EXPECT_THAT(tool.error, HasSubstr("in.html: No links were found"));
+}
+
+TEST_F(CommandLineTest, exportWritesHTML) {
+    makeDocument();
+    ASSERT_EQ(tool.run({"export", "--to", "html", "d.tbln", "-o", "out.html"}), 0) << tool.error;
+    EXPECT_THAT(tool.files.files["out.html"], StartsWith("<!DOCTYPE NETSCAPE-Bookmark-file-1>\n"));
+    EXPECT_THAT(tool.files.files["out.html"],
+                HasSubstr("\t<DT><A HREF=\"https://b.example/\" ADD_DATE=\"1000000000\">b</A>"));
+}
+
+TEST_F(CommandLineTest, defaultsHoldForOneRun) {
+    makeDocument();
+    ASSERT_EQ(tool.run({"export", "--to", "html", "d.tbln"}), 0);
+    EXPECT_LT(tool.out.find(">b</A>"), tool.out.find(">A</H3>"));
+    ASSERT_EQ(tool.run({"--default", "ExportSortName=YES", "export", "--to", "html", "d.tbln"}), 0);
+    EXPECT_GT(tool.out.find(">b</A>"), tool.out.find(">A</H3>"));
+    ASSERT_EQ(tool.run({"--default", "ExportSortName=1", "--default", "ExportSortName=NO", "export", "--to",
+                        "html", "d.tbln"}),
+              0);
+    EXPECT_LT(tool.out.find(">b</A>"), tool.out.find(">A</H3>"));
+}
+
+TEST_F(CommandLineTest, localeChoosesTheCollation) {
+    tool.in = R"({"folder":true,"children":[{"name":"ö","url":"u"},{"name":"z","url":"u"}]})";
+    ASSERT_EQ(tool.run({"make", "-", "-o", "d.tbln"}), 0);
+    const auto sortedFirst = [&](const char* locale) {
+        EXPECT_EQ(tool.run({"--locale", locale, "--default", "ExportSortName=YES", "export", "--to", "html",
+                            "d.tbln"}),
+                  0);
+        return tool.out.find("ö") < tool.out.find(">z<") ? "ö" : "z";
+    };
+    EXPECT_STREQ(sortedFirst("de_DE"), "ö");
+    EXPECT_STREQ(sortedFirst("sv"), "z");
+    EXPECT_STREQ(sortedFirst("C"), "ö");
+    EXPECT_STREQ(sortedFirst("POSIX"), "ö");
+}
+
+TEST_F(CommandLineTest, failuresAreOneLineStatusOneAndNoOutput) {
+    tool.files.files["bad.tbln"] = "neither this\nnor that";
+    tool.files.files["kept.html"] = "kept";
+    expectFailure({"show", "missing.tbln"});
+    expectFailure({"show", "--json", "bad.tbln"});
+    expectFailure({"export", "--to", "html", "bad.tbln", "-o", "kept.html"});
+    expectFailure({"import", "--from", "html", "missing.html", "-o", "out.tbln"});
+    expectFailure({"make", "missing.json", "-o", "out.tbln"});
+    expectFailure({"show", "a\nb"});
+}
+
+TEST_F(CommandLineTest, failedWriteIsReported) {
+    makeDocument();
+    tool.files.diskFull = true;
+    expectFailure({"export", "--to", "html", "d.tbln", "-o", "out.html"});
+    tool.files.diskFull = false;
+    tool.outputBroken = true;
+    expectFailure({"show", "d.tbln"});
+}
+
+TEST_F(CommandLineTest, wrongUsageIsStatusTwo) {
+    makeDocument();
+    expectWrongUsage({});
+    expectWrongUsage({"frobnicate"});
+    expectWrongUsage({"show"});
+    expectWrongUsage({"show", "a", "b"});
+    expectWrongUsage({"show", "--unknown", "d.tbln"});
+    expectWrongUsage({"import", "in.html"});
+    expectWrongUsage({"import", "--from", "nonsense", "in.html"});
+    expectWrongUsage({"export", "--to", "nonsense", "d.tbln"});
+    expectWrongUsage({"make", "tree.json"});
+    expectWrongUsage({"--default", "NoValue", "show", "d.tbln"});
+    expectWrongUsage({"--default", "=x", "show", "d.tbln"});
+}
+
+TEST_F(CommandLineTest, helpAndVersion) {
+    for (const char* verb : {"import", "export", "show", "make"}) {
+        EXPECT_EQ(tool.run({verb, "--help"}), 0);
+        EXPECT_THAT(tool.out, HasSubstr(verb));
+        EXPECT_THAT(tool.out, HasSubstr("INPUT"));
+        EXPECT_EQ(tool.error, "");
+    }
+    EXPECT_EQ(tool.run({"--help"}), 0);
+    EXPECT_THAT(tool.out, HasSubstr("Exit status"));
+    EXPECT_EQ(tool.run({"--version"}), 0);
+    EXPECT_THAT(tool.out, MatchesRegex("tabulon-cli [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+}
+
+} // namespace
+} // namespace tabulon
