@@ -18,6 +18,7 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"BookmarkDocuments", "Bookmark documents"},
     {"BookmarkFiles", "Bookmark documents and HTML bookmark files"},
     {"BookmarkHTMLFiles", "HTML bookmark files"},
+    {"Bookmarks", "Bookmarks"},
     {"Cancel", "Cancel"},
     {"CouldNotExport", "“%@” could not be exported"},
     {"CouldNotOpen", "“%@” could not be opened"},

@@ -55,7 +55,8 @@ void ViewController::mouseExited() {
 }
 
 void ViewController::selectionDidChange() {
-    updateURL();
+    if (window_) // a view reports an empty selection while it is being made
+        updateURL();
 }
 
 void ViewController::updateURL() {

@@ -1,0 +1,24 @@
+// Alerts as message boxes.
+#pragma once
+
+#include "platform/Alerts.h"
+
+#include <functional>
+
+class QWidget;
+
+namespace tabulon {
+
+/// The window that shows a document; for null, or when there is none, the one in front, or null.
+using WindowFinder = std::function<QWidget*(const Document* document)>;
+
+class QtAlerts : public Alerts {
+public:
+    explicit QtAlerts(WindowFinder windowFor) : windowFor_(std::move(windowFor)) {}
+    int runModal(const Alert& alert) override;
+
+private:
+    WindowFinder windowFor_;
+};
+
+} // namespace tabulon

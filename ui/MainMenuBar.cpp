@@ -1,0 +1,112 @@
+#include "ui/MainMenuBar.h"
+
+#include "app/AppDelegate.h"
+#include "ui/Icons.h"
+#include "ui/Strings.h"
+
+#include <QMenu>
+#include <QSet>
+#include <QTimer>
+
+namespace tabulon {
+namespace {
+
+QString escaped(const std::string& title) {
+    return toQString(title).replace('&', "&&");
+}
+
+// The title with a mark before its first letter that no other title of the bar has taken.
+QString withMnemonic(const std::string& title, QSet<QChar>& taken) {
+    QString text = escaped(title);
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar letter = text[i].toLower();
+        if (!letter.isLetter() || taken.contains(letter))
+            continue;
+        taken.insert(letter);
+        return text.insert(i, '&');
+    }
+    return text;
+}
+
+void enableAll(QMenu* menu) {
+    for (QAction* action : menu->actions())
+        action->setEnabled(true);
+}
+
+} // namespace
+
+QKeySequence keySequence(const MenuItem& item) {
+    if (item.keyEquivalent.empty())
+        return {};
+    const QString key = toQString(item.keyEquivalent);
+    const bool capital = key.size() == 1 && key[0].isUpper();
+    QString sequence;
+    if (item.modifiers.command)
+        sequence += "Ctrl+";
+    if (item.modifiers.option)
+        sequence += "Alt+";
+    if (item.modifiers.control)
+        sequence += "Meta+";
+    if (item.modifiers.shift || capital)
+        sequence += "Shift+";
+    return QKeySequence(sequence + key.toUpper().replace("DELETE", "Del"), QKeySequence::PortableText);
+}
+
+MainMenuBar::MainMenuBar(AppDelegate& app, std::function<void()> willPerform)
+    : app_(app), willPerform_(std::move(willPerform)) {
+    const Menu content = app_.mainMenu();
+    QSet<QChar> taken;
+    for (std::size_t place = 0; place < content.items.size(); ++place) {
+        const MenuItem& item = content.items[place];
+        QMenu* menu = addMenu(withMnemonic(item.title, taken));
+        menu->setToolTipsVisible(true);
+        fill(menu, *item.submenu);
+        enableAll(menu);
+        connect(menu, &QMenu::aboutToShow, this, [=, this] { refill(menu, static_cast<qsizetype>(place)); });
+        // Once it is closed every key must be able to reach its item again.
+        connect(menu, &QMenu::aboutToHide, this,
+                [=, this] { QTimer::singleShot(0, menu, [menu] { enableAll(menu); }); });
+    }
+}
+
+void MainMenuBar::refill(QMenu* menu, qsizetype place) {
+    const Menu content = app_.mainMenu();
+    qDeleteAll(menu->findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
+    menu->clear();
+    fill(menu, *content.items.at(static_cast<std::size_t>(place)).submenu);
+}
+
+void MainMenuBar::fill(QMenu* menu, const Menu& content) {
+    for (const MenuItem& item : content.items)
+        add(menu, item);
+}
+
+void MainMenuBar::add(QMenu* menu, const MenuItem& item) {
+    if (item.separator) {
+        menu->addSeparator();
+        return;
+    }
+    if (item.submenu) {
+        QMenu* below = menu->addMenu(escaped(item.title));
+        below->setToolTipsVisible(true);
+        fill(below, *item.submenu);
+        return;
+    }
+    QAction* action = menu->addAction(escaped(item.title));
+    action->setShortcut(keySequence(item));
+    action->setEnabled(app_.validateMenuItem(item));
+    if (!item.toolTip.empty())
+        action->setToolTip(toolTipText(item.toolTip));
+    if (!item.imageName.empty())
+        action->setIcon(iconNamed(item.imageName));
+    if (item.checked) {
+        action->setCheckable(true);
+        action->setChecked(true);
+    }
+    connect(action, &QAction::triggered, this, [this, item] {
+        willPerform_();
+        app_.performMenuItem(item);
+    });
+}
+
+} // namespace tabulon

@@ -1,0 +1,38 @@
+// The main menu drawn as a menu bar. What is in it, and what may be chosen now, is the application
+// delegate's.
+#pragma once
+
+#include "platform/Menu.h"
+
+#include <QMenuBar>
+
+#include <functional>
+
+class QMenu;
+
+namespace tabulon {
+
+class AppDelegate;
+
+/// The key sequence of a menu item; empty for none.
+QKeySequence keySequence(const MenuItem& item);
+
+/// Fills each menu anew when it is about to be shown. Keys work without that: a chosen item is checked again
+/// by the delegate before it runs.
+class MainMenuBar : public QMenuBar {
+    Q_OBJECT
+
+public:
+    /// `app` must live longer. `willPerform` is called before an item's action runs.
+    MainMenuBar(AppDelegate& app, std::function<void()> willPerform);
+
+private:
+    void refill(QMenu* menu, qsizetype place);
+    void fill(QMenu* menu, const Menu& content);
+    void add(QMenu* menu, const MenuItem& item);
+
+    AppDelegate& app_;
+    std::function<void()> willPerform_;
+};
+
+} // namespace tabulon

@@ -1,0 +1,57 @@
+#include "ui/QtWindows.h"
+
+#include "ui/Strings.h"
+#include "ui/document/DocumentMainWindow.h"
+#include "ui/document/OutlineWidget.h"
+
+#include <QApplication>
+#include <QFile>
+
+namespace tabulon {
+
+/// What the controllers hold: when it goes, the real window is hidden at once and deleted when no event of
+/// its own is being handled any more.
+class QtWindows::Window : public DocumentWindow {
+public:
+    Window(QtWindows& owner, DocumentMainWindow* window) : owner_(owner), window_(window) {
+        owner_.windows_.push_back(window);
+    }
+    ~Window() override {
+        std::erase(owner_.windows_, window_);
+        window_->detach();
+        window_->hide();
+        window_->deleteLater();
+    }
+
+    OutlineView& outline() override { return window_->outline(); }
+    void setTitle(const std::string& name, const std::string& path, bool edited) override {
+        window_->showTitle(toQString(name), QFile::decodeName(path.c_str()), edited);
+    }
+    void setURLFieldText(const std::string& text) override { window_->showURLFieldText(oneLine(text)); }
+    void showEmptyState(bool empty) override { window_->showEmptyState(empty); }
+    void show() override { window_->show(); }
+    void makeKeyAndOrderFront() override { window_->bringToFront(); }
+
+private:
+    QtWindows& owner_;
+    DocumentMainWindow* window_;
+};
+
+void QtWindows::connectTo(AppDelegate& app, const Platform& platform) {
+    app_ = &app;
+    platform_ = &platform;
+}
+
+std::unique_ptr<DocumentWindow> QtWindows::makeWindow(ViewController& controller) {
+    return std::make_unique<Window>(
+        *this, new DocumentMainWindow(controller, *app_, platform_->base.texts, platform_->state));
+}
+
+QWidget* QtWindows::windowFor(const Document* document) const {
+    for (DocumentMainWindow* window : windows_)
+        if (document && window->document() == document)
+            return window;
+    return QApplication::activeWindow();
+}
+
+} // namespace tabulon

@@ -1,0 +1,61 @@
+#include "ui/Strings.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tabulon {
+namespace {
+
+constexpr std::size_t kLongestLine = 4000;
+constexpr double kWantedContrast = 5.0;
+
+double linear(double channel) {
+    return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+}
+
+double luminance(const QColor& color) {
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b) {
+    const double first = luminance(a) + 0.05;
+    const double second = luminance(b) + 0.05;
+    return std::max(first, second) / std::min(first, second);
+}
+
+} // namespace
+
+QString oneLine(std::string_view utf8) {
+    QString line = toQString(utf8.substr(0, kLongestLine));
+    for (QChar& c : line)
+        if (c.isSpace() || c.category() == QChar::Other_Control)
+            c = ' ';
+    return line;
+}
+
+QString toolTipText(std::string_view utf8) {
+    if (utf8.empty())
+        return {};
+    return "<p style=\"white-space:pre-wrap\">" + toQString(utf8.substr(0, kLongestLine)).toHtmlEscaped() +
+           "</p>";
+}
+
+QColor readableColor(const LabelColor& color, const QColor& base, const QColor& text) {
+    if (color.red == 0 && color.green == 0 && color.blue == 0)
+        return text;
+    QColor shown = QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
+                                    static_cast<float>(color.blue), static_cast<float>(color.alpha));
+    if (luminance(base) > 0.4)
+        return shown;
+    for (int step = 0; step < 20 && contrast(shown, base) < kWantedContrast; ++step)
+        shown = mixedColor(shown, Qt::white, 0.08);
+    return shown;
+}
+
+QColor mixedColor(const QColor& from, const QColor& to, double amount) {
+    const auto mix = [amount](float a, float b) { return static_cast<float>(a + (b - a) * amount); };
+    return QColor::fromRgbF(mix(from.redF(), to.redF()), mix(from.greenF(), to.greenF()),
+                            mix(from.blueF(), to.blueF()));
+}
+
+} // namespace tabulon

@@ -1,0 +1,31 @@
+// Texts and colours of the model as Qt has them.
+#pragma once
+
+#include "model/LinkType.h"
+#include "model/Text.h"
+
+#include <QColor>
+#include <QString>
+
+#include <string_view>
+
+namespace tabulon {
+
+inline QString toQString(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+/// For a line on the screen: at most a few thousand bytes, line breaks and tabs as spaces.
+QString oneLine(std::string_view utf8);
+
+/// For a tool tip: the text as it is, never as markup, wrapped; empty for an empty text.
+QString toolTipText(std::string_view utf8);
+
+/// The colour of a label as it can be read on `base`: itself on light ground; lightened as far as it takes on
+/// dark, and black, which stands for no colour, is `text`.
+QColor readableColor(const LabelColor& color, const QColor& base, const QColor& text);
+
+/// Between the two: 0 is `from`, 1 is `to`.
+QColor mixedColor(const QColor& from, const QColor& to, double amount);
+
+} // namespace tabulon

@@ -1,0 +1,113 @@
+#include "ui/Theme.h"
+
+#include <QApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+#include <QPalette>
+#include <QStyle>
+#include <QStyleFactory>
+
+namespace tabulon {
+namespace {
+
+constexpr auto kPortal = "org.freedesktop.portal.Desktop";
+constexpr auto kPortalPath = "/org/freedesktop/portal/desktop";
+constexpr auto kSettings = "org.freedesktop.portal.Settings";
+constexpr auto kAppearance = "org.freedesktop.appearance";
+constexpr auto kColorScheme = "color-scheme";
+constexpr uint kPrefersDark = 1;
+
+QPalette lightPalette() {
+    QPalette palette(QColor(0xf2, 0xf3, 0xf4));
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::AlternateBase, QColor(0xf7, 0xf8, 0xf9));
+    palette.setColor(QPalette::WindowText, QColor(0x23, 0x26, 0x29));
+    palette.setColor(QPalette::Text, QColor(0x23, 0x26, 0x29));
+    palette.setColor(QPalette::ButtonText, QColor(0x23, 0x26, 0x29));
+    palette.setColor(QPalette::Highlight, QColor(0x2f, 0x7b, 0xd1));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, QColor(0x1d, 0x67, 0xbd));
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(0xcf, 0xd6, 0xde));
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, QColor(0x23, 0x26, 0x29));
+    return palette;
+}
+
+QPalette darkPalette() {
+    const QColor window(0x2a, 0x2d, 0x31);
+    const QColor text(0xe6, 0xe8, 0xea);
+    const QColor faint(0x80, 0x86, 0x8d);
+    QPalette palette(window);
+    palette.setColor(QPalette::Base, QColor(0x1f, 0x22, 0x25));
+    palette.setColor(QPalette::AlternateBase, QColor(0x25, 0x28, 0x2c));
+    palette.setColor(QPalette::Button, QColor(0x35, 0x39, 0x3e));
+    palette.setColor(QPalette::ToolTipBase, QColor(0x3a, 0x3e, 0x44));
+    for (const auto role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
+        palette.setColor(role, text);
+    palette.setColor(QPalette::PlaceholderText, faint);
+    palette.setColor(QPalette::Highlight, QColor(0x2f, 0x72, 0xbf));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, QColor(0x6d, 0xb3, 0xf2));
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(0x3d, 0x46, 0x50));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, faint);
+    return palette;
+}
+
+// Without a platform theme Qt falls back to Fusion and its fixed palette.
+bool platformHasPalette() {
+    return !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORMTHEME") || QApplication::style()->name() != "fusion";
+}
+
+} // namespace
+
+std::optional<ColorScheme> colorSchemeNamed(const QString& name) {
+    if (name == "system")
+        return ColorScheme::System;
+    if (name == "light")
+        return ColorScheme::Light;
+    if (name == "dark")
+        return ColorScheme::Dark;
+    return std::nullopt;
+}
+
+Theme::Theme(ColorScheme scheme) {
+    if (scheme != ColorScheme::System) {
+        QApplication::setStyle(QStyleFactory::create("fusion"));
+        apply(scheme == ColorScheme::Dark);
+    } else if (!platformHasPalette()) {
+        apply(false);
+        askPortal();
+    }
+}
+
+void Theme::apply(bool dark) {
+    QApplication::setPalette(dark ? darkPalette() : lightPalette());
+}
+
+void Theme::askPortal() {
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected())
+        return;
+    bus.connect(kPortal, kPortalPath, kSettings, "SettingChanged", this,
+                SLOT(settingChanged(QString, QString, QDBusVariant)));
+    QDBusMessage read = QDBusMessage::createMethodCall(kPortal, kPortalPath, kSettings, "Read");
+    read << QString(kAppearance) << QString(kColorScheme);
+    auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(read), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+        const QDBusPendingReply<QDBusVariant> reply = *watcher;
+        if (reply.isValid()) // the value comes wrapped once more
+            apply(reply.value().variant().value<QDBusVariant>().variant().toUInt() == kPrefersDark);
+        watcher->deleteLater();
+    });
+}
+
+void Theme::settingChanged(const QString& group, const QString& key, const QDBusVariant& value) {
+    if (group == kAppearance && key == kColorScheme)
+        apply(value.variant().toUInt() == kPrefersDark);
+}
+
+} // namespace tabulon

@@ -1,0 +1,148 @@
+#include "ui/document/DocumentMainWindow.h"
+
+#include "app/AppDelegate.h"
+#include "ui/Icons.h"
+#include "ui/MainMenuBar.h"
+#include "ui/Strings.h"
+#include "ui/document/ElidedLabel.h"
+#include "ui/document/EmptyState.h"
+#include "ui/document/OutlineWidget.h"
+#include "window/ViewController.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFile>
+#include <QMimeData>
+#include <QScreen>
+#include <QStackedWidget>
+#include <QTimer>
+#include <QUrl>
+#include <QVBoxLayout>
+
+namespace tabulon {
+namespace {
+
+constexpr auto kWidthKey = "WindowWidth";
+constexpr auto kHeightKey = "WindowHeight";
+constexpr auto kNameColumnKey = "NameColumnWidth";
+constexpr QSize kFirstSize(900, 600);
+constexpr QSize kSmallestSize(480, 320);
+
+std::vector<std::string> localFiles(const QMimeData& data) {
+    std::vector<std::string> paths;
+    for (const QUrl& url : data.urls())
+        if (url.isLocalFile())
+            paths.push_back(QFile::encodeName(url.toLocalFile()).toStdString());
+    return paths;
+}
+
+} // namespace
+
+DocumentMainWindow::DocumentMainWindow(ViewController& controller, AppDelegate& app,
+                                       const Localization& texts, UserDefaults& state)
+    : controller_(&controller), app_(app), state_(state), pages_(new QStackedWidget(this)),
+      outline_(new OutlineWidget(controller, {toQString(texts.text("Name")), toQString(texts.text("URL"))},
+                                 pages_)),
+      emptyState_(new EmptyState(texts, pages_)), urlField_(new ElidedLabel(this)) {
+    setWindowIcon(iconNamed("tabulon"));
+    setAcceptDrops(true);
+    setMinimumSize(kSmallestSize);
+    setMenuBar(new MainMenuBar(app, [this] { becomeKey(); }));
+    outline_->setAccessibleName(toQString(texts.text("Bookmarks")));
+    pages_->addWidget(outline_);
+    pages_->addWidget(emptyState_);
+    auto* content = new QWidget(this);
+    auto* layout = new QVBoxLayout(content);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(pages_, 1);
+    layout->addWidget(urlField_);
+    setCentralWidget(content);
+    connect(emptyState_, &EmptyState::openRequested, this, [this] { app_.openDocumentPanel(); });
+    connect(outline_, &OutlineWidget::nameColumnWidthChanged, this,
+            [this](int width) { state_.setIntegerForKey(kNameColumnKey, width); });
+    restoreGeometryOfLastWindow();
+}
+
+void DocumentMainWindow::restoreGeometryOfLastWindow() {
+    const QSize kept(static_cast<int>(state_.integerForKey(kWidthKey)),
+                     static_cast<int>(state_.integerForKey(kHeightKey)));
+    const QSize wanted = kept.isEmpty() ? kFirstSize : kept.expandedTo(kSmallestSize);
+    resize(wanted.boundedTo(screen()->availableSize()));
+    if (const auto width = state_.integerForKey(kNameColumnKey); width > 0)
+        outline_->setNameColumnWidth(static_cast<int>(width));
+}
+
+void DocumentMainWindow::detach() {
+    controller_ = nullptr;
+    outline_->detach();
+}
+
+Document* DocumentMainWindow::document() const {
+    return controller_ ? &controller_->document() : nullptr;
+}
+
+void DocumentMainWindow::showTitle(const QString& name, const QString& path, bool edited) {
+    setWindowFilePath(path);
+    setWindowTitle(QString(name).replace("[*]", "[*][*]") + "[*] – Tabulon");
+    setWindowModified(edited);
+}
+
+void DocumentMainWindow::showURLFieldText(const QString& text) {
+    urlField_->setText(text);
+}
+
+void DocumentMainWindow::showEmptyState(bool empty) {
+    pages_->setCurrentWidget(empty ? static_cast<QWidget*>(emptyState_) : outline_);
+    if (!empty)
+        outline_->setFocus();
+}
+
+void DocumentMainWindow::bringToFront() {
+    isMinimized() ? showNormal() : show();
+    raise();
+    activateWindow();
+    becomeKey();
+}
+
+void DocumentMainWindow::becomeKey() {
+    if (Document* shown = document())
+        app_.documentController().windowDidBecomeKey(*shown);
+}
+
+// The window itself goes when its document does; until then it stays.
+void DocumentMainWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (Document* shown = document())
+        app_.documentController().closeDocument(*shown, [](bool) {});
+}
+
+void DocumentMainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        becomeKey();
+}
+
+void DocumentMainWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    if (!isVisible() || isMaximized() || isFullScreen())
+        return;
+    state_.setIntegerForKey(kWidthKey, width());
+    state_.setIntegerForKey(kHeightKey, height());
+}
+
+void DocumentMainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!localFiles(*event->mimeData()).empty())
+        event->acceptProposedAction();
+}
+
+void DocumentMainWindow::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    // Later, so that an alert does not hold up the program that the files come from.
+    QTimer::singleShot(0, qApp, [&app = app_, paths = localFiles(*event->mimeData())] {
+        for (const std::string& path : paths)
+            app.openFile(path);
+    });
+}
+
+} // namespace tabulon

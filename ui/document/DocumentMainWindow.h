@@ -1,0 +1,62 @@
+// The window of one document: menu bar, outline or empty state, URL field. It reports what the user does to
+// the outline controller and to the application delegate, and decides nothing.
+#pragma once
+
+#include "platform/UserDefaults.h"
+
+#include <QMainWindow>
+
+class QStackedWidget;
+
+namespace tabulon {
+
+class AppDelegate;
+class Document;
+class ElidedLabel;
+class EmptyState;
+class Localization;
+class OutlineWidget;
+class ViewController;
+
+class DocumentMainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// All must live until `detach`. `state` keeps the window's size and the column's width from one run to
+    /// the next.
+    DocumentMainWindow(ViewController& controller, AppDelegate& app, const Localization& texts,
+                       UserDefaults& state);
+
+    /// Forgets the controller; the window goes soon after.
+    void detach();
+
+    OutlineWidget& outline() const { return *outline_; }
+    /// Null after `detach`.
+    Document* document() const;
+
+    void showTitle(const QString& name, const QString& path, bool edited);
+    void showURLFieldText(const QString& text);
+    void showEmptyState(bool empty);
+    void bringToFront();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void restoreGeometryOfLastWindow();
+    void becomeKey();
+
+    ViewController* controller_;
+    AppDelegate& app_;
+    UserDefaults& state_;
+    QStackedWidget* pages_;
+    OutlineWidget* outline_;
+    EmptyState* emptyState_;
+    ElidedLabel* urlField_;
+};
+
+} // namespace tabulon

@@ -1,0 +1,141 @@
+// The outline in a window: rows of one height over a flat model, so that everything it does takes the time of
+// the rows on the screen and not of all rows. Split by concern: _painting, _input.
+#pragma once
+
+#include "window/CellContent.h"
+#include "window/OutlineView.h"
+
+#include <QAbstractItemView>
+#include <QElapsedTimer>
+#include <QHash>
+#include <QHeaderView>
+
+#include <optional>
+#include <string_view>
+
+namespace tabulon {
+
+class OutlineModel;
+class ViewController;
+
+/// Column titles that stand above the texts of their columns.
+class OutlineHeader : public QHeaderView {
+    Q_OBJECT
+
+public:
+    explicit OutlineHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
+
+protected:
+    void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override;
+};
+
+class OutlineWidget : public QAbstractItemView, public OutlineView {
+    Q_OBJECT
+
+public:
+    /// The controller must live until `detach`. `columnTitles` are those of Name and URL.
+    OutlineWidget(ViewController& controller, const QStringList& columnTitles, QWidget* parent);
+
+    /// Shows nothing from now on and leaves the controller alone.
+    void detach();
+
+    /// The width of the Name column where the user has set one, in pixels; else it follows the window.
+    std::optional<int> nameColumnWidth() const { return nameColumnWidth_; }
+    void setNameColumnWidth(std::optional<int> width);
+
+    // OutlineView
+
+    void willReloadData() override;
+    void didReloadData() override;
+    void willInsertRows(RowRange rows) override;
+    void didInsertRows() override;
+    void willRemoveRows(RowRange rows) override;
+    void didRemoveRows() override;
+    void reloadRows(RowRange rows) override;
+    RowSet selectedRows() const override;
+    std::optional<std::size_t> selectedRow() const override;
+    void selectRows(const RowSet& rows) override;
+    void selectAll() override;
+    void scrollRowToVisible(std::size_t row) override;
+
+    // QAbstractItemView
+
+    QRect visualRect(const QModelIndex& index) const override;
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+    QModelIndex indexAt(const QPoint& point) const override;
+    void setModel(QAbstractItemModel* model) override;
+    void keyboardSearch(const QString& search) override;
+
+signals:
+    void nameColumnWidthChanged(int width);
+
+protected:
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    int horizontalOffset() const override;
+    int verticalOffset() const override;
+    bool isIndexHidden(const QModelIndex& index) const override;
+    void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;
+    QRegion visualRegionForSelection(const QItemSelection& selection) const override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    void updateGeometries() override;
+    void scrollContentsBy(int dx, int dy) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+private:
+    // Where the parts of a Name cell stand, in the viewport.
+    struct NameCellLayout {
+        QRect triangle;
+        QRect status;
+        QRect icon;
+        QRect text;
+        QRect indicator;
+    };
+    enum class Depth { ItemAlone, WithChildren };
+
+    int rowAtY(int y) const;
+    QRect cellRect(int row, int column) const;
+    QRect rowRect(int row) const;
+    void applyFont();
+    void sectionWasResized(int section, int oldWidth, int newWidth);
+    void layOutColumns();
+    QModelIndex indexOfRow(int row) const;
+
+    NameCellLayout layOutNameCell(int row, const CellContent& cell) const;
+    void paintRow(QPainter& painter, int row) const;
+    void paintNameCell(QPainter& painter, int row, bool selected) const;
+    void paintTriangle(QPainter& painter, const QRect& rect, bool expanded, const QColor& color) const;
+    void paintText(QPainter& painter, const QRect& rect, const QString& text, const QColor& color) const;
+    void paintImage(QPainter& painter, const QRect& rect, std::string_view name) const;
+    void paintTintedImage(QPainter& painter, const QRect& rect, std::string_view name,
+                          const QColor& color) const;
+    const QIcon& icon(std::string_view name) const;
+    QColor textColor(const ColoredText& text, bool selected) const;
+    bool rowIsSelected(int row) const;
+    QPalette::ColorGroup colorGroup() const;
+
+    std::optional<std::size_t> hitTriangle(const QPoint& point) const;
+    QString toolTipAt(const QPoint& point) const;
+    void setExpanded(std::size_t row, bool expanded, Depth depth);
+    bool handleTreeKey(int key);
+    void goToRow(std::size_t row);
+
+    ViewController* controller_;
+    OutlineModel* rows_;
+    OutlineHeader* header_;
+    int rowHeight_ = 23;
+    std::optional<int> nameColumnWidth_;
+    bool layingOutColumns_ = false;
+    QString typed_;
+    QElapsedTimer sinceTyped_;
+    mutable QHash<QByteArrayView, QIcon> icons_; // by names that live as long as the program
+};
+
+} // namespace tabulon

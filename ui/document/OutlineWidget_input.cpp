@@ -1,0 +1,192 @@
+// What the user does with mouse and keyboard, and tool tips.
+#include "ui/Strings.h"
+#include "ui/document/OutlineModel.h"
+#include "ui/document/OutlineWidget.h"
+#include "window/ViewController.h"
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QToolTip>
+
+namespace tabulon {
+
+std::optional<std::size_t> OutlineWidget::hitTriangle(const QPoint& point) const {
+    const QModelIndex index = indexAt(point);
+    if (!index.isValid() || index.column() != 0)
+        return std::nullopt;
+    const auto row = static_cast<std::size_t>(index.row());
+    const bool hit = controller_->isExpandable(controller_->itemAtRow(row)) &&
+                     layOutNameCell(index.row(), {}).triangle.contains(point);
+    return hit ? std::optional(row) : std::nullopt;
+}
+
+void OutlineWidget::setExpanded(std::size_t row, bool expanded, Depth depth) {
+    Bookmark& item = controller_->itemAtRow(row);
+    if (depth == Depth::WithChildren)
+        expanded ? controller_->expandItemWithChildren(item) : controller_->collapseItemWithChildren(item);
+    else
+        expanded ? controller_->expandItem(item) : controller_->collapseItem(item);
+}
+
+void OutlineWidget::mousePressEvent(QMouseEvent* event) {
+    if (controller_ && event->button() == Qt::LeftButton) {
+        if (const auto row = hitTriangle(event->position().toPoint())) {
+            const bool expanded = controller_->itemAtRow(*row).showHier();
+            setExpanded(*row, !expanded,
+                        event->modifiers().testFlag(Qt::AltModifier) ? Depth::WithChildren
+                                                                     : Depth::ItemAlone);
+            return event->accept();
+        }
+    }
+    QAbstractItemView::mousePressEvent(event);
+}
+
+void OutlineWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (controller_ && hitTriangle(event->position().toPoint()))
+        return mousePressEvent(event);
+    QAbstractItemView::mouseDoubleClickEvent(event);
+}
+
+void OutlineWidget::mouseMoveEvent(QMouseEvent* event) {
+    QAbstractItemView::mouseMoveEvent(event);
+    if (!controller_)
+        return;
+    const QModelIndex index = indexAt(event->position().toPoint());
+    controller_->mouseMoved(index.isValid() ? std::optional(static_cast<std::size_t>(index.row()))
+                                            : std::nullopt);
+}
+
+void OutlineWidget::leaveEvent(QEvent* event) {
+    QAbstractItemView::leaveEvent(event);
+    if (controller_)
+        controller_->mouseExited();
+}
+
+bool OutlineWidget::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::ToolTip && controller_) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        QToolTip::showText(help->globalPos(), toolTipAt(help->pos()), this);
+        return true;
+    }
+    return QAbstractItemView::viewportEvent(event);
+}
+
+QString OutlineWidget::toolTipAt(const QPoint& point) const {
+    const QModelIndex index = indexAt(point);
+    if (!index.isValid())
+        return {};
+    const auto row = static_cast<std::size_t>(index.row());
+    const Column column = OutlineModel::columnAt(index.column());
+    const CellContent cell = controller_->viewForTableColumn(column, row, true);
+    QRect textRect = cellRect(index.row(), index.column()).adjusted(6, 0, -6, 0);
+    if (cell.kind == CellKind::NameView) {
+        const NameCellLayout layout = layOutNameCell(index.row(), cell);
+        if (layout.icon.contains(point) && !cell.iconToolTip.isEmpty())
+            return toolTipText(cell.iconToolTip.view());
+        if (layout.indicator.contains(point) && !cell.indicatorToolTip.isEmpty())
+            return toolTipText(cell.indicatorToolTip.view());
+        textRect = layout.text;
+    }
+    if (const Text tip = controller_->toolTipForCell(column, row); !tip.isEmpty())
+        return toolTipText(tip.view());
+    const bool cut = fontMetrics().horizontalAdvance(oneLine(cell.text.string.view())) > textRect.width();
+    return cut ? toolTipText(cell.text.string.view()) : QString();
+}
+
+void OutlineWidget::keyPressEvent(QKeyEvent* event) {
+    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    const bool sign = event->text() == "+" || event->text() == "*"; // typed with Shift on many keyboards
+    if (controller_ && (plain || sign) && handleTreeKey(event->key()))
+        return event->accept();
+    QAbstractItemView::keyPressEvent(event);
+}
+
+void OutlineWidget::goToRow(std::size_t row) {
+    selectionModel()->setCurrentIndex(indexOfRow(static_cast<int>(row)),
+                                      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+bool OutlineWidget::handleTreeKey(int key) {
+    if (!currentIndex().isValid())
+        return false;
+    const auto row = static_cast<std::size_t>(currentIndex().row());
+    const Bookmark& item = controller_->itemAtRow(row);
+    const bool expanded = isExpanded(item);
+    switch (key) {
+    case Qt::Key_Plus:
+    case Qt::Key_Minus:
+        setExpanded(row, key == Qt::Key_Plus, Depth::ItemAlone);
+        return true;
+    case Qt::Key_Asterisk:
+        setExpanded(row, true, Depth::WithChildren);
+        return true;
+    case Qt::Key_Right:
+        if (!expanded)
+            setExpanded(row, true, Depth::ItemAlone);
+        else if (item.hasChildren())
+            goToRow(row + 1);
+        return true;
+    case Qt::Key_Left:
+        if (expanded)
+            setExpanded(row, false, Depth::ItemAlone);
+        else if (const auto parent = controller_->rowForItem(*item.getParent()))
+            goToRow(*parent);
+        return true;
+    default:
+        return false;
+    }
+}
+
+QModelIndex OutlineWidget::moveCursor(CursorAction action, Qt::KeyboardModifiers) {
+    const int last = controller_ ? rows_->rowCount() - 1 : -1;
+    if (last < 0)
+        return {};
+    const int current = currentIndex().isValid() ? currentIndex().row() : -1;
+    const int page = std::max(1, viewport()->height() / rowHeight_ - 1);
+    int row = current;
+    switch (action) {
+    case MoveUp:
+    case MovePrevious:
+        row = current - 1;
+        break;
+    case MoveDown:
+    case MoveNext:
+        row = current + 1;
+        break;
+    case MovePageUp:
+        row = current - page;
+        break;
+    case MovePageDown:
+        row = current + page;
+        break;
+    case MoveHome:
+        row = 0;
+        break;
+    case MoveEnd:
+        row = last;
+        break;
+    case MoveLeft:
+    case MoveRight:
+        break;
+    }
+    return indexOfRow(std::clamp(row, 0, last));
+}
+
+void OutlineWidget::keyboardSearch(const QString& search) {
+    if (!controller_ || search.isEmpty() || rows_->rowCount() == 0)
+        return;
+    const bool goesOn =
+        sinceTyped_.isValid() && sinceTyped_.elapsed() < QApplication::keyboardInputInterval();
+    const bool sameLetter = goesOn && typed_ == search;
+    typed_ = goesOn && !sameLetter ? typed_ + search : search;
+    sinceTyped_.start();
+    const int current = std::max(0, currentIndex().row());
+    const bool lookFurther = currentIndex().isValid() && typed_ == search;
+    const auto start = static_cast<std::size_t>((current + (lookFurther ? 1 : 0)) % rows_->rowCount());
+    if (const auto row = controller_->rowWithPrefix(typed_.toStdString(), start))
+        goToRow(*row);
+}
+
+} // namespace tabulon
