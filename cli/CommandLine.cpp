@@ -91,6 +91,7 @@ void addGlobalOptions(CLI::App& app, Request& request) {
     app.footer("Exit status: 0 done, 1 the operation failed, 2 wrong usage.");
 }
 
+// Gives the status of a failed operation.
 int complain(const Environment& environment, std::string message) {
     // One line, whatever names of files hold.
     for (char& c : message)
@@ -114,14 +115,12 @@ int perform(const Request& request, const Environment& environment) {
 }
 
 int explain(const CLI::App& app, const CLI::ParseError& error, const Environment& environment) {
-    std::ostringstream out;
+    std::ostringstream help;
     std::ostringstream problems;
-    const bool asked = app.exit(error, out, problems) == 0;
-    if (!asked) {
-        environment.writeStandardError(problems.str());
-        return kWrongUsage;
-    }
-    return environment.writeStandardOutput(out.str()) ? kDone : kFailed;
+    if (app.exit(error, help, problems) == 0)
+        return environment.writeStandardOutput(help.str()) ? kDone : kFailed;
+    complain(environment, std::string(error.what()) + " (tabulon-cli --help tells more)");
+    return kWrongUsage;
 }
 
 } // namespace

@@ -27,6 +27,17 @@ void appendDate(std::string& out, Date date) {
         out += ".0";
 }
 
+void appendJsonCharacter(std::string& out, char c) {
+    constexpr std::string_view kShort = "\"\\\b\f\n\r\t";
+    constexpr std::string_view kLetters = "\"\\bfnrt";
+    if (const std::size_t at = kShort.find(c); at != std::string_view::npos)
+        (out += '\\') += kLetters[at];
+    else if (static_cast<unsigned char>(c) < 0x20)
+        fmt::format_to(std::back_inserter(out), "\\u{:04x}", static_cast<unsigned>(c));
+    else
+        out += c;
+}
+
 void appendObjectStart(std::string& out, const Bookmark& node) {
     if (!out.empty() && out.back() != '[')
         out += ',';
@@ -169,14 +180,8 @@ void appendJsonText(std::string& out, const Text& text) {
         return;
     }
     out += '"';
-    for (const char c : text.view()) {
-        if (c == '"' || c == '\\')
-            (out += '\\') += c;
-        else if (static_cast<unsigned char>(c) < 0x20)
-            fmt::format_to(std::back_inserter(out), "\\u{:04x}", static_cast<unsigned>(c));
-        else
-            out += c;
-    }
+    for (const char c : text.view())
+        appendJsonCharacter(out, c);
     out += '"';
 }
 

@@ -41,7 +41,7 @@ protected:
     void expectWrongUsage(const std::vector<std::string>& arguments) {
         EXPECT_EQ(tool.run(arguments), 2);
         EXPECT_EQ(tool.out, "");
-        EXPECT_FALSE(tool.error.empty());
+        EXPECT_THAT(tool.error, StartsWith("tabulon-cli: "));
     }
     test::Tool tool;
 };
