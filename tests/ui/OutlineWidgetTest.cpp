@@ -1,0 +1,233 @@
+#include "ui/document/OutlineWidget.h"
+
+#include "tests/window/WindowFixture.h"
+#include "ui/document/OutlineModel.h"
+
+#include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QScrollBar>
+#include <QTest>
+
+#include <cstdio>
+
+namespace tabulon {
+namespace {
+
+// A window whose outline is the real one.
+class WidgetWindow : public DocumentWindow {
+public:
+    explicit WidgetWindow(ViewController& controller) : widget(controller, {"Name", "URL"}, nullptr) {
+        widget.resize(900, 600);
+        widget.show();
+    }
+    ~WidgetWindow() override { widget.detach(); }
+
+    OutlineView& outline() override { return widget; }
+    void setTitle(const std::string&, const std::string&, bool) override {}
+    void setURLFieldText(const std::string& text) override { urlField = text; }
+    void showEmptyState(bool) override {}
+    void show() override {}
+    void makeKeyAndOrderFront() override {}
+
+    OutlineWidget widget;
+    std::string urlField;
+};
+
+class OutlineWidgetTest : public WindowTest {
+protected:
+    void openWidget() {
+        controller = std::make_unique<ViewController>(document, platform());
+        widgetWindow = std::make_unique<WidgetWindow>(*controller);
+        controller->setWindow(widgetWindow.get());
+        tester = std::make_unique<QAbstractItemModelTester>(
+            widget().model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+    }
+    void TearDown() override {
+        tester.reset();
+        widgetWindow.reset();
+    }
+
+    OutlineWidget& widget() { return widgetWindow->widget; }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(&widget(), key, modifiers);
+    }
+    std::vector<std::string> shownNames() {
+        std::vector<std::string> names;
+        for (int row = 0; row < widget().model()->rowCount(); ++row)
+            names.push_back(widget().model()->index(row, 0).data().toString().toStdString());
+        return names;
+    }
+    int currentRow() { return widget().currentIndex().row(); }
+
+    std::unique_ptr<WidgetWindow> widgetWindow;
+    std::unique_ptr<QAbstractItemModelTester> tester;
+};
+
+using Names = std::vector<std::string>;
+
+TEST_F(OutlineWidgetTest, RightExpandsThenEntersAndLeftLeavesThenCollapses) {
+    Bookmark& outer = add(makeFolder("outer", false));
+    add(makeLink("inside"), &outer);
+    add(makeLink("after"));
+    openWidget();
+    press(Qt::Key_Home);
+    press(Qt::Key_Right);
+    EXPECT_EQ(shownNames(), (Names{"outer", "inside", "after"}));
+    press(Qt::Key_Right);
+    EXPECT_EQ(currentRow(), 1);
+    press(Qt::Key_Left);
+    EXPECT_EQ(currentRow(), 0);
+    press(Qt::Key_Left);
+    EXPECT_EQ(shownNames(), (Names{"outer", "after"}));
+    EXPECT_EQ(document.changeCount(), 2);
+}
+
+TEST_F(OutlineWidgetTest, PlusMinusAndAsteriskExpandAndCollapse) {
+    Bookmark& outer = add(makeFolder("outer", false));
+    add(makeLink("deep"), &add(makeFolder("inner", false), &outer));
+    openWidget();
+    press(Qt::Key_Home);
+    press(Qt::Key_Plus);
+    EXPECT_EQ(shownNames(), (Names{"outer", "inner"}));
+    press(Qt::Key_Minus);
+    EXPECT_EQ(shownNames(), (Names{"outer"}));
+    press(Qt::Key_Asterisk);
+    EXPECT_EQ(shownNames(), (Names{"outer", "inner", "deep"}));
+}
+
+TEST_F(OutlineWidgetTest, LeftAndRightOnALinkAtTheTopDoNothing) {
+    add(makeLink("a"));
+    openWidget();
+    press(Qt::Key_Home);
+    press(Qt::Key_Right);
+    press(Qt::Key_Left);
+    EXPECT_EQ(currentRow(), 0);
+    EXPECT_FALSE(document.isDocumentEdited());
+}
+
+TEST_F(OutlineWidgetTest, HomeEndAndPagesMoveTheCurrentRow) {
+    for (int i = 0; i < 1000; ++i)
+        add(makeLink("link"));
+    openWidget();
+    press(Qt::Key_End);
+    EXPECT_EQ(currentRow(), 999);
+    EXPECT_EQ(widget().verticalScrollBar()->value(), widget().verticalScrollBar()->maximum());
+    press(Qt::Key_PageUp);
+    EXPECT_LT(currentRow(), 990);
+    press(Qt::Key_Home);
+    EXPECT_EQ(currentRow(), 0);
+    EXPECT_EQ(widget().verticalScrollBar()->value(), 0);
+    press(Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(widget().selectedRows(), (RowSet{{0, 2}}));
+}
+
+TEST_F(OutlineWidgetTest, TypingSelectsTheNextNameThatBeginsSo) {
+    for (const char* name : {"alpha", "beta", "Bravo"})
+        add(makeLink(name));
+    openWidget();
+    press(Qt::Key_Home);
+    QTest::keyClicks(&widget(), "br");
+    EXPECT_EQ(currentRow(), 2);
+}
+
+TEST_F(OutlineWidgetTest, ClickOnTheTriangleExpandsWithoutSelecting) {
+    add(makeLink("inside"), &add(makeFolder("outer", false)));
+    openWidget();
+    const QRect row = widget().visualRect(widget().model()->index(0, 0));
+    QTest::mouseClick(widget().viewport(), Qt::LeftButton, {}, QPoint(12, row.center().y()));
+    EXPECT_EQ(shownNames(), (Names{"outer", "inside"}));
+    EXPECT_FALSE(widget().selectedRow());
+    QTest::mouseClick(widget().viewport(), Qt::LeftButton, {}, QPoint(80, row.center().y()));
+    EXPECT_EQ(widget().selectedRow(), 0u);
+}
+
+TEST_F(OutlineWidgetTest, EveryPixelOfARowFindsIt) {
+    add(makeLink("a"));
+    add(makeLink("b"));
+    openWidget();
+    const QRect second = widget().visualRect(widget().model()->index(1, 1));
+    EXPECT_EQ(widget().indexAt(second.topLeft()).row(), 1);
+    EXPECT_EQ(widget().indexAt(second.bottomRight() - QPoint(1, 0)).row(), 1);
+    EXPECT_FALSE(widget().indexAt(second.bottomLeft() + QPoint(0, 1)).isValid());
+}
+
+TEST_F(OutlineWidgetTest, CollapsingAFolderTakesTheSelectionInsideAway) {
+    Bookmark& outer = add(makeFolder("outer"));
+    add(makeLink("inside"), &outer);
+    add(makeLink("after"));
+    openWidget();
+    widget().selectAll();
+    controller->collapseItem(outer);
+    EXPECT_EQ(widget().selectedRows(), (RowSet{{0, 2}}));
+}
+
+TEST_F(OutlineWidgetTest, NameTakesNearlyHalfUntilItIsResized) {
+    add(makeLink("a"));
+    openWidget();
+    const auto nameWidth = [this] { return widget().visualRect(widget().model()->index(0, 0)).width(); };
+    EXPECT_NEAR(nameWidth(), 900 * 0.45, 10);
+    widget().setNameColumnWidth(300);
+    EXPECT_EQ(nameWidth(), 300);
+    widget().resize(1200, 600);
+    EXPECT_EQ(nameWidth(), 300);
+}
+
+TEST_F(OutlineWidgetTest, DetachedWidgetPaintsNothingAndDoesNotFall) {
+    add(makeLink("a"));
+    openWidget();
+    tester.reset();
+    widget().detach();
+    widget().grab();
+    press(Qt::Key_Down);
+    EXPECT_TRUE(widget().indexAt({10, 10}).row() < 0);
+}
+
+class MillionRowsTest : public OutlineWidgetTest {
+protected:
+    static constexpr int kFolders = 1000;
+    static constexpr int kLinksEach = 1000;
+
+    void SetUp() override {
+        for (int f = 0; f < kFolders; ++f) {
+            Bookmark& folder = add(makeFolder("folder", false));
+            for (int i = 0; i < kLinksEach; ++i)
+                add(makeLink("a link with a name"), &folder);
+        }
+        openWidget();
+        tester.reset(); // it looks at every row
+    }
+
+    // Runs the step, paints what it changed, prints and checks the time.
+    template <class Step>
+    void expectWithin(const char* name, int milliseconds, Step step) {
+        QElapsedTimer timer;
+        timer.start();
+        step();
+        widget().grab();
+        const double taken = static_cast<double>(timer.nsecsElapsed()) / 1e6;
+        std::printf("  %-28s %8.2f ms\n", name, taken);
+        EXPECT_LT(taken, milliseconds) << name;
+    }
+};
+
+// The limits are many times what it takes, so that a busy machine does not fail them; what they catch is a
+// step that has become linear where it must not be, or worse than linear.
+TEST_F(MillionRowsTest, OpenScrollExpandAndSelectWithoutAWait) {
+    expectWithin("first paint", 500, [] {});
+    expectWithin("expand one of 1,000 links", 200,
+                 [&] { controller->expandItem(controller->itemAtRow(500)); });
+    expectWithin("expand all", 2000, [&] { controller->expandAll(); });
+    ASSERT_EQ(controller->numberOfRows(), 1001000u);
+    expectWithin("scroll to the end", 200, [&] { press(Qt::Key_End); });
+    expectWithin("page up", 200, [&] { press(Qt::Key_PageUp); });
+    expectWithin("select all", 500, [&] { widget().selectAll(); });
+    ASSERT_EQ(widget().selectedRows(), (RowSet{{0, 1001000}}));
+    expectWithin("collapse one folder", 500, [&] { controller->collapseItem(controller->itemAtRow(0)); });
+    expectWithin("expand it again", 500, [&] { controller->expandItem(controller->itemAtRow(0)); });
+    expectWithin("collapse all", 2000, [&] { controller->collapseAll(); });
+    EXPECT_EQ(controller->numberOfRows(), 1000u);
+}
+
+} // namespace
+} // namespace tabulon

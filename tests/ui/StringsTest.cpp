@@ -1,0 +1,58 @@
+#include "ui/Strings.h"
+
+#include "ui/MainMenuBar.h"
+
+#include <gtest/gtest.h>
+
+#include <QKeySequence>
+
+namespace tabulon {
+namespace {
+
+TEST(StringsTest, LineHasNoBreaksAndNoEndlessLength) {
+    EXPECT_EQ(oneLine("a\nb\tc\x01"
+                      "d"),
+              "a b c d");
+    EXPECT_LE(oneLine(std::string(1000000, 'x')).size(), 4000);
+}
+
+TEST(StringsTest, ToolTipIsNeverMarkup) {
+    EXPECT_TRUE(toolTipText("<b>bold</b>").contains("&lt;b&gt;"));
+    EXPECT_TRUE(toolTipText("").isEmpty());
+}
+
+TEST(StringsTest, LabelColoursStayThemselvesOnLightGround) {
+    for (std::uint8_t label = 1; label < 12; ++label) {
+        const LabelColor color = labelColor(label);
+        const QColor shown = readableColor(color, Qt::white, QColor(0x20, 0x20, 0x20));
+        EXPECT_NEAR(shown.redF(), color.red, 0.005);
+        EXPECT_NEAR(shown.greenF(), color.green, 0.005);
+        EXPECT_NEAR(shown.blueF(), color.blue, 0.005);
+    }
+}
+
+TEST(StringsTest, LabelColoursAreLightenedOnDarkGround) {
+    const QColor base(0x1f, 0x22, 0x25);
+    for (std::uint8_t label = 1; label < 12; ++label)
+        EXPECT_GT(qGray(readableColor(labelColor(label), base, Qt::white).rgb()), 100) << int{label};
+    EXPECT_EQ(readableColor(labelColor(11), base, Qt::white), QColor(Qt::cyan)) << "bright enough as it is";
+}
+
+TEST(StringsTest, BlackStandsForTheOrdinaryTextColour) {
+    EXPECT_EQ(readableColor(labelColor(12), Qt::black, Qt::white), QColor(Qt::white));
+}
+
+TEST(StringsTest, MenuKeysAreThoseOfTheDesktop) {
+    EXPECT_EQ(keySequence(MenuItem{.keyEquivalent = "s"}), QKeySequence("Ctrl+S"));
+    EXPECT_EQ(keySequence(MenuItem{.keyEquivalent = "S"}), QKeySequence("Ctrl+Shift+S"));
+    EXPECT_EQ(keySequence(MenuItem{.keyEquivalent = "Right"}), QKeySequence("Ctrl+Right"));
+    EXPECT_EQ(keySequence(MenuItem{.keyEquivalent = "Left", .modifiers = {.shift = true}}),
+              QKeySequence("Ctrl+Shift+Left"));
+    EXPECT_EQ(keySequence(MenuItem{.keyEquivalent = "+"}), QKeySequence("Ctrl++"));
+    EXPECT_EQ(keySequence(MenuItem{.keyEquivalent = "i", .modifiers = {.option = true}}),
+              QKeySequence("Ctrl+Alt+I"));
+    EXPECT_TRUE(keySequence(MenuItem{}).isEmpty());
+}
+
+} // namespace
+} // namespace tabulon
