@@ -173,6 +173,20 @@ TEST_F(OutlineWidgetTest, NameTakesNearlyHalfUntilItIsResized) {
     EXPECT_EQ(nameWidth(), 300);
 }
 
+TEST_F(OutlineWidgetTest, DeepRowsKeepRoomForTheirNames) {
+    Bookmark* parent = &add(makeFolder("0"));
+    for (int depth = 1; depth < 20000; ++depth)
+        parent = &add(makeFolder("deeper"), parent);
+    openWidget();
+    press(Qt::Key_End);
+    const QRect last = widget().visualRect(widget().model()->index(19999, 0));
+    const auto triangleAt = [&](int x) {
+        QTest::mouseClick(widget().viewport(), Qt::LeftButton, {}, QPoint(x, last.center().y()));
+        return !parent->showHier();
+    };
+    EXPECT_TRUE(triangleAt(last.right() - 150)) << "the triangle stands where a name still fits behind it";
+}
+
 TEST_F(OutlineWidgetTest, DetachedWidgetPaintsNothingAndDoesNotFall) {
     add(makeLink("a"));
     openWidget();
@@ -223,6 +237,8 @@ TEST_F(MillionRowsTest, OpenScrollExpandAndSelectWithoutAWait) {
     expectWithin("page up", 200, [&] { press(Qt::Key_PageUp); });
     expectWithin("select all", 500, [&] { widget().selectAll(); });
     ASSERT_EQ(widget().selectedRows(), (RowSet{{0, 1001000}}));
+    expectWithin("type a name that is nowhere", 2000, [&] { QTest::keyClick(&widget(), Qt::Key_Z); });
+    expectWithin("count for the URL field", 500, [&] { controller->mouseMoved(std::nullopt); });
     expectWithin("collapse one folder", 500, [&] { controller->collapseItem(controller->itemAtRow(0)); });
     expectWithin("expand it again", 500, [&] { controller->expandItem(controller->itemAtRow(0)); });
     expectWithin("collapse all", 2000, [&] { controller->collapseAll(); });

@@ -17,6 +17,7 @@ constexpr int kIndent = 18;
 constexpr int kTriangle = 16;
 constexpr int kIcon = 16;
 constexpr int kGap = 6;
+constexpr int kRoomForName = 160; // is left in the column however deep a row stands
 constexpr double kURLFaintness = 0.32;
 
 } // namespace
@@ -25,7 +26,8 @@ OutlineWidget::NameCellLayout OutlineWidget::layOutNameCell(int row, const CellC
     const QRect area = cellRect(row, 0);
     const int iconTop = area.top() + (area.height() - kIcon) / 2;
     NameCellLayout layout;
-    int x = area.left() + kLeftMargin + kIndent * controller_->levelForRow(static_cast<std::size_t>(row));
+    const int indent = kIndent * controller_->levelForRow(static_cast<std::size_t>(row));
+    int x = area.left() + kLeftMargin + std::min(indent, std::max(0, area.width() - kRoomForName));
     layout.triangle = {x, area.top(), kTriangle, area.height()};
     x += kTriangle + 2;
     if (cell.statusShown) {
