@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 #include <plist/plist.h>
 
+#include <cstdlib>
 #include <memory>
 
 namespace tabulon::bench {
@@ -23,15 +24,17 @@ Plist readWithLibplist(const std::string& archive) {
     return Plist(plist);
 }
 
-/// Objects of the archive that have a URL key: every node has.
+/// Objects of the archive that have a URL key: every node has. By iterator, since libplist looks for an index
+/// from the front of a list.
 std::size_t nodesIn(plist_t archive) {
     const plist_t objects = plist_dict_get_item(archive, "$objects");
+    plist_array_iter iterator = nullptr;
+    plist_array_new_iter(objects, &iterator);
     std::size_t nodes = 0;
-    for (std::uint32_t i = 0; objects && i < plist_array_get_size(objects); ++i) {
-        const plist_t item = plist_array_get_item(objects, i);
+    for (plist_t item = nullptr; plist_array_next_item(objects, iterator, &item), item;)
         if (plist_get_node_type(item) == PLIST_DICT && plist_dict_get_item(item, "URL"))
             ++nodes;
-    }
+    std::free(iterator);
     return nodes;
 }
 

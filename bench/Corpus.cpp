@@ -141,9 +141,9 @@ private:
         Ref<Bookmark> node = Bookmark::initEmpty();
         node->setItemName(words(2, 6));
         node->setItemURL(address());
-        if (dice_.percent(14))
+        if (dice_.percent(12))
             node->setItemNote(words(6, 18));
-        if (dice_.percent(20))
+        if (dice_.percent(12))
             node->setItemTags(words(1, 3));
         setDates(*node);
         if (dice_.percent(6))
@@ -156,11 +156,11 @@ private:
     void setDates(Bookmark& node) {
         const std::uint64_t added = kDayOfFirstLink + dice_.below(kSecondsOfLinks);
         node.setItemDateAdded(date(added));
-        if (dice_.percent(50))
+        if (dice_.percent(35))
             node.setItemDateModified(date(added + dice_.below(50'000'000)));
-        if (dice_.percent(10))
+        if (dice_.percent(5))
             node.setItemLastChecked(date(added + dice_.below(50'000'000)));
-        if (dice_.percent(30))
+        if (dice_.percent(12))
             node.setItemLastOpened(date(added + dice_.below(50'000'000)));
     }
 

@@ -16,7 +16,8 @@ namespace tabulon::bench {
 
 Row memoryRow(const Sample& sample, const Effort& effort) {
     const TemporaryFile file(".tbln", sample.archive);
-    const std::string output = outputOf(fmt::format("/proc/{}/exe --memory-of '{}'", getpid(), file.path()));
+    const std::string output =
+        outputOf(fmt::format("MIMALLOC_RESET_DELAY=0 /proc/{}/exe --memory-of '{}'", getpid(), file.path()));
     const double bytes = std::strtod(output.c_str(), nullptr);
     require(bytes > static_cast<double>(sample.size.textBytes),
             "the memory of a document could not be measured");

@@ -1,4 +1,4 @@
-"""Parses a bookmark file with lxml's HTML parser and prints the fastest time in seconds and the number of links."""
+"""Parses a bookmark file with lxml's HTML parser and prints the fastest time in processor seconds and the number of links."""
 
 import sys
 import time
@@ -11,9 +11,9 @@ def main():
         data = file.read()
     best = float("inf")
     for _ in range(int(sys.argv[2])):
-        begin = time.perf_counter()
+        begin = time.process_time()
         tree = etree.fromstring(data, etree.HTMLParser(huge_tree=True))
-        best = min(best, time.perf_counter() - begin)
+        best = min(best, time.process_time() - begin)
     print(best, sum(1 for element in tree.iter("a") if element.get("href") is not None))
 
 
