@@ -60,8 +60,10 @@ MenuItem AppDelegate::command(std::string_view titleKey, std::string action, std
 }
 
 MenuItem AppDelegate::submenu(std::string_view titleKey, Menu menu) const {
-    menu.title = platform_.base.texts.text(titleKey);
-    return MenuItem{.title = menu.title, .submenu = std::move(menu)};
+    MenuItem item;
+    item.title = menu.title = platform_.base.texts.text(titleKey);
+    item.submenu = std::move(menu);
+    return item;
 }
 
 Menu AppDelegate::mainMenu() {

@@ -59,14 +59,14 @@ public:
     /// Brings the window of the file to the front; false when the file is not open.
     bool showDocumentOfFile(const std::string& path);
 
-    void saveDocument(Document& document, Done done);
-    void saveDocumentAs(Document& document, Done done);
+    void saveDocument(Document& document, const Done& done);
+    void saveDocumentAs(Document& document, const Done& done);
     void exportHTML(Document& document);
 
     /// Asks about unsaved changes first.
-    void closeDocument(Document& document, Done done);
+    void closeDocument(Document& document, const Done& done);
     /// Asks about each document with unsaved changes; only when none was answered with Cancel all are closed.
-    void closeAllDocuments(Done done);
+    void closeAllDocuments(const Done& done);
 
     RecentDocuments& recentDocuments() { return recentDocuments_; }
 
@@ -90,8 +90,8 @@ private:
     Result<void> write(Document& document, const std::string& path);
     bool writeOrAlert(Document& document, const std::string& path);
     const Document* otherDocumentOfFile(const Document& document, const std::string& path) const;
-    void askToSave(Document& document, Done done);
-    void reviewFrom(std::vector<Document*> pending, Done done);
+    void askToSave(Document& document, const Done& done);
+    void reviewFrom(std::vector<Document*> pending, const Done& done);
 
     const Platform platform_;
     DocumentWindowMaker& windows_;

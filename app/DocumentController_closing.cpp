@@ -31,13 +31,13 @@ SaveAnswer askForSaving(const Platform& platform, const Document& document) {
 } // namespace
 
 // Tells whether the document may go: it was saved, or the user gives its changes up.
-void DocumentController::askToSave(Document& document, Done done) {
+void DocumentController::askToSave(Document& document, const Done& done) {
     if (!document.isDocumentEdited())
         return done(true);
     find(document)->window->makeKeyAndOrderFront();
     switch (askForSaving(platform_, document)) {
     case SaveAnswer::Save:
-        return saveDocument(document, std::move(done));
+        return saveDocument(document, done);
     case SaveAnswer::DontSave:
         return done(true);
     case SaveAnswer::Cancel:
@@ -45,7 +45,7 @@ void DocumentController::askToSave(Document& document, Done done) {
     }
 }
 
-void DocumentController::closeDocument(Document& document, Done done) {
+void DocumentController::closeDocument(Document& document, const Done& done) {
     askToSave(document, [this, &document, done](bool mayGo) {
         if (mayGo && find(document))
             remove(document);
@@ -64,7 +64,7 @@ void DocumentController::remove(const Document& document) {
         lastDocumentClosed();
 }
 
-void DocumentController::closeAllDocuments(Done done) {
+void DocumentController::closeAllDocuments(const Done& done) {
     reviewFrom(documents(), [this, done](bool mayGo) {
         if (mayGo)
             for (const Document* document : documents())
@@ -74,7 +74,7 @@ void DocumentController::closeAllDocuments(Done done) {
 }
 
 // Asks about the last of the pending documents, then about the others.
-void DocumentController::reviewFrom(std::vector<Document*> pending, Done done) {
+void DocumentController::reviewFrom(std::vector<Document*> pending, const Done& done) {
     while (!pending.empty() && !(find(*pending.back()) && pending.back()->isDocumentEdited()))
         pending.pop_back();
     if (pending.empty())

@@ -32,9 +32,9 @@ bool DocumentController::writeOrAlert(Document& document, const std::string& pat
     return written.has_value();
 }
 
-void DocumentController::saveDocument(Document& document, Done done) {
+void DocumentController::saveDocument(Document& document, const Done& done) {
     if (document.fileName().empty())
-        return saveDocumentAs(document, std::move(done));
+        return saveDocumentAs(document, done);
     done(writeOrAlert(document, document.fileName()));
 }
 
@@ -46,7 +46,7 @@ const Document* DocumentController::otherDocumentOfFile(const Document& document
     return nullptr;
 }
 
-void DocumentController::saveDocumentAs(Document& document, Done done) {
+void DocumentController::saveDocumentAs(Document& document, const Done& done) {
     const Localization& texts = platform_.base.texts;
     const SavePanel panel{.message = texts.text("SaveDocument"),
                           .prompt = texts.text("Save"),

@@ -17,7 +17,7 @@ struct MenuItem;
 
 struct Menu {
     std::string title = {};
-    std::vector<MenuItem> items = {};
+    std::vector<MenuItem> items;
 };
 
 /// The keys that go with a key equivalent. On Linux Command is Ctrl, Option is Alt, Control is the Super key.

@@ -4,6 +4,7 @@
 #include "model/Collation.h"
 
 #include <algorithm>
+#include <compare>
 
 namespace tabulon {
 
@@ -88,7 +89,7 @@ std::optional<std::size_t> ViewController::rowWithPrefix(const std::string& pref
     for (std::size_t step = 0; step < rows_.size(); ++step) {
         const std::size_t row = (start + step) % rows_.size();
         const std::string_view name = firstCharacters(rows_.at(row).itemName().view(), length);
-        if (!name.empty() && collation.compareIgnoringCase(name, prefix) == 0)
+        if (!name.empty() && std::is_eq(collation.compareIgnoringCase(name, prefix)))
             return row;
     }
     return std::nullopt;

@@ -1,3 +1,4 @@
+// Closing documents and quitting: what is asked, and what becomes of each answer.
 #include "tests/app/AppFixture.h"
 
 namespace tabulon {

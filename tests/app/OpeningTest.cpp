@@ -1,3 +1,4 @@
+// Starting, opening files of every kind, importing bookmark files.
 #include "tests/app/AppFixture.h"
 
 namespace tabulon {

@@ -1,3 +1,4 @@
+// Saving, saving under another name, exporting, and what a full disk leaves behind.
 #include "tests/app/AppFixture.h"
 
 namespace tabulon {

@@ -1,3 +1,4 @@
+// The outline on a screen in memory: keys, mouse, geometry, a million rows.
 #include "ui/document/OutlineWidget.h"
 
 #include "tests/window/WindowFixture.h"

@@ -1,3 +1,4 @@
+// Texts, label colours and menu keys as the windows show them.
 #include "ui/Strings.h"
 
 #include "ui/MainMenuBar.h"

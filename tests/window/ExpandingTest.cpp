@@ -1,3 +1,4 @@
+// Expanding and collapsing: rows, flags, change counts, the selection that survives.
 #include "tests/window/WindowFixture.h"
 
 namespace tabulon {

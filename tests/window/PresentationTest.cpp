@@ -1,3 +1,4 @@
+// What the cells of the outline show for a node.
 #include "tests/window/WindowFixture.h"
 
 namespace tabulon {

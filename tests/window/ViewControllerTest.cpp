@@ -1,3 +1,4 @@
+// The controller and its window: title, empty state, URL field, export, alerts.
 #include "window/ViewController.h"
 
 #include "tests/window/WindowFixture.h"

@@ -1,3 +1,4 @@
+// The rows of an outline for trees of every shape.
 #include "window/VisibleRows.h"
 
 #include "platform/fake/FakeBaseServices.h"

@@ -52,17 +52,17 @@ OutlineWidget::OutlineWidget(ViewController& controller, const QStringList& colu
     header_->setHighlightSections(false);
     header_->setMinimumSectionSize(kSmallestColumn);
     header_->setStretchLastSection(true);
-    setModel(rows_);
+    showModel(rows_);
     connect(header_, &QHeaderView::sectionResized, this, &OutlineWidget::sectionWasResized);
     applyFont();
 }
 
 void OutlineWidget::detach() {
     controller_ = nullptr;
-    setModel(nullptr);
+    showModel(nullptr);
 }
 
-void OutlineWidget::setModel(QAbstractItemModel* model) {
+void OutlineWidget::showModel(QAbstractItemModel* model) {
     header_->setModel(model);
     QAbstractItemView::setModel(model);
 }
@@ -76,7 +76,7 @@ void OutlineWidget::applyFont() {
     header_->setFont(QApplication::font());
     const int wantedHeight = qRound(controller_->rowHeight() * logicalDpiY() / kPointsPerInch);
     rowHeight_ = std::max({kSmallestRowHeight, wantedHeight, QFontMetrics(font).height() + 2});
-    updateGeometries();
+    OutlineWidget::updateGeometries();
 }
 
 void OutlineWidget::willReloadData() {

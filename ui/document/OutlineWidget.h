@@ -63,7 +63,6 @@ public:
     QRect visualRect(const QModelIndex& index) const override;
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
     QModelIndex indexAt(const QPoint& point) const override;
-    void setModel(QAbstractItemModel* model) override;
     void keyboardSearch(const QString& search) override;
 
 signals:
@@ -103,6 +102,7 @@ private:
     int rowAtY(int y) const;
     QRect cellRect(int row, int column) const;
     QRect rowRect(int row) const;
+    void showModel(QAbstractItemModel* model);
     void applyFont();
     void sectionWasResized(int section, int oldWidth, int newWidth);
     void layOutColumns();
