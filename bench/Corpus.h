@@ -9,9 +9,9 @@
 
 namespace tabulon::bench {
 
-/// A root folder "Master" with exactly `links` links below it: folders up to eight deep, two of them large and flat,
-/// separators, names in a dozen scripts, addresses of the usual lengths, notes and tags on every eighth link, dates in
-/// whole seconds. 100,000 links make about 18 MB of bookmark HTML and 42 MB of archive.
+/// A root folder "Master" with exactly `links` links below it: folders up to eight deep, two of them large
+/// and flat, separators, names in a dozen scripts, addresses of the usual lengths, notes and tags on every
+/// eighth link, dates in whole seconds. 100,000 links make about 18 MB of bookmark HTML and 42 MB of archive.
 Ref<Bookmark> makeCorpus(std::size_t links, std::uint64_t seed = 2001);
 
 /// What a tree holds below its root.

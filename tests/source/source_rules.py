@@ -100,7 +100,7 @@ def opening_faults(root, path):
     if path.suffix == ".cpp" and (root / path.with_suffix(".h")).is_file():
         return
     first = (root / path).read_text(encoding="utf-8").split("\n", 1)[0]
-    if not re.match(r"// *\w", first):
+    if not re.match(r"// *\W?\w", first):
         yield f"{path}: does not begin with a comment that says what lives here"
 
 

@@ -90,7 +90,7 @@ class SourceRulesTest(unittest.TestCase):
         self.assert_fault({"model/A.h": "// Long.\n" + "\n" * 600}, "601 lines")
 
     def test_a_file_begins_with_what_lives_in_it(self):
-        for text in ("#pragma once\n", "\n// Late.\n", "//\n", "// -----\n", ""):
+        for text in ("#pragma once\n", "// --- x\n", "\n// Late.\n", "//\n", "// -----\n", ""):
             self.assert_fault({"model/A.h": text}, "model/A.h", "begin")
         self.assert_fault({"model/a.cpp": "int x;\n"}, "model/a.cpp", "begin")
 
