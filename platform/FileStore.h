@@ -4,10 +4,24 @@
 
 #include "model/Error.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tabulon {
+
+/// What tells one state of a file from another: which file it is, and how it was when someone looked.
+struct FileIdentity {
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    std::uint64_t size = 0;
+    /// Nanoseconds since 1970-01-01 00:00 UTC.
+    std::int64_t modified = 0;
+
+    friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
+};
 
 class FileStore {
 public:
@@ -24,6 +38,22 @@ public:
     virtual Result<void> writeFileAtomically(const std::string& path, std::string_view bytes) = 0;
 
     virtual bool fileExists(const std::string& path) = 0;
+
+    /// How the file at `path` is now, symbolic links followed; nothing when there is none or it cannot be
+    /// looked at.
+    virtual std::optional<FileIdentity> identityOf(const std::string& path) = 0;
+
+    /// Makes a copy of the file at `from`, with the care of `writeFileAtomically`.
+    virtual Result<void> copyFile(const std::string& from, const std::string& to) = 0;
+
+    /// Removes the file at `path`; no error when there is none.
+    virtual Result<void> removeFile(const std::string& path) = 0;
+
+    /// Makes the folder and those above it that are missing; readable by the user alone where it makes them.
+    virtual Result<void> makeFolder(const std::string& path) = 0;
+
+    /// The names of the files in a folder, sorted; empty when it cannot be read.
+    virtual std::vector<std::string> namesInFolder(const std::string& path) = 0;
 };
 
 } // namespace tabulon

@@ -14,6 +14,11 @@ public:
     Result<std::string> readFile(const std::string& path) override;
     Result<void> writeFileAtomically(const std::string& path, std::string_view bytes) override;
     bool fileExists(const std::string& path) override { return files.contains(path); }
+    std::optional<FileIdentity> identityOf(const std::string& path) override;
+    Result<void> copyFile(const std::string& from, const std::string& to) override;
+    Result<void> removeFile(const std::string& path) override;
+    Result<void> makeFolder(const std::string& path) override;
+    std::vector<std::string> namesInFolder(const std::string& path) override;
 
     /// Path → content.
     std::map<std::string, std::string, std::less<>> files;

@@ -7,9 +7,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
+#include <filesystem>
 #include <system_error>
 
 namespace tabulon {
@@ -153,6 +155,46 @@ Result<void> PosixFileStore::writeFileAtomically(const std::string& path, std::s
 
 bool PosixFileStore::fileExists(const std::string& path) {
     return ::access(path.c_str(), F_OK) == 0;
+}
+
+std::optional<FileIdentity> PosixFileStore::identityOf(const std::string& path) {
+    struct stat status = {};
+    if (::stat(path.c_str(), &status) != 0)
+        return std::nullopt;
+    constexpr std::int64_t kNanoseconds = 1000000000;
+    return FileIdentity{status.st_dev, status.st_ino, static_cast<std::uint64_t>(status.st_size),
+                        status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec};
+}
+
+Result<void> PosixFileStore::copyFile(const std::string& from, const std::string& to) {
+    const Result<std::string> bytes = readFile(from);
+    return bytes ? writeFileAtomically(to, *bytes) : Result<void>(tl::unexpected(bytes.error()));
+}
+
+Result<void> PosixFileStore::removeFile(const std::string& path) {
+    if (::unlink(path.c_str()) != 0 && errno != ENOENT)
+        return problem("Cannot remove", path, errno);
+    return {};
+}
+
+Result<void> PosixFileStore::makeFolder(const std::string& path) {
+    for (std::size_t slash = path.find('/', 1);; slash = path.find('/', slash + 1)) {
+        const std::string folder = path.substr(0, slash);
+        if (::mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST)
+            return problem("Cannot make the folder", folder, errno);
+        if (slash == std::string::npos)
+            return {};
+    }
+}
+
+std::vector<std::string> PosixFileStore::namesInFolder(const std::string& path) {
+    std::vector<std::string> names;
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(path, error), end; !error && entry != end;
+         entry.increment(error))
+        names.push_back(entry->path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
 Result<std::string> readStandardInput() {

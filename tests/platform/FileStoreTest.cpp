@@ -1,0 +1,164 @@
+// The real file store in a folder of its own: whole files or none, modes, links, failures.
+#include "platform/linux/FileStore.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+
+namespace tabulon {
+namespace {
+
+namespace fs = std::filesystem;
+
+class FileStoreTest : public testing::Test {
+protected:
+    void SetUp() override {
+        std::string pattern = (fs::temp_directory_path() / "tabulon-files-XXXXXX").string();
+        ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
+        folder = pattern;
+    }
+    void TearDown() override {
+        std::error_code ignored;
+        fs::permissions(folder, fs::perms::owner_all, ignored);
+        fs::remove_all(folder, ignored);
+    }
+    std::string path(const std::string& name) const { return (folder / name).string(); }
+    std::size_t fileCount() const {
+        return static_cast<std::size_t>(
+            std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
+    }
+    static mode_t mode(const std::string& file) {
+        struct stat status = {};
+        EXPECT_EQ(::stat(file.c_str(), &status), 0);
+        return status.st_mode & 07777;
+    }
+    PosixFileStore files;
+    fs::path folder;
+};
+
+TEST_F(FileStoreTest, writesAndReadsAnyBytes) {
+    const std::string bytes("a\0b\nc\xFF", 6);
+    ASSERT_TRUE(files.writeFileAtomically(path("f"), bytes));
+    EXPECT_EQ(files.readFile(path("f")).value(), bytes);
+    ASSERT_TRUE(files.writeFileAtomically(path("f"), ""));
+    EXPECT_EQ(files.readFile(path("f")).value(), "");
+    EXPECT_EQ(fileCount(), 1u);
+}
+
+TEST_F(FileStoreTest, largeFilesArriveWhole) {
+    std::string bytes(20'000'000, 'x');
+    bytes[12345678] = 'y';
+    ASSERT_TRUE(files.writeFileAtomically(path("f"), bytes));
+    EXPECT_TRUE(files.readFile(path("f")).value() == bytes);
+}
+
+TEST_F(FileStoreTest, newFilesFollowTheMaskAndOldOnesKeepTheirMode) {
+    const mode_t before = ::umask(027);
+    ASSERT_TRUE(files.writeFileAtomically(path("new"), "x"));
+    ::umask(before);
+    EXPECT_EQ(mode(path("new")), 0640u);
+    ASSERT_EQ(::chmod(path("new").c_str(), 0604), 0);
+    ASSERT_TRUE(files.writeFileAtomically(path("new"), "y"));
+    EXPECT_EQ(mode(path("new")), 0604u);
+}
+
+TEST_F(FileStoreTest, symbolicLinksAreFollowed) {
+    fs::create_directory(folder / "elsewhere");
+    ASSERT_TRUE(files.writeFileAtomically(path("elsewhere/target"), "old"));
+    fs::create_symlink("elsewhere/target", folder / "link");
+    ASSERT_TRUE(files.writeFileAtomically(path("link"), "new"));
+    EXPECT_TRUE(fs::is_symlink(folder / "link"));
+    EXPECT_EQ(files.readFile(path("elsewhere/target")).value(), "new");
+}
+
+TEST_F(FileStoreTest, failuresNameTheFileAndKeepTheOldOne) {
+    const auto missing = files.readFile(path("missing"));
+    ASSERT_FALSE(missing);
+    EXPECT_EQ(missing.error().domain, ErrorDomain::Posix);
+    EXPECT_EQ(missing.error().code, ENOENT);
+    EXPECT_NE(missing.error().message.find("missing"), std::string::npos);
+    EXPECT_FALSE(files.writeFileAtomically(path("no/such/folder/f"), "x"));
+    fs::create_directory(folder / "directory");
+    EXPECT_FALSE(files.writeFileAtomically(path("directory"), "x"));
+    EXPECT_FALSE(files.readFile(path("directory")));
+    EXPECT_EQ(fileCount(), 1u);
+}
+
+TEST_F(FileStoreTest, fullDiskKeepsTheOldFileAndLeavesNothingBehind) {
+    ASSERT_TRUE(files.writeFileAtomically(path("f"), "old"));
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        // A limit on the size of files stands for the full disk: the write comes up short.
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{10000, 10000};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        const auto written = files.writeFileAtomically(path("f"), std::string(1000000, 'n'));
+        ::_exit(!written && written.error().code == EFBIG ? 0 : 1);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(files.readFile(path("f")).value(), "old");
+    EXPECT_EQ(fileCount(), 1u);
+}
+
+TEST_F(FileStoreTest, readOnlyFolderKeepsTheOldFile) {
+    ASSERT_TRUE(files.writeFileAtomically(path("f"), "old"));
+    ASSERT_EQ(::chmod(folder.c_str(), 0555), 0);
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        // Root may write everywhere: be somebody else.
+        constexpr uid_t kNobody = 65534;
+        if (::geteuid() == 0 && ::setuid(kNobody) != 0)
+            ::_exit(2);
+        const auto written = files.writeFileAtomically(path("f"), "new");
+        ::_exit(!written && written.error().code == EACCES ? 0 : 1);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(files.readFile(path("f")).value(), "old");
+    EXPECT_EQ(fileCount(), 1u);
+}
+
+TEST_F(FileStoreTest, identityTellsStatesApart) {
+    EXPECT_EQ(files.identityOf(path("f")), std::nullopt);
+    ASSERT_TRUE(files.writeFileAtomically(path("f"), "one"));
+    const auto first = files.identityOf(path("f"));
+    ASSERT_TRUE(first);
+    EXPECT_EQ(first->size, 3u);
+    EXPECT_EQ(files.identityOf(path("f")), first);
+    ASSERT_TRUE(files.writeFileAtomically(path("f"), "two"));
+    EXPECT_NE(files.identityOf(path("f")), first);
+    const auto second = files.identityOf(path("f"));
+    std::ofstream(path("f"), std::ios::app) << "more";
+    EXPECT_NE(files.identityOf(path("f")), second);
+}
+
+TEST_F(FileStoreTest, foldersAndCopies) {
+    ASSERT_TRUE(files.makeFolder(path("a/b/c")));
+    ASSERT_TRUE(files.makeFolder(path("a/b/c")));
+    EXPECT_EQ(mode(path("a/b")), 0700u);
+    ASSERT_TRUE(files.writeFileAtomically(path("f"), "x"));
+    ASSERT_TRUE(files.copyFile(path("f"), path("a/b/c/g")));
+    EXPECT_EQ(files.readFile(path("a/b/c/g")).value(), "x");
+    EXPECT_FALSE(files.copyFile(path("missing"), path("h")));
+    EXPECT_FALSE(files.makeFolder(path("f/inside")));
+    EXPECT_EQ(files.namesInFolder(folder.string()), (std::vector<std::string>{"a", "f"}));
+    EXPECT_TRUE(files.namesInFolder(path("missing")).empty());
+    EXPECT_TRUE(files.removeFile(path("f")));
+    EXPECT_TRUE(files.removeFile(path("f")));
+    EXPECT_FALSE(files.fileExists(path("f")));
+}
+
+} // namespace
+} // namespace tabulon

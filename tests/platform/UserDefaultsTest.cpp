@@ -1,0 +1,63 @@
+// Settings: registered values, conversions.
+#include "platform/EnglishTexts.h"
+#include "platform/fake/FakeBaseServices.h"
+
+#include <gtest/gtest.h>
+
+namespace tabulon {
+namespace {
+
+TEST(UserDefaults, registeredValuesHoldUntilSet) {
+    MemoryUserDefaults defaults;
+    EXPECT_TRUE(defaults.boolForKey("MakeBackups"));
+    EXPECT_FALSE(defaults.boolForKey("ExportSortName"));
+    EXPECT_EQ(defaults.doubleForKey("FontSize"), 11.0);
+    EXPECT_EQ(defaults.integerForKey("TagsIndex"), 1);
+    EXPECT_EQ(defaults.integerForKey("NSInitialToolTipDelay"), 10);
+    defaults.setBoolForKey("MakeBackups", false);
+    EXPECT_FALSE(defaults.boolForKey("MakeBackups"));
+    defaults.removeKey("MakeBackups");
+    EXPECT_TRUE(defaults.boolForKey("MakeBackups"));
+}
+
+TEST(UserDefaults, keysWithoutAValueReadAsNoZeroAndAbsent) {
+    const MemoryUserDefaults defaults;
+    EXPECT_FALSE(defaults.boolForKey("CommandShiftM"));
+    EXPECT_EQ(defaults.integerForKey("PrefTabIndex"), 0);
+    EXPECT_EQ(defaults.doubleForKey("Nothing"), 0);
+    EXPECT_EQ(defaults.stringForKey("FontName"), std::nullopt);
+}
+
+TEST(UserDefaults, textsConvertTheWayPeopleWriteThem) {
+    MemoryUserDefaults defaults;
+    for (const char* yes : {"YES", "yes", "true", "TRUE", "1", "2", "-1", "0.5"}) {
+        defaults.setStringForKey("k", yes);
+        EXPECT_TRUE(defaults.boolForKey("k")) << yes;
+    }
+    for (const char* no : {"NO", "no", "false", "0", "", "maybe"}) {
+        defaults.setStringForKey("k", no);
+        EXPECT_FALSE(defaults.boolForKey("k")) << no;
+    }
+    defaults.setStringForKey("k", "12.5 points");
+    EXPECT_EQ(defaults.integerForKey("k"), 12);
+    EXPECT_EQ(defaults.doubleForKey("k"), 12.5);
+    defaults.setDoubleForKey("k", 0.1);
+    EXPECT_EQ(defaults.doubleForKey("k"), 0.1);
+    defaults.setIntegerForKey("k", -7);
+    EXPECT_EQ(defaults.integerForKey("k"), -7);
+}
+
+TEST(EnglishTexts, keysHaveTheirTexts) {
+    const EnglishLocalization texts;
+    EXPECT_EQ(texts.text("Untitled"), "Untitled");
+    EXPECT_EQ(texts.text("Favourites"), "Favourites");
+    EXPECT_EQ(texts.text("DropBasket"), "Drop Basket");
+    EXPECT_EQ(texts.text("WasteBasket"), "Waste Basket");
+    EXPECT_EQ(texts.text("EmptyFolder"), "Untitled Folder");
+    EXPECT_EQ(texts.text("NoSuchKey"), "NoSuchKey");
+    EXPECT_EQ(englishText("Master"), std::nullopt);
+    EXPECT_EQ(texts.format("TagsLabel", "a, b"), "Tags: a, b");
+}
+
+} // namespace
+} // namespace tabulon
