@@ -12,11 +12,12 @@ shift
 work=$(mktemp -d)
 started=()
 clean_up() {
-    local pid
-    for pid in "${started[@]}"; do
-        kill "$pid" 2>/dev/null || true
+    # The last one first: a program whose display goes away complains.
+    local index
+    for ((index = ${#started[@]} - 1; index >= 0; index--)); do
+        kill "${started[index]}" 2>/dev/null || true
+        wait "${started[index]}" 2>/dev/null || true
     done
-    wait
     rm -rf "$work"
 }
 trap clean_up EXIT
@@ -30,6 +31,11 @@ wait_for() {
         [ "$tries" -gt 0 ] || return 1
         sleep 0.1
     done
+}
+
+# True when the program shows a window, and when there is nothing to wait for any more.
+window_or_end() {
+    xdotool search --onlyvisible --pid "$program" || ! kill -0 "$program"
 }
 
 # True when the screen looks as it did the last time it was asked.
@@ -46,15 +52,16 @@ started+=($!)
 wait_for 100 test -s "$work/display" || die "Xvfb did not start: $(tail -n 1 "$work/xvfb.log")"
 DISPLAY=:$(cat "$work/display")
 export DISPLAY
-openbox >"$work/openbox.log" 2>&1 &
+# A window that comes while openbox is still starting is never shown.
+openbox --startup "touch '$work/managed'" >"$work/openbox.log" 2>&1 &
 started+=($!)
+wait_for 100 test -e "$work/managed" || die "openbox did not start: $(tail -n 1 "$work/openbox.log")"
 
 "$@" &
 program=$!
 started+=("$program")
-if ! wait_for 300 xdotool search --onlyvisible --pid "$program"; then
-    die "$1 showed no window within 30 seconds"
-fi
+wait_for 300 window_or_end || die "$1 showed no window within 30 seconds"
+kill -0 "$program" 2>/dev/null || die "$1 ended before it showed a window"
 wait_for 20 screen_at_rest || say "The window kept changing; the picture is of one moment of it."
 mkdir -p "$(dirname "$picture")"
 mv "$work/now.png" "$picture" 2>/dev/null || mv "$work/before.png" "$picture"
