@@ -6,6 +6,7 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
+#include <QFile>
 #include <QPalette>
 #include <QStyle>
 #include <QStyleFactory>
@@ -62,6 +63,12 @@ bool platformHasPalette() {
     return !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORMTHEME") || QApplication::style()->name() != "fusion";
 }
 
+// Where there is none, asking for it would start one, and leave it running.
+bool hasSessionBus() {
+    return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ||
+           QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/bus");
+}
+
 } // namespace
 
 std::optional<ColorScheme> colorSchemeNamed(const QString& name) {
@@ -89,6 +96,8 @@ void Theme::apply(bool dark) {
 }
 
 void Theme::askPortal() {
+    if (!hasSessionBus())
+        return;
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return;

@@ -49,11 +49,15 @@ class Desktop:
         os.makedirs(runtime, mode=0o700)
         self.environment = dict(os.environ, DISPLAY=f":{display}", HOME=home, XDG_RUNTIME_DIR=runtime,
                                 QT_QPA_PLATFORM="xcb", LC_ALL="C.UTF-8")
-        for name in ["WAYLAND_DISPLAY", "XDG_CONFIG_HOME", "XDG_STATE_HOME", "DBUS_SESSION_BUS_ADDRESS",
-                     "QT_QPA_PLATFORMTHEME", "QT_SCALE_FACTOR"]:
+        for name in ["WAYLAND_DISPLAY", "XDG_CONFIG_HOME", "XDG_STATE_HOME", "QT_QPA_PLATFORMTHEME", "QT_SCALE_FACTOR"]:
             self.environment.pop(name, None)
-        self.manager = subprocess.Popen(["openbox"], env=self.environment, stderr=subprocess.DEVNULL)
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = "disabled:"
         self.running = None
+        # A window that comes while the manager is starting may never be shown.
+        ready = os.path.join(folder, "manager-is-ready")
+        self.manager = subprocess.Popen(["openbox", "--startup", f"touch {ready}"], env=self.environment,
+                                        stderr=subprocess.DEVNULL)
+        wait_for("the window manager", lambda: os.path.exists(ready))
 
     def close(self):
         for process in [self.running, self.manager, self.server]:
@@ -214,7 +218,10 @@ def main():
             refuse_a_picture_and_start_empty(desktop)
             refuse_without_a_display(desktop)
         except Failure as failure:
+            windows = desktop.xdotool("search", "--name", "").split()
             print("failed:", failure)
+            print("the program ended with", desktop.running.poll(), "and the windows are",
+                  [desktop.xdotool("getwindowname", window) for window in windows])
             return 1
         finally:
             desktop.close()
