@@ -1,0 +1,168 @@
+#include "formats/export/NetscapeHTML.h"
+
+#include "formats/XmlEntities.h"
+#include "formats/export/ExportText.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
+#include <limits>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace tabulon {
+namespace {
+
+constexpr std::string_view kHeader =
+    "<!DOCTYPE NETSCAPE-Bookmark-file-1>\n"
+    "<!-- Created by Tabulon - https://tabulon.example/ -->\n"
+    "<META HTTP-EQUIV=\"Content-Type\" CONTENT=\"text/html; charset=UTF-8\">\n"
+    "<TITLE>Bookmarks</TITLE>\n"
+    "<H1>Bookmarks</H1>\n";
+
+// Truncated toward zero. A file can hold any double as a date: what no whole number holds becomes the nearest
+// one that does, and what is no number at all 0.
+std::int64_t wholeSeconds(double seconds) {
+    constexpr double kLimit = 9223372036854775808.0; // 2^63
+    if (seconds != seconds)
+        return 0;
+    if (seconds >= kLimit)
+        return std::numeric_limits<std::int64_t>::max();
+    if (seconds < -kLimit)
+        return std::numeric_limits<std::int64_t>::min();
+    return static_cast<std::int64_t>(seconds);
+}
+
+void appendDate(std::string& text, Date date) {
+    char digits[24];
+    const std::int64_t seconds = date.isNull() ? 0 : wholeSeconds(date.unixSeconds());
+    const auto written = std::to_chars(digits, digits + sizeof digits, seconds);
+    text.append(digits, written.ptr);
+}
+
+// One export. The open lists are a stack: `levels_` has for each the place in `pending_` below which its own
+// nodes begin, so its size is the level of the nodes in the innermost list. `pending_` has the nodes still to
+// be written, the next one last.
+class HTMLExport {
+public:
+    explicit HTMLExport(const HTMLExportOptions& options) : sortByName_(options.sortByName) {}
+
+    std::string run(const Bookmark& master) {
+        text_ = kHeader;
+        beginList(master);
+        while (!levels_.empty()) {
+            if (pending_.size() == levels_.back()) {
+                endList();
+                continue;
+            }
+            const Bookmark& node = *pending_.back();
+            pending_.pop_back();
+            writeNode(node);
+        }
+        return std::move(text_);
+    }
+
+private:
+    int level() const { return static_cast<int>(levels_.size()); }
+
+    void beginList(const Bookmark& folder) {
+        if (!folder.hasChildren())
+            return;
+        const std::size_t first = pending_.size();
+        for (const Bookmark* child : *folder.getChildren())
+            pending_.push_back(child);
+        if (sortByName_)
+            sortFrom(first);
+        std::reverse(pending_.begin() + static_cast<std::ptrdiff_t>(first), pending_.end());
+        doIndent(text_, level());
+        text_ += "<DL><p>\n";
+        levels_.push_back(first);
+    }
+
+    void endList() {
+        levels_.pop_back();
+        doIndent(text_, level());
+        text_ += "</DL><p>\n";
+    }
+
+    void sortFrom(std::size_t first) {
+        std::vector<std::pair<std::string, const Bookmark*>> keyed;
+        keyed.reserve(pending_.size() - first);
+        for (std::size_t i = first; i < pending_.size(); ++i)
+            keyed.emplace_back(sortByName_->sortKey(pending_[i]->itemName().view()), pending_[i]);
+        std::stable_sort(keyed.begin(), keyed.end(),
+                         [](const auto& a, const auto& b) { return a.first < b.first; });
+        for (std::size_t i = 0; i < keyed.size(); ++i)
+            pending_[first + i] = keyed[i].second;
+    }
+
+    void writeNode(const Bookmark& node) {
+        if (node.isSeparator()) {
+            doIndent(text_, level());
+            text_ += "<HR>\n";
+            if (node.isFolder())
+                beginList(node);
+        } else if (node.isFolder()) {
+            writeFolder(node);
+        } else {
+            writeLink(node);
+        }
+    }
+
+    void writeFolder(const Bookmark& folder) {
+        if (!folder.itemName().isEmpty()) {
+            doIndent(text_, level());
+            text_ += "<DT><H3";
+            writeDatesAndName(folder);
+            text_ += "</H3>\n";
+        }
+        if (folder.hasChildren()) {
+            beginList(folder);
+            return;
+        }
+        doIndent(text_, level() + 1);
+        text_ += "<DL><p></DL></p>\n";
+    }
+
+    void writeLink(const Bookmark& link) {
+        if (!link.itemURL().isNull() && !link.itemName().isNull()) {
+            doIndent(text_, level());
+            text_ += "<DT><A HREF=\"";
+            text_ += link.itemURL().view();
+            text_ += '"';
+            writeDatesAndName(link);
+            text_ += "</A>\n";
+        }
+        if (!link.itemNote().isEmpty()) {
+            doIndent(text_, level());
+            text_ += "<DD>";
+            appendXmlEscaped(text_, tidyPart(link.itemNote().view()));
+            text_ += '\n';
+        }
+    }
+
+    void writeDatesAndName(const Bookmark& node) {
+        text_ += " ADD_DATE=\"";
+        appendDate(text_, node.itemDateAdded());
+        if (!node.itemDateModified().isNull()) {
+            text_ += "\" LAST_MODIFIED=\"";
+            appendDate(text_, node.itemDateModified());
+        }
+        text_ += "\">";
+        appendXmlEscaped(text_, node.itemName().view());
+    }
+
+    const Collation* sortByName_;
+    std::string text_;
+    std::vector<const Bookmark*> pending_;
+    std::vector<std::size_t> levels_;
+};
+
+} // namespace
+
+std::string exportToHTML(const Bookmark& master, const HTMLExportOptions& options) {
+    return HTMLExport(options).run(master);
+}
+
+} // namespace tabulon

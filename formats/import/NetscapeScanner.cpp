@@ -1,0 +1,11 @@
+#include "formats/import/NetscapeScanner.h"
+
+#include "formats/import/NetscapeScan.h"
+
+namespace tabulon {
+
+Ref<Bookmark> NetscapeScanner::scan(std::string_view bytes, const BaseServices& services) {
+    return NetscapeScan(bytes, services, lastItem_).run();
+}
+
+} // namespace tabulon

@@ -1,0 +1,223 @@
+// The tag scanner against the literal one: the same tree from tens of thousands of random token soups.
+#include "tests/formats/LiteralScanner.h"
+
+#include "formats/import/NetscapeScan.h"
+#include "tests/formats/ScanFixture.h"
+
+#include <random>
+
+namespace tabulon {
+namespace {
+
+using namespace std::string_literals;
+
+const std::vector<std::string> kTags = {
+    "<DL>",
+    "<DL><p>",
+    "</DL>",
+    "</DL><p>\n",
+    "<HR>",
+    "<DD>",
+    "<DT>",
+    "<D",
+    "</A>",
+    "</H3>",
+    "</H",
+    "<A",
+    "<A ",
+    "<DT><A HREF=\"",
+    "<DT><A\tHREF=\"",
+    "<DT><A HREF=\"http://a.example/\">",
+    "<DT><A HREF=\"#",
+    "<DT><A ",
+    "<DT><A\t",
+    "<DT><H3",
+    "<DT><H3>",
+    "<DT><H3 ADD_DATE=\"1\"",
+    "<DT><H3 FOLDER_GROUP=\"true\">",
+    "<DT>xH",
+    "<DxxxA",
+    "<dt><a href=\"x\">",
+    "HREF",
+    "HREF=\"",
+    "\">",
+    "\"",
+    "\"\"",
+    ">",
+    "<",
+    "#",
+    "\"#",
+};
+const std::vector<std::string> kValues = {
+    " ADD_DATE=\"1600000000\"",
+    "ADD_DATE=\"",
+    " ADD_DATE=\"\"",
+    " ADD_DATE=5",
+    " LAST_MODIFIED=\"1700000000\"",
+    "LAST_MODIFIED=\"",
+    "LAST_MODIFIED=",
+    "FOLDER_GROUP=\"true\"",
+    "FOLDER_GROUP=\"",
+    "true\"",
+    "=",
+    "-",
+    "0",
+    "7",
+    "99999999999999999999",
+    "1e5",
+    "mailto:a@b.example",
+    "a@b",
+    "ftp://f.example",
+    "Bookmarks Toolbar",
+    "Toolbar Favorites",
+    "Name",
+    "name with blanks",
+    "\t",
+    "\r",
+    "\n",
+    "\r\n",
+    " ",
+    "&amp;",
+    "&lt;",
+    "&#45;",
+    "&#x2D;",
+    "&#65",
+    "&#0;",
+    "&#xD800;",
+    "&#x110000;",
+    "&copy;",
+    "&",
+    ";",
+    "amp;",
+    "\xC3\xA9",
+    "\xC3",
+    "\xA9",
+    "\xE2\x82",
+    "\xF0\x9F\x94\x96",
+    "\xED\xA0\x80",
+    "\xFF",
+    "\0"s,
+    "<b>",
+    "</b>",
+    "<img src=x>",
+};
+
+const std::vector<std::string> kItems = {
+    "<DT><A HREF=\"http://a.example/\" ADD_DATE=\"5\">Name</A>",
+    "<DT><H3 LAST_MODIFIED=\"6\">Folder</H3>\n<DL>",
+    "<DT><A\tHREF=\"u\">Tab</A>",
+    "<HR></DL>",
+    "<DD>note\n",
+};
+
+std::string soup(std::mt19937& random, std::size_t longest) {
+    std::string bytes;
+    for (std::size_t count = 1 + random() % longest; count > 0; --count) {
+        const std::size_t kind = random() % 12;
+        const auto& words = kind < 2 ? kItems : kind < 8 ? kTags : kValues;
+        bytes += words[random() % words.size()];
+        if (random() % 400 == 0)
+            bytes += std::string(490 + random() % 40, 'n');
+        if (random() % 800 == 0)
+            bytes += std::string(1010 + random() % 30, "ab\n\xC3"[random() % 4]);
+    }
+    // With an end to everything that is still open, so that half of the soups are read to their end.
+    if (random() % 2 == 0)
+        bytes += "\"\">.</A>.</H3><A HREF=\"\"><";
+    return bytes;
+}
+
+// A file as a browser would write it, with some of its bytes and words out of place: soups alone seldom get
+// far.
+std::string damagedFile(std::mt19937& random) {
+    std::string bytes;
+    for (int count = 1 + static_cast<int>(random() % 12); count > 0; --count) {
+        switch (random() % 6) {
+        case 0:
+            bytes += "<DT><H3 ADD_DATE=\"12\" LAST_MODIFIED=\"34\">Folder</H3>\n<DL><p>\n";
+            break;
+        case 1:
+            bytes += "</DL><p>\n";
+            break;
+        case 2:
+            bytes += "<HR>\n<DD>note &amp; more\n";
+            break;
+        case 3:
+            bytes += "<DT><A\tHREF=\"http://tab.example/\" ADD_DATE=\"56\">Tab</A>\n";
+            break;
+        default:
+            bytes += "<DT><A HREF=\"http://a.example/?a=1&amp;b\" ADD_DATE=\"78\"><b>Link &lt;1></b></A>\n";
+        }
+        if (random() % 3 == 0) {
+            const auto& words = random() % 2 ? kTags : kValues;
+            bytes.insert(random() % bytes.size(), words[random() % words.size()]);
+        }
+        if (random() % 6 == 0)
+            bytes.erase(random() % bytes.size(), 1 + random() % 8);
+    }
+    return bytes;
+}
+
+class LiteralScanner : public test::ScanFixture {
+protected:
+    // False where the two differ, so that a test can stop.
+    bool same(const std::string& bytes) {
+        const double now = fakes.now().unixSeconds();
+        const std::string expected = test::treeText(literal.scan(bytes), now);
+        const std::string found = scanText(bytes);
+        nodes += static_cast<std::size_t>(std::count(found.begin(), found.end(), '\n'));
+        EXPECT_EQ(found, expected) << "from: " << testing::PrintToString(bytes);
+        return found == expected;
+    }
+
+    test::LiteralScanner literal{fakes.now().unixSeconds()};
+    std::size_t nodes = 0;
+};
+
+TEST_F(LiteralScanner, agreesOnShortSoups) {
+    std::mt19937 random(1);
+    for (int i = 0; i < 60000; ++i)
+        ASSERT_TRUE(same(soup(random, 14)));
+    EXPECT_GT(nodes, 60000u) << "the soups must have something in them";
+}
+
+TEST_F(LiteralScanner, agreesOnLongSoups) {
+    std::mt19937 random(2);
+    for (int i = 0; i < 4000; ++i)
+        ASSERT_TRUE(same(soup(random, 120)));
+    EXPECT_GT(nodes, 20000u);
+}
+
+TEST_F(LiteralScanner, agreesOnDamagedFiles) {
+    std::mt19937 random(3);
+    for (int i = 0; i < 20000; ++i)
+        ASSERT_TRUE(same(damagedFile(random)));
+    EXPECT_GT(nodes, 80000u);
+}
+
+TEST_F(LiteralScanner, agreesOnEveryPrefixOfAFile) {
+    std::mt19937 random(4);
+    std::string file;
+    while (file.size() < 1500)
+        file += damagedFile(random);
+    for (std::size_t size = 0; size <= file.size(); ++size)
+        ASSERT_TRUE(same(file.substr(0, size)));
+    EXPECT_GT(nodes, 5000u);
+}
+
+// The count that the linear bound of other tests rests on: whatever the soup, no byte is gone over more than
+// a few times.
+TEST_F(LiteralScanner, soupsAreGoneOverAFewTimesAtMost) {
+    std::mt19937 random(5);
+    const BaseServices services = fakes.services();
+    for (int i = 0; i < 300; ++i) {
+        const std::string bytes = soup(random, 3000);
+        Ref<Bookmark> lastItem;
+        NetscapeScan scan(bytes, services, lastItem);
+        scan.run();
+        ASSERT_LE(scan.examined(), 12 * bytes.size()) << testing::PrintToString(bytes);
+    }
+}
+
+} // namespace
+} // namespace tabulon

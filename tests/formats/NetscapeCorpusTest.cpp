@@ -1,0 +1,40 @@
+// The bookmark files of tests/corpus/netscape-html/: each folder has an input.html and, in expected.txt, the
+// tree that it holds as text.
+#include "formats/export/NetscapeHTML.h"
+#include "tests/formats/ScanFixture.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace tabulon {
+namespace {
+
+namespace fs = std::filesystem;
+
+using NetscapeCorpus = test::ScanFixture;
+
+std::string contentOf(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    EXPECT_TRUE(file.is_open()) << path;
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+TEST_F(NetscapeCorpus, everyFileGivesTheExpectedTree) {
+    int cases = 0;
+    for (const auto& entry : fs::directory_iterator(fs::path(TABULON_CORPUS_DIR) / "netscape-html")) {
+        SCOPED_TRACE(entry.path().filename().string());
+        scanner = NetscapeScanner(); // no last item from the file before
+        EXPECT_EQ(scanText(contentOf(entry.path() / "input.html")), contentOf(entry.path() / "expected.txt"));
+        ++cases;
+    }
+    EXPECT_GE(cases, 10);
+}
+
+TEST_F(NetscapeCorpus, ourOwnExportIsTheFileItWasScannedFrom) {
+    const std::string html = contentOf(fs::path(TABULON_CORPUS_DIR) / "netscape-html/tabulon/input.html");
+    EXPECT_EQ(exportToHTML(*scan(html), {}), html);
+}
+
+} // namespace
+} // namespace tabulon

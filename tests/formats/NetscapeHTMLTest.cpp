@@ -1,0 +1,314 @@
+// The HTML export to the letter, and the small steps that it shares with the other text exports.
+#include "formats/export/NetscapeHTML.h"
+
+#include "formats/export/ExportText.h"
+#include "platform/fake/FakeBaseServices.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace tabulon {
+namespace {
+
+const std::string kHeader = "<!DOCTYPE NETSCAPE-Bookmark-file-1>\n"
+                            "<!-- Created by Tabulon - https://tabulon.example/ -->\n"
+                            "<META HTTP-EQUIV=\"Content-Type\" CONTENT=\"text/html; charset=UTF-8\">\n"
+                            "<TITLE>Bookmarks</TITLE>\n"
+                            "<H1>Bookmarks</H1>\n";
+
+class NetscapeHTML : public testing::Test {
+protected:
+    void SetUp() override {
+        master->makeParent();
+        master->setItemName("Master");
+    }
+
+    static Bookmark& add(Bookmark& parent, Ref<Bookmark> child) {
+        parent.addChild(child);
+        return *child;
+    }
+    // Nodes have no dates unless a test gives them some.
+    static Bookmark& addLink(Bookmark& parent, Text name, Text url, Text note = nullptr) {
+        Ref<Bookmark> link = Bookmark::initEmpty();
+        link->setItemName(std::move(name));
+        link->setItemURL(std::move(url));
+        link->setItemNote(std::move(note));
+        return add(parent, std::move(link));
+    }
+    static Bookmark& addFolder(Bookmark& parent, Text name) {
+        Ref<Bookmark> folder = Bookmark::initEmpty();
+        folder->makeParent();
+        folder->setItemName(std::move(name));
+        return add(parent, std::move(folder));
+    }
+    static Bookmark& addSeparator(Bookmark& parent) {
+        Ref<Bookmark> separator = Bookmark::initEmpty();
+        separator->setType(kSeparatorType);
+        return add(parent, std::move(separator));
+    }
+
+    // What follows the header.
+    std::string body(const HTMLExportOptions& options = {}) {
+        const std::string html = exportToHTML(*master, options);
+        EXPECT_EQ(html.substr(0, kHeader.size()), kHeader);
+        return html.substr(std::min(kHeader.size(), html.size()));
+    }
+    std::string addedAs(Date date) {
+        addLink(*master, "n", "u").setItemDateAdded(date);
+        const std::string line = body();
+        master->removeLast();
+        const std::size_t value = line.find("ADD_DATE=\"") + 10;
+        return line.substr(value, line.find('"', value) - value);
+    }
+
+    Ref<Bookmark> master = Bookmark::initEmpty();
+};
+
+TEST_F(NetscapeHTML, anEmptyMasterGivesTheFiveHeaderLinesOnly) {
+    EXPECT_EQ(exportToHTML(*master, {}), kHeader);
+    EXPECT_EQ(exportToHTML(*Bookmark::initEmpty(), {}), kHeader) << "also without a child list";
+}
+
+TEST_F(NetscapeHTML, aWholeTreeIsIndentedByItsLevels) {
+    Bookmark& outer = addFolder(*master, "Outer");
+    addLink(outer, "A", "http://a.example/", "note");
+    addSeparator(outer);
+    Bookmark& inner = addFolder(outer, "Inner");
+    addLink(inner, "B", "http://b.example/");
+    addLink(*master, "C", "http://c.example/");
+    EXPECT_EQ(body(), "<DL><p>\n"
+                      "\t<DT><H3 ADD_DATE=\"0\">Outer</H3>\n"
+                      "\t<DL><p>\n"
+                      "\t\t<DT><A HREF=\"http://a.example/\" ADD_DATE=\"0\">A</A>\n"
+                      "\t\t<DD>note\n"
+                      "\t\t<HR>\n"
+                      "\t\t<DT><H3 ADD_DATE=\"0\">Inner</H3>\n"
+                      "\t\t<DL><p>\n"
+                      "\t\t\t<DT><A HREF=\"http://b.example/\" ADD_DATE=\"0\">B</A>\n"
+                      "\t\t</DL><p>\n"
+                      "\t</DL><p>\n"
+                      "\t<DT><A HREF=\"http://c.example/\" ADD_DATE=\"0\">C</A>\n"
+                      "</DL><p>\n");
+}
+
+TEST_F(NetscapeHTML, anEmptyFolderHasItsListOneLevelDeeperAndClosedOtherwise) {
+    addFolder(*master, "Empty");
+    EXPECT_EQ(body(), "<DL><p>\n"
+                      "\t<DT><H3 ADD_DATE=\"0\">Empty</H3>\n"
+                      "\t\t<DL><p></DL></p>\n"
+                      "</DL><p>\n");
+}
+
+TEST_F(NetscapeHTML, aFolderWithoutAListIsAnEmptyFolder) {
+    Ref<Bookmark> folder = Bookmark::initEmpty();
+    folder->setItemFolder(true);
+    folder->setItemName("f");
+    add(*master, folder);
+    EXPECT_EQ(body(), "<DL><p>\n\t<DT><H3 ADD_DATE=\"0\">f</H3>\n\t\t<DL><p></DL></p>\n</DL><p>\n");
+}
+
+TEST_F(NetscapeHTML, aFolderWithoutANameHasNoHeadingButItsContents) {
+    addLink(addFolder(*master, nullptr), "n", "u");
+    addFolder(*master, "");
+    EXPECT_EQ(body(), "<DL><p>\n"
+                      "\t<DL><p>\n"
+                      "\t\t<DT><A HREF=\"u\" ADD_DATE=\"0\">n</A>\n"
+                      "\t</DL><p>\n"
+                      "\t\t<DL><p></DL></p>\n"
+                      "</DL><p>\n");
+}
+
+TEST_F(NetscapeHTML, aLinkNeedsNameAndURLToBePresentButNotFilled) {
+    addLink(*master, nullptr, "u");
+    addLink(*master, "n", nullptr);
+    addLink(*master, "", "");
+    EXPECT_EQ(body(), "<DL><p>\n\t<DT><A HREF=\"\" ADD_DATE=\"0\"></A>\n</DL><p>\n");
+}
+
+TEST_F(NetscapeHTML, aLinkWithoutNameOrURLStillGivesItsNote) {
+    addLink(*master, nullptr, "u", "one");
+    addLink(*master, "n", nullptr, "two");
+    EXPECT_EQ(body(), "<DL><p>\n\t<DD>one\n\t<DD>two\n</DL><p>\n");
+}
+
+TEST_F(NetscapeHTML, anEmptyNoteGivesNoLine) {
+    addLink(*master, "n", "u", "");
+    EXPECT_EQ(body(), "<DL><p>\n\t<DT><A HREF=\"u\" ADD_DATE=\"0\">n</A>\n</DL><p>\n");
+}
+
+TEST_F(NetscapeHTML, onlyLinksHaveTheirNoteWritten) {
+    addLink(addFolder(*master, "f"), "n", "u").setItemTags("tag");
+    master->getChild()->setItemNote("of the folder");
+    addSeparator(*master).setItemNote("of the separator");
+    EXPECT_EQ(body().find("of the"), std::string::npos);
+    EXPECT_EQ(body().find("tag"), std::string::npos);
+}
+
+TEST_F(NetscapeHTML, theNameIsEscapedAndTheURLIsNot) {
+    addLink(*master, "Q&A <\"'>", "http://a.example/?a=1&b=<'>");
+    addFolder(*master, "R&D");
+    EXPECT_EQ(
+        body(),
+        "<DL><p>\n"
+        "\t<DT><A HREF=\"http://a.example/?a=1&b=<'>\" ADD_DATE=\"0\">Q&amp;A &lt;&quot;&apos;&gt;</A>\n"
+        "\t<DT><H3 ADD_DATE=\"0\">R&amp;D</H3>\n"
+        "\t\t<DL><p></DL></p>\n"
+        "</DL><p>\n");
+}
+
+TEST_F(NetscapeHTML, aNoteIsFlattenedFirstAndEscapedThen) {
+    addLink(*master, nullptr, nullptr, "two\nlines\r\n\tand \"quotes\" & more");
+    EXPECT_EQ(body(), "<DL><p>\n\t<DD>two lines   and &apos;quotes&apos; &amp; more\n</DL><p>\n");
+}
+
+TEST_F(NetscapeHTML, aSeparatorThatIsAFolderHasItsChildrenWritten) {
+    Bookmark& separator = addFolder(*master, "name");
+    separator.setType(kSeparatorType);
+    EXPECT_EQ(body(), "<DL><p>\n\t<HR>\n</DL><p>\n");
+    addSeparator(separator);
+    EXPECT_EQ(body(), "<DL><p>\n\t<HR>\n\t<DL><p>\n\t\t<HR>\n\t</DL><p>\n</DL><p>\n");
+}
+
+TEST_F(NetscapeHTML, childrenOfALinkOrASeparatorAreNotWritten) {
+    addSeparator(addLink(*master, "n", "u"));
+    addLink(addSeparator(*master), "n", "u");
+    EXPECT_EQ(body(), "<DL><p>\n\t<DT><A HREF=\"u\" ADD_DATE=\"0\">n</A>\n\t<HR>\n</DL><p>\n");
+}
+
+TEST_F(NetscapeHTML, bothDatesAreWrittenOnLinksAndFolders) {
+    for (Bookmark* node : {&addLink(*master, "n", "u"), &addFolder(*master, "f")}) {
+        node->setItemDateAdded(Date::fromUnixSeconds(10));
+        node->setItemDateModified(Date::fromUnixSeconds(20));
+        node->setItemLastChecked(Date::fromUnixSeconds(30));
+        node->setItemLastOpened(Date::fromUnixSeconds(40));
+    }
+    EXPECT_EQ(body(), "<DL><p>\n"
+                      "\t<DT><A HREF=\"u\" ADD_DATE=\"10\" LAST_MODIFIED=\"20\">n</A>\n"
+                      "\t<DT><H3 ADD_DATE=\"10\" LAST_MODIFIED=\"20\">f</H3>\n"
+                      "\t\t<DL><p></DL></p>\n"
+                      "</DL><p>\n");
+}
+
+TEST_F(NetscapeHTML, aMissingAddedDateIsZeroAndAMissingModifiedDateIsLeftOut) {
+    addLink(*master, "n", "u").setItemDateModified(Date::fromUnixSeconds(0));
+    EXPECT_EQ(body(), "<DL><p>\n\t<DT><A HREF=\"u\" ADD_DATE=\"0\" LAST_MODIFIED=\"0\">n</A>\n</DL><p>\n");
+}
+
+TEST_F(NetscapeHTML, datesAreTruncatedTowardZero) {
+    EXPECT_EQ(addedAs(Date::fromUnixSeconds(1.9)), "1");
+    EXPECT_EQ(addedAs(Date::fromUnixSeconds(-1.9)), "-1");
+    EXPECT_EQ(addedAs(Date::fromUnixSeconds(-0.5)), "0");
+    EXPECT_EQ(addedAs(Date::fromReferenceSeconds(0)), "978307200");
+    EXPECT_EQ(addedAs(Date::fromReferenceSeconds(785000000.25)), "1763307200");
+}
+
+TEST_F(NetscapeHTML, datesThatNoWholeNumberHoldsBecomeTheNearest) {
+    const double infinity = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(addedAs(Date::fromReferenceSeconds(infinity)), "9223372036854775807");
+    EXPECT_EQ(addedAs(Date::fromReferenceSeconds(1e300)), "9223372036854775807");
+    EXPECT_EQ(addedAs(Date::fromUnixSeconds(9223372036854775808.0)), "9223372036854775807");
+    EXPECT_EQ(addedAs(Date::fromReferenceSeconds(-infinity)), "-9223372036854775808");
+    EXPECT_EQ(addedAs(Date::fromReferenceSeconds(-1e300)), "-9223372036854775808");
+    EXPECT_EQ(addedAs(Date::fromUnixSeconds(-9223372036854775808.0)), "-9223372036854775808");
+    EXPECT_EQ(addedAs(Date::fromReferenceSeconds(std::numeric_limits<double>::quiet_NaN())), "0");
+}
+
+TEST_F(NetscapeHTML, withoutSortingTheOrderOfTheTreeStays) {
+    addLink(*master, "b", "1");
+    addLink(*master, "a", "2");
+    EXPECT_LT(body().find(">b<"), body().find(">a<"));
+}
+
+TEST_F(NetscapeHTML, sortingIgnoresCaseAndAppliesToEveryLevelSeparately) {
+    const Collation english("en");
+    addLink(*master, "Banana", "1");
+    addLink(*master, "apple", "2");
+    Bookmark& folder = addFolder(*master, "Äpfel");
+    addLink(folder, "z", "3");
+    addLink(folder, "Y", "4");
+    EXPECT_EQ(body({.sortByName = &english}), "<DL><p>\n"
+                                              "\t<DT><H3 ADD_DATE=\"0\">Äpfel</H3>\n"
+                                              "\t<DL><p>\n"
+                                              "\t\t<DT><A HREF=\"4\" ADD_DATE=\"0\">Y</A>\n"
+                                              "\t\t<DT><A HREF=\"3\" ADD_DATE=\"0\">z</A>\n"
+                                              "\t</DL><p>\n"
+                                              "\t<DT><A HREF=\"2\" ADD_DATE=\"0\">apple</A>\n"
+                                              "\t<DT><A HREF=\"1\" ADD_DATE=\"0\">Banana</A>\n"
+                                              "</DL><p>\n");
+    EXPECT_EQ(folder.getChild()->itemName().view(), "z") << "the tree itself stays as it is";
+}
+
+TEST_F(NetscapeHTML, sortingKeepsTheOrderOfEqualNamesAndPutsMissingOnesFirst) {
+    const Collation english("en");
+    addLink(*master, "same", "1");
+    addLink(*master, "SAME", "2");
+    addLink(*master, "Same", "3");
+    addLink(*master, nullptr, nullptr, "no name");
+    EXPECT_EQ(body({.sortByName = &english}), "<DL><p>\n"
+                                              "\t<DD>no name\n"
+                                              "\t<DT><A HREF=\"1\" ADD_DATE=\"0\">same</A>\n"
+                                              "\t<DT><A HREF=\"2\" ADD_DATE=\"0\">SAME</A>\n"
+                                              "\t<DT><A HREF=\"3\" ADD_DATE=\"0\">Same</A>\n"
+                                              "</DL><p>\n");
+}
+
+TEST_F(NetscapeHTML, sortingFollowsTheLanguage) {
+    const Collation german("de");
+    const Collation swedish("sv");
+    addLink(*master, "Zorn", "1");
+    addLink(*master, "Öl", "2");
+    const auto first = [&](const Collation& collation) {
+        return body({.sortByName = &collation}).find(">Öl<") <
+               body({.sortByName = &collation}).find(">Zorn<");
+    };
+    EXPECT_TRUE(first(german));
+    EXPECT_FALSE(first(swedish));
+}
+
+TEST_F(NetscapeHTML, aTreeFiveThousandDeepIsExported) {
+    constexpr std::size_t kDepth = 5000;
+    Bookmark* folder = master.get();
+    for (std::size_t i = 0; i < kDepth; ++i)
+        folder = &addFolder(*folder, nullptr);
+    addSeparator(*folder);
+    const Collation english("en");
+    const std::string html = body();
+    EXPECT_EQ(html, body({.sortByName = &english}));
+    // One list for each folder and the master's own, indented 0, 1, 2, … tabs on its first and last line.
+    const std::size_t tabs = kDepth * (kDepth + 1) + kDepth + 1;
+    const std::size_t lines = (kDepth + 1) * std::string_view("<DL><p>\n</DL><p>\n").size() + 5;
+    EXPECT_EQ(html.size(), tabs + lines);
+    const std::size_t separator = html.find("<HR>\n");
+    EXPECT_EQ(separator - html.rfind('\n', separator) - 1, kDepth + 1);
+}
+
+TEST_F(NetscapeHTML, aLargeFlatListIsExportedInOrder) {
+    std::string expected = "<DL><p>\n";
+    for (int i = 0; i < 3000; ++i) {
+        addLink(*master, std::to_string(i), "u");
+        expected += "\t<DT><A HREF=\"u\" ADD_DATE=\"0\">" + std::to_string(i) + "</A>\n";
+    }
+    EXPECT_EQ(body(), expected + "</DL><p>\n");
+}
+
+TEST(ExportText, doIndentAppendsATabPerLevel) {
+    std::string text = "x";
+    doIndent(text, 3);
+    EXPECT_EQ(text, "x\t\t\t");
+    doIndent(text, 0);
+    doIndent(text, -1);
+    doIndent(text, std::numeric_limits<int>::min());
+    EXPECT_EQ(text, "x\t\t\t");
+}
+
+TEST(ExportText, tidyPartMakesOneLineWithoutDoubleQuotes) {
+    EXPECT_EQ(tidyPart("a\tb\nc\rd\r\n\"e\""), "a b c d  'e'");
+    EXPECT_EQ(tidyPart("\n\n\t x"), "    x") << "blanks are not joined";
+    EXPECT_EQ(tidyPart("é & <b>"), "é & <b>");
+    EXPECT_EQ(tidyPart(""), "");
+}
+
+} // namespace
+} // namespace tabulon
