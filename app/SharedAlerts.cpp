@@ -43,8 +43,9 @@ void fileErrorAlert(const Platform& platform, std::string_view key, const std::s
                     const Error& error, const Document* document) {
     if (error.domain == ErrorDomain::Cocoa && error.code == kUserCancelledError)
         return;
-    criticalAlert(platform, platform.base.texts.format(key, lastPathComponent(path)), error.message,
-                  document);
+    std::string title =
+        error.title.empty() ? platform.base.texts.format(key, lastPathComponent(path)) : error.title;
+    criticalAlert(platform, std::move(title), error.message, document);
 }
 
 std::string lastPathComponent(const std::string& path) {

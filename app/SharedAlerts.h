@@ -23,8 +23,8 @@ void detailedErrorAlert(const Platform& platform, long code, const std::string& 
 void noURLs(const Platform& platform);
 
 /// Tells that the work with the file at `path` failed: the text of `key`, a format for the file's name, and
-/// the error's sentence. Shows nothing for an error that says "cancelled by the user". `document`, if there
-/// is one, gets the alert as its sheet.
+/// the error's sentence. An error with a title of its own is shown under that. Shows nothing for an error
+/// that says "cancelled by the user". `document`, if there is one, gets the alert as its sheet.
 void fileErrorAlert(const Platform& platform, std::string_view key, const std::string& path,
                     const Error& error, const Document* document = nullptr);
 

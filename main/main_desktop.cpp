@@ -88,18 +88,10 @@ void tellWhyQtGivesUp(QtMsgType type, const QMessageLogContext&, const QString& 
         std::fprintf(stderr, "tabulon: %s\n", message.toLocal8Bit().constData());
 }
 
-class EnglishTexts : public Localization {
-public:
-    std::string text(std::string_view key) const override {
-        return std::string(englishText(key).value_or(key));
-    }
-    std::string locale() const override { return environmentLocale(); }
-};
-
 int runDesktop(QApplication& application, const Arguments& arguments) {
     SystemClock clock;
     StandardErrorLog log;
-    EnglishTexts texts;
+    EnglishLocalization texts(environmentLocale());
     PosixFileStore files;
     QtUserDefaults defaults(QDir(settingsFolder()).filePath("tabulon.ini"));
     QtUserDefaults state(QDir(stateFolder()).filePath("state.ini"));

@@ -90,4 +90,8 @@ std::optional<std::string_view> englishText(std::string_view key) {
     return std::nullopt;
 }
 
+std::string EnglishLocalization::text(std::string_view key) const {
+    return std::string(englishText(key).value_or(key));
+}
+
 } // namespace tabulon

@@ -1,7 +1,5 @@
 #include "platform/fake/FakeBaseServices.h"
 
-#include "platform/EnglishTexts.h"
-
 namespace tabulon {
 
 std::optional<std::string> MemoryUserDefaults::stringForKey(std::string_view key) const {
@@ -19,10 +17,6 @@ void MemoryUserDefaults::setStringForKey(std::string_view key, std::string value
 void MemoryUserDefaults::removeKey(std::string_view key) {
     if (const auto found = values_.find(key); found != values_.end())
         values_.erase(found);
-}
-
-std::string EnglishLocalization::text(std::string_view key) const {
-    return std::string(englishText(key).value_or(key));
 }
 
 } // namespace tabulon

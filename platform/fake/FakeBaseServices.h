@@ -4,6 +4,7 @@
 
 #include "model/Date.h"
 #include "platform/BaseServices.h"
+#include "platform/EnglishTexts.h"
 
 #include <map>
 #include <string>
@@ -38,17 +39,6 @@ public:
 
 private:
     std::map<std::string, std::string, std::less<>> values_;
-};
-
-/// The English texts, whatever the locale that it reports.
-class EnglishLocalization : public Localization {
-public:
-    explicit EnglishLocalization(std::string locale = "en_US") : locale_(std::move(locale)) {}
-    std::string text(std::string_view key) const override;
-    std::string locale() const override { return locale_; }
-
-private:
-    std::string locale_;
 };
 
 /// One of each, ready to be handed on.

@@ -52,6 +52,14 @@ TEST_F(OpeningTest, BookmarkHTMLBecomesAnUntitledChangedDocumentTitledAfterTheFi
     EXPECT_EQ(onlyDocument()->getMaster().getChild()->itemName().view(), "Example");
 }
 
+TEST_F(OpeningTest, ClassicFileWithoutBookmarksGivesItsOwnAlert) {
+    files.files["/home/old"] = std::string(20, '\0');
+    EXPECT_FALSE(app.openFile("/home/old"));
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].message, "File Read Error");
+    EXPECT_EQ(alerts.shown[0].informative, "This document does not contain any bookmarks.");
+}
+
 TEST_F(OpeningTest, HTMLWithoutLinksGivesTheNoLinksAlertAndNoDocument) {
     files.files["/home/empty.html"] = "<html><body>nothing</body></html>";
     EXPECT_FALSE(app.openFile("/home/empty.html"));
