@@ -42,8 +42,8 @@ class Screen:
         self.environment.pop("WAYLAND_DISPLAY", None)
         # A window that comes while openbox is still starting is never shown.
         managed = os.path.join(self._folder.name, "managed")
-        self._manager = subprocess.Popen(["openbox", "--startup", f"touch {managed}"], env=self.environment, stdout=subprocess.DEVNULL,
-                                         stderr=subprocess.DEVNULL)
+        self._manager = subprocess.Popen(["openbox", "--startup", f"touch {managed}"], env=self.environment,
+                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         end = time.monotonic() + 20
         while not os.path.exists(managed):
             if time.monotonic() > end:

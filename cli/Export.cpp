@@ -27,6 +27,7 @@ constexpr auto kExporters = std::to_array<Exporter>({
 
 std::vector<std::string> exportFormats() {
     std::vector<std::string> names;
+    names.reserve(kExporters.size());
     for (const Exporter& exporter : kExporters)
         names.emplace_back(exporter.name);
     return names;

@@ -30,6 +30,7 @@ constexpr auto kImporters = std::to_array<Importer>({
 
 std::vector<std::string> importFormats() {
     std::vector<std::string> names;
+    names.reserve(kImporters.size());
     for (const Importer& importer : kImporters)
         names.emplace_back(importer.name);
     return names;

@@ -13,7 +13,6 @@ namespace tabulon::cli {
 namespace {
 
 using simdjson::dom::element;
-using simdjson::dom::element_type;
 
 void appendDate(std::string& out, Date date) {
     const double seconds = date.isNull() ? std::numeric_limits<double>::quiet_NaN() : date.unixSeconds();
@@ -163,8 +162,8 @@ Result<void> readNode(const Pending& from, std::vector<Pending>& pending) {
     if (from.object.get_object().get(object) != simdjson::SUCCESS)
         return failure("A node must be an object.");
     for (const auto field : object) {
-        const Result<void> done = field.key == "children" ? readChildren(*from.node, field.value, pending)
-                                                          : readField(*from.node, field.key, field.value);
+        Result<void> done = field.key == "children" ? readChildren(*from.node, field.value, pending)
+                                                    : readField(*from.node, field.key, field.value);
         if (!done)
             return done;
     }
