@@ -77,7 +77,8 @@ Menu AppDelegate::fileMenu() {
         .items = {command("MenuNew", "newDocument:", "n"), command("MenuOpen", "openDocument:", "o"),
                   submenu("MenuOpenRecent", recentMenu()), MenuItem::makeSeparator(),
                   command("MenuSave", "saveDocument:", "s"), command("MenuSaveAs", "saveDocumentAs:", "S"),
-                  MenuItem::makeSeparator(), command("MenuImportBookmarks", "importBookmarks:"),
+                  command("MenuRevert", "revertDocumentToSaved:"), MenuItem::makeSeparator(),
+                  command("MenuImportBookmarks", "importBookmarks:"),
                   command("MenuExportHTML", "exportHTML:"), MenuItem::makeSeparator(),
                   command("MenuClose", "performClose:", "w"), command("MenuQuit", "terminate:", "q")}};
 }

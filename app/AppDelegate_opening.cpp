@@ -8,6 +8,7 @@ namespace tabulon {
 bool AppDelegate::openFile(const std::string& path) {
     if (documentController_.showDocumentOfFile(path))
         return true;
+    const auto identity = platform_.files.identityOf(path);
     const Result<std::string> bytes = platform_.files.readFile(path);
     if (!bytes) {
         documentController_.recentDocuments().forget(path);
@@ -16,7 +17,7 @@ bool AppDelegate::openFile(const std::string& path) {
     }
     switch (contentOfFile(*bytes, path)) {
     case FileContent::BookmarkDocument:
-        if (!documentController_.openDocument(path, *bytes))
+        if (!documentController_.openDocument(path, *bytes, identity))
             return false;
         break;
     case FileContent::BookmarkHTML:

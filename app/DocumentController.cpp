@@ -22,6 +22,11 @@ void DocumentController::addActions() {
         "saveDocument:", [=, this](const MenuItem&) { saveDocument(*current_, nothing); }, hasDocument);
     actions_.add(
         "saveDocumentAs:", [=, this](const MenuItem&) { saveDocumentAs(*current_, nothing); }, hasDocument);
+    const auto canRevert = [this](const MenuItem&) {
+        return current_ && current_->isDocumentEdited() && !current_->fileName().empty();
+    };
+    actions_.add(
+        "revertDocumentToSaved:", [this](const MenuItem&) { revertDocument(*current_); }, canRevert);
     actions_.add(
         "exportHTML:", [this](const MenuItem&) { exportHTML(*current_); }, hasDocument);
     actions_.add(
@@ -54,6 +59,8 @@ Document* DocumentController::display(std::unique_ptr<OpenDocument> opened) {
     documents_.push_back(std::move(opened));
     OpenDocument& shown = *documents_.back();
     shown.controller->setWindow(shown.window.get());
+    if (!shown.document.fileName().empty())
+        restoreFrame(shown);
     current_ = &shown.document;
     shown.window->show();
     return &shown.document;
@@ -73,8 +80,10 @@ void DocumentController::closeUntouchedDocument() {
     untouched_ = nullptr;
 }
 
-Document* DocumentController::openDocument(const std::string& path, std::string_view bytes) {
+Document* DocumentController::openDocument(const std::string& path, std::string_view bytes,
+                                           const std::optional<FileIdentity>& identity) {
     auto opened = std::make_unique<OpenDocument>(platform_.base);
+    opened->identity = identity;
     if (const Result<void> read = opened->document.readFromDataOfType(bytes, kDocumentType); !read) {
         fileErrorAlert(platform_, "CouldNotOpen", path, read.error());
         return nullptr;

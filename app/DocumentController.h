@@ -35,7 +35,8 @@ public:
     DocumentController(const Platform& platform, DocumentWindowMaker& windows);
     ~DocumentController();
 
-    /// saveDocument:, saveDocumentAs:, exportHTML:, performClose:, all for the current document.
+    /// saveDocument:, saveDocumentAs:, revertDocumentToSaved:, exportHTML:, performClose:, all for the
+    /// current document.
     const ActionTable& actions() const { return actions_; }
 
     /// In the order in which they were opened.
@@ -55,13 +56,19 @@ public:
 
     /// Opens the document with the content `bytes` of the file at `path` in a window. On failure an alert was
     /// shown where one is due, and nothing is opened.
-    Document* openDocument(const std::string& path, std::string_view bytes);
+    /// `identity` is how the file was just before it was read.
+    Document* openDocument(const std::string& path, std::string_view bytes,
+                           const std::optional<FileIdentity>& identity);
     /// Brings the window of the file to the front; false when the file is not open.
     bool showDocumentOfFile(const std::string& path);
 
+    /// When another program has changed, moved or removed the file since it was read or written here, the
+    /// user decides first what becomes of it.
     void saveDocument(Document& document, const Done& done);
     void saveDocumentAs(Document& document, const Done& done);
     void exportHTML(Document& document);
+    /// Goes back to what the file holds, after a question. Requires a document with a file.
+    void revertDocument(Document& document);
 
     /// Asks about unsaved changes first.
     void closeDocument(Document& document, const Done& done);
@@ -79,16 +86,25 @@ private:
 
         // The order matters: the window goes before its controller, the controller before its document.
         Document document;
+        /// How the file was when it was read or written last.
+        std::optional<FileIdentity> identity;
         std::optional<ViewController> controller;
         std::unique_ptr<DocumentWindow> window;
     };
+
+    enum class FileAnswer { Overwrite, Reload, SaveAs, Cancel };
 
     void addActions();
     OpenDocument* find(const Document& document) const;
     Document* display(std::unique_ptr<OpenDocument> opened);
     void remove(const Document& document);
+    void saveFrame(const OpenDocument& opened);
+    void restoreFrame(const OpenDocument& opened);
     Result<void> write(Document& document, const std::string& path);
     bool writeOrAlert(Document& document, const std::string& path);
+    FileAnswer askAboutFile(const Document& document);
+    bool revertToContents(Document& document);
+    void noteFile(Document& document);
     const Document* otherDocumentOfFile(const Document& document, const std::string& path) const;
     void askToSave(Document& document, const Done& done);
     void reviewFrom(std::vector<Document*> pending, const Done& done);

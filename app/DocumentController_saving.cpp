@@ -1,6 +1,7 @@
 // Writing documents: to their own file, to another one, as HTML. A failed write leaves the document changed
 // and the file as it was.
 #include "app/DocumentController.h"
+#include "app/SaveTasks.h"
 #include "app/SharedAlerts.h"
 
 #include <algorithm>
@@ -16,11 +17,16 @@ std::string folderOf(const Document& document) {
 } // namespace
 
 Result<void> DocumentController::write(Document& document, const std::string& path) {
+    const OpenDocument& opened = *find(document);
+    runSaveTasks(*opened.controller, platform_);
+    if (!document.fileName().empty())
+        saveFrame(opened);
     const std::string bytes = document.dataOfType(kDocumentType);
     if (Result<void> written = platform_.files.writeFileAtomically(path, bytes); !written)
         return written;
     document.updateChangeCount(ChangeKind::Cleared);
     document.setFileName(path);
+    noteFile(document);
     recentDocuments_.note(path);
     return {};
 }
@@ -35,7 +41,29 @@ bool DocumentController::writeOrAlert(Document& document, const std::string& pat
 void DocumentController::saveDocument(Document& document, const Done& done) {
     if (document.fileName().empty())
         return saveDocumentAs(document, done);
-    done(writeOrAlert(document, document.fileName()));
+    switch (askAboutFile(document)) {
+    case FileAnswer::Overwrite:
+        return done(writeOrAlert(document, document.fileName()));
+    case FileAnswer::Reload:
+        return done(revertToContents(document));
+    case FileAnswer::SaveAs:
+        return saveDocumentAs(document, done);
+    case FileAnswer::Cancel:
+        return done(false);
+    }
+}
+
+// The frame follows the file: it is kept under the file's name without extension.
+void DocumentController::saveFrame(const OpenDocument& opened) {
+    platform_.state.setStringForKey("NSWindow Frame " + nameWithoutExtension(opened.document.fileName()),
+                                    opened.window->frame());
+}
+
+void DocumentController::restoreFrame(const OpenDocument& opened) {
+    const auto frame =
+        platform_.state.stringForKey("NSWindow Frame " + nameWithoutExtension(opened.document.fileName()));
+    if (frame)
+        opened.window->setFrame(*frame);
 }
 
 const Document* DocumentController::otherDocumentOfFile(const Document& document,

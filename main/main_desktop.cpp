@@ -6,6 +6,7 @@
 #include "platform/linux/QtPanels.h"
 #include "platform/linux/QtUserDefaults.h"
 #include "platform/linux/SystemServices.h"
+#include "platform/linux/XdgFolderReferences.h"
 #include "platform/linux/XdgFolders.h"
 #include "ui/QtWindows.h"
 #include "ui/Theme.h"
@@ -95,13 +96,14 @@ int runDesktop(QApplication& application, const Arguments& arguments) {
     PosixFileStore files;
     QtUserDefaults defaults(QDir(settingsFolder()).filePath("tabulon.ini"));
     QtUserDefaults state(QDir(stateFolder()).filePath("state.ini"));
+    XdgFolderReferences folders(defaults, files);
     QtWindows windows;
     const WindowFinder windowFor = [&windows](const Document* document) {
         return windows.windowFor(document);
     };
     QtAlerts alerts(windowFor);
     QtPanels panels(windowFor);
-    const Platform platform{{clock, defaults, texts, log}, alerts, panels, files, state};
+    const Platform platform{{clock, defaults, texts, log}, alerts, panels, files, folders, state};
     AppDelegate app(platform, windows, TABULON_VERSION);
     windows.connectTo(app, platform);
     app.stop = [] { QTimer::singleShot(0, qApp, &QCoreApplication::quit); };

@@ -4,6 +4,7 @@
 #include "platform/Alerts.h"
 #include "platform/BaseServices.h"
 #include "platform/FileStore.h"
+#include "platform/FolderReferences.h"
 #include "platform/Panels.h"
 
 namespace tabulon {
@@ -14,6 +15,7 @@ struct Platform {
     Alerts& alerts;
     Panels& panels;
     FileStore& files;
+    FolderReferences& folders;
     /// What the program remembers by itself between runs (recent documents, column widths), apart from the
     /// settings.
     UserDefaults& state;

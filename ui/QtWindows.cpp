@@ -29,6 +29,8 @@ public:
     }
     void setURLFieldText(const std::string& text) override { window_->showURLFieldText(oneLine(text)); }
     void showEmptyState(bool empty) override { window_->showEmptyState(empty); }
+    std::string frame() const override { return window_->frame(); }
+    void setFrame(const std::string& frame) override { window_->setFrame(frame); }
     void show() override { window_->show(); }
     void makeKeyAndOrderFront() override { window_->bringToFront(); }
 

@@ -23,6 +23,11 @@ public:
     /// True shows the help for an empty document in place of the rows.
     virtual void showEmptyState(bool empty) = 0;
 
+    /// Place and size of the window as a text that `setFrame` of any window understands; what it does not
+    /// understand is passed over.
+    virtual std::string frame() const = 0;
+    virtual void setFrame(const std::string& frame) = 0;
+
     virtual void show() = 0;
     virtual void makeKeyAndOrderFront() = 0;
 };

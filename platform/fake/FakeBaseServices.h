@@ -16,6 +16,8 @@ namespace tabulon {
 class FakeClock : public Clock {
 public:
     double secondsSinceReferenceDate() const override { return now_; }
+    std::string timeZone() const override { return zone; }
+    std::string zone = "UTC";
     void set(double secondsSinceReferenceDate) { now_ = secondsSinceReferenceDate; }
     void advance(double seconds) { now_ += seconds; }
 

@@ -37,4 +37,15 @@ void FakePanels::beginSavePanel(const SavePanel& panel, SaveDone done) {
     done(path);
 }
 
+std::optional<std::string> FakeFolderReferences::resolve(std::string_view key) {
+    const auto found = kept.find(key);
+    if (found == kept.end() || gone.contains(found->second))
+        return std::nullopt;
+    return found->second;
+}
+
+void FakeFolderReferences::store(std::string_view key, const std::string& path) {
+    kept.insert_or_assign(std::string(key), path);
+}
+
 } // namespace tabulon

@@ -2,10 +2,13 @@
 #pragma once
 
 #include "platform/Alerts.h"
+#include "platform/FolderReferences.h"
 #include "platform/Panels.h"
 
 #include <deque>
+#include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -41,6 +44,18 @@ public:
 private:
     std::deque<std::vector<std::string>> openAnswers_;
     std::deque<std::string> saveAnswers_;
+};
+
+/// Folders in memory; what is kept under a key is there as long as it is not in `gone`.
+class FakeFolderReferences : public FolderReferences {
+public:
+    std::optional<std::string> resolve(std::string_view key) override;
+    void store(std::string_view key, const std::string& path) override;
+    std::optional<std::string> documentsFolder() override { return documents; }
+
+    std::map<std::string, std::string, std::less<>> kept;
+    std::set<std::string> gone;
+    std::optional<std::string> documents = "/home/documents";
 };
 
 } // namespace tabulon

@@ -15,6 +15,9 @@ Result<void> MemoryFileStore::writeFileAtomically(const std::string& path, std::
     if (diskFull)
         return failure("The file “" + path + "” could not be written: the disk is full.", ErrorDomain::Posix,
                        ENOSPC);
+    if (!unwritable.empty() && path.starts_with(unwritable))
+        return failure("The file “" + path + "” could not be written: permission denied.", ErrorDomain::Posix,
+                       EACCES);
     files.insert_or_assign(path, std::string(bytes));
     ++writes;
     return {};

@@ -24,6 +24,8 @@ public:
     std::map<std::string, std::string, std::less<>> files;
     /// From now on every write fails as on a full disk.
     bool diskFull = false;
+    /// Writes to paths that begin with this fail for lack of permission; empty for none.
+    std::string unwritable;
     int writes = 0;
 };
 

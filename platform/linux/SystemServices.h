@@ -12,6 +12,7 @@ namespace tabulon {
 class SystemClock : public Clock {
 public:
     double secondsSinceReferenceDate() const override;
+    std::string timeZone() const override { return {}; }
 };
 
 /// Lines on standard error.

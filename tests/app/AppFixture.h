@@ -60,9 +60,10 @@ protected:
     FakeAlerts alerts;
     FakePanels panels;
     MemoryFileStore files;
+    FakeFolderReferences folders;
     MemoryUserDefaults state;
     MemoryWindowMaker windows;
-    AppDelegate app{Platform{base.services(), alerts, panels, files, state}, windows, "1.2.3"};
+    AppDelegate app{Platform{base.services(), alerts, panels, files, folders, state}, windows, "1.2.3"};
     int stops = 0;
 };
 

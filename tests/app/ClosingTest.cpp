@@ -71,6 +71,7 @@ TEST_F(ClosingTest, FailedSaveKeepsTheWindowOpen) {
 }
 
 TEST_F(ClosingTest, TitledDocumentIsAskedAboutAndSavedToItsFile) {
+    base.defaults.setBoolForKey("MakeBackups", false);
     files.files["/home/a.tbln"] = documentBytes("a");
     app.openFile("/home/a.tbln");
     onlyDocument()->updateChangeCount(ChangeKind::Done);

@@ -28,6 +28,8 @@ public:
     void setTitle(const std::string&, const std::string&, bool) override {}
     void setURLFieldText(const std::string& text) override { urlField = text; }
     void showEmptyState(bool) override {}
+    std::string frame() const override { return {}; }
+    void setFrame(const std::string&) override {}
     void show() override {}
     void makeKeyAndOrderFront() override {}
 

@@ -105,6 +105,8 @@ public:
     }
     void setURLFieldText(const std::string& text) override { urlField = text; }
     void showEmptyState(bool isEmpty) override { empty = isEmpty; }
+    std::string frame() const override { return place; }
+    void setFrame(const std::string& frame) override { place = frame; }
     void show() override { shown = true; }
     void makeKeyAndOrderFront() override { ++broughtToFront; }
 
@@ -115,6 +117,7 @@ public:
     std::string urlField;
     bool empty = false;
     bool shown = false;
+    std::string place = "0 0 900 600";
     int broughtToFront = 0;
 };
 

@@ -44,7 +44,7 @@ protected:
         controller->setWindow(window.get());
     }
 
-    Platform platform() { return {base.services(), alerts, panels, files, state}; }
+    Platform platform() { return {base.services(), alerts, panels, files, folders, state}; }
 
     MemoryOutline& outline() { return window->outlineView; }
     std::vector<std::string> rowNames() {
@@ -59,6 +59,7 @@ protected:
     FakeAlerts alerts;
     FakePanels panels;
     MemoryFileStore files;
+    FakeFolderReferences folders;
     MemoryUserDefaults state;
     Document document{base.services()};
     std::unique_ptr<ViewController> controller;

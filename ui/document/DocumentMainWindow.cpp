@@ -19,6 +19,8 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include <sstream>
+
 namespace tabulon {
 namespace {
 
@@ -103,6 +105,32 @@ void DocumentMainWindow::bringToFront() {
     raise();
     activateWindow();
     becomeKey();
+}
+
+std::string DocumentMainWindow::frame() const {
+    const QRect place = isMaximized() || isFullScreen() ? normalGeometry() : geometry();
+    return QStringLiteral("%1 %2 %3 %4")
+        .arg(place.x())
+        .arg(place.y())
+        .arg(place.width())
+        .arg(place.height())
+        .toStdString();
+}
+
+void DocumentMainWindow::setFrame(const std::string& frame) {
+    std::istringstream numbers(frame);
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+    if (!(numbers >> x >> y >> width >> height) || width <= 0 || height <= 0)
+        return;
+    const QRect wanted(QPoint(x, y), QSize(width, height).expandedTo(kSmallestSize));
+    const QScreen* on = QGuiApplication::screenAt(wanted.center());
+    if (on)
+        setGeometry(wanted);
+    else
+        resize(wanted.size().boundedTo(screen()->availableSize()));
 }
 
 void DocumentMainWindow::becomeKey() {

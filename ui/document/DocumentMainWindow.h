@@ -38,6 +38,10 @@ public:
     void showURLFieldText(const QString& text);
     void showEmptyState(bool empty);
     void bringToFront();
+    /// "x y width height" in the desktop's coordinates, without the window manager's border.
+    std::string frame() const;
+    /// Takes place and size from such a text as far as the screen has them; any other text is passed over.
+    void setFrame(const std::string& frame);
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -1,0 +1,45 @@
+#include "app/SaveTasks.h"
+
+#include "model/DateFormat.h"
+
+#include <filesystem>
+
+namespace tabulon {
+namespace {
+
+std::string backupName(const std::string& path, const BaseServices& services) {
+    const std::filesystem::path file(path);
+    const std::string extension = file.extension().string();
+    return file.stem().string() + "-" +
+           formatDate(Date::now(services.clock), "yyyy-MM-dd", services.texts.locale(),
+                      services.clock.timeZone()) +
+           "." + (extension.empty() ? extension : extension.substr(1));
+}
+
+} // namespace
+
+void makeBackup(const Document& document, const Platform& platform) {
+    const std::string& file = document.fileName();
+    if (file.empty())
+        return;
+    std::optional<std::string> folder = platform.folders.resolve("BackupFolderBookmark");
+    if (!folder)
+        folder = platform.folders.documentsFolder();
+    if (folder)
+        (void)platform.files.copyFile(file, *folder + "/" + backupName(file, platform.base));
+}
+
+void saveCopyHTML(const ViewController& controller, const Platform& platform) {
+    if (const auto path = platform.folders.resolve("ExportHTMLBookmark"))
+        (void)platform.files.writeFileAtomically(*path, controller.exportToHTML());
+}
+
+void runSaveTasks(const ViewController& controller, const Platform& platform) {
+    const UserDefaults& defaults = platform.base.defaults;
+    if (defaults.boolForKey("MakeBackups"))
+        makeBackup(controller.document(), platform);
+    if (defaults.boolForKey("SaveAsHTML"))
+        saveCopyHTML(controller, platform);
+}
+
+} // namespace tabulon

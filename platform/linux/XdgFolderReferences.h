@@ -1,0 +1,25 @@
+// User-chosen folders, kept as plain paths in the settings.
+#pragma once
+
+#include "platform/FileStore.h"
+#include "platform/FolderReferences.h"
+#include "platform/UserDefaults.h"
+
+namespace tabulon {
+
+class XdgFolderReferences : public FolderReferences {
+public:
+    /// Both must live longer.
+    XdgFolderReferences(UserDefaults& defaults, FileStore& files) : defaults_(defaults), files_(files) {}
+
+    std::optional<std::string> resolve(std::string_view key) override;
+    void store(std::string_view key, const std::string& path) override;
+    /// The desktop's folder for documents (XDG user directories), if it is there.
+    std::optional<std::string> documentsFolder() override;
+
+private:
+    UserDefaults& defaults_;
+    FileStore& files_;
+};
+
+} // namespace tabulon

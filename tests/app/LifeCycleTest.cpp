@@ -1,0 +1,209 @@
+// What a save does besides saving, what happens when another program touches the file, going back.
+#include "tests/app/AppFixture.h"
+
+namespace tabulon {
+namespace {
+
+class LifeCycleTest : public AppTest {
+protected:
+    Document& openDocument(const std::string& path = "/home/Links.tbln") {
+        files.files[path] = documentBytes("first");
+        app.openFile(path);
+        return *documents().documents().back();
+    }
+    void change(Document& document, const char* name) {
+        document.getMaster().getChild()->setItemName(name);
+        document.updateChangeCount(ChangeKind::Done);
+    }
+    static double secondsAt(double unixSeconds) { return unixSeconds - Date::kReferenceUnixSeconds; }
+    std::string nameIn(const std::string& path) {
+        Document document(base.services());
+        EXPECT_TRUE(document.readFromDataOfType(files.files.at(path), kDocumentType));
+        return document.getMaster().getChild()->itemName().string();
+    }
+};
+
+TEST_F(LifeCycleTest, BackupHoldsTheVersionBeforeTheSaveUnderTheLocalDate) {
+    base.clock.set(secondsAt(1794787200)); // 2026-11-16 00:00 UTC
+    base.clock.zone = "America/New_York";
+    folders.kept["BackupFolderBookmark"] = "/backups";
+    Document& document = openDocument();
+    change(document, "second");
+    perform("saveDocument:");
+    EXPECT_EQ(nameIn("/backups/Links-2026-11-15.tbln"), "first");
+    EXPECT_EQ(nameIn("/home/Links.tbln"), "second");
+    change(document, "third");
+    perform("saveDocument:");
+    EXPECT_EQ(nameIn("/backups/Links-2026-11-15.tbln"), "second");
+    base.clock.zone = "Europe/Berlin";
+    change(document, "fourth");
+    perform("saveDocument:");
+    EXPECT_EQ(nameIn("/backups/Links-2026-11-16.tbln"), "third");
+    EXPECT_EQ(nameIn("/backups/Links-2026-11-15.tbln"), "second");
+}
+
+TEST_F(LifeCycleTest, FirstSaveMakesNoBackup) {
+    documents().openUntitledDocumentAndDisplay();
+    panels.nameFile("/home/new.tbln");
+    perform("saveDocument:");
+    EXPECT_EQ(files.files.size(), 1u);
+}
+
+TEST_F(LifeCycleTest, BackupGoesToTheDocumentsFolderWhenItsOwnIsGone) {
+    folders.kept["BackupFolderBookmark"] = "/backups";
+    folders.gone.insert("/backups");
+    change(openDocument(), "second");
+    perform("saveDocument:");
+    EXPECT_EQ(nameIn("/home/documents/Links-" + std::string("2025-11-16") + ".tbln"), "first");
+}
+
+TEST_F(LifeCycleTest, WithoutAnyFolderThereIsNoBackup) {
+    folders.documents.reset();
+    change(openDocument(), "second");
+    perform("saveDocument:");
+    EXPECT_EQ(files.files.size(), 1u);
+    EXPECT_TRUE(alerts.shown.empty());
+}
+
+TEST_F(LifeCycleTest, MakeBackupsOffMakesNone) {
+    base.defaults.setBoolForKey("MakeBackups", false);
+    change(openDocument(), "second");
+    perform("saveDocument:");
+    EXPECT_EQ(files.files.size(), 1u);
+}
+
+TEST_F(LifeCycleTest, FailedBackupNeverMakesTheSaveFail) {
+    files.unwritable = "/home/documents";
+    Document& document = openDocument();
+    change(document, "second");
+    perform("saveDocument:");
+    EXPECT_EQ(nameIn("/home/Links.tbln"), "second");
+    EXPECT_FALSE(document.isDocumentEdited());
+    EXPECT_TRUE(alerts.shown.empty());
+}
+
+TEST_F(LifeCycleTest, HTMLCopyIsWrittenToTheChosenFile) {
+    base.defaults.setBoolForKey("SaveAsHTML", true);
+    folders.kept["ExportHTMLBookmark"] = "/web/links.html";
+    Document& document = openDocument();
+    document.getMaster().getChild()->setItemURL("https://a.example/");
+    change(document, "second");
+    perform("saveDocument:");
+    EXPECT_NE(files.files.at("/web/links.html").find(">second</A>"), std::string::npos);
+}
+
+TEST_F(LifeCycleTest, SaveAsHTMLWithoutAChosenFileWritesOnlyTheDocument) {
+    base.defaults.setBoolForKey("SaveAsHTML", true);
+    base.defaults.setBoolForKey("MakeBackups", false);
+    change(openDocument(), "second");
+    perform("saveDocument:");
+    EXPECT_EQ(files.files.size(), 1u);
+}
+
+TEST_F(LifeCycleTest, WindowFrameFollowsTheFile) {
+    Document& document = openDocument();
+    windowOf(document).place = "10 20 800 500";
+    change(document, "second");
+    perform("saveDocument:");
+    perform("performClose:");
+    app.openFile("/home/Links.tbln");
+    EXPECT_EQ(windowOf(*documents().documents().back()).place, "10 20 800 500");
+    EXPECT_EQ(state.stringForKey("NSWindow Frame Links"), "10 20 800 500");
+}
+
+TEST_F(LifeCycleTest, FileChangedByAnotherProgramIsNeverOverwrittenSilently) {
+    Document& document = openDocument();
+    change(document, "mine");
+    files.files["/home/Links.tbln"] = documentBytes("theirs");
+    alerts.answer("Cancel");
+    perform("saveDocument:");
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].message, "“Links.tbln” was changed by another program");
+    EXPECT_EQ(nameIn("/home/Links.tbln"), "theirs");
+    EXPECT_TRUE(document.isDocumentEdited());
+}
+
+TEST_F(LifeCycleTest, KeepMineOverwritesAndBacksTheirsUp) {
+    Document& document = openDocument();
+    change(document, "mine");
+    files.files["/home/Links.tbln"] = documentBytes("theirs");
+    alerts.answer("Keep Mine");
+    perform("saveDocument:");
+    EXPECT_EQ(nameIn("/home/Links.tbln"), "mine");
+    EXPECT_EQ(nameIn("/home/documents/Links-2025-11-16.tbln"), "theirs");
+    EXPECT_FALSE(document.isDocumentEdited());
+    change(document, "mine again");
+    perform("saveDocument:");
+    EXPECT_EQ(alerts.shown.size(), 1u);
+}
+
+TEST_F(LifeCycleTest, ReloadTakesTheirsAndShowsIt) {
+    Document& document = openDocument();
+    change(document, "mine");
+    files.files["/home/Links.tbln"] = documentBytes("theirs");
+    alerts.answer("Reload");
+    perform("saveDocument:");
+    EXPECT_EQ(document.getMaster().getChild()->itemName(), Text("theirs"));
+    EXPECT_FALSE(document.isDocumentEdited());
+    EXPECT_TRUE(windowOf(document).outlineView.rowsAreRight());
+    change(document, "mine");
+    perform("saveDocument:");
+    EXPECT_EQ(nameIn("/home/Links.tbln"), "mine");
+}
+
+TEST_F(LifeCycleTest, SaveAsLeavesTheirsAlone) {
+    Document& document = openDocument();
+    change(document, "mine");
+    files.files["/home/Links.tbln"] = documentBytes("theirs");
+    alerts.answer("Save As…");
+    panels.nameFile("/home/mine.tbln");
+    perform("saveDocument:");
+    EXPECT_EQ(nameIn("/home/Links.tbln"), "theirs");
+    EXPECT_EQ(nameIn("/home/mine.tbln"), "mine");
+    EXPECT_EQ(document.fileName(), "/home/mine.tbln");
+}
+
+TEST_F(LifeCycleTest, RemovedFileIsSavedAgainOnlyWhenAsked) {
+    Document& document = openDocument();
+    change(document, "mine");
+    files.files.erase("/home/Links.tbln");
+    alerts.answer("Cancel");
+    perform("saveDocument:");
+    EXPECT_FALSE(files.fileExists("/home/Links.tbln"));
+    EXPECT_EQ(alerts.shown[0].message, "“Links.tbln” is no longer there");
+    alerts.answer("Save");
+    perform("saveDocument:");
+    EXPECT_EQ(nameIn("/home/Links.tbln"), "mine");
+    EXPECT_FALSE(document.isDocumentEdited());
+}
+
+TEST_F(LifeCycleTest, RevertAsksReadsAgainHidesMarksAndLeavesTheDocumentClean) {
+    base.defaults.setBoolForKey("ShowMarks", true);
+    Document& document = openDocument();
+    EXPECT_FALSE(enabled("revertDocumentToSaved:"));
+    change(document, "mine");
+    EXPECT_TRUE(enabled("revertDocumentToSaved:"));
+    alerts.answer("Cancel");
+    perform("revertDocumentToSaved:");
+    EXPECT_TRUE(document.isDocumentEdited());
+    alerts.answer("Revert");
+    perform("revertDocumentToSaved:");
+    EXPECT_FALSE(document.isDocumentEdited());
+    EXPECT_EQ(document.getMaster().getChild()->itemName(), Text("first"));
+    EXPECT_FALSE(base.defaults.boolForKey("ShowMarks"));
+    EXPECT_TRUE(windowOf(document).outlineView.rowsAreRight());
+}
+
+TEST_F(LifeCycleTest, RevertThatCannotReadKeepsTheDocument) {
+    Document& document = openDocument();
+    change(document, "mine");
+    files.files["/home/Links.tbln"] = "damaged";
+    alerts.answer("Revert");
+    perform("revertDocumentToSaved:");
+    EXPECT_TRUE(document.isDocumentEdited());
+    EXPECT_EQ(document.getMaster().getChild()->itemName(), Text("mine"));
+    EXPECT_EQ(alerts.shown.size(), 2u);
+}
+
+} // namespace
+} // namespace tabulon
