@@ -26,8 +26,8 @@ void* allocateMemory(std::size_t size) {
     return ::operator new(size);
 }
 
-void releaseMemory(void* block, std::size_t size) noexcept {
-    ::operator delete(block, size);
+void releaseMemory(void* block, std::size_t /*size*/) noexcept {
+    ::operator delete(block);
 }
 
 #endif

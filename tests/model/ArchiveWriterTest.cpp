@@ -167,7 +167,7 @@ Ref<Bookmark> randomTree(std::mt19937& random, int nodes) {
         node->setLabel(static_cast<std::uint8_t>(random()));
         node->setFlags(static_cast<std::uint8_t>(random()));
         node->setStatus(static_cast<std::uint8_t>(random()));
-        node->setItemBrowser(static_cast<std::int64_t>(random()) * (random() % 2 ? 1 : -5000000000));
+        node->setItemBrowser(static_cast<std::int64_t>(random()) * (random() % 2 ? 1 : -2000000000));
         node->setItemFolder(random() % 2);
         node->setShowHier(random() % 2);
         node->setAutoTab(random() % 2);
