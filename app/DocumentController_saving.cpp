@@ -107,8 +107,10 @@ void DocumentController::exportHTML(Document& document) {
         const ViewController* controller = viewControllerFor(document);
         if (!path || !controller)
             return;
-        if (const auto written = platform_.files.writeFileAtomically(*path, controller->exportToHTML());
-            !written)
+        const Result<std::string> html = controller->exportToHTML();
+        const Result<void> written = html ? platform_.files.writeFileAtomically(*path, *html)
+                                          : Result<void>(tl::unexpected(html.error()));
+        if (!written)
             fileErrorAlert(platform_, "CouldNotExport", *path, written.error(), &document);
     });
 }

@@ -30,8 +30,11 @@ void makeBackup(const Document& document, const Platform& platform) {
 }
 
 void saveCopyHTML(const ViewController& controller, const Platform& platform) {
-    if (const auto path = platform.folders.resolve("ExportHTMLBookmark"))
-        (void)platform.files.writeFileAtomically(*path, controller.exportToHTML());
+    const auto path = platform.folders.resolve("ExportHTMLBookmark");
+    if (!path)
+        return;
+    if (const Result<std::string> html = controller.exportToHTML())
+        (void)platform.files.writeFileAtomically(*path, *html);
 }
 
 void runSaveTasks(const ViewController& controller, const Platform& platform) {

@@ -1,6 +1,7 @@
 // Arguments → verb. CLI11 reads them; help and usage errors are its texts.
 #include "cli/CommandLine.h"
 
+#include "cli/PlainText.h"
 #include "cli/Verbs.h"
 #include "platform/fake/FakeBaseServices.h"
 
@@ -92,13 +93,14 @@ void addGlobalOptions(CLI::App& app, Request& request) {
 }
 
 // Gives the status of a failed operation.
-int complain(const Environment& environment, std::string message) {
-    // One line, whatever names of files hold.
-    for (char& c : message)
-        if (c == '\n' || c == '\r')
-            c = ' ';
-    environment.writeStandardError("tabulon-cli: " + message + "\n");
+int complain(const Environment& environment, std::string_view message) {
+    // Names of files can hold anything.
+    environment.writeStandardError("tabulon-cli: " + onOneLine(message) + "\n");
     return kFailed;
+}
+
+int finish(const Result<void>& done, const Environment& environment) {
+    return done ? kDone : complain(environment, done.error().message);
 }
 
 int perform(const Request& request, const Environment& environment) {
@@ -109,16 +111,14 @@ int perform(const Request& request, const Environment& environment) {
     }
     EnglishLocalization texts(request.locale.empty() ? environment.locale : request.locale);
     const Session session{environment, {environment.clock, defaults, texts, environment.log}};
-    if (const Result<void> done = request.verb(session); !done)
-        return complain(environment, done.error().message);
-    return kDone;
+    return finish(request.verb(session), environment);
 }
 
 int explain(const CLI::App& app, const CLI::ParseError& error, const Environment& environment) {
     std::ostringstream help;
     std::ostringstream problems;
     if (app.exit(error, help, problems) == 0)
-        return environment.writeStandardOutput(help.str()) ? kDone : kFailed;
+        return finish(environment.writeStandardOutput(help.str()), environment);
     complain(environment, std::string(error.what()) + " (tabulon-cli --help tells more)");
     return kWrongUsage;
 }

@@ -10,10 +10,12 @@ namespace {
 
 struct Exporter {
     std::string_view name;
-    std::string (*write)(const Bookmark& master, const BaseServices& services);
+    Result<std::string> (*write)(const Bookmark& master, const BaseServices& services);
 };
 
-std::string exportHTML(const Bookmark& master, const BaseServices& services) {
+Result<std::string> exportHTML(const Bookmark& master, const BaseServices& services) {
+    if (const Result<void> possible = checkHTMLExport(master); !possible)
+        return tl::unexpected(possible.error());
     const Collation collation(services.texts.locale());
     const bool sorted = services.defaults.boolForKey("ExportSortName");
     return exportToHTML(master, {.sortByName = sorted ? &collation : nullptr});
@@ -40,7 +42,10 @@ Result<void> exportFile(const Session& session, const std::string& format, const
     const auto document = session.readDocument(input);
     if (!document)
         return tl::unexpected(document.error());
-    return session.write(output, exporter->write((*document)->getMaster(), session.services));
+    const Result<std::string> bytes = exporter->write((*document)->getMaster(), session.services);
+    if (!bytes)
+        return failure(input + ": " + bytes.error().message);
+    return session.write(output, *bytes);
 }
 
 } // namespace tabulon::cli

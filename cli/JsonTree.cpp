@@ -95,8 +95,10 @@ tl::unexpected<Error> wrongKind(std::string_view key, std::string_view expected)
 Result<void> readNumber(Bookmark& node, std::string_view key, element value) {
     if (const DateField* field = fieldNamed(kDates, key)) {
         double seconds = 0;
-        if (value.is_null())
+        if (value.is_null()) {
+            (node.*field->set)(Date());
             return {};
+        }
         if (value.get_double().get(seconds) != simdjson::SUCCESS)
             return wrongKind(key, "a number or null");
         (node.*field->set)(Date::fromUnixSeconds(seconds));
@@ -117,8 +119,10 @@ Result<void> readNumber(Bookmark& node, std::string_view key, element value) {
 Result<void> readField(Bookmark& node, std::string_view key, element value) {
     if (const TextField* field = fieldNamed(kTexts, key)) {
         std::string_view text;
-        if (value.is_null())
+        if (value.is_null()) {
+            (node.*field->set)(Text());
             return {};
+        }
         if (value.get_string().get(text) != simdjson::SUCCESS)
             return wrongKind(key, "a string or null");
         (node.*field->set)(Text(text));
@@ -148,6 +152,9 @@ Result<void> readChildren(Bookmark& node, element value, std::vector<Pending>& p
     simdjson::dom::array array;
     if (value.get_array().get(array) != simdjson::SUCCESS)
         return wrongKind("children", "an array or null");
+    // The nodes of a first list are waiting to be filled; they cannot go.
+    if (node.getChildren())
+        return failure("A node has “children” twice.");
     node.makeChildList(array.size());
     for (const element child : array) {
         Ref<Bookmark> empty = Bookmark::initEmpty();
@@ -224,6 +231,9 @@ std::string jsonFromTree(const Bookmark& root) {
 }
 
 Result<Ref<Bookmark>> treeFromJson(std::string_view json) {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    if (json.starts_with(kByteOrderMark))
+        json.remove_prefix(kByteOrderMark.size());
     simdjson::dom::parser parser;
     const simdjson::padded_string padded(json);
     // Any nesting that fits into the file; the parser's default stops at 1,024.

@@ -1,5 +1,6 @@
 // `show`: the tree for people, one line a node. The JSON of `show --json` is in JsonTree.
 #include "cli/JsonTree.h"
+#include "cli/PlainText.h"
 #include "cli/Verbs.h"
 #include "model/TreeWalk.h"
 
@@ -11,26 +12,18 @@ namespace {
 // A deep tree stays readable, and its listing linear in size.
 constexpr int kDeepestIndent = 32;
 
-// A text that cannot break the line or drive the terminal.
-void appendOnOneLine(std::string& out, std::string_view text) {
-    std::transform(text.begin(), text.end(), std::back_inserter(out), [](char c) {
-        const auto byte = static_cast<unsigned char>(c);
-        return byte < 0x20 || byte == 0x7F ? ' ' : c;
-    });
-}
-
 void appendLine(std::string& out, const Bookmark& node, int level) {
     out.append(2 * static_cast<std::size_t>(std::min(level, kDeepestIndent)), ' ');
     if (node.isSeparator()) {
         out += "--------\n";
         return;
     }
-    appendOnOneLine(out, node.itemName().view());
+    out += onOneLine(node.itemName().view());
     if (node.isFolder())
         out += '/';
     if (!node.itemURL().isEmpty()) {
         out += "  <";
-        appendOnOneLine(out, node.itemURL().view());
+        out += onOneLine(node.itemURL().view());
         out += '>';
     }
     out += '\n';

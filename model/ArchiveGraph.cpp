@@ -59,11 +59,11 @@ Key Graph::keyOf(std::uint64_t id) {
 
 // The value under `key`, Damaged when there is none. For the small dictionaries around the nodes.
 Graph::Object Graph::find(const Object& dictionary, Key key) {
-    if (dictionary.kind != Kind::Dictionary || !charge(plist_.referenceBytes(dictionary)))
+    if (dictionary.kind != Kind::Dictionary || !chargeReferences(dictionary))
         return {};
-    for (std::uint64_t i = 0; i < dictionary.value; ++i)
-        if (keyOf(plist_.reference(dictionary, i)) == key)
-            return plist_.object(plist_.reference(dictionary, dictionary.value + i));
+    for (std::uint64_t i = dictionary.value; i > 0; --i)
+        if (keyAt(dictionary, i - 1) == key)
+            return element(dictionary, dictionary.value + i - 1);
     return {};
 }
 
@@ -90,7 +90,7 @@ Class Graph::resolveClass(std::uint64_t uid) {
     const Object description = archived(uid);
     Class kind = classNamed(find(description, Key::ClassName));
     const Object ancestry = find(description, Key::Classes);
-    if (ancestry.kind == Kind::Array && charge(plist_.referenceBytes(ancestry)))
+    if (ancestry.kind == Kind::Array && chargeReferences(ancestry))
         for (std::uint64_t i = 0; kind == Class::Unknown && i < ancestry.value; ++i)
             kind = classNamed(plist_.object(plist_.reference(ancestry, i)));
     if (classes_.size() < 64)
@@ -98,28 +98,29 @@ Class Graph::resolveClass(std::uint64_t uid) {
     return kind;
 }
 
-Text Graph::decodeText(const Object& object) {
-    if (BinaryPlist::isText(object))
-        return charge(object.value) ? BinaryPlist::text(object) : Text();
+// What holds the text of an archived object: the text itself, or the text or data inside a string object.
+Graph::Object Graph::textBehind(const Object& object) {
     if (object.kind != Kind::Dictionary || classOf(object) != Class::String)
-        return {};
+        return BinaryPlist::isText(object) ? object : Object{};
     if (const Object text = find(object, Key::String); BinaryPlist::isText(text))
-        return charge(text.value) ? BinaryPlist::text(text) : Text();
+        return text;
     const Object bytes = find(object, Key::Bytes);
-    if (bytes.kind != Kind::Data || !charge(bytes.value))
-        return {};
-    return Text::fromBytes({reinterpret_cast<const char*>(bytes.bytes), bytes.value});
+    return bytes.kind == Kind::Data ? bytes : Object{};
 }
 
 Text Graph::text(std::uint64_t uid) {
-    // A short text is decoded for each that refers to it: keeping track would cost more than its bytes.
-    constexpr std::size_t kLong = 64;
-    if (uid < longTexts_.size() && !longTexts_[uid].isNull())
-        return longTexts_[uid];
-    Text result = decodeText(archived(uid));
-    if (result.view().size() > kLong)
-        longTexts_[uid] = result;
-    return result;
+    const Object object = uid == 0 ? Object{} : textBehind(archived(uid));
+    if (object.kind == Kind::Damaged)
+        return {};
+    if (object.value <= kSmall)
+        return BinaryPlist::text(object);
+    // A long text is decoded once, however many names it goes by.
+    if (longTexts_.empty())
+        longTexts_.resize(plist_.objectCount());
+    Text& known = longTexts_[plist_.reference(objects_, uid)];
+    if (known.isNull() && charge(object.value))
+        known = BinaryPlist::text(object);
+    return known;
 }
 
 Date Graph::decodeDate(const Object& object) {
@@ -136,15 +137,15 @@ Date Graph::decodeDate(const Object& object) {
 }
 
 Date Graph::date(std::uint64_t uid) {
-    return decodeDate(archived(uid));
+    return uid == 0 ? Date() : decodeDate(archived(uid));
 }
 
 Graph::Object Graph::arrayBehind(std::uint64_t uid) {
-    const Object object = archived(uid);
+    const Object object = uid == 0 ? Object{} : archived(uid);
     if (object.kind != Kind::Dictionary || classOf(object) != Class::Array)
         return {};
     const Object array = find(object, Key::Objects);
-    return array.kind == Kind::Array && charge(plist_.referenceBytes(array)) ? array : Object{};
+    return array.kind == Kind::Array && chargeReferences(array) ? array : Object{};
 }
 
 // Finds the parts of the archive and gives the uid of its root object.
@@ -160,7 +161,6 @@ Result<std::uint64_t> Graph::open() {
     const Object root = find(find(top, Key::ArchiveTop), Key::Root);
     if (objects_.kind != Kind::Array || root.kind != Kind::Uid)
         return notAnArchive;
-    longTexts_.resize(objects_.value);
     return root.value;
 }
 

@@ -47,7 +47,7 @@ public:
     Text text(std::uint64_t uid);
     Date date(std::uint64_t uid);
 
-    /// The value under `key`, Damaged when there is none. Counts the whole dictionary: for small ones.
+    /// The (last) value under `key`, Damaged when there is none.
     Object find(const Object& dictionary, Key key);
     /// The key that object `id` of the property list spells.
     Key keyOf(std::uint64_t id);
@@ -64,10 +64,12 @@ public:
     }
     /// True when two dictionaries of as many pairs name the same keys in the same order.
     bool sameKeys(const Object& a, const Object& b) const {
-        return std::memcmp(a.bytes, b.bytes, a.value * plist_.referenceSize()) == 0;
+        return a.value == 0 || std::memcmp(a.bytes, b.bytes, a.value * plist_.referenceSize()) == 0;
     }
     /// Counts a container's references as looked at; false when that is more than the file can hold.
-    bool chargeReferences(const Object& container) { return charge(plist_.referenceBytes(container)); }
+    bool chargeReferences(const Object& container) {
+        return container.value <= kSmall || charge(plist_.referenceBytes(container));
+    }
 
     /// Notes damage (the first one counts) and gives false.
     bool damaged(std::string_view what);
@@ -75,8 +77,12 @@ public:
     tl::unexpected<Error> damage() const { return failure("The file is damaged: " + problem_); }
 
 private:
+    /// Containers of no more elements and texts of no more units are not counted: looking at one is no more
+    /// work than reading the reference to it.
+    static constexpr std::uint64_t kSmall = 64;
+
     bool charge(std::uint64_t bytes);
-    Text decodeText(const Object& object);
+    Object textBehind(const Object& object);
     Date decodeDate(const Object& object);
 
     const BinaryPlist plist_;
@@ -84,7 +90,7 @@ private:
     std::vector<std::uint8_t>
         keys_;       // by object number of the property list: the Key plus 1, 0 while not looked up
     Object objects_; // the archive's "$objects"
-    std::vector<Text> longTexts_; // by uid, null while not decoded
+    std::vector<Text> longTexts_; // by object number of the property list, null while not decoded
     std::vector<std::pair<std::uint64_t, Class>> classes_;
     std::string problem_;
 };

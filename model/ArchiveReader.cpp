@@ -73,8 +73,6 @@ bool Reader::readChildren(Bookmark& node, std::uint64_t uid) {
 }
 
 bool Reader::readReference(Bookmark& node, Key key, std::uint64_t uid) {
-    if (uid == 0)
-        return true;
     switch (key) {
     case Key::Name:
         node.setItemName(graph_.text(uid));
@@ -226,10 +224,13 @@ Result<void> readVersion(Graph& graph, std::uint64_t uid) {
     const Object version = isRecord ? graph.find(record, Key::Version) : Object{};
     if (graph.isDamaged())
         return graph.damage();
-    if (fileType.kind != Kind::Integer || fileType.value != archive::kDocumentFileType)
+    const auto isNumber = [](const Object& object) {
+        return object.kind == Kind::Integer || object.kind == Kind::Boolean;
+    };
+    if (!isNumber(fileType) || fileType.value != archive::kDocumentFileType)
         return failure("The file is an archive, but not a bookmark document.", ErrorDomain::Cocoa,
                        kUserCancelledError);
-    if (version.kind != Kind::Integer || version.value != archive::kDocumentVersion)
+    if (!isNumber(version) || version.value != archive::kDocumentVersion)
         return failure("The document has a version that this program does not know; a newer one may open it.",
                        ErrorDomain::Cocoa, kUserCancelledError);
     return {};

@@ -3,10 +3,12 @@
 #include <unicode/utf16.h>
 #include <unicode/utf8.h>
 
+#include <algorithm>
+
 namespace tabulon {
 namespace {
 
-constexpr std::string_view kMagic = "bplist0";
+constexpr std::string_view kMagic = "bplist00";
 constexpr std::size_t kTrailerSize = 32;
 
 std::string utf8FromBigEndianUtf16(const std::uint8_t* bytes, std::size_t units) {
@@ -27,10 +29,19 @@ std::string utf8FromBigEndianUtf16(const std::uint8_t* bytes, std::size_t units)
     return result;
 }
 
+// Whether the upper eight of sixteen bytes say nothing that the lower eight do not: zeros, or the sign.
+bool fitsInto64Bits(const std::uint8_t* bytes) {
+    const bool zeros = std::all_of(bytes, bytes + 8, [](std::uint8_t byte) { return byte == 0; });
+    const bool sign = std::all_of(bytes, bytes + 8, [](std::uint8_t byte) { return byte == 0xFF; });
+    return zeros || (sign && bytes[8] >= 0x80);
+}
+
 } // namespace
 
 Result<BinaryPlist> BinaryPlist::open(std::string_view data) {
-    if (!data.starts_with(kMagic) || data.size() < kHeaderSize + kTrailerSize)
+    if (!data.starts_with(kMagic.substr(0, data.size())))
+        return failure("The file is a property list of a version that this program does not know.");
+    if (data.size() < kHeaderSize + kTrailerSize)
         return failure("The file is not a whole binary property list; it may have been cut off.");
     BinaryPlist plist;
     plist.data_ = reinterpret_cast<const std::uint8_t*>(data.data());
@@ -86,6 +97,8 @@ BinaryPlist::Object BinaryPlist::number(std::uint64_t position, std::uint8_t mar
     case 0x1:
         if (nibble > 4 || !fits(position + 1, std::uint64_t{1} << nibble))
             return {};
+        if (nibble == 4 && !fitsInto64Bits(value))
+            return {Kind::Null};
         return {Kind::Integer,
                 nibble == 4 ? bigEndian(value + 8, 8) : bigEndian(value, std::size_t{1} << nibble)};
     case 0x2:

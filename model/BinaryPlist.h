@@ -81,7 +81,7 @@ public:
     static bool isText(const Object& object) {
         return object.kind == Kind::Ascii || object.kind == Kind::Utf16 || object.kind == Kind::Utf8;
     }
-    /// Requires a text object. Malformed parts become U+FFFD.
+    /// Requires a text object, or data that holds UTF-8. Malformed parts become U+FFFD.
     static Text text(const Object& object);
     /// True when the object is a text of exactly these ASCII characters.
     static bool textEquals(const Object& object, std::string_view ascii);

@@ -40,6 +40,11 @@ public:
         const char* from = bytes.data();
         const char* end = from + bytes.size();
         while (from < end) {
+            // ASCII stands for itself; the converter would swap some control characters.
+            if (static_cast<unsigned char>(*from) < 0x80) {
+                text += *from++;
+                continue;
+            }
             UErrorCode status = U_ZERO_ERROR;
             const UChar32 character = ucnv_getNextUChar(converter_, &from, end, &status);
             if (status == U_INDEX_OUTOFBOUNDS_ERROR)
@@ -183,6 +188,7 @@ bool Reader::readChain(Bookmark& root) {
             node->makeParent();
             levels.push_back({node.get(), true});
         } else if (node->isFolder()) {
+            // The type's icon came after the folder's; a folder always carries its own.
             node->linkIcon();
         }
     }

@@ -8,8 +8,8 @@
 
 namespace tabulon {
 
-/// Seconds since 2001-01-01 00:00 UTC as a double, or null. Every double that a file can hold is kept to the
-/// bit, infinities and NaNs included; null is one NaN pattern of its own.
+/// Seconds since 2001-01-01 00:00 UTC as a double, or null. Every double is kept to the bit, infinities and
+/// NaNs included, but for the one NaN pattern that stands for null, which becomes another NaN.
 class Date {
 public:
     /// Seconds from 1970-01-01 00:00 UTC to 2001-01-01 00:00 UTC.
@@ -20,6 +20,8 @@ public:
     static Date fromReferenceSeconds(double seconds) noexcept {
         Date date;
         date.seconds_ = seconds;
+        if (date.isNull())
+            date.seconds_ = std::bit_cast<double>(kNullBits + 1);
         return date;
     }
     static Date fromUnixSeconds(double seconds) noexcept {

@@ -32,7 +32,7 @@ std::string Document::dataOfType(std::string_view /*type*/) const {
     return writeDocumentArchive(*fMaster_);
 }
 
-Result<void> Document::readFromDataOfType(std::string_view data, std::string_view /*type*/) {
+Result<void> Document::readFromDataOfType(std::string_view data, std::string_view type) {
     Result<Ref<Bookmark>> master =
         classicFile(data) ? readClassic(data, services_) : readDocumentArchive(data);
     if (!master)
@@ -40,6 +40,7 @@ Result<void> Document::readFromDataOfType(std::string_view data, std::string_vie
     (*master)->setItemName("Master");
     (*master)->setShowHier(true);
     setMaster(std::move(*master));
+    fileType_ = classicFile(data) ? kDocumentType : type;
     return {};
 }
 

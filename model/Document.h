@@ -57,6 +57,10 @@ public:
     /// the document keeps its tree. The presenter is not told: the caller decides when to show the new tree.
     Result<void> readFromDataOfType(std::string_view data, std::string_view type);
 
+    /// The type identifier of what the document was read from; a classic file is of the current type from
+    /// then on.
+    const std::string& fileType() const { return fileType_; }
+
     void updateChangeCount(ChangeKind change);
     bool isDocumentEdited() const { return changeCount_ != 0; }
     /// Changes since the document was last clean; may be negative after undoing.
@@ -85,6 +89,7 @@ private:
     Ref<DocumentAnchor> anchor_;
     Ref<Bookmark> fMaster_;
     Ref<Bookmark> fDropFolder_;
+    std::string fileType_ = std::string(kDocumentType);
     std::string fileName_;
     std::string displayName_;
     DocumentPresenter* presenter_ = nullptr;

@@ -89,6 +89,12 @@ void PlistWriter::appendMarker(std::uint8_t kind, std::uint64_t count) {
     appendNumber(count, width);
 }
 
+std::uint64_t PlistWriter::writeNull() {
+    const std::uint64_t id = begin();
+    bytes_ += '\0';
+    return id;
+}
+
 std::uint64_t PlistWriter::writeBoolean(bool value) {
     const std::uint64_t id = begin();
     bytes_ += static_cast<char>(value ? 0x09 : 0x08);

@@ -18,6 +18,7 @@ public:
     /// `mostObjects` is an upper bound for the number of objects, `bytes` a guess of the file's size.
     PlistWriter(std::uint64_t mostObjects, std::size_t bytes);
 
+    std::uint64_t writeNull();
     std::uint64_t writeBoolean(bool value);
     std::uint64_t writeInteger(std::int64_t value);
     std::uint64_t writeReal(double value);

@@ -40,7 +40,8 @@ std::optional<std::int64_t> integerFrom(std::string_view text) {
     std::uint64_t value = 0;
     const char* end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, value, hexadecimal ? 16 : 10);
-    if (error != std::errc() || stop != end)
+    constexpr std::uint64_t kLowest = std::uint64_t{1} << 63;
+    if (error != std::errc() || stop != end || (negative && value > kLowest))
         return std::nullopt;
     return static_cast<std::int64_t>(negative ? 0 - value : value);
 }
@@ -106,6 +107,19 @@ std::string dataFrom(std::string_view base64) {
     return bytes;
 }
 
+// A reference to the character zero: XML has none, and the parser would end the text there.
+bool refersToZero(std::string_view xml) {
+    for (std::size_t at = xml.find("&#"); at != std::string_view::npos; at = xml.find("&#", at + 2)) {
+        std::size_t digit = at + 2;
+        if (digit < xml.size() && (xml[digit] == 'x' || xml[digit] == 'X'))
+            ++digit;
+        const std::size_t end = xml.find_first_not_of('0', digit);
+        if (end != std::string_view::npos && end > digit && xml[end] == ';')
+            return true;
+    }
+    return false;
+}
+
 class Converter {
 public:
     Converter(std::size_t elements, std::size_t bytes) : plist_(elements, bytes) {}
@@ -126,7 +140,7 @@ private:
     bool begin(const pugi::xml_node& element);
     bool addKey(const pugi::xml_node& element);
     std::optional<std::uint64_t> scalar(const pugi::xml_node& element);
-    std::optional<std::uint64_t> number(std::string_view name, const std::string& text);
+    std::uint64_t number(std::string_view name, const std::string& text);
     std::optional<std::uint64_t> uid(const pugi::xml_node& dictionary);
     std::uint64_t close(const Container& container);
 
@@ -164,14 +178,15 @@ std::optional<std::uint64_t> Converter::uid(const pugi::xml_node& dictionary) {
     return plist_.writeUid(static_cast<std::uint64_t>(*number));
 }
 
-std::optional<std::uint64_t> Converter::number(std::string_view name, const std::string& text) {
+// A number that cannot be read becomes null: a value of the wrong kind, which harms no more than itself.
+std::uint64_t Converter::number(std::string_view name, const std::string& text) {
     if (name == "integer") {
         const auto value = integerFrom(text);
-        return value ? std::optional(plist_.writeInteger(*value)) : std::nullopt;
+        return value ? plist_.writeInteger(*value) : plist_.writeNull();
     }
     const auto value = name == "real" ? realFrom(text) : dateFrom(text);
     if (!value)
-        return std::nullopt;
+        return plist_.writeNull();
     return name == "real" ? plist_.writeReal(*value) : plist_.writeDate(*value);
 }
 
@@ -236,7 +251,7 @@ Result<std::string> binaryPlistFromXml(std::string_view xml) {
     pugi::xml_document document;
     const pugi::xml_parse_result parsed = document.load_buffer(
         xml.data(), xml.size(), pugi::parse_default | pugi::parse_ws_pcdata_single, pugi::encoding_auto);
-    if (!parsed)
+    if (!parsed || refersToZero(xml))
         return failure("The file is not well-formed XML.");
     const pugi::xml_node plist = document.child("plist");
     const pugi::xml_node root =

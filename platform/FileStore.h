@@ -33,8 +33,8 @@ public:
 
     /// Replaces the file at `path`, or makes it: the bytes go to a temporary file in the same folder, are
     /// flushed to the disk and renamed over the old file, whose mode they keep. A symbolic link is followed
-    /// to its target. On failure the old file is untouched and no temporary file stays; the error has errno
-    /// and a sentence that names the file.
+    /// to its target; a device or a pipe is written into. On failure the old file is untouched and no
+    /// temporary file stays; the error has errno and a sentence that names the file.
     virtual Result<void> writeFileAtomically(const std::string& path, std::string_view bytes) = 0;
 
     virtual bool fileExists(const std::string& path) = 0;

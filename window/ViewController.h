@@ -98,7 +98,8 @@ public:
     // Export
 
     /// The document as a Netscape bookmark file, sorted by name where the setting "ExportSortName" says so.
-    std::string exportToHTML() const;
+    /// Fails for a tree that is nested too deep for such a file.
+    Result<std::string> exportToHTML() const;
 
     // Alerts
 

@@ -5,7 +5,9 @@
 
 namespace tabulon {
 
-std::string ViewController::exportToHTML() const {
+Result<std::string> ViewController::exportToHTML() const {
+    if (const Result<void> possible = checkHTMLExport(getMaster()); !possible)
+        return tl::unexpected(possible.error());
     if (!platform_.base.defaults.boolForKey("ExportSortName"))
         return tabulon::exportToHTML(getMaster(), {});
     const Collation collation(platform_.base.texts.locale());

@@ -2,6 +2,7 @@
 
 #include "formats/XmlEntities.h"
 #include "formats/export/ExportText.h"
+#include "model/TreeWalk.h"
 
 #include <algorithm>
 #include <charconv>
@@ -160,6 +161,23 @@ private:
 };
 
 } // namespace
+
+Result<void> checkHTMLExport(const Bookmark& master) {
+    std::uint64_t level = 1;
+    std::uint64_t indents = 0;
+    const auto enter = [&](Bookmark& node) {
+        indents += level;
+        const bool descend = node.isFolder() && node.getChildren();
+        level += descend ? 1 : 0;
+        return descend;
+    };
+    walkBelow(master, enter, [&](Bookmark&) { --level; });
+    if (indents > kMostIndentBytes)
+        return failure(
+            "The folders are nested too deep for an HTML file: its indents alone would take more than a "
+            "gigabyte.");
+    return {};
+}
 
 std::string exportToHTML(const Bookmark& master, const HTMLExportOptions& options) {
     return HTMLExport(options).run(master);

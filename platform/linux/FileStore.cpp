@@ -124,6 +124,15 @@ void flushFolder(const std::string& folder) {
         ::fsync(descriptor.get());
 }
 
+// A device or a pipe: there is nothing to replace.
+Result<void> writeInto(const std::string& path, std::string_view bytes) {
+    const Descriptor descriptor(::open(path.c_str(), O_WRONLY | O_CLOEXEC));
+    const int code = descriptor.isOpen() ? writeAll(descriptor.get(), bytes) : errno;
+    if (code != 0)
+        return problem("Cannot write", path, code);
+    return {};
+}
+
 } // namespace
 
 Result<std::string> PosixFileStore::readFile(const std::string& path) {
@@ -139,7 +148,7 @@ Result<void> PosixFileStore::writeFileAtomically(const std::string& path, std::s
     const std::string file = target(path);
     struct stat status = {};
     if (::stat(file.c_str(), &status) == 0 && !S_ISREG(status.st_mode))
-        return problem("Cannot write", path, S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
+        return S_ISDIR(status.st_mode) ? problem("Cannot write", path, EISDIR) : writeInto(path, bytes);
     const std::string folder = folderOf(file);
     std::string temporary = folder + "/.tabulon-XXXXXX";
     const Descriptor descriptor(::mkostemp(temporary.data(), O_CLOEXEC));

@@ -157,6 +157,32 @@ TEST_F(CommandLineTest, failedWriteIsReported) {
     expectFailure({"show", "d.tbln"});
 }
 
+TEST_F(CommandLineTest, nothingThatIsShownDrivesTheTerminal) {
+    tool.in = R"({"children":[{"name":"x\u001b[31my\u009bz\u2028w\u202ev\u2066u\u00e9"}]})";
+    ASSERT_EQ(tool.run({"make", "-", "-o", "e.tbln"}), 0) << tool.error;
+    ASSERT_EQ(tool.run({"show", "e.tbln"}), 0);
+    EXPECT_EQ(tool.out, "Master\n  x [31my z w v u\u00e9\n");
+    expectFailure({"show", "no\x1b[31mfile"});
+    EXPECT_EQ(tool.error.find('\x1b'), std::string::npos);
+}
+
+TEST_F(CommandLineTest, deepTreeIsNoHTMLFile) {
+    std::string json;
+    for (int i = 0; i < 60000; ++i)
+        json += R"({"folder":true,"children":[)";
+    for (int i = 0; i < 60000; ++i)
+        json += "]}";
+    tool.in = json;
+    ASSERT_EQ(tool.run({"make", "-", "-o", "deep.tbln"}), 0) << tool.error;
+    expectFailure({"export", "--to", "html", "deep.tbln", "-o", "out.html"});
+    EXPECT_THAT(tool.error, HasSubstr("nested too deep"));
+}
+
+TEST_F(CommandLineTest, helpThatCannotBeWrittenIsAFailure) {
+    tool.outputBroken = true;
+    expectFailure({"--help"});
+}
+
 TEST_F(CommandLineTest, wrongUsageIsStatusTwo) {
     makeDocument();
     expectWrongUsage({});

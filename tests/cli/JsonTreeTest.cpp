@@ -116,6 +116,28 @@ TEST(JsonTree, whatIsNoTreeIsRefused) {
         refused(json);
 }
 
+TEST(JsonTree, twoListsOfChildrenAreRefused) {
+    std::string json = R"({"children":[)";
+    for (int i = 0; i < 50; ++i)
+        json += R"({"name":"OLD"},)";
+    json += R"({}],"children":[{"url":"new"}]})";
+    refused(json);
+    refused(R"({"children":[],"children":null,"children":[]})");
+}
+
+TEST(JsonTree, aKeyGivenTwiceHasItsLastValue) {
+    const auto tree =
+        treeFromJson(R"({"name":"a","name":null,"dateAdded":1,"dateAdded":null,"type":1,"type":2})");
+    ASSERT_TRUE(tree);
+    EXPECT_TRUE((*tree)->itemName().isNull());
+    EXPECT_TRUE((*tree)->itemDateAdded().isNull());
+    EXPECT_EQ((*tree)->getType(), 2);
+}
+
+TEST(JsonTree, byteOrderMarkIsPassedOver) {
+    EXPECT_TRUE(treeFromJson("\xEF\xBB\xBF{}"));
+}
+
 TEST(JsonTree, anyDepth) {
     constexpr int kDepth = 200000;
     std::string json;

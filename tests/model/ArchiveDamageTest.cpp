@@ -50,6 +50,25 @@ TEST(ArchiveDamage, otherVersionOrTypeIsRefusedWithTheDescribedCode) {
     EXPECT_TRUE(readDocumentArchive(withVersion(integer(1), integer(type))));
 }
 
+TEST(ArchiveDamage, sixteenByteVersionsAreComparedWhole) {
+    const auto wide = [](std::uint64_t high, std::uint64_t low) {
+        std::string bytes = "\x14";
+        Encoder::number(bytes, high, 8);
+        Encoder::number(bytes, low, 8);
+        return raw(bytes);
+    };
+    const std::uint64_t type = 0x54626C6E;
+    EXPECT_TRUE(readDocumentArchive(withVersion(wide(0, 1), wide(0, type))));
+    EXPECT_EQ(refused(withVersion(wide(1, 1), wide(0, type))).code, 3072);
+    EXPECT_EQ(refused(withVersion(wide(~0ull, 1), wide(0, type))).code, 3072);
+    EXPECT_EQ(refused(withVersion(wide(0, 1), wide(1, type))).code, 3072);
+}
+
+TEST(ArchiveDamage, referenceToTheCharacterZeroIsRefused) {
+    refused("<plist><dict><key>a&#0;b</key><string/></dict></plist>");
+    refused("<plist><string>&#x00;</string></plist>");
+}
+
 TEST(ArchiveDamage, recordOfAnotherClassIsNoVersion) {
     TestArchive archive;
     const std::int64_t master = archive.addFolder("Master", {});

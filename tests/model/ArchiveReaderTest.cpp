@@ -181,6 +181,77 @@ TEST(ArchiveReader, sharedTextsAndDatesArriveEverywhere) {
     }
 }
 
+TEST(ArchiveReader, oneTextUnderManyNumbersIsReadForAll) {
+    // As writers do that store equal texts once and refer to them from many objects of the archive.
+    for (const std::size_t length : {std::size_t{20}, std::size_t{2000}}) {
+        TestArchive archive;
+        const Value shared = ascii(std::string(length, 's'));
+        std::vector<std::int64_t> links;
+        for (int i = 0; i < 2000; ++i) {
+            const std::int64_t text = archive.add(shared);
+            links.push_back(archive.addNode(
+                {{"Name", uid(text)}, {"URL", uid(text)}, {"Note", uid(text)}, {"Tags", uid(text)}}));
+        }
+        const Ref<Bookmark> master = read(archive.document(archive.addFolder("Master", links)));
+        ASSERT_TRUE(master);
+        EXPECT_EQ(master->getLast()->itemNote().view().size(), length);
+    }
+}
+
+TEST(ArchiveReader, oneStringObjectOfManyNodesIsReadForAll) {
+    TestArchive archive;
+    const std::int64_t kind = archive.addClass({"NSMutableString", "NSString", "NSObject"});
+    const std::int64_t text =
+        archive.add(dictionary({{"NS.string", ascii("shared")}, {"$class", uid(kind)}}));
+    std::vector<std::int64_t> links;
+    for (int i = 0; i < 5000; ++i)
+        links.push_back(archive.addNode({{"Name", uid(text)}, {"Note", uid(text)}, {"Tags", uid(text)}}));
+    EXPECT_TRUE(read(archive.document(archive.addFolder("Master", links))));
+}
+
+TEST(ArchiveReader, aKeyGivenTwiceHasItsLastValue) {
+    TestArchive archive;
+    const OneLink one(archive, {{"Label", integer(1)},
+                                {"Label", integer(2)},
+                                {"Name", uid(archive.add(ascii("first")))},
+                                {"Name", uid(0)}});
+    ASSERT_TRUE(one.node);
+    EXPECT_EQ(one.node->getLabel(), 2);
+    EXPECT_TRUE(one.node->itemName().isNull());
+}
+
+TEST(ArchiveReader, versionMayBeABoolean) {
+    TestArchive archive;
+    const std::int64_t version = archive.addVersion(boolean(true), integer(0x54626C6E));
+    EXPECT_TRUE(
+        readDocumentArchive(archive.bytes(archive.addArray({version, archive.addFolder("Master", {})}))));
+}
+
+TEST(ArchiveReader, emptyDictionaryAsTheFirstNodeIsRefusedQuietly) {
+    TestArchive archive;
+    EXPECT_FALSE(readDocumentArchive(archive.document(archive.add(dictionary({})))));
+}
+
+TEST(ArchiveReader, xmlNumbersThatCannotBeReadCountAsMissing) {
+    for (const char* number :
+         {"<integer>99999999999999999999</integer>", "<integer/>", "<integer>5.0</integer>",
+          "<real>1e999</real>", "<integer>-18446744073709551611</integer>"}) {
+        const std::string xml =
+            std::string(
+                R"(<plist><dict><key>$version</key><integer>100000</integer><key>$archiver</key>)"
+                R"(<string>NSKeyedArchiver</string><key>$top</key><dict><key>root</key><dict><key>CF$UID</key>)"
+                R"(<integer>1</integer></dict></dict><key>$objects</key><array><string>$null</string>)"
+                R"(<dict><key>$class</key><dict><key>CF$UID</key><integer>2</integer></dict><key>Label</key>)") +
+            number +
+            R"(<key>Type</key><integer>3</integer></dict><dict><key>$classname</key><string>Bookmark</string></dict>)"
+            R"(</array></dict></plist>)";
+        const auto node = readNodeArchive(xml);
+        ASSERT_TRUE(node) << number << ": " << node.error().message;
+        EXPECT_EQ((*node)->getLabel(), 0) << number;
+        EXPECT_EQ((*node)->getType(), 3) << number;
+    }
+}
+
 TEST(ArchiveReader, immutableArraysServeAsChildren) {
     TestArchive archive;
     const std::int64_t link = archive.addNode({});

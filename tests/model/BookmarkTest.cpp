@@ -34,6 +34,10 @@ TEST_F(BookmarkTest, initHasAddedDateAndWebIconAndNothingElse) {
 }
 
 TEST_F(BookmarkTest, initWithDictionaryLeavesMissingFieldsNullAndClassifies) {
+    const auto full =
+        Bookmark::initWithDictionary({.name = "n", .url = "u", .note = "o", .tags = "t"}, fake.now());
+    EXPECT_EQ(full->itemNote(), Text("o"));
+    EXPECT_EQ(full->itemTags(), Text("t"));
     const auto node =
         Bookmark::initWithDictionary({.name = "n", .url = "ftp://x", .note = {}, .tags = {}}, fake.now());
     EXPECT_EQ(node->itemName(), Text("n"));
@@ -70,6 +74,29 @@ TEST_F(BookmarkTest, shallowCopyOfAFolderIsAnEmptyFolderWithoutParent) {
     EXPECT_EQ(copy->itemLastOpened(), folder->itemLastOpened());
     EXPECT_EQ(copy->itemIcon(), ItemIcon::Folder);
     EXPECT_EQ(copy->getDocument(), &document);
+}
+
+TEST_F(BookmarkTest, shallowCopyTakesEveryTextDateAndCode) {
+    const Ref<Bookmark> node = link("n", "u");
+    node->setItemNote("note");
+    node->setItemTags("tags");
+    node->setItemDateModified(Date::fromReferenceSeconds(2));
+    node->setItemLastChecked(Date::fromReferenceSeconds(3));
+    node->setType(kMailType);
+    node->setFlags(9);
+    node->setStatus(3);
+    const Ref<Bookmark> copy = Bookmark::initWithBookmark(*node);
+    EXPECT_EQ(copy->itemName(), Text("n"));
+    EXPECT_EQ(copy->itemURL(), Text("u"));
+    EXPECT_EQ(copy->itemNote(), Text("note"));
+    EXPECT_EQ(copy->itemTags(), Text("tags"));
+    EXPECT_EQ(copy->itemDateModified(), Date::fromReferenceSeconds(2));
+    EXPECT_EQ(copy->itemLastChecked(), Date::fromReferenceSeconds(3));
+    EXPECT_EQ(copy->getType(), kMailType);
+    EXPECT_EQ(copy->getFlags(), 9);
+    EXPECT_EQ(copy->getStatus(), 3);
+    EXPECT_FALSE(copy->isFolder());
+    EXPECT_EQ(copy->getChildren(), nullptr);
 }
 
 TEST_F(BookmarkTest, shallowCopyDoesNotSetAnAddedDate) {
@@ -134,12 +161,25 @@ TEST_F(BookmarkTest, setWithBookmarkClearsWhatTheSourceDoesNotHave) {
 TEST_F(BookmarkTest, setWithBookmarkLeavesFolderStateDatesAndIconAlone) {
     const Ref<Bookmark> target = link();
     const Date added = target->itemDateAdded();
+    target->setItemLastChecked(Date::fromReferenceSeconds(5));
+    target->setItemLastOpened(Date::fromReferenceSeconds(6));
+    target->addChild(link());
+    const Ref<Bookmark> parent = link();
+    parent->addChild(target);
     Ref<Bookmark> source = Bookmark::init(Date::fromReferenceSeconds(1));
     source->makeParent();
     source->setType(kMailType);
     source->setAutoTab(true);
     source->setShowHier(true);
+    source->setItemURL("new");
+    source->setItemDateModified(Date::fromReferenceSeconds(7));
     target->setWithBookmark(*source);
+    EXPECT_EQ(target->itemURL(), Text("new"));
+    EXPECT_EQ(target->itemDateModified(), Date::fromReferenceSeconds(7));
+    EXPECT_EQ(target->itemLastChecked(), Date::fromReferenceSeconds(5));
+    EXPECT_EQ(target->itemLastOpened(), Date::fromReferenceSeconds(6));
+    EXPECT_TRUE(target->hasChildren());
+    EXPECT_EQ(target->getParent(), parent.get());
     EXPECT_FALSE(target->isFolder());
     EXPECT_FALSE(target->getAutoTab());
     EXPECT_FALSE(target->showHier());
@@ -218,6 +258,26 @@ TEST_F(BookmarkTest, handleFlagsSplitsItsByte) {
     EXPECT_FALSE(node->getReload());
     EXPECT_TRUE(node->getPassword());
     EXPECT_FALSE(node->getLocked());
+    node->setFlags(1);
+    EXPECT_TRUE(node->getReload());
+    node->setFlags(4);
+    EXPECT_FALSE(node->getReload());
+    EXPECT_TRUE(node->getLocked());
+}
+
+TEST_F(BookmarkTest, openedWithoutADocumentStampsAlone) {
+    fake.defaults.setBoolForKey("LastOpened", true);
+    const Ref<Bookmark> node = link();
+    node->opened(fake.services());
+    EXPECT_EQ(node->itemLastOpened(), fake.now());
+}
+
+TEST_F(BookmarkTest, browserIdentifierFollowsTheWholeIndex) {
+    const Ref<Bookmark> node = link();
+    node->setItemBrowser(15);
+    EXPECT_EQ(node->getBrowserID("x.default"), "com.google.Chrome");
+    node->setItemBrowser(256 + 15);
+    EXPECT_EQ(node->getBrowserID("x.default"), "x.default");
 }
 
 TEST_F(BookmarkTest, lockingTouchesItsBitAlone) {

@@ -186,6 +186,7 @@ TEST_F(ClassicTest, childrenMakeAFolderWithoutTheFlag) {
 TEST_F(ClassicTest, emptyFolderIsAFolder) {
     Record record = named("f");
     record.folder = 0x80;
+    record.type = kMailType;
     const Ref<Bookmark> master = read(header() + record.bytes());
     EXPECT_TRUE(master->getChild()->isFolder());
     EXPECT_EQ(master->getChild()->itemIcon(), ItemIcon::Folder);
@@ -202,6 +203,14 @@ TEST_F(ClassicTest, macRomanUnlessTheCountryIsJapan) {
     }
     fake.texts = EnglishLocalization("ja");
     EXPECT_EQ(read(mac)->getChild()->itemName(), Text("café •"));
+}
+
+TEST_F(ClassicTest, asciiStandsForItselfInShiftJISToo) {
+    fake.texts = EnglishLocalization("ja_JP");
+    std::string ascii;
+    for (char c = 1; c > 0; ++c)
+        ascii += c;
+    EXPECT_EQ(read(header() + named(ascii).bytes())->getChild()->itemName(), Text(ascii));
 }
 
 TEST_F(ClassicTest, undecodableBytesBecomeReplacementCharacters) {
@@ -280,6 +289,7 @@ TEST_F(ClassicTest, documentReadsItAndWritesTheCurrentFormat) {
     Document document(fake.services());
     ASSERT_TRUE(document.readFromDataOfType(header() + named("n").bytes(), "some.other.type"));
     EXPECT_EQ(document.getMaster().getChild()->getDocument(), &document);
+    EXPECT_EQ(document.fileType(), kDocumentType);
     const std::string written = document.dataOfType(kDocumentType);
     EXPECT_TRUE(written.starts_with("bplist00"));
     EXPECT_FALSE(document.readFromDataOfType(std::string("\0\1", 2), kDocumentType));

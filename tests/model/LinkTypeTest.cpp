@@ -83,6 +83,13 @@ TEST(LinkType, statusMarks) {
 TEST(LinkType, labelColours) {
     EXPECT_EQ(labelColor(0), (LabelColor{0, 0, 0, 1}));
     EXPECT_EQ(labelColor(1), (LabelColor{1, 0.5, 0, 1}));
+    EXPECT_EQ(labelColor(2), (LabelColor{1, 0, 0, 1}));
+    EXPECT_EQ(labelColor(3), (LabelColor{1, 0, 1, 1}));
+    EXPECT_EQ(labelColor(5), (LabelColor{0, 0, 1, 1}));
+    EXPECT_EQ(labelColor(7), (LabelColor{0.6, 0.4, 0.2, 1}));
+    EXPECT_EQ(labelColor(8), (LabelColor{0.5, 0, 0.5, 1}));
+    EXPECT_EQ(labelColor(9), (LabelColor{0.5, 0.5, 0.5, 1}));
+    EXPECT_EQ(labelColor(10), (LabelColor{1, 1, 0, 1}));
     EXPECT_EQ(labelColor(4), (LabelColor{0.4, 0.6, 0.8, 1}));
     EXPECT_EQ(labelColor(6), (LabelColor{0, 0.4, 0.07, 1}));
     EXPECT_EQ(labelColor(11), (LabelColor{0, 1, 1, 1}));

@@ -61,6 +61,8 @@ TEST(Date, noneIsNoNumber) {
     EXPECT_FALSE(Date::fromReferenceSeconds(std::numeric_limits<double>::quiet_NaN()).isNull());
     EXPECT_FALSE(Date::fromReferenceSeconds(0).isNull());
     EXPECT_EQ(Date(), Date());
+    // The pattern of null itself, come from a file, is a date like any other.
+    EXPECT_FALSE(Date::fromReferenceSeconds(std::bit_cast<double>(0x7FF87AB000000001u)).isNull());
     EXPECT_EQ(sizeof(Date), 8u);
 }
 

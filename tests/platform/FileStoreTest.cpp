@@ -91,6 +91,13 @@ TEST_F(FileStoreTest, failuresNameTheFileAndKeepTheOldOne) {
     EXPECT_EQ(fileCount(), 1u);
 }
 
+TEST_F(FileStoreTest, devicesAreWrittenInto) {
+    EXPECT_TRUE(files.writeFileAtomically("/dev/null", "x"));
+    const auto full = files.writeFileAtomically("/dev/full", "x");
+    ASSERT_FALSE(full);
+    EXPECT_EQ(full.error().code, ENOSPC);
+}
+
 TEST_F(FileStoreTest, fullDiskKeepsTheOldFileAndLeavesNothingBehind) {
     ASSERT_TRUE(files.writeFileAtomically(path("f"), "old"));
     const pid_t child = ::fork();

@@ -20,6 +20,58 @@ TEST(UserDefaults, registeredValuesHoldUntilSet) {
     EXPECT_TRUE(defaults.boolForKey("MakeBackups"));
 }
 
+TEST(UserDefaults, theWholeTableOfRegisteredValues) {
+    const MemoryUserDefaults defaults;
+    for (const char* yes : {"MoveLinks",
+                            "DuplicateLinks",
+                            "CommandK",
+                            "CommandOptionU",
+                            "CommandM",
+                            "OpenUntitled",
+                            "OpenInBrowser",
+                            "OpenInCurrent",
+                            "ShowBalloonNote",
+                            "ShowBalloonTags",
+                            "ShowBalloonURL",
+                            "RememberDesktop",
+                            "MakeBackups",
+                            "SharedMenu",
+                            "AutoStartup",
+                            "ExportName",
+                            "ExportURL",
+                            "ExportTags",
+                            "ExportNote",
+                            "SkipFolders",
+                            "SkipSeparators",
+                            "AutoEdit",
+                            "IgnoreCase",
+                            "MarkFolder",
+                            "AddTagsColumnSearch",
+                            "AddNoteColumnSearch",
+                            "AddURLColumnSearch",
+                            "AddDateAddedColumnSearch",
+                            "AddDateModifiedColumnSearch",
+                            "AddDateCheckedColumnSearch",
+                            "AddDateOpenedColumnSearch"}) {
+        EXPECT_TRUE(registeredDefault(yes)) << yes;
+        EXPECT_TRUE(defaults.boolForKey(yes)) << yes;
+    }
+    for (const char* no :
+         {"ShowMarks", "CommandOptionK", "CommandShiftU", "DockMenu", "LastOpened", "OpenInHelper",
+          "OpenInNewTab", "OpenInNewWindow", "HistoryStatus", "HistoryShow", "HideWindows", "ExportSortName",
+          "SaveAsHTML", "SkipWindow", "AddTagsColumn", "SortImmediately"}) {
+        EXPECT_TRUE(registeredDefault(no)) << no;
+        EXPECT_FALSE(defaults.boolForKey(no)) << no;
+    }
+    for (const char* none : {"CommandShiftM", "IncludeHistory", "ColumnSort", "SuppressColumnSortSheet",
+                             "SharedTabWindow", "FontName", "CabinetFolderBookmark", "StartupItemsBookmark",
+                             "BackupFolderBookmark", "ExportHTMLBookmark", "PrefTabIndex", "suppressAccess"})
+        EXPECT_FALSE(registeredDefault(none)) << none;
+    EXPECT_EQ(defaults.integerForKey("CopyFormat"), 0);
+    EXPECT_EQ(defaults.doubleForKey("RowHeight"), 17.0);
+    EXPECT_EQ(defaults.doubleForKey("TagsWidth"), 100.0);
+}
+
 TEST(UserDefaults, keysWithoutAValueReadAsNoZeroAndAbsent) {
     const MemoryUserDefaults defaults;
     EXPECT_FALSE(defaults.boolForKey("CommandShiftM"));

@@ -91,9 +91,9 @@ TEST_F(ViewControllerTest, ExportFollowsTheSortSetting) {
     const auto before = [](const std::string& text, const char* first, const char* second) {
         return text.find(first) < text.find(second);
     };
-    EXPECT_TRUE(before(controller->exportToHTML(), "b.example", "a.example"));
+    EXPECT_TRUE(before(controller->exportToHTML().value(), "b.example", "a.example"));
     base.defaults.setBoolForKey("ExportSortName", true);
-    EXPECT_TRUE(before(controller->exportToHTML(), "a.example", "b.example"));
+    EXPECT_TRUE(before(controller->exportToHTML().value(), "a.example", "b.example"));
 }
 
 TEST_F(ViewControllerTest, NoSelectionAlertIsASheetWithOneButton) {
