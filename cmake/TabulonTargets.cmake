@@ -1,4 +1,5 @@
-# How every target of the project is made: language level, warnings, sanitizers, include root.
+# How every target of the project is made: language level, warnings, sanitizers, include root. No precompiled headers:
+# they save a twelfth of a build, and ccache can then no longer serve one build folder from another.
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
@@ -33,17 +34,11 @@ if(TABULON_FUZZ)
   target_link_options(tabulon_build_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# The standard headers that nearly every file includes, compiled once and shared by the toolkit-free libraries.
-set(TABULON_STANDARD_HEADERS
-  <algorithm> <array> <cstdint> <cstring> <functional> <memory> <optional> <string> <string_view> <utility>
-  <vector>)
-
 # tabulon_library(NAME SOURCES… LINKS…): one folder, one library. LINKS are public.
 function(tabulon_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})
   target_link_libraries(${name} PUBLIC tabulon_build_options ${ARG_LINKS} PRIVATE ${ARG_PRIVATE_LINKS})
-  target_precompile_headers(${name} PRIVATE ${TABULON_STANDARD_HEADERS})
 endfunction()
 
 # tabulon_test(NAME SOURCES… LINKS…): one test program, one entry in ctest.
@@ -52,7 +47,6 @@ function(tabulon_test name)
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE tabulon_build_options ${ARG_LINKS} GTest::gmock GTest::gtest_main)
   target_compile_definitions(${name} PRIVATE TABULON_CORPUS_DIR="${PROJECT_SOURCE_DIR}/tests/corpus")
-  target_precompile_headers(${name} PRIVATE ${TABULON_STANDARD_HEADERS} <gtest/gtest.h>)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT 600)
 endfunction()

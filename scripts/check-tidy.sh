@@ -4,9 +4,9 @@ set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
 cd "$ROOT"
-# A folder of its own, with clang's flags and no precompiled headers. Only what is generated gets built in it.
+# A folder of its own, with clang's flags. Only what is generated gets built in it.
 cmake -S . -B build/tidy -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=clang++ \
-    -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON -DTABULON_TESTS=OFF -DTABULON_BENCH=OFF >/dev/null
+    -DTABULON_TESTS=OFF -DTABULON_BENCH=OFF >/dev/null
 mapfile -t generated < <(ninja -C build/tidy -t targets all | sed -n 's/^\([A-Za-z0-9_]*_autogen\): phony$/\1/p')
 [ ${#generated[@]} -eq 0 ] || ninja -C build/tidy --quiet "${generated[@]}"
 
