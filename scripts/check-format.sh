@@ -4,7 +4,8 @@ set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
 cd "$ROOT"
-mapfile -d '' sources < <(git ls-files -z '*.cpp' '*.h')
+mapfile -d '' sources < <(comm -z -23 <(git ls-files -z -co --exclude-standard '*.cpp' '*.h' | sort -z) \
+    <(git ls-files -z -d | sort -z))
 if [ "${1:-}" = --fix ]; then
     clang-format -i "${sources[@]}"
 else
