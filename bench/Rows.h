@@ -25,7 +25,7 @@ Row memoryRow(const Sample& sample, const Effort& effort);
 int printMemoryOfDocument(const char* path);
 
 // GrowthRows.cpp
-/// The four works on the smallest and the largest of trees with `sizes` links, per node.
+/// The four works on trees with each number of links in `sizes`, ascending and at least two, per node.
 std::vector<Row> growthRows(const std::vector<std::size_t>& sizes, const Effort& effort);
 
 } // namespace tabulon::bench
