@@ -130,8 +130,6 @@ std::string unescapeXmlEntities(std::string_view text) {
 }
 
 Text textOfXml(std::string_view utf8) {
-    if (utf8.empty() || !std::memchr(utf8.data(), '&', utf8.size()))
-        return Text(utf8);
     return nextReference(utf8, 0) ? Text(unescapeXmlEntities(utf8)) : Text(utf8);
 }
 

@@ -11,12 +11,12 @@ const LinkTarget* LinkTargets::next(std::size_t from) {
         const std::size_t anchor = bytes_.find("<A", from);
         if (anchor == ScannedBytes::npos)
             return nullptr;
-        const std::size_t href = href_.find(
-            anchor, [&](std::size_t at) { return bytes_.find("HREF", bytes_.nearby('H', at + 2)); });
+        const std::size_t href =
+            href_.find(anchor, [&](std::size_t at) { return bytes_.find("HREF", at + 2); });
         if (href == ScannedBytes::npos)
             return nullptr;
-        const std::size_t quote = openingQuote_.find(
-            href, [&](std::size_t at) { return bytes_.find('"', bytes_.nearby('"', at + 4)); });
+        const std::size_t quote =
+            openingQuote_.find(href, [&](std::size_t at) { return bytes_.find('"', at + 4); });
         if (quote == ScannedBytes::npos)
             return nullptr;
         if (bytes_.at(quote + 1) != '#')
@@ -34,7 +34,7 @@ const LinkTarget* LinkTargets::withAddressAt(std::size_t anchor, std::size_t beg
         return nullptr;
     addressBegin_ = begin;
     last_.addressEnd = end;
-    last_.address = bytes_.text(begin, end);
+    last_.address = texts_.text(begin, end);
     last_.type = typeForURL(last_.address.view());
     return &last_;
 }

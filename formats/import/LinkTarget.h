@@ -3,7 +3,7 @@
 #pragma once
 
 #include "formats/import/ScannedBytes.h"
-#include "model/Text.h"
+#include "formats/import/ScannedTexts.h"
 
 #include <cstdint>
 #include <optional>
@@ -24,7 +24,7 @@ struct LinkTarget {
 /// after each of them, is searched, decoded and classified once, and its text is shared.
 class LinkTargets {
 public:
-    explicit LinkTargets(const ScannedBytes& bytes) : bytes_(bytes) {}
+    LinkTargets(const ScannedBytes& bytes, const ScannedTexts& texts) : bytes_(bytes), texts_(texts) {}
 
     /// The target of the first "<A" at or after `from` whose address is no in-page anchor ("#…"), or null
     /// when the bytes end before its address does. Valid until the next call.
@@ -34,6 +34,7 @@ private:
     const LinkTarget* withAddressAt(std::size_t anchor, std::size_t begin);
 
     const ScannedBytes& bytes_;
+    const ScannedTexts& texts_;
     RememberedSearch href_;
     RememberedSearch openingQuote_;
     std::size_t addressBegin_ = ScannedBytes::npos;

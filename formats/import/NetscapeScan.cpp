@@ -1,12 +1,10 @@
 #include "formats/import/NetscapeScan.h"
 
-#include "formats/XmlEntities.h"
+#include "formats/import/NetscapeDates.h"
 #include "model/LinkType.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <limits>
-#include <string>
+#include <string_view>
 
 namespace tabulon {
 namespace {
@@ -14,23 +12,9 @@ namespace {
 constexpr std::size_t npos = ScannedBytes::npos;
 constexpr std::size_t kLongestLinkName = 1024;
 constexpr std::size_t kFolderNameReach = 512;
-constexpr std::size_t kDigitsThatFit = 19;
 
 bool isBlank(char c) {
     return c == ' ' || c == '\t' || c == '\n' || c == '\r';
-}
-
-// What `c` is worth as a decimal digit; more than 9 for everything else.
-unsigned digitAt(char c) {
-    return static_cast<unsigned char>(c) - unsigned{'0'};
-}
-
-// The number with one more digit at its end; the largest number where that is too large.
-std::uint64_t withDigit(std::uint64_t number, unsigned digit) {
-    std::uint64_t result = 0;
-    const bool tooLarge =
-        __builtin_mul_overflow(number, 10u, &result) || __builtin_add_overflow(result, digit, &result);
-    return tooLarge ? std::numeric_limits<std::uint64_t>::max() : result;
 }
 
 bool isToolbarName(std::string_view name) {
@@ -107,7 +91,7 @@ std::size_t NetscapeScan::setNote(std::size_t start) {
     const char before = bytes_.at(tag - 1);
     const std::size_t end = before == '\r' || before == '\n' ? tag - 1 : tag;
     if (end > begin && lastItem_)
-        lastItem_->setItemNote(bytes_.text(begin, end));
+        lastItem_->setItemNote(texts_.text(begin, end));
     return tag - 1;
 }
 
@@ -160,17 +144,7 @@ Text NetscapeScan::nameBetween(std::size_t from, std::size_t to) {
         ++from;
     if (from == to)
         return untitled_;
-    return oneLine(from, std::min(to, from + kLongestLinkName));
-}
-
-Text NetscapeScan::oneLine(std::size_t from, std::size_t to) const {
-    const std::string_view bytes = bytes_.range(from, to);
-    if (bytes.find('\n') == npos && bytes.find('\r') == npos)
-        return bytes_.text(from, to);
-    std::string line(bytes);
-    std::replace(line.begin(), line.end(), '\n', ' ');
-    std::replace(line.begin(), line.end(), '\r', ' ');
-    return textOfXmlBytes(line);
+    return texts_.line(from, std::min(to, from + kLongestLinkName));
 }
 
 std::size_t NetscapeScan::appendFolder(std::size_t start) {
@@ -194,53 +168,14 @@ std::size_t NetscapeScan::appendFolder(std::size_t start) {
 Text NetscapeScan::folderName(std::size_t from, std::size_t to) {
     if (from == to)
         return untitled_;
-    Text name = bytes_.text(from, to);
+    Text name = texts_.text(from, to);
     return isToolbarName(name.view()) ? Text(services_.texts.text("Favourites")) : name;
 }
 
-// The first of each attribute counts, if it begins between `start` and `next`, both included. Both names end
-// with "=": that byte is rare, unlike their letters in the icons that browsers write into their links.
 void NetscapeScan::readDates(Bookmark& item, std::size_t start, std::size_t next) const {
-    constexpr std::size_t added = std::string_view("ADD_DATE").size();
-    constexpr std::size_t modified = std::string_view("LAST_MODIFIED").size();
-    std::size_t addedAt = npos;
-    std::size_t modifiedAt = npos;
-    const std::size_t end = next + modified + 1;
-    for (std::size_t sign = bytes_.find('=', bytes_.nearby('=', start + added), end); sign != npos;
-         sign = bytes_.find('=', sign + 1, end)) {
-        const char last = bytes_.at(sign - 1);
-        if (last == 'E' && addedAt == npos && sign <= next + added &&
-            bytes_.startsAt(sign - added, "ADD_DATE"))
-            addedAt = sign + 1;
-        else if (last == 'D' && modifiedAt == npos && sign >= start + modified &&
-                 bytes_.startsAt(sign - modified, "LAST_MODIFIED"))
-            modifiedAt = sign + 1;
-        else
-            continue;
-        if (addedAt != npos && modifiedAt != npos)
-            break;
-    }
-    item.setItemDateAdded(dateAt(addedAt));
-    item.setItemDateModified(dateAt(modifiedAt));
-}
-
-// The date in double quotes at `value`, or null. Its leading digits count; a number too large is the largest.
-Date NetscapeScan::dateAt(std::size_t value) const {
-    if (bytes_.at(value) != '"')
-        return Date();
-    const std::string_view rest = bytes_.range(value + 1, bytes_.size());
-    const std::size_t plain = std::min(rest.size(), kDigitsThatFit);
-    std::uint64_t number = 0;
-    std::size_t digits = 0;
-    for (; digits < plain && digitAt(rest[digits]) < 10; ++digits)
-        number = number * 10 + digitAt(rest[digits]);
-    for (; digits < rest.size() && digitAt(rest[digits]) < 10; ++digits)
-        number = withDigit(number, digitAt(rest[digits]));
-    const std::size_t end = value + 1 + digits;
-    bytes_.countExamined(value, end);
-    if (bytes_.at(end) != '"' && bytes_.find('"', end) == npos)
-        return Date();
-    return Date::fromUnixSeconds(static_cast<double>(number));
+    const NetscapeDates dates = netscapeDates(bytes_, start, next);
+    item.setItemDateAdded(dates.added);
+    item.setItemDateModified(dates.modified);
 }
 
 void NetscapeScan::append(Ref<Bookmark> item) {

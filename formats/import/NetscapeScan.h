@@ -5,6 +5,7 @@
 #include "formats/import/LinkTarget.h"
 #include "formats/import/NetscapeTokens.h"
 #include "formats/import/ScannedBytes.h"
+#include "formats/import/ScannedTexts.h"
 #include "model/Bookmark.h"
 #include "platform/BaseServices.h"
 
@@ -44,17 +45,16 @@ private:
     };
     std::optional<LinkName> nameOf(const LinkTarget& target);
     Text nameBetween(std::size_t from, std::size_t to);
-    Text oneLine(std::size_t from, std::size_t to) const;
     Text folderName(std::size_t from, std::size_t to);
 
     void readDates(Bookmark& item, std::size_t start, std::size_t next) const;
-    Date dateAt(std::size_t value) const;
     void append(Ref<Bookmark> item);
 
     const BaseServices& services_;
     ScannedBytes bytes_;
     NetscapeTokens tokens_{bytes_};
-    LinkTargets targets_{bytes_};
+    ScannedTexts texts_{bytes_};
+    LinkTargets targets_{bytes_, texts_};
     Ref<Bookmark>& lastItem_;
     Date now_;
     Text untitled_;

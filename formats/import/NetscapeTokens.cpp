@@ -19,7 +19,7 @@ std::optional<NetscapeToken> NetscapeTokens::next(std::size_t from) {
 void NetscapeTokens::lookAhead(std::size_t from) {
     from_ = from;
     separator_ = ScannedBytes::npos;
-    tag_ = bytes_.find('<', bytes_.nearby('<', from));
+    tag_ = bytes_.find('<', from);
     while (tag_ != ScannedBytes::npos && bytes_.at(tag_ + 1) != 'D' && !bytes_.startsAt(tag_, "</DL>")) {
         if (separator_ == ScannedBytes::npos && bytes_.startsAt(tag_, "<HR>"))
             separator_ = tag_;

@@ -1,8 +1,6 @@
-// The bytes of a file that is being scanned: searches that never leave them and count what they cost, and the
-// texts that stand in them. What is searched for, and in which order, is the scanner's affair.
+// The bytes of a file that is being scanned: searches that never leave them and count what they cost. What is
+// searched for, and in which order, is the scanner's affair.
 #pragma once
-
-#include "model/Text.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -17,7 +15,7 @@ public:
     static constexpr std::size_t npos = std::string_view::npos;
 
     /// `bytes` must outlive this object.
-    explicit ScannedBytes(std::string_view bytes);
+    explicit ScannedBytes(std::string_view bytes) : bytes_(bytes) {}
 
     std::size_t size() const { return bytes_.size(); }
     /// The byte at `position`, or a zero byte beyond the end.
@@ -32,17 +30,6 @@ public:
     /// Requires from <= to <= size().
     std::string_view range(std::size_t from, std::size_t to) const { return bytes_.substr(from, to - from); }
 
-    /// What the bytes of the range stand for: decoded as UTF-8, each malformed part one U+FFFD, and
-    /// unescaped. Requires from <= to <= size().
-    Text text(std::size_t from, std::size_t to) const;
-
-    /// A place from which a search for `byte` gives what it gives from `from`: quicker by the few bytes that
-    /// usually stand in between.
-    std::size_t nearby(char byte, std::size_t from) const {
-        for (int i = 0; i < 8 && from < bytes_.size() && bytes_[from] != byte; ++i)
-            ++from;
-        return from;
-    }
     /// The first place at or after `from` and before `to` where `byte` stands, or npos.
     std::size_t find(char byte, std::size_t from, std::size_t to = npos) const {
         const std::size_t end = std::min(to, bytes_.size());
@@ -84,13 +71,7 @@ public:
     std::size_t examined() const { return examined_; }
 
 private:
-    // No character reaches over `position`; true only in a file that is UTF-8 from end to end.
-    bool isBorder(std::size_t position) const {
-        return isUtf8_ && (static_cast<unsigned char>(at(position)) & 0xC0) != 0x80;
-    }
-
     std::string_view bytes_;
-    bool isUtf8_;
     mutable std::size_t examined_ = 0;
 };
 

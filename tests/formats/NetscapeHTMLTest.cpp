@@ -254,6 +254,19 @@ TEST_F(NetscapeHTML, sortingKeepsTheOrderOfEqualNamesAndPutsMissingOnesFirst) {
                                               "</DL><p>\n");
 }
 
+TEST_F(NetscapeHTML, sortingALongListKeepsTheOrderOfEqualNames) {
+    const Collation english("en");
+    std::string expected = "<DL><p>\n";
+    for (const char* name : {"a", "b"})
+        for (int i = 0; i < 500; ++i)
+            expected += "\t<DT><A HREF=\"" + std::to_string(i) + "\" ADD_DATE=\"0\">" + name + "</A>\n";
+    for (int i = 0; i < 500; ++i) {
+        addLink(*master, "b", std::to_string(i));
+        addLink(*master, "a", std::to_string(i));
+    }
+    EXPECT_EQ(body({.sortByName = &english}), expected + "</DL><p>\n");
+}
+
 TEST_F(NetscapeHTML, sortingFollowsTheLanguage) {
     const Collation german("de");
     const Collation swedish("sv");
