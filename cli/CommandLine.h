@@ -17,7 +17,7 @@ struct Environment {
     FileStore& files;
     Clock& clock;
     SystemLog& log;
-    /// The locale that holds when the command line names none, such as "de_DE".
+    /// The name of the locale that holds when the command line names none, such as "de_DE.UTF-8".
     std::string locale;
     std::function<Result<std::string>()> readStandardInput;
     std::function<Result<void>(std::string_view)> writeStandardOutput;

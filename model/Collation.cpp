@@ -24,14 +24,6 @@ icu::StringPiece piece(std::string_view text) {
     return {text.data(), static_cast<std::int32_t>(std::min(text.size(), kComparedBytes))};
 }
 
-// Without a charset ("de_DE.UTF-8" is "de_DE"); ICU reads the rest as it stands.
-icu::Locale localeNamed(std::string_view name) {
-    const std::string_view base = name.substr(0, name.find_first_of(".@"));
-    if (base.empty() || base == "C" || base == "POSIX" || base == "en_US_POSIX")
-        return icu::Locale::getEnglish();
-    return icu::Locale::createCanonical(std::string(name).c_str());
-}
-
 std::unique_ptr<icu::Collator> makeCollator(const icu::Locale& locale) {
     UErrorCode status = U_ZERO_ERROR;
     std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(locale, status));
@@ -105,7 +97,7 @@ struct Collation::Implementation {
 };
 
 Collation::Collation(std::string_view locale) : implementation_(std::make_unique<Implementation>()) {
-    implementation_->collator = makeCollator(localeNamed(locale));
+    implementation_->collator = makeCollator(icu::Locale::createCanonical(std::string(locale).c_str()));
     if (!implementation_->collator)
         implementation_->collator = makeCollator(icu::Locale::getRoot());
 }

@@ -11,7 +11,7 @@ namespace tabulon {
 /// Compares texts for one locale. Texts are UTF-8; a null text is given as empty. Not shared between threads.
 class Collation {
 public:
-    /// `locale` such as "de_DE" or "sv"; C, POSIX and the empty string are English. An unknown one gets ICU's
+    /// `locale` is an identifier such as "de_DE" or "sv" (platform/Localization.h); an unknown one gets ICU's
     /// root order.
     explicit Collation(std::string_view locale);
     ~Collation();

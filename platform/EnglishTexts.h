@@ -15,7 +15,8 @@ std::optional<std::string_view> englishText(std::string_view key);
 /// The English texts, whatever the locale that collation and numbers follow.
 class EnglishLocalization : public Localization {
 public:
-    explicit EnglishLocalization(std::string locale = "en_US") : locale_(std::move(locale)) {}
+    /// `locale` is a name as `localeIdentifier` takes it.
+    explicit EnglishLocalization(std::string_view locale = "en_US") : locale_(localeIdentifier(locale)) {}
     std::string text(std::string_view key) const override;
     std::string locale() const override { return locale_; }
 

@@ -27,4 +27,8 @@ public:
     }
 };
 
+/// A locale's name as people and the environment write it ("de_DE.UTF-8@euro", "C", "") as an identifier
+/// ("de_DE", "en_US"): without charset and modifier; keywords ("de@collation=phonebook") stay.
+std::string localeIdentifier(std::string_view name);
+
 } // namespace tabulon

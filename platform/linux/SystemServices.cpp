@@ -22,15 +22,8 @@ void StandardErrorLog::log(std::string_view line) {
 std::string environmentLocale() {
     for (const char* variable : {"LC_ALL", "LC_COLLATE", "LANG"})
         if (const char* value = std::getenv(variable); value && *value)
-            return localeIdentifier(value);
-    return localeIdentifier("");
-}
-
-std::string localeIdentifier(std::string_view name) {
-    name = name.substr(0, name.find_first_of(".@"));
-    if (name.empty() || name == "C" || name == "POSIX")
-        return "en_US";
-    return std::string(name);
+            return value;
+    return {};
 }
 
 } // namespace tabulon

@@ -21,11 +21,8 @@ public:
     void log(std::string_view line) override;
 };
 
-/// The locale that the environment asks for (LC_ALL, LC_COLLATE, LANG) without its encoding, such as "de_DE";
-/// "en_US" when it asks for none, for C or for POSIX.
+/// The name of the locale that the environment asks for (LC_ALL, LC_COLLATE, LANG), such as "de_DE.UTF-8";
+/// empty when it asks for none.
 std::string environmentLocale();
-
-/// A locale's name as people write it ("de_DE.UTF-8@euro", "C", "") as an identifier ("de_DE", "en_US").
-std::string localeIdentifier(std::string_view name);
 
 } // namespace tabulon

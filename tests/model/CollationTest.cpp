@@ -63,14 +63,10 @@ TEST(Collation, charsetsAndModifiersOfALocaleAreNoPartOfItsLanguage) {
     EXPECT_EQ(compare(Collation("de"), "öz", "of"), ">");
 }
 
-TEST(Collation, theLocalesWithoutALanguageAreEnglish) {
+TEST(Collation, englishOrder) {
     const std::vector<std::string> words = {"Zebra", "öl", "apple", "_x", "Banana"};
-    const std::vector<std::string> english = sorted(Collation("en_US"), words);
-    EXPECT_EQ(english, (std::vector<std::string>{"_x", "apple", "Banana", "öl", "Zebra"}));
-    for (const char* locale : {"", "C", "POSIX", "C.UTF-8", "C.utf8", "POSIX.UTF-8", "en_US_POSIX", "C@x"}) {
-        EXPECT_EQ(sorted(Collation(locale), words), english) << locale;
-        EXPECT_EQ(compare(Collation(locale), "a", "A"), "=") << locale;
-    }
+    EXPECT_EQ(sorted(Collation("en_US"), words),
+              (std::vector<std::string>{"_x", "apple", "Banana", "öl", "Zebra"}));
 }
 
 TEST(Collation, anUnknownLocaleHasTheRootOrder) {

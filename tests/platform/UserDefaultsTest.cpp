@@ -1,5 +1,4 @@
 // Settings: registered values, conversions.
-#include "platform/EnglishTexts.h"
 #include "platform/fake/FakeBaseServices.h"
 
 #include <gtest/gtest.h>
@@ -97,18 +96,6 @@ TEST(UserDefaults, textsConvertTheWayPeopleWriteThem) {
     EXPECT_EQ(defaults.doubleForKey("k"), 0.1);
     defaults.setIntegerForKey("k", -7);
     EXPECT_EQ(defaults.integerForKey("k"), -7);
-}
-
-TEST(EnglishTexts, keysHaveTheirTexts) {
-    const EnglishLocalization texts;
-    EXPECT_EQ(texts.text("Untitled"), "Untitled");
-    EXPECT_EQ(texts.text("Favourites"), "Favourites");
-    EXPECT_EQ(texts.text("DropBasket"), "Drop Basket");
-    EXPECT_EQ(texts.text("WasteBasket"), "Waste Basket");
-    EXPECT_EQ(texts.text("EmptyFolder"), "Untitled Folder");
-    EXPECT_EQ(texts.text("NoSuchKey"), "NoSuchKey");
-    EXPECT_EQ(englishText("Master"), std::nullopt);
-    EXPECT_EQ(texts.format("TagsLabel", "a, b"), "Tags: a, b");
 }
 
 } // namespace
