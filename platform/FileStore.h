@@ -23,6 +23,14 @@ struct FileIdentity {
     friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
 };
 
+/// What a path leads to, symbolic links followed.
+enum class PathKind {
+    Nothing, ///< not there, or hidden from the user
+    File,
+    Folder,
+    Other, ///< a device, a pipe or a socket: reading it may never end
+};
+
 class FileStore {
 public:
     virtual ~FileStore() = default;
@@ -38,6 +46,8 @@ public:
     virtual Result<void> writeFileAtomically(const std::string& path, std::string_view bytes) = 0;
 
     virtual bool fileExists(const std::string& path) = 0;
+
+    virtual PathKind kindOf(const std::string& path) = 0;
 
     /// How the file at `path` is now, symbolic links followed; nothing when there is none or it cannot be
     /// looked at.
@@ -55,5 +65,9 @@ public:
     /// The names of the files in a folder, sorted; empty when it cannot be read.
     virtual std::vector<std::string> namesInFolder(const std::string& path) = 0;
 };
+
+/// True when both paths lead to one file, whatever they are spelled like and whatever links are in between.
+/// Of files that are not there it can only compare the spelling.
+bool isSameFile(FileStore& files, const std::string& a, const std::string& b);
 
 } // namespace tabulon

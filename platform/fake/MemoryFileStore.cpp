@@ -4,8 +4,28 @@
 
 namespace tabulon {
 
+// The path itself, or where the links from it lead.
+const std::string& MemoryFileStore::target(const std::string& path) const {
+    const auto link = links.find(path);
+    return link == links.end() ? path : target(link->second);
+}
+
+PathKind MemoryFileStore::kindOf(const std::string& path) {
+    const std::string& file = target(path);
+    if (files.contains(file))
+        return PathKind::File;
+    if (devices.contains(file))
+        return PathKind::Other;
+    const auto inside = files.lower_bound(file + "/");
+    const bool isFolder =
+        folders.contains(file) || (inside != files.end() && inside->first.starts_with(file + "/"));
+    return isFolder ? PathKind::Folder : PathKind::Nothing;
+}
+
 Result<std::string> MemoryFileStore::readFile(const std::string& path) {
-    const auto found = files.find(path);
+    if (!unreadable.empty() && path.starts_with(unreadable))
+        return failure("Cannot read “" + path + "”: Permission denied.", ErrorDomain::Posix, EACCES);
+    const auto found = files.find(target(path));
     if (found == files.end())
         return failure("The file “" + path + "” does not exist.", ErrorDomain::Posix, ENOENT);
     return found->second;
@@ -18,17 +38,19 @@ Result<void> MemoryFileStore::writeFileAtomically(const std::string& path, std::
     if (!unwritable.empty() && path.starts_with(unwritable))
         return failure("The file “" + path + "” could not be written: permission denied.", ErrorDomain::Posix,
                        EACCES);
-    files.insert_or_assign(path, std::string(bytes));
+    files.insert_or_assign(target(path), std::string(bytes));
     ++writes;
     return {};
 }
 
 std::optional<FileIdentity> MemoryFileStore::identityOf(const std::string& path) {
-    const auto found = files.find(path);
+    const auto found = files.find(target(path));
     if (found == files.end())
         return std::nullopt;
-    // A file is what it holds: there is no clock in here.
-    return FileIdentity{.inode = std::hash<std::string>()(found->second), .size = found->second.size()};
+    // There is no clock in here: another content is another time.
+    const auto time = static_cast<std::int64_t>(std::hash<std::string>()(found->second));
+    return FileIdentity{
+        .inode = std::hash<std::string>()(found->first), .size = found->second.size(), .modified = time};
 }
 
 Result<void> MemoryFileStore::copyFile(const std::string& from, const std::string& to) {
@@ -41,7 +63,8 @@ Result<void> MemoryFileStore::removeFile(const std::string& path) {
     return {};
 }
 
-Result<void> MemoryFileStore::makeFolder(const std::string& /*path*/) {
+Result<void> MemoryFileStore::makeFolder(const std::string& path) {
+    folders.insert(path);
     return {};
 }
 

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 
 namespace tabulon {
@@ -13,7 +14,8 @@ class MemoryFileStore : public FileStore {
 public:
     Result<std::string> readFile(const std::string& path) override;
     Result<void> writeFileAtomically(const std::string& path, std::string_view bytes) override;
-    bool fileExists(const std::string& path) override { return files.contains(path); }
+    bool fileExists(const std::string& path) override { return kindOf(path) != PathKind::Nothing; }
+    PathKind kindOf(const std::string& path) override;
     std::optional<FileIdentity> identityOf(const std::string& path) override;
     Result<void> copyFile(const std::string& from, const std::string& to) override;
     Result<void> removeFile(const std::string& path) override;
@@ -22,11 +24,22 @@ public:
 
     /// Path → content.
     std::map<std::string, std::string, std::less<>> files;
+    /// Path → the path that a symbolic link there leads to.
+    std::map<std::string, std::string, std::less<>> links;
+    /// Paths of folders that are there besides those that the files are in.
+    std::set<std::string, std::less<>> folders;
+    /// Paths of devices and pipes.
+    std::set<std::string, std::less<>> devices;
     /// From now on every write fails as on a full disk.
     bool diskFull = false;
+    /// Reading paths that begin with this fails for lack of permission; empty for none.
+    std::string unreadable;
     /// Writes to paths that begin with this fail for lack of permission; empty for none.
     std::string unwritable;
     int writes = 0;
+
+private:
+    const std::string& target(const std::string& path) const;
 };
 
 } // namespace tabulon

@@ -166,6 +166,15 @@ bool PosixFileStore::fileExists(const std::string& path) {
     return ::access(path.c_str(), F_OK) == 0;
 }
 
+PathKind PosixFileStore::kindOf(const std::string& path) {
+    struct stat status = {};
+    if (::stat(path.c_str(), &status) != 0)
+        return PathKind::Nothing;
+    if (S_ISREG(status.st_mode))
+        return PathKind::File;
+    return S_ISDIR(status.st_mode) ? PathKind::Folder : PathKind::Other;
+}
+
 std::optional<FileIdentity> PosixFileStore::identityOf(const std::string& path) {
     struct stat status = {};
     if (::stat(path.c_str(), &status) != 0)

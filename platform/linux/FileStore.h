@@ -10,6 +10,7 @@ public:
     Result<std::string> readFile(const std::string& path) override;
     Result<void> writeFileAtomically(const std::string& path, std::string_view bytes) override;
     bool fileExists(const std::string& path) override;
+    PathKind kindOf(const std::string& path) override;
     std::optional<FileIdentity> identityOf(const std::string& path) override;
     Result<void> copyFile(const std::string& from, const std::string& to) override;
     Result<void> removeFile(const std::string& path) override;

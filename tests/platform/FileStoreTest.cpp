@@ -167,5 +167,35 @@ TEST_F(FileStoreTest, foldersAndCopies) {
     EXPECT_FALSE(files.fileExists(path("f")));
 }
 
+TEST_F(FileStoreTest, kindsFollowLinks) {
+    ASSERT_TRUE(files.writeFileAtomically(path("f"), "x"));
+    fs::create_symlink("f", path("link"));
+    fs::create_symlink(folder, path("folder"));
+    fs::create_symlink("nowhere", path("dangling"));
+    ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
+    EXPECT_EQ(files.kindOf(path("f")), PathKind::File);
+    EXPECT_EQ(files.kindOf(path("link")), PathKind::File);
+    EXPECT_EQ(files.kindOf(path("folder")), PathKind::Folder);
+    EXPECT_EQ(files.kindOf(path("dangling")), PathKind::Nothing);
+    EXPECT_EQ(files.kindOf(path("pipe")), PathKind::Other);
+    EXPECT_EQ(files.kindOf("/dev/null"), PathKind::Other);
+    EXPECT_EQ(files.kindOf(path("f/below")), PathKind::Nothing);
+}
+
+TEST_F(FileStoreTest, sameFileWhateverThePathLooksLike) {
+    ASSERT_TRUE(files.makeFolder(path("a/b")));
+    ASSERT_TRUE(files.writeFileAtomically(path("a/f"), "x"));
+    ASSERT_TRUE(files.writeFileAtomically(path("a/g"), "x"));
+    fs::create_symlink("a/f", path("link"));
+    fs::create_symlink("a/b", path("inner"));
+    fs::create_hard_link(path("a/f"), path("hard"));
+    for (const char* spelling : {"link", "a/./f", "a//f", "a/b/../f", "inner/../f", "hard"})
+        EXPECT_TRUE(isSameFile(files, path("a/f"), path(spelling))) << spelling;
+    EXPECT_FALSE(isSameFile(files, path("a/f"), path("a/g"))) << "the same content is not the same file";
+    EXPECT_FALSE(isSameFile(files, path("a/f"), path("missing")));
+    EXPECT_FALSE(isSameFile(files, path("missing"), path("missing too")));
+    EXPECT_TRUE(isSameFile(files, path("missing"), path("missing")));
+}
+
 } // namespace
 } // namespace tabulon
