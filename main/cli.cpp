@@ -5,13 +5,10 @@
 
 #include <csignal>
 #include <cstdio>
-#include <new>
 
 int main(int argc, char** argv) {
     // A reader that goes away is an error of the write, not the end of the process.
     std::signal(SIGPIPE, SIG_IGN);
-    // The allocator ends the process where there is no handler.
-    std::set_new_handler([] { throw std::bad_alloc(); });
     tabulon::PosixFileStore files;
     tabulon::SystemClock clock;
     tabulon::StandardErrorLog log;

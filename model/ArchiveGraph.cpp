@@ -57,30 +57,35 @@ Key Graph::keyOf(std::uint64_t id) {
     return static_cast<Key>(keys_[id] - 1);
 }
 
-// The value under `key`, Damaged when there is none. For the small dictionaries around the nodes.
-Graph::Object Graph::find(const Object& dictionary, Key key) {
-    if (dictionary.kind != Kind::Dictionary || !chargeReferences(dictionary))
-        return {};
-    for (std::uint64_t i = dictionary.value; i > 0; --i)
+// Where in a dictionary's references the (last) value under `key` is, or kNowhere.
+std::uint64_t Graph::placeOf(Object dictionary, Key key) {
+    if (dictionary.kind() != Kind::Dictionary || !chargeReferences(dictionary))
+        return kNowhere;
+    for (std::uint64_t i = dictionary.count(); i > 0; --i)
         if (keyAt(dictionary, i - 1) == key)
-            return element(dictionary, dictionary.value + i - 1);
-    return {};
+            return dictionary.count() + i - 1;
+    return kNowhere;
+}
+
+Graph::Object Graph::find(Object dictionary, Key key) {
+    const std::uint64_t place = placeOf(dictionary, key);
+    return place == kNowhere ? Object() : element(dictionary, place);
 }
 
 Graph::Object Graph::archived(std::uint64_t uid) {
-    if (uid >= objects_.value) {
+    if (uid >= objects_.count()) {
         damaged("an object of its archive refers to one that is not there.");
         return {};
     }
-    const Object object = plist_.object(plist_.reference(objects_, uid));
-    if (object.kind == Kind::Damaged)
+    const Object object = element(objects_, uid);
+    if (object.kind() == Kind::Damaged)
         damaged("an object of its archive is cut off or has an unknown kind.");
     return object;
 }
 
-Class Graph::classOf(const Object& dictionary) {
+Class Graph::classOf(Object dictionary) {
     const Object reference = find(dictionary, Key::Class);
-    return reference.kind == Kind::Uid ? resolveClass(reference.value) : Class::Unknown;
+    return reference.kind() == Kind::Uid ? resolveClass(reference.value()) : Class::Unknown;
 }
 
 Class Graph::resolveClass(std::uint64_t uid) {
@@ -90,8 +95,8 @@ Class Graph::resolveClass(std::uint64_t uid) {
     const Object description = archived(uid);
     Class kind = classNamed(find(description, Key::ClassName));
     const Object ancestry = find(description, Key::Classes);
-    if (ancestry.kind == Kind::Array && chargeReferences(ancestry))
-        for (std::uint64_t i = 0; kind == Class::Unknown && i < ancestry.value; ++i)
+    if (ancestry.kind() == Kind::Array && chargeReferences(ancestry))
+        for (std::uint64_t i = 0; kind == Class::Unknown && i < ancestry.count(); ++i)
             kind = classNamed(plist_.object(plist_.reference(ancestry, i)));
     if (classes_.size() < 64)
         classes_.emplace_back(uid, kind);
@@ -99,40 +104,64 @@ Class Graph::resolveClass(std::uint64_t uid) {
 }
 
 // What holds the text of an archived object: the text itself, or the text or data inside a string object.
-Graph::Object Graph::textBehind(const Object& object) {
-    if (object.kind != Kind::Dictionary || classOf(object) != Class::String)
-        return BinaryPlist::isText(object) ? object : Object{};
+Graph::Object Graph::textBehind(Object object) {
+    if (object.kind() != Kind::Dictionary || classOf(object) != Class::String)
+        return BinaryPlist::isText(object) ? object : Object();
     if (const Object text = find(object, Key::String); BinaryPlist::isText(text))
         return text;
     const Object bytes = find(object, Key::Bytes);
-    return bytes.kind == Kind::Data ? bytes : Object{};
+    return bytes.kind() == Kind::Data ? bytes : Object();
 }
 
 Text Graph::text(std::uint64_t uid) {
-    const Object object = uid == 0 ? Object{} : textBehind(archived(uid));
-    if (object.kind == Kind::Damaged)
+    const Object object = uid == 0 ? Object() : textBehind(archived(uid));
+    if (object.kind() == Kind::Damaged)
         return {};
-    if (object.value <= kSmall)
+    if (object.count() <= kSmall)
         return BinaryPlist::text(object);
-    // A long text is decoded once, however many names it goes by.
-    if (longTexts_.empty())
-        longTexts_.resize(plist_.objectCount());
-    Text& known = longTexts_[plist_.reference(objects_, uid)];
-    if (known.isNull() && charge(object.value))
-        known = BinaryPlist::text(object);
-    return known;
+    return longText(uid, object);
 }
 
-Date Graph::decodeDate(const Object& object) {
-    if (object.kind == Kind::Date)
-        return Date::fromReferenceSeconds(object.real);
-    if (object.kind != Kind::Dictionary || classOf(object) != Class::Date)
+// Most long texts have one owner; only one that is asked for again is worth keeping.
+Text Graph::longText(std::uint64_t uid, Object object) {
+    longTextsSeen_.resize(plist_.objectCount());
+    if (const auto id = plist_.reference(objects_, uid); !longTextsSeen_[id]) {
+        longTextsSeen_[id] = true;
+        return charge(object.count()) ? BinaryPlist::text(object) : Text();
+    }
+    Text& shared = sharedTexts_[object.bytes()];
+    if (shared.isNull() && charge(object.count()))
+        shared = BinaryPlist::text(object);
+    return shared;
+}
+
+// The number inside an archived date. Dates of one writer look alike: where keys and class are those of the
+// date before, so are the places.
+Graph::Object Graph::timeOf(Object object) {
+    if (object.kind() != Kind::Dictionary)
         return {};
-    const Object time = find(object, Key::Time);
-    if (time.kind == Kind::Real || time.kind == Kind::Date)
-        return Date::fromReferenceSeconds(time.real);
-    if (time.kind == Kind::Integer)
-        return Date::fromReferenceSeconds(static_cast<double>(static_cast<std::int64_t>(time.value)));
+    const bool alike = object.count() == date_.like.count() && sameKeys(object, date_.like) &&
+                       idAt(object, date_.classPlace) == idAt(date_.like, date_.classPlace);
+    if (alike && object.count() > 0)
+        return element(object, date_.timePlace);
+    if (classOf(object) != Class::Date)
+        return {};
+    const std::uint64_t timePlace = placeOf(object, Key::Time);
+    if (timePlace == kNowhere)
+        return {};
+    if (object.count() <= kSmall)
+        date_ = {object, placeOf(object, Key::Class), timePlace};
+    return element(object, timePlace);
+}
+
+Date Graph::decodeDate(Object object) {
+    if (object.kind() == Kind::Date)
+        return Date::fromReferenceSeconds(object.real());
+    const Object time = timeOf(object);
+    if (time.kind() == Kind::Real || time.kind() == Kind::Date)
+        return Date::fromReferenceSeconds(time.real());
+    if (time.kind() == Kind::Integer)
+        return Date::fromReferenceSeconds(static_cast<double>(static_cast<std::int64_t>(time.value())));
     return {};
 }
 
@@ -141,11 +170,11 @@ Date Graph::date(std::uint64_t uid) {
 }
 
 Graph::Object Graph::arrayBehind(std::uint64_t uid) {
-    const Object object = uid == 0 ? Object{} : archived(uid);
-    if (object.kind != Kind::Dictionary || classOf(object) != Class::Array)
+    const Object object = uid == 0 ? Object() : archived(uid);
+    if (object.kind() != Kind::Dictionary || classOf(object) != Class::Array)
         return {};
     const Object array = find(object, Key::Objects);
-    return array.kind == Kind::Array && chargeReferences(array) ? array : Object{};
+    return array.kind() == Kind::Array && chargeReferences(array) ? array : Object();
 }
 
 // Finds the parts of the archive and gives the uid of its root object.
@@ -154,14 +183,14 @@ Result<std::uint64_t> Graph::open() {
     const auto notAnArchive = failure("The file is a property list, but not a bookmark document.");
     const Object archiver = find(top, Key::ArchiveArchiver);
     const Object version = find(top, Key::ArchiveVersion);
-    if (top.kind != Kind::Dictionary || !BinaryPlist::textEquals(archiver, kArchiverName) ||
-        version.kind != Kind::Integer || version.value != kArchiverVersion)
+    if (top.kind() != Kind::Dictionary || !BinaryPlist::textEquals(archiver, kArchiverName) ||
+        version.kind() != Kind::Integer || version.value() != kArchiverVersion)
         return notAnArchive;
     objects_ = find(top, Key::ArchiveObjects);
     const Object root = find(find(top, Key::ArchiveTop), Key::Root);
-    if (objects_.kind != Kind::Array || root.kind != Kind::Uid)
+    if (objects_.kind() != Kind::Array || root.kind() != Kind::Uid)
         return notAnArchive;
-    return root.value;
+    return root.value();
 }
 
 } // namespace tabulon::archive

@@ -10,6 +10,7 @@
 
 #include <cstring>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -33,42 +34,40 @@ public:
     Result<std::uint64_t> open();
 
     /// How many objects the archive has; their numbers are below that.
-    std::uint64_t objectCount() const { return objects_.value; }
+    std::uint64_t objectCount() const { return objects_.count(); }
     /// Object number `uid` of the archive. Damaged, and noted, when there is none or its bytes are wrong.
     Object archived(std::uint64_t uid);
     /// The class of an archived dictionary, by the first name in its ancestry that is known.
-    Class classOf(const Object& dictionary);
+    Class classOf(Object dictionary);
     Class resolveClass(std::uint64_t uid);
     /// The references of an archived array; Damaged for anything else, which is noted only when the bytes are
     /// wrong.
     Object arrayBehind(std::uint64_t uid);
-    /// The text or date with this number, null for anything else. A long text is shared between all who ask
-    /// for it.
+    /// The text or date with this number, null for anything else. A long text is shared between those who
+    /// ask for it after the first.
     Text text(std::uint64_t uid);
     Date date(std::uint64_t uid);
 
     /// The (last) value under `key`, Damaged when there is none.
-    Object find(const Object& dictionary, Key key);
+    Object find(Object dictionary, Key key);
     /// The key that object `id` of the property list spells.
     Key keyOf(std::uint64_t id);
     /// Element `index` of a container's references, as an object.
-    Object element(const Object& container, std::uint64_t index) const {
+    Object element(Object container, std::uint64_t index) const {
         return plist_.object(plist_.reference(container, index));
     }
-    std::uint64_t idAt(const Object& container, std::uint64_t index) const {
+    std::uint64_t idAt(Object container, std::uint64_t index) const {
         return plist_.reference(container, index);
     }
     Object object(std::uint64_t id) const { return plist_.object(id); }
-    Key keyAt(const Object& dictionary, std::uint64_t index) {
-        return keyOf(plist_.reference(dictionary, index));
-    }
+    Key keyAt(Object dictionary, std::uint64_t index) { return keyOf(plist_.reference(dictionary, index)); }
     /// True when two dictionaries of as many pairs name the same keys in the same order.
-    bool sameKeys(const Object& a, const Object& b) const {
-        return a.value == 0 || std::memcmp(a.bytes, b.bytes, a.value * plist_.referenceSize()) == 0;
+    bool sameKeys(Object a, Object b) const {
+        return a.count() == 0 || std::memcmp(a.bytes(), b.bytes(), a.count() * plist_.referenceSize()) == 0;
     }
     /// Counts a container's references as looked at; false when that is more than the file can hold.
-    bool chargeReferences(const Object& container) {
-        return container.value <= kSmall || charge(plist_.referenceBytes(container));
+    bool chargeReferences(Object container) {
+        return container.count() <= kSmall || charge(plist_.referenceBytes(container));
     }
 
     /// Notes damage (the first one counts) and gives false.
@@ -81,16 +80,30 @@ private:
     /// work than reading the reference to it.
     static constexpr std::uint64_t kSmall = 64;
 
+    static constexpr std::uint64_t kNowhere = ~std::uint64_t{0};
+
+    /// A date, and where in its references class and time are.
+    struct DateShape {
+        Object like;
+        std::uint64_t classPlace = 0;
+        std::uint64_t timePlace = 0;
+    };
+
     bool charge(std::uint64_t bytes);
-    Object textBehind(const Object& object);
-    Date decodeDate(const Object& object);
+    std::uint64_t placeOf(Object dictionary, Key key);
+    Object textBehind(Object object);
+    Text longText(std::uint64_t uid, Object object);
+    Object timeOf(Object object);
+    Date decodeDate(Object object);
 
     const BinaryPlist plist_;
     std::uint64_t budget_;
     std::vector<std::uint8_t>
         keys_;       // by object number of the property list: the Key plus 1, 0 while not looked up
     Object objects_; // the archive's "$objects"
-    std::vector<Text> longTexts_; // by object number of the property list, null while not decoded
+    std::vector<bool> longTextsSeen_;                           // by object number of the property list
+    std::unordered_map<const std::uint8_t*, Text> sharedTexts_; // by where the text lies
+    DateShape date_;
     std::vector<std::pair<std::uint64_t, Class>> classes_;
     std::string problem_;
 };

@@ -13,6 +13,65 @@ using archive::Key;
 using Kind = BinaryPlist::Kind;
 using Object = BinaryPlist::Object;
 
+/// The plain numbers of a node.
+struct Codes {
+    std::uint8_t type = 0;
+    std::uint8_t label = 0;
+    std::uint8_t flags = 0;
+    std::uint8_t status = 0;
+    std::int64_t browser = 0;
+    bool folder = false;
+    bool openFolder = false;
+    bool autoTab = false;
+
+    void set(Key key, std::uint64_t value);
+    void give(Bookmark& node) const;
+};
+
+void Codes::set(Key key, std::uint64_t value) {
+    const auto code = static_cast<std::uint8_t>(value);
+    switch (key) {
+    case Key::Type:
+        type = code;
+        break;
+    case Key::Label:
+        label = code;
+        break;
+    case Key::Flags:
+        flags = code;
+        break;
+    case Key::Status:
+        status = code;
+        break;
+    case Key::Browser:
+        browser = static_cast<std::int64_t>(value);
+        break;
+    case Key::Folder:
+        folder = value != 0;
+        break;
+    case Key::OpenFolder:
+        openFolder = value != 0;
+        break;
+    case Key::AutoTab:
+        autoTab = value != 0;
+        break;
+    default:
+        break;
+    }
+}
+
+void Codes::give(Bookmark& node) const {
+    node.setType(type);
+    node.setLabel(label);
+    node.setFlags(flags);
+    node.setStatus(status);
+    node.setItemBrowser(browser);
+    node.setItemFolder(folder);
+    node.setShowHier(openFolder);
+    node.setAutoTab(autoTab);
+    node.linkIcon();
+}
+
 class Reader {
 public:
     explicit Reader(Graph& graph) : graph_(graph), isNode_(graph.objectCount(), 0) {}
@@ -23,52 +82,55 @@ public:
 private:
     static constexpr std::uint64_t kNoId = ~std::uint64_t{0};
 
+    /// A node to be read, and the folder it goes into.
     struct Pending {
-        Bookmark* node;
+        Bookmark* parent;
         std::uint64_t uid;
     };
 
-    const std::vector<Key>& keysOf(const Object& dictionary);
-    const Object& valueAt(const Object& dictionary, std::uint64_t index);
+    /// A key of the nodes that are being read.
+    struct Column {
+        Key key;
+        std::uint64_t place;     // of its value among a dictionary's references
+        std::uint64_t settledId; // the value that needs no second look, or kNoId
+    };
+
     bool readNode(Bookmark& node, std::uint64_t uid);
-    bool readValue(Bookmark& node, Key key, const Object& value);
+    bool lookUpKeys(Object dictionary);
+    bool readValue(Bookmark& node, Column& column, std::uint64_t id);
     bool readReference(Bookmark& node, Key key, std::uint64_t uid);
-    void readCode(Bookmark& node, Key key, std::uint64_t value);
     bool readChildren(Bookmark& node, std::uint64_t uid);
-    bool addChild(Bookmark& node, const Object& reference);
+    bool expectChild(Bookmark& node, Object reference);
 
     Graph& graph_;
     std::vector<std::uint8_t> isNode_; // by uid: 1 for the objects that stand in the tree
     std::vector<Pending> pending_;
-    Object lastDictionary_; // whose keys `lastKeys_` are
-    std::vector<Key> lastKeys_;
-    std::vector<std::pair<std::uint64_t, Object>> lastValues_;
+    Object like_; // the dictionary whose keys stand in `columns_`
+    std::vector<Column> columns_;
+    Codes codes_; // of the node that is being read, and of the one before where nothing else is said
+    Class class_ = Class::Unknown;
 };
 
-bool Reader::addChild(Bookmark& node, const Object& reference) {
-    if (reference.kind != Kind::Uid || reference.value >= isNode_.size())
+bool Reader::expectChild(Bookmark& node, Object reference) {
+    if (reference.kind() != Kind::Uid || reference.value() >= isNode_.size())
         return graph_.damaged("a folder lists an object that is not there.");
-    if (isNode_[reference.value] != 0)
+    if (isNode_[reference.value()] != 0)
         return graph_.damaged("a bookmark stands in two places or inside itself.");
-    isNode_[reference.value] = 1;
-    Ref<Bookmark> child = Bookmark::initEmpty();
-    pending_.push_back({child.get(), reference.value});
-    node.addChild(std::move(child));
+    isNode_[reference.value()] = 1;
+    pending_.push_back({&node, reference.value()});
     return true;
 }
 
 bool Reader::readChildren(Bookmark& node, std::uint64_t uid) {
     const Object array = graph_.arrayBehind(uid);
-    if (array.kind != Kind::Array)
+    if (array.kind() != Kind::Array)
         return !graph_.isDamaged();
-    if (node.getChildren())
-        return graph_.damaged("a folder has two lists of children.");
-    node.makeChildList(array.value);
-    for (std::uint64_t i = 0; i < array.value; ++i)
-        if (!addChild(node, graph_.element(array, i)))
+    node.makeChildList(array.count());
+    for (std::uint64_t i = 0; i < array.count(); ++i)
+        if (!expectChild(node, graph_.element(array, i)))
             return false;
-    // The first child is to be filled first: texts then lie in memory as they lie in the file.
-    std::reverse(pending_.end() - static_cast<std::ptrdiff_t>(array.value), pending_.end());
+    // The last one pending is read next.
+    std::reverse(pending_.end() - static_cast<std::ptrdiff_t>(array.count()), pending_.end());
     return true;
 }
 
@@ -106,99 +168,62 @@ bool Reader::readReference(Bookmark& node, Key key, std::uint64_t uid) {
     return !graph_.isDamaged();
 }
 
-void Reader::readCode(Bookmark& node, Key key, std::uint64_t value) {
-    const auto code = static_cast<std::uint8_t>(value);
-    switch (key) {
-    case Key::Type:
-        node.setType(code);
-        break;
-    case Key::Label:
-        node.setLabel(code);
-        break;
-    case Key::Flags:
-        node.setFlags(code);
-        break;
-    case Key::Status:
-        node.setStatus(code);
-        break;
-    case Key::Browser:
-        node.setItemBrowser(static_cast<std::int64_t>(value));
-        break;
-    case Key::Folder:
-        node.setItemFolder(value != 0);
-        break;
-    case Key::OpenFolder:
-        node.setShowHier(value != 0);
-        break;
-    case Key::AutoTab:
-        node.setAutoTab(value != 0);
-        break;
-    default:
-        break;
-    }
-}
-
-bool Reader::readValue(Bookmark& node, Key key, const Object& value) {
-    switch (value.kind) {
-    case Kind::Damaged:
+// Value `id` in this column. Most of a node's values (null, small codes, the class) are the very objects that
+// the node before has in the same place; those that say nothing new then are settled.
+bool Reader::readValue(Bookmark& node, Column& column, std::uint64_t id) {
+    const Object value = graph_.object(id);
+    const bool isReference = value.kind() == Kind::Uid && column.key <= Key::LastOpened;
+    if (value.kind() == Kind::Damaged)
         return graph_.damaged("a value of a bookmark is cut off or has an unknown kind.");
-    case Kind::Uid:
-        return readReference(node, key, value.value);
-    case Kind::Integer:
-    case Kind::Boolean:
-        readCode(node, key, value.value);
+    if ((isReference && value.value() != 0) || column.key == Key::Children) {
+        column.settledId = kNoId;
+        return value.kind() != Kind::Uid || readReference(node, column.key, value.value());
+    }
+    column.settledId = id;
+    if (column.key == Key::Class)
+        class_ = value.kind() == Kind::Uid ? graph_.resolveClass(value.value()) : Class::Unknown;
+    else if (!isReference) // a value of the wrong kind counts as missing
+        codes_.set(column.key,
+                   value.kind() == Kind::Integer || value.kind() == Kind::Boolean ? value.value() : 0);
+    return true;
+}
+
+// Gives `columns_` the keys of a node's dictionary. Nodes of one writer have the same ones in the same order,
+// so mostly these are those of the node before.
+bool Reader::lookUpKeys(Object dictionary) {
+    if (dictionary.count() == like_.count() && graph_.sameKeys(dictionary, like_))
         return true;
-    default:
-        return true; // a value of the wrong kind counts as missing
+    like_ = dictionary;
+    codes_ = {};
+    class_ = Class::Unknown;
+    columns_.clear();
+    for (std::uint64_t i = 0; i < dictionary.count(); ++i) {
+        const Key key = graph_.keyAt(dictionary, i);
+        if (key > Key::Class)
+            continue;
+        // Of a key given twice the last value counts; of two lists of children none is to be lost.
+        const auto again = std::erase_if(columns_, [key](const Column& column) { return column.key == key; });
+        if (again > 0 && key == Key::Children)
+            return graph_.damaged("a folder has two lists of children.");
+        columns_.push_back({key, dictionary.count() + i, kNoId});
     }
-}
-
-// Value number `index` of a dictionary whose keys were just looked up. Most of a node's values (null, small
-// codes, the class) are the very objects that the node before has in the same place.
-const Object& Reader::valueAt(const Object& dictionary, std::uint64_t index) {
-    const std::uint64_t id = graph_.idAt(dictionary, dictionary.value + index);
-    auto& [lastId, value] = lastValues_[index];
-    if (id != lastId) {
-        lastId = id;
-        value = graph_.object(id);
-    }
-    return value;
-}
-
-// The keys of a node's dictionary. Nodes of one writer have the same ones in the same order, so mostly these
-// are those of the node before.
-const std::vector<Key>& Reader::keysOf(const Object& dictionary) {
-    if (dictionary.value != lastDictionary_.value || !graph_.sameKeys(dictionary, lastDictionary_)) {
-        lastKeys_.clear();
-        for (std::uint64_t i = 0; i < dictionary.value; ++i)
-            lastKeys_.push_back(graph_.keyAt(dictionary, i));
-        lastValues_.assign(dictionary.value, {kNoId, Object{}});
-        lastDictionary_ = dictionary;
-    }
-    return lastKeys_;
+    return true;
 }
 
 bool Reader::readNode(Bookmark& node, std::uint64_t uid) {
     const Object dictionary = graph_.archived(uid);
-    if (dictionary.kind != Kind::Dictionary || !graph_.chargeReferences(dictionary))
+    if (dictionary.kind() != Kind::Dictionary || !graph_.chargeReferences(dictionary))
         return graph_.damaged("something that is no bookmark stands in its tree.");
-    Class kind = Class::Unknown;
-    const std::vector<Key>& keys = keysOf(dictionary);
-    for (std::uint64_t i = 0; i < keys.size(); ++i) {
-        const Key key = keys[i];
-        if (key > Key::Class)
-            continue;
-        const Object& value = valueAt(dictionary, i);
-        if (key != Key::Class) {
-            if (!readValue(node, key, value))
-                return false;
-        } else if (value.kind == Kind::Uid) {
-            kind = graph_.resolveClass(value.value);
-        }
+    if (!lookUpKeys(dictionary))
+        return false;
+    for (Column& column : columns_) {
+        const std::uint64_t id = graph_.idAt(dictionary, column.place);
+        if (id != column.settledId && !readValue(node, column, id))
+            return false;
     }
-    if (kind != Class::Bookmark)
+    if (class_ != Class::Bookmark)
         return graph_.damaged("something that is no bookmark stands in its tree.");
-    node.linkIcon();
+    codes_.give(node);
     return !graph_.isDamaged();
 }
 
@@ -207,30 +232,33 @@ Result<Ref<Bookmark>> Reader::readTree(std::uint64_t rootUid) {
         return failure("The file is damaged: its archive has no root folder.");
     Ref<Bookmark> root = Bookmark::initEmpty();
     isNode_[rootUid] = 1;
-    pending_.push_back({root.get(), rootUid});
+    if (!readNode(*root, rootUid))
+        return graph_.damage();
     while (!pending_.empty()) {
         const Pending next = pending_.back();
         pending_.pop_back();
-        if (!readNode(*next.node, next.uid))
+        Ref<Bookmark> node = Bookmark::initEmpty();
+        if (!readNode(*node, next.uid))
             return graph_.damage();
+        next.parent->addChild(std::move(node));
     }
     return root;
 }
 
 Result<void> readVersion(Graph& graph, std::uint64_t uid) {
     const Object record = graph.archived(uid);
-    const bool isRecord = record.kind == Kind::Dictionary && graph.classOf(record) == Class::FileVersion;
-    const Object fileType = isRecord ? graph.find(record, Key::FileType) : Object{};
-    const Object version = isRecord ? graph.find(record, Key::Version) : Object{};
+    const bool isRecord = record.kind() == Kind::Dictionary && graph.classOf(record) == Class::FileVersion;
+    const Object fileType = isRecord ? graph.find(record, Key::FileType) : Object();
+    const Object version = isRecord ? graph.find(record, Key::Version) : Object();
     if (graph.isDamaged())
         return graph.damage();
-    const auto isNumber = [](const Object& object) {
-        return object.kind == Kind::Integer || object.kind == Kind::Boolean;
+    const auto isNumber = [](Object object) {
+        return object.kind() == Kind::Integer || object.kind() == Kind::Boolean;
     };
-    if (!isNumber(fileType) || fileType.value != archive::kDocumentFileType)
+    if (!isNumber(fileType) || fileType.value() != archive::kDocumentFileType)
         return failure("The file is an archive, but not a bookmark document.", ErrorDomain::Cocoa,
                        kUserCancelledError);
-    if (!isNumber(version) || version.value != archive::kDocumentVersion)
+    if (!isNumber(version) || version.value() != archive::kDocumentVersion)
         return failure("The document has a version that this program does not know; a newer one may open it.",
                        ErrorDomain::Cocoa, kUserCancelledError);
     return {};
@@ -240,15 +268,15 @@ Result<Ref<Bookmark>> readDocument(Graph& graph, std::uint64_t rootUid) {
     const Object pair = graph.arrayBehind(rootUid);
     if (graph.isDamaged())
         return graph.damage();
-    if (pair.kind != Kind::Array || pair.value != 2)
+    if (pair.kind() != Kind::Array || pair.count() != 2)
         return failure("The file is an archive, but its root is not that of a bookmark document.");
     const Object version = graph.element(pair, 0);
     const Object master = graph.element(pair, 1);
-    if (version.kind != Kind::Uid || master.kind != Kind::Uid)
+    if (version.kind() != Kind::Uid || master.kind() != Kind::Uid)
         return failure("The file is damaged: the root of its archive is incomplete.");
-    if (const Result<void> accepted = readVersion(graph, version.value); !accepted)
+    if (const Result<void> accepted = readVersion(graph, version.value()); !accepted)
         return tl::unexpected(accepted.error());
-    return Reader(graph).readTree(master.value);
+    return Reader(graph).readTree(master.value());
 }
 
 Result<Ref<Bookmark>> readNode(Graph& graph, std::uint64_t rootUid) {

@@ -4,6 +4,7 @@
 #include <unicode/utf8.h>
 
 #include <algorithm>
+#include <array>
 
 namespace tabulon {
 namespace {
@@ -11,22 +12,50 @@ namespace {
 constexpr std::string_view kMagic = "bplist00";
 constexpr std::size_t kTrailerSize = 32;
 
-std::string utf8FromBigEndianUtf16(const std::uint8_t* bytes, std::size_t units) {
+// What the conversion from UTF-16 may write behind the text.
+constexpr std::size_t kUtf8Slack = 2;
+
+// Writes the UTF-8 of a character below U+10000, three bytes in any case, and gives its length. Texts of most
+// scripts change length at every blank, which a processor cannot foresee: nothing here branches.
+std::size_t writeUtf8(std::uint32_t unit, char* utf8) {
+    static constexpr std::array<std::uint8_t, 3> kMark = {0x00, 0xC0, 0xE0};
+    static constexpr std::array<std::uint8_t, 3> kFirstShift = {0, 6, 12};
+    static constexpr std::array<std::uint8_t, 3> kSecondShift = {0, 0, 6};
+    const std::size_t more = static_cast<std::size_t>(unit >= 0x80) + static_cast<std::size_t>(unit >= 0x800);
+    utf8[0] = static_cast<char>(kMark[more] | unit >> kFirstShift[more]);
+    utf8[1] = static_cast<char>(0x80 | (unit >> kSecondShift[more] & 0x3F));
+    utf8[2] = static_cast<char>(0x80 | (unit & 0x3F));
+    return more + 1;
+}
+
+// Writes at most three bytes a unit to `utf8`, and up to kUtf8Slack behind them, and gives their number.
+std::size_t utf8FromBigEndianUtf16(const std::uint8_t* bytes, std::size_t units, char* utf8) {
     const auto unit = [bytes](std::size_t i) {
-        return static_cast<char16_t>(bytes[2 * i] << 8 | bytes[2 * i + 1]);
+        return static_cast<std::uint32_t>(bytes[2 * i] << 8 | bytes[2 * i + 1]);
     };
-    std::string result(units * 3, '\0');
     std::size_t length = 0;
     for (std::size_t i = 0; i < units; ++i) {
-        UChar32 character = unit(i);
-        if (U16_IS_LEAD(character) && i + 1 < units && U16_IS_TRAIL(unit(i + 1)))
-            character = U16_GET_SUPPLEMENTARY(character, unit(++i));
-        else if (U16_IS_SURROGATE(character))
+        std::uint32_t character = unit(i);
+        if (U16_IS_SURROGATE(character)) {
+            if (U16_IS_LEAD(character) && i + 1 < units && U16_IS_TRAIL(unit(i + 1))) {
+                character = U16_GET_SUPPLEMENTARY(character, unit(++i));
+                U8_APPEND_UNSAFE(utf8, length, character);
+                continue;
+            }
             character = 0xFFFD;
-        U8_APPEND_UNSAFE(result.data(), length, character);
+        }
+        length += writeUtf8(character, utf8 + length);
     }
-    result.resize(length);
-    return result;
+    return length;
+}
+
+Text textFromBigEndianUtf16(const std::uint8_t* bytes, std::size_t units) {
+    std::array<char, 1024> buffer;
+    if (units <= (buffer.size() - kUtf8Slack) / 3)
+        return Text(std::string_view(buffer.data(), utf8FromBigEndianUtf16(bytes, units, buffer.data())));
+    std::string utf8(units * 3 + kUtf8Slack, '\0');
+    utf8.resize(utf8FromBigEndianUtf16(bytes, units, utf8.data()));
+    return Text(utf8);
 }
 
 // Whether the upper eight of sixteen bytes say nothing that the lower eight do not: zeros, or the sign.
@@ -58,31 +87,26 @@ Result<BinaryPlist> BinaryPlist::open(std::string_view data) {
     if (plist.tableOffset_ < kHeaderSize || plist.tableOffset_ > tableEnd ||
         plist.objectCount_ > (tableEnd - plist.tableOffset_) / plist.offsetSize_)
         return failure("The file is damaged: the tables of its property list overlap or are cut off.");
+    plist.table_ = plist.data_ + plist.tableOffset_;
+    plist.offsetShift_ = shiftFor(plist.offsetSize_);
+    plist.referenceShift_ = shiftFor(plist.referenceSize_);
+    plist.unitSizes_.fill(1);
+    plist.unitSizes_[static_cast<std::size_t>(Kind::Utf16)] = 2;
+    plist.unitSizes_[static_cast<std::size_t>(Kind::Array)] = trailer[7];
+    plist.unitSizes_[static_cast<std::size_t>(Kind::Dictionary)] = static_cast<std::uint8_t>(2 * trailer[7]);
     if (plist.topObject_ >= plist.objectCount_)
         return failure("The file is damaged: its property list has no top object.");
     return plist;
 }
 
 BinaryPlist::Object BinaryPlist::objectAt(std::uint64_t position, std::uint8_t marker) const {
-    const std::uint8_t nibble = marker & 0x0F;
-    switch (marker >> 4) {
-    case 0x4:
-        return sized(Kind::Data, position, nibble, 1);
-    case 0x5:
-        return sized(Kind::Ascii, position, nibble, 1);
-    case 0x6:
-        return sized(Kind::Utf16, position, nibble, 2);
-    case 0x7:
-        return sized(Kind::Utf8, position, nibble, 1);
-    case 0xA:
-    case 0xB:
-    case 0xC:
-        return sized(Kind::Array, position, nibble, referenceSize_);
-    case 0xD:
-        return sized(Kind::Dictionary, position, nibble, 2 * referenceSize_);
-    default:
-        return number(position, marker);
-    }
+    // By the upper half of the marker. A table, since nobody can foresee which kind of text comes next.
+    static constexpr std::array<Kind, 16> kSized = {
+        Kind::Damaged, Kind::Damaged,    Kind::Damaged, Kind::Damaged, Kind::Data,  Kind::Ascii,
+        Kind::Utf16,   Kind::Utf8,       Kind::Damaged, Kind::Damaged, Kind::Array, Kind::Array,
+        Kind::Array,   Kind::Dictionary, Kind::Damaged, Kind::Damaged};
+    const Kind kind = kSized[marker >> 4];
+    return kind == Kind::Damaged ? number(position, marker) : sized(kind, position, marker);
 }
 
 // Everything that has its value behind the marker.
@@ -92,24 +116,25 @@ BinaryPlist::Object BinaryPlist::number(std::uint64_t position, std::uint8_t mar
     switch (marker >> 4) {
     case 0x0:
         if (marker == 0x08 || marker == 0x09)
-            return {Kind::Boolean, nibble & 1};
-        return marker == 0x00 ? Object{Kind::Null} : Object{};
+            return Object(Kind::Boolean, nibble & 1);
+        return marker == 0x00 ? Object(Kind::Null) : Object();
     case 0x1:
         if (nibble > 4 || !fits(position + 1, std::uint64_t{1} << nibble))
             return {};
         if (nibble == 4 && !fitsInto64Bits(value))
-            return {Kind::Null};
-        return {Kind::Integer,
-                nibble == 4 ? bigEndian(value + 8, 8) : bigEndian(value, std::size_t{1} << nibble)};
+            return Object(Kind::Null);
+        return Object(Kind::Integer,
+                      nibble == 4 ? bigEndian(value + 8, 8) : bigEndian(value, std::size_t{1} << nibble));
     case 0x2:
         if (marker == 0x22 && fits(position + 1, 4))
-            return {Kind::Real, 0, std::bit_cast<float>(static_cast<std::uint32_t>(bigEndian(value, 4)))};
+            return {Kind::Real,
+                    double{std::bit_cast<float>(static_cast<std::uint32_t>(bigEndian(value, 4)))}};
         if (marker == 0x23 && fits(position + 1, 8))
-            return {Kind::Real, 0, std::bit_cast<double>(bigEndian(value, 8))};
+            return Object(Kind::Real, bigEndian(value, 8));
         return {};
     case 0x3:
         if (marker == 0x33 && fits(position + 1, 8))
-            return {Kind::Date, 0, std::bit_cast<double>(bigEndian(value, 8))};
+            return Object(Kind::Date, bigEndian(value, 8));
         return {};
     default:
         return {};
@@ -117,40 +142,42 @@ BinaryPlist::Object BinaryPlist::number(std::uint64_t position, std::uint8_t mar
 }
 
 // An object that begins with a count: in the marker, or as an integer object right behind it.
-BinaryPlist::Object BinaryPlist::sized(Kind kind, std::uint64_t position, std::uint8_t nibble,
-                                       std::size_t unit) const {
-    std::uint64_t count = nibble;
+BinaryPlist::Object BinaryPlist::sized(Kind kind, std::uint64_t position, std::uint8_t marker) const {
+    std::uint64_t count = marker & 0x0F;
     ++position;
-    if (nibble == 0x0F) {
+    if (count == 0x0F) {
         if (!fits(position, 1) || (data_[position] >> 4) != 0x1)
             return {};
         const Object size = number(position, data_[position]);
-        if (size.kind != Kind::Integer)
+        if (size.kind() != Kind::Integer)
             return {};
-        count = size.value;
+        count = size.value();
         position += 1 + (std::uint64_t{1} << (data_[position] & 0x0F));
     }
-    if (position > tableOffset_ || count > (tableOffset_ - position) / unit)
+    // The first limit on the count keeps the product from overflowing.
+    if (position > tableOffset_ || count > tableOffset_ ||
+        count * unitSizes_[static_cast<std::size_t>(kind)] > tableOffset_ - position)
         return {};
-    return {kind, count, 0, data_ + position};
+    return {kind, count, data_ + position};
 }
 
-Text BinaryPlist::text(const Object& object) {
-    if (object.kind == Kind::Utf16)
-        return Text(utf8FromBigEndianUtf16(object.bytes, object.value));
-    return Text::fromBytes({reinterpret_cast<const char*>(object.bytes), object.value});
+Text BinaryPlist::text(Object object) {
+    if (object.kind() == Kind::Utf16)
+        return textFromBigEndianUtf16(object.bytes(), object.count());
+    return Text::fromBytes({reinterpret_cast<const char*>(object.bytes()), object.count()});
 }
 
-bool BinaryPlist::textEquals(const Object& object, std::string_view ascii) {
-    if (object.value != ascii.size())
+bool BinaryPlist::textEquals(Object object, std::string_view ascii) {
+    if (object.count() != ascii.size())
         return false;
-    if (object.kind == Kind::Utf16) {
+    if (object.kind() == Kind::Utf16) {
         for (std::size_t i = 0; i < ascii.size(); ++i)
-            if (object.bytes[2 * i] != 0 || object.bytes[2 * i + 1] != static_cast<unsigned char>(ascii[i]))
+            if (object.bytes()[2 * i] != 0 ||
+                object.bytes()[2 * i + 1] != static_cast<unsigned char>(ascii[i]))
                 return false;
         return true;
     }
-    return isText(object) && std::memcmp(object.bytes, ascii.data(), ascii.size()) == 0;
+    return isText(object) && std::memcmp(object.bytes(), ascii.data(), ascii.size()) == 0;
 }
 
 } // namespace tabulon

@@ -6,6 +6,7 @@
 #include "model/Error.h"
 #include "model/Text.h"
 
+#include <array>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -35,15 +36,31 @@ public:
         Dictionary,
     };
 
-    struct Object {
-        Kind kind = Kind::Damaged;
-        /// Boolean 0 or 1, Integer (64 bits, two's complement), Uid: the value. Texts and Data: units (bytes,
-        /// or 2-byte units for Utf16). Array: elements. Dictionary: pairs.
-        std::uint64_t value = 0;
+    /// One object: its kind, and a number or a piece of the data. Two words, so that it travels in registers.
+    class Object {
+    public:
+        constexpr Object() = default; ///< Damaged
+        constexpr explicit Object(Kind kind, std::uint64_t value = 0)
+            : head_(static_cast<std::uint64_t>(kind)), payload_(value) {}
+        Object(Kind kind, double number) : Object(kind, std::bit_cast<std::uint64_t>(number)) {}
+        /// Requires a count that fits into the data, and so into 56 bits.
+        Object(Kind kind, std::uint64_t count, const std::uint8_t* bytes)
+            : head_(static_cast<std::uint64_t>(kind) | count << 8),
+              payload_(reinterpret_cast<std::uintptr_t>(bytes)) {}
+
+        Kind kind() const { return static_cast<Kind>(head_ & 0xFF); }
+        /// Boolean 0 or 1, Integer (64 bits, two's complement), Uid: the value.
+        std::uint64_t value() const { return payload_; }
         /// Real: the number. Date: seconds since 2001-01-01 00:00 UTC.
-        double real = 0;
+        double real() const { return std::bit_cast<double>(payload_); }
+        /// Texts and Data: units (bytes, or 2-byte units for Utf16). Array: elements. Dictionary: pairs.
+        std::uint64_t count() const { return head_ >> 8; }
         /// The text's or data's bytes, or the references of a container (keys first, then values).
-        const std::uint8_t* bytes = nullptr;
+        const std::uint8_t* bytes() const { return reinterpret_cast<const std::uint8_t*>(payload_); }
+
+    private:
+        std::uint64_t head_ = 0; // kind, and the count above it
+        std::uint64_t payload_ = 0;
     };
 
     /// Checks magic, trailer and tables. Fails with a sentence when this is not a whole binary property list.
@@ -57,59 +74,67 @@ public:
     Object object(std::uint64_t id) const {
         if (id >= objectCount_)
             return {};
-        const std::uint64_t position = bigEndian(data_ + tableOffset_ + id * offsetSize_, offsetSize_);
+        const std::uint64_t position = word(table_ + id * offsetSize_) >> offsetShift_;
         if (position < kHeaderSize || position >= tableOffset_)
             return {};
         const std::uint8_t marker = data_[position];
         // References are half of an archive: they go straight through.
         if ((marker & 0xF8) == 0x80 && fits(position + 1, (marker & 7) + 1))
-            return {Kind::Uid, bigEndian(data_ + position + 1, (marker & 7) + 1)};
+            return Object(Kind::Uid, bigEndian(data_ + position + 1, (marker & 7) + 1));
         return objectAt(position, marker);
     }
 
     /// Reference number `index` of a container: an object number, not yet checked. Requires an index below
     /// the count of an Array, or below twice the count of a Dictionary.
-    std::uint64_t reference(const Object& container, std::uint64_t index) const {
-        return bigEndian(container.bytes + index * referenceSize_, referenceSize_);
+    std::uint64_t reference(Object container, std::uint64_t index) const {
+        return word(container.bytes() + index * referenceSize_) >> referenceShift_;
     }
 
     /// The bytes that a container's references occupy.
-    std::uint64_t referenceBytes(const Object& container) const {
-        return container.value * referenceSize_ * (container.kind == Kind::Dictionary ? 2 : 1);
+    std::uint64_t referenceBytes(Object container) const {
+        return container.count() * referenceSize_ * (container.kind() == Kind::Dictionary ? 2 : 1);
     }
 
-    static bool isText(const Object& object) {
-        return object.kind == Kind::Ascii || object.kind == Kind::Utf16 || object.kind == Kind::Utf8;
+    static bool isText(Object object) {
+        return object.kind() == Kind::Ascii || object.kind() == Kind::Utf16 || object.kind() == Kind::Utf8;
     }
     /// Requires a text object, or data that holds UTF-8. Malformed parts become U+FFFD.
-    static Text text(const Object& object);
+    static Text text(Object object);
     /// True when the object is a text of exactly these ASCII characters.
-    static bool textEquals(const Object& object, std::string_view ascii);
+    static bool textEquals(Object object, std::string_view ascii);
 
 private:
     static constexpr std::size_t kHeaderSize = 8;
 
     Object objectAt(std::uint64_t position, std::uint8_t marker) const;
-    // Eight bytes are read whatever the width: the trailer keeps them inside the data.
+    // The first of the eight bytes a word reads are the number; the trailer keeps the rest inside the data.
+    static unsigned shiftFor(std::size_t width) { return static_cast<unsigned>(64 - 8 * width); }
     static std::uint64_t bigEndian(const std::uint8_t* bytes, std::size_t width) {
+        return word(bytes) >> shiftFor(width);
+    }
+    static std::uint64_t word(const std::uint8_t* bytes) {
         std::uint64_t word = 0;
         std::memcpy(&word, bytes, 8);
         if constexpr (std::endian::native == std::endian::little)
             word = __builtin_bswap64(word);
-        return word >> (64 - 8 * width);
+        return word;
     }
-    Object sized(Kind kind, std::uint64_t position, std::uint8_t nibble, std::size_t unit) const;
+    Object sized(Kind kind, std::uint64_t position, std::uint8_t marker) const;
     Object number(std::uint64_t position, std::uint8_t marker) const;
     bool fits(std::uint64_t position, std::uint64_t size) const {
         return position <= tableOffset_ && size <= tableOffset_ - position;
     }
 
     const std::uint8_t* data_ = nullptr;
+    const std::uint8_t* table_ = nullptr;
     std::uint64_t tableOffset_ = 0; // also the end of the object area
     std::uint64_t objectCount_ = 0;
     std::uint64_t topObject_ = 0;
     std::size_t offsetSize_ = 0;
     std::size_t referenceSize_ = 0;
+    unsigned offsetShift_ = 0;
+    unsigned referenceShift_ = 0;
+    std::array<std::uint8_t, 16> unitSizes_{}; // by kind: the bytes of one unit, element or pair
 };
 
 } // namespace tabulon

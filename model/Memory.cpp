@@ -13,7 +13,11 @@ namespace tabulon {
 #if defined(TABULON_HAS_MIMALLOC)
 
 void* allocateMemory(std::size_t size) {
-    return mi_new(size);
+    // mi_new would end the process: its library cannot throw.
+    void* block = mi_malloc(size);
+    if (!block)
+        throw std::bad_alloc();
+    return block;
 }
 
 void releaseMemory(void* block, std::size_t size) noexcept {
@@ -33,3 +37,32 @@ void releaseMemory(void* block, std::size_t /*size*/) noexcept {
 #endif
 
 } // namespace tabulon
+
+#if defined(TABULON_HAS_MIMALLOC)
+
+// mimalloc brings operators of its own, which end the process when memory runs out. These throw.
+void* operator new(std::size_t size) {
+    return tabulon::allocateMemory(size);
+}
+
+void* operator new[](std::size_t size) {
+    return tabulon::allocateMemory(size);
+}
+
+void operator delete(void* block) noexcept {
+    mi_free(block);
+}
+
+void operator delete[](void* block) noexcept {
+    mi_free(block);
+}
+
+void operator delete(void* block, std::size_t /*size*/) noexcept {
+    mi_free(block);
+}
+
+void operator delete[](void* block, std::size_t /*size*/) noexcept {
+    mi_free(block);
+}
+
+#endif

@@ -11,13 +11,17 @@ namespace {
 
 // Position of the first byte that is not ASCII, or the size.
 std::size_t asciiPrefix(std::string_view bytes) {
-    std::size_t i = 0;
-    for (; i + 8 <= bytes.size(); i += 8) {
+    const auto isAsciiAt = [&bytes](std::size_t at) {
         std::uint64_t word = 0;
-        std::memcpy(&word, bytes.data() + i, 8);
-        if (word & 0x8080808080808080u)
-            break;
-    }
+        std::memcpy(&word, bytes.data() + at, 8);
+        return (word & 0x8080808080808080u) == 0;
+    };
+    std::size_t i = 0;
+    while (i + 8 <= bytes.size() && isAsciiAt(i))
+        i += 8;
+    // The last word may look at bytes a second time: cheaper than going through the rest one by one.
+    if (i > 0 && i + 8 > bytes.size() && isAsciiAt(bytes.size() - 8))
+        return bytes.size();
     while (i < bytes.size() && static_cast<unsigned char>(bytes[i]) < 0x80)
         ++i;
     return i;

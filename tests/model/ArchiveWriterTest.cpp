@@ -25,9 +25,9 @@ public:
 
     std::vector<std::pair<std::string, Object>> pairs(const Object& dictionary) const {
         std::vector<std::pair<std::string, Object>> result;
-        for (std::uint64_t i = 0; i < dictionary.value; ++i)
+        for (std::uint64_t i = 0; i < dictionary.count(); ++i)
             result.emplace_back(BinaryPlist::text(plist_.object(plist_.reference(dictionary, i))).string(),
-                                plist_.object(plist_.reference(dictionary, dictionary.value + i)));
+                                plist_.object(plist_.reference(dictionary, dictionary.count() + i)));
         return result;
     }
     Object value(const Object& dictionary, const std::string& key) const {
@@ -41,8 +41,8 @@ public:
     }
     Object top() const { return plist_.object(plist_.topObject()); }
     Object archived(const Object& reference) const {
-        EXPECT_EQ(reference.kind, Kind::Uid);
-        return element(value(top(), "$objects"), reference.value);
+        EXPECT_EQ(reference.kind(), Kind::Uid);
+        return element(value(top(), "$objects"), reference.value());
     }
     std::string className(const Object& dictionary) const {
         return BinaryPlist::text(value(archived(value(dictionary, "$class")), "$classname")).string();
@@ -56,21 +56,21 @@ private:
 
 TEST(ArchiveWriter, frameOfTheArchive) {
     const Written written(writeDocumentArchive(*Bookmark::initEmpty()));
-    EXPECT_EQ(written.value(written.top(), "$version").value, 100000u);
+    EXPECT_EQ(written.value(written.top(), "$version").value(), 100000u);
     EXPECT_EQ(BinaryPlist::text(written.value(written.top(), "$archiver")), Text("NSKeyedArchiver"));
     const Object objects = written.value(written.top(), "$objects");
     EXPECT_EQ(BinaryPlist::text(written.element(objects, 0)), Text("$null"));
     EXPECT_EQ(written.className(written.root()), "NSArray");
-    EXPECT_EQ(written.value(written.root(), "NS.objects").value, 2u);
+    EXPECT_EQ(written.value(written.root(), "NS.objects").count(), 2u);
 }
 
 TEST(ArchiveWriter, versionRecord) {
     const Written written(writeDocumentArchive(*Bookmark::initEmpty()));
     const Object record = written.archived(written.element(written.value(written.root(), "NS.objects"), 0));
     EXPECT_EQ(written.className(record), "FileVersion");
-    EXPECT_EQ(written.value(record, "Version").value, 1u);
-    EXPECT_EQ(written.value(record, "SortOrder").value, 0u);
-    EXPECT_EQ(written.value(record, "FileType").value, 1415736430u);
+    EXPECT_EQ(written.value(record, "Version").value(), 1u);
+    EXPECT_EQ(written.value(record, "SortOrder").value(), 0u);
+    EXPECT_EQ(written.value(record, "FileType").value(), 1415736430u);
 }
 
 TEST(ArchiveWriter, nodeHasAllKeysInOrder) {
@@ -94,11 +94,11 @@ TEST(ArchiveWriter, absentTextsDatesAndChildrenAreTheArchiversNull) {
     const Object node = written.archived(written.element(written.value(written.root(), "NS.objects"), 1));
     for (const char* key : {"Name", "URL", "Note", "Tags", "DateAdded", "DateModified", "LastChecked",
                             "LastOpened", "Children"}) {
-        EXPECT_EQ(written.value(node, key).kind, Kind::Uid) << key;
-        EXPECT_EQ(written.value(node, key).value, 0u) << key;
+        EXPECT_EQ(written.value(node, key).kind(), Kind::Uid) << key;
+        EXPECT_EQ(written.value(node, key).value(), 0u) << key;
     }
-    EXPECT_EQ(written.value(node, "Folder").kind, Kind::Boolean);
-    EXPECT_EQ(written.value(node, "Type").kind, Kind::Integer);
+    EXPECT_EQ(written.value(node, "Folder").kind(), Kind::Boolean);
+    EXPECT_EQ(written.value(node, "Type").kind(), Kind::Integer);
 }
 
 TEST(ArchiveWriter, childrenAreAMutableArrayInOrder) {
@@ -113,7 +113,7 @@ TEST(ArchiveWriter, childrenAreAMutableArrayInOrder) {
     const Object list = written.archived(written.value(node, "Children"));
     EXPECT_EQ(written.className(list), "NSMutableArray");
     const Object items = written.value(list, "NS.objects");
-    ASSERT_EQ(items.value, 3u);
+    ASSERT_EQ(items.count(), 3u);
     std::string names;
     for (std::uint64_t i = 0; i < 3; ++i)
         names += BinaryPlist::text(
