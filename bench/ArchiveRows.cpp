@@ -59,7 +59,9 @@ Row openRow(const Sample& sample, const Effort& effort) {
 Row saveRow(const Sample& sample, const Effort& effort) {
     require(writeDocumentArchive(*sample.tree) == sample.archive, "two archives of one tree differ");
 
-    const double ours = fastest(effort.runs, [&] { return writeDocumentArchive(*sample.tree); });
+    // A document that was opened, as those are that people save.
+    const Ref<Bookmark> tree = opened(sample.archive);
+    const double ours = fastest(effort.runs, [&] { return writeDocumentArchive(*tree); });
     const double reading = fastest(effort.runs, [&] { return opened(sample.archive); });
     return {"save a document (nodes to archive)",
             milliseconds(ours),
