@@ -4,6 +4,11 @@
 #include "app/SharedAlerts.h"
 
 namespace tabulon {
+namespace {
+
+constexpr int kToolTipDelay = 10; // milliseconds
+
+} // namespace
 
 AppDelegate::AppDelegate(const Platform& platform, DocumentWindowMaker& windows, std::string version)
     : platform_(platform), version_(std::move(version)), documentController_(platform, windows) {
@@ -15,6 +20,7 @@ AppDelegate::AppDelegate(const Platform& platform, DocumentWindowMaker& windows,
 }
 
 void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& paths) {
+    platform_.base.defaults.setIntegerForKey("NSInitialToolTipDelay", kToolTipDelay);
     for (const std::string& path : paths)
         openFile(path);
     if (!documentController_.documents().empty())

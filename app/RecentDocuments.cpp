@@ -46,6 +46,7 @@ std::string decode(std::string_view text) {
 } // namespace
 
 std::vector<std::string> RecentDocuments::paths() const {
+    state_.refresh();
     std::vector<std::string> paths;
     std::istringstream list(state_.stringForKey(kKey).value_or(""));
     for (std::string word; paths.size() < kMaximum && list >> word;)

@@ -8,8 +8,8 @@
 
 namespace tabulon {
 
-/// Paths are absolute and in the file system's encoding, whatever bytes that holds. Reads the store anew each
-/// time, so that several running programs see each other's files.
+/// Paths are absolute and in the file system's encoding, whatever bytes that holds. The store is refreshed
+/// each time, so that several running programs see each other's files.
 class RecentDocuments {
 public:
     static constexpr std::size_t kMaximum = 10;

@@ -1,10 +1,11 @@
 // The desktop program: builds the services, the windows and the application delegate, and runs them.
 #include "app/AppDelegate.h"
+#include "app/SettingsAlerts.h"
 #include "platform/EnglishTexts.h"
 #include "platform/linux/FileStore.h"
+#include "platform/linux/FileUserDefaults.h"
 #include "platform/linux/QtAlerts.h"
 #include "platform/linux/QtPanels.h"
-#include "platform/linux/QtUserDefaults.h"
 #include "platform/linux/SystemServices.h"
 #include "platform/linux/XdgFolderReferences.h"
 #include "platform/linux/XdgFolders.h"
@@ -12,9 +13,9 @@
 #include "ui/Theme.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QTimer>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -89,13 +90,20 @@ void tellWhyQtGivesUp(QtMsgType type, const QMessageLogContext&, const QString& 
         std::fprintf(stderr, "tabulon: %s\n", message.toLocal8Bit().constData());
 }
 
+void writeFromMainLoop(FileUserDefaults& defaults) {
+    constexpr auto kDelay = std::chrono::seconds(1);
+    defaults.writeSoon = [&defaults, kDelay] { QTimer::singleShot(kDelay, qApp, [&] { defaults.write(); }); };
+}
+
 int runDesktop(QApplication& application, const Arguments& arguments) {
     SystemClock clock;
     StandardErrorLog log;
     EnglishLocalization texts(environmentLocale());
     PosixFileStore files;
-    QtUserDefaults defaults(QDir(settingsFolder()).filePath("tabulon.ini"));
-    QtUserDefaults state(QDir(stateFolder()).filePath("state.ini"));
+    FileUserDefaults defaults(files, settingsFolder() + "/tabulon.ini");
+    FileUserDefaults state(files, stateFolder() + "/state.ini");
+    writeFromMainLoop(defaults);
+    writeFromMainLoop(state);
     XdgFolderReferences folders(defaults, files);
     QtWindows windows;
     const WindowFinder windowFor = [&windows](const Document* document) {
@@ -107,7 +115,14 @@ int runDesktop(QApplication& application, const Arguments& arguments) {
     AppDelegate app(platform, windows, TABULON_VERSION);
     windows.connectTo(app, platform);
     app.stop = [] { QTimer::singleShot(0, qApp, &QCoreApplication::quit); };
-    QTimer::singleShot(0, &application, [&] { app.applicationDidFinishLaunching(arguments.paths); });
+    state.tellProblemsTo([&](const SettingsProblem& problem) { log.log(settingsProblemLine(problem)); });
+    QTimer::singleShot(0, &application, [&] {
+        app.applicationDidFinishLaunching(arguments.paths);
+        defaults.tellProblemsTo([&](const SettingsProblem& problem) {
+            log.log(settingsProblemLine(problem));
+            QTimer::singleShot(0, &application, [&, problem] { settingsProblemAlert(platform, problem); });
+        });
+    });
     return QApplication::exec();
 }
 

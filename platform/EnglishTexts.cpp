@@ -87,6 +87,17 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"SaveDocument", "Save the bookmarks as a document"},
     {"Select", "Select"},
     {"SelectBookmarks", "Select a bookmark file in HTML format"},
+    {"SettingsDamaged", "The settings file was damaged"},
+    {"SettingsDamagedText",
+     "What could be read of it still holds; the other settings are as they were at first. The "
+     "damaged file is now “%@”."},
+    {"SettingsUnreadable", "The settings could not be read"},
+    {"SettingsUnreadableText", "%@ The file was left as it is. Until it can be read, changes to the settings "
+                               "hold only until Tabulon ends."},
+    {"SettingsUnwritable", "The settings could not be saved"},
+    {"SettingsUnwritableText",
+     "%@ Changes to the settings hold until Tabulon ends. It tries again to save them with the "
+     "next change."},
     {"Tags", "Tags"},
     {"TagsLabel", "Tags: %@"},
     {"URL", "URL"},

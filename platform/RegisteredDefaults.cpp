@@ -1,15 +1,13 @@
 // The values that settings have before the user changes anything: one table, the only one.
 #include "platform/UserDefaults.h"
 
+#include <algorithm>
 #include <array>
-#include <utility>
 
 namespace tabulon {
 namespace {
 
-using Entry = std::pair<std::string_view, std::string_view>;
-
-constexpr auto kRegistered = std::to_array<Entry>({
+constexpr auto kRegistered = std::to_array<RegisteredDefault>({
     {"AddDateAddedColumnSearch", "YES"},
     {"AddDateCheckedColumnSearch", "YES"},
     {"AddDateModifiedColumnSearch", "YES"},
@@ -42,7 +40,6 @@ constexpr auto kRegistered = std::to_array<Entry>({
     {"MakeBackups", "YES"},
     {"MarkFolder", "YES"},
     {"MoveLinks", "YES"},
-    {"NSInitialToolTipDelay", "10"},
     {"OpenInBrowser", "YES"},
     {"OpenInCurrent", "YES"},
     {"OpenInHelper", "NO"},
@@ -64,14 +61,19 @@ constexpr auto kRegistered = std::to_array<Entry>({
     {"TagsIndex", "1"},
     {"TagsWidth", "100.0"},
 });
+static_assert(std::ranges::is_sorted(kRegistered, {}, &RegisteredDefault::key));
 
 } // namespace
 
 std::optional<std::string_view> registeredDefault(std::string_view key) {
-    for (const auto& [name, value] : kRegistered)
-        if (name == key)
-            return value;
-    return std::nullopt;
+    const auto* const found = std::ranges::lower_bound(kRegistered, key, {}, &RegisteredDefault::key);
+    if (found == kRegistered.end() || found->key != key)
+        return std::nullopt;
+    return found->value;
+}
+
+std::span<const RegisteredDefault> registeredDefaults() {
+    return kRegistered;
 }
 
 } // namespace tabulon

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstdlib>
+#include <cmath>
 
 namespace tabulon {
 namespace {
@@ -20,11 +20,18 @@ bool isYes(std::string_view text) {
     return equalIgnoringCase(text, "yes") || equalIgnoringCase(text, "true");
 }
 
+// The number that the text begins with, a decimal point whatever the user's language; 0 without one.
+double leadingNumber(std::string_view text) {
+    double number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return std::isfinite(number) ? number : 0; // "nan" and "inf" are words here
+}
+
 } // namespace
 
 bool UserDefaults::boolForKey(std::string_view key) const {
     const auto value = stringForKey(key);
-    return value && (isYes(*value) || std::strtod(value->c_str(), nullptr) != 0);
+    return value && (isYes(*value) || leadingNumber(*value) != 0);
 }
 
 std::int64_t UserDefaults::integerForKey(std::string_view key) const {
@@ -40,11 +47,7 @@ std::int64_t UserDefaults::integerForKey(std::string_view key) const {
 
 double UserDefaults::doubleForKey(std::string_view key) const {
     const auto value = stringForKey(key);
-    if (!value)
-        return 0;
-    double number = 0;
-    std::from_chars(value->data(), value->data() + value->size(), number);
-    return number;
+    return value ? leadingNumber(*value) : 0;
 }
 
 void UserDefaults::setBoolForKey(std::string_view key, bool value) {

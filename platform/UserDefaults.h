@@ -3,18 +3,20 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
 namespace tabulon {
 
 /// Settings are stored as text, the way people write them on a command line: YES and NO, decimal numbers,
-/// strings. The typed readers convert; they never fail.
+/// strings. The typed readers convert; they never fail. Texts are UTF-8, paths are in the file system's
+/// encoding.
 class UserDefaults {
 public:
     virtual ~UserDefaults() = default;
 
-    /// What was set for `key`, else its registered value, else nothing. UTF-8.
+    /// What was set for `key`, else its registered value, else nothing.
     virtual std::optional<std::string> stringForKey(std::string_view key) const = 0;
 
     /// Sets `key` for now and for the runs to come.
@@ -22,6 +24,10 @@ public:
 
     /// Forgets what was set for `key`; its registered value holds again.
     virtual void removeKey(std::string_view key) = 0;
+
+    /// Takes in what other running programs have stored since. For a value that they change as well, to be
+    /// called before it is read and changed.
+    virtual void refresh() = 0;
 
     /// True for YES, true (any case) and for numbers other than 0; false otherwise and when there is no
     /// value.
@@ -38,7 +44,29 @@ public:
     void setDoubleForKey(std::string_view key, double value);
 };
 
-/// The value that `key` has from the start, or nothing. The whole table is in RegisteredDefaults.cpp.
+struct RegisteredDefault {
+    std::string_view key;
+    std::string_view value;
+};
+
+/// The settings that have a value from the start, sorted by key.
+std::span<const RegisteredDefault> registeredDefaults();
+
+/// The value that `key` has from the start, or nothing.
 std::optional<std::string_view> registeredDefault(std::string_view key);
+
+/// What the user has to know about the place where settings are kept.
+struct SettingsProblem {
+    enum class Kind {
+        Damaged,    ///< lines made no sense; the file as it was is now at `keptAs`
+        Unreadable, ///< `reason` tells why; the file stays as it is, changes hold until the program ends
+        Unwritable, ///< `reason` tells why; changes hold until the program ends
+    };
+    Kind kind = Kind::Damaged;
+    std::string path = {};
+    std::string keptAs = {};
+    /// A sentence.
+    std::string reason = {};
+};
 
 } // namespace tabulon

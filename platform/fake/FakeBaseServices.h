@@ -38,6 +38,7 @@ public:
     std::optional<std::string> stringForKey(std::string_view key) const override;
     void setStringForKey(std::string_view key, std::string value) override;
     void removeKey(std::string_view key) override;
+    void refresh() override {}
 
 private:
     std::map<std::string, std::string, std::less<>> values_;

@@ -1,13 +1,12 @@
 #include "platform/linux/XdgFolderReferences.h"
 
-#include <QFile>
-#include <QStandardPaths>
+#include "platform/linux/XdgFolders.h"
 
 namespace tabulon {
 
 std::optional<std::string> XdgFolderReferences::resolve(std::string_view key) {
     std::optional<std::string> path = defaults_.stringForKey(key);
-    if (path && (path->empty() || !files_.fileExists(*path)))
+    if (path && !(path->starts_with('/') && files_.fileExists(*path)))
         return std::nullopt;
     return path;
 }
@@ -17,11 +16,8 @@ void XdgFolderReferences::store(std::string_view key, const std::string& path) {
 }
 
 std::optional<std::string> XdgFolderReferences::documentsFolder() {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    const std::string path = QFile::encodeName(folder).toStdString();
-    if (path.empty() || !files_.fileExists(path))
-        return std::nullopt;
-    return path;
+    std::string folder = tabulon::documentsFolder(files_);
+    return files_.kindOf(folder) == PathKind::Folder ? std::optional(std::move(folder)) : std::nullopt;
 }
 
 } // namespace tabulon

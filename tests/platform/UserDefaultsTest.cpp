@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 namespace tabulon {
 namespace {
 
@@ -12,7 +14,6 @@ TEST(UserDefaults, registeredValuesHoldUntilSet) {
     EXPECT_FALSE(defaults.boolForKey("ExportSortName"));
     EXPECT_EQ(defaults.doubleForKey("FontSize"), 11.0);
     EXPECT_EQ(defaults.integerForKey("TagsIndex"), 1);
-    EXPECT_EQ(defaults.integerForKey("NSInitialToolTipDelay"), 10);
     defaults.setBoolForKey("MakeBackups", false);
     EXPECT_FALSE(defaults.boolForKey("MakeBackups"));
     defaults.removeKey("MakeBackups");
@@ -20,55 +21,71 @@ TEST(UserDefaults, registeredValuesHoldUntilSet) {
 }
 
 TEST(UserDefaults, theWholeTableOfRegisteredValues) {
+    using Table = std::map<std::string_view, std::string_view>;
+    const Table expected = {
+        {"AddDateAddedColumnSearch", "YES"},
+        {"AddDateCheckedColumnSearch", "YES"},
+        {"AddDateModifiedColumnSearch", "YES"},
+        {"AddDateOpenedColumnSearch", "YES"},
+        {"AddNoteColumnSearch", "YES"},
+        {"AddTagsColumn", "NO"},
+        {"AddTagsColumnSearch", "YES"},
+        {"AddURLColumnSearch", "YES"},
+        {"AutoEdit", "YES"},
+        {"AutoStartup", "YES"},
+        {"CommandK", "YES"},
+        {"CommandM", "YES"},
+        {"CommandOptionK", "NO"},
+        {"CommandOptionU", "YES"},
+        {"CommandShiftU", "NO"},
+        {"CopyFormat", "0"},
+        {"DockMenu", "NO"},
+        {"DuplicateLinks", "YES"},
+        {"ExportName", "YES"},
+        {"ExportNote", "YES"},
+        {"ExportSortName", "NO"},
+        {"ExportTags", "YES"},
+        {"ExportURL", "YES"},
+        {"FontSize", "11.0"},
+        {"HideWindows", "NO"},
+        {"HistoryShow", "NO"},
+        {"HistoryStatus", "NO"},
+        {"IgnoreCase", "YES"},
+        {"LastOpened", "NO"},
+        {"MakeBackups", "YES"},
+        {"MarkFolder", "YES"},
+        {"MoveLinks", "YES"},
+        {"OpenInBrowser", "YES"},
+        {"OpenInCurrent", "YES"},
+        {"OpenInHelper", "NO"},
+        {"OpenInNewTab", "NO"},
+        {"OpenInNewWindow", "NO"},
+        {"OpenUntitled", "YES"},
+        {"RememberDesktop", "YES"},
+        {"RowHeight", "17.0"},
+        {"SaveAsHTML", "NO"},
+        {"SharedMenu", "YES"},
+        {"ShowBalloonNote", "YES"},
+        {"ShowBalloonTags", "YES"},
+        {"ShowBalloonURL", "YES"},
+        {"ShowMarks", "NO"},
+        {"SkipFolders", "YES"},
+        {"SkipSeparators", "YES"},
+        {"SkipWindow", "NO"},
+        {"SortImmediately", "NO"},
+        {"TagsIndex", "1"},
+        {"TagsWidth", "100.0"},
+    };
+    Table registered;
+    for (const auto& [key, value] : registeredDefaults())
+        registered.emplace(key, value);
+    EXPECT_EQ(registered, expected);
     const MemoryUserDefaults defaults;
-    for (const char* yes : {"MoveLinks",
-                            "DuplicateLinks",
-                            "CommandK",
-                            "CommandOptionU",
-                            "CommandM",
-                            "OpenUntitled",
-                            "OpenInBrowser",
-                            "OpenInCurrent",
-                            "ShowBalloonNote",
-                            "ShowBalloonTags",
-                            "ShowBalloonURL",
-                            "RememberDesktop",
-                            "MakeBackups",
-                            "SharedMenu",
-                            "AutoStartup",
-                            "ExportName",
-                            "ExportURL",
-                            "ExportTags",
-                            "ExportNote",
-                            "SkipFolders",
-                            "SkipSeparators",
-                            "AutoEdit",
-                            "IgnoreCase",
-                            "MarkFolder",
-                            "AddTagsColumnSearch",
-                            "AddNoteColumnSearch",
-                            "AddURLColumnSearch",
-                            "AddDateAddedColumnSearch",
-                            "AddDateModifiedColumnSearch",
-                            "AddDateCheckedColumnSearch",
-                            "AddDateOpenedColumnSearch"}) {
-        EXPECT_TRUE(registeredDefault(yes)) << yes;
-        EXPECT_TRUE(defaults.boolForKey(yes)) << yes;
+    for (const auto& [key, value] : expected) {
+        EXPECT_EQ(registeredDefault(key), value);
+        EXPECT_EQ(defaults.stringForKey(key), value);
+        EXPECT_EQ(defaults.boolForKey(key), value != "NO" && value != "0") << key;
     }
-    for (const char* no :
-         {"ShowMarks", "CommandOptionK", "CommandShiftU", "DockMenu", "LastOpened", "OpenInHelper",
-          "OpenInNewTab", "OpenInNewWindow", "HistoryStatus", "HistoryShow", "HideWindows", "ExportSortName",
-          "SaveAsHTML", "SkipWindow", "AddTagsColumn", "SortImmediately"}) {
-        EXPECT_TRUE(registeredDefault(no)) << no;
-        EXPECT_FALSE(defaults.boolForKey(no)) << no;
-    }
-    for (const char* none : {"CommandShiftM", "IncludeHistory", "ColumnSort", "SuppressColumnSortSheet",
-                             "SharedTabWindow", "FontName", "CabinetFolderBookmark", "StartupItemsBookmark",
-                             "BackupFolderBookmark", "ExportHTMLBookmark", "PrefTabIndex", "suppressAccess"})
-        EXPECT_FALSE(registeredDefault(none)) << none;
-    EXPECT_EQ(defaults.integerForKey("CopyFormat"), 0);
-    EXPECT_EQ(defaults.doubleForKey("RowHeight"), 17.0);
-    EXPECT_EQ(defaults.doubleForKey("TagsWidth"), 100.0);
 }
 
 TEST(UserDefaults, keysWithoutAValueReadAsNoZeroAndAbsent) {
@@ -85,7 +102,7 @@ TEST(UserDefaults, textsConvertTheWayPeopleWriteThem) {
         defaults.setStringForKey("k", yes);
         EXPECT_TRUE(defaults.boolForKey("k")) << yes;
     }
-    for (const char* no : {"NO", "no", "false", "0", "", "maybe"}) {
+    for (const char* no : {"NO", "no", "false", "0", "", "maybe", "nan", "inf", "0.0", "yes please"}) {
         defaults.setStringForKey("k", no);
         EXPECT_FALSE(defaults.boolForKey("k")) << no;
     }

@@ -1,0 +1,87 @@
+// The user's folders, and folders that were chosen once and may be gone.
+#include "platform/linux/XdgFolders.h"
+
+#include "platform/fake/FakeBaseServices.h"
+#include "platform/fake/MemoryFileStore.h"
+#include "platform/linux/XdgFolderReferences.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+namespace tabulon {
+namespace {
+
+class XdgFoldersTest : public testing::Test {
+protected:
+    void SetUp() override {
+        ::setenv("HOME", "/home/ada", 1);
+        for (const char* variable : {"XDG_CONFIG_HOME", "XDG_STATE_HOME"})
+            ::unsetenv(variable);
+    }
+
+    MemoryFileStore files;
+    MemoryUserDefaults defaults;
+    XdgFolderReferences folders{defaults, files};
+};
+
+TEST_F(XdgFoldersTest, variablesNameTheFoldersUnlessTheyAreRelative) {
+    EXPECT_EQ(settingsFolder(), "/home/ada/.config/tabulon");
+    EXPECT_EQ(stateFolder(), "/home/ada/.local/state/tabulon");
+    ::setenv("XDG_CONFIG_HOME", "/elsewhere", 1);
+    ::setenv("XDG_STATE_HOME", "relative", 1);
+    EXPECT_EQ(settingsFolder(), "/elsewhere/tabulon");
+    EXPECT_EQ(stateFolder(), "/home/ada/.local/state/tabulon");
+    ::unsetenv("HOME");
+    EXPECT_TRUE(stateFolder().starts_with('/')) << "the home folder of the user's account";
+}
+
+TEST_F(XdgFoldersTest, theDesktopsListNamesTheDocumentsFolder) {
+    EXPECT_EQ(documentsFolder(files), "/home/ada/Documents");
+    std::string& list = files.files["/home/ada/.config/user-dirs.dirs"];
+    list = "# XDG_DOCUMENTS_DIR=\"/no\"\nXDG_MUSIC_DIR=\"$HOME/Musik\"\nXDG_DOCUMENTS_DIR=\"$HOME/Meine "
+           "\\\"Dokumente\\\"\"\n";
+    EXPECT_EQ(documentsFolder(files), "/home/ada/Meine \"Dokumente\"");
+    list = "XDG_DOCUMENTS_DIR=\"/data/papers/\"";
+    EXPECT_EQ(documentsFolder(files), "/data/papers");
+    list = "XDG_DOCUMENTS_DIR=\"$HOME/\"\n";
+    EXPECT_EQ(documentsFolder(files), "/home/ada");
+    list = "XDG_DOCUMENTS_DIR=\"papers\"\n";
+    EXPECT_EQ(documentsFolder(files), "/home/ada/Documents");
+}
+
+TEST_F(XdgFoldersTest, aDocumentsFolderThatIsNotThereIsNone) {
+    EXPECT_EQ(folders.documentsFolder(), std::nullopt);
+    files.folders.insert("/home/ada/Documents");
+    EXPECT_EQ(folders.documentsFolder(), "/home/ada/Documents");
+}
+
+TEST_F(XdgFoldersTest, aChosenFolderIsKeptAsAPlainPathAndResolvedWhileItIsThere) {
+    EXPECT_EQ(folders.resolve("BackupFolderBookmark"), std::nullopt);
+    files.folders.insert("/media/stick/backups");
+    folders.store("BackupFolderBookmark", "/media/stick/backups");
+    EXPECT_EQ(defaults.stringForKey("BackupFolderBookmark"), "/media/stick/backups");
+    EXPECT_EQ(folders.resolve("BackupFolderBookmark"), "/media/stick/backups");
+    files.folders.clear();
+    EXPECT_EQ(folders.resolve("BackupFolderBookmark"), std::nullopt) << "gone";
+    EXPECT_EQ(defaults.stringForKey("BackupFolderBookmark"), "/media/stick/backups") << "but not forgotten";
+    files.folders.insert("/media/stick/backups");
+    EXPECT_EQ(folders.resolve("BackupFolderBookmark"), "/media/stick/backups") << "and back again";
+}
+
+TEST_F(XdgFoldersTest, aPathThatIsNotAbsoluteResolvesToNothing) {
+    for (const char* path : {"", "backups", "./backups"}) {
+        files.folders.insert(path);
+        defaults.setStringForKey("StartupItemsBookmark", path);
+        EXPECT_EQ(folders.resolve("StartupItemsBookmark"), std::nullopt) << path;
+    }
+}
+
+TEST_F(XdgFoldersTest, anHTMLCopyIsAFile) {
+    files.files["/home/ada/public/links.html"] = "";
+    folders.store("ExportHTMLBookmark", "/home/ada/public/links.html");
+    EXPECT_EQ(folders.resolve("ExportHTMLBookmark"), "/home/ada/public/links.html");
+}
+
+} // namespace
+} // namespace tabulon
