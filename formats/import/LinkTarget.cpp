@@ -27,8 +27,10 @@ const LinkTarget* LinkTargets::next(std::size_t from) {
 
 const LinkTarget* LinkTargets::withAddressAt(std::size_t anchor, std::size_t begin) {
     last_.anchor = anchor;
-    if (begin == addressBegin_)
-        return &last_;
+    if (begin == addressBegin_) {
+        repeatedBytes_ += last_.address.view().size();
+        return repeatedBytes_ > kMostRepeatedBytes ? nullptr : &last_;
+    }
     const std::size_t end = bytes_.find('"', begin);
     if (end == ScannedBytes::npos)
         return nullptr;

@@ -24,10 +24,15 @@ struct LinkTarget {
 /// after each of them, is searched, decoded and classified once, and its text is shared.
 class LinkTargets {
 public:
+    /// So many bytes of addresses that were given before are given again, over all links. The tree would
+    /// otherwise stand for the square of the file: a document or an export writes each of them out.
+    static constexpr std::size_t kMostRepeatedBytes = std::size_t{1} << 28;
+
     LinkTargets(const ScannedBytes& bytes, const ScannedTexts& texts) : bytes_(bytes), texts_(texts) {}
 
     /// The target of the first "<A" at or after `from` whose address is no in-page anchor ("#…"), or null
-    /// when the bytes end before its address does. Valid until the next call.
+    /// when the bytes end before its address does or too many addresses were repeated. Valid until the next
+    /// call.
     const LinkTarget* next(std::size_t from);
 
 private:
@@ -38,6 +43,7 @@ private:
     RememberedSearch href_;
     RememberedSearch openingQuote_;
     std::size_t addressBegin_ = ScannedBytes::npos;
+    std::size_t repeatedBytes_ = 0;
     LinkTarget last_;
 };
 

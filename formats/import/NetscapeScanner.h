@@ -15,7 +15,9 @@ class NetscapeScanner {
 public:
     /// Scans `bytes`, which should be UTF-8 (malformed parts decode to U+FFFD), and gives the new root folder
     /// "Master" with what was found; no children when there was nothing. Damaged input ends the scan early
-    /// and keeps what there was. Time and memory are linear in the size of `bytes`; nothing is kept of it.
+    /// and keeps what there was; so do links that repeat a far address (the next one for each of them) beyond
+    /// `LinkTargets::kMostRepeatedBytes`. Time and memory are linear in the size of `bytes`; nothing is kept
+    /// of it.
     Ref<Bookmark> scan(std::string_view bytes, const BaseServices& services);
 
 private:

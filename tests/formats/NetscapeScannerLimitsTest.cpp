@@ -1,5 +1,6 @@
 // Hostile files: time and memory stay linear, no byte outside the file is read, depth does not matter. Time
 // is counted in bytes gone over, not in seconds, so that these tests mean the same on every machine.
+#include "formats/import/LinkTarget.h"
 #include "formats/import/NetscapeScan.h"
 #include "formats/import/NetscapeScanner.h"
 #include "platform/fake/FakeBaseServices.h"
@@ -40,13 +41,31 @@ protected:
 };
 
 TEST_F(NetscapeScannerLimits, linksThatShareAFarAddressNeitherSearchNorCopyItAgain) {
-    const std::string file = repeated("<DT><A\t", kMany) + "HREF=\"" + std::string(1 << 20, 'x') + "\"";
+    const std::string file = repeated("<DT><A\t", kMany) + "HREF=\"" + std::string(4000, 'x') + "\"";
     const Ref<Bookmark> root = scan(file);
     // Every second token is passed over: the cursor stands inside it.
     ASSERT_EQ(root->getChildren()->size(), kMany / 2);
     for (const Bookmark* link : *root->getChildren())
         ASSERT_TRUE(link->itemURL().sharesBytesWith(root->getChild()->itemURL()));
     EXPECT_LE(passes, 6);
+}
+
+// Each link stands for the whole address wherever the tree is written, so that a file of some megabytes would
+// become a document of terabytes.
+TEST_F(NetscapeScannerLimits, addressesThatAreRepeatedTooOftenEndTheScan) {
+    constexpr std::size_t kLength = 1 << 20;
+    const std::string address = "HREF=\"" + std::string(kLength, 'x') + "\"";
+    const std::size_t most = LinkTargets::kMostRepeatedBytes / kLength + 1;
+    const std::string token = "<DT><A\t...";
+    const std::string rest = "<DT><A HREF=\"u\">n</A>";
+    EXPECT_EQ(scan(repeated(token, most) + address + rest)->getChildren()->size(), most + 1);
+    EXPECT_EQ(scan(repeated(token, most + 1) + address + rest)->getChildren()->size(), most)
+        << "what came before is kept, what follows is not read";
+}
+
+TEST_F(NetscapeScannerLimits, shortAddressesAreRepeatedForEveryLink) {
+    const Ref<Bookmark> root = scan(repeated("<DT><A\t...", 10 * kMany) + "HREF=\"http://a.example/\"");
+    EXPECT_EQ(root->getChildren()->size(), 10 * kMany);
 }
 
 TEST_F(NetscapeScannerLimits, everyKindOfSearchIsLinear) {
@@ -57,7 +76,9 @@ TEST_F(NetscapeScannerLimits, everyKindOfSearchIsLinear) {
     } cases[] = {
         {"the quote is far", repeated("<DT><A\t.HREF", kMany) + far + "\"u\""},
         {"the address ends far away and has an @ at its end",
-         repeated("<DT><A\t", kMany) + "HREF=\"" + far + "@\""},
+         repeated("<DT><A\t", 500) + "HREF=\"" + far + "@\""},
+        {"many links share a long address",
+         repeated("<DT><A\t", kMany) + "HREF=\"" + std::string(5000, ' ') + "@\"" + far},
         {"the anchor is far", repeated("<D..xA", kMany) + far + "<A\tHREF=\"u\""},
         {"no anchor", repeated("<D..xA", kMany) + far},
         {"no address", repeated("<DT><A\t...", kMany) + far},
