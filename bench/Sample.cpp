@@ -40,7 +40,7 @@ Ref<Bookmark> opened(std::string_view archive) {
 }
 
 std::string exported(const Bookmark& tree) {
-    return exportToHTML(tree, {});
+    return exportToHTML(tree, {}).value();
 }
 
 TemporaryFile::TemporaryFile(std::string_view extension, std::string_view bytes)

@@ -14,8 +14,6 @@ struct Exporter {
 };
 
 Result<std::string> exportHTML(const Bookmark& master, const BaseServices& services) {
-    if (const Result<void> possible = checkHTMLExport(master); !possible)
-        return tl::unexpected(possible.error());
     const Collation collation(services.texts.locale());
     const bool sorted = services.defaults.boolForKey("ExportSortName");
     return exportToHTML(master, {.sortByName = sorted ? &collation : nullptr});

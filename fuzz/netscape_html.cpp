@@ -50,7 +50,7 @@ Ref<Bookmark> scanned(std::string_view bytes, Ref<Bookmark>& lastItem) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Ref<Bookmark> lastItem;
     const Ref<Bookmark> root = scanned({reinterpret_cast<const char*>(data), size}, lastItem);
-    const std::string html = exportToHTML(*root, {});
+    const std::string html = exportToHTML(*root, {}).value();
     require(isValidUtf8(html));
     scanned(html, lastItem);
     return 0;

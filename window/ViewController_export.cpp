@@ -6,8 +6,6 @@
 namespace tabulon {
 
 Result<std::string> ViewController::exportToHTML() const {
-    if (const Result<void> possible = checkHTMLExport(getMaster()); !possible)
-        return tl::unexpected(possible.error());
     if (!platform_.base.defaults.boolForKey("ExportSortName"))
         return tabulon::exportToHTML(getMaster(), {});
     const Collation collation(platform_.base.texts.locale());

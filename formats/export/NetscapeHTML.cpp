@@ -42,17 +42,29 @@ void appendDate(std::string& text, Date date) {
     text.append(digits, written.ptr);
 }
 
+// Whether a link has a line of its own, besides that of its note.
+bool isWritten(const Bookmark& link) {
+    return !link.itemURL().isNull() && !link.itemName().isNull();
+}
+
+tl::unexpected<Error> tooLarge() {
+    return failure("The bookmarks are too many or too long for one HTML file.");
+}
+
 // One export. The open lists are a stack: `levels_` has for each the place in `pending_` below which its own
 // nodes begin, so its size is the level of the nodes in the innermost list. `pending_` has the nodes still to
 // be written, the next one last.
 class HTMLExport {
 public:
-    explicit HTMLExport(const HTMLExportOptions& options) : sortByName_(options.sortByName) {}
+    explicit HTMLExport(const HTMLExportOptions& options)
+        : sortByName_(options.sortByName), mostBytes_(options.mostBytes) {}
 
-    std::string run(const Bookmark& master) {
+    Result<std::string> run(const Bookmark& master) {
         text_ = kHeader;
         beginList(master);
         while (!levels_.empty()) {
+            if (text_.size() > mostBytes_)
+                return tooLarge();
             if (pending_.size() == levels_.back()) {
                 endList();
                 continue;
@@ -61,6 +73,8 @@ public:
             pending_.pop_back();
             writeNode(node);
         }
+        if (text_.size() > mostBytes_)
+            return tooLarge();
         return std::move(text_);
     }
 
@@ -127,7 +141,7 @@ private:
     }
 
     void writeLink(const Bookmark& link) {
-        if (!link.itemURL().isNull() && !link.itemName().isNull()) {
+        if (isWritten(link)) {
             doIndent(text_, level());
             text_ += "<DT><A HREF=\"";
             text_ += link.itemURL().view();
@@ -155,31 +169,39 @@ private:
     }
 
     const Collation* sortByName_;
+    std::size_t mostBytes_;
     std::string text_;
     std::vector<const Bookmark*> pending_;
     std::vector<std::size_t> levels_;
 };
 
-} // namespace
+// The tabs on the lines of a node that stands at `level`, those of its list included.
+std::uint64_t indentsOf(const Bookmark& node, std::uint64_t level) {
+    if (node.isSeparator())
+        return node.isFolder() && node.hasChildren() ? 3 * level : level;
+    if (node.isFolder())
+        return (node.itemName().isEmpty() ? 0 : level) + (node.hasChildren() ? 2 * level : level + 1);
+    return (isWritten(node) ? level : 0) + (node.itemNote().isEmpty() ? 0 : level);
+}
 
-Result<void> checkHTMLExport(const Bookmark& master) {
+std::uint64_t indentsBelow(const Bookmark& master) {
     std::uint64_t level = 1;
     std::uint64_t indents = 0;
-    const auto enter = [&](Bookmark& node) {
-        indents += level;
+    const auto enter = [&](const Bookmark& node) {
+        indents += indentsOf(node, level);
         const bool descend = node.isFolder() && node.getChildren();
         level += descend ? 1 : 0;
         return descend;
     };
-    walkBelow(master, enter, [&](Bookmark&) { --level; });
-    if (indents > kMostIndentBytes)
-        return failure(
-            "The folders are nested too deep for an HTML file: its indents alone would take more than a "
-            "gigabyte.");
-    return {};
+    walkBelow(master, enter, [&](const Bookmark&) { --level; });
+    return indents;
 }
 
-std::string exportToHTML(const Bookmark& master, const HTMLExportOptions& options) {
+} // namespace
+
+Result<std::string> exportToHTML(const Bookmark& master, const HTMLExportOptions& options) {
+    if (indentsBelow(master) > options.mostBytes)
+        return failure("The folders are nested too deep for an HTML file: its indents alone would fill it.");
     return HTMLExport(options).run(master);
 }
 

@@ -6,24 +6,25 @@
 #include "model/Collation.h"
 #include "model/Error.h"
 
-#include <cstdint>
+#include <cstddef>
 #include <string>
 
 namespace tabulon {
 
+/// No file is larger. The indents grow with the square of the depth, and nodes can share a long text: without
+/// a limit, a small document could fill any memory.
+inline constexpr std::size_t kMostHTMLBytes = std::size_t{1} << 31;
+
 struct HTMLExportOptions {
     /// Sort every level by name with this collation; null keeps the tree's order. Not owned.
     const Collation* sortByName = nullptr;
+    std::size_t mostBytes = kMostHTMLBytes;
 };
-
-/// Fails with a sentence for a tree that is nested so deep that its indents alone would fill more than
-/// `kMostIndentBytes`: the file grows with the square of the depth.
-Result<void> checkHTMLExport(const Bookmark& master);
-inline constexpr std::uint64_t kMostIndentBytes = std::uint64_t{1} << 30;
 
 /// The whole file for the children of `master`, UTF-8, every line ended by a line feed. Tags, label, browser,
 /// flags, status, last-checked and last-opened dates are not written. Linear (n log n when sorting), without
-/// recursion.
-std::string exportToHTML(const Bookmark& master, const HTMLExportOptions& options);
+/// recursion. Fails with a sentence when the file would be larger than `mostBytes`; before any work when its
+/// indents alone are.
+Result<std::string> exportToHTML(const Bookmark& master, const HTMLExportOptions& options);
 
 } // namespace tabulon

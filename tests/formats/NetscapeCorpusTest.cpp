@@ -33,7 +33,7 @@ TEST_F(NetscapeCorpus, everyFileGivesTheExpectedTree) {
 
 TEST_F(NetscapeCorpus, ourOwnExportIsTheFileItWasScannedFrom) {
     const std::string html = contentOf(fs::path(TABULON_CORPUS_DIR) / "netscape-html/tabulon/input.html");
-    EXPECT_EQ(exportToHTML(*scan(html), {}), html);
+    EXPECT_EQ(exportToHTML(*scan(html), {}).value(), html);
 }
 
 } // namespace

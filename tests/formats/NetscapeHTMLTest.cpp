@@ -51,7 +51,7 @@ protected:
 
     // What follows the header.
     std::string body(const HTMLExportOptions& options = {}) {
-        const std::string html = exportToHTML(*master, options);
+        const std::string html = exportToHTML(*master, options).value();
         EXPECT_EQ(html.substr(0, kHeader.size()), kHeader);
         return html.substr(std::min(kHeader.size(), html.size()));
     }
@@ -67,8 +67,8 @@ protected:
 };
 
 TEST_F(NetscapeHTML, anEmptyMasterGivesTheFiveHeaderLinesOnly) {
-    EXPECT_EQ(exportToHTML(*master, {}), kHeader);
-    EXPECT_EQ(exportToHTML(*Bookmark::initEmpty(), {}), kHeader) << "also without a child list";
+    EXPECT_EQ(exportToHTML(*master, {}).value(), kHeader);
+    EXPECT_EQ(exportToHTML(*Bookmark::initEmpty(), {}).value(), kHeader) << "also without a child list";
 }
 
 TEST_F(NetscapeHTML, aWholeTreeIsIndentedByItsLevels) {
@@ -144,6 +144,25 @@ TEST_F(NetscapeHTML, onlyLinksHaveTheirNoteWritten) {
     addSeparator(*master).setItemNote("of the separator");
     EXPECT_EQ(body().find("of the"), std::string::npos);
     EXPECT_EQ(body().find("tag"), std::string::npos);
+}
+
+TEST_F(NetscapeHTML, tagsCodesAndTheOtherDatesAreNotWritten) {
+    Bookmark& link = addLink(*master, "n", "u");
+    Bookmark& folder = addFolder(*master, "f");
+    const std::string plain = body();
+    for (Bookmark* node : {&link, &folder}) {
+        node->setItemTags("tag");
+        node->setLabel(3);
+        node->setFlags(15);
+        node->setStatus(5);
+        node->setItemBrowser(10);
+        node->setAutoTab(true);
+        node->setShowHier(true);
+        node->setItemLastChecked(Date::fromUnixSeconds(30));
+        node->setItemLastOpened(Date::fromUnixSeconds(40));
+    }
+    link.setType(kMailType);
+    EXPECT_EQ(body(), plain);
 }
 
 TEST_F(NetscapeHTML, theNameIsEscapedAndTheURLIsNot) {
@@ -295,6 +314,31 @@ TEST_F(NetscapeHTML, aTreeFiveThousandDeepIsExported) {
     EXPECT_EQ(html.size(), tabs + lines);
     const std::size_t separator = html.find("<HR>\n");
     EXPECT_EQ(separator - html.rfind('\n', separator) - 1, kDepth + 1);
+}
+
+TEST_F(NetscapeHTML, aFileLargerThanItMayBeIsRefused) {
+    addLink(addFolder(*master, "f"), "n", "u");
+    const std::size_t size = kHeader.size() + body().size();
+    EXPECT_TRUE(exportToHTML(*master, {.mostBytes = size}));
+    const auto refused = exportToHTML(*master, {.mostBytes = size - 1});
+    ASSERT_FALSE(refused);
+    EXPECT_EQ(refused.error().message, "The bookmarks are too many or too long for one HTML file.");
+}
+
+TEST_F(NetscapeHTML, aLongTextThatManyLinksShareFillsNoMoreThanTheFileMayHave) {
+    const Text shared(std::string(1 << 20, 'x'));
+    for (int i = 0; i < 100000; ++i)
+        addLink(*master, "n", shared);
+    EXPECT_FALSE(exportToHTML(*master, {.mostBytes = 1 << 24}));
+}
+
+TEST_F(NetscapeHTML, aTreeTwoHundredThousandDeepIsRefusedAtOnce) {
+    Bookmark* folder = master.get();
+    for (int i = 0; i < 200000; ++i)
+        folder = &addFolder(*folder, "f");
+    const auto refused = exportToHTML(*master, {});
+    ASSERT_FALSE(refused);
+    EXPECT_NE(refused.error().message.find("nested too deep"), std::string::npos);
 }
 
 TEST_F(NetscapeHTML, aLargeFlatListIsExportedInOrder) {

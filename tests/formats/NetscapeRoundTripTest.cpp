@@ -93,7 +93,7 @@ TEST_F(NetscapeRoundTrip, anExportIsScannedToTheSameTree) {
     const double now = fakes.now().unixSeconds();
     for (unsigned seed = 0; seed < 300; ++seed) {
         const Ref<Bookmark> tree = TreeMaker(seed).tree(static_cast<int>(seed));
-        const std::string html = exportToHTML(*tree, {});
+        const std::string html = exportToHTML(*tree, {}).value();
         ASSERT_EQ(test::treeText(withoutIndents(test::treeLines(*scan(html))), now),
                   test::treeText(afterTheWay(test::treeLines(*tree)), now))
             << html;
@@ -101,19 +101,19 @@ TEST_F(NetscapeRoundTrip, anExportIsScannedToTheSameTree) {
 }
 
 TEST_F(NetscapeRoundTrip, aNoteGainsTheIndentOfTheNextLine) {
-    EXPECT_EQ(scanText(exportToHTML(*scan("<DT><A HREF=\"u\">n</A><DD>note<"), {})),
+    EXPECT_EQ(scanText(exportToHTML(*scan("<DT><A HREF=\"u\">n</A><DD>note<"), {}).value()),
               "link \"n\" <u> added 0 note \"note\"\n")
         << "the list ends without an indent: only its line end stands there, and that is left out";
-    EXPECT_EQ(scanText(exportToHTML(*scan("<DT><A HREF=\"u\">n</A><DD>note<HR></DL>"), {})),
+    EXPECT_EQ(scanText(exportToHTML(*scan("<DT><A HREF=\"u\">n</A><DD>note<HR></DL>"), {}).value()),
               "link \"n\" <u> added 0 note \"note\\x0A\\x09\"\nseparator null added now\n");
 }
 
 TEST_F(NetscapeRoundTrip, separatorsAndEmptyFoldersComeBack) {
-    const std::string html = exportToHTML(
-        *scan(
-            "<DT><H3 ADD_DATE=\"1\">a</H3><DT><H3 ADD_DATE=\"2\">b</H3><DL><HR><DT><H3 ADD_DATE=\"3\">c</H3>"
-            "</DL><HR></DL>"),
-        {});
+    const std::string html = exportToHTML(*scan("<DT><H3 ADD_DATE=\"1\">a</H3><DT><H3 "
+                                                "ADD_DATE=\"2\">b</H3><DL><HR><DT><H3 ADD_DATE=\"3\">c</H3>"
+                                                "</DL><HR></DL>"),
+                                          {})
+                                 .value();
     EXPECT_EQ(scanText(html), "folder \"a\" added 1\n"
                               "folder \"b\" added 2\n"
                               "  separator null added now\n"
@@ -121,8 +121,8 @@ TEST_F(NetscapeRoundTrip, separatorsAndEmptyFoldersComeBack) {
                               "separator null added now\n");
 }
 
-TEST_F(NetscapeRoundTrip, exportAgreesWithTheLiteralOneOnOddTrees) {
-    std::mt19937 random(6);
+// Any mixture of kinds, texts and dates, also such as no file gives.
+Ref<Bookmark> oddTree(std::mt19937& random) {
     const Text texts[] = {nullptr, "", "n", "a&b", "<\"'>\t\r\n", "é"};
     const auto text = [&] { return texts[random() % std::size(texts)]; };
     const auto date = [&]() -> Date {
@@ -130,23 +130,54 @@ TEST_F(NetscapeRoundTrip, exportAgreesWithTheLiteralOneOnOddTrees) {
         const std::size_t which = random() % (std::size(kSeconds) + 1);
         return which == std::size(kSeconds) ? Date() : Date::fromUnixSeconds(kSeconds[which]);
     };
+    std::vector<Ref<Bookmark>> nodes{Bookmark::initEmpty()};
+    for (std::size_t count = random() % 20; count > 0; --count) {
+        Ref<Bookmark> node = Bookmark::initEmpty();
+        if (random() % 3 == 0)
+            node->makeParent();
+        node->setItemFolder(node->isFolder() || random() % 10 == 0);
+        node->setType(random() % 5 == 0 ? kSeparatorType : kWebType);
+        node->setItemName(text());
+        node->setItemURL(text());
+        node->setItemNote(text());
+        node->setItemDateAdded(date());
+        node->setItemDateModified(date());
+        nodes[random() % nodes.size()]->addChild(node);
+        nodes.push_back(std::move(node));
+    }
+    return nodes.front();
+}
+
+TEST_F(NetscapeRoundTrip, exportAgreesWithTheLiteralOneOnOddTrees) {
+    std::mt19937 random(6);
     for (int round = 0; round < 3000; ++round) {
-        std::vector<Ref<Bookmark>> nodes{Bookmark::initEmpty()};
-        for (std::size_t count = random() % 20; count > 0; --count) {
-            Ref<Bookmark> node = Bookmark::initEmpty();
-            if (random() % 3 == 0)
-                node->makeParent();
-            node->setItemFolder(node->isFolder() || random() % 10 == 0);
-            node->setType(random() % 5 == 0 ? kSeparatorType : kWebType);
-            node->setItemName(text());
-            node->setItemURL(text());
-            node->setItemNote(text());
-            node->setItemDateAdded(date());
-            node->setItemDateModified(date());
-            nodes[random() % nodes.size()]->addChild(node);
-            nodes.push_back(std::move(node));
-        }
-        ASSERT_EQ(exportToHTML(*nodes.front(), {}), test::literalExport(*nodes.front()));
+        const Ref<Bookmark> tree = oddTree(random);
+        ASSERT_EQ(exportToHTML(*tree, {}).value(), test::literalExport(*tree));
+    }
+}
+
+std::size_t indentsIn(const std::string& html) {
+    std::size_t tabs = 0;
+    bool atLineStart = true;
+    for (const char c : html) {
+        tabs += atLineStart && c == '\t' ? 1 : 0;
+        atLineStart = c == '\n' || (atLineStart && c == '\t');
+    }
+    return tabs;
+}
+
+TEST_F(NetscapeRoundTrip, indentsAreCountedBeforeTheyAreWritten) {
+    std::mt19937 random(7);
+    for (int round = 0; round < 1000; ++round) {
+        const Ref<Bookmark> tree = oddTree(random);
+        const std::size_t indents = indentsIn(test::literalExport(*tree));
+        if (indents == 0)
+            continue;
+        const auto reason = [&](std::size_t mostBytes) {
+            return exportToHTML(*tree, {.mostBytes = mostBytes}).error().message;
+        };
+        ASSERT_NE(reason(indents - 1).find("nested too deep"), std::string::npos);
+        ASSERT_NE(reason(indents).find("too many or too long"), std::string::npos);
     }
 }
 
