@@ -21,6 +21,7 @@ AppDelegate::AppDelegate(const Platform& platform, DocumentWindowMaker& windows,
 
 void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& paths) {
     platform_.base.defaults.setIntegerForKey("NSInitialToolTipDelay", kToolTipDelay);
+    documentController_.recoverUnsavedDocuments();
     for (const std::string& path : paths)
         openFile(path);
     if (!documentController_.documents().empty())
@@ -36,6 +37,12 @@ void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& 
 bool AppDelegate::applicationShouldOpenUntitledFile() const {
     const UserDefaults& defaults = platform_.base.defaults;
     return !defaults.stringForKey("OpenUntitled") || defaults.boolForKey("OpenUntitled");
+}
+
+void AppDelegate::sessionWillEnd() {
+    documentController_.autosaveAllDocuments();
+    if (stop)
+        stop();
 }
 
 void AppDelegate::terminate() {

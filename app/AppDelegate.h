@@ -26,12 +26,17 @@ public:
 
     // Start and end
 
-    /// Opens what the program was started with. Without files, or when none could be opened, an untitled
-    /// document comes up if `applicationShouldOpenUntitledFile` says so, else the open panel; cancelling that
-    /// ends the program.
+    /// Opens what an earlier run could not save and what the program was started with. Without either, or
+    /// when none could be opened, an untitled document comes up if `applicationShouldOpenUntitledFile` says
+    /// so, else the open panel; cancelling that ends the program.
     void applicationDidFinishLaunching(const std::vector<std::string>& paths);
     /// The setting "OpenUntitled", YES where it has no value.
     bool applicationShouldOpenUntitledFile() const;
+    /// Another program comes to the front: what has changes is saved.
+    void applicationWillResignActive() { documentController_.autosaveAllDocuments(); }
+    /// The session ends, or the system ends the program: saves what has changes and ends without a question.
+    /// Documents without a file are there again at the next start.
+    void sessionWillEnd();
     /// Closes everything, asking about unsaved changes, and ends the program unless the user cancels.
     void terminate();
     /// Ends the program's main loop; called once, after the last document was closed.

@@ -9,7 +9,8 @@
 namespace tabulon {
 
 DocumentController::DocumentController(const Platform& platform, DocumentWindowMaker& windows)
-    : platform_(platform), windows_(windows), recentDocuments_(platform.state) {
+    : platform_(platform), windows_(windows), recentDocuments_(platform.state),
+      unsaved_(platform.files, platform.recovery) {
     addActions();
 }
 
@@ -59,6 +60,7 @@ Document* DocumentController::display(std::unique_ptr<OpenDocument> opened) {
     documents_.push_back(std::move(opened));
     OpenDocument& shown = *documents_.back();
     shown.controller->setWindow(shown.window.get());
+    shown.document.setChangeObserver([this, &shown] { noteChange(shown); });
     if (!shown.document.fileName().empty())
         restoreFrame(shown);
     current_ = &shown.document;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/RecentDocuments.h"
+#include "app/UnsavedDocuments.h"
 #include "model/Document.h"
 #include "platform/Platform.h"
 #include "window/ActionTable.h"
@@ -70,10 +71,23 @@ public:
     /// Goes back to what the file holds, after a question. Requires a document with a file.
     void revertDocument(Document& document);
 
-    /// Asks about unsaved changes first.
+    /// A document with a file is saved first; one without is asked about when it has changes.
     void closeDocument(Document& document, const Done& done);
-    /// Asks about each document with unsaved changes; only when none was answered with Cancel all are closed.
+    /// Saves, or asks about, each document with unsaved changes; only when nothing was cancelled all are
+    /// closed.
     void closeAllDocuments(const Done& done);
+
+    // Saving by itself: a few seconds after the last change, and at moments that the application knows.
+
+    /// How long after a change a document is saved, in seconds, and how often further changes put that off.
+    static constexpr double kAutosavePause = 3;
+    static constexpr int kMostPostponements = 9;
+    /// Saves every document that has changes, those without a file to their copies. Asks nothing: a document
+    /// whose file another program has changed stays as it is.
+    void autosaveAllDocuments();
+    /// Opens the copies of documents without a file that an earlier run left behind, each untitled and with
+    /// changes.
+    void recoverUnsavedDocuments();
 
     RecentDocuments& recentDocuments() { return recentDocuments_; }
 
@@ -81,6 +95,18 @@ public:
     std::function<void()> lastDocumentClosed;
 
 private:
+    /// When a document is saved by itself, and what the user was told about that already.
+    struct Autosave {
+        std::unique_ptr<Timer> timer;
+        bool changedSinceStart = false;
+        int postponements = 0;
+        double lastSeconds = 0; // that saving took
+        bool failureTold = false;
+        bool asked = false;
+        std::optional<FileIdentity> askedAbout; // the state of the file, where `asked`
+    };
+    enum class Asking { Allowed, NotNow };
+
     struct OpenDocument {
         explicit OpenDocument(const BaseServices& services) : document(services) {}
 
@@ -88,6 +114,7 @@ private:
         Document document;
         /// How the file was when it was read or written last.
         std::optional<FileIdentity> identity;
+        Autosave autosave;
         std::optional<ViewController> controller;
         std::unique_ptr<DocumentWindow> window;
     };
@@ -106,16 +133,27 @@ private:
     bool revertToContents(Document& document);
     void noteFile(Document& document);
     const Document* otherDocumentOfFile(const Document& document, const std::string& path) const;
+    void noteChange(OpenDocument& opened);
+    void startAutosaveTimer(OpenDocument& opened);
+    void autosaveTimerFired(OpenDocument& opened);
+    void autosave(OpenDocument& opened, Asking asking);
+    void autosaveFile(OpenDocument& opened, Asking asking);
+    void noteAutosave(OpenDocument& opened, std::string_view failureKey, const Result<void>& saved);
+    void recover(const UnsavedDocuments::Copy& copy);
     void askToSave(Document& document, const Done& done);
+    void saveBeforeClosing(Document& document, const Done& done);
+    void askAfterFailedSave(Document& document, const Error& error, const Done& done);
     void reviewFrom(std::vector<Document*> pending, const Done& done);
 
     const Platform platform_;
     DocumentWindowMaker& windows_;
     RecentDocuments recentDocuments_;
+    UnsavedDocuments unsaved_;
     ActionTable actions_;
     std::vector<std::unique_ptr<OpenDocument>> documents_;
     Document* current_ = nullptr;
     const Document* untouched_ = nullptr;
+    bool asking_ = false; // a document that saves itself has a question up
 };
 
 } // namespace tabulon

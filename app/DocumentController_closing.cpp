@@ -1,5 +1,6 @@
 // Closing documents: the question about unsaved changes, one window or all of them.
 #include "app/DocumentController.h"
+#include "app/SharedAlerts.h"
 
 #include <algorithm>
 
@@ -34,6 +35,8 @@ SaveAnswer askForSaving(const Platform& platform, const Document& document) {
 void DocumentController::askToSave(Document& document, const Done& done) {
     if (!document.isDocumentEdited())
         return done(true);
+    if (!document.fileName().empty())
+        return saveBeforeClosing(document, done);
     find(document)->window->makeKeyAndOrderFront();
     switch (askForSaving(platform_, document)) {
     case SaveAnswer::Save:
@@ -41,6 +44,38 @@ void DocumentController::askToSave(Document& document, const Done& done) {
     case SaveAnswer::DontSave:
         return done(true);
     case SaveAnswer::Cancel:
+        return done(false);
+    }
+}
+
+// A document with a file is saved without a question, unless the file is not as it was or cannot be written.
+void DocumentController::saveBeforeClosing(Document& document, const Done& done) {
+    if (platform_.files.identityOf(document.fileName()) != find(document)->identity) {
+        find(document)->window->makeKeyAndOrderFront();
+        return saveDocument(document, done);
+    }
+    const Result<void> written = write(document, document.fileName());
+    if (written)
+        return done(true);
+    find(document)->window->makeKeyAndOrderFront();
+    askAfterFailedSave(document, written.error(), done);
+}
+
+void DocumentController::askAfterFailedSave(Document& document, const Error& error, const Done& done) {
+    const Localization& texts = platform_.base.texts;
+    const Alert alert{.style = AlertStyle::Critical,
+                      .message = texts.format("CouldNotSave", lastPathComponent(document.fileName())),
+                      .informative = error.message,
+                      .buttons = {{texts.text("SaveAsButton")},
+                                  {texts.text("CloseWithoutSaving"), AlertButtonRole::Destructive},
+                                  {texts.text("Cancel"), AlertButtonRole::Cancel}},
+                      .document = &document};
+    switch (platform_.alerts.runModal(alert) - kAlertFirstButton) {
+    case 0:
+        return saveDocumentAs(document, done);
+    case 1:
+        return done(true);
+    default:
         return done(false);
     }
 }
@@ -56,6 +91,7 @@ void DocumentController::closeDocument(Document& document, const Done& done) {
 void DocumentController::remove(const Document& document) {
     const auto found =
         std::ranges::find_if(documents_, [&](const auto& opened) { return &opened->document == &document; });
+    unsaved_.forget(document);
     const std::unique_ptr<OpenDocument> closing = std::move(*found);
     documents_.erase(found);
     if (current_ == &document)

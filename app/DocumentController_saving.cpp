@@ -25,9 +25,12 @@ Result<void> DocumentController::write(Document& document, const std::string& pa
     if (Result<void> written = platform_.files.writeFileAtomically(path, bytes); !written)
         return written;
     document.updateChangeCount(ChangeKind::Cleared);
-    document.setFileName(path);
+    if (document.fileName() != path) {
+        document.setFileName(path);
+        recentDocuments_.note(path);
+    }
+    unsaved_.forget(document);
     noteFile(document);
-    recentDocuments_.note(path);
     return {};
 }
 

@@ -6,9 +6,12 @@
 #include "platform/linux/FileUserDefaults.h"
 #include "platform/linux/QtAlerts.h"
 #include "platform/linux/QtPanels.h"
+#include "platform/linux/QtTimers.h"
+#include "platform/linux/SessionEvents.h"
 #include "platform/linux/SystemServices.h"
 #include "platform/linux/XdgFolderReferences.h"
 #include "platform/linux/XdgFolders.h"
+#include "platform/linux/XdgRecoveryFolders.h"
 #include "ui/QtWindows.h"
 #include "ui/Theme.h"
 
@@ -111,10 +114,15 @@ int runDesktop(QApplication& application, const Arguments& arguments) {
     };
     QtAlerts alerts(windowFor);
     QtPanels panels(windowFor);
-    const Platform platform{{clock, defaults, texts, log}, alerts, panels, files, folders, state};
+    XdgRecoveryFolders recovery(stateFolder() + "/unsaved");
+    QtTimers timers;
+    const Platform platform{
+        {clock, defaults, texts, log}, alerts, panels, files, folders, recovery, timers, state};
     AppDelegate app(platform, windows, TABULON_VERSION);
     windows.connectTo(app, platform);
     app.stop = [] { QTimer::singleShot(0, qApp, &QCoreApplication::quit); };
+    const SessionEvents session([&app] { app.applicationWillResignActive(); },
+                                [&app] { app.sessionWillEnd(); });
     state.tellProblemsTo([&](const SettingsProblem& problem) { log.log(settingsProblemLine(problem)); });
     QTimer::singleShot(0, &application, [&] {
         app.applicationDidFinishLaunching(arguments.paths);

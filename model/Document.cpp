@@ -59,6 +59,8 @@ void Document::updateChangeCount(ChangeKind change) {
     }
     if (edited != isDocumentEdited())
         stateChanged();
+    if (change != ChangeKind::Cleared && changeObserver_)
+        changeObserver_();
 }
 
 void Document::setFileName(std::string path) {

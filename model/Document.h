@@ -8,6 +8,7 @@
 #include "model/Error.h"
 #include "platform/BaseServices.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -62,6 +63,8 @@ public:
     const std::string& fileType() const { return fileType_; }
 
     void updateChangeCount(ChangeKind change);
+    /// Called after each change that is recorded, done or undone; not when the document becomes clean.
+    void setChangeObserver(std::function<void()> observer) { changeObserver_ = std::move(observer); }
     bool isDocumentEdited() const { return changeCount_ != 0; }
     /// Changes since the document was last clean; may be negative after undoing.
     long changeCount() const { return changeCount_; }
@@ -93,6 +96,7 @@ private:
     std::string fileName_;
     std::string displayName_;
     DocumentPresenter* presenter_ = nullptr;
+    std::function<void()> changeObserver_;
     long changeCount_ = 0;
 };
 

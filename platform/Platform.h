@@ -6,6 +6,8 @@
 #include "platform/FileStore.h"
 #include "platform/FolderReferences.h"
 #include "platform/Panels.h"
+#include "platform/RecoveryFolders.h"
+#include "platform/Timers.h"
 
 namespace tabulon {
 
@@ -16,6 +18,8 @@ struct Platform {
     Panels& panels;
     FileStore& files;
     FolderReferences& folders;
+    RecoveryFolders& recovery;
+    Timers& timers;
     /// What the program remembers by itself between runs (recent documents, column widths), apart from the
     /// settings.
     UserDefaults& state;

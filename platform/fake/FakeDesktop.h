@@ -4,12 +4,14 @@
 #include "platform/Alerts.h"
 #include "platform/FolderReferences.h"
 #include "platform/Panels.h"
+#include "platform/RecoveryFolders.h"
 
 #include <deque>
 #include <map>
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tabulon {
@@ -56,6 +58,16 @@ public:
     std::map<std::string, std::string, std::less<>> kept;
     std::set<std::string> gone;
     std::optional<std::string> documents = "/home/documents";
+};
+
+/// Gives what was laid in.
+class FakeRecoveryFolders : public RecoveryFolders {
+public:
+    Result<std::string> ownFolder() override { return own; }
+    std::vector<std::string> adoptAbandonedFolders() override { return std::exchange(abandoned, {}); }
+
+    Result<std::string> own = std::string("/state/unsaved/run-1");
+    std::vector<std::string> abandoned;
 };
 
 } // namespace tabulon

@@ -3,9 +3,7 @@
 
 #include "app/AppDelegate.h"
 #include "model/ArchiveWriter.h"
-#include "platform/fake/FakeBaseServices.h"
-#include "platform/fake/FakeDesktop.h"
-#include "platform/fake/MemoryFileStore.h"
+#include "platform/fake/FakePlatform.h"
 #include "tests/window/MemoryWindow.h"
 
 #include <memory>
@@ -25,7 +23,7 @@ public:
     bool noMoreWindows = false;
 };
 
-class AppTest : public testing::Test {
+class AppTest : public testing::Test, protected FakePlatform {
 protected:
     AppTest() {
         app.stop = [this] { ++stops; };
@@ -56,14 +54,8 @@ protected:
         "<!DOCTYPE NETSCAPE-Bookmark-file-1>\n<TITLE>Bookmarks</TITLE>\n<DL><p>\n"
         "<DT><A HREF=\"https://example.org/\" ADD_DATE=\"1\">Example</A>\n</DL><p>\n";
 
-    FakeBaseServices base;
-    FakeAlerts alerts;
-    FakePanels panels;
-    MemoryFileStore files;
-    FakeFolderReferences folders;
-    MemoryUserDefaults state;
     MemoryWindowMaker windows;
-    AppDelegate app{Platform{base.services(), alerts, panels, files, folders, state}, windows, "1.2.3"};
+    AppDelegate app{platform(), windows, "1.2.3"};
     int stops = 0;
 };
 

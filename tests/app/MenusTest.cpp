@@ -96,7 +96,7 @@ TEST_F(MenusTest, AboutNamesTheVersion) {
 }
 
 TEST_F(MenusTest, ImportErrorAlertIsCriticalWithTheTextGiven) {
-    importErrorAlert(Platform{base.services(), alerts, panels, files, folders, state}, "why");
+    importErrorAlert(platform(), "why");
     EXPECT_EQ(alerts.shown.at(0).style, AlertStyle::Critical);
     EXPECT_EQ(alerts.shown[0].message, base.texts.text("ImportError"));
     EXPECT_EQ(alerts.shown[0].informative, "why");
@@ -104,8 +104,7 @@ TEST_F(MenusTest, ImportErrorAlertIsCriticalWithTheTextGiven) {
 }
 
 TEST_F(MenusTest, DetailedErrorAlertGivesCodeFileAndReason) {
-    detailedErrorAlert(Platform{base.services(), alerts, panels, files, folders, state}, 3840,
-                       "Bookmarks.plist", "It is damaged.", "Unexpected character.");
+    detailedErrorAlert(platform(), 3840, "Bookmarks.plist", "It is damaged.", "Unexpected character.");
     EXPECT_EQ(alerts.shown.at(0).style, AlertStyle::Critical);
     EXPECT_EQ(alerts.shown[0].message, "Code : 3840, Bookmarks.plist.");
     EXPECT_EQ(alerts.shown[0].informative, "It is damaged. Unexpected character.");

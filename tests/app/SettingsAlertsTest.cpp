@@ -9,10 +9,9 @@ namespace {
 class SettingsAlertsTest : public AppTest {
 protected:
     const Alert& alertFor(const SettingsProblem& problem) {
-        settingsProblemAlert(platform, problem);
+        settingsProblemAlert(platform(), problem);
         return alerts.shown.back();
     }
-    const Platform platform{base.services(), alerts, panels, files, folders, state};
 };
 
 TEST_F(SettingsAlertsTest, aDamagedFileIsToldWithTheNameItHasNow) {

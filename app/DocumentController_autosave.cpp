@@ -1,0 +1,106 @@
+// Documents that save themselves: those with a file in place, those without one to a copy that a crash leaves
+// behind.
+#include "app/DocumentController.h"
+#include "app/SharedAlerts.h"
+
+#include <algorithm>
+
+namespace tabulon {
+namespace {
+
+// A document that takes long to save is left in peace for longer.
+constexpr double kPausePerSecondOfSaving = 20;
+
+} // namespace
+
+void DocumentController::noteChange(OpenDocument& opened) {
+    opened.autosave.changedSinceStart = true;
+    if (!opened.autosave.timer)
+        startAutosaveTimer(opened);
+}
+
+void DocumentController::startAutosaveTimer(OpenDocument& opened) {
+    Autosave& autosave = opened.autosave;
+    const double pause = std::max(kAutosavePause, kPausePerSecondOfSaving * autosave.lastSeconds);
+    autosave.changedSinceStart = false;
+    autosave.timer = platform_.timers.after(pause, [this, &opened] { autosaveTimerFired(opened); });
+}
+
+// Starting the timer anew with each change would cost more than many a change does: it looks back instead.
+void DocumentController::autosaveTimerFired(OpenDocument& opened) {
+    if (opened.autosave.changedSinceStart && opened.autosave.postponements < kMostPostponements) {
+        ++opened.autosave.postponements;
+        return startAutosaveTimer(opened);
+    }
+    autosave(opened, Asking::Allowed);
+}
+
+void DocumentController::autosave(OpenDocument& opened, Asking asking) {
+    opened.autosave.timer.reset();
+    opened.autosave.postponements = 0;
+    if (!opened.document.isDocumentEdited())
+        return;
+    const double begin = platform_.base.clock.secondsSinceReferenceDate();
+    if (opened.document.fileName().empty())
+        noteAutosave(opened, "CouldNotKeep", unsaved_.keep(opened.document));
+    else
+        autosaveFile(opened, asking);
+    opened.autosave.lastSeconds = platform_.base.clock.secondsSinceReferenceDate() - begin;
+}
+
+// The user is asked about each state of the file once, and about one file at a time; a save by hand asks
+// again.
+void DocumentController::autosaveFile(OpenDocument& opened, Asking asking) {
+    Document& document = opened.document;
+    const auto identity = platform_.files.identityOf(document.fileName());
+    if (identity == opened.identity)
+        return noteAutosave(opened, "CouldNotSave", write(document, document.fileName()));
+    if (asking == Asking::NotNow || asking_ ||
+        (opened.autosave.asked && opened.autosave.askedAbout == identity))
+        return;
+    opened.autosave.asked = true;
+    opened.autosave.askedAbout = identity;
+    asking_ = true;
+    saveDocument(document, [](bool) {});
+    asking_ = false;
+}
+
+// A failure is told once, until saving has worked again.
+void DocumentController::noteAutosave(OpenDocument& opened, std::string_view failureKey,
+                                      const Result<void>& saved) {
+    const bool tell = !saved && !opened.autosave.failureTold;
+    opened.autosave.failureTold = !saved;
+    if (!tell)
+        return;
+    const Document& document = opened.document;
+    const std::string& file = document.fileName();
+    fileErrorAlert(platform_, failureKey, file.empty() ? document.displayName() : file, saved.error(),
+                   &document);
+}
+
+void DocumentController::autosaveAllDocuments() {
+    for (const auto& opened : documents_)
+        autosave(*opened, Asking::NotNow);
+}
+
+void DocumentController::recoverUnsavedDocuments() {
+    for (const UnsavedDocuments::Copy& copy : unsaved_.abandonedCopies())
+        recover(copy);
+}
+
+void DocumentController::recover(const UnsavedDocuments::Copy& copy) {
+    auto opened = std::make_unique<OpenDocument>(platform_.base);
+    const Result<std::string> bytes = platform_.files.readFile(copy.path);
+    const Result<void> read = bytes ? opened->document.readFromDataOfType(*bytes, kDocumentType)
+                                    : Result<void>(tl::unexpected(bytes.error()));
+    if (!read)
+        return fileErrorAlert(platform_, "CouldNotOpen", unsaved_.putAside(copy.path), read.error());
+    opened->document.setDisplayName(copy.displayName);
+    Document* document = display(std::move(opened));
+    if (!document)
+        return;
+    unsaved_.adopt(*document, copy.path);
+    document->updateChangeCount(ChangeKind::Done);
+}
+
+} // namespace tabulon

@@ -1,0 +1,85 @@
+#include "app/UnsavedDocuments.h"
+
+#include "app/SharedAlerts.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace tabulon {
+namespace {
+
+// Few enough bytes for any file system, with room for number and extension.
+constexpr std::size_t kLongestName = 180;
+
+// A display name as part of a file's name.
+std::string fileNameOf(std::string name) {
+    std::ranges::replace_if(
+        name, [](char c) { return c == '/' || static_cast<unsigned char>(c) < 0x20; }, '_');
+    if (name.size() <= kLongestName)
+        return name;
+    std::size_t end = kLongestName;
+    while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0) == 0x80)
+        --end;
+    return name.substr(0, end);
+}
+
+std::string extension() {
+    return "." + std::string(kDocumentExtension);
+}
+
+// The name behind the number.
+std::string displayNameIn(const std::string& path) {
+    const std::string name = nameWithoutExtension(path);
+    const std::size_t blank = name.find(' ');
+    return blank == std::string::npos ? name : name.substr(blank + 1);
+}
+
+} // namespace
+
+Result<std::string> UnsavedDocuments::pathFor(const Document& document) {
+    if (const auto known = paths_.find(&document); known != paths_.end())
+        return known->second;
+    const Result<std::string> folder = folders_.ownFolder();
+    if (!folder)
+        return folder;
+    return fmt::format("{}/{} {}{}", *folder, ++lastNumber_, fileNameOf(document.displayName()), extension());
+}
+
+Result<void> UnsavedDocuments::keep(const Document& document) {
+    const Result<std::string> path = pathFor(document);
+    if (!path)
+        return tl::unexpected(path.error());
+    Result<void> written = files_.writeFileAtomically(*path, document.dataOfType(kDocumentType));
+    if (written)
+        paths_[&document] = *path;
+    return written;
+}
+
+void UnsavedDocuments::forget(const Document& document) {
+    const auto known = paths_.find(&document);
+    if (known == paths_.end())
+        return;
+    // A copy that cannot be removed comes back at the next start: a question too many, but nothing lost.
+    (void)files_.removeFile(known->second);
+    paths_.erase(known);
+}
+
+std::vector<UnsavedDocuments::Copy> UnsavedDocuments::abandonedCopies() {
+    std::vector<Copy> copies;
+    for (const std::string& folder : folders_.adoptAbandonedFolders())
+        for (const std::string& name : files_.namesInFolder(folder))
+            if (name.ends_with(extension()))
+                copies.push_back({folder + "/" + name, displayNameIn(name)});
+    return copies;
+}
+
+std::string UnsavedDocuments::putAside(const std::string& path) {
+    const std::string aside = path + ".damaged";
+    if (!files_.copyFile(path, aside))
+        return path;
+    (void)files_.removeFile(path);
+    return aside;
+}
+
+} // namespace tabulon

@@ -1,0 +1,25 @@
+// All desktop services in memory, ready to be handed on.
+#pragma once
+
+#include "platform/Platform.h"
+#include "platform/fake/FakeBaseServices.h"
+#include "platform/fake/FakeDesktop.h"
+#include "platform/fake/FakeTimers.h"
+#include "platform/fake/MemoryFileStore.h"
+
+namespace tabulon {
+
+struct FakePlatform {
+    FakeBaseServices base;
+    FakeAlerts alerts;
+    FakePanels panels;
+    MemoryFileStore files;
+    FakeFolderReferences folders;
+    FakeRecoveryFolders recovery;
+    FakeTimers timers;
+    MemoryUserDefaults state;
+
+    Platform platform() { return {base.services(), alerts, panels, files, folders, recovery, timers, state}; }
+};
+
+} // namespace tabulon
