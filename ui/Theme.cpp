@@ -21,13 +21,20 @@ constexpr auto kAppearance = "org.freedesktop.appearance";
 constexpr auto kColorScheme = "color-scheme";
 constexpr uint kPrefersDark = 1;
 
+// What can be used is told from what cannot be used now.
+void setTextColors(QPalette& palette, const QColor& text, const QColor& faint) {
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(role, text);
+        palette.setColor(QPalette::Disabled, role, faint);
+    }
+    palette.setColor(QPalette::PlaceholderText, faint);
+}
+
 QPalette lightPalette() {
     QPalette palette(QColor(0xf2, 0xf3, 0xf4));
     palette.setColor(QPalette::Base, Qt::white);
     palette.setColor(QPalette::AlternateBase, QColor(0xf7, 0xf8, 0xf9));
-    palette.setColor(QPalette::WindowText, QColor(0x23, 0x26, 0x29));
-    palette.setColor(QPalette::Text, QColor(0x23, 0x26, 0x29));
-    palette.setColor(QPalette::ButtonText, QColor(0x23, 0x26, 0x29));
+    setTextColors(palette, QColor(0x23, 0x26, 0x29), QColor(0x9a, 0x9e, 0xa3));
     palette.setColor(QPalette::Highlight, QColor(0x2f, 0x7b, 0xd1));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     palette.setColor(QPalette::Link, QColor(0x1d, 0x67, 0xbd));
@@ -39,22 +46,17 @@ QPalette lightPalette() {
 QPalette darkPalette() {
     const QColor window(0x2a, 0x2d, 0x31);
     const QColor text(0xe6, 0xe8, 0xea);
-    const QColor faint(0x80, 0x86, 0x8d);
     QPalette palette(window);
     palette.setColor(QPalette::Base, QColor(0x1f, 0x22, 0x25));
     palette.setColor(QPalette::AlternateBase, QColor(0x25, 0x28, 0x2c));
     palette.setColor(QPalette::Button, QColor(0x35, 0x39, 0x3e));
     palette.setColor(QPalette::ToolTipBase, QColor(0x3a, 0x3e, 0x44));
-    for (const auto role :
-         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
-        palette.setColor(role, text);
-    palette.setColor(QPalette::PlaceholderText, faint);
+    setTextColors(palette, text, QColor(0x80, 0x86, 0x8d));
+    palette.setColor(QPalette::ToolTipText, text);
     palette.setColor(QPalette::Highlight, QColor(0x2f, 0x72, 0xbf));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     palette.setColor(QPalette::Link, QColor(0x6d, 0xb3, 0xf2));
     palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(0x3d, 0x46, 0x50));
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, faint);
     return palette;
 }
 
