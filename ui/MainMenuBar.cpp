@@ -15,7 +15,7 @@ QString escaped(const std::string& title) {
     return toQString(title).replace('&', "&&");
 }
 
-// The title with a mark before its first letter that no other title of the bar has taken.
+// The title with a mark before its first letter that no other title of the same menu has taken.
 QString withMnemonic(const std::string& title, QSet<QChar>& taken) {
     QString text = escaped(title);
     for (qsizetype i = 0; i < text.size(); ++i) {
@@ -52,6 +52,15 @@ QKeySequence keySequence(const MenuItem& item) {
     return QKeySequence(sequence + key.toUpper().replace("DELETE", "Del"), QKeySequence::PortableText);
 }
 
+QList<QKeySequence> keySequences(const MenuItem& item) {
+    const QKeySequence sequence = keySequence(item);
+    if (sequence.isEmpty())
+        return {};
+    if (item.keyEquivalent == "+") // on many keyboards it is typed with Shift from the key of "="
+        return {sequence, keySequence(MenuItem{.keyEquivalent = "=", .modifiers = item.modifiers})};
+    return {sequence};
+}
+
 MainMenuBar::MainMenuBar(AppDelegate& app, std::function<void()> willPerform)
     : app_(app), willPerform_(std::move(willPerform)) {
     const Menu content = app_.mainMenu();
@@ -77,23 +86,24 @@ void MainMenuBar::refill(QMenu* menu, qsizetype place) {
 }
 
 void MainMenuBar::fill(QMenu* menu, const Menu& content) {
+    QSet<QChar> taken;
     for (const MenuItem& item : content.items)
-        add(menu, item);
+        add(menu, item, withMnemonic(item.title, taken));
 }
 
-void MainMenuBar::add(QMenu* menu, const MenuItem& item) {
+void MainMenuBar::add(QMenu* menu, const MenuItem& item, const QString& title) {
     if (item.separator) {
         menu->addSeparator();
         return;
     }
     if (item.submenu) {
-        QMenu* below = menu->addMenu(escaped(item.title));
+        QMenu* below = menu->addMenu(title);
         below->setToolTipsVisible(true);
         fill(below, *item.submenu);
         return;
     }
-    QAction* action = menu->addAction(escaped(item.title));
-    action->setShortcut(keySequence(item));
+    QAction* action = menu->addAction(title);
+    action->setShortcuts(keySequences(item));
     action->setEnabled(app_.validateMenuItem(item));
     if (!item.toolTip.empty())
         action->setToolTip(toolTipText(item.toolTip));

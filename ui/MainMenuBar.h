@@ -17,6 +17,9 @@ class AppDelegate;
 /// The key sequence of a menu item; empty for none.
 QKeySequence keySequence(const MenuItem& item);
 
+/// The same with the other keys that do as well; the first one is shown.
+QList<QKeySequence> keySequences(const MenuItem& item);
+
 /// Fills each menu anew when it is about to be shown. Keys work without that: a chosen item is checked again
 /// by the delegate before it runs.
 class MainMenuBar : public QMenuBar {
@@ -29,7 +32,7 @@ public:
 private:
     void refill(QMenu* menu, qsizetype place);
     void fill(QMenu* menu, const Menu& content);
-    void add(QMenu* menu, const MenuItem& item);
+    void add(QMenu* menu, const MenuItem& item, const QString& title);
 
     AppDelegate& app_;
     std::function<void()> willPerform_;

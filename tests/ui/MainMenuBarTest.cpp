@@ -1,0 +1,77 @@
+// The menu bar: keys of items, letters that reach them, what is enabled.
+#include "ui/MainMenuBar.h"
+
+#include "app/AppDelegate.h"
+#include "platform/fake/FakeBaseServices.h"
+#include "tests/app/AppFixture.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QSet>
+
+namespace tabulon {
+namespace {
+
+class MainMenuBarTest : public AppTest {
+protected:
+    void SetUp() override {
+        app.applicationDidFinishLaunching({});
+        bar = std::make_unique<MainMenuBar>(app, [this] { ++performed; });
+    }
+    QMenu* menu(int place) { return bar->actions().at(place)->menu(); }
+    QAction* item(int place, const QString& title) {
+        for (QAction* action : menu(place)->actions())
+            if (action->text().remove('&') == title)
+                return action;
+        return nullptr;
+    }
+    static QChar mnemonic(const QAction* action) {
+        const qsizetype mark = action->text().indexOf('&');
+        return mark < 0 ? QChar() : action->text().at(mark + 1).toLower();
+    }
+
+    std::unique_ptr<MainMenuBar> bar;
+    int performed = 0;
+};
+
+TEST_F(MainMenuBarTest, EveryItemOfAMenuIsReachedByALetterOfItsOwn) {
+    for (int place = 0; place < bar->actions().size(); ++place) {
+        QSet<QChar> letters;
+        for (const QAction* action : menu(place)->actions()) {
+            if (action->isSeparator())
+                continue;
+            EXPECT_FALSE(mnemonic(action).isNull()) << action->text().toStdString();
+            EXPECT_FALSE(letters.contains(mnemonic(action))) << action->text().toStdString();
+            letters.insert(mnemonic(action));
+        }
+    }
+}
+
+TEST_F(MainMenuBarTest, OpenMenuShowsWhatCannotBeChosenNow) {
+    QAction* revert = item(0, "Revert to Saved…");
+    ASSERT_TRUE(revert);
+    EXPECT_TRUE(revert->isEnabled()) << "keys find every item";
+    emit menu(0)->aboutToShow();
+    EXPECT_FALSE(item(0, "Revert to Saved…")->isEnabled());
+    EXPECT_TRUE(item(0, "Save")->isEnabled());
+    emit menu(0)->aboutToHide();
+    QApplication::processEvents();
+    EXPECT_TRUE(item(0, "Revert to Saved…")->isEnabled());
+}
+
+TEST_F(MainMenuBarTest, ChosenItemRunsItsAction) {
+    ASSERT_EQ(app.documentController().documents().size(), 1u);
+    item(0, "New")->trigger();
+    EXPECT_EQ(app.documentController().documents().size(), 2u);
+    EXPECT_EQ(performed, 1);
+}
+
+TEST_F(MainMenuBarTest, TheKeyOfPlusWorksWithoutShift) {
+    EXPECT_EQ(keySequences(MenuItem{.keyEquivalent = "+"}),
+              (QList{QKeySequence("Ctrl++"), QKeySequence("Ctrl+=")}));
+    EXPECT_EQ(keySequences(MenuItem{.keyEquivalent = "-"}), QList{QKeySequence("Ctrl+-")});
+    EXPECT_TRUE(keySequences(MenuItem{}).isEmpty());
+}
+
+} // namespace
+} // namespace tabulon
