@@ -74,8 +74,8 @@ void DocumentController::noteAutosave(OpenDocument& opened, std::string_view fai
         return;
     const Document& document = opened.document;
     const std::string& file = document.fileName();
-    fileErrorAlert(platform_, failureKey, file.empty() ? document.displayName() : file, saved.error(),
-                   &document);
+    writeErrorAlert(platform_, failureKey, file.empty() ? document.displayName() : file, saved.error(),
+                    &document);
 }
 
 void DocumentController::autosaveAllDocuments() {

@@ -65,7 +65,7 @@ void DocumentController::askAfterFailedSave(Document& document, const Error& err
     const Localization& texts = platform_.base.texts;
     const Alert alert{.style = AlertStyle::Critical,
                       .message = texts.format("CouldNotSave", lastPathComponent(document.fileName())),
-                      .informative = error.message,
+                      .informative = writeErrorText(texts, error),
                       .buttons = {{texts.text("SaveAsButton")},
                                   {texts.text("CloseWithoutSaving"), AlertButtonRole::Destructive},
                                   {texts.text("Cancel"), AlertButtonRole::Cancel}},

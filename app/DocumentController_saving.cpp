@@ -37,7 +37,7 @@ Result<void> DocumentController::write(Document& document, const std::string& pa
 bool DocumentController::writeOrAlert(Document& document, const std::string& path) {
     const Result<void> written = write(document, path);
     if (!written)
-        fileErrorAlert(platform_, "CouldNotSave", path, written.error(), &document);
+        writeErrorAlert(platform_, "CouldNotSave", path, written.error(), &document);
     return written.has_value();
 }
 
@@ -114,7 +114,7 @@ void DocumentController::exportHTML(Document& document) {
         const Result<void> written = html ? platform_.files.writeFileAtomically(*path, *html)
                                           : Result<void>(tl::unexpected(html.error()));
         if (!written)
-            fileErrorAlert(platform_, "CouldNotExport", *path, written.error(), &document);
+            writeErrorAlert(platform_, "CouldNotExport", *path, written.error(), &document);
     });
 }
 

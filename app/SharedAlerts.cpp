@@ -2,6 +2,7 @@
 
 #include "model/Text.h"
 
+#include <cerrno>
 #include <filesystem>
 
 namespace tabulon {
@@ -46,6 +47,34 @@ void fileErrorAlert(const Platform& platform, std::string_view key, const std::s
     std::string title =
         error.title.empty() ? platform.base.texts.format(key, lastPathComponent(path)) : error.title;
     criticalAlert(platform, std::move(title), error.message, document);
+}
+
+std::string writeErrorText(const Localization& texts, const Error& error) {
+    if (error.domain != ErrorDomain::Posix)
+        return error.message;
+    const auto withAdvice = [&](std::string_view key) { return error.message + " " + texts.text(key); };
+    switch (error.code) {
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        return withAdvice("AdviceNoSpace");
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return withAdvice("AdviceNoPermission");
+    case ENOENT:
+    case ENOTDIR:
+        return withAdvice("AdviceNoFolder");
+    default:
+        return withAdvice("AdviceOther");
+    }
+}
+
+void writeErrorAlert(const Platform& platform, std::string_view key, const std::string& path,
+                     const Error& error, const Document* document) {
+    Error advised = error;
+    advised.message = writeErrorText(platform.base.texts, error);
+    fileErrorAlert(platform, key, path, advised, document);
 }
 
 std::string lastPathComponent(const std::string& path) {

@@ -28,6 +28,13 @@ void noURLs(const Platform& platform);
 void fileErrorAlert(const Platform& platform, std::string_view key, const std::string& path,
                     const Error& error, const Document* document = nullptr);
 
+/// The same for a failed write: what failed is followed by what the user can do.
+void writeErrorAlert(const Platform& platform, std::string_view key, const std::string& path,
+                     const Error& error, const Document* document = nullptr);
+
+/// The sentences of such an alert.
+std::string writeErrorText(const Localization& texts, const Error& error);
+
 /// The last component of a path, as text for people.
 std::string lastPathComponent(const std::string& path);
 

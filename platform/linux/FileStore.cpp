@@ -27,6 +27,11 @@ public:
         if (number_ >= 0)
             ::close(number_);
     }
+    void reset(int number) {
+        if (number_ >= 0)
+            ::close(number_);
+        number_ = number;
+    }
     int get() const { return number_; }
     bool isOpen() const { return number_ >= 0; }
 
@@ -102,9 +107,61 @@ mode_t modeOf(const std::string& path) {
     return 0666 & ~mask;
 }
 
+// The file that is filled before it takes the place of another. It has no name at first where the file system
+// can do that, so that a program that is killed leaves nothing behind.
+class TemporaryFile {
+public:
+    explicit TemporaryFile(const std::string& folder)
+        : name_(folder + "/.tabulon-XXXXXX"),
+          descriptor_(canGiveNames() ? ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600) : -1) {
+        if (!descriptor_.isOpen()) {
+            descriptor_.reset(::mkostemp(name_.data(), O_CLOEXEC));
+            hasName_ = descriptor_.isOpen();
+        }
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ~TemporaryFile() {
+        if (hasName_)
+            ::unlink(name_.c_str());
+    }
+
+    int descriptor() const { return descriptor_.get(); }
+    bool isOpen() const { return descriptor_.isOpen(); }
+
+    // Takes the place of the file at `path`. Gives errno.
+    int rename(const std::string& path) {
+        if (const int code = hasName_ ? 0 : giveName(); code != 0)
+            return code;
+        if (::rename(name_.c_str(), path.c_str()) != 0)
+            return errno;
+        hasName_ = false;
+        return 0;
+    }
+
+private:
+    static bool canGiveNames() { return ::access("/proc/self/fd", X_OK) == 0; }
+
+    int giveName() {
+        const std::string self = fmt::format("/proc/self/fd/{}", descriptor_.get());
+        const std::size_t stem = name_.size() - std::string_view("XXXXXX").size();
+        for (int number = 0; !hasName_; ++number) {
+            name_ = fmt::format("{}{}-{}", name_.substr(0, stem), ::getpid(), number);
+            hasName_ = ::linkat(AT_FDCWD, self.c_str(), AT_FDCWD, name_.c_str(), AT_SYMLINK_FOLLOW) == 0;
+            if (!hasName_ && errno != EEXIST)
+                return errno;
+        }
+        return 0;
+    }
+
+    std::string name_;
+    Descriptor descriptor_;
+    bool hasName_ = false;
+};
+
 // Fills the temporary file and puts it in the place of `path`. Gives errno.
-int fillAndRename(int descriptor, const std::string& temporary, const std::string& path,
-                  std::string_view bytes) {
+int fillAndRename(TemporaryFile& temporary, const std::string& path, std::string_view bytes) {
+    const int descriptor = temporary.descriptor();
     if (const int code = writeAll(descriptor, bytes); code != 0)
         return code;
     struct stat status = {};
@@ -112,10 +169,9 @@ int fillAndRename(int descriptor, const std::string& temporary, const std::strin
         // Without the right to give the file away it stays the writer's own.
         [[maybe_unused]] const int ignored = ::fchown(descriptor, status.st_uid, status.st_gid);
     }
-    if (::fchmod(descriptor, modeOf(path)) != 0 || ::fsync(descriptor) != 0 ||
-        ::rename(temporary.c_str(), path.c_str()) != 0)
+    if (::fchmod(descriptor, modeOf(path)) != 0 || ::fsync(descriptor) != 0)
         return errno;
-    return 0;
+    return temporary.rename(path);
 }
 
 void flushFolder(const std::string& folder) {
@@ -150,14 +206,11 @@ Result<void> PosixFileStore::writeFileAtomically(const std::string& path, std::s
     if (::stat(file.c_str(), &status) == 0 && !S_ISREG(status.st_mode))
         return S_ISDIR(status.st_mode) ? problem("Cannot write", path, EISDIR) : writeInto(path, bytes);
     const std::string folder = folderOf(file);
-    std::string temporary = folder + "/.tabulon-XXXXXX";
-    const Descriptor descriptor(::mkostemp(temporary.data(), O_CLOEXEC));
-    if (!descriptor.isOpen())
+    TemporaryFile temporary(folder);
+    if (!temporary.isOpen())
         return problem("Cannot write", path, errno);
-    if (const int code = fillAndRename(descriptor.get(), temporary, file, bytes); code != 0) {
-        ::unlink(temporary.c_str());
+    if (const int code = fillAndRename(temporary, file, bytes); code != 0)
         return problem("Cannot write", path, code);
-    }
     flushFolder(folder);
     return {};
 }

@@ -1,0 +1,119 @@
+// The program is killed at moments that nobody chose.
+#include "tests/faults/FaultFixture.h"
+
+#include <chrono>
+#include <random>
+#include <thread>
+
+namespace tabulon {
+namespace {
+
+class KilledTest : public FaultTest {
+protected:
+    /// Lets `work` run in a process for a random time below `longest`, then kills it. The process writes a
+    /// byte to `ready` when it has begun in earnest.
+    void killAtARandomMoment(const std::function<int(int ready)>& work, std::chrono::microseconds longest) {
+        int ready[2];
+        ASSERT_EQ(::pipe(ready), 0);
+        const pid_t child = start([&] { return work(ready[1]); });
+        ASSERT_GT(child, 0);
+        char byte = 0;
+        ASSERT_EQ(::read(ready[0], &byte, 1), 1);
+        std::uniform_int_distribution<long> moment(0, longest.count());
+        std::this_thread::sleep_for(std::chrono::microseconds(moment(random)));
+        ::kill(child, SIGKILL);
+        const int status = statusOf(child);
+        ASSERT_TRUE(WIFSIGNALED(status)) << "it ended by itself";
+        ::close(ready[0]);
+        ::close(ready[1]);
+    }
+
+    std::mt19937 random{20261121};
+};
+
+TEST_F(KilledTest, killedAtAHundredMomentsOfSavingTheFileIsOneWholeVersion) {
+    const std::string file = path("Links.tbln");
+    write(file, 0);
+    int lastSeen = 0;
+    int kills = 0;
+    int versions = 0;
+    for (; kills < 100 && !HasFailure(); ++kills) {
+        killAtARandomMoment(
+            [&](int ready) {
+                ProgramRun run(folder);
+                Document& document = run.open(file);
+                for (int number = lastSeen + 1;; ++number) {
+                    change(document, number);
+                    if (!run.save(document))
+                        return 1;
+                    if (number == lastSeen + 1)
+                        (void)!::write(ready, "r", 1);
+                }
+            },
+            std::chrono::milliseconds(20));
+        const int seen = versionIn(file);
+        EXPECT_GT(seen, lastSeen) << "a version that was saved is gone";
+        versions += seen - lastSeen;
+        lastSeen = seen;
+        for (const std::string& name : files.namesInFolder(path("backups")))
+            EXPECT_LE(versionIn(path("backups") + "/" + name), seen);
+    }
+    EXPECT_EQ(kills, 100);
+    EXPECT_GT(versions, kills) << "no run was killed later than in its second save";
+    RecordProperty("kills", kills);
+    RecordProperty("versionsSaved", versions);
+    std::size_t leftOver = 0;
+    for (const std::string& name : files.namesInFolder(folder))
+        leftOver += name.starts_with(".tabulon-") ? 1 : 0;
+    RecordProperty("temporaryFilesLeft", static_cast<int>(leftOver));
+    EXPECT_LE(leftOver, 5u) << "temporary files pile up";
+}
+
+TEST_F(KilledTest, documentsWithoutAFileAreThereAgainAfterFiftyKills) {
+    int lastSeen = 0;
+    for (int kill = 0; kill < 50 && !HasFailure(); ++kill) {
+        killAtARandomMoment(
+            [&](int ready) {
+                ProgramRun run(folder);
+                run.app.applicationDidFinishLaunching({});
+                Document& document = *run.app.documentController().documents().front();
+                for (int number = lastSeen + 1;; ++number) {
+                    change(document, number);
+                    run.fakes.timers.advance(2 * DocumentController::kAutosavePause);
+                    if (!run.fakes.alerts.shown.empty())
+                        return 1;
+                    if (number == lastSeen + 1)
+                        (void)!::write(ready, "r", 1);
+                }
+            },
+            std::chrono::milliseconds(15));
+        XdgRecoveryFolders recovery(path("state/unsaved"));
+        std::vector<std::string> copies;
+        for (const std::string& abandoned : recovery.adoptAbandonedFolders())
+            for (const std::string& name : files.namesInFolder(abandoned))
+                if (name.ends_with(".tbln"))
+                    copies.push_back(abandoned + "/" + name);
+        ASSERT_EQ(copies.size(), 1u) << "one document, one copy, however often it was taken over";
+        const int seen = versionIn(copies[0]);
+        EXPECT_GT(seen, lastSeen);
+        lastSeen = seen;
+    }
+}
+
+TEST_F(KilledTest, aRunThatIsAliveKeepsItsDocumentsToItself) {
+    ProgramRun first(folder);
+    first.app.applicationDidFinishLaunching({});
+    Document& document = *first.app.documentController().documents().front();
+    change(document, 7);
+    first.fakes.timers.advance(DocumentController::kAutosavePause);
+    const int status = statusOf(start([&] {
+        ProgramRun second(folder);
+        second.app.applicationDidFinishLaunching({});
+        const auto documents = second.app.documentController().documents();
+        return documents.size() == 1 && !documents.front()->getMaster().hasChildren() ? 0 : 1;
+    }));
+    EXPECT_EQ(status, 0);
+}
+
+} // namespace
+} // namespace tabulon
