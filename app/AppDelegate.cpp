@@ -19,19 +19,49 @@ AppDelegate::AppDelegate(const Platform& platform, DocumentWindowMaker& windows,
     };
 }
 
-void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& paths) {
+void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& locations) {
+    performRequest({.kind = LaunchRequest::Kind::Open, .uris = locations});
+}
+
+void AppDelegate::performRequest(const LaunchRequest& request) {
+    const bool isFirst = !launched_;
+    if (isFirst)
+        startUp();
+    switch (request.kind) {
+    case LaunchRequest::Kind::Activate:
+        break;
+    case LaunchRequest::Kind::Open:
+        openFiles(request.uris);
+        break;
+    case LaunchRequest::Kind::NewDocument:
+        documentController_.openUntitledDocumentAndDisplay();
+        break;
+    }
+    if (documentController_.documents().empty())
+        openWithoutRequest();
+    else if (!isFirst)
+        bringCurrentDocumentToFront();
+}
+
+void AppDelegate::startUp() {
+    launched_ = true;
     platform_.base.defaults.setIntegerForKey("NSInitialToolTipDelay", kToolTipDelay);
     documentController_.recoverUnsavedDocuments();
-    for (const std::string& path : paths)
-        openFile(path);
-    if (!documentController_.documents().empty())
-        return;
+}
+
+void AppDelegate::openWithoutRequest() {
     if (!applicationShouldOpenUntitledFile())
         return openDocumentPanel();
     if (documentController_.openUntitledDocumentAndDisplay())
         documentController_.noteUntouchedDocument();
     else if (stop)
         stop();
+}
+
+void AppDelegate::bringCurrentDocumentToFront() {
+    const Document* current = documentController_.currentDocument();
+    if (ViewController* controller = current ? documentController_.viewControllerFor(*current) : nullptr)
+        controller->getWindow()->makeKeyAndOrderFront();
 }
 
 bool AppDelegate::applicationShouldOpenUntitledFile() const {

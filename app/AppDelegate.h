@@ -7,6 +7,7 @@
 #include "formats/import/NetscapeScanner.h"
 #include "platform/Menu.h"
 #include "platform/Platform.h"
+#include "platform/SingleInstance.h"
 #include "window/ActionTable.h"
 
 #include <functional>
@@ -26,10 +27,13 @@ public:
 
     // Start and end
 
-    /// Opens what an earlier run could not save and what the program was started with. Without either, or
-    /// when none could be opened, an untitled document comes up if `applicationShouldOpenUntitledFile` says
-    /// so, else the open panel; cancelling that ends the program.
-    void applicationDidFinishLaunching(const std::vector<std::string>& paths);
+    /// The first request starts the program: it opens what an earlier run could not save and what the request
+    /// names. Later ones open files or a new document, or bring the current one to the front. When there is
+    /// no document then, an untitled one comes up if `applicationShouldOpenUntitledFile` says so, else the
+    /// open panel; cancelling that ends the program.
+    void performRequest(const LaunchRequest& request);
+    /// The first request: the files at these paths or URIs, or none.
+    void applicationDidFinishLaunching(const std::vector<std::string>& locations);
     /// The setting "OpenUntitled", YES where it has no value.
     bool applicationShouldOpenUntitledFile() const;
     /// Another program comes to the front: what has changes is saved.
@@ -44,10 +48,12 @@ public:
 
     // Opening and importing
 
-    /// Opens a bookmark document or a bookmark file in HTML, told apart by content, then by extension. A file
-    /// that is open already comes to the front. True when there is a window for it now; otherwise an alert
-    /// was shown where one is due.
-    bool openFile(const std::string& path);
+    /// Opens bookmark documents and bookmark files in HTML, told apart by content, then by extension; paths
+    /// or URIs. A file that is open already, under whatever path, comes to the front. One alert tells what
+    /// could not be opened.
+    void openFiles(const std::vector<std::string>& locations);
+    /// The same for one file. True when there is a window for it now.
+    bool openFile(const std::string& location);
     void openDocumentPanel();
     void importBookmarks();
     /// Scans a Netscape bookmark file into a new document; an alert tells when nothing was found in it.
@@ -70,7 +76,19 @@ private:
     void addActions();
     const ActionTable* responderTo(std::string_view action) const;
     bool openBookmarkHTML(const std::string& path, std::string_view bytes);
-    void openFiles(const std::vector<std::string>& paths);
+    struct Refusal {
+        std::string location;
+        Error error;
+    };
+
+    void startUp();
+    void openWithoutRequest();
+    void bringCurrentDocumentToFront();
+    bool open(const std::string& location, std::vector<Refusal>& refusals);
+    bool openContent(const std::string& path, std::vector<Refusal>& refusals);
+    bool showOpenDocumentOf(const std::string& path);
+    Error missingFile(const std::string& path, const Error& error);
+    void refusalsAlert(const std::vector<Refusal>& refusals);
     void showAboutPanel();
     std::vector<FileKind> kindsThatPanelsEnable() const;
     Menu fileMenu();
@@ -88,6 +106,8 @@ private:
     ActionTable actions_;
     NetscapeScanner scanner_;
     bool htmlFlag_ = false;
+    bool launched_ = false;
+    bool openPanelIsShown_ = false;
     bool terminating_ = false;
 };
 

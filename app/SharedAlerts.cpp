@@ -6,18 +6,15 @@
 #include <filesystem>
 
 namespace tabulon {
-namespace {
 
 void criticalAlert(const Platform& platform, std::string message, std::string informative,
-                   const Document* document = nullptr) {
+                   const Document* document) {
     platform.alerts.runModal(Alert{.style = AlertStyle::Critical,
                                    .message = std::move(message),
                                    .informative = std::move(informative),
                                    .buttons = {{platform.base.texts.text("OK")}},
                                    .document = document});
 }
-
-} // namespace
 
 void informationAlert(const Platform& platform, const std::string& message, const std::string& informative) {
     platform.alerts.runModal(

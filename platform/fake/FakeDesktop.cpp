@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace tabulon {
 
@@ -20,12 +21,21 @@ int FakeAlerts::runModal(const Alert& alert) {
 
 void FakePanels::beginOpenPanel(const OpenPanel& panel, OpenDone done) {
     openPanels.push_back(panel);
+    if (keepOpen) {
+        waiting_.push_back(std::move(done));
+        return;
+    }
     std::vector<std::string> paths;
     if (!openAnswers_.empty()) {
         paths = std::move(openAnswers_.front());
         openAnswers_.pop_front();
     }
     done(paths);
+}
+
+void FakePanels::closeAll() {
+    for (const OpenDone& done : std::exchange(waiting_, {}))
+        done({});
 }
 
 void FakePanels::beginSavePanel(const SavePanel& panel, SaveDone done) {

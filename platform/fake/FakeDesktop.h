@@ -32,6 +32,7 @@ private:
 };
 
 /// Keeps every panel shown and names the files laid in, in order; a panel without an answer is cancelled.
+/// With `keepOpen` open panels stay until `closeAll` cancels them.
 class FakePanels : public Panels {
 public:
     void beginOpenPanel(const OpenPanel& panel, OpenDone done) override;
@@ -40,10 +41,14 @@ public:
     void chooseFiles(std::vector<std::string> paths) { openAnswers_.push_back(std::move(paths)); }
     void nameFile(std::string path) { saveAnswers_.push_back(std::move(path)); }
 
+    void closeAll();
+
+    bool keepOpen = false;
     std::vector<OpenPanel> openPanels;
     std::vector<SavePanel> savePanels;
 
 private:
+    std::vector<OpenDone> waiting_;
     std::deque<std::vector<std::string>> openAnswers_;
     std::deque<std::string> saveAnswers_;
 };

@@ -73,9 +73,27 @@ TEST_F(MenusTest, RecentItemOpensItsFileAndAVanishedOneLeavesTheList) {
     EXPECT_TRUE(onlyDocument());
     perform("performClose:");
     files.files.clear();
+    files.folders.insert("/home");
     app.performMenuItem(item);
     EXPECT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(recentMenu().items.size(), 1u);
+}
+
+TEST_F(MenusTest, RecentFileWhoseFolderIsGoneTooOrThatMayNotBeReadStaysInTheList) {
+    files.files["/media/stick/a.tbln"] = documentBytes("a");
+    app.openFile("/media/stick/a.tbln");
+    perform("performClose:");
+    const std::string bytes = std::exchange(files.files, {}).begin()->second;
+    app.performMenuItem(recentMenu().items.at(0));
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_NE(alerts.shown[0].informative.find("disk that is not connected"), std::string::npos);
+    files.files["/media/stick/a.tbln"] = bytes;
+    files.unreadable = "/media/";
+    app.performMenuItem(recentMenu().items.at(0));
+    EXPECT_EQ(alerts.shown.size(), 2u);
+    files.unreadable.clear();
+    app.performMenuItem(recentMenu().items.at(0));
+    EXPECT_TRUE(onlyDocument());
 }
 
 TEST_F(MenusTest, RecentListKeepsPathsOfAnyBytes) {

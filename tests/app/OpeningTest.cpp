@@ -1,6 +1,9 @@
 // Starting, opening files of every kind, importing bookmark files.
 #include "tests/app/AppFixture.h"
 
+#include <algorithm>
+#include <array>
+
 namespace tabulon {
 namespace {
 
@@ -195,6 +198,58 @@ TEST_F(OpeningTest, ImportBookmarksWithNothingInItGivesTheNoLinksAlert) {
     EXPECT_TRUE(perform("importBookmarks:"));
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "No links found");
+}
+
+TEST_F(OpeningTest, OpenFileReachedByALinkOrAnotherSpellingComesToTheFront) {
+    files.files["/home/a.tbln"] = documentBytes("a");
+    files.files["/home/twin.tbln"] = files.files["/home/a.tbln"];
+    files.links["/desk/link.tbln"] = "/home/a.tbln";
+    EXPECT_TRUE(app.openFile("/home/a.tbln"));
+    EXPECT_TRUE(app.openFile("/desk/link.tbln"));
+    EXPECT_TRUE(app.openFile("file:///home/a.tbln"));
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_EQ(windowOf(*onlyDocument()).broughtToFront, 2);
+    EXPECT_TRUE(app.openFile("/home/twin.tbln"));
+    EXPECT_EQ(documents().documents().size(), 2u) << "the same content is not the same file";
+}
+
+TEST_F(OpeningTest, WhatIsNoFileIsRefusedWithItsReason) {
+    files.folders = {"/home", "/home/folder"};
+    files.devices.insert("/dev/zero");
+    for (const auto& [location, name, reason] : std::vector<std::array<std::string, 3>>{
+             {"/home/folder", "folder", "It is a folder. Open the files in it instead."},
+             {"file:///home/folder/", "folder", "It is a folder. Open the files in it instead."},
+             {"/dev/zero", "zero", "It is a device or a pipe, not a file."},
+             {"/home/none.tbln", "none.tbln",
+              "There is no such file. It may have been moved, renamed or removed."},
+             {"file://server/a.tbln", "file://server/a.tbln",
+              "Only files on this computer can be opened."}}) {
+        EXPECT_FALSE(app.openFile(location));
+        EXPECT_EQ(alerts.shown.back().message, "“" + name + "” could not be opened");
+        EXPECT_EQ(alerts.shown.back().informative, reason);
+    }
+    EXPECT_EQ(alerts.shown.size(), 5u);
+}
+
+TEST_F(OpeningTest, SeveralFilesThatCannotBeOpenedAreToldInOneAlertAndTheOthersOpen) {
+    files.files["/home/a.tbln"] = documentBytes("a");
+    files.files["/home/picture.png"] = "\x89PNG\r\n";
+    app.openFiles({"/home/none.tbln", "/home/a.tbln", "/home/picture.png"});
+    EXPECT_TRUE(onlyDocument());
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].message, "2 files could not be opened");
+    EXPECT_EQ(alerts.shown[0].informative,
+              "“none.tbln”: There is no such file. It may have been moved, renamed or removed.\n"
+              "“picture.png”: It is neither a bookmark document nor an HTML bookmark file.");
+}
+
+TEST_F(OpeningTest, AHundredFilesThatCannotBeOpenedMakeAShortAlert) {
+    files.folders.insert("/home");
+    app.openFiles(std::vector<std::string>(100, "/home/none.tbln"));
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].message, "100 files could not be opened");
+    EXPECT_TRUE(alerts.shown[0].informative.ends_with("\nand 92 more"));
+    EXPECT_EQ(std::ranges::count(alerts.shown[0].informative, '\n'), 8);
 }
 
 } // namespace

@@ -1,0 +1,92 @@
+#include "app/FileUri.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace tabulon {
+namespace {
+
+constexpr std::string_view kFileScheme = "file:";
+
+bool isAsciiLetter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+bool isAsciiDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+char lowerCase(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool startsWithIgnoringCase(std::string_view text, std::string_view lowerCasePrefix) {
+    return text.size() >= lowerCasePrefix.size() &&
+           std::ranges::equal(text.substr(0, lowerCasePrefix.size()), lowerCasePrefix, {}, lowerCase);
+}
+
+// Nothing for a byte zero, which no path has.
+std::optional<std::string> withoutPercentEscapes(std::string_view text) {
+    std::string result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        unsigned byte = 0;
+        const char* digits = text.data() + i + 1;
+        if (text[i] == '%' && i + 2 < text.size() &&
+            std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2) {
+            result += static_cast<char>(byte);
+            i += 2;
+        } else {
+            result += text[i];
+        }
+    }
+    return result.find('\0') == std::string::npos ? std::optional(std::move(result)) : std::nullopt;
+}
+
+} // namespace
+
+bool looksLikeUri(std::string_view text) {
+    if (startsWithIgnoringCase(text, "file:/"))
+        return true;
+    const std::size_t colon = text.find("://");
+    if (colon == std::string_view::npos || colon < 2 || !isAsciiLetter(text.front()))
+        return false;
+    return std::ranges::all_of(text.substr(0, colon), [](char c) {
+        return isAsciiLetter(c) || isAsciiDigit(c) || c == '+' || c == '-' || c == '.';
+    });
+}
+
+std::string fileUri(std::string_view absolutePath) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    constexpr std::string_view kPlain = "/-._~!$&'()*+,;=:@";
+    std::string uri = "file://";
+    for (const char c : absolutePath) {
+        if (isAsciiLetter(c) || isAsciiDigit(c) || kPlain.find(c) != std::string_view::npos) {
+            uri += c;
+            continue;
+        }
+        const auto byte = static_cast<unsigned char>(c);
+        uri += '%';
+        uri += kDigits[byte >> 4];
+        uri += kDigits[byte & 15];
+    }
+    return uri;
+}
+
+std::optional<std::string> pathOfFileUri(std::string_view uri) {
+    if (!startsWithIgnoringCase(uri, kFileScheme))
+        return std::nullopt;
+    std::string_view rest = uri.substr(kFileScheme.size());
+    rest = rest.substr(0, rest.find_first_of("?#"));
+    if (rest.starts_with("//")) {
+        const std::size_t slash = rest.find('/', 2);
+        if (slash == std::string_view::npos)
+            return std::nullopt;
+        const std::string_view host = rest.substr(2, slash - 2);
+        if (!host.empty() && !(host.size() == 9 && startsWithIgnoringCase(host, "localhost")))
+            return std::nullopt;
+        rest = rest.substr(slash);
+    }
+    return rest.starts_with('/') ? withoutPercentEscapes(rest) : std::nullopt;
+}
+
+} // namespace tabulon

@@ -1,0 +1,20 @@
+// File paths as URIs and back: the form in which programs hand files to each other.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tabulon {
+
+/// True for "scheme:…" with a scheme of at least two characters and "//" after it, and for "file:/…".
+bool looksLikeUri(std::string_view text);
+
+/// "file:///…" for an absolute path, whatever bytes it has.
+std::string fileUri(std::string_view absolutePath);
+
+/// The absolute path of a file URI of this computer ("file:///…", "file:/…", "file://localhost/…"), percent
+/// escapes resolved, query and fragment left out. Nothing for every other text.
+std::optional<std::string> pathOfFileUri(std::string_view uri);
+
+} // namespace tabulon

@@ -1,0 +1,114 @@
+// What comes from outside: later starts, the desktop. And how it waits its turn.
+#include "app/RequestQueue.h"
+#include "tests/app/AppFixture.h"
+
+namespace tabulon {
+namespace {
+
+using Kind = LaunchRequest::Kind;
+
+class RequestsTest : public AppTest {
+protected:
+    RequestsTest() {
+        files.files["/home/a.tbln"] = documentBytes("a");
+        files.files["/home/b.tbln"] = documentBytes("b");
+    }
+    void perform(LaunchRequest request) {
+        queue.add(std::move(request));
+        queue.performPending();
+    }
+    RequestQueue queue{app};
+};
+
+TEST_F(RequestsTest, theFirstRequestStartsTheProgram) {
+    perform({});
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_EQ(windowOf(*onlyDocument()).title, "Untitled");
+    EXPECT_EQ(windowOf(*onlyDocument()).broughtToFront, 0) << "a new window needs no help";
+}
+
+TEST_F(RequestsTest, theFirstRequestMayNameFiles) {
+    perform({.kind = Kind::Open, .uris = {"file:///home/a.tbln", "file:///home/b.tbln"}});
+    EXPECT_EQ(documents().documents().size(), 2u);
+}
+
+TEST_F(RequestsTest, aNewDocumentAsFirstRequestIsOneDocument) {
+    base.defaults.setBoolForKey("OpenUntitled", false);
+    perform({.kind = Kind::NewDocument});
+    EXPECT_TRUE(onlyDocument());
+    EXPECT_TRUE(panels.openPanels.empty());
+}
+
+TEST_F(RequestsTest, laterFilesOpenBesideTheOthersAndComeToTheFront) {
+    perform({.kind = Kind::Open, .uris = {"file:///home/a.tbln"}});
+    perform({.kind = Kind::Open, .uris = {"file:///home/b.tbln"}});
+    ASSERT_EQ(documents().documents().size(), 2u);
+    EXPECT_EQ(documents().currentDocument()->fileName(), "/home/b.tbln");
+    EXPECT_EQ(windowOf(*documents().currentDocument()).broughtToFront, 1);
+}
+
+TEST_F(RequestsTest, aStartWithoutFilesBringsTheCurrentDocumentToTheFront) {
+    perform({.kind = Kind::Open, .uris = {"file:///home/a.tbln"}});
+    perform({});
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_EQ(windowOf(*onlyDocument()).broughtToFront, 1);
+}
+
+TEST_F(RequestsTest, anotherNewDocumentIsOneMore) {
+    perform({});
+    perform({.kind = Kind::NewDocument});
+    EXPECT_EQ(documents().documents().size(), 2u);
+}
+
+TEST_F(RequestsTest, aFileThatCannotBeOpenedLeavesTheOthers) {
+    perform({.kind = Kind::Open, .uris = {"file:///home/a.tbln"}});
+    perform({.kind = Kind::Open, .uris = {"http://example.org/b.tbln"}});
+    EXPECT_TRUE(onlyDocument());
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].message, "“http://example.org/b.tbln” could not be opened");
+    EXPECT_EQ(alerts.shown[0].informative, "Only files on this computer can be opened.");
+}
+
+TEST_F(RequestsTest, theOpenPanelOfAStartIsNotShownTwice) {
+    base.defaults.setBoolForKey("OpenUntitled", false);
+    panels.keepOpen = true;
+    perform({});
+    perform({});
+    EXPECT_EQ(panels.openPanels.size(), 1u);
+    EXPECT_EQ(stops, 0);
+    panels.closeAll();
+    EXPECT_EQ(stops, 1);
+}
+
+TEST_F(RequestsTest, requestsWaitWhileAnAlertIsShownAndKeepTheirOrder) {
+    bool alertIsShown = true;
+    queue.mustWait = [&] { return alertIsShown; };
+    perform({.kind = Kind::Open, .uris = {"file:///home/b.tbln"}});
+    perform({.kind = Kind::Open, .uris = {"file:///home/a.tbln"}});
+    EXPECT_TRUE(documents().documents().empty());
+    EXPECT_FALSE(queue.isEmpty());
+    alertIsShown = false;
+    queue.performPending();
+    ASSERT_EQ(documents().documents().size(), 2u);
+    EXPECT_EQ(documents().documents()[0]->fileName(), "/home/b.tbln");
+    EXPECT_TRUE(queue.isEmpty());
+}
+
+TEST_F(RequestsTest, aRequestThatComesWhileOneIsDoneIsDoneAfterwards) {
+    std::vector<std::string> order;
+    queue.willPerform = [&](const LaunchRequest& request) {
+        order.push_back("will " + request.activationToken);
+        if (request.activationToken == "1") {
+            queue.add({.activationToken = "2"});
+            queue.performPending();
+        }
+    };
+    queue.didPerform = [&](const LaunchRequest& request) {
+        order.push_back("did " + request.activationToken);
+    };
+    perform({.activationToken = "1"});
+    EXPECT_EQ(order, (std::vector<std::string>{"will 1", "did 1", "will 2", "did 2"}));
+}
+
+} // namespace
+} // namespace tabulon
