@@ -96,6 +96,16 @@ TEST_F(CommandLineTest, importWritesADocumentToStandardOutputByDefault) {
     EXPECT_EQ(tool.out, "Master/\n  One & only  <https://a.example/>\n  --------\n");
 }
 
+TEST_F(CommandLineTest, importedRootIsNamedMasterAndExpanded) {
+    tool.files.files["in.html"] = kHTML;
+    ASSERT_EQ(tool.run({"import", "--from", "html", "in.html", "-o", "d.tbln"}), 0) << tool.error;
+    ASSERT_EQ(tool.run({"show", "--json", "d.tbln"}), 0);
+    EXPECT_THAT(tool.out, StartsWith("{\"name\":\"Master\","));
+    EXPECT_THAT(tool.out, HasSubstr("\"folder\":true,\"openFolder\":true,\"autoTab\":false,\"children\":[{"));
+    EXPECT_THAT(tool.out, HasSubstr("\"url\":\"https://a.example/\",\"note\":null,\"tags\":null,"
+                                    "\"dateAdded\":1000000000.0,\"dateModified\":null,"));
+}
+
 TEST_F(CommandLineTest, importWithoutLinksFailsWithTheTextOfTheAlert) {
     tool.files.files["in.html"] = "<html>nothing</html>";
     expectFailure({"import", "--from", "html", "in.html", "-o", "out.tbln"});
@@ -120,6 +130,18 @@ TEST_F(CommandLineTest, defaultsHoldForOneRun) {
                         "html", "d.tbln"}),
               0);
     EXPECT_LT(tool.out.find(">b</A>"), tool.out.find(">A</H3>"));
+}
+
+TEST_F(CommandLineTest, optionsOfTheTextExportDoNotApplyToHTML) {
+    makeDocument();
+    ASSERT_EQ(tool.run({"export", "--to", "html", "d.tbln"}), 0);
+    const std::string html = tool.out;
+    for (const std::string key :
+         {"ExportName", "ExportURL", "ExportTags", "ExportNote", "SkipFolders", "SkipSeparators"})
+        for (const char* value : {"=YES", "=NO"}) {
+            ASSERT_EQ(tool.run({"--default", key + value, "export", "--to", "html", "d.tbln"}), 0);
+            EXPECT_EQ(tool.out, html) << key << value;
+        }
 }
 
 TEST_F(CommandLineTest, localeChoosesTheCollation) {

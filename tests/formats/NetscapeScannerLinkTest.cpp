@@ -62,6 +62,16 @@ TEST_F(NetscapeScannerLinkTest, theAddressMayStandAnywhereBehindTheAnchor) {
     EXPECT_EQ(scanText("<DT><A NAME=\"x\">no link</A> HREF=\"u\">n</A>"), "link \"n\" <u> added null\n");
 }
 
+TEST_F(NetscapeScannerLinkTest, theAnchorIsSearchedFromTheFifthByteOfTheToken) {
+    EXPECT_EQ(scanText("<D<A.A HREF=\"u\"><A HREF=\"v\">n</A>"), "link \"n\" <v> added null\n")
+        << "the first <A stands too early";
+}
+
+TEST_F(NetscapeScannerLinkTest, nothingNeedsToStandBetweenTheAnchorAndTheAddress) {
+    EXPECT_EQ(scanText("<DT><AHREF=\"u\">n</A>"), "link \"Untitled\" <u> added null\n");
+    EXPECT_EQ(scanText("<DT><A HREF\"u\">n</A>"), "link \"n\" <u> added null\n");
+}
+
 TEST_F(NetscapeScannerLinkTest, everyMissingPartOfALinkEndsTheScanAndKeepsWhatWasThere) {
     for (const std::string rest :
          {"<DT>.A", "<DT><A", "<DT><A ", "<DT><A HREF", "<DT><A HREF=", "<DT><A HREF=\"", "<DT><A HREF=\"u",

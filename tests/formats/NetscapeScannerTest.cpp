@@ -106,6 +106,18 @@ TEST_F(NetscapeScannerTest, aListEndAtTheRootChangesNothing) {
               "separator null added now\nseparator null added now\n");
 }
 
+TEST_F(NetscapeScannerTest, onlyAWholeListEndEndsAList) {
+    EXPECT_EQ(scanText("<HR><DL></DL </DL\n></D><HR></DL><HR></DL>"), "separator null added now\n"
+                                                                      "  separator null added now\n"
+                                                                      "separator null added now\n");
+}
+
+TEST_F(NetscapeScannerTest, theThirdByteOfATagCountsBeforeTheSixth) {
+    EXPECT_EQ(scanText("<HR><DLxxA HREF=\"u\"><HR></DL>"),
+              "separator null added now\n  separator null added now\n");
+    EXPECT_EQ(scanFirst("<HR><DDxyHz<H1>")->itemNote().view(), "yHz");
+}
+
 TEST_F(NetscapeScannerTest, afterAListTagTheScanGoesOnFourBytesFurther) {
     EXPECT_EQ(scanText("<HR><DLx<HR></DL>"), "separator null added now\n  separator null added now\n");
     EXPECT_EQ(scanText("<HR><DL<HR></DL>"), "separator null added now\n") << "the fourth byte is passed over";
