@@ -2,12 +2,14 @@
 
 #include "formats/XmlEntities.h"
 #include "formats/export/ExportText.h"
+#include "formats/export/SiblingOrder.h"
 #include "model/TreeWalk.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <limits>
+#include <span>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -88,7 +90,7 @@ private:
         for (const Bookmark* child : *folder.getChildren())
             pending_.push_back(child);
         if (sortByName_)
-            sortFrom(first);
+            sortNodes(std::span(pending_).subspan(first), *sortByName_);
         std::reverse(pending_.begin() + static_cast<std::ptrdiff_t>(first), pending_.end());
         doIndent(text_, level());
         text_ += "<DL><p>\n";
@@ -99,17 +101,6 @@ private:
         levels_.pop_back();
         doIndent(text_, level());
         text_ += "</DL><p>\n";
-    }
-
-    void sortFrom(std::size_t first) {
-        std::vector<std::pair<std::string, const Bookmark*>> keyed;
-        keyed.reserve(pending_.size() - first);
-        for (std::size_t i = first; i < pending_.size(); ++i)
-            keyed.emplace_back(sortByName_->sortKey(pending_[i]->itemName().view()), pending_[i]);
-        std::stable_sort(keyed.begin(), keyed.end(),
-                         [](const auto& a, const auto& b) { return a.first < b.first; });
-        for (std::size_t i = 0; i < keyed.size(); ++i)
-            pending_[first + i] = keyed[i].second;
     }
 
     void writeNode(const Bookmark& node) {

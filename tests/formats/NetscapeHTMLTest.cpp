@@ -3,6 +3,7 @@
 
 #include "formats/export/ExportText.h"
 #include "platform/fake/FakeBaseServices.h"
+#include "tests/formats/TreeFixture.h"
 
 #include <gtest/gtest.h>
 
@@ -18,37 +19,8 @@ const std::string kHeader = "<!DOCTYPE NETSCAPE-Bookmark-file-1>\n"
                             "<TITLE>Bookmarks</TITLE>\n"
                             "<H1>Bookmarks</H1>\n";
 
-class NetscapeHTML : public testing::Test {
+class NetscapeHTML : public TreeTest {
 protected:
-    void SetUp() override {
-        master->makeParent();
-        master->setItemName("Master");
-    }
-
-    static Bookmark& add(Bookmark& parent, Ref<Bookmark> child) {
-        parent.addChild(child);
-        return *child;
-    }
-    // Nodes have no dates unless a test gives them some.
-    static Bookmark& addLink(Bookmark& parent, Text name, Text url, Text note = nullptr) {
-        Ref<Bookmark> link = Bookmark::initEmpty();
-        link->setItemName(std::move(name));
-        link->setItemURL(std::move(url));
-        link->setItemNote(std::move(note));
-        return add(parent, std::move(link));
-    }
-    static Bookmark& addFolder(Bookmark& parent, Text name) {
-        Ref<Bookmark> folder = Bookmark::initEmpty();
-        folder->makeParent();
-        folder->setItemName(std::move(name));
-        return add(parent, std::move(folder));
-    }
-    static Bookmark& addSeparator(Bookmark& parent) {
-        Ref<Bookmark> separator = Bookmark::initEmpty();
-        separator->setType(kSeparatorType);
-        return add(parent, std::move(separator));
-    }
-
     // What follows the header.
     std::string body(const HTMLExportOptions& options = {}) {
         const std::string html = exportToHTML(*master, options).value();
@@ -63,7 +35,6 @@ protected:
         return line.substr(value, line.find('"', value) - value);
     }
 
-    Ref<Bookmark> master = Bookmark::initEmpty();
 };
 
 TEST_F(NetscapeHTML, anEmptyMasterGivesTheFiveHeaderLinesOnly) {

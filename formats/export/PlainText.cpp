@@ -1,0 +1,90 @@
+#include "formats/export/PlainText.h"
+
+#include "formats/export/ExportText.h"
+#include "formats/export/SiblingOrder.h"
+#include "model/TreeWalk.h"
+
+#include <algorithm>
+#include <span>
+#include <vector>
+
+namespace tabulon {
+namespace {
+
+class TextExport {
+public:
+    explicit TextExport(const TextExportOptions& options) : options_(options) {}
+
+    Result<std::string> run(const Bookmark& master) {
+        if (options_.skipFolders)
+            addFlattened(master);
+        else
+            addChildren(master);
+        while (!pending_.empty()) {
+            if (text_.size() > options_.mostBytes)
+                return failure("The bookmarks are too many or too long for one text file.");
+            const Bookmark& node = *pending_.back();
+            pending_.pop_back();
+            if (!node.isSeparator() || !options_.skipSeparators)
+                writeLine(node);
+            if (node.isFolder())
+                addChildren(node);
+        }
+        return std::move(text_);
+    }
+
+private:
+    void addChildren(const Bookmark& folder) {
+        const std::size_t first = pending_.size();
+        if (const ChildList* children = folder.getChildren())
+            for (const Bookmark* child : *children)
+                pending_.push_back(child);
+        order(first);
+    }
+
+    // Everything below `folder` that is no folder, depth first.
+    void addFlattened(const Bookmark& folder) {
+        walkBelow(folder, [this](const Bookmark& node) {
+            if (!node.isFolder())
+                pending_.push_back(&node);
+            return node.isFolder();
+        });
+        order(0);
+    }
+
+    // Puts the nodes from `first` on into the order in which they are taken off again, last first.
+    void order(std::size_t first) {
+        if (options_.sort)
+            sortNodes(std::span(pending_).subspan(first), *options_.sort,
+                      options_.name ? SortText::Name : SortText::URL);
+        std::reverse(pending_.begin() + static_cast<std::ptrdiff_t>(first), pending_.end());
+    }
+
+    void writeLine(const Bookmark& node) {
+        writeColumn(options_.name, node.itemName());
+        writeColumn(options_.url, node.itemURL());
+        writeColumn(options_.tags, node.itemTags());
+        if (options_.note)
+            text_ += tidyPart(node.itemNote().view());
+        text_ += '\n';
+    }
+
+    void writeColumn(bool written, const Text& text) {
+        if (!written)
+            return;
+        text_ += text.view();
+        text_ += '\t';
+    }
+
+    const TextExportOptions options_;
+    std::string text_;
+    std::vector<const Bookmark*> pending_; // the next one last
+};
+
+} // namespace
+
+Result<std::string> exportToText(const Bookmark& master, const TextExportOptions& options) {
+    return TextExport(options).run(master);
+}
+
+} // namespace tabulon

@@ -1,0 +1,165 @@
+#include "formats/export/XBEL.h"
+
+#include "formats/XmlEntities.h"
+#include "formats/export/ExportText.h"
+#include "formats/export/SiblingOrder.h"
+#include "model/TreeWalk.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace tabulon {
+namespace {
+
+constexpr std::string_view kHeader = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                                     "<!DOCTYPE xbel>\n"
+                                     "<!-- Created by Tabulon - https://tabulon.example/ -->\n"
+                                     "<xbel version=\"1.0\">\n";
+
+// One export. The open lists are a stack; `pending_` has the nodes still to be written, the next one last.
+class XBELExport {
+public:
+    explicit XBELExport(const XBELExportOptions& options) : options_(options) {}
+
+    Result<std::string> run(const Bookmark& master) {
+        text_ = kHeader;
+        beginList(master);
+        while (!lists_.empty()) {
+            if (text_.size() > options_.mostBytes)
+                return failure("The bookmarks are too many, too long or nested too deep for one XBEL file.");
+            if (pending_.size() == lists_.back()) {
+                endList();
+                continue;
+            }
+            const Bookmark& node = *pending_.back();
+            pending_.pop_back();
+            writeNode(node);
+        }
+        text_ += "</xbel>\n";
+        return std::move(text_);
+    }
+
+private:
+    // The indent of the nodes in the innermost list: none at the top.
+    int indent() const { return static_cast<int>(lists_.size()) - 1; }
+
+    void beginList(const Bookmark& folder) {
+        const std::size_t first = pending_.size();
+        if (const ChildList* children = folder.getChildren())
+            for (const Bookmark* child : *children)
+                pending_.push_back(child);
+        if (options_.sortByName)
+            sortNodes(std::span(pending_).subspan(first), *options_.sortByName);
+        std::reverse(pending_.begin() + static_cast<std::ptrdiff_t>(first), pending_.end());
+        lists_.push_back(first);
+    }
+
+    void endList() {
+        lists_.pop_back();
+        if (!lists_.empty())
+            line("</folder>");
+    }
+
+    void writeNode(const Bookmark& node) {
+        if (node.isSeparator()) {
+            line("<separator>");
+            line("</separator>");
+        } else if (node.isFolder()) {
+            writeFolder(node);
+        } else {
+            writeLink(node);
+        }
+    }
+
+    void writeFolder(const Bookmark& folder) {
+        line(folder.showHier() ? "<folder folded=\"no\">" : "<folder folded=\"yes\">");
+        writeTitle(folder);
+        if (!folder.itemNote().isEmpty())
+            element("desc", escapeXmlEntities(tidyPart(folder.itemNote().view())));
+        beginList(folder);
+    }
+
+    void writeLink(const Bookmark& link) {
+        doIndent(text_, indent());
+        text_ += "<bookmark";
+        if (!link.itemURL().isEmpty()) {
+            text_ += " href=\"";
+            appendXmlEscaped(text_, link.itemURL().view());
+            text_ += '"';
+        }
+        text_ += ">\n";
+        writeTitle(link);
+        // Escaped before and after the note becomes one line: so a link's note is escaped twice, a folder's
+        // once.
+        if (!link.itemNote().isEmpty())
+            element("desc", escapeXmlEntities(tidyPart(escapeXmlEntities(link.itemNote().view()))));
+        if (!link.itemTags().isEmpty())
+            writeTags(link);
+        line("</bookmark>");
+    }
+
+    void writeTitle(const Bookmark& node) {
+        if (!node.itemName().isEmpty())
+            element("title", escapeXmlEntities(node.itemName().view()));
+    }
+
+    void writeTags(const Bookmark& link) {
+        line("<info>");
+        doIndent(text_, indent() + 1);
+        text_ += "<metadata owner=\"";
+        text_ += kXBELTagsOwner;
+        text_ += "\">";
+        appendXmlEscaped(text_, link.itemTags().view());
+        text_ += "</metadata>\n";
+        line("</info>");
+    }
+
+    void line(std::string_view content) {
+        doIndent(text_, indent());
+        text_ += content;
+        text_ += '\n';
+    }
+
+    void element(std::string_view name, std::string_view content) {
+        doIndent(text_, indent());
+        text_ += '<';
+        text_ += name;
+        text_ += '>';
+        text_ += content;
+        text_ += "</";
+        text_ += name;
+        text_ += ">\n";
+    }
+
+    const XBELExportOptions options_;
+    std::string text_;
+    std::vector<const Bookmark*> pending_;
+    std::vector<std::size_t> lists_; // for each open list where in `pending_` its own nodes begin
+};
+
+// At least so many tabs stand in front of the lines of all nodes: each has two lines of its own.
+std::uint64_t leastIndentsBelow(const Bookmark& master) {
+    std::uint64_t indent = 0;
+    std::uint64_t tabs = 0;
+    const auto enter = [&](const Bookmark& node) {
+        tabs += 2 * indent;
+        const bool descend = node.isFolder() && !node.isSeparator() && node.getChildren();
+        indent += descend ? 1 : 0;
+        return descend;
+    };
+    walkBelow(master, enter, [&](const Bookmark&) { --indent; });
+    return tabs;
+}
+
+} // namespace
+
+Result<std::string> exportToXBEL(const Bookmark& master, const XBELExportOptions& options) {
+    if (leastIndentsBelow(master) > options.mostBytes)
+        return failure("The folders are nested too deep for an XBEL file: its indents alone would fill it.");
+    return XBELExport(options).run(master);
+}
+
+} // namespace tabulon
