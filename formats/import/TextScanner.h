@@ -1,0 +1,18 @@
+// Any text → the links in it, as one flat list. It looks for a few markers and takes the word around each;
+// whoever wants a page's links reads it as a page.
+#pragma once
+
+#include "model/Bookmark.h"
+#include "platform/BaseServices.h"
+
+#include <string_view>
+
+namespace tabulon {
+
+/// Scans `bytes`, which should be UTF-8 (malformed parts decode to U+FFFD), and gives the new root folder
+/// "Master" with a link for each word that holds "://", "mailto:" (in any case), "@" or "/info-mac/", in the
+/// order of the text, all of them called "Untitled"; no children when there was nothing. A word ends at white
+/// space, quotes, parentheses, comma, semicolon, angle brackets and NUL. Linear; nothing is kept of `bytes`.
+Ref<Bookmark> scanText(std::string_view bytes, const BaseServices& services);
+
+} // namespace tabulon

@@ -1,0 +1,13 @@
+// Any bytes as a text that may hold links: it is scanned, and the tree of its links is a sound document.
+#include "formats/import/TextScanner.h"
+#include "fuzz/RoundTrip.h"
+#include "platform/fake/FakeBaseServices.h"
+
+#include <cstdint>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    tabulon::FakeBaseServices fake;
+    tabulon::requireRoundTrip(
+        *tabulon::scanText({reinterpret_cast<const char*>(data), size}, fake.services()));
+    return 0;
+}
