@@ -14,7 +14,7 @@ AppDelegate::AppDelegate(const Platform& platform, DocumentWindowMaker& windows,
     : platform_(platform), version_(std::move(version)), documentController_(platform, windows) {
     addActions();
     documentController_.lastDocumentClosed = [this] {
-        if (stop)
+        if (stop && !(willOpenMore && willOpenMore()))
             stop();
     };
 }

@@ -45,6 +45,8 @@ public:
     void terminate();
     /// Ends the program's main loop; called once, after the last document was closed.
     std::function<void()> stop;
+    /// True when something is about to be opened: closing the last document does not end the program then.
+    std::function<bool()> willOpenMore;
 
     // Opening and importing
 

@@ -4,6 +4,20 @@
 
 namespace tabulon {
 
+RequestQueue::RequestQueue(AppDelegate& app, SingleInstance& instance, Timers& timers)
+    : app_(app), timers_(timers) {
+    instance.requested = [this](LaunchRequest request) {
+        used_ = true;
+        pending_.push_back(std::move(request));
+        performSoon();
+    };
+    app_.willOpenMore = [this] { return !pending_.empty(); };
+}
+
+void RequestQueue::performSoon() {
+    timer_ = timers_.after(0, [this] { performPending(); });
+}
+
 // Performing may show an alert, while which more requests come and this is called again.
 void RequestQueue::performPending() {
     while (!performing_ && !pending_.empty() && !(mustWait && mustWait())) {

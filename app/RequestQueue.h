@@ -4,9 +4,11 @@
 #pragma once
 
 #include "platform/SingleInstance.h"
+#include "platform/Timers.h"
 
 #include <deque>
 #include <functional>
+#include <memory>
 
 namespace tabulon {
 
@@ -14,25 +16,32 @@ class AppDelegate;
 
 class RequestQueue {
 public:
-    /// `app` must live longer.
-    explicit RequestQueue(AppDelegate& app) : app_(app) {}
+    /// Takes what comes to `instance`; as long as there is something to do, closing the last document does
+    /// not end `app`. All must live longer.
+    RequestQueue(AppDelegate& app, SingleInstance& instance, Timers& timers);
 
     /// True while nothing may happen behind the user's back, such as while an alert waits for an answer.
+    /// `performSoon` is to be called when that is over.
     std::function<bool()> mustWait;
     /// Called around each request, for what the desktop needs to let windows come to the front.
     std::function<void(const LaunchRequest&)> willPerform;
     std::function<void(const LaunchRequest&)> didPerform;
 
-    void add(LaunchRequest request) { pending_.push_back(std::move(request)); }
-    bool isEmpty() const { return pending_.empty(); }
+    /// Does from the main loop what has come, in the order in which it came, as far as it may then.
+    void performSoon();
 
-    /// Does what has come, in the order in which it came, as far as it may now.
-    void performPending();
+    /// Something has come since the start.
+    bool wasUsed() const { return used_; }
 
 private:
+    void performPending();
+
     AppDelegate& app_;
+    Timers& timers_;
+    std::unique_ptr<Timer> timer_;
     std::deque<LaunchRequest> pending_;
     bool performing_ = false;
+    bool used_ = false;
 };
 
 } // namespace tabulon

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -48,6 +49,10 @@ public:
 
     /// Is the first one no longer: the next start runs by itself, and requests on their way find nobody.
     virtual void release() = 0;
+
+    /// Called from the main loop for each request that comes to the first one. Whoever sent it has its answer
+    /// when this returns.
+    std::function<void(LaunchRequest)> requested;
 };
 
 } // namespace tabulon

@@ -54,7 +54,11 @@ int QtAlerts::runModal(const Alert& alert) {
     if (!box.escapeButton())
         box.setEscapeButton(buttons.back());
     box.setDefaultButton(static_cast<QPushButton*>(buttons.front()));
+    ++showing_;
     box.exec();
+    --showing_;
+    if (showing_ == 0 && lastOneEnded)
+        lastOneEnded();
     return kAlertFirstButton + static_cast<int>(buttons.indexOf(box.clickedButton()));
 }
 

@@ -17,8 +17,14 @@ public:
     explicit QtAlerts(WindowFinder windowFor) : windowFor_(std::move(windowFor)) {}
     int runModal(const Alert& alert) override;
 
+    /// True while an alert waits for its answer.
+    bool isShowing() const { return showing_ > 0; }
+    /// Called when none does any more, before `runModal` returns.
+    std::function<void()> lastOneEnded;
+
 private:
     WindowFinder windowFor_;
+    int showing_ = 0;
 };
 
 } // namespace tabulon

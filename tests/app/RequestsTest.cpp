@@ -1,5 +1,6 @@
 // What comes from outside: later starts, the desktop. And how it waits its turn.
 #include "app/RequestQueue.h"
+#include "platform/fake/FakeSingleInstance.h"
 #include "tests/app/AppFixture.h"
 
 namespace tabulon {
@@ -14,10 +15,11 @@ protected:
         files.files["/home/b.tbln"] = documentBytes("b");
     }
     void perform(LaunchRequest request) {
-        queue.add(std::move(request));
-        queue.performPending();
+        instance.requested(std::move(request));
+        timers.advance(0);
     }
-    RequestQueue queue{app};
+    FakeSingleInstance instance;
+    RequestQueue queue{app, instance, timers};
 };
 
 TEST_F(RequestsTest, theFirstRequestStartsTheProgram) {
@@ -86,12 +88,13 @@ TEST_F(RequestsTest, requestsWaitWhileAnAlertIsShownAndKeepTheirOrder) {
     perform({.kind = Kind::Open, .uris = {"file:///home/b.tbln"}});
     perform({.kind = Kind::Open, .uris = {"file:///home/a.tbln"}});
     EXPECT_TRUE(documents().documents().empty());
-    EXPECT_FALSE(queue.isEmpty());
+    EXPECT_TRUE(app.willOpenMore());
     alertIsShown = false;
-    queue.performPending();
+    queue.performSoon();
+    timers.advance(0);
     ASSERT_EQ(documents().documents().size(), 2u);
     EXPECT_EQ(documents().documents()[0]->fileName(), "/home/b.tbln");
-    EXPECT_TRUE(queue.isEmpty());
+    EXPECT_FALSE(app.willOpenMore());
 }
 
 TEST_F(RequestsTest, aRequestThatComesWhileOneIsDoneIsDoneAfterwards) {
@@ -99,8 +102,7 @@ TEST_F(RequestsTest, aRequestThatComesWhileOneIsDoneIsDoneAfterwards) {
     queue.willPerform = [&](const LaunchRequest& request) {
         order.push_back("will " + request.activationToken);
         if (request.activationToken == "1") {
-            queue.add({.activationToken = "2"});
-            queue.performPending();
+            perform({.activationToken = "2"});
         }
     };
     queue.didPerform = [&](const LaunchRequest& request) {
@@ -108,6 +110,26 @@ TEST_F(RequestsTest, aRequestThatComesWhileOneIsDoneIsDoneAfterwards) {
     };
     perform({.activationToken = "1"});
     EXPECT_EQ(order, (std::vector<std::string>{"will 1", "did 1", "will 2", "did 2"}));
+}
+
+TEST_F(RequestsTest, aRequestIsAnsweredBeforeItIsDone) {
+    instance.requested({.kind = Kind::Open, .uris = {"file:///home/a.tbln"}});
+    EXPECT_TRUE(documents().documents().empty());
+    EXPECT_TRUE(queue.wasUsed());
+    timers.advance(0);
+    EXPECT_TRUE(onlyDocument());
+}
+
+TEST_F(RequestsTest, closingTheLastDocumentDoesNotEndTheProgramThatHasJustAcceptedAFile) {
+    perform({.kind = Kind::Open, .uris = {"file:///home/a.tbln"}});
+    instance.requested({.kind = Kind::Open, .uris = {"file:///home/b.tbln"}});
+    AppTest::perform("performClose:");
+    EXPECT_EQ(stops, 0);
+    timers.advance(0);
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_EQ(onlyDocument()->fileName(), "/home/b.tbln");
+    AppTest::perform("performClose:");
+    EXPECT_EQ(stops, 1);
 }
 
 } // namespace

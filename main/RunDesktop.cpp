@@ -1,0 +1,97 @@
+#include "main/RunDesktop.h"
+
+#include "app/AppDelegate.h"
+#include "app/RequestQueue.h"
+#include "app/SettingsAlerts.h"
+#include "platform/EnglishTexts.h"
+#include "platform/linux/Activation.h"
+#include "platform/linux/FileStore.h"
+#include "platform/linux/FileUserDefaults.h"
+#include "platform/linux/QtAlerts.h"
+#include "platform/linux/QtPanels.h"
+#include "platform/linux/QtTimers.h"
+#include "platform/linux/SessionEvents.h"
+#include "platform/linux/SystemServices.h"
+#include "platform/linux/XdgFolderReferences.h"
+#include "platform/linux/XdgFolders.h"
+#include "platform/linux/XdgRecoveryFolders.h"
+#include "ui/QtWindows.h"
+
+#include <QApplication>
+#include <QTimer>
+
+#include <chrono>
+
+namespace tabulon {
+namespace {
+
+// A service that nobody asks anything goes again.
+constexpr double kServicePatience = 10; // seconds
+
+void writeFromMainLoop(FileUserDefaults& defaults) {
+    constexpr auto kDelay = std::chrono::seconds(1);
+    defaults.writeSoon = [&defaults, kDelay] { QTimer::singleShot(kDelay, qApp, [&] { defaults.write(); }); };
+}
+
+void serveRequests(RequestQueue& queue, AppDelegate& app, QtAlerts& alerts, const QtWindows& windows) {
+    queue.mustWait = [&alerts] { return alerts.isShowing(); };
+    alerts.lastOneEnded = [&queue] { queue.performSoon(); };
+    queue.willPerform = beginActivation;
+    queue.didPerform = [&](const LaunchRequest& request) {
+        endActivation(request, windows.windowFor(app.documentController().currentDocument()));
+    };
+}
+
+void tellSettingsProblems(FileUserDefaults& defaults, const Platform& platform) {
+    defaults.tellProblemsTo([&platform](const SettingsProblem& problem) {
+        platform.base.log.log(settingsProblemLine(problem));
+        QTimer::singleShot(0, qApp, [&platform, problem] { settingsProblemAlert(platform, problem); });
+    });
+}
+
+} // namespace
+
+int runDesktop(const LaunchArguments& arguments, SingleInstance& instance) {
+    SystemClock clock;
+    StandardErrorLog log;
+    EnglishLocalization texts(environmentLocale());
+    PosixFileStore files;
+    FileUserDefaults defaults(files, settingsFolder() + "/tabulon.ini");
+    FileUserDefaults state(files, stateFolder() + "/state.ini");
+    writeFromMainLoop(defaults);
+    writeFromMainLoop(state);
+    XdgFolderReferences folders(defaults, files);
+    QtWindows windows;
+    const WindowFinder windowFor = [&windows](const Document* document) {
+        return windows.windowFor(document);
+    };
+    QtAlerts alerts(windowFor);
+    QtPanels panels(windowFor);
+    XdgRecoveryFolders recovery(stateFolder() + "/unsaved");
+    QtTimers timers;
+    const Platform platform{
+        {clock, defaults, texts, log}, alerts, panels, files, folders, recovery, timers, state};
+    AppDelegate app(platform, windows, TABULON_VERSION);
+    windows.connectTo(app, platform);
+    app.stop = [&instance] {
+        instance.release();
+        QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+    };
+    const SessionEvents session([&app] { app.applicationWillResignActive(); },
+                                [&app] { app.sessionWillEnd(); });
+    RequestQueue queue(app, instance, timers);
+    serveRequests(queue, app, alerts, windows);
+    state.tellProblemsTo([&log](const SettingsProblem& problem) { log.log(settingsProblemLine(problem)); });
+    QTimer::singleShot(0, qApp, [&] {
+        if (arguments.purpose == LaunchArguments::Purpose::Run)
+            app.performRequest(arguments.request);
+        tellSettingsProblems(defaults, platform);
+    });
+    const auto unused = timers.after(kServicePatience, [&] {
+        if (arguments.purpose == LaunchArguments::Purpose::Serve && !queue.wasUsed())
+            app.stop();
+    });
+    return QApplication::exec();
+}
+
+} // namespace tabulon

@@ -1,0 +1,122 @@
+#include "platform/linux/DBusInstance.h"
+
+#include "platform/linux/ApplicationAdaptor.h"
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusPendingCallWatcher>
+#include <QEventLoop>
+#include <QFile>
+#include <QTimer>
+
+#include <limits>
+
+namespace tabulon {
+namespace {
+
+constexpr auto kName = "com.tabulon.Tabulon";
+constexpr auto kPath = "/com/tabulon/Tabulon";
+constexpr auto kInterface = "org.freedesktop.Application";
+
+// Where there is none, asking for it would start one, and leave it running.
+bool hasSessionBus() {
+    return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ||
+           QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/bus");
+}
+
+QDBusMessage messageFor(const LaunchRequest& request) {
+    const auto method = [](const char* name) {
+        QDBusMessage message = QDBusMessage::createMethodCall(kName, kPath, kInterface, name);
+        message.setAutoStartService(false);
+        return message;
+    };
+    QVariantMap platformData;
+    if (!request.activationToken.empty())
+        platformData["activation-token"] = QString::fromStdString(request.activationToken);
+    if (!request.startupId.empty())
+        platformData["desktop-startup-id"] = QString::fromStdString(request.startupId);
+    switch (request.kind) {
+    case LaunchRequest::Kind::Open: {
+        QStringList uris;
+        for (const std::string& uri : request.uris)
+            uris << QString::fromStdString(uri);
+        return method("Open") << uris << platformData;
+    }
+    case LaunchRequest::Kind::NewDocument:
+        return method("ActivateAction") << "new-document" << QVariantList() << platformData;
+    case LaunchRequest::Kind::Activate:
+        break;
+    }
+    return method("Activate") << platformData;
+}
+
+// A program that ends gives its name back before its object goes.
+bool tellsThatItIsGone(QDBusError::ErrorType error) {
+    switch (error) {
+    case QDBusError::NoReply:
+    case QDBusError::Disconnected:
+    case QDBusError::ServiceUnknown:
+    case QDBusError::UnknownObject:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+DBusInstance::DBusInstance() {
+    new ApplicationAdaptor(this, [this](LaunchRequest request) {
+        if (requested)
+            requested(std::move(request));
+    });
+}
+
+DBusInstance::~DBusInstance() {
+    release();
+}
+
+// The object is there before the name is, so that nobody who finds the name finds nothing behind it.
+SingleInstance::Role DBusInstance::claim() {
+    if (!hasSessionBus())
+        return Role::Alone;
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected() || !bus.registerObject(kPath, this))
+        return Role::Alone;
+    const auto reply = bus.interface()->registerService(kName, QDBusConnectionInterface::DontQueueService,
+                                                        QDBusConnectionInterface::DontAllowReplacement);
+    if (reply.isValid() && reply.value() == QDBusConnectionInterface::ServiceRegistered)
+        return Role::First;
+    bus.unregisterObject(kPath);
+    return reply.isValid() ? Role::Second : Role::Alone;
+}
+
+void DBusInstance::handOver(const LaunchRequest& request) {
+    call_ = QDBusConnection::sessionBus().asyncCall(messageFor(request), std::numeric_limits<int>::max());
+}
+
+SingleInstance::Answer DBusInstance::waitForAnswer(std::chrono::milliseconds patience) {
+    QDBusPendingCallWatcher watcher(*call_);
+    QEventLoop loop;
+    connect(&watcher, &QDBusPendingCallWatcher::finished, &loop, &QEventLoop::quit);
+    QTimer::singleShot(patience, &loop, &QEventLoop::quit);
+    if (!watcher.isFinished())
+        loop.exec();
+    if (!watcher.isFinished())
+        return Answer::Silent;
+    if (!watcher.isError())
+        return Answer::Taken;
+    return tellsThatItIsGone(watcher.error().type()) ? Answer::Gone : Answer::Refused;
+}
+
+void DBusInstance::release() {
+    if (!hasSessionBus())
+        return;
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected())
+        return;
+    bus.interface()->unregisterService(kName);
+    bus.unregisterObject(kPath);
+}
+
+} // namespace tabulon
