@@ -3,6 +3,8 @@
 
 #include "cli/PlainText.h"
 #include "cli/Verbs.h"
+#include "formats/ExportFormats.h"
+#include "formats/ImportFormats.h"
 #include "platform/fake/FakeBaseServices.h"
 
 #include <CLI/CLI.hpp>
@@ -23,11 +25,19 @@ struct Request {
     std::function<Result<void>(const Session&)> verb;
 };
 
+template <class Format>
+std::vector<std::string> namesOf(std::span<const Format> formats) {
+    std::vector<std::string> names;
+    for (const Format& format : formats)
+        names.emplace_back(format.name);
+    return names;
+}
+
 void addImport(CLI::App& app, Request& request) {
     CLI::App* verb = app.add_subcommand("import", "Read a file of another format and write it as a document");
     verb->add_option("--from", request.format, "The format of INPUT")
         ->required()
-        ->check(CLI::IsMember(importFormats()));
+        ->check(CLI::IsMember(namesOf(importFormats())));
     verb->add_option("INPUT", request.input, "The file to read, - for standard input")->required();
     verb->add_option("-o,--output", request.output, "The document to write, - for standard output")
         ->capture_default_str();
@@ -42,7 +52,7 @@ void addExport(CLI::App& app, Request& request) {
     CLI::App* verb = app.add_subcommand("export", "Write a document in another format");
     verb->add_option("--to", request.format, "The format to write")
         ->required()
-        ->check(CLI::IsMember(exportFormats()));
+        ->check(CLI::IsMember(namesOf(exportFormats())));
     verb->add_option("INPUT", request.input, "The document to read, - for standard input")->required();
     verb->add_option("-o,--output", request.output, "The file to write, - for standard output")
         ->capture_default_str();

@@ -24,11 +24,7 @@ struct Session {
     Result<std::unique_ptr<Document>> readDocument(const std::string& path) const;
 };
 
-/// Names of the formats, in the order in which help lists them.
-std::vector<std::string> importFormats();
-std::vector<std::string> exportFormats();
-
-/// Requires a format of `importFormats` and `exportFormats`.
+/// Requires the name of an import or export format.
 Result<void> importFile(const Session& session, const std::string& format, const std::string& input,
                         const std::string& output);
 Result<void> exportFile(const Session& session, const std::string& format, const std::string& input,

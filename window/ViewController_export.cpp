@@ -1,15 +1,11 @@
 // The document in other formats. Files and panels are the application's.
-#include "formats/export/NetscapeHTML.h"
-#include "model/Collation.h"
+#include "formats/ExportFormats.h"
 #include "window/ViewController.h"
 
 namespace tabulon {
 
 Result<std::string> ViewController::exportToHTML() const {
-    if (!platform_.base.defaults.boolForKey("ExportSortName"))
-        return tabulon::exportToHTML(getMaster(), {});
-    const Collation collation(platform_.base.texts.locale());
-    return tabulon::exportToHTML(getMaster(), {.sortByName = &collation});
+    return exportFormatNamed("html")->write(getMaster(), platform_.base);
 }
 
 } // namespace tabulon

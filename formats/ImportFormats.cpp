@@ -1,0 +1,37 @@
+#include "formats/ImportFormats.h"
+
+#include "formats/import/TextScanner.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tabulon {
+namespace {
+
+Result<Ref<Bookmark>> readBookmarkHTML(std::string_view bytes, const ImportServices& services) {
+    return services.netscape.scan(bytes, services.base);
+}
+
+Result<Ref<Bookmark>> readText(std::string_view bytes, const ImportServices& services) {
+    return scanText(bytes, services.base);
+}
+
+constexpr auto kHTMLExtensions = std::to_array<std::string_view>({"html", "htm"});
+
+constexpr auto kFormats = std::to_array<ImportFormat>({
+    {"html", "FormatHTML", kHTMLExtensions, readBookmarkHTML},
+    {"text", "FormatText", {}, readText},
+});
+
+} // namespace
+
+std::span<const ImportFormat> importFormats() {
+    return kFormats;
+}
+
+const ImportFormat* importFormatNamed(std::string_view name) {
+    const auto found = std::ranges::find(kFormats, name, &ImportFormat::name);
+    return found == kFormats.end() ? nullptr : &*found;
+}
+
+} // namespace tabulon
