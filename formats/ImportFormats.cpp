@@ -1,6 +1,7 @@
 #include "formats/ImportFormats.h"
 
 #include "formats/import/TextScanner.h"
+#include "formats/import/XBELReader.h"
 
 #include <algorithm>
 #include <array>
@@ -16,10 +17,16 @@ Result<Ref<Bookmark>> readText(std::string_view bytes, const ImportServices& ser
     return scanText(bytes, services.base);
 }
 
+Result<Ref<Bookmark>> readXBELFile(std::string_view bytes, const ImportServices& services) {
+    return readXBEL(bytes, services.base);
+}
+
+constexpr auto kXBELExtensions = std::to_array<std::string_view>({"xbel"});
 constexpr auto kHTMLExtensions = std::to_array<std::string_view>({"html", "htm"});
 
 constexpr auto kFormats = std::to_array<ImportFormat>({
     {"html", "FormatHTML", kHTMLExtensions, readBookmarkHTML},
+    {"xbel", "FormatXBEL", kXBELExtensions, readXBELFile},
     {"text", "FormatText", {}, readText},
 });
 

@@ -1,0 +1,139 @@
+#include "formats/import/XBELReader.h"
+
+#include "formats/import/XBELDates.h"
+
+#include <pugixml.hpp>
+
+#include <string>
+#include <vector>
+
+namespace tabulon {
+namespace {
+
+using pugi::xml_node;
+using pugi::xml_node_type;
+
+// Every top-level node counts, and a comment in front of a text hides the text.
+constexpr unsigned kParseFlags = pugi::parse_default | pugi::parse_declaration | pugi::parse_doctype |
+                                 pugi::parse_comments | pugi::parse_pi;
+
+// The text of an element whose first child is a text, else null.
+Text firstText(xml_node element) {
+    const xml_node first = element.first_child();
+    return first.type() == pugi::node_pcdata ? Text::fromBytes(first.value()) : Text();
+}
+
+std::string_view lastPathComponent(std::string_view address) {
+    const std::size_t slash = address.rfind('/');
+    return slash == std::string_view::npos ? address : address.substr(slash + 1);
+}
+
+xml_node firstElementIn(xml_node parent) {
+    return parent.find_child([](xml_node child) { return child.type() == pugi::node_element; });
+}
+
+class XBELWalk {
+public:
+    explicit XBELWalk(const BaseServices& services) : now_(Date::now(services.clock)) {}
+
+    Ref<Bookmark> run(xml_node first) {
+        Ref<Bookmark> root = newFolder();
+        root->setItemName("Master");
+        lists_.push_back({first, root.get()});
+        while (!lists_.empty()) {
+            List& list = lists_.back();
+            const xml_node node = list.next;
+            if (!node) {
+                lists_.pop_back();
+                continue;
+            }
+            list.next = node.next_sibling();
+            if (node.type() == pugi::node_element)
+                take(node, *list.folder);
+        }
+        return root;
+    }
+
+private:
+    /// What is left of a list of siblings, and the folder that it fills.
+    struct List {
+        xml_node next;
+        Bookmark* folder;
+    };
+
+    Ref<Bookmark> newFolder() const {
+        Ref<Bookmark> folder = Bookmark::init(now_);
+        folder->makeParent();
+        return folder;
+    }
+
+    void take(xml_node element, Bookmark& folder) {
+        const std::string_view name = element.name();
+        if (name == "xbel") {
+            // The rest of the list that it stands in is never read.
+            lists_.back().next = element.first_child();
+        } else if (name == "title") {
+            folder.setItemName(firstText(element));
+        } else if (name == "folder") {
+            Ref<Bookmark> child = newFolder();
+            lists_.push_back({element.first_child(), child.get()});
+            folder.addChild(std::move(child));
+        } else if (name == "bookmark") {
+            folder.addChild(newBookmark(element));
+        } else if (name == "separator") {
+            Ref<Bookmark> separator = Bookmark::init(now_);
+            separator->setType(kSeparatorType);
+            folder.addChild(std::move(separator));
+        }
+    }
+
+    Ref<Bookmark> newBookmark(xml_node element) const {
+        Ref<Bookmark> bookmark = Bookmark::init(now_);
+        if (const pugi::xml_attribute href = element.attribute("href"))
+            bookmark->setItemURL(Text::fromBytes(href.value()));
+        bookmark->setItemDateAdded(dateOfXBEL(element.attribute("added").value()));
+        bookmark->setItemDateModified(dateOfXBEL(element.attribute("modified").value()));
+        for (const xml_node detail : element.children()) {
+            const std::string_view name = detail.name();
+            if (detail.type() != pugi::node_element)
+                continue;
+            if (name == "title")
+                bookmark->setItemName(firstText(detail));
+            else if (name == "desc")
+                bookmark->setItemNote(firstText(detail));
+            else if (name == "info")
+                takeTags(detail, *bookmark);
+        }
+        return bookmark;
+    }
+
+    static void takeTags(xml_node info, Bookmark& bookmark) {
+        const xml_node metadata = firstElementIn(info);
+        if (lastPathComponent(metadata.attribute("owner").value()) != "tags")
+            return;
+        if (const xml_node first = metadata.first_child(); first && first.type() != pugi::node_element)
+            bookmark.setItemTags(Text::fromBytes(first.value()));
+    }
+
+    const Date now_;
+    std::vector<List> lists_;
+};
+
+} // namespace
+
+Result<Ref<Bookmark>> readXBEL(std::string_view bytes, const BaseServices& services) {
+    std::string buffer(bytes);
+    pugi::xml_document document;
+    const pugi::xml_parse_result parsed =
+        document.load_buffer_inplace(buffer.data(), buffer.size(), kParseFlags);
+    if (!parsed)
+        return failure(std::string("The file is no XML: ") + parsed.description() + ".");
+    const xml_node start = document.first_child().next_sibling();
+    if (!start)
+        return failure(
+            "The file is no XBEL: it has neither an XML declaration nor a document type in front of its "
+            "bookmarks, or no bookmarks.");
+    return XBELWalk(services).run(start);
+}
+
+} // namespace tabulon
