@@ -200,6 +200,35 @@ TEST_F(OpeningTest, ImportBookmarksWithNothingInItGivesTheNoLinksAlert) {
     EXPECT_EQ(alerts.shown[0].message, "No links found");
 }
 
+TEST_F(OpeningTest, TheButtonOfTheNoLinksAlertIsTheSameInEveryLanguage) {
+    struct Esperanto : Localization {
+        std::string text(std::string_view key) const override { return "la " + std::string(key); }
+        std::string locale() const override { return "eo"; }
+    } texts;
+    const Platform esperanto{{base.clock, base.defaults, texts, base.log},
+                             alerts,
+                             panels,
+                             files,
+                             folders,
+                             recovery,
+                             timers,
+                             state};
+    AppDelegate other(esperanto, windows, "1.2.3");
+    EXPECT_EQ(other.scanNetscape("nothing"), nullptr);
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].message, "la EmptyScan");
+    EXPECT_EQ(alerts.shown[0].informative, "la NoURLs");
+    ASSERT_EQ(alerts.shown[0].buttons.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].buttons[0].title, "OK");
+}
+
+TEST_F(OpeningTest, ADescriptionBeforeAnyItemGoesToTheLastItemOfTheImportBefore) {
+    Document* first = app.scanNetscape("<DT><A HREF=\"u\">n</A>");
+    ASSERT_TRUE(first);
+    ASSERT_TRUE(app.scanNetscape("<DD>late<HR></DL>"));
+    EXPECT_EQ(first->getMaster().getChild()->itemNote().view(), "late");
+}
+
 TEST_F(OpeningTest, OpenFileReachedByALinkOrAnotherSpellingComesToTheFront) {
     files.files["/home/a.tbln"] = documentBytes("a");
     files.files["/home/twin.tbln"] = files.files["/home/a.tbln"];
