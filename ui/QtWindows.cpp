@@ -1,7 +1,9 @@
 #include "ui/QtWindows.h"
 
+#include "ui/Icons.h"
 #include "ui/Strings.h"
 #include "ui/document/DocumentMainWindow.h"
+#include "ui/document/OutlineAccessible.h"
 #include "ui/document/OutlineWidget.h"
 
 #include <QApplication>
@@ -28,6 +30,7 @@ public:
         window_->showTitle(toQString(name), QFile::decodeName(path.c_str()), edited);
     }
     void setURLFieldText(const std::string& text) override { window_->showURLFieldText(oneLine(text)); }
+    void setURLFieldFontSize(double size) override { window_->setURLFieldFontSize(size); }
     void showEmptyState(bool empty) override { window_->showEmptyState(empty); }
     std::string frame() const override { return window_->frame(); }
     void setFrame(const std::string& frame) override { window_->setFrame(frame); }
@@ -42,6 +45,8 @@ private:
 void QtWindows::connectTo(AppDelegate& app, const Platform& platform) {
     app_ = &app;
     platform_ = &platform;
+    installOutlineAccessibility();
+    QApplication::setWindowIcon(iconNamed("tabulon"));
 }
 
 std::unique_ptr<DocumentWindow> QtWindows::makeWindow(ViewController& controller) {

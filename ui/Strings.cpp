@@ -8,6 +8,9 @@ namespace {
 
 constexpr std::size_t kLongestLine = 4000;
 constexpr double kWantedContrast = 5.0;
+constexpr double kLostContrast = 2.0;
+constexpr double kLightGround = 0.4;
+constexpr QRgb kDarkGround = 0xff31363b;
 
 double linear(double channel) {
     return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
@@ -21,6 +24,11 @@ double contrast(const QColor& a, const QColor& b) {
     const double first = luminance(a) + 0.05;
     const double second = luminance(b) + 0.05;
     return std::max(first, second) / std::min(first, second);
+}
+
+QColor toQColor(const LabelColor& color) {
+    return QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
+                            static_cast<float>(color.blue), static_cast<float>(color.alpha));
 }
 
 } // namespace
@@ -43,13 +51,18 @@ QString toolTipText(std::string_view utf8) {
 QColor readableColor(const LabelColor& color, const QColor& base, const QColor& text) {
     if (color.red == 0 && color.green == 0 && color.blue == 0)
         return text;
-    QColor shown = QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
-                                    static_cast<float>(color.blue), static_cast<float>(color.alpha));
-    if (luminance(base) > 0.4)
+    QColor shown = toQColor(color);
+    if (luminance(base) > kLightGround)
         return shown;
     for (int step = 0; step < 20 && contrast(shown, base) < kWantedContrast; ++step)
         shown = mixedColor(shown, Qt::white, 0.08);
     return shown;
+}
+
+std::optional<QColor> groundForLabel(const LabelColor& color, const QColor& base) {
+    if (luminance(base) <= kLightGround || contrast(toQColor(color), base) >= kLostContrast)
+        return std::nullopt;
+    return QColor(kDarkGround);
 }
 
 QColor mixedColor(const QColor& from, const QColor& to, double amount) {

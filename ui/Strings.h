@@ -7,6 +7,7 @@
 #include <QColor>
 #include <QString>
 
+#include <optional>
 #include <string_view>
 
 namespace tabulon {
@@ -24,6 +25,10 @@ QString toolTipText(std::string_view utf8);
 /// The colour of a label as it can be read on `base`: itself on light ground; lightened as far as it takes on
 /// dark, and black, which stands for no colour, is `text`.
 QColor readableColor(const LabelColor& color, const QColor& base, const QColor& text);
+
+/// A ground for a text in the colour of a label that would be lost on the light ground `base`; nothing where
+/// the colour is seen there.
+std::optional<QColor> groundForLabel(const LabelColor& color, const QColor& base);
 
 /// Between the two: 0 is `from`, 1 is `to`.
 QColor mixedColor(const QColor& from, const QColor& to, double amount);

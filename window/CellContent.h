@@ -5,7 +5,9 @@
 #include "model/Text.h"
 
 #include <optional>
+#include <string>
 #include <string_view>
+#include <utility>
 
 namespace tabulon {
 
@@ -24,6 +26,11 @@ struct ColoredText {
     Text string;
     std::optional<LabelColor> color;
 };
+
+/// `string` in `color` over its whole length.
+inline ColoredText colarizeItemColor(Text string, const LabelColor& color) {
+    return {std::move(string), color};
+}
 
 /// Image names are those of resources/icons; an empty name is no image. Null tool tips are none.
 struct CellContent {

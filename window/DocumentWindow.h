@@ -20,6 +20,8 @@ public:
     /// mark.
     virtual void setTitle(const std::string& name, const std::string& path, bool edited) = 0;
     virtual void setURLFieldText(const std::string& text) = 0;
+    /// The URL field takes the system's font in this size, in points of 1/72 inch.
+    virtual void setURLFieldFontSize(double size) = 0;
     /// True shows the help for an empty document in place of the rows.
     virtual void showEmptyState(bool empty) = 0;
 

@@ -2,6 +2,8 @@
 // draws rows, keeps the selection and reports what the user did; it decides nothing.
 #pragma once
 
+#include "window/CellContent.h"
+
 #include <cstddef>
 #include <optional>
 #include <vector>
@@ -48,6 +50,15 @@ public:
     virtual void selectRows(const RowSet& rows) = 0;
     virtual void selectAll() = 0;
     virtual void scrollRowToVisible(std::size_t row) = 0;
+
+    /// Shows the tags column, which must not be shown yet, as the `index`th of the columns, or the last where
+    /// there are fewer; its width is in points of 1/72 inch.
+    virtual void addTagsColumn(std::size_t index, double width) = 0;
+    virtual void removeTagsColumn() = 0;
+    /// Where the tags column stands among the columns; nothing while it is not shown.
+    virtual std::optional<std::size_t> tagsColumnIndex() const = 0;
+    /// The font of all cells and the height of every row, in points of 1/72 inch.
+    virtual void setTableFont(const OutlineFont& font, double rowHeight) = 0;
 };
 
 } // namespace tabulon

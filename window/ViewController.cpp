@@ -27,10 +27,17 @@ void ViewController::addActions() {
     actions_.add("expandAll:", [this](const MenuItem&) { expandAll(); });
     actions_.add("collapseAll:", [this](const MenuItem&) { collapseAll(); });
     actions_.add("selectAll:", [this](const MenuItem&) { outline().selectAll(); });
+    actions_.add(
+        "zoomIn:", [this](const MenuItem&) { zoomIn(); },
+        [this](const MenuItem&) { return canMoveTableFontSize(FontSizeStep::Larger); });
+    actions_.add(
+        "zoomOut:", [this](const MenuItem&) { zoomOut(); },
+        [this](const MenuItem&) { return canMoveTableFontSize(FontSizeStep::Smaller); });
 }
 
 void ViewController::setWindow(DocumentWindow* window) {
     window_ = window;
+    viewDidLoad();
     documentStateChanged();
     window_->showEmptyState(rows_.size() == 0);
     setURLFieldText(countsText());

@@ -1,6 +1,6 @@
 // The outline controller: one for each document window. It holds the visible rows of the document's tree and
 // carries every command on them; the view (OutlineView) mirrors it. Split by concern: _presentation (what
-// cells show), _expanding, _hover (the URL field), _export.
+// cells show), _table (font size, tags column), _expanding, _hover (the URL field), _export.
 #pragma once
 
 #include "model/Document.h"
@@ -18,6 +18,8 @@ namespace tabulon {
 
 /// What expanding and collapsing does to an item: to it alone, or (Plus) to every folder below it as well.
 enum class ExpansionChange { Expand, ExpandPlus, Collapse, CollapsePlus };
+
+enum class FontSizeStep { Larger, Smaller };
 
 /// Rows are numbers below `numberOfRows()`; every row taken as an argument must be one. The document must
 /// live longer than the controller.
@@ -67,8 +69,29 @@ public:
     /// The tool tip of the cell as a whole; images in it may have their own (CellContent). Empty for none.
     Text toolTipForCell(Column column, std::size_t row) const;
     OutlineFont font() const;
-    /// The height of every row in points of 1/72 inch. At font size 11 it is 17, and that is stored.
-    double rowHeight();
+    /// The height of every row in points of 1/72 inch.
+    double rowHeight() const;
+
+    // Font size. One step changes the size and the row height by one point, within the two limits; a window
+    // shows what is stored when it comes up.
+
+    void zoomIn();
+    void zoomOut();
+    void moveTableFontSize(FontSizeStep step);
+    bool canMoveTableFontSize(FontSizeStep step) const;
+    /// Shows and stores both. A size from 11 up to, not including, 14 is the URL field's as well.
+    void setTableFontSizeRowHeight(double size, double rowHeight);
+    static constexpr double kSmallestFontSize = 6;
+    static constexpr double kLargestFontSize = 64;
+
+    // The tags column. It comes up with the window where the setting "AddTagsColumn" says so.
+
+    void addTagsColumn();
+    void removeTagsColumn();
+    /// The user has moved a column.
+    void outlineViewColumnDidMove();
+    /// The user has made the tags column this wide, in points of 1/72 inch.
+    void tagsColumnDidResize(double width);
 
     // Expanding. Items that are no folders, or are in the wanted state already, are passed over. Each item
     // that changes makes the document dirty if the setting "RememberDesktop" is on.
@@ -78,6 +101,9 @@ public:
     /// The same with every folder below the item.
     void expandItemWithChildren(Bookmark& item);
     void collapseItemWithChildren(Bookmark& item);
+    /// Expands a collapsed folder and collapses an expanded one; where the setting "RememberDesktop" is on
+    /// that counts as two changes.
+    void doubleClickFolder(Bookmark& folder);
     /// The four commands act on the selected rows; without any they show the no-selected-folder alert.
     void expandFolder();
     void expandFolderPlus();
@@ -117,6 +143,8 @@ private:
 
     void addActions();
     OutlineView& outline() const { return window_->outline(); }
+    void viewDidLoad();
+    void fitURLField(double fontSize);
     void selectionAlert(const char* informativeKey);
     CellContent nameCell(const Bookmark& item, const std::optional<LabelColor>& color) const;
     void changeExpansion(Bookmark& item, ExpansionChange change);

@@ -60,6 +60,11 @@ void ViewController::collapseItemWithChildren(Bookmark& item) {
     changeExpansion(item, ExpansionChange::CollapsePlus);
 }
 
+void ViewController::doubleClickFolder(Bookmark& folder) {
+    isExpanded(folder) ? collapseItem(folder) : expandItem(folder);
+    rememberDesktop(1);
+}
+
 void ViewController::expandFolder() {
     changeSelectedExpansion(ExpansionChange::Expand);
 }
@@ -99,6 +104,7 @@ void ViewController::changeExpansion(Bookmark& item, ExpansionChange change) {
 // The rows below `row` still are as they were, `shownBefore` of them belonging to its item; the tree has
 // changed.
 void ViewController::replaceRowsBelow(std::size_t row, std::size_t shownBefore) {
+    hoveredRow_.reset();
     const std::vector<Bookmark*> selected = selectedItems(row + 1, row + 1 + shownBefore);
     if (shownBefore > 0) {
         outline().willRemoveRows({row + 1, shownBefore});
@@ -152,6 +158,7 @@ void ViewController::reloadKeepingSelection() {
     const std::vector<Bookmark*> selected = selectedItems(0, rows_.size());
     const std::optional<std::size_t> current = outline().selectedRow();
     const Bookmark* currentItem = current ? &rows_.at(*current) : nullptr;
+    hoveredRow_.reset();
     outline().willReloadData();
     rows_.show(Ref<Bookmark>(&getMaster()));
     outline().didReloadData();

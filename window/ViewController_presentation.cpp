@@ -5,20 +5,27 @@ namespace tabulon {
 namespace {
 
 constexpr std::string_view kIndicatorImage = "ClippingTextIcon";
-constexpr double kSmallFontSize = 11;
-constexpr double kSmallFontRowHeight = 17;
 
 Text textOrEmpty(const Text& text) {
     return text.isNull() ? Text("") : text;
+}
+
+// The colour of a row's texts: its label's while it is not selected.
+std::optional<LabelColor> textColor(const Bookmark& item, bool selected) {
+    if (item.getLabel() == 0 || selected)
+        return std::nullopt;
+    return labelColor(item.getLabel());
+}
+
+ColoredText cellText(const Text& text, const std::optional<LabelColor>& color) {
+    return color ? colarizeItemColor(textOrEmpty(text), *color) : ColoredText{textOrEmpty(text), {}};
 }
 
 } // namespace
 
 CellContent ViewController::viewForTableColumn(Column column, std::size_t row, bool selected) const {
     const Bookmark& item = rows_.at(row);
-    std::optional<LabelColor> color;
-    if (item.getLabel() != 0 && !selected)
-        color = labelColor(item.getLabel());
+    const std::optional<LabelColor> color = textColor(item, selected);
     CellContent cell;
     switch (column) {
     case Column::Name:
@@ -27,12 +34,12 @@ CellContent ViewController::viewForTableColumn(Column column, std::size_t row, b
         if (item.isSeparator())
             return cell;
         cell.kind = CellKind::TagsView;
-        cell.text = {textOrEmpty(item.itemTags()), color};
+        cell.text = cellText(item.itemTags(), color);
         cell.editable = true;
         return cell;
     case Column::URL:
         cell.kind = CellKind::URLView;
-        cell.text = {textOrEmpty(item.itemURL()), color};
+        cell.text = cellText(item.itemURL(), color);
         cell.editable = !item.getLocked() && !isExpandable(item);
         return cell;
     }
@@ -50,7 +57,7 @@ CellContent ViewController::nameCell(const Bookmark& item, const std::optional<L
     const bool tagsTip = hasTags && defaults.boolForKey("ShowBalloonTags");
     cell.kind = CellKind::NameView;
     cell.editable = true;
-    cell.text = {textOrEmpty(item.itemName()), color};
+    cell.text = cellText(item.itemName(), color);
     cell.icon = imageName(item.itemIcon());
     if (tagsTip)
         cell.iconToolTip = Text(platform_.base.texts.format("TagsLabel", item.itemTags().view()));
@@ -81,12 +88,8 @@ OutlineFont ViewController::font() const {
     return {defaults.stringForKey("FontName").value_or(""), defaults.doubleForKey("FontSize")};
 }
 
-double ViewController::rowHeight() {
-    UserDefaults& defaults = platform_.base.defaults;
-    if (defaults.doubleForKey("FontSize") == kSmallFontSize &&
-        defaults.doubleForKey("RowHeight") != kSmallFontRowHeight)
-        defaults.setDoubleForKey("RowHeight", kSmallFontRowHeight);
-    return defaults.doubleForKey("RowHeight");
+double ViewController::rowHeight() const {
+    return platform_.base.defaults.doubleForKey("RowHeight");
 }
 
 } // namespace tabulon

@@ -1,10 +1,6 @@
 // The outline on a screen in memory: keys, mouse, geometry, a million rows.
-#include "ui/document/OutlineWidget.h"
+#include "tests/ui/OutlineFixture.h"
 
-#include "tests/window/WindowFixture.h"
-#include "ui/document/OutlineModel.h"
-
-#include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QScrollBar>
@@ -15,58 +11,7 @@
 namespace tabulon {
 namespace {
 
-// A window whose outline is the real one.
-class WidgetWindow : public DocumentWindow {
-public:
-    explicit WidgetWindow(ViewController& controller) : widget(controller, {"Name", "URL"}, nullptr) {
-        widget.resize(900, 600);
-        widget.show();
-    }
-    ~WidgetWindow() override { widget.detach(); }
-
-    OutlineView& outline() override { return widget; }
-    void setTitle(const std::string&, const std::string&, bool) override {}
-    void setURLFieldText(const std::string& text) override { urlField = text; }
-    void showEmptyState(bool) override {}
-    std::string frame() const override { return {}; }
-    void setFrame(const std::string&) override {}
-    void show() override {}
-    void makeKeyAndOrderFront() override {}
-
-    OutlineWidget widget;
-    std::string urlField;
-};
-
-class OutlineWidgetTest : public WindowTest {
-protected:
-    void openWidget() {
-        controller = std::make_unique<ViewController>(document, platform());
-        widgetWindow = std::make_unique<WidgetWindow>(*controller);
-        controller->setWindow(widgetWindow.get());
-        tester = std::make_unique<QAbstractItemModelTester>(
-            widget().model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
-    }
-    void TearDown() override {
-        tester.reset();
-        widgetWindow.reset();
-    }
-
-    OutlineWidget& widget() { return widgetWindow->widget; }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        QTest::keyClick(&widget(), key, modifiers);
-    }
-    std::vector<std::string> shownNames() {
-        std::vector<std::string> names;
-        for (int row = 0; row < widget().model()->rowCount(); ++row)
-            names.push_back(widget().model()->index(row, 0).data().toString().toStdString());
-        return names;
-    }
-    int currentRow() { return widget().currentIndex().row(); }
-
-    std::unique_ptr<WidgetWindow> widgetWindow;
-    std::unique_ptr<QAbstractItemModelTester> tester;
-};
-
+using OutlineWidgetTest = OutlineTest;
 using Names = std::vector<std::string>;
 
 TEST_F(OutlineWidgetTest, RightExpandsThenEntersAndLeftLeavesThenCollapses) {
@@ -84,6 +29,65 @@ TEST_F(OutlineWidgetTest, RightExpandsThenEntersAndLeftLeavesThenCollapses) {
     press(Qt::Key_Left);
     EXPECT_EQ(shownNames(), (Names{"outer", "after"}));
     EXPECT_EQ(document.changeCount(), 2);
+}
+
+TEST_F(OutlineWidgetTest, FirstKeySelectsTheFirstRowAndDoesNothingElse) {
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Right, Qt::Key_Left, Qt::Key_Home,
+                              Qt::Key_PageUp, Qt::Key_PageDown}) {
+        closeWidget();
+        document.setMaster(makeFolder("Master"));
+        add(makeFolder("folder", false));
+        add(makeLink("after"));
+        openWidget();
+        widget().setFocus();
+        ASSERT_FALSE(widget().selectedRow());
+        press(key);
+        EXPECT_EQ(widget().selectedRows(), (RowSet{{0, 1}}));
+        EXPECT_FALSE(document.isDocumentEdited());
+    }
+}
+
+TEST_F(OutlineWidgetTest, EndGoesToTheLastRowAtOnce) {
+    add(makeLink("a"));
+    add(makeLink("b"));
+    openWidget();
+    widget().setFocus();
+    press(Qt::Key_End);
+    EXPECT_EQ(widget().selectedRows(), (RowSet{{1, 1}}));
+}
+
+TEST_F(OutlineWidgetTest, ArrowKeysInAnEmptyOutlineDoNothing) {
+    openWidget();
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Left, Qt::Key_Return, Qt::Key_A, Qt::Key_End})
+        press(key);
+    EXPECT_FALSE(widget().selectedRow());
+}
+
+TEST_F(OutlineWidgetTest, ReturnAndDoubleClickTurnAFolder) {
+    add(makeLink("inside"), &add(makeFolder("outer", false)));
+    openWidget();
+    press(Qt::Key_Home);
+    press(Qt::Key_Return);
+    EXPECT_EQ(shownNames(), (Names{"outer", "inside"}));
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(shownNames(), (Names{"outer", "inside"})) << "a link is no folder";
+    const QRect row = widget().visualRect(widget().model()->index(0, 0));
+    QTest::mouseDClick(widget().viewport(), Qt::LeftButton, {}, QPoint(80, row.center().y()));
+    EXPECT_EQ(shownNames(), (Names{"outer"}));
+    QTest::mouseDClick(widget().viewport(), Qt::LeftButton, {}, QPoint(500, row.center().y()));
+    EXPECT_EQ(shownNames(), (Names{"outer", "inside"})) << "in every column";
+}
+
+TEST_F(OutlineWidgetTest, TypingFromNoSelectionFindsTheFirstRowToo) {
+    add(makeLink("alpha"));
+    add(makeLink("another"));
+    openWidget();
+    widget().setFocus();
+    QTest::keyClick(&widget(), Qt::Key_A);
+    EXPECT_EQ(currentRow(), 0);
+    QTest::keyClick(&widget(), Qt::Key_A);
+    EXPECT_EQ(currentRow(), 1) << "the same letter goes on to the next";
 }
 
 TEST_F(OutlineWidgetTest, PlusMinusAndAsteriskExpandAndCollapse) {
@@ -170,7 +174,7 @@ TEST_F(OutlineWidgetTest, NameTakesNearlyHalfUntilItIsResized) {
     openWidget();
     const auto nameWidth = [this] { return widget().visualRect(widget().model()->index(0, 0)).width(); };
     EXPECT_NEAR(nameWidth(), 900 * 0.45, 10);
-    widget().setNameColumnWidth(300);
+    widget().header().setNameWidth(300);
     EXPECT_EQ(nameWidth(), 300);
     widget().resize(1200, 600);
     EXPECT_EQ(nameWidth(), 300);

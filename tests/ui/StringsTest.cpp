@@ -32,6 +32,14 @@ TEST(StringsTest, LabelColoursStayThemselvesOnLightGround) {
     }
 }
 
+TEST(StringsTest, YellowAndCyanGetAGroundOnWhiteAndNoOtherLabelDoes) {
+    for (std::uint8_t label = 1; label <= 12; ++label) {
+        const bool lost = label == 10 || label == 11;
+        EXPECT_EQ(groundForLabel(labelColor(label), Qt::white).has_value(), lost) << int{label};
+        EXPECT_FALSE(groundForLabel(labelColor(label), QColor(0x1f, 0x22, 0x25))) << int{label};
+    }
+}
+
 TEST(StringsTest, LabelColoursAreLightenedOnDarkGround) {
     const QColor base(0x1f, 0x22, 0x25);
     for (std::uint8_t label = 1; label < 12; ++label)

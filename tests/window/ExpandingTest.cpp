@@ -54,6 +54,17 @@ TEST_F(ExpandingTest, CollapseWithChildrenClosesEverythingBelow) {
     EXPECT_EQ(rowNames(), (Names{"outer", "last"}));
 }
 
+TEST_F(ExpandingTest, DoubleClickOnAFolderTurnsItAndCountsTwice) {
+    controller->doubleClickFolder(*outer);
+    EXPECT_EQ(rowNames(), (Names{"outer", "inner", "beside", "last"}));
+    EXPECT_EQ(document.changeCount(), 2);
+    controller->doubleClickFolder(*outer);
+    EXPECT_EQ(rowNames(), (Names{"outer", "last"}));
+    base.defaults.setBoolForKey("RememberDesktop", false);
+    controller->doubleClickFolder(*outer);
+    EXPECT_EQ(document.changeCount(), 4);
+}
+
 TEST_F(ExpandingTest, EachChangedFolderCountsAsOneChange) {
     controller->expandAll();
     EXPECT_EQ(document.changeCount(), 2);

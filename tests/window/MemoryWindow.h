@@ -64,6 +64,17 @@ public:
     }
     void selectAll() override { selected.insert(rows.begin(), rows.end()); }
     void scrollRowToVisible(std::size_t row) override { scrolledTo = row; }
+    void addTagsColumn(std::size_t index, double width) override {
+        EXPECT_FALSE(tagsColumn) << "the column is shown already";
+        tagsColumn = std::min<std::size_t>(index, 2); // Name and URL are always there
+        tagsWidth = width;
+    }
+    void removeTagsColumn() override { tagsColumn.reset(); }
+    std::optional<std::size_t> tagsColumnIndex() const override { return tagsColumn; }
+    void setTableFont(const OutlineFont& newFont, double newRowHeight) override {
+        font = newFont;
+        rowHeight = newRowHeight;
+    }
 
     bool rowsAreRight() const {
         if (rows.size() != controller_.numberOfRows())
@@ -79,6 +90,10 @@ public:
     std::vector<RowRange> reloaded;
     std::optional<std::size_t> scrolledTo;
     int reloads = 0;
+    std::optional<std::size_t> tagsColumn;
+    double tagsWidth = 0;
+    OutlineFont font;
+    double rowHeight = 0;
 
 private:
     std::ptrdiff_t offset() const { return static_cast<std::ptrdiff_t>(pending_.first); }
@@ -104,6 +119,7 @@ public:
         edited = isEdited;
     }
     void setURLFieldText(const std::string& text) override { urlField = text; }
+    void setURLFieldFontSize(double size) override { urlFieldFontSize = size; }
     void showEmptyState(bool isEmpty) override { empty = isEmpty; }
     std::string frame() const override { return place; }
     void setFrame(const std::string& frame) override { place = frame; }
@@ -115,6 +131,7 @@ public:
     std::string file;
     bool edited = false;
     std::string urlField;
+    double urlFieldFontSize = 0;
     bool empty = false;
     bool shown = false;
     std::string place = "0 0 900 600";

@@ -133,16 +133,6 @@ TEST_F(PresentationTest, LockedBookmarkKeepsItsURLAndAFolderHasNoneToEdit) {
     EXPECT_FALSE(controller->viewForTableColumn(Column::URL, 2, false).editable);
 }
 
-TEST_F(PresentationTest, FontSizeElevenForcesARowHeightOfSeventeen) {
-    base.defaults.setDoubleForKey("RowHeight", 30);
-    open();
-    EXPECT_EQ(controller->rowHeight(), 17);
-    EXPECT_EQ(base.defaults.doubleForKey("RowHeight"), 17);
-    base.defaults.setDoubleForKey("FontSize", 12);
-    base.defaults.setDoubleForKey("RowHeight", 30);
-    EXPECT_EQ(controller->rowHeight(), 30);
-}
-
 TEST_F(PresentationTest, FontIsTheSystemsUntilOneIsNamed) {
     open();
     EXPECT_EQ(controller->font().name, "");

@@ -76,6 +76,21 @@ TEST_F(ViewControllerTest, PointerThatLeavesGivesTheFieldBackToTheSelection) {
     EXPECT_EQ(window->urlField, "2 bookmarks in 0 folders");
 }
 
+TEST_F(ViewControllerTest, PointerThatStaysWhileRowsChangeShowsTheRowThatCameUnderIt) {
+    Bookmark& folder = add(makeFolder("f", false));
+    add(makeLink("inside", "https://inside.example/"), &folder);
+    add(makeLink("after", "https://after.example/"));
+    open();
+    controller->mouseMoved(1);
+    EXPECT_EQ(window->urlField, "https://after.example/");
+    controller->expandItem(folder);
+    controller->mouseMoved(1);
+    EXPECT_EQ(window->urlField, "https://inside.example/");
+    controller->collapseAll();
+    controller->mouseMoved(1);
+    EXPECT_EQ(window->urlField, "https://after.example/");
+}
+
 TEST_F(ViewControllerTest, NothingSelectedLeavesTheFieldAsItIs) {
     add(makeLink("a", "https://a.example/"));
     open();

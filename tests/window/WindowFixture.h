@@ -1,9 +1,7 @@
 // One document with its controller and a window in memory, and short ways to build its tree.
 #pragma once
 
-#include "platform/fake/FakeBaseServices.h"
-#include "platform/fake/FakeDesktop.h"
-#include "platform/fake/MemoryFileStore.h"
+#include "platform/fake/FakePlatform.h"
 #include "tests/window/MemoryWindow.h"
 
 #include <memory>
@@ -12,7 +10,7 @@
 
 namespace tabulon {
 
-class WindowTest : public testing::Test {
+class WindowTest : public testing::Test, protected FakePlatform {
 protected:
     Ref<Bookmark> makeFolder(const char* name, bool expanded = true) {
         Ref<Bookmark> folder = Bookmark::init(base.now());
@@ -37,14 +35,15 @@ protected:
         return *node;
     }
 
+    /// Closes the window of before.
     void open() {
+        window.reset();
+        controller.reset();
         document.setMaster(Ref<Bookmark>(&document.getMaster()));
         controller = std::make_unique<ViewController>(document, platform());
         window = std::make_unique<MemoryWindow>(*controller);
         controller->setWindow(window.get());
     }
-
-    Platform platform() { return {base.services(), alerts, panels, files, folders, state}; }
 
     MemoryOutline& outline() { return window->outlineView; }
     std::vector<std::string> rowNames() {
@@ -55,12 +54,6 @@ protected:
     }
     void select(std::initializer_list<Bookmark*> items) { outline().selected = items; }
 
-    FakeBaseServices base;
-    FakeAlerts alerts;
-    FakePanels panels;
-    MemoryFileStore files;
-    FakeFolderReferences folders;
-    MemoryUserDefaults state;
     Document document{base.services()};
     std::unique_ptr<ViewController> controller;
     std::unique_ptr<MemoryWindow> window;

@@ -6,6 +6,7 @@
 #include "ui/Strings.h"
 #include "ui/document/ElidedLabel.h"
 #include "ui/document/EmptyState.h"
+#include "ui/document/OutlineHeader.h"
 #include "ui/document/OutlineWidget.h"
 #include "window/ViewController.h"
 
@@ -27,8 +28,14 @@ namespace {
 constexpr auto kWidthKey = "WindowWidth";
 constexpr auto kHeightKey = "WindowHeight";
 constexpr auto kNameColumnKey = "NameColumnWidth";
+constexpr auto kURLFirstKey = "URLColumnFirst";
 constexpr QSize kFirstSize(900, 600);
 constexpr QSize kSmallestSize(480, 320);
+constexpr int kWidestColumn = 10000;
+
+QStringList columnTitles(const Localization& texts) {
+    return {toQString(texts.text("Name")), toQString(texts.text("URL")), toQString(texts.text("Tags"))};
+}
 
 std::vector<std::string> localFiles(const QMimeData& data) {
     std::vector<std::string> paths;
@@ -43,8 +50,7 @@ std::vector<std::string> localFiles(const QMimeData& data) {
 DocumentMainWindow::DocumentMainWindow(ViewController& controller, AppDelegate& app,
                                        const Localization& texts, UserDefaults& state)
     : controller_(&controller), app_(app), state_(state), pages_(new QStackedWidget(this)),
-      outline_(new OutlineWidget(controller, {toQString(texts.text("Name")), toQString(texts.text("URL"))},
-                                 pages_)),
+      outline_(new OutlineWidget(controller, columnTitles(texts), pages_)),
       emptyState_(new EmptyState(texts, pages_)), urlField_(new ElidedLabel(this)) {
     setWindowIcon(iconNamed("tabulon"));
     setAcceptDrops(true);
@@ -61,18 +67,33 @@ DocumentMainWindow::DocumentMainWindow(ViewController& controller, AppDelegate& 
     layout->addWidget(urlField_);
     setCentralWidget(content);
     connect(emptyState_, &EmptyState::openRequested, this, [this] { app_.openDocumentPanel(); });
-    connect(outline_, &OutlineWidget::nameColumnWidthChanged, this,
-            [this](int width) { state_.setIntegerForKey(kNameColumnKey, width); });
+    rememberColumns();
     restoreGeometryOfLastWindow();
+}
+
+void DocumentMainWindow::rememberColumns() {
+    OutlineHeader& header = outline_->header();
+    if (const auto width = state_.integerForKey(kNameColumnKey); width > 0)
+        header.setNameWidth(static_cast<int>(std::min<std::int64_t>(width, kWidestColumn)));
+    header.setURLFirst(state_.boolForKey(kURLFirstKey));
+    connect(&header, &OutlineHeader::nameWidthChanged, this,
+            [this](int width) { state_.setIntegerForKey(kNameColumnKey, width); });
+    connect(&header, &OutlineHeader::columnsMoved, this,
+            [this, &header] { state_.setBoolForKey(kURLFirstKey, header.isURLFirst()); });
 }
 
 void DocumentMainWindow::restoreGeometryOfLastWindow() {
     const QSize kept(static_cast<int>(state_.integerForKey(kWidthKey)),
                      static_cast<int>(state_.integerForKey(kHeightKey)));
     const QSize wanted = kept.isEmpty() ? kFirstSize : kept.expandedTo(kSmallestSize);
-    resize(wanted.boundedTo(screen()->availableSize()));
-    if (const auto width = state_.integerForKey(kNameColumnKey); width > 0)
-        outline_->setNameColumnWidth(static_cast<int>(width));
+    resize(wanted.boundedTo(roomOnScreen()));
+}
+
+// What the screen has for a window without its border and title, whose sizes are known only when it is shown.
+QSize DocumentMainWindow::roomOnScreen() const {
+    const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this);
+    const int border = style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, this);
+    return screen()->availableSize() - QSize(2 * border, title + 2 * border);
 }
 
 void DocumentMainWindow::detach() {
@@ -94,10 +115,16 @@ void DocumentMainWindow::showURLFieldText(const QString& text) {
     urlField_->setText(text);
 }
 
+void DocumentMainWindow::setURLFieldFontSize(double points) {
+    QFont font = QApplication::font();
+    font.setPointSizeF(points);
+    urlField_->setFont(font);
+}
+
 void DocumentMainWindow::showEmptyState(bool empty) {
-    pages_->setCurrentWidget(empty ? static_cast<QWidget*>(emptyState_) : outline_);
-    if (!empty)
-        outline_->setFocus();
+    QWidget* shown = empty ? static_cast<QWidget*>(emptyState_) : outline_;
+    pages_->setCurrentWidget(shown);
+    shown->setFocus();
 }
 
 void DocumentMainWindow::bringToFront() {
@@ -130,7 +157,7 @@ void DocumentMainWindow::setFrame(const std::string& frame) {
     if (on)
         setGeometry(wanted);
     else
-        resize(wanted.size().boundedTo(screen()->availableSize()));
+        resize(wanted.size().boundedTo(roomOnScreen()));
 }
 
 void DocumentMainWindow::becomeKey() {

@@ -22,8 +22,8 @@ class DocumentMainWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// All must live until `detach`. `state` keeps the window's size and the column's width from one run to
-    /// the next.
+    /// All must live until `detach`. `state` keeps the window's size and its columns from one run to the
+    /// next.
     DocumentMainWindow(ViewController& controller, AppDelegate& app, const Localization& texts,
                        UserDefaults& state);
 
@@ -36,6 +36,7 @@ public:
 
     void showTitle(const QString& name, const QString& path, bool edited);
     void showURLFieldText(const QString& text);
+    void setURLFieldFontSize(double points);
     void showEmptyState(bool empty);
     void bringToFront();
     /// "x y width height" in the desktop's coordinates, without the window manager's border.
@@ -51,7 +52,9 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    void rememberColumns();
     void restoreGeometryOfLastWindow();
+    QSize roomOnScreen() const;
     void becomeKey();
 
     ViewController* controller_;

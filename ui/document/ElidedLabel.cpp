@@ -1,5 +1,8 @@
 #include "ui/document/ElidedLabel.h"
 
+#include "ui/Strings.h"
+
+#include <QEvent>
 #include <QPainter>
 
 namespace tabulon {
@@ -10,14 +13,9 @@ constexpr int kRoomAboveAndBelow = 5;
 
 } // namespace
 
-ElidedLabel::ElidedLabel(QWidget* parent) : QWidget(parent) {
+ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-}
-
-void ElidedLabel::setText(const QString& text) {
-    text_ = text;
-    setAccessibleName(text);
-    update();
 }
 
 QSize ElidedLabel::sizeHint() const {
@@ -28,13 +26,27 @@ QSize ElidedLabel::minimumSizeHint() const {
     return {0, sizeHint().height()};
 }
 
+QRect ElidedLabel::textArea() const {
+    return rect().adjusted(kMargin, 0, -kMargin, 0);
+}
+
+bool ElidedLabel::isCut() const {
+    return fontMetrics().horizontalAdvance(text()) > textArea().width();
+}
+
+bool ElidedLabel::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip)
+        setToolTip(isCut() ? toolTipText(text().toStdString()) : QString());
+    return QLabel::event(event);
+}
+
 void ElidedLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(QRect(0, 0, width(), 1), palette().color(QPalette::Mid));
-    const QRect area = rect().adjusted(kMargin, 0, -kMargin, 0);
+    const QRect area = textArea();
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     fontMetrics().elidedText(text_, Qt::ElideRight, area.width()));
+                     fontMetrics().elidedText(text(), Qt::ElideRight, area.width()));
 }
 
 } // namespace tabulon

@@ -1,27 +1,27 @@
-// One line of text that never widens its window: what does not fit ends in an ellipsis.
+// One line of text that never widens its window: what does not fit ends in an ellipsis, and the tool tip has
+// all of it.
 #pragma once
 
-#include <QWidget>
+#include <QLabel>
 
 namespace tabulon {
 
-class ElidedLabel : public QWidget {
+class ElidedLabel : public QLabel {
     Q_OBJECT
 
 public:
     explicit ElidedLabel(QWidget* parent);
 
-    QString text() const { return text_; }
-    void setText(const QString& text);
-
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QString text_;
+    QRect textArea() const;
+    bool isCut() const;
 };
 
 } // namespace tabulon

@@ -1,4 +1,5 @@
-// The controller's rows as a flat table: one row a visible node, one column each for name and URL. How deep a
+// The controller's rows as a flat table: one row a visible node, one column each for name, URL and tags,
+// whether the tags are shown or not. How deep a
 // row stands is asked of the controller by whoever paints it; a table stays quick where a tree of indexes
 // would not.
 #pragma once
@@ -18,10 +19,10 @@ class OutlineModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    /// The controller must live longer. `columnTitles` are in the order of the columns Name and URL.
+    /// The controller must live longer. `columnTitles` are in the order of Column.
     OutlineModel(ViewController& controller, QStringList columnTitles, QObject* parent);
 
-    static Column columnAt(int section) { return section == 0 ? Column::Name : Column::URL; }
+    static Column columnAt(int section) { return static_cast<Column>(section); }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;

@@ -1,6 +1,8 @@
 // Construction, geometry, selection and what the controller asks of the view.
 #include "ui/document/OutlineWidget.h"
 
+#include "ui/document/OutlineAccessible.h"
+#include "ui/document/OutlineHeader.h"
 #include "ui/document/OutlineModel.h"
 #include "window/ViewController.h"
 
@@ -11,9 +13,10 @@ namespace tabulon {
 namespace {
 
 constexpr double kPointsPerInch = 72;
-constexpr int kSmallestRowHeight = 20; // an icon of 16 and two pixels above and below it
-constexpr double kNameShare = 0.45;
-constexpr int kSmallestColumn = 80;
+constexpr int kSmallestIcon = 16;
+constexpr double kLargestFont = 500; // whatever the settings say
+constexpr double kLargestRow = 1000;
+constexpr double kLargestColumn = 10000;
 
 RowSet toRowSet(const QItemSelection& selection) {
     std::vector<RowRange> ranges;
@@ -32,11 +35,6 @@ RowSet toRowSet(const QItemSelection& selection) {
 
 } // namespace
 
-void OutlineHeader::initStyleOptionForIndex(QStyleOptionHeader* option, int section) const {
-    QHeaderView::initStyleOptionForIndex(option, section);
-    option->text.prepend("  ");
-}
-
 OutlineWidget::OutlineWidget(ViewController& controller, const QStringList& columnTitles, QWidget* parent)
     : QAbstractItemView(parent), controller_(&controller),
       rows_(new OutlineModel(controller, columnTitles, this)), header_(new OutlineHeader(this)) {
@@ -48,13 +46,22 @@ OutlineWidget::OutlineWidget(ViewController& controller, const QStringList& colu
     setHorizontalScrollMode(ScrollPerPixel);
     setVerticalScrollMode(ScrollPerPixel);
     setMouseTracking(true);
-    header_->setSectionsClickable(false);
-    header_->setHighlightSections(false);
-    header_->setMinimumSectionSize(kSmallestColumn);
-    header_->setStretchLastSection(true);
     showModel(rows_);
-    connect(header_, &QHeaderView::sectionResized, this, &OutlineWidget::sectionWasResized);
+    header_->hideTags();
+    connectHeader();
     applyFont();
+}
+
+void OutlineWidget::connectHeader() {
+    const auto columnsChanged = [this] {
+        updateGeometries();
+        viewport()->update();
+    };
+    connect(header_, &OutlineHeader::laidOut, this, columnsChanged);
+    connect(header_, &QHeaderView::sectionMoved, this, columnsChanged);
+    connect(header_, &OutlineHeader::columnsMoved, this, [this] { controller_->outlineViewColumnDidMove(); });
+    connect(header_, &OutlineHeader::tagsWidthChanged, this,
+            [this](int width) { controller_->tagsColumnDidResize(width / pixelsPerPoint()); });
 }
 
 void OutlineWidget::detach() {
@@ -67,16 +74,42 @@ void OutlineWidget::showModel(QAbstractItemModel* model) {
     QAbstractItemView::setModel(model);
 }
 
+double OutlineWidget::pixelsPerPoint() const {
+    return logicalDpiY() / kPointsPerInch;
+}
+
 void OutlineWidget::applyFont() {
-    const OutlineFont wanted = controller_->font();
-    QFont font = wanted.name.empty() ? QApplication::font() : QFont(QString::fromStdString(wanted.name));
-    if (wanted.size > 0)
-        font.setPointSizeF(wanted.size);
+    QFont font = font_.name.empty() ? QApplication::font() : QFont(QString::fromStdString(font_.name));
+    if (font_.size > 0)
+        font.setPointSizeF(std::min(font_.size, kLargestFont));
     QAbstractItemView::setFont(font);
     header_->setFont(QApplication::font());
-    const int wantedHeight = qRound(controller_->rowHeight() * logicalDpiY() / kPointsPerInch);
-    rowHeight_ = std::max({kSmallestRowHeight, wantedHeight, QFontMetrics(font).height() + 2});
+    const int textHeight = QFontMetrics(font).height();
+    iconSize_ = std::max(kSmallestIcon, textHeight * 9 / 10);
+    const int wantedHeight = qRound(std::min(rowHeightInPoints_, kLargestRow) * pixelsPerPoint());
+    rowHeight_ = std::max({wantedHeight, iconSize_ + 4, textHeight + 2});
     OutlineWidget::updateGeometries();
+    viewport()->update();
+}
+
+void OutlineWidget::setTableFont(const OutlineFont& font, double rowHeight) {
+    const int topRow = rowAtY(0);
+    font_ = font;
+    rowHeightInPoints_ = rowHeight;
+    applyFont();
+    verticalScrollBar()->setValue(topRow * rowHeight_); // what one read stays in sight
+}
+
+void OutlineWidget::addTagsColumn(std::size_t index, double width) {
+    header_->showTags(index, static_cast<int>(std::clamp(width, 0.0, kLargestColumn) * pixelsPerPoint()));
+}
+
+void OutlineWidget::removeTagsColumn() {
+    header_->hideTags();
+}
+
+std::optional<std::size_t> OutlineWidget::tagsColumnIndex() const {
+    return header_->tagsIndex();
 }
 
 void OutlineWidget::willReloadData() {
@@ -110,6 +143,11 @@ void OutlineWidget::didRemoveRows() {
 
 void OutlineWidget::reloadRows(RowRange rows) {
     rows_->didChange(rows);
+    QAccessible::State changed;
+    changed.expanded = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    event.setChild(accessibleChild(*this, static_cast<int>(rows.first), Column::Name));
+    QAccessible::updateAccessibility(&event);
 }
 
 RowSet OutlineWidget::selectedRows() const {
@@ -229,6 +267,22 @@ void OutlineWidget::selectionChanged(const QItemSelection& selected, const QItem
     QAbstractItemView::selectionChanged(selected, deselected);
     if (controller_)
         controller_->selectionDidChange();
+    tellAccessibility(QAccessible::SelectionAdd, selected);
+    tellAccessibility(QAccessible::SelectionRemove, deselected);
+}
+
+void OutlineWidget::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QAbstractItemView::currentChanged(current, previous);
+    tellAccessibility(QAccessible::Focus, QItemSelection(current, current));
+}
+
+// Of many rows screen readers hear the first.
+void OutlineWidget::tellAccessibility(QAccessible::Event type, const QItemSelection& items) {
+    if (!controller_ || items.isEmpty() || !items.first().isValid())
+        return;
+    QAccessibleEvent event(this, type);
+    event.setChild(accessibleChild(*this, items.first().top(), Column::Name));
+    QAccessible::updateAccessibility(&event);
 }
 
 void OutlineWidget::updateGeometries() {
@@ -255,37 +309,16 @@ void OutlineWidget::scrollContentsBy(int dx, int dy) {
 
 void OutlineWidget::resizeEvent(QResizeEvent* event) {
     QAbstractItemView::resizeEvent(event);
-    layOutColumns();
+    if (controller_)
+        header_->layOut(viewport()->width());
     updateGeometries();
 }
 
 void OutlineWidget::changeEvent(QEvent* event) {
     QAbstractItemView::changeEvent(event);
-    if (event->type() == QEvent::StyleChange && controller_)
+    const bool looks = event->type() == QEvent::StyleChange || event->type() == QEvent::ApplicationFontChange;
+    if (looks && controller_)
         applyFont();
-}
-
-void OutlineWidget::setNameColumnWidth(std::optional<int> width) {
-    nameColumnWidth_ = width;
-    layOutColumns();
-}
-
-void OutlineWidget::layOutColumns() {
-    if (!controller_)
-        return;
-    layingOutColumns_ = true;
-    const int share = static_cast<int>(viewport()->width() * kNameShare);
-    header_->resizeSection(0, std::max(kSmallestColumn, nameColumnWidth_.value_or(share)));
-    layingOutColumns_ = false;
-}
-
-void OutlineWidget::sectionWasResized(int section, int /*oldWidth*/, int newWidth) {
-    if (section == 0 && !layingOutColumns_) {
-        nameColumnWidth_ = newWidth;
-        emit nameColumnWidthChanged(newWidth);
-    }
-    updateGeometries();
-    viewport()->update();
 }
 
 } // namespace tabulon

@@ -6,42 +6,38 @@
 #include "window/OutlineView.h"
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QElapsedTimer>
 #include <QHash>
-#include <QHeaderView>
 
 #include <optional>
 #include <string_view>
 
 namespace tabulon {
 
+class OutlineHeader;
 class OutlineModel;
 class ViewController;
-
-/// Column titles that stand above the texts of their columns.
-class OutlineHeader : public QHeaderView {
-    Q_OBJECT
-
-public:
-    explicit OutlineHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
-
-protected:
-    void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override;
-};
 
 class OutlineWidget : public QAbstractItemView, public OutlineView {
     Q_OBJECT
 
 public:
-    /// The controller must live until `detach`. `columnTitles` are those of Name and URL.
+    /// The controller must live until `detach`. `columnTitles` are those of Name, URL and Tags.
     OutlineWidget(ViewController& controller, const QStringList& columnTitles, QWidget* parent);
 
     /// Shows nothing from now on and leaves the controller alone.
     void detach();
 
-    /// The width of the Name column where the user has set one, in pixels; else it follows the window.
-    std::optional<int> nameColumnWidth() const { return nameColumnWidth_; }
-    void setNameColumnWidth(std::optional<int> width);
+    /// Column widths and places.
+    OutlineHeader& header() const { return *header_; }
+
+    /// The controller that it shows; null once detached.
+    ViewController* controller() const { return controller_; }
+    /// Expands a collapsed folder and collapses an expanded one; leaves other rows alone.
+    void toggleRow(std::size_t row);
+    /// Selects the row alone, makes it the current one and scrolls to it.
+    void goToRow(std::size_t row);
 
     // OutlineView
 
@@ -57,6 +53,10 @@ public:
     void selectRows(const RowSet& rows) override;
     void selectAll() override;
     void scrollRowToVisible(std::size_t row) override;
+    void addTagsColumn(std::size_t index, double width) override;
+    void removeTagsColumn() override;
+    std::optional<std::size_t> tagsColumnIndex() const override;
+    void setTableFont(const OutlineFont& font, double rowHeight) override;
 
     // QAbstractItemView
 
@@ -64,9 +64,6 @@ public:
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
     QModelIndex indexAt(const QPoint& point) const override;
     void keyboardSearch(const QString& search) override;
-
-signals:
-    void nameColumnWidthChanged(int width);
 
 protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
@@ -76,6 +73,7 @@ protected:
     void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;
     QRegion visualRegionForSelection(const QItemSelection& selection) const override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void updateGeometries() override;
     void scrollContentsBy(int dx, int dy) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -103,21 +101,28 @@ private:
     QRect cellRect(int row, int column) const;
     QRect rowRect(int row) const;
     void showModel(QAbstractItemModel* model);
+    void tellAccessibility(QAccessible::Event type, const QItemSelection& items);
+    void connectHeader();
     void applyFont();
-    void sectionWasResized(int section, int oldWidth, int newWidth);
-    void layOutColumns();
+    double pixelsPerPoint() const;
     QModelIndex indexOfRow(int row) const;
 
     NameCellLayout layOutNameCell(int row, const CellContent& cell) const;
+    QRect textArea(int row, Column column) const;
     void paintRow(QPainter& painter, int row) const;
     void paintNameCell(QPainter& painter, int row, bool selected) const;
+    void paintTextCell(QPainter& painter, int row, Column column, bool selected) const;
+    void paintSeparator(QPainter& painter, const QRect& area, int left, bool selected) const;
     void paintTriangle(QPainter& painter, const QRect& rect, bool expanded, const QColor& color) const;
-    void paintText(QPainter& painter, const QRect& rect, const QString& text, const QColor& color) const;
+    void paintText(QPainter& painter, const QRect& rect, const ColoredText& text, const QColor& color) const;
+    void paintGround(QPainter& painter, const QRect& rect, const QString& text,
+                     const LabelColor& color) const;
     void paintImage(QPainter& painter, const QRect& rect, std::string_view name) const;
     void paintTintedImage(QPainter& painter, const QRect& rect, std::string_view name,
                           const QColor& color) const;
     const QIcon& icon(std::string_view name) const;
     QColor textColor(const ColoredText& text, bool selected) const;
+    QColor secondaryTextColor(const ColoredText& text, bool selected) const;
     bool rowIsSelected(int row) const;
     QPalette::ColorGroup colorGroup() const;
 
@@ -125,14 +130,15 @@ private:
     QString toolTipAt(const QPoint& point) const;
     void setExpanded(std::size_t row, bool expanded, Depth depth);
     bool handleTreeKey(int key);
-    void goToRow(std::size_t row);
+    bool showCursor(int key);
 
     ViewController* controller_;
     OutlineModel* rows_;
     OutlineHeader* header_;
+    OutlineFont font_;
+    double rowHeightInPoints_ = 0;
     int rowHeight_ = 23;
-    std::optional<int> nameColumnWidth_;
-    bool layingOutColumns_ = false;
+    int iconSize_ = 16;
     QString typed_;
     QElapsedTimer sinceTyped_;
     mutable QHash<QByteArrayView, QIcon> icons_; // by names that live as long as the program

@@ -1,5 +1,6 @@
 // What the user does with mouse and keyboard, and tool tips.
 #include "ui/Strings.h"
+#include "ui/document/OutlineHeader.h"
 #include "ui/document/OutlineModel.h"
 #include "ui/document/OutlineWidget.h"
 #include "window/ViewController.h"
@@ -11,10 +12,17 @@
 #include <QToolTip>
 
 namespace tabulon {
+namespace {
+
+bool movesTheCursor(int key) {
+    return key >= Qt::Key_Home && key <= Qt::Key_PageDown; // with End and the arrows between them
+}
+
+} // namespace
 
 std::optional<std::size_t> OutlineWidget::hitTriangle(const QPoint& point) const {
     const QModelIndex index = indexAt(point);
-    if (!index.isValid() || index.column() != 0)
+    if (!index.isValid() || OutlineModel::columnAt(index.column()) != Column::Name)
         return std::nullopt;
     const auto row = static_cast<std::size_t>(index.row());
     const bool hit = controller_->isExpandable(controller_->itemAtRow(row)) &&
@@ -28,6 +36,12 @@ void OutlineWidget::setExpanded(std::size_t row, bool expanded, Depth depth) {
         expanded ? controller_->expandItemWithChildren(item) : controller_->collapseItemWithChildren(item);
     else
         expanded ? controller_->expandItem(item) : controller_->collapseItem(item);
+}
+
+void OutlineWidget::toggleRow(std::size_t row) {
+    Bookmark& item = controller_->itemAtRow(row);
+    if (controller_->isExpandable(item))
+        controller_->doubleClickFolder(item);
 }
 
 void OutlineWidget::mousePressEvent(QMouseEvent* event) {
@@ -44,9 +58,13 @@ void OutlineWidget::mousePressEvent(QMouseEvent* event) {
 }
 
 void OutlineWidget::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (controller_ && hitTriangle(event->position().toPoint()))
+    const QPoint point = event->position().toPoint();
+    if (controller_ && hitTriangle(point))
         return mousePressEvent(event);
     QAbstractItemView::mouseDoubleClickEvent(event);
+    const QModelIndex index = indexAt(point);
+    if (index.isValid() && event->button() == Qt::LeftButton)
+        toggleRow(static_cast<std::size_t>(index.row()));
 }
 
 void OutlineWidget::mouseMoveEvent(QMouseEvent* event) {
@@ -80,7 +98,7 @@ QString OutlineWidget::toolTipAt(const QPoint& point) const {
     const auto row = static_cast<std::size_t>(index.row());
     const Column column = OutlineModel::columnAt(index.column());
     const CellContent cell = controller_->viewForTableColumn(column, row, true);
-    QRect textRect = cellRect(index.row(), index.column()).adjusted(6, 0, -6, 0);
+    QRect textRect = textArea(index.row(), column);
     if (cell.kind == CellKind::NameView) {
         const NameCellLayout layout = layOutNameCell(index.row(), cell);
         if (layout.icon.contains(point) && !cell.iconToolTip.isEmpty())
@@ -97,10 +115,23 @@ QString OutlineWidget::toolTipAt(const QPoint& point) const {
 
 void OutlineWidget::keyPressEvent(QKeyEvent* event) {
     const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (controller_ && plain && movesTheCursor(event->key()) && showCursor(event->key()))
+        return event->accept();
     const bool sign = event->text() == "+" || event->text() == "*"; // typed with Shift on many keyboards
     if (controller_ && (plain || sign) && handleTreeKey(event->key()))
         return event->accept();
     QAbstractItemView::keyPressEvent(event);
+}
+
+// While nothing is selected nobody sees where the current row is: the first key selects it.
+bool OutlineWidget::showCursor(int key) {
+    const int rows = rows_->rowCount();
+    if (selectionModel()->hasSelection() || rows == 0)
+        return false;
+    const int current = std::max(currentIndex().row(), 0);
+    const int row = key == Qt::Key_Home ? 0 : key == Qt::Key_End ? rows - 1 : current;
+    goToRow(static_cast<std::size_t>(row));
+    return true;
 }
 
 void OutlineWidget::goToRow(std::size_t row) {
@@ -115,6 +146,10 @@ bool OutlineWidget::handleTreeKey(int key) {
     const Bookmark& item = controller_->itemAtRow(row);
     const bool expanded = isExpanded(item);
     switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        toggleRow(row);
+        return true;
     case Qt::Key_Plus:
     case Qt::Key_Minus:
         setExpanded(row, key == Qt::Key_Plus, Depth::ItemAlone);
@@ -183,7 +218,7 @@ void OutlineWidget::keyboardSearch(const QString& search) {
     typed_ = goesOn && !sameLetter ? typed_ + search : search;
     sinceTyped_.start();
     const int current = std::max(0, currentIndex().row());
-    const bool lookFurther = currentIndex().isValid() && typed_ == search;
+    const bool lookFurther = selectionModel()->hasSelection() && typed_ == search;
     const auto start = static_cast<std::size_t>((current + (lookFurther ? 1 : 0)) % rows_->rowCount());
     if (const auto row = controller_->rowWithPrefix(typed_.toStdString(), start))
         goToRow(*row);

@@ -1,6 +1,7 @@
 // How rows look: selection, disclosure triangle, images, texts, separator lines.
 #include "ui/Icons.h"
 #include "ui/Strings.h"
+#include "ui/document/OutlineHeader.h"
 #include "ui/document/OutlineModel.h"
 #include "ui/document/OutlineWidget.h"
 #include "window/ViewController.h"
@@ -13,37 +14,41 @@ namespace tabulon {
 namespace {
 
 constexpr int kLeftMargin = 4;
-constexpr int kIndent = 18;
-constexpr int kTriangle = 16;
-constexpr int kIcon = 16;
-constexpr int kGap = 6;
+constexpr int kGap = OutlineHeader::kMargin;
 constexpr int kRoomForName = 160; // is left in the column however deep a row stands
-constexpr double kURLFaintness = 0.32;
+constexpr double kSecondaryFaintness = 0.32;
+constexpr int kGroundMargin = 4;     // beside a text that has a ground of its own
+constexpr double kTriangleUnit = 16; // the triangle is drawn for a box of this size
 
 } // namespace
 
 OutlineWidget::NameCellLayout OutlineWidget::layOutNameCell(int row, const CellContent& cell) const {
-    const QRect area = cellRect(row, 0);
-    const int iconTop = area.top() + (area.height() - kIcon) / 2;
+    const QRect area = cellRect(row, OutlineHeader::sectionOf(Column::Name));
+    const QSize image(iconSize_, iconSize_);
+    const int imageTop = area.top() + (area.height() - iconSize_) / 2;
     NameCellLayout layout;
-    const int indent = kIndent * controller_->levelForRow(static_cast<std::size_t>(row));
+    const int indent = (iconSize_ + 2) * controller_->levelForRow(static_cast<std::size_t>(row));
     int x = area.left() + kLeftMargin + std::min(indent, std::max(0, area.width() - kRoomForName));
-    layout.triangle = {x, area.top(), kTriangle, area.height()};
-    x += kTriangle + 2;
+    layout.triangle = {x, area.top(), iconSize_, area.height()};
+    x += iconSize_ + 2;
     if (cell.statusShown) {
-        layout.status = {x, iconTop, kIcon, kIcon};
-        x += kIcon + kGap;
+        layout.status = {{x, imageTop}, image};
+        x += iconSize_ + kGap;
     }
-    layout.icon = {x, iconTop, kIcon, kIcon};
-    x += kIcon + kGap;
-    const int indicatorRoom = cell.indicatorImage.empty() ? 0 : kIcon + kGap;
+    layout.icon = {{x, imageTop}, image};
+    x += iconSize_ + kGap;
+    const int indicatorRoom = cell.indicatorImage.empty() ? 0 : iconSize_ + kGap;
     const int textRoom = std::max(0, area.right() - kGap - indicatorRoom - x);
     const int textWidth =
         std::min(textRoom, fontMetrics().horizontalAdvance(oneLine(cell.text.string.view())) + 1);
     layout.text = {x, area.top(), textWidth, area.height()};
     if (indicatorRoom > 0)
-        layout.indicator = {x + textWidth + kGap, iconTop, kIcon, kIcon};
+        layout.indicator = {{x + textWidth + kGap, imageTop}, image};
     return layout;
+}
+
+QRect OutlineWidget::textArea(int row, Column column) const {
+    return cellRect(row, OutlineHeader::sectionOf(column)).adjusted(kGap, 0, -kGap, 0);
 }
 
 void OutlineWidget::paintEvent(QPaintEvent* event) {
@@ -71,6 +76,12 @@ QColor OutlineWidget::textColor(const ColoredText& text, bool selected) const {
     return text.color ? readableColor(*text.color, palette().color(QPalette::Base), plain) : plain;
 }
 
+QColor OutlineWidget::secondaryTextColor(const ColoredText& text, bool selected) const {
+    const QColor color = textColor(text, selected);
+    return selected || text.color ? color
+                                  : mixedColor(color, palette().color(QPalette::Base), kSecondaryFaintness);
+}
+
 void OutlineWidget::paintRow(QPainter& painter, int row) const {
     const bool selected = rowIsSelected(row);
     const QRect area = rowRect(row);
@@ -80,30 +91,35 @@ void OutlineWidget::paintRow(QPainter& painter, int row) const {
         painter.setPen(palette().color(QPalette::Highlight));
         painter.drawRect(area.adjusted(0, 0, -1, -1));
     }
-    paintNameCell(painter, row, selected);
-    const CellContent url =
-        controller_->viewForTableColumn(Column::URL, static_cast<std::size_t>(row), selected);
-    QColor color = textColor(url.text, selected);
-    if (!selected && !url.text.color)
-        color = mixedColor(color, palette().color(QPalette::Base), kURLFaintness);
-    paintText(painter, cellRect(row, 1).adjusted(kGap, 0, -kGap, 0), oneLine(url.text.string.view()), color);
+    for (const Column column : header_->shownColumns()) {
+        if (column == Column::Name)
+            paintNameCell(painter, row, selected);
+        else
+            paintTextCell(painter, row, column, selected);
+    }
+}
+
+void OutlineWidget::paintTextCell(QPainter& painter, int row, Column column, bool selected) const {
+    const CellContent cell = controller_->viewForTableColumn(column, static_cast<std::size_t>(row), selected);
+    paintText(painter, textArea(row, column), cell.text, secondaryTextColor(cell.text, selected));
+}
+
+void OutlineWidget::paintSeparator(QPainter& painter, const QRect& area, int left, bool selected) const {
+    const QColor text = textColor({}, selected);
+    const QColor line = selected ? text : mixedColor(text, palette().color(QPalette::Base), 0.7);
+    painter.fillRect(QRect(left, area.center().y(), area.right() - kGap - left, 1), line);
 }
 
 void OutlineWidget::paintNameCell(QPainter& painter, int row, bool selected) const {
     const auto number = static_cast<std::size_t>(row);
     const CellContent cell = controller_->viewForTableColumn(Column::Name, number, selected);
     const NameCellLayout layout = layOutNameCell(row, cell);
-    const QRect area = cellRect(row, 0);
+    const QRect area = cellRect(row, OutlineHeader::sectionOf(Column::Name));
+    if (cell.kind == CellKind::Separator)
+        return paintSeparator(painter, area, layout.icon.left(), selected);
     const QColor color = textColor(cell.text, selected);
     painter.save();
     painter.setClipRect(area);
-    if (cell.kind == CellKind::Separator) {
-        const QColor line = selected ? color : mixedColor(color, palette().color(QPalette::Base), 0.7);
-        painter.fillRect(
-            QRect(layout.icon.left(), area.center().y(), area.right() - kGap - layout.icon.left(), 1), line);
-        painter.restore();
-        return;
-    }
     const Bookmark& item = controller_->itemAtRow(number);
     if (controller_->isExpandable(item)) {
         const QColor faint =
@@ -116,7 +132,7 @@ void OutlineWidget::paintNameCell(QPainter& painter, int row, bool selected) con
         paintTintedImage(painter, layout.icon, cell.icon, color);
     else
         paintImage(painter, layout.icon, cell.icon);
-    paintText(painter, layout.text, oneLine(cell.text.string.view()), color);
+    paintText(painter, layout.text, cell.text, color);
     paintImage(painter, layout.indicator, cell.indicatorImage);
     painter.restore();
 }
@@ -126,6 +142,7 @@ void OutlineWidget::paintTriangle(QPainter& painter, const QRect& rect, bool exp
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(QRectF(rect).center());
+    painter.scale(iconSize_ / kTriangleUnit, iconSize_ / kTriangleUnit);
     if (expanded)
         painter.rotate(90);
     QPainterPath path;
@@ -137,13 +154,33 @@ void OutlineWidget::paintTriangle(QPainter& painter, const QRect& rect, bool exp
     painter.restore();
 }
 
-void OutlineWidget::paintText(QPainter& painter, const QRect& rect, const QString& text,
+void OutlineWidget::paintText(QPainter& painter, const QRect& rect, const ColoredText& text,
                               const QColor& color) const {
-    if (rect.width() <= 0 || text.isEmpty())
+    const QString line = oneLine(text.string.view());
+    if (rect.width() <= 0 || line.isEmpty())
         return;
+    const QString shown = fontMetrics().elidedText(line, Qt::ElideRight, rect.width());
+    if (text.color)
+        paintGround(painter, rect, shown, *text.color);
     painter.setPen(color);
-    painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     fontMetrics().elidedText(text, Qt::ElideRight, rect.width()));
+    painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+}
+
+// A label's colour that is lost on the ground of the rows gets one of its own.
+void OutlineWidget::paintGround(QPainter& painter, const QRect& rect, const QString& text,
+                                const LabelColor& color) const {
+    const std::optional<QColor> ground = groundForLabel(color, palette().color(QPalette::Base));
+    if (!ground)
+        return;
+    QRect area(rect.left(), 0, std::min(rect.width(), fontMetrics().horizontalAdvance(text)),
+               std::min(rect.height() - 2, fontMetrics().height() + 2));
+    area.moveCenter({area.center().x(), rect.center().y()});
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(*ground);
+    painter.drawRoundedRect(area.adjusted(-kGroundMargin, 0, kGroundMargin, 0), kGroundMargin, kGroundMargin);
+    painter.restore();
 }
 
 void OutlineWidget::paintImage(QPainter& painter, const QRect& rect, std::string_view name) const {

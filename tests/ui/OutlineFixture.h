@@ -1,0 +1,77 @@
+// A document in a real outline on a screen in memory, with Qt's own tester watching its model.
+#pragma once
+
+#include "tests/window/WindowFixture.h"
+#include "ui/document/OutlineHeader.h"
+#include "ui/document/OutlineWidget.h"
+
+#include <QAbstractItemModelTester>
+#include <QTest>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tabulon {
+
+/// A window whose outline is the real one.
+class WidgetWindow : public DocumentWindow {
+public:
+    explicit WidgetWindow(ViewController& controller) : widget(controller, {"Name", "URL", "Tags"}, nullptr) {
+        widget.resize(900, 600);
+        widget.show();
+    }
+    ~WidgetWindow() override { widget.detach(); }
+
+    OutlineView& outline() override { return widget; }
+    void setTitle(const std::string&, const std::string&, bool) override {}
+    void setURLFieldText(const std::string& text) override { urlField = text; }
+    void setURLFieldFontSize(double) override {}
+    void showEmptyState(bool) override {}
+    std::string frame() const override { return {}; }
+    void setFrame(const std::string&) override {}
+    void show() override {}
+    void makeKeyAndOrderFront() override {}
+
+    OutlineWidget widget;
+    std::string urlField;
+};
+
+class OutlineTest : public WindowTest {
+protected:
+    /// Closes the window of before.
+    void openWidget() {
+        closeWidget();
+        controller = std::make_unique<ViewController>(document, platform());
+        widgetWindow = std::make_unique<WidgetWindow>(*controller);
+        controller->setWindow(widgetWindow.get());
+        tester = std::make_unique<QAbstractItemModelTester>(
+            widget().model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+    }
+    void closeWidget() {
+        tester.reset();
+        widgetWindow.reset();
+        controller.reset();
+    }
+    void TearDown() override { closeWidget(); }
+
+    OutlineWidget& widget() { return widgetWindow->widget; }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(&widget(), key, modifiers);
+    }
+    std::vector<std::string> shownNames() {
+        std::vector<std::string> names;
+        for (int row = 0; row < widget().model()->rowCount(); ++row)
+            names.push_back(widget().model()->index(row, 0).data().toString().toStdString());
+        return names;
+    }
+    QRect cell(int row, Column column) {
+        return widget().visualRect(widget().model()->index(row, OutlineHeader::sectionOf(column)));
+    }
+    int currentRow() { return widget().currentIndex().row(); }
+
+    std::unique_ptr<WidgetWindow> widgetWindow;
+    std::unique_ptr<QAbstractItemModelTester> tester;
+};
+
+} // namespace tabulon

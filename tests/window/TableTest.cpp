@@ -1,0 +1,156 @@
+// The table as a whole: font size and row height, the tags column.
+#include "tests/window/WindowFixture.h"
+
+namespace tabulon {
+namespace {
+
+class TableTest : public WindowTest {
+protected:
+    void store(double fontSize, double rowHeight) {
+        base.defaults.setDoubleForKey("FontSize", fontSize);
+        base.defaults.setDoubleForKey("RowHeight", rowHeight);
+    }
+    double stored(const char* key) { return base.defaults.doubleForKey(key); }
+    MenuItem item(const char* action) { return MenuItem{.action = action}; }
+};
+
+TEST_F(TableTest, WindowComesUpWithTheStoredFontAndRowHeight) {
+    store(15, 21.5);
+    base.defaults.setStringForKey("FontName", "Serif");
+    open();
+    EXPECT_EQ(outline().font.name, "Serif");
+    EXPECT_EQ(outline().font.size, 15);
+    EXPECT_EQ(outline().rowHeight, 21.5);
+}
+
+TEST_F(TableTest, FontSizeElevenForcesARowHeightOfSeventeenAndStoresIt) {
+    store(11, 30);
+    open();
+    EXPECT_EQ(outline().rowHeight, 17);
+    EXPECT_EQ(stored("RowHeight"), 17);
+}
+
+TEST_F(TableTest, OtherFontSizesKeepTheStoredRowHeight) {
+    store(11.5, 30);
+    open();
+    EXPECT_EQ(outline().rowHeight, 30);
+    EXPECT_EQ(stored("RowHeight"), 30);
+}
+
+TEST_F(TableTest, ZoomingInGrowsFontAndRowsByAPointAndStoresBoth) {
+    open();
+    controller->zoomIn();
+    EXPECT_EQ(outline().font.size, 12);
+    EXPECT_EQ(outline().rowHeight, 18);
+    EXPECT_EQ(stored("FontSize"), 12);
+    EXPECT_EQ(stored("RowHeight"), 18);
+}
+
+TEST_F(TableTest, ZoomingOutToElevenKeepsTheRowHeightUntilAWindowComesUp) {
+    store(12, 25);
+    open();
+    controller->zoomOut();
+    EXPECT_EQ(outline().font.size, 11);
+    EXPECT_EQ(outline().rowHeight, 24);
+    open();
+    EXPECT_EQ(outline().rowHeight, 17);
+}
+
+TEST_F(TableTest, ZoomingEndsWhereTextsCanNoLongerBeRead) {
+    store(ViewController::kSmallestFontSize, 1);
+    open();
+    controller->zoomOut();
+    EXPECT_EQ(stored("FontSize"), ViewController::kSmallestFontSize);
+    EXPECT_FALSE(controller->actions().validateMenuItem(item("zoomOut:")));
+    EXPECT_TRUE(controller->actions().validateMenuItem(item("zoomIn:")));
+    store(ViewController::kLargestFontSize, 80);
+    controller->zoomIn();
+    EXPECT_EQ(stored("FontSize"), ViewController::kLargestFontSize);
+    EXPECT_FALSE(controller->actions().validateMenuItem(item("zoomIn:")));
+    controller->actions().perform(item("zoomOut:"));
+    EXPECT_EQ(stored("FontSize"), ViewController::kLargestFontSize - 1);
+}
+
+TEST_F(TableTest, FontSizeBeyondTheLimitsComesBackByZooming) {
+    store(200, 230);
+    open();
+    controller->zoomIn();
+    EXPECT_EQ(stored("FontSize"), 200);
+    controller->zoomOut();
+    EXPECT_EQ(stored("FontSize"), 199);
+}
+
+TEST_F(TableTest, URLFieldTakesFontSizesFromElevenUpToFourteen) {
+    store(10, 16);
+    open();
+    EXPECT_EQ(window->urlFieldFontSize, 0) << "it keeps its own";
+    controller->zoomIn();
+    EXPECT_EQ(window->urlFieldFontSize, 11);
+    controller->setTableFontSizeRowHeight(13.5, 20);
+    EXPECT_EQ(window->urlFieldFontSize, 13.5);
+    controller->setTableFontSizeRowHeight(14, 20);
+    EXPECT_EQ(window->urlFieldFontSize, 13.5) << "fourteen is no more";
+}
+
+TEST_F(TableTest, TagsColumnIsNotShownFromTheStart) {
+    open();
+    EXPECT_FALSE(outline().tagsColumn);
+}
+
+TEST_F(TableTest, TagsColumnComesUpWhereTheSettingSaysSo) {
+    base.defaults.setBoolForKey("AddTagsColumn", true);
+    base.defaults.setDoubleForKey("TagsWidth", 140);
+    open();
+    EXPECT_EQ(outline().tagsColumn, 1u);
+    EXPECT_EQ(outline().tagsWidth, 140);
+}
+
+TEST_F(TableTest, AddingTheTagsColumnTwiceAddsOne) {
+    open();
+    controller->addTagsColumn();
+    controller->addTagsColumn();
+    EXPECT_EQ(outline().tagsColumn, 1u);
+    controller->removeTagsColumn();
+    EXPECT_FALSE(outline().tagsColumn);
+    controller->removeTagsColumn();
+    controller->addTagsColumn();
+    EXPECT_EQ(outline().tagsColumn, 1u);
+}
+
+TEST_F(TableTest, MovedTagsColumnIsBackAtItsIndexInTheNextWindow) {
+    base.defaults.setBoolForKey("AddTagsColumn", true);
+    open();
+    outline().tagsColumn = 2;
+    controller->outlineViewColumnDidMove();
+    EXPECT_EQ(base.defaults.integerForKey("TagsIndex"), 2);
+    open();
+    EXPECT_EQ(outline().tagsColumn, 2u);
+}
+
+TEST_F(TableTest, MovingColumnsWithoutTagsKeepsTheirIndex) {
+    open();
+    controller->outlineViewColumnDidMove();
+    EXPECT_EQ(base.defaults.integerForKey("TagsIndex"), 1);
+}
+
+TEST_F(TableTest, ImpossibleTagsIndexIsTakenAsTheNearest) {
+    open();
+    base.defaults.setIntegerForKey("TagsIndex", -3);
+    controller->addTagsColumn();
+    EXPECT_EQ(outline().tagsColumn, 0u);
+    controller->removeTagsColumn();
+    base.defaults.setIntegerForKey("TagsIndex", 1000);
+    controller->addTagsColumn();
+    EXPECT_EQ(outline().tagsColumn, 2u);
+}
+
+TEST_F(TableTest, WidthOfTheTagsColumnIsKept) {
+    base.defaults.setBoolForKey("AddTagsColumn", true);
+    open();
+    controller->tagsColumnDidResize(222.5);
+    open();
+    EXPECT_EQ(outline().tagsWidth, 222.5);
+}
+
+} // namespace
+} // namespace tabulon

@@ -1,0 +1,92 @@
+// The parts of the outline that screen readers are told of: the titles of its columns and its cells.
+#pragma once
+
+#include "ui/document/OutlineWidget.h"
+#include "window/CellContent.h"
+
+#include <QAccessible>
+#include <QPointer>
+
+namespace tabulon {
+
+class Bookmark;
+
+/// What titles and cells have in common: they have no children and cannot be written to. A part outlives what
+/// it stands for; then it is not valid, and says nothing.
+class OutlinePart : public QAccessibleInterface {
+public:
+    OutlinePart(OutlineWidget* outline, Column column) : outline_(outline), column_(column) {}
+
+    Column column() const { return column_; }
+
+    QObject* object() const override { return nullptr; }
+    QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(outline_); }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+    void setText(QAccessible::Text, const QString&) override {}
+
+protected:
+    bool isColumnShown() const;
+    /// How many columns stand to the left.
+    int place() const;
+    int section() const { return static_cast<int>(column_); }
+
+    const QPointer<OutlineWidget> outline_;
+
+private:
+    const Column column_;
+};
+
+/// The title of a column.
+class OutlineTitle : public OutlinePart {
+public:
+    using OutlinePart::OutlinePart;
+
+    bool isValid() const override { return isColumnShown(); }
+    QAccessible::Role role() const override { return QAccessible::ColumnHeader; }
+    QAccessible::State state() const override { return {}; }
+    QString text(QAccessible::Text kind) const override;
+    QRect rect() const override;
+};
+
+/// A cell. The one in the Name column stands for the row: it is expanded and collapsed, and its description
+/// is what the indicator beside the name tells.
+class OutlineCell : public OutlinePart,
+                    public QAccessibleTableCellInterface,
+                    public QAccessibleActionInterface {
+public:
+    OutlineCell(OutlineWidget* outline, int row, Column column) : OutlinePart(outline, column), row_(row) {}
+
+    bool isValid() const override;
+    void* interface_cast(QAccessible::InterfaceType type) override;
+    QAccessible::Role role() const override;
+    QAccessible::State state() const override;
+    QString text(QAccessible::Text kind) const override;
+    QRect rect() const override;
+
+    int columnExtent() const override { return 1; }
+    int rowExtent() const override { return 1; }
+    QList<QAccessibleInterface*> columnHeaderCells() const override;
+    QList<QAccessibleInterface*> rowHeaderCells() const override { return {}; }
+    int columnIndex() const override { return place(); }
+    int rowIndex() const override { return row_; }
+    bool isSelected() const override;
+    QAccessibleInterface* table() const override { return parent(); }
+
+    /// Toggling expands and collapses, focusing selects the row.
+    QStringList actionNames() const override;
+    void doAction(const QString& name) override;
+    QStringList keyBindingsForAction(const QString&) const override { return {}; }
+
+private:
+    QModelIndex index() const;
+    CellContent content() const;
+    const Bookmark& item() const;
+    bool isFolder() const;
+
+    const int row_;
+};
+
+} // namespace tabulon
