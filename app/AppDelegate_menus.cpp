@@ -106,7 +106,8 @@ Menu AppDelegate::viewMenu() const {
                           command("MenuExpandAll", "expandAll:", "E"), MenuItem::makeSeparator(),
                           command("MenuCollapse", "collapseFolder:", "Left"),
                           command("MenuCollapsePlus", "collapseFolderPlus:", "Left", kCommandShift),
-                          command("MenuCollapseAll", "collapseAll:", "L")}};
+                          command("MenuCollapseAll", "collapseAll:", "L"), MenuItem::makeSeparator(),
+                          command("MenuZoomIn", "zoomIn:", "+"), command("MenuZoomOut", "zoomOut:", "-")}};
 }
 
 Menu AppDelegate::helpMenu() const {

@@ -81,6 +81,8 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"MenuSaveAs", "Save As…"},
     {"MenuSelectAll", "Select All"},
     {"MenuView", "View"},
+    {"MenuZoomIn", "Zoom In"},
+    {"MenuZoomOut", "Zoom Out"},
     {"Name", "Name"},
     {"NoAnswer", "Tabulon is running, but does not answer"},
     {"NoAnswerText",
