@@ -1,11 +1,15 @@
 #include "platform/linux/QtAlerts.h"
 
+#include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTextDocument>
 
 namespace tabulon {
 namespace {
+
+constexpr int kSmallestWidth = 420;
 
 QMessageBox::Icon iconFor(AlertStyle style) {
     switch (style) {
@@ -37,6 +41,29 @@ QString plain(const std::string& text) {
     return Qt::mightBeRichText(string) ? "<span>" + string.toHtmlEscaped() + "</span>" : string;
 }
 
+// A letter of its own for each button, so that none is out of reach of the keyboard.
+QString withMnemonic(const std::string& title, QString& taken) {
+    QString text = QString::fromStdString(title).replace('&', "&&");
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (!text[i].isLetter() || taken.contains(text[i], Qt::CaseInsensitive))
+            continue;
+        taken += text[i];
+        return text.insert(i, '&');
+    }
+    return text;
+}
+
+// The message stands out, the explanation has lines of a length that is good to read.
+void layOut(QMessageBox& box) {
+    if (auto* message = box.findChild<QLabel*>("qt_msgbox_label")) {
+        QFont bold = message->font();
+        bold.setBold(true);
+        message->setFont(bold);
+    }
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
+        grid->addItem(new QSpacerItem(kSmallestWidth, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 } // namespace
 
 int QtAlerts::runModal(const Alert& alert) {
@@ -46,8 +73,9 @@ int QtAlerts::runModal(const Alert& alert) {
     box.setText(plain(alert.message));
     box.setInformativeText(plain(alert.informative));
     QList<QAbstractButton*> buttons;
+    QString taken;
     for (const AlertButton& button : alert.buttons) {
-        buttons << box.addButton(QString::fromStdString(button.title), roleFor(button.role));
+        buttons << box.addButton(withMnemonic(button.title, taken), roleFor(button.role));
         if (button.role == AlertButtonRole::Cancel)
             box.setEscapeButton(buttons.back());
     }
@@ -55,6 +83,7 @@ int QtAlerts::runModal(const Alert& alert) {
         box.setEscapeButton(buttons.back());
     box.setDefaultButton(static_cast<QPushButton*>(buttons.front()));
     ++showing_;
+    layOut(box);
     box.exec();
     --showing_;
     if (showing_ == 0 && lastOneEnded)
