@@ -10,10 +10,11 @@ Result<void> importFile(const Session& session, const std::string& format, const
     if (!bytes)
         return tl::unexpected(bytes.error());
     NetscapeScanner netscape;
-    Result<Ref<Bookmark>> master = importFormatNamed(format)->read(*bytes, {session.services, netscape});
+    const ImportFormat& importer = *importFormatNamed(format);
+    Result<Ref<Bookmark>> master = importer.read(*bytes, {session.services, netscape});
     if (!master)
         return failure(input + ": " + master.error().message);
-    if (!(*master)->hasChildren())
+    if (!(*master)->hasChildren() && importer.empty == EmptyImport::IsTold)
         return failure(input + ": " + session.services.texts.text("NoURLs"));
     (*master)->setShowHier(true);
     Document document(session.services);

@@ -1,5 +1,6 @@
 #include "formats/ImportFormats.h"
 
+#include "formats/import/PlistBookmarks.h"
 #include "formats/import/TextScanner.h"
 #include "formats/import/XBELReader.h"
 
@@ -21,13 +22,23 @@ Result<Ref<Bookmark>> readXBELFile(std::string_view bytes, const ImportServices&
     return readXBEL(bytes, services.base);
 }
 
+Result<Ref<Bookmark>> readSafari(std::string_view bytes, const ImportServices& services) {
+    return readSafariBookmarks(bytes, services.base);
+}
+
+Result<Ref<Bookmark>> readICab(std::string_view bytes, const ImportServices& services) {
+    return readICabBookmarks(bytes, services.base);
+}
+
 constexpr auto kXBELExtensions = std::to_array<std::string_view>({"xbel"});
 constexpr auto kHTMLExtensions = std::to_array<std::string_view>({"html", "htm"});
 
 constexpr auto kFormats = std::to_array<ImportFormat>({
-    {"html", "FormatHTML", kHTMLExtensions, readBookmarkHTML},
-    {"xbel", "FormatXBEL", kXBELExtensions, readXBELFile},
-    {"text", "FormatText", {}, readText},
+    {"html", "FormatHTML", kHTMLExtensions, EmptyImport::IsTold, readBookmarkHTML},
+    {"xbel", "FormatXBEL", kXBELExtensions, EmptyImport::IsADocument, readXBELFile},
+    {"safari", "Safari", {}, EmptyImport::IsADocument, readSafari},
+    {"icab", "iCab", {}, EmptyImport::IsADocument, readICab},
+    {"text", "FormatText", {}, EmptyImport::IsTold, readText},
 });
 
 } // namespace

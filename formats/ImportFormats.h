@@ -19,6 +19,9 @@ struct ImportServices {
     NetscapeScanner& netscape;
 };
 
+/// What becomes of a file in which nothing was found.
+enum class EmptyImport { IsTold, IsADocument };
+
 struct ImportFormat {
     /// As on the command line.
     std::string_view name;
@@ -26,7 +29,8 @@ struct ImportFormat {
     std::string_view titleKey;
     /// The extensions of its files, without dots; empty for any.
     std::span<const std::string_view> extensions;
-    /// The tree "Master" with what the bytes hold; no children where nothing was found, which users are told.
+    EmptyImport empty;
+    /// The tree "Master" with what the bytes hold; no children where nothing was found.
     /// Fails with a sentence.
     Result<Ref<Bookmark>> (*read)(std::string_view bytes, const ImportServices& services);
 };

@@ -2,7 +2,7 @@
 #include "model/ArchiveReader.h"
 
 #include "model/ArchiveGraph.h"
-#include "model/XmlPlist.h"
+#include "model/PropertyList.h"
 
 namespace tabulon {
 namespace {
@@ -283,34 +283,16 @@ Result<Ref<Bookmark>> readNode(Graph& graph, std::uint64_t rootUid) {
     return Reader(graph).readTree(rootUid);
 }
 
-bool looksLikeXml(std::string_view data) {
-    for (const std::string_view mark : {"\xEF\xBB\xBF", "\xFE\xFF", "\xFF\xFE"})
-        if (data.starts_with(mark))
-            return true;
-    const std::size_t first = data.find_first_not_of(" \t\r\n");
-    return first != std::string_view::npos && data[first] == '<';
-}
-
-Result<Ref<Bookmark>> readBinary(std::string_view data,
-                                 Result<Ref<Bookmark>> (*read)(Graph&, std::uint64_t)) {
-    const Result<BinaryPlist> plist = BinaryPlist::open(data);
-    if (!plist)
-        return tl::unexpected(plist.error());
-    Graph graph(*plist, data.size());
-    const Result<std::uint64_t> root = graph.open();
-    return root ? read(graph, *root) : Result<Ref<Bookmark>>(tl::unexpected(root.error()));
-}
-
 Result<Ref<Bookmark>> readArchive(std::string_view data,
                                   Result<Ref<Bookmark>> (*read)(Graph&, std::uint64_t)) {
-    if (data.empty())
-        return failure("The file is empty.");
-    if (data.starts_with("bplist"))
-        return readBinary(data, read);
-    if (!looksLikeXml(data))
+    if (!data.empty() && !data.starts_with("bplist") && !looksLikeXml(data))
         return failure("The file is not a bookmark document.");
-    const Result<std::string> binary = binaryPlistFromXml(data);
-    return binary ? readBinary(*binary, read) : Result<Ref<Bookmark>>(tl::unexpected(binary.error()));
+    const Result<PropertyList> list = PropertyList::open(data);
+    if (!list)
+        return tl::unexpected(list.error());
+    Graph graph(list->binary(), list->size());
+    const Result<std::uint64_t> root = graph.open();
+    return root ? read(graph, *root) : Result<Ref<Bookmark>>(tl::unexpected(root.error()));
 }
 
 } // namespace

@@ -34,7 +34,6 @@ protected:
         const std::size_t value = line.find("ADD_DATE=\"") + 10;
         return line.substr(value, line.find('"', value) - value);
     }
-
 };
 
 TEST_F(NetscapeHTML, anEmptyMasterGivesTheFiveHeaderLinesOnly) {

@@ -133,7 +133,8 @@ TEST_F(XBELReader, datesThatDoNotFitAreNone) {
 
 TEST_F(XBELReader, unusualSpellingsOfAFittingDateAreRead) {
     EXPECT_EQ(dateOfXBEL("2020-05-01T10:20:30+0200").unixSeconds(), 1588321230);
-    EXPECT_EQ(dateOfXBEL("1500-01-01T00:00:00Z").unixSeconds(), -14830992000) << "in the calendar of that time";
+    EXPECT_EQ(dateOfXBEL("1500-01-01T00:00:00Z").unixSeconds(), -14830992000)
+        << "in the calendar of that time";
     EXPECT_TRUE(dateOfXBEL("2020-5-1T10:20:30Z").isNull());
 }
 

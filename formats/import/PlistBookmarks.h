@@ -1,0 +1,19 @@
+// Bookmarks that browsers keep in property lists: Safari's "Bookmarks.plist" and iCab's "iCab 4 Bookmarks".
+#pragma once
+
+#include "model/Bookmark.h"
+#include "model/Error.h"
+#include "platform/BaseServices.h"
+
+#include <string_view>
+
+namespace tabulon {
+
+/// The new root folder "Master" with the entries of the list; no children where it has none. Both forms of
+/// property list, binary and XML, are read. A value of an unexpected kind counts as absent. Safari's entries
+/// carry no dates. Fails with a sentence for what is no property list, or one whose folders contain each
+/// other; linear, without recursion.
+Result<Ref<Bookmark>> readSafariBookmarks(std::string_view bytes, const BaseServices& services);
+Result<Ref<Bookmark>> readICabBookmarks(std::string_view bytes, const BaseServices& services);
+
+} // namespace tabulon

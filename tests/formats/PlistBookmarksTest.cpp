@@ -1,0 +1,223 @@
+// Safari's and iCab's property lists, rule by rule. Lists are written as XML here; the binary form is the
+// same list to the readers.
+#include "formats/import/PlistBookmarks.h"
+
+#include "model/PlistWriter.h"
+#include "model/XmlPlist.h"
+#include "platform/fake/FakeBaseServices.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+namespace tabulon {
+namespace {
+
+using Read = Result<Ref<Bookmark>> (*)(std::string_view, const BaseServices&);
+
+std::string key(const std::string& name, const std::string& text) {
+    return "<key>" + name + "</key><string>" + text + "</string>";
+}
+std::string dictionary(const std::string& content) {
+    return "<dict>" + content + "</dict>";
+}
+std::string folder(const std::string& content, const std::string& children = "") {
+    return dictionary(content + "<key>Children</key><array>" + children + "</array>");
+}
+std::string list(const std::string& top) {
+    return "<?xml version=\"1.0\"?><plist version=\"1.0\">" + top + "</plist>";
+}
+
+class PlistBookmarks : public testing::Test {
+protected:
+    Ref<Bookmark> read(Read reader, const std::string& entries) {
+        const std::string xml = list(folder("", entries));
+        const auto tree = reader(xml, fakes.services());
+        const auto binary = reader(*binaryPlistFromXml(xml), fakes.services());
+        EXPECT_TRUE(tree && binary) << xml;
+        if (!tree || !binary)
+            return Bookmark::initEmpty();
+        EXPECT_EQ(count(**tree), count(**binary));
+        return *tree;
+    }
+    Ref<Bookmark> safari(const std::string& entries) { return read(readSafariBookmarks, entries); }
+    Ref<Bookmark> iCab(const std::string& entries) { return read(readICabBookmarks, entries); }
+    static std::size_t count(const Bookmark& parent) {
+        return parent.getChildren() ? parent.getChildren()->size() : 0;
+    }
+
+    FakeBaseServices fakes;
+};
+
+std::string safariLink(const std::string& title, const std::string& rest) {
+    return dictionary("<key>URIDictionary</key>" + dictionary(key("title", title)) + rest);
+}
+
+TEST_F(PlistBookmarks, safariLinkHasNameURLAndNoteAndNoDates) {
+    const Ref<Bookmark> root =
+        safari(safariLink("Name", key("URLString", "HTTP://Example.org") + key("Description", "second") +
+                                      key("previewText", "first")));
+    ASSERT_EQ(count(*root), 1u);
+    const Bookmark& link = *root->getChild();
+    EXPECT_EQ(root->itemName().view(), "Master");
+    EXPECT_EQ(link.itemName().view(), "Name");
+    EXPECT_EQ(link.itemURL().view(), "HTTP://Example.org") << "as given";
+    EXPECT_EQ(link.itemNote().view(), "first");
+    EXPECT_TRUE(link.itemDateAdded().isNull());
+    EXPECT_TRUE(link.itemDateModified().isNull());
+}
+
+TEST_F(PlistBookmarks, safariDescriptionIsTheSecondChoiceForTheNote) {
+    EXPECT_EQ(safari(safariLink("n", key("Description", "d")))->getChild()->itemNote().view(), "d");
+    EXPECT_EQ(
+        safari(safariLink("n", key("Description", "d") + key("previewText", "")))->getChild()->itemNote(),
+        Text(""));
+}
+
+TEST_F(PlistBookmarks, safariURLWithoutATitleIsUntitled) {
+    EXPECT_EQ(safari(dictionary(key("URLString", "u")))->getChild()->itemName().view(), "Untitled");
+    EXPECT_EQ(safari(safariLink("", key("URLString", "u")))->getChild()->itemName().view(), "Untitled");
+}
+
+TEST_F(PlistBookmarks, safariTitleWithoutAURLIsALinkWithoutOne) {
+    EXPECT_TRUE(safari(safariLink("t", ""))->getChild()->itemURL().isNull());
+}
+
+TEST_F(PlistBookmarks, safariEntryWithNeitherIsDropped) {
+    EXPECT_EQ(count(*safari(dictionary(key("Title", "History") + key("WebBookmarkType", "x")))), 0u);
+}
+
+TEST_F(PlistBookmarks, safariBarHasAnotherNameAndALabelAtAnyDepth) {
+    const Ref<Bookmark> root = safari(
+        folder(key("Title", "BookmarksBar"), folder(key("Title", "BookmarksBar"))) +
+        folder(key("Title", "BookmarksMenu")) + folder(key("Title", "com.apple.ReadingList")) + folder(""));
+    ASSERT_EQ(count(*root), 4u);
+    const Bookmark& bar = *root->getChild();
+    EXPECT_EQ(bar.itemName().view(), "Favourites");
+    EXPECT_EQ(bar.getLabel(), 1);
+    EXPECT_EQ(bar.getChild()->itemName().view(), "Favourites");
+    EXPECT_EQ(root->getChildren()->at(1)->itemName().view(), "BookmarksMenu");
+    EXPECT_EQ(root->getChildren()->at(1)->getLabel(), 0);
+    EXPECT_TRUE(root->getLast()->itemName().isNull());
+}
+
+TEST_F(PlistBookmarks, emptyChildrenMakeAnEmptyFolder) {
+    const Ref<Bookmark> root = safari(folder(key("Title", "E") + key("URLString", "u")));
+    EXPECT_TRUE(root->getChild()->isFolder());
+    EXPECT_EQ(count(*root->getChild()), 0u);
+    EXPECT_TRUE(root->getChild()->itemURL().isNull());
+}
+
+TEST_F(PlistBookmarks, withoutChildrenAtTheTopTheTreeIsEmpty) {
+    for (const char* top : {"<dict/>", "<array/>", "<dict><key>Children</key><string>x</string></dict>"})
+        for (const Read reader : {readSafariBookmarks, readICabBookmarks}) {
+            const auto tree = reader(list(top), fakes.services());
+            ASSERT_TRUE(tree) << top;
+            EXPECT_EQ(count(**tree), 0u);
+        }
+}
+
+TEST_F(PlistBookmarks, valuesOfAnotherKindCountAsAbsent) {
+    const Ref<Bookmark> root = safari("<string>no entry</string>" +
+                                      dictionary("<key>Children</key><string>x</string>" +
+                                                 key("URLString", "u") + "<key>URIDictionary</key><array/>") +
+                                      dictionary("<key>URLString</key><integer>5</integer>"));
+    ASSERT_EQ(count(*root), 1u);
+    EXPECT_FALSE(root->getChild()->isFolder());
+    EXPECT_EQ(root->getChild()->itemName().view(), "Untitled");
+}
+
+TEST_F(PlistBookmarks, iCabLinkHasDatesAndTags) {
+    const auto date = [](const char* name, const char* value) {
+        return std::string("<key>") + name + "</key><date>" + value + "</date>";
+    };
+    const Ref<Bookmark> root = iCab(dictionary(
+        key("Title", "T") + key("URL", "u") + key("Description", "d") + key("Tags", "a, b") +
+        date("CreationDate", "2020-05-01T08:20:30Z") + date("LastModifiedDate", "2020-05-02T08:20:30Z") +
+        date("LastCheckedDate", "2020-05-03T08:20:30Z")));
+    const Bookmark& link = *root->getChild();
+    EXPECT_EQ(link.itemName().view(), "T");
+    EXPECT_EQ(link.itemURL().view(), "u");
+    EXPECT_EQ(link.itemNote().view(), "d");
+    EXPECT_EQ(link.itemTags().view(), "a, b");
+    EXPECT_EQ(link.itemDateAdded().unixSeconds(), 1588321230);
+    EXPECT_EQ(link.itemDateModified().unixSeconds(), 1588321230 + 86400);
+    EXPECT_EQ(link.itemLastChecked().unixSeconds(), 1588321230 + 2 * 86400);
+    EXPECT_TRUE(iCab(dictionary(key("URL", "u")))->getChild()->itemDateAdded().isNull());
+}
+
+TEST_F(PlistBookmarks, iCabFoldersAreExpandedUnlessClosed) {
+    const auto shown = [this](const std::string& closed) {
+        return iCab(folder(key("Title", "F") + closed))->getChild()->showHier();
+    };
+    EXPECT_TRUE(shown(""));
+    EXPECT_FALSE(shown("<key>Closed</key><true/>"));
+    EXPECT_TRUE(shown("<key>Closed</key><false/>"));
+    EXPECT_FALSE(shown("<key>Closed</key><integer>1</integer>"));
+    EXPECT_FALSE(shown("<key>Closed</key><string>YES</string>"));
+    EXPECT_TRUE(shown("<key>Closed</key><string>no</string>"));
+    EXPECT_TRUE(shown("<key>Closed</key><string>000</string>"));
+    EXPECT_FALSE(shown("<key>Closed</key><string> -01</string>"));
+}
+
+TEST_F(PlistBookmarks, iCabFolderTypes) {
+    const Ref<Bookmark> root = iCab(folder(key("Title", "Mine") + key("FolderType", "Favorites")) +
+                                    folder(key("Title", "Tabs") + key("FolderType", "TabGroup")));
+    EXPECT_EQ(root->getChild()->itemName().view(), "Favourites");
+    EXPECT_EQ(root->getChild()->getLabel(), 1);
+    EXPECT_EQ(root->getLast()->itemName().view(), "Tabs");
+    EXPECT_TRUE(root->getLast()->getAutoTab());
+}
+
+TEST_F(PlistBookmarks, iCabSmartFoldersAreDroppedAndSeparatorsAreNothingSpecial) {
+    const Ref<Bookmark> root =
+        iCab(dictionary(key("Title", "S") + key("URL", "u") + key("BookmarkType", "SmartFolder")) +
+             dictionary(key("BookmarkType", "Separator")) +
+             dictionary(key("Title", "") + key("BookmarkType", "Separator")));
+    ASSERT_EQ(count(*root), 1u);
+    EXPECT_EQ(root->getChild()->itemName().view(), "Untitled");
+    EXPECT_FALSE(root->getChild()->isSeparator());
+}
+
+TEST_F(PlistBookmarks, whatIsNoPropertyListIsRefused) {
+    for (const char* bytes : {"", "text", "bplist00", "<plist><dict>", "<html/>"})
+        EXPECT_FALSE(readSafariBookmarks(bytes, fakes.services())) << bytes;
+}
+
+TEST_F(PlistBookmarks, deepFoldersAreReadWithoutRecursion) {
+    std::string xml;
+    for (int i = 0; i < 100000; ++i)
+        xml += "<dict><key>Children</key><array>";
+    for (int i = 0; i < 100000; ++i)
+        xml += "</array></dict>";
+    EXPECT_TRUE(readICabBookmarks(list(xml), fakes.services()));
+}
+
+// A folder in itself, and folders that each stand twice in the one before: 2^60 entries in a few hundred
+// bytes.
+TEST_F(PlistBookmarks, foldersThatContainEachOtherAreRefused) {
+    for (const bool loop : {true, false}) {
+        PlistWriter writer(1000, 1000);
+        const std::uint64_t children = writer.writeText("Children");
+        const auto keys = writer.layOutKeys({children});
+        std::uint64_t inner = 0;
+        if (loop) {
+            const std::uint64_t array = writer.objectCount();
+            writer.writeArray({array + 1});
+            inner = writer.writeDictionary(keys, {array});
+        } else {
+            inner = writer.writeDictionary(keys, {writer.writeArray({})});
+            for (int depth = 0; depth < 60; ++depth) {
+                const std::uint64_t array = writer.writeArray({inner, inner});
+                inner = writer.writeDictionary(keys, {array});
+            }
+        }
+        const std::string bytes = writer.finish(inner);
+        const auto begin = std::chrono::steady_clock::now();
+        EXPECT_FALSE(readSafariBookmarks(bytes, fakes.services()));
+        EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(2));
+    }
+}
+
+} // namespace
+} // namespace tabulon
