@@ -8,11 +8,16 @@
 
 #include <array>
 #include <map>
+#include <string_view>
+#include <unordered_map>
 
 namespace tabulon {
 namespace {
 
 using archive::Key;
+
+/// In bytes.
+constexpr std::size_t kLongText = 1024;
 
 constexpr std::size_t kVersionClass = 0;
 constexpr std::size_t kBookmarkClass = 1;
@@ -113,6 +118,7 @@ private:
     std::array<std::uint64_t, kClasses.size()> classes_{}; // 0 while not written
     std::map<std::int64_t, std::uint64_t> integers_;
     std::array<std::uint64_t, 256> bytes_{};
+    std::unordered_map<std::string_view, std::uint64_t> longTexts_; // the reference to each
     std::uint64_t null_ = 0;
     std::uint64_t false_ = 0;
     std::uint64_t true_ = 0;
@@ -145,9 +151,17 @@ std::uint64_t Writer::classReference(std::size_t name) {
 std::uint64_t Writer::textReference(const Text& text) {
     if (text.isNull())
         return null_;
+    // A long text is written once, however many nodes have it: else a small file whose nodes share one would
+    // grow beyond all bounds when it is saved again.
+    if (text.view().size() >= kLongText)
+        if (const auto known = longTexts_.find(text.view()); known != longTexts_.end())
+            return known->second;
     const std::uint64_t uid = newUid();
     objects_[uid] = plist_.writeText(text.view());
-    return plist_.writeUid(uid);
+    const std::uint64_t reference = plist_.writeUid(uid);
+    if (text.view().size() >= kLongText)
+        longTexts_.emplace(text.view(), reference);
+    return reference;
 }
 
 std::uint64_t Writer::dateReference(Date date) {

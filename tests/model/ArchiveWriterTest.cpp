@@ -221,5 +221,24 @@ TEST(ArchiveWriter, roundTripKeepsEverything) {
     }
 }
 
+TEST(ArchiveWriter, aLongTextOfManyNodesIsWrittenOnce) {
+    const std::string text(5'000'000, 'x');
+    Ref<Bookmark> master = Bookmark::initEmpty();
+    for (int i = 0; i < 1000; ++i) {
+        Ref<Bookmark> link = Bookmark::initEmpty();
+        if (i == 0)
+            link->setItemURL(text);
+        else
+            link->setItemURL(i % 2 == 0 ? master->getChild()->itemURL() : Text(text.substr(0, 2000)));
+        master->addChild(std::move(link));
+    }
+    const std::string bytes = writeDocumentArchive(*master);
+    EXPECT_LT(bytes.size(), 6'000'000u);
+    const auto again = readDocumentArchive(bytes);
+    ASSERT_TRUE(again);
+    EXPECT_EQ((*again)->getLast()->itemURL().view(), text.substr(0, 2000));
+    EXPECT_EQ(writeDocumentArchive(**again), bytes) << "reading does not share what writing does not";
+}
+
 } // namespace
 } // namespace tabulon
