@@ -75,7 +75,8 @@ int runDesktop(const LaunchArguments& arguments, SingleInstance& instance) {
     windows.connectTo(app, platform);
     app.stop = [&instance] {
         instance.release();
-        QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+        // Quitting would ask every window first.
+        QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(); });
     };
     const SessionEvents session([&app] { app.applicationWillResignActive(); },
                                 [&app] { app.sessionWillEnd(); });
