@@ -75,8 +75,8 @@ int runDesktop(const LaunchArguments& arguments, SingleInstance& instance) {
     windows.connectTo(app, platform);
     app.stop = [&instance] {
         instance.release();
-        // Quitting would ask every window first.
-        QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(); });
+        // Not quit(): that closes the windows first, and they ask.
+        QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
     };
     const SessionEvents session([&app] { app.applicationWillResignActive(); },
                                 [&app] { app.sessionWillEnd(); });

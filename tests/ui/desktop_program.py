@@ -171,6 +171,22 @@ def close_a_document_without_a_file(desktop):
     check(desktop.ended() == 0, "Don't Save gives the changes up")
 
 
+def end_by_a_signal(desktop):
+    for before in [[], ["alt+v"], ["ctrl+w"]]:  # in peace, with a menu open, with a question open
+        desktop.start(DEMO)
+        desktop.window(r"demo-bookmarks\* .*Tabulon")
+        desktop.press(*before)
+        time.sleep(0.5)
+        desktop.running.send_signal(signal.SIGTERM)
+        check(desktop.ended() == 0, f"the session's end is not held up after {before}")
+        desktop.start()
+        desktop.window(r"demo-bookmarks\* .*Tabulon")
+        desktop.press("ctrl+w")
+        desktop.window("^Tabulon$")
+        desktop.press("Right", "Return")
+        check(desktop.ended() == 0, "what was not saved came back")
+
+
 def export_html(desktop, path):
     exported = os.path.join(desktop.folder, "exported.html")
     desktop.start(path)
@@ -221,6 +237,7 @@ def main():
             path = open_html_and_save(desktop)
             open_again_change_and_close(desktop, path)
             close_a_document_without_a_file(desktop)
+            end_by_a_signal(desktop)
             export_html(desktop, path)
             refuse_a_picture_and_start_empty(desktop)
             refuse_without_a_display(desktop)
