@@ -7,6 +7,7 @@ namespace tabulon {
 namespace {
 
 constexpr std::size_t kLongestLine = 4000;
+constexpr qsizetype kShortLine = 60;
 constexpr double kWantedContrast = 5.0;
 constexpr double kLostContrast = 2.0;
 constexpr double kLightGround = 0.4;
@@ -44,8 +45,13 @@ QString oneLine(std::string_view utf8) {
 QString toolTipText(std::string_view utf8) {
     if (utf8.empty())
         return {};
-    return "<p style=\"white-space:pre-wrap\">" + toQString(utf8.substr(0, kLongestLine)).toHtmlEscaped() +
-           "</p>";
+    const QString text = toQString(utf8.substr(0, kLongestLine));
+    const QStringList lines = text.split('\n');
+    const bool wraps =
+        std::ranges::any_of(lines, [](const QString& line) { return line.size() > kShortLine; });
+    return QString("<p style=\"white-space:%1\">%2</p>")
+        .arg(QString(wraps ? "pre-wrap" : "pre"),
+             text.toHtmlEscaped()); // wrapping would break short lines as well
 }
 
 QColor readableColor(const LabelColor& color, const QColor& base, const QColor& text) {

@@ -19,7 +19,8 @@ inline QString toQString(std::string_view utf8) {
 /// For a line on the screen: at most a few thousand bytes, line breaks and tabs as spaces.
 QString oneLine(std::string_view utf8);
 
-/// For a tool tip: the text as it is, never as markup, wrapped; empty for an empty text.
+/// For a tool tip: the text as it is, never as markup, wrapped where it has long lines; empty for an empty
+/// text.
 QString toolTipText(std::string_view utf8);
 
 /// The colour of a label as it can be read on `base`: itself on light ground; lightened as far as it takes on

@@ -32,6 +32,11 @@ TEST(StringsTest, LabelColoursStayThemselvesOnLightGround) {
     }
 }
 
+TEST(StringsTest, ToolTipOfShortLinesKeepsThem) {
+    EXPECT_TRUE(toolTipText("Tags: one, two\nand more").contains("white-space:pre\""));
+    EXPECT_TRUE(toolTipText("short\n" + std::string(100, 'x')).contains("white-space:pre-wrap\""));
+}
+
 TEST(StringsTest, YellowAndCyanGetAGroundOnWhiteAndNoOtherLabelDoes) {
     for (std::uint8_t label = 1; label <= 12; ++label) {
         const bool lost = label == 10 || label == 11;
