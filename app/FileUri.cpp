@@ -89,4 +89,15 @@ std::optional<std::string> pathOfFileUri(std::string_view uri) {
     return rest.starts_with('/') ? withoutPercentEscapes(rest) : std::nullopt;
 }
 
+std::vector<std::string> fileUrisIn(std::string_view uriList) {
+    std::vector<std::string> uris;
+    while (!uriList.empty()) {
+        const std::string_view line = uriList.substr(0, uriList.find_first_of("\r\n"));
+        if (pathOfFileUri(line))
+            uris.emplace_back(line);
+        uriList.remove_prefix(std::min(line.size() + 1, uriList.size()));
+    }
+    return uris;
+}
+
 } // namespace tabulon

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tabulon {
 
@@ -16,5 +17,8 @@ std::string fileUri(std::string_view absolutePath);
 /// The absolute path of a file URI of this computer ("file:///…", "file:/…", "file://localhost/…"), percent
 /// escapes resolved, query and fragment left out. Nothing for every other text.
 std::optional<std::string> pathOfFileUri(std::string_view uri);
+
+/// The file URIs in a list of URIs as drags carry it (text/uri-list: lines, # begins a comment).
+std::vector<std::string> fileUrisIn(std::string_view uriList);
 
 } // namespace tabulon

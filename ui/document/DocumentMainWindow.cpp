@@ -1,6 +1,7 @@
 #include "ui/document/DocumentMainWindow.h"
 
 #include "app/AppDelegate.h"
+#include "app/FileUri.h"
 #include "ui/Icons.h"
 #include "ui/MainMenuBar.h"
 #include "ui/Strings.h"
@@ -12,12 +13,10 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFile>
 #include <QMimeData>
 #include <QScreen>
 #include <QStackedWidget>
 #include <QTimer>
-#include <QUrl>
 #include <QVBoxLayout>
 
 #include <sstream>
@@ -37,12 +36,19 @@ QStringList columnTitles(const Localization& texts) {
     return {toQString(texts.text("Name")), toQString(texts.text("URL")), toQString(texts.text("Tags"))};
 }
 
-std::vector<std::string> localFiles(const QMimeData& data) {
-    std::vector<std::string> paths;
-    for (const QUrl& url : data.urls())
-        if (url.isLocalFile())
-            paths.push_back(QFile::encodeName(url.toLocalFile()).toStdString());
-    return paths;
+// As they come: a QUrl has no room for names that are not UTF-8.
+std::vector<std::string> droppedFiles(const QDropEvent& event) {
+    return fileUrisIn(event.mimeData()->data("text/uri-list").toStdString());
+}
+
+// Opening copies. Taking files that are offered to be moved would let their owner delete them.
+void acceptFiles(QDropEvent* event) {
+    for (const Qt::DropAction action : {Qt::CopyAction, Qt::LinkAction})
+        if (event->possibleActions().testFlag(action) && !droppedFiles(*event).empty()) {
+            event->setDropAction(action);
+            return event->accept();
+        }
+    event->ignore();
 }
 
 } // namespace
@@ -187,17 +193,19 @@ void DocumentMainWindow::resizeEvent(QResizeEvent* event) {
 }
 
 void DocumentMainWindow::dragEnterEvent(QDragEnterEvent* event) {
-    if (!localFiles(*event->mimeData()).empty())
-        event->acceptProposedAction();
+    acceptFiles(event);
+}
+
+void DocumentMainWindow::dragMoveEvent(QDragMoveEvent* event) {
+    acceptFiles(event);
 }
 
 void DocumentMainWindow::dropEvent(QDropEvent* event) {
-    event->acceptProposedAction();
+    acceptFiles(event);
+    if (!event->isAccepted())
+        return;
     // Later, so that an alert does not hold up the program that the files come from.
-    QTimer::singleShot(0, qApp, [&app = app_, paths = localFiles(*event->mimeData())] {
-        for (const std::string& path : paths)
-            app.openFile(path);
-    });
+    QTimer::singleShot(0, this, [&app = app_, files = droppedFiles(*event)] { app.openFiles(files); });
 }
 
 } // namespace tabulon

@@ -1,0 +1,93 @@
+// Files dropped on a document's window: which are taken, and how.
+#include "app/AppDelegate.h"
+#include "model/ArchiveWriter.h"
+#include "platform/fake/FakePlatform.h"
+#include "ui/QtWindows.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QWidget>
+
+namespace tabulon {
+namespace {
+
+class DropTest : public testing::Test, protected FakePlatform {
+protected:
+    void SetUp() override {
+        windows.connectTo(app, services);
+        app.applicationDidFinishLaunching({});
+        Document& untitled = *app.documentController().currentDocument();
+        untitled.updateChangeCount(ChangeKind::Done); // so that it stays
+        window = windows.windowFor(&untitled);
+        files.files["/home/a.tbln"] = writeDocumentArchive(untitled.getMaster());
+        files.files["/home/\xE9.tbln"] = files.files["/home/a.tbln"];
+    }
+
+    // What becomes of a drag over the window and its drop: the action that its source is told.
+    Qt::DropAction drop(const char* uris, Qt::DropActions possible, Qt::DropAction proposed) {
+        QMimeData data;
+        data.setData("text/uri-list", uris);
+        QDragEnterEvent enter(QPoint(20, 20), possible, &data, Qt::LeftButton, Qt::NoModifier);
+        enter.setDropAction(proposed);
+        QApplication::sendEvent(window, &enter);
+        if (!enter.isAccepted())
+            return Qt::IgnoreAction;
+        QDragMoveEvent move(QPoint(30, 30), possible, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(window, &move);
+        EXPECT_TRUE(move.isAccepted());
+        EXPECT_EQ(move.dropAction(), enter.dropAction());
+        QDropEvent event(QPointF(30, 30), possible, &data, Qt::LeftButton, Qt::NoModifier);
+        event.setDropAction(proposed);
+        QApplication::sendEvent(window, &event);
+        return event.isAccepted() ? event.dropAction() : Qt::IgnoreAction;
+    }
+    std::vector<std::string> openFiles() {
+        QApplication::processEvents();
+        std::vector<std::string> names;
+        for (const Document* document : app.documentController().documents())
+            names.push_back(document->fileName());
+        return names;
+    }
+
+    const Platform services = platform();
+    QtWindows windows;
+    AppDelegate app{services, windows, "1"};
+    QWidget* window = nullptr;
+};
+
+using Names = std::vector<std::string>;
+
+TEST_F(DropTest, filesOpenWhenTheDropIsOver) {
+    EXPECT_EQ(drop("file:///home/a.tbln\r\nfile:///home/%E9.tbln\r\n", Qt::CopyAction, Qt::CopyAction),
+              Qt::CopyAction);
+    EXPECT_EQ(app.documentController().documents().size(), 1u) << "an alert must not hold up the source";
+    EXPECT_EQ(openFiles(), (Names{"", "/home/a.tbln", "/home/\xE9.tbln"}));
+}
+
+TEST_F(DropTest, filesOfferedToBeMovedAreCopiedSoThatNobodyDeletesThem) {
+    EXPECT_EQ(drop("file:///home/a.tbln", Qt::CopyAction | Qt::MoveAction | Qt::LinkAction, Qt::MoveAction),
+              Qt::CopyAction);
+    EXPECT_EQ(drop("file:///home/a.tbln", Qt::MoveAction | Qt::LinkAction, Qt::MoveAction), Qt::LinkAction);
+    EXPECT_EQ(drop("file:///home/a.tbln", Qt::MoveAction, Qt::MoveAction), Qt::IgnoreAction);
+}
+
+TEST_F(DropTest, whatIsNoFileIsNotTaken) {
+    EXPECT_EQ(drop("http://example.org/\r\n", Qt::CopyAction, Qt::CopyAction), Qt::IgnoreAction);
+    EXPECT_EQ(drop("", Qt::CopyAction, Qt::CopyAction), Qt::IgnoreAction);
+    EXPECT_EQ(openFiles(), Names{""});
+}
+
+TEST_F(DropTest, anOpenFileComesToTheFrontAndAFolderIsRefused) {
+    files.folders.insert("/home/folder");
+    drop("file:///home/a.tbln", Qt::CopyAction, Qt::CopyAction);
+    drop("file:///home/a.tbln\r\nfile:///home/folder", Qt::CopyAction, Qt::CopyAction);
+    EXPECT_EQ(openFiles(), (Names{"", "/home/a.tbln"}));
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].message, "“folder” could not be opened");
+}
+
+} // namespace
+} // namespace tabulon
