@@ -205,7 +205,10 @@ void DocumentMainWindow::dropEvent(QDropEvent* event) {
     if (!event->isAccepted())
         return;
     // Later, so that an alert does not hold up the program that the files come from.
-    QTimer::singleShot(0, this, [&app = app_, files = droppedFiles(*event)] { app.openFiles(files); });
+    QTimer::singleShot(0, this, [this, files = droppedFiles(*event)] {
+        if (controller_)
+            app_.openFiles(files);
+    });
 }
 
 } // namespace tabulon
