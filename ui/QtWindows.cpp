@@ -3,7 +3,6 @@
 #include "ui/Icons.h"
 #include "ui/Strings.h"
 #include "ui/document/DocumentMainWindow.h"
-#include "ui/document/OutlineAccessible.h"
 #include "ui/document/OutlineWidget.h"
 
 #include <QApplication>
@@ -45,7 +44,6 @@ private:
 void QtWindows::connectTo(AppDelegate& app, const Platform& platform) {
     app_ = &app;
     platform_ = &platform;
-    installOutlineAccessibility();
     QApplication::setWindowIcon(iconNamed("tabulon"));
 }
 

@@ -8,6 +8,7 @@ namespace {
 
 constexpr std::size_t kLongestLine = 4000;
 constexpr qsizetype kShortLine = 60;
+constexpr std::size_t kSmallestRoom = 64;
 constexpr double kWantedContrast = 5.0;
 constexpr double kLostContrast = 2.0;
 constexpr double kLightGround = 0.4;
@@ -40,6 +41,16 @@ QString oneLine(std::string_view utf8) {
         if (c.isSpace() || c.category() == QChar::Other_Control)
             c = ' ';
     return line;
+}
+
+QString oneLine(std::string_view utf8, int width) {
+    // No letter takes less than a pixel for each of its bytes.
+    std::size_t room = kSmallestRoom + static_cast<std::size_t>(std::max(width, 0));
+    if (utf8.size() <= room)
+        return oneLine(utf8);
+    while (room > 0 && (static_cast<unsigned char>(utf8[room]) & 0xC0) == 0x80) // inside a character
+        --room;
+    return oneLine(utf8.substr(0, room)) + QChar(0x2026);
 }
 
 QString toolTipText(std::string_view utf8) {

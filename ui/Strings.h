@@ -19,6 +19,10 @@ inline QString toQString(std::string_view utf8) {
 /// For a line on the screen: at most a few thousand bytes, line breaks and tabs as spaces.
 QString oneLine(std::string_view utf8);
 
+/// As much of that as can be seen in `width` pixels, and an ellipsis if that is not all: texts far too long
+/// for their room cost no more time than others.
+QString oneLine(std::string_view utf8, int width);
+
 /// For a tool tip: the text as it is, never as markup, wrapped where it has long lines; empty for an empty
 /// text.
 QString toolTipText(std::string_view utf8);

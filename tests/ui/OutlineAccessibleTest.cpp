@@ -10,8 +10,6 @@ namespace {
 
 class OutlineAccessibleTest : public OutlineTest {
 protected:
-    static void SetUpTestSuite() { installOutlineAccessibility(); }
-
     void SetUp() override {
         outer = &add(makeFolder("outer", false));
         add(makeLink("inside", "https://inside.example/"), outer);

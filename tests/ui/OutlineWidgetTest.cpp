@@ -204,6 +204,26 @@ TEST_F(OutlineWidgetTest, DetachedWidgetPaintsNothingAndDoesNotFall) {
     EXPECT_TRUE(widget().indexAt({10, 10}).row() < 0);
 }
 
+// Every cell is full of text that is far too long for it, some of it in a script that is shaped.
+TEST_F(OutlineWidgetTest, EndlessTextsArePaintedWithoutAWait) {
+    std::string text;
+    for (int i = 0; i < 20000; ++i)
+        text += i % 3 == 0 ? "\u0646\u0635 " : "word ";
+    for (int i = 0; i < 200; ++i)
+        add(makeLink(text.c_str(), text.c_str())).setItemTags(text.c_str());
+    openWidget();
+    controller->addTagsColumn();
+    widget().grab(); // loads the fonts
+    QElapsedTimer timer;
+    timer.start();
+    for (int page = 0; page < 5; ++page) {
+        press(Qt::Key_PageDown);
+        widget().grab();
+    }
+    std::printf("  a page of endless texts     %8.2f ms\n", static_cast<double>(timer.nsecsElapsed()) / 5e6);
+    EXPECT_LT(timer.elapsed() / 5, 200);
+}
+
 class MillionRowsTest : public OutlineWidgetTest {
 protected:
     static constexpr int kFolders = 1000;

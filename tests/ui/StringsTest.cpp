@@ -17,6 +17,20 @@ TEST(StringsTest, LineHasNoBreaksAndNoEndlessLength) {
     EXPECT_LE(oneLine(std::string(1000000, 'x')).size(), 4000);
 }
 
+TEST(StringsTest, LineForARoomEndsInAnEllipsisAtAWholeCharacterWhenItIsFarTooLong) {
+    EXPECT_EQ(oneLine("short", 10), "short");
+    std::string text;
+    for (int i = 0; i < 1000; ++i)
+        text += "\u9EBB";
+    for (int width = 100; width < 104; ++width) {
+        const QString line = oneLine(text, width);
+        EXPECT_LT(line.size(), 100);
+        EXPECT_GT(line.size(), 50);
+        EXPECT_TRUE(line.endsWith(QChar(0x2026)));
+        EXPECT_FALSE(line.contains(QChar::ReplacementCharacter));
+    }
+}
+
 TEST(StringsTest, ToolTipIsNeverMarkup) {
     EXPECT_TRUE(toolTipText("<b>bold</b>").contains("&lt;b&gt;"));
     EXPECT_TRUE(toolTipText("").isEmpty());

@@ -11,7 +11,7 @@ namespace tabulon {
 
 class OutlineWidget;
 
-/// To be called once in a program, before the first outline is made.
+/// Lets Qt find `OutlineAccessible` for every outline; once is enough, more does no harm.
 void installOutlineAccessibility();
 
 /// The number, among the children that `OutlineAccessible` reports, of a cell in a column that is shown.

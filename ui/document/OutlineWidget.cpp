@@ -38,6 +38,7 @@ RowSet toRowSet(const QItemSelection& selection) {
 OutlineWidget::OutlineWidget(ViewController& controller, const QStringList& columnTitles, QWidget* parent)
     : QAbstractItemView(parent), controller_(&controller),
       rows_(new OutlineModel(controller, columnTitles, this)), header_(new OutlineHeader(this)) {
+    installOutlineAccessibility();
     setObjectName("outline");
     setFrameShape(QFrame::NoFrame);
     setSelectionBehavior(SelectRows);
@@ -143,6 +144,8 @@ void OutlineWidget::didRemoveRows() {
 
 void OutlineWidget::reloadRows(RowRange rows) {
     rows_->didChange(rows);
+    if (!QAccessible::isActive())
+        return;
     QAccessible::State changed;
     changed.expanded = true;
     QAccessibleStateChangeEvent event(this, changed);
@@ -278,7 +281,7 @@ void OutlineWidget::currentChanged(const QModelIndex& current, const QModelIndex
 
 // Of many rows screen readers hear the first.
 void OutlineWidget::tellAccessibility(QAccessible::Event type, const QItemSelection& items) {
-    if (!controller_ || items.isEmpty() || !items.first().isValid())
+    if (!QAccessible::isActive() || !controller_ || items.isEmpty() || !items.first().isValid())
         return;
     QAccessibleEvent event(this, type);
     event.setChild(accessibleChild(*this, items.first().top(), Column::Name));

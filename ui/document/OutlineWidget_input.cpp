@@ -109,7 +109,8 @@ QString OutlineWidget::toolTipAt(const QPoint& point) const {
     }
     if (const Text tip = controller_->toolTipForCell(column, row); !tip.isEmpty())
         return toolTipText(tip.view());
-    const bool cut = fontMetrics().horizontalAdvance(oneLine(cell.text.string.view())) > textRect.width();
+    const QString line = oneLine(cell.text.string.view(), textRect.width());
+    const bool cut = fontMetrics().horizontalAdvance(line) > textRect.width();
     return cut ? toolTipText(cell.text.string.view()) : QString();
 }
 

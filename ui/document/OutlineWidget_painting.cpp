@@ -40,7 +40,7 @@ OutlineWidget::NameCellLayout OutlineWidget::layOutNameCell(int row, const CellC
     const int indicatorRoom = cell.indicatorImage.empty() ? 0 : iconSize_ + kGap;
     const int textRoom = std::max(0, area.right() - kGap - indicatorRoom - x);
     const int textWidth =
-        std::min(textRoom, fontMetrics().horizontalAdvance(oneLine(cell.text.string.view())) + 1);
+        std::min(textRoom, fontMetrics().horizontalAdvance(oneLine(cell.text.string.view(), textRoom)) + 1);
     layout.text = {x, area.top(), textWidth, area.height()};
     if (indicatorRoom > 0)
         layout.indicator = {{x + textWidth + kGap, imageTop}, image};
@@ -156,9 +156,9 @@ void OutlineWidget::paintTriangle(QPainter& painter, const QRect& rect, bool exp
 
 void OutlineWidget::paintText(QPainter& painter, const QRect& rect, const ColoredText& text,
                               const QColor& color) const {
-    const QString line = oneLine(text.string.view());
-    if (rect.width() <= 0 || line.isEmpty())
+    if (rect.width() <= 0 || text.string.isEmpty())
         return;
+    const QString line = oneLine(text.string.view(), rect.width());
     const QString shown = fontMetrics().elidedText(line, Qt::ElideRight, rect.width());
     if (text.color)
         paintGround(painter, rect, shown, *text.color);
