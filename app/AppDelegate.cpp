@@ -60,7 +60,7 @@ void AppDelegate::openWithoutRequest() {
 
 void AppDelegate::bringCurrentDocumentToFront() {
     const Document* current = documentController_.currentDocument();
-    if (ViewController* controller = current ? documentController_.viewControllerFor(*current) : nullptr)
+    if (ViewController* controller = current ? documentController_.getViewController(*current) : nullptr)
         controller->getWindow()->makeKeyAndOrderFront();
 }
 

@@ -27,7 +27,7 @@ void AppDelegate::addActions() {
 
 const ActionTable* AppDelegate::responderTo(std::string_view action) const {
     if (const Document* current = documentController_.currentDocument()) {
-        const ViewController* controller = documentController_.viewControllerFor(*current);
+        const ViewController* controller = documentController_.getViewController(*current);
         if (controller && controller->actions().contains(action))
             return &controller->actions();
     }

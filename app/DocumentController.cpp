@@ -47,12 +47,17 @@ DocumentController::OpenDocument* DocumentController::find(const Document& docum
     return found == documents_.end() ? nullptr : found->get();
 }
 
-ViewController* DocumentController::viewControllerFor(const Document& document) const {
+DocumentWindow* DocumentController::getWindow(const Document& document) const {
+    OpenDocument* opened = find(document);
+    return opened ? opened->window.get() : nullptr;
+}
+
+ViewController* DocumentController::getViewController(const Document& document) const {
     OpenDocument* opened = find(document);
     return opened ? &*opened->controller : nullptr;
 }
 
-Document* DocumentController::display(std::unique_ptr<OpenDocument> opened) {
+Document* DocumentController::makeWindowControllers(std::unique_ptr<OpenDocument> opened) {
     opened->controller.emplace(opened->document, platform_);
     opened->window = windows_.makeWindow(*opened->controller);
     if (!opened->window)
@@ -62,14 +67,14 @@ Document* DocumentController::display(std::unique_ptr<OpenDocument> opened) {
     shown.controller->setWindow(shown.window.get());
     shown.document.setChangeObserver([this, &shown] { noteChange(shown); });
     if (!shown.document.fileName().empty())
-        restoreFrame(shown);
+        restoreWindowFrame(shown);
     current_ = &shown.document;
     shown.window->show();
     return &shown.document;
 }
 
 Document* DocumentController::openUntitledDocumentAndDisplay() {
-    return display(std::make_unique<OpenDocument>(platform_.base));
+    return makeWindowControllers(std::make_unique<OpenDocument>(platform_.base));
 }
 
 void DocumentController::closeUntouchedDocument() {
@@ -91,7 +96,7 @@ Document* DocumentController::openDocument(const std::string& path, std::string_
         return nullptr;
     }
     opened->document.setFileName(path);
-    Document* document = display(std::move(opened));
+    Document* document = makeWindowControllers(std::move(opened));
     if (document)
         recentDocuments_.note(path);
     return document;

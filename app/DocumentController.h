@@ -42,8 +42,10 @@ public:
 
     /// In the order in which they were opened.
     std::vector<Document*> documents() const;
+    /// The window of `document`, or null for one that is not open.
+    DocumentWindow* getWindow(const Document& document) const;
     /// The outline controller that shows `document`, or null for one that is not open.
-    ViewController* viewControllerFor(const Document& document) const;
+    ViewController* getViewController(const Document& document) const;
     /// The document whose window has, or had last, the user's attention; null without documents.
     Document* currentDocument() const { return current_; }
     void windowDidBecomeKey(Document& document) { current_ = &document; }
@@ -123,14 +125,14 @@ private:
 
     void addActions();
     OpenDocument* find(const Document& document) const;
-    Document* display(std::unique_ptr<OpenDocument> opened);
+    Document* makeWindowControllers(std::unique_ptr<OpenDocument> opened);
     void remove(const Document& document);
-    void saveFrame(const OpenDocument& opened);
-    void restoreFrame(const OpenDocument& opened);
+    void saveFrameUsingName(const OpenDocument& opened);
+    void restoreWindowFrame(const OpenDocument& opened);
     Result<void> write(Document& document, const std::string& path);
     bool writeOrAlert(Document& document, const std::string& path);
     FileAnswer askAboutFile(const Document& document);
-    bool revertToContents(Document& document);
+    bool revertToContentsOfURL(Document& document);
     void noteFile(Document& document);
     const Document* otherDocumentOfFile(const Document& document, const std::string& path) const;
     void noteChange(OpenDocument& opened);

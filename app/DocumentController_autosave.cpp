@@ -96,7 +96,7 @@ void DocumentController::recover(const UnsavedDocuments::Copy& copy) {
     if (!read)
         return fileErrorAlert(platform_, "CouldNotOpen", unsaved_.putAside(copy.path), read.error());
     opened->document.setDisplayName(copy.displayName);
-    Document* document = display(std::move(opened));
+    Document* document = makeWindowControllers(std::move(opened));
     if (!document)
         return;
     unsaved_.adopt(*document, copy.path);

@@ -59,7 +59,7 @@ void DocumentController::noteFile(Document& document) {
 }
 
 // Link marks are hidden after a revert.
-bool DocumentController::revertToContents(Document& document) {
+bool DocumentController::revertToContentsOfURL(Document& document) {
     const auto identity = platform_.files.identityOf(document.fileName());
     const Result<std::string> bytes = platform_.files.readFile(document.fileName());
     const Result<void> read = bytes ? document.readFromDataOfType(*bytes, kDocumentType)
@@ -81,7 +81,7 @@ void DocumentController::revertDocument(Document& document) {
                                      {{texts.text("RevertButton"), AlertButtonRole::Destructive},
                                       {texts.text("Cancel"), AlertButtonRole::Cancel}});
     if (platform_.alerts.runModal(question) == kAlertFirstButton)
-        revertToContents(document);
+        revertToContentsOfURL(document);
 }
 
 } // namespace tabulon

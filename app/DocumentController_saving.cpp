@@ -20,7 +20,7 @@ Result<void> DocumentController::write(Document& document, const std::string& pa
     const OpenDocument& opened = *find(document);
     runSaveTasks(*opened.controller, platform_);
     if (!document.fileName().empty())
-        saveFrame(opened);
+        saveFrameUsingName(opened);
     const std::string bytes = document.dataOfType(kDocumentType);
     if (Result<void> written = platform_.files.writeFileAtomically(path, bytes); !written)
         return written;
@@ -48,7 +48,7 @@ void DocumentController::saveDocument(Document& document, const Done& done) {
     case FileAnswer::Overwrite:
         return done(writeOrAlert(document, document.fileName()));
     case FileAnswer::Reload:
-        return done(revertToContents(document));
+        return done(revertToContentsOfURL(document));
     case FileAnswer::SaveAs:
         return saveDocumentAs(document, done);
     case FileAnswer::Cancel:
@@ -57,12 +57,12 @@ void DocumentController::saveDocument(Document& document, const Done& done) {
 }
 
 // The frame follows the file: it is kept under the file's name without extension.
-void DocumentController::saveFrame(const OpenDocument& opened) {
+void DocumentController::saveFrameUsingName(const OpenDocument& opened) {
     platform_.state.setStringForKey("NSWindow Frame " + nameWithoutExtension(opened.document.fileName()),
                                     opened.window->frame());
 }
 
-void DocumentController::restoreFrame(const OpenDocument& opened) {
+void DocumentController::restoreWindowFrame(const OpenDocument& opened) {
     const auto frame =
         platform_.state.stringForKey("NSWindow Frame " + nameWithoutExtension(opened.document.fileName()));
     if (frame)
@@ -107,7 +107,7 @@ void DocumentController::exportHTML(Document& document) {
                           .kind = {texts.text("BookmarkHTMLFiles"), {"html"}},
                           .document = &document};
     platform_.panels.beginSavePanel(panel, [this, &document](const std::optional<std::string>& path) {
-        const ViewController* controller = viewControllerFor(document);
+        const ViewController* controller = getViewController(document);
         if (!path || !controller)
             return;
         const Result<std::string> html = controller->exportToHTML();

@@ -62,6 +62,9 @@ public:
     /// then on.
     const std::string& fileType() const { return fileType_; }
 
+    /// Documents are saved in place by themselves; when is DocumentController's affair.
+    static constexpr bool autosavesInPlace() { return true; }
+
     void updateChangeCount(ChangeKind change);
     /// Called after each change that is recorded, done or undone; not when the document becomes clean.
     void setChangeObserver(std::function<void()> observer) { changeObserver_ = std::move(observer); }

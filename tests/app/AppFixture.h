@@ -45,7 +45,7 @@ protected:
         return all.size() == 1 ? all.front() : nullptr;
     }
     MemoryWindow& windowOf(const Document& document) {
-        return static_cast<MemoryWindow&>(*documents().viewControllerFor(document)->getWindow());
+        return static_cast<MemoryWindow&>(*documents().getWindow(document));
     }
     bool perform(const char* action) { return app.performMenuItem(MenuItem{.action = action}); }
     bool enabled(const char* action) { return app.validateMenuItem(MenuItem{.action = action}); }
