@@ -50,3 +50,13 @@ function(tabulon_test name)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT 600)
 endfunction()
+
+# tabulon_install_compressed(FILE NAME.gz DESTINATION): compressed when it is installed, the same bytes every time.
+function(tabulon_install_compressed file name destination)
+  install(CODE "
+    find_program(GZIP_PROGRAM gzip REQUIRED)
+    execute_process(COMMAND \"\${GZIP_PROGRAM}\" -9nc \"${file}\"
+      OUTPUT_FILE \"${CMAKE_CURRENT_BINARY_DIR}/${name}\" COMMAND_ERROR_IS_FATAL ANY)
+    file(INSTALL \"${CMAKE_CURRENT_BINARY_DIR}/${name}\" DESTINATION \"\${CMAKE_INSTALL_PREFIX}/${destination}\")
+  ")
+endfunction()

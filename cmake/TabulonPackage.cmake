@@ -1,0 +1,38 @@
+# The Debian package: cpack -G DEB in a build folder. The packages of MIME types, desktop entries and icons rebuild their
+# caches by themselves when files of theirs come and go, so there are no maintainer scripts.
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME tabulon)
+set(CPACK_PACKAGE_CONTACT "The Tabulon developers <maintainers@tabulon.invalid>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "bookmark manager for the desktop and the command line")
+set(CPACK_PACKAGE_DESCRIPTION
+"Tabulon keeps bookmarks: links, folders and separators in documents of your
+own, apart from any browser. It opens the bookmark file that a browser
+exports, shows the whole tree in a window, and gives it back as a file that
+every browser imports. The command-line tool tabulon-cli does the same without
+a desktop.")
+set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
+set(CPACK_STRIP_FILES ON)
+
+# With DESTDIR the files are laid out for /usr although they are put somewhere else, as the paths in them need.
+set(CPACK_SET_DESTDIR ON)
+set(CPACK_INSTALL_PREFIX /usr)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+if(TABULON_DESKTOP)
+  # A plugin of Qt draws the icons; no library tells of it.
+  set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6 (>= 6.4)")
+  set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "default-dbus-session-bus | dbus-session-bus, qt6-wayland")
+endif()
+
+set(documentation ${CMAKE_INSTALL_DATADIR}/doc/tabulon)
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${documentation} RENAME copyright)
+string(TIMESTAMP TABULON_PACKAGE_DATE "%a, %d %b %Y %H:%M:%S +0000" UTC)
+configure_file(${PROJECT_SOURCE_DIR}/resources/changelog.Debian.in ${CMAKE_CURRENT_BINARY_DIR}/changelog.Debian @ONLY)
+tabulon_install_compressed(${PROJECT_SOURCE_DIR}/CHANGELOG.md changelog.gz ${documentation})
+tabulon_install_compressed(${CMAKE_CURRENT_BINARY_DIR}/changelog.Debian changelog.Debian.gz ${documentation})
+include(CPack)
