@@ -14,7 +14,7 @@ PACKAGES_DESKTOP=(qt6-base-dev qt6-svg-dev qt6-wayland libxcb1-dev fonts-dejavu-
 PACKAGES_DISPLAY=(xvfb xauth openbox xdotool scrot)
 
 # The programs that the tests run; the browser of the browser test is not among them.
-PACKAGES_TESTS=(libplist-utils desktop-file-utils)
+PACKAGES_TESTS=(libplist-utils desktop-file-utils dbus-daemon at-spi2-core gir1.2-atspi-2.0 python3-gi)
 
 # The programs that the benchmarks measure against.
 PACKAGES_BENCH=(python3-lxml keditbookmarks)
