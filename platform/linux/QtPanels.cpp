@@ -1,5 +1,6 @@
 #include "platform/linux/QtPanels.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -38,7 +39,8 @@ QtPanels::QtPanels(WindowFinder windowFor)
       lastFolder_(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)) {}
 
 QString QtPanels::startFolder(const std::string& wanted) const {
-    return wanted.empty() ? lastFolder_ : QFile::decodeName(wanted.c_str());
+    const QString folder = wanted.empty() ? lastFolder_ : QFile::decodeName(wanted.c_str());
+    return QFileInfo(folder).isDir() ? folder : QDir::homePath(); // else its name is taken for a file's
 }
 
 void QtPanels::beginOpenPanel(const OpenPanel& panel, OpenDone done) {
