@@ -11,6 +11,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 #include <filesystem>
 #include <system_error>
 
@@ -29,13 +30,16 @@ LaunchArguments readArguments(int argc, char** argv) {
 }
 
 // Qt ends the program where it cannot reach a display; the user gets a sentence instead of a core dump.
-void tellWhyQtGivesUp(QtMsgType type, const QMessageLogContext&, const QString& message) {
+// What Qt's own parts say of the desktop or of fonts helps nobody who runs the program.
+void tellWhyQtGivesUp(QtMsgType type, const QMessageLogContext& context, const QString& message) {
     if (type == QtFatalMsg) {
         std::fputs(kNoDisplay, stderr);
         std::fprintf(stderr, "tabulon: %s\n", message.toLocal8Bit().constData());
         std::_Exit(1);
     }
-    if (type != QtDebugMsg && !message.startsWith("qt.qpa"))
+    const bool fromQt = std::string_view(context.category ? context.category : "").starts_with("qt.") ||
+                        message.contains("OpenType support missing"); // once for each font and script
+    if (type != QtDebugMsg && !fromQt)
         std::fprintf(stderr, "tabulon: %s\n", message.toLocal8Bit().constData());
 }
 
