@@ -11,8 +11,8 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <string_view>
 #include <filesystem>
+#include <string_view>
 #include <system_error>
 
 namespace {
