@@ -24,13 +24,19 @@ fuzz_one() {
 }
 
 say "Fuzzing each target for $seconds seconds"
-jobs=()
-while read -r target seeds; do
-    fuzz_one "$target" "$seeds" &
-    jobs+=($!)
-done <fuzz/targets.txt
+# One on each processor, so that a minute is a minute.
 failed=0
-for job in "${jobs[@]}"; do
-    wait "$job" || failed=1
+running=0
+while read -r target seeds; do
+    if [ "$running" -ge "$(nproc)" ]; then
+        wait -n || failed=1
+        running=$((running - 1))
+    fi
+    fuzz_one "$target" "$seeds" &
+    running=$((running + 1))
+done <fuzz/targets.txt
+while [ "$running" -gt 0 ]; do
+    wait -n || failed=1
+    running=$((running - 1))
 done
 exit "$failed"
