@@ -64,9 +64,11 @@ int OutlineAccessible::childCount() const {
 QAccessibleInterface* OutlineAccessible::child(int index) const {
     if (index < 0 || index >= childCount())
         return nullptr;
-    const int columns = columnCount();
-    const Column column = outline()->header().shownColumns().at(static_cast<std::size_t>(index % columns));
-    return index < columns ? title(column) : cell(index / columns - 1, column);
+    const std::vector<Column> columns = outline()->header().shownColumns();
+    const auto number = static_cast<std::size_t>(index);
+    const Column column = columns[number % columns.size()];
+    return number < columns.size() ? title(column)
+                                   : cell(static_cast<int>(number / columns.size()) - 1, column);
 }
 
 QAccessibleInterface* OutlineAccessible::keep(qint64 key, QAccessibleInterface* made) const {
