@@ -1,5 +1,6 @@
 #include "formats/ImportFormats.h"
 
+#include "formats/import/ChromiumJSON.h"
 #include "formats/import/PlistBookmarks.h"
 #include "formats/import/TextScanner.h"
 #include "formats/import/XBELReader.h"
@@ -30,6 +31,14 @@ Result<Ref<Bookmark>> readICab(std::string_view bytes, const ImportServices& ser
     return readICabBookmarks(bytes, services.base);
 }
 
+Result<Ref<Bookmark>> readChromium(std::string_view bytes, const ImportServices& services) {
+    return readChromiumBookmarks(bytes, services.base);
+}
+
+Result<Ref<Bookmark>> readOpera(std::string_view bytes, const ImportServices& services) {
+    return readOperaBookmarks(bytes, services.base);
+}
+
 constexpr auto kXBELExtensions = std::to_array<std::string_view>({"xbel"});
 constexpr auto kHTMLExtensions = std::to_array<std::string_view>({"html", "htm"});
 
@@ -37,6 +46,12 @@ constexpr auto kFormats = std::to_array<ImportFormat>({
     {"html", "FormatHTML", kHTMLExtensions, EmptyImport::IsTold, readBookmarkHTML},
     {"xbel", "FormatXBEL", kXBELExtensions, EmptyImport::IsADocument, readXBELFile},
     {"safari", "Safari", {}, EmptyImport::IsADocument, readSafari},
+    {"chrome", "Chrome", {}, EmptyImport::IsADocument, readChromium},
+    {"chromium", "Chromium", {}, EmptyImport::IsADocument, readChromium},
+    {"vivaldi", "Vivaldi", {}, EmptyImport::IsADocument, readChromium},
+    {"brave", "Brave", {}, EmptyImport::IsADocument, readChromium},
+    {"edge", "Edge", {}, EmptyImport::IsADocument, readChromium},
+    {"opera", "Opera", {}, EmptyImport::IsADocument, readOpera},
     {"icab", "iCab", {}, EmptyImport::IsADocument, readICab},
     {"text", "FormatText", {}, EmptyImport::IsTold, readText},
 });

@@ -20,4 +20,4 @@ PACKAGES_TESTS=(libplist-utils desktop-file-utils dbus-daemon at-spi2-core gir1.
 PACKAGES_BENCH=(python3-lxml keditbookmarks)
 
 # What only CI needs: checks, fuzzing, a browser.
-PACKAGES_CI=(clang-format clang-tidy clang libclang-rt-14-dev firefox-esr git make)
+PACKAGES_CI=(clang-format clang-tidy clang libclang-rt-14-dev firefox-esr chromium git make)
