@@ -1,7 +1,9 @@
 // The columns of the outline: widths, places, the tags column; font and row height.
 #include "tests/ui/OutlineFixture.h"
 
+#include <QApplication>
 #include <QScrollBar>
+#include <QVBoxLayout>
 
 namespace tabulon {
 namespace {
@@ -81,6 +83,20 @@ TEST_F(OutlineColumnsTest, ColumnsFillTheOutlineWhateverIsDragged) {
         }
     widget().resize(500, 300);
     EXPECT_EQ(total(), widget().viewport()->width());
+}
+
+TEST_F(OutlineColumnsTest, ColumnsFillAnOutlineThatLosesItsScrollBarAsItComesUp) {
+    QWidget host;
+    auto* outline = new OutlineWidget(*controller, {"Name", "URL", "Tags"}, &host);
+    auto* layout = new QVBoxLayout(&host);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(outline);
+    host.resize(900, 600);
+    host.show();
+    QApplication::processEvents();
+    EXPECT_EQ(outline->header().length(), outline->viewport()->width());
+    EXPECT_EQ(outline->header().width(), outline->viewport()->width());
+    outline->detach();
 }
 
 TEST_F(OutlineColumnsTest, WidthOfTheTagsColumnIsStoredInPoints) {

@@ -29,9 +29,13 @@ OutlineHeader::OutlineHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, pare
 }
 
 void OutlineHeader::layOut(int width) {
-    if (count() == 0)
+    if (count() == 0 || width == width_)
         return;
     width_ = width;
+    layOutAnew();
+}
+
+void OutlineHeader::layOutAnew() {
     arrange();
     emit laidOut();
 }
@@ -55,7 +59,7 @@ int OutlineHeader::fitting(int width) const {
 
 void OutlineHeader::setNameWidth(std::optional<int> width) {
     nameWidth_ = width;
-    layOut(width_);
+    layOutAnew();
 }
 
 void OutlineHeader::showTags(std::size_t index, int width) {
@@ -63,12 +67,12 @@ void OutlineHeader::showTags(std::size_t index, int width) {
     tagsWidth_ = width;
     setSectionHidden(kTags, false);
     moveSection(visualIndex(kTags), static_cast<int>(std::min<std::size_t>(index, kTags)));
-    layOut(width_);
+    layOutAnew();
 }
 
 void OutlineHeader::hideTags() {
     setSectionHidden(kTags, true);
-    layOut(width_);
+    layOutAnew();
 }
 
 std::optional<std::size_t> OutlineHeader::tagsIndex() const {
@@ -115,7 +119,7 @@ void OutlineHeader::sectionWasResized(int section, int oldWidth, int newWidth) {
         resizeBesideURL(newWidth - oldWidth);
     else
         setWidth(static_cast<Column>(section), newWidth);
-    layOut(width_);
+    layOutAnew();
 }
 
 // URL grows at the cost of the column to its right.

@@ -58,6 +58,7 @@ protected:
     void paintSection(QPainter* painter, const QRect& rect, int section) const override;
 
 private:
+    void layOutAnew();
     void arrange();
     int fitting(int width) const;
     void sectionWasResized(int section, int oldWidth, int newWidth);

@@ -291,12 +291,14 @@ void OutlineWidget::tellAccessibility(QAccessible::Event type, const QItemSelect
 void OutlineWidget::updateGeometries() {
     const int headerHeight = header_->sizeHint().height();
     setViewportMargins(0, headerHeight, 0, 0);
-    const QRect area = viewport()->geometry();
-    header_->setGeometry(area.left(), area.top() - headerHeight, area.width(), headerHeight);
     const int rows = controller_ ? rows_->rowCount() : 0;
-    verticalScrollBar()->setPageStep(area.height());
+    const int height = viewport()->height();
+    verticalScrollBar()->setPageStep(height);
     verticalScrollBar()->setSingleStep(rowHeight_);
-    verticalScrollBar()->setRange(0, std::max(0, rows * rowHeight_ - area.height()));
+    verticalScrollBar()->setRange(0, std::max(0, rows * rowHeight_ - height));
+    const QRect area = viewport()->geometry(); // without the scroll bar, or with it
+    header_->setGeometry(area.left(), area.top() - headerHeight, area.width(), headerHeight);
+    header_->layOut(area.width());
     horizontalScrollBar()->setPageStep(area.width());
     horizontalScrollBar()->setSingleStep(rowHeight_);
     horizontalScrollBar()->setRange(0, std::max(0, header_->length() - area.width()));
@@ -308,13 +310,6 @@ void OutlineWidget::scrollContentsBy(int dx, int dy) {
         header_->setOffset(horizontalOffset());
     scrollDirtyRegion(dx, dy);
     viewport()->scroll(dx, dy);
-}
-
-void OutlineWidget::resizeEvent(QResizeEvent* event) {
-    QAbstractItemView::resizeEvent(event);
-    if (controller_)
-        header_->layOut(viewport()->width());
-    updateGeometries();
 }
 
 void OutlineWidget::changeEvent(QEvent* event) {
