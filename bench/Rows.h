@@ -19,6 +19,9 @@ Row saveRow(const Sample& sample, const Effort& effort);
 Row tagScanRow(const Sample& sample, const Effort& effort);
 Row htmlExportRow(const Sample& sample, const Effort& effort);
 
+// JsonRows.cpp
+Row chromiumImportRow(const Sample& sample, const Effort& effort);
+
 // MemoryRow.cpp
 Row memoryRow(const Sample& sample, const Effort& effort);
 /// What a child process of memoryRow does: opens the document in `path` and prints how much memory that took.
