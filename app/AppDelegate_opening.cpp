@@ -100,10 +100,11 @@ Error AppDelegate::missingFile(const std::string& path, const Error& error) {
     if (error.domain != ErrorDomain::Posix || (error.code != ENOENT && error.code != ENOTDIR))
         return error;
     const std::string folder = std::filesystem::path(path).parent_path().string();
-    if (platform_.files.kindOf(folder) != PathKind::Folder)
-        return Error{.message = platform_.base.texts.text("NoSuchFolder")};
-    documentController_.recentDocuments().forget(path);
-    return Error{.message = platform_.base.texts.text("NoSuchFile")};
+    const bool folderIsThere = platform_.files.kindOf(folder) == PathKind::Folder;
+    if (folderIsThere)
+        documentController_.recentDocuments().forget(path);
+    return Error{.message = platform_.base.texts.format(folderIsThere ? "NoSuchFile" : "NoSuchFolder",
+                                                        decodeUtf8Leniently(folder))};
 }
 
 void AppDelegate::refusalsAlert(const std::vector<Refusal>& refusals) {

@@ -89,9 +89,8 @@ constexpr auto kTexts = std::to_array<Entry>({
      "It may be busy. You can wait for it, or open another Tabulon beside it. What is not saved in the one "
      "that does not answer is not seen in the other."},
     {"NoSelection", "Nothing is selected"},
-    {"NoSuchFile", "There is no such file. It may have been moved, renamed or removed."},
-    {"NoSuchFolder",
-     "There is no such file, and its folder is not there either. It may be on a disk that is not connected."},
+    {"NoSuchFile", "There is no such file in “%@”. It may have been moved, renamed or removed."},
+    {"NoSuchFolder", "Its folder “%@” is not there. It may be on a disk that is not connected."},
     {"NoURLs", "No links were found in the text or file."},
     {"NotLocalFile", "Only files on this computer can be opened."},
     {"OK", "OK"},

@@ -14,10 +14,13 @@ PACKAGES_DESKTOP=(qt6-base-dev qt6-svg-dev qt6-wayland libxcb1-dev fonts-dejavu-
 PACKAGES_DISPLAY=(xvfb xauth openbox xdotool scrot)
 
 # The programs that the tests run; the browser of the browser test is not among them.
-PACKAGES_TESTS=(libplist-utils desktop-file-utils dbus-daemon at-spi2-core gir1.2-atspi-2.0 python3-gi)
+PACKAGES_TESTS=(
+    libplist-utils desktop-file-utils shared-mime-info appstream xdg-utils libglib2.0-bin dbus-daemon x11-utils dpkg-dev
+    at-spi2-core gir1.2-atspi-2.0 python3-gi
+)
 
 # The programs that the benchmarks measure against.
 PACKAGES_BENCH=(python3-lxml keditbookmarks)
 
 # What only CI needs: checks, fuzzing, a browser.
-PACKAGES_CI=(clang-format clang-tidy clang libclang-rt-14-dev firefox-esr chromium git make)
+PACKAGES_CI=(clang-format clang-tidy clang libclang-rt-14-dev firefox-esr chromium git make lintian)

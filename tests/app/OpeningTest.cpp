@@ -250,7 +250,7 @@ TEST_F(OpeningTest, WhatIsNoFileIsRefusedWithItsReason) {
              {"file:///home/folder/", "folder", "It is a folder. Open the files in it instead."},
              {"/dev/zero", "zero", "It is a device or a pipe, not a file."},
              {"/home/none.tbln", "none.tbln",
-              "There is no such file. It may have been moved, renamed or removed."},
+              "There is no such file in “/home”. It may have been moved, renamed or removed."},
              {"file://server/a.tbln", "file://server/a.tbln",
               "Only files on this computer can be opened."}}) {
         EXPECT_FALSE(app.openFile(location));
@@ -268,7 +268,7 @@ TEST_F(OpeningTest, SeveralFilesThatCannotBeOpenedAreToldInOneAlertAndTheOthersO
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "2 files could not be opened");
     EXPECT_EQ(alerts.shown[0].informative,
-              "“none.tbln”: There is no such file. It may have been moved, renamed or removed.\n"
+              "“none.tbln”: There is no such file in “/home”. It may have been moved, renamed or removed.\n"
               "“picture.png”: It is neither a bookmark document nor an HTML bookmark file.");
 }
 

@@ -1,0 +1,52 @@
+"""Files dragged from another program onto a document's window: dropped_files.py TABULON TABULON_CLI DRAG_SOURCE."""
+
+import subprocess
+import sys
+import time
+
+from session import check, run_session_tests, wait_for
+
+
+def drag(session, actions, *uris):
+    """Drags the files out of a program onto the window in front; gives what that program was told."""
+    source = session.launch(actions, *uris, program=sys.argv[3], stdout=subprocess.PIPE, text=True)
+    wait_for("the source", lambda: session.xdotool("search", "--onlyvisible", "--name", "^drag source$"))
+    time.sleep(0.5)
+    session.xdotool("mousemove", "1100", "600", "mousedown", "1")
+    time.sleep(0.2)
+    for x in range(1080, 300, -60):  # a drag is a way, not a jump
+        session.xdotool("mousemove", str(x), "400")
+        time.sleep(0.02)
+    time.sleep(0.3)
+    session.xdotool("mouseup", "1")
+    return source.communicate(timeout=20)[0].strip()
+
+
+def place_window(session):
+    session.xdotool("search", "--onlyvisible", "--class", "tabulon", "windowmove", "50", "50", "windowsize", "700", "500")
+    time.sleep(0.5)
+
+
+def files_dropped_on_a_window_open(session):
+    a, b = session.document("a.tbln"), session.document("b ä.tbln")
+    session.launch()
+    session.wait_for_titles("Untitled – Tabulon")
+    place_window(session)
+    check(drag(session, "copy", "file://" + a) == "copy", "the empty window takes a file")
+    session.wait_for_titles("a – Tabulon")
+    place_window(session)
+    check(drag(session, "copy,move", "file://" + b.replace(" ", "%20").replace("ä", "%C3%A4")) == "copy",
+          "the outline takes a file that is offered to be moved as a copy")
+    session.wait_for_titles("a – Tabulon", "b ä – Tabulon")
+
+
+def what_is_no_file_is_not_taken(session):
+    session.launch(session.document("a.tbln"))
+    session.wait_for_titles("a – Tabulon")
+    place_window(session)
+    check(drag(session, "copy", "http://example.org/") == "nothing", "an address of the web is not taken")
+    check(session.titles() == ["a – Tabulon"], "and opens nothing")
+
+
+if __name__ == "__main__":
+    run_session_tests([files_dropped_on_a_window_open, what_is_no_file_is_not_taken])
