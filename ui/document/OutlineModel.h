@@ -1,7 +1,6 @@
 // The controller's rows as a flat table: one row a visible node, one column each for name, URL and tags,
-// whether the tags are shown or not. How deep a
-// row stands is asked of the controller by whoever paints it; a table stays quick where a tree of indexes
-// would not.
+// whether the tags are shown or not. How deep a row stands is asked of the controller by whoever paints it; a
+// table stays quick where a tree of indexes would not.
 #pragma once
 
 #include "window/CellContent.h"
