@@ -88,7 +88,6 @@ private:
     void bringCurrentDocumentToFront();
     bool open(const std::string& location, std::vector<Refusal>& refusals);
     bool openContent(const std::string& path, std::vector<Refusal>& refusals);
-    bool showOpenDocumentOf(const std::string& path);
     Error missingFile(const std::string& path, const Error& error);
     void refusalsAlert(const std::vector<Refusal>& refusals);
     void showAboutPanel();

@@ -59,15 +59,7 @@ bool AppDelegate::open(const std::string& location, std::vector<Refusal>& refusa
     case PathKind::Nothing: // which is told by reading it
         break;
     }
-    return showOpenDocumentOf(*path) || openContent(*path, refusals);
-}
-
-// One file may be reached by many paths.
-bool AppDelegate::showOpenDocumentOf(const std::string& path) {
-    for (const Document* document : documentController_.documents())
-        if (!document->fileName().empty() && isSameFile(platform_.files, path, document->fileName()))
-            return documentController_.showDocumentOfFile(document->fileName());
-    return false;
+    return documentController_.showDocumentOfFile(*path) || openContent(*path, refusals);
 }
 
 bool AppDelegate::openContent(const std::string& path, std::vector<Refusal>& refusals) {

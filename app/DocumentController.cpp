@@ -103,8 +103,9 @@ Document* DocumentController::openDocument(const std::string& path, std::string_
 }
 
 bool DocumentController::showDocumentOfFile(const std::string& path) {
-    const auto found = std::ranges::find_if(
-        documents_, [&](const auto& opened) { return opened->document.fileName() == path; });
+    const auto found = std::ranges::find_if(documents_, [&](const auto& opened) {
+        return isSameFile(platform_.files, opened->document.fileName(), path);
+    });
     if (found == documents_.end())
         return false;
     (*found)->window->makeKeyAndOrderFront();

@@ -62,7 +62,7 @@ public:
     /// `identity` is how the file was just before it was read.
     Document* openDocument(const std::string& path, std::string_view bytes,
                            const std::optional<FileIdentity>& identity);
-    /// Brings the window of the file to the front; false when the file is not open.
+    /// Brings the window of the file to the front, whatever path it was opened by; false when it is not open.
     bool showDocumentOfFile(const std::string& path);
 
     /// When another program has changed, moved or removed the file since it was read or written here, the

@@ -72,7 +72,7 @@ void DocumentController::restoreWindowFrame(const OpenDocument& opened) {
 const Document* DocumentController::otherDocumentOfFile(const Document& document,
                                                         const std::string& path) const {
     for (const Document* other : documents())
-        if (other != &document && other->fileName() == path)
+        if (other != &document && isSameFile(platform_.files, other->fileName(), path))
             return other;
     return nullptr;
 }

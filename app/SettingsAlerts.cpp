@@ -32,7 +32,7 @@ void settingsProblemAlert(const Platform& platform, const SettingsProblem& probl
 }
 
 std::string settingsProblemLine(const SettingsProblem& problem) {
-    const std::string path = decodeUtf8Leniently(problem.path);
+    std::string path = decodeUtf8Leniently(problem.path);
     switch (problem.kind) {
     case SettingsProblem::Kind::Damaged:
         return path + " was damaged and is now " + decodeUtf8Leniently(problem.keptAs);

@@ -73,7 +73,7 @@ DBusInstance::DBusInstance() {
 }
 
 DBusInstance::~DBusInstance() {
-    release();
+    DBusInstance::release();
 }
 
 // The object is there before the name is, so that nobody who finds the name finds nothing behind it.

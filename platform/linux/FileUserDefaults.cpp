@@ -30,7 +30,7 @@ std::string nameForDamagedFile(FileStore& files, const std::string& path) {
 
 FileUserDefaults::FileUserDefaults(FileStore& files, std::string path)
     : files_(files), path_(std::move(path)) {
-    refresh();
+    FileUserDefaults::refresh();
 }
 
 FileUserDefaults::~FileUserDefaults() {

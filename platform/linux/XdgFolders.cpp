@@ -50,14 +50,14 @@ std::string stateFolder() {
 
 std::string documentsFolder(FileStore& files) {
     constexpr std::string_view kLine = "XDG_DOCUMENTS_DIR=\"";
-    const std::string fallback = home() + "/Documents";
+    std::string fallback = home() + "/Documents";
     const Result<std::string> list =
         files.readFile(baseFolder("XDG_CONFIG_HOME", ".config") + "/user-dirs.dirs");
     const std::string text = "\n" + list.value_or("");
     const std::size_t line = text.find("\n" + std::string(kLine));
     if (line == std::string::npos)
         return fallback;
-    const std::string folder = shellValue(std::string_view(text).substr(line + 1 + kLine.size()));
+    std::string folder = shellValue(std::string_view(text).substr(line + 1 + kLine.size()));
     return folder.starts_with('/') ? folder : fallback;
 }
 

@@ -242,6 +242,19 @@ TEST_F(OpeningTest, OpenFileReachedByALinkOrAnotherSpellingComesToTheFront) {
     EXPECT_EQ(documents().documents().size(), 2u) << "the same content is not the same file";
 }
 
+TEST_F(OpeningTest, SavingOverAnOpenFileIsRefusedUnderWhateverPath) {
+    files.files["/home/a.tbln"] = documentBytes("a");
+    files.links["/desk/link.tbln"] = "/home/a.tbln";
+    const std::string before = files.files["/home/a.tbln"];
+    EXPECT_TRUE(app.openFile("/home/a.tbln"));
+    app.performRequest({.kind = LaunchRequest::Kind::NewDocument});
+    panels.nameFile("/desk/link.tbln");
+    perform("saveDocumentAs:");
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].message, "“link.tbln” is open in another window");
+    EXPECT_EQ(files.files["/home/a.tbln"], before);
+}
+
 TEST_F(OpeningTest, WhatIsNoFileIsRefusedWithItsReason) {
     files.folders = {"/home", "/home/folder"};
     files.devices.insert("/dev/zero");
