@@ -186,7 +186,9 @@ private:
             node->makeParent();
             entries_.fillFolder(entry, *node);
             enter(children, *node);
-        } else if (!entries_.fillLink(entry, *node)) {
+        } else if (entries_.fillLink(entry, *node)) {
+            node->determineType();
+        } else {
             return;
         }
         parent.addChild(std::move(node));

@@ -74,6 +74,12 @@ TEST_F(PlistBookmarks, safariDescriptionIsTheSecondChoiceForTheNote) {
         Text(""));
 }
 
+TEST_F(PlistBookmarks, linksAreClassifiedByTheirScheme) {
+    EXPECT_EQ(safari(dictionary(key("URLString", "ftp://x/")))->getChild()->getType(), 1);
+    EXPECT_EQ(iCab(dictionary(key("URL", "mailto:a@b")))->getChild()->getType(), 3);
+    EXPECT_EQ(iCab(dictionary(key("URL", "https://x/")))->getChild()->getType(), 0);
+}
+
 TEST_F(PlistBookmarks, safariURLWithoutATitleIsUntitled) {
     EXPECT_EQ(safari(dictionary(key("URLString", "u")))->getChild()->itemName().view(), "Untitled");
     EXPECT_EQ(safari(safariLink("", key("URLString", "u")))->getChild()->itemName().view(), "Untitled");
