@@ -138,11 +138,11 @@ Text Graph::longText(std::uint64_t uid, Object object) {
 // The number inside an archived date. Dates of one writer look alike: where keys and class are those of the
 // date before, so are the places.
 Graph::Object Graph::timeOf(Object object) {
-    if (object.kind() != Kind::Dictionary)
+    if (object.kind() != Kind::Dictionary || object.count() == 0)
         return {};
     const bool alike = object.count() == date_.like.count() && sameKeys(object, date_.like) &&
                        idAt(object, date_.classPlace) == idAt(date_.like, date_.classPlace);
-    if (alike && object.count() > 0)
+    if (alike)
         return element(object, date_.timePlace);
     if (classOf(object) != Class::Date)
         return {};

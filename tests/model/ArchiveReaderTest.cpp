@@ -181,6 +181,15 @@ TEST(ArchiveReader, sharedTextsAndDatesArriveEverywhere) {
     }
 }
 
+TEST(ArchiveReader, anEmptyDictionaryAsTheFirstDateIsNone) {
+    TestArchive archive;
+    const std::int64_t nothing = archive.add(dictionary({}));
+    const Ref<Bookmark> master =
+        read(archive.document(archive.addFolder("Master", {archive.addNode({{"DateAdded", uid(nothing)}})})));
+    ASSERT_TRUE(master);
+    EXPECT_TRUE(master->getChild()->itemDateAdded().isNull());
+}
+
 TEST(ArchiveReader, oneTextUnderManyNumbersIsReadForAll) {
     // As writers do that store equal texts once and refer to them from many objects of the archive.
     for (const std::size_t length : {std::size_t{20}, std::size_t{2000}}) {
