@@ -40,7 +40,7 @@ std::string displayNameIn(const std::string& path) {
 Result<std::string> UnsavedDocuments::pathFor(const Document& document) {
     if (const auto known = paths_.find(&document); known != paths_.end())
         return known->second;
-    const Result<std::string> folder = folders_.ownFolder();
+    Result<std::string> folder = folders_.ownFolder();
     if (!folder)
         return folder;
     return fmt::format("{}/{} {}{}", *folder, ++lastNumber_, fileNameOf(document.displayName()), extension());
@@ -75,7 +75,7 @@ std::vector<UnsavedDocuments::Copy> UnsavedDocuments::abandonedCopies() {
 }
 
 std::string UnsavedDocuments::putAside(const std::string& path) {
-    const std::string aside = path + ".damaged";
+    std::string aside = path + ".damaged";
     if (!files_.copyFile(path, aside))
         return path;
     (void)files_.removeFile(path);

@@ -24,7 +24,7 @@ public:
 
 protected:
     Text text(Object entry, std::string_view key) const { return list_.text(entry, key); }
-    Text untitledUnless(Text name) const {
+    Text untitledUnless(const Text& name) const {
         return name.isEmpty() ? Text(services_.texts.text("Untitled")) : name;
     }
     /// The folder that people have at hand.

@@ -11,7 +11,6 @@ namespace tabulon {
 namespace {
 
 using pugi::xml_node;
-using pugi::xml_node_type;
 
 // Every top-level node counts, and a comment in front of a text hides the text.
 constexpr unsigned kParseFlags = pugi::parse_default | pugi::parse_declaration | pugi::parse_doctype |
