@@ -70,7 +70,7 @@ std::vector<UnsavedDocuments::Copy> UnsavedDocuments::abandonedCopies() {
     for (const std::string& folder : folders_.adoptAbandonedFolders())
         for (const std::string& name : files_.namesInFolder(folder))
             if (name.ends_with(extension()))
-                copies.push_back({folder + "/" + name, displayNameIn(name)});
+                copies.push_back({fmt::format("{}/{}", folder, name), displayNameIn(name)});
     return copies;
 }
 

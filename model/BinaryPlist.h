@@ -41,26 +41,28 @@ public:
     public:
         constexpr Object() = default; ///< Damaged
         constexpr explicit Object(Kind kind, std::uint64_t value = 0)
-            : head_(static_cast<std::uint64_t>(kind)), payload_(value) {}
+            : head_(static_cast<std::uint64_t>(kind)), value_(value) {}
         Object(Kind kind, double number) : Object(kind, std::bit_cast<std::uint64_t>(number)) {}
         /// Requires a count that fits into the data, and so into 56 bits.
         Object(Kind kind, std::uint64_t count, const std::uint8_t* bytes)
-            : head_(static_cast<std::uint64_t>(kind) | count << 8),
-              payload_(reinterpret_cast<std::uintptr_t>(bytes)) {}
+            : head_(static_cast<std::uint64_t>(kind) | count << 8), bytes_(bytes) {}
 
         Kind kind() const { return static_cast<Kind>(head_ & 0xFF); }
         /// Boolean 0 or 1, Integer (64 bits, two's complement), Uid: the value.
-        std::uint64_t value() const { return payload_; }
+        std::uint64_t value() const { return value_; }
         /// Real: the number. Date: seconds since 2001-01-01 00:00 UTC.
-        double real() const { return std::bit_cast<double>(payload_); }
+        double real() const { return std::bit_cast<double>(value_); }
         /// Texts and Data: units (bytes, or 2-byte units for Utf16). Array: elements. Dictionary: pairs.
         std::uint64_t count() const { return head_ >> 8; }
         /// The text's or data's bytes, or the references of a container (keys first, then values).
-        const std::uint8_t* bytes() const { return reinterpret_cast<const std::uint8_t*>(payload_); }
+        const std::uint8_t* bytes() const { return bytes_; }
 
     private:
         std::uint64_t head_ = 0; // kind, and the count above it
-        std::uint64_t payload_ = 0;
+        union {
+            std::uint64_t value_ = 0;
+            const std::uint8_t* bytes_; // of texts, data and containers
+        };
     };
 
     /// Checks magic, trailer and tables. Fails with a sentence when this is not a whole binary property list.

@@ -25,10 +25,10 @@ constexpr std::size_t kLargeBlock = std::size_t{4} << 20;
 void adviseLargePages([[maybe_unused]] void* block, [[maybe_unused]] std::size_t size) {
 #if defined(MADV_HUGEPAGE)
     constexpr std::uintptr_t kLargePage = std::uintptr_t{1} << 21;
-    const auto begin = (reinterpret_cast<std::uintptr_t>(block) + kLargePage - 1) & ~(kLargePage - 1);
-    const auto end = (reinterpret_cast<std::uintptr_t>(block) + size) & ~(kLargePage - 1);
-    if (begin < end)
-        madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
+    const std::size_t skipped = -reinterpret_cast<std::uintptr_t>(block) & (kLargePage - 1);
+    const std::size_t whole = size < skipped ? 0 : (size - skipped) & ~(kLargePage - 1);
+    if (whole > 0)
+        madvise(static_cast<char*>(block) + skipped, whole, MADV_HUGEPAGE);
 #endif
 }
 

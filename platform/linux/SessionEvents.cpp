@@ -28,7 +28,7 @@ void noteSignal(int number) {
 
 } // namespace
 
-SessionEvents::SessionEvents(std::function<void()> deactivated, std::function<void()> ending) {
+SessionEvents::SessionEvents(std::function<void()> deactivated, const std::function<void()>& ending) {
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this,
             [deactivated = std::move(deactivated)](Qt::ApplicationState state) {
                 if (state != Qt::ApplicationActive)

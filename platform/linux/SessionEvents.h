@@ -13,7 +13,7 @@ public:
     /// `deactivated`: no window of the program is in front any more. `ending`: the session ends, or somebody
     /// ends the program with SIGTERM, SIGINT or SIGHUP; it may come more than once. Requires an application
     /// object, and to be the only one of its kind.
-    SessionEvents(std::function<void()> deactivated, std::function<void()> ending);
+    SessionEvents(std::function<void()> deactivated, const std::function<void()>& ending);
     ~SessionEvents() override;
 
 private:
