@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 namespace tabulon {
 namespace {
@@ -12,39 +13,55 @@ namespace {
 constexpr std::string_view kMagic = "bplist00";
 constexpr std::size_t kTrailerSize = 32;
 
-// What the conversion from UTF-16 may write behind the text.
-constexpr std::size_t kUtf8Slack = 2;
+/// A character below U+10000 in UTF-8.
+struct Utf8 {
+    std::array<char, 3> bytes;
+    std::uint8_t length;
+};
 
-// Writes the UTF-8 of a character below U+10000, three bytes in any case, and gives its length. Texts of most
-// scripts change length at every blank, which a processor cannot foresee: nothing here branches.
-std::size_t writeUtf8(std::uint32_t unit, char* utf8) {
-    static constexpr std::array<std::uint8_t, 3> kMark = {0x00, 0xC0, 0xE0};
-    static constexpr std::array<std::uint8_t, 3> kFirstShift = {0, 6, 12};
-    static constexpr std::array<std::uint8_t, 3> kSecondShift = {0, 0, 6};
-    const std::size_t more = static_cast<std::size_t>(unit >= 0x80) + static_cast<std::size_t>(unit >= 0x800);
-    utf8[0] = static_cast<char>(kMark[more] | unit >> kFirstShift[more]);
-    utf8[1] = static_cast<char>(0x80 | (unit >> kSecondShift[more] & 0x3F));
-    utf8[2] = static_cast<char>(0x80 | (unit & 0x3F));
-    return more + 1;
+constexpr Utf8 utf8Of(std::uint32_t unit) {
+    const char last = static_cast<char>(0x80 | (unit & 0x3F));
+    if (unit < 0x80)
+        return {{static_cast<char>(unit)}, 1};
+    if (unit < 0x800)
+        return {{static_cast<char>(0xC0 | unit >> 6), last}, 2};
+    return {{static_cast<char>(0xE0 | unit >> 12), static_cast<char>(0x80 | (unit >> 6 & 0x3F)), last}, 3};
 }
+
+// Texts of most scripts change length at every blank, which a processor cannot foresee: a table needs no
+// branch.
+constexpr auto kShortUtf8 = [] {
+    std::array<Utf8, 0x800> table{};
+    for (std::uint32_t unit = 0; unit < table.size(); ++unit)
+        table[unit] = utf8Of(unit);
+    return table;
+}();
+
+// What the conversion from UTF-16 may write behind the text.
+constexpr std::size_t kUtf8Slack = sizeof(Utf8) - 1;
 
 // Writes at most three bytes a unit to `utf8`, and up to kUtf8Slack behind them, and gives their number.
 std::size_t utf8FromBigEndianUtf16(const std::uint8_t* bytes, std::size_t units, char* utf8) {
     const auto unit = [bytes](std::size_t i) {
         return static_cast<std::uint32_t>(bytes[2 * i] << 8 | bytes[2 * i + 1]);
     };
+    const auto write = [utf8](std::size_t at, const Utf8& character) {
+        std::memcpy(utf8 + at, &character, sizeof(character));
+        return at + character.length;
+    };
     std::size_t length = 0;
     for (std::size_t i = 0; i < units; ++i) {
-        std::uint32_t character = unit(i);
-        if (U16_IS_SURROGATE(character)) {
-            if (U16_IS_LEAD(character) && i + 1 < units && U16_IS_TRAIL(unit(i + 1))) {
-                character = U16_GET_SUPPLEMENTARY(character, unit(++i));
-                U8_APPEND_UNSAFE(utf8, length, character);
-                continue;
-            }
-            character = 0xFFFD;
+        const std::uint32_t first = unit(i);
+        if (first < kShortUtf8.size()) {
+            length = write(length, kShortUtf8[first]);
+        } else if (!U16_IS_SURROGATE(first)) {
+            length = write(length, utf8Of(first));
+        } else if (U16_IS_LEAD(first) && i + 1 < units && U16_IS_TRAIL(unit(i + 1))) {
+            const UChar32 character = U16_GET_SUPPLEMENTARY(first, unit(++i));
+            U8_APPEND_UNSAFE(utf8, length, character);
+        } else {
+            length = write(length, utf8Of(0xFFFD));
         }
-        length += writeUtf8(character, utf8 + length);
     }
     return length;
 }
