@@ -40,9 +40,10 @@ public:
     virtual Result<std::string> readFile(const std::string& path) = 0;
 
     /// Replaces the file at `path`, or makes it: the bytes go to a temporary file in the same folder, are
-    /// flushed to the disk and renamed over the old file, whose mode they keep. A symbolic link is followed
-    /// to its target; a device or a pipe is written into. On failure the old file is untouched and no
-    /// temporary file stays; the error has errno and a sentence that names the file.
+    /// flushed to the disk and renamed over the old file, whose mode they keep, and its owner and group where
+    /// the system allows it. A symbolic link is followed to its target, which need not be there; a device or
+    /// a pipe is written into. On failure the old file is untouched and no temporary file stays; the error
+    /// has errno and a sentence that names the file.
     virtual Result<void> writeFileAtomically(const std::string& path, std::string_view bytes) = 0;
 
     virtual bool fileExists(const std::string& path) = 0;
@@ -53,7 +54,8 @@ public:
     /// looked at.
     virtual std::optional<FileIdentity> identityOf(const std::string& path) = 0;
 
-    /// Makes a copy of the file at `from`, with the care of `writeFileAtomically`.
+    /// Makes a copy of the file at `from`, with the care of `writeFileAtomically`. A copy that is new at `to`
+    /// has the mode of the original, so that what others must not read stays so.
     virtual Result<void> copyFile(const std::string& from, const std::string& to) = 0;
 
     /// Removes the file at `path`; no error when there is none.

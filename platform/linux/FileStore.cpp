@@ -85,12 +85,6 @@ int readAll(int descriptor, std::string& bytes) {
     return 0;
 }
 
-// The file that a chain of symbolic links leads to; the path itself when there is none or it leads nowhere.
-std::string target(const std::string& path) {
-    char resolved[PATH_MAX];
-    return ::realpath(path.c_str(), resolved) ? std::string(resolved) : path;
-}
-
 std::string folderOf(const std::string& path) {
     const std::size_t slash = path.rfind('/');
     if (slash == std::string::npos)
@@ -98,13 +92,40 @@ std::string folderOf(const std::string& path) {
     return slash == 0 ? "/" : path.substr(0, slash);
 }
 
-mode_t modeOf(const std::string& path) {
-    struct stat status = {};
-    if (::stat(path.c_str(), &status) == 0)
-        return status.st_mode & 07777;
+// The file that a chain of symbolic links leads to, also when that file is not there yet; the path itself
+// when there is no link.
+std::string target(const std::string& path) {
+    constexpr int kMostLinks = 40;
+    std::string file = path;
+    char buffer[PATH_MAX];
+    for (int link = 0; link < kMostLinks; ++link) {
+        if (::realpath(file.c_str(), buffer))
+            return buffer;
+        const ssize_t size = ::readlink(file.c_str(), buffer, sizeof buffer);
+        if (size <= 0)
+            return file;
+        const std::string next(buffer, static_cast<std::size_t>(size));
+        file = next.starts_with('/') ? next : folderOf(file) + "/" + next;
+    }
+    return path;
+}
+
+constexpr mode_t kPermissions = 07777;
+
+// What a file is written with when there is none yet at its path.
+mode_t modeOfNewFiles() {
     const mode_t mask = ::umask(0);
     ::umask(mask);
     return 0666 & ~mask;
+}
+
+// Gives the new file to whom the old one belonged, as far as the system allows it: without the right to give
+// it away it stays the writer's own, but may still be that of the old one's group.
+void takeOwner(int descriptor, const struct stat& old) {
+    if (::fchown(descriptor, old.st_uid, old.st_gid) != 0) {
+        constexpr auto kSameOwner = static_cast<uid_t>(-1);
+        [[maybe_unused]] const int ignored = ::fchown(descriptor, kSameOwner, old.st_gid);
+    }
 }
 
 // The file that is filled before it takes the place of another. It has no name at first where the file system
@@ -159,17 +180,18 @@ private:
     bool hasName_ = false;
 };
 
-// Fills the temporary file and puts it in the place of `path`. Gives errno.
-int fillAndRename(TemporaryFile& temporary, const std::string& path, std::string_view bytes) {
+// Fills the temporary file and puts it in the place of `path`; `mode` is for a file that is new there. Gives
+// errno.
+int fillAndRename(TemporaryFile& temporary, const std::string& path, std::string_view bytes, mode_t mode) {
     const int descriptor = temporary.descriptor();
     if (const int code = writeAll(descriptor, bytes); code != 0)
         return code;
-    struct stat status = {};
-    if (::stat(path.c_str(), &status) == 0) {
-        // Without the right to give the file away it stays the writer's own.
-        [[maybe_unused]] const int ignored = ::fchown(descriptor, status.st_uid, status.st_gid);
+    struct stat old = {};
+    if (::stat(path.c_str(), &old) == 0) {
+        takeOwner(descriptor, old);
+        mode = old.st_mode & kPermissions;
     }
-    if (::fchmod(descriptor, modeOf(path)) != 0 || ::fsync(descriptor) != 0)
+    if (::fchmod(descriptor, mode) != 0 || ::fsync(descriptor) != 0)
         return errno;
     return temporary.rename(path);
 }
@@ -189,6 +211,21 @@ Result<void> writeInto(const std::string& path, std::string_view bytes) {
     return {};
 }
 
+Result<void> replaceFile(const std::string& path, std::string_view bytes, mode_t modeWhenNew) {
+    const std::string file = target(path);
+    struct stat status = {};
+    if (::stat(file.c_str(), &status) == 0 && !S_ISREG(status.st_mode))
+        return S_ISDIR(status.st_mode) ? problem("Cannot write", path, EISDIR) : writeInto(path, bytes);
+    const std::string folder = folderOf(file);
+    TemporaryFile temporary(folder);
+    if (!temporary.isOpen())
+        return problem("Cannot write", path, errno);
+    if (const int code = fillAndRename(temporary, file, bytes, modeWhenNew); code != 0)
+        return problem("Cannot write", path, code);
+    flushFolder(folder);
+    return {};
+}
+
 } // namespace
 
 Result<std::string> PosixFileStore::readFile(const std::string& path) {
@@ -201,18 +238,7 @@ Result<std::string> PosixFileStore::readFile(const std::string& path) {
 }
 
 Result<void> PosixFileStore::writeFileAtomically(const std::string& path, std::string_view bytes) {
-    const std::string file = target(path);
-    struct stat status = {};
-    if (::stat(file.c_str(), &status) == 0 && !S_ISREG(status.st_mode))
-        return S_ISDIR(status.st_mode) ? problem("Cannot write", path, EISDIR) : writeInto(path, bytes);
-    const std::string folder = folderOf(file);
-    TemporaryFile temporary(folder);
-    if (!temporary.isOpen())
-        return problem("Cannot write", path, errno);
-    if (const int code = fillAndRename(temporary, file, bytes); code != 0)
-        return problem("Cannot write", path, code);
-    flushFolder(folder);
-    return {};
+    return replaceFile(path, bytes, modeOfNewFiles());
 }
 
 bool PosixFileStore::fileExists(const std::string& path) {
@@ -239,7 +265,11 @@ std::optional<FileIdentity> PosixFileStore::identityOf(const std::string& path) 
 
 Result<void> PosixFileStore::copyFile(const std::string& from, const std::string& to) {
     const Result<std::string> bytes = readFile(from);
-    return bytes ? writeFileAtomically(to, *bytes) : Result<void>(tl::unexpected(bytes.error()));
+    if (!bytes)
+        return tl::unexpected(bytes.error());
+    struct stat status = {};
+    const bool isKnown = ::stat(from.c_str(), &status) == 0;
+    return replaceFile(to, *bytes, isKnown ? status.st_mode & 0777 : modeOfNewFiles());
 }
 
 Result<void> PosixFileStore::removeFile(const std::string& path) {

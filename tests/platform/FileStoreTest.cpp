@@ -1,6 +1,7 @@
 // The real file store in a folder of its own: whole files or none, modes, links, failures.
 #include "platform/linux/FileStore.h"
 
+#include <grp.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -76,6 +77,62 @@ TEST_F(FileStoreTest, symbolicLinksAreFollowed) {
     ASSERT_TRUE(files.writeFileAtomically(path("link"), "new"));
     EXPECT_TRUE(fs::is_symlink(folder / "link"));
     EXPECT_EQ(files.readFile(path("elsewhere/target")).value(), "new");
+}
+
+TEST_F(FileStoreTest, aLinkWhoseTargetIsGoneStaysALinkAndItsTargetIsMadeAnew) {
+    fs::create_directory(folder / "elsewhere");
+    fs::create_symlink("elsewhere/second", folder / "first");
+    fs::create_symlink("target", folder / "elsewhere/second");
+    ASSERT_TRUE(files.writeFileAtomically(path("first"), "new"));
+    EXPECT_TRUE(fs::is_symlink(folder / "first"));
+    EXPECT_TRUE(fs::is_symlink(folder / "elsewhere/second"));
+    EXPECT_EQ(files.readFile(path("elsewhere/target")).value(), "new");
+    fs::create_symlink("/no/such/disk/file", folder / "pulled");
+    const auto written = files.writeFileAtomically(path("pulled"), "new");
+    ASSERT_FALSE(written);
+    EXPECT_EQ(written.error().code, ENOENT) << "a disk that is not there is told, not papered over";
+    EXPECT_TRUE(fs::is_symlink(folder / "pulled"));
+    fs::create_symlink("circle", folder / "circle");
+    EXPECT_TRUE(files.writeFileAtomically(path("circle"), "new")) << "what leads nowhere is replaced";
+    EXPECT_EQ(files.readFile(path("circle")).value(), "new");
+}
+
+TEST_F(FileStoreTest, ownerAndGroupStayWhereTheSystemAllowsIt) {
+    constexpr uid_t kOwner = 12345;
+    constexpr gid_t kGroup = 23456;
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only root can make files of others";
+    ASSERT_TRUE(files.writeFileAtomically(path("f"), "old"));
+    ASSERT_EQ(::chown(path("f").c_str(), kOwner, kGroup), 0);
+    ASSERT_EQ(::chmod(path("f").c_str(), 0660), 0);
+    ASSERT_EQ(::chmod(folder.c_str(), 0777), 0);
+    ASSERT_TRUE(files.writeFileAtomically(path("f"), "root's"));
+    struct stat status = {};
+    ASSERT_EQ(::stat(path("f").c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, kOwner);
+    EXPECT_EQ(status.st_gid, kGroup);
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        // One of the group, who may write the file but not give it away.
+        constexpr uid_t kNobody = 65534;
+        if (::setgroups(1, &kGroup) != 0 || ::setgid(kNobody) != 0 || ::setuid(kNobody) != 0)
+            ::_exit(2);
+        ::_exit(files.writeFileAtomically(path("f"), "a member's") ? 0 : 1);
+    }
+    int childStatus = 0;
+    ASSERT_EQ(::waitpid(child, &childStatus, 0), child);
+    EXPECT_EQ(childStatus, 0);
+    ASSERT_EQ(::stat(path("f").c_str(), &status), 0);
+    EXPECT_EQ(status.st_gid, kGroup) << "the others of the group keep their access";
+    EXPECT_EQ(status.st_mode & 0777, 0660u);
+}
+
+TEST_F(FileStoreTest, aCopyIsAsPrivateAsTheOriginal) {
+    ASSERT_TRUE(files.writeFileAtomically(path("f"), "x"));
+    ASSERT_EQ(::chmod(path("f").c_str(), 0600), 0);
+    ASSERT_TRUE(files.copyFile(path("f"), path("copy")));
+    EXPECT_EQ(mode(path("copy")), 0600u);
 }
 
 TEST_F(FileStoreTest, failuresNameTheFileAndKeepTheOldOne) {
