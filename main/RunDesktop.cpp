@@ -9,6 +9,7 @@
 #include "platform/linux/FileUserDefaults.h"
 #include "platform/linux/QtAlerts.h"
 #include "platform/linux/QtPanels.h"
+#include "platform/linux/QtProgressPanels.h"
 #include "platform/linux/QtTimers.h"
 #include "platform/linux/SessionEvents.h"
 #include "platform/linux/SystemServices.h"
@@ -34,6 +35,7 @@ void writeFromMainLoop(FileUserDefaults& defaults) {
 }
 
 void serveRequests(RequestQueue& queue, AppDelegate& app, QtAlerts& alerts, const QtWindows& windows) {
+    // While a progress panel shows no timer fires, and so nothing begins either.
     queue.mustWait = [&alerts] { return alerts.isShowing(); };
     alerts.lastOneEnded = [&queue] { queue.performSoon(); };
     queue.willPerform = beginActivation;
@@ -67,10 +69,11 @@ int runDesktop(const LaunchArguments& arguments, SingleInstance& instance) {
     };
     QtAlerts alerts(windowFor);
     QtPanels panels(windowFor);
+    QtProgressPanels progress(windowFor);
     XdgRecoveryFolders recovery(stateFolder() + "/unsaved");
-    QtTimers timers;
+    QtTimers timers([&progress] { return progress.isShowing(); });
     const Platform platform{
-        {clock, defaults, texts, log}, alerts, panels, files, folders, recovery, timers, state};
+        {clock, defaults, texts, log}, alerts, panels, progress, files, folders, recovery, timers, state};
     AppDelegate app(platform, windows, TABULON_VERSION);
     windows.connectTo(app, platform);
     app.stop = [&instance] {

@@ -36,4 +36,13 @@ inline tl::unexpected<Error> failure(std::string message, ErrorDomain domain = E
     return tl::unexpected<Error>(Error{domain, code, std::move(message), {}});
 }
 
+/// How work fails that the user has cancelled. Nobody shows an alert.
+inline tl::unexpected<Error> cancelledByUser() {
+    return failure("The user has cancelled it.", ErrorDomain::Cocoa, kUserCancelledError);
+}
+
+inline bool isCancelledByUser(const Error& error) {
+    return error.domain == ErrorDomain::Cocoa && error.code == kUserCancelledError;
+}
+
 } // namespace tabulon

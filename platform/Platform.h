@@ -6,6 +6,7 @@
 #include "platform/FileStore.h"
 #include "platform/FolderReferences.h"
 #include "platform/Panels.h"
+#include "platform/ProgressPanels.h"
 #include "platform/RecoveryFolders.h"
 #include "platform/Timers.h"
 
@@ -16,6 +17,7 @@ struct Platform {
     BaseServices base;
     Alerts& alerts;
     Panels& panels;
+    ProgressPanels& progress;
     FileStore& files;
     FolderReferences& folders;
     RecoveryFolders& recovery;

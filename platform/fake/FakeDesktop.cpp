@@ -47,6 +47,30 @@ void FakePanels::beginSavePanel(const SavePanel& panel, SaveDone done) {
     done(path);
 }
 
+namespace {
+
+class FakeProgress : public Progress {
+public:
+    FakeProgress(FakeProgressPanels& panels, FakeProgressPanels::Work& work) : panels_(panels), work_(work) {}
+    ~FakeProgress() override { work_.done = true; }
+
+    bool goOn(double fraction) override {
+        work_.fractions.push_back(fraction);
+        return !panels_.cancelAfter || work_.fractions.size() <= *panels_.cancelAfter;
+    }
+
+private:
+    FakeProgressPanels& panels_;
+    FakeProgressPanels::Work& work_;
+};
+
+} // namespace
+
+std::unique_ptr<Progress> FakeProgressPanels::begin(const ProgressPanel& panel) {
+    works.push_back({panel, {}, false});
+    return std::make_unique<FakeProgress>(*this, works.back());
+}
+
 std::optional<std::string> FakeFolderReferences::resolve(std::string_view key) {
     const auto found = kept.find(key);
     if (found == kept.end() || gone.contains(found->second))

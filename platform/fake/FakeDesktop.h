@@ -4,6 +4,7 @@
 #include "platform/Alerts.h"
 #include "platform/FolderReferences.h"
 #include "platform/Panels.h"
+#include "platform/ProgressPanels.h"
 #include "platform/RecoveryFolders.h"
 
 #include <deque>
@@ -51,6 +52,23 @@ private:
     std::vector<OpenDone> waiting_;
     std::deque<std::vector<std::string>> openAnswers_;
     std::deque<std::string> saveAnswers_;
+};
+
+/// Keeps what was told of every piece of work, and cancels the work after some steps where a test wants that.
+class FakeProgressPanels : public ProgressPanels {
+public:
+    struct Work {
+        ProgressPanel panel;
+        std::vector<double> fractions;
+        bool done = false;
+    };
+
+    std::unique_ptr<Progress> begin(const ProgressPanel& panel) override;
+
+    /// `goOn` says no from this call on; none for never.
+    std::optional<std::size_t> cancelAfter;
+    /// In the order of their beginnings. A deque: work in progress stays in its place.
+    std::deque<Work> works;
 };
 
 /// Folders in memory; what is kept under a key is there as long as it is not in `gone`.

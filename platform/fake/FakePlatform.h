@@ -13,13 +13,16 @@ struct FakePlatform {
     FakeBaseServices base;
     FakeAlerts alerts;
     FakePanels panels;
+    FakeProgressPanels progress;
     MemoryFileStore files;
     FakeFolderReferences folders;
     FakeRecoveryFolders recovery;
     FakeTimers timers;
     MemoryUserDefaults state;
 
-    Platform platform() { return {base.services(), alerts, panels, files, folders, recovery, timers, state}; }
+    Platform platform() {
+        return {base.services(), alerts, panels, progress, files, folders, recovery, timers, state};
+    }
 };
 
 } // namespace tabulon

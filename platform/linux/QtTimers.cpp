@@ -7,15 +7,22 @@
 namespace tabulon {
 namespace {
 
+constexpr auto kPause = std::chrono::milliseconds(50); // after which work that had to wait is tried again
+
 class QtTimer : public Timer {
 public:
-    QtTimer(double seconds, bool once, Timers::Work work) {
+    QtTimer(double seconds, bool once, Timers::Work work, std::function<bool()> mustWait) {
         timer_.setSingleShot(once);
-        // A copy runs, since the work may destroy the timer.
-        QObject::connect(&timer_, &QTimer::timeout, [work = std::move(work)] {
-            const Timers::Work running = work;
+        const auto due = [this, work = std::move(work), mustWait = std::move(mustWait)] {
+            if (mustWait && mustWait()) {
+                if (timer_.isSingleShot())
+                    timer_.start(kPause);
+                return;
+            }
+            const Timers::Work running = work; // a copy, since it may destroy the timer
             running();
-        });
+        };
+        QObject::connect(&timer_, &QTimer::timeout, due);
         timer_.start(std::chrono::milliseconds(static_cast<std::int64_t>(seconds * 1000)));
     }
 
@@ -26,11 +33,11 @@ private:
 } // namespace
 
 std::unique_ptr<Timer> QtTimers::after(double seconds, Work work) {
-    return std::make_unique<QtTimer>(seconds, true, std::move(work));
+    return std::make_unique<QtTimer>(seconds, true, std::move(work), mustWait_);
 }
 
 std::unique_ptr<Timer> QtTimers::every(double seconds, Work work) {
-    return std::make_unique<QtTimer>(seconds, false, std::move(work));
+    return std::make_unique<QtTimer>(seconds, false, std::move(work), mustWait_);
 }
 
 } // namespace tabulon

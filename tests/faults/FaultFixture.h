@@ -50,8 +50,8 @@ public:
     PosixFileStore files;
     XdgRecoveryFolders recovery;
     MemoryWindows windows;
-    AppDelegate app{Platform{fakes.base.services(), fakes.alerts, fakes.panels, files, fakes.folders,
-                             recovery, fakes.timers, fakes.state},
+    AppDelegate app{Platform{fakes.base.services(), fakes.alerts, fakes.panels, fakes.progress, files,
+                             fakes.folders, recovery, fakes.timers, fakes.state},
                     windows, "1"};
 };
 

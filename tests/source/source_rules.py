@@ -12,7 +12,9 @@ SOURCE_FOLDERS = (
 )
 
 # The services that every layer from the model upwards may use. All other interfaces are for window and app upwards.
-BASE_SERVICES = {"BaseServices.h", "Clock.h", "EnglishTexts.h", "Localization.h", "SystemLog.h", "UserDefaults.h"}
+BASE_SERVICES = {
+    "BaseServices.h", "Clock.h", "EnglishTexts.h", "Localization.h", "Progress.h", "SystemLog.h", "UserDefaults.h",
+}
 
 # Each room of the house and the rooms it may include. A room always may include itself.
 _UPPER = {"model", "formats", "search", "history", "services", "platform"}
