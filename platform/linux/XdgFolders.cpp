@@ -8,24 +8,17 @@
 namespace tabulon {
 namespace {
 
-std::string home() {
-    if (const char* variable = std::getenv("HOME"); variable && *variable == '/')
-        return variable;
-    const passwd* user = ::getpwuid(::getuid());
-    return user && user->pw_dir ? user->pw_dir : "/";
-}
-
 // A relative path in the variable counts as none.
 std::string baseFolder(const char* variable, const char* fallback) {
     const char* value = std::getenv(variable);
-    return value && *value == '/' ? value : home() + "/" + fallback;
+    return value && *value == '/' ? value : homeFolder() + "/" + fallback;
 }
 
 // What stands between the quotation marks of a line KEY="VALUE", as a shell would take it.
 std::string shellValue(std::string_view quoted) {
     std::string value;
     if (quoted.starts_with("$HOME")) {
-        value = home();
+        value = homeFolder();
         quoted.remove_prefix(5);
     }
     for (std::size_t i = 0; i < quoted.size() && quoted[i] != '"'; ++i) {
@@ -38,10 +31,34 @@ std::string shellValue(std::string_view quoted) {
     return value;
 }
 
+// A folder by the desktop's list of the user's folders, else `fallback` in the home folder.
+std::string userFolder(FileStore& files, const std::string& key, std::string_view fallback) {
+    const std::string start = "\n" + key + "=\"";
+    const Result<std::string> list = files.readFile(configFolder() + "/user-dirs.dirs");
+    const std::string text = "\n" + list.value_or("");
+    if (const std::size_t line = text.find(start); line != std::string::npos) {
+        std::string folder = shellValue(std::string_view(text).substr(line + start.size()));
+        if (folder.starts_with('/'))
+            return folder;
+    }
+    return homeFolder() + "/" + std::string(fallback);
+}
+
 } // namespace
 
+std::string homeFolder() {
+    if (const char* variable = std::getenv("HOME"); variable && *variable == '/')
+        return variable;
+    const passwd* user = ::getpwuid(::getuid());
+    return user && user->pw_dir ? user->pw_dir : "/";
+}
+
+std::string configFolder() {
+    return baseFolder("XDG_CONFIG_HOME", ".config");
+}
+
 std::string settingsFolder() {
-    return baseFolder("XDG_CONFIG_HOME", ".config") + "/tabulon";
+    return configFolder() + "/tabulon";
 }
 
 std::string stateFolder() {
@@ -49,16 +66,11 @@ std::string stateFolder() {
 }
 
 std::string documentsFolder(FileStore& files) {
-    constexpr std::string_view kLine = "XDG_DOCUMENTS_DIR=\"";
-    std::string fallback = home() + "/Documents";
-    const Result<std::string> list =
-        files.readFile(baseFolder("XDG_CONFIG_HOME", ".config") + "/user-dirs.dirs");
-    const std::string text = "\n" + list.value_or("");
-    const std::size_t line = text.find("\n" + std::string(kLine));
-    if (line == std::string::npos)
-        return fallback;
-    std::string folder = shellValue(std::string_view(text).substr(line + 1 + kLine.size()));
-    return folder.starts_with('/') ? folder : fallback;
+    return userFolder(files, "XDG_DOCUMENTS_DIR", "Documents");
+}
+
+std::string downloadsFolder(FileStore& files) {
+    return userFolder(files, "XDG_DOWNLOAD_DIR", "Downloads");
 }
 
 } // namespace tabulon
