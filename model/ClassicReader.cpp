@@ -111,6 +111,7 @@ Ref<Bookmark> Reader::nodeFrom(const Record& record) const {
         node->makeParent();
     node->handleFlags(record.byte(19));
     node->handleShowHier(record.byte(17));
+    // Last: a folder without records of its own carries its type's icon until the document is read anew.
     node->setType(record.byte(15));
     if (const Date added = date(record.word(40)); !added.isNull())
         node->setItemDateAdded(added);
@@ -187,9 +188,6 @@ bool Reader::readChain(Bookmark& root) {
         if (record.childrenFollow()) {
             node->makeParent();
             levels.push_back({node.get(), true});
-        } else if (node->isFolder()) {
-            // The type's icon came after the folder's; a folder always carries its own.
-            node->linkIcon();
         }
     }
     return true;

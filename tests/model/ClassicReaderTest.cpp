@@ -121,6 +121,30 @@ TEST_F(ClassicTest, oneLinkWithEverything) {
     EXPECT_FALSE(node.isFolder());
 }
 
+TEST_F(ClassicTest, displayByte0x23IsExpandedAutoTabLabel6AndBrowser3) {
+    Record record = named("n");
+    record.display = 0x23;
+    const Bookmark& node = *read(header() + record.bytes())->getChild();
+    EXPECT_TRUE(node.showHier());
+    EXPECT_TRUE(node.getAutoTab());
+    EXPECT_EQ(node.getLabel(), 6);
+    EXPECT_EQ(node.itemBrowser(), 3);
+}
+
+TEST_F(ClassicTest, flagsByteIsSplitIntoFlagsAndStatus) {
+    Record record = named("n");
+    record.flags = 0xF3;
+    const Bookmark& node = *read(header() + record.bytes())->getChild();
+    EXPECT_EQ(node.getFlags(), 3);
+    EXPECT_EQ(node.getStatus(), 15);
+}
+
+TEST_F(ClassicTest, emptyDataAndHeadersBelowTwentyBytesAreRefusedWithoutAnAlertOfTheirOwn) {
+    for (std::size_t size = 0; size < 20; ++size)
+        EXPECT_EQ(refused(header().substr(0, size)).title, "") << size;
+    refused(header()); // no record follows
+}
+
 TEST_F(ClassicTest, addedDateOfZeroIsTheTimeOfReading) {
     const Ref<Bookmark> master = read(header() + named("n").bytes());
     EXPECT_EQ(master->getChild()->itemDateAdded(), fake.now());
@@ -183,13 +207,13 @@ TEST_F(ClassicTest, childrenMakeAFolderWithoutTheFlag) {
     EXPECT_EQ(master->getChild()->itemIcon(), ItemIcon::Folder);
 }
 
-TEST_F(ClassicTest, emptyFolderIsAFolder) {
+TEST_F(ClassicTest, emptyFolderIsAFolderWithTheIconOfItsType) {
     Record record = named("f");
     record.folder = 0x80;
     record.type = kMailType;
     const Ref<Bookmark> master = read(header() + record.bytes());
     EXPECT_TRUE(master->getChild()->isFolder());
-    EXPECT_EQ(master->getChild()->itemIcon(), ItemIcon::Folder);
+    EXPECT_EQ(master->getChild()->itemIcon(), ItemIcon::MailType);
     ASSERT_NE(master->getChild()->getChildren(), nullptr);
 }
 

@@ -87,6 +87,15 @@ TEST_F(DocumentTest, classicFilesAreToldByTheirFirstTwoBytes) {
     EXPECT_FALSE(classicFile(std::string("\0", 1)));
 }
 
+TEST_F(DocumentTest, shortDataThatBeginsBelowFourIsAClassicFileThatCannotBeRead) {
+    for (std::size_t size = 2; size < 20; ++size) {
+        const auto done = document.readFromDataOfType(std::string(size, '\0'), kDocumentType);
+        ASSERT_FALSE(done);
+        EXPECT_EQ(done.error().domain, ErrorDomain::OSStatus);
+        EXPECT_EQ(done.error().code, 256);
+    }
+}
+
 TEST_F(DocumentTest, changesAreCounted) {
     Presenter presenter;
     document.setPresenter(&presenter);
