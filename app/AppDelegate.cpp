@@ -70,7 +70,7 @@ bool AppDelegate::applicationShouldOpenUntitledFile() const {
 }
 
 void AppDelegate::sessionWillEnd() {
-    documentController_.autosaveAllDocuments();
+    documentController_.autosaveAllDocumentsForTheEnd();
     if (stop)
         stop();
 }

@@ -85,10 +85,12 @@ public:
     static constexpr double kAutosavePause = 3;
     static constexpr int kMostPostponements = 9;
     /// Saves every document that has changes, those without a file to their copies. Asks nothing: a document
-    /// whose file another program has changed stays as it is.
+    /// goes to a copy as well when another program has changed its file or the file cannot be written.
     void autosaveAllDocuments();
-    /// Opens the copies of documents without a file that an earlier run left behind, each untitled and with
-    /// changes.
+    /// The same for the end of the session, which nothing should hold up: a failure is told only where there
+    /// is no copy either.
+    void autosaveAllDocumentsForTheEnd();
+    /// Opens the copies that an earlier run left behind, each untitled and with changes.
     void recoverUnsavedDocuments();
 
     RecentDocuments& recentDocuments() { return recentDocuments_; }
@@ -107,7 +109,8 @@ private:
         bool asked = false;
         std::optional<FileIdentity> askedAbout; // the state of the file, where `asked`
     };
-    enum class Asking { Allowed, NotNow };
+    /// After a pause questions may be asked, at the end not even failures are told that lose nothing.
+    enum class Moment { Pause, Deactivation, End };
 
     struct OpenDocument {
         explicit OpenDocument(const BaseServices& services) : document(services) {}
@@ -121,7 +124,8 @@ private:
         std::unique_ptr<DocumentWindow> window;
     };
 
-    enum class FileAnswer { Overwrite, Reload, SaveAs, Cancel };
+    enum class FileAnswer { Overwrite, DropMine, SaveAs, Cancel };
+    enum class Before { Saving, Closing };
 
     void addActions();
     OpenDocument* find(const Document& document) const;
@@ -131,15 +135,17 @@ private:
     void restoreWindowFrame(const OpenDocument& opened);
     Result<void> write(Document& document, const std::string& path);
     bool writeOrAlert(Document& document, const std::string& path);
-    FileAnswer askAboutFile(const Document& document);
+    FileAnswer askAboutFile(const Document& document, Before before);
+    FileAnswer chooseForFile(const Document& document, bool isThere, Before before);
     bool revertToContentsOfURL(Document& document);
     void noteFile(Document& document);
     const Document* otherDocumentOfFile(const Document& document, const std::string& path) const;
     void noteChange(OpenDocument& opened);
     void startAutosaveTimer(OpenDocument& opened);
     void autosaveTimerFired(OpenDocument& opened);
-    void autosave(OpenDocument& opened, Asking asking);
-    void autosaveFile(OpenDocument& opened, Asking asking);
+    void autosave(OpenDocument& opened, Moment moment);
+    void autosaveFile(OpenDocument& opened, Moment moment);
+    void autosaveBesideFile(OpenDocument& opened, const std::optional<FileIdentity>& identity, Moment moment);
     void noteAutosave(OpenDocument& opened, std::string_view failureKey, const Result<void>& saved);
     void recover(const UnsavedDocuments::Copy& copy);
     void askToSave(Document& document, const Done& done);
@@ -155,7 +161,7 @@ private:
     std::vector<std::unique_ptr<OpenDocument>> documents_;
     Document* current_ = nullptr;
     const Document* untouched_ = nullptr;
-    bool asking_ = false; // a document that saves itself has a question up
+    bool asking_ = false; // the question about a document's file is up
 };
 
 } // namespace tabulon

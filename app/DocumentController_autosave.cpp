@@ -1,5 +1,5 @@
-// Documents that save themselves: those with a file in place, those without one to a copy that a crash leaves
-// behind.
+// Documents that save themselves: those with a file in place, those without one, or with one that cannot be
+// written now, to a copy that a crash leaves behind.
 #include "app/DocumentController.h"
 #include "app/SharedAlerts.h"
 
@@ -32,10 +32,10 @@ void DocumentController::autosaveTimerFired(OpenDocument& opened) {
         ++opened.autosave.postponements;
         return startAutosaveTimer(opened);
     }
-    autosave(opened, Asking::Allowed);
+    autosave(opened, Moment::Pause);
 }
 
-void DocumentController::autosave(OpenDocument& opened, Asking asking) {
+void DocumentController::autosave(OpenDocument& opened, Moment moment) {
     opened.autosave.timer.reset();
     opened.autosave.postponements = 0;
     if (!opened.document.isDocumentEdited())
@@ -44,25 +44,32 @@ void DocumentController::autosave(OpenDocument& opened, Asking asking) {
     if (opened.document.fileName().empty())
         noteAutosave(opened, "CouldNotKeep", unsaved_.keep(opened.document));
     else
-        autosaveFile(opened, asking);
+        autosaveFile(opened, moment);
     opened.autosave.lastSeconds = platform_.base.clock.secondsSinceReferenceDate() - begin;
 }
 
-// The user is asked about each state of the file once, and about one file at a time; a save by hand asks
-// again.
-void DocumentController::autosaveFile(OpenDocument& opened, Asking asking) {
+void DocumentController::autosaveFile(OpenDocument& opened, Moment moment) {
     Document& document = opened.document;
     const auto identity = platform_.files.identityOf(document.fileName());
-    if (identity == opened.identity)
-        return noteAutosave(opened, "CouldNotSave", write(document, document.fileName()));
-    if (asking == Asking::NotNow || asking_ ||
-        (opened.autosave.asked && opened.autosave.askedAbout == identity))
+    if (identity != opened.identity)
+        return autosaveBesideFile(opened, identity, moment);
+    const Result<void> written = write(document, document.fileName());
+    const bool isKept = !written && unsaved_.keep(document).has_value();
+    if (moment != Moment::End || !isKept)
+        noteAutosave(opened, "CouldNotSave", written);
+}
+
+// The file is not as the document left it. Until the user has decided, a copy keeps the changes. The user is
+// asked about each state of the file once, and about one file at a time; a save by hand asks again.
+void DocumentController::autosaveBesideFile(OpenDocument& opened, const std::optional<FileIdentity>& identity,
+                                            Moment moment) {
+    noteAutosave(opened, "CouldNotKeep", unsaved_.keep(opened.document));
+    const bool wasAsked = opened.autosave.asked && opened.autosave.askedAbout == identity;
+    if (moment != Moment::Pause || asking_ || wasAsked)
         return;
     opened.autosave.asked = true;
     opened.autosave.askedAbout = identity;
-    asking_ = true;
-    saveDocument(document, [](bool) {});
-    asking_ = false;
+    saveDocument(opened.document, [](bool) {});
 }
 
 // A failure is told once, until saving has worked again.
@@ -80,7 +87,12 @@ void DocumentController::noteAutosave(OpenDocument& opened, std::string_view fai
 
 void DocumentController::autosaveAllDocuments() {
     for (const auto& opened : documents_)
-        autosave(*opened, Asking::NotNow);
+        autosave(*opened, Moment::Deactivation);
+}
+
+void DocumentController::autosaveAllDocumentsForTheEnd() {
+    for (const auto& opened : documents_)
+        autosave(*opened, Moment::End);
 }
 
 void DocumentController::recoverUnsavedDocuments() {

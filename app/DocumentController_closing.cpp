@@ -50,9 +50,17 @@ void DocumentController::askToSave(Document& document, const Done& done) {
 
 // A document with a file is saved without a question, unless the file is not as it was or cannot be written.
 void DocumentController::saveBeforeClosing(Document& document, const Done& done) {
-    if (platform_.files.identityOf(document.fileName()) != find(document)->identity) {
+    if (platform_.files.identityOf(document.fileName()) != find(document)->identity)
         find(document)->window->makeKeyAndOrderFront();
-        return saveDocument(document, done);
+    switch (askAboutFile(document, Before::Closing)) {
+    case FileAnswer::Overwrite:
+        break;
+    case FileAnswer::DropMine:
+        return done(true);
+    case FileAnswer::SaveAs:
+        return saveDocumentAs(document, done);
+    case FileAnswer::Cancel:
+        return done(false);
     }
     const Result<void> written = write(document, document.fileName());
     if (written)

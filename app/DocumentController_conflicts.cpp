@@ -2,8 +2,9 @@
 #include "app/DocumentController.h"
 #include "app/SharedAlerts.h"
 
-namespace tabulon {
+#include <utility>
 
+namespace tabulon {
 namespace {
 
 Alert fileAlert(const Localization& texts, std::string_view key, const Document& document,
@@ -17,41 +18,44 @@ Alert fileAlert(const Localization& texts, std::string_view key, const Document&
 
 } // namespace
 
-// What to do with a file that is not as the document left it. Nothing is overwritten without this answer.
-DocumentController::FileAnswer DocumentController::askAboutFile(const Document& document) {
-    const auto identity = platform_.files.identityOf(document.fileName());
-    if (identity == find(document)->identity)
-        return FileAnswer::Overwrite;
-    const Localization& texts = platform_.base.texts;
-    const AlertButton saveAs{texts.text("SaveAsButton")};
-    const AlertButton cancel{texts.text("Cancel"), AlertButtonRole::Cancel};
-    if (!identity) {
-        const Alert alert =
-            fileAlert(texts, "FileGone", document, {{texts.text("SaveAgain")}, saveAs, cancel});
-        switch (platform_.alerts.runModal(alert) - kAlertFirstButton) {
-        case 0:
+// What to do with a file that is not as the document left it. Nothing is overwritten without this answer, and
+// what the file became while the question was up is asked about again.
+DocumentController::FileAnswer DocumentController::askAboutFile(const Document& document, Before before) {
+    while (true) {
+        const auto identity = platform_.files.identityOf(document.fileName());
+        if (identity == find(document)->identity)
             return FileAnswer::Overwrite;
-        case 1:
-            return FileAnswer::SaveAs;
-        default:
-            return FileAnswer::Cancel;
-        }
+        const bool wasAsking = std::exchange(asking_, true);
+        const FileAnswer answer = chooseForFile(document, identity.has_value(), before);
+        asking_ = wasAsking;
+        if (answer != FileAnswer::Overwrite || platform_.files.identityOf(document.fileName()) == identity)
+            return answer;
     }
-    const Alert alert = fileAlert(texts, "FileChanged", document,
-                                  {saveAs,
-                                   {texts.text("KeepMine"), AlertButtonRole::Destructive},
-                                   {texts.text("Reload"), AlertButtonRole::Destructive},
-                                   cancel});
-    switch (platform_.alerts.runModal(alert) - kAlertFirstButton) {
-    case 0:
-        return FileAnswer::SaveAs;
-    case 1:
-        return FileAnswer::Overwrite;
-    case 2:
-        return FileAnswer::Reload;
-    default:
-        return FileAnswer::Cancel;
-    }
+}
+
+DocumentController::FileAnswer DocumentController::chooseForFile(const Document& document, bool isThere,
+                                                                 Before before) {
+    const Localization& texts = platform_.base.texts;
+    const bool isClosing = before == Before::Closing;
+    std::vector<std::pair<AlertButton, FileAnswer>> choices;
+    if (!isThere)
+        choices.push_back({{texts.text("SaveAgain")}, FileAnswer::Overwrite});
+    choices.push_back({{texts.text("SaveAsButton")}, FileAnswer::SaveAs});
+    if (isThere)
+        choices.push_back({{texts.text("KeepMine"), AlertButtonRole::Destructive}, FileAnswer::Overwrite});
+    if (isThere || isClosing)
+        choices.push_back(
+            {{texts.text(isClosing ? "CloseWithoutSaving" : "Reload"), AlertButtonRole::Destructive},
+             FileAnswer::DropMine});
+    choices.push_back({{texts.text("Cancel"), AlertButtonRole::Cancel}, FileAnswer::Cancel});
+    const std::string key = isThere ? "FileChanged" : "FileGone";
+    Alert alert = fileAlert(texts, key, document, {});
+    if (isClosing)
+        alert.informative = texts.text(key + "ClosingText");
+    for (const auto& [button, answer] : choices)
+        alert.buttons.push_back(button);
+    const auto chosen = static_cast<std::size_t>(platform_.alerts.runModal(alert) - kAlertFirstButton);
+    return chosen < choices.size() ? choices[chosen].second : FileAnswer::Cancel;
 }
 
 void DocumentController::noteFile(Document& document) {
@@ -71,6 +75,7 @@ bool DocumentController::revertToContentsOfURL(Document& document) {
     platform_.base.defaults.setBoolForKey("ShowMarks", false);
     document.updateUI();
     document.updateChangeCount(ChangeKind::Cleared);
+    unsaved_.forget(document);
     find(document)->identity = identity;
     return true;
 }

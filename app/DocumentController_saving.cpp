@@ -44,10 +44,10 @@ bool DocumentController::writeOrAlert(Document& document, const std::string& pat
 void DocumentController::saveDocument(Document& document, const Done& done) {
     if (document.fileName().empty())
         return saveDocumentAs(document, done);
-    switch (askAboutFile(document)) {
+    switch (askAboutFile(document, Before::Saving)) {
     case FileAnswer::Overwrite:
         return done(writeOrAlert(document, document.fileName()));
-    case FileAnswer::Reload:
+    case FileAnswer::DropMine:
         return done(revertToContentsOfURL(document));
     case FileAnswer::SaveAs:
         return saveDocumentAs(document, done);

@@ -1,5 +1,5 @@
-// Copies of the documents that have no file yet, kept so that they are there again after a crash or a cut of
-// power. When they are written is DocumentController's affair.
+// Copies of documents that have no file yet, or one that cannot be written now, kept so that they are there
+// again after a crash or a cut of power. When they are written is DocumentController's affair.
 #pragma once
 
 #include "model/Document.h"

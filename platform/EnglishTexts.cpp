@@ -44,10 +44,16 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"ExportFile", "Export the bookmarks to a file"},
     {"Favourites", "Favourites"},
     {"FileChanged", "“%@” was changed by another program"},
+    {"FileChangedClosingText",
+     "Since it was read or saved here, another program has changed the file. Save yours under another name, "
+     "keep yours and lose that one, or close without saving and lose yours."},
     {"FileChangedText",
      "Since it was read or saved here, another program has changed the file. Save yours under another name, "
      "keep yours and lose that one, or reload the file and lose yours."},
     {"FileGone", "“%@” is no longer there"},
+    {"FileGoneClosingText", "The file was moved, renamed or removed. Save it again in its old place, or "
+                            "under another name, or close "
+                            "without saving and lose what is in this window."},
     {"FileGoneText",
      "The file was moved, renamed or removed. Save it again in its old place, or under another name."},
     {"FormatHTML", "Bookmark HTML"},

@@ -38,6 +38,8 @@ Result<void> MemoryFileStore::writeFileAtomically(const std::string& path, std::
     if (!unwritable.empty() && path.starts_with(unwritable))
         return failure("The file “" + path + "” could not be written: permission denied.", ErrorDomain::Posix,
                        EACCES);
+    if (willWrite)
+        willWrite(path);
     files.insert_or_assign(target(path), std::string(bytes));
     ++writes;
     return {};

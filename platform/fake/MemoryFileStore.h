@@ -37,6 +37,8 @@ public:
     /// Writes to paths that begin with this fail for lack of permission; empty for none.
     std::string unwritable;
     int writes = 0;
+    /// Called before each write that succeeds.
+    std::function<void(const std::string& path)> willWrite;
 
 private:
     const std::string& target(const std::string& path) const;

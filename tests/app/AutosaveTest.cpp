@@ -158,6 +158,62 @@ TEST_F(AutosaveTest, FileChangedByAnotherProgramIsAskedAboutOnceAndNeverOverwrit
     EXPECT_TRUE(document.isDocumentEdited());
 }
 
+TEST_F(AutosaveTest, WhatTheFileDoesNotTakeIsKeptInACopyUntilItDoes) {
+    files.unwritable = "/home";
+    Document& document = openDocument();
+    change(document);
+    timers.advance(kPause);
+    EXPECT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(copies(), std::vector<std::string>{"/state/unsaved/run-1/1 Links.tbln"});
+    EXPECT_EQ(nameIn(copies().at(0)), "changed");
+    EXPECT_TRUE(document.isDocumentEdited());
+    files.unwritable.clear();
+    change(document, "newer");
+    timers.advance(kPause);
+    EXPECT_TRUE(copies().empty());
+    EXPECT_EQ(nameIn(kPath), "newer");
+}
+
+TEST_F(AutosaveTest, BesideAFileThatAnotherProgramChangedACopyIsKeptUntilTheUserDecides) {
+    Document& document = openDocument();
+    files.files[kPath] = documentBytes("theirs, and longer");
+    alerts.answer("Cancel");
+    change(document, "mine");
+    timers.advance(kPause);
+    ASSERT_EQ(copies().size(), 1u);
+    EXPECT_EQ(nameIn(copies()[0]), "mine");
+    change(document, "mine, later");
+    timers.advance(kPause);
+    ASSERT_EQ(copies().size(), 1u) << "one copy a document";
+    EXPECT_EQ(nameIn(copies()[0]), "mine, later");
+    alerts.answer("Reload");
+    perform("saveDocument:");
+    EXPECT_TRUE(copies().empty());
+    EXPECT_EQ(nameIn(kPath), "theirs, and longer");
+}
+
+TEST_F(AutosaveTest, EndOfTheSessionKeepsWhatItsFileDoesNotTakeWithoutAQuestion) {
+    change(openDocument("/home/Conflict.tbln"), "mine");
+    files.files["/home/Conflict.tbln"] = documentBytes("theirs");
+    files.unwritable = "/media";
+    change(openDocument("/media/stick/Links.tbln"), "no room");
+    app.sessionWillEnd();
+    EXPECT_TRUE(alerts.shown.empty());
+    EXPECT_EQ(stops, 1);
+    EXPECT_EQ(nameIn("/home/Conflict.tbln"), "theirs");
+    EXPECT_EQ(nameIn("/state/unsaved/run-1/1 Conflict.tbln"), "mine");
+    EXPECT_EQ(nameIn("/state/unsaved/run-1/2 Links.tbln"), "no room");
+}
+
+TEST_F(AutosaveTest, EndOfTheSessionTellsWhatWouldBeLost) {
+    change(openDocument());
+    files.diskFull = true;
+    app.sessionWillEnd();
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].message, "“Links.tbln” could not be saved");
+    EXPECT_EQ(stops, 1);
+}
+
 TEST_F(AutosaveTest, ClosingADocumentThatCannotBeSavedOffersAWayOut) {
     change(openDocument());
     files.diskFull = true;

@@ -23,6 +23,46 @@ protected:
     }
 };
 
+TEST_F(LifeCycleTest, SideTasksOfASaveComeInTheirOrderBeforeTheDocument) {
+    base.defaults.setBoolForKey("SaveAsHTML", true);
+    folders.kept["BackupFolderBookmark"] = "/backups";
+    folders.kept["ExportHTMLBookmark"] = "/web/links.html";
+    Document& document = openDocument();
+    windowOf(document).place = "1 2 3 4";
+    std::vector<std::string> steps;
+    files.willWrite = [&](const std::string& path) {
+        const bool frameIsKept = state.stringForKey("NSWindow Frame Links").has_value();
+        steps.push_back(path + (frameIsKept ? " after the frame" : ""));
+    };
+    change(document, "second");
+    perform("saveDocument:");
+    EXPECT_EQ(steps, (std::vector<std::string>{"/backups/Links-2025-11-16.tbln", "/web/links.html",
+                                               "/home/Links.tbln after the frame"}));
+}
+
+TEST_F(LifeCycleTest, BackupOfANameWithoutExtensionEndsWithThePoint) {
+    folders.kept["BackupFolderBookmark"] = "/backups";
+    change(openDocument("/home/old.links/Links"), "second");
+    perform("saveDocument:");
+    EXPECT_EQ(nameIn("/backups/Links-2025-11-16."), "first");
+}
+
+TEST_F(LifeCycleTest, ClassicFileIsSavedInTheCurrentFormatAndBackedUpAsItWas) {
+    const std::string fixedPart = std::string("\0\1\0\0", 4) + std::string(44, '\0');
+    const std::string classic = std::string("\0\3", 2) + std::string(8, '\0') + std::string("\0\1", 2) +
+                                std::string(8, '\0') + fixedPart + std::string("\0\4olds\0", 7);
+    files.files["/home/Classic.tbln"] = classic;
+    app.openFile("/home/Classic.tbln");
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_FALSE(onlyDocument()->isDocumentEdited());
+    EXPECT_EQ(onlyDocument()->getMaster().getChild()->itemName().view(), "olds");
+    change(*onlyDocument(), "new");
+    perform("saveDocument:");
+    EXPECT_TRUE(files.files["/home/Classic.tbln"].starts_with("bplist00"));
+    EXPECT_EQ(nameIn("/home/Classic.tbln"), "new");
+    EXPECT_EQ(files.files["/home/documents/Classic-2025-11-16.tbln"], classic);
+}
+
 TEST_F(LifeCycleTest, BackupHoldsTheVersionBeforeTheSaveUnderTheLocalDate) {
     base.clock.set(secondsAt(1794787200)); // 2026-11-16 00:00 UTC
     base.clock.zone = "America/New_York";
@@ -92,6 +132,28 @@ TEST_F(LifeCycleTest, HTMLCopyIsWrittenToTheChosenFile) {
     EXPECT_NE(files.files.at("/web/links.html").find(">second</A>"), std::string::npos);
 }
 
+TEST_F(LifeCycleTest, FailedHTMLCopyNeverMakesTheSaveFail) {
+    base.defaults.setBoolForKey("SaveAsHTML", true);
+    folders.kept["ExportHTMLBookmark"] = "/web/links.html";
+    files.unwritable = "/web";
+    Document& document = openDocument();
+    change(document, "second");
+    perform("saveDocument:");
+    EXPECT_EQ(nameIn("/home/Links.tbln"), "second");
+    EXPECT_FALSE(document.isDocumentEdited());
+    EXPECT_TRUE(alerts.shown.empty());
+}
+
+TEST_F(LifeCycleTest, HTMLCopyThatIsGoneIsNotMadeAnew) {
+    base.defaults.setBoolForKey("SaveAsHTML", true);
+    folders.kept["ExportHTMLBookmark"] = "/web/links.html";
+    folders.gone.insert("/web/links.html");
+    change(openDocument(), "second");
+    perform("saveDocument:");
+    EXPECT_FALSE(files.fileExists("/web/links.html"));
+    EXPECT_EQ(nameIn("/home/Links.tbln"), "second");
+}
+
 TEST_F(LifeCycleTest, SaveAsHTMLWithoutAChosenFileWritesOnlyTheDocument) {
     base.defaults.setBoolForKey("SaveAsHTML", true);
     base.defaults.setBoolForKey("MakeBackups", false);
@@ -109,6 +171,63 @@ TEST_F(LifeCycleTest, WindowFrameFollowsTheFile) {
     app.openFile("/home/Links.tbln");
     EXPECT_EQ(windowOf(*documents().documents().back()).place, "10 20 800 500");
     EXPECT_EQ(state.stringForKey("NSWindow Frame Links"), "10 20 800 500");
+}
+
+TEST_F(LifeCycleTest, FramesAreKeptByTheNameOfTheFileWithoutItsExtension) {
+    Document& links = openDocument("/home/Links.tbln");
+    Document& other = openDocument("/home/Other.links.tbln");
+    windowOf(links).place = "1 1 600 400";
+    windowOf(other).place = "2 2 700 500";
+    for (Document* document : {&links, &other})
+        documents().saveDocument(*document, [](bool) {});
+    EXPECT_EQ(state.stringForKey("NSWindow Frame Links"), "1 1 600 400");
+    EXPECT_EQ(state.stringForKey("NSWindow Frame Other.links"), "2 2 700 500");
+    Document& namesake = openDocument("/elsewhere/Links.tbln");
+    EXPECT_EQ(windowOf(namesake).place, "1 1 600 400") << "the name counts, not the folder";
+}
+
+TEST_F(LifeCycleTest, ClosingADocumentWhoseFileWasChangedCanDropItsChanges) {
+    Document& document = openDocument();
+    change(document, "mine");
+    files.files["/home/Links.tbln"] = documentBytes("theirs");
+    alerts.answer("Cancel");
+    perform("performClose:");
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].message, "“Links.tbln” was changed by another program");
+    EXPECT_NE(alerts.shown[0].informative.find("close without saving"), std::string::npos);
+    EXPECT_EQ(onlyDocument(), &document);
+    EXPECT_EQ(windowOf(document).broughtToFront, 1);
+    alerts.answer("Close Without Saving");
+    perform("performClose:");
+    EXPECT_TRUE(documents().documents().empty());
+    EXPECT_EQ(nameIn("/home/Links.tbln"), "theirs");
+}
+
+TEST_F(LifeCycleTest, ClosingADocumentWhoseFileIsGoneSavesItAgainOrDropsIt) {
+    change(openDocument(), "mine");
+    files.files.erase("/home/Links.tbln");
+    alerts.answer("Close Without Saving");
+    perform("performClose:");
+    EXPECT_TRUE(documents().documents().empty());
+    EXPECT_FALSE(files.fileExists("/home/Links.tbln"));
+    change(openDocument(), "mine");
+    files.files.erase("/home/Links.tbln");
+    alerts.answer("Save");
+    perform("performClose:");
+    EXPECT_TRUE(documents().documents().empty());
+    EXPECT_EQ(nameIn("/home/Links.tbln"), "mine");
+}
+
+TEST_F(LifeCycleTest, ClosingWhileTheFoldersDiskIsGoneDoesNotHoldTheUserPrisoner) {
+    change(openDocument("/media/stick/Links.tbln"), "mine");
+    files.files.erase("/media/stick/Links.tbln");
+    files.unwritable = "/media/stick";
+    alerts.answer("Save");
+    alerts.answer("Close Without Saving");
+    app.terminate();
+    ASSERT_EQ(alerts.shown.size(), 2u);
+    EXPECT_EQ(alerts.shown[1].message, "“Links.tbln” could not be saved");
+    EXPECT_EQ(stops, 1);
 }
 
 TEST_F(LifeCycleTest, FileChangedByAnotherProgramIsNeverOverwrittenSilently) {
