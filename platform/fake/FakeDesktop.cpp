@@ -8,6 +8,8 @@ namespace tabulon {
 
 int FakeAlerts::runModal(const Alert& alert) {
     shown.push_back(alert);
+    if (whileShown)
+        whileShown();
     if (answers_.empty())
         return kAlertFirstButton;
     const std::string title = std::move(answers_.front());

@@ -8,6 +8,7 @@
 #include "platform/RecoveryFolders.h"
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
@@ -27,6 +28,8 @@ public:
     void answer(std::string buttonTitle) { answers_.push_back(std::move(buttonTitle)); }
 
     std::vector<Alert> shown;
+    /// Called while an alert is shown, before its answer.
+    std::function<void()> whileShown;
 
 private:
     std::deque<std::string> answers_;

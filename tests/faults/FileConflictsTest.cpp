@@ -66,6 +66,33 @@ TEST_F(FileConflictsTest, saveAsKeepsBoth) {
     EXPECT_EQ(versionIn(path("mine.tbln")), 2);
 }
 
+TEST_F(FileConflictsTest, whatTheFileBecomesWhileTheQuestionIsUpIsAskedAboutAgain) {
+    write(path("Links.tbln"), 3);
+    int newer = 4;
+    run.fakes.alerts.whileShown = [&] {
+        if (newer < 6)
+            write(path("Links.tbln"), newer++);
+    };
+    run.fakes.alerts.answer("Keep Mine"); // about 3, but it is 4 by then
+    run.fakes.alerts.answer("Keep Mine"); // about 4, but it is 5 by then
+    run.fakes.alerts.answer("Cancel");
+    EXPECT_FALSE(run.save(*document));
+    EXPECT_EQ(run.fakes.alerts.shown.size(), 3u);
+    EXPECT_EQ(versionIn(path("Links.tbln")), 5);
+    EXPECT_TRUE(document->isDocumentEdited());
+}
+
+TEST_F(FileConflictsTest, aSecondQuestionNeverComesOverTheFirst) {
+    write(path("Links.tbln"), 3);
+    run.fakes.alerts.whileShown = [this] {
+        change(*document, 9);
+        run.fakes.timers.advance(100); // the document would save itself
+    };
+    run.fakes.alerts.answer("Cancel");
+    EXPECT_FALSE(run.save(*document));
+    EXPECT_EQ(run.fakes.alerts.shown.size(), 1u);
+}
+
 TEST_F(FileConflictsTest, aDeletedFileIsAskedAboutAndCanBeSavedAgain) {
     std::filesystem::remove(path("Links.tbln"));
     run.fakes.alerts.answer("Cancel");

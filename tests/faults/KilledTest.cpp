@@ -100,6 +100,34 @@ TEST_F(KilledTest, documentsWithoutAFileAreThereAgainAfterFiftyKills) {
     }
 }
 
+// Another program changed the file, the user has not decided yet what becomes of it, and the power goes.
+TEST_F(KilledTest, changesThatTheirFileDidNotTakeAreThereAgain) {
+    const std::string file = path("Links.tbln");
+    write(file, 1);
+    killAtARandomMoment(
+        [&](int ready) {
+            ProgramRun run(folder);
+            Document& document = run.open(file);
+            write(file, 2);
+            change(document, 3);
+            run.fakes.alerts.answer("Cancel");
+            run.fakes.timers.advance(2 * DocumentController::kAutosavePause);
+            (void)!::write(ready, "r", 1);
+            ::pause();
+            return 0;
+        },
+        std::chrono::milliseconds(5));
+    EXPECT_EQ(versionIn(file), 2) << "theirs";
+    ProgramRun next(folder);
+    next.app.applicationDidFinishLaunching({});
+    const auto documents = next.app.documentController().documents();
+    ASSERT_EQ(documents.size(), 1u);
+    EXPECT_EQ(documents.front()->displayName(), "Links");
+    EXPECT_EQ(documents.front()->fileName(), "");
+    EXPECT_TRUE(documents.front()->isDocumentEdited());
+    EXPECT_EQ(documents.front()->getMaster().getChild()->itemName().view(), "3") << "mine";
+}
+
 TEST_F(KilledTest, aRunThatIsAliveKeepsItsDocumentsToItself) {
     ProgramRun first(folder);
     first.app.applicationDidFinishLaunching({});

@@ -1,0 +1,117 @@
+"""What the real program keeps when it ends in a way that nobody chose: kept_documents.py TABULON TABULON_CLI.
+
+It is killed, loses its file to another program, and puts its windows where they were.
+"""
+
+import os
+import signal
+import time
+
+from desktop_program import DEMO
+from session import check, end, run_session_tests, wait_for
+
+UNSAVED = (".local", "state", "tabulon", "unsaved")
+
+
+def copies(session):
+    """The copies of documents in the state folder."""
+    found = []
+    for folder, _, names in os.walk(os.path.join(session.environment["HOME"], *UNSAVED)):
+        found += [os.path.join(folder, name) for name in names if name.endswith(".tbln")]
+    return found
+
+
+def close_without_saving(session, process, title):
+    session.wait_for_front(title)
+    session.press("ctrl+w")
+    session.wait_for_front("Tabulon")
+    session.press("Right", "Return")
+    check(process.wait(timeout=20) == 0, "who does not want it saved is not asked again")
+
+
+def what_a_killed_program_had_is_there_again(session):
+    process = session.launch(DEMO)
+    session.wait_for_front("demo-bookmarks* – Tabulon")
+    wait_for("the copy in the state folder", lambda: copies(session))
+    expected = session.tree(copies(session)[0])
+    check(len(expected["children"]) == 9, "a document without a file is kept whole a few seconds after its change")
+    for kill in range(3):
+        process.send_signal(signal.SIGKILL)
+        process.wait(timeout=20)
+        process = session.launch()
+        session.wait_for_front("demo-bookmarks* – Tabulon")
+        check(session.titles() == ["demo-bookmarks* – Tabulon"], f"it is there again after kill {kill + 1}, and nothing else")
+        wait_for("one copy", lambda: len(copies(session)) == 1)
+        check(session.tree(copies(session)[0]) == expected, "with all that it had")
+    close_without_saving(session, process, "demo-bookmarks* – Tabulon")
+    check(copies(session) == [], "and its copy goes with it")
+    process = session.launch()
+    session.wait_for_front("Untitled – Tabulon")
+    check(end(process) == 0, "the next start has nothing to bring back")
+
+
+def a_changed_document_saves_itself(session):
+    path = session.document("a.tbln")
+    process = session.launch(path)
+    session.wait_for_front("a – Tabulon")
+    begin = time.monotonic()
+    session.press("ctrl+shift+e")
+    session.wait_for_front("a* – Tabulon")
+    session.wait_for_front("a – Tabulon")
+    check(1 < time.monotonic() - begin < 10, "the edited mark shows for a few seconds, until the document has saved itself")
+    process.send_signal(signal.SIGKILL)
+    process.wait(timeout=20)
+    check(session.tree(path)["children"][0]["openFolder"], "and a kill after that loses nothing")
+
+
+def a_file_that_another_program_changed_is_not_overwritten(session):
+    path, theirs = session.document("a.tbln"), session.document("theirs.tbln")
+    process = session.launch(path)
+    session.wait_for_front("a – Tabulon")
+    os.replace(theirs, path)
+    before = open(path, "rb").read()
+    session.press("ctrl+shift+e")
+    session.wait_for_front("Tabulon")
+    check(open(path, "rb").read() == before, "the user is asked first")
+    check([os.path.basename(copy) for copy in copies(session)] == ["1 a.tbln"], "and a copy keeps the changes until then")
+    process.send_signal(signal.SIGTERM)
+    check(process.wait(timeout=20) == 0, "the end of the session is not held up by the question")
+    check(open(path, "rb").read() == before, "and overwrites nothing")
+    process = session.launch()
+    session.wait_for_front("a* – Tabulon")
+    check(session.tree(copies(session)[0])["children"][0]["openFolder"], "the changes are there again")
+    close_without_saving(session, process, "a* – Tabulon")
+
+
+def frame_of(session, title):
+    window = [window for window in session.xdotool("search", "--onlyvisible", "--class", "tabulon").split()
+              if session.xdotool("getwindowname", window) == title][0]
+    lines = session.xdotool("getwindowgeometry", "--shell", window).splitlines()
+    values = dict(line.split("=") for line in lines)
+    return window, (values["WIDTH"], values["HEIGHT"])
+
+
+def each_file_has_its_window_back(session):
+    sizes = {"a": ("640", "420"), "b": ("880", "560")}
+    paths = {name: session.document(f"{name}.tbln") for name in sizes}
+    for name, size in sizes.items():
+        process = session.launch(paths[name])
+        session.wait_for_front(f"{name} – Tabulon")
+        session.xdotool("windowsize", frame_of(session, f"{name} – Tabulon")[0], *size)
+        wait_for("the new size", lambda: frame_of(session, f"{name} – Tabulon")[1] == size)
+        session.press("ctrl+s", "ctrl+q")
+        check(process.wait(timeout=20) == 0, f"the window of “{name}” is kept as its document is saved")
+    process = session.launch(*paths.values())
+    session.wait_for_titles("a – Tabulon", "b – Tabulon")
+    for name, size in sizes.items():
+        check(frame_of(session, f"{name} – Tabulon")[1] == size, f"“{name}” has its own size again")
+    check(end(process) == 0, "and all is well")
+
+
+if __name__ == "__main__":
+    run_session_tests([
+        what_a_killed_program_had_is_there_again,
+        a_changed_document_saves_itself,
+        a_file_that_another_program_changed_is_not_overwritten,
+        each_file_has_its_window_back,
+    ])
