@@ -1,16 +1,17 @@
 // The application: the one object that lives for the whole run. Start and end, the menus, opening files of
-// every kind, importing. Split by concern: _menus, _opening. Documents and their windows are
+// every kind, importing. Split by concern: _importing, _menus, _opening. Documents and their windows are
 // DocumentController's.
 #pragma once
 
 #include "app/DocumentController.h"
-#include "formats/import/NetscapeScanner.h"
+#include "formats/ImportFormats.h"
 #include "platform/Menu.h"
 #include "platform/Platform.h"
 #include "platform/SingleInstance.h"
 #include "window/ActionTable.h"
 
 #include <functional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -48,7 +49,7 @@ public:
     /// True when something is about to be opened: closing the last document does not end the program then.
     std::function<bool()> willOpenMore;
 
-    // Opening and importing
+    // Opening
 
     /// Opens bookmark documents and bookmark files in HTML, told apart by content, then by extension; paths
     /// or URIs. A file that is open already, under whatever path, comes to the front. One alert tells what
@@ -57,7 +58,13 @@ public:
     /// The same for one file. True when there is a window for it now.
     bool openFile(const std::string& location);
     void openDocumentPanel();
-    void importBookmarks();
+
+    // Importing
+
+    /// Shows the panel of a format and imports the file chosen there.
+    void beginImport(const ImportFormat& format);
+    /// Imports one file into a new document, or tells what the format tells of a file that is none of its.
+    void importFile(const ImportFormat& format, const std::string& path);
     /// Scans a Netscape bookmark file into a new document; an alert tells when nothing was found in it.
     Document* scanNetscape(std::string_view bytes);
     /// A new untitled, changed document with `root` (named "Master" by whoever made it) as its tree, in a
@@ -76,6 +83,7 @@ public:
 
 private:
     void addActions();
+    void addImportActions();
     const ActionTable* responderTo(std::string_view action) const;
     bool openBookmarkHTML(const std::string& path, std::string_view bytes);
     struct Refusal {
@@ -92,10 +100,14 @@ private:
     void refusalsAlert(const std::vector<Refusal>& refusals);
     void showAboutPanel();
     std::vector<FileKind> kindsThatPanelsEnable() const;
+    void importFailureAlert(const ImportFormat& format, const std::string& path, const Error& error);
+    Document* showImported(const ImportFormat& format, Ref<Bookmark> root);
+    void firefoxAlert();
     Menu fileMenu();
     Menu recentMenu();
     Menu editMenu() const;
     Menu viewMenu() const;
+    Menu importMenu();
     Menu helpMenu() const;
     MenuItem command(std::string_view titleKey, std::string action, std::string keyEquivalent = {},
                      KeyModifiers modifiers = {}) const;
@@ -106,7 +118,7 @@ private:
     DocumentController documentController_;
     ActionTable actions_;
     NetscapeScanner scanner_;
-    bool htmlFlag_ = false;
+    std::set<PanelFilter> panelFilters_;
     bool launched_ = false;
     bool openPanelIsShown_ = false;
     bool terminating_ = false;

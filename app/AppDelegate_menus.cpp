@@ -20,9 +20,9 @@ void AppDelegate::addActions() {
     actions_.add(
         "clearRecentDocuments:", [this](const MenuItem&) { documentController_.recentDocuments().clear(); },
         [this](const MenuItem&) { return !documentController_.recentDocuments().paths().empty(); });
-    actions_.add("importBookmarks:", [this](const MenuItem&) { importBookmarks(); });
     actions_.add("terminate:", [this](const MenuItem&) { terminate(); });
     actions_.add("orderFrontStandardAboutPanel:", [this](const MenuItem&) { showAboutPanel(); });
+    addImportActions();
 }
 
 const ActionTable* AppDelegate::responderTo(std::string_view action) const {
@@ -69,7 +69,8 @@ MenuItem AppDelegate::submenu(std::string_view titleKey, Menu menu) const {
 Menu AppDelegate::mainMenu() {
     return Menu{.title = "Tabulon",
                 .items = {submenu("MenuFile", fileMenu()), submenu("MenuEdit", editMenu()),
-                          submenu("MenuView", viewMenu()), submenu("MenuHelp", helpMenu())}};
+                          submenu("MenuView", viewMenu()), submenu("MenuImport", importMenu()),
+                          submenu("MenuHelp", helpMenu())}};
 }
 
 Menu AppDelegate::fileMenu() {
@@ -78,7 +79,6 @@ Menu AppDelegate::fileMenu() {
                   submenu("MenuOpenRecent", recentMenu()), MenuItem::makeSeparator(),
                   command("MenuSave", "saveDocument:", "s"), command("MenuSaveAs", "saveDocumentAs:", "S"),
                   command("MenuRevert", "revertDocumentToSaved:"), MenuItem::makeSeparator(),
-                  command("MenuImportBookmarks", "importBookmarks:"),
                   command("MenuExportHTML", "exportHTML:"), MenuItem::makeSeparator(),
                   command("MenuClose", "performClose:", "w"), command("MenuQuit", "terminate:", "q")}};
 }

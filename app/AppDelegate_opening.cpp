@@ -1,4 +1,4 @@
-// Opening files of every kind, and the steps that all imports share.
+// Opening files of every kind.
 #include "app/AppDelegate.h"
 #include "app/FileContent.h"
 #include "app/FileUri.h"
@@ -141,49 +141,6 @@ void AppDelegate::openDocumentPanel() {
         if (documentController_.documents().empty() && stop)
             stop();
     });
-}
-
-// While the HTML flag is set, panels enable HTML files.
-std::vector<FileKind> AppDelegate::kindsThatPanelsEnable() const {
-    std::vector<FileKind> kinds;
-    if (htmlFlag_)
-        kinds.push_back({platform_.base.texts.text("BookmarkHTMLFiles"), {"html", "htm"}});
-    return kinds;
-}
-
-void AppDelegate::importBookmarks() {
-    htmlFlag_ = true;
-    const Localization& texts = platform_.base.texts;
-    const OpenPanel panel{.message = texts.text("SelectBookmarks"),
-                          .prompt = texts.text("Select"),
-                          .kinds = kindsThatPanelsEnable(),
-                          .document = documentController_.currentDocument()};
-    platform_.panels.beginOpenPanel(panel, [this](const std::vector<std::string>& paths) {
-        if (paths.empty())
-            return;
-        if (const Result<std::string> bytes = platform_.files.readFile(paths.front()))
-            scanNetscape(*bytes);
-    });
-}
-
-Document* AppDelegate::scanNetscape(std::string_view bytes) {
-    const Ref<Bookmark> root = scanner_.scan(bytes, platform_.base);
-    if (!root->hasChildren()) {
-        noURLs(platform_);
-        return nullptr;
-    }
-    return newMasterDocument(root);
-}
-
-Document* AppDelegate::newMasterDocument(Ref<Bookmark> root) {
-    Document* document = documentController_.openUntitledDocumentAndDisplay();
-    if (!document)
-        return nullptr;
-    root->setShowHier(true);
-    document->setMaster(std::move(root));
-    document->updateUI();
-    document->updateChangeCount(ChangeKind::Done);
-    return document;
 }
 
 } // namespace tabulon

@@ -13,6 +13,7 @@
 #include "platform/linux/QtTimers.h"
 #include "platform/linux/SessionEvents.h"
 #include "platform/linux/SystemServices.h"
+#include "platform/linux/XdgBrowserStores.h"
 #include "platform/linux/XdgFolderReferences.h"
 #include "platform/linux/XdgFolders.h"
 #include "platform/linux/XdgRecoveryFolders.h"
@@ -71,9 +72,18 @@ int runDesktop(const LaunchArguments& arguments, SingleInstance& instance) {
     QtPanels panels(windowFor);
     QtProgressPanels progress(windowFor);
     XdgRecoveryFolders recovery(stateFolder() + "/unsaved");
+    XdgBrowserStores browsers(files);
     QtTimers timers([&progress] { return progress.isShowing(); });
-    const Platform platform{
-        {clock, defaults, texts, log}, alerts, panels, progress, files, folders, recovery, timers, state};
+    const Platform platform{{clock, defaults, texts, log},
+                            alerts,
+                            panels,
+                            progress,
+                            files,
+                            folders,
+                            recovery,
+                            browsers,
+                            timers,
+                            state};
     AppDelegate app(platform, windows, TABULON_VERSION);
     windows.connectTo(app, platform);
     app.stop = [&instance] {

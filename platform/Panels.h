@@ -21,6 +21,8 @@ struct OpenPanel {
     std::string prompt = {};
     /// Where to start; empty for the folder of the last panel.
     std::string directory = {};
+    /// The file that is selected at first; empty for none.
+    std::string selectedFile = {};
     /// Only files of these kinds can be chosen; empty lets every file be chosen.
     std::vector<FileKind> kinds = {};
     bool allowsMultipleSelection = false;

@@ -3,6 +3,7 @@
 
 #include "platform/Alerts.h"
 #include "platform/BaseServices.h"
+#include "platform/BrowserStores.h"
 #include "platform/FileStore.h"
 #include "platform/FolderReferences.h"
 #include "platform/Panels.h"
@@ -21,6 +22,7 @@ struct Platform {
     FileStore& files;
     FolderReferences& folders;
     RecoveryFolders& recovery;
+    BrowserStores& browsers;
     Timers& timers;
     /// What the program remembers by itself between runs (recent documents, column widths), apart from the
     /// settings.

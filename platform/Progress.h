@@ -2,6 +2,9 @@
 // whether it is still wanted. The bar with its button is ProgressPanels.h's affair.
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
+
 namespace tabulon {
 
 /// Handed to work as a pointer that is null when nobody watches.
@@ -14,6 +17,29 @@ public:
     /// and leaves nothing behind. To be called every hundredth of a second or oftener; a call costs no more
     /// than a look at the clock.
     [[nodiscard]] virtual bool goOn(double fraction) = 0;
+};
+
+/// Tells a Progress how far work of a known size is, seldom enough to cost next to nothing.
+class ProgressSteps {
+public:
+    /// `progress` may be null and must live longer; `total` is the size of the work in any unit, `stride` how
+    /// much of it takes a fraction of a millisecond.
+    ProgressSteps(Progress* progress, std::size_t total, std::size_t stride)
+        : progress_(progress), total_(std::max<std::size_t>(total, 1)), stride_(stride) {}
+
+    /// So much is done. False once the user has cancelled; then the work is to end.
+    [[nodiscard]] bool goOn(std::size_t done) {
+        if (!progress_ || done < next_)
+            return true;
+        next_ = done + stride_;
+        return progress_->goOn(std::min(1.0, static_cast<double>(done) / static_cast<double>(total_)));
+    }
+
+private:
+    Progress* progress_;
+    std::size_t total_;
+    std::size_t stride_;
+    std::size_t next_ = 0;
 };
 
 } // namespace tabulon

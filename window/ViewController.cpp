@@ -57,8 +57,16 @@ void ViewController::setMaster(Bookmark& master) {
 }
 
 void ViewController::documentStateChanged() {
+    if (!document_.fileName().empty())
+        windowTitle_.clear();
     if (window_)
-        window_->setTitle(document_.displayName(), document_.fileName(), document_.isDocumentEdited());
+        window_->setTitle(windowTitle_.empty() ? document_.displayName() : windowTitle_, document_.fileName(),
+                          document_.isDocumentEdited());
+}
+
+void ViewController::setWindowTitle(std::string title) {
+    windowTitle_ = std::move(title);
+    documentStateChanged();
 }
 
 int ViewController::levelForRow(std::size_t row) const {

@@ -47,6 +47,9 @@ public:
     void setMaster(Bookmark& master) override;
     void documentStateChanged() override;
 
+    /// The window shows `title` in place of the document's name until the document has a file.
+    void setWindowTitle(std::string title);
+
     // Rows
 
     std::size_t numberOfRows() const { return rows_.size(); }
@@ -167,6 +170,7 @@ private:
     std::optional<Counts> counts_;
     std::optional<std::size_t> hoveredRow_;
     std::string urlFieldText_;
+    std::string windowTitle_; // empty where it is the document's name
 };
 
 } // namespace tabulon

@@ -13,6 +13,8 @@ namespace {
 
 using Step = JsonSteps::Step;
 
+constexpr std::size_t kProgressStride = 64 << 10; // bytes
+
 // The root folders that files have, in Opera's order.
 enum Root : std::size_t { kBar, kUserRoot, kTrash, kOther, kSynced, kNoRoot };
 
@@ -48,12 +50,13 @@ Ref<Bookmark> newNode() {
 // and becomes a folder with the first list of children; what it is in the end is decided when all is known.
 class TreeReader {
 public:
-    TreeReader(std::string_view bytes, const BaseServices& services)
-        : steps_(bytes), untitled_(services.texts.text("Untitled")) {}
+    TreeReader(std::string_view bytes, const BaseServices& services, Progress* progress)
+        : steps_(bytes), progress_(progress, bytes.size(), kProgressStride),
+          untitled_(services.texts.text("Untitled")) {}
 
     /// To be called once.
     Result<void> run() {
-        for (;;) {
+        while (progress_.goOn(steps_.position())) {
             switch (steps_.next()) {
             case Step::Object:
                 frames_.push_back(objectFrame());
@@ -77,6 +80,7 @@ public:
                 return tl::unexpected(steps_.error());
             }
         }
+        return cancelledByUser();
     }
 
     bool hasRoots() const { return hasRoots_; }
@@ -217,6 +221,7 @@ private:
     }
 
     JsonSteps steps_;
+    ProgressSteps progress_;
     const Text untitled_;
     std::vector<Frame> frames_;
     std::array<Ref<Bookmark>, kNoRoot> roots_;
@@ -225,8 +230,9 @@ private:
 
 // Reads, then has `fill` put the roots into the new "Master".
 template <class Fill>
-Result<Ref<Bookmark>> readTree(std::string_view bytes, const BaseServices& services, Fill fill) {
-    TreeReader reader(bytes, services);
+Result<Ref<Bookmark>> readTree(std::string_view bytes, const BaseServices& services, Progress* progress,
+                               Fill fill) {
+    TreeReader reader(bytes, services, progress);
     if (const Result<void> done = reader.run(); !done)
         return tl::unexpected(done.error());
     if (!reader.hasRoots())
@@ -248,8 +254,9 @@ Ref<Bookmark> barOf(const TreeReader& reader, const BaseServices& services) {
 
 } // namespace
 
-Result<Ref<Bookmark>> readChromiumBookmarks(std::string_view bytes, const BaseServices& services) {
-    return readTree(bytes, services, [&](const TreeReader& reader, Bookmark& master) {
+Result<Ref<Bookmark>> readChromiumBookmarks(std::string_view bytes, const BaseServices& services,
+                                            Progress* progress) {
+    return readTree(bytes, services, progress, [&](const TreeReader& reader, Bookmark& master) {
         master.addChild(barOf(reader, services));
         Ref<Bookmark> other = reader.folder(kOther);
         other->setItemName("Other Bookmarks");
@@ -258,17 +265,22 @@ Result<Ref<Bookmark>> readChromiumBookmarks(std::string_view bytes, const BaseSe
     });
 }
 
-Result<Ref<Bookmark>> readOperaBookmarks(std::string_view bytes, const BaseServices& services) {
-    return readTree(bytes, services, [&](const TreeReader& reader, Bookmark& master) {
-        for (const Root root : {kBar, kUserRoot, kTrash, kOther, kSynced}) {
-            Ref<Bookmark> folder = root == kBar ? barOf(reader, services) : reader.folder(root);
-            folder->setItemDateModified({});
-            // The wrong root decides about the last one.
-            if (root == kSynced && !reader.has(kOther))
-                folder->makeParent();
-            master.addChild(std::move(folder));
-        }
-    });
+Result<Ref<Bookmark>> readOperaBookmarks(std::string_view bytes, const BaseServices& services,
+                                         Progress* progress) {
+    Result<Ref<Bookmark>> tree =
+        readTree(bytes, services, progress, [&](const TreeReader& reader, Bookmark& master) {
+            for (const Root root : {kBar, kUserRoot, kTrash, kOther, kSynced}) {
+                Ref<Bookmark> folder = root == kBar ? barOf(reader, services) : reader.folder(root);
+                folder->setItemDateModified({});
+                // The wrong root decides about the last one.
+                if (root == kSynced && !reader.has(kOther))
+                    folder->makeParent();
+                master.addChild(std::move(folder));
+            }
+        });
+    const bool parsed = tree || isCancelledByUser(tree.error());
+    services.log.log("dictionary : " + (parsed ? minifiedJson(bytes) : "(null)"));
+    return tree;
 }
 
 Date dateOfChromium(std::string_view timestamp) {

@@ -4,6 +4,7 @@
 #include "model/Bookmark.h"
 #include "model/Error.h"
 #include "platform/BaseServices.h"
+#include "platform/Progress.h"
 
 #include <string_view>
 
@@ -19,9 +20,12 @@ namespace tabulon {
 ///
 /// Fails with a sentence for what is no JSON anywhere, is no UTF-8, or is nested more than a million levels
 /// deep. A sound file without "roots" fails with kUserCancelledError of the Cocoa domain: nothing is
-/// imported, and no alert is shown for it. Linear, without recursion.
-Result<Ref<Bookmark>> readChromiumBookmarks(std::string_view bytes, const BaseServices& services);
-Result<Ref<Bookmark>> readOperaBookmarks(std::string_view bytes, const BaseServices& services);
+/// imported, and no alert is shown for it. Linear, without recursion. What Opera's file holds goes to the
+/// log, as one line.
+Result<Ref<Bookmark>> readChromiumBookmarks(std::string_view bytes, const BaseServices& services,
+                                            Progress* progress = nullptr);
+Result<Ref<Bookmark>> readOperaBookmarks(std::string_view bytes, const BaseServices& services,
+                                         Progress* progress = nullptr);
 
 /// The moment of a timestamp as these files have it: microseconds since 1601-01-01 00:00 UTC in decimal, the
 /// fraction of the second dropped. Null for an empty text and "0". The number is read from the beginning

@@ -173,6 +173,7 @@ bool JsonSteps::hasEscapes(std::string_view string) {
 
 JsonSteps::Step JsonSteps::take(Value& value) {
     const std::string_view token = withoutSpaceAfter(value.raw_json_token());
+    position_ = static_cast<std::size_t>(token.data() - bytes_);
     switch (token[0]) {
     case '{':
         return enter(value.get_object());
@@ -203,6 +204,15 @@ JsonSteps::Step JsonSteps::takeString(Value& value, std::string_view token) {
 JsonSteps::Step JsonSteps::fail(simdjson::error_code error) {
     error_ = error;
     return Step::Failed;
+}
+
+std::string minifiedJson(std::string_view bytes) {
+    std::string minified(bytes.size() + simdjson::SIMDJSON_PADDING, '\0');
+    std::size_t size = 0;
+    if (simdjson::minify(bytes.data(), bytes.size(), minified.data(), size))
+        size = 0;
+    minified.resize(size);
+    return minified;
 }
 
 Error JsonSteps::error() const {

@@ -5,6 +5,7 @@
 
 #include <simdjson.h>
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -41,6 +42,9 @@ public:
     std::string_view key() const { return key_; }
     /// The text of the last step, a String: valid UTF-8 that lives as long as this object.
     std::string_view string() const { return string_; }
+    /// Where in the bytes the value of the last step begins; grows with the steps. An End is where the last
+    /// value was.
+    std::size_t position() const { return position_; }
     /// A sentence.
     Error error() const;
 
@@ -77,7 +81,11 @@ private:
     bool betweenValues_ = false;
     std::string_view key_;
     std::string_view string_;
+    std::size_t position_ = 0;
     simdjson::error_code error_ = simdjson::SUCCESS;
 };
+
+/// A sound JSON document without the white space between its values.
+std::string minifiedJson(std::string_view bytes);
 
 } // namespace tabulon

@@ -12,6 +12,7 @@ namespace {
 constexpr std::size_t npos = ScannedBytes::npos;
 constexpr std::size_t kLongestLinkName = 1024;
 constexpr std::size_t kFolderNameReach = 512;
+constexpr std::size_t kProgressStride = 64 << 10; // bytes
 
 bool isBlank(char c) {
     return c == ' ' || c == '\t' || c == '\n' || c == '\r';
@@ -27,13 +28,14 @@ NetscapeScan::NetscapeScan(std::string_view bytes, const BaseServices& services,
     : services_(services), bytes_(bytes), lastItem_(lastItem), now_(Date::now(services.clock)),
       untitled_(services.texts.text("Untitled")) {}
 
-Ref<Bookmark> NetscapeScan::run() {
+Ref<Bookmark> NetscapeScan::run(Progress* progress) {
     Ref<Bookmark> root = Bookmark::init(now_);
     root->makeParent();
     root->setItemName("Master");
     folder_ = root.get();
     std::size_t cursor = 0;
-    while (cursor < bytes_.size()) {
+    ProgressSteps steps(progress, bytes_.size(), kProgressStride);
+    while (cursor < bytes_.size() && steps.goOn(cursor)) {
         const auto token = tokens_.next(cursor);
         if (!token)
             break;

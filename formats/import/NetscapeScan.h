@@ -8,6 +8,7 @@
 #include "formats/import/ScannedTexts.h"
 #include "model/Bookmark.h"
 #include "platform/BaseServices.h"
+#include "platform/Progress.h"
 
 #include <optional>
 #include <string_view>
@@ -22,8 +23,9 @@ public:
     /// it may be null and is kept up to date.
     NetscapeScan(std::string_view bytes, const BaseServices& services, Ref<Bookmark>& lastItem);
 
-    /// The root folder with everything that was found. Call it once.
-    Ref<Bookmark> run();
+    /// The root folder with everything that was found, up to where the user cancelled. Call it once.
+    /// `progress` may be null.
+    Ref<Bookmark> run(Progress* progress = nullptr);
 
     /// How many bytes were searched and decoded, those counted twice that were gone over twice: at most a
     /// small multiple of the file, whatever it holds.

@@ -4,8 +4,9 @@
 
 namespace tabulon {
 
-Ref<Bookmark> NetscapeScanner::scan(std::string_view bytes, const BaseServices& services) {
-    return NetscapeScan(bytes, services, lastItem_).run();
+Ref<Bookmark> NetscapeScanner::scan(std::string_view bytes, const BaseServices& services,
+                                    Progress* progress) {
+    return NetscapeScan(bytes, services, lastItem_).run(progress);
 }
 
 } // namespace tabulon

@@ -4,6 +4,7 @@
 
 #include "model/Bookmark.h"
 #include "platform/BaseServices.h"
+#include "platform/Progress.h"
 
 #include <string_view>
 
@@ -18,7 +19,7 @@ public:
     /// and keeps what there was; so do links that repeat a far address (the next one for each of them) beyond
     /// `LinkTargets::kMostRepeatedBytes`. Time and memory are linear in the size of `bytes`; nothing is kept
     /// of it.
-    Ref<Bookmark> scan(std::string_view bytes, const BaseServices& services);
+    Ref<Bookmark> scan(std::string_view bytes, const BaseServices& services, Progress* progress = nullptr);
 
 private:
     Ref<Bookmark> lastItem_;

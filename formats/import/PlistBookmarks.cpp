@@ -11,6 +11,8 @@ namespace {
 using Object = PropertyList::Object;
 using Kind = PropertyList::Kind;
 
+constexpr std::size_t kProgressStride = 4096; // entries and their keys
+
 // What one browser's entries mean.
 class EntryReader {
 public:
@@ -127,8 +129,9 @@ private:
 
 class Walk {
 public:
-    Walk(const PropertyList& list, const EntryReader& entries, Date now)
-        : list_(list), entries_(entries), now_(now), budget_(8 * std::uint64_t{list.size()} + 4096) {}
+    Walk(const PropertyList& list, const EntryReader& entries, Date now, Progress* progress)
+        : list_(list), entries_(entries), now_(now), wholeBudget_(8 * std::uint64_t{list.size()} + 4096),
+          budget_(wholeBudget_), progress_(progress, list.size(), kProgressStride) {}
 
     Result<Ref<Bookmark>> run() {
         Ref<Bookmark> root = newFolder();
@@ -143,6 +146,8 @@ public:
             const Object entry = list_.element(level.entries, level.next++);
             if (!charge(entry))
                 return failure("The file is damaged: folders of its property list contain each other.");
+            if (!progress_.goOn(wholeBudget_ - budget_))
+                return cancelledByUser();
             take(entry, *level.parent);
         }
         return root;
@@ -197,26 +202,31 @@ private:
     const PropertyList& list_;
     const EntryReader& entries_;
     const Date now_;
+    const std::uint64_t wholeBudget_;
     std::uint64_t budget_;
+    ProgressSteps progress_;
     std::vector<Level> levels_;
 };
 
 template <class Entries>
-Result<Ref<Bookmark>> readBookmarks(std::string_view bytes, const BaseServices& services) {
+Result<Ref<Bookmark>> readBookmarks(std::string_view bytes, const BaseServices& services,
+                                    Progress* progress) {
     const Result<PropertyList> list = PropertyList::open(bytes);
     if (!list)
         return tl::unexpected(list.error());
-    return Walk(*list, Entries(*list, services), Date::now(services.clock)).run();
+    return Walk(*list, Entries(*list, services), Date::now(services.clock), progress).run();
 }
 
 } // namespace
 
-Result<Ref<Bookmark>> readSafariBookmarks(std::string_view bytes, const BaseServices& services) {
-    return readBookmarks<SafariEntries>(bytes, services);
+Result<Ref<Bookmark>> readSafariBookmarks(std::string_view bytes, const BaseServices& services,
+                                          Progress* progress) {
+    return readBookmarks<SafariEntries>(bytes, services, progress);
 }
 
-Result<Ref<Bookmark>> readICabBookmarks(std::string_view bytes, const BaseServices& services) {
-    return readBookmarks<ICabEntries>(bytes, services);
+Result<Ref<Bookmark>> readICabBookmarks(std::string_view bytes, const BaseServices& services,
+                                        Progress* progress) {
+    return readBookmarks<ICabEntries>(bytes, services, progress);
 }
 
 } // namespace tabulon

@@ -4,6 +4,7 @@
 #include "model/Bookmark.h"
 #include "model/Error.h"
 #include "platform/BaseServices.h"
+#include "platform/Progress.h"
 
 #include <string_view>
 
@@ -13,7 +14,9 @@ namespace tabulon {
 /// property list, binary and XML, are read. A value of an unexpected kind counts as absent. Safari's entries
 /// carry no dates. Fails with a sentence for what is no property list, or one whose folders contain each
 /// other; linear, without recursion.
-Result<Ref<Bookmark>> readSafariBookmarks(std::string_view bytes, const BaseServices& services);
-Result<Ref<Bookmark>> readICabBookmarks(std::string_view bytes, const BaseServices& services);
+Result<Ref<Bookmark>> readSafariBookmarks(std::string_view bytes, const BaseServices& services,
+                                          Progress* progress = nullptr);
+Result<Ref<Bookmark>> readICabBookmarks(std::string_view bytes, const BaseServices& services,
+                                        Progress* progress = nullptr);
 
 } // namespace tabulon

@@ -12,6 +12,7 @@ namespace {
 constexpr std::size_t npos = ScannedBytes::npos;
 /// How far before an "@" the beginning of its word is looked for.
 constexpr std::size_t kReach = 512;
+constexpr std::size_t kProgressStride = 64 << 10; // bytes
 
 constexpr std::string_view kDelimiters("\0\t\n\r \"'(),;<>", 13);
 
@@ -53,11 +54,12 @@ public:
     TextScan(std::string_view bytes, const BaseServices& services)
         : bytes_(bytes), now_(Date::now(services.clock)), untitled_(services.texts.text("Untitled")) {}
 
-    Ref<Bookmark> run() {
+    Ref<Bookmark> run(Progress* progress) {
         Ref<Bookmark> root = Bookmark::init(now_);
         root->makeParent();
         root->setItemName("Master");
-        for (std::size_t cursor = 0; cursor < bytes_.size();) {
+        ProgressSteps steps(progress, bytes_.size(), kProgressStride);
+        for (std::size_t cursor = 0; cursor < bytes_.size() && steps.goOn(cursor);) {
             const std::size_t next = scanOne(*root, cursor);
             if (next == npos)
                 break;
@@ -142,8 +144,8 @@ private:
 
 } // namespace
 
-Ref<Bookmark> scanText(std::string_view bytes, const BaseServices& services) {
-    return TextScan(bytes, services).run();
+Ref<Bookmark> scanText(std::string_view bytes, const BaseServices& services, Progress* progress) {
+    return TextScan(bytes, services).run(progress);
 }
 
 } // namespace tabulon

@@ -4,6 +4,7 @@
 
 #include "model/Bookmark.h"
 #include "platform/BaseServices.h"
+#include "platform/Progress.h"
 
 #include <string_view>
 
@@ -13,6 +14,6 @@ namespace tabulon {
 /// "Master" with a link for each word that holds "://", "mailto:" (in any case), "@" or "/info-mac/", in the
 /// order of the text, all of them called "Untitled"; no children when there was nothing. A word ends at white
 /// space, quotes, parentheses, comma, semicolon, angle brackets and NUL. Linear; nothing is kept of `bytes`.
-Ref<Bookmark> scanText(std::string_view bytes, const BaseServices& services);
+Ref<Bookmark> scanText(std::string_view bytes, const BaseServices& services, Progress* progress = nullptr);
 
 } // namespace tabulon

@@ -16,6 +16,8 @@ using pugi::xml_node;
 constexpr unsigned kParseFlags = pugi::parse_default | pugi::parse_declaration | pugi::parse_doctype |
                                  pugi::parse_comments | pugi::parse_pi;
 
+constexpr std::size_t kProgressStride = 64 << 10; // bytes
+
 // The text of an element whose first child is a text, else null.
 Text firstText(xml_node element) {
     const xml_node first = element.first_child();
@@ -33,9 +35,11 @@ xml_node firstElementIn(xml_node parent) {
 
 class XBELWalk {
 public:
-    explicit XBELWalk(const BaseServices& services) : now_(Date::now(services.clock)) {}
+    /// `size` is that of the file in bytes.
+    XBELWalk(const BaseServices& services, std::size_t size, Progress* progress)
+        : now_(Date::now(services.clock)), progress_(progress, size, kProgressStride) {}
 
-    Ref<Bookmark> run(xml_node first) {
+    Result<Ref<Bookmark>> run(xml_node first) {
         Ref<Bookmark> root = newFolder();
         root->setItemName("Master");
         lists_.push_back({first, root.get()});
@@ -47,6 +51,8 @@ public:
                 continue;
             }
             list.next = node.next_sibling();
+            if (!progress_.goOn(static_cast<std::size_t>(node.offset_debug())))
+                return cancelledByUser();
             if (node.type() == pugi::node_element)
                 take(node, *list.folder);
         }
@@ -115,12 +121,13 @@ private:
     }
 
     const Date now_;
+    ProgressSteps progress_;
     std::vector<List> lists_;
 };
 
 } // namespace
 
-Result<Ref<Bookmark>> readXBEL(std::string_view bytes, const BaseServices& services) {
+Result<Ref<Bookmark>> readXBEL(std::string_view bytes, const BaseServices& services, Progress* progress) {
     std::string buffer(bytes);
     pugi::xml_document document;
     const pugi::xml_parse_result parsed =
@@ -132,7 +139,7 @@ Result<Ref<Bookmark>> readXBEL(std::string_view bytes, const BaseServices& servi
         return failure(
             "The file is no XBEL: it has neither an XML declaration nor a document type in front of its "
             "bookmarks, or no bookmarks.");
-    return XBELWalk(services).run(start);
+    return XBELWalk(services, bytes.size(), progress).run(start);
 }
 
 } // namespace tabulon

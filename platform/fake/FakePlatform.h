@@ -3,6 +3,7 @@
 
 #include "platform/Platform.h"
 #include "platform/fake/FakeBaseServices.h"
+#include "platform/fake/FakeBrowserStores.h"
 #include "platform/fake/FakeDesktop.h"
 #include "platform/fake/FakeTimers.h"
 #include "platform/fake/MemoryFileStore.h"
@@ -17,11 +18,23 @@ struct FakePlatform {
     MemoryFileStore files;
     FakeFolderReferences folders;
     FakeRecoveryFolders recovery;
+    FakeBrowserStores stores;
     FakeTimers timers;
     MemoryUserDefaults state;
 
-    Platform platform() {
-        return {base.services(), alerts, panels, progress, files, folders, recovery, timers, state};
+    Platform platform() { return platformIn(base.texts); }
+    /// The same with texts of another language.
+    Platform platformIn(Localization& texts) {
+        return {{base.clock, base.defaults, texts, base.log},
+                alerts,
+                panels,
+                progress,
+                files,
+                folders,
+                recovery,
+                stores,
+                timers,
+                state};
     }
 };
 

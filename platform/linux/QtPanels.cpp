@@ -54,6 +54,8 @@ void QtPanels::beginOpenPanel(const OpenPanel& panel, OpenDone done) {
         filters << nameFilter(kind);
     if (!filters.isEmpty())
         dialog->setNameFilters(filters);
+    if (!panel.selectedFile.empty())
+        dialog->selectFile(QFile::decodeName(panel.selectedFile.c_str()));
     run(dialog, lastFolder_, std::move(done));
 }
 

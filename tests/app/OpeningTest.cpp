@@ -205,15 +205,7 @@ TEST_F(OpeningTest, TheButtonOfTheNoLinksAlertIsTheSameInEveryLanguage) {
         std::string text(std::string_view key) const override { return "la " + std::string(key); }
         std::string locale() const override { return "eo"; }
     } texts;
-    const Platform esperanto{{base.clock, base.defaults, texts, base.log},
-                             alerts,
-                             panels,
-                             files,
-                             folders,
-                             recovery,
-                             timers,
-                             state};
-    AppDelegate other(esperanto, windows, "1.2.3");
+    AppDelegate other(platformIn(texts), windows, "1.2.3");
     EXPECT_EQ(other.scanNetscape("nothing"), nullptr);
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "la EmptyScan");

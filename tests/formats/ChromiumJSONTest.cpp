@@ -18,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using Read = Result<Ref<Bookmark>> (*)(std::string_view, const BaseServices&);
+using Read = decltype(&readChromiumBookmarks);
 
 std::string withRoots(const std::string& roots) {
     return R"({"checksum": "x", "roots": {)" + roots + R"(}, "version": 1})";
@@ -27,7 +27,7 @@ std::string withRoots(const std::string& roots) {
 class ChromiumJSON : public testing::Test {
 protected:
     Ref<Bookmark> read(Read reader, const std::string& json) {
-        auto tree = reader(json, fakes.services());
+        auto tree = reader(json, fakes.services(), nullptr);
         EXPECT_TRUE(tree) << json;
         return tree ? *tree : Bookmark::initEmpty();
     }
@@ -155,7 +155,7 @@ TEST_F(ChromiumJSON, withoutRootsNothingIsImportedAndNoAlertIsShown) {
     for (const Read reader : {readChromiumBookmarks, readOperaBookmarks})
         for (const char* json : {"{}", "[]", R"({"roots": []})", R"({"roots": {}, "roots": null})",
                                  R"({"x": {"roots": {}}})", R"([{"roots": {}}])"}) {
-            const auto tree = reader(json, fakes.services());
+            const auto tree = reader(json, fakes.services(), nullptr);
             ASSERT_FALSE(tree) << json;
             EXPECT_EQ(tree.error().domain, ErrorDomain::Cocoa);
             EXPECT_EQ(tree.error().code, kUserCancelledError);

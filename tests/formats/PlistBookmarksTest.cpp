@@ -13,7 +13,7 @@
 namespace tabulon {
 namespace {
 
-using Read = Result<Ref<Bookmark>> (*)(std::string_view, const BaseServices&);
+using Read = decltype(&readSafariBookmarks);
 
 std::string key(const std::string& name, const std::string& text) {
     return "<key>" + name + "</key><string>" + text + "</string>";
@@ -32,8 +32,8 @@ class PlistBookmarks : public testing::Test {
 protected:
     Ref<Bookmark> read(Read reader, const std::string& entries) {
         const std::string xml = list(folder("", entries));
-        const auto tree = reader(xml, fakes.services());
-        const auto binary = reader(*binaryPlistFromXml(xml), fakes.services());
+        const auto tree = reader(xml, fakes.services(), nullptr);
+        const auto binary = reader(*binaryPlistFromXml(xml), fakes.services(), nullptr);
         EXPECT_TRUE(tree && binary) << xml;
         if (!tree || !binary)
             return Bookmark::initEmpty();
@@ -117,7 +117,7 @@ TEST_F(PlistBookmarks, emptyChildrenMakeAnEmptyFolder) {
 TEST_F(PlistBookmarks, withoutChildrenAtTheTopTheTreeIsEmpty) {
     for (const char* top : {"<dict/>", "<array/>", "<dict><key>Children</key><string>x</string></dict>"})
         for (const Read reader : {readSafariBookmarks, readICabBookmarks}) {
-            const auto tree = reader(list(top), fakes.services());
+            const auto tree = reader(list(top), fakes.services(), nullptr);
             ASSERT_TRUE(tree) << top;
             EXPECT_EQ(count(**tree), 0u);
         }

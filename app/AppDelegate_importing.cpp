@@ -1,0 +1,152 @@
+// The Import menu: panels by which people name the files, what they are told, and the new documents.
+#include "app/AppDelegate.h"
+#include "app/SharedAlerts.h"
+
+#include <filesystem>
+
+namespace tabulon {
+
+void AppDelegate::addImportActions() {
+    for (const ImportFormat& format : importFormats())
+        actions_.add(format.action, [this, &format](const MenuItem&) { beginImport(format); });
+    for (const char* action : {"importFirefox:", "importTor:"})
+        actions_.add(action, [this](const MenuItem&) { firefoxAlert(); });
+}
+
+Menu AppDelegate::importMenu() {
+    Menu menu;
+    const auto add = [&](std::string_view titleKey, std::string_view action, std::string_view browser) {
+        MenuItem item = command(titleKey, std::string(action));
+        // What people have comes with a mark.
+        if (const auto found = platform_.browsers.bookmarkFiles(browser); !found.empty()) {
+            item.imageName = "validStatus";
+            item.toolTip = platform_.base.texts.format("BrowserFound", decodeUtf8Leniently(found.front()));
+        }
+        menu.items.push_back(std::move(item));
+    };
+    bool lastIsBrowser = false;
+    for (const ImportFormat& format : importFormats()) {
+        if (lastIsBrowser && format.browser.empty()) {
+            add("MenuImportFirefox", "importFirefox:", "org.mozilla.Firefox");
+            add("MenuImportTor", "importTor:", {});
+            menu.items.push_back(MenuItem::makeSeparator());
+        }
+        lastIsBrowser = !format.browser.empty();
+        add(format.titleKey, format.action, format.browser);
+    }
+    return menu;
+}
+
+// What the panels enable while filters are set; everything where none is.
+std::vector<FileKind> AppDelegate::kindsThatPanelsEnable() const {
+    std::vector<FileKind> kinds;
+    const auto add = [&](PanelFilter filter, std::string_view labelKey) {
+        if (!panelFilters_.contains(filter))
+            return;
+        const auto extensions = extensionsOf(filter);
+        kinds.push_back({platform_.base.texts.text(labelKey), {extensions.begin(), extensions.end()}});
+    };
+    add(PanelFilter::XBEL, "XBELFiles");
+    add(PanelFilter::HTML, "BookmarkHTMLFiles");
+    return kinds;
+}
+
+void AppDelegate::beginImport(const ImportFormat& format) {
+    const Localization& texts = platform_.base.texts;
+    OpenPanel panel{.message = texts.format(format.messageKey, std::string(format.fileName)),
+                    .prompt = texts.text("Select"),
+                    .document = documentController_.currentDocument()};
+    if (!format.browser.empty()) {
+        const auto found = platform_.browsers.bookmarkFiles(format.browser);
+        panel.selectedFile = found.empty() ? std::string() : found.front();
+        panel.directory = found.empty() ? platform_.browsers.folderOfForeignFiles()
+                                        : std::filesystem::path(found.front()).parent_path().string();
+    }
+    if (format.filter != PanelFilter::None) {
+        panelFilters_.insert(format.filter);
+        panel.kinds = kindsThatPanelsEnable();
+    }
+    platform_.panels.beginOpenPanel(panel, [this, &format](const std::vector<std::string>& paths) {
+        if (!format.keepsFilter)
+            panelFilters_.erase(format.filter);
+        if (!paths.empty())
+            importFile(format, paths.front());
+    });
+}
+
+void AppDelegate::importFile(const ImportFormat& format, const std::string& path) {
+    const Localization& texts = platform_.base.texts;
+    if (!format.fileName.empty() && lastPathComponent(path) != format.fileName)
+        return importErrorAlert(platform_, texts.format(format.messageKey, std::string(format.fileName)));
+    const Result<std::string> bytes = platform_.files.readFile(path);
+    if (!bytes) {
+        if (format.tellsUnreadable)
+            importFailureAlert(format, path, bytes.error());
+        return;
+    }
+    Result<Ref<Bookmark>> root = [&] {
+        const auto progress =
+            platform_.progress.begin({.message = texts.format("Importing", lastPathComponent(path)),
+                                      .document = documentController_.currentDocument()});
+        return format.read(*bytes, {platform_.base, scanner_, progress.get()});
+    }();
+    if (!root)
+        return importFailureAlert(format, path, root.error());
+    showImported(format, std::move(*root));
+}
+
+void AppDelegate::importFailureAlert(const ImportFormat& format, const std::string& path,
+                                     const Error& error) {
+    if (isCancelledByUser(error))
+        return;
+    const Localization& texts = platform_.base.texts;
+    switch (format.failure) {
+    case ImportFailure::IsSilent:
+        return;
+    case ImportFailure::IsDetailed:
+        return detailedErrorAlert(platform_, error.code, lastPathComponent(path),
+                                  texts.format("CouldNotOpen", lastPathComponent(path)) + ".", error.message);
+    case ImportFailure::IsLocalized:
+        return importErrorAlert(platform_, texts.text(format.failureText));
+    case ImportFailure::IsFixed:
+        return importErrorAlert(platform_, std::string(format.failureText));
+    }
+}
+
+Document* AppDelegate::showImported(const ImportFormat& format, Ref<Bookmark> root) {
+    if (format.empty == EmptyImport::IsTold && !root->hasChildren()) {
+        noURLs(platform_);
+        return nullptr;
+    }
+    Document* document = newMasterDocument(std::move(root));
+    if (document && !format.source.empty())
+        documentController_.getViewController(*document)->setWindowTitle(
+            platform_.base.texts.format("ImportedBookmarks", std::string(format.source)));
+    return document;
+}
+
+Document* AppDelegate::scanNetscape(std::string_view bytes) {
+    return showImported(*importFormatNamed("html"), scanner_.scan(bytes, platform_.base));
+}
+
+Document* AppDelegate::newMasterDocument(Ref<Bookmark> root) {
+    Document* document = documentController_.openUntitledDocumentAndDisplay();
+    if (!document)
+        return nullptr;
+    root->setShowHier(true);
+    document->setMaster(std::move(root));
+    document->updateUI();
+    document->updateChangeCount(ChangeKind::Done);
+    return document;
+}
+
+void AppDelegate::firefoxAlert() {
+    const Localization& texts = platform_.base.texts;
+    platform_.alerts.runModal(
+        Alert{.message = "Direct Import of Firefox or Tor bookmarks is currently not supported.",
+              .informative = "Please use Firefox -> Show All Bookmarks -> Export Bookmarks to HTML and then "
+                             "Tabulon -> Import -> Bookmarks HTML File.",
+              .buttons = {{texts.text("OK")}, {texts.text("Cancel")}}});
+}
+
+} // namespace tabulon
