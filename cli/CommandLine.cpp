@@ -65,7 +65,7 @@ void addExport(CLI::App& app, Request& request) {
 
 void addShow(CLI::App& app, Request& request) {
     CLI::App* verb = app.add_subcommand("show", "Print the tree of a document, one line a node");
-    verb->add_flag("--json", request.json, "Print the whole tree as JSON instead");
+    verb->add_flag("--json", request.json, "Print the whole tree as JSON instead")->disable_flag_override();
     verb->add_option("INPUT", request.input, "The document to read, - for standard input")->required();
     verb->callback([&] {
         request.verb = [&](const Session& session) {
@@ -129,7 +129,11 @@ int explain(const CLI::App& app, const CLI::ParseError& error, const Environment
     std::ostringstream problems;
     if (app.exit(error, help, problems) == 0)
         return finish(environment.writeStandardOutput(help.str()), environment);
-    complain(environment, std::string(error.what()) + " (tabulon-cli --help tells more)");
+    const std::vector<std::string> unknown = app.remaining();
+    const std::string problem = app.get_subcommands().empty() && !unknown.empty()
+                                    ? "There is no command " + unknown.front()
+                                    : error.what();
+    complain(environment, problem + " (tabulon-cli --help tells more)");
     return kWrongUsage;
 }
 

@@ -46,6 +46,18 @@ protected:
     test::Tool tool;
 };
 
+TEST_F(CommandLineTest, anUnknownCommandIsNamed) {
+    expectWrongUsage({"sohw", "d.tbln"});
+    EXPECT_THAT(tool.error, testing::HasSubstr("There is no command sohw"));
+    expectWrongUsage({});
+    EXPECT_THAT(tool.error, testing::Not(testing::HasSubstr("There is no command")));
+}
+
+TEST_F(CommandLineTest, aSwitchTakesNoValue) {
+    makeDocument();
+    expectWrongUsage({"show", "--json=false", "d.tbln"});
+}
+
 TEST_F(CommandLineTest, makeAndShowAreInverse) {
     makeDocument();
     ASSERT_EQ(tool.run({"show", "--json", "d.tbln"}), 0);
