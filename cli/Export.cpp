@@ -10,7 +10,7 @@ Result<void> exportFile(const Session& session, const std::string& format, const
     if (!document)
         return tl::unexpected(document.error());
     const Result<std::string> bytes =
-        exportFormatNamed(format)->write((*document)->getMaster(), session.services);
+        exportFormatNamed(format)->write((*document)->getMaster(), session.services, nullptr);
     if (!bytes)
         return failure(input + ": " + bytes.error().message);
     return session.write(output, *bytes);

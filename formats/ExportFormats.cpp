@@ -22,17 +22,17 @@ const Collation* pointerTo(const std::optional<Collation>& collation) {
     return collation ? &*collation : nullptr;
 }
 
-Result<std::string> writeHTML(const Bookmark& master, const BaseServices& services) {
+Result<std::string> writeHTML(const Bookmark& master, const BaseServices& services, Progress* progress) {
     const std::optional<Collation> collation = sorting(services);
-    return exportToHTML(master, {.sortByName = pointerTo(collation)});
+    return exportToHTML(master, {.sortByName = pointerTo(collation), .progress = progress});
 }
 
-Result<std::string> writeXBEL(const Bookmark& master, const BaseServices& services) {
+Result<std::string> writeXBEL(const Bookmark& master, const BaseServices& services, Progress* progress) {
     const std::optional<Collation> collation = sorting(services);
-    return exportToXBEL(master, {.sortByName = pointerTo(collation)});
+    return exportToXBEL(master, {.sortByName = pointerTo(collation), .progress = progress});
 }
 
-Result<std::string> writeText(const Bookmark& master, const BaseServices& services) {
+Result<std::string> writeText(const Bookmark& master, const BaseServices& services, Progress* progress) {
     const std::optional<Collation> collation = sorting(services);
     const UserDefaults& defaults = services.defaults;
     return exportToText(master, {.name = defaults.boolForKey("ExportName"),
@@ -41,7 +41,8 @@ Result<std::string> writeText(const Bookmark& master, const BaseServices& servic
                                  .note = defaults.boolForKey("ExportNote"),
                                  .skipFolders = defaults.boolForKey("SkipFolders"),
                                  .skipSeparators = defaults.boolForKey("SkipSeparators"),
-                                 .sort = pointerTo(collation)});
+                                 .sort = pointerTo(collation),
+                                 .progress = progress});
 }
 
 constexpr auto kHTMLOptions = std::to_array<std::string_view>({"ExportSortName", "SaveAsHTML"});

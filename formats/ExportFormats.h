@@ -5,6 +5,7 @@
 #include "model/Bookmark.h"
 #include "model/Error.h"
 #include "platform/BaseServices.h"
+#include "platform/Progress.h"
 
 #include <span>
 #include <string>
@@ -21,8 +22,9 @@ struct ExportFormat {
     std::string_view extension;
     /// The keys of the settings that say how it is written.
     std::span<const std::string_view> options;
-    /// The whole file for the children of `master`, as the settings say. Fails with a sentence.
-    Result<std::string> (*write)(const Bookmark& master, const BaseServices& services);
+    /// The whole file for the children of `master`, as the settings say. `progress` is told how far it is;
+    /// null when nobody watches. Fails with a sentence.
+    Result<std::string> (*write)(const Bookmark& master, const BaseServices& services, Progress* progress);
 };
 
 /// In the order in which they are offered: HTML, XBEL, text.

@@ -1,6 +1,7 @@
 #include "formats/export/NetscapeHTML.h"
 
 #include "formats/XmlEntities.h"
+#include "formats/export/ExportSteps.h"
 #include "formats/export/ExportText.h"
 #include "formats/export/SiblingOrder.h"
 #include "model/TreeWalk.h"
@@ -58,12 +59,14 @@ tl::unexpected<Error> tooLarge() {
 // be written, the next one last.
 class HTMLExport {
 public:
-    explicit HTMLExport(const HTMLExportOptions& options)
-        : sortByName_(options.sortByName), mostBytes_(options.mostBytes) {}
+    HTMLExport(const Bookmark& master, const HTMLExportOptions& options)
+        : master_(master), sortByName_(options.sortByName), mostBytes_(options.mostBytes),
+          steps_(options.progress, master,
+                 options.sortByName ? ExportOrder::Sorted : ExportOrder::AsInTheTree) {}
 
-    Result<std::string> run(const Bookmark& master) {
+    Result<std::string> run() {
         text_ = kHeader;
-        beginList(master);
+        beginList(master_);
         while (!levels_.empty()) {
             if (text_.size() > mostBytes_)
                 return tooLarge();
@@ -74,6 +77,9 @@ public:
             const Bookmark& node = *pending_.back();
             pending_.pop_back();
             writeNode(node);
+            steps_.nodeWritten();
+            if (steps_.isCancelled())
+                return cancelledByUser();
         }
         if (text_.size() > mostBytes_)
             return tooLarge();
@@ -90,7 +96,7 @@ private:
         for (const Bookmark* child : *folder.getChildren())
             pending_.push_back(child);
         if (sortByName_)
-            sortNodes(std::span(pending_).subspan(first), *sortByName_);
+            sortNodes(std::span(pending_).subspan(first), *sortByName_, steps_);
         std::reverse(pending_.begin() + static_cast<std::ptrdiff_t>(first), pending_.end());
         doIndent(text_, level());
         text_ += "<DL><p>\n";
@@ -159,8 +165,10 @@ private:
         appendXmlEscaped(text_, node.itemName().view());
     }
 
+    const Bookmark& master_;
     const Collation* sortByName_;
     std::size_t mostBytes_;
+    ExportSteps steps_;
     std::string text_;
     std::vector<const Bookmark*> pending_;
     std::vector<std::size_t> levels_;
@@ -193,7 +201,7 @@ std::uint64_t indentsBelow(const Bookmark& master) {
 Result<std::string> exportToHTML(const Bookmark& master, const HTMLExportOptions& options) {
     if (indentsBelow(master) > options.mostBytes)
         return failure("The folders are nested too deep for an HTML file: its indents alone would fill it.");
-    return HTMLExport(options).run(master);
+    return HTMLExport(master, options).run();
 }
 
 } // namespace tabulon

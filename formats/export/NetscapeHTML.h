@@ -5,6 +5,7 @@
 #include "model/Bookmark.h"
 #include "model/Collation.h"
 #include "model/Error.h"
+#include "platform/Progress.h"
 
 #include <cstddef>
 #include <string>
@@ -19,6 +20,8 @@ struct HTMLExportOptions {
     /// Sort every level by name with this collation; null keeps the tree's order. Not owned.
     const Collation* sortByName = nullptr;
     std::size_t mostBytes = kMostHTMLBytes;
+    /// Told how far the export is; null when nobody watches. Not owned.
+    Progress* progress = nullptr;
 };
 
 /// The whole file for the children of `master`, UTF-8, every line ended by a line feed. Tags, label, browser,

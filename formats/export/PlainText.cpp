@@ -1,5 +1,6 @@
 #include "formats/export/PlainText.h"
 
+#include "formats/export/ExportSteps.h"
 #include "formats/export/ExportText.h"
 #include "formats/export/SiblingOrder.h"
 #include "model/TreeWalk.h"
@@ -13,13 +14,15 @@ namespace {
 
 class TextExport {
 public:
-    explicit TextExport(const TextExportOptions& options) : options_(options) {}
+    TextExport(const Bookmark& master, const TextExportOptions& options)
+        : master_(master), options_(options),
+          steps_(options.progress, master, options.sort ? ExportOrder::Sorted : ExportOrder::AsInTheTree) {}
 
-    Result<std::string> run(const Bookmark& master) {
+    Result<std::string> run() {
         if (options_.skipFolders)
-            addFlattened(master);
+            addFlattened(master_);
         else
-            addChildren(master);
+            addChildren(master_);
         while (!pending_.empty()) {
             if (text_.size() > options_.mostBytes)
                 return failure("The bookmarks are too many or too long for one text file.");
@@ -29,6 +32,9 @@ public:
                 writeLine(node);
             if (node.isFolder())
                 addChildren(node);
+            steps_.nodeWritten();
+            if (steps_.isCancelled())
+                return cancelledByUser();
         }
         return std::move(text_);
     }
@@ -55,7 +61,7 @@ private:
     // Puts the nodes from `first` on into the order in which they are taken off again, last first.
     void order(std::size_t first) {
         if (options_.sort)
-            sortNodes(std::span(pending_).subspan(first), *options_.sort,
+            sortNodes(std::span(pending_).subspan(first), *options_.sort, steps_,
                       options_.name ? SortText::Name : SortText::URL);
         std::reverse(pending_.begin() + static_cast<std::ptrdiff_t>(first), pending_.end());
     }
@@ -76,7 +82,9 @@ private:
         text_ += '\t';
     }
 
+    const Bookmark& master_;
     const TextExportOptions options_;
+    ExportSteps steps_;
     std::string text_;
     std::vector<const Bookmark*> pending_; // the next one last
 };
@@ -84,7 +92,7 @@ private:
 } // namespace
 
 Result<std::string> exportToText(const Bookmark& master, const TextExportOptions& options) {
-    return TextExport(options).run(master);
+    return TextExport(master, options).run();
 }
 
 } // namespace tabulon

@@ -5,6 +5,7 @@
 #include "model/Bookmark.h"
 #include "model/Collation.h"
 #include "model/Error.h"
+#include "platform/Progress.h"
 
 #include <cstddef>
 #include <string>
@@ -27,6 +28,8 @@ struct TextExportOptions {
     /// Sort each list by name, or by URL where names are not written; null keeps the tree's order. Not owned.
     const Collation* sort = nullptr;
     std::size_t mostBytes = kMostTextBytes;
+    /// Told how far the export is; null when nobody watches. Not owned.
+    Progress* progress = nullptr;
 };
 
 /// The text for the children of `master`, UTF-8, every line ended by a line feed: a folder's line, then those

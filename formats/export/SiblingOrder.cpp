@@ -6,16 +6,50 @@
 #include <vector>
 
 namespace tabulon {
+namespace {
 
-void sortNodes(std::span<const Bookmark*> nodes, const Collation& collation, SortText text) {
-    std::vector<std::pair<std::string, const Bookmark*>> keyed;
+using KeyedNode = std::pair<std::string, const Bookmark*>;
+
+// So many keys are sorted in about a hundredth of a second.
+constexpr std::size_t kBlock = 32768;
+
+// A stable sort that hears of being cancelled: blocks, and then ever larger runs of them.
+void sortByKey(std::vector<KeyedNode>& keyed, ExportSteps& steps) {
+    const auto place = [&](std::size_t index) {
+        return keyed.begin() + static_cast<std::ptrdiff_t>(std::min(index, keyed.size()));
+    };
+    const auto less = [](const KeyedNode& a, const KeyedNode& b) { return a.first < b.first; };
+    for (std::size_t first = 0; first < keyed.size(); first += kBlock) {
+        std::stable_sort(place(first), place(first + kBlock), less);
+        steps.keysSorted(std::min(kBlock, keyed.size() - first));
+        if (steps.isCancelled())
+            return;
+    }
+    for (std::size_t run = kBlock; run < keyed.size(); run *= 2)
+        for (std::size_t first = 0; first + run < keyed.size(); first += 2 * run) {
+            std::inplace_merge(place(first), place(first + run), place(first + 2 * run), less);
+            steps.tell();
+            if (steps.isCancelled())
+                return;
+        }
+}
+
+} // namespace
+
+void sortNodes(std::span<const Bookmark*> nodes, const Collation& collation, ExportSteps& steps,
+               SortText text) {
+    std::vector<KeyedNode> keyed;
     keyed.reserve(nodes.size());
     for (const Bookmark* node : nodes) {
         const Text& sorted = text == SortText::Name ? node->itemName() : node->itemURL();
         keyed.emplace_back(collation.sortKey(sorted.view()), node);
+        steps.keyMade();
+        if (steps.isCancelled())
+            return;
     }
-    std::ranges::stable_sort(keyed, {}, &std::pair<std::string, const Bookmark*>::first);
-    std::ranges::transform(keyed, nodes.begin(), &std::pair<std::string, const Bookmark*>::second);
+    sortByKey(keyed, steps);
+    if (!steps.isCancelled())
+        std::ranges::transform(keyed, nodes.begin(), &KeyedNode::second);
 }
 
 } // namespace tabulon

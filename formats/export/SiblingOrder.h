@@ -1,6 +1,7 @@
 // The order in which exports write nodes when they are to be sorted.
 #pragma once
 
+#include "formats/export/ExportSteps.h"
 #include "model/Bookmark.h"
 #include "model/Collation.h"
 
@@ -11,7 +12,8 @@ namespace tabulon {
 enum class SortText { Name, URL };
 
 /// Sorts ascending by the text, ignoring case, as the collation's language does; a missing text sorts as the
-/// empty one, equal ones keep their order.
-void sortNodes(std::span<const Bookmark*> nodes, const Collation& collation, SortText text = SortText::Name);
+/// empty one, equal ones keep their order. Once the user has cancelled nothing moves.
+void sortNodes(std::span<const Bookmark*> nodes, const Collation& collation, ExportSteps& steps,
+               SortText text = SortText::Name);
 
 } // namespace tabulon

@@ -1,6 +1,7 @@
 #include "formats/export/XBEL.h"
 
 #include "formats/XmlEntities.h"
+#include "formats/export/ExportSteps.h"
 #include "formats/export/ExportText.h"
 #include "formats/export/SiblingOrder.h"
 #include "model/TreeWalk.h"
@@ -22,11 +23,14 @@ constexpr std::string_view kHeader = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>
 // One export. The open lists are a stack; `pending_` has the nodes still to be written, the next one last.
 class XBELExport {
 public:
-    explicit XBELExport(const XBELExportOptions& options) : options_(options) {}
+    XBELExport(const Bookmark& master, const XBELExportOptions& options)
+        : master_(master), options_(options),
+          steps_(options.progress, master,
+                 options.sortByName ? ExportOrder::Sorted : ExportOrder::AsInTheTree) {}
 
-    Result<std::string> run(const Bookmark& master) {
+    Result<std::string> run() {
         text_ = kHeader;
-        beginList(master);
+        beginList(master_);
         while (!lists_.empty()) {
             if (text_.size() > options_.mostBytes)
                 return failure("The bookmarks are too many, too long or nested too deep for one XBEL file.");
@@ -37,6 +41,9 @@ public:
             const Bookmark& node = *pending_.back();
             pending_.pop_back();
             writeNode(node);
+            steps_.nodeWritten();
+            if (steps_.isCancelled())
+                return cancelledByUser();
         }
         text_ += "</xbel>\n";
         return std::move(text_);
@@ -52,7 +59,7 @@ private:
             for (const Bookmark* child : *children)
                 pending_.push_back(child);
         if (options_.sortByName)
-            sortNodes(std::span(pending_).subspan(first), *options_.sortByName);
+            sortNodes(std::span(pending_).subspan(first), *options_.sortByName, steps_);
         std::reverse(pending_.begin() + static_cast<std::ptrdiff_t>(first), pending_.end());
         lists_.push_back(first);
     }
@@ -134,7 +141,9 @@ private:
         text_ += ">\n";
     }
 
+    const Bookmark& master_;
     const XBELExportOptions options_;
+    ExportSteps steps_;
     std::string text_;
     std::vector<const Bookmark*> pending_;
     std::vector<std::size_t> lists_; // for each open list where in `pending_` its own nodes begin
@@ -159,7 +168,7 @@ std::uint64_t leastIndentsBelow(const Bookmark& master) {
 Result<std::string> exportToXBEL(const Bookmark& master, const XBELExportOptions& options) {
     if (leastIndentsBelow(master) > options.mostBytes)
         return failure("The folders are nested too deep for an XBEL file: its indents alone would fill it.");
-    return XBELExport(options).run(master);
+    return XBELExport(master, options).run();
 }
 
 } // namespace tabulon

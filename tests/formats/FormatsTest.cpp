@@ -17,7 +17,7 @@ protected:
         addLink(addFolder(*master, "Folder"), "a", "https://a/");
     }
     std::string written(std::string_view format) {
-        return exportFormatNamed(format)->write(*master, fakes.services()).value();
+        return exportFormatNamed(format)->write(*master, fakes.services(), nullptr).value();
     }
 
     FakeBaseServices fakes;
