@@ -74,13 +74,14 @@ Menu AppDelegate::mainMenu() {
 }
 
 Menu AppDelegate::fileMenu() {
-    return Menu{
-        .items = {command("MenuNew", "newDocument:", "n"), command("MenuOpen", "openDocument:", "o"),
-                  submenu("MenuOpenRecent", recentMenu()), MenuItem::makeSeparator(),
-                  command("MenuSave", "saveDocument:", "s"), command("MenuSaveAs", "saveDocumentAs:", "S"),
-                  command("MenuRevert", "revertDocumentToSaved:"), MenuItem::makeSeparator(),
-                  command("MenuExportHTML", "exportHTML:"), MenuItem::makeSeparator(),
-                  command("MenuClose", "performClose:", "w"), command("MenuQuit", "terminate:", "q")}};
+    return Menu{.items = {command("MenuNew", "newDocument:", "n"), command("MenuOpen", "openDocument:", "o"),
+                          submenu("MenuOpenRecent", recentMenu()), MenuItem::makeSeparator(),
+                          command("MenuSave", "saveDocument:", "s"),
+                          command("MenuSaveAs", "saveDocumentAs:", "S"),
+                          command("MenuRevert", "revertDocumentToSaved:"), MenuItem::makeSeparator(),
+                          command("MenuExport", "exportText:"), command("MenuSaveBookmark", "saveBookmark:"),
+                          MenuItem::makeSeparator(), command("MenuClose", "performClose:", "w"),
+                          command("MenuQuit", "terminate:", "q")}};
 }
 
 Menu AppDelegate::recentMenu() {

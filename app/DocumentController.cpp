@@ -29,8 +29,6 @@ void DocumentController::addActions() {
     actions_.add(
         "revertDocumentToSaved:", [this](const MenuItem&) { revertDocument(*current_); }, canRevert);
     actions_.add(
-        "exportHTML:", [this](const MenuItem&) { exportHTML(*current_); }, hasDocument);
-    actions_.add(
         "performClose:", [=, this](const MenuItem&) { closeDocument(*current_, nothing); }, hasDocument);
 }
 

@@ -36,7 +36,7 @@ public:
     DocumentController(const Platform& platform, DocumentWindowMaker& windows);
     ~DocumentController();
 
-    /// saveDocument:, saveDocumentAs:, revertDocumentToSaved:, exportHTML:, performClose:, all for the
+    /// saveDocument:, saveDocumentAs:, revertDocumentToSaved:, performClose:, all for the
     /// current document.
     const ActionTable& actions() const { return actions_; }
 
@@ -69,7 +69,6 @@ public:
     /// user decides first what becomes of it.
     void saveDocument(Document& document, const Done& done);
     void saveDocumentAs(Document& document, const Done& done);
-    void exportHTML(Document& document);
     /// Goes back to what the file holds, after a question. Requires a document with a file.
     void revertDocument(Document& document);
 

@@ -1,4 +1,4 @@
-// Writing documents: to their own file, to another one, as HTML. A failed write leaves the document changed
+// Writing documents: to their own file, to another one. A failed write leaves the document changed
 // and the file as it was.
 #include "app/DocumentController.h"
 #include "app/SaveTasks.h"
@@ -96,26 +96,6 @@ void DocumentController::saveDocumentAs(Document& document, const Done& done) {
         done(writeOrAlert(document, *path));
     };
     platform_.panels.beginSavePanel(panel, save);
-}
-
-void DocumentController::exportHTML(Document& document) {
-    const Localization& texts = platform_.base.texts;
-    const SavePanel panel{.message = texts.text("ExportFile"),
-                          .prompt = texts.text("Export"),
-                          .directory = folderOf(document),
-                          .proposedName = document.displayName(),
-                          .kind = {texts.text("BookmarkHTMLFiles"), {"html"}},
-                          .document = &document};
-    platform_.panels.beginSavePanel(panel, [this, &document](const std::optional<std::string>& path) {
-        const ViewController* controller = getViewController(document);
-        if (!path || !controller)
-            return;
-        const Result<std::string> html = controller->exportToHTML();
-        const Result<void> written = html ? platform_.files.writeFileAtomically(*path, *html)
-                                          : Result<void>(tl::unexpected(html.error()));
-        if (!written)
-            writeErrorAlert(platform_, "CouldNotExport", *path, written.error(), &document);
-    });
 }
 
 } // namespace tabulon

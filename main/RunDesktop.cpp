@@ -17,6 +17,7 @@
 #include "platform/linux/XdgFolderReferences.h"
 #include "platform/linux/XdgFolders.h"
 #include "platform/linux/XdgRecoveryFolders.h"
+#include "ui/ExportOptions.h"
 #include "ui/QtWindows.h"
 
 #include <QApplication>
@@ -70,6 +71,9 @@ int runDesktop(const LaunchArguments& arguments, SingleInstance& instance) {
     };
     QtAlerts alerts(windowFor);
     QtPanels panels(windowFor);
+    panels.makeAccessoryView = [&texts](const std::shared_ptr<PanelAccessory>& accessory) {
+        return makeAccessoryView(accessory, texts);
+    };
     QtProgressPanels progress(windowFor);
     XdgRecoveryFolders recovery(stateFolder() + "/unsaved");
     XdgBrowserStores browsers(files);

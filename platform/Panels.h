@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -30,6 +31,27 @@ struct OpenPanel {
     const Document* document = nullptr;
 };
 
+/// What an options area does to the save panel that it sits in.
+class SavePanelControl {
+public:
+    virtual ~SavePanelControl() = default;
+
+    /// From now on this is the kind of file that the panel offers; a name that ends in the extension of the
+    /// kind before gets the new one.
+    virtual void setAllowedFileType(const FileKind& kind) = 0;
+};
+
+/// An area of options in a save panel. Its view is found by its class.
+class PanelAccessory {
+public:
+    virtual ~PanelAccessory() = default;
+
+    /// The panel that it sits in now, or null when that is gone. Not owned.
+    virtual void setPanel(SavePanelControl* panel) = 0;
+    /// Its view was made. A panel that cannot show it never calls this.
+    virtual void viewDidLoad() = 0;
+};
+
 struct SavePanel {
     std::string message = {};
     std::string prompt = {};
@@ -37,6 +59,8 @@ struct SavePanel {
     /// Without an extension; the panel adds the one of `kind` when the user types none.
     std::string proposedName = {};
     FileKind kind = {};
+    /// Null for none.
+    std::shared_ptr<PanelAccessory> accessory = {};
     const Document* document = nullptr;
 };
 

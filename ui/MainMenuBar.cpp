@@ -11,23 +11,6 @@
 namespace tabulon {
 namespace {
 
-QString escaped(const std::string& title) {
-    return toQString(title).replace('&', "&&");
-}
-
-// The title with a mark before its first letter that no other title of the same menu has taken.
-QString withMnemonic(const std::string& title, QSet<QChar>& taken) {
-    QString text = escaped(title);
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const QChar letter = text[i].toLower();
-        if (!letter.isLetter() || taken.contains(letter))
-            continue;
-        taken.insert(letter);
-        return text.insert(i, '&');
-    }
-    return text;
-}
-
 void enableAll(QMenu* menu) {
     for (QAction* action : menu->actions())
         action->setEnabled(true);

@@ -53,6 +53,18 @@ QString oneLine(std::string_view utf8, int width) {
     return oneLine(utf8.substr(0, room)) + QChar(0x2026);
 }
 
+QString withMnemonic(std::string_view title, QSet<QChar>& taken) {
+    QString text = toQString(title).replace('&', "&&");
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar letter = text[i].toLower();
+        if (!letter.isLetter() || taken.contains(letter))
+            continue;
+        taken.insert(letter);
+        return text.insert(i, '&');
+    }
+    return text;
+}
+
 QString toolTipText(std::string_view utf8) {
     if (utf8.empty())
         return {};

@@ -5,6 +5,7 @@
 #include "model/Text.h"
 
 #include <QColor>
+#include <QSet>
 #include <QString>
 
 #include <optional>
@@ -22,6 +23,10 @@ QString oneLine(std::string_view utf8);
 /// As much of that as can be seen in `width` pixels, and an ellipsis if that is not all: texts far too long
 /// for their room cost no more time than others.
 QString oneLine(std::string_view utf8, int width);
+
+/// A title of a menu item, a button or the like, with a mark before its first letter that no other title
+/// beside it has taken; that letter is taken then. Titles hold no markup: an ampersand is shown.
+QString withMnemonic(std::string_view title, QSet<QChar>& taken);
 
 /// For a tool tip: the text as it is, never as markup, wrapped where it has long lines; empty for an empty
 /// text.

@@ -26,6 +26,10 @@ void ViewController::addActions() {
     actions_.add("collapseFolderPlus:", [this](const MenuItem&) { collapseFolderPlus(); });
     actions_.add("expandAll:", [this](const MenuItem&) { expandAll(); });
     actions_.add("collapseAll:", [this](const MenuItem&) { collapseAll(); });
+    actions_.add("exportText:", [this](const MenuItem&) { exportText(); });
+    actions_.add(
+        "saveBookmark:", [this](const MenuItem&) { saveBookmark(); },
+        [this](const MenuItem&) { return outline().selectedRow().has_value(); });
     actions_.add("selectAll:", [this](const MenuItem&) { outline().selectAll(); });
     actions_.add(
         "zoomIn:", [this](const MenuItem&) { zoomIn(); },

@@ -10,8 +10,11 @@
 #include "window/DocumentWindow.h"
 #include "window/VisibleRows.h"
 
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tabulon {
@@ -124,11 +127,26 @@ public:
     /// "3 bookmarks in 2 folders" for the whole document.
     std::string countsText();
 
-    // Export
+    // Export. The settings say how (formats/ExportFormats.h). It fails for a tree that is nested too deep or
+    // too large for such a file.
 
-    /// The document as a Netscape bookmark file, sorted by name where the setting "ExportSortName" says so.
-    /// Fails for a tree that is nested too deep for such a file.
+    /// The document as a Netscape bookmark file.
     Result<std::string> exportToHTML() const;
+    Result<std::string> exportToXBEL() const;
+    /// The document as tab-separated text.
+    Result<std::string> exportToText() const;
+    /// Asks in a panel for a file and for options, which become settings, and writes the document in the
+    /// format that the file's extension stands for. A file in HTML becomes that of the HTML copies where the
+    /// setting "SaveAsHTML" says so. A document that the format cannot hold is told in an alert; that the
+    /// file cannot be written is only logged.
+    void exportText();
+    /// Asks for a file for each selected bookmark that has a URL, in the order of the rows, until one panel
+    /// is cancelled.
+    void saveBookmark();
+    /// Asks for a file and writes the link into it (formats/export/LinkFile.h); `done`, if any, is told
+    /// whether the user has confirmed. Does nothing without a URL. That the file cannot be written is only
+    /// logged.
+    void saveBookmarkFile(const Bookmark& link, const std::function<void(bool confirmed)>& done = nullptr);
 
     // Alerts
 
@@ -161,6 +179,13 @@ private:
     Counts countNodes() const;
     void updateURL();
     void setURLFieldText(std::string text);
+    Result<std::string> exportTo(std::string_view format, Progress* progress = nullptr) const;
+    void exportToFile(const std::string& path);
+    void writeOrLog(const std::string& path, std::string_view bytes);
+    void exportAlert(const std::string& path, const Error& error);
+    void saveBookmarkFiles(std::vector<Ref<Bookmark>> links);
+    /// For what may be called after the controller is gone.
+    std::weak_ptr<const bool> life() const { return life_; }
 
     Document& document_;
     const Platform platform_;
@@ -171,6 +196,7 @@ private:
     std::optional<std::size_t> hoveredRow_;
     std::string urlFieldText_;
     std::string windowTitle_; // empty where it is the document's name
+    const std::shared_ptr<const bool> life_ = std::make_shared<const bool>(true);
 };
 
 } // namespace tabulon

@@ -1,11 +1,155 @@
-// The document in other formats. Files and panels are the application's.
+// The document in other formats, and single links as files: the commands with their panels, and what they
+// write. How it is written is the formats' affair.
 #include "formats/ExportFormats.h"
+#include "formats/export/LinkFile.h"
+#include "window/AccessoryViewController.h"
 #include "window/ViewController.h"
 
+#include <algorithm>
+#include <filesystem>
+#include <utility>
+
 namespace tabulon {
+namespace {
+
+constexpr std::string_view kSaveAsHTML = "SaveAsHTML";
+
+std::string extensionOf(const std::string& path) {
+    const std::string extension = std::filesystem::path(path).extension().string();
+    return extension.empty() ? extension : extension.substr(1);
+}
+
+std::string folderOf(const std::string& path) {
+    return std::filesystem::path(path).parent_path().string();
+}
+
+bool isOptionOf(const ExportFormat& format, std::string_view key) {
+    return std::ranges::find(format.options, key) != format.options.end();
+}
+
+bool canBeSaved(const Bookmark& item) {
+    return !item.itemURL().isEmpty();
+}
+
+} // namespace
 
 Result<std::string> ViewController::exportToHTML() const {
-    return exportFormatNamed("html")->write(getMaster(), platform_.base);
+    return exportTo("html");
+}
+
+Result<std::string> ViewController::exportToXBEL() const {
+    return exportTo("xbel");
+}
+
+Result<std::string> ViewController::exportToText() const {
+    return exportTo("text");
+}
+
+Result<std::string> ViewController::exportTo(std::string_view format, Progress* progress) const {
+    return exportFormatNamed(format)->write(getMaster(), platform_.base, progress);
+}
+
+void ViewController::exportText() {
+    const Localization& texts = platform_.base.texts;
+    const auto options = std::make_shared<AccessoryViewController>(platform_.base);
+    const std::string& file = document_.fileName();
+    const SavePanel panel{.message = texts.text("ExportFile"),
+                          .prompt = texts.text("Export"),
+                          .directory = folderOf(file),
+                          .proposedName =
+                              file.empty() ? texts.text("Untitled")
+                                           : decodeUtf8Leniently(std::filesystem::path(file).stem().string()),
+                          .kind = exportFileKind(exportFormats().front(), texts),
+                          .accessory = options,
+                          .document = &document_};
+    platform_.panels.beginSavePanel(panel,
+                                    [this, options, life = life()](const std::optional<std::string>& path) {
+                                        options->savePreferences();
+                                        if (path && !life.expired())
+                                            exportToFile(*path);
+                                    });
+}
+
+// The format is taken from the extension in the end, whatever the menu says.
+void ViewController::exportToFile(const std::string& path) {
+    const ExportFormat& format = exportFormatForExtension(extensionOf(path));
+    if (isOptionOf(format, kSaveAsHTML) && platform_.base.defaults.boolForKey(kSaveAsHTML))
+        platform_.folders.store("ExportHTMLBookmark", path);
+    const Localization& texts = platform_.base.texts;
+    std::unique_ptr<Progress> progress =
+        platform_.progress.begin({.message = texts.format("Exporting", document_.displayName()),
+                                  .cancel = texts.text("Cancel"),
+                                  .document = &document_});
+    const Result<std::string> text = exportTo(format.name, progress.get());
+    if (text)
+        writeOrLog(path, *text);
+    progress.reset(); // before there is an alert
+    if (!text)
+        exportAlert(path, text.error());
+}
+
+// A write that fails is not reported to the user.
+void ViewController::writeOrLog(const std::string& path, std::string_view bytes) {
+    if (const Result<void> written = platform_.files.writeFileAtomically(path, bytes); !written)
+        platform_.base.log.log("Export could not be written: " + written.error().message);
+}
+
+void ViewController::exportAlert(const std::string& path, const Error& error) {
+    if (isCancelledByUser(error))
+        return;
+    const Localization& texts = platform_.base.texts;
+    const std::string name = decodeUtf8Leniently(std::filesystem::path(path).filename().string());
+    platform_.alerts.runModal(Alert{.style = AlertStyle::Critical,
+                                    .message = texts.format("CouldNotExport", name),
+                                    .informative = error.message,
+                                    .buttons = {{texts.text("OK")}},
+                                    .document = &document_});
+}
+
+void ViewController::saveBookmark() {
+    std::vector<Ref<Bookmark>> links;
+    for (const RowRange& range : outline().selectedRows())
+        for (std::size_t row = range.first; row < range.first + range.count; ++row)
+            if (canBeSaved(itemAtRow(row)))
+                links.emplace_back(&itemAtRow(row));
+    std::ranges::reverse(links);
+    saveBookmarkFiles(std::move(links));
+}
+
+// The last one first, one panel after the other, until one is cancelled.
+void ViewController::saveBookmarkFiles(std::vector<Ref<Bookmark>> links) {
+    if (links.empty())
+        return;
+    const Ref<Bookmark> link = links.back();
+    links.pop_back();
+    saveBookmarkFile(*link, [this, links = std::move(links), life = life()](bool confirmed) {
+        if (confirmed && !life.expired())
+            saveBookmarkFiles(links);
+    });
+}
+
+void ViewController::saveBookmarkFile(const Bookmark& link, const std::function<void(bool)>& done) {
+    const Localization& texts = platform_.base.texts;
+    if (!canBeSaved(link))
+        return;
+    const SavePanel panel{.message = texts.text("SaveBookmark"),
+                          .prompt = texts.text("Save"),
+                          .proposedName =
+                              link.itemName().isEmpty() ? texts.text("Untitled") : link.itemName().string(),
+                          .kind = {texts.text("LinkFiles"), {std::string(linkFileExtension(link))}},
+                          .document = &document_};
+    const auto save = [this, done, file = exportToLinkFile(link),
+                       life = life()](const std::optional<std::string>& path) {
+        if (path && !life.expired()) {
+            if (file)
+                writeOrLog(*path, *file);
+            else
+                exportAlert(*path, file.error());
+        }
+        if (done)
+            done(path.has_value());
+    };
+    platform_.panels.beginSavePanel(panel, save);
 }
 
 } // namespace tabulon

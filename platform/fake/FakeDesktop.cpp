@@ -40,8 +40,29 @@ void FakePanels::closeAll() {
         done({});
 }
 
+namespace {
+
+class FakeSavePanel : public SavePanelControl {
+public:
+    explicit FakeSavePanel(std::vector<FileKind>& kinds) : kinds_(kinds) {}
+    void setAllowedFileType(const FileKind& kind) override { kinds_.push_back(kind); }
+
+private:
+    std::vector<FileKind>& kinds_;
+};
+
+} // namespace
+
 void FakePanels::beginSavePanel(const SavePanel& panel, SaveDone done) {
     savePanels.push_back(panel);
+    if (panel.accessory && showsAccessories) {
+        FakeSavePanel shown(allowedKinds);
+        panel.accessory->setPanel(&shown);
+        panel.accessory->viewDidLoad();
+        if (useAccessory)
+            useAccessory(*panel.accessory);
+        panel.accessory->setPanel(nullptr);
+    }
     if (saveAnswers_.empty())
         return done(std::nullopt);
     const std::string path = std::move(saveAnswers_.front());

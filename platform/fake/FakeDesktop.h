@@ -47,6 +47,13 @@ public:
 
     void closeAll();
 
+    /// What the user does in the options area of a save panel, before the answer. The kinds of file that the
+    /// area sets go to `allowedKinds`.
+    std::function<void(PanelAccessory& accessory)> useAccessory;
+    /// False for panels that cannot show one.
+    bool showsAccessories = true;
+    std::vector<FileKind> allowedKinds;
+
     bool keepOpen = false;
     std::vector<OpenPanel> openPanels;
     std::vector<SavePanel> savePanels;

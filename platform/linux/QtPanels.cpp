@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
+#include <QLineEdit>
 #include <QStandardPaths>
 
 namespace tabulon {
@@ -32,6 +34,57 @@ void run(QFileDialog* dialog, QString& lastFolder, Panels::OpenDone done) {
     dialog->open();
 }
 
+void setKind(QFileDialog& dialog, const FileKind& kind) {
+    dialog.setNameFilter(nameFilter(kind));
+    dialog.setDefaultSuffix(QString::fromStdString(kind.extensions.front()));
+}
+
+QString fileName(const std::string& proposed, const FileKind& kind) {
+    return QString::fromStdString(proposed).replace('/', '-') + "." +
+           QString::fromStdString(kind.extensions.front());
+}
+
+// A save panel with an area of options below the name of the file.
+class OptionsPanel : public QFileDialog, public SavePanelControl {
+public:
+    OptionsPanel(QWidget* parent, const SavePanel& panel, const QString& folder)
+        : QFileDialog(parent, QString::fromStdString(panel.message), folder), accessory_(panel.accessory) {
+        setOption(QFileDialog::DontUseNativeDialog);
+    }
+    ~OptionsPanel() override { accessory_->setPanel(nullptr); }
+
+    void setAllowedFileType(const FileKind& kind) override {
+        auto* name = findChild<QLineEdit*>("fileNameEdit");
+        const QString before = "." + defaultSuffix();
+        const QString text = name ? name->text() : QString();
+        setKind(*this, kind);
+        if (name && text.endsWith(before))
+            name->setText(text.chopped(before.size()) + "." + defaultSuffix());
+    }
+
+    // The area has the menu of the formats: that of the file types goes. The keyboard reaches the area
+    // between the name and the buttons.
+    void show(QWidget* area) {
+        auto* grid = qobject_cast<QGridLayout*>(layout());
+        if (!grid || !area)
+            return;
+        for (const char* replaced : {"fileTypeLabel", "fileTypeCombo"})
+            if (auto* widget = findChild<QWidget*>(replaced))
+                widget->hide();
+        grid->addWidget(area, grid->rowCount(), 0, 1, grid->columnCount());
+        auto* before = findChild<QWidget*>("fileNameEdit");
+        for (QWidget* widget : area->findChildren<QWidget*>())
+            if (before && widget->focusPolicy() & Qt::TabFocus) {
+                setTabOrder(before, widget);
+                before = widget;
+            }
+        accessory_->setPanel(this);
+    }
+
+private:
+    const std::shared_ptr<PanelAccessory> accessory_;
+};
+
 } // namespace
 
 QtPanels::QtPanels(WindowFinder windowFor)
@@ -59,18 +112,23 @@ void QtPanels::beginOpenPanel(const OpenPanel& panel, OpenDone done) {
     run(dialog, lastFolder_, std::move(done));
 }
 
+QFileDialog* QtPanels::makeSaveDialog(const SavePanel& panel) const {
+    QWidget* window = windowFor_(panel.document);
+    const QString folder = startFolder(panel.directory);
+    if (!panel.accessory || !makeAccessoryView)
+        return new QFileDialog(window, QString::fromStdString(panel.message), folder);
+    auto* dialog = new OptionsPanel(window, panel, folder);
+    dialog->show(makeAccessoryView(panel.accessory));
+    return dialog;
+}
+
 void QtPanels::beginSavePanel(const SavePanel& panel, SaveDone done) {
-    auto* dialog = new QFileDialog(windowFor_(panel.document), QString::fromStdString(panel.message),
-                                   startFolder(panel.directory));
+    QFileDialog* dialog = makeSaveDialog(panel);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
     dialog->setLabelText(QFileDialog::Accept, QString::fromStdString(panel.prompt));
-    dialog->setNameFilter(nameFilter(panel.kind));
-    const QString extension = QString::fromStdString(panel.kind.extensions.front());
-    dialog->setDefaultSuffix(extension);
-    QString name = QString::fromStdString(panel.proposedName);
-    name.replace('/', '-');
-    dialog->selectFile(name + "." + extension);
+    setKind(*dialog, panel.kind);
+    dialog->selectFile(fileName(panel.proposedName, panel.kind));
     run(dialog, lastFolder_, [done = std::move(done)](const std::vector<std::string>& paths) {
         done(paths.empty() ? std::nullopt : std::optional(paths.front()));
     });

@@ -6,15 +6,26 @@
 
 #include <QString>
 
+#include <functional>
+#include <memory>
+
+class QFileDialog;
+
 namespace tabulon {
 
+/// Panels with an options area are Qt's own: the desktop's have no room for one.
 class QtPanels : public Panels {
 public:
     explicit QtPanels(WindowFinder windowFor);
+
+    /// Makes the view of an options area, whose parent is the panel. Null, here or from it, for none.
+    std::function<QWidget*(const std::shared_ptr<PanelAccessory>& accessory)> makeAccessoryView;
+
     void beginOpenPanel(const OpenPanel& panel, OpenDone done) override;
     void beginSavePanel(const SavePanel& panel, SaveDone done) override;
 
 private:
+    QFileDialog* makeSaveDialog(const SavePanel& panel) const;
     QString startFolder(const std::string& wanted) const;
 
     WindowFinder windowFor_;

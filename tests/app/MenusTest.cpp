@@ -25,6 +25,7 @@ TEST_F(MenusTest, EveryItemHasATitleAndWorks) {
     files.files["/home/a.tbln"] = documentBytes("a");
     app.applicationDidFinishLaunching({"/home/a.tbln"});
     onlyDocument()->updateChangeCount(ChangeKind::Done);
+    windowOf(*onlyDocument()).outlineView.selectAll();
     eachItem(app.mainMenu(), [&](const MenuItem& item) {
         if (item.separator)
             return;

@@ -1,4 +1,4 @@
-// Saving, saving under another name, exporting, and what a full disk leaves behind.
+// Saving, saving under another name, the HTML copy, and what a full disk leaves behind.
 #include "tests/app/AppFixture.h"
 
 namespace tabulon {
@@ -90,23 +90,17 @@ TEST_F(SavingTest, SaveAsOntoAFileOpenInAnotherWindowIsRefused) {
     EXPECT_EQ(files.files["/home/a.tbln"], before);
 }
 
-TEST_F(SavingTest, ExportWritesHTMLAndLeavesTheDocumentAsItIs) {
+TEST_F(SavingTest, ExportWritesHTMLAndLaterSavesWriteTheCopyAskedForThere) {
     Document& document = openDocument();
+    base.defaults.setBoolForKey("SaveAsHTML", true);
+    panels.nameFile("/home/out.html");
+    EXPECT_TRUE(perform("exportText:"));
+    const std::string exported = files.files["/home/out.html"];
+    EXPECT_TRUE(exported.starts_with("<!DOCTYPE NETSCAPE-Bookmark-file-1>\n"));
+    document.getMaster().getChild()->setItemNote("new");
     document.updateChangeCount(ChangeKind::Done);
-    panels.nameFile("/home/out.html");
-    EXPECT_TRUE(perform("exportHTML:"));
-    EXPECT_TRUE(files.files["/home/out.html"].starts_with("<!DOCTYPE NETSCAPE-Bookmark-file-1>\n"));
-    EXPECT_TRUE(document.isDocumentEdited());
-    EXPECT_EQ(document.fileName(), "/home/a.tbln");
-}
-
-TEST_F(SavingTest, FailedExportAlerts) {
-    openDocument();
-    files.diskFull = true;
-    panels.nameFile("/home/out.html");
-    EXPECT_TRUE(perform("exportHTML:"));
-    ASSERT_EQ(alerts.shown.size(), 1u);
-    EXPECT_EQ(alerts.shown[0].message, "“out.html” could not be exported");
+    EXPECT_TRUE(perform("saveDocument:"));
+    EXPECT_NE(files.files["/home/out.html"].find("<DD>new"), std::string::npos);
 }
 
 TEST_F(SavingTest, OpenedAndSavedFilesAreRecentNewestFirst) {
