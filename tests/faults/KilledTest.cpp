@@ -8,24 +8,33 @@
 namespace tabulon {
 namespace {
 
+using Clock = std::chrono::steady_clock;
+
 class KilledTest : public FaultTest {
 protected:
-    /// Lets `work` run in a process for a random time below `longest`, then kills it. The process writes a
-    /// byte to `ready` when it has begun in earnest.
-    void killAtARandomMoment(const std::function<int(int ready)>& work, std::chrono::microseconds longest) {
+    /// Lets `work` run in a process and kills that some time after it has begun in earnest: up to three times
+    /// as long as its first round took, so that the kills hit all of a round on any machine.
+    void killAtARandomMoment(const std::function<int(int ready)>& work) {
         int ready[2];
         ASSERT_EQ(::pipe(ready), 0);
         const pid_t child = start([&] { return work(ready[1]); });
         ASSERT_GT(child, 0);
-        char byte = 0;
-        ASSERT_EQ(::read(ready[0], &byte, 1), 1);
-        std::uniform_int_distribution<long> moment(0, longest.count());
+        long round = 0;
+        ASSERT_EQ(::read(ready[0], &round, sizeof round), static_cast<ssize_t>(sizeof round));
+        std::uniform_int_distribution<long> moment(0, 3 * round);
         std::this_thread::sleep_for(std::chrono::microseconds(moment(random)));
         ::kill(child, SIGKILL);
         const int status = statusOf(child);
         ASSERT_TRUE(WIFSIGNALED(status)) << "it ended by itself";
         ::close(ready[0]);
         ::close(ready[1]);
+    }
+    /// Says in the process that its first round is over.
+    static void tellReady(int ready, Clock::time_point begin) {
+        const long round =
+            std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - begin).count();
+        if (::write(ready, &round, sizeof round) != static_cast<ssize_t>(sizeof round))
+            ::_exit(8);
     }
 
     std::mt19937 random{20261121};
@@ -38,19 +47,18 @@ TEST_F(KilledTest, killedAtAHundredMomentsOfSavingTheFileIsOneWholeVersion) {
     int kills = 0;
     int versions = 0;
     for (; kills < 100 && !HasFailure(); ++kills) {
-        killAtARandomMoment(
-            [&](int ready) {
-                ProgramRun run(folder);
-                Document& document = run.open(file);
-                for (int number = lastSeen + 1;; ++number) {
-                    change(document, number);
-                    if (!run.save(document))
-                        return 1;
-                    if (number == lastSeen + 1)
-                        (void)!::write(ready, "r", 1);
-                }
-            },
-            std::chrono::milliseconds(20));
+        killAtARandomMoment([&](int ready) {
+            ProgramRun run(folder);
+            Document& document = run.open(file);
+            for (int number = lastSeen + 1;; ++number) {
+                const auto begin = Clock::now();
+                change(document, number);
+                if (!run.save(document))
+                    return 1;
+                if (number == lastSeen + 1)
+                    tellReady(ready, begin);
+            }
+        });
         const int seen = versionIn(file);
         EXPECT_GT(seen, lastSeen) << "a version that was saved is gone";
         versions += seen - lastSeen;
@@ -72,21 +80,20 @@ TEST_F(KilledTest, killedAtAHundredMomentsOfSavingTheFileIsOneWholeVersion) {
 TEST_F(KilledTest, documentsWithoutAFileAreThereAgainAfterFiftyKills) {
     int lastSeen = 0;
     for (int kill = 0; kill < 50 && !HasFailure(); ++kill) {
-        killAtARandomMoment(
-            [&](int ready) {
-                ProgramRun run(folder);
-                run.app.applicationDidFinishLaunching({});
-                Document& document = *run.app.documentController().documents().front();
-                for (int number = lastSeen + 1;; ++number) {
-                    change(document, number);
-                    run.fakes.timers.advance(2 * DocumentController::kAutosavePause);
-                    if (!run.fakes.alerts.shown.empty())
-                        return 1;
-                    if (number == lastSeen + 1)
-                        (void)!::write(ready, "r", 1);
-                }
-            },
-            std::chrono::milliseconds(15));
+        killAtARandomMoment([&](int ready) {
+            ProgramRun run(folder);
+            run.app.applicationDidFinishLaunching({});
+            Document& document = *run.app.documentController().documents().front();
+            for (int number = lastSeen + 1;; ++number) {
+                const auto begin = Clock::now();
+                change(document, number);
+                run.fakes.timers.advance(2 * DocumentController::kAutosavePause);
+                if (!run.fakes.alerts.shown.empty())
+                    return 1;
+                if (number == lastSeen + 1)
+                    tellReady(ready, begin);
+            }
+        });
         XdgRecoveryFolders recovery(path("state/unsaved"));
         std::vector<std::string> copies;
         for (const std::string& abandoned : recovery.adoptAbandonedFolders())
@@ -104,19 +111,17 @@ TEST_F(KilledTest, documentsWithoutAFileAreThereAgainAfterFiftyKills) {
 TEST_F(KilledTest, changesThatTheirFileDidNotTakeAreThereAgain) {
     const std::string file = path("Links.tbln");
     write(file, 1);
-    killAtARandomMoment(
-        [&](int ready) {
-            ProgramRun run(folder);
-            Document& document = run.open(file);
-            write(file, 2);
-            change(document, 3);
-            run.fakes.alerts.answer("Cancel");
-            run.fakes.timers.advance(2 * DocumentController::kAutosavePause);
-            (void)!::write(ready, "r", 1);
-            ::pause();
-            return 0;
-        },
-        std::chrono::milliseconds(5));
+    killAtARandomMoment([&](int ready) {
+        ProgramRun run(folder);
+        Document& document = run.open(file);
+        write(file, 2);
+        change(document, 3);
+        run.fakes.alerts.answer("Cancel");
+        run.fakes.timers.advance(2 * DocumentController::kAutosavePause);
+        tellReady(ready, Clock::now());
+        ::pause();
+        return 0;
+    });
     EXPECT_EQ(versionIn(file), 2) << "theirs";
     ProgramRun next(folder);
     next.app.applicationDidFinishLaunching({});
