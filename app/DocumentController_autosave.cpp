@@ -8,8 +8,10 @@
 namespace tabulon {
 namespace {
 
-// A document that takes long to save is left in peace for longer.
+// A document that takes long to save is left in peace for longer, but not for hours because somebody set the
+// clock while it was saved.
 constexpr double kPausePerSecondOfSaving = 20;
+constexpr double kLongestPause = 60; // seconds
 
 } // namespace
 
@@ -21,7 +23,8 @@ void DocumentController::noteChange(OpenDocument& opened) {
 
 void DocumentController::startAutosaveTimer(OpenDocument& opened) {
     Autosave& autosave = opened.autosave;
-    const double pause = std::max(kAutosavePause, kPausePerSecondOfSaving * autosave.lastSeconds);
+    const double pause =
+        std::clamp(kPausePerSecondOfSaving * autosave.lastSeconds, kAutosavePause, kLongestPause);
     autosave.changedSinceStart = false;
     autosave.timer = platform_.timers.after(pause, [this, &opened] { autosaveTimerFired(opened); });
 }

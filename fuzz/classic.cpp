@@ -1,5 +1,5 @@
-// Any bytes as a classic document: they are read or refused, and what was read is written as a current
-// document and read again to the same.
+// Any bytes as a classic document, in both encodings: they are read or refused, and what was read is written
+// as a current document and read again to the same.
 #include "fuzz/RoundTrip.h"
 #include "model/ClassicReader.h"
 #include "platform/fake/FakeBaseServices.h"
@@ -7,9 +7,12 @@
 #include <cstdint>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    tabulon::FakeBaseServices fake;
-    if (const auto master =
-            tabulon::readClassic({reinterpret_cast<const char*>(data), size}, fake.services()))
-        tabulon::requireRoundTrip(**master);
+    for (const char* locale : {"en_US", "ja_JP"}) {
+        tabulon::FakeBaseServices fake;
+        fake.texts = tabulon::EnglishLocalization(locale);
+        if (const auto master =
+                tabulon::readClassic({reinterpret_cast<const char*>(data), size}, fake.services()))
+            tabulon::requireRoundTrip(**master);
+    }
     return 0;
 }

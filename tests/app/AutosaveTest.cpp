@@ -65,6 +65,32 @@ TEST_F(AutosaveTest, FurtherChangesPutSavingOffButNotForEver) {
     EXPECT_LE(waited, kPause * (DocumentController::kMostPostponements + 1) + 1);
 }
 
+TEST_F(AutosaveTest, DocumentsThatTakeLongToSaveAreSavedLessOften) {
+    files.willWrite = [this](const std::string&) { base.clock.advance(0.3); };
+    Document& document = openDocument();
+    change(document, "1");
+    timers.advance(kPause);
+    EXPECT_EQ(nameIn(kPath), "1");
+    change(document, "2");
+    timers.advance(2 * kPause);
+    EXPECT_EQ(nameIn(kPath), "1");
+    timers.advance(10);
+    EXPECT_EQ(nameIn(kPath), "2");
+}
+
+TEST_F(AutosaveTest, ClockThatIsSetDuringASavePutsTheNextOffByAMinuteAtMost) {
+    for (const double jump : {1e6, -1e6}) {
+        files.willWrite = [&](const std::string&) { base.clock.advance(jump); };
+        Document& document = openDocument();
+        change(document, "1");
+        timers.advance(kPause);
+        change(document, "2");
+        timers.advance(61);
+        EXPECT_EQ(nameIn(kPath), "2") << jump;
+        documents().closeDocument(document, [](bool) {});
+    }
+}
+
 TEST_F(AutosaveTest, SavingByItselfMakesBackupsLikeAnySave) {
     folders.kept["BackupFolderBookmark"] = "/backups";
     change(openDocument());

@@ -171,6 +171,16 @@ TEST_F(CommandLineTest, localeChoosesTheCollation) {
     EXPECT_STREQ(sortedFirst("POSIX"), "ö");
 }
 
+TEST_F(CommandLineTest, countryOfTheLocaleChoosesTheEncodingOfClassicFiles) {
+    const std::string record = std::string("\0\0\0\1", 4) + std::string(44, '\0');
+    tool.files.files["classic"] = std::string("\0\3\0\0\0\0\0\0\0\0\0\1", 12) + std::string(8, '\0') +
+                                  record + std::string("\0\2\x93\xFA\0", 5);
+    ASSERT_EQ(tool.run({"--locale", "en_JP", "show", "classic"}), 0) << tool.error;
+    EXPECT_THAT(tool.out, HasSubstr("日"));
+    ASSERT_EQ(tool.run({"--locale", "ja", "show", "classic"}), 0) << tool.error;
+    EXPECT_THAT(tool.out, HasSubstr("ì˙"));
+}
+
 TEST_F(CommandLineTest, failuresAreOneLineStatusOneAndNoOutput) {
     tool.files.files["bad.tbln"] = "neither this\nnor that";
     tool.files.files["kept.html"] = "kept";
