@@ -36,8 +36,8 @@ class SavePanelControl {
 public:
     virtual ~SavePanelControl() = default;
 
-    /// From now on this is the kind of file that the panel offers; a name that ends in the extension of the
-    /// kind before gets the new one.
+    /// From now on this is the kind of file that the panel offers; a name that has another extension gets the
+    /// new one. The user may still type any other.
     virtual void setAllowedFileType(const FileKind& kind) = 0;
 };
 

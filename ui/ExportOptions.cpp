@@ -4,10 +4,9 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QLabel>
 #include <QScreen>
-#include <QVBoxLayout>
 
 #include <algorithm>
 #include <cmath>
@@ -16,14 +15,7 @@ namespace tabulon {
 namespace {
 
 constexpr double kPointsOfAnInch = 72;
-
-QHBoxLayout* rowOf(const QList<QWidget*>& widgets) {
-    auto* row = new QHBoxLayout;
-    for (QWidget* widget : widgets)
-        row->addWidget(widget);
-    row->addStretch(1);
-    return row;
-}
+constexpr int kColumnGap = 4; // average characters
 
 } // namespace
 
@@ -32,37 +24,50 @@ ExportOptions::ExportOptions(std::shared_ptr<AccessoryViewController> controller
     controller_->viewDidLoad();
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    auto* label = new QLabel(withMnemonic(texts_.text("ExportFormat"), taken_), this);
-    label->setBuddy(formats_);
-    layout->addLayout(rowOf({label, formats_}));
+    layout->addLayout(makeFormats());
     layout->addWidget(addBox(controller_->sortByName, "ExportSortName"));
-    QCheckBox* copy = addBox(controller_->saveCopyHTML, "SaveAsHTML");
-    QSizePolicy keepsRoom = copy->sizePolicy(); // the height changes by that of the options of text alone
-    keepsRoom.setRetainSizeWhenHidden(true);
-    copy->setSizePolicy(keepsRoom);
-    layout->addWidget(copy);
+    layout->addWidget(addBox(controller_->saveCopyHTML, "SaveAsHTML"));
     textOptions_ = makeTextOptions();
     layout->addWidget(textOptions_);
-    addFormats();
+    layout->addStretch(1);
     showState();
+    heightOfFirstFormat_ = layout->sizeHint().height();
+    setFixedHeight(heightOfFirstFormat_);
 }
 
-void ExportOptions::addFormats() {
+QLayout* ExportOptions::makeFormats() {
+    auto* label = new QLabel(withMnemonic(texts_.text("ExportFormat"), taken_), this);
+    label->setBuddy(formats_);
     for (const std::string& title : controller_->exportTypes())
         formats_->addItem(toQString(title));
     connect(formats_, &QComboBox::currentIndexChanged, this, &ExportOptions::chooseFormat);
+    auto* row = new QHBoxLayout;
+    row->addWidget(label);
+    row->addWidget(formats_);
+    row->addStretch(1);
+    return row;
 }
 
 QWidget* ExportOptions::makeTextOptions() {
     auto* options = new QWidget(this);
-    auto* layout = new QVBoxLayout(options);
+    auto* layout = new QGridLayout(options);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(new QLabel(toQString(texts_.text("ExportColumns")), options));
-    layout->addLayout(rowOf(
-        {addBox(controller_->exportName, "ExportName"), addBox(controller_->exportURL, "ExportURL"),
-         addBox(controller_->exportTags, "ExportTags"), addBox(controller_->exportNote, "ExportNote")}));
-    layout->addWidget(addBox(controller_->skipFolders, "SkipFolders"));
-    layout->addWidget(addBox(controller_->skipSeparators, "SkipSeparators"));
+    layout->setHorizontalSpacing(kColumnGap * fontMetrics().averageCharWidth());
+    layout->setColumnStretch(1, 1);
+    const auto addColumn = [&](int column, const char* titleKey, const QList<QWidget*>& boxes) {
+        const QString title = toQString(texts_.text(titleKey));
+        layout->addWidget(new QLabel(title, options), 0, column);
+        for (qsizetype i = 0; i < boxes.size(); ++i) {
+            boxes[i]->setAccessibleDescription(title);
+            layout->addWidget(boxes[i], static_cast<int>(i) + 1, column);
+        }
+    };
+    addColumn(0, "ExportColumns",
+              {addBox(controller_->exportName, "ExportName"), addBox(controller_->exportURL, "ExportURL"),
+               addBox(controller_->exportTags, "ExportTags"), addBox(controller_->exportNote, "ExportNote")});
+    addColumn(1, "ExportSkip",
+              {addBox(controller_->skipFolders, "SkipFolders"),
+               addBox(controller_->skipSeparators, "SkipSeparators")});
     return options;
 }
 
@@ -75,28 +80,30 @@ QCheckBox* ExportOptions::addBox(CheckBox& box, const char* titleKey) {
 }
 
 void ExportOptions::chooseFormat(int index) {
-    const int before = textOptionsHeight();
     controller_->exportTypeSelected(static_cast<std::size_t>(index));
     showState();
-    growWindow(before);
+    const int before = height();
+    setFixedHeight(std::max(heightOfFirstFormat_ + addedHeight(), layout()->minimumSize().height()));
+    growWindow(height() - before);
 }
 
 void ExportOptions::showState() {
     for (const auto& [view, box] : boxes_)
         view->setHidden(box->hidden);
-    const int height = textOptionsHeight();
-    textOptions_->setVisible(height > 0);
-    textOptions_->setFixedHeight(std::max(height, textOptions_->minimumSizeHint().height()));
+    textOptions_->setVisible(controller_->addedHeight() > 0);
 }
 
 // So that the list of files keeps its height.
-void ExportOptions::growWindow(int before) {
+void ExportOptions::growWindow(int added) {
     QWidget* panel = window();
-    const int height = panel->height() + textOptionsHeight() - before;
-    panel->resize(panel->width(), std::min(height, panel->screen()->availableSize().height()));
+    if (panel->layout())
+        panel->layout()->activate(); // a window that is to shrink has to know that it may
+    const int wanted = panel->height() + added;
+    panel->resize(panel->width(), std::min(wanted, panel->screen()->availableSize().height()));
 }
 
-int ExportOptions::textOptionsHeight() const {
+// In pixels of this screen.
+int ExportOptions::addedHeight() const {
     return static_cast<int>(std::lround(controller_->addedHeight() * logicalDpiY() / kPointsOfAnInch));
 }
 

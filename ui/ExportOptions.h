@@ -14,6 +14,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QLayout;
 
 namespace tabulon {
 
@@ -24,19 +25,20 @@ public:
     ExportOptions(std::shared_ptr<AccessoryViewController> controller, const Localization& texts);
 
 private:
-    void addFormats();
+    QLayout* makeFormats();
     QWidget* makeTextOptions();
     QCheckBox* addBox(CheckBox& box, const char* titleKey);
     void chooseFormat(int index);
     void showState();
-    void growWindow(int before);
-    int textOptionsHeight() const;
+    void growWindow(int added);
+    int addedHeight() const;
 
     const std::shared_ptr<AccessoryViewController> controller_;
     const Localization& texts_;
     QSet<QChar> taken_;
     QComboBox* formats_;
     QWidget* textOptions_ = nullptr;
+    int heightOfFirstFormat_ = 0;
     QList<std::pair<QCheckBox*, const CheckBox*>> boxes_;
 };
 

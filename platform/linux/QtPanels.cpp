@@ -5,7 +5,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
-#include <QLineEdit>
 #include <QStandardPaths>
 
 namespace tabulon {
@@ -53,14 +52,8 @@ public:
     }
     ~OptionsPanel() override { accessory_->setPanel(nullptr); }
 
-    void setAllowedFileType(const FileKind& kind) override {
-        auto* name = findChild<QLineEdit*>("fileNameEdit");
-        const QString before = "." + defaultSuffix();
-        const QString text = name ? name->text() : QString();
-        setKind(*this, kind);
-        if (name && text.endsWith(before))
-            name->setText(text.chopped(before.size()) + "." + defaultSuffix());
-    }
+    // The dialog gives the name its new extension.
+    void setAllowedFileType(const FileKind& kind) override { setKind(*this, kind); }
 
     // The area has the menu of the formats: that of the file types goes. The keyboard reaches the area
     // between the name and the buttons.
@@ -126,7 +119,8 @@ void QtPanels::beginSavePanel(const SavePanel& panel, SaveDone done) {
     QFileDialog* dialog = makeSaveDialog(panel);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
-    dialog->setLabelText(QFileDialog::Accept, QString::fromStdString(panel.prompt));
+    const QString mnemonic = dialog->testOption(QFileDialog::DontUseNativeDialog) ? "&" : "";
+    dialog->setLabelText(QFileDialog::Accept, mnemonic + QString::fromStdString(panel.prompt));
     setKind(*dialog, panel.kind);
     dialog->selectFile(fileName(panel.proposedName, panel.kind));
     run(dialog, lastFolder_, [done = std::move(done)](const std::vector<std::string>& paths) {
