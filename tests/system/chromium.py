@@ -51,8 +51,9 @@ def find():
 class Chromium:
     """Use with `with`: a fresh profile each time, gone afterwards."""
 
-    def __init__(self, program, patience=120):
+    def __init__(self, program, patience=120, page="chrome://bookmarks/"):
         self._program = program
+        self._page = page
         self._patience = patience
         self._last_id = 0
         self._session = None
@@ -77,9 +78,10 @@ class Chromium:
         for end in (read_end, write_end, *ends):
             os.close(end)
         try:
-            target = self.call("Target.createTarget", {"url": "chrome://bookmarks/"})["targetId"]
+            target = self.call("Target.createTarget", {"url": self._page})["targetId"]
             self._session = self.call("Target.attachToTarget", {"targetId": target, "flatten": True})["sessionId"]
-            self._await_bookmarks()
+            if self._page == "chrome://bookmarks/":
+                self._await_bookmarks()
         except BaseException:
             self.__exit__()
             raise

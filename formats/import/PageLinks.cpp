@@ -1,0 +1,129 @@
+#include "formats/import/PageLinks.h"
+
+#include "formats/html/HtmlTreeBuilder.h"
+#include "formats/url/Url.h"
+#include "model/Text.h"
+
+#include <optional>
+#include <vector>
+
+namespace tabulon {
+namespace {
+
+using html::Node;
+using html::Tag;
+
+constexpr char kFormFeed = '\f';
+
+struct Link {
+    const Node* node;
+    /// Where its text stands in the text of all links.
+    std::size_t begin = 0;
+    std::size_t end = 0;
+};
+
+/// What one walk over a tree finds.
+struct Findings {
+    std::vector<Link> links;
+    /// The text inside of any link; links that are nested share it.
+    std::string text;
+    const std::string* base = nullptr;
+};
+
+bool isLink(const Node& node) {
+    return node.link && (node.isHtml(Tag::A) || node.isHtml(Tag::Area));
+}
+
+class LinkWalk {
+public:
+    Findings run(const Node& document) {
+        for (const Node* node = &document; node; node = next(*node))
+            enter(*node);
+        return std::move(findings_);
+    }
+
+private:
+    void enter(const Node& node) {
+        if (node.kind == Node::Kind::Text) {
+            if (!open_.empty())
+                findings_.text += node.text;
+        } else if (isLink(node)) {
+            open_.push_back(findings_.links.size());
+            findings_.links.push_back({&node, findings_.text.size()});
+        } else if (!findings_.base && node.isHtml(Tag::Base) && node.link) {
+            findings_.base = &*node.link->href;
+        }
+    }
+
+    // The content of a template is no part of the page.
+    const Node* next(const Node& node) {
+        if (node.first && !node.isHtml(Tag::Template))
+            return node.first;
+        for (const Node* left = &node; left; left = left->parent) {
+            if (isLink(*left)) {
+                findings_.links[open_.back()].end = findings_.text.size();
+                open_.pop_back();
+            }
+            if (left->next)
+                return left->next;
+        }
+        return nullptr;
+    }
+
+    Findings findings_;
+    std::vector<std::size_t> open_;
+};
+
+// What the addresses of the page count from. A base that is no address of a place counts for nothing.
+url::Url baseOf(const Findings& findings, std::string_view queryEncoding) {
+    const url::Url blank = *url::parse("about:blank");
+    if (!findings.base)
+        return blank;
+    std::optional<url::Url> base = url::parse(*findings.base, &blank, queryEncoding);
+    const bool counts = base && base->scheme != "data" && base->scheme != "javascript";
+    return counts ? std::move(*base) : blank;
+}
+
+std::string withoutReturns(std::string text) {
+    std::size_t length = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool isReturn = text[i] == '\r';
+        text[length++] = isReturn ? '\n' : text[i];
+        if (isReturn && i + 1 < text.size() && text[i + 1] == '\n')
+            ++i;
+    }
+    text.resize(length);
+    return text;
+}
+
+Result<PageLinks> linksOf(const Findings& findings, std::string_view queryEncoding, std::size_t mostText) {
+    PageLinks result;
+    const url::Url base = baseOf(findings, queryEncoding);
+    for (const Link& link : findings.links) {
+        const html::LinkAttributes& attributes = *link.node->link;
+        const auto target = url::parse(*attributes.href, &base, queryEncoding);
+        (result.targets += target ? target->text() : *attributes.href) += kFormFeed;
+        (result.datesAdded += attributes.addDate.value_or("null")) += kFormFeed;
+        (result.datesModified += attributes.lastModified.value_or("null")) += kFormFeed;
+        if (link.node->tag == Tag::Area)
+            result.texts += "undefined";
+        else
+            result.texts.append(findings.text, link.begin, link.end - link.begin);
+        result.texts += kFormFeed;
+        if (result.texts.size() > mostText)
+            return failure("The links of the page are nested too deeply into each other.");
+    }
+    return result;
+}
+
+} // namespace
+
+Result<PageLinks> readPageLinks(std::string_view page, std::string_view queryEncoding) {
+    const std::string source = withoutReturns(decodeUtf8Leniently(page));
+    html::Tree tree;
+    if (!html::TreeBuilder::build(source, tree))
+        return failure("The tags of the page are too entangled to be read.");
+    return linksOf(LinkWalk().run(tree.document()), queryEncoding, kMostNestedTextBytes + 16 * source.size());
+}
+
+} // namespace tabulon

@@ -1,0 +1,23 @@
+// Percent-encoding: which characters each part of an address escapes, and how.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tabulon::url {
+
+/// The sets of the standard, each with everything of the one before it in its line:
+/// controls, fragment; query, special query; query, path, userinfo.
+enum class EscapeSet { Controls, Fragment, Query, SpecialQuery, Path, UserInfo };
+
+/// Appends the bytes of `text`, those of the set as "%XX".
+void appendEscaped(std::string_view text, EscapeSet set, std::string& result);
+
+/// The same in another encoding, by ICU's name: a character that it does not have becomes the number of its
+/// HTML reference.
+void appendEscapedIn(std::string_view encoding, std::string_view text, EscapeSet set, std::string& result);
+
+/// The bytes with every "%XX" replaced by what it stands for.
+std::string unescaped(std::string_view text);
+
+} // namespace tabulon::url
