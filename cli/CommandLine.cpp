@@ -21,6 +21,7 @@ struct Request {
     std::string format;
     std::string input;
     std::string output = "-";
+    std::string path;
     bool json = false;
     std::function<Result<void>(const Session&)> verb;
 };
@@ -86,6 +87,25 @@ void addMake(CLI::App& app, Request& request) {
     });
 }
 
+std::string nodePath(const std::string& text) {
+    return isNodePath(text) ? "" : "must be child indexes joined by /, such as 0/3/1";
+}
+
+void addLink(CLI::App& app, Request& request) {
+    CLI::App* verb = app.add_subcommand("link", "Write one bookmark of a document as a single-link file");
+    verb->add_option("--path", request.path, "Where it stands: child indexes joined by /, such as 0/3/1")
+        ->type_name("PATH")
+        ->required()
+        ->check(nodePath);
+    verb->add_option("INPUT", request.input, "The document to read, - for standard input")->required();
+    verb->add_option("-o,--output", request.output, "The file to write, - for standard output")->required();
+    verb->callback([&] {
+        request.verb = [&](const Session& session) {
+            return exportLink(session, request.input, request.path, request.output);
+        };
+    });
+}
+
 std::string keyAndValue(const std::string& text) {
     const std::size_t equals = text.find('=');
     return equals == std::string::npos || equals == 0 ? "must be KEY=VALUE" : "";
@@ -147,6 +167,7 @@ int run(const std::vector<std::string>& arguments, const Environment& environmen
     addExport(app, request);
     addShow(app, request);
     addMake(app, request);
+    addLink(app, request);
     try {
         // CLI11 takes the arguments last first.
         app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));

@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tabulon::cli {
@@ -34,5 +35,12 @@ Result<void> showForPeople(const Session& session, const std::string& input);
 Result<void> showAsJson(const Session& session, const std::string& input);
 
 Result<void> makeFromJson(const Session& session, const std::string& input, const std::string& output);
+
+/// Requires a node path.
+Result<void> exportLink(const Session& session, const std::string& input, const std::string& path,
+                        const std::string& output);
+
+/// True for child indexes from the root on, joined by "/" (0/3/1), and for the empty path of the root itself.
+bool isNodePath(std::string_view text);
 
 } // namespace tabulon::cli

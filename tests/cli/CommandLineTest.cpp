@@ -222,6 +222,43 @@ TEST_F(CommandLineTest, deepTreeIsNoHTMLFile) {
     EXPECT_THAT(tool.error, HasSubstr("nested too deep"));
 }
 
+TEST_F(CommandLineTest, linkWritesTheBookmarkAtThePath) {
+    tool.in =
+        R"({"children":[{"name":"a","url":"https://a.example/"},)"
+        R"({"folder":true,"children":[{"name":"b","url":"mailto:b@b.example?subject=1&2","type":3}]}]})";
+    ASSERT_EQ(tool.run({"make", "-", "-o", "d.tbln"}), 0) << tool.error;
+    ASSERT_EQ(tool.run({"link", "d.tbln", "--path", "0", "-o", "a.webloc"}), 0) << tool.error;
+    EXPECT_THAT(tool.files.files["a.webloc"], HasSubstr("<string>https://a.example/</string>"));
+    ASSERT_EQ(tool.run({"link", "d.tbln", "--path", "1/0", "-o", "-"}), 0) << tool.error;
+    EXPECT_THAT(tool.out, HasSubstr("<string>mailto:b@b.example?subject=1&amp;2</string>"));
+}
+
+TEST_F(CommandLineTest, linkOfWhatIsNotThereOrHasNoURLFailsAndKeepsTheOldFile) {
+    tool.in = R"({"children":[{"name":"a","url":"https://a.example/"},{"folder":true},{"name":"n"},)"
+              R"({"url":""},{"url":"https://c.example/\u0001"}]})";
+    ASSERT_EQ(tool.run({"make", "-", "-o", "d.tbln"}), 0) << tool.error;
+    tool.files.files["out"] = "old";
+    const auto reasonAt = [&](const char* path) {
+        expectFailure({"link", "d.tbln", "--path", path, "-o", "out"});
+        EXPECT_EQ(tool.files.files["out"], "old");
+        return tool.error;
+    };
+    for (const char* path : {"5", "0/0", "1/0", "99999999999999999999999"})
+        EXPECT_EQ(reasonAt(path),
+                  std::string("tabulon-cli: d.tbln: There is no node at the path ") + path + ".\n");
+    for (const char* path : {"", "1", "2", "3"})
+        EXPECT_THAT(reasonAt(path), HasSubstr("There is no URL to write")) << path;
+    EXPECT_THAT(reasonAt("4"), HasSubstr("control characters"));
+}
+
+TEST_F(CommandLineTest, linkPathOfAnotherFormIsWrongUsage) {
+    makeDocument();
+    for (const char* path : {"/", "/0", "0/", "0//1", "-1", "a", "0.1", " 0"})
+        expectWrongUsage({"link", "d.tbln", "--path", path, "-o", "out"});
+    expectWrongUsage({"link", "d.tbln", "-o", "out"});
+    expectWrongUsage({"link", "d.tbln", "--path", "0"});
+}
+
 TEST_F(CommandLineTest, helpThatCannotBeWrittenIsAFailure) {
     tool.outputBroken = true;
     expectFailure({"--help"});
@@ -243,7 +280,7 @@ TEST_F(CommandLineTest, wrongUsageIsStatusTwo) {
 }
 
 TEST_F(CommandLineTest, helpAndVersion) {
-    for (const char* verb : {"import", "export", "show", "make"}) {
+    for (const char* verb : {"import", "export", "show", "make", "link"}) {
         EXPECT_EQ(tool.run({verb, "--help"}), 0);
         EXPECT_THAT(tool.out, HasSubstr(verb));
         EXPECT_THAT(tool.out, HasSubstr("INPUT"));
