@@ -119,6 +119,10 @@ Document* AppDelegate::showImported(const ImportFormat& format, Ref<Bookmark> ro
         return nullptr;
     }
     Document* document = newMasterDocument(std::move(root));
+    if (document && !format.title.empty()) {
+        document->setDisplayName(std::string(format.title));
+        documentController_.getViewController(*document)->setWindowTitle(std::string(format.title));
+    }
     if (document && !format.source.empty())
         documentController_.getViewController(*document)->setWindowTitle(
             platform_.base.texts.format("ImportedBookmarks", std::string(format.source)));

@@ -6,6 +6,8 @@ find_package(pugixml REQUIRED)
 find_package(simdjson REQUIRED)
 find_package(CLI11 REQUIRED)
 find_package(tl-expected REQUIRED)
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(UCHARDET REQUIRED IMPORTED_TARGET uchardet)
 
 # mimalloc keeps nodes and texts small: no header per block and fine size classes. Sanitizers bring their own.
 if(TABULON_MIMALLOC AND NOT TABULON_SANITIZE AND NOT TABULON_FUZZ)

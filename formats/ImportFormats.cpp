@@ -1,6 +1,7 @@
 #include "formats/ImportFormats.h"
 
 #include "formats/import/ChromiumJSON.h"
+#include "formats/import/HTMLWindowController.h"
 #include "formats/import/PlistBookmarks.h"
 #include "formats/import/TextScanner.h"
 #include "formats/import/XBELReader.h"
@@ -20,6 +21,10 @@ Result<Ref<Bookmark>> unlessCancelled(Ref<Bookmark> root, const ImportServices& 
 
 Result<Ref<Bookmark>> readBookmarkHTML(std::string_view bytes, const ImportServices& services) {
     return unlessCancelled(services.netscape.scan(bytes, services.base, services.progress), services);
+}
+
+Result<Ref<Bookmark>> readPage(std::string_view bytes, const ImportServices& services) {
+    return readPageFile(bytes, services.base, services.progress);
 }
 
 Result<Ref<Bookmark>> readText(std::string_view bytes, const ImportServices& services) {
@@ -111,6 +116,13 @@ constexpr auto kFormats = std::to_array<ImportFormat>({
      .keepsFilter = true,
      .empty = EmptyImport::IsTold,
      .read = readBookmarkHTML},
+    {.name = "html-links",
+     .titleKey = "MenuImportHTML",
+     .action = "importHTML:",
+     .messageKey = "SelectHTML",
+     .title = "Imported Bookmarks",
+     .filter = PanelFilter::HTML,
+     .read = readPage},
     {.name = "xbel",
      .titleKey = "MenuImportXBEL",
      .action = "importXBEL:",

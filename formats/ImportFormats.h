@@ -52,6 +52,8 @@ struct ImportFormat {
     std::string_view browser = {};
     /// Which source the title of the new window names; empty for the title that every new document has.
     std::string_view source = {};
+    /// The title of the new window, whatever the language; empty where `source` tells, or nothing does.
+    std::string_view title = {};
     PanelFilter filter = PanelFilter::None;
     bool keepsFilter = false;
     EmptyImport empty = EmptyImport::IsADocument;

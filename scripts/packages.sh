@@ -3,7 +3,7 @@
 # Building everything that needs no toolkit: libraries, command-line tool, tests, benchmarks.
 PACKAGES_BUILD=(
     g++ cmake ninja-build ccache pkg-config python3
-    libicu-dev libfmt-dev libpugixml-dev libsimdjson-dev libcli11-dev libexpected-dev libmimalloc-dev
+    libicu-dev libuchardet-dev libfmt-dev libpugixml-dev libsimdjson-dev libcli11-dev libexpected-dev libmimalloc-dev
     libgtest-dev libgmock-dev libplist-dev
 )
 

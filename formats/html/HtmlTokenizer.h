@@ -50,12 +50,15 @@ enum class Content {
 
 class Tokenizer {
 public:
-    /// `source` is well-formed UTF-8 without carriage returns and outlives the tokenizer; so does `texts`, where
-    /// the texts are kept that do not stand in the source as they are.
+    /// `source` is well-formed UTF-8 without carriage returns and outlives the tokenizer; so does `texts`,
+    /// where the texts are kept that do not stand in the source as they are.
     Tokenizer(std::string_view source, std::deque<std::string>& texts) : source_(source), texts_(texts) {}
 
     /// The next token, valid until the next call; an End for ever after the last one. Linear over all calls.
     const Token& next();
+
+    /// How many bytes of the source are gone through.
+    std::size_t position() const { return cursor_; }
 
     /// How to go on behind the start tag that was given last.
     void setContent(Content content) {

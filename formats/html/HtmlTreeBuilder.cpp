@@ -18,20 +18,22 @@ bool isAnyOf(Tag tag, std::initializer_list<Tag> tags) {
 
 } // namespace
 
-bool TreeBuilder::build(std::string_view source, Tree& tree) {
-    TreeBuilder builder(source, tree);
-    builder.run();
-    return builder.stepsLeft_ > 0;
+TreeBuilder::Outcome TreeBuilder::build(std::string_view source, Tree& tree, Progress* progress) {
+    constexpr std::size_t kProgressStride = 64 << 10; // bytes
+    return TreeBuilder(source, tree).run(ProgressSteps(progress, source.size(), kProgressStride));
 }
 
 TreeBuilder::TreeBuilder(std::string_view source, Tree& tree)
     : tree_(tree), tokenizer_(source, tree.texts()), stepsLeft_(kFreeSteps + kStepsPerByte * source.size()) {}
 
-void TreeBuilder::run() {
+TreeBuilder::Outcome TreeBuilder::run(ProgressSteps steps) {
     while (!isStopped_) {
+        if (!steps.goOn(tokenizer_.position()))
+            return Outcome::Cancelled;
         tokenizer_.setAllowsCdata(!open_.isEmpty() && open_.top().space != Namespace::Html);
         process(tokenizer_.next());
     }
+    return stepsLeft_ > 0 ? Outcome::Whole : Outcome::Entangled;
 }
 
 void TreeBuilder::spend(std::size_t steps) {

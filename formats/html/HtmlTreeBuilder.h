@@ -7,6 +7,7 @@
 #include "formats/html/HtmlNode.h"
 #include "formats/html/HtmlOpenElements.h"
 #include "formats/html/HtmlTokenizer.h"
+#include "platform/Progress.h"
 
 #include <vector>
 
@@ -14,10 +15,15 @@ namespace tabulon::html {
 
 class TreeBuilder {
 public:
-    /// Builds the tree of `source`, well-formed UTF-8 without carriage returns that outlives the tree. Gives
-    /// false where the tags are so entangled that it would take more than a bounded number of steps for each
-    /// byte; the tree then holds what came before.
-    static bool build(std::string_view source, Tree& tree);
+    enum class Outcome {
+        Whole,
+        Entangled, ///< it would take more than a bounded number of steps for each byte
+        Cancelled, ///< by who watches the progress
+    };
+
+    /// Builds the tree of `source`, well-formed UTF-8 without carriage returns that outlives the tree; a tree
+    /// that is not whole holds what came before.
+    static Outcome build(std::string_view source, Tree& tree, Progress* progress = nullptr);
 
 private:
     enum class Mode : std::uint8_t {
@@ -52,7 +58,7 @@ private:
 
     TreeBuilder(std::string_view source, Tree& tree);
 
-    void run();
+    Outcome run(ProgressSteps steps);
     void process(const Token& token);
     Step dispatch(const Token& token);
     Step inMode(Mode mode, const Token& token);

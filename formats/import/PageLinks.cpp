@@ -74,14 +74,15 @@ private:
     std::vector<std::size_t> open_;
 };
 
-// What the addresses of the page count from. A base that is no address of a place counts for nothing.
-url::Url baseOf(const Findings& findings, std::string_view queryEncoding) {
-    const url::Url blank = *url::parse("about:blank");
+// What the addresses of the page count from. A base that is no address of a place counts for nothing; after
+// one that is no address at all, nothing counts from anything.
+std::optional<url::Url> baseOf(const Findings& findings, std::string_view queryEncoding) {
+    const std::optional<url::Url> blank = url::parse("about:blank");
     if (!findings.base)
         return blank;
-    std::optional<url::Url> base = url::parse(*findings.base, &blank, queryEncoding);
-    const bool counts = base && base->scheme != "data" && base->scheme != "javascript";
-    return counts ? std::move(*base) : blank;
+    std::optional<url::Url> base = url::parse(*findings.base, &*blank, queryEncoding);
+    const bool isPlace = !base || (base->scheme != "data" && base->scheme != "javascript");
+    return isPlace ? std::move(base) : blank;
 }
 
 std::string withoutReturns(std::string text) {
@@ -98,10 +99,10 @@ std::string withoutReturns(std::string text) {
 
 Result<PageLinks> linksOf(const Findings& findings, std::string_view queryEncoding, std::size_t mostText) {
     PageLinks result;
-    const url::Url base = baseOf(findings, queryEncoding);
+    const std::optional<url::Url> base = baseOf(findings, queryEncoding);
     for (const Link& link : findings.links) {
         const html::LinkAttributes& attributes = *link.node->link;
-        const auto target = url::parse(*attributes.href, &base, queryEncoding);
+        const auto target = url::parse(*attributes.href, base ? &*base : nullptr, queryEncoding);
         (result.targets += target ? target->text() : *attributes.href) += kFormFeed;
         (result.datesAdded += attributes.addDate.value_or("null")) += kFormFeed;
         (result.datesModified += attributes.lastModified.value_or("null")) += kFormFeed;
@@ -118,10 +119,13 @@ Result<PageLinks> linksOf(const Findings& findings, std::string_view queryEncodi
 
 } // namespace
 
-Result<PageLinks> readPageLinks(std::string_view page, std::string_view queryEncoding) {
+Result<PageLinks> readPageLinks(std::string_view page, std::string_view queryEncoding, Progress* progress) {
     const std::string source = withoutReturns(decodeUtf8Leniently(page));
     html::Tree tree;
-    if (!html::TreeBuilder::build(source, tree))
+    const html::TreeBuilder::Outcome outcome = html::TreeBuilder::build(source, tree, progress);
+    if (outcome == html::TreeBuilder::Outcome::Cancelled)
+        return cancelledByUser();
+    if (outcome == html::TreeBuilder::Outcome::Entangled)
         return failure("The tags of the page are too entangled to be read.");
     return linksOf(LinkWalk().run(tree.document()), queryEncoding, kMostNestedTextBytes + 16 * source.size());
 }

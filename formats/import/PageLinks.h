@@ -3,6 +3,7 @@
 #pragma once
 
 #include "model/Error.h"
+#include "platform/Progress.h"
 
 #include <string>
 #include <string_view>
@@ -29,7 +30,8 @@ struct PageLinks {
 /// Time and memory are linear in the size of the page. Fails with a sentence for a page whose tags are too
 /// entangled for that, or whose links are nested so that their texts would fill more than
 /// `kMostNestedTextBytes` besides the page itself.
-Result<PageLinks> readPageLinks(std::string_view page, std::string_view queryEncoding = {});
+Result<PageLinks> readPageLinks(std::string_view page, std::string_view queryEncoding = {},
+                                Progress* progress = nullptr);
 
 inline constexpr std::size_t kMostNestedTextBytes = std::size_t{1} << 28;
 

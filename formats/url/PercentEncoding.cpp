@@ -22,13 +22,11 @@ bool isIn(EscapeSet set, char c) {
     case EscapeSet::Fragment:
         return anyOf(" \"<>`");
     case EscapeSet::Query:
-        return anyOf(" \"#<>");
-    case EscapeSet::SpecialQuery:
         return anyOf(" \"#<>'");
     case EscapeSet::Path:
         return anyOf(" \"#<>?^`{|}");
     case EscapeSet::UserInfo:
-        return anyOf(" \"#<>?^`{|}/:;=@[\\]");
+        return anyOf(" \"#<>?^`{|}/:;=@[\\]'");
     }
     return false;
 }

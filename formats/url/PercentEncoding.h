@@ -6,9 +6,9 @@
 
 namespace tabulon::url {
 
-/// The sets of the standard, each with everything of the one before it in its line:
-/// controls, fragment; query, special query; query, path, userinfo.
-enum class EscapeSet { Controls, Fragment, Query, SpecialQuery, Path, UserInfo };
+/// The sets of the standard, but for what Chromium escapes besides: "'" in every query and in names of users, "|"
+/// in paths.
+enum class EscapeSet { Controls, Fragment, Query, Path, UserInfo };
 
 /// Appends the bytes of `text`, those of the set as "%XX".
 void appendEscaped(std::string_view text, EscapeSet set, std::string& result);

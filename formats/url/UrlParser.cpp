@@ -303,12 +303,11 @@ void UrlParser::queryAndFragment(std::string_view rest) {
     if (rest.starts_with('?')) {
         const std::string_view query = rest.substr(1, hash == npos ? npos : hash - 1);
         std::string& text = url_.query.emplace();
-        const EscapeSet set = isSpecial_ ? EscapeSet::SpecialQuery : EscapeSet::Query;
         const bool isWeb = isSpecial_ && url_.scheme != "ws" && url_.scheme != "wss";
         if (queryEncoding_.empty() || !isWeb)
-            appendEscaped(query, set, text);
+            appendEscaped(query, EscapeSet::Query, text);
         else
-            appendEscapedIn(queryEncoding_, query, set, text);
+            appendEscapedIn(queryEncoding_, query, EscapeSet::Query, text);
     }
     if (hash != npos)
         appendEscaped(rest.substr(hash + 1), EscapeSet::Fragment, url_.fragment.emplace());

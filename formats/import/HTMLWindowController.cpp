@@ -1,0 +1,155 @@
+#include "formats/import/HTMLWindowController.h"
+
+#include "formats/import/TextDecoding.h"
+#include "formats/url/Ascii.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
+
+namespace tabulon {
+namespace {
+
+// The whole number that a text begins with, 0 without one, the nearest one of 64 bits where it is too large.
+std::int64_t integerValue(std::string_view text) {
+    while (!text.empty() && (ascii::isSpace(text.front()) || text.front() == '\v'))
+        text.remove_prefix(1);
+    const bool isNegative = text.starts_with('-');
+    if (text.starts_with('+') && text.size() > 1 && ascii::isDigit(text[1]))
+        text.remove_prefix(1);
+    std::int64_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error == std::errc::result_out_of_range)
+        return isNegative ? INT64_MIN : INT64_MAX;
+    return number;
+}
+
+bool isOneOf(const Text& identifier, std::initializer_list<std::string_view> some) {
+    return !identifier.isNull() && std::ranges::find(some, identifier.view()) != some.end();
+}
+
+} // namespace
+
+Ref<Bookmark> newDocumentFromArraysLinks(const std::vector<Text>& names, const std::vector<Text>& urls,
+                                         const BaseServices& services) {
+    if (names.empty() || urls.empty())
+        return nullptr;
+    const Date now = Date::now(services.clock);
+    const Text untitled = services.texts.text("Untitled");
+    Ref<Bookmark> root = Bookmark::init(now);
+    root->makeParent();
+    root->setItemName("Master");
+    for (std::size_t i = 0; i < std::min(names.size(), urls.size()); ++i) {
+        if (names[i].isEmpty() && urls[i].isEmpty())
+            continue;
+        Ref<Bookmark> link = Bookmark::init(now);
+        link->setItemName(names[i].isEmpty() ? untitled : names[i]);
+        link->setItemURL(urls[i]);
+        root->addChild(std::move(link));
+    }
+    return root;
+}
+
+std::vector<Text> adaptURLsDomain(const std::vector<Text>& urls, const Text& domain) {
+    std::vector<Text> adapted = urls;
+    if (domain.isNull())
+        return adapted;
+    for (Text& url : adapted)
+        if (url.view().starts_with('/'))
+            url = domain.string() + url.string();
+    return adapted;
+}
+
+std::vector<Text> adaptNames(const std::vector<Text>& names) {
+    std::vector<Text> adapted = names;
+    for (Text& name : adapted) {
+        const std::string_view text = name.view();
+        const std::size_t begin = std::min(text.find_first_not_of("\t\n\f\r "), text.size());
+        if (begin > 0)
+            name = Text(text.substr(begin));
+    }
+    return adapted;
+}
+
+std::vector<Text> separatedAtFormFeeds(std::string_view joined) {
+    std::vector<Text> values;
+    for (std::size_t begin = 0; begin <= joined.size();) {
+        const std::size_t end = std::min(joined.find('\f', begin), joined.size());
+        values.emplace_back(joined.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    return values;
+}
+
+Result<void> HTMLWindowController::windowDidLoad(Progress* progress) {
+    netscapeFile_ = htmlText_.view().starts_with("<!DOCTYPE NETSCAPE-Bookmark-file-1>");
+    if (isOneOf(bundleID_, {"com.operasoftware.Opera"}))
+        return {};
+    return loadHTMLString(htmlText_.view(), progress);
+}
+
+Result<void> HTMLWindowController::loadHTMLString(std::string_view text, Progress* progress) {
+    const Result<PageLinks> links = readPageLinks(text, queryEncoding_, progress);
+    if (!links)
+        return tl::unexpected(links.error());
+    didFinishNavigation(*links);
+    return {};
+}
+
+void HTMLWindowController::didFinishNavigation(const PageLinks& links) {
+    if (netscapeFile_) {
+        datesAdded_ = datesOf(links.datesAdded);
+        datesModified_ = datesOf(links.datesModified);
+    }
+    urls_ = adaptURLsDomain(separatedAtFormFeeds(links.targets), domain_);
+    names_ = adaptNames(separatedAtFormFeeds(links.texts));
+}
+
+std::vector<Date> HTMLWindowController::datesOf(std::string_view joined) const {
+    const Date now = Date::now(services_.clock);
+    std::vector<Date> dates;
+    for (const Text& value : separatedAtFormFeeds(joined)) {
+        const bool isMissing = value.isEmpty() || value.view() == "null";
+        dates.push_back(isMissing ? now
+                                  : Date::fromUnixSeconds(static_cast<double>(integerValue(value.view()))));
+    }
+    return dates;
+}
+
+Ref<Bookmark> HTMLWindowController::createDocument() const {
+    Ref<Bookmark> root = newDocumentFromArraysLinks(names_, urls_, services_);
+    if (!root || !netscapeFile_ || !root->getChildren())
+        return root;
+    std::size_t index = 0;
+    for (Bookmark* child : *root->getChildren()) {
+        if (index < datesAdded_.size())
+            child->setItemDateAdded(datesAdded_[index]);
+        if (index < datesModified_.size())
+            child->setItemDateModified(datesModified_[index]);
+        ++index;
+    }
+    return root;
+}
+
+Text HTMLWindowController::title() const {
+    if (isOneOf(bundleID_, {"de.icab.iCab", "com.barebones.bbedit", ""}))
+        return services_.texts.text("GrabbedBookmarks");
+    return "Imported Bookmarks";
+}
+
+bool HTMLWindowController::comesToFront() const {
+    return isOneOf(bundleID_,
+                   {"de.icab.iCab", "com.operasoftware.Opera", "com.barebones.bbedit", "com.apple.TextEdit"});
+}
+
+Result<Ref<Bookmark>> readPageFile(std::string_view bytes, const BaseServices& services, Progress* progress) {
+    DecodedText decoded = decodeText(bytes, TextKind::Html);
+    HTMLWindowController controller(services);
+    controller.setHtmlText(decoded.text);
+    controller.setQueryEncoding(std::move(decoded.encoding));
+    if (const Result<void> loaded = controller.windowDidLoad(progress); !loaded)
+        return tl::unexpected(loaded.error());
+    return controller.createDocument();
+}
+
+} // namespace tabulon
