@@ -15,7 +15,7 @@ PACKAGES_DISPLAY=(xvfb xauth openbox xdotool scrot)
 
 # The programs that the tests run; the browser of the browser test is not among them.
 PACKAGES_TESTS=(
-    libplist-utils desktop-file-utils shared-mime-info appstream xdg-utils libglib2.0-bin dbus-daemon x11-utils dpkg-dev
+    libplist-utils libxml2-utils desktop-file-utils shared-mime-info appstream xdg-utils libglib2.0-bin dbus-daemon x11-utils dpkg-dev
     at-spi2-core gir1.2-atspi-2.0 python3-gi
 )
 

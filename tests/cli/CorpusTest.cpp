@@ -1,5 +1,7 @@
 // The corpus folders through the tool: tests/corpus/{archive,classic}/<case>/input and the JSON of the tree,
-// or the one line of the refusal.
+// or the one line of the refusal. And tests/corpus/export/<case>: a tree as JSON, the settings in `defaults`
+// where there are any, and in expected.<format> what each format makes of it.
+#include "formats/ExportFormats.h"
 #include "platform/fake/MemoryFileStore.h"
 #include "tests/cli/Tool.h"
 
@@ -8,6 +10,9 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
+#include <string>
+#include <vector>
 
 namespace tabulon {
 namespace {
@@ -39,6 +44,34 @@ TEST_P(CorpusTest, documentsReadAsExpected) {
         ++cases;
     }
     EXPECT_GE(cases, 5);
+}
+
+std::vector<std::string> exportArguments(const fs::path& folder, const std::string& format) {
+    std::vector<std::string> arguments = {"--locale", "en_US"};
+    std::istringstream lines(contentOf(folder / "defaults"));
+    for (std::string line; std::getline(lines, line);)
+        arguments.insert(arguments.end(), {"--default", line});
+    arguments.insert(arguments.end(), {"export", "--to", format, "document"});
+    return arguments;
+}
+
+TEST(ExportCorpusTest, treesAreWrittenAsExpected) {
+    int expectations = 0;
+    for (const auto& folder : fs::directory_iterator(fs::path(TABULON_CORPUS_DIR) / "export")) {
+        test::Tool tool;
+        tool.in = contentOf(folder.path() / "input.json");
+        ASSERT_EQ(tool.run({"make", "-", "-o", "document"}), 0) << folder.path() << tool.error;
+        for (const ExportFormat& format : exportFormats()) {
+            const std::string name(format.name);
+            const fs::path expected = folder.path() / ("expected." + name);
+            if (!fs::exists(expected))
+                continue;
+            EXPECT_EQ(tool.run(exportArguments(folder.path(), name)), 0) << tool.error;
+            EXPECT_EQ(tool.out, contentOf(expected)) << expected;
+            ++expectations;
+        }
+    }
+    EXPECT_GE(expectations, 10);
 }
 
 INSTANTIATE_TEST_SUITE_P(Folders, CorpusTest, testing::Values("archive", "classic"));
