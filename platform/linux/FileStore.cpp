@@ -104,8 +104,8 @@ std::string target(const std::string& path) {
         const ssize_t size = ::readlink(file.c_str(), buffer, sizeof buffer);
         if (size <= 0)
             return file;
-        const std::string next(buffer, static_cast<std::size_t>(size));
-        file = next.starts_with('/') ? next : folderOf(file) + "/" + next;
+        const std::string_view next(buffer, static_cast<std::size_t>(size));
+        file = next.starts_with('/') ? std::string(next) : fmt::format("{}/{}", folderOf(file), next);
     }
     return path;
 }

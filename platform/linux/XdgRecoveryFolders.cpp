@@ -52,10 +52,12 @@ Result<std::string> XdgRecoveryFolders::makeOwn() {
 std::vector<std::string> XdgRecoveryFolders::adoptAbandonedFolders() {
     std::vector<std::string> adopted;
     std::error_code unreadable;
-    for (const fs::directory_entry& entry : fs::directory_iterator(parent_, unreadable)) {
-        const std::string path = entry.path().string();
+    for (fs::directory_iterator entry(parent_, unreadable), end; !unreadable && entry != end;
+         entry.increment(unreadable)) {
+        const std::string path = entry->path().string();
         const bool mine = std::ranges::any_of(held_, [&](const Held& held) { return held.path == path; });
-        if (mine || !entry.is_directory(unreadable))
+        std::error_code gone;
+        if (mine || !entry->is_directory(gone))
             continue;
         auto lock = std::make_unique<FolderLock>(path, std::chrono::milliseconds(0));
         if (lock->isBusy())
