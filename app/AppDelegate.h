@@ -107,6 +107,8 @@ private:
     Menu recentMenu();
     Menu editMenu() const;
     Menu viewMenu() const;
+    Menu bookmarkMenu() const;
+    Menu labelMenu() const;
     Menu importMenu();
     Menu helpMenu() const;
     MenuItem command(std::string_view titleKey, std::string action, std::string keyEquivalent = {},

@@ -2,6 +2,8 @@
 #include "app/AppDelegate.h"
 #include "app/SharedAlerts.h"
 
+#include <array>
+
 namespace tabulon {
 namespace {
 
@@ -69,7 +71,8 @@ MenuItem AppDelegate::submenu(std::string_view titleKey, Menu menu) const {
 Menu AppDelegate::mainMenu() {
     return Menu{.title = "Tabulon",
                 .items = {submenu("MenuFile", fileMenu()), submenu("MenuEdit", editMenu()),
-                          submenu("MenuView", viewMenu()), submenu("MenuImport", importMenu()),
+                          submenu("MenuView", viewMenu()), submenu("MenuBookmark", bookmarkMenu()),
+                          submenu("MenuLabel", labelMenu()), submenu("MenuImport", importMenu()),
                           submenu("MenuHelp", helpMenu())}};
 }
 
@@ -98,7 +101,32 @@ Menu AppDelegate::recentMenu() {
 }
 
 Menu AppDelegate::editMenu() const {
-    return Menu{.items = {command("MenuSelectAll", "selectAll:", "a")}};
+    return Menu{.items = {command("MenuDelete", "delete:"), command("MenuSelectAll", "selectAll:", "a")}};
+}
+
+Menu AppDelegate::bookmarkMenu() const {
+    return Menu{.items = {command("MenuNewBookmark", "newBookmark:", "b"),
+                          command("MenuAddBookmark", "addBookmark:", "B"),
+                          command("MenuNewFolder", "newFolder:", "N"),
+                          command("MenuInsertSeparator", "insertSeparator:", "K"), MenuItem::makeSeparator(),
+                          command("MenuEditBookmark", "editBookmark:", "F2", {.command = false}),
+                          MenuItem::makeSeparator(), command("MenuMoveUp", "moveUp:", "Up"),
+                          command("MenuMoveDown", "moveDown:", "Down")}};
+}
+
+Menu AppDelegate::labelMenu() const {
+    static constexpr std::array<std::string_view, 12> kNames = {
+        "LabelNone",  "LabelOrange", "LabelRed",    "LabelMagenta", "LabelLightBlue", "LabelBlue",
+        "LabelGreen", "LabelBrown",  "LabelPurple", "LabelGray",    "LabelYellow",    "LabelCyan"};
+    Menu menu;
+    for (std::size_t label = 0; label < kNames.size(); ++label) {
+        MenuItem item = command(kNames[label], "labelBookmark:");
+        item.tag = static_cast<int>(label);
+        if (label > 0)
+            item.color = labelColor(static_cast<std::uint8_t>(label));
+        menu.items.push_back(std::move(item));
+    }
+    return menu;
 }
 
 Menu AppDelegate::viewMenu() const {

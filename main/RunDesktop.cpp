@@ -8,6 +8,7 @@
 #include "platform/linux/FileStore.h"
 #include "platform/linux/FileUserDefaults.h"
 #include "platform/linux/QtAlerts.h"
+#include "platform/linux/QtBeeper.h"
 #include "platform/linux/QtPanels.h"
 #include "platform/linux/QtProgressPanels.h"
 #include "platform/linux/QtTimers.h"
@@ -77,6 +78,7 @@ int runDesktop(const LaunchArguments& arguments, SingleInstance& instance) {
     QtProgressPanels progress(windowFor);
     XdgRecoveryFolders recovery(stateFolder() + "/unsaved");
     XdgBrowserStores browsers(files);
+    QtBeeper beeper;
     QtTimers timers([&progress] { return progress.isShowing(); });
     const Platform platform{{clock, defaults, texts, log},
                             alerts,
@@ -87,6 +89,7 @@ int runDesktop(const LaunchArguments& arguments, SingleInstance& instance) {
                             recovery,
                             browsers,
                             timers,
+                            beeper,
                             state};
     AppDelegate app(platform, windows, TABULON_VERSION);
     windows.connectTo(app, platform);

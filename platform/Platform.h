@@ -3,6 +3,7 @@
 
 #include "platform/Alerts.h"
 #include "platform/BaseServices.h"
+#include "platform/Beeper.h"
 #include "platform/BrowserStores.h"
 #include "platform/FileStore.h"
 #include "platform/FolderReferences.h"
@@ -24,6 +25,7 @@ struct Platform {
     RecoveryFolders& recovery;
     BrowserStores& browsers;
     Timers& timers;
+    Beeper& beeper;
     /// What the program remembers by itself between runs (recent documents, column widths), apart from the
     /// settings.
     UserDefaults& state;

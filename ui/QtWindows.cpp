@@ -33,6 +33,9 @@ public:
     void showEmptyState(bool empty) override { window_->showEmptyState(empty); }
     std::string frame() const override { return window_->frame(); }
     void setFrame(const std::string& frame) override { window_->setFrame(frame); }
+    bool applicationIsActive() const override {
+        return QGuiApplication::applicationState() == Qt::ApplicationActive;
+    }
     void show() override { window_->show(); }
     void makeKeyAndOrderFront() override { window_->bringToFront(); }
 

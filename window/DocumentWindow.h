@@ -30,6 +30,9 @@ public:
     virtual std::string frame() const = 0;
     virtual void setFrame(const std::string& frame) = 0;
 
+    /// Whether the program is the one that the user works with.
+    virtual bool applicationIsActive() const = 0;
+
     virtual void show() = 0;
     virtual void makeKeyAndOrderFront() = 0;
 };

@@ -4,7 +4,9 @@
 
 #include "window/CellContent.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <optional>
 #include <vector>
 
@@ -29,6 +31,13 @@ inline void addRow(RowSet& rows, std::size_t row) {
         rows.push_back({row, 1});
 }
 
+inline bool containsRow(const RowSet& rows, std::size_t row) {
+    const auto after =
+        std::upper_bound(rows.begin(), rows.end(), row,
+                         [](std::size_t wanted, const RowRange& range) { return wanted < range.first; });
+    return after != rows.begin() && row - std::prev(after)->first < std::prev(after)->count;
+}
+
 class OutlineView {
 public:
     virtual ~OutlineView() = default;
@@ -50,6 +59,14 @@ public:
     virtual void selectRows(const RowSet& rows) = 0;
     virtual void selectAll() = 0;
     virtual void scrollRowToVisible(std::size_t row) = 0;
+
+    /// Begins to edit the cell's text in place, all of it selected; when that ends the view tells the
+    /// controller. The cell must be one that can be edited.
+    virtual void editCell(Column column, std::size_t row) = 0;
+    /// Ends editing, if a cell is being edited, and takes over what was typed.
+    virtual void endEditing() = 0;
+    /// The column that the pointer is over; nothing when it is outside the cells.
+    virtual std::optional<Column> columnUnderPointer() const = 0;
 
     /// Shows the tags column, which must not be shown yet, as the `index`th of the columns, or the last where
     /// there are fewer; its width is in points of 1/72 inch.

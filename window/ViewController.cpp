@@ -37,6 +37,26 @@ void ViewController::addActions() {
     actions_.add(
         "zoomOut:", [this](const MenuItem&) { zoomOut(); },
         [this](const MenuItem&) { return canMoveTableFontSize(FontSizeStep::Smaller); });
+    addEditingActions();
+}
+
+void ViewController::addEditingActions() {
+    const auto selected = [this](const MenuItem&) { return hasSelection(); };
+    const auto oneFolder = [this](const MenuItem&) { return hasOneSelectedFolder(); };
+    actions_.add("newBookmark:", [this](const MenuItem&) { newBookmark(); });
+    actions_.add("newFolder:", [this](const MenuItem&) { newFolder(); });
+    actions_.add(
+        "addBookmark:", [this](const MenuItem&) { addBookmark(); }, oneFolder);
+    actions_.add("insertSeparator:", [this](const MenuItem&) { insertSeparator(); });
+    actions_.add(
+        "editBookmark:", [this](const MenuItem&) { editBookmark(); }, selected);
+    actions_.add(
+        "delete:", [this](const MenuItem&) { deleteSelection(); }, selected);
+    actions_.add("moveUp:", [this](const MenuItem&) { moveUp(); });
+    actions_.add("moveDown:", [this](const MenuItem&) { moveDown(); });
+    actions_.add(
+        "labelBookmark:",
+        [this](const MenuItem& sender) { labelBookmark(static_cast<std::uint8_t>(sender.tag)); }, selected);
 }
 
 void ViewController::setWindow(DocumentWindow* window) {

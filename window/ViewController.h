@@ -1,6 +1,7 @@
 // The outline controller: one for each document window. It holds the visible rows of the document's tree and
 // carries every command on them; the view (OutlineView) mirrors it. Split by concern: _presentation (what
-// cells show), _table (font size, tags column), _expanding, _hover (the URL field), _export.
+// cells show), _table (font size, tags column), _expanding, _inserting, _removing, _fields (editing in
+// place), _labels, _hover (the URL field), _export.
 #pragma once
 
 #include "model/Document.h"
@@ -23,6 +24,9 @@ namespace tabulon {
 enum class ExpansionChange { Expand, ExpandPlus, Collapse, CollapsePlus };
 
 enum class FontSizeStep { Larger, Smaller };
+
+/// Whether the name of a new item is edited at once.
+enum class Editing { No, Begins };
 
 /// Rows are numbers below `numberOfRows()`; every row taken as an argument must be one. The document must
 /// live longer than the controller.
@@ -118,6 +122,53 @@ public:
     void expandAll();
     void collapseAll();
 
+    // New items. An item goes into the current row's folder, as its first child, where that is expanded, else
+    // behind the current row; without one it goes to the top. Its row is selected alone.
+
+    void addNewData(Ref<Bookmark> item, Editing editing = Editing::No);
+    /// The same relative to `row`; nothing means the root.
+    void insertNewData(Ref<Bookmark> item, std::optional<std::size_t> row);
+    void newBookmark();
+    void newFolder();
+    /// Into the current row's folder, which is expanded for it; does nothing where that is no folder.
+    void addBookmark();
+    void insertSeparator();
+
+    // Removing and moving
+
+    /// Removes the items of the selected rows, or shows the no-selection alert.
+    void deleteSelection();
+    /// The one selected item goes above the row before it, or behind the row after it, in and out of
+    /// folders. They beep where there is nowhere to go and for several rows. An expanded folder whose rows
+    /// are the last ones is removed by moving it down.
+    void moveUp();
+    void moveDown();
+
+    // Labels
+
+    /// The row under the pointer when a context menu was opened; nothing without one.
+    void setClickedRow(std::optional<std::size_t> row) { clickedRow_ = row; }
+    /// The items that a command acts on: the clicked row's alone where that is not selected, else those of
+    /// the selected rows, from above.
+    std::vector<Bookmark*> getSelectionArray() const;
+    void labelBookmark(std::uint8_t label);
+
+    // Editing in place
+
+    bool shouldEdit(Column column, const Bookmark& item) const;
+    /// The field has ended with this text. A text that is another one than before is taken over, with the
+    /// date of the change.
+    void endNameEdit(std::size_t row, const std::string& string);
+    void endURLEdit(std::size_t row, const std::string& string);
+    void endTagsEdit(std::size_t row, const std::string& string);
+    /// Begins with the current row's name; shows the no-selection alert without one.
+    void editBookmark();
+    /// The same for one field, silently.
+    void editNameBookmark();
+    void editURLBookmark();
+    void editTagsBookmark();
+    void endEdit();
+
     // The URL field
 
     /// The pointer is over the outline: over this row, or over none.
@@ -162,7 +213,23 @@ private:
         std::size_t folders = 0;
     };
 
+    /// More rows than this are laid out anew in one go rather than one by one.
+    static constexpr std::size_t kRowsHandledSingly = 64;
+
     void addActions();
+    void addEditingActions();
+    Date now() const { return Date::now(platform_.base.clock); }
+    void insertAtAnchor(Bookmark& anchor, Ref<Bookmark> item);
+    void insertChild(Bookmark& folder, std::size_t index, Ref<Bookmark> item);
+    std::optional<std::size_t> rowForNewChild(const Bookmark& folder, std::size_t index) const;
+    void insertRowsOf(Bookmark& item, std::size_t row);
+    void removeItem(Bookmark& item);
+    void removeManyItems(const std::vector<Bookmark*>& items);
+    void fieldDidChange(Bookmark& item, std::size_t row);
+    void editCurrentRow(Column column);
+    void scheduleAutoEdit();
+    bool hasSelection() const;
+    bool hasOneSelectedFolder() const;
     OutlineView& outline() const { return window_->outline(); }
     void viewDidLoad();
     void fitURLField(double fontSize);
@@ -194,6 +261,8 @@ private:
     VisibleRows rows_;
     std::optional<Counts> counts_;
     std::optional<std::size_t> hoveredRow_;
+    std::optional<std::size_t> clickedRow_;
+    std::unique_ptr<Timer> autoEdit_;
     std::string urlFieldText_;
     std::string windowTitle_; // empty where it is the document's name
     const std::shared_ptr<const bool> life_ = std::make_shared<const bool>(true);

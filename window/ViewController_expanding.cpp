@@ -7,9 +7,6 @@
 namespace tabulon {
 namespace {
 
-// More rows than this are laid out anew in one go rather than one folder at a time.
-constexpr std::size_t kRowsHandledSingly = 64;
-
 bool expands(ExpansionChange change) {
     return change == ExpansionChange::Expand || change == ExpansionChange::ExpandPlus;
 }
@@ -61,6 +58,7 @@ void ViewController::collapseItemWithChildren(Bookmark& item) {
 }
 
 void ViewController::doubleClickFolder(Bookmark& folder) {
+    autoEdit_.reset(); // the first click was not meant for the name
     isExpanded(folder) ? collapseItem(folder) : expandItem(folder);
     rememberDesktop(1);
 }

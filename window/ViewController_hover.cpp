@@ -55,8 +55,10 @@ void ViewController::mouseExited() {
 }
 
 void ViewController::selectionDidChange() {
-    if (window_) // a view reports an empty selection while it is being made
-        updateURL();
+    if (!window_) // a view reports an empty selection while it is being made
+        return;
+    scheduleAutoEdit();
+    updateURL();
 }
 
 void ViewController::updateURL() {

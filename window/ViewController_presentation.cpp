@@ -35,12 +35,12 @@ CellContent ViewController::viewForTableColumn(Column column, std::size_t row, b
             return cell;
         cell.kind = CellKind::TagsView;
         cell.text = cellText(item.itemTags(), color);
-        cell.editable = true;
+        cell.editable = shouldEdit(column, item);
         return cell;
     case Column::URL:
         cell.kind = CellKind::URLView;
         cell.text = cellText(item.itemURL(), color);
-        cell.editable = !item.getLocked() && !isExpandable(item);
+        cell.editable = shouldEdit(column, item);
         return cell;
     }
     return cell;
@@ -56,7 +56,7 @@ CellContent ViewController::nameCell(const Bookmark& item, const std::optional<L
     const bool hasTags = !item.itemTags().isEmpty();
     const bool tagsTip = hasTags && defaults.boolForKey("ShowBalloonTags");
     cell.kind = CellKind::NameView;
-    cell.editable = true;
+    cell.editable = shouldEdit(Column::Name, item);
     cell.text = cellText(item.itemName(), color);
     cell.icon = imageName(item.itemIcon());
     if (tagsTip)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/Alerts.h"
+#include "platform/Beeper.h"
 #include "platform/FolderReferences.h"
 #include "platform/Panels.h"
 #include "platform/ProgressPanels.h"
@@ -91,6 +92,13 @@ public:
     std::map<std::string, std::string, std::less<>> kept;
     std::set<std::string> gone;
     std::optional<std::string> documents = "/home/documents";
+};
+
+/// Counts.
+class FakeBeeper : public Beeper {
+public:
+    void beep() override { ++beeps; }
+    int beeps = 0;
 };
 
 /// Gives what was laid in.

@@ -20,6 +20,7 @@ struct FakePlatform {
     FakeRecoveryFolders recovery;
     FakeBrowserStores stores;
     FakeTimers timers;
+    FakeBeeper beeper;
     MemoryUserDefaults state;
 
     Platform platform() { return platformIn(base.texts); }
@@ -34,6 +35,7 @@ struct FakePlatform {
                 recovery,
                 stores,
                 timers,
+                beeper,
                 state};
     }
 };

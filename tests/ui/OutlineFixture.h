@@ -30,6 +30,7 @@ public:
     void showEmptyState(bool) override {}
     std::string frame() const override { return {}; }
     void setFrame(const std::string&) override {}
+    bool applicationIsActive() const override { return true; }
     void show() override {}
     void makeKeyAndOrderFront() override {}
 

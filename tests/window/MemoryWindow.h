@@ -64,6 +64,12 @@ public:
     }
     void selectAll() override { selected.insert(rows.begin(), rows.end()); }
     void scrollRowToVisible(std::size_t row) override { scrolledTo = row; }
+    void editCell(Column column, std::size_t row) override {
+        EXPECT_TRUE(controller_.viewForTableColumn(column, row, true).editable);
+        edited = {{column, &controller_.itemAtRow(row)}};
+    }
+    void endEditing() override { ++editingsEnded; }
+    std::optional<Column> columnUnderPointer() const override { return pointer; }
     void addTagsColumn(std::size_t index, double width) override {
         EXPECT_FALSE(tagsColumn) << "the column is shown already";
         tagsColumn = std::min<std::size_t>(index, 2); // Name and URL are always there
@@ -87,6 +93,9 @@ public:
 
     std::vector<Bookmark*> rows;
     std::set<Bookmark*> selected;
+    std::optional<std::pair<Column, Bookmark*>> edited;
+    int editingsEnded = 0;
+    std::optional<Column> pointer;
     std::vector<RowRange> reloaded;
     std::optional<std::size_t> scrolledTo;
     int reloads = 0;
@@ -123,6 +132,7 @@ public:
     void showEmptyState(bool isEmpty) override { empty = isEmpty; }
     std::string frame() const override { return place; }
     void setFrame(const std::string& frame) override { place = frame; }
+    bool applicationIsActive() const override { return active; }
     void show() override { shown = true; }
     void makeKeyAndOrderFront() override { ++broughtToFront; }
 
@@ -130,6 +140,7 @@ public:
     std::string title;
     std::string file;
     bool edited = false;
+    bool active = true;
     std::string urlField;
     double urlFieldFontSize = 0;
     bool empty = false;

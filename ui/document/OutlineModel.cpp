@@ -38,6 +38,15 @@ QVariant OutlineModel::data(const QModelIndex& index, int role) const {
     return {};
 }
 
+Qt::ItemFlags OutlineModel::flags(const QModelIndex& index) const {
+    Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    if (index.isValid() &&
+        controller_.shouldEdit(columnAt(index.column()),
+                               controller_.itemAtRow(static_cast<std::size_t>(index.row()))))
+        flags |= Qt::ItemIsEditable;
+    return flags;
+}
+
 QVariant OutlineModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal)
         return {};

@@ -2,6 +2,7 @@
 #include "ui/document/OutlineWidget.h"
 
 #include "ui/document/OutlineAccessible.h"
+#include "ui/document/OutlineEditor.h"
 #include "ui/document/OutlineHeader.h"
 #include "ui/document/OutlineModel.h"
 #include "window/ViewController.h"
@@ -44,6 +45,7 @@ OutlineWidget::OutlineWidget(ViewController& controller, const QStringList& colu
     setSelectionBehavior(SelectRows);
     setSelectionMode(ExtendedSelection);
     setEditTriggers(NoEditTriggers);
+    setItemDelegate(new OutlineEditor(*this));
     setHorizontalScrollMode(ScrollPerPixel);
     setVerticalScrollMode(ScrollPerPixel);
     setMouseTracking(true);
@@ -114,6 +116,7 @@ std::optional<std::size_t> OutlineWidget::tagsColumnIndex() const {
 }
 
 void OutlineWidget::willReloadData() {
+    endEditing(); // the field would go, and what was typed with it
     rows_->willReload();
 }
 

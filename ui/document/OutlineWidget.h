@@ -1,5 +1,5 @@
 // The outline in a window: rows of one height over a flat model, so that everything it does takes the time of
-// the rows on the screen and not of all rows. Split by concern: _painting, _input.
+// the rows on the screen and not of all rows. Split by concern: _painting, _input, _editing.
 #pragma once
 
 #include "window/CellContent.h"
@@ -9,6 +9,7 @@
 #include <QAccessible>
 #include <QElapsedTimer>
 #include <QHash>
+#include <QPersistentModelIndex>
 
 #include <optional>
 #include <string_view>
@@ -36,6 +37,13 @@ public:
     ViewController* controller() const { return controller_; }
     /// Expands a collapsed folder and collapses an expanded one; leaves other rows alone.
     void toggleRow(std::size_t row);
+
+    // What the field of a cell that is edited asks.
+
+    QString fieldText(const QModelIndex& index) const;
+    QRect fieldRect(const QModelIndex& index) const;
+    void endField(const QModelIndex& index, const QString& text);
+
     /// Selects the row alone, makes it the current one and scrolls to it.
     void goToRow(std::size_t row);
 
@@ -53,6 +61,9 @@ public:
     void selectRows(const RowSet& rows) override;
     void selectAll() override;
     void scrollRowToVisible(std::size_t row) override;
+    void editCell(Column column, std::size_t row) override;
+    void endEditing() override;
+    std::optional<Column> columnUnderPointer() const override;
     void addTagsColumn(std::size_t index, double width) override;
     void removeTagsColumn() override;
     std::optional<std::size_t> tagsColumnIndex() const override;
@@ -66,6 +77,7 @@ public:
     void keyboardSearch(const QString& search) override;
 
 protected:
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     int horizontalOffset() const override;
     int verticalOffset() const override;
@@ -138,6 +150,7 @@ private:
     double rowHeightInPoints_ = 0;
     int rowHeight_ = 23;
     int iconSize_ = 16;
+    QPersistentModelIndex edited_;
     QString typed_;
     QElapsedTimer sinceTyped_;
     mutable QHash<QByteArrayView, QIcon> icons_; // by names that live as long as the program

@@ -14,6 +14,10 @@
 namespace tabulon {
 namespace {
 
+bool deletes(int key) {
+    return key == Qt::Key_Backspace || key == Qt::Key_Delete || key == Qt::Key_Clear;
+}
+
 bool movesTheCursor(int key) {
     return key >= Qt::Key_Home && key <= Qt::Key_PageDown; // with End and the arrows between them
 }
@@ -118,6 +122,10 @@ void OutlineWidget::keyPressEvent(QKeyEvent* event) {
     const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     if (controller_ && plain && movesTheCursor(event->key()) && showCursor(event->key()))
         return event->accept();
+    if (controller_ && plain && deletes(event->key())) {
+        controller_->deleteSelection();
+        return event->accept();
+    }
     const bool sign = event->text() == "+" || event->text() == "*"; // typed with Shift on many keyboards
     if (controller_ && (plain || sign) && handleTreeKey(event->key()))
         return event->accept();

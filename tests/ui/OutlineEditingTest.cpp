@@ -1,0 +1,179 @@
+// Editing in place in the real outline: the field, its keys, what it gives back; and the keys that delete.
+#include "tests/ui/OutlineFixture.h"
+
+#include <QApplication>
+#include <QLineEdit>
+
+namespace tabulon {
+namespace {
+
+class OutlineEditingTest : public OutlineTest {
+protected:
+    void SetUp() override {
+        link_ = &add(makeLink("link", "https://a.example/"));
+        folder_ = &add(makeFolder("folder"));
+        base.defaults.setBoolForKey("AutoEdit", false);
+    }
+    void open() {
+        openWidget();
+        widget().setFocus();
+        QApplication::setActiveWindow(&widget());
+    }
+    /// The field that is there now, or null.
+    QLineEdit* field() {
+        QCoreApplication::processEvents(); // a field sees Return before it ends
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QLineEdit* found = nullptr;
+        for (QLineEdit* candidate : widget().viewport()->findChildren<QLineEdit*>())
+            if (candidate->isVisible())
+                found = candidate;
+        return found;
+    }
+    QLineEdit* edit(Column column, int row) {
+        widget().goToRow(static_cast<std::size_t>(row));
+        column == Column::Name ? controller->editNameBookmark() : controller->editURLBookmark();
+        return field();
+    }
+
+    Bookmark* link_ = nullptr;
+    Bookmark* folder_ = nullptr;
+};
+
+TEST_F(OutlineEditingTest, theFieldHasTheTextSelectedAndStandsInTheCell) {
+    open();
+    QLineEdit* name = edit(Column::Name, 0);
+    ASSERT_TRUE(name);
+    EXPECT_EQ(name->text(), "link");
+    EXPECT_EQ(name->selectedText(), "link");
+    EXPECT_TRUE(cell(0, Column::Name).contains(name->geometry()));
+    EXPECT_EQ(name->accessibleName(), "Name");
+}
+
+TEST_F(OutlineEditingTest, ReturnTakesOverAndEscapeDoesNot) {
+    open();
+    QLineEdit* name = edit(Column::Name, 0);
+    ASSERT_TRUE(name);
+    QTest::keyClicks(name, "better");
+    QTest::keyClick(name, Qt::Key_Return);
+    EXPECT_FALSE(field());
+    EXPECT_EQ(link_->itemName().view(), "better");
+    EXPECT_EQ(document.changeCount(), 1);
+    name = edit(Column::Name, 0);
+    ASSERT_TRUE(name);
+    QTest::keyClicks(name, "worse");
+    QTest::keyClick(name, Qt::Key_Escape);
+    EXPECT_FALSE(field());
+    EXPECT_EQ(link_->itemName().view(), "better");
+    EXPECT_EQ(document.changeCount(), 1);
+}
+
+TEST_F(OutlineEditingTest, TabGoesFromTheNameToTheAddressAndBack) {
+    open();
+    QLineEdit* name = edit(Column::Name, 0);
+    ASSERT_TRUE(name);
+    QTest::keyClicks(name, "n");
+    QTest::keyClick(name, Qt::Key_Tab);
+    EXPECT_EQ(link_->itemName().view(), "n");
+    QLineEdit* url = field();
+    ASSERT_TRUE(url);
+    EXPECT_EQ(url->text(), "https://a.example/");
+    EXPECT_EQ(url->accessibleName(), "URL");
+    QTest::keyClick(url, Qt::Key_Tab);
+    ASSERT_TRUE(field());
+    EXPECT_EQ(field()->text(), "n");
+    QTest::keyClick(field(), Qt::Key_Backtab);
+    ASSERT_TRUE(field());
+    EXPECT_EQ(field()->text(), "https://a.example/");
+}
+
+TEST_F(OutlineEditingTest, theAddressOfAFolderOrALockedLinkGetsNoField) {
+    link_->setItemLocked(true);
+    open();
+    EXPECT_FALSE(edit(Column::URL, 0));
+    EXPECT_FALSE(edit(Column::URL, 1));
+    QLineEdit* name = edit(Column::Name, 1);
+    ASSERT_TRUE(name);
+    QTest::keyClick(name, Qt::Key_Tab);
+    ASSERT_TRUE(field());
+    EXPECT_EQ(field()->text(), "folder");
+}
+
+TEST_F(OutlineEditingTest, whatIsLeftAloneStaysAsItWasWhateverItHolds) {
+    const std::string strange = "two\nlines\ttab " + std::string(100'000, 'x');
+    link_->setItemName(strange);
+    open();
+    ASSERT_TRUE(edit(Column::Name, 0));
+    QTest::keyClick(field(), Qt::Key_Return);
+    EXPECT_FALSE(field());
+    EXPECT_EQ(link_->itemName().view(), strange);
+    EXPECT_EQ(document.changeCount(), 0);
+}
+
+TEST_F(OutlineEditingTest, leavingTheFieldTakesOverToo) {
+    open();
+    ASSERT_TRUE(edit(Column::Name, 0));
+    QTest::keyClicks(field(), "typed");
+    controller->endEdit();
+    EXPECT_EQ(link_->itemName().view(), "typed");
+    EXPECT_FALSE(field());
+}
+
+TEST_F(OutlineEditingTest, whatIsTypedSurvivesRowsThatComeAndGo) {
+    open();
+    ASSERT_TRUE(edit(Column::Name, 0));
+    QTest::keyClicks(field(), "typed");
+    controller->expandAll(); // lays the rows out anew where folders change
+    controller->collapseAll();
+    if (field())
+        QTest::keyClick(field(), Qt::Key_Return);
+    EXPECT_FALSE(field());
+    EXPECT_EQ(link_->itemName().view(), "typed");
+}
+
+TEST_F(OutlineEditingTest, theRowThatIsEditedMayGo) {
+    open();
+    ASSERT_TRUE(edit(Column::Name, 0));
+    QTest::keyClicks(field(), "typed");
+    controller->deleteSelection();
+    EXPECT_FALSE(field());
+    EXPECT_EQ(shownNames(), std::vector<std::string>{"folder"});
+}
+
+TEST_F(OutlineEditingTest, theThreeDeleteKeysDelete) {
+    for (int i = 0; i < 3; ++i)
+        add(makeLink("more"));
+    open();
+    for (const Qt::Key key : {Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Clear}) {
+        const int rows = widget().model()->rowCount();
+        widget().goToRow(0);
+        press(key);
+        EXPECT_EQ(widget().model()->rowCount(), rows - 1);
+    }
+    EXPECT_EQ(document.changeCount(), 3);
+}
+
+TEST_F(OutlineEditingTest, aClickBeginsToEditTheCellUnderItHalfASecondLater) {
+    base.defaults.setBoolForKey("AutoEdit", true);
+    open();
+    const QPoint spot = cell(0, Column::URL).center();
+    QCursor::setPos(widget().viewport()->mapToGlobal(spot));
+    QTest::mouseClick(widget().viewport(), Qt::LeftButton, {}, spot);
+    EXPECT_FALSE(field());
+    timers.advance(0.51);
+    ASSERT_TRUE(field());
+    EXPECT_EQ(field()->text(), "https://a.example/");
+}
+
+TEST_F(OutlineEditingTest, aNewBookmarkIsInSightWithItsNameBeingEdited) {
+    for (int i = 0; i < 200; ++i)
+        add(makeLink("more"));
+    open();
+    widget().scrollRowToVisible(150);
+    controller->newBookmark();
+    ASSERT_TRUE(field());
+    EXPECT_EQ(field()->text(), "Untitled");
+    EXPECT_TRUE(widget().viewport()->rect().contains(field()->geometry()));
+}
+
+} // namespace
+} // namespace tabulon

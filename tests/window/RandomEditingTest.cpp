@@ -1,0 +1,120 @@
+// Thousands of random commands on a random tree: after each it is one tree, the rows are those that a fresh
+// flattening gives, and the document saved and read again is the same.
+#include "model/ArchiveReader.h"
+#include "model/ArchiveWriter.h"
+#include "model/TreeWalk.h"
+#include "tests/window/WindowFixture.h"
+
+#include <random>
+
+namespace tabulon {
+namespace {
+
+class RandomEditingTest : public WindowTest {
+protected:
+    std::size_t below(std::size_t limit) { return random_() % limit; }
+
+    void plant() {
+        std::vector<Bookmark*> parents{&document.getMaster()};
+        for (int i = 0; i < 60; ++i) {
+            Bookmark& parent = *parents[below(parents.size())];
+            if (below(3) == 0)
+                parents.push_back(&add(makeFolder("folder", below(2) == 0), &parent));
+            else
+                add(below(8) == 0 ? makeSeparator() : makeLink("link"), &parent);
+        }
+        open();
+    }
+
+    void selectSomeRows() {
+        outline().selected.clear();
+        if (outline().rows.empty() || below(10) == 0)
+            return;
+        for (std::size_t count = below(4) == 0 ? below(6) : 1; count > 0; --count)
+            outline().selected.insert(outline().rows[below(outline().rows.size())]);
+    }
+
+    void doSomething() {
+        using Command = void (ViewController::*)();
+        static constexpr std::array kCommands = {
+            &ViewController::newBookmark,     &ViewController::newFolder,
+            &ViewController::addBookmark,     &ViewController::insertSeparator,
+            &ViewController::deleteSelection, &ViewController::moveUp,
+            &ViewController::moveUp,          &ViewController::moveDown,
+            &ViewController::expandFolder,    &ViewController::expandFolderPlus,
+            &ViewController::collapseFolder,  &ViewController::collapseFolderPlus,
+            &ViewController::newBookmark,     &ViewController::newFolder,
+        };
+        selectSomeRows();
+        if (below(40) == 0)
+            return below(2) == 0 ? controller->expandAll() : controller->collapseAll();
+        if (below(10) == 0)
+            return controller->labelBookmark(static_cast<std::uint8_t>(below(8)));
+        const Command command = kCommands[below(kCommands.size())];
+        (controller.get()->*command)();
+    }
+
+    void checkTree() {
+        std::set<const Bookmark*> seen;
+        walkBelow(document.getMaster(), [&](Bookmark& node) {
+            EXPECT_TRUE(seen.insert(&node).second) << "a node stands in two places";
+            EXPECT_EQ(node.getDocument(), &document);
+            EXPECT_TRUE(node.getParent()->getChildren()->contains(node));
+            return true;
+        });
+    }
+
+    void checkRows() {
+        EXPECT_EQ(outline().rows, shownBelow(document.getMaster()));
+        EXPECT_TRUE(outline().rowsAreRight());
+        for (const Bookmark* item : outline().selected)
+            EXPECT_TRUE(controller->rowForItem(*item)) << "what is selected has a row";
+        EXPECT_EQ(window->empty, outline().rows.empty());
+    }
+
+    void checkCounts() {
+        std::size_t folderCount = 0;
+        std::size_t linkCount = 0;
+        walkBelow(document.getMaster(), [&](const Bookmark& node) {
+            ++(node.isFolder() ? folderCount : linkCount);
+            linkCount -= node.isSeparator() ? 1 : 0;
+            return true;
+        });
+        EXPECT_EQ(controller->countsText(), std::to_string(linkCount) + " bookmarks in " +
+                                                std::to_string(folderCount) + " folders");
+    }
+
+    void checkFile() {
+        const std::string bytes = writeDocumentArchive(document.getMaster());
+        const auto read = readDocumentArchive(bytes);
+        ASSERT_TRUE(read);
+        EXPECT_EQ(writeDocumentArchive(**read), bytes);
+    }
+
+    std::mt19937 random_;
+};
+
+TEST_F(RandomEditingTest, itStaysOneTreeAndTheRowsFollow) {
+    for (unsigned seed = 1; seed <= 40 && !HasFailure(); ++seed) {
+        SCOPED_TRACE(seed);
+        random_.seed(seed);
+        document.setMaster([&] {
+            Ref<Bookmark> master = Bookmark::init(base.now());
+            master->makeParent();
+            master->setItemName("Master");
+            master->setShowHier(true);
+            return master;
+        }());
+        plant();
+        for (int step = 0; step < 200 && !HasFailure(); ++step) {
+            doSomething();
+            checkTree();
+            checkRows();
+            checkCounts();
+        }
+        checkFile();
+    }
+}
+
+} // namespace
+} // namespace tabulon

@@ -1,0 +1,90 @@
+// Editing in place: which cell, where its field stands, and where Tab goes from there.
+#include "ui/Strings.h"
+#include "ui/document/OutlineHeader.h"
+#include "ui/document/OutlineModel.h"
+#include "ui/document/OutlineWidget.h"
+#include "window/ViewController.h"
+
+#include <QApplication>
+#include <QCursor>
+
+namespace tabulon {
+namespace {
+
+constexpr int kFieldMargin = 2; // between a field's edge and its text
+
+} // namespace
+
+void OutlineWidget::editCell(Column column, std::size_t row) {
+    // Whoever holds a button is selecting or dragging.
+    if (QApplication::mouseButtons() != Qt::NoButton)
+        return;
+    const QModelIndex index = rows_->index(static_cast<int>(row), OutlineHeader::sectionOf(column));
+    if (index == edited_ && indexWidget(index))
+        return;
+    scrollTo(index);
+    edited_ = index;
+    edit(index);
+}
+
+void OutlineWidget::endEditing() {
+    if (QWidget* field = edited_.isValid() ? indexWidget(edited_) : nullptr) {
+        commitData(field);
+        closeEditor(field, QAbstractItemDelegate::NoHint);
+    }
+}
+
+std::optional<Column> OutlineWidget::columnUnderPointer() const {
+    const QModelIndex index = indexAt(viewport()->mapFromGlobal(QCursor::pos()));
+    if (!index.isValid() || selectedRow() != static_cast<std::size_t>(index.row()))
+        return std::nullopt;
+    return OutlineModel::columnAt(index.column());
+}
+
+QString OutlineWidget::fieldText(const QModelIndex& index) const {
+    const CellContent cell = controller_->viewForTableColumn(OutlineModel::columnAt(index.column()),
+                                                             static_cast<std::size_t>(index.row()), true);
+    return toQString(cell.text.string.view());
+}
+
+QRect OutlineWidget::fieldRect(const QModelIndex& index) const {
+    const Column column = OutlineModel::columnAt(index.column());
+    QRect area = textArea(index.row(), column);
+    if (column == Column::Name) {
+        const CellContent cell =
+            controller_->viewForTableColumn(column, static_cast<std::size_t>(index.row()), true);
+        area.setLeft(layOutNameCell(index.row(), cell).text.left());
+    }
+    return area.adjusted(-kFieldMargin, 0, 0, 0);
+}
+
+void OutlineWidget::endField(const QModelIndex& index, const QString& text) {
+    if (!controller_)
+        return;
+    const auto row = static_cast<std::size_t>(index.row());
+    const std::string string = text.toStdString();
+    switch (OutlineModel::columnAt(index.column())) {
+    case Column::Name:
+        return controller_->endNameEdit(row, string);
+    case Column::URL:
+        return controller_->endURLEdit(row, string);
+    case Column::Tags:
+        return controller_->endTagsEdit(row, string);
+    }
+}
+
+// Tab goes from the name to the address and back.
+void OutlineWidget::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+    const QPersistentModelIndex edited = edited_;
+    QAbstractItemView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+    const bool goesOn =
+        hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem;
+    if (!goesOn || !edited.isValid() || !controller_)
+        return;
+    const auto row = static_cast<std::size_t>(edited.row());
+    const bool toURL = OutlineModel::columnAt(edited.column()) == Column::Name &&
+                       controller_->shouldEdit(Column::URL, controller_->itemAtRow(row));
+    editCell(toURL ? Column::URL : Column::Name, row);
+}
+
+} // namespace tabulon

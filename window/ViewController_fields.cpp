@@ -1,0 +1,94 @@
+// Editing in place: what a row's fields do when they end, and how editing begins, by command or by itself.
+#include "window/ViewController.h"
+
+namespace tabulon {
+namespace {
+
+constexpr double kAutoEditPause = 0.5; // seconds
+
+} // namespace
+
+bool ViewController::shouldEdit(Column column, const Bookmark& item) const {
+    if (column == Column::URL)
+        return !isExpandable(item) && !item.getLocked();
+    return !item.isSeparator();
+}
+
+void ViewController::endNameEdit(std::size_t row, const std::string& string) {
+    Bookmark& item = rows_.at(row);
+    if (item.itemName().view() == string)
+        return;
+    item.setItemName(string);
+    fieldDidChange(item, row);
+}
+
+void ViewController::endURLEdit(std::size_t row, const std::string& string) {
+    Bookmark& item = rows_.at(row);
+    if (item.itemURL().view() == string)
+        return;
+    item.setItemURL(string);
+    item.determineType();
+    fieldDidChange(item, row);
+}
+
+void ViewController::endTagsEdit(std::size_t row, const std::string& string) {
+    Bookmark& item = rows_.at(row);
+    if (item.itemTags().view() == string)
+        return;
+    item.setItemTags(string);
+    fieldDidChange(item, row);
+}
+
+void ViewController::fieldDidChange(Bookmark& item, std::size_t row) {
+    item.setItemDateModified(now());
+    outline().reloadRows({row, 1});
+    makeDirty();
+    updateURL();
+}
+
+void ViewController::editBookmark() {
+    if (!outline().selectedRow())
+        return noSelection();
+    editCurrentRow(Column::Name);
+}
+
+void ViewController::editNameBookmark() {
+    editCurrentRow(Column::Name);
+}
+
+void ViewController::editURLBookmark() {
+    editCurrentRow(Column::URL);
+}
+
+void ViewController::editTagsBookmark() {
+    if (outline().tagsColumnIndex())
+        editCurrentRow(Column::Tags);
+}
+
+void ViewController::editCurrentRow(Column column) {
+    const std::optional<std::size_t> row = outline().selectedRow();
+    if (row && shouldEdit(column, rows_.at(*row)))
+        outline().editCell(column, *row);
+}
+
+void ViewController::endEdit() {
+    if (outline().selectedRow())
+        outline().endEditing();
+}
+
+// A click on the row that is selected already edits nothing: the selection has not changed.
+void ViewController::scheduleAutoEdit() {
+    autoEdit_.reset();
+    if (!platform_.base.defaults.boolForKey("AutoEdit") || !outline().selectedRow() ||
+        !window_->applicationIsActive())
+        return;
+    if (const std::optional<Column> column = outline().columnUnderPointer())
+        autoEdit_ = platform_.timers.after(kAutoEditPause, [this, column] {
+            autoEdit_.reset();
+            column == Column::Name  ? editNameBookmark()
+            : column == Column::URL ? editURLBookmark()
+                                    : editTagsBookmark();
+        });
+}
+
+} // namespace tabulon
