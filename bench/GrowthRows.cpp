@@ -2,9 +2,14 @@
 // behind.
 #include "bench/Measure.h"
 #include "bench/Rows.h"
+#include "formats/export/PlainText.h"
+#include "formats/export/XBEL.h"
 #include "model/ArchiveWriter.h"
+#include "model/Collation.h"
 
 #include <fmt/format.h>
+
+#include <algorithm>
 
 namespace tabulon::bench {
 
@@ -12,17 +17,35 @@ namespace {
 
 constexpr double kMostGrowth = 1.5;
 
-/// Seconds per node of the four works on one tree.
+/// As people sort: by the names, in the order of their language.
+std::string sortedText(const Bookmark& tree, const Collation& collation) {
+    return exportToText(tree, {.name = true,
+                               .url = true,
+                               .tags = true,
+                               .note = true,
+                               .skipFolders = true,
+                               .skipSeparators = true,
+                               .sort = &collation})
+        .value();
+}
+
+/// Seconds per node of the works on one tree.
 std::vector<double> perNode(std::size_t links, int runs) {
     const Sample sample(links);
     require(sizeOf(*opened(sample.archive)).nodes == sample.size.nodes, "an opened document has other nodes");
     require(sizeOf(*scanned(sample.html)).nodes == sample.size.nodes,
             "a scanned bookmark file has other nodes");
+    const Collation collation("en_US");
+    require(std::ranges::count(sortedText(*sample.tree, collation), '\n') ==
+                static_cast<std::ptrdiff_t>(sample.size.links),
+            "an exported text has other links");
     std::vector<double> seconds = {
         fastest(runs, [&] { return opened(sample.archive); }),
         fastest(runs, [&] { return writeDocumentArchive(*sample.tree); }),
         fastest(runs, [&] { return scanned(sample.html); }),
         fastest(runs, [&] { return exported(*sample.tree); }),
+        fastest(runs, [&] { return exportToXBEL(*sample.tree, {}).value(); }),
+        fastest(runs, [&] { return sortedText(*sample.tree, collation); }),
     };
     for (double& value : seconds)
         value /= static_cast<double>(sample.size.nodes);
@@ -41,8 +64,9 @@ std::vector<Row> growthRows(const std::vector<std::size_t>& sizes, const Effort&
         seconds.push_back(perNode(links, effort.runs));
 
     std::vector<Row> rows;
-    const char* const works[] = {"open, per node", "save, per node", "tag-scan, per node",
-                                 "HTML export, per node"};
+    const char* const works[] = {"open, per node",        "save, per node",
+                                 "tag-scan, per node",    "HTML export, per node",
+                                 "XBEL export, per node", "text export, sorted by name, per node"};
     for (std::size_t work = 0; work < std::size(works); ++work) {
         Row row{works[work], "", "", "", fmt::format("at most {} ×", kMostGrowth)};
         for (std::size_t i = 0; i < sizes.size(); ++i)

@@ -22,13 +22,20 @@ Row htmlExportRow(const Sample& sample, const Effort& effort);
 // JsonRows.cpp
 Row chromiumImportRow(const Sample& sample, const Effort& effort);
 
+// XbelRows.cpp
+Row xbelImportRow(const Sample& sample, const Effort& effort);
+Row xbelExportRow(const Sample& sample, const Effort& effort);
+
+// TextRows.cpp
+Row textScanRow(const Sample& sample, const Effort& effort);
+
 // MemoryRow.cpp
 Row memoryRow(const Sample& sample, const Effort& effort);
 /// What a child process of memoryRow does: opens the document in `path` and prints how much memory that took.
 int printMemoryOfDocument(const char* path);
 
 // GrowthRows.cpp
-/// The four works on trees with each number of links in `sizes`, ascending and at least two, per node.
+/// The works on trees with each number of links in `sizes`, ascending and at least two, per node.
 std::vector<Row> growthRows(const std::vector<std::size_t>& sizes, const Effort& effort);
 
 } // namespace tabulon::bench

@@ -35,8 +35,9 @@ int measure(std::size_t links, const std::vector<std::size_t>& growthSizes, cons
             sample.size.links, sample.size.folders, sample.size.depth, sample.size.separators,
             static_cast<double>(sample.html.size()) / 1e6, static_cast<double>(sample.archive.size()) / 1e6);
         met = print({openRow(sample, effort), saveRow(sample, effort), tagScanRow(sample, effort),
-                     htmlExportRow(sample, effort), chromiumImportRow(sample, effort),
-                     memoryRow(sample, effort)});
+                     htmlExportRow(sample, effort), xbelImportRow(sample, effort),
+                     xbelExportRow(sample, effort), textScanRow(sample, effort),
+                     chromiumImportRow(sample, effort), memoryRow(sample, effort)});
     }
     fmt::print("\nGrowth:\n\n");
     met = print(growthRows(growthSizes, effort)) && met;
