@@ -7,7 +7,7 @@
 namespace tabulon::html {
 namespace {
 
-// As deep as browsers nest elements; what is deeper is put beside each other.
+// As deep as browsers nest elements; those that are deeper are put beside each other.
 constexpr std::size_t kDeepest = 512;
 
 bool isHeading(const Node& node) {
@@ -77,7 +77,8 @@ void TreeBuilder::insertText(std::string_view text) {
     Node& node = tree_.newNode();
     node.kind = Node::Kind::Text;
     node.text = text;
-    attach(node, placeFor(open_.top()));
+    const Place place = placeFor(open_.top());
+    insert(*place.parent, node, place.before);
 }
 
 // In front of its table where a table cannot hold it.
@@ -98,7 +99,6 @@ TreeBuilder::Place TreeBuilder::placeFor(Node& target) const {
 void TreeBuilder::attach(Node& node, Place place) {
     if (!place.before && open_.size() > kDeepest && place.parent->parent)
         place.parent = place.parent->parent;
-    detach(node);
     insert(*place.parent, node, place.before);
 }
 

@@ -1,15 +1,19 @@
 // Tells what we find in pages, for the comparison with a real browser: reads pages from standard input, each
-// after its length in bytes on a line, and writes the four texts of its links, each ended by a NUL.
+// after its length in bytes on a line, and writes the four texts of its links, each ended by a NUL. The pages
+// are texts; with the argument "files" they are bytes in any encoding.
 #include "formats/import/PageLinks.h"
+#include "formats/import/TextDecoding.h"
 
 #include <iostream>
 
-int main() {
+int main(int argc, char**) {
     std::size_t size = 0;
     while (std::cin >> size && std::cin.get() == '\n') {
         std::string page(size, '\0');
         std::cin.read(page.data(), static_cast<std::streamsize>(size));
-        const auto links = tabulon::readPageLinks(page);
+        const tabulon::DecodedText decoded =
+            argc > 1 ? tabulon::decodeText(page, tabulon::TextKind::Html) : tabulon::DecodedText{page, {}};
+        const auto links = tabulon::readPageLinks(decoded.text, decoded.encoding);
         if (!links) {
             std::cerr << links.error().message << '\n';
             return 1;
