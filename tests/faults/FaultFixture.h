@@ -51,7 +51,7 @@ public:
     XdgRecoveryFolders recovery;
     MemoryWindows windows;
     AppDelegate app{Platform{fakes.base.services(), fakes.alerts, fakes.panels, fakes.progress, files,
-                             fakes.folders, recovery, fakes.stores, fakes.timers, fakes.state},
+                             fakes.folders, recovery, fakes.stores, fakes.timers, fakes.beeper, fakes.state},
                     windows, "1"};
 };
 
