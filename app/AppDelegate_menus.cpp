@@ -77,14 +77,13 @@ Menu AppDelegate::mainMenu() {
 }
 
 Menu AppDelegate::fileMenu() {
-    return Menu{.items = {command("MenuNew", "newDocument:", "n"), command("MenuOpen", "openDocument:", "o"),
-                          submenu("MenuOpenRecent", recentMenu()), MenuItem::makeSeparator(),
-                          command("MenuSave", "saveDocument:", "s"),
-                          command("MenuSaveAs", "saveDocumentAs:", "S"),
-                          command("MenuRevert", "revertDocumentToSaved:"), MenuItem::makeSeparator(),
-                          command("MenuExport", "exportText:"), command("MenuSaveBookmark", "saveBookmark:"),
-                          MenuItem::makeSeparator(), command("MenuClose", "performClose:", "w"),
-                          command("MenuQuit", "terminate:", "q")}};
+    return Menu{
+        .items = {command("MenuNew", "newDocument:", "n"), command("MenuOpen", "openDocument:", "o"),
+                  submenu("MenuOpenRecent", recentMenu()), MenuItem::makeSeparator(),
+                  command("MenuSave", "saveDocument:", "s"), command("MenuSaveAs", "saveDocumentAs:", "S"),
+                  command("MenuRevert", "revertDocumentToSaved:"), MenuItem::makeSeparator(),
+                  command("MenuExport", "exportText:"), MenuItem::makeSeparator(),
+                  command("MenuClose", "performClose:", "w"), command("MenuQuit", "terminate:", "q")}};
 }
 
 Menu AppDelegate::recentMenu() {
@@ -111,7 +110,8 @@ Menu AppDelegate::bookmarkMenu() const {
                           command("MenuInsertSeparator", "insertSeparator:", "K"), MenuItem::makeSeparator(),
                           command("MenuEditBookmark", "editBookmark:", "F2", {.command = false}),
                           MenuItem::makeSeparator(), command("MenuMoveUp", "moveUp:", "Up"),
-                          command("MenuMoveDown", "moveDown:", "Down")}};
+                          command("MenuMoveDown", "moveDown:", "Down"), MenuItem::makeSeparator(),
+                          command("MenuSaveBookmark", "saveBookmark:")}};
 }
 
 Menu AppDelegate::labelMenu() const {

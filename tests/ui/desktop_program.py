@@ -6,6 +6,7 @@ files, and meets a file that is no bookmark file. What happened is read from the
 
 import json
 import os
+import plistlib
 import shutil
 import signal
 import subprocess
@@ -204,6 +205,47 @@ def export_html(desktop, path):
     check(desktop.ended() == 0, "exporting leaves the document unchanged")
 
 
+def export_text_with_options(desktop, path):
+    """By letters alone: the format, sorted by name, without addresses, with folders."""
+    exported = os.path.join(desktop.folder, "saved.txt")
+    desktop.start(path)
+    desktop.window("saved .*Tabulon")
+    desktop.press("alt+f", "e")
+    desktop.window("Export the bookmarks to a file")
+    desktop.press("alt+f", "End", "alt+s", "alt+u", "alt+l", "alt+e")
+    wait_for("the exported file", lambda: os.path.exists(exported))
+    with open(exported, encoding="utf-8") as file:
+        lines = file.read().splitlines()
+    tops = [line.split("\t")[0] for line in lines]
+    sorted_with_folders = "Kitchen" in tops and tops.index("Kitchen") < tops.index("Reading")
+    check(sorted_with_folders and not any("://" in line for line in lines),
+          "the exported text follows the options chosen by letters")
+    desktop.window("saved .*Tabulon")
+    desktop.press("ctrl+q")
+    check(desktop.ended() == 0, "the options are settings")
+    with open(os.path.join(desktop.environment["HOME"], ".config", "tabulon", "tabulon.ini"), encoding="utf-8") as file:
+        settings = file.read()
+    check("ExportSortName=YES" in settings and "ExportURL=NO" in settings and "SkipFolders=NO" in settings,
+          "the settings file has what was ticked")
+
+
+def save_a_link_as_a_file(desktop, path):
+    saved = os.path.join(desktop.folder, "a link.webloc")
+    desktop.start(path)
+    desktop.window("saved .*Tabulon")
+    desktop.press("End", "alt+b", "Up", "Return")
+    desktop.window("Save the link as a file")
+    desktop.type_path(saved)
+    wait_for("the link's file", lambda: os.path.exists(saved))
+    with open(saved, "rb") as file:
+        content = plistlib.load(file)
+    last = desktop.tree(path)["children"][-1]
+    check(content == {"URL": last["url"]}, "the link's file has its URL")
+    desktop.window("saved .*Tabulon")
+    desktop.press("ctrl+q")
+    check(desktop.ended() == 0, "saving a link leaves the document unchanged")
+
+
 def refuse_a_picture_and_start_empty(desktop):
     picture = os.path.join(desktop.folder, "picture.png")
     with open(picture, "wb") as file:
@@ -239,6 +281,8 @@ def main():
             close_a_document_without_a_file(desktop)
             end_by_a_signal(desktop)
             export_html(desktop, path)
+            export_text_with_options(desktop, path)
+            save_a_link_as_a_file(desktop, path)
             refuse_a_picture_and_start_empty(desktop)
             refuse_without_a_display(desktop)
         except Failure as failure:
