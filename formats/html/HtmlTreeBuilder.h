@@ -157,6 +157,9 @@ private:
     void closeParagraph();
     bool popIfOpen(Tag tag);
 
+    /// What it takes to put one open element beside its place, or to make a node that no tag stands for.
+    static constexpr std::size_t kStepsPerMove = 32;
+    static constexpr std::size_t kStepsPerCopy = 64;
     /// Counts steps that a page may make many of for one tag.
     void spend(std::size_t steps);
 

@@ -74,7 +74,7 @@ TreeBuilder::Step TreeBuilder::endForm() {
     if (!form || !form->isOpen)
         return Step::Done;
     const std::size_t index = open_.indexOf(*form);
-    spend(open_.size() - index);
+    spend(kStepsPerMove * (open_.size() - index));
     if (!open_.isInScope(index))
         return Step::Done;
     closeImpliedEnds();

@@ -3,12 +3,6 @@
 // Formatting elements: opened again where other elements closed them, and moved where their end tags come too
 // early.
 namespace tabulon::html {
-namespace {
-
-// What a node costs that no tag of the page stands for.
-constexpr std::size_t kStepsPerCopy = 64;
-
-} // namespace
 
 // Those behind the last one that is still open.
 void TreeBuilder::reopenFormatting() {
@@ -41,8 +35,11 @@ TreeBuilder::Step TreeBuilder::startLink(const Token& token) {
         endFormatting(token);
         if (const std::size_t left = formatting_.indexOf(before); left != FormattingElements::npos)
             formatting_.removeAt(left);
-        if (before.isOpen)
-            open_.removeAt(open_.indexOf(before));
+        if (before.isOpen) {
+            const std::size_t index = open_.indexOf(before);
+            spend(kStepsPerMove * (open_.size() - index));
+            open_.removeAt(index);
+        }
     }
     return startFormatting(token);
 }
@@ -86,7 +83,7 @@ bool TreeBuilder::endFormattingOnce(const Token& token, Step& step) {
         return false;
     }
     const std::size_t index = open_.indexOf(element);
-    spend(open_.size() - index);
+    spend(kStepsPerMove * (open_.size() - index));
     if (!open_.isInScope(index))
         return false;
     std::size_t furthest = index + 1;
@@ -134,7 +131,7 @@ Node& TreeBuilder::moveUp(std::size_t index, std::size_t furthest, std::size_t& 
     for (std::size_t at = furthest - 1; at > index; --at) {
         Node& node = open_[at];
         std::size_t entry = formatting_.indexOf(node);
-        spend(kStepsPerCopy + open_.size() - at + formatting_.size());
+        spend(kStepsPerCopy + kStepsPerMove * (open_.size() - at) + formatting_.size());
         if (++count > kMostCopies && entry != FormattingElements::npos) {
             formatting_.removeAt(entry);
             bookmark -= entry < bookmark;

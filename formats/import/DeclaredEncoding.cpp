@@ -71,9 +71,7 @@ private:
         if (name < rest_.size() && ascii::isLetter(rest_[name])) {
             const bool isMeta = ascii::equalsIgnoringCase(rest_.substr(0, 5), "<meta") && rest_.size() > 5 &&
                                 (ascii::isSpace(rest_[5]) || rest_[5] == '/');
-            rest_.remove_prefix(std::min(rest_.find_first_of(" \t\n\f\r>"), rest_.size()));
-            if (isMeta && rest_.starts_with('/'))
-                rest_.remove_prefix(1);
+            rest_.remove_prefix(isMeta ? 5 : std::min(rest_.find_first_of(" \t\n\f\r>"), rest_.size()));
             const std::vector<Attribute> attributes = readAttributes();
             return isMeta ? converterIn(attributes) : std::nullopt;
         }
