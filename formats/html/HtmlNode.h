@@ -13,9 +13,9 @@ namespace tabulon::html {
 
 enum class Namespace : std::uint8_t { Html, Svg, MathML };
 
-/// What a link may carry; absent where the element has no such attribute.
+/// What a link, an area or a base with an address carries; absent where it has no such attribute.
 struct LinkAttributes {
-    std::optional<std::string> href;
+    std::string href;
     std::optional<std::string> addDate;
     std::optional<std::string> lastModified;
 };
@@ -37,7 +37,7 @@ struct Node {
     Node* last = nullptr;
     /// A text's characters, or the name of an element whose tag is Other.
     std::string_view text;
-    /// Null where there is none of them.
+    /// Null where there is no address.
     const LinkAttributes* link = nullptr;
 
     bool isHtml(Tag wanted) const { return tag == wanted && space == Namespace::Html; }

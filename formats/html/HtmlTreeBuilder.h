@@ -146,6 +146,7 @@ private:
 
     // Nodes.
     Node& newElement(const Token& token, Namespace space);
+    const LinkAttributes* linkOf(const Token& token);
     Node& cloneOf(const Node& node);
     Node& insertElement(const Token& token, Namespace space = Namespace::Html);
     Node& insertNamed(Tag tag);

@@ -27,22 +27,23 @@ Node& TreeBuilder::newElement(const Token& token, Namespace space) {
     node.space = space;
     if (token.tag == Tag::Other)
         node.text = tree_.keep(token.name);
-    LinkAttributes link;
-    for (const Attribute& attribute : token.attributes) {
-        if (attribute.name == "href")
-            link.href = attribute.value;
-        else if (attribute.name == "add_date")
-            link.addDate = attribute.value;
-        else if (attribute.name == "last_modified")
-            link.lastModified = attribute.value;
-    }
-    if (link.href)
-        node.link = &tree_.keep(std::move(link));
+    if (space == Namespace::Html && (token.tag == Tag::A || token.tag == Tag::Area || token.tag == Tag::Base))
+        node.link = linkOf(token);
     if (token.tag == Tag::AnnotationXml && space == Namespace::MathML)
         if (const std::string* encoding = token.attribute("encoding"))
             node.holdsHtml = ascii::equalsIgnoringCase(*encoding, "text/html") ||
                              ascii::equalsIgnoringCase(*encoding, "application/xhtml+xml");
     return node;
+}
+
+// Null without an address.
+const LinkAttributes* TreeBuilder::linkOf(const Token& token) {
+    const auto value = [&](std::string_view name) {
+        const std::string* found = token.attribute(name);
+        return found ? std::optional(*found) : std::nullopt;
+    };
+    const std::string* href = token.attribute("href");
+    return href ? &tree_.keep({*href, value("add_date"), value("last_modified")}) : nullptr;
 }
 
 Node& TreeBuilder::cloneOf(const Node& node) {

@@ -51,7 +51,7 @@ private:
             open_.push_back(findings_.links.size());
             findings_.links.push_back({&node, findings_.text.size()});
         } else if (!findings_.base && node.isHtml(Tag::Base) && node.link) {
-            findings_.base = &*node.link->href;
+            findings_.base = &node.link->href;
         }
     }
 
@@ -102,8 +102,8 @@ Result<PageLinks> linksOf(const Findings& findings, std::string_view queryEncodi
     const std::optional<url::Url> base = baseOf(findings, queryEncoding);
     for (const Link& link : findings.links) {
         const html::LinkAttributes& attributes = *link.node->link;
-        const auto target = url::parse(*attributes.href, base ? &*base : nullptr, queryEncoding);
-        (result.targets += target ? target->text() : *attributes.href) += kFormFeed;
+        const auto target = url::parse(attributes.href, base ? &*base : nullptr, queryEncoding);
+        (result.targets += target ? target->text() : attributes.href) += kFormFeed;
         (result.datesAdded += attributes.addDate.value_or("null")) += kFormFeed;
         (result.datesModified += attributes.lastModified.value_or("null")) += kFormFeed;
         if (link.node->tag == Tag::Area)
