@@ -11,7 +11,6 @@ namespace {
 
 constexpr std::size_t npos = std::string_view::npos;
 constexpr std::string_view kReplacement = "\uFFFD";
-constexpr std::string_view kNul("\0", 1);
 
 void appendWithoutNul(std::string_view bytes, std::string& text) {
     for (const char c : bytes) {

@@ -3,7 +3,7 @@
 #include "formats/import/EncodingNames.h"
 #include "model/Text.h"
 
-#include <uchardet/uchardet.h>
+#include <uchardet.h>
 #include <unicode/ucnv.h>
 
 #include <array>
