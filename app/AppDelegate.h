@@ -67,6 +67,12 @@ public:
     void importFile(const ImportFormat& format, const std::string& path);
     /// Scans a Netscape bookmark file into a new document; an alert tells when nothing was found in it.
     Document* scanNetscape(std::string_view bytes);
+    /// Scans any text for links into a new document; an alert tells when there were none.
+    Document* scanTextData(std::string_view bytes);
+    /// The links of a page that was copied, in a new document; null when there can be none.
+    Document* grabAllHTML(const std::string& html);
+    /// What the user has copied: a page where it looks like one, else a text. Nothing without a text.
+    void scanClipboard();
     /// A new untitled, changed document with `root` (named "Master" by whoever made it) as its tree, in a
     /// window. Null when there can be none.
     Document* newMasterDocument(Ref<Bookmark> root);

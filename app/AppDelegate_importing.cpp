@@ -1,14 +1,27 @@
 // The Import menu: panels by which people name the files, what they are told, and the new documents.
 #include "app/AppDelegate.h"
 #include "app/SharedAlerts.h"
+#include "formats/import/HTMLWindowController.h"
+#include "formats/import/TextScanner.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace tabulon {
+namespace {
+
+// Whether "</A>" stands in the text, in any letter case.
+bool holdsEndOfLink(std::string_view text) {
+    const auto lower = [](char c) { return c == 'A' ? 'a' : c; };
+    return !std::ranges::search(text, std::string_view("</a>"), {}, lower).empty();
+}
+
+} // namespace
 
 void AppDelegate::addImportActions() {
     for (const ImportFormat& format : importFormats())
         actions_.add(format.action, [this, &format](const MenuItem&) { beginImport(format); });
+    actions_.add("scanClipboard:", [this](const MenuItem&) { scanClipboard(); });
     for (const char* action : {"importFirefox:", "importTor:"})
         actions_.add(action, [this](const MenuItem&) { firefoxAlert(); });
 }
@@ -34,6 +47,7 @@ Menu AppDelegate::importMenu() {
         lastIsBrowser = !format.browser.empty();
         add(format.titleKey, format.action, format.browser);
     }
+    menu.items.push_back(command("MenuScanClipboard", "scanClipboard:"));
     return menu;
 }
 
@@ -126,11 +140,41 @@ Document* AppDelegate::showImported(const ImportFormat& format, Ref<Bookmark> ro
     if (document && !format.source.empty())
         documentController_.getViewController(*document)->setWindowTitle(
             platform_.base.texts.format("ImportedBookmarks", std::string(format.source)));
+    if (document && !format.title.empty())
+        document->setDisplayName(std::string(format.title));
     return document;
 }
 
 Document* AppDelegate::scanNetscape(std::string_view bytes) {
     return showImported(*importFormatNamed("html"), scanner_.scan(bytes, platform_.base));
+}
+
+Document* AppDelegate::scanTextData(std::string_view bytes) {
+    return showImported(*importFormatNamed("text"), scanText(bytes, platform_.base));
+}
+
+Document* AppDelegate::grabAllHTML(const std::string& html) {
+    HTMLWindowController controller(platform_.base);
+    controller.setHtmlText(Text(html));
+    controller.setBundleID("");
+    controller.setDomain("");
+    if (!controller.windowDidLoad())
+        return nullptr;
+    Ref<Bookmark> root = controller.createDocument();
+    Document* document = root ? newMasterDocument(std::move(root)) : nullptr;
+    if (document)
+        document->setDisplayName(controller.title().string());
+    return document;
+}
+
+void AppDelegate::scanClipboard() {
+    const std::optional<std::string> text = platform_.pasteboard.string();
+    if (!text)
+        return;
+    if (text->starts_with("<html>") || text->starts_with("<HTML>") || holdsEndOfLink(*text))
+        grabAllHTML(*text);
+    else
+        scanTextData(std::string_view(*text).substr(0, text->find('\0')));
 }
 
 Document* AppDelegate::newMasterDocument(Ref<Bookmark> root) {

@@ -10,6 +10,7 @@
 #include "platform/linux/QtAlerts.h"
 #include "platform/linux/QtBeeper.h"
 #include "platform/linux/QtPanels.h"
+#include "platform/linux/QtPasteboard.h"
 #include "platform/linux/QtProgressPanels.h"
 #include "platform/linux/QtTimers.h"
 #include "platform/linux/SessionEvents.h"
@@ -79,6 +80,7 @@ int runDesktop(const LaunchArguments& arguments, SingleInstance& instance) {
     XdgRecoveryFolders recovery(stateFolder() + "/unsaved");
     XdgBrowserStores browsers(files);
     QtBeeper beeper;
+    QtPasteboard pasteboard;
     QtTimers timers([&progress] { return progress.isShowing(); });
     const Platform platform{{clock, defaults, texts, log},
                             alerts,
@@ -90,6 +92,7 @@ int runDesktop(const LaunchArguments& arguments, SingleInstance& instance) {
                             browsers,
                             timers,
                             beeper,
+                            pasteboard,
                             state};
     AppDelegate app(platform, windows, TABULON_VERSION);
     windows.connectTo(app, platform);

@@ -135,6 +135,7 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"MenuSave", "Save"},
     {"MenuSaveAs", "Save As…"},
     {"MenuSaveBookmark", "Save Link as File…"},
+    {"MenuScanClipboard", "Links on the Clipboard"},
     {"MenuScanText", "Links in a Text File…"},
     {"MenuSelectAll", "Select All"},
     {"MenuView", "View"},

@@ -8,6 +8,7 @@
 #include "platform/FileStore.h"
 #include "platform/FolderReferences.h"
 #include "platform/Panels.h"
+#include "platform/Pasteboard.h"
 #include "platform/ProgressPanels.h"
 #include "platform/RecoveryFolders.h"
 #include "platform/Timers.h"
@@ -26,6 +27,7 @@ struct Platform {
     BrowserStores& browsers;
     Timers& timers;
     Beeper& beeper;
+    Pasteboard& pasteboard;
     /// What the program remembers by itself between runs (recent documents, column widths), apart from the
     /// settings.
     UserDefaults& state;

@@ -5,6 +5,7 @@
 #include "platform/Beeper.h"
 #include "platform/FolderReferences.h"
 #include "platform/Panels.h"
+#include "platform/Pasteboard.h"
 #include "platform/ProgressPanels.h"
 #include "platform/RecoveryFolders.h"
 
@@ -92,6 +93,13 @@ public:
     std::map<std::string, std::string, std::less<>> kept;
     std::set<std::string> gone;
     std::optional<std::string> documents = "/home/documents";
+};
+
+/// Holds what was laid in.
+class FakePasteboard : public Pasteboard {
+public:
+    std::optional<std::string> string() override { return text; }
+    std::optional<std::string> text;
 };
 
 /// Counts.

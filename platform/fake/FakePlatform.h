@@ -21,6 +21,7 @@ struct FakePlatform {
     FakeBrowserStores stores;
     FakeTimers timers;
     FakeBeeper beeper;
+    FakePasteboard pasteboard;
     MemoryUserDefaults state;
 
     Platform platform() { return platformIn(base.texts); }
@@ -36,6 +37,7 @@ struct FakePlatform {
                 stores,
                 timers,
                 beeper,
+                pasteboard,
                 state};
     }
 };

@@ -1,7 +1,7 @@
 # tabulon_linux: the desktop services that Qt, the message bus and the display serve.
 tabulon_library(tabulon_linux
   SOURCES
-    Activation.cpp ApplicationAdaptor.cpp DBusInstance.cpp QtAlerts.cpp QtPanels.cpp QtProgressPanels.cpp
+    Activation.cpp ApplicationAdaptor.cpp DBusInstance.cpp QtAlerts.cpp QtPanels.cpp QtPasteboard.cpp QtProgressPanels.cpp
     QtTimers.cpp SessionEvents.cpp
   LINKS tabulon_platform Qt6::DBus Qt6::Widgets
   PRIVATE_LINKS PkgConfig::XCB)

@@ -256,6 +256,78 @@ TEST_F(ImportingTest, textWithLinksBecomesAListOfThem) {
     EXPECT_EQ(panel().message, base.texts.text("SelectTEXT"));
 }
 
+TEST_F(ImportingTest, theLinksOfAPageMakeADocumentOfAFixedName) {
+    import("importHTML:", "/home/a.html", "<a href='https://a/'> one </a><a href='https://b/'></a>");
+    EXPECT_EQ(panel().message, base.texts.text("SelectHTML"));
+    EXPECT_EQ(title(), "Imported Bookmarks");
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_EQ(onlyDocument()->displayName(), "Imported Bookmarks");
+    const auto* links = onlyDocument()->getMaster().getChildren();
+    ASSERT_EQ(links->size(), 2u);
+    EXPECT_EQ(links->at(0)->itemURL().view(), "https://a/");
+    EXPECT_EQ(links->at(1)->itemName().view(), "Untitled");
+}
+
+TEST_F(ImportingTest, aPageWithoutLinksIsAnEmptyDocument) {
+    import("importHTML:", "/home/a.html", "<p>nothing");
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_FALSE(onlyDocument()->getMaster().hasChildren());
+    EXPECT_TRUE(alerts.shown.empty());
+}
+
+TEST_F(ImportingTest, aPanelForPagesTakesItsFilterBack) {
+    EXPECT_TRUE(perform("importBookmarks:"));
+    EXPECT_TRUE(perform("importHTML:"));
+    EXPECT_EQ(panel().kinds.size(), 1u);
+    EXPECT_TRUE(perform("importXBEL:"));
+    ASSERT_EQ(panel().kinds.size(), 1u);
+    EXPECT_EQ(panel().kinds[0].extensions, std::vector<std::string>{"xbel"});
+}
+
+TEST_F(ImportingTest, theClipboardWithoutATextDoesNothing) {
+    EXPECT_TRUE(perform("scanClipboard:"));
+    expectNothing();
+}
+
+TEST_F(ImportingTest, aPageOnTheClipboardIsReadAsOne) {
+    for (const char* page : {"<html><a href='https://a/'>n", "<HTML><a href='https://a/'>n",
+                             "text <a href='https://a/'>n</A>", "text <a href='https://a/'>n</a>"}) {
+        pasteboard.text = page;
+        EXPECT_TRUE(perform("scanClipboard:"));
+        ASSERT_TRUE(onlyDocument()) << page;
+        EXPECT_EQ(title(), base.texts.text("GrabbedBookmarks"));
+        EXPECT_EQ(onlyDocument()->getMaster().getChild()->itemName().view(), "n");
+        closeAll();
+    }
+}
+
+TEST_F(ImportingTest, otherTextOnTheClipboardIsScannedUpToANul) {
+    using namespace std::string_literals;
+    pasteboard.text = "<Html> https://a/ \0 https://b/"s;
+    EXPECT_TRUE(perform("scanClipboard:"));
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_EQ(title(), "Untitled");
+    ASSERT_EQ(onlyDocument()->getMaster().getChildren()->size(), 1u);
+    EXPECT_EQ(onlyDocument()->getMaster().getChild()->itemURL().view(), "https://a/");
+    closeAll();
+    pasteboard.text = "no links";
+    EXPECT_TRUE(perform("scanClipboard:"));
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].message, "No links found");
+}
+
+TEST_F(ImportingTest, longImportsCanBeCancelled) {
+    std::string text;
+    for (int i = 0; i < 20'000; ++i)
+        text += "https://server/" + std::to_string(i) + "\n";
+    progress.cancelAfter = 1;
+    import("scanText:", "/home/a.txt", text);
+    expectNothing();
+    ASSERT_EQ(progress.works.size(), 1u);
+    EXPECT_EQ(progress.works[0].panel.message, "Importing “a.txt”");
+    EXPECT_TRUE(progress.works[0].done);
+}
+
 TEST_F(ImportingTest, firefoxAndTorAreExplained) {
     for (const char* action : {"importFirefox:", "importTor:"}) {
         EXPECT_TRUE(perform(action));

@@ -51,7 +51,8 @@ public:
     XdgRecoveryFolders recovery;
     MemoryWindows windows;
     AppDelegate app{Platform{fakes.base.services(), fakes.alerts, fakes.panels, fakes.progress, files,
-                             fakes.folders, recovery, fakes.stores, fakes.timers, fakes.beeper, fakes.state},
+                             fakes.folders, recovery, fakes.stores, fakes.timers, fakes.beeper,
+                             fakes.pasteboard, fakes.state},
                     windows, "1"};
 };
 
