@@ -38,9 +38,16 @@ void setKind(QFileDialog& dialog, const FileKind& kind) {
     dialog.setDefaultSuffix(QString::fromStdString(kind.extensions.front()));
 }
 
+// A name that a file can have: without slashes and line breaks, and not longer than file systems take.
 QString fileName(const std::string& proposed, const FileKind& kind) {
-    return QString::fromStdString(proposed).replace('/', '-') + "." +
-           QString::fromStdString(kind.extensions.front());
+    constexpr qsizetype kMostBytes = 240;
+    QString name = QString::fromStdString(proposed).replace('/', '-');
+    for (QChar& c : name)
+        if (c.category() == QChar::Other_Control)
+            c = ' ';
+    while (QFile::encodeName(name).size() > kMostBytes)
+        name.chop(name.back().isLowSurrogate() ? 2 : 1);
+    return name + "." + QString::fromStdString(kind.extensions.front());
 }
 
 // A save panel with an area of options below the name of the file.

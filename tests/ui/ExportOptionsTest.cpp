@@ -175,6 +175,25 @@ TEST_F(ExportOptionsTest, PanelWithoutOptionsHasNone) {
     EXPECT_EQ(dialog()->findChild<ExportOptions*>(), nullptr);
 }
 
+TEST_F(ExportOptionsTest, ProposedNameIsOneThatAFileCanHave) {
+    const auto offered = [this](std::string proposed) {
+        panels.beginSavePanel({.proposedName = std::move(proposed), .kind = {"Links", {"webloc"}}},
+                              [](const std::optional<std::string>&) {});
+        const QString text = name().text();
+        delete dialog();
+        return text;
+    };
+    EXPECT_EQ(offered("and/or"), "and-or.webloc");
+    EXPECT_EQ(offered("two\nlines  \x7f"), "two lines   .webloc");
+    std::string bookmarks;
+    for (int i = 0; i < 200; ++i)
+        bookmarks += "\U0001F516";
+    const QString cut = offered(bookmarks);
+    EXPECT_LE(cut.toUtf8().size(), 255);
+    EXPECT_TRUE(cut.toStdString().starts_with(bookmarks.substr(0, 236))) << "as much as there is room for";
+    EXPECT_TRUE(cut.endsWith(QString::fromUtf8("\U0001F516.webloc"))) << "no half of a character";
+}
+
 TEST_F(ExportOptionsTest, OptionsOutliveTheirPanelAndForgetIt) {
     open();
     EXPECT_NE(options->panel(), nullptr);
