@@ -21,19 +21,22 @@ struct Token {
     enum class Kind { Doctype, StartTag, EndTag, Comment, Text, End };
 
     Kind kind = Kind::End;
+    Tag tag = Tag::Other;
+    /// Of tags: whether they end with "/>".
+    bool selfClosing = false;
+    /// Of document types: whether they are broken; whether there is a system identifier, which may be empty.
+    bool forcesQuirks = false;
+    bool hasSystemId = false;
     /// Of tags and document types, in lower case.
     std::string name;
-    Tag tag = Tag::Other;
     /// Of tags, in the order of the source, no name twice.
     std::vector<Attribute> attributes;
-    bool selfClosing = false;
     /// Of texts: not empty, valid as long as the source and the kept texts. NUL is still in it where the tree
     /// builder has to decide.
     std::string_view text;
-    bool forcesQuirks = false;
+    /// Of document types.
     std::string publicId;
     std::string systemId;
-    bool hasSystemId = false;
 
     /// Null where there is no such attribute.
     const std::string* attribute(std::string_view wanted) const;

@@ -1,9 +1,9 @@
+// The start tags and the texts of the body, and how nodes come into the tree.
 #include "formats/html/HtmlText.h"
 #include "formats/html/HtmlTreeBuilder.h"
 
 #include <algorithm>
 
-// The start tags and the texts of the body, and how nodes come into the tree.
 namespace tabulon::html {
 namespace {
 

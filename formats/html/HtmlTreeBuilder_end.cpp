@@ -1,9 +1,9 @@
+// The end tags of the body.
 #include "formats/html/HtmlTreeBuilder.h"
 
 #include <algorithm>
 #include <utility>
 
-// The end tags of the body.
 namespace tabulon::html {
 
 TreeBuilder::Step TreeBuilder::bodyEnd(const Token& token) {

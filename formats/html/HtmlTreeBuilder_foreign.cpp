@@ -1,7 +1,7 @@
+// SVG and MathML within a page.
 #include "formats/html/HtmlText.h"
 #include "formats/html/HtmlTreeBuilder.h"
 
-// SVG and MathML within a page.
 namespace tabulon::html {
 
 TreeBuilder::Step TreeBuilder::inForeign(const Token& token) {

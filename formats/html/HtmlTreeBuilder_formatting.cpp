@@ -1,7 +1,7 @@
-#include "formats/html/HtmlTreeBuilder.h"
-
 // Formatting elements: opened again where other elements closed them, and moved where their end tags come too
 // early.
+#include "formats/html/HtmlTreeBuilder.h"
+
 namespace tabulon::html {
 
 // Those behind the last one that is still open.

@@ -1,9 +1,9 @@
+// Tables: what stands in them where it may not goes in front of them.
 #include "formats/html/HtmlText.h"
 #include "formats/html/HtmlTreeBuilder.h"
 
 #include <algorithm>
 
-// Tables: what stands in them where it may not goes in front of them.
 namespace tabulon::html {
 namespace {
 

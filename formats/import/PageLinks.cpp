@@ -77,12 +77,12 @@ private:
 // What the addresses of the page count from. A base that is no address of a place counts for nothing; after
 // one that is no address at all, nothing counts from anything.
 std::optional<url::Url> baseOf(const Findings& findings, std::string_view queryEncoding) {
-    const std::optional<url::Url> blank = url::parse("about:blank");
+    std::optional<url::Url> blank = url::parse("about:blank");
     if (!findings.base)
         return blank;
     std::optional<url::Url> base = url::parse(*findings.base, &*blank, queryEncoding);
     const bool isPlace = !base || (base->scheme != "data" && base->scheme != "javascript");
-    return isPlace ? std::move(base) : blank;
+    return isPlace ? base : blank;
 }
 
 std::string withoutReturns(std::string text) {

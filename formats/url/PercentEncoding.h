@@ -6,8 +6,8 @@
 
 namespace tabulon::url {
 
-/// The sets of the standard, but for what Chromium escapes besides: "'" in every query and in names of users, "|"
-/// in paths.
+/// The sets of the standard, but for what Chromium escapes besides: "'" in every query and in names of users,
+/// "|" in paths.
 enum class EscapeSet { Controls, Fragment, Query, Path, UserInfo };
 
 /// Appends the bytes of `text`, those of the set as "%XX".

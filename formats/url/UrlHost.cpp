@@ -57,7 +57,7 @@ std::optional<std::string> asciiByIdna(const std::string& domain) {
 
 std::optional<std::string> asciiOf(const std::string& domain) {
     // A name of the DNS has 253 characters; far longer ones would keep ICU busy for long.
-    constexpr std::size_t kLongest = 16 * 1024;
+    constexpr std::size_t kLongest = std::size_t{16} << 10;
     if (isAscii(domain))
         return ascii::lowered(domain);
     return domain.size() > kLongest ? std::nullopt : asciiByIdna(domain);
