@@ -1,3 +1,5 @@
+// The search for "meta" tags that name an encoding: simpler than the reading of a page, which needs the
+// encoding already, and looked for as browsers do.
 #include "formats/import/EncodingNames.h"
 #include "formats/import/TextDecoding.h"
 #include "formats/url/Ascii.h"
@@ -6,8 +8,6 @@
 #include <optional>
 #include <vector>
 
-// The search for "meta" tags that name an encoding: simpler than the reading of a page, which needs the
-// encoding already, and looked for as browsers do.
 namespace tabulon {
 namespace {
 
