@@ -1,5 +1,6 @@
 #include "platform/linux/QtPanels.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -17,7 +18,9 @@ QString nameFilter(const FileKind& kind) {
     return QString::fromStdString(kind.label) + " (" + patterns.join(' ') + ")";
 }
 
-// Calls `done` with the chosen paths, or none, when the dialog ends. The dialog deletes itself.
+// Calls `done` with the chosen paths, or none, when the dialog has ended. The dialog deletes itself; what
+// `done` does may take long and handle events, so it is called when nothing of the dialog is running any
+// more.
 void run(QFileDialog* dialog, QString& lastFolder, Panels::OpenDone done) {
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     QObject::connect(dialog, &QFileDialog::finished,
@@ -28,7 +31,8 @@ void run(QFileDialog* dialog, QString& lastFolder, Panels::OpenDone done) {
                                  paths.push_back(QFile::encodeName(file).toStdString());
                                  lastFolder = QFileInfo(file).absolutePath();
                              }
-                         done(paths);
+                         QMetaObject::invokeMethod(
+                             qApp, [done, paths] { done(paths); }, Qt::QueuedConnection);
                      });
     dialog->open();
 }

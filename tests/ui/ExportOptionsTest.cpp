@@ -16,6 +16,7 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 namespace tabulon {
 namespace {
@@ -64,10 +65,13 @@ protected:
                 return *box;
         throw std::logic_error("no box " + title.toStdString());
     }
-    // The dialog ends with its own event, and deletes itself.
+    // The dialog deletes itself; the answer comes from the main loop.
     void accept() {
+        const int before = answers;
         QMetaObject::invokeMethod(dialog(), "accept");
+        EXPECT_EQ(answers, before) << "not from inside the dialog";
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
     }
 
     FakeBaseServices base;
@@ -166,6 +170,26 @@ TEST_F(ExportOptionsTest, EveryControlHasALetterOfItsOwnAndIsReachedByTab) {
             reached << next->metaObject()->className();
     } while (!qobject_cast<const QPushButton*>(next));
     EXPECT_EQ(reached.mid(0, 8), (QStringList{"QComboBox"} + QStringList(7, "QCheckBox")));
+}
+
+TEST_F(ExportOptionsTest, AnswerMayTakeLongAndHandleEvents) {
+    open();
+    bool gone = false;
+    QObject::connect(dialog(), &QObject::destroyed, [&gone] { gone = true; });
+    panels.beginSavePanel(
+        {.directory = folder.path().toStdString(), .proposedName = "b", .kind = {"L", {"l"}}},
+        [&](const std::optional<std::string>&) {
+            QCoreApplication::processEvents();
+            ++answers;
+        });
+    QTimer::singleShot(0, [] {
+        for (QWidget* widget : QApplication::topLevelWidgets())
+            if (auto* panel = qobject_cast<QFileDialog*>(widget))
+                panel->findChild<QPushButton*>()->click();
+    });
+    QTest::qWait(100);
+    EXPECT_EQ(answers, 2);
+    EXPECT_TRUE(gone);
 }
 
 TEST_F(ExportOptionsTest, PanelWithoutOptionsHasNone) {
