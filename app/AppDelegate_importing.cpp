@@ -12,8 +12,9 @@ namespace {
 
 // Whether "</A>" stands in the text, in any letter case.
 bool holdsEndOfLink(std::string_view text) {
-    const auto lower = [](char c) { return c == 'A' ? 'a' : c; };
-    return !std::ranges::search(text, std::string_view("</a>"), {}, lower).empty();
+    constexpr std::string_view kEnd = "</a>";
+    const auto same = [](char a, char b) { return a == b || (a == 'A' && b == 'a'); };
+    return std::search(text.begin(), text.end(), kEnd.begin(), kEnd.end(), same) != text.end();
 }
 
 } // namespace
