@@ -56,8 +56,8 @@ struct SavePanel {
     std::string message = {};
     std::string prompt = {};
     std::string directory = {};
-    /// Without an extension; the panel adds the one of `kind` when the user types none. Where no file can have
-    /// the name the panel offers one like it.
+    /// Without an extension; the panel adds the one of `kind` when the user types none. Where no file can
+    /// have the name the panel offers one like it.
     std::string proposedName = {};
     FileKind kind = {};
     /// Null for none.
