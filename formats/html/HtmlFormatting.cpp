@@ -13,20 +13,19 @@ void FormattingElements::clearToMarker() {
     }
 }
 
-std::size_t FormattingElements::add(Node& node, std::size_t attributes) {
+void FormattingElements::add(Node& node, std::size_t attributes) {
     int equals = 0;
     std::size_t index = entries_.size();
     while (index > 0 && entries_[index - 1].node) {
         --index;
+        ++steps_;
         if (entries_[index].node->tag == node.tag && entries_[index].attributes == attributes &&
             ++equals == 3) {
             removeAt(index);
             break;
         }
     }
-    const std::size_t looked = entries_.size() - index + 1;
     entries_.push_back({&node, attributes});
-    return looked;
 }
 
 void FormattingElements::removeAt(std::size_t index) {
@@ -38,16 +37,20 @@ void FormattingElements::insertAt(std::size_t index, Entry entry) {
 }
 
 std::size_t FormattingElements::lastOf(Tag tag) const {
-    for (std::size_t index = entries_.size(); index > 0 && entries_[index - 1].node; --index)
+    for (std::size_t index = entries_.size(); index > 0 && entries_[index - 1].node; --index) {
+        ++steps_;
         if (entries_[index - 1].node->tag == tag)
             return index - 1;
+    }
     return npos;
 }
 
 std::size_t FormattingElements::indexOf(const Node& node) const {
-    for (std::size_t index = entries_.size(); index > 0; --index)
+    for (std::size_t index = entries_.size(); index > 0; --index) {
+        ++steps_;
         if (entries_[index - 1].node == &node)
             return index - 1;
+    }
     return npos;
 }
 

@@ -5,6 +5,7 @@
 #include "formats/html/HtmlNode.h"
 #include "formats/html/HtmlTokenizer.h"
 
+#include <utility>
 #include <vector>
 
 namespace tabulon::html {
@@ -26,9 +27,8 @@ public:
 
     void addMarker() { entries_.emplace_back(); }
     void clearToMarker();
-    /// Of four elements of the same tag and attributes in a row without a marker the earliest goes. Gives how
-    /// many entries that took to look at.
-    std::size_t add(Node& node, std::size_t attributes);
+    /// Of four elements of the same tag and attributes without a marker between them the earliest goes.
+    void add(Node& node, std::size_t attributes);
     void removeAt(std::size_t index);
     void insertAt(std::size_t index, Entry entry);
     /// The last one of the tag behind the last marker, or npos.
@@ -36,8 +36,12 @@ public:
     /// The place of an element, or npos.
     std::size_t indexOf(const Node& node) const;
 
+    /// How many entries were looked at since this was asked last.
+    std::size_t takeSteps() { return std::exchange(steps_, 0); }
+
 private:
     std::vector<Entry> entries_;
+    mutable std::size_t steps_ = 0;
 };
 
 /// A number that does not depend on their order.

@@ -54,6 +54,7 @@ void TreeBuilder::process(const Token& token) {
     }
     while (!isStopped_ && dispatch(token) == Step::Again) {
     }
+    spend(formatting_.takeSteps());
 }
 
 TreeBuilder::Step TreeBuilder::dispatch(const Token& token) {

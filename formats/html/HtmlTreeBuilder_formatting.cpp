@@ -19,7 +19,7 @@ void TreeBuilder::reopenFormatting() {
 }
 
 void TreeBuilder::addFormatting(Node& node, const Token& token) {
-    spend(formatting_.add(node, hashOf(token.attributes)));
+    formatting_.add(node, hashOf(token.attributes));
 }
 
 TreeBuilder::Step TreeBuilder::startFormatting(const Token& token) {
@@ -70,14 +70,13 @@ TreeBuilder::Step TreeBuilder::endFormatting(const Token& token) {
 
 // Gives whether there may be more to do.
 bool TreeBuilder::endFormattingOnce(const Token& token, Step& step) {
-    spend(kStepsPerCopy);
+    spend(kStepsPerCopy + formatting_.takeSteps());
     const std::size_t entry = formatting_.lastOf(token.tag);
     if (entry == FormattingElements::npos) {
         step = endAny(token);
         return false;
     }
     const Node& element = *formatting_[entry].node;
-    spend(formatting_.size() - entry);
     if (!element.isOpen) {
         formatting_.removeAt(entry);
         return false;
@@ -128,10 +127,10 @@ Node& TreeBuilder::moveUp(std::size_t index, std::size_t furthest, std::size_t& 
     const Node* const block = &open_[furthest];
     Node* last = &open_[furthest];
     int count = 0;
-    for (std::size_t at = furthest - 1; at > index; --at) {
+    for (std::size_t at = furthest - 1; at > index && !isStopped_; --at) {
         Node& node = open_[at];
         std::size_t entry = formatting_.indexOf(node);
-        spend(kStepsPerCopy + kStepsPerMove * (open_.size() - at) + formatting_.size());
+        spend(kStepsPerCopy + kStepsPerMove * (open_.size() - at) + formatting_.takeSteps());
         if (++count > kMostCopies && entry != FormattingElements::npos) {
             formatting_.removeAt(entry);
             bookmark -= entry < bookmark;

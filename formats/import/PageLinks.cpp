@@ -15,6 +15,9 @@ using html::Tag;
 
 constexpr char kFormFeed = '\f';
 
+// Every link may repeat its base.
+constexpr std::size_t kLongestBase = std::size_t{16} << 10;
+
 struct Link {
     const Node* node;
     /// Where its text stands in the text of all links.
@@ -81,7 +84,8 @@ std::optional<url::Url> baseOf(const Findings& findings, std::string_view queryE
     if (!findings.base)
         return blank;
     std::optional<url::Url> base = url::parse(*findings.base, &*blank, queryEncoding);
-    const bool isPlace = !base || (base->scheme != "data" && base->scheme != "javascript");
+    const bool isPlace = !base || (base->scheme != "data" && base->scheme != "javascript" &&
+                                   base->text().size() <= kLongestBase);
     return isPlace ? base : blank;
 }
 
@@ -97,7 +101,7 @@ std::string withoutReturns(std::string text) {
     return text;
 }
 
-Result<PageLinks> linksOf(const Findings& findings, std::string_view queryEncoding, std::size_t mostText) {
+Result<PageLinks> linksOf(const Findings& findings, std::string_view queryEncoding, std::size_t mostBytes) {
     PageLinks result;
     const std::optional<url::Url> base = baseOf(findings, queryEncoding);
     for (const Link& link : findings.links) {
@@ -111,8 +115,10 @@ Result<PageLinks> linksOf(const Findings& findings, std::string_view queryEncodi
         else
             result.texts.append(findings.text, link.begin, link.end - link.begin);
         result.texts += kFormFeed;
-        if (result.texts.size() > mostText)
+        if (result.texts.size() > mostBytes)
             return failure("The links of the page are nested too deeply into each other.");
+        if (result.targets.size() > mostBytes)
+            return failure("The addresses of the page's links are too long.");
     }
     return result;
 }
@@ -127,7 +133,7 @@ Result<PageLinks> readPageLinks(std::string_view page, std::string_view queryEnc
         return cancelledByUser();
     if (outcome == html::TreeBuilder::Outcome::Entangled)
         return failure("The tags of the page are too entangled to be read.");
-    return linksOf(LinkWalk().run(tree.document()), queryEncoding, kMostNestedTextBytes + 16 * source.size());
+    return linksOf(LinkWalk().run(tree.document()), queryEncoding, kMostRepeatedBytes + 16 * source.size());
 }
 
 } // namespace tabulon

@@ -28,11 +28,12 @@ struct PageLinks {
 /// that the page was written in, by ICU's name, empty for UTF-8: queries are escaped in it.
 ///
 /// Time and memory are linear in the size of the page. Fails with a sentence for a page whose tags are too
-/// entangled for that, or whose links are nested so that their texts would fill more than
-/// `kMostNestedTextBytes` besides the page itself.
+/// entangled for that, or whose links repeat so much of each other's text, or of a long base, that it would
+/// fill more than `kMostRepeatedBytes` besides sixteen times the page. A base longer than 64 KiB counts for
+/// nothing.
 Result<PageLinks> readPageLinks(std::string_view page, std::string_view queryEncoding = {},
                                 Progress* progress = nullptr);
 
-inline constexpr std::size_t kMostNestedTextBytes = std::size_t{1} << 28;
+inline constexpr std::size_t kMostRepeatedBytes = std::size_t{1} << 28;
 
 } // namespace tabulon

@@ -135,14 +135,14 @@ bool UrlParser::relative(std::string_view rest, const Url& base) {
         path(rest.substr(1));
         return true;
     }
-    takePathOf(base);
     if (rest.empty() || rest.front() == '#')
         url_.query = base.query;
     if (rest.empty() || rest.front() == '?' || rest.front() == '#') {
+        takePathOf(base);
         queryAndFragment(rest);
         return true;
     }
-    shortenPath();
+    url_.path.assign(base.path, 0, base.path.rfind('/')); // its last segment may be long
     path(rest);
     return true;
 }

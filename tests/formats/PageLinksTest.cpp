@@ -143,6 +143,7 @@ TEST(PageLinks, entangledPagesEndInBoundedTime) {
     EXPECT_FALSE(readPageLinks(fonts + "x"));
     EXPECT_FALSE(readPageLinks("<b>" + repeated("<div>", 100'000) + repeated("</b>", 100'000)));
     EXPECT_FALSE(readPageLinks("<p>" + fonts.substr(0, 200'000) + repeated("</p><p>x", 100'000)));
+    readPageLinks(fonts.substr(0, 250'000) + repeated("<a href=x>y</a>", 300'000));
     readPageLinks(repeated("<svg>", 100'000) + repeated("</x>", 100'000));
     readPageLinks(repeated("<i>", 100'000) + repeated("</x>", 100'000));
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(60));
@@ -153,6 +154,16 @@ TEST(PageLinks, textsOfNestedLinksAreBounded) {
         readPageLinks(repeated("<a href=x><object>", 400) + std::string(2'000'000, 'x'));
     EXPECT_FALSE(links);
     EXPECT_FALSE(links.error().message.empty());
+}
+
+TEST(PageLinks, addressesThatRepeatALongBaseAreBounded) {
+    const std::string links = repeated("<a href=x>", 200'000);
+    EXPECT_FALSE(readPageLinks("<base href='http://h/" + std::string(16'000, 'y') + "/'>" + links));
+    EXPECT_TRUE(targets("<base href='http://h/" + std::string(17'000, 'y') + "/'><a href=x>") == "x\f")
+        << "a base that is too long counts for nothing";
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_TRUE(readPageLinks("<base href='http://h/" + std::string(16'300, 'y') + "'>" + links));
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(30));
 }
 
 TEST(PageLinks, aCancelledReadingGivesNothing) {
