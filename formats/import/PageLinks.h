@@ -29,7 +29,7 @@ struct PageLinks {
 ///
 /// Time and memory are linear in the size of the page. Fails with a sentence for a page whose tags are too
 /// entangled for that, or whose links repeat so much of each other's text, or of a long base, that it would
-/// fill more than `kMostRepeatedBytes` besides sixteen times the page. A base longer than 64 KiB counts for
+/// fill more than `kMostRepeatedBytes` besides sixteen times the page. A base longer than 16 KiB counts for
 /// nothing.
 Result<PageLinks> readPageLinks(std::string_view page, std::string_view queryEncoding = {},
                                 Progress* progress = nullptr);
