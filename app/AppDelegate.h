@@ -66,7 +66,7 @@ public:
     /// Imports one file into a new document, or tells what the format tells of a file that is none of its.
     void importFile(const ImportFormat& format, const std::string& path);
     /// Scans a Netscape bookmark file into a new document; an alert tells when nothing was found in it.
-    Document* scanNetscape(std::string_view bytes);
+    Document* scanNetscape(std::string_view bytes, const std::string& source = {});
     /// Scans any text for links into a new document; an alert tells when there were none.
     Document* scanTextData(std::string_view bytes);
     /// The links of a page that was copied, in a new document; null when there can be none.
@@ -107,6 +107,9 @@ private:
     void showAboutPanel();
     std::vector<FileKind> kindsThatPanelsEnable() const;
     void importFailureAlert(const ImportFormat& format, const std::string& path, const Error& error);
+    std::unique_ptr<Progress> beginImporting(const std::string& source);
+    Result<Ref<Bookmark>> read(const ImportFormat& format, std::string_view bytes, const std::string& source);
+    Document* scan(const ImportFormat& format, std::string_view bytes, const std::string& source);
     Document* showImported(const ImportFormat& format, Ref<Bookmark> root);
     void firefoxAlert();
     Menu fileMenu();

@@ -2,7 +2,6 @@
 #include "app/AppDelegate.h"
 #include "app/SharedAlerts.h"
 #include "formats/import/HTMLWindowController.h"
-#include "formats/import/TextScanner.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -15,6 +14,17 @@ bool holdsEndOfLink(std::string_view text) {
     constexpr std::string_view kEnd = "</a>";
     const auto same = [](char a, char b) { return a == b || (a == 'A' && b == 'a'); };
     return std::search(text.begin(), text.end(), kEnd.begin(), kEnd.end(), same) != text.end();
+}
+
+// Whether a panel for these kinds enables the file. Dialogs take a name of any extension that is typed, or
+// spelled with other letters.
+bool isEnabled(const std::string& path, const std::vector<FileKind>& kinds) {
+    const std::string extension = std::filesystem::path(path).extension().string();
+    const auto has = [&](const FileKind& kind) {
+        return std::ranges::any_of(kind.extensions,
+                                   [&](const std::string& enabled) { return extension == "." + enabled; });
+    };
+    return kinds.empty() || std::ranges::any_of(kinds, has);
 }
 
 } // namespace
@@ -41,7 +51,7 @@ Menu AppDelegate::importMenu() {
     bool lastIsBrowser = false;
     for (const ImportFormat& format : importFormats()) {
         if (lastIsBrowser && format.browser.empty()) {
-            add("MenuImportFirefox", "importFirefox:", "org.mozilla.Firefox");
+            add("MenuImportFirefox", "importFirefox:", {});
             add("MenuImportTor", "importTor:", {});
             menu.items.push_back(MenuItem::makeSeparator());
         }
@@ -52,18 +62,19 @@ Menu AppDelegate::importMenu() {
     return menu;
 }
 
-// What the panels enable while filters are set; everything where none is.
+// What the panels enable while filters are set, as one kind; everything where none is.
 std::vector<FileKind> AppDelegate::kindsThatPanelsEnable() const {
-    std::vector<FileKind> kinds;
+    FileKind kind;
     const auto add = [&](PanelFilter filter, std::string_view labelKey) {
         if (!panelFilters_.contains(filter))
             return;
         const auto extensions = extensionsOf(filter);
-        kinds.push_back({platform_.base.texts.text(labelKey), {extensions.begin(), extensions.end()}});
+        kind.label += (kind.label.empty() ? "" : ", ") + platform_.base.texts.text(labelKey);
+        kind.extensions.insert(kind.extensions.end(), extensions.begin(), extensions.end());
     };
     add(PanelFilter::XBEL, "XBELFiles");
     add(PanelFilter::HTML, "BookmarkHTMLFiles");
-    return kinds;
+    return kind.extensions.empty() ? std::vector<FileKind>() : std::vector<FileKind>{kind};
 }
 
 void AppDelegate::beginImport(const ImportFormat& format) {
@@ -81,10 +92,11 @@ void AppDelegate::beginImport(const ImportFormat& format) {
         panelFilters_.insert(format.filter);
         panel.kinds = kindsThatPanelsEnable();
     }
-    platform_.panels.beginOpenPanel(panel, [this, &format](const std::vector<std::string>& paths) {
+    const std::vector<FileKind> kinds = panel.kinds;
+    platform_.panels.beginOpenPanel(panel, [this, &format, kinds](const std::vector<std::string>& paths) {
         if (!format.keepsFilter)
             panelFilters_.erase(format.filter);
-        if (!paths.empty())
+        if (!paths.empty() && isEnabled(paths.front(), kinds))
             importFile(format, paths.front());
     });
 }
@@ -93,21 +105,31 @@ void AppDelegate::importFile(const ImportFormat& format, const std::string& path
     const Localization& texts = platform_.base.texts;
     if (!format.fileName.empty() && lastPathComponent(path) != format.fileName)
         return importErrorAlert(platform_, texts.format(format.messageKey, std::string(format.fileName)));
-    const Result<std::string> bytes = platform_.files.readFile(path);
+    const Result<std::string> bytes =
+        platform_.files.kindOf(path) == PathKind::Other // its end may never come
+            ? failure("It is no file.")
+            : platform_.files.readFile(path);
     if (!bytes) {
         if (format.tellsUnreadable)
             importFailureAlert(format, path, bytes.error());
         return;
     }
-    Result<Ref<Bookmark>> root = [&] {
-        const auto progress =
-            platform_.progress.begin({.message = texts.format("Importing", lastPathComponent(path)),
-                                      .document = documentController_.currentDocument()});
-        return format.read(*bytes, {platform_.base, scanner_, progress.get()});
-    }();
+    Result<Ref<Bookmark>> root = read(format, *bytes, lastPathComponent(path));
     if (!root)
         return importFailureAlert(format, path, root.error());
     showImported(format, std::move(*root));
+}
+
+// What takes long shows a bar.
+Result<Ref<Bookmark>> AppDelegate::read(const ImportFormat& format, std::string_view bytes,
+                                        const std::string& source) {
+    const auto progress = beginImporting(source);
+    return format.read(bytes, {platform_.base, scanner_, progress.get()});
+}
+
+std::unique_ptr<Progress> AppDelegate::beginImporting(const std::string& source) {
+    return platform_.progress.begin({.message = platform_.base.texts.format("Importing", source),
+                                     .document = documentController_.currentDocument()});
 }
 
 void AppDelegate::importFailureAlert(const ImportFormat& format, const std::string& path,
@@ -134,24 +156,25 @@ Document* AppDelegate::showImported(const ImportFormat& format, Ref<Bookmark> ro
         return nullptr;
     }
     Document* document = newMasterDocument(std::move(root));
-    if (document && !format.title.empty()) {
+    if (document && !format.title.empty())
         document->setDisplayName(std::string(format.title));
-        documentController_.getViewController(*document)->setWindowTitle(std::string(format.title));
-    }
     if (document && !format.source.empty())
         documentController_.getViewController(*document)->setWindowTitle(
             platform_.base.texts.format("ImportedBookmarks", std::string(format.source)));
-    if (document && !format.title.empty())
-        document->setDisplayName(std::string(format.title));
     return document;
 }
 
-Document* AppDelegate::scanNetscape(std::string_view bytes) {
-    return showImported(*importFormatNamed("html"), scanner_.scan(bytes, platform_.base));
+Document* AppDelegate::scanNetscape(std::string_view bytes, const std::string& source) {
+    return scan(*importFormatNamed("html"), bytes, source);
 }
 
 Document* AppDelegate::scanTextData(std::string_view bytes) {
-    return showImported(*importFormatNamed("text"), scanText(bytes, platform_.base));
+    return scan(*importFormatNamed("text"), bytes, platform_.base.texts.text("Clipboard"));
+}
+
+Document* AppDelegate::scan(const ImportFormat& format, std::string_view bytes, const std::string& source) {
+    Result<Ref<Bookmark>> root = read(format, bytes, source);
+    return root ? showImported(format, std::move(*root)) : nullptr;
 }
 
 Document* AppDelegate::grabAllHTML(const std::string& html) {
@@ -159,7 +182,7 @@ Document* AppDelegate::grabAllHTML(const std::string& html) {
     controller.setHtmlText(Text(html));
     controller.setBundleID("");
     controller.setDomain("");
-    if (!controller.windowDidLoad())
+    if (!controller.windowDidLoad(beginImporting(platform_.base.texts.text("Clipboard")).get()))
         return nullptr;
     Ref<Bookmark> root = controller.createDocument();
     Document* document = root ? newMasterDocument(std::move(root)) : nullptr;

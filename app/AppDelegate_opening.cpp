@@ -116,7 +116,7 @@ void AppDelegate::refusalsAlert(const std::vector<Refusal>& refusals) {
 }
 
 bool AppDelegate::openBookmarkHTML(const std::string& path, std::string_view bytes) {
-    Document* document = scanNetscape(bytes);
+    Document* document = scanNetscape(bytes, lastPathComponent(path));
     if (!document)
         return false;
     document->setDisplayName(nameWithoutExtension(path));

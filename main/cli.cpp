@@ -11,7 +11,7 @@ int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN);
     tabulon::PosixFileStore files;
     tabulon::SystemClock clock;
-    tabulon::StandardErrorLog log;
+    tabulon::SilentLog log; // standard error is for what went wrong
     const tabulon::cli::Environment environment{
         files,
         clock,

@@ -27,6 +27,9 @@ struct Error {
     std::string title = {};
 };
 
+/// The Cocoa code for a property list that cannot be parsed.
+inline constexpr int kPropertyListReadCorruptError = 3840;
+
 template <class T>
 using Result = tl::expected<T, Error>;
 

@@ -2,6 +2,7 @@
 
 #include "model/Date.h"
 #include "model/PlistWriter.h"
+#include "model/XmlEncoding.h"
 
 #include <pugixml.hpp>
 
@@ -105,19 +106,6 @@ std::string dataFrom(std::string_view base64) {
         }
     }
     return bytes;
-}
-
-// A reference to the character zero: XML has none, and the parser would end the text there.
-bool refersToZero(std::string_view xml) {
-    for (std::size_t at = xml.find("&#"); at != std::string_view::npos; at = xml.find("&#", at + 2)) {
-        std::size_t digit = at + 2;
-        if (digit < xml.size() && (xml[digit] == 'x' || xml[digit] == 'X'))
-            ++digit;
-        const std::size_t end = xml.find_first_not_of('0', digit);
-        if (end != std::string_view::npos && end > digit && xml[end] == ';')
-            return true;
-    }
-    return false;
 }
 
 class Converter {
@@ -248,9 +236,12 @@ Result<std::string> Converter::convert(const pugi::xml_node& root) {
 } // namespace
 
 Result<std::string> binaryPlistFromXml(std::string_view xml) {
+    Result<std::string> bytes = xmlForParser(xml);
+    if (!bytes)
+        return bytes;
     pugi::xml_document document;
-    const pugi::xml_parse_result parsed = document.load_buffer(
-        xml.data(), xml.size(), pugi::parse_default | pugi::parse_ws_pcdata_single, pugi::encoding_auto);
+    const pugi::xml_parse_result parsed = document.load_buffer_inplace(
+        bytes->data(), bytes->size(), pugi::parse_default | pugi::parse_ws_pcdata_single);
     if (!parsed || refersToZero(xml))
         return failure("The file is not well-formed XML.");
     const pugi::xml_node plist = document.child("plist");

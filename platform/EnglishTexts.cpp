@@ -28,6 +28,7 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"Bookmarks", "Bookmarks"},
     {"BrowserFound", "Found on this computer: %@"},
     {"Cancel", "Cancel"},
+    {"Clipboard", "the clipboard"},
     {"CloseWithoutSaving", "Close Without Saving"},
     {"CouldNotExport", "“%@” could not be exported"},
     {"CouldNotKeep", "No copy of “%@” could be kept. Save it to a file"},

@@ -228,20 +228,16 @@ private:
     bool hasRoots_ = false;
 };
 
-// Reads, then has `fill` put the roots into the new "Master".
+// Has `fill` put the roots of a reader that has run into the new "Master".
 template <class Fill>
-Result<Ref<Bookmark>> readTree(std::string_view bytes, const BaseServices& services, Progress* progress,
-                               Fill fill) {
-    TreeReader reader(bytes, services, progress);
-    if (const Result<void> done = reader.run(); !done)
-        return tl::unexpected(done.error());
+Result<Ref<Bookmark>> makeTree(const TreeReader& reader, const BaseServices& services, Fill fill) {
     if (!reader.hasRoots())
         return failure("There are no bookmarks in the file: it has no \"roots\".", ErrorDomain::Cocoa,
                        kUserCancelledError);
     Ref<Bookmark> master = Bookmark::init(Date::now(services.clock));
     master->makeParent();
     master->setItemName("Master");
-    fill(reader, *master);
+    fill(*master);
     return master;
 }
 
@@ -256,7 +252,10 @@ Ref<Bookmark> barOf(const TreeReader& reader, const BaseServices& services) {
 
 Result<Ref<Bookmark>> readChromiumBookmarks(std::string_view bytes, const BaseServices& services,
                                             Progress* progress) {
-    return readTree(bytes, services, progress, [&](const TreeReader& reader, Bookmark& master) {
+    TreeReader reader(bytes, services, progress);
+    if (const Result<void> done = reader.run(); !done)
+        return tl::unexpected(done.error());
+    return makeTree(reader, services, [&](Bookmark& master) {
         master.addChild(barOf(reader, services));
         Ref<Bookmark> other = reader.folder(kOther);
         other->setItemName("Other Bookmarks");
@@ -267,20 +266,23 @@ Result<Ref<Bookmark>> readChromiumBookmarks(std::string_view bytes, const BaseSe
 
 Result<Ref<Bookmark>> readOperaBookmarks(std::string_view bytes, const BaseServices& services,
                                          Progress* progress) {
-    Result<Ref<Bookmark>> tree =
-        readTree(bytes, services, progress, [&](const TreeReader& reader, Bookmark& master) {
-            for (const Root root : {kBar, kUserRoot, kTrash, kOther, kSynced}) {
-                Ref<Bookmark> folder = root == kBar ? barOf(reader, services) : reader.folder(root);
-                folder->setItemDateModified({});
-                // The wrong root decides about the last one.
-                if (root == kSynced && !reader.has(kOther))
-                    folder->makeParent();
-                master.addChild(std::move(folder));
-            }
-        });
-    const bool parsed = tree || isCancelledByUser(tree.error());
-    services.log.log("dictionary : " + (parsed ? minifiedJson(bytes) : "(null)"));
-    return tree;
+    TreeReader reader(bytes, services, progress);
+    if (const Result<void> done = reader.run(); !done) {
+        if (!isCancelledByUser(done.error()))
+            services.log.log("dictionary : (null)");
+        return tl::unexpected(done.error());
+    }
+    services.log.log("dictionary : " + minifiedJson(bytes));
+    return makeTree(reader, services, [&](Bookmark& master) {
+        for (const Root root : {kBar, kUserRoot, kTrash, kOther, kSynced}) {
+            Ref<Bookmark> folder = root == kBar ? barOf(reader, services) : reader.folder(root);
+            folder->setItemDateModified({});
+            // The wrong root decides about the last one.
+            if (root == kSynced && !reader.has(kOther))
+                folder->makeParent();
+            master.addChild(std::move(folder));
+        }
+    });
 }
 
 Date dateOfChromium(std::string_view timestamp) {

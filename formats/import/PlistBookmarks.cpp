@@ -3,6 +3,7 @@
 #include "model/PropertyList.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <vector>
 
 namespace tabulon {
@@ -13,10 +14,44 @@ using Kind = PropertyList::Kind;
 
 constexpr std::size_t kProgressStride = 4096; // entries and their keys
 
+// The texts of a list. Entries may share one, or texts that overlap, a million times: long ones are made
+// once, and all that are made together take no more than a small multiple of the list.
+class SharedTexts {
+public:
+    explicit SharedTexts(std::size_t listSize) : budget_(8 * std::uint64_t{listSize} + 4096) {}
+
+    /// Null for what is no text, and for all once there were too many.
+    Text text(Object value) {
+        if (!BinaryPlist::isText(value))
+            return {};
+        if (value.count() <= kShort)
+            return BinaryPlist::text(value);
+        Text& shared = texts_[value.bytes()];
+        if (shared.isNull() && charge(value.count()))
+            shared = BinaryPlist::text(value);
+        return shared;
+    }
+    bool isExhausted() const { return exhausted_; }
+
+private:
+    static constexpr std::uint64_t kShort = 8; // no longer than what a shared one takes itself
+
+    bool charge(std::uint64_t units) {
+        exhausted_ = exhausted_ || units > budget_;
+        budget_ -= exhausted_ ? 0 : units;
+        return !exhausted_;
+    }
+
+    std::unordered_map<const std::uint8_t*, Text> texts_; // by where they lie
+    std::uint64_t budget_;
+    bool exhausted_ = false;
+};
+
 // What one browser's entries mean.
 class EntryReader {
 public:
-    EntryReader(const PropertyList& list, const BaseServices& services) : list_(list), services_(services) {}
+    EntryReader(const PropertyList& list, SharedTexts& texts, const BaseServices& services)
+        : list_(list), texts_(texts), services_(services) {}
     virtual ~EntryReader() = default;
 
     /// Fills a folder, which is one already.
@@ -25,7 +60,7 @@ public:
     virtual bool fillLink(Object entry, Bookmark& link) const = 0;
 
 protected:
-    Text text(Object entry, std::string_view key) const { return list_.text(entry, key); }
+    Text text(Object entry, std::string_view key) const { return texts_.text(list_.value(entry, key)); }
     Text untitledUnless(const Text& name) const {
         return name.isEmpty() ? Text(services_.texts.text("Untitled")) : name;
     }
@@ -36,6 +71,7 @@ protected:
     }
 
     const PropertyList& list_;
+    SharedTexts& texts_;
     const BaseServices services_;
 };
 
@@ -129,9 +165,11 @@ private:
 
 class Walk {
 public:
-    Walk(const PropertyList& list, const EntryReader& entries, Date now, Progress* progress)
-        : list_(list), entries_(entries), now_(now), wholeBudget_(8 * std::uint64_t{list.size()} + 4096),
-          budget_(wholeBudget_), progress_(progress, list.size(), kProgressStride) {}
+    Walk(const PropertyList& list, const EntryReader& entries, const SharedTexts& texts, Date now,
+         Progress* progress)
+        : list_(list), entries_(entries), texts_(texts), now_(now),
+          wholeBudget_(8 * std::uint64_t{list.size()} + 4096), budget_(wholeBudget_),
+          progress_(progress, list.size(), kProgressStride) {}
 
     Result<Ref<Bookmark>> run() {
         Ref<Bookmark> root = newFolder();
@@ -146,6 +184,8 @@ public:
             const Object entry = list_.element(level.entries, level.next++);
             if (!charge(entry))
                 return failure("The file is damaged: folders of its property list contain each other.");
+            if (texts_.isExhausted())
+                return failure("The file is damaged: texts of its property list lie inside each other.");
             if (!progress_.goOn(wholeBudget_ - budget_))
                 return cancelledByUser();
             take(entry, *level.parent);
@@ -201,6 +241,7 @@ private:
 
     const PropertyList& list_;
     const EntryReader& entries_;
+    const SharedTexts& texts_;
     const Date now_;
     const std::uint64_t wholeBudget_;
     std::uint64_t budget_;
@@ -213,8 +254,9 @@ Result<Ref<Bookmark>> readBookmarks(std::string_view bytes, const BaseServices& 
                                     Progress* progress) {
     const Result<PropertyList> list = PropertyList::open(bytes);
     if (!list)
-        return tl::unexpected(list.error());
-    return Walk(*list, Entries(*list, services), Date::now(services.clock), progress).run();
+        return failure(list.error().message, ErrorDomain::Cocoa, kPropertyListReadCorruptError);
+    SharedTexts texts(list->size());
+    return Walk(*list, Entries(*list, texts, services), texts, Date::now(services.clock), progress).run();
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "formats/import/XBELReader.h"
 
 #include "formats/import/XBELDates.h"
+#include "model/XmlEncoding.h"
 
 #include <pugixml.hpp>
 
@@ -128,12 +129,19 @@ private:
 } // namespace
 
 Result<Ref<Bookmark>> readXBEL(std::string_view bytes, const BaseServices& services, Progress* progress) {
-    std::string buffer(bytes);
+    if (bytes.empty())
+        return failure("The file is empty.");
+    Result<std::string> buffer = xmlForParser(bytes);
+    if (!buffer)
+        return tl::unexpected(buffer.error());
     pugi::xml_document document;
     const pugi::xml_parse_result parsed =
-        document.load_buffer_inplace(buffer.data(), buffer.size(), kParseFlags);
-    if (!parsed)
-        return failure(std::string("The file is no XML: ") + parsed.description() + ".");
+        document.load_buffer_inplace(buffer->data(), buffer->size(), kParseFlags);
+    if (!parsed || refersToZero(bytes))
+        return failure("The file is damaged, or it is no XML.");
+    ProgressSteps parsing(progress, 1, 1);
+    if (!parsing.goOn(0))
+        return cancelledByUser();
     const xml_node start = document.first_child().next_sibling();
     if (!start)
         return failure(

@@ -103,6 +103,7 @@ QString QtPanels::startFolder(const std::string& wanted) const {
 void QtPanels::beginOpenPanel(const OpenPanel& panel, OpenDone done) {
     auto* dialog = new QFileDialog(windowFor_(panel.document), QString::fromStdString(panel.message),
                                    startFolder(panel.directory));
+    dialog->setOption(QFileDialog::ReadOnly); // nobody makes folders where files are only opened
     dialog->setFileMode(panel.allowsMultipleSelection ? QFileDialog::ExistingFiles
                                                       : QFileDialog::ExistingFile);
     dialog->setLabelText(QFileDialog::Accept, QString::fromStdString(panel.prompt));

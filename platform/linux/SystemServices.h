@@ -21,6 +21,12 @@ public:
     void log(std::string_view line) override;
 };
 
+/// Keeps nothing.
+class SilentLog : public SystemLog {
+public:
+    void log(std::string_view /*line*/) override {}
+};
+
 /// The name of the locale that the environment asks for (LC_ALL, LC_COLLATE, LANG), such as "de_DE.UTF-8";
 /// empty when it asks for none.
 std::string environmentLocale();

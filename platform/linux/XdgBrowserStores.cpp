@@ -92,6 +92,7 @@ std::vector<std::string> XdgBrowserStores::bookmarkFiles(std::string_view browse
         return a.written != b.written ? a.written > b.written : a.path < b.path;
     });
     std::vector<std::string> paths;
+    paths.reserve(found.size());
     for (const Found& file : found)
         paths.push_back(file.path.string());
     return paths;

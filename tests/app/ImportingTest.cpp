@@ -146,8 +146,7 @@ TEST_F(ImportingTest, aSafariListThatCannotBeParsedIsToldWithCodeNameAndReason) 
     import("importSafari:", "/home/Bookmarks.plist", "<plist><dict>");
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].style, AlertStyle::Critical);
-    EXPECT_TRUE(alerts.shown[0].message.starts_with("Code : ")) << alerts.shown[0].message;
-    EXPECT_TRUE(alerts.shown[0].message.ends_with(", Bookmarks.plist.")) << alerts.shown[0].message;
+    EXPECT_EQ(alerts.shown[0].message, "Code : 3840, Bookmarks.plist.");
     EXPECT_FALSE(alerts.shown[0].informative.empty());
     EXPECT_TRUE(documents().documents().empty());
 }
@@ -231,6 +230,17 @@ TEST_F(ImportingTest, thePanelOfHTMLFilesLeavesThemEnabledInLaterOnes) {
     EXPECT_EQ(enabled(), (std::vector<std::string>{"xbel", "html", "htm"}));
     EXPECT_TRUE(perform("scanText:"));
     EXPECT_TRUE(enabled().empty());
+}
+
+TEST_F(ImportingTest, aFileThatThePanelDoesNotEnableIsNotImported) {
+    for (const char* name : {"/home/a.XBEL", "/home/a.txt", "/home/a.html", "/home/axbel"}) {
+        import("importXBEL:", name, xbel);
+        expectNothing();
+    }
+    import("importBookmarks:", "/home/a.HTM", bookmarkHTML);
+    expectNothing();
+    import("importXBEL:", "/home/a.html", xbel);
+    EXPECT_TRUE(onlyDocument()) << "which the panel before has left enabled";
 }
 
 TEST_F(ImportingTest, textWithoutLinksGivesTheNoLinksAlert) {

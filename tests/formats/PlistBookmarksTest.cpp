@@ -225,5 +225,40 @@ TEST_F(PlistBookmarks, foldersThatContainEachOtherAreRefused) {
     }
 }
 
+// One entry with a long text, a thousand times: a gigabyte if each had its own.
+TEST_F(PlistBookmarks, aLongTextThatManyEntriesShareIsMadeOnce) {
+    PlistWriter writer(100, 2'000'000);
+    const std::uint64_t children = writer.writeText("Children");
+    const std::uint64_t url = writer.writeText("URLString");
+    const auto linkKeys = writer.layOutKeys({url});
+    const std::uint64_t link =
+        writer.writeDictionary(linkKeys, {writer.writeText(std::string(1'000'000, 'x'))});
+    const std::uint64_t array = writer.writeArray(std::vector<std::uint64_t>(1000, link));
+    const auto tree = readSafariBookmarks(
+        writer.finish(writer.writeDictionary(writer.layOutKeys({children}), {array})), fakes.services());
+    ASSERT_TRUE(tree);
+    const auto* links = (*tree)->getChildren();
+    ASSERT_EQ(links->size(), 1000u);
+    EXPECT_EQ(links->at(0)->itemURL().view().data(), links->at(999)->itemURL().view().data());
+}
+
+TEST_F(PlistBookmarks, anXMLListMayBeInAnyEncoding) {
+    const std::string xml =
+        "<?xml version=\"1.0\" encoding=\"windows-1251\"?><plist><dict><key>Children</key><array>"
+        "<dict><key>URLString</key><string>\xEF\xF0\xE8</string></dict></array></dict></plist>";
+    const auto tree = readSafariBookmarks(xml, fakes.services());
+    ASSERT_TRUE(tree);
+    EXPECT_EQ((*tree)->getChild()->itemURL().view(), "при");
+}
+
+TEST_F(PlistBookmarks, whatIsNoPropertyListHasTheCodeOfOne) {
+    for (const char* bytes : {"", "bplist00", "<plist><dict>", "text"}) {
+        const auto tree = readSafariBookmarks(bytes, fakes.services());
+        ASSERT_FALSE(tree);
+        EXPECT_EQ(tree.error().domain, ErrorDomain::Cocoa);
+        EXPECT_EQ(tree.error().code, kPropertyListReadCorruptError);
+    }
+}
+
 } // namespace
 } // namespace tabulon

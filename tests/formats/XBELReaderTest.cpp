@@ -152,6 +152,28 @@ TEST_F(XBELReader, encodingsAsXMLHasThem) {
     EXPECT_EQ(readFile("\xEF\xBB\xBF<?xml version=\"1.0\"?><xbel><title>é</title></xbel>")->itemName().view(),
               "é");
     EXPECT_EQ(read("<title>\xFF</title>")->itemName().view(), "\xEF\xBF\xBD");
+    const auto nameIn = [this](const std::string& encoding, const std::string& name) {
+        return readFile("<?xml version='1.0' encoding = '" + encoding + "' ?><xbel><title>" + name +
+                        "</title></xbel>")
+            ->itemName()
+            .string();
+    };
+    EXPECT_EQ(nameIn("windows-1252", "caf\xE9 \x80"), "café €");
+    EXPECT_EQ(nameIn("koi8-r", "\xD0\xD2\xC9"), "при");
+    EXPECT_EQ(nameIn("Shift_JIS", "\x93\xFA\x96\x7B"), "日本");
+    EXPECT_EQ(nameIn("UTF-8", "é"), "é");
+}
+
+TEST_F(XBELReader, anUnknownEncodingIsRefusedAndNamed) {
+    const auto tree = readXBEL("<?xml version=\"1.0\" encoding=\"x-nobody\"?><xbel/>", fakes.services());
+    ASSERT_FALSE(tree);
+    EXPECT_NE(tree.error().message.find("x-nobody"), std::string::npos);
+}
+
+TEST_F(XBELReader, aReferenceToZeroIsRefusedRatherThanLosingWhatFollows) {
+    for (const char* content : {"<title>abc&#0;def</title>", "<bookmark href=\"a&#x00;b\"/>"})
+        EXPECT_FALSE(readXBEL(kStart + std::string(content) + "</xbel>", fakes.services())) << content;
+    EXPECT_EQ(read("<title>a&#10;b &amp;#0;</title>")->itemName().view(), "a\nb &#0;");
 }
 
 TEST_F(XBELReader, deepFilesAreReadWithoutRecursion) {
