@@ -80,8 +80,8 @@ protected:
             linkCount -= node.isSeparator() ? 1 : 0;
             return true;
         });
-        EXPECT_EQ(controller->countsText(), std::to_string(linkCount) + " bookmarks in " +
-                                                std::to_string(folderCount) + " folders");
+        EXPECT_EQ(controller->countsText(),
+                  std::to_string(linkCount) + " bookmarks in " + std::to_string(folderCount) + " folders");
     }
 
     void checkFile() {
