@@ -114,7 +114,12 @@ Graph::Object Graph::textBehind(Object object) {
 }
 
 Text Graph::text(std::uint64_t uid) {
-    const Object object = uid == 0 ? Object() : textBehind(archived(uid));
+    if (uid == 0)
+        return {};
+    if (uid < objects_.count())
+        if (const Object text = plist_.shortText(idAt(objects_, uid)); text.kind() != Kind::Damaged)
+            return text.count() <= kSmall ? BinaryPlist::text(text) : longText(uid, text);
+    const Object object = textBehind(archived(uid));
     if (object.kind() == Kind::Damaged)
         return {};
     if (object.count() <= kSmall)
@@ -140,9 +145,7 @@ Text Graph::longText(std::uint64_t uid, Object object) {
 Graph::Object Graph::timeOf(Object object) {
     if (object.kind() != Kind::Dictionary || object.count() == 0)
         return {};
-    const bool alike = object.count() == date_.like.count() && sameKeys(object, date_.like) &&
-                       idAt(object, date_.classPlace) == idAt(date_.like, date_.classPlace);
-    if (alike)
+    if (isLikeTheLastDate(object))
         return element(object, date_.timePlace);
     if (classOf(object) != Class::Date)
         return {};
@@ -166,7 +169,15 @@ Date Graph::decodeDate(Object object) {
 }
 
 Date Graph::date(std::uint64_t uid) {
-    return uid == 0 ? Date() : decodeDate(archived(uid));
+    if (uid == 0)
+        return {};
+    if (uid < objects_.count() && date_.like.count() > 0) {
+        const Object object = plist_.shortDictionary(idAt(objects_, uid));
+        if (object.kind() == Kind::Dictionary && isLikeTheLastDate(object))
+            if (const auto time = plist_.longReal(idAt(object, date_.timePlace)))
+                return Date::fromReferenceSeconds(*time);
+    }
+    return decodeDate(archived(uid));
 }
 
 Graph::Object Graph::arrayBehind(std::uint64_t uid) {

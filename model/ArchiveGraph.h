@@ -62,9 +62,7 @@ public:
     Object object(std::uint64_t id) const { return plist_.object(id); }
     Key keyAt(Object dictionary, std::uint64_t index) { return keyOf(plist_.reference(dictionary, index)); }
     /// True when two dictionaries of as many pairs name the same keys in the same order.
-    bool sameKeys(Object a, Object b) const {
-        return a.count() == 0 || std::memcmp(a.bytes(), b.bytes(), a.count() * plist_.referenceSize()) == 0;
-    }
+    bool sameKeys(Object a, Object b) const { return plist_.sameReferences(a, b, a.count()); }
     /// Counts a container's references as looked at; false when that is more than the file can hold.
     bool chargeReferences(Object container) {
         return container.count() <= kSmall || charge(plist_.referenceBytes(container));
@@ -93,6 +91,10 @@ private:
     std::uint64_t placeOf(Object dictionary, Key key);
     Object textBehind(Object object);
     Text longText(std::uint64_t uid, Object object);
+    bool isLikeTheLastDate(Object object) const {
+        return object.count() == date_.like.count() && sameKeys(object, date_.like) &&
+               idAt(object, date_.classPlace) == idAt(date_.like, date_.classPlace);
+    }
     Object timeOf(Object object);
     Date decodeDate(Object object);
 

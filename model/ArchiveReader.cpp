@@ -172,12 +172,13 @@ bool Reader::readReference(Bookmark& node, Key key, std::uint64_t uid) {
 // the node before has in the same place; those that say nothing new then are settled.
 bool Reader::readValue(Bookmark& node, Column& column, std::uint64_t id) {
     const Object value = graph_.object(id);
-    const bool isReference = value.kind() == Kind::Uid && column.key <= Key::LastOpened;
+    const bool isReference =
+        value.kind() == Kind::Uid && (column.key <= Key::LastOpened || column.key == Key::Children);
     if (value.kind() == Kind::Damaged)
         return graph_.damaged("a value of a bookmark is cut off or has an unknown kind.");
-    if ((isReference && value.value() != 0) || column.key == Key::Children) {
+    if (isReference && value.value() != 0) {
         column.settledId = kNoId;
-        return value.kind() != Kind::Uid || readReference(node, column.key, value.value());
+        return readReference(node, column.key, value.value());
     }
     column.settledId = id;
     if (column.key == Key::Class)

@@ -43,7 +43,11 @@ constexpr std::size_t kUtf8Slack = sizeof(Utf8) - 1;
 // Writes at most three bytes a unit to `utf8`, and up to kUtf8Slack behind them, and gives their number.
 std::size_t utf8FromBigEndianUtf16(const std::uint8_t* bytes, std::size_t units, char* utf8) {
     const auto unit = [bytes](std::size_t i) {
-        return static_cast<std::uint32_t>(bytes[2 * i] << 8 | bytes[2 * i + 1]);
+        std::uint16_t code = 0;
+        std::memcpy(&code, bytes + 2 * i, 2);
+        if constexpr (std::endian::native == std::endian::little)
+            code = __builtin_bswap16(code);
+        return static_cast<std::uint32_t>(code);
     };
     const auto write = [utf8](std::size_t at, const Utf8& character) {
         std::memcpy(utf8 + at, &character, sizeof(character));

@@ -10,6 +10,7 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -74,12 +75,11 @@ public:
 
     /// Object number `id`; Damaged when the number is out of range.
     Object object(std::uint64_t id) const {
-        if (id >= objectCount_)
+        const std::uint8_t* const bytes = objectBytes(id);
+        if (!bytes)
             return {};
-        const std::uint64_t position = word(table_ + id * offsetSize_) >> offsetShift_;
-        if (position < kHeaderSize || position >= tableOffset_)
-            return {};
-        const std::uint8_t marker = data_[position];
+        const auto position = static_cast<std::uint64_t>(bytes - data_);
+        const std::uint8_t marker = *bytes;
         // References are half of an archive: they go straight through.
         if ((marker & 0xF8) == 0x80 && fits(position + 1, (marker & 7) + 1))
             return Object(Kind::Uid, bigEndian(data_ + position + 1, (marker & 7) + 1));
@@ -90,6 +90,54 @@ public:
     /// the count of an Array, or below twice the count of a Dictionary.
     std::uint64_t reference(Object container, std::uint64_t index) const {
         return word(container.bytes() + index * referenceSize_) >> referenceShift_;
+    }
+
+    // Quick looks at the objects that documents are full of: short texts, and dates, which are dictionaries
+    // of a few pairs with a number. Each gives Damaged, or nothing, for everything that `object` has to look
+    // at.
+
+    /// A text in ASCII or UTF-16 of fewer than 256 units.
+    Object shortText(std::uint64_t id) const {
+        const std::uint8_t* const at = objectBytes(id);
+        const unsigned high = at ? *at & 0xF0U : 0;
+        if (high != 0x50 && high != 0x60)
+            return {};
+        const bool countFollows = (*at & 0x0F) == 0x0F;
+        if (countFollows && at[1] != 0x10)
+            return {};
+        const std::uint64_t count = countFollows ? at[2] : *at & 0x0F;
+        const std::uint8_t* const units = at + (countFollows ? 3 : 1);
+        if (!fits(static_cast<std::uint64_t>(units - data_), high == 0x60 ? 2 * count : count))
+            return {};
+        return Object(high == 0x60 ? Kind::Utf16 : Kind::Ascii, count, units);
+    }
+
+    /// A dictionary of fewer than 15 pairs.
+    Object shortDictionary(std::uint64_t id) const {
+        const std::uint8_t* const at = objectBytes(id);
+        const std::uint64_t count = at ? *at & 0x0FU : 0;
+        if (!at || *at != (0xD0 | count) || count == 0x0F ||
+            !fits(static_cast<std::uint64_t>(at + 1 - data_), 2 * count * referenceSize_))
+            return {};
+        return Object(Kind::Dictionary, count, at + 1);
+    }
+
+    /// The number of a Real of eight bytes.
+    std::optional<double> longReal(std::uint64_t id) const {
+        const std::uint8_t* const at = objectBytes(id);
+        if (!at || *at != 0x23 || !fits(static_cast<std::uint64_t>(at + 1 - data_), 8))
+            return std::nullopt;
+        return std::bit_cast<double>(word(at + 1));
+    }
+
+    /// Whether two containers have the same references in their first `count` places.
+    bool sameReferences(Object a, Object b, std::uint64_t count) const {
+        const std::uint64_t size = count * referenceSize_;
+        if (size == 0)
+            return true;
+        if (size <= 8)
+            return (word(a.bytes()) ^ word(b.bytes())) >> (64 - 8 * size) == 0;
+        return std::memcmp(a.bytes(), b.bytes(), size) == 0;
     }
 
     /// The bytes that a container's references occupy.
@@ -108,6 +156,13 @@ public:
 private:
     static constexpr std::size_t kHeaderSize = 8;
 
+    /// Where the object begins; null when the number is out of range.
+    const std::uint8_t* objectBytes(std::uint64_t id) const {
+        if (id >= objectCount_)
+            return nullptr;
+        const std::uint64_t position = word(table_ + id * offsetSize_) >> offsetShift_;
+        return position < kHeaderSize || position >= tableOffset_ ? nullptr : data_ + position;
+    }
     Object objectAt(std::uint64_t position, std::uint8_t marker) const;
     // The first of the eight bytes a word reads are the number; the trailer keeps the rest inside the data.
     static unsigned shiftFor(std::size_t width) { return static_cast<unsigned>(64 - 8 * width); }

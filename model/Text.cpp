@@ -4,6 +4,7 @@
 
 #include <unicode/utf8.h>
 
+#include <algorithm>
 #include <cstring>
 
 namespace tabulon {
@@ -27,26 +28,47 @@ std::size_t asciiPrefix(std::string_view bytes) {
     return i;
 }
 
+// Copies at least eight bytes; false when not all of them are ASCII.
+bool copyAscii(std::string_view bytes, char* target) {
+    std::uint64_t seen = 0;
+    const auto copyAt = [&](std::size_t at) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, bytes.data() + at, 8);
+        std::memcpy(target + at, &word, 8);
+        seen |= word;
+    };
+    for (std::size_t i = 0; i + 8 < bytes.size(); i += 8)
+        copyAt(i);
+    copyAt(bytes.size() - 8);
+    return (seen & 0x8080808080808080u) == 0;
+}
+
+// The most bytes, up to `limit`, that end with a whole character.
 std::size_t wholeCharacters(std::string_view utf8, std::size_t limit) {
     std::size_t end = limit;
-    while (end > 0 && (static_cast<unsigned char>(utf8[end]) & 0xC0) == 0x80)
+    while (end > 0 && end < utf8.size() && (static_cast<unsigned char>(utf8[end]) & 0xC0) == 0x80)
         --end;
     return end;
 }
 
 } // namespace
 
-Text::Text(std::string_view utf8) {
-    if (utf8.size() > kMaximumSize)
-        utf8 = utf8.substr(0, wholeCharacters(utf8, kMaximumSize));
-    block_ = static_cast<Block*>(allocateMemory(sizeof(Block) + utf8.size()));
+Text::Text(std::size_t size) : block_(static_cast<Block*>(allocateMemory(sizeof(Block) + size))) {
     block_->references = 1;
-    block_->size = static_cast<std::uint32_t>(utf8.size());
-    if (!utf8.empty())
-        std::memcpy(block_ + 1, utf8.data(), utf8.size());
+    block_->size = static_cast<std::uint32_t>(size);
 }
 
+Text::Text(std::string_view utf8) : Text(wholeCharacters(utf8, std::min(utf8.size(), kMaximumSize))) {
+    std::memcpy(block_ + 1, utf8.data(), block_->size);
+}
+
+// Most are ASCII, and are looked at while they are copied.
 Text Text::fromBytes(std::string_view bytes) {
+    if (bytes.size() >= 8 && bytes.size() <= kMaximumSize) {
+        Text text(bytes.size());
+        if (copyAscii(bytes, reinterpret_cast<char*>(text.block_ + 1)))
+            return text;
+    }
     return isValidUtf8(bytes) ? Text(bytes) : Text(decodeUtf8Leniently(bytes));
 }
 

@@ -57,6 +57,8 @@ public:
     bool sharesBytesWith(const Text& other) const noexcept { return block_ == other.block_; }
 
 private:
+    explicit Text(std::size_t size); // of bytes that are still to be written
+
     struct Block {
         std::uint32_t references;
         std::uint32_t size;
