@@ -46,6 +46,52 @@ TEST_P(CorpusTest, documentsReadAsExpected) {
     EXPECT_GE(cases, 5);
 }
 
+struct ImportCase {
+    const char* format;
+    const char* folder;
+    const char* file;
+};
+
+// expected.json is the tree of the document that comes of it, expected.error the line of the refusal.
+TEST(ImportCorpusTest, filesOfOtherProgramsAreImportedAsExpected) {
+    constexpr ImportCase kCases[] = {
+        {"safari", "plist/safari-xml", "input.plist"}, {"safari", "plist/safari-binary", "input.plist"},
+        {"icab", "plist/icab", "input.plist"},         {"text", "text/delimiters", "input.txt"},
+        {"text", "text/letter", "input.txt"},          {"xbel", "xbel/strangers", "input.xbel"},
+        {"xbel", "xbel/tabulon", "input.xbel"},        {"xbel", "xbel/without-declaration", "input.xbel"},
+    };
+    for (const ImportCase& one : kCases) {
+        SCOPED_TRACE(one.folder);
+        const fs::path folder = fs::path(TABULON_CORPUS_DIR) / one.folder;
+        test::Tool tool;
+        tool.files.files["input"] = contentOf(folder / one.file);
+        const int status = tool.run({"import", "--from", one.format, "input", "-o", "document"});
+        if (fs::exists(folder / "expected.error")) {
+            EXPECT_EQ(status, 1);
+            EXPECT_EQ(tool.error, contentOf(folder / "expected.error"));
+            continue;
+        }
+        EXPECT_EQ(status, 0) << tool.error;
+        EXPECT_EQ(tool.run({"show", "--json", "document"}), 0);
+        EXPECT_EQ(tool.out, contentOf(folder / "expected.json"));
+    }
+}
+
+TEST(ImportCorpusTest, everyFormatIsImportedByItsName) {
+    const fs::path corpus(TABULON_CORPUS_DIR);
+    test::Tool tool;
+    for (const char* format : {"chrome", "chromium", "vivaldi", "brave", "edge", "opera"}) {
+        tool.in = contentOf(corpus / "chromium-json/opera/Bookmarks");
+        EXPECT_EQ(tool.run({"import", "--from", format, "-"}), 0) << format << tool.error;
+        EXPECT_EQ(tool.error, "");
+        EXPECT_FALSE(tool.out.empty());
+    }
+    tool.in = "<base href='https://a.example/'><a href='b'>name</a>";
+    ASSERT_EQ(tool.run({"import", "--from", "html-links", "-", "-o", "document"}), 0) << tool.error;
+    ASSERT_EQ(tool.run({"show", "document"}), 0);
+    EXPECT_NE(tool.out.find("name  <https://a.example/b>"), std::string::npos) << tool.out;
+}
+
 std::vector<std::string> exportArguments(const fs::path& folder, const std::string& format) {
     std::vector<std::string> arguments = {"--locale", "en_US"};
     std::istringstream lines(contentOf(folder / "defaults"));
