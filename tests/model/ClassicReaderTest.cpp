@@ -124,7 +124,8 @@ TEST_F(ClassicTest, oneLinkWithEverything) {
 TEST_F(ClassicTest, displayByte0x23IsExpandedAutoTabLabel6AndBrowser3) {
     Record record = named("n");
     record.display = 0x23;
-    const Bookmark& node = *read(header() + record.bytes())->getChild();
+    const Ref<Bookmark> master = read(header() + record.bytes());
+    const Bookmark& node = *master->getChild();
     EXPECT_TRUE(node.showHier());
     EXPECT_TRUE(node.getAutoTab());
     EXPECT_EQ(node.getLabel(), 6);
@@ -134,7 +135,8 @@ TEST_F(ClassicTest, displayByte0x23IsExpandedAutoTabLabel6AndBrowser3) {
 TEST_F(ClassicTest, flagsByteIsSplitIntoFlagsAndStatus) {
     Record record = named("n");
     record.flags = 0xF3;
-    const Bookmark& node = *read(header() + record.bytes())->getChild();
+    const Ref<Bookmark> master = read(header() + record.bytes());
+    const Bookmark& node = *master->getChild();
     EXPECT_EQ(node.getFlags(), 3);
     EXPECT_EQ(node.getStatus(), 15);
 }
