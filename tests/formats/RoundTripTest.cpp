@@ -286,6 +286,7 @@ Ref<Bookmark> plainTree(unsigned seed) {
     Ref<Bookmark> root = Bookmark::initEmpty();
     std::vector<Bookmark*> folders{root.get()};
     for (int count = 0; count < 200; ++count) {
+        Bookmark& parent = *folders[folders.size() - 1 - random() % std::min<std::size_t>(folders.size(), 3)];
         Ref<Bookmark> node = Bookmark::initEmpty();
         node->setItemName(oneOf(
             random, {"Plain", "Q&A", "<b>", "\"quoted\" 'text'", "日本語", "&amp;", "]]>", "\U0001F516"}));
@@ -297,7 +298,7 @@ Ref<Bookmark> plainTree(unsigned seed) {
             node->setItemURL(
                 oneOf(random, {"https://a.example/?a=1&b=2", "http://b.example/<x>", "https://é.example/"}));
         }
-        folders[folders.size() - 1 - random() % std::min<std::size_t>(folders.size(), 3)]->addChild(node);
+        parent.addChild(node);
     }
     return root;
 }
