@@ -1,7 +1,7 @@
 // Construction, start and end.
 #include "app/AppDelegate.h"
 
-#include "app/SharedAlerts.h"
+#include "window/SharedAlerts.h"
 
 namespace tabulon {
 namespace {

@@ -1,7 +1,7 @@
 // The Import menu: panels by which people name the files, what they are told, and the new documents.
 #include "app/AppDelegate.h"
-#include "app/SharedAlerts.h"
 #include "formats/import/HTMLWindowController.h"
+#include "window/SharedAlerts.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -128,8 +128,7 @@ Result<Ref<Bookmark>> AppDelegate::read(const ImportFormat& format, std::string_
 }
 
 std::unique_ptr<Progress> AppDelegate::beginImporting(const std::string& source) {
-    return platform_.progress.begin({.message = platform_.base.texts.format("Importing", source),
-                                     .document = documentController_.currentDocument()});
+    return beginProgress(platform_, "Importing", source, documentController_.currentDocument());
 }
 
 void AppDelegate::importFailureAlert(const ImportFormat& format, const std::string& path,

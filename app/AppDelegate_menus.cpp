@@ -1,6 +1,6 @@
 // The main menu as a value, and the way from a chosen item to the code behind it.
 #include "app/AppDelegate.h"
-#include "app/SharedAlerts.h"
+#include "window/SharedAlerts.h"
 
 #include <array>
 

@@ -2,7 +2,7 @@
 #include "app/AppDelegate.h"
 #include "app/FileContent.h"
 #include "app/FileUri.h"
-#include "app/SharedAlerts.h"
+#include "window/SharedAlerts.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -2,7 +2,7 @@
 // DocumentController_saving.cpp and DocumentController_closing.cpp.
 #include "app/DocumentController.h"
 
-#include "app/SharedAlerts.h"
+#include "window/SharedAlerts.h"
 
 #include <algorithm>
 

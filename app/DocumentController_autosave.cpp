@@ -1,7 +1,7 @@
 // Documents that save themselves: those with a file in place, those without one, or with one that cannot be
 // written now, to a copy that a crash leaves behind.
 #include "app/DocumentController.h"
-#include "app/SharedAlerts.h"
+#include "window/SharedAlerts.h"
 
 #include <algorithm>
 

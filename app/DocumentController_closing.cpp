@@ -1,6 +1,6 @@
 // Closing documents: the question about unsaved changes, one window or all of them.
 #include "app/DocumentController.h"
-#include "app/SharedAlerts.h"
+#include "window/SharedAlerts.h"
 
 #include <algorithm>
 

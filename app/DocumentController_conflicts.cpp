@@ -1,6 +1,6 @@
 // The file under a document: noticing that another program changed it, and going back to what it holds.
 #include "app/DocumentController.h"
-#include "app/SharedAlerts.h"
+#include "window/SharedAlerts.h"
 
 #include <utility>
 

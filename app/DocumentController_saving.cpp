@@ -2,7 +2,7 @@
 // and the file as it was.
 #include "app/DocumentController.h"
 #include "app/SaveTasks.h"
-#include "app/SharedAlerts.h"
+#include "window/SharedAlerts.h"
 
 #include <algorithm>
 #include <filesystem>

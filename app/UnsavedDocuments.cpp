@@ -1,6 +1,6 @@
 #include "app/UnsavedDocuments.h"
 
-#include "app/SharedAlerts.h"
+#include "window/SharedAlerts.h"
 
 #include <fmt/format.h>
 

@@ -249,7 +249,6 @@ private:
     Result<std::string> exportTo(std::string_view format, Progress* progress = nullptr) const;
     void exportToFile(const std::string& path);
     void writeOrLog(const std::string& path, std::string_view bytes);
-    void exportAlert(const std::string& path, const Error& error);
     void saveBookmarkFiles(std::vector<Ref<Bookmark>> links);
     /// For what may be called after the controller is gone.
     std::weak_ptr<const bool> life() const { return life_; }

@@ -3,6 +3,7 @@
 #include "formats/ExportFormats.h"
 #include "formats/export/LinkFile.h"
 #include "window/AccessoryViewController.h"
+#include "window/SharedAlerts.h"
 #include "window/ViewController.h"
 
 #include <algorithm>
@@ -56,9 +57,7 @@ void ViewController::exportText() {
     const SavePanel panel{.message = texts.text("ExportFile"),
                           .prompt = texts.text("Export"),
                           .directory = folderOf(file),
-                          .proposedName =
-                              file.empty() ? texts.text("Untitled")
-                                           : decodeUtf8Leniently(std::filesystem::path(file).stem().string()),
+                          .proposedName = file.empty() ? texts.text("Untitled") : nameWithoutExtension(file),
                           .kind = exportFileKind(exportFormats().front(), texts),
                           .accessory = options,
                           .document = &document_};
@@ -75,35 +74,20 @@ void ViewController::exportToFile(const std::string& path) {
     const ExportFormat& format = exportFormatForExtension(extensionOf(path));
     if (isOptionOf(format, kSaveAsHTML) && platform_.base.defaults.boolForKey(kSaveAsHTML))
         platform_.folders.store("ExportHTMLBookmark", path);
-    const Localization& texts = platform_.base.texts;
     std::unique_ptr<Progress> progress =
-        platform_.progress.begin({.message = texts.format("Exporting", document_.displayName()),
-                                  .cancel = texts.text("Cancel"),
-                                  .document = &document_});
+        beginProgress(platform_, "Exporting", document_.displayName(), &document_);
     const Result<std::string> text = exportTo(format.name, progress.get());
     if (text)
         writeOrLog(path, *text);
     progress.reset(); // before there is an alert
     if (!text)
-        exportAlert(path, text.error());
+        fileErrorAlert(platform_, "CouldNotExport", path, text.error(), &document_);
 }
 
 // A write that fails is not reported to the user.
 void ViewController::writeOrLog(const std::string& path, std::string_view bytes) {
     if (const Result<void> written = platform_.files.writeFileAtomically(path, bytes); !written)
         platform_.base.log.log("Export could not be written: " + written.error().message);
-}
-
-void ViewController::exportAlert(const std::string& path, const Error& error) {
-    if (isCancelledByUser(error))
-        return;
-    const Localization& texts = platform_.base.texts;
-    const std::string name = decodeUtf8Leniently(std::filesystem::path(path).filename().string());
-    platform_.alerts.runModal(Alert{.style = AlertStyle::Critical,
-                                    .message = texts.format("CouldNotExport", name),
-                                    .informative = error.message,
-                                    .buttons = {{texts.text("OK")}},
-                                    .document = &document_});
 }
 
 void ViewController::saveBookmark() {
@@ -144,7 +128,7 @@ void ViewController::saveBookmarkFile(const Bookmark& link, const std::function<
             if (file)
                 writeOrLog(*path, *file);
             else
-                exportAlert(*path, file.error());
+                fileErrorAlert(platform_, "CouldNotExport", *path, file.error(), &document_);
         }
         if (done)
             done(path.has_value());

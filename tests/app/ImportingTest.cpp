@@ -335,6 +335,7 @@ TEST_F(ImportingTest, longImportsCanBeCancelled) {
     expectNothing();
     ASSERT_EQ(progress.works.size(), 1u);
     EXPECT_EQ(progress.works[0].panel.message, "Importing “a.txt”");
+    EXPECT_EQ(progress.works[0].panel.cancel, "Cancel");
     EXPECT_TRUE(progress.works[0].done);
 }
 

@@ -1,7 +1,7 @@
 // The main menu, the recent files, the shared alerts, and how files are told apart.
 #include "app/FileContent.h"
-#include "app/SharedAlerts.h"
 #include "tests/app/AppFixture.h"
+#include "window/SharedAlerts.h"
 
 #include <functional>
 #include <set>

@@ -1,4 +1,4 @@
-#include "app/SharedAlerts.h"
+#include "window/SharedAlerts.h"
 
 #include "model/Text.h"
 
@@ -39,7 +39,7 @@ void noURLs(const Platform& platform) {
 
 void fileErrorAlert(const Platform& platform, std::string_view key, const std::string& path,
                     const Error& error, const Document* document) {
-    if (error.domain == ErrorDomain::Cocoa && error.code == kUserCancelledError)
+    if (isCancelledByUser(error))
         return;
     std::string title =
         error.title.empty() ? platform.base.texts.format(key, lastPathComponent(path)) : error.title;
@@ -72,6 +72,13 @@ void writeErrorAlert(const Platform& platform, std::string_view key, const std::
     Error advised = error;
     advised.message = writeErrorText(platform.base.texts, error);
     fileErrorAlert(platform, key, path, advised, document);
+}
+
+std::unique_ptr<Progress> beginProgress(const Platform& platform, std::string_view key,
+                                        const std::string& name, const Document* document) {
+    const Localization& texts = platform.base.texts;
+    return platform.progress.begin(
+        {.message = texts.format(key, name), .cancel = texts.text("Cancel"), .document = document});
 }
 
 std::string lastPathComponent(const std::string& path) {

@@ -1,9 +1,11 @@
-// The alerts that many commands share. Which command shows which is the commands' affair.
+// The alerts that many commands share, and the panel of their long work. Which command shows which is the
+// commands' affair.
 #pragma once
 
 #include "model/Error.h"
 #include "platform/Platform.h"
 
+#include <memory>
 #include <string>
 
 namespace tabulon {
@@ -44,5 +46,11 @@ std::string lastPathComponent(const std::string& path);
 
 /// The same without its extension.
 std::string nameWithoutExtension(const std::string& path);
+
+/// Begins work that may take long: the text of `key`, a format for the name of what is worked on, and a
+/// button to cancel. `document`, if there is one, gets the panel as its sheet.
+[[nodiscard]] std::unique_ptr<Progress> beginProgress(const Platform& platform, std::string_view key,
+                                                      const std::string& name,
+                                                      const Document* document = nullptr);
 
 } // namespace tabulon
