@@ -1,41 +1,49 @@
 #include "formats/import/NetscapeDates.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cstdint>
 #include <limits>
 #include <string_view>
+#include <system_error>
 
 namespace tabulon {
 namespace {
 
 constexpr std::size_t npos = std::string_view::npos;
 
-// What `c` is worth as a decimal digit; more than 9 for everything else.
-unsigned digitAt(char c) {
-    return static_cast<unsigned char>(c) - unsigned{'0'};
-}
+struct Number {
+    std::uint64_t value;
+    std::size_t digits;
+};
 
-// The number with one more digit at its end; the largest number where that is too large.
-std::uint64_t withDigit(std::uint64_t number, unsigned digit) {
-    std::uint64_t result = 0;
-    const bool tooLarge =
-        __builtin_mul_overflow(number, 10u, &result) || __builtin_add_overflow(result, digit, &result);
-    return tooLarge ? std::numeric_limits<std::uint64_t>::max() : result;
+// The decimal number that `text` begins with; the largest one where it is too large.
+Number numberIn(std::string_view text) {
+    constexpr std::size_t kAlwaysFits = 18; // digits
+    std::uint64_t value = 0;
+    std::size_t digits = 0;
+    for (; digits < std::min(text.size(), kAlwaysFits); ++digits) {
+        const unsigned digit = static_cast<unsigned char>(text[digits]) - unsigned{'0'};
+        if (digit > 9)
+            return {value, digits};
+        value = value * 10 + digit;
+    }
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    const bool tooLarge = error == std::errc::result_out_of_range;
+    return {tooLarge ? std::numeric_limits<std::uint64_t>::max() : value,
+            static_cast<std::size_t>(end - text.data())};
 }
 
 // The date whose attribute's name ends before `value`.
 Date dateAt(const ScannedBytes& bytes, std::size_t value) {
     if (bytes.at(value) != '"')
         return Date();
-    const std::string_view rest = bytes.range(value + 1, bytes.size());
-    std::uint64_t number = 0;
-    std::size_t digits = 0;
-    for (; digits < rest.size() && digitAt(rest[digits]) < 10; ++digits)
-        number = withDigit(number, digitAt(rest[digits]));
-    const std::size_t end = value + 1 + digits;
+    const Number number = numberIn(bytes.range(value + 1, bytes.size()));
+    const std::size_t end = value + 1 + number.digits;
     bytes.countExamined(value, end);
     if (bytes.at(end) != '"' && bytes.find('"', end) == npos)
         return Date();
-    return Date::fromUnixSeconds(static_cast<double>(number));
+    return Date::fromUnixSeconds(static_cast<double>(number.value));
 }
 
 } // namespace
