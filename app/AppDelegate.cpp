@@ -13,6 +13,7 @@ constexpr int kToolTipDelay = 10; // milliseconds
 AppDelegate::AppDelegate(const Platform& platform, DocumentWindowMaker& windows, std::string version)
     : platform_(platform), version_(std::move(version)), documentController_(platform, windows) {
     addActions();
+    documentController_.shared().grabAllHTML = [this](const std::string& html) { grabAllHTML(html); };
     documentController_.lastDocumentClosed = [this] {
         if (stop && !(willOpenMore && willOpenMore()))
             stop();

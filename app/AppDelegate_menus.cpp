@@ -100,7 +100,9 @@ Menu AppDelegate::recentMenu() {
 }
 
 Menu AppDelegate::editMenu() const {
-    return Menu{.items = {command("MenuDelete", "delete:"), command("MenuSelectAll", "selectAll:", "a")}};
+    return Menu{.items = {command("MenuCut", "cut:", "x"), command("MenuCopy", "copy:", "c"),
+                          command("MenuPaste", "paste:", "v"), command("MenuDelete", "delete:"),
+                          command("MenuSelectAll", "selectAll:", "a")}};
 }
 
 Menu AppDelegate::bookmarkMenu() const {

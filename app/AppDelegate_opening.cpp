@@ -1,7 +1,7 @@
 // Opening files of every kind.
 #include "app/AppDelegate.h"
 #include "app/FileContent.h"
-#include "app/FileUri.h"
+#include "window/FileUri.h"
 #include "window/SharedAlerts.h"
 
 #include <algorithm>

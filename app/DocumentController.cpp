@@ -56,7 +56,7 @@ ViewController* DocumentController::getViewController(const Document& document) 
 }
 
 Document* DocumentController::makeWindowControllers(std::unique_ptr<OpenDocument> opened) {
-    opened->controller.emplace(opened->document, platform_);
+    opened->controller.emplace(opened->document, platform_, shared_);
     opened->window = windows_.makeWindow(*opened->controller);
     if (!opened->window)
         return nullptr;

@@ -93,6 +93,8 @@ public:
     void recoverUnsavedDocuments();
 
     RecentDocuments& recentDocuments() { return recentDocuments_; }
+    /// What all document windows share.
+    SharedState& shared() { return shared_; }
 
     /// Called after the last document was closed.
     std::function<void()> lastDocumentClosed;
@@ -154,6 +156,7 @@ private:
 
     const Platform platform_;
     DocumentWindowMaker& windows_;
+    SharedState shared_;
     RecentDocuments recentDocuments_;
     UnsavedDocuments unsaved_;
     ActionTable actions_;

@@ -1,6 +1,6 @@
 #include "app/LaunchArguments.h"
 
-#include "app/FileUri.h"
+#include "window/FileUri.h"
 #include "model/Text.h"
 
 namespace tabulon {

@@ -9,6 +9,7 @@
 #include "platform/linux/FileUserDefaults.h"
 #include "platform/linux/QtAlerts.h"
 #include "platform/linux/QtBeeper.h"
+#include "platform/linux/QtKeyboard.h"
 #include "platform/linux/QtPanels.h"
 #include "platform/linux/QtPasteboard.h"
 #include "platform/linux/QtProgressPanels.h"
@@ -80,6 +81,7 @@ int runDesktop(const LaunchArguments& arguments, SingleInstance& instance) {
     XdgRecoveryFolders recovery(stateFolder() + "/unsaved");
     XdgBrowserStores browsers(files);
     QtBeeper beeper;
+    QtKeyboard keyboard;
     QtPasteboard pasteboard;
     QtTimers timers([&progress] { return progress.isShowing(); });
     const Platform platform{{clock, defaults, texts, log},
@@ -92,6 +94,7 @@ int runDesktop(const LaunchArguments& arguments, SingleInstance& instance) {
                             browsers,
                             timers,
                             beeper,
+                            keyboard,
                             pasteboard,
                             state};
     AppDelegate app(platform, windows, TABULON_VERSION);

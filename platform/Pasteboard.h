@@ -1,10 +1,31 @@
-// What the user has copied, in whatever program.
+// What is copied and dragged between programs, in the forms that the desktop knows, and the clipboard that
+// keeps it. What the forms mean is in window/MimeItems.h.
 #pragma once
 
+#include <map>
 #include <optional>
+#include <span>
 #include <string>
+#include <string_view>
 
 namespace tabulon {
+
+/// One thing in several forms: bytes by media type ("text/uri-list"). Texts in "text/plain" are UTF-8.
+class MimeContent {
+public:
+    void set(std::string_view type, std::string bytes) {
+        forms_.insert_or_assign(std::string(type), std::move(bytes));
+    }
+    /// Null where there is no such form.
+    const std::string* get(std::string_view type) const {
+        const auto found = forms_.find(type);
+        return found == forms_.end() ? nullptr : &found->second;
+    }
+    const std::map<std::string, std::string, std::less<>>& forms() const { return forms_; }
+
+private:
+    std::map<std::string, std::string, std::less<>> forms_;
+};
 
 class Pasteboard {
 public:
@@ -12,6 +33,9 @@ public:
 
     /// The general pasteboard's text, UTF-8; nothing when it holds none.
     virtual std::optional<std::string> string() = 0;
+    /// What it holds, in those of these forms that it has.
+    virtual MimeContent content(std::span<const std::string_view> types) = 0;
+    virtual void setContent(const MimeContent& content) = 0;
 };
 
 } // namespace tabulon

@@ -7,6 +7,7 @@
 #include "platform/BrowserStores.h"
 #include "platform/FileStore.h"
 #include "platform/FolderReferences.h"
+#include "platform/Keyboard.h"
 #include "platform/Panels.h"
 #include "platform/Pasteboard.h"
 #include "platform/ProgressPanels.h"
@@ -27,6 +28,7 @@ struct Platform {
     BrowserStores& browsers;
     Timers& timers;
     Beeper& beeper;
+    Keyboard& keyboard;
     Pasteboard& pasteboard;
     /// What the program remembers by itself between runs (recent documents, column widths), apart from the
     /// settings.

@@ -8,8 +8,8 @@
 
 namespace tabulon {
 
-ViewController::ViewController(Document& document, const Platform& platform)
-    : document_(document), platform_(platform) {
+ViewController::ViewController(Document& document, const Platform& platform, SharedState& shared)
+    : document_(document), platform_(platform), shared_(shared) {
     addActions();
     rows_.show(Ref<Bookmark>(&getMaster()));
     document_.setPresenter(this);
@@ -52,6 +52,9 @@ void ViewController::addEditingActions() {
         "editBookmark:", [this](const MenuItem&) { editBookmark(); }, selected);
     actions_.add(
         "delete:", [this](const MenuItem&) { deleteSelection(); }, selected);
+    actions_.add("cut:", [this](const MenuItem&) { cut(); });
+    actions_.add("copy:", [this](const MenuItem&) { copyEditMenu(); });
+    actions_.add("paste:", [this](const MenuItem&) { pasteEditMenu(); });
     actions_.add("moveUp:", [this](const MenuItem&) { moveUp(); });
     actions_.add("moveDown:", [this](const MenuItem&) { moveDown(); });
     actions_.add(

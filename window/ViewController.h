@@ -1,7 +1,7 @@
 // The outline controller: one for each document window. It holds the visible rows of the document's tree and
 // carries every command on them; the view (OutlineView) mirrors it. Split by concern: _presentation (what
 // cells show), _table (font size, tags column), _expanding, _inserting, _removing, _fields (editing in
-// place), _labels, _hover (the URL field), _export.
+// place), _labels, _pasteboard, _dragging, _hover (the URL field), _export.
 #pragma once
 
 #include "model/Document.h"
@@ -9,6 +9,9 @@
 #include "window/ActionTable.h"
 #include "window/CellContent.h"
 #include "window/DocumentWindow.h"
+#include "window/DragInfo.h"
+#include "window/PasteboardItem.h"
+#include "window/SharedState.h"
 #include "window/VisibleRows.h"
 
 #include <functional>
@@ -28,12 +31,12 @@ enum class FontSizeStep { Larger, Smaller };
 /// Whether the name of a new item is edited at once.
 enum class Editing { No, Begins };
 
-/// Rows are numbers below `numberOfRows()`; every row taken as an argument must be one. The document must
-/// live longer than the controller.
+/// Rows are numbers below `numberOfRows()`; every row taken as an argument must be one. The document and the
+/// shared state must live longer than the controller.
 class ViewController : public DocumentPresenter {
 public:
     /// Becomes the document's presenter and lays out its tree.
-    ViewController(Document& document, const Platform& platform);
+    ViewController(Document& document, const Platform& platform, SharedState& shared);
     ~ViewController() override;
     ViewController(const ViewController&) = delete;
     ViewController& operator=(const ViewController&) = delete;
@@ -144,6 +147,48 @@ public:
     void moveUp();
     void moveDown();
 
+    // The pasteboard. What is put there and what is read of it is in BookmarkPasteboard.h and MimeItems.h.
+
+    /// Copies the items that a command acts on. Without any the pasteboard stays as it is.
+    void copyEditMenu();
+    void copyBookmarks();
+    void copyBookmarksArray(const std::vector<Bookmark*>& items);
+    /// Copies what a command acts on, and deletes the selected rows: with a clicked row outside the selection
+    /// these are not the same.
+    void cut();
+    /// Inserts what the pasteboard holds, one item after the other as `addNewData` does. A text alone of
+    /// several lines, or with a tab, is split into bookmarks.
+    void pasteEditMenu();
+    /// Inserts the bookmark that "name TAB URL", or a URL alone, stands for. Null, and nothing inserted,
+    /// where the URL is empty.
+    Ref<Bookmark> splitBookmark(std::string_view string);
+    /// The current row's URL for a program that wants a text; nothing without a row or a URL.
+    std::optional<std::string> writeSelectionToPasteboard() const;
+
+    // Dragging
+
+    /// The items of the selected rows for a drag that begins in this outline.
+    std::vector<PasteboardItem> beginDraggingSession();
+    /// Items as the desktop's programs hand them on (MimeItems.h), and back.
+    MimeContent mimeContentOf(const std::vector<PasteboardItem>& items) const;
+    std::vector<PasteboardItem> itemsIn(const MimeContent& content) const;
+    /// Whether an outline takes such a drag at all.
+    static bool isDragOfInterest(const std::vector<PasteboardItem>& items);
+    /// Where a drop at the pointer would go: over `row` (nothing: below the last one), as far down in it as
+    /// `fraction` says (0 is its top, 1 its bottom), and as far to the right as rows of `level` stand. Behind
+    /// the last child of a folder the level decides in which folder it ends up.
+    DropSpot dropSpot(std::optional<std::size_t> row, double fraction, int level) const;
+    /// True when the drag began in this outline and carries live nodes.
+    bool dragIsLocalReorder(const DragInfo& drag) const;
+    /// What a drop would do: on `item`, or on the root where it is null, and before its child number
+    /// `childIndex`, or on the item itself where there is no index. None refuses.
+    DragOperation validateDrop(const DragInfo& drag, Bookmark* item, std::optional<std::size_t> childIndex);
+    /// Does what the last validation has answered. False when nothing may be dropped there.
+    bool acceptDrop(const DragInfo& drag, Bookmark* item, std::optional<std::size_t> childIndex);
+    /// A drag that began in this outline has ended.
+    void draggingSessionEnded(DragOperation operation);
+    DragOperation dragOperation() const { return dragOperation_; }
+
     // Labels
 
     /// The row under the pointer when a context menu was opened; nothing without one.
@@ -219,17 +264,36 @@ private:
     void addActions();
     void addEditingActions();
     Date now() const { return Date::now(platform_.base.clock); }
+    struct Place {
+        Bookmark* folder;
+        std::size_t index;
+    };
+    Place placeAfter(Bookmark& anchor) const;
     void insertAtAnchor(Bookmark& anchor, Ref<Bookmark> item);
+    void addManyNewData(const std::vector<Ref<Bookmark>>& items);
     void insertChild(Bookmark& folder, std::size_t index, Ref<Bookmark> item);
     std::optional<std::size_t> rowForNewChild(const Bookmark& folder, std::size_t index) const;
     void insertRowsOf(Bookmark& item, std::size_t row);
     void removeItem(Bookmark& item);
-    void removeManyItems(const std::vector<Bookmark*>& items);
+    void beginChangingManyRows();
+    void endChangingManyRows();
+    Ref<Bookmark> bookmarkOf(const PasteboardItem& item) const;
+    std::int64_t copyFormat() const;
+    Ref<Bookmark> bookmarkOfText(std::string_view string) const;
+    void splitBookmarks(std::string_view text);
+    void addNewItems(const std::vector<Ref<Bookmark>>& items);
+    bool isInTree(const Bookmark& item) const;
+    DropSpot spotBefore(std::size_t row) const;
+    DropSpot spotBehind(std::size_t row, int level) const;
+    std::optional<Place> placeOfDrop(Bookmark* item, std::optional<std::size_t> childIndex) const;
+    Ref<Bookmark> droppedNode(const DragInfo& drag, Ref<Bookmark> node, Place& place);
+    void selectDropped(const std::vector<Ref<Bookmark>>& dropped);
     void fieldDidChange(Bookmark& item, std::size_t row);
     void editCurrentRow(Column column);
     void scheduleAutoEdit();
     bool hasSelection() const;
     bool hasOneSelectedFolder() const;
+    bool severalRowsAreSelected() const;
     OutlineView& outline() const { return window_->outline(); }
     void viewDidLoad();
     void fitURLField(double fontSize);
@@ -255,12 +319,15 @@ private:
 
     Document& document_;
     const Platform platform_;
+    SharedState& shared_;
     ActionTable actions_;
     DocumentWindow* window_ = nullptr;
     VisibleRows rows_;
     std::optional<Counts> counts_;
     std::optional<std::size_t> hoveredRow_;
     std::optional<std::size_t> clickedRow_;
+    bool changesManyRows_ = false; // the rows are laid out anew at the end
+    DragOperation dragOperation_ = DragOperation::None;
     std::unique_ptr<Timer> autoEdit_;
     std::string urlFieldText_;
     std::string windowTitle_; // empty where it is the document's name

@@ -19,22 +19,47 @@ void ViewController::insertNewData(Ref<Bookmark> item, std::optional<std::size_t
 }
 
 // Inside an expanded folder as its first child, behind anything else as its next sibling.
+ViewController::Place ViewController::placeAfter(Bookmark& anchor) const {
+    if (isExpanded(anchor) || &anchor == &getMaster())
+        return {&anchor, 0};
+    Bookmark& folder = *anchor.getParent();
+    return {&folder, folder.getChildren()->indexOf(anchor) + 1};
+}
+
 void ViewController::insertAtAnchor(Bookmark& anchor, Ref<Bookmark> item) {
     const Bookmark& inserted = *item;
-    if (isExpanded(anchor) || &anchor == &getMaster()) {
-        insertChild(anchor, 0, std::move(item));
-    } else {
-        Bookmark& folder = *anchor.getParent();
-        insertChild(folder, folder.getChildren()->indexOf(anchor) + 1, std::move(item));
-    }
+    const Place place = placeAfter(anchor);
+    insertChild(*place.folder, place.index, std::move(item));
     if (const auto row = rowForItem(inserted))
         outline().selectRows({{*row, 1}});
+}
+
+// As one `addNewData` after the other, each of which selects its row, so that the next goes behind it.
+void ViewController::addManyNewData(const std::vector<Ref<Bookmark>>& items) {
+    const std::optional<std::size_t> current = outline().selectedRow();
+    Bookmark* anchor = current ? &rows_.at(*current) : &getMaster();
+    if (!current)
+        getMaster().setShowHier(true);
+    beginChangingManyRows();
+    for (const Ref<Bookmark>& item : items) {
+        const Place place = placeAfter(*anchor);
+        insertChild(*place.folder, place.index, item);
+        makeDirty();
+        anchor = item.get();
+    }
+    endChangingManyRows();
+    if (const auto row = rowForItem(*anchor)) {
+        outline().selectRows({{*row, 1}});
+        outline().scrollRowToVisible(*row);
+    }
 }
 
 void ViewController::insertChild(Bookmark& folder, std::size_t index, Ref<Bookmark> item) {
     Bookmark& inserted = *item;
     inserted.setDocument(&document_);
     folder.insertChild(index, std::move(item));
+    if (changesManyRows_)
+        return;
     if (const auto row = rowForNewChild(folder, index))
         insertRowsOf(inserted, *row);
 }

@@ -2,13 +2,26 @@
 // again.
 #include "window/ViewController.h"
 
-#include <algorithm>
-
 namespace tabulon {
+
+// Many changes of rows are made without the view, which then shows all rows anew. Whoever removes nodes
+// meanwhile keeps them until the end.
+void ViewController::beginChangingManyRows() {
+    hoveredRow_.reset();
+    outline().willReloadData();
+    changesManyRows_ = true;
+}
+
+void ViewController::endChangingManyRows() {
+    changesManyRows_ = false;
+    rows_.show(Ref<Bookmark>(&getMaster()));
+    outline().didReloadData();
+    window_->showEmptyState(rows_.size() == 0);
+}
 
 // The item lives on where the caller holds it.
 void ViewController::removeItem(Bookmark& item) {
-    const std::optional<std::size_t> row = rowForItem(item);
+    const std::optional<std::size_t> row = changesManyRows_ ? std::nullopt : rowForItem(item);
     if (!row) {
         item.detachMe();
         return;
@@ -23,39 +36,30 @@ void ViewController::removeItem(Bookmark& item) {
     window_->showEmptyState(rows_.size() == 0);
 }
 
-// In one go: the rows are laid out anew once.
-void ViewController::removeManyItems(const std::vector<Bookmark*>& items) {
-    std::vector<Ref<Bookmark>> held;
-    held.reserve(items.size());
-    hoveredRow_.reset();
-    outline().willReloadData();
-    for (Bookmark* item : items) {
-        held.emplace_back(item);
-        item->detachMe();
-    }
-    rows_.show(Ref<Bookmark>(&getMaster()));
-    outline().didReloadData();
-    window_->showEmptyState(rows_.size() == 0);
+void ViewController::deleteSelection() {
+    const std::vector<Bookmark*> selected = selectedItems(0, rows_.size());
+    if (selected.empty())
+        return noSelection();
+    const std::vector<Ref<Bookmark>> items(selected.begin(), selected.end());
+    const bool many = items.size() > kRowsHandledSingly;
+    if (many)
+        beginChangingManyRows();
+    // From below: what stands in a folder goes before the folder.
+    for (auto item = items.rbegin(); item != items.rend(); ++item)
+        removeItem(**item);
+    if (many)
+        endChangingManyRows();
+    makeDirty();
 }
 
-void ViewController::deleteSelection() {
-    std::vector<Bookmark*> items = selectedItems(0, rows_.size());
-    if (items.empty())
-        return noSelection();
-    // From below: what stands in a folder goes before the folder.
-    std::ranges::reverse(items);
-    if (items.size() > kRowsHandledSingly) {
-        removeManyItems(items);
-    } else {
-        for (Bookmark* item : items)
-            removeItem(*item);
-    }
-    makeDirty();
+bool ViewController::severalRowsAreSelected() const {
+    const RowSet rows = outline().selectedRows();
+    return rows.size() > 1 || (rows.size() == 1 && rows[0].count > 1);
 }
 
 void ViewController::moveUp() {
     const std::optional<std::size_t> row = outline().selectedRow();
-    if (row == std::size_t{0} || selectedItems(0, rows_.size()).size() > 1)
+    if (row == std::size_t{0} || severalRowsAreSelected())
         return platform_.beeper.beep();
     if (!row)
         return noSelection();
@@ -67,7 +71,7 @@ void ViewController::moveUp() {
 
 void ViewController::moveDown() {
     const std::optional<std::size_t> row = outline().selectedRow();
-    if (selectedItems(0, rows_.size()).size() > 1)
+    if (severalRowsAreSelected())
         return platform_.beeper.beep();
     if (!row)
         return noSelection();

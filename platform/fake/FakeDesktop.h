@@ -4,6 +4,7 @@
 #include "platform/Alerts.h"
 #include "platform/Beeper.h"
 #include "platform/FolderReferences.h"
+#include "platform/Keyboard.h"
 #include "platform/Panels.h"
 #include "platform/Pasteboard.h"
 #include "platform/ProgressPanels.h"
@@ -98,8 +99,34 @@ public:
 /// Holds what was laid in.
 class FakePasteboard : public Pasteboard {
 public:
-    std::optional<std::string> string() override { return text; }
-    std::optional<std::string> text;
+    std::optional<std::string> string() override {
+        const std::string* text = held.get("text/plain");
+        return text ? std::optional(*text) : std::nullopt;
+    }
+    MimeContent content(std::span<const std::string_view> types) override {
+        MimeContent known;
+        for (const std::string_view type : types)
+            if (const std::string* bytes = held.get(type))
+                known.set(type, *bytes);
+        return known;
+    }
+    void setContent(const MimeContent& content) override {
+        held = content;
+        ++changes;
+    }
+    void setString(std::string text) {
+        held = {};
+        held.set("text/plain", std::move(text));
+    }
+
+    MimeContent held;
+    int changes = 0;
+};
+
+class FakeKeyboard : public Keyboard {
+public:
+    bool isOptionDown() override { return option; }
+    bool option = false;
 };
 
 /// Counts.

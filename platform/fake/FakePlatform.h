@@ -21,6 +21,7 @@ struct FakePlatform {
     FakeBrowserStores stores;
     FakeTimers timers;
     FakeBeeper beeper;
+    FakeKeyboard keyboard;
     FakePasteboard pasteboard;
     MemoryUserDefaults state;
 
@@ -37,6 +38,7 @@ struct FakePlatform {
                 stores,
                 timers,
                 beeper,
+                keyboard,
                 pasteboard,
                 state};
     }

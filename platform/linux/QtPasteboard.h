@@ -8,6 +8,8 @@ namespace tabulon {
 class QtPasteboard : public Pasteboard {
 public:
     std::optional<std::string> string() override;
+    MimeContent content(std::span<const std::string_view> types) override;
+    void setContent(const MimeContent& content) override;
 };
 
 } // namespace tabulon

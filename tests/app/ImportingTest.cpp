@@ -302,7 +302,7 @@ TEST_F(ImportingTest, theClipboardWithoutATextDoesNothing) {
 TEST_F(ImportingTest, aPageOnTheClipboardIsReadAsOne) {
     for (const char* page : {"<html><a href='https://a/'>n", "<HTML><a href='https://a/'>n",
                              "text <a href='https://a/'>n</A>", "text <a href='https://a/'>n</a>"}) {
-        pasteboard.text = page;
+        pasteboard.setString(page);
         EXPECT_TRUE(perform("scanClipboard:"));
         ASSERT_TRUE(onlyDocument()) << page;
         EXPECT_EQ(title(), base.texts.text("GrabbedBookmarks"));
@@ -313,14 +313,14 @@ TEST_F(ImportingTest, aPageOnTheClipboardIsReadAsOne) {
 
 TEST_F(ImportingTest, otherTextOnTheClipboardIsScannedUpToANul) {
     using namespace std::string_literals;
-    pasteboard.text = "<Html> https://a/ \0 https://b/"s;
+    pasteboard.setString("<Html> https://a/ \0 https://b/"s);
     EXPECT_TRUE(perform("scanClipboard:"));
     ASSERT_TRUE(onlyDocument());
     EXPECT_EQ(title(), "Untitled");
     ASSERT_EQ(onlyDocument()->getMaster().getChildren()->size(), 1u);
     EXPECT_EQ(onlyDocument()->getMaster().getChild()->itemURL().view(), "https://a/");
     closeAll();
-    pasteboard.text = "no links";
+    pasteboard.setString("no links");
     EXPECT_TRUE(perform("scanClipboard:"));
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "No links found");

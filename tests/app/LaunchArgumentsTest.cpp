@@ -1,7 +1,7 @@
 // Options, relative paths and URIs of the command line; file URIs.
 #include "app/LaunchArguments.h"
 
-#include "app/FileUri.h"
+#include "window/FileUri.h"
 
 #include <gtest/gtest.h>
 

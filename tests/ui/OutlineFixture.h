@@ -43,7 +43,7 @@ protected:
     /// Closes the window of before.
     void openWidget() {
         closeWidget();
-        controller = std::make_unique<ViewController>(document, platform());
+        controller = std::make_unique<ViewController>(document, platform(), shared);
         widgetWindow = std::make_unique<WidgetWindow>(*controller);
         controller->setWindow(widgetWindow.get());
         tester = std::make_unique<QAbstractItemModelTester>(

@@ -40,7 +40,7 @@ protected:
         window.reset();
         controller.reset();
         document.setMaster(Ref<Bookmark>(&document.getMaster()));
-        controller = std::make_unique<ViewController>(document, platform());
+        controller = std::make_unique<ViewController>(document, platform(), shared);
         window = std::make_unique<MemoryWindow>(*controller);
         controller->setWindow(window.get());
     }
@@ -54,6 +54,7 @@ protected:
     }
     void select(std::initializer_list<Bookmark*> items) { outline().selected = items; }
 
+    SharedState shared;
     Document document{base.services()};
     std::unique_ptr<ViewController> controller;
     std::unique_ptr<MemoryWindow> window;

@@ -1,4 +1,4 @@
-#include "app/FileUri.h"
+#include "window/FileUri.h"
 
 #include <algorithm>
 #include <charconv>

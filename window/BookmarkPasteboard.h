@@ -1,0 +1,42 @@
+// Bookmarks and pasteboard items: what is put on a pasteboard for a node, and which node an item becomes.
+// Pure rules; the commands around them are ViewController's.
+#pragma once
+
+#include "model/Bookmark.h"
+#include "window/NodeRecords.h"
+#include "window/PasteboardItem.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace tabulon {
+
+/// The values of the setting "CopyFormat".
+inline constexpr std::int64_t kCopyURL = 0;
+inline constexpr std::int64_t kCopyURLInBrackets = 1;
+inline constexpr std::int64_t kCopyNameAndURL = 2;
+/// An HTML anchor; names and URLs stand in it as they are.
+inline constexpr std::int64_t kCopyHTML = 3;
+
+/// The node as text: null for a node without a URL. Every unknown format is that of the URL alone.
+Text copyText(const Bookmark& node, std::int64_t copyFormat);
+
+/// One item: the record, and the text where the node has one.
+PasteboardItem pasteboardItemForBookmark(const Bookmark& node, std::string record, std::int64_t copyFormat);
+
+struct ItemReading {
+    const NodeRecords& records;
+    /// The name of what has none, and the added-date of what is made.
+    Text untitled;
+    Date now;
+    /// Is handed the HTML of an item that is nothing else.
+    std::function<void(const std::string& html)> grabAllHTML;
+};
+
+/// The node that an item stands for: a live node itself where it has a record of one, else a new one, in no
+/// tree. Null where it stands for none; nothing is classified but by `initWithDictionary`. Values that are
+/// damaged count as missing.
+Ref<Bookmark> pasteboardItemToBookmark(const PasteboardItem& item, const ItemReading& reading);
+
+} // namespace tabulon

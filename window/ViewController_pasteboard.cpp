@@ -1,0 +1,144 @@
+// Copy, cut and paste, and the text that stands for a bookmark.
+#include "window/BookmarkPasteboard.h"
+#include "window/MimeItems.h"
+#include "window/ViewController.h"
+
+#include <algorithm>
+
+namespace tabulon {
+namespace {
+
+// A pasteboard of one item comes with an empty second one now and then.
+std::size_t itemCount(const std::vector<PasteboardItem>& items) {
+    return items.size() == 2 && items[1].values().empty() ? 1 : items.size();
+}
+
+std::vector<std::string_view> linesOf(std::string_view text) {
+    std::vector<std::string_view> lines;
+    for (std::size_t begin = 0; begin <= text.size();) {
+        const std::size_t end = std::min(text.find('\n', begin), text.size());
+        lines.push_back(text.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    return lines;
+}
+
+} // namespace
+
+std::int64_t ViewController::copyFormat() const {
+    return platform_.keyboard.isOptionDown() ? kCopyHTML
+                                             : platform_.base.defaults.integerForKey("CopyFormat");
+}
+
+void ViewController::copyEditMenu() {
+    copyBookmarks();
+}
+
+void ViewController::copyBookmarks() {
+    copyBookmarksArray(getSelectionArray());
+}
+
+void ViewController::copyBookmarksArray(const std::vector<Bookmark*>& items) {
+    NodeRecords& records = shared_.records;
+    records.clear(NodeRecords::List::Copied);
+    const std::int64_t format = copyFormat();
+    std::vector<PasteboardItem> copies;
+    copies.reserve(items.size());
+    for (const Bookmark* item : items) {
+        Ref<Bookmark> copy = deepCopy(*item);
+        copies.push_back(
+            pasteboardItemForBookmark(*copy, records.add(NodeRecords::List::Copied, copy), format));
+    }
+    if (!copies.empty())
+        platform_.pasteboard.setContent(mimeContentOf(copies));
+}
+
+void ViewController::cut() {
+    copyEditMenu();
+    deleteSelection();
+}
+
+MimeContent ViewController::mimeContentOf(const std::vector<PasteboardItem>& items) const {
+    return mimeContent(items, shared_.records);
+}
+
+std::vector<PasteboardItem> ViewController::itemsIn(const MimeContent& content) const {
+    return pasteboardItems(content, shared_.records, platform_.files);
+}
+
+Ref<Bookmark> ViewController::bookmarkOf(const PasteboardItem& item) const {
+    return pasteboardItemToBookmark(item, {.records = shared_.records,
+                                           .untitled = platform_.base.texts.text("Untitled"),
+                                           .now = now(),
+                                           .grabAllHTML = shared_.grabAllHTML});
+}
+
+void ViewController::pasteEditMenu() {
+    const std::vector<PasteboardItem> items = itemsIn(platform_.pasteboard.content(kReadMimeTypes));
+    if (items.empty())
+        return;
+    const std::string* text = items[0].get(kStringType);
+    if (text && !items[0].offers(kItemType) && itemCount(items) == 1 &&
+        text->find_first_of("\n\t") != std::string::npos)
+        return splitBookmarks(*text);
+    std::vector<Ref<Bookmark>> copies;
+    for (const PasteboardItem& item : items)
+        if (const Ref<Bookmark> bookmark = bookmarkOf(item))
+            copies.push_back(deepCopy(*bookmark));
+    addNewItems(copies);
+}
+
+void ViewController::splitBookmarks(std::string_view text) {
+    std::vector<Ref<Bookmark>> bookmarks;
+    for (const std::string_view line : linesOf(text))
+        if (Ref<Bookmark> bookmark = bookmarkOfText(line))
+            bookmarks.push_back(std::move(bookmark));
+    addNewItems(bookmarks);
+}
+
+// One after the other, a change each.
+void ViewController::addNewItems(const std::vector<Ref<Bookmark>>& items) {
+    if (items.size() > kRowsHandledSingly)
+        return addManyNewData(items);
+    for (const Ref<Bookmark>& item : items) {
+        addNewData(item);
+        makeDirty();
+    }
+}
+
+Ref<Bookmark> ViewController::bookmarkOfText(std::string_view string) const {
+    const std::size_t tab = string.find('\t');
+    Text name = platform_.base.texts.text("Untitled");
+    std::string url(string);
+    if (tab != std::string_view::npos) {
+        name = string.substr(0, tab);
+        const std::string_view rest = string.substr(tab + 1);
+        url = rest.substr(0, rest.find('\t'));
+        if (url.ends_with('\n'))
+            std::erase(url, '\n');
+    }
+    if (url.empty())
+        return nullptr;
+    Ref<Bookmark> bookmark = Bookmark::init(now());
+    bookmark->setItemName(std::move(name));
+    bookmark->setItemURL(url);
+    bookmark->determineType();
+    return bookmark;
+}
+
+Ref<Bookmark> ViewController::splitBookmark(std::string_view string) {
+    Ref<Bookmark> bookmark = bookmarkOfText(string);
+    if (!bookmark)
+        return nullptr;
+    addNewData(bookmark);
+    makeDirty();
+    return bookmark;
+}
+
+std::optional<std::string> ViewController::writeSelectionToPasteboard() const {
+    const std::optional<std::size_t> row = outline().selectedRow();
+    const Text url = row ? rows_.at(*row).itemURL() : Text();
+    return url.isNull() ? std::nullopt : std::optional(url.string());
+}
+
+} // namespace tabulon
