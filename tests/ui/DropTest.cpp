@@ -74,7 +74,19 @@ TEST_F(DropTest, filesOfferedToBeMovedAreCopiedSoThatNobodyDeletesThem) {
     EXPECT_EQ(drop("file:///home/a.tbln", Qt::MoveAction, Qt::MoveAction), Qt::IgnoreAction);
 }
 
-TEST_F(DropTest, whatIsNoFileIsNotTaken) {
+TEST_F(DropTest, linksGoIntoAnEmptyDocument) {
+    const ViewController& controller =
+        *app.documentController().getViewController(*app.documentController().currentDocument());
+    EXPECT_EQ(drop("http://example.org/\r\n", Qt::CopyAction | Qt::MoveAction, Qt::MoveAction),
+              Qt::CopyAction)
+        << "nobody is to delete what was taken";
+    ASSERT_EQ(controller.numberOfRows(), 1u);
+    EXPECT_EQ(controller.itemAtRow(0).itemURL(), Text("http://example.org/"));
+    EXPECT_EQ(openFiles(), Names{""});
+}
+
+TEST_F(DropTest, besideRowsLinksAreNotTaken) {
+    drop("http://example.org/\r\n", Qt::CopyAction, Qt::CopyAction);
     EXPECT_EQ(drop("http://example.org/\r\n", Qt::CopyAction, Qt::CopyAction), Qt::IgnoreAction);
     EXPECT_EQ(drop("", Qt::CopyAction, Qt::CopyAction), Qt::IgnoreAction);
     EXPECT_EQ(openFiles(), Names{""});

@@ -1,7 +1,6 @@
 #include "ui/document/DocumentMainWindow.h"
 
 #include "app/AppDelegate.h"
-#include "app/FileUri.h"
 #include "ui/Icons.h"
 #include "ui/MainMenuBar.h"
 #include "ui/Strings.h"
@@ -9,6 +8,7 @@
 #include "ui/document/EmptyState.h"
 #include "ui/document/OutlineHeader.h"
 #include "ui/document/OutlineWidget.h"
+#include "window/FileUri.h"
 #include "window/ViewController.h"
 
 #include <QApplication>
@@ -192,15 +192,32 @@ void DocumentMainWindow::resizeEvent(QResizeEvent* event) {
     state_.setIntegerForKey(kHeightKey, height());
 }
 
+// Files beside the rows are opened; links that come to an empty document go into it.
+bool DocumentMainWindow::takesLinks(const QDropEvent& event) const {
+    return pages_->currentWidget() == emptyState_ && droppedFiles(event).empty();
+}
+
 void DocumentMainWindow::dragEnterEvent(QDragEnterEvent* event) {
-    acceptFiles(event);
+    if (!takesLinks(*event))
+        acceptFiles(event);
+    else if (!outline_->beginDragOver(*event) || !outline_->offerDrop(event, {}))
+        event->ignore();
 }
 
 void DocumentMainWindow::dragMoveEvent(QDragMoveEvent* event) {
-    acceptFiles(event);
+    if (takesLinks(*event))
+        outline_->offerDrop(event, {});
+    else
+        acceptFiles(event);
+}
+
+void DocumentMainWindow::dragLeaveEvent(QDragLeaveEvent*) {
+    outline_->endDragOver();
 }
 
 void DocumentMainWindow::dropEvent(QDropEvent* event) {
+    if (takesLinks(*event))
+        return outline_->performDrop(event, {});
     acceptFiles(event);
     if (!event->isAccepted())
         return;

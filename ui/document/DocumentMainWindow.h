@@ -50,12 +50,14 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
 private:
     void rememberColumns();
     void restoreGeometryOfLastWindow();
     QSize roomOnScreen() const;
+    bool takesLinks(const QDropEvent& event) const;
     void becomeKey();
 
     ViewController* controller_;

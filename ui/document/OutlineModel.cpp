@@ -40,6 +40,8 @@ QVariant OutlineModel::data(const QModelIndex& index, int role) const {
 
 Qt::ItemFlags OutlineModel::flags(const QModelIndex& index) const {
     Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    if (index.isValid())
+        flags |= Qt::ItemIsDragEnabled;
     if (index.isValid() &&
         controller_.shouldEdit(columnAt(index.column()),
                                controller_.itemAtRow(static_cast<std::size_t>(index.row()))))

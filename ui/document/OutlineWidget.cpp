@@ -49,6 +49,8 @@ OutlineWidget::OutlineWidget(ViewController& controller, const QStringList& colu
     setHorizontalScrollMode(ScrollPerPixel);
     setVerticalScrollMode(ScrollPerPixel);
     setMouseTracking(true);
+    setDragEnabled(true);
+    setAcceptDrops(true);
     showModel(rows_);
     header_->hideTags();
     connectHeader();
@@ -116,7 +118,8 @@ std::optional<std::size_t> OutlineWidget::tagsColumnIndex() const {
 }
 
 void OutlineWidget::willReloadData() {
-    endEditing(); // the field would go, and what was typed with it
+    endEditing();               // the field would go, and what was typed with it
+    showDropSpot(std::nullopt); // its item may go
     rows_->willReload();
 }
 
@@ -136,6 +139,7 @@ void OutlineWidget::didInsertRows() {
 }
 
 void OutlineWidget::willRemoveRows(RowRange rows) {
+    showDropSpot(std::nullopt);
     rows_->willRemove(rows);
 }
 

@@ -1,12 +1,14 @@
 // The outline in a window: rows of one height over a flat model, so that everything it does takes the time of
-// the rows on the screen and not of all rows. Split by concern: _painting, _input, _editing.
+// the rows on the screen and not of all rows. Split by concern: _painting, _input, _editing, _dragging.
 #pragma once
 
 #include "window/CellContent.h"
+#include "window/DragInfo.h"
 #include "window/OutlineView.h"
 
 #include <QAbstractItemView>
 #include <QAccessible>
+#include <QBasicTimer>
 #include <QElapsedTimer>
 #include <QHash>
 #include <QPersistentModelIndex>
@@ -46,6 +48,16 @@ public:
 
     /// Selects the row alone, makes it the current one and scrolls to it.
     void goToRow(std::size_t row);
+
+    // Drops that come in elsewhere in the window: whether this drag is of interest, offering it and taking it
+    // at a spot, and its end.
+
+    bool beginDragOver(const QDropEvent& event);
+    bool offerDrop(QDropEvent* event, const DropSpot& spot);
+    void performDrop(QDropEvent* event, const DropSpot& spot);
+    void endDragOver();
+    /// How long a drag rests on a collapsed folder before that opens, in milliseconds.
+    static constexpr int kSpringDelay = 700;
 
     // OutlineView
 
@@ -96,6 +108,12 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void startDrag(Qt::DropActions supportedActions) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
 
 private:
     // Where the parts of a Name cell stand, in the viewport.
@@ -137,6 +155,10 @@ private:
     bool rowIsSelected(int row) const;
     QPalette::ColorGroup colorGroup() const;
 
+    QPixmap pictureOfSelection() const;
+    DropSpot dropSpotAt(const QPoint& point) const;
+    void showDropSpot(std::optional<DropSpot> spot);
+    void paintDropSpot(QPainter& painter) const;
     std::optional<std::size_t> hitTriangle(const QPoint& point) const;
     QString toolTipAt(const QPoint& point) const;
     void setExpanded(std::size_t row, bool expanded, Depth depth);
@@ -151,6 +173,10 @@ private:
     int rowHeight_ = 23;
     int iconSize_ = 16;
     QPersistentModelIndex edited_;
+    std::vector<PasteboardItem> draggedItems_; // over this outline
+    const ViewController* dragSource_ = nullptr;
+    std::optional<DropSpot> dropSpot_;
+    QBasicTimer springTimer_;
     QString typed_;
     QElapsedTimer sinceTyped_;
     mutable QHash<QByteArrayView, QIcon> icons_; // by names that live as long as the program

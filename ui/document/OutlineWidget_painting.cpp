@@ -59,6 +59,7 @@ void OutlineWidget::paintEvent(QPaintEvent* event) {
     const int last = std::min(rows_->rowCount() - 1, rowAtY(event->rect().bottom()));
     for (int row = first; row <= last; ++row)
         paintRow(painter, row);
+    paintDropSpot(painter);
 }
 
 QPalette::ColorGroup OutlineWidget::colorGroup() const {

@@ -1,0 +1,215 @@
+// Drags out of the rows and over them: the picture that goes with the pointer, where a drop would go, folders
+// that open under a drag, scrolling at the edges. What may be dropped is the controller's affair.
+#include "ui/MimeData.h"
+#include "ui/document/OutlineHeader.h"
+#include "ui/document/OutlineModel.h"
+#include "ui/document/OutlineWidget.h"
+#include "window/MimeItems.h"
+#include "window/ViewController.h"
+
+#include <QDrag>
+#include <QDragEnterEvent>
+#include <QPainter>
+#include <QPointer>
+
+namespace tabulon {
+namespace {
+
+constexpr int kMostRowsInPicture = 8;
+constexpr int kWidestPicture = 320;
+constexpr int kLineWidth = 2;
+
+// Whoever offers something to be moved would delete it when it is taken.
+Qt::DropAction foreignAction(const QDropEvent& event) {
+    for (const Qt::DropAction action : {Qt::CopyAction, Qt::LinkAction})
+        if (event.possibleActions().testFlag(action))
+            return action;
+    return Qt::IgnoreAction;
+}
+
+DragOperation operationOf(Qt::DropAction result, bool endedHere) {
+    if (result == Qt::CopyAction)
+        return DragOperation::Copy;
+    if (result != Qt::MoveAction && result != Qt::TargetMoveAction)
+        return DragOperation::None;
+    return endedHere ? DragOperation::Move : DragOperation::Delete; // the trash takes things away
+}
+
+} // namespace
+
+void OutlineWidget::startDrag(Qt::DropActions) {
+    if (!controller_ || !selectionModel()->hasSelection())
+        return;
+    endEditing();
+    const std::vector<PasteboardItem> items = controller_->beginDraggingSession();
+    auto* drag = new QDrag(this); // which goes when it is over
+    drag->setMimeData(makeMimeData(controller_->mimeContentOf(items)).release());
+    drag->setPixmap(pictureOfSelection());
+    drag->setHotSpot(QPoint(iconSize_ / 2, rowHeight_ / 2));
+    const QPointer<OutlineWidget> alive(this);
+    const Qt::DropAction result =
+        drag->exec(Qt::CopyAction | Qt::MoveAction | Qt::LinkAction, Qt::MoveAction);
+    if (alive && controller_)
+        controller_->draggingSessionEnded(operationOf(result, qobject_cast<QWidget*>(drag->target())));
+}
+
+// The names of the first rows, each with its icon, one below the other.
+QPixmap OutlineWidget::pictureOfSelection() const {
+    std::vector<std::size_t> rows;
+    for (const RowRange& range : selectedRows())
+        for (std::size_t i = 0; i < range.count && rows.size() < kMostRowsInPicture; ++i)
+            rows.push_back(range.first + i);
+    const QSize size(std::min(kWidestPicture, header_->sectionSize(OutlineHeader::sectionOf(Column::Name))),
+                     rowHeight_ * static_cast<int>(rows.size()));
+    QPixmap picture(size * devicePixelRatioF());
+    picture.setDevicePixelRatio(devicePixelRatioF());
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setOpacity(0.8);
+    painter.setFont(font());
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const CellContent cell = controller_->viewForTableColumn(Column::Name, rows[i], true);
+        const QRect area(0, static_cast<int>(i) * rowHeight_, size.width(), rowHeight_);
+        painter.fillRect(area, palette().color(QPalette::Highlight));
+        if (cell.kind == CellKind::Separator) {
+            paintSeparator(painter, area, 4, true);
+            continue;
+        }
+        const QColor color = palette().color(QPalette::HighlightedText);
+        const QRect image(4, area.top() + (rowHeight_ - iconSize_) / 2, iconSize_, iconSize_);
+        paintTintedImage(painter, image, cell.icon, color);
+        paintText(painter, area.adjusted(iconSize_ + 10, 0, -4, 0), {.string = cell.text.string, .color = {}},
+                  color);
+    }
+    return picture;
+}
+
+bool OutlineWidget::beginDragOver(const QDropEvent& event) {
+    endDragOver();
+    if (!controller_)
+        return false;
+    draggedItems_ = controller_->itemsIn(mimeContentOf(*event.mimeData(), kReadMimeTypes));
+    const auto* from = qobject_cast<const OutlineWidget*>(event.source());
+    dragSource_ = from ? from->controller() : nullptr;
+    return ViewController::isDragOfInterest(draggedItems_);
+}
+
+void OutlineWidget::endDragOver() {
+    springTimer_.stop();
+    draggedItems_.clear();
+    dragSource_ = nullptr;
+    showDropSpot(std::nullopt);
+}
+
+void OutlineWidget::showDropSpot(std::optional<DropSpot> spot) {
+    if (dropSpot_ == spot)
+        return;
+    dropSpot_ = spot;
+    viewport()->update();
+}
+
+DropSpot OutlineWidget::dropSpotAt(const QPoint& point) const {
+    const int row = rowAtY(point.y());
+    if (row < 0 || row >= rows_->rowCount())
+        return {};
+    const double fraction =
+        static_cast<double>(point.y() - rowRect(row).top()) / static_cast<double>(rowHeight_);
+    const int left = cellRect(row, OutlineHeader::sectionOf(Column::Name)).left();
+    return controller_->dropSpot(static_cast<std::size_t>(row), fraction,
+                                 (point.x() - left) / (iconSize_ + 2) - 1);
+}
+
+// What would be done at the spot; the event is told. Alt makes a copy as in menus, Ctrl as on other desktops.
+bool OutlineWidget::offerDrop(QDropEvent* event, const DropSpot& spot) {
+    event->ignore();
+    if (!controller_ || draggedItems_.empty())
+        return false;
+    const DragInfo drag{.source = dragSource_,
+                        .copies = (event->modifiers() & (Qt::AltModifier | Qt::ControlModifier)) != 0,
+                        .items = draggedItems_};
+    const DragOperation operation = controller_->validateDrop(drag, spot.item, spot.childIndex);
+    const Qt::DropAction action = operation == DragOperation::None   ? Qt::IgnoreAction
+                                  : operation == DragOperation::Move ? Qt::MoveAction
+                                                                     : foreignAction(*event);
+    if (action == Qt::IgnoreAction)
+        return false;
+    event->setDropAction(action);
+    event->accept();
+    return true;
+}
+
+void OutlineWidget::performDrop(QDropEvent* event, const DropSpot& spot) {
+    if (offerDrop(event, spot)) {
+        const DragInfo drag{.source = dragSource_, .copies = false, .items = draggedItems_};
+        if (!controller_->acceptDrop(drag, spot.item, spot.childIndex))
+            event->ignore();
+    }
+    endDragOver();
+}
+
+void OutlineWidget::dragEnterEvent(QDragEnterEvent* event) {
+    if (beginDragOver(*event))
+        event->acceptProposedAction();
+    else
+        event->ignore();
+}
+
+void OutlineWidget::dragMoveEvent(QDragMoveEvent* event) {
+    const QPoint point = event->position().toPoint();
+    if (point.y() < autoScrollMargin() || point.y() >= viewport()->height() - autoScrollMargin())
+        startAutoScroll();
+    if (!controller_)
+        return event->ignore();
+    const DropSpot spot = dropSpotAt(point);
+    const bool taken = offerDrop(event, spot);
+    const bool springs = taken && spot.item && !spot.childIndex && !isExpanded(*spot.item);
+    if (!springs)
+        springTimer_.stop();
+    else if (dropSpot_ != spot || !springTimer_.isActive())
+        springTimer_.start(kSpringDelay, this);
+    showDropSpot(taken ? std::optional(spot) : std::nullopt);
+}
+
+void OutlineWidget::dragLeaveEvent(QDragLeaveEvent*) {
+    stopAutoScroll();
+    endDragOver();
+}
+
+void OutlineWidget::dropEvent(QDropEvent* event) {
+    stopAutoScroll();
+    if (controller_)
+        performDrop(event, dropSpotAt(event->position().toPoint()));
+}
+
+// A folder that a drag rests on opens.
+void OutlineWidget::timerEvent(QTimerEvent* event) {
+    if (event->timerId() != springTimer_.timerId())
+        return QAbstractItemView::timerEvent(event);
+    springTimer_.stop();
+    if (!controller_ || !dropSpot_ || !dropSpot_->item || dropSpot_->childIndex)
+        return;
+    Bookmark& folder = *dropSpot_->item;
+    showDropSpot(std::nullopt);
+    controller_->expandItem(folder);
+}
+
+void OutlineWidget::paintDropSpot(QPainter& painter) const {
+    if (!dropSpot_)
+        return;
+    const QColor color = palette().color(QPalette::Active, QPalette::Highlight);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(color, kLineWidth));
+    if (!dropSpot_->row || (dropSpot_->item && !dropSpot_->childIndex)) {
+        const QRect area = dropSpot_->row ? rowRect(static_cast<int>(*dropSpot_->row)) : viewport()->rect();
+        painter.drawRoundedRect(area.adjusted(1, 1, -1, -1), 4, 4);
+        return;
+    }
+    const int y = static_cast<int>(*dropSpot_->row) * rowHeight_ - verticalOffset();
+    const QRect name = cellRect(0, OutlineHeader::sectionOf(Column::Name));
+    const int indent = (iconSize_ + 2) * (dropSpot_->level + 1);
+    const int x = name.left() + std::min(indent, std::max(0, name.width() - iconSize_));
+    painter.drawEllipse(QPoint(x, y), 3, 3);
+    painter.drawLine(x + 3, y, rowRect(0).right(), y);
+}
+
+} // namespace tabulon
