@@ -29,6 +29,9 @@ Row xbelExportRow(const Sample& sample, const Effort& effort);
 // TextRows.cpp
 Row textScanRow(const Sample& sample, const Effort& effort);
 
+// FindingRows.cpp
+Row duplicatesRow(const Sample& sample, const Effort& effort);
+
 // MemoryRow.cpp
 Row memoryRow(const Sample& sample, const Effort& effort);
 /// What a child process of memoryRow does: opens the document in `path` and prints how much memory that took.

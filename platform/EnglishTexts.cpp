@@ -37,6 +37,8 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"CouldNotSave", "“%@” could not be saved"},
     {"DontSave", "Don’t Save"},
     {"DropBasket", "Drop Basket"},
+    {"DuplicatesDeleted", "%@ were deleted."},
+    {"DuplicatesMoved", "%@ were moved to the Waste Basket."},
     {"EmptyDocument", "No bookmarks yet"},
     {"EmptyDocumentText", "Press Ctrl+O to open a bookmark document, or a bookmark file that a browser "
                           "exported as HTML. You can also drop such a file here."},
