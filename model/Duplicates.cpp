@@ -54,17 +54,31 @@ struct Link {
     Bookmark* item;
 };
 
+// Most of the time goes into waiting for memory: what is needed a little later is asked for early.
+constexpr std::size_t kAhead = 16;
+
 std::vector<Link> linksWithURL(const Bookmark& root) {
     std::random_device random;
     const std::uint64_t seed = (std::uint64_t{random()} << 32) | random() | 1;
     std::vector<Link> links;
+    std::size_t hashed = 0;
+    const auto hashNext = [&] {
+        Link& link = links[hashed++];
+        link.hash = foldedHash(link.item->itemURL().view(), seed);
+    };
     walkBelow(root, [&](Bookmark& item) {
         if (item.isFolder())
             return true;
-        if (!item.itemURL().isNull())
-            links.push_back({foldedHash(item.itemURL().view(), seed), &item});
+        if (!item.itemURL().isNull()) {
+            item.itemURL().prefetch();
+            links.push_back({0, &item});
+            if (links.size() - hashed > kAhead)
+                hashNext();
+        }
         return false;
     });
+    while (hashed < links.size())
+        hashNext();
     return links;
 }
 
@@ -87,7 +101,10 @@ std::vector<Bookmark*> findDuplicates(const Bookmark& root) {
     std::vector<Link> firsts(std::bit_ceil(2 * links.size() + 1), Link{0, nullptr});
     const std::size_t mask = firsts.size() - 1;
     std::vector<Bookmark*> duplicates;
-    for (const Link& link : links) {
+    for (std::size_t i = 0; i < links.size(); ++i) {
+        if (i + kAhead < links.size())
+            __builtin_prefetch(&firsts[links[i + kAhead].hash & mask]);
+        const Link& link = links[i];
         std::size_t place = link.hash & mask;
         const auto isLike = [&link](const Link& first) {
             return first.hash == link.hash &&
