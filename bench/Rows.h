@@ -31,6 +31,9 @@ Row textScanRow(const Sample& sample, const Effort& effort);
 
 // FindingRows.cpp
 Row duplicatesRow(const Sample& sample, const Effort& effort);
+Row sortRow(const Sample& sample, const Effort& effort);
+/// Processor seconds of sorting copies of the tree by name, of the fastest run.
+double secondsOfSorting(const Bookmark& tree, int runs);
 
 // MemoryRow.cpp
 Row memoryRow(const Sample& sample, const Effort& effort);

@@ -10,6 +10,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <map>
 #include <sstream>
 
 namespace tabulon::cli {
@@ -28,6 +29,8 @@ struct Request {
     bool mark = false;
     bool deletes = false;
     bool move = false;
+    std::string key;
+    bool descending = false;
     std::function<Result<void>(const Session&)> verb;
 };
 
@@ -169,6 +172,36 @@ void addRemove(CLI::App& app, Request& request) {
     });
 }
 
+const std::map<std::string, SortKey>& sortKeys() {
+    static const std::map<std::string, SortKey> keys = {{"name", SortKey::Name},
+                                                        {"url", SortKey::URL},
+                                                        {"tags", SortKey::Tags},
+                                                        {"added", SortKey::DateAdded},
+                                                        {"modified", SortKey::DateModified},
+                                                        {"opened", SortKey::DateLastOpened}};
+    return keys;
+}
+
+void addSort(CLI::App& app, Request& request) {
+    CLI::App* verb = app.add_subcommand("sort", "Write a document with its whole tree sorted");
+    verb->add_option("--by", request.key, "What to sort by")
+        ->type_name("KEY")
+        ->required()
+        ->check(CLI::IsMember(sortKeys()));
+    verb->add_flag("--descending", request.descending, "The other way round; folders stay first")
+        ->disable_flag_override();
+    verb->add_option("INPUT", request.input, "The document to read, - for standard input")->required();
+    verb->add_option("-o,--output", request.output, "The document to write, - for standard output")
+        ->required();
+    verb->callback([&] {
+        request.verb = [&](const Session& session) {
+            const auto direction = request.descending ? SortDirection::Descending : SortDirection::Ascending;
+            return sortDocument(session, request.input, sortKeys().at(request.key), direction,
+                                request.output);
+        };
+    });
+}
+
 std::string keyAndValue(const std::string& text) {
     const std::size_t equals = text.find('=');
     return equals == std::string::npos || equals == 0 ? "must be KEY=VALUE" : "";
@@ -233,6 +266,7 @@ int run(const std::vector<std::string>& arguments, const Environment& environmen
     addLink(app, request);
     addDuplicates(app, request);
     addRemove(app, request);
+    addSort(app, request);
     try {
         // CLI11 takes the arguments last first.
         app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));

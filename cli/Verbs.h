@@ -4,6 +4,7 @@
 #include "cli/CommandLine.h"
 #include "model/Document.h"
 #include "model/StatusRemoval.h"
+#include "model/TreeSort.h"
 #include "platform/BaseServices.h"
 
 #include <memory>
@@ -56,5 +57,9 @@ Result<void> writeDuplicates(const Session& session, const std::string& input, D
 /// Writes the document without the links of these statuses, or with them moved into its Waste Basket.
 Result<void> removeFromDocument(const Session& session, const std::string& input,
                                 const RemovalOptions& options, const std::string& output);
+
+/// Writes the document with its whole tree sorted.
+Result<void> sortDocument(const Session& session, const std::string& input, SortKey key,
+                          SortDirection direction, const std::string& output);
 
 } // namespace tabulon::cli

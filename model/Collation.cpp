@@ -120,20 +120,30 @@ std::weak_ordering Collation::compareIgnoringCase(std::string_view a, std::strin
 }
 
 std::string Collation::sortKey(std::string_view text) const {
-    if (!implementation_->collator)
-        return std::string(implementation_->foldedForm(text));
+    std::string key;
+    appendSortKey(key, text);
+    return key;
+}
+
+void Collation::appendSortKey(std::string& keys, std::string_view text) const {
+    if (!implementation_->collator) {
+        keys += implementation_->foldedForm(text);
+        return;
+    }
     const icu::UnicodeString wide = icu::UnicodeString::fromUTF8(piece(text));
     std::array<std::uint8_t, 512> buffer;
     const auto capacity = static_cast<std::int32_t>(buffer.size());
     const std::int32_t size = implementation_->collator->getSortKey(wide, buffer.data(), capacity);
     // ICU ends a key with a zero byte, which no key has inside.
-    if (size <= capacity)
-        return {reinterpret_cast<const char*>(buffer.data()),
-                static_cast<std::size_t>(std::max(size, 1) - 1)};
-    std::string key(static_cast<std::size_t>(size), '\0');
-    implementation_->collator->getSortKey(wide, reinterpret_cast<std::uint8_t*>(key.data()), size);
-    key.pop_back();
-    return key;
+    const std::size_t kept = static_cast<std::size_t>(std::max(size, 1) - 1);
+    if (size <= capacity) {
+        keys.append(reinterpret_cast<const char*>(buffer.data()), kept);
+        return;
+    }
+    const std::size_t start = keys.size();
+    keys.resize(start + kept + 1);
+    implementation_->collator->getSortKey(wide, reinterpret_cast<std::uint8_t*>(&keys[start]), size);
+    keys.pop_back();
 }
 
 bool Collation::standardContains(std::string_view text, std::string_view part) const {

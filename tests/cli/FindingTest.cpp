@@ -1,4 +1,4 @@
-// The verbs that find and put in order: duplicates, remove.
+// The verbs that find and put in order: duplicates, remove, sort.
 #include "tests/cli/Tool.h"
 
 #include <gmock/gmock.h>
@@ -166,12 +166,56 @@ TEST_F(FindingTest, removeWantsAStatusThatItKnowsAndAnOutput) {
     expectWrongUsage({"remove", "--status", "broken", "d.tbln"});
 }
 
+constexpr const char* kUnsorted = R"({"name":"b","url":"z","dateAdded":3,"dateModified":1},
+    {"name":"F","folder":true,"children":[{"name":"d"},{"name":"C"}]},
+    {"name":"A","url":"Y","tags":"t","dateAdded":2,"lastOpened":5})";
+
+TEST_F(FindingTest, sortSortsTheWholeTreeFoldersFirst) {
+    makeDocument(kUnsorted);
+    ASSERT_EQ(tool.run({"sort", "--by", "name", "d.tbln", "-o", "out.tbln"}), 0) << tool.error;
+    EXPECT_EQ(shown("out.tbln"), "  F/\n    C\n    d\n  A  <Y>\n  b  <z>\n");
+    ASSERT_EQ(tool.run({"sort", "--by", "name", "--descending", "d.tbln", "-o", "out.tbln"}), 0);
+    EXPECT_EQ(shown("out.tbln"), "  F/\n    d\n    C\n  b  <z>\n  A  <Y>\n");
+}
+
+TEST_F(FindingTest, sortKnowsEveryKey) {
+    makeDocument(kUnsorted);
+    const auto firstLink = [this](const char* key) {
+        EXPECT_EQ(tool.run({"sort", "--by", key, "d.tbln", "-o", "out.tbln"}), 0) << tool.error;
+        const std::string text = shown("out.tbln");
+        return text.substr(text.find("<") - 3, 1);
+    };
+    EXPECT_EQ(firstLink("name"), "A");
+    EXPECT_EQ(firstLink("url"), "A");
+    EXPECT_EQ(firstLink("tags"), "A");
+    EXPECT_EQ(firstLink("added"), "A");
+    EXPECT_EQ(firstLink("modified"), "b");
+    EXPECT_EQ(firstLink("opened"), "A");
+}
+
+TEST_F(FindingTest, sortFollowsTheLocale) {
+    makeDocument(R"({"name":"öl"},{"name":"zebra"})");
+    ASSERT_EQ(tool.run({"--locale", "sv_SE", "sort", "--by", "name", "d.tbln", "-o", "out.tbln"}), 0);
+    EXPECT_EQ(shown("out.tbln"), "  zebra\n  öl\n");
+    ASSERT_EQ(tool.run({"--locale", "de_DE", "sort", "--by", "name", "d.tbln", "-o", "out.tbln"}), 0);
+    EXPECT_EQ(shown("out.tbln"), "  öl\n  zebra\n");
+}
+
+TEST_F(FindingTest, sortWantsAKeyThatItKnowsAndAnOutput) {
+    makeDocument(kUnsorted);
+    expectWrongUsage({"sort", "d.tbln", "-o", "out.tbln"});
+    expectWrongUsage({"sort", "--by", "colour", "d.tbln", "-o", "out.tbln"});
+    expectWrongUsage({"sort", "--by", "3", "d.tbln", "-o", "out.tbln"});
+    expectWrongUsage({"sort", "--by", "name", "d.tbln"});
+}
+
 TEST_F(FindingTest, aFailureWritesNothing) {
     tool.files.files["bad.tbln"] = "no document";
     const auto before = tool.files.files;
     for (const std::vector<std::string>& arguments :
          {std::vector<std::string>{"duplicates", "bad.tbln"},
           {"duplicates", "--mark", "bad.tbln", "-o", "out.tbln"},
+          {"sort", "--by", "name", "bad.tbln", "-o", "out.tbln"},
           {"remove", "--status", "broken", "none.tbln", "-o", "out.tbln"}}) {
         EXPECT_EQ(tool.run(arguments), 1);
         EXPECT_EQ(tool.out, "");
