@@ -3,6 +3,7 @@
 #include "bench/Rows.h"
 #include "model/Collation.h"
 #include "model/Duplicates.h"
+#include "model/Finder.h"
 #include "model/TreeSort.h"
 #include "model/TreeWalk.h"
 
@@ -130,6 +131,45 @@ Row sortRow(const Sample& sample, const Effort& effort) {
             fmt::format("{:.2f} × as long", ours / keys),
             "1.5 × as long",
             verdict(effort, ours <= 1.5 * keys)};
+}
+
+double secondsOfFinding(const Bookmark& tree, int runs) {
+    const Collation collation("en_US");
+    FindPhases phases;
+    Finder finder(phases, collation);
+    const auto find = [&] { return finder.findText(tree, "no such text").count; };
+    require(find() == 0, "a text was found that is not there");
+    return fastest(runs, find);
+}
+
+Row findRow(const Sample& sample, const Effort& effort) {
+    const Collation collation("en_US");
+    std::size_t expected = 0;
+    std::string texts;
+    walkBelow(*sample.tree, [&](const Bookmark& node) {
+        const auto hit = [&](const Text& text) {
+            texts += text.view();
+            return !text.isNull() && collation.standardContains(text.view(), "WWW");
+        };
+        const bool name = hit(node.itemName());
+        const bool url = hit(node.itemURL());
+        expected +=
+            std::size_t{name || url} + std::size_t{hit(node.itemTags())} + std::size_t{hit(node.itemNote())};
+        return true;
+    });
+    FindPhases phases;
+    Finder finder(phases, collation);
+    require(finder.findText(*sample.tree, "WWW").count == expected, "another number of matches was found");
+
+    const double ours = secondsOfFinding(*sample.tree, effort.runs);
+    const double pass = fastest(effort.runs, [&] { return std::string(texts); });
+    return {fmt::format("find in {} nodes, ignoring case and accents", sample.size.nodes),
+            milliseconds(ours),
+            fmt::format("copying the {:.0f} MB of their texts: {}", static_cast<double>(texts.size()) / 1e6,
+                        milliseconds(pass)),
+            fmt::format("{:.1f} × as long", ours / pass),
+            "50 ms",
+            verdict(effort, ours <= 0.05)};
 }
 
 Row duplicatesRow(const Sample& sample, const Effort& effort) {

@@ -32,8 +32,11 @@ Row textScanRow(const Sample& sample, const Effort& effort);
 // FindingRows.cpp
 Row duplicatesRow(const Sample& sample, const Effort& effort);
 Row sortRow(const Sample& sample, const Effort& effort);
+Row findRow(const Sample& sample, const Effort& effort);
 /// Processor seconds of sorting copies of the tree by name, of the fastest run.
 double secondsOfSorting(const Bookmark& tree, int runs);
+/// The same of looking for a text that is not there.
+double secondsOfFinding(const Bookmark& tree, int runs);
 
 // MemoryRow.cpp
 Row memoryRow(const Sample& sample, const Effort& effort);

@@ -30,6 +30,7 @@ struct Request {
     bool deletes = false;
     bool move = false;
     std::string key;
+    std::string text;
     bool descending = false;
     std::function<Result<void>(const Session&)> verb;
 };
@@ -202,6 +203,18 @@ void addSort(CLI::App& app, Request& request) {
     });
 }
 
+void addFind(CLI::App& app, Request& request) {
+    CLI::App* verb = app.add_subcommand("find", "Find a text in a document, as the find bar does");
+    verb->add_flag("--json", request.json, "Print JSON")->disable_flag_override();
+    verb->add_option("TEXT", request.text, "The text to find, ignoring case and accents")->required();
+    verb->add_option("INPUT", request.input, "The document to read, - for standard input")->required();
+    verb->callback([&] {
+        request.verb = [&](const Session& session) {
+            return findInDocument(session, request.text, request.input, request.json);
+        };
+    });
+}
+
 std::string keyAndValue(const std::string& text) {
     const std::size_t equals = text.find('=');
     return equals == std::string::npos || equals == 0 ? "must be KEY=VALUE" : "";
@@ -267,6 +280,7 @@ int run(const std::vector<std::string>& arguments, const Environment& environmen
     addDuplicates(app, request);
     addRemove(app, request);
     addSort(app, request);
+    addFind(app, request);
     try {
         // CLI11 takes the arguments last first.
         app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));

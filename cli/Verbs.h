@@ -62,4 +62,9 @@ Result<void> removeFromDocument(const Session& session, const std::string& input
 Result<void> sortDocument(const Session& session, const std::string& input, SortKey key,
                           SortDirection direction, const std::string& output);
 
+/// Prints how many matches the text has, and the nodes that finding visits, once round. The empty text has
+/// none.
+Result<void> findInDocument(const Session& session, const std::string& text, const std::string& input,
+                            bool asJson);
+
 } // namespace tabulon::cli

@@ -12,6 +12,7 @@ using Entry = std::pair<std::string_view, std::string_view>;
 constexpr auto kTexts = std::to_array<Entry>({
     {"%d bookmarks", "%d bookmarks"},
     {"%d folders", "%d folders"},
+    {"%d matches", "%d matches"},
     {"AboutText", "Version %@. A manager for bookmarks on your own computer."},
     {"AdviceNoFolder",
      "Put the folder or the disk back in its place, or save under another name with Save As."},

@@ -1,4 +1,4 @@
-// The verbs that find and put in order: duplicates, remove, sort.
+// The verbs that find and put in order: duplicates, remove, sort, find.
 #include "tests/cli/Tool.h"
 
 #include <gmock/gmock.h>
@@ -209,6 +209,41 @@ TEST_F(FindingTest, sortWantsAKeyThatItKnowsAndAnOutput) {
     expectWrongUsage({"sort", "--by", "name", "d.tbln"});
 }
 
+constexpr const char* kHits = R"({"name":"a hit","url":"u","tags":"hit"},
+    {"name":"F","folder":true,"children":[{"name":"Hït\nline","note":"hit"},{"name":"none"}]},
+    {"name":"b","tags":"hit","note":"hit"})";
+
+TEST_F(FindingTest, findPrintsTheCountAndTheVisits) {
+    makeDocument(kHits);
+    ASSERT_EQ(tool.run({"find", "HIT", "d.tbln"}), 0) << tool.error;
+    EXPECT_EQ(tool.out, "6 matches\n0\ta hit  <u>\n0\ta hit  <u>\n1/0\tHït line\n1/0\tHït line\n2\tb\n");
+}
+
+TEST_F(FindingTest, findAsJsonPrintsNodesWithTheirPath) {
+    makeDocument(kHits);
+    ASSERT_EQ(tool.run({"find", "--json", "hit", "d.tbln"}), 0) << tool.error;
+    EXPECT_THAT(tool.out, StartsWith("{\"matches\": 6}\n{\"name\":\"a hit\",\"url\":\"u\","));
+    EXPECT_EQ(std::count(tool.out.begin(), tool.out.end(), '\n'), 6);
+    EXPECT_THAT(tool.out, HasSubstr("\"path\":\"1/0\"}\n"));
+    EXPECT_EQ(tool.out.find("children"), std::string::npos);
+}
+
+TEST_F(FindingTest, findWithTheColumnOfTagsTakesThemForNames) {
+    makeDocument(kHits);
+    ASSERT_EQ(tool.run({"--default", "AddTagsColumn=YES", "find", "hit", "d.tbln"}), 0) << tool.error;
+    EXPECT_EQ(tool.out, "5 matches\n0\ta hit  <u>\n1/0\tHït line\n1/0\tHït line\n2\tb\n2\tb\n");
+}
+
+TEST_F(FindingTest, findOfNothingFindsNothing) {
+    makeDocument(kHits);
+    ASSERT_EQ(tool.run({"find", "zzz", "d.tbln"}), 0);
+    EXPECT_EQ(tool.out, "0 matches\n");
+    ASSERT_EQ(tool.run({"find", "", "d.tbln"}), 0);
+    EXPECT_EQ(tool.out, "0 matches\n");
+    ASSERT_EQ(tool.run({"find", "Master", "d.tbln"}), 0);
+    EXPECT_EQ(tool.out, "0 matches\n") << "once round does not meet the root";
+}
+
 TEST_F(FindingTest, aFailureWritesNothing) {
     tool.files.files["bad.tbln"] = "no document";
     const auto before = tool.files.files;
@@ -216,6 +251,7 @@ TEST_F(FindingTest, aFailureWritesNothing) {
          {std::vector<std::string>{"duplicates", "bad.tbln"},
           {"duplicates", "--mark", "bad.tbln", "-o", "out.tbln"},
           {"sort", "--by", "name", "bad.tbln", "-o", "out.tbln"},
+          {"find", "text", "bad.tbln"},
           {"remove", "--status", "broken", "none.tbln", "-o", "out.tbln"}}) {
         EXPECT_EQ(tool.run(arguments), 1);
         EXPECT_EQ(tool.out, "");
