@@ -6,6 +6,7 @@
 #include "formats/export/XBEL.h"
 #include "model/ArchiveWriter.h"
 #include "model/Collation.h"
+#include "model/Duplicates.h"
 
 #include <fmt/format.h>
 
@@ -46,6 +47,9 @@ std::vector<double> perNode(std::size_t links, int runs) {
         fastest(runs, [&] { return exported(*sample.tree); }),
         fastest(runs, [&] { return exportToXBEL(*sample.tree, {}).value(); }),
         fastest(runs, [&] { return sortedText(*sample.tree, collation); }),
+        fastest(runs, [&] { return findDuplicates(*sample.tree); }),
+        secondsOfSorting(*sample.tree, runs),
+        secondsOfFinding(*sample.tree, runs),
     };
     for (double& value : seconds)
         value /= static_cast<double>(sample.size.nodes);
@@ -64,9 +68,10 @@ std::vector<Row> growthRows(const std::vector<std::size_t>& sizes, const Effort&
         seconds.push_back(perNode(links, effort.runs));
 
     std::vector<Row> rows;
-    const char* const works[] = {"open, per node",        "save, per node",
-                                 "tag-scan, per node",    "HTML export, per node",
-                                 "XBEL export, per node", "text export, sorted by name, per node"};
+    const char* const works[] = {
+        "open, per node",           "save, per node",         "tag-scan, per node",
+        "HTML export, per node",    "XBEL export, per node",  "text export, sorted by name, per node",
+        "duplicate scan, per node", "sort by name, per node", "find a text that is not there, per node"};
     for (std::size_t work = 0; work < std::size(works); ++work) {
         Row row{works[work], "", "", "", fmt::format("at most {} ×", kMostGrowth)};
         for (std::size_t i = 0; i < sizes.size(); ++i)

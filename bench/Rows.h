@@ -29,6 +29,15 @@ Row xbelExportRow(const Sample& sample, const Effort& effort);
 // TextRows.cpp
 Row textScanRow(const Sample& sample, const Effort& effort);
 
+// FindingRows.cpp
+Row duplicatesRow(const Sample& sample, const Effort& effort);
+Row sortRow(const Sample& sample, const Effort& effort);
+Row findRow(const Sample& sample, const Effort& effort);
+/// Processor seconds of sorting copies of the tree by name, of the fastest run.
+double secondsOfSorting(const Bookmark& tree, int runs);
+/// The same of looking for a text that is not there.
+double secondsOfFinding(const Bookmark& tree, int runs);
+
 // MemoryRow.cpp
 Row memoryRow(const Sample& sample, const Effort& effort);
 /// What a child process of memoryRow does: opens the document in `path` and prints how much memory that took.

@@ -37,7 +37,8 @@ int measure(std::size_t links, const std::vector<std::size_t>& growthSizes, cons
         met = print({openRow(sample, effort), saveRow(sample, effort), tagScanRow(sample, effort),
                      htmlExportRow(sample, effort), xbelImportRow(sample, effort),
                      xbelExportRow(sample, effort), textScanRow(sample, effort),
-                     chromiumImportRow(sample, effort), memoryRow(sample, effort)});
+                     chromiumImportRow(sample, effort), duplicatesRow(sample, effort),
+                     memoryRow(sample, effort)});
     }
     fmt::print("\nGrowth:\n\n");
     met = print(growthRows(growthSizes, effort)) && met;

@@ -1,6 +1,7 @@
 // Arguments → verb. CLI11 reads them; help and usage errors are its texts.
 #include "cli/CommandLine.h"
 
+#include "cli/NodePath.h"
 #include "cli/PlainText.h"
 #include "cli/Verbs.h"
 #include "formats/ExportFormats.h"
@@ -9,6 +10,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <map>
 #include <sstream>
 
 namespace tabulon::cli {
@@ -22,7 +24,14 @@ struct Request {
     std::string input;
     std::string output = "-";
     std::string path;
+    std::vector<std::string> statuses;
     bool json = false;
+    bool mark = false;
+    bool deletes = false;
+    bool move = false;
+    std::string key;
+    std::string text;
+    bool descending = false;
     std::function<Result<void>(const Session&)> verb;
 };
 
@@ -106,6 +115,106 @@ void addLink(CLI::App& app, Request& request) {
     });
 }
 
+void addDuplicates(CLI::App& app, Request& request) {
+    CLI::App* verb =
+        app.add_subcommand("duplicates", "List the links whose URL an earlier one of the document has");
+    CLI::Option* json = verb->add_flag("--json", request.json, "List them as JSON");
+    CLI::Option* mark = verb->add_flag("--mark", request.mark, "Write the document with them marked instead");
+    CLI::Option* deletes =
+        verb->add_flag("--delete", request.deletes, "Write the document without them instead");
+    mark->excludes(deletes)->excludes(json);
+    deletes->excludes(json);
+    for (CLI::Option* flag : {json, mark, deletes})
+        flag->disable_flag_override();
+    verb->add_option("INPUT", request.input, "The document to read, - for standard input")->required();
+    CLI::Option* output =
+        verb->add_option("-o,--output", request.output, "The document to write, - for standard output");
+    mark->needs(output);
+    deletes->needs(output);
+    verb->callback([&, output] {
+        const bool writes = request.mark || request.deletes;
+        if (output->count() > 0 && !writes)
+            throw CLI::RequiresError("-o", "--mark or --delete");
+        const auto kind = request.mark ? DuplicatesOutput::Marked : DuplicatesOutput::Deleted;
+        request.verb = [&, writes, kind](const Session& session) {
+            return writes ? writeDuplicates(session, request.input, kind, request.output)
+                          : listDuplicates(session, request.input, request.json);
+        };
+    });
+}
+
+RemovalOptions removalOptions(const Request& request) {
+    RemovalOptions options{.move = request.move};
+    for (const std::string& status : request.statuses) {
+        options.duplicates |= status == "duplicate";
+        options.broken |= status == "broken";
+        options.unknown |= status == "unknown";
+    }
+    return options;
+}
+
+void addRemove(CLI::App& app, Request& request) {
+    CLI::App* verb = app.add_subcommand("remove", "Write a document without the links of some statuses");
+    verb->add_option("--status", request.statuses, "duplicate, broken, unknown or several, joined by commas")
+        ->type_name("STATUS")
+        ->delimiter(',')
+        ->allow_extra_args(false)
+        ->required()
+        ->check(CLI::IsMember({"duplicate", "broken", "unknown"}));
+    verb->add_flag("--move", request.move, "Move them into the Waste Basket instead")
+        ->disable_flag_override();
+    verb->add_option("INPUT", request.input, "The document to read, - for standard input")->required();
+    verb->add_option("-o,--output", request.output, "The document to write, - for standard output")
+        ->required();
+    verb->callback([&] {
+        request.verb = [&](const Session& session) {
+            return removeFromDocument(session, request.input, removalOptions(request), request.output);
+        };
+    });
+}
+
+const std::map<std::string, SortKey>& sortKeys() {
+    static const std::map<std::string, SortKey> keys = {{"name", SortKey::Name},
+                                                        {"url", SortKey::URL},
+                                                        {"tags", SortKey::Tags},
+                                                        {"added", SortKey::DateAdded},
+                                                        {"modified", SortKey::DateModified},
+                                                        {"opened", SortKey::DateLastOpened}};
+    return keys;
+}
+
+void addSort(CLI::App& app, Request& request) {
+    CLI::App* verb = app.add_subcommand("sort", "Write a document with its whole tree sorted");
+    verb->add_option("--by", request.key, "What to sort by")
+        ->type_name("KEY")
+        ->required()
+        ->check(CLI::IsMember(sortKeys()));
+    verb->add_flag("--descending", request.descending, "The other way round; folders stay first")
+        ->disable_flag_override();
+    verb->add_option("INPUT", request.input, "The document to read, - for standard input")->required();
+    verb->add_option("-o,--output", request.output, "The document to write, - for standard output")
+        ->required();
+    verb->callback([&] {
+        request.verb = [&](const Session& session) {
+            const auto direction = request.descending ? SortDirection::Descending : SortDirection::Ascending;
+            return sortDocument(session, request.input, sortKeys().at(request.key), direction,
+                                request.output);
+        };
+    });
+}
+
+void addFind(CLI::App& app, Request& request) {
+    CLI::App* verb = app.add_subcommand("find", "Find a text in a document, as the find bar does");
+    verb->add_flag("--json", request.json, "Print JSON")->disable_flag_override();
+    verb->add_option("TEXT", request.text, "The text to find, ignoring case and accents")->required();
+    verb->add_option("INPUT", request.input, "The document to read, - for standard input")->required();
+    verb->callback([&] {
+        request.verb = [&](const Session& session) {
+            return findInDocument(session, request.text, request.input, request.json);
+        };
+    });
+}
+
 std::string keyAndValue(const std::string& text) {
     const std::size_t equals = text.find('=');
     return equals == std::string::npos || equals == 0 ? "must be KEY=VALUE" : "";
@@ -168,6 +277,10 @@ int run(const std::vector<std::string>& arguments, const Environment& environmen
     addShow(app, request);
     addMake(app, request);
     addLink(app, request);
+    addDuplicates(app, request);
+    addRemove(app, request);
+    addSort(app, request);
+    addFind(app, request);
     try {
         // CLI11 takes the arguments last first.
         app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));

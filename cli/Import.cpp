@@ -19,7 +19,7 @@ Result<void> importFile(const Session& session, const std::string& format, const
     (*master)->setShowHier(true);
     Document document(session.services);
     document.setMaster(std::move(*master));
-    return session.write(output, document.dataOfType(kDocumentType));
+    return session.writeDocument(output, document);
 }
 
 } // namespace tabulon::cli

@@ -13,7 +13,7 @@ Result<void> makeFromJson(const Session& session, const std::string& input, cons
         return failure(input + ": " + master.error().message);
     Document document(session.services);
     document.setMaster(std::move(*master));
-    return session.write(output, document.dataOfType(kDocumentType));
+    return session.writeDocument(output, document);
 }
 
 } // namespace tabulon::cli

@@ -24,6 +24,25 @@ std::size_t drivingCharacter(std::string_view text, std::size_t at) {
     return marks || separators || isolates ? 3 : 0;
 }
 
+void appendEscape(std::string& text, std::uint8_t code) {
+    constexpr std::string_view kDigits = "0123456789abcdef";
+    switch (code) {
+    case '\n':
+        text += "\\n";
+        return;
+    case '\r':
+        text += "\\r";
+        return;
+    case '\t':
+        text += "\\t";
+        return;
+    default:
+        text += "\\x";
+        text += kDigits[code >> 4];
+        text += kDigits[code & 15];
+    }
+}
+
 } // namespace
 
 std::string onOneLine(std::string_view utf8) {
@@ -35,6 +54,24 @@ std::string onOneLine(std::string_view utf8) {
         at += length == 0 ? 1 : length;
     }
     return line;
+}
+
+std::string escapingControls(std::string_view utf8) {
+    std::string text;
+    text.reserve(utf8.size());
+    for (std::size_t at = 0; at < utf8.size(); ++at) {
+        const std::uint8_t byte = byteAt(utf8, at);
+        const std::uint8_t next = byteAt(utf8, at + 1);
+        if (byte == 0xC2 && next >= 0x80 && next <= 0x9F) { // U+0080 to U+009F
+            appendEscape(text, next);
+            ++at;
+        } else if (byte < 0x20 || byte == 0x7F) {
+            appendEscape(text, byte);
+        } else {
+            text += utf8[at];
+        }
+    }
+    return text;
 }
 
 } // namespace tabulon::cli

@@ -10,4 +10,8 @@ namespace tabulon::cli {
 /// characters, line and paragraph separators, marks that turn the direction of writing.
 std::string onOneLine(std::string_view utf8);
 
+/// `utf8` with control characters as backslash escapes: \n, \r, \t, else the code in two hexadecimal digits
+/// (\x1b). Everything else stays as it is, backslashes too.
+std::string escapingControls(std::string_view utf8);
+
 } // namespace tabulon::cli

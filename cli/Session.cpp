@@ -22,4 +22,12 @@ Result<std::unique_ptr<Document>> Session::readDocument(const std::string& path)
     return document;
 }
 
+Result<void> Session::writeDocument(const std::string& path, const Document& document) const {
+    return write(path, document.dataOfType(kDocumentType));
+}
+
+void Session::inform(const std::string& sentence) const {
+    environment.writeStandardError(sentence + "\n");
+}
+
 } // namespace tabulon::cli

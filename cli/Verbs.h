@@ -3,6 +3,8 @@
 
 #include "cli/CommandLine.h"
 #include "model/Document.h"
+#include "model/StatusRemoval.h"
+#include "model/TreeSort.h"
 #include "platform/BaseServices.h"
 
 #include <memory>
@@ -21,8 +23,11 @@ struct Session {
     Result<std::string> read(const std::string& path) const;
     /// Replaces the file atomically, or writes to standard output for "-".
     Result<void> write(const std::string& path, std::string_view bytes) const;
+    /// A sentence for people, on standard error: what the desktop program would show as information.
+    void inform(const std::string& sentence) const;
     /// The document in a file or on standard input.
     Result<std::unique_ptr<Document>> readDocument(const std::string& path) const;
+    Result<void> writeDocument(const std::string& path, const Document& document) const;
 };
 
 /// Requires the name of an import or export format.
@@ -40,7 +45,26 @@ Result<void> makeFromJson(const Session& session, const std::string& input, cons
 Result<void> exportLink(const Session& session, const std::string& input, const std::string& path,
                         const std::string& output);
 
-/// True for child indexes from the root on, joined by "/" (0/3/1), and for the empty path of the root itself.
-bool isNodePath(std::string_view text);
+/// What becomes of the duplicates: the document is written with them marked, or without them.
+enum class DuplicatesOutput { Marked, Deleted };
+
+/// Prints path, TAB and URL of every duplicate, or its JSON. Of two equal links in a document with a Waste
+/// Basket the one in the basket is the duplicate: it counts as the last item of the document.
+Result<void> listDuplicates(const Session& session, const std::string& input, bool asJson);
+Result<void> writeDuplicates(const Session& session, const std::string& input, DuplicatesOutput kind,
+                             const std::string& output);
+
+/// Writes the document without the links of these statuses, or with them moved into its Waste Basket.
+Result<void> removeFromDocument(const Session& session, const std::string& input,
+                                const RemovalOptions& options, const std::string& output);
+
+/// Writes the document with its whole tree sorted.
+Result<void> sortDocument(const Session& session, const std::string& input, SortKey key,
+                          SortDirection direction, const std::string& output);
+
+/// Prints how many matches the text has, and the nodes that finding visits, once round. The empty text has
+/// none.
+Result<void> findInDocument(const Session& session, const std::string& text, const std::string& input,
+                            bool asJson);
 
 } // namespace tabulon::cli

@@ -1,12 +1,10 @@
 #include "model/Collation.h"
 
-#include "model/Text.h"
+#include "model/TextFolding.h"
 
 #include <unicode/coll.h>
 #include <unicode/locid.h>
-#include <unicode/normalizer2.h>
 #include <unicode/stringpiece.h>
-#include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
 #include <algorithm>
@@ -33,48 +31,6 @@ std::unique_ptr<icu::Collator> makeCollator(const icu::Locale& locale) {
     return collator;
 }
 
-// A mark that only accents the letter before it. Marks that are part of the letter stay: the nukta of Indic
-// scripts, the voicing marks of kana, the virama, and vowel signs (which have no combining class).
-bool isDiacritic(UChar32 character) {
-    if (u_charType(character) != U_NON_SPACING_MARK)
-        return false;
-    constexpr int kNukta = 7;
-    constexpr int kVirama = 9;
-    const int combiningClass = u_getCombiningClass(character);
-    return combiningClass != 0 && (combiningClass < kNukta || combiningClass > kVirama);
-}
-
-icu::UnicodeString withoutDiacritics(const icu::UnicodeString& text) {
-    icu::UnicodeString kept;
-    for (std::int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1))
-        if (const UChar32 character = text.char32At(i); !isDiacritic(character))
-            kept.append(character);
-    return kept;
-}
-
-// Appends `text` as it counts in a search: composed, without diacritics, in lower case. Where ICU fails (it
-// lacks memory), the text counts as it stands.
-void appendFolded(std::string& result, std::string_view text) {
-    if (isAscii(text)) {
-        std::transform(text.begin(), text.end(), std::back_inserter(result),
-                       [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; });
-        return;
-    }
-    UErrorCode status = U_ZERO_ERROR;
-    const icu::Normalizer2* decomposing = icu::Normalizer2::getNFDInstance(status);
-    const icu::Normalizer2* composing = icu::Normalizer2::getNFCInstance(status);
-    if (U_FAILURE(status)) {
-        result.append(text);
-        return;
-    }
-    const auto decomposed = decomposing->normalize(icu::UnicodeString::fromUTF8(piece(text)), status);
-    auto folded = composing->normalize(withoutDiacritics(decomposed), status);
-    if (U_FAILURE(status))
-        result.append(text);
-    else
-        folded.foldCase().toUTF8String(result);
-}
-
 bool contains(std::string_view text, std::string_view part) {
     // Unlike string_view::find, linear whatever the texts.
     return memmem(text.data(), text.size(), part.data(), part.size()) != nullptr;
@@ -88,10 +44,11 @@ struct Collation::Implementation {
     std::string part;
     std::string foldedPart;
     std::string foldedText;
+    TextFolder folder;
 
     std::string_view foldedForm(std::string_view text) {
         foldedText.clear();
-        appendFolded(foldedText, text);
+        folder.appendFolded(foldedText, text);
         return foldedText;
     }
 };
@@ -120,20 +77,30 @@ std::weak_ordering Collation::compareIgnoringCase(std::string_view a, std::strin
 }
 
 std::string Collation::sortKey(std::string_view text) const {
-    if (!implementation_->collator)
-        return std::string(implementation_->foldedForm(text));
+    std::string key;
+    appendSortKey(key, text);
+    return key;
+}
+
+void Collation::appendSortKey(std::string& keys, std::string_view text) const {
+    if (!implementation_->collator) {
+        keys += implementation_->foldedForm(text);
+        return;
+    }
     const icu::UnicodeString wide = icu::UnicodeString::fromUTF8(piece(text));
     std::array<std::uint8_t, 512> buffer;
     const auto capacity = static_cast<std::int32_t>(buffer.size());
     const std::int32_t size = implementation_->collator->getSortKey(wide, buffer.data(), capacity);
     // ICU ends a key with a zero byte, which no key has inside.
-    if (size <= capacity)
-        return {reinterpret_cast<const char*>(buffer.data()),
-                static_cast<std::size_t>(std::max(size, 1) - 1)};
-    std::string key(static_cast<std::size_t>(size), '\0');
-    implementation_->collator->getSortKey(wide, reinterpret_cast<std::uint8_t*>(key.data()), size);
-    key.pop_back();
-    return key;
+    const std::size_t kept = static_cast<std::size_t>(std::max(size, 1) - 1);
+    if (size <= capacity) {
+        keys.append(reinterpret_cast<const char*>(buffer.data()), kept);
+        return;
+    }
+    const std::size_t start = keys.size();
+    keys.resize(start + kept + 1);
+    implementation_->collator->getSortKey(wide, reinterpret_cast<std::uint8_t*>(&keys[start]), size);
+    keys.pop_back();
 }
 
 bool Collation::standardContains(std::string_view text, std::string_view part) const {
@@ -141,7 +108,7 @@ bool Collation::standardContains(std::string_view text, std::string_view part) c
     if (part != implementation.part) {
         implementation.part = part;
         implementation.foldedPart.clear();
-        appendFolded(implementation.foldedPart, part);
+        implementation.folder.appendFolded(implementation.foldedPart, part);
     }
     return contains(implementation.foldedForm(text), implementation.foldedPart);
 }

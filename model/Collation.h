@@ -25,6 +25,8 @@ public:
     /// Bytes whose order (memcmp, shorter first) is the order of `compareIgnoringCase`. For sorting many
     /// texts.
     std::string sortKey(std::string_view text) const;
+    /// The same, appended to `keys`.
+    void appendSortKey(std::string& keys, std::string_view text) const;
 
     /// "Standard contains": true when `text` contains `part`, ignoring case and diacritics. Everything
     /// contains the empty text.

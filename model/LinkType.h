@@ -21,6 +21,14 @@ inline constexpr std::uint8_t kUnknownType = 9;
 inline constexpr std::uint8_t kSeparatorType = 10;
 inline constexpr std::uint8_t kFileType = 11;
 
+// Link status: what is known of a link. Other codes have no mark.
+inline constexpr std::uint8_t kNoStatus = 0;
+inline constexpr std::uint8_t kValidStatus = 1;
+inline constexpr std::uint8_t kMovedStatus = 2;
+inline constexpr std::uint8_t kBrokenStatus = 3;
+inline constexpr std::uint8_t kUnknownStatus = 4;
+inline constexpr std::uint8_t kDuplicateStatus = 5;
+
 /// The icon of a node, by the name of its image.
 enum class ItemIcon : std::uint8_t {
     None,

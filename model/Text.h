@@ -47,6 +47,12 @@ public:
     }
     std::string string() const { return std::string(view()); }
 
+    /// Begins to bring the first bytes near, for whoever reads them soon.
+    void prefetch() const noexcept {
+        __builtin_prefetch(block_);
+        __builtin_prefetch(reinterpret_cast<const char*>(block_) + 64);
+    }
+
     /// Bytes equal; null equals only null.
     friend bool operator==(const Text& a, const Text& b) noexcept {
         return a.block_ == b.block_ || (a.block_ && b.block_ && a.view() == b.view());

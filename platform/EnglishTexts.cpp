@@ -12,6 +12,7 @@ using Entry = std::pair<std::string_view, std::string_view>;
 constexpr auto kTexts = std::to_array<Entry>({
     {"%d bookmarks", "%d bookmarks"},
     {"%d folders", "%d folders"},
+    {"%d matches", "%d matches"},
     {"AboutText", "Version %@. A manager for bookmarks on your own computer."},
     {"AdviceNoFolder",
      "Put the folder or the disk back in its place, or save under another name with Save As."},
@@ -37,6 +38,8 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"CouldNotSave", "“%@” could not be saved"},
     {"DontSave", "Don’t Save"},
     {"DropBasket", "Drop Basket"},
+    {"DuplicatesDeleted", "%@ were deleted."},
+    {"DuplicatesMoved", "%@ were moved to the Waste Basket."},
     {"EmptyDocument", "No bookmarks yet"},
     {"EmptyDocumentText", "Press Ctrl+O to open a bookmark document, or a bookmark file that a browser "
                           "exported as HTML. You can also drop such a file here."},

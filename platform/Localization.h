@@ -25,6 +25,14 @@ public:
             result.replace(mark, 2, argument);
         return result;
     }
+
+    /// The same with the first "%d" replaced by `number`.
+    std::string format(std::string_view key, std::size_t number) const {
+        std::string result = text(key);
+        if (const auto mark = result.find("%d"); mark != std::string::npos)
+            result.replace(mark, 2, std::to_string(number));
+        return result;
+    }
 };
 
 /// A locale's name as people and the environment write it ("de_DE.UTF-8@euro", "C", "") as an identifier

@@ -1,7 +1,7 @@
 // The outline controller: one for each document window. It holds the visible rows of the document's tree and
 // carries every command on them; the view (OutlineView) mirrors it. Split by concern: _presentation (what
 // cells show), _table (font size, tags column), _expanding, _inserting, _removing, _fields (editing in
-// place), _labels, _pasteboard, _dragging, _hover (the URL field), _export.
+// place), _labels, _pasteboard, _dragging, _baskets, _hover (the URL field), _export.
 #pragma once
 
 #include "model/Document.h"
@@ -188,6 +188,24 @@ public:
     /// A drag that began in this outline has ended.
     void draggingSessionEnded(DragOperation operation);
     DragOperation dragOperation() const { return dragOperation_; }
+    // Baskets: top-level items known by their names alone (model/Baskets.h). What arrives from elsewhere goes
+    // to the top of a folder. An item that arrives stands in no tree.
+
+    /// The basket of that name, or null.
+    Bookmark* SearchBasket(const std::string& name) const;
+    /// A new basket, not yet in the tree.
+    Ref<Bookmark> CreateBasket(const std::string& name) const;
+    /// The item becomes the last one of the top level. Nothing is selected then.
+    void DropBasketAtEnd(Ref<Bookmark> item);
+    /// The baskets; one that is missing is made, at the end.
+    Bookmark& DropBasketExists();
+    Bookmark& WasteBasketExists();
+    /// The item becomes the folder's first one. Its row is selected alone where the folder is expanded, else
+    /// nothing is; in the Waste Basket nothing ever is.
+    void AddToBasket(Ref<Bookmark> item);
+    void AddToWaste(Ref<Bookmark> item);
+    void DropBookmarkIn(Ref<Bookmark> item, Bookmark& folder);
+    void DropBookmarkAtRoot(Ref<Bookmark> item);
 
     // Labels
 
@@ -274,6 +292,8 @@ private:
     void insertChild(Bookmark& folder, std::size_t index, Ref<Bookmark> item);
     std::optional<std::size_t> rowForNewChild(const Bookmark& folder, std::size_t index) const;
     void insertRowsOf(Bookmark& item, std::size_t row);
+    Bookmark& basketOfKey(std::string_view key);
+    void addFirst(Ref<Bookmark> item, Bookmark& folder);
     void removeItem(Bookmark& item);
     void beginChangingManyRows();
     void endChangingManyRows();

@@ -5,13 +5,6 @@
 namespace tabulon {
 namespace {
 
-std::string countText(const Localization& texts, std::string_view key, std::size_t count) {
-    std::string text = texts.text(key);
-    if (const auto mark = text.find("%d"); mark != std::string::npos)
-        text.replace(mark, 2, std::to_string(count));
-    return text;
-}
-
 std::string urlToShow(const Bookmark& item) {
     return item.isFolder() ? std::string() : item.itemURL().string();
 }
@@ -34,8 +27,8 @@ std::string ViewController::countsText() {
     if (!counts_)
         counts_ = countNodes();
     const Localization& texts = platform_.base.texts;
-    return countText(texts, "%d bookmarks", counts_->bookmarks) + " " + texts.text("in") + " " +
-           countText(texts, "%d folders", counts_->folders);
+    return texts.format("%d bookmarks", counts_->bookmarks) + " " + texts.text("in") + " " +
+           texts.format("%d folders", counts_->folders);
 }
 
 void ViewController::mouseMoved(std::optional<std::size_t> row) {

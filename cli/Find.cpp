@@ -1,0 +1,61 @@
+// `find`: what the find bar of a window counts and steps through, once round.
+#include "cli/Lines.h"
+#include "cli/NodePath.h"
+#include "cli/PlainText.h"
+#include "cli/Verbs.h"
+#include "model/Collation.h"
+#include "model/Finder.h"
+
+namespace tabulon::cli {
+namespace {
+
+std::string lineFor(const Bookmark& node, const std::string& path) {
+    std::string line = path + '\t' + onOneLine(node.itemName().view());
+    if (!node.itemURL().isEmpty())
+        line += "  <" + onOneLine(node.itemURL().view()) + '>';
+    return line;
+}
+
+struct Findings {
+    std::size_t count = 0;
+    std::vector<const Bookmark*> visits; // in document order, some more than once
+};
+
+Findings findIn(Bookmark& root, const std::string& text, const BaseServices& services) {
+    if (text.empty())
+        return {};
+    // A window that shows the column of tags looks at them together with the names.
+    FindPhases phases{.tagsWithName = services.defaults.boolForKey("AddTagsColumn")};
+    const Collation collation(services.texts.locale());
+    Finder finder(phases, collation);
+    const Finder::Start start = finder.findText(root, text);
+    Findings findings{.count = start.count, .visits = {}};
+    for (const Bookmark* node = start.matched ? finder.foundBookmark() : nullptr; node;
+         node = finder.findNext(root))
+        findings.visits.push_back(node);
+    return findings;
+}
+
+} // namespace
+
+Result<void> findInDocument(const Session& session, const std::string& text, const std::string& input,
+                            bool asJson) {
+    const auto document = session.readDocument(input);
+    if (!document)
+        return tl::unexpected(document.error());
+    Bookmark& root = (*document)->getMaster();
+    const Findings findings = findIn(root, text, session.services);
+    Lines lines(session);
+    lines.add(asJson ? "{\"matches\": " + std::to_string(findings.count) + "}"
+                     : session.services.texts.format("%d matches", findings.count));
+    auto next = findings.visits.begin();
+    walkWithPaths(root, [&](const Bookmark& node, const std::string& path) {
+        bool goesOn = true;
+        for (; goesOn && next != findings.visits.end() && *next == &node; ++next)
+            goesOn = asJson ? lines.addJson(node, path) : lines.add(lineFor(node, path));
+        return goesOn && next != findings.visits.end();
+    });
+    return lines.finish();
+}
+
+} // namespace tabulon::cli

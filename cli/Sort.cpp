@@ -1,0 +1,17 @@
+// `sort`: a document with its whole tree in another order.
+#include "cli/Verbs.h"
+#include "model/Collation.h"
+
+namespace tabulon::cli {
+
+Result<void> sortDocument(const Session& session, const std::string& input, SortKey key,
+                          SortDirection direction, const std::string& output) {
+    const auto document = session.readDocument(input);
+    if (!document)
+        return tl::unexpected(document.error());
+    const Collation collation(session.services.texts.locale());
+    sortFolder((*document)->getMaster(), key, direction, collation);
+    return session.writeDocument(output, **document);
+}
+
+} // namespace tabulon::cli

@@ -1,0 +1,140 @@
+#include "model/Duplicates.h"
+
+#include "model/TreeWalk.h"
+
+#include <bit>
+#include <cstdint>
+#include <cstring>
+#include <random>
+
+namespace tabulon {
+namespace {
+
+// Eight bytes at a time, the letters A to Z among them as small ones. The high bit of each byte tells whether
+// it is one of those.
+std::uint64_t smallLetters(std::uint64_t bytes) {
+    constexpr std::uint64_t kOnes = 0x0101010101010101u;
+    constexpr std::uint64_t kHighBits = kOnes << 7;
+    const std::uint64_t low = bytes & ~kHighBits;
+    const std::uint64_t fromA = low + kOnes * (0x80 - 'A');
+    const std::uint64_t beyondZ = low + kOnes * (0x7F - 'Z');
+    const std::uint64_t capital = (fromA & ~beyondZ & ~bytes) & kHighBits;
+    return bytes | (capital >> 2);
+}
+
+// `count` is at most 8; missing bytes are zero.
+std::uint64_t load(const char* bytes, std::size_t count) {
+    std::uint64_t value = 0;
+    std::memcpy(&value, bytes, count);
+    return smallLetters(value);
+}
+
+std::uint64_t mix(std::uint64_t a, std::uint64_t b) {
+    __extension__ using Product = unsigned __int128;
+    const Product product = static_cast<Product>(a) * b;
+    return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64);
+}
+
+// Texts that are equal but for the case of ASCII letters have one hash. The seed differs from scan to scan,
+// so that nobody can make a document whose URLs all collide.
+std::uint64_t foldedHash(std::string_view text, std::uint64_t seed) {
+    constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15u;
+    std::uint64_t hash = seed ^ text.size();
+    const char* bytes = text.data();
+    std::size_t left = text.size();
+    for (; left >= 8; left -= 8, bytes += 8)
+        hash = mix(hash ^ load(bytes, 8), kFactor ^ seed);
+    if (left > 0)
+        hash = mix(hash ^ load(bytes, left), kFactor ^ seed);
+    return mix(hash, kFactor);
+}
+
+struct Link {
+    std::uint64_t hash;
+    Bookmark* item;
+};
+
+// Most of the time goes into waiting for memory: what is needed a little later is asked for early.
+constexpr std::size_t kAhead = 16;
+
+std::vector<Link> linksWithURL(const Bookmark& root) {
+    std::random_device random;
+    const std::uint64_t seed = (std::uint64_t{random()} << 32) | random() | 1;
+    std::vector<Link> links;
+    std::size_t hashed = 0;
+    const auto hashNext = [&] {
+        Link& link = links[hashed++];
+        link.hash = foldedHash(link.item->itemURL().view(), seed);
+    };
+    walkBelow(root, [&](Bookmark& item) {
+        if (item.isFolder())
+            return true;
+        if (!item.itemURL().isNull()) {
+            item.itemURL().prefetch();
+            links.push_back({0, &item});
+            if (links.size() - hashed > kAhead)
+                hashNext();
+        }
+        return false;
+    });
+    while (hashed < links.size())
+        hashNext();
+    return links;
+}
+
+} // namespace
+
+bool equalIgnoringAsciiCase(std::string_view a, std::string_view b) {
+    if (a.size() != b.size())
+        return false;
+    std::size_t at = 0;
+    for (; at + 8 <= a.size(); at += 8)
+        if (load(a.data() + at, 8) != load(b.data() + at, 8))
+            return false;
+    return at == a.size() || load(a.data() + at, a.size() - at) == load(b.data() + at, a.size() - at);
+}
+
+std::vector<Bookmark*> findDuplicates(const Bookmark& root) {
+    const std::vector<Link> links = linksWithURL(root);
+    // The first link of each URL, in a table that is at most half full: a link looks from the place that its
+    // hash names on until it meets its like or a gap.
+    std::vector<Link> firsts(std::bit_ceil(2 * links.size() + 1), Link{0, nullptr});
+    const std::size_t mask = firsts.size() - 1;
+    std::vector<Bookmark*> duplicates;
+    for (std::size_t i = 0; i < links.size(); ++i) {
+        if (i + kAhead < links.size())
+            __builtin_prefetch(&firsts[links[i + kAhead].hash & mask]);
+        const Link& link = links[i];
+        std::size_t place = link.hash & mask;
+        const auto isLike = [&link](const Link& first) {
+            return first.hash == link.hash &&
+                   equalIgnoringAsciiCase(first.item->itemURL().view(), link.item->itemURL().view());
+        };
+        while (firsts[place].item && !isLike(firsts[place]))
+            place = (place + 1) & mask;
+        if (firsts[place].item)
+            duplicates.push_back(link.item);
+        else
+            firsts[place] = link;
+    }
+    return duplicates;
+}
+
+void markDuplicates(const Bookmark& root) {
+    for (Bookmark* item : findDuplicates(root))
+        item->setStatus(kDuplicateStatus);
+}
+
+std::vector<Bookmark*> clearDuplicateStatus(const Bookmark& root) {
+    std::vector<Bookmark*> cleared;
+    walkBelow(root, [&](Bookmark& item) {
+        if (!item.isFolder() && item.getStatus() == kDuplicateStatus) {
+            item.setStatus(kNoStatus);
+            cleared.push_back(&item);
+        }
+        return item.isFolder();
+    });
+    return cleared;
+}
+
+} // namespace tabulon

@@ -1,0 +1,85 @@
+#include "model/StatusRemoval.h"
+
+#include "model/Baskets.h"
+#include "model/TreeWalk.h"
+
+namespace tabulon {
+namespace {
+
+bool isNamed(std::uint8_t status, const RemovalOptions& options) {
+    return (status == kDuplicateStatus && options.duplicates) ||
+           (status == kBrokenStatus && options.broken) || (status == kUnknownStatus && options.unknown);
+}
+
+// `basket` may be null.
+std::vector<Ref<Bookmark>> candidates(const Bookmark& root, const RemovalOptions& options,
+                                      const Bookmark* basket) {
+    std::vector<Ref<Bookmark>> items;
+    walkBelow(root, [&](Bookmark& item) {
+        if (item.isFolder())
+            return true;
+        const bool stays = options.move && basket && item.getParent() == basket;
+        if (isNamed(item.getStatus(), options) && !stays)
+            items.emplace_back(&item);
+        return false;
+    });
+    return items;
+}
+
+} // namespace
+
+RemovalOptions removalOptions(const UserDefaults& defaults) {
+    return {.duplicates = defaults.boolForKey("DuplicateLinks"),
+            .broken = defaults.boolForKey("BrokenLinks"),
+            .unknown = defaults.boolForKey("UnknownLinks"),
+            .move = defaults.boolForKey("MoveLinks")};
+}
+
+Removal removeByStatus(Bookmark& root, const RemovalOptions& options, const Localization& texts, Date now) {
+    const std::string basketName = texts.text(kWasteBasket);
+    Bookmark* basket = options.move ? searchBasket(root, basketName, texts) : nullptr;
+    Removal removal{.items = candidates(root, options, basket)};
+    for (const Ref<Bookmark>& item : removal.items) {
+        item->detachMe();
+        if (!options.move)
+            continue;
+        if (item.get() == basket) // a link of the basket's name, which cannot go into itself
+            basket = searchBasket(root, basketName, texts);
+        if (!basket) {
+            const Ref<Bookmark> made = createBasket(basketName, root, now);
+            root.addChild(made);
+            basket = made.get();
+            removal.madeBasket = true;
+        }
+        basket->addBegin(item);
+    }
+    return removal;
+}
+
+std::string removalSummary(const RemovalOptions& options, std::size_t count, const Localization& texts) {
+    return texts.format(options.move ? "DuplicatesMoved" : "DuplicatesDeleted",
+                        texts.format("%d bookmarks", count));
+}
+
+Bookmark* misplacedWasteBasket(const Bookmark& root, const Localization& texts) {
+    Bookmark* basket = searchBasket(root, texts.text(kWasteBasket), texts);
+    return basket != root.getLast() ? basket : nullptr;
+}
+
+void moveWasteBasketDown(Bookmark& root, const Localization& texts) {
+    const Ref<Bookmark> basket(misplacedWasteBasket(root, texts));
+    if (!basket)
+        return;
+    basket->detachMe();
+    root.addChild(basket);
+}
+
+void clearMarks(const Bookmark& root) {
+    walkBelow(root, [](Bookmark& item) {
+        if (!item.isFolder())
+            item.setStatus(kNoStatus);
+        return item.isFolder();
+    });
+}
+
+} // namespace tabulon

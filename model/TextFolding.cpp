@@ -1,0 +1,146 @@
+#include "model/TextFolding.h"
+
+#include "model/Text.h"
+
+#include <unicode/normalizer2.h>
+#include <unicode/stringpiece.h>
+#include <unicode/uchar.h>
+#include <unicode/unistr.h>
+#include <unicode/utf8.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace tabulon {
+namespace {
+
+// What of a text counts; ICU measures its buffers in 32 bits.
+constexpr std::size_t kFoldedBytes = std::size_t{1} << 28;
+
+// A mark that only accents the letter before it: no nukta, no virama, no voicing mark (they have a class
+// between), no vowel sign (it has none).
+bool isDiacritic(UChar32 character) {
+    if (u_charType(character) != U_NON_SPACING_MARK)
+        return false;
+    constexpr int kNukta = 7;
+    constexpr int kVirama = 9;
+    const int combiningClass = u_getCombiningClass(character);
+    return combiningClass != 0 && (combiningClass < kNukta || combiningClass > kVirama);
+}
+
+icu::UnicodeString withoutDiacritics(const icu::UnicodeString& text) {
+    icu::UnicodeString kept;
+    for (std::int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1))
+        if (const UChar32 character = text.char32At(i); !isDiacritic(character))
+            kept.append(character);
+    return kept;
+}
+
+char smallLetter(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
+}
+
+// Whether a text that begins with this character, once it has lost its diacritics, composes with nothing
+// before it. Then what becomes of the character does not depend on its neighbours.
+bool standsAlone(UChar32 character) {
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Normalizer2* decomposing = icu::Normalizer2::getNFDInstance(status);
+    const icu::Normalizer2* composing = icu::Normalizer2::getNFCInstance(status);
+    if (U_FAILURE(status))
+        return false;
+    const icu::UnicodeString kept =
+        withoutDiacritics(decomposing->normalize(icu::UnicodeString(character), status));
+    return U_SUCCESS(status) && (kept.isEmpty() || composing->hasBoundaryBefore(kept.char32At(0)));
+}
+
+} // namespace
+
+void appendFoldedByICU(std::string& result, std::string_view text) {
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Normalizer2* decomposing = icu::Normalizer2::getNFDInstance(status);
+    const icu::Normalizer2* composing = icu::Normalizer2::getNFCInstance(status);
+    if (U_FAILURE(status)) {
+        result.append(text);
+        return;
+    }
+    const icu::StringPiece piece(text.data(), static_cast<std::int32_t>(std::min(text.size(), kFoldedBytes)));
+    const auto decomposed = decomposing->normalize(icu::UnicodeString::fromUTF8(piece), status);
+    auto folded = composing->normalize(withoutDiacritics(decomposed), status);
+    if (U_FAILURE(status))
+        result.append(text);
+    else
+        folded.foldCase().toUTF8String(result);
+}
+
+void TextFolder::appendFolded(std::string& result, std::string_view text) {
+    const std::size_t before = result.size();
+    if (isAscii(text)) {
+        result.resize(before + text.size());
+        std::ranges::transform(text, result.data() + before, smallLetter);
+        return;
+    }
+    if (text.size() <= kFoldedBytes && appendByTable(result, text))
+        return;
+    result.resize(before);
+    appendFoldedByICU(result, text);
+}
+
+// False where a character acts on its neighbours; what was appended until then does not count.
+bool TextFolder::appendByTable(std::string& result, std::string_view text) {
+    // A character of two bytes or more becomes seven at most. All seven are copied, which is faster than to
+    // count them; the rest is written over or cut off.
+    const std::size_t before = result.size();
+    result.resize(before + text.size() * 4 + sizeof(Folded::bytes));
+    char* out = result.data() + before;
+    const auto length = static_cast<std::int32_t>(text.size());
+    for (std::int32_t i = 0; i < length;) {
+        const char byte = text[static_cast<std::size_t>(i)];
+        if (static_cast<unsigned char>(byte) < 0x80) {
+            *out++ = smallLetter(byte);
+            ++i;
+            continue;
+        }
+        UChar32 character = 0;
+        U8_NEXT(text.data(), i, length, character);
+        if (character < 0)
+            return false;
+        const Folded& folded = foldedFor(static_cast<char32_t>(character));
+        if (folded.size == kNeedsICU)
+            return false;
+        std::memcpy(out, folded.bytes.data(), folded.bytes.size());
+        out += folded.size;
+    }
+    result.resize(static_cast<std::size_t>(out - result.data()));
+    return true;
+}
+
+const TextFolder::Folded& TextFolder::foldedFor(char32_t character) {
+    const std::size_t page = character / kPageSize;
+    if (page < pages_.size() && pages_[page])
+        if (const Folded& folded = (*pages_[page])[character % kPageSize]; folded.size != kUnknown)
+            return folded;
+    return learn(character);
+}
+
+const TextFolder::Folded& TextFolder::learn(char32_t character) {
+    const std::size_t page = character / kPageSize;
+    if (pages_.size() <= page)
+        pages_.resize(page + 1);
+    if (!pages_[page])
+        pages_[page] = std::make_unique<Page>();
+    Folded& folded = (*pages_[page])[character % kPageSize];
+    const auto wide = static_cast<UChar32>(character);
+    std::string utf8;
+    std::string bytes;
+    icu::UnicodeString(wide).toUTF8String(utf8);
+    appendFoldedByICU(bytes, utf8);
+    if (bytes.size() > folded.bytes.size() || !standsAlone(wide)) {
+        folded.size = kNeedsICU;
+        return folded;
+    }
+    folded.size = static_cast<std::uint8_t>(bytes.size());
+    std::ranges::copy(bytes, folded.bytes.begin());
+    return folded;
+}
+
+} // namespace tabulon

@@ -1,0 +1,42 @@
+// Texts as they count in a search: composed, without diacritics, without case.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tabulon {
+
+/// Appends the folded form of `text`, by ICU alone. Marks that are part of a letter stay: the nukta of Indic
+/// scripts, the voicing marks of kana, the virama, vowel signs. Where ICU fails (it lacks memory) the text
+/// counts as it stands.
+void appendFoldedByICU(std::string& result, std::string_view text);
+
+/// Gives the same, many times faster: it remembers what becomes of each character. Texts in which characters
+/// act on their neighbours go to ICU.
+class TextFolder {
+public:
+    void appendFolded(std::string& result, std::string_view text);
+
+private:
+    /// What becomes of one character: up to seven bytes, or one of the two marks in place of their number.
+    struct Folded {
+        std::uint8_t size = kUnknown;
+        std::array<char, 7> bytes{};
+    };
+    static constexpr std::uint8_t kUnknown = 0xFF;
+    static constexpr std::uint8_t kNeedsICU = 0xFE;
+    static constexpr std::size_t kPageSize = 256;
+    using Page = std::array<Folded, kPageSize>;
+
+    bool appendByTable(std::string& result, std::string_view text);
+    const Folded& foldedFor(char32_t character);
+    const Folded& learn(char32_t character);
+
+    std::vector<std::unique_ptr<Page>> pages_;
+};
+
+} // namespace tabulon

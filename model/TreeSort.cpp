@@ -1,0 +1,169 @@
+#include "model/TreeSort.h"
+
+#include "model/Collation.h"
+#include "model/TreeWalk.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tabulon {
+namespace {
+
+// The first bytes of a key as one number that compares like them. Most keys differ there.
+std::uint64_t headOf(std::string_view key) {
+    std::uint64_t head = 0;
+    for (std::size_t i = 0; i < 8; ++i)
+        head = (head << 8) | (i < key.size() ? static_cast<std::uint8_t>(key[i]) : 0u);
+    return head;
+}
+
+// A number whose order is that of the dates, and one beyond them for those that are missing.
+std::uint64_t numberOf(Date date) {
+    if (date.isNull() || std::isnan(date.referenceSeconds()))
+        return ~std::uint64_t{0};
+    constexpr std::uint64_t kSign = std::uint64_t{1} << 63;
+    const double seconds = date.referenceSeconds() + 0.0; // of two zeros neither is before the other
+    const auto bits = std::bit_cast<std::uint64_t>(seconds);
+    return (bits & kSign) != 0 ? ~bits : bits | kSign;
+}
+
+const Text& textOf(const Bookmark& node, SortKey key) {
+    switch (key) {
+    case SortKey::URL:
+        return node.itemURL();
+    case SortKey::Tags:
+        return node.itemTags();
+    default:
+        return node.itemName();
+    }
+}
+
+Date dateOf(const Bookmark& node, SortKey key) {
+    switch (key) {
+    case SortKey::DateAdded:
+        return node.itemDateAdded();
+    case SortKey::DateModified:
+        return node.itemDateModified();
+    default:
+        return node.itemLastOpened();
+    }
+}
+
+bool isByDate(SortKey key) {
+    return key == SortKey::DateAdded || key == SortKey::DateModified || key == SortKey::DateLastOpened;
+}
+
+// Sorts one folder after the other, with room that is made once.
+class Sorter {
+public:
+    Sorter(SortKey key, SortDirection direction, const Collation& collation)
+        : key_(key), direction_(direction), collation_(collation) {}
+
+    void sortChildren(Bookmark& folder) {
+        const std::size_t count = folder.getChildren()->size();
+        if (count < 2)
+            return;
+        keys_.clear();
+        entries_.clear();
+        entries_.reserve(count);
+        for (Bookmark* child : *folder.getChildren())
+            entries_.push_back(entryFor(*child));
+        for (Entry& entry : entries_)
+            if (!entry.missing && !isByDate(key_))
+                entry.head = headOf(keyOf(entry));
+        if (std::ranges::is_sorted(entries_,
+                                   [this](const Entry& a, const Entry& b) { return isBefore(a, b); }))
+            return;
+        std::ranges::sort(entries_, [this](const Entry& a, const Entry& b) { return isBefore(a, b); });
+        std::vector<Ref<Bookmark>> children;
+        children.reserve(count);
+        for (const Entry& entry : entries_)
+            children.emplace_back(entry.node);
+        folder.setChildren(children);
+    }
+
+private:
+    struct Entry {
+        std::uint64_t head;
+        std::size_t keyStart; // in keys_
+        std::uint32_t keySize;
+        std::uint32_t place; // among the siblings before the sort
+        Bookmark* node;
+        bool missing;
+        bool folder;
+    };
+
+    Entry entryFor(Bookmark& child) {
+        Entry entry{.head = 0,
+                    .keyStart = keys_.size(),
+                    .keySize = 0,
+                    .place = static_cast<std::uint32_t>(entries_.size()),
+                    .node = &child,
+                    .missing = false,
+                    .folder = child.isFolder()};
+        if (isByDate(key_)) {
+            entry.head = numberOf(dateOf(child, key_));
+            return entry;
+        }
+        const Text& text = textOf(child, key_);
+        entry.missing = text.isNull();
+        if (key_ == SortKey::NameExactly)
+            keys_ += text.view();
+        else if (!text.isNull())
+            collation_.appendSortKey(keys_, text.view());
+        entry.keySize = static_cast<std::uint32_t>(keys_.size() - entry.keyStart);
+        return entry;
+    }
+
+    std::string_view keyOf(const Entry& entry) const {
+        return std::string_view(keys_).substr(entry.keyStart, entry.keySize);
+    }
+
+    bool isBefore(const Entry& a, const Entry& b) const {
+        if (a.folder != b.folder)
+            return a.folder;
+        const Entry& lower = direction_ == SortDirection::Ascending ? a : b;
+        const Entry& higher = direction_ == SortDirection::Ascending ? b : a;
+        if (lower.missing != higher.missing)
+            return higher.missing;
+        if (lower.head != higher.head)
+            return lower.head < higher.head;
+        const int order = keyOf(lower).compare(keyOf(higher));
+        return order != 0 ? order < 0 : a.place < b.place;
+    }
+
+    const SortKey key_;
+    const SortDirection direction_;
+    const Collation& collation_;
+    std::string keys_;
+    std::vector<Entry> entries_;
+};
+
+} // namespace
+
+SortKey sortKeyForIndex(int index) {
+    return index >= 0 && index < static_cast<int>(SortKey::NameExactly) ? static_cast<SortKey>(index)
+                                                                        : SortKey::NameExactly;
+}
+
+void sortFolder(Bookmark& folder, SortKey key, SortDirection direction, const Collation& collation) {
+    std::vector<Bookmark*> folders;
+    if (folder.hasChildren())
+        folders.push_back(&folder);
+    walkBelow(folder, [&folders](Bookmark& node) {
+        if (node.isFolder() && node.hasChildren())
+            folders.push_back(&node);
+        return node.isFolder();
+    });
+    Sorter sorter(key, direction, collation);
+    for (Bookmark* each : folders)
+        sorter.sortChildren(*each);
+}
+
+} // namespace tabulon
