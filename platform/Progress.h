@@ -42,4 +42,20 @@ private:
     std::size_t next_ = 0;
 };
 
+/// A part of a larger work: where it tells 0 to 1, the whole hears `begin` to `end`.
+class PartialProgress : public Progress {
+public:
+    /// `whole` may be null and must live longer.
+    PartialProgress(Progress* whole, double begin, double end) : whole_(whole), begin_(begin), end_(end) {}
+
+    [[nodiscard]] bool goOn(double fraction) override {
+        return !whole_ || whole_->goOn(begin_ + fraction * (end_ - begin_));
+    }
+
+private:
+    Progress* whole_;
+    double begin_;
+    double end_;
+};
+
 } // namespace tabulon

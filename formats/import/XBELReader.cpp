@@ -2,8 +2,7 @@
 
 #include "formats/import/XBELDates.h"
 #include "model/XmlEncoding.h"
-
-#include <pugixml.hpp>
+#include "model/XmlParsing.h"
 
 #include <string>
 #include <vector>
@@ -135,13 +134,11 @@ Result<Ref<Bookmark>> readXBEL(std::string_view bytes, const BaseServices& servi
     if (!buffer)
         return tl::unexpected(buffer.error());
     pugi::xml_document document;
-    const pugi::xml_parse_result parsed =
-        document.load_buffer_inplace(buffer->data(), buffer->size(), kParseFlags);
-    if (!parsed || refersToZero(bytes))
-        return failure("The file is damaged, or it is no XML.");
-    ProgressSteps parsing(progress, 1, 1);
-    if (!parsing.goOn(0))
+    const XmlOutcome outcome = parseXml(*buffer, kParseFlags, document, progress);
+    if (outcome == XmlOutcome::Cancelled)
         return cancelledByUser();
+    if (outcome == XmlOutcome::Damaged || refersToZero(bytes))
+        return failure("The file is damaged, or it is no XML.");
     const xml_node start = document.first_child().next_sibling();
     if (!start)
         return failure(

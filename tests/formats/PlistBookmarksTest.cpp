@@ -5,9 +5,11 @@
 #include "model/PlistWriter.h"
 #include "model/XmlPlist.h"
 #include "platform/fake/FakeBaseServices.h"
+#include "tests/formats/CountingProgress.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 
 namespace tabulon {
@@ -257,6 +259,26 @@ TEST_F(PlistBookmarks, whatIsNoPropertyListHasTheCodeOfOne) {
         ASSERT_FALSE(tree);
         EXPECT_EQ(tree.error().domain, ErrorDomain::Cocoa);
         EXPECT_EQ(tree.error().code, kPropertyListReadCorruptError);
+    }
+}
+
+TEST_F(PlistBookmarks, aLongFileOfEitherFormCanBeCancelledAtAnyTime) {
+    std::string entries;
+    for (int i = 0; i < 20'000; ++i)
+        entries += safariLink("A link", key("URLString", "https://example.org/" + std::to_string(i)));
+    const std::string xml = list(folder("", entries));
+    for (const std::string& file : {xml, *binaryPlistFromXml(xml)}) {
+        test::CountingProgress whole;
+        ASSERT_TRUE(readSafariBookmarks(file, fakes.services(), &whole));
+        EXPECT_TRUE(std::ranges::is_sorted(whole.fractions));
+        EXPECT_LE(whole.fractions.back(), 1);
+        EXPECT_EQ(std::ranges::count(whole.fractions, 0) > 50, file == xml) << "while parsing";
+        for (std::size_t call = 1; call <= whole.fractions.size(); call += 11) {
+            test::CountingProgress progress(call);
+            const auto tree = readSafariBookmarks(file, fakes.services(), &progress);
+            ASSERT_FALSE(tree) << call;
+            EXPECT_TRUE(isCancelledByUser(tree.error())) << call;
+        }
     }
 }
 
