@@ -154,6 +154,19 @@ TEST_F(PlistBookmarks, iCabLinkHasDatesAndTags) {
     EXPECT_TRUE(iCab(dictionary(key("URL", "u")))->getChild()->itemDateAdded().isNull());
 }
 
+TEST_F(PlistBookmarks, iCabTimesBeyondTheirDayGoOnIntoTheNextAndDaysThatNoMonthHasAreNone) {
+    const auto added = [this](const std::string& value) {
+        return iCab(dictionary(key("URL", "u") + "<key>CreationDate</key><date>" + value + "</date>"))
+            ->getChild()
+            ->itemDateAdded();
+    };
+    EXPECT_EQ(added("2020-05-01T25:61:61Z"), added("2020-05-02T02:02:01Z"));
+    EXPECT_EQ(added("2016-12-31T23:59:60Z"), added("2017-01-01T00:00:00Z")) << "a leap second";
+    for (const char* none : {"2020-13-01T00:00:00Z", "2020-00-01T00:00:00Z", "2021-02-29T00:00:00Z",
+                             "2020-04-31T00:00:00Z", "2020-05-01", "2020-05-01T08:20:30", "yesterday", ""})
+        EXPECT_TRUE(added(none).isNull()) << none;
+}
+
 TEST_F(PlistBookmarks, iCabFoldersAreExpandedUnlessClosed) {
     const auto shown = [this](const std::string& closed) {
         return iCab(folder(key("Title", "F") + closed))->getChild()->showHier();
