@@ -110,13 +110,12 @@ std::string dataFrom(std::string_view base64) {
 class Converter {
 public:
     Converter(std::size_t bytes, Progress* progress)
-        : plist_(bytes / kLeastBytesOfElement + 1, bytes), progress_(progress, bytes, kProgressStride) {}
+        : plist_(bytes / kLeastBytesOfElement + 1, bytes), progress_(progress, bytes) {}
 
     Result<std::string> convert(const pugi::xml_node& root);
 
 private:
-    static constexpr std::size_t kLeastBytesOfElement = 4;   // "<a/>"
-    static constexpr std::size_t kProgressStride = 64 << 10; // bytes
+    static constexpr std::size_t kLeastBytesOfElement = 4; // "<a/>"
 
     using Ids = std::vector<std::uint64_t>;
 

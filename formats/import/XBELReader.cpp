@@ -16,8 +16,6 @@ using pugi::xml_node;
 constexpr unsigned kParseFlags = pugi::parse_default | pugi::parse_declaration | pugi::parse_doctype |
                                  pugi::parse_comments | pugi::parse_pi;
 
-constexpr std::size_t kProgressStride = 64 << 10; // bytes
-
 // The text of an element whose first child is a text, else null.
 Text firstText(xml_node element) {
     const xml_node first = element.first_child();
@@ -37,7 +35,7 @@ class XBELWalk {
 public:
     /// `size` is that of the file in bytes.
     XBELWalk(const BaseServices& services, std::size_t size, Progress* progress)
-        : now_(Date::now(services.clock)), progress_(progress, size, kProgressStride) {}
+        : now_(Date::now(services.clock)), progress_(progress, size) {}
 
     Result<Ref<Bookmark>> run(xml_node first) {
         Ref<Bookmark> root = newFolder();
