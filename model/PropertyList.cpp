@@ -12,7 +12,7 @@ bool looksLikeXml(std::string_view data) {
     return first != std::string_view::npos && data[first] == '<';
 }
 
-Result<PropertyList> PropertyList::open(std::string_view data) {
+Result<PropertyList> PropertyList::open(std::string_view data, Progress* progress) {
     if (data.empty())
         return failure("The file is empty.");
     const bool isBinary = data.starts_with("bplist");
@@ -20,7 +20,7 @@ Result<PropertyList> PropertyList::open(std::string_view data) {
         return failure("The file is not a property list.");
     std::unique_ptr<const std::string> converted;
     if (!isBinary) {
-        Result<std::string> written = binaryPlistFromXml(data);
+        Result<std::string> written = binaryPlistFromXml(data, progress);
         if (!written)
             return tl::unexpected(written.error());
         converted = std::make_unique<const std::string>(*std::move(written));

@@ -3,6 +3,7 @@
 
 #include "model/BinaryPlist.h"
 #include "model/Error.h"
+#include "platform/Progress.h"
 
 #include <cstdint>
 #include <memory>
@@ -17,8 +18,9 @@ public:
     using Object = BinaryPlist::Object;
     using Kind = BinaryPlist::Kind;
 
-    /// `data` must outlive the list. Fails with a sentence for what is neither form or damaged.
-    static Result<PropertyList> open(std::string_view data);
+    /// `data` must outlive the list. Fails with a sentence for what is neither form or damaged. `progress`,
+    /// which may be null, is told how far the XML form is read.
+    static Result<PropertyList> open(std::string_view data, Progress* progress = nullptr);
 
     const BinaryPlist& binary() const { return plist_; }
     /// The bytes of the binary form.

@@ -3,8 +3,7 @@
 #include "model/Date.h"
 #include "model/PlistWriter.h"
 #include "model/XmlEncoding.h"
-
-#include <pugixml.hpp>
+#include "model/XmlParsing.h"
 
 #include <charconv>
 #include <chrono>
@@ -110,11 +109,14 @@ std::string dataFrom(std::string_view base64) {
 
 class Converter {
 public:
-    Converter(std::size_t elements, std::size_t bytes) : plist_(elements, bytes) {}
+    Converter(std::size_t bytes, Progress* progress)
+        : plist_(bytes / kLeastBytesOfElement + 1, bytes), progress_(progress, bytes) {}
 
     Result<std::string> convert(const pugi::xml_node& root);
 
 private:
+    static constexpr std::size_t kLeastBytesOfElement = 4; // "<a/>"
+
     using Ids = std::vector<std::uint64_t>;
 
     struct Container {
@@ -133,6 +135,7 @@ private:
     std::uint64_t close(const Container& container);
 
     PlistWriter plist_;
+    ProgressSteps progress_;
     std::vector<Container> open_;
 };
 
@@ -217,6 +220,8 @@ Result<std::string> Converter::convert(const pugi::xml_node& root) {
             container.next = container.next.next_sibling();
         if (const pugi::xml_node element = container.next) {
             container.next = element.next_sibling();
+            if (!progress_.goOn(static_cast<std::size_t>(element.offset_debug())))
+                return cancelledByUser();
             const bool keyExpected =
                 container.isDictionary && container.keys.size() == container.values.size();
             if (keyExpected ? !addKey(element) : !begin(element))
@@ -235,22 +240,23 @@ Result<std::string> Converter::convert(const pugi::xml_node& root) {
 
 } // namespace
 
-Result<std::string> binaryPlistFromXml(std::string_view xml) {
+Result<std::string> binaryPlistFromXml(std::string_view xml, Progress* progress) {
     Result<std::string> bytes = xmlForParser(xml);
     if (!bytes)
         return bytes;
     pugi::xml_document document;
-    const pugi::xml_parse_result parsed = document.load_buffer_inplace(
-        bytes->data(), bytes->size(), pugi::parse_default | pugi::parse_ws_pcdata_single);
-    if (!parsed || refersToZero(xml))
+    const XmlOutcome outcome =
+        parseXml(*bytes, pugi::parse_default | pugi::parse_ws_pcdata_single, document, progress);
+    if (outcome == XmlOutcome::Cancelled)
+        return cancelledByUser();
+    if (outcome == XmlOutcome::Damaged || refersToZero(xml))
         return failure("The file is not well-formed XML.");
     const pugi::xml_node plist = document.child("plist");
     const pugi::xml_node root =
         plist.find_child([](const pugi::xml_node& node) { return node.type() == pugi::node_element; });
     if (!root)
         return failure("The file is XML, but not a property list.");
-    // An element takes at least four bytes ("<a/>").
-    return Converter(xml.size() / 4 + 1, xml.size()).convert(root);
+    return Converter(xml.size(), progress).convert(root);
 }
 
 } // namespace tabulon

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/Error.h"
+#include "platform/Progress.h"
 
 #include <string>
 #include <string_view>
@@ -12,6 +13,7 @@ namespace tabulon {
 /// uid, as archives in XML have it. Encodings by byte-order mark or declaration as XML has them; entities
 /// other than XML's own are not expanded. Fails with a sentence for what is not well-formed or not a property
 /// list. Linear, not recursive.
-Result<std::string> binaryPlistFromXml(std::string_view xml);
+/// `progress` may be null.
+Result<std::string> binaryPlistFromXml(std::string_view xml, Progress* progress = nullptr);
 
 } // namespace tabulon

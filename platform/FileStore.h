@@ -35,8 +35,9 @@ class FileStore {
 public:
     virtual ~FileStore() = default;
 
-    /// The whole content of the file at `path`, which is in the file system's encoding. Fails with errno and
-    /// a sentence that names the file.
+    /// The whole content of the file at `path`, which is in the file system's encoding. A pipe or a device is
+    /// read to its end, which may be long in coming; one that gives ever more fails with EFBIG. Fails with
+    /// errno and a sentence that names the file.
     virtual Result<std::string> readFile(const std::string& path) = 0;
 
     /// Replaces the file at `path`, or makes it: the bytes go to a temporary file in the same folder, are

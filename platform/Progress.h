@@ -22,17 +22,21 @@ public:
 /// Tells a Progress how far work of a known size is, seldom enough to cost next to nothing.
 class ProgressSteps {
 public:
+    /// So many bytes of a file are gone over in a fraction of a millisecond.
+    static constexpr std::size_t kBytes = std::size_t{64} << 10;
+
     /// `progress` may be null and must live longer; `total` is the size of the work in any unit, `stride` how
     /// much of it takes a fraction of a millisecond.
-    ProgressSteps(Progress* progress, std::size_t total, std::size_t stride)
+    ProgressSteps(Progress* progress, std::size_t total, std::size_t stride = kBytes)
         : progress_(progress), total_(std::max<std::size_t>(total, 1)), stride_(stride) {}
 
     /// So much is done. False once the user has cancelled; then the work is to end.
-    [[nodiscard]] bool goOn(std::size_t done) {
-        if (!progress_ || done < next_)
-            return true;
+    [[nodiscard]] bool goOn(std::size_t done) { return !progress_ || done < next_ || tell(done); }
+    /// The same at once: time has passed since.
+    [[nodiscard]] bool tell(std::size_t done) {
         next_ = done + stride_;
-        return progress_->goOn(std::min(1.0, static_cast<double>(done) / static_cast<double>(total_)));
+        return !progress_ ||
+               progress_->goOn(std::min(1.0, static_cast<double>(done) / static_cast<double>(total_)));
     }
 
 private:
@@ -40,6 +44,22 @@ private:
     std::size_t total_;
     std::size_t stride_;
     std::size_t next_ = 0;
+};
+
+/// A part of a larger work: where it tells 0 to 1, the whole hears `begin` to `end`.
+class PartialProgress : public Progress {
+public:
+    /// `whole` may be null and must live longer.
+    PartialProgress(Progress* whole, double begin, double end) : whole_(whole), begin_(begin), end_(end) {}
+
+    [[nodiscard]] bool goOn(double fraction) override {
+        return !whole_ || whole_->goOn(begin_ + fraction * (end_ - begin_));
+    }
+
+private:
+    Progress* whole_;
+    double begin_;
+    double end_;
 };
 
 } // namespace tabulon

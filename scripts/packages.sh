@@ -13,7 +13,7 @@ PACKAGES_DESKTOP=(qt6-base-dev qt6-svg-dev qt6-wayland libxcb1-dev fonts-dejavu-
 # Showing a window where there is no display, and taking its picture.
 PACKAGES_DISPLAY=(xvfb xauth openbox xdotool scrot)
 
-# The programs that the tests run; the browser of the browser test is not among them.
+# The programs that the tests run; the browsers and the bookmark editor that some go through are not among them.
 PACKAGES_TESTS=(
     libplist-utils libxml2-utils desktop-file-utils shared-mime-info appstream xdg-utils libglib2.0-bin dbus-daemon x11-utils dpkg-dev
     at-spi2-core gir1.2-atspi-2.0 python3-gi

@@ -2,8 +2,6 @@
 
 #include "model/TreeWalk.h"
 
-#include <algorithm>
-
 namespace tabulon {
 namespace {
 
@@ -16,18 +14,17 @@ std::size_t nodesBelow(const Bookmark& master) {
     return count;
 }
 
+// Not every node has to be written, nor sorted only once.
+std::size_t stepsOf(const Bookmark& master, ExportOrder order) {
+    constexpr std::size_t kStepsOfSorting = 4; // the key and its place in the order
+    return nodesBelow(master) * (order == ExportOrder::Sorted ? 1 + kStepsOfSorting : 1);
+}
+
+constexpr std::size_t kStride = 4096; // steps; a few milliseconds
+
 } // namespace
 
 ExportSteps::ExportSteps(Progress* progress, const Bookmark& master, ExportOrder order)
-    : progress_(progress) {
-    constexpr std::size_t kStepsOfSorting = 4; // the key and its place in the order
-    if (progress_)
-        total_ = nodesBelow(master) * (order == ExportOrder::Sorted ? 1 + kStepsOfSorting : 1);
-}
-
-// Not every node has to be written, nor sorted only once.
-double ExportSteps::fraction() const {
-    return total_ == 0 ? 0 : std::min(1.0, static_cast<double>(taken_) / static_cast<double>(total_));
-}
+    : progress_(progress, progress ? stepsOf(master, order) : 0, kStride) {}
 
 } // namespace tabulon

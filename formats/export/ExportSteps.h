@@ -24,7 +24,7 @@ public:
     /// So many keys more are in order, roughly.
     void keysSorted(std::size_t count) { take(count); }
     /// Nothing was finished, but time has passed.
-    void tell() { cancelled_ = cancelled_ || (progress_ && !progress_->goOn(fraction())); }
+    void tell() { cancelled_ = cancelled_ || !progress_.tell(taken_); }
 
     /// The user has cancelled: the export is to end.
     bool isCancelled() const { return cancelled_; }
@@ -32,19 +32,11 @@ public:
 private:
     void take(std::size_t steps) {
         taken_ += steps;
-        if (taken_ < next_)
-            return;
-        next_ = taken_ + kPause;
-        tell();
+        cancelled_ = cancelled_ || !progress_.goOn(taken_);
     }
-    double fraction() const;
 
-    static constexpr std::size_t kPause = 4096; // steps; a few milliseconds
-
-    Progress* progress_;
-    std::size_t total_ = 0;
+    ProgressSteps progress_;
     std::size_t taken_ = 0;
-    std::size_t next_ = kPause;
     bool cancelled_ = false;
 };
 

@@ -8,7 +8,9 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
+#include <iterator>
 #include <limits>
 #include <span>
 #include <string_view>
@@ -25,23 +27,18 @@ constexpr std::string_view kHeader =
     "<TITLE>Bookmarks</TITLE>\n"
     "<H1>Bookmarks</H1>\n";
 
-// Truncated toward zero. A file can hold any double as a date: what no whole number holds becomes the nearest
-// one that does, and what is no number at all 0.
-std::int64_t wholeSeconds(double seconds) {
-    constexpr double kLimit = 9223372036854775808.0; // 2^63
-    if (seconds != seconds)
-        return 0;
-    if (seconds >= kLimit)
-        return std::numeric_limits<std::int64_t>::max();
-    if (seconds < -kLimit)
-        return std::numeric_limits<std::int64_t>::min();
-    return static_cast<std::int64_t>(seconds);
-}
-
+// A date in whole seconds, truncated toward zero, with every digit: an importer's arithmetic can give dates
+// that no integer type holds, and those come back from the file as they were. An infinite date and one that
+// is no number count as 0.
 void appendDate(std::string& text, Date date) {
-    char digits[24];
-    const std::int64_t seconds = date.isNull() ? 0 : wholeSeconds(date.unixSeconds());
-    const auto written = std::to_chars(digits, digits + sizeof digits, seconds);
+    constexpr double kLimit = 9223372036854775808.0; // 2^63
+    constexpr std::size_t kMostDigits = std::numeric_limits<double>::max_exponent10 + 2;
+    char digits[kMostDigits];
+    const double seconds = date.isNull() ? 0 : date.unixSeconds();
+    const auto written = seconds >= -kLimit && seconds < kLimit
+                             ? std::to_chars(digits, std::end(digits), static_cast<std::int64_t>(seconds))
+                             : std::to_chars(digits, std::end(digits), std::isfinite(seconds) ? seconds : 0,
+                                             std::chars_format::fixed, 0);
     text.append(digits, written.ptr);
 }
 

@@ -24,12 +24,12 @@ public:
         else
             addChildren(master_);
         while (!pending_.empty()) {
-            if (text_.size() > options_.mostBytes)
-                return failure("The bookmarks are too many or too long for one text file.");
             const Bookmark& node = *pending_.back();
             pending_.pop_back();
             if (!node.isSeparator() || !options_.skipSeparators)
                 writeLine(node);
+            if (text_.size() > options_.mostBytes)
+                return failure("The bookmarks are too many or too long for one text file.");
             if (node.isFolder())
                 addChildren(node);
             steps_.nodeWritten();

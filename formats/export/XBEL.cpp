@@ -19,6 +19,7 @@ constexpr std::string_view kHeader = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>
                                      "<!DOCTYPE xbel>\n"
                                      "<!-- Created by Tabulon - https://tabulon.example/ -->\n"
                                      "<xbel version=\"1.0\">\n";
+constexpr std::string_view kEnd = "</xbel>\n";
 
 // One export. The open lists are a stack; `pending_` has the nodes still to be written, the next one last.
 class XBELExport {
@@ -32,7 +33,7 @@ public:
         text_ = kHeader;
         beginList(master_);
         while (!lists_.empty()) {
-            if (text_.size() > options_.mostBytes)
+            if (text_.size() + kEnd.size() > options_.mostBytes)
                 return failure("The bookmarks are too many, too long or nested too deep for one XBEL file.");
             if (pending_.size() == lists_.back()) {
                 endList();
@@ -45,7 +46,7 @@ public:
             if (steps_.isCancelled())
                 return cancelledByUser();
         }
-        text_ += "</xbel>\n";
+        text_ += kEnd;
         return std::move(text_);
     }
 

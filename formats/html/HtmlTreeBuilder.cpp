@@ -19,8 +19,7 @@ bool isAnyOf(Tag tag, std::initializer_list<Tag> tags) {
 } // namespace
 
 TreeBuilder::Outcome TreeBuilder::build(std::string_view source, Tree& tree, Progress* progress) {
-    constexpr std::size_t kProgressStride = 64 << 10; // bytes
-    return TreeBuilder(source, tree).run(ProgressSteps(progress, source.size(), kProgressStride));
+    return TreeBuilder(source, tree).run(ProgressSteps(progress, source.size()));
 }
 
 TreeBuilder::TreeBuilder(std::string_view source, Tree& tree)

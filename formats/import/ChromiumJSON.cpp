@@ -13,8 +13,6 @@ namespace {
 
 using Step = JsonSteps::Step;
 
-constexpr std::size_t kProgressStride = 64 << 10; // bytes
-
 // The root folders that files have, in Opera's order.
 enum Root : std::size_t { kBar, kUserRoot, kTrash, kOther, kSynced, kNoRoot };
 
@@ -51,8 +49,7 @@ Ref<Bookmark> newNode() {
 class TreeReader {
 public:
     TreeReader(std::string_view bytes, const BaseServices& services, Progress* progress)
-        : steps_(bytes), progress_(progress, bytes.size(), kProgressStride),
-          untitled_(services.texts.text("Untitled")) {}
+        : steps_(bytes), progress_(progress, bytes.size()), untitled_(services.texts.text("Untitled")) {}
 
     /// To be called once.
     Result<void> run() {

@@ -12,7 +12,6 @@ namespace {
 constexpr std::size_t npos = ScannedBytes::npos;
 constexpr std::size_t kLongestLinkName = 1024;
 constexpr std::size_t kFolderNameReach = 512;
-constexpr std::size_t kProgressStride = 64 << 10; // bytes
 
 bool isBlank(char c) {
     return c == ' ' || c == '\t' || c == '\n' || c == '\r';
@@ -34,7 +33,7 @@ Ref<Bookmark> NetscapeScan::run(Progress* progress) {
     root->setItemName("Master");
     folder_ = root.get();
     std::size_t cursor = 0;
-    ProgressSteps steps(progress, bytes_.size(), kProgressStride);
+    ProgressSteps steps(progress, bytes_.size());
     while (cursor < bytes_.size() && steps.goOn(cursor)) {
         const auto token = tokens_.next(cursor);
         if (!token)

@@ -12,7 +12,6 @@ namespace {
 constexpr std::size_t npos = ScannedBytes::npos;
 /// How far before an "@" the beginning of its word is looked for.
 constexpr std::size_t kReach = 512;
-constexpr std::size_t kProgressStride = 64 << 10; // bytes
 
 constexpr std::string_view kDelimiters("\0\t\n\r \"'(),;<>", 13);
 
@@ -58,7 +57,7 @@ public:
         Ref<Bookmark> root = Bookmark::init(now_);
         root->makeParent();
         root->setItemName("Master");
-        ProgressSteps steps(progress, bytes_.size(), kProgressStride);
+        ProgressSteps steps(progress, bytes_.size());
         for (std::size_t cursor = 0; cursor < bytes_.size() && steps.goOn(cursor);) {
             const std::size_t next = scanOne(*root, cursor);
             if (next == npos)

@@ -2,8 +2,7 @@
 
 #include "formats/import/XBELDates.h"
 #include "model/XmlEncoding.h"
-
-#include <pugixml.hpp>
+#include "model/XmlParsing.h"
 
 #include <string>
 #include <vector>
@@ -16,8 +15,6 @@ using pugi::xml_node;
 // Every top-level node counts, and a comment in front of a text hides the text.
 constexpr unsigned kParseFlags = pugi::parse_default | pugi::parse_declaration | pugi::parse_doctype |
                                  pugi::parse_comments | pugi::parse_pi;
-
-constexpr std::size_t kProgressStride = 64 << 10; // bytes
 
 // The text of an element whose first child is a text, else null.
 Text firstText(xml_node element) {
@@ -38,7 +35,7 @@ class XBELWalk {
 public:
     /// `size` is that of the file in bytes.
     XBELWalk(const BaseServices& services, std::size_t size, Progress* progress)
-        : now_(Date::now(services.clock)), progress_(progress, size, kProgressStride) {}
+        : now_(Date::now(services.clock)), progress_(progress, size) {}
 
     Result<Ref<Bookmark>> run(xml_node first) {
         Ref<Bookmark> root = newFolder();
@@ -135,13 +132,11 @@ Result<Ref<Bookmark>> readXBEL(std::string_view bytes, const BaseServices& servi
     if (!buffer)
         return tl::unexpected(buffer.error());
     pugi::xml_document document;
-    const pugi::xml_parse_result parsed =
-        document.load_buffer_inplace(buffer->data(), buffer->size(), kParseFlags);
-    if (!parsed || refersToZero(bytes))
-        return failure("The file is damaged, or it is no XML.");
-    ProgressSteps parsing(progress, 1, 1);
-    if (!parsing.goOn(0))
+    const XmlOutcome outcome = parseXml(*buffer, kParseFlags, document, progress);
+    if (outcome == XmlOutcome::Cancelled)
         return cancelledByUser();
+    if (outcome == XmlOutcome::Damaged || refersToZero(bytes))
+        return failure("The file is damaged, or it is no XML.");
     const xml_node start = document.first_child().next_sibling();
     if (!start)
         return failure(

@@ -61,17 +61,24 @@ int writeAll(int descriptor, std::string_view bytes) {
     return 0;
 }
 
-// Gives errno, 0 at the end of the file.
-int readAll(int descriptor, std::string& bytes) {
+// Gives errno, 0 at the end of the file, EFBIG where that does not come: what does not tell its size may have
+// none.
+int readAll(int descriptor, std::string& bytes, const StreamLimits& limits) {
     constexpr std::size_t kStep = std::size_t{1} << 16;
     struct stat status = {};
-    const bool hasSize = ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && status.st_size > 0;
+    if (::fstat(descriptor, &status) != 0)
+        return errno;
+    const bool isFile = S_ISREG(status.st_mode);
+    const std::size_t most = S_ISCHR(status.st_mode) ? limits.device : limits.pipe;
     // One byte more than the size, so that the end is seen without growing.
-    bytes.resize(hasSize ? static_cast<std::size_t>(status.st_size) + 1 : kStep);
+    bytes.resize(isFile && status.st_size > 0 ? static_cast<std::size_t>(status.st_size) + 1 : kStep);
     std::size_t filled = 0;
     while (true) {
-        if (filled == bytes.size())
+        if (filled == bytes.size()) {
+            if (!isFile && filled >= most)
+                return EFBIG;
             bytes.resize(bytes.size() * 2);
+        }
         const ssize_t got = ::read(descriptor, bytes.data() + filled, bytes.size() - filled);
         if (got < 0 && errno == EINTR)
             continue;
@@ -231,7 +238,7 @@ Result<void> replaceFile(const std::string& path, std::string_view bytes, mode_t
 Result<std::string> PosixFileStore::readFile(const std::string& path) {
     const Descriptor descriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     std::string bytes;
-    const int code = descriptor.isOpen() ? readAll(descriptor.get(), bytes) : errno;
+    const int code = descriptor.isOpen() ? readAll(descriptor.get(), bytes, limits_) : errno;
     if (code != 0)
         return problem("Cannot read", path, code);
     return bytes;
@@ -300,7 +307,7 @@ std::vector<std::string> PosixFileStore::namesInFolder(const std::string& path) 
 
 Result<std::string> readStandardInput() {
     std::string bytes;
-    if (const int code = readAll(STDIN_FILENO, bytes); code != 0)
+    if (const int code = readAll(STDIN_FILENO, bytes, StreamLimits()); code != 0)
         return failure(fmt::format("Cannot read the standard input: {}.", reason(code)), ErrorDomain::Posix,
                        code);
     return bytes;

@@ -3,10 +3,19 @@
 
 #include "platform/FileStore.h"
 
+#include <cstddef>
+
 namespace tabulon {
+
+/// How many bytes of what does not tell its size are too many, in powers of two: its end may never come.
+struct StreamLimits {
+    std::size_t pipe = std::size_t{1} << 31;
+    std::size_t device = std::size_t{1} << 26;
+};
 
 class PosixFileStore : public FileStore {
 public:
+    explicit PosixFileStore(const StreamLimits& limits = {}) : limits_(limits) {}
     Result<std::string> readFile(const std::string& path) override;
     Result<void> writeFileAtomically(const std::string& path, std::string_view bytes) override;
     bool fileExists(const std::string& path) override;
@@ -16,9 +25,13 @@ public:
     Result<void> removeFile(const std::string& path) override;
     Result<void> makeFolder(const std::string& path) override;
     std::vector<std::string> namesInFolder(const std::string& path) override;
+
+private:
+    const StreamLimits limits_;
 };
 
-/// Everything that standard input holds.
+/// Everything that standard input holds. Fails with EFBIG where that is more than 64 MiB from a device or 2
+/// GiB from a pipe.
 Result<std::string> readStandardInput();
 
 /// Writes to standard output and flushes it; fails when the reader has gone or the disk behind it is full.

@@ -55,10 +55,16 @@ struct ImportCase {
 // expected.json is the tree of the document that comes of it, expected.error the line of the refusal.
 TEST(ImportCorpusTest, filesOfOtherProgramsAreImportedAsExpected) {
     constexpr ImportCase kCases[] = {
-        {"safari", "plist/safari-xml", "input.plist"}, {"safari", "plist/safari-binary", "input.plist"},
-        {"icab", "plist/icab", "input.plist"},         {"text", "text/delimiters", "input.txt"},
-        {"text", "text/letter", "input.txt"},          {"xbel", "xbel/strangers", "input.xbel"},
-        {"xbel", "xbel/tabulon", "input.xbel"},        {"xbel", "xbel/without-declaration", "input.xbel"},
+        {"safari", "plist/safari-xml", "input.plist"},
+        {"safari", "plist/safari-binary", "input.plist"},
+        {"icab", "plist/icab", "input.plist"},
+        {"text", "text/delimiters", "input.txt"},
+        {"text", "text/letter", "input.txt"},
+        {"xbel", "xbel/strangers", "input.xbel"},
+        {"xbel", "xbel/tabulon", "input.xbel"},
+        {"xbel", "xbel/without-declaration", "input.xbel"},
+        {"xbel", "xbel/kde", "input.xbel"},
+        {"xbel", "xbel/glib", "input.xbel"},
     };
     for (const ImportCase& one : kCases) {
         SCOPED_TRACE(one.folder);

@@ -193,14 +193,20 @@ TEST_F(NetscapeHTML, datesAreTruncatedTowardZero) {
     EXPECT_EQ(addedAs(Date::fromReferenceSeconds(785000000.25)), "1763307200");
 }
 
-TEST_F(NetscapeHTML, datesThatNoWholeNumberHoldsBecomeTheNearest) {
-    const double infinity = std::numeric_limits<double>::infinity();
-    EXPECT_EQ(addedAs(Date::fromReferenceSeconds(infinity)), "9223372036854775807");
-    EXPECT_EQ(addedAs(Date::fromReferenceSeconds(1e300)), "9223372036854775807");
-    EXPECT_EQ(addedAs(Date::fromUnixSeconds(9223372036854775808.0)), "9223372036854775807");
-    EXPECT_EQ(addedAs(Date::fromReferenceSeconds(-infinity)), "-9223372036854775808");
-    EXPECT_EQ(addedAs(Date::fromReferenceSeconds(-1e300)), "-9223372036854775808");
+TEST_F(NetscapeHTML, datesThatNoIntegerHoldsAreWrittenWithAllDigits) {
+    EXPECT_EQ(addedAs(Date::fromUnixSeconds(18446744062065078016.0)), "18446744062065078272");
+    EXPECT_EQ(addedAs(Date::fromUnixSeconds(9223372036854775808.0)), "9223372036854775808");
     EXPECT_EQ(addedAs(Date::fromUnixSeconds(-9223372036854775808.0)), "-9223372036854775808");
+    EXPECT_EQ(addedAs(Date::fromUnixSeconds(1e22)), "10000000000000000000000");
+    EXPECT_EQ(addedAs(Date::fromUnixSeconds(-1e22)), "-10000000000000000000000");
+    EXPECT_EQ(addedAs(Date::fromReferenceSeconds(std::numeric_limits<double>::max())).size(), 309u);
+    EXPECT_EQ(addedAs(Date::fromReferenceSeconds(std::numeric_limits<double>::lowest())).size(), 310u);
+}
+
+TEST_F(NetscapeHTML, datesThatAreNoNumberAreZero) {
+    const double infinity = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(addedAs(Date::fromReferenceSeconds(infinity)), "0");
+    EXPECT_EQ(addedAs(Date::fromReferenceSeconds(-infinity)), "0");
     EXPECT_EQ(addedAs(Date::fromReferenceSeconds(std::numeric_limits<double>::quiet_NaN())), "0");
 }
 

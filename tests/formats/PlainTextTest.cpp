@@ -82,5 +82,12 @@ TEST_F(PlainText, aTextLargerThanAllowedIsRefused) {
     EXPECT_FALSE(exportToText(*master, {.name = true, .url = true, .mostBytes = 20}));
 }
 
+TEST_F(PlainText, aTextIsRefusedFromTheFirstByteThatIsTooMany) {
+    addLink(*master, "name", "u");
+    const std::size_t size = exportToText(*master, {.name = true})->size();
+    EXPECT_TRUE(exportToText(*master, {.name = true, .mostBytes = size}));
+    EXPECT_FALSE(exportToText(*master, {.name = true, .mostBytes = size - 1}));
+}
+
 } // namespace
 } // namespace tabulon

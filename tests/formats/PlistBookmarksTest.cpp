@@ -6,8 +6,11 @@
 #include "model/XmlPlist.h"
 #include "platform/fake/FakeBaseServices.h"
 #include "tests/ProcessorTime.h"
+#include "tests/formats/CountingProgress.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace tabulon {
 namespace {
@@ -151,6 +154,19 @@ TEST_F(PlistBookmarks, iCabLinkHasDatesAndTags) {
     EXPECT_TRUE(iCab(dictionary(key("URL", "u")))->getChild()->itemDateAdded().isNull());
 }
 
+TEST_F(PlistBookmarks, iCabTimesBeyondTheirDayGoOnIntoTheNextAndDaysThatNoMonthHasAreNone) {
+    const auto added = [this](const std::string& value) {
+        return iCab(dictionary(key("URL", "u") + "<key>CreationDate</key><date>" + value + "</date>"))
+            ->getChild()
+            ->itemDateAdded();
+    };
+    EXPECT_EQ(added("2020-05-01T25:61:61Z"), added("2020-05-02T02:02:01Z"));
+    EXPECT_EQ(added("2016-12-31T23:59:60Z"), added("2017-01-01T00:00:00Z")) << "a leap second";
+    for (const char* none : {"2020-13-01T00:00:00Z", "2020-00-01T00:00:00Z", "2021-02-29T00:00:00Z",
+                             "2020-04-31T00:00:00Z", "2020-05-01", "2020-05-01T08:20:30", "yesterday", ""})
+        EXPECT_TRUE(added(none).isNull()) << none;
+}
+
 TEST_F(PlistBookmarks, iCabFoldersAreExpandedUnlessClosed) {
     const auto shown = [this](const std::string& closed) {
         return iCab(folder(key("Title", "F") + closed))->getChild()->showHier();
@@ -256,6 +272,26 @@ TEST_F(PlistBookmarks, whatIsNoPropertyListHasTheCodeOfOne) {
         ASSERT_FALSE(tree);
         EXPECT_EQ(tree.error().domain, ErrorDomain::Cocoa);
         EXPECT_EQ(tree.error().code, kPropertyListReadCorruptError);
+    }
+}
+
+TEST_F(PlistBookmarks, aLongFileOfEitherFormCanBeCancelledAtAnyTime) {
+    std::string entries;
+    for (int i = 0; i < 20'000; ++i)
+        entries += safariLink("A link", key("URLString", "https://example.org/" + std::to_string(i)));
+    const std::string xml = list(folder("", entries));
+    for (const std::string& file : {xml, *binaryPlistFromXml(xml)}) {
+        test::CountingProgress whole;
+        ASSERT_TRUE(readSafariBookmarks(file, fakes.services(), &whole));
+        EXPECT_TRUE(std::ranges::is_sorted(whole.fractions));
+        EXPECT_LE(whole.fractions.back(), 1);
+        EXPECT_EQ(std::ranges::count(whole.fractions, 0) > 50, file == xml) << "while parsing";
+        for (std::size_t call = 1; call <= whole.fractions.size(); call += 11) {
+            test::CountingProgress progress(call);
+            const auto tree = readSafariBookmarks(file, fakes.services(), &progress);
+            ASSERT_FALSE(tree) << call;
+            EXPECT_TRUE(isCancelledByUser(tree.error())) << call;
+        }
     }
 }
 

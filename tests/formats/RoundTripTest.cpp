@@ -117,6 +117,18 @@ TEST_F(RoundTrip, htmlHasWholeSecondsAndAMissingDateAddedIs1970) {
     EXPECT_EQ(only(tree).itemDateModified().unixSeconds(), 1);
 }
 
+TEST_F(RoundTrip, htmlKeepsDatesOfThisAgeAndOfAnImportersArithmetic) {
+    const auto back = [this](double seconds) {
+        master->setChildren({});
+        addLink(*master, "n", "u").setItemDateAdded(Date::fromUnixSeconds(seconds));
+        return only(throughHTML()).itemDateAdded().unixSeconds();
+    };
+    EXPECT_EQ(back(1355526400), 1355526400);
+    EXPECT_EQ(back(-5), 0) << "a number without a sign is read";
+    EXPECT_EQ(back(18446744062065078272.0), 18446744062065078272.0);
+    EXPECT_EQ(back(1e30), 18446744073709551615.0);
+}
+
 TEST_F(RoundTrip, htmlSeparatorsLoseAllAndAreOfToday) {
     Bookmark& separator = addSeparator(*master);
     separator.setItemName("name");
@@ -160,9 +172,12 @@ TEST_F(RoundTrip, htmlNamesOfLinksAreOneLineOfAtMost1024Bytes) {
     EXPECT_EQ(tree->getLast()->itemName().view(), std::string(1024, 'x'));
 }
 
-TEST_F(RoundTrip, htmlAFolderNameOfMoreThan512BytesEndsTheFile) {
+TEST_F(RoundTrip, htmlAFolderNameOf512BytesEndsTheFile) {
+    addFolder(*master, Text(std::string(507, 'x') + "<"));
+    EXPECT_EQ(only(throughHTML()).itemName().view().size(), 508u);
+    master->setChildren({});
     addLink(*master, "before", "u");
-    addFolder(*master, Text(std::string(600, 'x')));
+    addFolder(*master, Text(std::string(508, 'x') + "<"));
     addLink(*master, "after", "u");
     EXPECT_EQ(only(throughHTML()).itemName().view(), "before");
 }

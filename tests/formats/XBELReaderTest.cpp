@@ -4,9 +4,12 @@
 #include "formats/export/XBEL.h"
 #include "formats/import/XBELDates.h"
 #include "platform/fake/FakeBaseServices.h"
+#include "tests/formats/CountingProgress.h"
 #include "tests/formats/TreeText.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace tabulon {
 namespace {
@@ -198,6 +201,26 @@ TEST_F(XBELReader, roundTrip) {
     EXPECT_EQ(link.itemNote().view(), "a &amp; b") << "a link's note is escaped twice and unescaped once";
     EXPECT_EQ(link.itemTags().view(), "t");
     EXPECT_TRUE(again->getChild()->getLast()->isSeparator());
+}
+
+// Each half takes about as long: the parse, which tells nothing, and the walk over what it made.
+TEST_F(XBELReader, aLongFileCanBeCancelledAtAnyTimeFromTheParseOn) {
+    std::string file = kStart;
+    for (int i = 0; i < 20'000; ++i)
+        file += "<bookmark href=\"https://example.org/\"><title>A link</title></bookmark>\n";
+    file += "</xbel>";
+    test::CountingProgress whole;
+    ASSERT_TRUE(readXBEL(file, fakes.services(), &whole));
+    EXPECT_TRUE(std::ranges::is_sorted(whole.fractions));
+    EXPECT_GT(std::ranges::count(whole.fractions, 0), 50) << "while parsing";
+    EXPECT_GT(whole.fractions.back(), 0.9);
+    for (std::size_t call = 1; call <= whole.fractions.size(); call += 7) {
+        test::CountingProgress progress(call);
+        const auto tree = readXBEL(file, fakes.services(), &progress);
+        ASSERT_FALSE(tree) << call;
+        EXPECT_TRUE(isCancelledByUser(tree.error())) << call;
+    }
+    EXPECT_TRUE(readXBEL(file, fakes.services())) << "nobody watches any more";
 }
 
 } // namespace

@@ -115,6 +115,9 @@ TEST_F(XBEL, aFileLargerThanAllowedIsRefused) {
         addLink(*master, "name", "https://example.org/");
     EXPECT_TRUE(exportToXBEL(*master, {.mostBytes = 10000}));
     EXPECT_FALSE(exportToXBEL(*master, {.mostBytes = 5000}));
+    const std::size_t size = exportToXBEL(*master, {})->size();
+    EXPECT_TRUE(exportToXBEL(*master, {.mostBytes = size}));
+    EXPECT_FALSE(exportToXBEL(*master, {.mostBytes = size - 1}));
 }
 
 } // namespace

@@ -155,6 +155,48 @@ TEST_F(FileStoreTest, devicesAreWrittenInto) {
     EXPECT_EQ(full.error().code, ENOSPC);
 }
 
+TEST_F(FileStoreTest, aDeviceThatHasNoEndIsRefusedSoon) {
+    const auto endless = files.readFile("/dev/zero");
+    ASSERT_FALSE(endless);
+    EXPECT_EQ(endless.error().code, EFBIG);
+    EXPECT_EQ(endless.error().message, "Cannot read “/dev/zero”: File too large.");
+    EXPECT_EQ(files.readFile("/dev/null").value(), "");
+}
+
+TEST_F(FileStoreTest, aPipeIsReadToItsEnd) {
+    ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
+    const std::string bytes(3'000'000, 'x');
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0)
+        ::_exit(files.writeFileAtomically(path("pipe"), bytes) ? 0 : 1);
+    const auto read = files.readFile(path("pipe"));
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    ASSERT_TRUE(read);
+    EXPECT_TRUE(*read == bytes);
+}
+
+// Its writer hears of it as of any reader that goes away.
+TEST_F(FileStoreTest, aPipeThatHasNoEndIsRefused) {
+    ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        std::signal(SIGPIPE, SIG_IGN);
+        std::ofstream pipe(path("pipe"));
+        while (pipe << "more and more\n") {
+        }
+        ::_exit(0);
+    }
+    const auto read = PosixFileStore(StreamLimits{.pipe = 1 << 20}).readFile(path("pipe"));
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    ASSERT_FALSE(read);
+    EXPECT_EQ(read.error().code, EFBIG);
+}
+
 TEST_F(FileStoreTest, fullDiskKeepsTheOldFileAndLeavesNothingBehind) {
     ASSERT_TRUE(files.writeFileAtomically(path("f"), "old"));
     const pid_t child = ::fork();

@@ -10,6 +10,9 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <ranges>
+#include <string>
+#include <vector>
 
 namespace tabulon {
 namespace {
@@ -57,19 +60,40 @@ TEST_F(XdgBrowserStoresTest, theFileWrittenLastComesFirstInWhateverProfileOrPack
               (std::vector<std::string>{snap, flatpak, stale}));
 }
 
-TEST_F(XdgBrowserStoresTest, everyBrowserIsFoundInItsFolder) {
-    for (const auto& [browser, folder] : std::map<std::string, std::string>{
-             {"com.google.Chrome", ".config/google-chrome/Default"},
-             {"org.chromium.Chromium", ".config/chromium/Default"},
-             {"com.vivaldi.Vivaldi", ".config/vivaldi/Default"},
-             {"com.brave.Browser", ".config/BraveSoftware/Brave-Browser/Default"},
-             {"com.microsoft.edgemac", ".config/microsoft-edge/Profile 1"},
-             {"com.operasoftware.Opera", ".config/opera/Default"}}) {
-        const std::string file = put(folder + "/Bookmarks", 1);
-        EXPECT_EQ(stores_.bookmarkFiles(browser), std::vector<std::string>{file}) << browser;
+/// Where each packaging of a browser keeps its profiles, below the home folder.
+struct Packagings {
+    const char* browser;
+    std::vector<std::string> folders;
+};
+
+const std::vector<Packagings> kBrowsers = {
+    {"com.google.Chrome", {".config/google-chrome", ".var/app/com.google.Chrome/config/google-chrome"}},
+    {"org.chromium.Chromium",
+     {".config/chromium", "snap/chromium/common/chromium", ".var/app/org.chromium.Chromium/config/chromium"}},
+    {"com.vivaldi.Vivaldi", {".config/vivaldi", ".var/app/com.vivaldi.Vivaldi/config/vivaldi"}},
+    {"com.brave.Browser",
+     {".config/BraveSoftware/Brave-Browser", "snap/brave/current/.config/BraveSoftware/Brave-Browser",
+      ".var/app/com.brave.Browser/config/BraveSoftware/Brave-Browser"}},
+    {"com.microsoft.edgemac",
+     {".config/microsoft-edge", ".var/app/com.microsoft.Edge/config/microsoft-edge"}},
+    {"com.operasoftware.Opera",
+     {".config/opera", "snap/opera/current/.config/opera", ".var/app/com.opera.Opera/config/opera"}},
+    {"org.mozilla.Firefox",
+     {".mozilla/firefox", ".config/mozilla/firefox", "snap/firefox/common/.mozilla/firefox",
+      ".var/app/org.mozilla.firefox/.mozilla/firefox"}},
+};
+
+// All of a browser's packagings at once, the flatpak's file the newest, and no other browser's among them.
+TEST_F(XdgBrowserStoresTest, everyBrowserIsFoundInTheFolderOfEachOfItsPackagings) {
+    std::map<std::string, std::vector<std::string>> expected;
+    for (const auto& [browser, folders] : kBrowsers) {
+        const bool isFirefox = std::string(browser) == "org.mozilla.Firefox";
+        const std::string name = isFirefox ? "/ab12.default-esr/places.sqlite" : "/Profile 1/Bookmarks";
+        for (int hours = 1; const std::string& folder : std::views::reverse(folders))
+            expected[browser].push_back(put(folder + name, hours++));
     }
-    const std::string places = put(".mozilla/firefox/ab12.default-esr/places.sqlite", 1);
-    EXPECT_EQ(stores_.bookmarkFiles("org.mozilla.Firefox"), std::vector<std::string>{places});
+    for (const auto& [browser, files] : expected)
+        EXPECT_EQ(stores_.bookmarkFiles(browser), files) << browser;
 }
 
 TEST_F(XdgBrowserStoresTest, operaKeepsItsFileInTheFolderItselfToo) {
