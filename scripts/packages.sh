@@ -11,7 +11,7 @@ PACKAGES_BUILD=(
 PACKAGES_DESKTOP=(qt6-base-dev qt6-svg-dev qt6-wayland libxcb1-dev fonts-dejavu-core)
 
 # Showing a window where there is no display, and taking its picture.
-PACKAGES_DISPLAY=(xvfb xauth openbox xdotool scrot)
+PACKAGES_DISPLAY=(xvfb xauth openbox xdotool scrot xclip)
 
 # The programs that the tests run; the browsers and the bookmark editor that some go through are not among them.
 PACKAGES_TESTS=(

@@ -7,7 +7,10 @@ import time
 from session import check, run_session_tests, wait_for
 
 
-def drag(session, actions, *uris):
+ROWS, URL_FIELD = 400, 535
+
+
+def drag(session, actions, *uris, onto=ROWS):
     """Drags the files out of a program onto the window in front; gives what that program was told."""
     source = session.launch(actions, *uris, program=sys.argv[3], stdout=subprocess.PIPE, text=True)
     wait_for("the source", lambda: session.xdotool("search", "--onlyvisible", "--name", "^drag source$"))
@@ -15,7 +18,7 @@ def drag(session, actions, *uris):
     session.xdotool("mousemove", "1100", "600", "mousedown", "1")
     time.sleep(0.2)
     for x in range(1080, 300, -60):  # a drag is a way, not a jump
-        session.xdotool("mousemove", str(x), "400")
+        session.xdotool("mousemove", str(x), str(onto))
         time.sleep(0.02)
     time.sleep(0.3)
     session.xdotool("mouseup", "1")
@@ -35,8 +38,8 @@ def files_dropped_on_a_window_open(session):
     check(drag(session, "copy", "file://" + a) == "copy", "the empty window takes a file")
     session.wait_for_titles("a – Tabulon")
     place_window(session)
-    check(drag(session, "copy,move", "file://" + b.replace(" ", "%20").replace("ä", "%C3%A4")) == "copy",
-          "the outline takes a file that is offered to be moved as a copy")
+    check(drag(session, "copy,move", "file://" + b.replace(" ", "%20").replace("ä", "%C3%A4"), onto=URL_FIELD) == "copy",
+          "beside the rows a file that is offered to be moved is taken as a copy")
     session.wait_for_titles("a – Tabulon", "b ä – Tabulon")
 
 
@@ -44,7 +47,7 @@ def what_is_no_file_is_not_taken(session):
     session.launch(session.document("a.tbln"))
     session.wait_for_titles("a – Tabulon")
     place_window(session)
-    check(drag(session, "copy", "http://example.org/") == "nothing", "an address of the web is not taken")
+    check(drag(session, "copy", "http://example.org/", onto=URL_FIELD) == "nothing", "an address of the web is not taken beside the rows")
     check(session.titles() == ["a – Tabulon"], "and opens nothing")
 
 

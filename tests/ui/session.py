@@ -43,6 +43,12 @@ class Session(Desktop):
         self.started.append(process)
         return process
 
+    def run(self, *command, **options):
+        """What another program prints in this session."""
+        options = {"stdout": subprocess.PIPE, **options}
+        return subprocess.run(command, env=self.environment, stderr=subprocess.DEVNULL, text=True, timeout=PATIENCE,
+                              **options).stdout
+
     def second(self, *arguments, **options):
         """Runs the program as somebody who starts it again; gives its exit status and the seconds it took."""
         begin = time.monotonic()

@@ -111,7 +111,7 @@ TEST_F(BasketsTest, theNamesAreThoseOfTheLanguage) {
     German texts;
     add(makeFolder("Drop Basket"));
     window.reset();
-    controller = std::make_unique<ViewController>(document, platformIn(texts));
+    controller = std::make_unique<ViewController>(document, platformIn(texts), shared);
     window = std::make_unique<MemoryWindow>(*controller);
     controller->setWindow(window.get());
     controller->AddToBasket(makeLink("a"));
