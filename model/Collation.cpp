@@ -1,5 +1,6 @@
 #include "model/Collation.h"
 
+#include "model/Ascii.h"
 #include "model/Text.h"
 
 #include <unicode/coll.h>
@@ -56,8 +57,7 @@ icu::UnicodeString withoutDiacritics(const icu::UnicodeString& text) {
 // lacks memory), the text counts as it stands.
 void appendFolded(std::string& result, std::string_view text) {
     if (isAscii(text)) {
-        std::transform(text.begin(), text.end(), std::back_inserter(result),
-                       [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; });
+        std::ranges::transform(text, std::back_inserter(result), ascii::lower);
         return;
     }
     UErrorCode status = U_ZERO_ERROR;

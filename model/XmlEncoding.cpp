@@ -1,5 +1,7 @@
 #include "model/XmlEncoding.h"
 
+#include "model/Ascii.h"
+
 #include <unicode/ucnv.h>
 #include <unicode/unistr.h>
 
@@ -34,9 +36,7 @@ std::string declaredEncoding(std::string_view xml) {
 bool parserReads(const std::string& encoding) {
     static constexpr std::array<std::string_view, 7> kNames = {"utf-8", "utf-16",     "utf-32", "us-ascii",
                                                                "ascii", "iso-8859-1", "latin1"};
-    std::string lower = encoding;
-    std::ranges::transform(lower, lower.begin(),
-                           [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+    const std::string lower = ascii::lowered(encoding);
     return lower.empty() || lower.starts_with("utf-16") || std::ranges::count(kNames, lower) > 0;
 }
 
