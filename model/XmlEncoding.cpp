@@ -1,13 +1,11 @@
 #include "model/XmlEncoding.h"
 
 #include "model/Ascii.h"
-
-#include <unicode/ucnv.h>
-#include <unicode/unistr.h>
+#include "model/EncodingConversion.h"
 
 #include <algorithm>
 #include <array>
-#include <memory>
+#include <optional>
 
 namespace tabulon {
 namespace {
@@ -60,17 +58,10 @@ Result<std::string> xmlForParser(std::string_view xml) {
         return std::string(xml);
     if (xml.size() > kMostConvertedBytes)
         return failure("The file is too large to be read in the encoding " + encoding + ".");
-    UErrorCode status = U_ZERO_ERROR;
-    const std::unique_ptr<UConverter, decltype(&ucnv_close)> converter(ucnv_open(encoding.c_str(), &status),
-                                                                       ucnv_close);
-    if (U_FAILURE(status) || encoding.empty())
+    const std::optional<std::string> text = utf8FromEncoding(xml, encoding);
+    if (!text)
         return failure("The file is XML in an encoding that this program does not know: " + encoding + ".");
-    const icu::UnicodeString text(xml.data(), static_cast<std::int32_t>(xml.size()), converter.get(), status);
-    if (U_FAILURE(status))
-        return failure("The file is XML that is not in the encoding that it names, " + encoding + ".");
-    std::string utf8(kByteOrderMark);
-    text.toUTF8String(utf8);
-    return utf8;
+    return std::string(kByteOrderMark) + *text;
 }
 
 } // namespace tabulon

@@ -1,0 +1,50 @@
+#include "model/EncodingConversion.h"
+
+#include <unicode/ucnv.h>
+
+#include <array>
+#include <memory>
+#include <utility>
+
+namespace tabulon {
+namespace {
+
+struct CloseConverter {
+    void operator()(UConverter* converter) const { ucnv_close(converter); }
+};
+using Converter = std::unique_ptr<UConverter, CloseConverter>;
+
+Converter open(const char* name) {
+    UErrorCode status = U_ZERO_ERROR;
+    return Converter(ucnv_open(name, &status));
+}
+
+} // namespace
+
+// In pieces, so that the size is bounded by nothing but memory.
+std::optional<std::string> utf8FromEncoding(std::string_view bytes, const std::string& encoding) {
+    const Converter from =
+        encoding.empty() ? nullptr : open(encoding.c_str()); // ICU's empty name is the user's own
+    const Converter to = open("UTF-8");
+    if (!from || !to)
+        return std::nullopt;
+    std::string text;
+    std::array<char, 8192> piece{};
+    std::array<UChar, 4096> pivot{};
+    UChar* pivotBegin = pivot.data();
+    UChar* pivotEnd = pivot.data();
+    const char* source = bytes.data();
+    UErrorCode status = U_BUFFER_OVERFLOW_ERROR;
+    for (bool isFirst = true; status == U_BUFFER_OVERFLOW_ERROR; isFirst = false) {
+        status = U_ZERO_ERROR;
+        char* end = piece.data();
+        ucnv_convertEx(to.get(), from.get(), &end, piece.data() + piece.size(), &source,
+                       bytes.data() + bytes.size(), pivot.data(), &pivotBegin, &pivotEnd,
+                       pivot.data() + pivot.size(), static_cast<UBool>(isFirst), static_cast<UBool>(true),
+                       &status);
+        text.append(piece.data(), end);
+    }
+    return U_SUCCESS(status) ? std::optional(std::move(text)) : std::nullopt;
+}
+
+} // namespace tabulon
