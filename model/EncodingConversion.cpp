@@ -1,6 +1,7 @@
 #include "model/EncodingConversion.h"
 
 #include <unicode/ucnv.h>
+#include <unicode/ucnv_cb.h>
 
 #include <array>
 #include <memory>
@@ -14,9 +15,22 @@ struct CloseConverter {
 };
 using Converter = std::unique_ptr<UConverter, CloseConverter>;
 
+// ICU itself puts the control character U+001A for some of what it cannot decode.
+void writeReplacement(const void*, UConverterToUnicodeArgs* arguments, const char*, int32_t,
+                      UConverterCallbackReason reason, UErrorCode* status) {
+    constexpr UChar kReplacement = 0xFFFD;
+    if (reason > UCNV_IRREGULAR)
+        return; // only told of what happens to the converter
+    *status = U_ZERO_ERROR;
+    ucnv_cbToUWriteUChars(arguments, &kReplacement, 1, 0, status);
+}
+
 Converter open(const char* name) {
     UErrorCode status = U_ZERO_ERROR;
-    return Converter(ucnv_open(name, &status));
+    Converter converter(ucnv_open(name, &status));
+    if (converter)
+        ucnv_setToUCallBack(converter.get(), writeReplacement, nullptr, nullptr, nullptr, &status);
+    return converter;
 }
 
 } // namespace

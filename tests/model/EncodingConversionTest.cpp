@@ -13,6 +13,13 @@ TEST(EncodingConversion, anyNameThatICUKnowsWillDo) {
     EXPECT_EQ(utf8FromEncoding("", "latin1"), "");
 }
 
+TEST(EncodingConversion, whatCannotBeDecodedIsAReplacementCharacter) {
+    EXPECT_EQ(utf8FromEncoding("a\xFF!", "EUC-JP"), "a\uFFFD!") << "and no control character";
+    EXPECT_EQ(utf8FromEncoding("a\xA0", "windows-1253"), "a\u00A0");
+    EXPECT_EQ(utf8FromEncoding("a\xD2!", "windows-1253"), "a\uFFFD!");
+    EXPECT_EQ(utf8FromEncoding("cut \x93", "SJIS"), "cut \uFFFD");
+}
+
 TEST(EncodingConversion, charactersOverTheEdgesOfThePiecesStayWhole) {
     std::string bytes;
     std::string expected;
