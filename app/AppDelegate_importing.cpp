@@ -1,6 +1,7 @@
 // The Import menu: panels by which people name the files, what they are told, and the new documents.
 #include "app/AppDelegate.h"
 #include "formats/import/HTMLWindowController.h"
+#include "model/Ascii.h"
 #include "window/SharedAlerts.h"
 
 #include <algorithm>
@@ -12,8 +13,7 @@ namespace {
 // Whether "</A>" stands in the text, in any letter case.
 bool holdsEndOfLink(std::string_view text) {
     constexpr std::string_view kEnd = "</a>";
-    const auto same = [](char a, char b) { return a == b || (a == 'A' && b == 'a'); };
-    return std::search(text.begin(), text.end(), kEnd.begin(), kEnd.end(), same) != text.end();
+    return !std::ranges::search(text, kEnd, {}, ascii::lower).empty();
 }
 
 // Whether a panel for these kinds enables the file. Dialogs take a name of any extension that is typed, or

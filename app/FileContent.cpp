@@ -1,5 +1,6 @@
 #include "app/FileContent.h"
 
+#include "model/Ascii.h"
 #include "model/ClassicReader.h"
 #include "model/Document.h"
 
@@ -12,20 +13,13 @@ namespace {
 
 constexpr std::size_t kBytesLookedAt = 4096;
 
-std::string lowerCase(std::string_view text) {
-    std::string lower(text);
-    std::ranges::transform(lower, lower.begin(), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
-    return lower;
-}
-
 // The beginning of the file in lower case, without a byte-order mark and leading white space.
 std::string beginning(std::string_view bytes) {
     if (bytes.starts_with("\xEF\xBB\xBF"))
         bytes.remove_prefix(3);
     const auto start = bytes.find_first_not_of(" \t\r\n");
-    return start == std::string_view::npos ? std::string() : lowerCase(bytes.substr(start, kBytesLookedAt));
+    return start == std::string_view::npos ? std::string()
+                                           : ascii::lowered(bytes.substr(start, kBytesLookedAt));
 }
 
 bool looksLikeHTML(const std::string& text) {
@@ -38,7 +32,7 @@ bool looksLikeHTML(const std::string& text) {
 }
 
 FileContent contentByExtension(const std::string& path) {
-    const std::string extension = lowerCase(std::filesystem::path(path).extension().string());
+    const std::string extension = ascii::lowered(std::filesystem::path(path).extension().string());
     if (extension == "." + std::string(kDocumentExtension))
         return FileContent::BookmarkDocument;
     if (extension == ".html" || extension == ".htm")

@@ -1,5 +1,7 @@
 #include "formats/XmlEntities.h"
 
+#include "model/Ascii.h"
+
 #include <unicode/utf8.h>
 
 #include <array>
@@ -35,15 +37,6 @@ struct Reference {
     std::uint32_t codePoint;
 };
 
-std::optional<std::uint32_t> digitValue(char c, std::uint32_t base) {
-    if (c >= '0' && c <= '9')
-        return static_cast<std::uint32_t>(c - '0');
-    const char lower = static_cast<char>(c | 0x20);
-    if (base == 16 && lower >= 'a' && lower <= 'f')
-        return static_cast<std::uint32_t>(lower - 'a' + 10);
-    return std::nullopt;
-}
-
 bool isCharacter(std::uint32_t codePoint) {
     return codePoint != 0 && codePoint <= kLastCodePoint && !U_IS_SURROGATE(codePoint);
 }
@@ -57,10 +50,10 @@ std::optional<Reference> characterReference(std::string_view text, std::size_t b
     std::uint32_t value = 0;
     std::size_t i = digits;
     for (; i < rest.size(); ++i) {
-        const auto digit = digitValue(rest[i], base);
-        if (!digit)
+        const int digit = ascii::hexValue(rest[i]);
+        if (digit < 0 || static_cast<std::uint32_t>(digit) >= base)
             break;
-        value = value > kLastCodePoint ? value : value * base + *digit;
+        value = value > kLastCodePoint ? value : value * base + static_cast<std::uint32_t>(digit);
     }
     if (i == digits || i == rest.size() || rest[i] != ';' || !isCharacter(value))
         return std::nullopt;

@@ -1,5 +1,6 @@
 #include "model/TextFolding.h"
 
+#include "model/Ascii.h"
 #include "model/Text.h"
 
 #include <unicode/normalizer2.h>
@@ -34,10 +35,6 @@ icu::UnicodeString withoutDiacritics(const icu::UnicodeString& text) {
         if (const UChar32 character = text.char32At(i); !isDiacritic(character))
             kept.append(character);
     return kept;
-}
-
-char smallLetter(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
 }
 
 // Whether a text that begins with this character, once it has lost its diacritics, composes with nothing
@@ -76,7 +73,7 @@ void TextFolder::appendFolded(std::string& result, std::string_view text) {
     const std::size_t before = result.size();
     if (isAscii(text)) {
         result.resize(before + text.size());
-        std::ranges::transform(text, result.data() + before, smallLetter);
+        std::ranges::transform(text, result.data() + before, ascii::lower);
         return;
     }
     if (text.size() <= kFoldedBytes && appendByTable(result, text))
@@ -96,7 +93,7 @@ bool TextFolder::appendByTable(std::string& result, std::string_view text) {
     for (std::int32_t i = 0; i < length;) {
         const char byte = text[static_cast<std::size_t>(i)];
         if (static_cast<unsigned char>(byte) < 0x80) {
-            *out++ = smallLetter(byte);
+            *out++ = ascii::lower(byte);
             ++i;
             continue;
         }

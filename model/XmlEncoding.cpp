@@ -1,11 +1,11 @@
 #include "model/XmlEncoding.h"
 
-#include <unicode/ucnv.h>
-#include <unicode/unistr.h>
+#include "model/Ascii.h"
+#include "model/EncodingConversion.h"
 
 #include <algorithm>
 #include <array>
-#include <memory>
+#include <optional>
 
 namespace tabulon {
 namespace {
@@ -34,9 +34,7 @@ std::string declaredEncoding(std::string_view xml) {
 bool parserReads(const std::string& encoding) {
     static constexpr std::array<std::string_view, 7> kNames = {"utf-8", "utf-16",     "utf-32", "us-ascii",
                                                                "ascii", "iso-8859-1", "latin1"};
-    std::string lower = encoding;
-    std::ranges::transform(lower, lower.begin(),
-                           [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+    const std::string lower = ascii::lowered(encoding);
     return lower.empty() || lower.starts_with("utf-16") || std::ranges::count(kNames, lower) > 0;
 }
 
@@ -60,17 +58,10 @@ Result<std::string> xmlForParser(std::string_view xml) {
         return std::string(xml);
     if (xml.size() > kMostConvertedBytes)
         return failure("The file is too large to be read in the encoding " + encoding + ".");
-    UErrorCode status = U_ZERO_ERROR;
-    const std::unique_ptr<UConverter, decltype(&ucnv_close)> converter(ucnv_open(encoding.c_str(), &status),
-                                                                       ucnv_close);
-    if (U_FAILURE(status) || encoding.empty())
+    const std::optional<std::string> text = utf8FromEncoding(xml, encoding);
+    if (!text)
         return failure("The file is XML in an encoding that this program does not know: " + encoding + ".");
-    const icu::UnicodeString text(xml.data(), static_cast<std::int32_t>(xml.size()), converter.get(), status);
-    if (U_FAILURE(status))
-        return failure("The file is XML that is not in the encoding that it names, " + encoding + ".");
-    std::string utf8(kByteOrderMark);
-    text.toUTF8String(utf8);
-    return utf8;
+    return std::string(kByteOrderMark) + *text;
 }
 
 } // namespace tabulon

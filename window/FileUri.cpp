@@ -1,5 +1,7 @@
 #include "window/FileUri.h"
 
+#include "model/Ascii.h"
+
 #include <algorithm>
 #include <charconv>
 
@@ -7,23 +9,6 @@ namespace tabulon {
 namespace {
 
 constexpr std::string_view kFileScheme = "file:";
-
-bool isAsciiLetter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-
-bool isAsciiDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-char lowerCase(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool startsWithIgnoringCase(std::string_view text, std::string_view lowerCasePrefix) {
-    return text.size() >= lowerCasePrefix.size() &&
-           std::ranges::equal(text.substr(0, lowerCasePrefix.size()), lowerCasePrefix, {}, lowerCase);
-}
 
 // Nothing for a byte zero, which no path has.
 std::optional<std::string> withoutPercentEscapes(std::string_view text) {
@@ -45,13 +30,13 @@ std::optional<std::string> withoutPercentEscapes(std::string_view text) {
 } // namespace
 
 bool looksLikeUri(std::string_view text) {
-    if (startsWithIgnoringCase(text, "file:/"))
+    if (ascii::startsWithIgnoringCase(text, "file:/"))
         return true;
     const std::size_t colon = text.find("://");
-    if (colon == std::string_view::npos || colon < 2 || !isAsciiLetter(text.front()))
+    if (colon == std::string_view::npos || colon < 2 || !ascii::isLetter(text.front()))
         return false;
     return std::ranges::all_of(text.substr(0, colon), [](char c) {
-        return isAsciiLetter(c) || isAsciiDigit(c) || c == '+' || c == '-' || c == '.';
+        return ascii::isLetter(c) || ascii::isDigit(c) || c == '+' || c == '-' || c == '.';
     });
 }
 
@@ -60,7 +45,7 @@ std::string fileUri(std::string_view absolutePath) {
     constexpr std::string_view kPlain = "/-._~!$&'()*+,;=:@";
     std::string uri = "file://";
     for (const char c : absolutePath) {
-        if (isAsciiLetter(c) || isAsciiDigit(c) || kPlain.find(c) != std::string_view::npos) {
+        if (ascii::isLetter(c) || ascii::isDigit(c) || kPlain.find(c) != std::string_view::npos) {
             uri += c;
             continue;
         }
@@ -73,7 +58,7 @@ std::string fileUri(std::string_view absolutePath) {
 }
 
 std::optional<std::string> pathOfFileUri(std::string_view uri) {
-    if (!startsWithIgnoringCase(uri, kFileScheme))
+    if (!ascii::startsWithIgnoringCase(uri, kFileScheme))
         return std::nullopt;
     std::string_view rest = uri.substr(kFileScheme.size());
     rest = rest.substr(0, rest.find_first_of("?#"));
@@ -82,7 +67,7 @@ std::optional<std::string> pathOfFileUri(std::string_view uri) {
         if (slash == std::string_view::npos)
             return std::nullopt;
         const std::string_view host = rest.substr(2, slash - 2);
-        if (!host.empty() && !(host.size() == 9 && startsWithIgnoringCase(host, "localhost")))
+        if (!host.empty() && !(host.size() == 9 && ascii::startsWithIgnoringCase(host, "localhost")))
             return std::nullopt;
         rest = rest.substr(slash);
     }

@@ -1,8 +1,8 @@
 #include "formats/html/HtmlCharacterReference.h"
 
 #include "formats/html/HtmlEntityTable.h"
-#include "formats/url/Ascii.h"
 #include "formats/url/Utf8.h"
+#include "model/Ascii.h"
 
 #include <algorithm>
 #include <array>

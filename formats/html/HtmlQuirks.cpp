@@ -1,6 +1,6 @@
 #include "formats/html/HtmlQuirks.h"
 
-#include "formats/url/Ascii.h"
+#include "model/Ascii.h"
 
 #include <algorithm>
 #include <array>

@@ -143,6 +143,8 @@ enum TagTrait : std::uint8_t {
     kImpliedEnd = 8,     ///< may leave out its end tag
     kBlockEnd = 16,      ///< its end tag closes everything in it
     kLeavesForeign = 32, ///< never stands in SVG or MathML
+    kHeadContent = 64,   ///< is read as in the head wherever it stands
+    kHeading = 128,      ///< "h1" to "h6"
 };
 
 /// The tag of a name in lower case.

@@ -1,7 +1,7 @@
 // Questions about the texts of a page.
 #pragma once
 
-#include "formats/url/Ascii.h"
+#include "model/Ascii.h"
 
 #include <algorithm>
 #include <string_view>

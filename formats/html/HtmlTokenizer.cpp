@@ -1,7 +1,7 @@
 #include "formats/html/HtmlTokenizer.h"
 
 #include "formats/html/HtmlCharacterReference.h"
-#include "formats/url/Ascii.h"
+#include "model/Ascii.h"
 
 #include <algorithm>
 #include <unordered_set>

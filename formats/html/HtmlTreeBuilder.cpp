@@ -272,8 +272,7 @@ TreeBuilder::Step TreeBuilder::afterHead(const Token& token) {
             mode_ = token.tag == Tag::Body ? Mode::InBody : Mode::InFrameset;
             return Step::Done;
         }
-        if (isAnyOf(token.tag, {Tag::Base, Tag::Basefont, Tag::Bgsound, Tag::Link, Tag::Meta, Tag::Noframes,
-                                Tag::Script, Tag::Style, Tag::Template, Tag::Title})) {
+        if (has(token.tag, kHeadContent)) {
             open_.push(*head_);
             inHeadStart(token);
             open_.removeAt(open_.indexOf(*head_));
@@ -408,18 +407,9 @@ TreeBuilder::Step TreeBuilder::inTemplate(const Token& token) {
         return token.tag == Tag::Template ? endTemplate() : Step::Done;
     if (token.kind != Token::Kind::StartTag)
         return inBody(token);
-    switch (token.tag) {
-    case Tag::Base:
-    case Tag::Basefont:
-    case Tag::Bgsound:
-    case Tag::Link:
-    case Tag::Meta:
-    case Tag::Noframes:
-    case Tag::Script:
-    case Tag::Style:
-    case Tag::Template:
-    case Tag::Title:
+    if (has(token.tag, kHeadContent))
         return inHeadStart(token);
+    switch (token.tag) {
     case Tag::Caption:
     case Tag::Colgroup:
     case Tag::Tbody:

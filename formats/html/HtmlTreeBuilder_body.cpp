@@ -11,7 +11,7 @@ namespace {
 constexpr std::size_t kDeepest = 512;
 
 bool isHeading(const Node& node) {
-    return node.space == Namespace::Html && node.tag >= Tag::H1 && node.tag <= Tag::H6;
+    return node.space == Namespace::Html && has(node.tag, kHeading);
 }
 
 bool isTablePart(const Node& node) {
@@ -155,6 +155,8 @@ TreeBuilder::Step TreeBuilder::bodyText(std::string_view text) {
 }
 
 TreeBuilder::Step TreeBuilder::bodyStart(const Token& token) {
+    if (has(token.tag, kHeadContent))
+        return inHeadStart(token);
     switch (token.tag) {
     case Tag::Html:
     case Tag::Head:
@@ -174,17 +176,6 @@ TreeBuilder::Step TreeBuilder::bodyStart(const Token& token) {
         return Step::Done;
     case Tag::Frameset:
         return startFrameset(token);
-    case Tag::Base:
-    case Tag::Basefont:
-    case Tag::Bgsound:
-    case Tag::Link:
-    case Tag::Meta:
-    case Tag::Noframes:
-    case Tag::Script:
-    case Tag::Style:
-    case Tag::Template:
-    case Tag::Title:
-        return inHeadStart(token);
     case Tag::A:
         return startLink(token);
     case Tag::Nobr:
@@ -201,13 +192,6 @@ TreeBuilder::Step TreeBuilder::bodyStart(const Token& token) {
 
 TreeBuilder::Step TreeBuilder::bodyStartGrouped(const Token& token) {
     switch (token.tag) {
-    case Tag::H1:
-    case Tag::H2:
-    case Tag::H3:
-    case Tag::H4:
-    case Tag::H5:
-    case Tag::H6:
-        return startHeading(token);
     case Tag::Pre:
     case Tag::Listing:
         closeParagraph();
@@ -247,6 +231,8 @@ TreeBuilder::Step TreeBuilder::bodyStartGrouped(const Token& token) {
     default:
         break;
     }
+    if (has(token.tag, kHeading))
+        return startHeading(token);
     if (has(token.tag, kBlockEnd)) {
         closeParagraph();
         insertElement(token);

@@ -35,13 +35,6 @@ TreeBuilder::Step TreeBuilder::bodyEnd(const Token& token) {
 
 TreeBuilder::Step TreeBuilder::bodyEndOther(const Token& token) {
     switch (token.tag) {
-    case Tag::H1:
-    case Tag::H2:
-    case Tag::H3:
-    case Tag::H4:
-    case Tag::H5:
-    case Tag::H6:
-        return endHeading();
     case Tag::Applet:
     case Tag::Marquee:
     case Tag::Object:
@@ -55,6 +48,8 @@ TreeBuilder::Step TreeBuilder::bodyEndOther(const Token& token) {
     default:
         break;
     }
+    if (has(token.tag, kHeading))
+        return endHeading();
     if (has(token.tag, kBlockEnd))
         return endBlock(token.tag, Scope::Normal);
     return has(token.tag, kFormatting) ? endFormatting(token) : endAny(token);

@@ -2,7 +2,7 @@
 // encoding already, and looked for as browsers do.
 #include "formats/import/EncodingNames.h"
 #include "formats/import/TextDecoding.h"
-#include "formats/url/Ascii.h"
+#include "model/Ascii.h"
 
 #include <algorithm>
 #include <optional>

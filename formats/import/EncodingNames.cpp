@@ -1,6 +1,6 @@
 #include "formats/import/EncodingNames.h"
 
-#include "formats/url/Ascii.h"
+#include "model/Ascii.h"
 
 namespace tabulon {
 namespace {

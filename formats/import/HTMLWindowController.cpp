@@ -1,7 +1,7 @@
 #include "formats/import/HTMLWindowController.h"
 
 #include "formats/import/TextDecoding.h"
-#include "formats/url/Ascii.h"
+#include "model/Ascii.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,58 +1,29 @@
 #include "formats/import/TextDecoding.h"
 
 #include "formats/import/EncodingNames.h"
+#include "model/EncodingConversion.h"
 #include "model/Text.h"
 
 #include <uchardet.h>
-#include <unicode/ucnv.h>
 
-#include <array>
 #include <memory>
+#include <optional>
 
 namespace tabulon {
 namespace {
 
 constexpr const char* kLastResort = "windows-1252";
 
-struct CloseConverter {
-    void operator()(UConverter* converter) const { ucnv_close(converter); }
-};
-using Converter = std::unique_ptr<UConverter, CloseConverter>;
-
-Converter open(const char* name) {
-    UErrorCode status = U_ZERO_ERROR;
-    return Converter(ucnv_open(name, &status));
-}
-
-// In pieces, so that the size is bounded by nothing but memory.
-std::string converted(std::string_view bytes, const char* encoding) {
-    const Converter from = open(encoding);
-    const Converter to = open("UTF-8");
-    if (!from || !to)
-        return decodeUtf8Leniently(bytes);
-    std::string text;
-    std::array<char, 8192> piece{};
-    std::array<UChar, 4096> pivot{};
-    UChar* pivotBegin = pivot.data();
-    UChar* pivotEnd = pivot.data();
-    const char* source = bytes.data();
-    UErrorCode status = U_BUFFER_OVERFLOW_ERROR;
-    for (bool isFirst = true; status == U_BUFFER_OVERFLOW_ERROR; isFirst = false) {
-        status = U_ZERO_ERROR;
-        char* end = piece.data();
-        ucnv_convertEx(to.get(), from.get(), &end, piece.data() + piece.size(), &source,
-                       bytes.data() + bytes.size(), pivot.data(), &pivotBegin, &pivotEnd,
-                       pivot.data() + pivot.size(), static_cast<UBool>(isFirst), static_cast<UBool>(true),
-                       &status);
-        text.append(piece.data(), end);
-    }
-    return text;
+// A name that ICU does not know is taken for UTF-8's.
+std::string converted(std::string_view bytes, const std::string& encoding) {
+    std::optional<std::string> text = utf8FromEncoding(bytes, encoding);
+    return text ? *std::move(text) : decodeUtf8Leniently(bytes);
 }
 
 DecodedText decodedAs(std::string_view bytes, std::string_view encoding) {
     if (encoding.empty())
         return {decodeUtf8Leniently(bytes), {}};
-    return {converted(bytes, std::string(encoding).c_str()), std::string(encoding)};
+    return {converted(bytes, std::string(encoding)), std::string(encoding)};
 }
 
 struct CloseDetector {

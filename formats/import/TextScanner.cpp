@@ -2,6 +2,7 @@
 
 #include "formats/XmlEntities.h"
 #include "formats/import/ScannedBytes.h"
+#include "model/Ascii.h"
 
 #include <algorithm>
 #include <array>
@@ -26,13 +27,9 @@ bool isDelimiter(char c) {
     return kIsDelimiter[static_cast<unsigned char>(c)];
 }
 
-char lowerCase(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 // How many bytes before "://" a scheme begins, guessed from its third letter from the end and its last one.
 std::size_t schemeLength(char third, char last) {
-    switch (lowerCase(third)) {
+    switch (ascii::lower(third)) {
     case 'a':
     case 'e':
     case 'i':
@@ -42,7 +39,7 @@ std::size_t schemeLength(char third, char last) {
     case 'n':
         return 6; // gopher, telnet
     case 't':
-        return lowerCase(last) == 's' ? 5 : 4; // https, http
+        return ascii::lower(last) == 's' ? 5 : 4; // https, http
     default:
         return 3; // ftp, smb, ssh
     }
@@ -95,7 +92,7 @@ private:
             for (std::size_t colon = bytes_.find(':', from + kLetters.size()); colon != npos;
                  colon = bytes_.find(':', colon + 1)) {
                 const std::size_t start = colon - kLetters.size();
-                if (std::ranges::equal(bytes_.range(start, colon), kLetters, {}, lowerCase))
+                if (std::ranges::equal(bytes_.range(start, colon), kLetters, {}, ascii::lower))
                     return start;
             }
             return npos;

@@ -1,5 +1,7 @@
 #include "formats/import/XBELDates.h"
 
+#include "model/Ascii.h"
+
 #include <unicode/smpdtfmt.h>
 #include <unicode/timezone.h>
 
@@ -20,7 +22,7 @@ public:
         int value = 0;
         for (std::size_t i = 0; i < count; ++i) {
             const char c = take();
-            fits_ = fits_ && c >= '0' && c <= '9';
+            fits_ = fits_ && ascii::isDigit(c);
             value = value * 10 + (c - '0');
         }
         if (separator != 0)

@@ -1,6 +1,6 @@
 #include "formats/url/IpAddress.h"
 
-#include "formats/url/Ascii.h"
+#include "model/Ascii.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include "formats/url/PercentEncoding.h"
 
-#include "formats/url/Ascii.h"
 #include "formats/url/Utf8.h"
+#include "model/Ascii.h"
 
 #include <unicode/ucnv.h>
 #include <unicode/utf16.h>

@@ -1,8 +1,8 @@
 #include "formats/url/UrlHost.h"
 
-#include "formats/url/Ascii.h"
 #include "formats/url/IpAddress.h"
 #include "formats/url/PercentEncoding.h"
+#include "model/Ascii.h"
 #include "model/Text.h"
 
 #include <unicode/uidna.h>

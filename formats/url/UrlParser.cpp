@@ -1,8 +1,8 @@
 #include "formats/url/UrlParser.h"
 
-#include "formats/url/Ascii.h"
 #include "formats/url/PercentEncoding.h"
 #include "formats/url/UrlHost.h"
+#include "model/Ascii.h"
 
 #include <algorithm>
 

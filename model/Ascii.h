@@ -1,4 +1,5 @@
-// Questions about single bytes as web standards ask them, whatever the language of the user.
+// Questions about single bytes, as formats and web standards ask them: the language of the user makes no
+// difference.
 #pragma once
 
 #include <algorithm>
@@ -33,6 +34,11 @@ inline std::string lowered(std::string_view text) {
     std::string result(text);
     std::ranges::transform(result, result.begin(), lower);
     return result;
+}
+/// Whether the text begins so, whatever the case of ASCII letters.
+inline bool startsWithIgnoringCase(std::string_view text, std::string_view prefix) {
+    return text.size() >= prefix.size() &&
+           std::ranges::equal(text.substr(0, prefix.size()), prefix, {}, lower, lower);
 }
 /// Equal but for the case of ASCII letters.
 inline bool equalsIgnoringCase(std::string_view a, std::string_view b) {
