@@ -65,6 +65,7 @@ Extent extentOf(const Bookmark& root) {
 class Writer {
 public:
     explicit Writer(const Extent& extent) : plist_(extent.objects, extent.bytes) {
+        objects_.reserve(extent.objects / 2); // each has a reference beside it
         for (std::size_t key = 0; key < archive::kKeyCount; ++key)
             keys_[key] = plist_.writeText(archive::kKeyNames[key]);
         objects_.push_back(plist_.writeText("$null"));

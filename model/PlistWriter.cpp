@@ -24,9 +24,8 @@ std::uint8_t logarithm(std::size_t width) {
     return static_cast<std::uint8_t>(std::countr_zero(width));
 }
 
-std::string bigEndianUtf16(std::string_view utf8) {
-    std::string units(utf8.size() * 2, '\0');
-    char* out = units.data();
+// Puts UTF-8 as UTF-16, high bytes first, where there is room for two bytes for each one; gives the end.
+char* putUtf16(std::string_view utf8, char* out) {
     const auto put = [&out](std::uint32_t unit) {
         *out++ = static_cast<char>(unit >> 8);
         *out++ = static_cast<char>(unit & 0xFF);
@@ -42,8 +41,7 @@ std::string bigEndianUtf16(std::string_view utf8) {
             put(U16_TRAIL(character));
         }
     }
-    units.resize(static_cast<std::size_t>(out - units.data()));
-    return units;
+    return out;
 }
 
 } // namespace
@@ -138,9 +136,11 @@ std::uint64_t PlistWriter::writeText(std::string_view utf8) {
         bytes_ += utf8;
         return id;
     }
-    const std::string units = bigEndianUtf16(utf8);
-    appendMarker(0x60, units.size() / 2);
-    bytes_ += units;
+    if (units_.size() < utf8.size() * 2)
+        units_.resize(utf8.size() * 2);
+    const auto size = static_cast<std::size_t>(putUtf16(utf8, units_.data()) - units_.data());
+    appendMarker(0x60, size / 2);
+    bytes_.append(units_, 0, size);
     return id;
 }
 

@@ -72,6 +72,7 @@ private:
     static void appendNumbersTo(std::string& out, std::size_t count, std::size_t width, Number number);
 
     std::string bytes_;
+    std::string units_; // of the text that is being written; its memory is kept
     std::vector<std::uint64_t> offsets_;
     std::size_t referenceSize_;
 };
