@@ -14,18 +14,6 @@ Bookmark* afterSubtree(const Bookmark& node) {
     return nullptr;
 }
 
-// A node that has left keeps pointing at its parent, and so does one below it.
-bool isInTree(const Bookmark& node, const Bookmark& root) {
-    const Bookmark* each = &node;
-    while (each != &root) {
-        const Bookmark* parent = each->getParent();
-        if (!parent || !parent->getChildren() || !parent->getChildren()->contains(*each))
-            return false;
-        each = parent;
-    }
-    return true;
-}
-
 } // namespace
 
 void FindPhases::initSearch() {

@@ -42,4 +42,17 @@ void walkBelow(const Bookmark& root, Enter enter) {
     walkBelow(root, enter, [](Bookmark&) {});
 }
 
+/// Whether the node is `root` or stands below it. A node that has left its parent's list still points there,
+/// and so does what is below it.
+inline bool isInTree(const Bookmark& node, const Bookmark& root) {
+    const Bookmark* each = &node;
+    while (each != &root) {
+        const Bookmark* parent = each->getParent();
+        if (!parent || !parent->getChildren() || !parent->getChildren()->contains(*each))
+            return false;
+        each = parent;
+    }
+    return true;
+}
+
 } // namespace tabulon

@@ -302,7 +302,6 @@ private:
     Ref<Bookmark> bookmarkOfText(std::string_view string) const;
     void splitBookmarks(std::string_view text);
     void addNewItems(const std::vector<Ref<Bookmark>>& items);
-    bool isInTree(const Bookmark& item) const;
     DropSpot spotBefore(std::size_t row) const;
     DropSpot spotBehind(std::size_t row, int level) const;
     std::optional<Place> placeOfDrop(Bookmark* item, std::optional<std::size_t> childIndex) const;

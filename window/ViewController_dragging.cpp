@@ -1,4 +1,5 @@
 // Drags out of the outline and drops into it.
+#include "model/TreeWalk.h"
 #include "window/BookmarkPasteboard.h"
 #include "window/ViewController.h"
 
@@ -75,18 +76,6 @@ bool ViewController::dragIsLocalReorder(const DragInfo& drag) const {
            std::ranges::any_of(drag.items, [](const PasteboardItem& item) { return item.offers(kItemType); });
 }
 
-// A node that has left its tree still names its parent, whose list no longer has it.
-bool ViewController::isInTree(const Bookmark& item) const {
-    const Bookmark* node = &item;
-    while (node != &getMaster()) {
-        const Bookmark* parent = node->getParent();
-        if (!parent || !parent->getChildren() || !parent->getChildren()->contains(*node))
-            return false;
-        node = parent;
-    }
-    return true;
-}
-
 DragOperation ViewController::validateDrop(const DragInfo& drag, Bookmark* item,
                                            std::optional<std::size_t> childIndex) {
     const Bookmark& target = item ? *item : getMaster();
@@ -134,7 +123,7 @@ Ref<Bookmark> ViewController::droppedNode(const DragInfo& drag, Ref<Bookmark> no
     const bool isLive = drag.source == this && node->getDocument() == &document_;
     if (!isLive)
         return node; // made of the item just now
-    if (!isInTree(*node) || (node->hasChildren() && node->offSpring(*place.folder)))
+    if (!isInTree(*node, getMaster()) || (node->hasChildren() && node->offSpring(*place.folder)))
         return nullptr;
     const Bookmark& parent = *node->getParent();
     if (&parent == place.folder && parent.getChildren()->indexOf(*node) < place.index)
