@@ -43,6 +43,7 @@ protected:
     /// Closes the window of before.
     void openWidget() {
         closeWidget();
+        document.setMaster(Ref<Bookmark>(&document.getMaster())); // who stands in the tree belongs to it
         controller = std::make_unique<ViewController>(document, platform(), shared);
         widgetWindow = std::make_unique<WidgetWindow>(*controller);
         controller->setWindow(widgetWindow.get());
