@@ -87,8 +87,11 @@ void ViewController::documentStateChanged() {
     if (!document_.fileName().empty())
         windowTitle_.clear();
     if (window_)
-        window_->setTitle(windowTitle_.empty() ? document_.displayName() : windowTitle_, document_.fileName(),
-                          document_.isDocumentEdited());
+        window_->setTitle(windowTitle(), document_.fileName(), document_.isDocumentEdited());
+}
+
+std::string ViewController::windowTitle() const {
+    return windowTitle_.empty() ? document_.displayName() : windowTitle_;
 }
 
 void ViewController::setWindowTitle(std::string title) {

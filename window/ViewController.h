@@ -59,6 +59,7 @@ public:
 
     /// The window shows `title` in place of the document's name until the document has a file.
     void setWindowTitle(std::string title);
+    std::string windowTitle() const;
 
     // Rows
 

@@ -33,6 +33,7 @@ public:
     bool applicationIsActive() const override { return true; }
     void show() override {}
     void makeKeyAndOrderFront() override {}
+    void performMiniaturize() override {}
 
     OutlineWidget widget;
     std::string urlField;
