@@ -119,6 +119,7 @@ private:
     Menu bookmarkMenu() const;
     Menu labelMenu() const;
     Menu importMenu();
+    Menu windowMenu() const;
     Menu helpMenu() const;
     MenuItem command(std::string_view titleKey, std::string action, std::string keyEquivalent = {},
                      KeyModifiers modifiers = {}) const;

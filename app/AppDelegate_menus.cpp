@@ -73,7 +73,7 @@ Menu AppDelegate::mainMenu() {
                 .items = {submenu("MenuFile", fileMenu()), submenu("MenuEdit", editMenu()),
                           submenu("MenuView", viewMenu()), submenu("MenuBookmark", bookmarkMenu()),
                           submenu("MenuLabel", labelMenu()), submenu("MenuImport", importMenu()),
-                          submenu("MenuHelp", helpMenu())}};
+                          submenu("MenuWindow", windowMenu()), submenu("MenuHelp", helpMenu())}};
 }
 
 Menu AppDelegate::fileMenu() {
@@ -139,6 +139,22 @@ Menu AppDelegate::viewMenu() const {
                           command("MenuCollapsePlus", "collapseFolderPlus:", "Left", kCommandShift),
                           command("MenuCollapseAll", "collapseAll:", "L"), MenuItem::makeSeparator(),
                           command("MenuZoomIn", "zoomIn:", "+"), command("MenuZoomOut", "zoomOut:", "-")}};
+}
+
+// Desktops have keys of their own for putting windows away and for going from one to the next.
+Menu AppDelegate::windowMenu() const {
+    Menu menu{.items = {command("MenuMinimize", "performMiniaturize:")}};
+    const std::vector<Document*> documents = documentController_.documents();
+    if (!documents.empty())
+        menu.items.push_back(MenuItem::makeSeparator());
+    for (Document* document : documents)
+        menu.items.push_back(
+            MenuItem{.title = documentController_.getViewController(*document)->windowTitle(),
+                     .action = "makeKeyAndOrderFront:",
+                     .representedObject = document,
+                     .toolTip = decodeUtf8Leniently(document->fileName()),
+                     .checked = document == documentController_.currentDocument()});
+    return menu;
 }
 
 Menu AppDelegate::helpMenu() const {

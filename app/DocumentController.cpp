@@ -30,6 +30,21 @@ void DocumentController::addActions() {
         "revertDocumentToSaved:", [this](const MenuItem&) { revertDocument(*current_); }, canRevert);
     actions_.add(
         "performClose:", [=, this](const MenuItem&) { closeDocument(*current_, nothing); }, hasDocument);
+    addWindowActions();
+}
+
+void DocumentController::addWindowActions() {
+    // An item may have been made before its document was closed.
+    const auto windowOf = [this](const MenuItem& item) -> DocumentWindow* {
+        const auto* document = std::get_if<Document*>(&item.representedObject);
+        return document && *document ? getWindow(**document) : nullptr;
+    };
+    actions_.add(
+        "performMiniaturize:", [this](const MenuItem&) { getWindow(*current_)->performMiniaturize(); },
+        [this](const MenuItem&) { return current_ != nullptr; });
+    actions_.add(
+        "makeKeyAndOrderFront:", [=](const MenuItem& item) { windowOf(item)->makeKeyAndOrderFront(); },
+        [=](const MenuItem& item) { return windowOf(item) != nullptr; });
 }
 
 std::vector<Document*> DocumentController::documents() const {

@@ -36,8 +36,8 @@ public:
     DocumentController(const Platform& platform, DocumentWindowMaker& windows);
     ~DocumentController();
 
-    /// saveDocument:, saveDocumentAs:, revertDocumentToSaved:, performClose:, all for the
-    /// current document.
+    /// saveDocument:, saveDocumentAs:, revertDocumentToSaved:, performClose:, performMiniaturize:, all for
+    /// the current document; makeKeyAndOrderFront: for the document that the item stands for.
     const ActionTable& actions() const { return actions_; }
 
     /// In the order in which they were opened.
@@ -129,6 +129,7 @@ private:
     enum class Before { Saving, Closing };
 
     void addActions();
+    void addWindowActions();
     OpenDocument* find(const Document& document) const;
     Document* makeWindowControllers(std::unique_ptr<OpenDocument> opened);
     void remove(const Document& document);

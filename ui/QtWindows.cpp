@@ -38,6 +38,7 @@ public:
     }
     void show() override { window_->show(); }
     void makeKeyAndOrderFront() override { window_->bringToFront(); }
+    void performMiniaturize() override { window_->showMinimized(); }
 
 private:
     QtWindows& owner_;

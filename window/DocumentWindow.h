@@ -35,6 +35,8 @@ public:
 
     virtual void show() = 0;
     virtual void makeKeyAndOrderFront() = 0;
+    /// Puts the window away as the desktop does; `makeKeyAndOrderFront` brings it back.
+    virtual void performMiniaturize() = 0;
 };
 
 } // namespace tabulon

@@ -31,12 +31,8 @@ void ViewController::addActions() {
         "saveBookmark:", [this](const MenuItem&) { saveBookmark(); },
         [this](const MenuItem&) { return outline().selectedRow().has_value(); });
     actions_.add("selectAll:", [this](const MenuItem&) { outline().selectAll(); });
-    actions_.add(
-        "zoomIn:", [this](const MenuItem&) { zoomIn(); },
-        [this](const MenuItem&) { return canMoveTableFontSize(FontSizeStep::Larger); });
-    actions_.add(
-        "zoomOut:", [this](const MenuItem&) { zoomOut(); },
-        [this](const MenuItem&) { return canMoveTableFontSize(FontSizeStep::Smaller); });
+    actions_.add("zoomIn:", [this](const MenuItem&) { zoomIn(); });
+    actions_.add("zoomOut:", [this](const MenuItem&) { zoomOut(); });
     addEditingActions();
 }
 
@@ -72,7 +68,7 @@ void ViewController::setWindow(DocumentWindow* window) {
 
 void ViewController::setMaster(Bookmark& master) {
     counts_.reset();
-    hoveredRow_.reset();
+    forgetRowsUnderPointer();
     if (window_)
         outline().willReloadData();
     rows_.show(Ref<Bookmark>(&master));
@@ -87,8 +83,11 @@ void ViewController::documentStateChanged() {
     if (!document_.fileName().empty())
         windowTitle_.clear();
     if (window_)
-        window_->setTitle(windowTitle_.empty() ? document_.displayName() : windowTitle_, document_.fileName(),
-                          document_.isDocumentEdited());
+        window_->setTitle(windowTitle(), document_.fileName(), document_.isDocumentEdited());
+}
+
+std::string ViewController::windowTitle() const {
+    return windowTitle_.empty() ? document_.displayName() : windowTitle_;
 }
 
 void ViewController::setWindowTitle(std::string title) {

@@ -59,6 +59,7 @@ public:
 
     /// The window shows `title` in place of the document's name until the document has a file.
     void setWindowTitle(std::string title);
+    std::string windowTitle() const;
 
     // Rows
 
@@ -91,7 +92,6 @@ public:
     void zoomIn();
     void zoomOut();
     void moveTableFontSize(FontSizeStep step);
-    bool canMoveTableFontSize(FontSizeStep step) const;
     /// Shows and stores both. A size from 11 up to, not including, 14 is the URL field's as well.
     void setTableFontSizeRowHeight(double size, double rowHeight);
     static constexpr double kSmallestFontSize = 6;
@@ -209,7 +209,8 @@ public:
 
     // Labels
 
-    /// The row under the pointer when a context menu was opened; nothing without one.
+    /// The row under the pointer when a context menu was opened; nothing without one, and once rows come or
+    /// go.
     void setClickedRow(std::optional<std::size_t> row) { clickedRow_ = row; }
     /// The items that a command acts on: the clicked row's alone where that is not selected, else those of
     /// the selected rows, from above.
@@ -315,6 +316,7 @@ private:
     bool severalRowsAreSelected() const;
     OutlineView& outline() const { return window_->outline(); }
     void viewDidLoad();
+    bool canMoveTableFontSize(FontSizeStep step) const;
     void fitURLField(double fontSize);
     void selectionAlert(const char* informativeKey);
     CellContent nameCell(const Bookmark& item, const std::optional<LabelColor>& color) const;
@@ -328,6 +330,7 @@ private:
     void selectItems(const std::vector<Bookmark*>& items);
     Counts countNodes() const;
     void updateURL();
+    void forgetRowsUnderPointer();
     void setURLFieldText(std::string text);
     Result<std::string> exportTo(std::string_view format, Progress* progress = nullptr) const;
     void exportToFile(const std::string& path);

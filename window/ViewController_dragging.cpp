@@ -120,8 +120,7 @@ ViewController::placeOfDrop(Bookmark* item, std::optional<std::size_t> childInde
 Ref<Bookmark> ViewController::droppedNode(const DragInfo& drag, Ref<Bookmark> node, Place& place) {
     if (drag.source != this || dragOperation_ != DragOperation::Move)
         return deepCopy(*node);
-    const bool isLive = drag.source == this && node->getDocument() == &document_;
-    if (!isLive)
+    if (!node->getParent())
         return node; // made of the item just now
     if (!isInTree(*node, getMaster()) || (node->hasChildren() && node->offSpring(*place.folder)))
         return nullptr;

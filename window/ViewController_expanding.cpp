@@ -102,7 +102,7 @@ void ViewController::changeExpansion(Bookmark& item, ExpansionChange change) {
 // The rows below `row` still are as they were, `shownBefore` of them belonging to its item; the tree has
 // changed.
 void ViewController::replaceRowsBelow(std::size_t row, std::size_t shownBefore) {
-    hoveredRow_.reset();
+    forgetRowsUnderPointer();
     const std::vector<Bookmark*> selected = selectedItems(row + 1, row + 1 + shownBefore);
     if (shownBefore > 0) {
         outline().willRemoveRows({row + 1, shownBefore});
@@ -156,7 +156,7 @@ void ViewController::reloadKeepingSelection() {
     const std::vector<Bookmark*> selected = selectedItems(0, rows_.size());
     const std::optional<std::size_t> current = outline().selectedRow();
     const Bookmark* currentItem = current ? &rows_.at(*current) : nullptr;
-    hoveredRow_.reset();
+    forgetRowsUnderPointer();
     outline().willReloadData();
     rows_.show(Ref<Bookmark>(&getMaster()));
     outline().didReloadData();

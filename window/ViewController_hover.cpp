@@ -31,6 +31,12 @@ std::string ViewController::countsText() {
            texts.format("%d folders", counts_->folders);
 }
 
+// Another row may come to stand there.
+void ViewController::forgetRowsUnderPointer() {
+    hoveredRow_.reset();
+    clickedRow_.reset();
+}
+
 void ViewController::mouseMoved(std::optional<std::size_t> row) {
     if (!row)
         setURLFieldText(countsText());

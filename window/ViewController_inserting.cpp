@@ -86,7 +86,7 @@ void ViewController::insertRowsOf(Bookmark& item, std::size_t row) {
         const std::vector<Bookmark*> below = shownBelow(item);
         shown.insert(shown.end(), below.begin(), below.end());
     }
-    hoveredRow_.reset();
+    forgetRowsUnderPointer();
     outline().willInsertRows({row, shown.size()});
     rows_.insert(row, shown);
     outline().didInsertRows();

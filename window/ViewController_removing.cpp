@@ -7,7 +7,7 @@ namespace tabulon {
 // Many changes of rows are made without the view, which then shows all rows anew. Whoever removes nodes
 // meanwhile keeps them until the end.
 void ViewController::beginChangingManyRows() {
-    hoveredRow_.reset();
+    forgetRowsUnderPointer();
     outline().willReloadData();
     changesManyRows_ = true;
 }
@@ -28,7 +28,7 @@ void ViewController::removeItem(Bookmark& item) {
     }
     const std::size_t count = 1 + (isExpanded(item) ? shownCountBelow(item) : 0);
     const Ref<Bookmark> held(&item);
-    hoveredRow_.reset();
+    forgetRowsUnderPointer();
     outline().willRemoveRows({*row, count});
     rows_.erase(*row, count);
     item.detachMe();

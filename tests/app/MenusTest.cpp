@@ -18,6 +18,12 @@ protected:
                 eachItem(*item.submenu, visit);
         }
     }
+    Menu windowMenu() {
+        for (const MenuItem& item : app.mainMenu().items)
+            if (item.title == "Window")
+                return *item.submenu;
+        return {};
+    }
     Menu recentMenu() { return *app.mainMenu().items.at(0).submenu->items.at(2).submenu; }
 };
 
@@ -106,6 +112,50 @@ TEST_F(MenusTest, RecentListKeepsPathsOfAnyBytes) {
     recent.note("/home/with space/100%.tbln");
     EXPECT_EQ(recent.paths().size(), 2u);
     EXPECT_EQ(recent.paths()[0], "/home/with space/100%.tbln");
+}
+
+TEST_F(MenusTest, WindowMenuListsTheOpenDocumentsWithACheckMarkAtTheCurrentOne) {
+    files.files["/home/a.tbln"] = documentBytes("a");
+    app.applicationDidFinishLaunching({"/home/a.tbln"});
+    app.newMasterDocument(Bookmark::init(base.now()));
+    documents().getViewController(*documents().currentDocument())->setWindowTitle("Imported");
+    Menu menu = windowMenu();
+    ASSERT_EQ(menu.items.size(), 4u) << "the command, a separator, two documents";
+    EXPECT_EQ(menu.items[2].title, "a");
+    EXPECT_EQ(menu.items[2].toolTip, "/home/a.tbln");
+    EXPECT_FALSE(menu.items[2].checked);
+    EXPECT_EQ(menu.items[3].title, "Imported") << "as the window is called";
+    EXPECT_TRUE(menu.items[3].checked);
+
+    Document& first = *documents().documents().front();
+    EXPECT_TRUE(app.performMenuItem(menu.items[2]));
+    EXPECT_EQ(windowOf(first).broughtToFront, 1);
+    documents().windowDidBecomeKey(first);
+    menu = windowMenu();
+    EXPECT_TRUE(menu.items[2].checked);
+    EXPECT_FALSE(menu.items[3].checked);
+}
+
+TEST_F(MenusTest, MinimizePutsTheCurrentWindowAwayAndTheMenuBringsItBack) {
+    EXPECT_FALSE(enabled("performMiniaturize:")) << "there is no window";
+    app.applicationDidFinishLaunching({});
+    MemoryWindow& window = windowOf(*onlyDocument());
+    EXPECT_TRUE(app.performMenuItem(windowMenu().items[0]));
+    EXPECT_TRUE(window.miniaturized);
+    EXPECT_TRUE(app.performMenuItem(windowMenu().items[2]));
+    EXPECT_FALSE(window.miniaturized);
+}
+
+TEST_F(MenusTest, WindowItemOfADocumentThatWasClosedDoesNothing) {
+    app.applicationDidFinishLaunching({});
+    app.performMenuItem(MenuItem{.action = "newDocument:"});
+    const MenuItem item = windowMenu().items[3];
+    EXPECT_TRUE(app.validateMenuItem(item));
+    perform("performClose:");
+    ASSERT_EQ(documents().documents().size(), 1u);
+    EXPECT_FALSE(app.validateMenuItem(item));
+    EXPECT_FALSE(app.performMenuItem(item));
+    EXPECT_FALSE(enabled("makeKeyAndOrderFront:")) << "without a document";
 }
 
 TEST_F(MenusTest, AboutNamesTheVersion) {

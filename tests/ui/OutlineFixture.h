@@ -33,6 +33,7 @@ public:
     bool applicationIsActive() const override { return true; }
     void show() override {}
     void makeKeyAndOrderFront() override {}
+    void performMiniaturize() override {}
 
     OutlineWidget widget;
     std::string urlField;
@@ -43,6 +44,7 @@ protected:
     /// Closes the window of before.
     void openWidget() {
         closeWidget();
+        document.setMaster(Ref<Bookmark>(&document.getMaster())); // who stands in the tree belongs to it
         controller = std::make_unique<ViewController>(document, platform(), shared);
         widgetWindow = std::make_unique<WidgetWindow>(*controller);
         controller->setWindow(widgetWindow.get());

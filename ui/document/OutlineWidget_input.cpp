@@ -6,8 +6,10 @@
 #include "window/ViewController.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QMetaMethod>
 #include <QScrollBar>
 #include <QToolTip>
 
@@ -49,6 +51,8 @@ void OutlineWidget::toggleRow(std::size_t row) {
 }
 
 void OutlineWidget::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::RightButton) // a row can be worked on without losing the selection
+        return event->accept();
     if (controller_ && event->button() == Qt::LeftButton) {
         if (const auto row = hitTriangle(event->position().toPoint())) {
             const bool expanded = controller_->itemAtRow(*row).showHier();
@@ -69,6 +73,23 @@ void OutlineWidget::mouseDoubleClickEvent(QMouseEvent* event) {
     const QModelIndex index = indexAt(point);
     if (index.isValid() && event->button() == Qt::LeftButton)
         toggleRow(static_cast<std::size_t>(index.row()));
+}
+
+void OutlineWidget::contextMenuEvent(QContextMenuEvent* event) {
+    static const QMetaMethod kWanted = QMetaMethod::fromSignal(&OutlineWidget::contextMenuWanted);
+    if (!controller_ || !isSignalConnected(kWanted))
+        return event->ignore();
+    endEditing();
+    const bool byMouse = event->reason() == QContextMenuEvent::Mouse;
+    const QModelIndex index = byMouse ? indexAt(event->pos()) : QModelIndex();
+    controller_->setClickedRow(index.isValid() ? std::optional(static_cast<std::size_t>(index.row()))
+                                               : std::nullopt);
+    emit contextMenuWanted(event->globalPos());
+}
+
+void OutlineWidget::contextMenuDidClose() {
+    if (controller_)
+        controller_->setClickedRow(std::nullopt);
 }
 
 void OutlineWidget::mouseMoveEvent(QMouseEvent* event) {
