@@ -13,7 +13,8 @@ namespace {
 // Whether "</A>" stands in the text, in any letter case.
 bool holdsEndOfLink(std::string_view text) {
     constexpr std::string_view kEnd = "</a>";
-    return !std::ranges::search(text, kEnd, {}, ascii::lower).empty();
+    const auto same = [](char a, char b) { return ascii::lower(a) == b; };
+    return std::search(text.begin(), text.end(), kEnd.begin(), kEnd.end(), same) != text.end();
 }
 
 // Whether a panel for these kinds enables the file. Dialogs take a name of any extension that is typed, or

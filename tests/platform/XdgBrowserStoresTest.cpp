@@ -10,7 +10,6 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
-#include <ranges>
 #include <string>
 #include <vector>
 
@@ -89,8 +88,9 @@ TEST_F(XdgBrowserStoresTest, everyBrowserIsFoundInTheFolderOfEachOfItsPackagings
     for (const auto& [browser, folders] : kBrowsers) {
         const bool isFirefox = std::string(browser) == "org.mozilla.Firefox";
         const std::string name = isFirefox ? "/ab12.default-esr/places.sqlite" : "/Profile 1/Bookmarks";
-        for (int hours = 1; const std::string& folder : std::views::reverse(folders))
-            expected[browser].push_back(put(folder + name, hours++));
+        int hours = 1;
+        for (auto folder = folders.rbegin(); folder != folders.rend(); ++folder)
+            expected[browser].push_back(put(*folder + name, hours++));
     }
     for (const auto& [browser, files] : expected)
         EXPECT_EQ(stores_.bookmarkFiles(browser), files) << browser;
