@@ -14,6 +14,7 @@ AppDelegate::AppDelegate(const Platform& platform, DocumentWindowMaker& windows,
     : platform_(platform), version_(std::move(version)), documentController_(platform, windows) {
     addActions();
     documentController_.shared().grabAllHTML = [this](const std::string& html) { grabAllHTML(html); };
+    documentController_.shared().showMarks = [this](bool shown) { showMarks(shown); };
     documentController_.lastDocumentClosed = [this] {
         if (stop && !(willOpenMore && willOpenMore()))
             stop();

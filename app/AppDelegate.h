@@ -77,6 +77,11 @@ public:
     /// window. Null when there can be none.
     Document* newMasterDocument(Ref<Bookmark> root);
 
+    // Marks of links
+
+    /// The setting "ShowMarks" has changed: every window shows its rows accordingly, and so does the menu.
+    void showMarks(bool shown);
+
     // Menus
 
     /// The main menu as it is to be shown now.
@@ -118,6 +123,8 @@ private:
     Menu viewMenu() const;
     Menu bookmarkMenu() const;
     Menu labelMenu() const;
+    Menu sortMenu() const;
+    Menu cleanUpMenu() const;
     Menu importMenu();
     Menu windowMenu() const;
     Menu helpMenu() const;

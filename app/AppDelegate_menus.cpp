@@ -72,6 +72,7 @@ Menu AppDelegate::mainMenu() {
     return Menu{.title = "Tabulon",
                 .items = {submenu("MenuFile", fileMenu()), submenu("MenuEdit", editMenu()),
                           submenu("MenuView", viewMenu()), submenu("MenuBookmark", bookmarkMenu()),
+                          submenu("MenuSort", sortMenu()), submenu("MenuCleanUp", cleanUpMenu()),
                           submenu("MenuLabel", labelMenu()), submenu("MenuImport", importMenu()),
                           submenu("MenuWindow", windowMenu()), submenu("MenuHelp", helpMenu())}};
 }
@@ -102,7 +103,9 @@ Menu AppDelegate::recentMenu() {
 Menu AppDelegate::editMenu() const {
     return Menu{.items = {command("MenuCut", "cut:", "x"), command("MenuCopy", "copy:", "c"),
                           command("MenuPaste", "paste:", "v"), command("MenuDelete", "delete:"),
-                          command("MenuSelectAll", "selectAll:", "a")}};
+                          command("MenuSelectAll", "selectAll:", "a"), MenuItem::makeSeparator(),
+                          command("MenuFind", "performFindPanelAction:", "f"),
+                          command("MenuFindNext", "findNext:", "g")}};
 }
 
 Menu AppDelegate::bookmarkMenu() const {
@@ -129,6 +132,42 @@ Menu AppDelegate::labelMenu() const {
         menu.items.push_back(std::move(item));
     }
     return menu;
+}
+
+Menu AppDelegate::sortMenu() const {
+    static constexpr std::array<std::string_view, 6> kActions = {
+        "sortByName:",      "sortByURL:",          "sortByTags:",
+        "sortByDateAdded:", "sortByDateModified:", "sortByDateLastOpened:"};
+    static constexpr std::array<std::string_view, 6> kTitles = {
+        "MenuSortByName",      "MenuSortByURL",          "MenuSortByTags",
+        "MenuSortByDateAdded", "MenuSortByDateModified", "MenuSortByDateLastOpened"};
+    Menu menu;
+    Menu descending;
+    for (std::size_t key = 0; key < kActions.size(); ++key) {
+        menu.items.push_back(command(kTitles[key], std::string(kActions[key])));
+        descending.items.push_back(menu.items.back());
+        descending.items.back().tag = ViewController::kSortDescendingTag;
+    }
+    menu.items.push_back(MenuItem::makeSeparator());
+    menu.items.push_back(submenu("MenuDescending", std::move(descending)));
+    return menu;
+}
+
+Menu AppDelegate::cleanUpMenu() const {
+    MenuItem marks = command("MenuShowMarks", "showMarks:");
+    marks.checked = platform_.base.defaults.boolForKey("ShowMarks");
+    return Menu{.items = {std::move(marks), command("MenuClearMarks", "clearMarks:"),
+                          command("MenuLegend", "legendaSheet:"), MenuItem::makeSeparator(),
+                          command("MenuFindDuplicates", "findDuplicates:"),
+                          command("MenuDeleteDuplicates", "deleteDuplicatesCommand:"),
+                          command("MenuMoveDelete", "moveDeleteSheet:")}};
+}
+
+// The menu is made anew whenever it comes up, with its check mark.
+void AppDelegate::showMarks(bool /*shown*/) {
+    for (const Document* document : documentController_.documents())
+        if (ViewController* controller = documentController_.getViewController(*document))
+            controller->showMarksView();
 }
 
 Menu AppDelegate::viewMenu() const {

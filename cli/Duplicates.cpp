@@ -14,8 +14,7 @@ Result<void> listDuplicates(const Session& session, const std::string& input, bo
     Bookmark& root = (*document)->getMaster();
     moveWasteBasketDown(root, session.services.texts);
     clearDuplicateStatus(root);
-    const std::vector<Bookmark*> duplicates = findDuplicates(root);
-    markDuplicates(root);
+    const std::vector<Bookmark*> duplicates = markDuplicates(root);
     Lines lines(session);
     auto next = duplicates.begin();
     walkWithPaths(root, [&](const Bookmark& node, const std::string& path) {

@@ -120,9 +120,11 @@ std::vector<Bookmark*> findDuplicates(const Bookmark& root) {
     return duplicates;
 }
 
-void markDuplicates(const Bookmark& root) {
-    for (Bookmark* item : findDuplicates(root))
+std::vector<Bookmark*> markDuplicates(const Bookmark& root) {
+    std::vector<Bookmark*> duplicates = findDuplicates(root);
+    for (Bookmark* item : duplicates)
         item->setStatus(kDuplicateStatus);
+    return duplicates;
 }
 
 std::vector<Bookmark*> clearDuplicateStatus(const Bookmark& root) {

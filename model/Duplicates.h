@@ -18,8 +18,8 @@ std::vector<Bookmark*> findDuplicates(const Bookmark& root);
 /// True when the texts differ in nothing but the case of ASCII letters.
 bool equalIgnoringAsciiCase(std::string_view a, std::string_view b);
 
-/// Gives every duplicate the status for it. Earlier marks stay.
-void markDuplicates(const Bookmark& root);
+/// Gives every duplicate the status for it, and gives them. Earlier marks stay.
+std::vector<Bookmark*> markDuplicates(const Bookmark& root);
 
 /// Takes the status of duplicates from every item that has it and is no folder, and gives those items, in
 /// document order. Other statuses stay.

@@ -32,12 +32,22 @@ struct Alert {
     const Document* document = nullptr;
 };
 
+/// The answer to an alert with a box to say that it is not to come again.
+struct SuppressibleAnswer {
+    /// As that of `runModal`.
+    int response = kAlertFirstButton;
+    bool suppressed = false;
+};
+
 class Alerts {
 public:
     virtual ~Alerts() = default;
 
     /// Shows the alert and waits for an answer: `kAlertFirstButton` plus the button's index.
     virtual int runModal(const Alert& alert) = 0;
+
+    /// The same with a check box of this title.
+    virtual SuppressibleAnswer runModalSuppressible(const Alert& alert, const std::string& boxTitle) = 0;
 };
 
 } // namespace tabulon

@@ -3,6 +3,8 @@
 #include "ui/Icons.h"
 #include "ui/Strings.h"
 #include "ui/document/DocumentMainWindow.h"
+#include "ui/document/FindBarWidget.h"
+#include "ui/document/MarkSheets.h"
 #include "ui/document/OutlineWidget.h"
 
 #include <QApplication>
@@ -31,6 +33,11 @@ public:
     void setURLFieldText(const std::string& text) override { window_->showURLFieldText(oneLine(text)); }
     void setURLFieldFontSize(double size) override { window_->setURLFieldFontSize(size); }
     void showEmptyState(bool empty) override { window_->showEmptyState(empty); }
+    FindBar& findBar() override { return window_->findBar(); }
+    void presentMoveDelete(std::shared_ptr<MoveDeleteController> controller) override {
+        tabulon::presentMoveDelete(window_, std::move(controller), owner_.platform_->base.texts);
+    }
+    void presentLegenda() override { tabulon::presentLegenda(window_, owner_.platform_->base.texts); }
     std::string frame() const override { return window_->frame(); }
     void setFrame(const std::string& frame) override { window_->setFrame(frame); }
     bool applicationIsActive() const override {

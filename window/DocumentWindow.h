@@ -1,12 +1,15 @@
 // A document's window as the controllers see it. How it looks is ui/'s affair.
 #pragma once
 
+#include "window/FindBar.h"
 #include "window/OutlineView.h"
 
+#include <memory>
 #include <string>
 
 namespace tabulon {
 
+class MoveDeleteController;
 class ViewController;
 
 /// Texts are UTF-8. Destroying the object closes the window without a question.
@@ -24,6 +27,13 @@ public:
     virtual void setURLFieldFontSize(double size) = 0;
     /// True shows the help for an empty document in place of the rows.
     virtual void showEmptyState(bool empty) = 0;
+
+    virtual FindBar& findBar() = 0;
+
+    /// The sheet calls `viewDidLoad` when it comes up, and `done` and `execute` unless it is cancelled.
+    virtual void presentMoveDelete(std::shared_ptr<MoveDeleteController> controller) = 0;
+    /// What the marks of links mean.
+    virtual void presentLegenda() = 0;
 
     /// Place and size of the window as a text that `setFrame` of any window understands; what it does not
     /// understand is passed over.

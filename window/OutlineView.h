@@ -2,6 +2,7 @@
 // draws rows, keeps the selection and reports what the user did; it decides nothing.
 #pragma once
 
+#include "model/TreeSort.h"
 #include "window/CellContent.h"
 
 #include <algorithm>
@@ -74,6 +75,8 @@ public:
     virtual void removeTagsColumn() = 0;
     /// Where the tags column stands among the columns; nothing while it is not shown.
     virtual std::optional<std::size_t> tagsColumnIndex() const = 0;
+    /// The column whose title says that the document was sorted by it, and which way; nothing for none.
+    virtual void showSortIndicator(std::optional<Column> column, SortDirection direction) = 0;
     /// The font of all cells and the height of every row, in points of 1/72 inch.
     virtual void setTableFont(const OutlineFont& font, double rowHeight) = 0;
 };

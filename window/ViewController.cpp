@@ -1,9 +1,8 @@
 // Construction, the window, rows and the alerts that commands share.
 #include "window/ViewController.h"
 
-#include "model/Collation.h"
-
 #include <algorithm>
+#include <array>
 #include <compare>
 
 namespace tabulon {
@@ -34,6 +33,9 @@ void ViewController::addActions() {
     actions_.add("zoomIn:", [this](const MenuItem&) { zoomIn(); });
     actions_.add("zoomOut:", [this](const MenuItem&) { zoomOut(); });
     addEditingActions();
+    addMarkActions();
+    addSortActions();
+    addFindActions();
 }
 
 void ViewController::addEditingActions() {
@@ -58,8 +60,38 @@ void ViewController::addEditingActions() {
         [this](const MenuItem& sender) { labelBookmark(static_cast<std::uint8_t>(sender.tag)); }, selected);
 }
 
+void ViewController::addMarkActions() {
+    actions_.add("showMarks:", [this](const MenuItem&) { showMarks(); });
+    actions_.add("findDuplicates:", [this](const MenuItem&) { findDuplicates(); });
+    actions_.add("clearMarks:", [this](const MenuItem&) { clearMarks(); });
+    actions_.add("deleteDuplicatesCommand:", [this](const MenuItem&) { deleteDuplicatesCommand(); });
+    actions_.add("moveDeleteSheet:", [this](const MenuItem&) { moveDeleteSheet(); });
+    actions_.add("legendaSheet:", [this](const MenuItem&) { legendaSheet(); });
+}
+
+void ViewController::addSortActions() {
+    static constexpr std::array kActions = {
+        "sortByName:",      "sortByURL:",          "sortByTags:",
+        "sortByDateAdded:", "sortByDateModified:", "sortByDateLastOpened:"};
+    for (std::size_t index = 0; index < kActions.size(); ++index)
+        actions_.add(
+            kActions[index],
+            [this, index](const MenuItem& sender) {
+                const bool descending = sender.tag == kSortDescendingTag || platform_.keyboard.isOptionDown();
+                sortByIndexAscending(static_cast<int>(index), !descending);
+            },
+            [this](const MenuItem&) { return hasOneSelectedFolder(); });
+}
+
+void ViewController::addFindActions() {
+    actions_.add("performFindPanelAction:", [this](const MenuItem&) { findBar_.showFindView(); });
+    actions_.add("hideFindView:", [this](const MenuItem&) { findBar_.hideFindView(); });
+    actions_.add("findNext:", [this](const MenuItem&) { findBar_.findNext(); });
+}
+
 void ViewController::setWindow(DocumentWindow* window) {
     window_ = window;
+    findBar_.setFindBar(&window->findBar());
     viewDidLoad();
     documentStateChanged();
     window_->showEmptyState(rows_.size() == 0);
@@ -125,12 +157,11 @@ std::size_t characterCount(std::string_view text) {
 } // namespace
 
 std::optional<std::size_t> ViewController::rowWithPrefix(const std::string& prefix, std::size_t start) const {
-    const Collation collation(platform_.base.texts.locale());
     const std::size_t length = characterCount(prefix);
     for (std::size_t step = 0; step < rows_.size(); ++step) {
         const std::size_t row = (start + step) % rows_.size();
         const std::string_view name = firstCharacters(rows_.at(row).itemName().view(), length);
-        if (!name.empty() && std::is_eq(collation.compareIgnoringCase(name, prefix)))
+        if (!name.empty() && std::is_eq(collation_.compareIgnoringCase(name, prefix)))
             return row;
     }
     return std::nullopt;

@@ -1,20 +1,27 @@
 // The outline controller: one for each document window. It holds the visible rows of the document's tree and
 // carries every command on them; the view (OutlineView) mirrors it. Split by concern: _presentation (what
 // cells show), _table (font size, tags column), _expanding, _inserting, _removing, _fields (editing in
-// place), _labels, _pasteboard, _dragging, _baskets, _hover (the URL field), _export.
+// place), _labels, _pasteboard, _dragging, _baskets, _marks, _sorting, _find, _hover (the URL field),
+// _export.
 #pragma once
 
+#include "model/Collation.h"
 #include "model/Document.h"
+#include "model/Finder.h"
+#include "model/StatusRemoval.h"
+#include "model/TreeSort.h"
 #include "platform/Platform.h"
 #include "window/ActionTable.h"
 #include "window/CellContent.h"
 #include "window/DocumentWindow.h"
 #include "window/DragInfo.h"
+#include "window/FindBar.h"
 #include "window/PasteboardItem.h"
 #include "window/SharedState.h"
 #include "window/VisibleRows.h"
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -217,6 +224,61 @@ public:
     std::vector<Bookmark*> getSelectionArray() const;
     void labelBookmark(std::uint8_t label);
 
+    // Marks: what is known of links (LinkType.h). Marking makes no change of the document.
+
+    /// Shows or hides them in every window.
+    void showMarks();
+    void enableMarks();
+    /// The setting "ShowMarks" has changed: the rows are shown accordingly.
+    void showMarksView();
+    /// Marks every link whose URL an earlier one has (model/Duplicates.h).
+    void findDuplicates();
+    void clearMarks();
+    /// Has the Waste Basket moved to the end where it stands elsewhere, after a question. Gives the response,
+    /// or that of the first button where there is nothing to ask.
+    int moveWasteDown();
+    /// Asks in a sheet which marked links go, and where; then `deleteSheetExecute`.
+    void moveDeleteSheet();
+    void deleteSheetExecute();
+    /// Removes links by their status (model/StatusRemoval.h) and tells how many.
+    void deleteBookmarksConditionalCommand(const RemovalOptions& options);
+    /// Deletes all duplicates, after a question.
+    void deleteDuplicatesCommand();
+    void deleteDuplicatesExecute();
+    /// Tells what the marks mean.
+    void legendaSheet();
+
+    // Sorting (model/TreeSort.h)
+
+    /// Sorts the folders that a command acts on; `index` is the number of the key.
+    void sortByIndexAscending(int index, bool ascending);
+    /// A menu item with this tag sorts descending; so does every one while Option is held.
+    static constexpr int kSortDescendingTag = 1;
+    /// The user has clicked a column's title. Where columns sort, the document is sorted by it, the other way
+    /// round with each further click; where the user was not asked yet whether they are to, a question comes
+    /// up in a moment.
+    void headerClicked(Column column);
+    void sortDescriptorsDidChange(Column column, SortDirection direction);
+    void sortNameSheet();
+    /// Columns sort from now on, upwards first; those that do already, the other way round first.
+    void addSortDescriptors();
+    void defaultNoSorting();
+
+    // Finding (model/Finder.h)
+
+    FindBarController& findBar() { return findBar_; }
+    const std::string& searchString() const { return finder_.searchString(); }
+    void setSearchString(std::string text) { finder_.setSearchString(std::move(text)); }
+    Bookmark* foundBookmark() const { return finder_.foundBookmark(); }
+    void setFoundBookmark(Bookmark* node) { finder_.setFoundBookmark(node); }
+    /// Goes to the first match and gives the number of all.
+    std::size_t findText(const std::string& string);
+    /// Beeps without a search string and behind the last match.
+    void findNext();
+    /// Selects the node's row alone and scrolls to it; collapsed folders above it are expanded. A node
+    /// without a row leaves the selection as it is.
+    void selectBookmark(Bookmark& node);
+
     // Editing in place
 
     bool shouldEdit(Column column, const Bookmark& item) const;
@@ -282,6 +344,9 @@ private:
 
     void addActions();
     void addEditingActions();
+    void addMarkActions();
+    void addSortActions();
+    void addFindActions();
     Date now() const { return Date::now(platform_.base.clock); }
     struct Place {
         Bookmark* folder;
@@ -293,6 +358,10 @@ private:
     void insertChild(Bookmark& folder, std::size_t index, Ref<Bookmark> item);
     std::optional<std::size_t> rowForNewChild(const Bookmark& folder, std::size_t index) const;
     void insertRowsOf(Bookmark& item, std::size_t row);
+    void setShowMarks(bool shown);
+    void reloadItems(const std::vector<Bookmark*>& items);
+    Removal deleteBookmarksConditional(const RemovalOptions& options);
+    void reveal(const Bookmark& node);
     Bookmark& basketOfKey(std::string_view key);
     void addFirst(Ref<Bookmark> item, Bookmark& folder);
     void removeItem(Bookmark& item);
@@ -351,6 +420,12 @@ private:
     bool changesManyRows_ = false; // the rows are laid out anew at the end
     DragOperation dragOperation_ = DragOperation::None;
     std::unique_ptr<Timer> autoEdit_;
+    std::unique_ptr<Timer> sortQuestion_;
+    std::map<Column, SortDirection> sortPrototypes_; // of the columns that sort, how they do at first
+    std::optional<std::pair<Column, SortDirection>> sortedBy_;
+    const Collation collation_{platform_.base.texts.locale()};
+    Finder finder_{shared_.findPhases, collation_};
+    FindBarController findBar_{*this, platform_};
     std::string urlFieldText_;
     std::string windowTitle_; // empty where it is the document's name
     const std::shared_ptr<const bool> life_ = std::make_shared<const bool>(true);

@@ -21,6 +21,8 @@ void ViewController::viewDidLoad() {
     fitURLField(font().size);
     if (defaults.boolForKey("AddTagsColumn"))
         addTagsColumn();
+    if (defaults.boolForKey("ColumnSort"))
+        addSortDescriptors();
 }
 
 void ViewController::zoomIn() {
@@ -57,6 +59,7 @@ void ViewController::fitURLField(double fontSize) {
 }
 
 void ViewController::addTagsColumn() {
+    shared_.findPhases.tagsWithName = true;
     if (outline().tagsColumnIndex())
         return;
     const UserDefaults& defaults = platform_.base.defaults;
@@ -65,6 +68,7 @@ void ViewController::addTagsColumn() {
 }
 
 void ViewController::removeTagsColumn() {
+    shared_.findPhases.tagsWithName = false;
     if (outline().tagsColumnIndex())
         outline().removeTagsColumn();
 }

@@ -26,11 +26,18 @@ namespace tabulon {
 class FakeAlerts : public Alerts {
 public:
     int runModal(const Alert& alert) override;
+    SuppressibleAnswer runModalSuppressible(const Alert& alert, const std::string& boxTitle) override {
+        boxTitles.push_back(boxTitle);
+        return {runModal(alert), suppresses};
+    }
 
     /// The next alert is answered with the button of this title, which it must have.
     void answer(std::string buttonTitle) { answers_.push_back(std::move(buttonTitle)); }
 
     std::vector<Alert> shown;
+    std::vector<std::string> boxTitles;
+    /// Whether the user ticks the box.
+    bool suppresses = false;
     /// Called while an alert is shown, before its answer.
     std::function<void()> whileShown;
 

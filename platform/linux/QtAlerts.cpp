@@ -1,5 +1,6 @@
 #include "platform/linux/QtAlerts.h"
 
+#include <QCheckBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QMessageBox>
@@ -68,6 +69,18 @@ void layOut(QMessageBox& box) {
 
 int QtAlerts::runModal(const Alert& alert) {
     QMessageBox box(windowFor_(alert.document));
+    return run(box, alert);
+}
+
+SuppressibleAnswer QtAlerts::runModalSuppressible(const Alert& alert, const std::string& boxTitle) {
+    QMessageBox box(windowFor_(alert.document));
+    auto* check = new QCheckBox(QString::fromStdString(boxTitle).replace('&', "&&"), &box);
+    box.setCheckBox(check);
+    const int response = run(box, alert);
+    return {response, check->isChecked()};
+}
+
+int QtAlerts::run(QMessageBox& box, const Alert& alert) {
     box.setIcon(iconFor(alert.style));
     box.setWindowTitle(QStringLiteral("Tabulon"));
     box.setText(plain(alert.message));

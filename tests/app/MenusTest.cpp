@@ -37,7 +37,8 @@ TEST_F(MenusTest, EveryItemHasATitleAndWorks) {
             return;
         EXPECT_FALSE(item.title.empty());
         EXPECT_FALSE(item.title.starts_with("Menu")) << "a text is missing: " << item.title;
-        if (item.action != "clearRecentDocuments:" && item.action != "addBookmark:") { // which wants a folder
+        if (item.action != "clearRecentDocuments:" && item.action != "addBookmark:" &&
+            !item.action.starts_with("sortBy")) { // which want a folder
             EXPECT_TRUE(app.validateMenuItem(item)) << item.title;
         }
     });

@@ -28,6 +28,9 @@ public:
     void setURLFieldText(const std::string& text) override { urlField = text; }
     void setURLFieldFontSize(double) override {}
     void showEmptyState(bool) override {}
+    FindBar& findBar() override { return bar; }
+    void presentMoveDelete(std::shared_ptr<MoveDeleteController>) override {}
+    void presentLegenda() override {}
     std::string frame() const override { return {}; }
     void setFrame(const std::string&) override {}
     bool applicationIsActive() const override { return true; }
@@ -36,6 +39,7 @@ public:
     void performMiniaturize() override {}
 
     OutlineWidget widget;
+    MemoryFindBar bar;
     std::string urlField;
 };
 

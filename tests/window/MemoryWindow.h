@@ -3,6 +3,7 @@
 #pragma once
 
 #include "window/DocumentWindow.h"
+#include "window/MoveDeleteController.h"
 #include "window/ViewController.h"
 
 #include <gtest/gtest.h>
@@ -77,6 +78,10 @@ public:
     }
     void removeTagsColumn() override { tagsColumn.reset(); }
     std::optional<std::size_t> tagsColumnIndex() const override { return tagsColumn; }
+    void showSortIndicator(std::optional<Column> column, SortDirection direction) override {
+        sortedBy = column;
+        sortDirection = direction;
+    }
     void setTableFont(const OutlineFont& newFont, double newRowHeight) override {
         font = newFont;
         rowHeight = newRowHeight;
@@ -101,6 +106,8 @@ public:
     int reloads = 0;
     std::optional<std::size_t> tagsColumn;
     double tagsWidth = 0;
+    std::optional<Column> sortedBy;
+    SortDirection sortDirection = SortDirection::Ascending;
     OutlineFont font;
     double rowHeight = 0;
 
@@ -117,6 +124,20 @@ private:
     RowRange pending_{0, 0};
 };
 
+class MemoryFindBar : public FindBar {
+public:
+    bool isFindBarShown() const override { return shown; }
+    void setFindBarShown(bool isShown) override { shown = isShown; }
+    void selectSearchText() override { ++selections; }
+    void setSearchText(const std::string& newText) override { text = newText; }
+    void setMatchesLabel(const std::string& newLabel) override { label = newLabel; }
+
+    bool shown = false;
+    int selections = 0;
+    std::string text;
+    std::string label;
+};
+
 class MemoryWindow : public DocumentWindow {
 public:
     explicit MemoryWindow(ViewController& controller) : outlineView(controller) {}
@@ -130,6 +151,12 @@ public:
     void setURLFieldText(const std::string& text) override { urlField = text; }
     void setURLFieldFontSize(double size) override { urlFieldFontSize = size; }
     void showEmptyState(bool isEmpty) override { empty = isEmpty; }
+    FindBar& findBar() override { return bar; }
+    void presentMoveDelete(std::shared_ptr<MoveDeleteController> controller) override {
+        moveDelete = std::move(controller);
+        moveDelete->viewDidLoad();
+    }
+    void presentLegenda() override { ++legends; }
     std::string frame() const override { return place; }
     void setFrame(const std::string& frame) override { place = frame; }
     bool applicationIsActive() const override { return active; }
@@ -141,6 +168,9 @@ public:
     void performMiniaturize() override { miniaturized = true; }
 
     MemoryOutline outlineView;
+    MemoryFindBar bar;
+    std::shared_ptr<MoveDeleteController> moveDelete;
+    int legends = 0;
     std::string title;
     std::string file;
     bool edited = false;

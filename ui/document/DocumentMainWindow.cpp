@@ -6,6 +6,7 @@
 #include "ui/Strings.h"
 #include "ui/document/ElidedLabel.h"
 #include "ui/document/EmptyState.h"
+#include "ui/document/FindBarWidget.h"
 #include "ui/document/OutlineHeader.h"
 #include "ui/document/OutlineWidget.h"
 #include "window/FileUri.h"
@@ -57,7 +58,8 @@ DocumentMainWindow::DocumentMainWindow(ViewController& controller, AppDelegate& 
                                        const Localization& texts, UserDefaults& state)
     : controller_(&controller), app_(app), state_(state), pages_(new QStackedWidget(this)),
       outline_(new OutlineWidget(controller, columnTitles(texts), pages_)),
-      emptyState_(new EmptyState(texts, pages_)), urlField_(new ElidedLabel(this)) {
+      emptyState_(new EmptyState(texts, pages_)),
+      findBar_(new FindBarWidget(controller.findBar(), texts, this)), urlField_(new ElidedLabel(this)) {
     setWindowIcon(iconNamed("tabulon"));
     setAcceptDrops(true);
     setMinimumSize(kSmallestSize);
@@ -69,9 +71,11 @@ DocumentMainWindow::DocumentMainWindow(ViewController& controller, AppDelegate& 
     auto* layout = new QVBoxLayout(content);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
+    layout->addWidget(findBar_);
     layout->addWidget(pages_, 1);
     layout->addWidget(urlField_);
     setCentralWidget(content);
+    connect(findBar_, &FindBarWidget::closed, this, [this] { pages_->currentWidget()->setFocus(); });
     connect(emptyState_, &EmptyState::openRequested, this, [this] { app_.openDocumentPanel(); });
     rememberColumns();
     restoreGeometryOfLastWindow();
@@ -105,6 +109,7 @@ QSize DocumentMainWindow::roomOnScreen() const {
 void DocumentMainWindow::detach() {
     controller_ = nullptr;
     outline_->detach();
+    findBar_->detach();
 }
 
 Document* DocumentMainWindow::document() const {

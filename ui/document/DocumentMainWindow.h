@@ -14,6 +14,7 @@ class AppDelegate;
 class Document;
 class ElidedLabel;
 class EmptyState;
+class FindBarWidget;
 class Localization;
 class OutlineWidget;
 class ViewController;
@@ -31,6 +32,7 @@ public:
     void detach();
 
     OutlineWidget& outline() const { return *outline_; }
+    FindBarWidget& findBar() const { return *findBar_; }
     /// Null after `detach`.
     Document* document() const;
 
@@ -66,6 +68,7 @@ private:
     QStackedWidget* pages_;
     OutlineWidget* outline_;
     EmptyState* emptyState_;
+    FindBarWidget* findBar_;
     ElidedLabel* urlField_;
 };
 

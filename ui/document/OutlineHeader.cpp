@@ -17,7 +17,7 @@ constexpr int kTags = OutlineHeader::sectionOf(Column::Tags);
 } // namespace
 
 OutlineHeader::OutlineHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
-    setSectionsClickable(false);
+    setSectionsClickable(true);
     setSectionsMovable(true);
     setHighlightSections(false);
     setMinimumSectionSize(kSmallestColumn);
@@ -140,7 +140,8 @@ void OutlineHeader::paintSection(QPainter* painter, const QRect& rect, int secti
     painter->save();
     QHeaderView::paintSection(painter, rect, section);
     painter->restore();
-    const QRect room = rect.adjusted(kMargin, 0, -kMargin, 0);
+    const int arrow = isSortIndicatorShown() && sortIndicatorSection() == section ? height() : 0;
+    const QRect room = rect.adjusted(kMargin, 0, -kMargin - arrow, 0);
     const QString title = model()->headerData(section, orientation()).toString();
     painter->setPen(palette().color(QPalette::ButtonText));
     painter->drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,

@@ -65,6 +65,13 @@ void OutlineWidget::connectHeader() {
     connect(header_, &OutlineHeader::laidOut, this, columnsChanged);
     connect(header_, &QHeaderView::sectionMoved, this, columnsChanged);
     connect(header_, &OutlineHeader::columnsMoved, this, [this] { controller_->outlineViewColumnDidMove(); });
+    connect(header_, &QHeaderView::sectionClicked, this, [this](int section) {
+        if (!controller_)
+            return;
+        controller_->headerClicked(static_cast<Column>(section));
+        // A click turns the arrow by itself, also where it does not sort.
+        header_->setSortIndicator(sortedSection_, sortOrder_);
+    });
     connect(header_, &OutlineHeader::tagsWidthChanged, this,
             [this](int width) { controller_->tagsColumnDidResize(width / pixelsPerPoint()); });
 }
@@ -95,6 +102,13 @@ void OutlineWidget::applyFont() {
     rowHeight_ = std::max({wantedHeight, iconSize_ + 4, textHeight + 2});
     OutlineWidget::updateGeometries();
     viewport()->update();
+}
+
+void OutlineWidget::showSortIndicator(std::optional<Column> column, SortDirection direction) {
+    sortedSection_ = column ? OutlineHeader::sectionOf(*column) : -1;
+    sortOrder_ = direction == SortDirection::Ascending ? Qt::AscendingOrder : Qt::DescendingOrder;
+    header_->setSortIndicatorShown(column.has_value());
+    header_->setSortIndicator(sortedSection_, sortOrder_);
 }
 
 void OutlineWidget::setTableFont(const OutlineFont& font, double rowHeight) {

@@ -82,6 +82,7 @@ public:
     void addTagsColumn(std::size_t index, double width) override;
     void removeTagsColumn() override;
     std::optional<std::size_t> tagsColumnIndex() const override;
+    void showSortIndicator(std::optional<Column> column, SortDirection direction) override;
     void setTableFont(const OutlineFont& font, double rowHeight) override;
 
     // QAbstractItemView
@@ -180,6 +181,8 @@ private:
     OutlineFont font_;
     double rowHeightInPoints_ = 0;
     int rowHeight_ = 23;
+    int sortedSection_ = -1;
+    Qt::SortOrder sortOrder_ = Qt::AscendingOrder;
     int iconSize_ = 16;
     QPersistentModelIndex edited_;
     std::vector<PasteboardItem> draggedItems_; // over this outline

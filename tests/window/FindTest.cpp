@@ -1,0 +1,147 @@
+// The find bar and what it shows of a match: rows, expanded folders, beeps, recent searches.
+#include "tests/window/WindowFixture.h"
+
+namespace tabulon {
+namespace {
+
+class FindTest : public WindowTest {
+protected:
+    using Names = std::vector<std::string>;
+    FindBarController& bar() { return controller->findBar(); }
+};
+
+TEST_F(FindTest, theBarComesUpWithItsTextSelectedAndGoes) {
+    open();
+    const MenuItem item{.action = "performFindPanelAction:"};
+    controller->actions().perform(item);
+    EXPECT_TRUE(window->bar.shown);
+    EXPECT_EQ(window->bar.selections, 1);
+    controller->actions().perform(item);
+    EXPECT_EQ(window->bar.selections, 2);
+    bar().hideFindView();
+    EXPECT_FALSE(window->bar.shown);
+    EXPECT_EQ(beeper.beeps, 0);
+    bar().hideFindView();
+    EXPECT_EQ(beeper.beeps, 1);
+}
+
+TEST_F(FindTest, aSearchCountsAndSelectsTheFirstMatch) {
+    add(makeLink("a", "none"));
+    Bookmark& b = add(makeLink("b hit", "none"));
+    add(makeLink("c", "hit"));
+    open();
+    bar().doSearch("HIT");
+    EXPECT_EQ(window->bar.label, "2 matches");
+    EXPECT_EQ(outline().selected, std::set<Bookmark*>{&b});
+    EXPECT_EQ(outline().scrolledTo, 1u);
+    EXPECT_EQ(controller->foundBookmark(), &b);
+    EXPECT_EQ(controller->searchString(), "HIT");
+    bar().controlTextDidBeginEditing();
+    EXPECT_EQ(window->bar.label, "");
+    bar().doSearch("nothing");
+    EXPECT_EQ(window->bar.label, "0 matches");
+    EXPECT_EQ(outline().selected, std::set<Bookmark*>{&b});
+    bar().doSearch("");
+    EXPECT_EQ(window->bar.label, "");
+    EXPECT_EQ(controller->searchString(), "nothing");
+    EXPECT_EQ(document.changeCount(), 0);
+}
+
+TEST_F(FindTest, findNextBeepsWithoutASearchStringAndBehindTheLastMatch) {
+    Bookmark& a = add(makeLink("a hit", "x"));
+    Bookmark& b = add(makeLink("b hit", "x"));
+    open();
+    bar().findNext();
+    EXPECT_EQ(beeper.beeps, 1);
+    bar().doSearch("hit");
+    bar().findNext();
+    EXPECT_EQ(outline().selected, std::set<Bookmark*>{&b});
+    bar().findNext();
+    EXPECT_EQ(beeper.beeps, 2);
+    EXPECT_EQ(outline().selected, std::set<Bookmark*>{&b});
+    bar().findNext();
+    EXPECT_EQ(outline().selected, std::set<Bookmark*>{&a});
+}
+
+TEST_F(FindTest, aMatchInCollapsedFoldersIsRevealed) {
+    Bookmark& outer = add(makeFolder("outer", false));
+    Bookmark& inner = add(makeFolder("inner", false), &outer);
+    add(makeFolder("beside", false), &inner);
+    Bookmark& link = add(makeLink("hit", "x"), &inner);
+    open();
+    controller->findText("hit");
+    EXPECT_EQ(rowNames(), (Names{"outer", "inner", "beside", "hit"}));
+    EXPECT_TRUE(outer.showHier() && inner.showHier());
+    EXPECT_EQ(outline().selected, std::set<Bookmark*>{&link});
+    EXPECT_EQ(outline().scrolledTo, 3u);
+    EXPECT_EQ(document.changeCount(), 2) << "each folder that was expanded";
+}
+
+TEST_F(FindTest, withoutRememberDesktopRevealingLeavesTheDocumentClean) {
+    base.defaults.setBoolForKey("RememberDesktop", false);
+    Bookmark& outer = add(makeFolder("outer", false));
+    add(makeLink("hit", "x"), &outer);
+    open();
+    controller->findText("hit");
+    EXPECT_EQ(rowNames(), (Names{"outer", "hit"}));
+    EXPECT_EQ(document.changeCount(), 0);
+}
+
+TEST_F(FindTest, theRootHasNoRowAndLeavesTheSelection) {
+    document.getMaster().setItemName("Master");
+    Bookmark& a = add(makeLink("a", "x"));
+    Bookmark& b = add(makeLink("master", "x"));
+    open();
+    controller->findText("master");
+    controller->findNext();
+    EXPECT_EQ(beeper.beeps, 1);
+    select({&a});
+    controller->findNext();
+    EXPECT_EQ(controller->foundBookmark(), &document.getMaster());
+    EXPECT_EQ(outline().selected, std::set<Bookmark*>{&a});
+    controller->findNext();
+    EXPECT_EQ(outline().selected, std::set<Bookmark*>{&b});
+}
+
+TEST_F(FindTest, afterTheFoundItemWasDeletedItBeginsAgain) {
+    Bookmark& a = add(makeLink("a hit", "x"));
+    Bookmark& b = add(makeLink("b hit", "x"));
+    open();
+    controller->findText("hit");
+    controller->findNext();
+    select({&b});
+    controller->deleteSelection();
+    controller->findNext();
+    EXPECT_EQ(outline().selected, std::set<Bookmark*>{&a});
+    EXPECT_EQ(beeper.beeps, 0);
+}
+
+TEST_F(FindTest, theColumnOfTagsTakesThemForNames) {
+    add(makeLink("a", "x")).setItemTags("hit");
+    open();
+    controller->addTagsColumn();
+    EXPECT_TRUE(shared.findPhases.tagsWithName);
+    controller->removeTagsColumn();
+    EXPECT_FALSE(shared.findPhases.tagsWithName);
+}
+
+TEST_F(FindTest, recentSearchesAreKeptTheNewestFirst) {
+    open();
+    EXPECT_TRUE(bar().recentSearches().empty());
+    for (int i = 0; i < 12; ++i)
+        bar().noteRecentSearch("text " + std::to_string(i));
+    bar().noteRecentSearch("text 5");
+    bar().noteRecentSearch("");
+    const Names recents = bar().recentSearches();
+    ASSERT_EQ(recents.size(), FindBarController::kMostRecents);
+    EXPECT_EQ(recents[0], "text 5");
+    EXPECT_EQ(recents[1], "text 11");
+    EXPECT_EQ(std::ranges::count(recents, "text 5"), 1);
+    open();
+    EXPECT_EQ(bar().recentSearches(), recents) << "they outlive the window";
+    bar().clearRecentSearches();
+    EXPECT_TRUE(bar().recentSearches().empty());
+}
+
+} // namespace
+} // namespace tabulon

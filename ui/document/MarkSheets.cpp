@@ -1,0 +1,133 @@
+#include "ui/document/MarkSheets.h"
+
+#include "model/LinkType.h"
+#include "platform/Localization.h"
+#include "ui/Icons.h"
+#include "ui/Strings.h"
+#include "window/MoveDeleteController.h"
+
+#include <QCheckBox>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QTimer>
+
+namespace tabulon {
+namespace {
+
+constexpr int kImageSize = 16;
+constexpr int kGap = 10;
+constexpr int kTextWidth = 52; // average characters
+
+QDialog* sheetOf(QWidget* window, const QString& title) {
+    auto* sheet = new QDialog(window, Qt::Sheet | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    sheet->setWindowModality(Qt::WindowModal);
+    sheet->setWindowTitle(title);
+    return sheet;
+}
+
+QLabel* plainLabel(const std::string& text, QWidget* parent) {
+    auto* label = new QLabel(toQString(text), parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
+}
+
+QLabel* headline(const std::string& text, QWidget* parent) {
+    QLabel* label = plainLabel(text, parent);
+    QFont bold = label->font();
+    bold.setBold(true);
+    label->setFont(bold);
+    label->setWordWrap(false);
+    return label;
+}
+
+QLabel* statusImage(std::uint8_t status, QWidget* parent) {
+    auto* label = new QLabel(parent);
+    label->setPixmap(iconNamed(statusImageName(status))
+                         .pixmap(QSize(kImageSize, kImageSize), parent->devicePixelRatioF()));
+    return label;
+}
+
+struct BoxPlace {
+    QGridLayout* grid;
+    QSet<QChar>* taken;
+};
+
+QCheckBox* addBox(QDialog* sheet, const BoxPlace& place, bool& value, const std::string& title,
+                  std::uint8_t status) {
+    auto* box = new QCheckBox(withMnemonic(title, *place.taken), sheet);
+    box->setChecked(value);
+    QObject::connect(box, &QCheckBox::toggled, sheet, [&value](bool on) { value = on; });
+    const int row = place.grid->rowCount();
+    if (status != kNoStatus)
+        place.grid->addWidget(statusImage(status, sheet), row, 0);
+    place.grid->addWidget(box, row, 1);
+    return box;
+}
+
+} // namespace
+
+void presentMoveDelete(QWidget* window, std::shared_ptr<MoveDeleteController> controller,
+                       const Localization& texts) {
+    controller->viewDidLoad();
+    QDialog* sheet = sheetOf(window, toQString(texts.text("MoveDeleteTitle")));
+    auto* layout = new QVBoxLayout(sheet);
+    layout->addWidget(headline(texts.text("MoveDeleteText"), sheet));
+    auto* grid = new QGridLayout;
+    grid->setColumnStretch(1, 1);
+    grid->setHorizontalSpacing(kGap);
+    layout->addLayout(grid);
+    auto* buttons = new QDialogButtonBox(sheet);
+    QSet<QChar> taken;
+    QPushButton* ok = buttons->addButton(toQString(controller->okTitle()), QDialogButtonBox::AcceptRole);
+    buttons->addButton(toQString(texts.text("Cancel")), QDialogButtonBox::RejectRole);
+    const BoxPlace place{grid, &taken};
+    addBox(sheet, place, controller->duplicateLinks, texts.text("DuplicateLinks"), kDuplicateStatus);
+    addBox(sheet, place, controller->brokenLinks, texts.text("BrokenLinks"), kBrokenStatus);
+    addBox(sheet, place, controller->unknownLinks, texts.text("UnknownLinks"), kUnknownStatus);
+    grid->setRowMinimumHeight(grid->rowCount(), kGap);
+    QCheckBox* moves = addBox(sheet, place, controller->moveLinks, texts.text("MoveLinks"), kNoStatus);
+    layout->addSpacing(kGap);
+    layout->addWidget(buttons);
+    QObject::connect(moves, &QCheckBox::toggled, sheet,
+                     [=] { ok->setText(toQString(controller->okTitle())); });
+    ok->setDefault(true);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, sheet, &QDialog::reject);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, sheet, [=] {
+        controller->done();
+        sheet->accept();
+        QTimer::singleShot(0, window, [controller] { controller->execute(); });
+    });
+    sheet->open();
+}
+
+void presentLegenda(QWidget* window, const Localization& texts) {
+    QDialog* sheet = sheetOf(window, toQString(texts.text("MenuLegend")));
+    auto* layout = new QVBoxLayout(sheet);
+    layout->addWidget(headline(texts.text("LegendText"), sheet));
+    auto* grid = new QGridLayout;
+    grid->setColumnStretch(1, 1);
+    grid->setHorizontalSpacing(kGap);
+    grid->setVerticalSpacing(kGap);
+    layout->addLayout(grid);
+    static constexpr const char* kMeanings[] = {"LegendValid", "LegendMoved", "LegendBroken", "LegendUnknown",
+                                                "LegendDuplicate"};
+    for (std::uint8_t status = kValidStatus; status <= kDuplicateStatus; ++status) {
+        grid->addWidget(statusImage(status, sheet), status, 0, Qt::AlignTop);
+        QLabel* meaning = plainLabel(texts.text(kMeanings[status - 1]), sheet);
+        meaning->setMinimumWidth(kTextWidth * meaning->fontMetrics().averageCharWidth());
+        grid->addWidget(meaning, status, 1);
+    }
+    layout->addSpacing(kGap);
+    auto* buttons = new QDialogButtonBox(sheet);
+    buttons->addButton(toQString(texts.text("OK")), QDialogButtonBox::AcceptRole)->setDefault(true);
+    layout->addWidget(buttons);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, sheet, &QDialog::accept);
+    sheet->open();
+}
+
+} // namespace tabulon

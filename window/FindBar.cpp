@@ -1,0 +1,69 @@
+#include "window/FindBar.h"
+
+#include "window/ViewController.h"
+
+#include <algorithm>
+
+namespace tabulon {
+namespace {
+
+constexpr std::string_view kRecentsKey = "RecentSearches";
+
+} // namespace
+
+void FindBarController::showFindView() {
+    if (!bar_->isFindBarShown())
+        bar_->setFindBarShown(true);
+    bar_->selectSearchText();
+}
+
+void FindBarController::hideFindView() {
+    if (!bar_->isFindBarShown())
+        return platform_.beeper.beep();
+    bar_->setFindBarShown(false);
+}
+
+void FindBarController::doSearch(const std::string& text) {
+    if (text.empty())
+        return bar_->setMatchesLabel("");
+    bar_->setMatchesLabel(platform_.base.texts.format("%d matches", outline_.findText(text)));
+}
+
+void FindBarController::findNext() {
+    outline_.findNext();
+}
+
+void FindBarController::controlTextDidBeginEditing() {
+    bar_->setMatchesLabel("");
+}
+
+// One line each: a search field has no line breaks.
+std::vector<std::string> FindBarController::recentSearches() const {
+    std::vector<std::string> recents;
+    const std::string kept = platform_.state.stringForKey(kRecentsKey).value_or("");
+    for (std::size_t at = 0; at < kept.size();) {
+        const std::size_t end = std::min(kept.find('\n', at), kept.size());
+        if (end > at && recents.size() < kMostRecents)
+            recents.push_back(kept.substr(at, end - at));
+        at = end + 1;
+    }
+    return recents;
+}
+
+void FindBarController::noteRecentSearch(const std::string& text) {
+    if (text.empty() || text.find('\n') != std::string::npos)
+        return;
+    std::vector<std::string> recents = recentSearches();
+    std::erase(recents, text);
+    recents.insert(recents.begin(), text);
+    std::string kept;
+    for (std::size_t i = 0; i < std::min(recents.size(), kMostRecents); ++i)
+        kept += (i > 0 ? "\n" : "") + recents[i];
+    platform_.state.setStringForKey(kRecentsKey, kept);
+}
+
+void FindBarController::clearRecentSearches() {
+    platform_.state.removeKey(kRecentsKey);
+}
+
+} // namespace tabulon

@@ -1,0 +1,63 @@
+// The find bar of a document window: what the controller needs of the view, and the controller that the view
+// reports to.
+#pragma once
+
+#include "platform/Platform.h"
+
+#include <string>
+#include <vector>
+
+namespace tabulon {
+
+class ViewController;
+
+/// Texts are UTF-8.
+class FindBar {
+public:
+    virtual ~FindBar() = default;
+
+    virtual bool isFindBarShown() const = 0;
+    virtual void setFindBarShown(bool shown) = 0;
+    /// The keyboard goes to the search field, all of its text selected.
+    virtual void selectSearchText() = 0;
+    virtual void setSearchText(const std::string& text) = 0;
+    /// Empty for none.
+    virtual void setMatchesLabel(const std::string& text) = 0;
+};
+
+/// Recent searches are kept from run to run.
+class FindBarController {
+public:
+    /// What is handed in must live longer.
+    FindBarController(ViewController& outline, const Platform& platform)
+        : outline_(outline), platform_(platform) {}
+
+    /// The window's bar; before anything else is called.
+    void setFindBar(FindBar* bar) { bar_ = bar; }
+
+    /// Brings the bar up, if it is not there, and selects what is in its field.
+    void showFindView();
+    /// Beeps where it is not shown.
+    void hideFindView();
+    /// The search field's action: goes to the first match and tells how many there are. The empty text clears
+    /// that.
+    void doSearch(const std::string& text);
+    void findNext();
+    /// The user begins to type.
+    void controlTextDidBeginEditing();
+
+    // The menu of recent searches
+
+    /// The newest first, at most `kMostRecents`.
+    std::vector<std::string> recentSearches() const;
+    void noteRecentSearch(const std::string& text);
+    void clearRecentSearches();
+    static constexpr std::size_t kMostRecents = 10;
+
+private:
+    ViewController& outline_;
+    const Platform platform_;
+    FindBar* bar_ = nullptr;
+};
+
+} // namespace tabulon

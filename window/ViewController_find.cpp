@@ -1,0 +1,46 @@
+// Finding in the document: the first match, the next one, and showing it.
+#include "window/ViewController.h"
+
+namespace tabulon {
+
+std::size_t ViewController::findText(const std::string& string) {
+    const Finder::Start start = finder_.findText(getMaster(), string);
+    if (start.matched)
+        selectBookmark(*finder_.foundBookmark());
+    return start.count;
+}
+
+void ViewController::findNext() {
+    if (finder_.searchString().empty())
+        return platform_.beeper.beep();
+    if (Bookmark* found = finder_.findNext(getMaster()))
+        selectBookmark(*found);
+    else
+        platform_.beeper.beep();
+}
+
+void ViewController::selectBookmark(Bookmark& node) {
+    if (!rowForItem(node))
+        reveal(node);
+    if (const auto row = rowForItem(node)) {
+        outline().selectRows({{*row, 1}});
+        outline().scrollRowToVisible(*row);
+    }
+}
+
+// Everything above the node is expanded, the outermost folder last: its rows come in one go.
+void ViewController::reveal(const Bookmark& node) {
+    Bookmark* ancestor = node.getParent();
+    std::size_t changes = 0;
+    for (; ancestor && ancestor != &getMaster() && !rowForItem(*ancestor); ancestor = ancestor->getParent()) {
+        changes += std::size_t{ancestor->isFolder() && !ancestor->showHier()};
+        if (ancestor->isFolder())
+            ancestor->setShowHier(true);
+    }
+    if (!ancestor || ancestor == &getMaster())
+        return;
+    rememberDesktop(changes);
+    expandItem(*ancestor);
+}
+
+} // namespace tabulon

@@ -1,0 +1,137 @@
+// Marks: showing them, finding duplicates, removing links by their status.
+#include "model/Duplicates.h"
+#include "window/MoveDeleteController.h"
+#include "window/ViewController.h"
+
+namespace tabulon {
+
+void ViewController::setShowMarks(bool shown) {
+    platform_.base.defaults.setBoolForKey("ShowMarks", shown);
+    if (shared_.showMarks)
+        shared_.showMarks(shown);
+}
+
+void ViewController::showMarks() {
+    setShowMarks(!platform_.base.defaults.boolForKey("ShowMarks"));
+}
+
+void ViewController::enableMarks() {
+    if (!platform_.base.defaults.boolForKey("ShowMarks"))
+        setShowMarks(true);
+}
+
+void ViewController::showMarksView() {
+    if (rows_.size() > 0)
+        outline().reloadRows({0, rows_.size()});
+}
+
+// Those that have a row. The items are in document order, and so are their rows.
+void ViewController::reloadItems(const std::vector<Bookmark*>& items) {
+    RowSet rows;
+    for (const Bookmark* item : items)
+        if (const auto row = rowForItem(*item))
+            addRow(rows, *row);
+    for (const RowRange& range : rows)
+        outline().reloadRows(range);
+}
+
+void ViewController::findDuplicates() {
+    if (moveWasteDown() != kAlertFirstButton)
+        return;
+    enableMarks();
+    reloadItems(clearDuplicateStatus(getMaster()));
+    reloadItems(markDuplicates(getMaster()));
+}
+
+void ViewController::clearMarks() {
+    tabulon::clearMarks(getMaster());
+    if (platform_.base.defaults.boolForKey("ShowMarks"))
+        showMarksView();
+}
+
+int ViewController::moveWasteDown() {
+    const Ref<Bookmark> basket(misplacedWasteBasket(getMaster(), platform_.base.texts));
+    if (!basket)
+        return kAlertFirstButton;
+    const Localization& texts = platform_.base.texts;
+    const int response = platform_.alerts.runModal(
+        Alert{.style = AlertStyle::Warning,
+              .message = texts.text("WasteBasketTitle"),
+              .informative = texts.text("WasteBasketInfo"),
+              .buttons = {{texts.text("OK")}, {texts.text("Cancel"), AlertButtonRole::Cancel}}});
+    if (response == kAlertFirstButton) {
+        removeItem(*basket);
+        DropBasketAtEnd(basket);
+    }
+    return response;
+}
+
+void ViewController::moveDeleteSheet() {
+    window_->presentMoveDelete(std::make_shared<MoveDeleteController>(platform_.base, [this, alive = life()] {
+        if (!alive.expired())
+            deleteSheetExecute();
+    }));
+}
+
+void ViewController::legendaSheet() {
+    window_->presentLegenda();
+}
+
+void ViewController::deleteSheetExecute() {
+    if (moveWasteDown() != kAlertFirstButton)
+        return;
+    enableMarks();
+    deleteBookmarksConditionalCommand(removalOptions(platform_.base.defaults));
+}
+
+// The rows are laid out anew in one go, the first one too.
+Removal ViewController::deleteBookmarksConditional(const RemovalOptions& options) {
+    const std::vector<Bookmark*> selected = selectedItems(0, rows_.size());
+    hoveredRow_.reset();
+    outline().willReloadData();
+    Removal removal = removeByStatus(getMaster(), options, platform_.base.texts, now());
+    rows_.show(Ref<Bookmark>(&getMaster()));
+    outline().didReloadData();
+    window_->showEmptyState(rows_.size() == 0);
+    const bool arrived = options.move && !removal.items.empty();
+    if (!arrived) // what arrives in a basket takes the selection with it
+        selectItems(selected);
+    return removal;
+}
+
+void ViewController::deleteBookmarksConditionalCommand(const RemovalOptions& options) {
+    shared_.removedLinks = 0;
+    const Removal removal = deleteBookmarksConditional(options);
+    const std::size_t count = shared_.removedLinks = removal.items.size();
+    // A link that goes into the basket is a change of its own, and so is the basket.
+    const std::size_t arrivals = options.move ? count + std::size_t{removal.madeBasket} : 0;
+    for (std::size_t changes = count > 0 ? arrivals + 1 : 0; changes > 0; --changes)
+        makeDirty();
+    const Localization& texts = platform_.base.texts;
+    platform_.alerts.runModal(Alert{.style = AlertStyle::Informational,
+                                    .message = removalSummary(options, count, texts),
+                                    .buttons = {{texts.text("OK")}},
+                                    .document = &document_});
+}
+
+void ViewController::deleteDuplicatesCommand() {
+    const Localization& texts = platform_.base.texts;
+    const int response =
+        platform_.alerts.runModal(Alert{.style = AlertStyle::Informational,
+                                        .message = texts.text("DeleteDuplicates"),
+                                        .informative = texts.text("DuplicatesWarning"),
+                                        .buttons = {{texts.text("Yes"), AlertButtonRole::Destructive},
+                                                    {texts.text("No"), AlertButtonRole::Cancel}},
+                                        .document = &document_});
+    if (response == kAlertFirstButton)
+        deleteDuplicatesExecute();
+}
+
+// Whatever the settings say: duplicates alone, and not into the Waste Basket.
+void ViewController::deleteDuplicatesExecute() {
+    clearDuplicateStatus(getMaster());
+    markDuplicates(getMaster());
+    deleteBookmarksConditionalCommand({.duplicates = true});
+}
+
+} // namespace tabulon

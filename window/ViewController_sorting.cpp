@@ -1,0 +1,97 @@
+// Sorting: the commands on folders, clicks on column titles, and the question whether those may sort.
+#include "window/ViewController.h"
+
+namespace tabulon {
+namespace {
+
+constexpr double kPauseBeforeQuestion = 0.8; // seconds
+
+int sortIndexOf(Column column) {
+    switch (column) {
+    case Column::URL:
+        return 1;
+    case Column::Tags:
+        return 2;
+    case Column::Name:
+        break;
+    }
+    return 0;
+}
+
+SortDirection opposite(SortDirection direction) {
+    return direction == SortDirection::Ascending ? SortDirection::Descending : SortDirection::Ascending;
+}
+
+} // namespace
+
+void ViewController::sortByIndexAscending(int index, bool ascending) {
+    const auto direction = ascending ? SortDirection::Ascending : SortDirection::Descending;
+    for (Bookmark* item : getSelectionArray()) {
+        if (!item->isFolder())
+            continue;
+        const std::size_t shownBefore = isExpanded(*item) ? shownCountBelow(*item) : 0;
+        sortFolder(*item, sortKeyForIndex(index), direction, collation_);
+        if (const auto row = rowForItem(*item))
+            replaceRowsBelow(*row, shownBefore);
+        makeDirty();
+    }
+}
+
+void ViewController::sortDescriptorsDidChange(Column column, SortDirection direction) {
+    sortFolder(getMaster(), sortKeyForIndex(sortIndexOf(column)), direction, collation_);
+    reloadKeepingSelection();
+    makeDirty();
+}
+
+void ViewController::headerClicked(Column column) {
+    const UserDefaults& defaults = platform_.base.defaults;
+    if (!defaults.boolForKey("ColumnSort") && !defaults.boolForKey("SuppressColumnSortSheet"))
+        sortQuestion_ = platform_.timers.after(kPauseBeforeQuestion, [this] { sortNameSheet(); });
+    const auto prototype = sortPrototypes_.find(column);
+    if (prototype == sortPrototypes_.end())
+        return;
+    const bool again = sortedBy_ && sortedBy_->first == column;
+    sortedBy_ = {column, again ? opposite(sortedBy_->second) : prototype->second};
+    outline().showSortIndicator(column, sortedBy_->second);
+    sortDescriptorsDidChange(column, sortedBy_->second);
+}
+
+void ViewController::sortNameSheet() {
+    UserDefaults& defaults = platform_.base.defaults;
+    const Localization& texts = platform_.base.texts;
+    constexpr int kYes = kAlertFirstButton + 1;
+    const SuppressibleAnswer answer = platform_.alerts.runModalSuppressible(
+        Alert{.style = AlertStyle::Warning,
+              .message = texts.text("SortByName"),
+              .informative = texts.text("SortByNameInfo"),
+              .buttons = {{texts.text("No"), AlertButtonRole::Cancel}, {texts.text("Yes")}},
+              .document = &document_},
+        texts.text("DontAskAgain"));
+    if (answer.suppressed)
+        defaults.setBoolForKey("SuppressColumnSortSheet", true);
+    if (answer.response == kYes) {
+        defaults.setBoolForKey("ColumnSort", true);
+        addSortDescriptors();
+        return;
+    }
+    outline().endEditing();
+    outline().selectRows({});
+}
+
+void ViewController::addSortDescriptors() {
+    for (const Column column : {Column::Name, Column::URL, Column::Tags}) {
+        if (column == Column::Tags && !outline().tagsColumnIndex())
+            continue;
+        const auto had = sortPrototypes_.find(column);
+        sortPrototypes_[column] =
+            had == sortPrototypes_.end() ? SortDirection::Ascending : opposite(had->second);
+    }
+}
+
+void ViewController::defaultNoSorting() {
+    sortPrototypes_.clear();
+    sortedBy_.reset();
+    outline().showSortIndicator(std::nullopt, SortDirection::Ascending);
+}
+
+} // namespace tabulon
