@@ -113,6 +113,7 @@ Menu AppDelegate::bookmarkMenu() const {
                           command("MenuAddBookmark", "addBookmark:", "B"),
                           command("MenuNewFolder", "newFolder:", "N"),
                           command("MenuInsertSeparator", "insertSeparator:", "K"), MenuItem::makeSeparator(),
+                          command("MenuGetInfo", "getInfo:", "i"),
                           command("MenuEditBookmark", "editBookmark:", "F2", {.command = false}),
                           MenuItem::makeSeparator(), command("MenuMoveUp", "moveUp:", "Up"),
                           command("MenuMoveDown", "moveDown:", "Down"), MenuItem::makeSeparator(),

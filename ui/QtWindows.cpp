@@ -4,6 +4,7 @@
 #include "ui/Strings.h"
 #include "ui/document/DocumentMainWindow.h"
 #include "ui/document/FindBarWidget.h"
+#include "ui/document/InfoSheet.h"
 #include "ui/document/MarkSheets.h"
 #include "ui/document/OutlineWidget.h"
 
@@ -36,6 +37,9 @@ public:
     FindBar& findBar() override { return window_->findBar(); }
     void presentMoveDelete(std::shared_ptr<MoveDeleteController> controller) override {
         tabulon::presentMoveDelete(window_, std::move(controller), owner_.platform_->base.texts);
+    }
+    void presentInfo(std::shared_ptr<GetInfoController> controller) override {
+        (new InfoSheet(std::move(controller), owner_.platform_->base.texts, window_))->open();
     }
     void presentLegenda() override { tabulon::presentLegenda(window_, owner_.platform_->base.texts); }
     std::string frame() const override { return window_->frame(); }

@@ -9,6 +9,7 @@
 
 namespace tabulon {
 
+class GetInfoController;
 class MoveDeleteController;
 class ViewController;
 
@@ -32,6 +33,8 @@ public:
 
     /// The sheet calls `viewDidLoad` when it comes up, and `done` and `execute` unless it is cancelled.
     virtual void presentMoveDelete(std::shared_ptr<MoveDeleteController> controller) = 0;
+    /// The panel takes part in `setPanel` as long as it is there.
+    virtual void presentInfo(std::shared_ptr<GetInfoController> controller) = 0;
     /// What the marks of links mean.
     virtual void presentLegenda() = 0;
 

@@ -1,6 +1,8 @@
 // Construction, the window, rows and the alerts that commands share.
 #include "window/ViewController.h"
 
+#include "window/GetInfoController.h"
+
 #include <algorithm>
 #include <array>
 #include <compare>
@@ -15,6 +17,8 @@ ViewController::ViewController(Document& document, const Platform& platform, Sha
 }
 
 ViewController::~ViewController() {
+    if (info_)
+        info_->outlineIsGone();
     document_.setPresenter(nullptr);
 }
 
@@ -84,6 +88,9 @@ void ViewController::addSortActions() {
 }
 
 void ViewController::addFindActions() {
+    actions_.add(
+        "getInfo:", [this](const MenuItem&) { getInfo(); },
+        [this](const MenuItem&) { return hasSelection(); });
     actions_.add("performFindPanelAction:", [this](const MenuItem&) { findBar_.showFindView(); });
     actions_.add("hideFindView:", [this](const MenuItem&) { findBar_.hideFindView(); });
     actions_.add("findNext:", [this](const MenuItem&) { findBar_.findNext(); });

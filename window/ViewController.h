@@ -1,7 +1,7 @@
 // The outline controller: one for each document window. It holds the visible rows of the document's tree and
 // carries every command on them; the view (OutlineView) mirrors it. Split by concern: _presentation (what
 // cells show), _table (font size, tags column), _expanding, _inserting, _removing, _fields (editing in
-// place), _labels, _pasteboard, _dragging, _baskets, _marks, _sorting, _find, _hover (the URL field),
+// place), _labels, _pasteboard, _dragging, _baskets, _marks, _sorting, _find, _info, _hover (the URL field),
 // _export.
 #pragma once
 
@@ -32,6 +32,8 @@ namespace tabulon {
 
 /// What expanding and collapsing does to an item: to it alone, or (Plus) to every folder below it as well.
 enum class ExpansionChange { Expand, ExpandPlus, Collapse, CollapsePlus };
+
+class GetInfoController;
 
 enum class FontSizeStep { Larger, Smaller };
 
@@ -276,8 +278,19 @@ public:
     /// Beeps without a search string and behind the last match.
     void findNext();
     /// Selects the node's row alone and scrolls to it; collapsed folders above it are expanded. A node
-    /// without a row leaves the selection as it is.
+    /// without a row leaves the selection as it is. What was found in tags or note is shown in the info
+    /// panel.
     void selectBookmark(Bookmark& node);
+
+    // The info panel (GetInfoController.h)
+
+    /// Shows the clicked row's item where that is not selected, else the current row's; shows the
+    /// no-selection alert without one. A panel that is up goes to that item.
+    void getInfo();
+    /// Selects the item's row alone, if it has one.
+    void selectRowOf(const Bookmark& item);
+    /// The panel has changed the item.
+    void infoDidChange(const Bookmark& item, bool newURL);
 
     // Editing in place
 
@@ -362,6 +375,7 @@ private:
     void reloadItems(const std::vector<Bookmark*>& items);
     Removal deleteBookmarksConditional(const RemovalOptions& options);
     void reveal(const Bookmark& node);
+    void showMatch();
     Bookmark& basketOfKey(std::string_view key);
     void addFirst(Ref<Bookmark> item, Bookmark& folder);
     void removeItem(Bookmark& item);
@@ -426,6 +440,7 @@ private:
     const Collation collation_{platform_.base.texts.locale()};
     Finder finder_{shared_.findPhases, collation_};
     FindBarController findBar_{*this, platform_};
+    std::shared_ptr<GetInfoController> info_;
     std::string urlFieldText_;
     std::string windowTitle_; // empty where it is the document's name
     const std::shared_ptr<const bool> life_ = std::make_shared<const bool>(true);

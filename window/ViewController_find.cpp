@@ -1,4 +1,5 @@
 // Finding in the document: the first match, the next one, and showing it.
+#include "window/GetInfoController.h"
 #include "window/ViewController.h"
 
 namespace tabulon {
@@ -26,6 +27,19 @@ void ViewController::selectBookmark(Bookmark& node) {
         outline().selectRows({{*row, 1}});
         outline().scrollRowToVisible(*row);
     }
+    showMatch();
+}
+
+// What was found where no cell shows it.
+void ViewController::showMatch() {
+    const FindPhases& phases = shared_.findPhases;
+    if ((!phases.foundInTags && !phases.foundInNote) || !hasSelection())
+        return;
+    getInfo();
+    if (phases.foundInNote)
+        info_->selectNote(finder_.searchString());
+    else
+        info_->selectTags(finder_.searchString());
 }
 
 // Everything above the node is expanded, the outermost folder last: its rows come in one go.

@@ -30,6 +30,7 @@ public:
     void showEmptyState(bool) override {}
     FindBar& findBar() override { return bar; }
     void presentMoveDelete(std::shared_ptr<MoveDeleteController>) override {}
+    void presentInfo(std::shared_ptr<GetInfoController>) override {}
     void presentLegenda() override {}
     std::string frame() const override { return {}; }
     void setFrame(const std::string&) override {}

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "window/DocumentWindow.h"
+#include "window/GetInfoController.h"
 #include "window/MoveDeleteController.h"
 #include "window/ViewController.h"
 
@@ -138,6 +139,28 @@ public:
     std::string label;
 };
 
+class MemoryInfoPanel : public InfoPanel {
+public:
+    void reloadFields() override { ++reloads; }
+    void setButtons(const InfoButtons& newButtons) override { buttons = newButtons; }
+    void setTitle(const std::string& newTitle) override { title = newTitle; }
+    void selectName() override { ++nameSelections; }
+    void selectNote(const std::string& string) override { selectedNote = string; }
+    void selectTags(const std::string& string) override { selectedTags = string; }
+    std::string frame() const override { return place; }
+    void setFrame(const std::string& frame) override { place = frame; }
+    void dismiss() override { ++dismissals; }
+
+    int reloads = 0;
+    InfoButtons buttons;
+    std::string title;
+    int nameSelections = 0;
+    std::string selectedNote;
+    std::string selectedTags;
+    std::string place;
+    int dismissals = 0;
+};
+
 class MemoryWindow : public DocumentWindow {
 public:
     explicit MemoryWindow(ViewController& controller) : outlineView(controller) {}
@@ -156,6 +179,10 @@ public:
         moveDelete = std::move(controller);
         moveDelete->viewDidLoad();
     }
+    void presentInfo(std::shared_ptr<GetInfoController> controller) override {
+        info = std::move(controller);
+        info->setPanel(&infoPanel);
+    }
     void presentLegenda() override { ++legends; }
     std::string frame() const override { return place; }
     void setFrame(const std::string& frame) override { place = frame; }
@@ -170,6 +197,8 @@ public:
     MemoryOutline outlineView;
     MemoryFindBar bar;
     std::shared_ptr<MoveDeleteController> moveDelete;
+    MemoryInfoPanel infoPanel;
+    std::shared_ptr<GetInfoController> info;
     int legends = 0;
     std::string title;
     std::string file;

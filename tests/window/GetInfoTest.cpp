@@ -1,0 +1,269 @@
+// The info panel: its working copy, what saves and what does not, stepping, browsers, and what finding shows
+// in it.
+#include "tests/window/WindowFixture.h"
+#include "window/GetInfoController.h"
+
+namespace tabulon {
+namespace {
+
+class GetInfoTest : public WindowTest {
+protected:
+    /// F(a b) c, c selected.
+    void plant() {
+        folder = &add(makeFolder("F"));
+        a = &add(makeLink("a", "https://a.example/"), folder);
+        b = &add(makeLink("b", "https://b.example/"), folder);
+        c = &add(makeLink("c", "https://c.example/"));
+        open();
+        select({c});
+    }
+    GetInfoController& getInfo() {
+        const MenuItem item{.action = "getInfo:"};
+        EXPECT_TRUE(controller->actions().validateMenuItem(item));
+        controller->actions().perform(item);
+        return *window->info;
+    }
+    MemoryInfoPanel& panel() { return window->infoPanel; }
+
+    Bookmark* folder = nullptr;
+    Bookmark* a = nullptr;
+    Bookmark* b = nullptr;
+    Bookmark* c = nullptr;
+};
+
+TEST_F(GetInfoTest, itWantsASelection) {
+    plant();
+    select({});
+    EXPECT_FALSE(controller->actions().validateMenuItem(MenuItem{.action = "getInfo:"}));
+    controller->getInfo();
+    EXPECT_EQ(alerts.shown.size(), 1u);
+    EXPECT_FALSE(window->info);
+}
+
+TEST_F(GetInfoTest, itComesUpWithTheItemsFields) {
+    plant();
+    state.setStringForKey("Get Info Window", "1 2 300 400");
+    GetInfoController& info = getInfo();
+    EXPECT_EQ(info.original(), c);
+    EXPECT_EQ(info.duplicate().itemName(), Text("c"));
+    EXPECT_EQ(panel().title, "c");
+    EXPECT_EQ(panel().place, "1 2 300 400");
+    EXPECT_EQ(panel().nameSelections, 1);
+    EXPECT_TRUE(info.isURLEditable() && info.isURLEnabled());
+}
+
+TEST_F(GetInfoTest, closingWithoutChangesLeavesTheDocumentClean) {
+    plant();
+    const Date before = c->itemDateModified();
+    GetInfoController& info = getInfo();
+    info.setName("x");
+    info.setName("c");
+    info.setNote("typed");
+    info.setNote("");
+    panel().place = "5 6 7 8";
+    info.done();
+    EXPECT_EQ(document.changeCount(), 0);
+    EXPECT_EQ(c->itemDateModified(), before);
+    EXPECT_TRUE(c->itemNote().isNull());
+    EXPECT_EQ(panel().dismissals, 1);
+    EXPECT_EQ(state.stringForKey("Get Info Window"), "5 6 7 8");
+    EXPECT_FALSE(info.isShown());
+}
+
+TEST_F(GetInfoTest, aChangeIsSavedOnLeavingWithItsDateAndOneChange) {
+    plant();
+    GetInfoController& info = getInfo();
+    base.clock.advance(10);
+    info.setNote("note");
+    EXPECT_TRUE(c->itemNote().isNull()) << "nothing is written before";
+    info.done();
+    EXPECT_EQ(c->itemNote(), Text("note"));
+    EXPECT_EQ(c->itemDateModified(), base.now());
+    EXPECT_EQ(document.changeCount(), 1);
+    EXPECT_EQ(outline().reloaded, (std::vector<RowRange>{{3, 1}}));
+    EXPECT_EQ(outline().selected, std::set<Bookmark*>{c});
+}
+
+TEST_F(GetInfoTest, everyFieldIsTakenOver) {
+    plant();
+    GetInfoController& info = getInfo();
+    info.setName("name");
+    info.setURL("https://new.example/");
+    info.setTags("tags");
+    info.setLabel(3);
+    info.setLocked(true);
+    info.openWith(6);
+    EXPECT_FALSE(info.isURLEditable());
+    info.done();
+    EXPECT_EQ(c->itemName(), Text("name"));
+    EXPECT_EQ(c->itemURL(), Text("https://new.example/"));
+    EXPECT_EQ(c->itemTags(), Text("tags"));
+    EXPECT_EQ(c->getLabel(), 3);
+    EXPECT_TRUE(c->getLocked());
+    EXPECT_EQ(c->itemBrowser(), 11);
+    EXPECT_EQ(window->urlField, "https://new.example/");
+    EXPECT_FALSE(controller->viewForTableColumn(Column::URL, 3, false).editable);
+}
+
+TEST_F(GetInfoTest, aClearedTextIsEmptyAndAFoldersURLCannotBeEdited) {
+    plant();
+    c->setItemNote("note");
+    GetInfoController& info = getInfo();
+    info.setNote("");
+    info.done();
+    EXPECT_EQ(c->itemNote(), Text(""));
+    select({folder});
+    EXPECT_FALSE(getInfo().isURLEnabled());
+}
+
+TEST_F(GetInfoTest, anItemWithoutANameIsNeverLikeItsCopy) {
+    plant();
+    c->setItemName(nullptr);
+    getInfo().done();
+    EXPECT_EQ(document.changeCount(), 1);
+    EXPECT_TRUE(c->itemName().isNull());
+}
+
+TEST_F(GetInfoTest, stepsGoUpDownAndAside) {
+    plant();
+    select({a});
+    GetInfoController& info = getInfo();
+    EXPECT_EQ(panel().buttons, (InfoButtons{.up = true, .right = true}));
+    info.next();
+    EXPECT_EQ(info.original(), b);
+    EXPECT_EQ(outline().selected, std::set<Bookmark*>{b});
+    EXPECT_EQ(panel().title, "b");
+    EXPECT_EQ(panel().buttons, (InfoButtons{.up = true, .left = true}));
+    info.up();
+    EXPECT_EQ(info.original(), folder);
+    EXPECT_EQ(panel().buttons, (InfoButtons{.down = true, .right = true}));
+    info.down();
+    EXPECT_EQ(info.original(), a);
+    info.next();
+    info.previous();
+    EXPECT_EQ(info.original(), a);
+    EXPECT_EQ(beeper.beeps, 0);
+    EXPECT_EQ(document.changeCount(), 0);
+}
+
+TEST_F(GetInfoTest, aStepThatLeadsNowhereBeepsAndSaves) {
+    plant();
+    GetInfoController& info = getInfo();
+    info.setTags("t");
+    info.up();
+    EXPECT_EQ(beeper.beeps, 1);
+    EXPECT_EQ(info.original(), c);
+    EXPECT_EQ(c->itemTags(), Text("t"));
+    EXPECT_EQ(document.changeCount(), 1);
+    info.down();
+    info.next();
+    EXPECT_EQ(beeper.beeps, 3);
+    info.previous();
+    info.previous();
+    EXPECT_EQ(beeper.beeps, 4);
+    EXPECT_EQ(info.original(), folder);
+    EXPECT_EQ(document.changeCount(), 1) << "what was saved is no longer a change";
+}
+
+TEST_F(GetInfoTest, anEmptyFolderIsSteppedIntoInVain) {
+    Bookmark& empty = add(makeFolder("E"));
+    open();
+    select({&empty});
+    GetInfoController& info = getInfo();
+    EXPECT_TRUE(panel().buttons.down);
+    info.down();
+    EXPECT_EQ(beeper.beeps, 1);
+    EXPECT_EQ(info.original(), &empty);
+}
+
+TEST_F(GetInfoTest, aStepToWhatHasNoRowLeavesTheSelection) {
+    plant();
+    controller->collapseItem(*folder);
+    select({folder});
+    GetInfoController& info = getInfo();
+    info.down();
+    EXPECT_EQ(info.original(), a);
+    EXPECT_EQ(outline().selected, std::set<Bookmark*>{folder});
+}
+
+TEST_F(GetInfoTest, browsersHaveTheirPlacesInTheMenu) {
+    const std::pair<int, std::uint32_t> places[] = {{2, 10}, {3, 15}, {4, 16}, {5, 5},  {6, 11},
+                                                    {7, 6},  {8, 17}, {9, 18}, {10, 19}};
+    for (const auto& [index, value] : places) {
+        EXPECT_EQ(GetInfoController::getBrowserValue(index), value);
+        EXPECT_EQ(GetInfoController::getBrowserMenuIndex(value), index);
+    }
+    for (const int index : {-1, 0, 1, 11, 100})
+        EXPECT_EQ(GetInfoController::getBrowserValue(index), 0u);
+    for (const std::uint32_t value : {0u, 4u, 7u, 8u, 9u, 12u, 13u, 14u, 20u, 255u})
+        EXPECT_EQ(GetInfoController::getBrowserMenuIndex(value), 0);
+    plant();
+    const std::vector<std::string> titles = getInfo().browserTitles();
+    ASSERT_EQ(titles.size(), 11u);
+    EXPECT_EQ(titles[2], "Safari");
+    EXPECT_EQ(titles[10], "Edge");
+}
+
+TEST_F(GetInfoTest, aBrowserWithoutAPlaceIsShownAsTheDefaultAndKeptUntilOneIsChosen) {
+    plant();
+    c->setItemBrowser(8);
+    GetInfoController& info = getInfo();
+    EXPECT_EQ(info.browserMenuIndex(), 0);
+    info.setNote("x");
+    info.done();
+    EXPECT_EQ(c->itemBrowser(), 8);
+    GetInfoController& again = getInfo();
+    again.openWith(0);
+    again.done();
+    EXPECT_EQ(c->itemBrowser(), 0);
+}
+
+TEST_F(GetInfoTest, aMatchInTheNoteOpensItWithTheNoteHighlighted) {
+    plant();
+    a->setItemName("a hit");
+    a->setItemNote("a hit in the note");
+    EXPECT_EQ(controller->findText("hit"), 2u);
+    EXPECT_FALSE(window->info) << "the first match is in the name";
+    controller->findNext();
+    ASSERT_TRUE(window->info);
+    EXPECT_EQ(window->info->original(), a);
+    EXPECT_EQ(panel().selectedNote, "hit");
+    EXPECT_EQ(panel().selectedTags, "");
+}
+
+TEST_F(GetInfoTest, aMatchInTheTagsOpensItWithTheTagsHighlighted) {
+    plant();
+    controller->collapseItem(*folder);
+    b->setItemTags("a hit");
+    controller->findText("hit");
+    ASSERT_TRUE(window->info);
+    EXPECT_EQ(window->info->original(), b);
+    EXPECT_EQ(panel().selectedTags, "hit");
+}
+
+TEST_F(GetInfoTest, aPanelThatIsUpGoesToTheNextMatchAndSaves) {
+    plant();
+    a->setItemNote("hit");
+    b->setItemNote("hit");
+    controller->findText("hit");
+    GetInfoController& info = *window->info;
+    info.setName("changed");
+    controller->findNext();
+    EXPECT_EQ(window->info.get(), &info);
+    EXPECT_EQ(info.original(), b);
+    EXPECT_EQ(a->itemName(), Text("changed"));
+}
+
+TEST_F(GetInfoTest, aPanelThatOutlivesItsWindowDoesNothing) {
+    plant();
+    getInfo().setName("lost");
+    const auto info = window->info;
+    controller.reset();
+    info->done();
+    EXPECT_EQ(c->itemName(), Text("c"));
+    window->info.reset();
+    window.reset();
+}
+
+} // namespace
+} // namespace tabulon

@@ -1,0 +1,224 @@
+#include "ui/document/InfoSheet.h"
+
+#include "ui/Strings.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QToolButton>
+
+#include <array>
+#include <sstream>
+
+namespace tabulon {
+namespace {
+
+constexpr QSize kFirstSize(460, 420);
+constexpr std::array<const char*, 12> kLabels = {
+    "LabelNone",  "LabelOrange", "LabelRed",    "LabelMagenta", "LabelLightBlue", "LabelBlue",
+    "LabelGreen", "LabelBrown",  "LabelPurple", "LabelGray",    "LabelYellow",    "LabelCyan"};
+
+// The place of the first match that differs in nothing but case; -1 for none.
+qsizetype placeOf(const QString& text, const QString& part) {
+    return text.indexOf(part, 0, Qt::CaseInsensitive);
+}
+
+// A line edit turns line breaks into spaces; a text that has some must come back as it was.
+QString asShown(const Text& text) {
+    return toQString(text.view());
+}
+
+} // namespace
+
+InfoSheet::InfoSheet(std::shared_ptr<GetInfoController> controller, const Localization& texts,
+                     QWidget* window)
+    : QDialog(window, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
+      controller_(std::move(controller)), name_(new QLineEdit(this)), url_(new QLineEdit(this)),
+      tags_(new QLineEdit(this)), note_(new QPlainTextEdit(this)), label_(new QComboBox(this)),
+      browser_(new QComboBox(this)), locked_(new QCheckBox(this)) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowModality(Qt::WindowModal);
+    auto* layout = new QVBoxLayout(this);
+    auto* form = new QFormLayout;
+    form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    makeFields(form, texts);
+    layout->addLayout(form, 1);
+    layout->addWidget(makeButtons(texts));
+    resize(kFirstSize);
+    reportChanges();
+    controller_->setPanel(this);
+}
+
+InfoSheet::~InfoSheet() {
+    if (controller_->isShown()) // it goes with its window
+        controller_->setPanel(nullptr);
+}
+
+void InfoSheet::makeFields(QFormLayout* form, const Localization& texts) {
+    for (const char* key : kLabels)
+        label_->addItem(toQString(texts.text(key)));
+    const std::vector<std::string> browsers = controller_->browserTitles();
+    for (std::size_t i = 0; i < browsers.size(); ++i) {
+        if (i == GetInfoController::kBrowserSeparator)
+            browser_->insertSeparator(static_cast<int>(i));
+        else
+            browser_->addItem(toQString(browsers[i]));
+    }
+    note_->setTabChangesFocus(true);
+    QSet<QChar> taken;
+    const auto add = [&](const char* key, QWidget* field) {
+        form->addRow(withMnemonic(texts.text(key), taken), field);
+    };
+    add("InfoName", name_);
+    add("InfoURL", url_);
+    add("InfoTags", tags_);
+    add("InfoNote", note_);
+    add("InfoLabel", label_);
+    add("InfoBrowser", browser_);
+    locked_->setText(withMnemonic(texts.text("InfoLocked"), taken));
+    form->addRow(QString(), locked_);
+}
+
+QWidget* InfoSheet::makeButtons(const Localization& texts) {
+    auto* row = new QWidget(this);
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    const auto add = [&](QToolButton*& button, Qt::ArrowType arrow, const char* key, int shortcut,
+                         void (GetInfoController::*step)()) {
+        button = stepButton(arrow, toQString(texts.text(key)), QKeySequence(Qt::ALT | shortcut), step);
+        layout->addWidget(button);
+    };
+    add(left_, Qt::LeftArrow, "InfoPrevious", Qt::Key_Left, &GetInfoController::previous);
+    add(right_, Qt::RightArrow, "InfoNext", Qt::Key_Right, &GetInfoController::next);
+    add(up_, Qt::UpArrow, "InfoUp", Qt::Key_Up, &GetInfoController::up);
+    add(down_, Qt::DownArrow, "InfoDown", Qt::Key_Down, &GetInfoController::down);
+    layout->addStretch(1);
+    auto* done = new QPushButton(toQString(texts.text("Done")), row);
+    done->setDefault(true);
+    connect(done, &QPushButton::clicked, this, [this] { controller_->done(); });
+    layout->addWidget(done);
+    return row;
+}
+
+QToolButton* InfoSheet::stepButton(Qt::ArrowType arrow, const QString& title, const QKeySequence& key,
+                                   void (GetInfoController::*step)()) {
+    auto* button = new QToolButton(this);
+    button->setArrowType(arrow);
+    button->setShortcut(key);
+    button->setAccessibleName(title);
+    button->setToolTip(title + " (" + key.toString(QKeySequence::NativeText) + ")");
+    button->setFocusPolicy(Qt::TabFocus);
+    connect(button, &QToolButton::clicked, this, [this, step] { (controller_.get()->*step)(); });
+    return button;
+}
+
+void InfoSheet::reportChanges() {
+    // Text that was only shown, not typed, may differ from what it stands for.
+    connect(name_, &QLineEdit::textEdited, this,
+            [this](const QString& text) { controller_->setName(text.toStdString()); });
+    connect(url_, &QLineEdit::textEdited, this,
+            [this](const QString& text) { controller_->setURL(text.toStdString()); });
+    connect(tags_, &QLineEdit::textEdited, this,
+            [this](const QString& text) { controller_->setTags(text.toStdString()); });
+    connect(note_, &QPlainTextEdit::textChanged, this, [this] {
+        if (!loading_)
+            controller_->setNote(note_->toPlainText().toStdString());
+    });
+    connect(label_, &QComboBox::activated, this,
+            [this](int label) { controller_->setLabel(static_cast<std::uint8_t>(label)); });
+    connect(browser_, &QComboBox::activated, this, [this](int index) { controller_->openWith(index); });
+    connect(locked_, &QCheckBox::clicked, this, [this](bool locked) { controller_->setLocked(locked); });
+}
+
+void InfoSheet::reloadFields() {
+    const QScopedValueRollback loading(loading_, true);
+    const Bookmark& node = controller_->duplicate();
+    const auto show = [](QLineEdit* field, const Text& text) {
+        if (const QString shown = asShown(text); field->text() != shown)
+            field->setText(shown);
+    };
+    show(name_, node.itemName());
+    show(url_, node.itemURL());
+    show(tags_, node.itemTags());
+    if (const QString note = asShown(node.itemNote()); note_->toPlainText() != note)
+        note_->setPlainText(note);
+    label_->setCurrentIndex(node.getLabel() < kLabels.size() ? node.getLabel() : 0);
+    browser_->setCurrentIndex(controller_->browserMenuIndex());
+    locked_->setChecked(node.getLocked());
+    url_->setReadOnly(!controller_->isURLEditable());
+    url_->setEnabled(controller_->isURLEnabled());
+}
+
+void InfoSheet::setButtons(const InfoButtons& buttons) {
+    up_->setEnabled(buttons.up);
+    down_->setEnabled(buttons.down);
+    left_->setEnabled(buttons.left);
+    right_->setEnabled(buttons.right);
+}
+
+void InfoSheet::setTitle(const std::string& title) {
+    if (!title.empty())
+        setWindowTitle(oneLine(title));
+}
+
+void InfoSheet::selectName() {
+    name_->setFocus();
+    name_->selectAll();
+}
+
+void InfoSheet::selectNote(const std::string& string) {
+    const QString part = toQString(string);
+    const qsizetype place = placeOf(note_->toPlainText(), part);
+    QTextCursor cursor(note_->document());
+    cursor.setPosition(static_cast<int>(std::max<qsizetype>(place, 0)));
+    if (place >= 0)
+        cursor.setPosition(static_cast<int>(place + part.size()), QTextCursor::KeepAnchor);
+    else
+        cursor.select(QTextCursor::Document);
+    note_->setTextCursor(cursor);
+    note_->ensureCursorVisible();
+    note_->setFocus();
+}
+
+void InfoSheet::selectTags(const std::string& string) {
+    const QString part = toQString(string);
+    const qsizetype place = placeOf(tags_->text(), part);
+    tags_->setFocus();
+    if (place >= 0)
+        tags_->setSelection(static_cast<int>(place), static_cast<int>(part.size()));
+    else
+        tags_->selectAll();
+}
+
+std::string InfoSheet::frame() const {
+    return QStringLiteral("%1 %2 %3 %4").arg(x()).arg(y()).arg(width()).arg(height()).toStdString();
+}
+
+// The sheet stands where the desktop puts it, beside its window; what is kept is its size.
+void InfoSheet::setFrame(const std::string& frame) {
+    std::istringstream numbers(frame);
+    int ignored = 0;
+    int width = 0;
+    int height = 0;
+    if (numbers >> ignored >> ignored >> width >> height && width > 0 && height > 0)
+        resize(QSize(width, height).expandedTo(minimumSizeHint()));
+}
+
+void InfoSheet::dismiss() {
+    QDialog::accept();
+}
+
+// Escape and the close button leave the item like every other way out.
+void InfoSheet::reject() {
+    if (controller_->isShown())
+        controller_->done();
+    else
+        QDialog::reject();
+}
+
+} // namespace tabulon

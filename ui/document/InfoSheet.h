@@ -1,0 +1,63 @@
+// The info panel as a sheet of a document window. It shows the fields of the controller's working copy and
+// tells it of every change.
+#pragma once
+
+#include "window/GetInfoController.h"
+
+#include <QDialog>
+
+#include <memory>
+
+class QCheckBox;
+class QComboBox;
+class QFormLayout;
+class QLineEdit;
+class QPlainTextEdit;
+class QToolButton;
+
+namespace tabulon {
+
+class InfoSheet : public QDialog, public InfoPanel {
+    Q_OBJECT
+
+public:
+    /// Goes by itself when it is closed. The texts must live longer.
+    InfoSheet(std::shared_ptr<GetInfoController> controller, const Localization& texts, QWidget* window);
+    ~InfoSheet() override;
+
+    void reloadFields() override;
+    void setButtons(const InfoButtons& buttons) override;
+    void setTitle(const std::string& title) override;
+    void selectName() override;
+    void selectNote(const std::string& string) override;
+    void selectTags(const std::string& string) override;
+    std::string frame() const override;
+    void setFrame(const std::string& frame) override;
+    void dismiss() override;
+
+protected:
+    void reject() override;
+
+private:
+    void makeFields(QFormLayout* form, const Localization& texts);
+    QWidget* makeButtons(const Localization& texts);
+    QToolButton* stepButton(Qt::ArrowType arrow, const QString& title, const QKeySequence& key,
+                            void (GetInfoController::*step)());
+    void reportChanges();
+
+    std::shared_ptr<GetInfoController> controller_;
+    QLineEdit* name_;
+    QLineEdit* url_;
+    QLineEdit* tags_;
+    QPlainTextEdit* note_;
+    QComboBox* label_;
+    QComboBox* browser_;
+    QCheckBox* locked_;
+    QToolButton* up_ = nullptr;
+    QToolButton* down_ = nullptr;
+    QToolButton* left_ = nullptr;
+    QToolButton* right_ = nullptr;
+    bool loading_ = false; // what changes now is not the user's doing
+};
+
+} // namespace tabulon

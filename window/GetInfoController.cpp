@@ -1,0 +1,185 @@
+#include "window/GetInfoController.h"
+
+#include "window/ViewController.h"
+
+#include <algorithm>
+
+namespace tabulon {
+namespace {
+
+constexpr std::string_view kFrameKey = "Get Info Window";
+
+struct Browser {
+    const char* title;
+    std::uint32_t value;
+};
+
+// In the order of the menu, from its third item on.
+constexpr std::array<Browser, 9> kBrowsers = {{{"Safari", 10},
+                                               {"Chrome", 15},
+                                               {"Chromium", 16},
+                                               {"Opera", 5},
+                                               {"Firefox", 11},
+                                               {"iCab", 6},
+                                               {"Vivaldi", 17},
+                                               {"Brave", 18},
+                                               {"Edge", 19}}};
+constexpr int kFirstBrowser = 2;
+
+// What the field holds now. A text like the original one is that, also where it is missing.
+Text typed(const std::string& text, const Text& original) {
+    return text == original.view() ? original : Text(text);
+}
+
+} // namespace
+
+void GetInfoController::editBookmark(Bookmark& node) {
+    if (original_)
+        doneBookmark();
+    show(node);
+}
+
+void GetInfoController::show(Bookmark& node) {
+    original_ = Ref<Bookmark>(&node);
+    duplicate_ = Bookmark::initWithBookmark(node);
+    if (!panel_)
+        return;
+    panel_->reloadFields();
+    panel_->setTitle(duplicate_->itemName().string());
+    panel_->selectName();
+    updateButtons();
+}
+
+void GetInfoController::setPanel(InfoPanel* panel) {
+    panel_ = panel;
+    if (!panel_)
+        return;
+    panel_->setFrame(platform_.state.stringForKey(kFrameKey).value_or(""));
+    panel_->reloadFields();
+    panel_->setTitle(duplicate_->itemName().string());
+    panel_->selectName();
+    updateButtons();
+}
+
+void GetInfoController::setName(const std::string& text) {
+    duplicate_->setItemName(typed(text, original_->itemName()));
+}
+
+void GetInfoController::setURL(const std::string& text) {
+    duplicate_->setItemURL(typed(text, original_->itemURL()));
+}
+
+void GetInfoController::setNote(const std::string& text) {
+    duplicate_->setItemNote(typed(text, original_->itemNote()));
+}
+
+void GetInfoController::setTags(const std::string& text) {
+    duplicate_->setItemTags(typed(text, original_->itemTags()));
+}
+
+void GetInfoController::setLocked(bool locked) {
+    duplicate_->setItemLocked(locked);
+    panel_->reloadFields();
+}
+
+std::vector<std::string> GetInfoController::browserTitles() const {
+    std::vector<std::string> titles = {platform_.base.texts.text("Default"), ""};
+    for (const Browser& browser : kBrowsers)
+        titles.emplace_back(browser.title);
+    return titles;
+}
+
+void GetInfoController::openWith(int index) {
+    duplicate_->setBrowser(getBrowserValue(index));
+}
+
+std::uint32_t GetInfoController::getBrowserValue(int index) {
+    const int browser = index - kFirstBrowser;
+    const bool known = browser >= 0 && browser < static_cast<int>(kBrowsers.size());
+    return known ? kBrowsers[static_cast<std::size_t>(browser)].value : 0;
+}
+
+int GetInfoController::getBrowserMenuIndex(std::uint32_t value) {
+    const auto* const found = std::ranges::find(kBrowsers, value, &Browser::value);
+    return found == kBrowsers.end() ? 0 : kFirstBrowser + static_cast<int>(found - kBrowsers.begin());
+}
+
+void GetInfoController::up() {
+    Bookmark* parent = original_->getParent();
+    step(parent && parent->getParent() ? parent : nullptr);
+}
+
+void GetInfoController::down() {
+    step(original_->getChild());
+}
+
+void GetInfoController::next() {
+    step(original_->nextBookmark());
+}
+
+void GetInfoController::previous() {
+    const Bookmark* parent = original_->getParent();
+    const ChildList* siblings = parent ? parent->getChildren() : nullptr;
+    const std::size_t index = siblings ? siblings->indexOf(*original_) : ChildList::npos;
+    step(index != ChildList::npos && index > 0 ? siblings->at(index - 1) : nullptr);
+}
+
+// Null for nowhere.
+void GetInfoController::step(Bookmark* target) {
+    doneBookmark();
+    if (!target) {
+        platform_.beeper.beep();
+        return updateButtons();
+    }
+    show(*target);
+    if (outline_)
+        outline_->selectRowOf(*target);
+}
+
+void GetInfoController::done() {
+    if (!panel_)
+        return;
+    platform_.state.setStringForKey(kFrameKey, panel_->frame());
+    doneBookmark();
+    InfoPanel* panel = std::exchange(panel_, nullptr);
+    panel->dismiss();
+}
+
+void GetInfoController::doneBookmark() {
+    if (!outline_)
+        return;
+    if (!duplicate_->isIdentical(*original_))
+        saveBookmark();
+    outline_->selectRowOf(*original_);
+}
+
+void GetInfoController::saveBookmark() {
+    duplicate_->setItemDateModified(Date::now(platform_.base.clock));
+    const bool newURL = !(duplicate_->itemURL() == original_->itemURL());
+    original_->setWithBookmark(*duplicate_);
+    outline_->infoDidChange(*original_, newURL);
+}
+
+void GetInfoController::updateButtons() {
+    if (!panel_)
+        return;
+    const Bookmark* parent = original_->getParent();
+    const ChildList* siblings = parent ? parent->getChildren() : nullptr;
+    panel_->setButtons(
+        {.up = parent && parent->getParent(),
+         .down = original_->isFolder(),
+         .right = original_->nextBookmark() != nullptr,
+         .left = siblings && siblings->contains(*original_) && siblings->front() != original_.get()});
+}
+
+void GetInfoController::selectNote(const std::string& string) {
+    if (panel_)
+        panel_->selectNote(string);
+}
+
+void GetInfoController::selectTags(const std::string& string) {
+    if (panel_)
+        panel_->selectTags(string);
+}
+
+} // namespace tabulon
