@@ -1,5 +1,7 @@
 #include "window/BookmarkPasteboard.h"
 
+#include "model/ArchiveReader.h"
+#include "model/ArchiveWriter.h"
 #include "model/PropertyList.h"
 #include "window/FileUri.h"
 
@@ -132,6 +134,25 @@ Ref<Bookmark> pasteboardItemToBookmark(const PasteboardItem& item, const ItemRea
     if (const std::string* html = item.get(kHTMLType); html && reading.grabAllHTML)
         reading.grabAllHTML(*html);
     return nullptr;
+}
+
+std::vector<std::string_view> writableTypesForPasteboard() {
+    return {kItemType};
+}
+
+std::vector<std::string_view> readableTypesForPasteboard() {
+    return {kItemType, kURLType};
+}
+
+std::string pasteboardPropertyListForType(const Bookmark& node, std::string_view type) {
+    return type == kItemType ? writeNodeArchive(node) : std::string();
+}
+
+Ref<Bookmark> initWithPasteboardPropertyListOfType(std::string_view bytes, std::string_view type,
+                                                   SystemLog& log) {
+    log.log(fmt::format("initWithPasteboardPropertyList : {}", type));
+    const Result<Ref<Bookmark>> node = readNodeArchive(bytes);
+    return node ? *node : nullptr;
 }
 
 } // namespace tabulon

@@ -3,12 +3,15 @@
 #pragma once
 
 #include "model/Bookmark.h"
+#include "platform/SystemLog.h"
 #include "window/NodeRecords.h"
 #include "window/PasteboardItem.h"
 
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace tabulon {
 
@@ -38,5 +41,16 @@ struct ItemReading {
 /// tree. Null where it stands for none; nothing is classified but by `initWithDictionary`. Values that are
 /// damaged count as missing.
 Ref<Bookmark> pasteboardItemToBookmark(const PasteboardItem& item, const ItemReading& reading);
+
+// The form in which a bookmark can write and read itself, apart from all records: the archive of the node
+// with what is below it (model/ArchiveWriter.h). The outline's own copies and drags do not use it.
+
+std::vector<std::string_view> writableTypesForPasteboard();
+std::vector<std::string_view> readableTypesForPasteboard();
+/// Empty for a type that is not among the writable ones.
+std::string pasteboardPropertyListForType(const Bookmark& node, std::string_view type);
+/// Notes the type in the log. Null for bytes that are no such archive.
+Ref<Bookmark> initWithPasteboardPropertyListOfType(std::string_view bytes, std::string_view type,
+                                                   SystemLog& log);
 
 } // namespace tabulon

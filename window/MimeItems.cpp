@@ -108,8 +108,8 @@ std::string utf8OfMozilla(std::string_view bytes) {
     return text;
 }
 
-std::vector<Link> linksOfMozilla(std::string_view bytes) {
-    const std::string text = utf8OfMozilla(bytes);
+// Lines of URL and title in turn.
+std::vector<Link> linksOfPairs(std::string_view text) {
     const std::vector<std::string_view> lines = linesOf(text);
     std::vector<Link> links;
     for (std::size_t i = 0; i < lines.size(); i += 2)
@@ -161,10 +161,16 @@ void setTextAndHtml(PasteboardItem& item, const MimeContent& content) {
 std::vector<Link> linksIn(const MimeContent& content) {
     std::vector<Link> links;
     if (const std::string* mozilla = content.get("text/x-moz-url"))
-        links = linksOfMozilla(*mozilla);
-    if (const std::string* list = content.get("text/uri-list"); list && links.empty())
+        links = linksOfPairs(utf8OfMozilla(*mozilla));
+    if (!links.empty())
+        return links;
+    if (const std::string* list = content.get("text/uri-list"))
         links = linksOfUriList(*list);
-    return links;
+    const std::string* netscape = content.get("_NETSCAPE_URL");
+    const std::vector<Link> named = linksOfPairs(netscape ? Text::fromBytes(*netscape).view() : "");
+    if (named.size() == 1 && links.size() == 1)
+        links[0].title = named[0].title;
+    return links.empty() ? named : links;
 }
 
 // Writing

@@ -17,8 +17,8 @@ namespace tabulon {
 inline constexpr std::string_view kItemsMimeType = "application/x-tabulon-items";
 
 /// The types that `pasteboardItems` looks at.
-inline constexpr std::array<std::string_view, 5> kReadMimeTypes = {
-    kItemsMimeType, "text/x-moz-url", "text/uri-list", "text/plain", "text/html"};
+inline constexpr std::array<std::string_view, 6> kReadMimeTypes = {
+    kItemsMimeType, "text/x-moz-url", "text/uri-list", "_NETSCAPE_URL", "text/plain", "text/html"};
 
 /// The items in what another program, or this one, has copied or drags; none where there is nothing to read.
 ///
@@ -26,8 +26,9 @@ inline constexpr std::array<std::string_view, 5> kReadMimeTypes = {
 ///   beside them is read.
 /// - Files of a list of URIs are items with the file's URL each; those that are link files ("webloc",
 ///   "mailloc"; at most `kLargestLinkFile` bytes, read from `files`) have the URL in them as well.
-/// - Links (text/x-moz-url: UTF-16, lines of URL and title; else a list of URIs) are items with a URL, and
-///   the title where there is one. One link alone has the text beside it, too.
+/// - Links (text/x-moz-url: UTF-16, lines of URL and title; else a list of URIs, where _NETSCAPE_URL, UTF-8,
+///   may have the title of a single one) are items with a URL, and the title where there is one. One link
+///   alone has the text beside it, too.
 /// - Otherwise text and HTML are one item.
 std::vector<PasteboardItem> pasteboardItems(const MimeContent& content, const NodeRecords& records,
                                             FileStore& files);

@@ -171,8 +171,20 @@ public:
     /// Inserts the bookmark that "name TAB URL", or a URL alone, stands for. Null, and nothing inserted,
     /// where the URL is empty.
     Ref<Bookmark> splitBookmark(std::string_view string);
-    /// The current row's URL for a program that wants a text; nothing without a row or a URL.
-    std::optional<std::string> writeSelectionToPasteboard() const;
+
+    // Services: other programs that are handed a text and may hand one back. Desktops without a menu of such
+    // programs ask for none of this.
+
+    /// Whether such a program can be given what it wants: the text type (PasteboardItem.h), whatever it would
+    /// give back.
+    static bool validRequestorForSendTypeReturnType(std::string_view sendType, std::string_view returnType);
+    /// Makes `pasteboard` an item with the current row's URL as its only text. False, with nothing in it,
+    /// when no row is selected or it has no URL; false, and as it was, when no text is among the types
+    /// wanted.
+    bool writeSelectionToPasteboardTypes(PasteboardItem& pasteboard,
+                                         const std::vector<std::string_view>& types) const;
+    /// What comes back never changes the document. Always true.
+    static bool readSelectionFromPasteboard(const PasteboardItem& pasteboard);
 
     // Dragging
 

@@ -135,10 +135,25 @@ Ref<Bookmark> ViewController::splitBookmark(std::string_view string) {
     return bookmark;
 }
 
-std::optional<std::string> ViewController::writeSelectionToPasteboard() const {
+bool ViewController::validRequestorForSendTypeReturnType(std::string_view sendType, std::string_view) {
+    return sendType == kStringType;
+}
+
+bool ViewController::writeSelectionToPasteboardTypes(PasteboardItem& pasteboard,
+                                                     const std::vector<std::string_view>& types) const {
+    if (std::ranges::find(types, kStringType) == types.end())
+        return false;
+    pasteboard = {};
     const std::optional<std::size_t> row = outline().selectedRow();
     const Text url = row ? rows_.at(*row).itemURL() : Text();
-    return url.isNull() ? std::nullopt : std::optional(url.string());
+    if (url.isNull())
+        return false;
+    pasteboard.set(kStringType, url.string());
+    return true;
+}
+
+bool ViewController::readSelectionFromPasteboard(const PasteboardItem&) {
+    return true;
 }
 
 } // namespace tabulon

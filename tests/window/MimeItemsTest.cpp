@@ -66,6 +66,21 @@ TEST_F(MimeItemsTest, mozillasListInItsVariants) {
     EXPECT_EQ(read({{"text/x-moz-url", ""}, {"text/uri-list", "https://a/"}}), (Texts{"url=https://a/"}));
 }
 
+TEST_F(MimeItemsTest, theTitleOfASingleLinkMayStandBesideTheListOfURIs) {
+    const std::string named = "https://a/\nThe title é";
+    EXPECT_EQ(read({{"text/uri-list", "https://a/"}, {"_NETSCAPE_URL", named}}),
+              (Texts{"url=https://a/ url-name=The title é"}));
+    EXPECT_EQ(read({{"_NETSCAPE_URL", named}}), (Texts{"url=https://a/ url-name=The title é"}));
+    EXPECT_EQ(read({{"text/x-moz-url", utf16("https://a/\nM")}, {"_NETSCAPE_URL", named}}),
+              (Texts{"url=https://a/ url-name=M"}));
+    EXPECT_EQ(read({{"text/uri-list", "https://a/\r\nhttps://b/"}, {"_NETSCAPE_URL", named}}),
+              (Texts{"url=https://a/", "url=https://b/"}))
+        << "of which of them would it be?";
+    EXPECT_EQ(read({{"text/uri-list", "file:///tmp/a.txt"}, {"_NETSCAPE_URL", "file:///tmp/a.txt\na"}}),
+              (Texts{"file-url=file:///tmp/a.txt"}));
+    EXPECT_EQ(read({{"text/uri-list", "https://a/"}, {"_NETSCAPE_URL", "\xFF\0\n"s}}).size(), 1u);
+}
+
 TEST_F(MimeItemsTest, filesAreItemsOfTheirOwn) {
     EXPECT_EQ(read({{"text/uri-list", "file:///tmp/a%20b.txt\r\nfile:///tmp/c\r\n"},
                     {"text/plain", "/tmp/a b.txt\n/tmp/c"}}),

@@ -370,15 +370,76 @@ TEST_F(PasteboardTest, itemsThatAreNothingAreSkipped) {
     EXPECT_EQ(changes(), 0);
 }
 
-TEST_F(PasteboardTest, servicesAreGivenTheCurrentRowsURL) {
+class ServicesTest : public PasteboardTest {
+protected:
+    bool write(std::vector<std::string_view> types = {kStringType}) {
+        return controller->writeSelectionToPasteboardTypes(given, types);
+    }
+
+    PasteboardItem given = makeItem({{typed(kHTMLType), "of before"}});
+};
+
+TEST_F(ServicesTest, theyAreGivenTheCurrentRowsURLAlone) {
     Bookmark& folder = add(makeFolder("f"));
+    Bookmark& first = add(makeLink("l", "https://l/"));
+    Bookmark& second = add(makeLink("m", "https://m/"));
+    open();
+    select({&first, &second});
+    EXPECT_TRUE(write({kURLType, kStringType}));
+    EXPECT_EQ(given, makeItem({{typed(kStringType), "https://m/"}})) << "never several, in no other form";
+    select({&folder});
+    EXPECT_FALSE(write()) << "a folder has no URL";
+    EXPECT_TRUE(given.values().empty());
+    select({});
+    EXPECT_FALSE(write());
+}
+
+TEST_F(ServicesTest, whoWantsNoTextIsGivenNothing) {
+    Bookmark& link = add(makeLink("l"));
+    open();
+    select({&link});
+    const PasteboardItem before = given;
+    EXPECT_FALSE(write({kURLType}));
+    EXPECT_EQ(given, before);
+    EXPECT_TRUE(ViewController::validRequestorForSendTypeReturnType(kStringType, kHTMLType));
+    EXPECT_FALSE(ViewController::validRequestorForSendTypeReturnType(kURLType, kStringType));
+    EXPECT_FALSE(ViewController::validRequestorForSendTypeReturnType("", kStringType));
+}
+
+TEST_F(ServicesTest, whatTheyGiveBackChangesNothing) {
     Bookmark& link = add(makeLink("l", "https://l/"));
     open();
-    EXPECT_EQ(controller->writeSelectionToPasteboard(), std::nullopt);
-    select({&folder});
-    EXPECT_EQ(controller->writeSelectionToPasteboard(), std::nullopt);
     select({&link});
-    EXPECT_EQ(controller->writeSelectionToPasteboard(), "https://l/");
+    EXPECT_TRUE(controller->readSelectionFromPasteboard(makeItem({{typed(kStringType), "https://other/"}})));
+    EXPECT_EQ(link.itemURL(), Text("https://l/"));
+    EXPECT_EQ(rowNames(), std::vector<std::string>{"l"});
+    EXPECT_EQ(changes(), 0);
+}
+
+using BookmarkFormTest = PasteboardTest;
+
+TEST_F(BookmarkFormTest, aBookmarkWritesItselfAsTheArchiveOfItsTreeAndReadsThatAgain) {
+    const Ref<Bookmark> folder = makeFolder("f");
+    folder->addChild(makeLink("l", "https://l/"));
+    ASSERT_EQ(writableTypesForPasteboard(), std::vector{kItemType});
+    const std::string archive = pasteboardPropertyListForType(*folder, kItemType);
+    EXPECT_TRUE(archive.starts_with("bplist00"));
+    EXPECT_TRUE(pasteboardPropertyListForType(*folder, kURLType).empty());
+    const Ref<Bookmark> again = initWithPasteboardPropertyListOfType(archive, kItemType, base.log);
+    ASSERT_TRUE(again);
+    EXPECT_NE(again.get(), folder.get());
+    EXPECT_EQ(again->itemName(), Text("f"));
+    ASSERT_EQ(again->getChildren()->size(), 1u);
+    EXPECT_EQ(again->getChildren()->at(0)->itemURL(), Text("https://l/"));
+    EXPECT_EQ(base.log.lines, std::vector<std::string>{"initWithPasteboardPropertyList : com.tabulon.item"});
+}
+
+TEST_F(BookmarkFormTest, whatIsNoArchiveIsNoBookmark) {
+    EXPECT_EQ(readableTypesForPasteboard(), (std::vector{kItemType, kURLType}));
+    EXPECT_FALSE(initWithPasteboardPropertyListOfType("https://l/", kURLType, base.log));
+    EXPECT_FALSE(initWithPasteboardPropertyListOfType("", kItemType, base.log));
+    EXPECT_EQ(base.log.lines.size(), 2u) << "each is logged first";
+    EXPECT_EQ(base.log.lines.at(0), "initWithPasteboardPropertyList : public.url");
 }
 
 } // namespace
