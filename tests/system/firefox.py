@@ -1,4 +1,4 @@
-"""A Firefox without a window, driven over Marionette, its own remote-control protocol: each message is a length, a
+"""A Firefox, without a window or on a display, driven over Marionette, its own remote-control protocol: each message is a length, a
 colon and a JSON array. Only what the bookmark tests need: start, run a script with the browser's own rights, stop.
 """
 
@@ -39,11 +39,15 @@ def find():
 
 
 class Firefox:
-    """Use with `with`: a fresh profile each time, gone afterwards."""
+    """Use with `with`: a fresh profile each time, gone afterwards. With the `environment` of a display it has a window there.
+    `preferences` are more lines for the profile.
+    """
 
-    def __init__(self, program, patience=120):
+    def __init__(self, program, patience=120, environment=None, preferences=""):
         self._program = program
         self._patience = patience
+        self._environment = environment
+        self._preferences = _PREFERENCES + preferences
         self._process = None
         self._socket = None
         self._last_id = 0
@@ -53,12 +57,13 @@ class Firefox:
         profile = os.path.join(self._folder.name, "profile")
         os.mkdir(profile)
         with open(os.path.join(profile, "user.js"), "w", encoding="utf-8") as preferences:
-            preferences.write(_PREFERENCES)
+            preferences.write(self._preferences)
         self._log = open(os.path.join(self._folder.name, "log"), "w+", encoding="utf-8", errors="replace")
-        command = [self._program, "--headless", "--no-remote", "--marionette", "--remote-allow-system-access",
-                   "--profile", profile]
-        environment = dict(os.environ, HOME=self._folder.name, MOZ_CRASHREPORTER_DISABLE="1")
-        environment.pop("DISPLAY", None)
+        command = [self._program, "--no-remote", "--marionette", "--remote-allow-system-access", "--profile", profile]
+        environment = dict(self._environment or os.environ, HOME=self._folder.name, MOZ_CRASHREPORTER_DISABLE="1")
+        if not self._environment:
+            command.append("--headless")
+            environment.pop("DISPLAY", None)
         self._process = subprocess.Popen(command, env=environment, stdin=subprocess.DEVNULL, stdout=self._log,
                                          stderr=subprocess.STDOUT)
         try:

@@ -227,6 +227,25 @@ TEST_F(PasteboardTest, splittingTakesLineFeedsOutOfAURLThatEndsInOne) {
     EXPECT_EQ(changes(), 2);
 }
 
+TEST_F(PasteboardTest, aTextIsSplitOnlyWhereItIsTheOnlyItem) {
+    const auto hold = [this](const std::vector<PasteboardItem>& items) {
+        pasteboard.setContent(mimeContent(items, shared.records));
+    };
+    const PasteboardItem named = makeItem({{typed(kStringType), "Name\thttps://named/"}});
+    open();
+    hold({named, PasteboardItem()});
+    controller->pasteEditMenu();
+    EXPECT_EQ(rowNames(), std::vector<std::string>{"Name"}) << "an empty second item does not count";
+    hold({named, makeItem({{typed(kStringType), "https://bare/"}})});
+    controller->pasteEditMenu();
+    EXPECT_EQ(rowNames(), (std::vector<std::string>{"Name", "Untitled", "Untitled"}));
+    EXPECT_EQ(controller->itemAtRow(1).itemURL(), Text("Name\thttps://named/"));
+    hold({named, PasteboardItem(), PasteboardItem()});
+    controller->pasteEditMenu();
+    EXPECT_EQ(rowNames().size(), 4u);
+    EXPECT_EQ(rowNames().back(), "Untitled") << "two empty ones do";
+}
+
 TEST_F(PasteboardTest, aTextWithoutTabOrLineFeedIsAURLAsItStands) {
     open();
     paste("  not a link ");
