@@ -101,10 +101,16 @@ std::string withoutReturns(std::string text) {
     return text;
 }
 
-Result<PageLinks> linksOf(const Findings& findings, std::string_view queryEncoding, std::size_t mostBytes) {
+Result<PageLinks> linksOf(const Findings& findings, std::string_view queryEncoding, std::size_t mostBytes,
+                          Progress* progress) {
+    constexpr std::size_t kStride = 256; // links
     PageLinks result;
+    ProgressSteps steps(progress, findings.links.size(), kStride);
+    std::size_t done = 0;
     const std::optional<url::Url> base = baseOf(findings, queryEncoding);
     for (const Link& link : findings.links) {
+        if (!steps.goOn(done++))
+            return cancelledByUser();
         const html::LinkAttributes& attributes = *link.node->link;
         const auto target = url::parse(attributes.href, base ? &*base : nullptr, queryEncoding);
         (result.targets += target ? target->text() : attributes.href) += kFormFeed;
@@ -127,13 +133,17 @@ Result<PageLinks> linksOf(const Findings& findings, std::string_view queryEncodi
 
 Result<PageLinks> readPageLinks(std::string_view page, std::string_view queryEncoding, Progress* progress) {
     const std::string source = withoutReturns(decodeUtf8Leniently(page));
+    constexpr double kBuilding = 0.4;
+    PartialProgress building(progress, 0, kBuilding);
+    PartialProgress collecting(progress, kBuilding, 1);
     html::Tree tree;
-    const html::TreeBuilder::Outcome outcome = html::TreeBuilder::build(source, tree, progress);
+    const html::TreeBuilder::Outcome outcome = html::TreeBuilder::build(source, tree, &building);
     if (outcome == html::TreeBuilder::Outcome::Cancelled)
         return cancelledByUser();
     if (outcome == html::TreeBuilder::Outcome::Entangled)
         return failure("The tags of the page are too entangled to be read.");
-    return linksOf(LinkWalk().run(tree.document()), queryEncoding, kMostRepeatedBytes + 16 * source.size());
+    return linksOf(LinkWalk().run(tree.document()), queryEncoding, kMostRepeatedBytes + 16 * source.size(),
+                   &collecting);
 }
 
 } // namespace tabulon

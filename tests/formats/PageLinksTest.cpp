@@ -2,8 +2,11 @@
 #include "formats/import/PageLinks.h"
 
 #include "tests/ProcessorTime.h"
+#include "tests/formats/CountingProgress.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace tabulon {
 namespace {
@@ -166,13 +169,19 @@ TEST(PageLinks, addressesThatRepeatALongBaseAreBounded) {
     EXPECT_LT(time.seconds(), 30);
 }
 
-TEST(PageLinks, aCancelledReadingGivesNothing) {
-    class Stop : public Progress {
-        bool goOn(double) override { return false; }
-    } stop;
-    const Result<PageLinks> links = readPageLinks("<a href=x>", {}, &stop);
-    ASSERT_FALSE(links);
-    EXPECT_EQ(links.error().code, kUserCancelledError);
+TEST(PageLinks, aReadingCanBeCancelledAtAnyTimeAndGivesNothingThen) {
+    const std::string page = repeated("<a href=https://example.org/>A link</a>\n", 20'000);
+    test::CountingProgress whole;
+    ASSERT_TRUE(readPageLinks(page, {}, &whole));
+    EXPECT_TRUE(std::ranges::is_sorted(whole.fractions));
+    EXPECT_GT(whole.fractions.back(), 0.9);
+    EXPECT_LE(whole.fractions.back(), 1);
+    for (std::size_t call = 1; call <= whole.fractions.size(); call += 5) {
+        test::CountingProgress progress(call);
+        const Result<PageLinks> links = readPageLinks(page, {}, &progress);
+        ASSERT_FALSE(links) << call;
+        EXPECT_TRUE(isCancelledByUser(links.error())) << call;
+    }
 }
 
 } // namespace
