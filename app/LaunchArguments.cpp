@@ -1,7 +1,7 @@
 #include "app/LaunchArguments.h"
 
-#include "window/FileUri.h"
 #include "model/Text.h"
+#include "window/FileUri.h"
 
 namespace tabulon {
 namespace {

@@ -45,7 +45,7 @@ Result<void> writeDuplicates(const Session& session, const std::string& input, D
     constexpr RemovalOptions kDuplicates{.duplicates = true};
     const Date now = Date::now(session.services.clock);
     const Removal removal = removeByStatus(document.getMaster(), kDuplicates, texts, now);
-    const Result<void> done = session.writeDocument(output, document);
+    Result<void> done = session.writeDocument(output, document);
     if (done)
         session.inform(removalSummary(kDuplicates, removal.items.size(), texts));
     return done;

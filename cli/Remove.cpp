@@ -12,7 +12,7 @@ Result<void> removeFromDocument(const Session& session, const std::string& input
     moveWasteBasketDown((*document)->getMaster(), texts);
     const Date now = Date::now(session.services.clock);
     const Removal removal = removeByStatus((*document)->getMaster(), options, texts, now);
-    const Result<void> done = session.writeDocument(output, **document);
+    Result<void> done = session.writeDocument(output, **document);
     if (done)
         session.inform(removalSummary(options, removal.items.size(), texts));
     return done;

@@ -123,6 +123,7 @@ void FindBarWidget::textWasEdited() {
 
 void FindBarWidget::searchNow() {
     pause_.stop();
+    editing_ = false; // what is typed after that is another search
     if (controller_)
         controller_->doSearch(field_->text().toStdString());
 }

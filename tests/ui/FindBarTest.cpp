@@ -1,0 +1,205 @@
+// The find bar, the sheets about marks and the info sheet as real widgets: keys, pauses, what they tell their
+// controllers.
+#include "tests/ui/OutlineFixture.h"
+#include "ui/document/FindBarWidget.h"
+#include "ui/document/InfoSheet.h"
+#include "ui/document/MarkSheets.h"
+#include "window/GetInfoController.h"
+#include "window/MoveDeleteController.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QToolButton>
+
+namespace tabulon {
+namespace {
+
+class FindBarTest : public OutlineTest {
+protected:
+    void SetUp() override {
+        add(makeLink("one hit", "x"));
+        add(makeLink("two hit", "x"));
+        openWidget();
+        bar = std::make_unique<FindBarWidget>(controller->findBar(), base.texts, nullptr);
+        controller->findBar().setFindBar(bar.get());
+        controller->findBar().showFindView();
+    }
+    void TearDown() override {
+        bar->detach();
+        bar.reset();
+        OutlineTest::TearDown();
+    }
+    QLineEdit& field() { return *bar->findChild<QLineEdit*>(); }
+    bool shows(const QString& text) {
+        for (const QLabel* label : bar->findChildren<QLabel*>())
+            if (label->text() == text)
+                return true;
+        return false;
+    }
+
+    std::unique_ptr<FindBarWidget> bar;
+};
+
+TEST_F(FindBarTest, typingSearchesAfterAPause) {
+    QTest::keyClicks(&field(), "hit");
+    EXPECT_EQ(controller->searchString(), "") << "not for every letter";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shows("2 matches"); }));
+    EXPECT_EQ(controller->searchString(), "hit");
+    QTest::keyClicks(&field(), "s");
+    EXPECT_TRUE(shows("")) << "the number is of another text";
+}
+
+TEST_F(FindBarTest, returnSearchesAtOnceAndThenGoesOn) {
+    QTest::keyClicks(&field(), "hit");
+    QTest::keyClick(&field(), Qt::Key_Return);
+    EXPECT_TRUE(shows("2 matches"));
+    EXPECT_EQ(controller->foundBookmark()->itemName(), Text("one hit"));
+    QTest::keyClick(&field(), Qt::Key_Return);
+    EXPECT_EQ(controller->foundBookmark()->itemName(), Text("two hit"));
+    EXPECT_EQ(controller->findBar().recentSearches(), std::vector<std::string>{"hit"});
+}
+
+TEST_F(FindBarTest, clearingTheFieldClearsTheNumber) {
+    QTest::keyClicks(&field(), "hit");
+    QTest::keyClick(&field(), Qt::Key_Return);
+    field().selectAll();
+    QTest::keyClick(&field(), Qt::Key_Delete);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !shows("2 matches"); }));
+    EXPECT_EQ(controller->searchString(), "hit");
+}
+
+TEST_F(FindBarTest, escapeHidesTheBarAndStopsWhatIsPending) {
+    QTest::keyClicks(&field(), "hit");
+    QTest::keyClick(&field(), Qt::Key_Escape);
+    EXPECT_FALSE(bar->isFindBarShown());
+    QTest::qWait(250);
+    EXPECT_EQ(controller->searchString(), "");
+    EXPECT_EQ(beeper.beeps, 0);
+}
+
+class SheetsTest : public OutlineTest {
+protected:
+    template <class Widget>
+    Widget* inSheet(const QString& title) {
+        for (QWidget* top : QApplication::topLevelWidgets())
+            for (Widget* each : top->findChildren<Widget*>())
+                if (QString(each->text()).remove('&') == title && each->isVisible())
+                    return each;
+        return nullptr;
+    }
+    QWidget window;
+};
+
+TEST_F(SheetsTest, theRemovalSheetStoresItsBoxesAndThenActs) {
+    int executed = 0;
+    const auto sheet = std::make_shared<MoveDeleteController>(base.services(), [&] { ++executed; });
+    window.show();
+    presentMoveDelete(&window, sheet, base.texts);
+    auto* broken = inSheet<QCheckBox>("Broken");
+    auto* move = inSheet<QCheckBox>("Move them to the Waste Basket");
+    ASSERT_TRUE(broken && move && inSheet<QPushButton>("Move"));
+    EXPECT_FALSE(broken->isChecked());
+    EXPECT_TRUE(move->isChecked());
+    broken->click();
+    move->click();
+    QPushButton* ok = inSheet<QPushButton>("Delete");
+    ASSERT_TRUE(ok);
+    ok->click();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return executed == 1; }));
+    EXPECT_TRUE(base.defaults.boolForKey("BrokenLinks"));
+    EXPECT_FALSE(base.defaults.boolForKey("MoveLinks"));
+    EXPECT_FALSE(inSheet<QPushButton>("Delete"));
+}
+
+TEST_F(SheetsTest, aCancelledRemovalSheetStoresNothing) {
+    int executed = 0;
+    const auto sheet = std::make_shared<MoveDeleteController>(base.services(), [&] { ++executed; });
+    window.show();
+    presentMoveDelete(&window, sheet, base.texts);
+    inSheet<QCheckBox>("Broken")->click();
+    inSheet<QPushButton>("Cancel")->click();
+    QTest::qWait(20);
+    EXPECT_EQ(executed, 0);
+    EXPECT_FALSE(base.defaults.boolForKey("BrokenLinks"));
+}
+
+TEST_F(SheetsTest, theLegendTellsOfEveryMark) {
+    window.show();
+    presentLegenda(&window, base.texts);
+    for (const char* key : {"LegendValid", "LegendMoved", "LegendBroken", "LegendUnknown", "LegendDuplicate"})
+        EXPECT_TRUE(inSheet<QLabel>(QString::fromStdString(base.texts.text(key)))) << key;
+    inSheet<QPushButton>("OK")->click();
+    QTest::qWait(20);
+}
+
+class InfoSheetTest : public OutlineTest {
+protected:
+    void SetUp() override {
+        link = &add(makeLink("link", "https://a.example/"));
+        link->setItemNote("first line\nand a HIT here");
+        add(makeLink("next"));
+        openWidget();
+        controller->selectRowOf(*link);
+        info = std::make_shared<GetInfoController>(*controller, platform());
+        info->editBookmark(*link);
+        sheet = new InfoSheet(info, base.texts, nullptr);
+        sheet->show();
+    }
+    void TearDown() override {
+        delete sheet;
+        OutlineTest::TearDown();
+    }
+    QLineEdit& nameField() { return *sheet->findChildren<QLineEdit*>().at(0); }
+    QPlainTextEdit& noteField() { return *sheet->findChild<QPlainTextEdit*>(); }
+
+    Bookmark* link = nullptr;
+    std::shared_ptr<GetInfoController> info;
+    QPointer<InfoSheet> sheet;
+};
+
+TEST_F(InfoSheetTest, escapeLeavesWithoutAChangeWhenNothingWasTyped) {
+    QTest::keyClick(sheet, Qt::Key_Escape);
+    EXPECT_FALSE(info->isShown());
+    EXPECT_EQ(document.changeCount(), 0);
+}
+
+TEST_F(InfoSheetTest, whatWasTypedIsSavedOnTheWayOut) {
+    EXPECT_EQ(nameField().selectedText(), "link");
+    QTest::keyClicks(&nameField(), "typed");
+    EXPECT_EQ(link->itemName(), Text("link"));
+    QTest::keyClick(sheet, Qt::Key_Escape);
+    EXPECT_EQ(link->itemName(), Text("typed"));
+    EXPECT_EQ(link->itemNote(), Text("first line\nand a HIT here"));
+    EXPECT_EQ(document.changeCount(), 1);
+}
+
+TEST_F(InfoSheetTest, aStepShowsTheNextItemAndChangesNothing) {
+    info->next();
+    EXPECT_EQ(nameField().text(), "next");
+    EXPECT_EQ(noteField().toPlainText(), "");
+    EXPECT_EQ(document.changeCount(), 0);
+    info->previous();
+    EXPECT_EQ(document.changeCount(), 0);
+}
+
+TEST_F(InfoSheetTest, whatWasFoundIsSelected) {
+    info->selectNote("hit");
+    EXPECT_EQ(noteField().textCursor().selectedText(), "HIT");
+    info->selectNote("not there");
+    EXPECT_TRUE(noteField().textCursor().hasSelection());
+    EXPECT_EQ(document.changeCount(), 0);
+}
+
+TEST_F(InfoSheetTest, aSheetThatGoesWithItsWindowLeavesItsController) {
+    delete sheet;
+    EXPECT_FALSE(info->isShown());
+    info->done();
+    EXPECT_EQ(document.changeCount(), 0);
+}
+
+} // namespace
+} // namespace tabulon

@@ -1,0 +1,124 @@
+"""Finding and putting in order in the real program, with real keys: the find bar, the info panel, duplicates, sorting, a
+click on a column's title. FINDING_PICTURES names a folder for pictures of the screen.
+"""
+
+import json
+import os
+import subprocess
+import time
+
+from desktop_program import check, wait_for
+from session import run_session_tests
+
+TREE = {"name": "Master", "folder": True, "openFolder": True, "children": [
+    {"name": "Checked", "url": "https://valid.example/", "status": 1},
+    {"name": "Moved", "url": "https://moved.example/", "status": 2, "label": 5},
+    {"name": "Folder", "folder": True, "openFolder": True, "children": [
+        {"name": "zebra", "url": "https://z.example/", "note": "a note about quaggas"},
+        {"name": "Ape", "url": "HTTPS://valid.example/"}]},
+    {"name": "Gone", "url": "https://broken.example/", "status": 3},
+    {"name": "Perhaps", "url": "https://unknown.example/", "status": 4}]}
+
+
+def picture(desktop, name):
+    folder = os.environ.get("FINDING_PICTURES")
+    if folder:
+        time.sleep(0.5)
+        subprocess.run(["scrot", "--overwrite", os.path.join(folder, name + ".png")], env=desktop.environment,
+                       check=True)
+
+
+def open_tree(desktop):
+    source = os.path.join(desktop.folder, "tree.json")
+    document = os.path.join(desktop.folder, "links.tbln")
+    with open(source, "w", encoding="utf-8") as file:
+        json.dump(TREE, file)
+    subprocess.run([desktop.tool, "make", source, "-o", document], check=True)
+    desktop.launch("--theme", os.environ.get("FINDING_THEME", "light"), document)
+    desktop.window("links – Tabulon")
+    return document
+
+
+def saved(desktop, document, condition):
+    desktop.press("ctrl+s")
+
+    def is_so():
+        shown = subprocess.run([desktop.tool, "show", "--json", document], capture_output=True, text=True, check=True)
+        return condition(json.loads(shown.stdout)["children"])
+
+    wait_for("the change in the file", is_so)
+
+
+def names(children):
+    return [child["name"] for child in children]
+
+
+def find_a_note_and_rename_its_link(desktop):
+    document = open_tree(desktop)
+    desktop.press("ctrl+f")
+    desktop.xdotool("type", "--delay", "5", "QUAGGA")
+    desktop.window("zebra")
+    picture(desktop, "info")
+    desktop.press("alt+n", "ctrl+a")
+    desktop.xdotool("type", "--delay", "5", "plains zebra")
+    desktop.press("Escape")
+    desktop.gone("zebra")
+    desktop.window("links")
+    saved(desktop, document, lambda tree: names(tree[2]["children"]) == ["plains zebra", "Ape"]
+          and tree[2]["children"][0]["dateModified"] is not None)
+    desktop.press("Escape")
+
+
+def delete_duplicates(desktop):
+    document = open_tree(desktop)
+    desktop.press("alt+c", "Up", "Up", "Return")
+    time.sleep(0.5)
+    picture(desktop, "delete")
+    desktop.press("Return")
+    time.sleep(0.5)
+    desktop.press("Return")
+    saved(desktop, document, lambda tree: names(tree[2]["children"]) == ["zebra"])
+
+
+def move_broken_links(desktop):
+    document = open_tree(desktop)
+    desktop.press("alt+c", "Up", "Return")
+    desktop.window("Remove Marked Links")
+    desktop.press("alt+b")
+    picture(desktop, "remove")
+    desktop.press("Return")
+    time.sleep(0.5)
+    picture(desktop, "marks")
+    desktop.press("Return")
+    saved(desktop, document, lambda tree: names(tree) == ["Checked", "Moved", "Folder", "Perhaps", "Waste Basket"]
+          and names(tree[-1]["children"]) == ["Gone"])
+
+
+def sort_a_folder(desktop):
+    document = open_tree(desktop)
+    desktop.press("Home", "Down", "Down", "alt+s", "Down", "Return")
+    saved(desktop, document, lambda tree: names(tree[2]["children"]) == ["Ape", "zebra"]
+          and names(tree)[0] == "Checked")
+
+
+def sort_by_a_title(desktop):
+    document = open_tree(desktop)
+    window = desktop.window("links – Tabulon")
+
+    def click_title():
+        desktop.xdotool("mousemove", "--window", window, "120", "28")
+        desktop.xdotool("click", "1")
+
+    click_title()
+    time.sleep(1.5)
+    picture(desktop, "question")
+    desktop.press("alt+y")
+    time.sleep(0.5)
+    check("*" not in desktop.front_title(), "the first click sorts nothing")
+    click_title()
+    saved(desktop, document, lambda tree: names(tree) == ["Folder", "Checked", "Gone", "Moved", "Perhaps"])
+
+
+if __name__ == "__main__":
+    run_session_tests([find_a_note_and_rename_its_link, delete_duplicates, move_broken_links, sort_a_folder,
+                       sort_by_a_title])
