@@ -49,6 +49,14 @@ def saved(desktop, document, condition):
     wait_for("the change in the file", is_so)
 
 
+def answer(desktop, *keys):
+    """Waits for an alert, answers it with the keys, and waits until it is gone."""
+    alert = desktop.window("^Tabulon$")
+    desktop.press(*keys)
+    wait_for("the end of the alert",
+             lambda: alert not in desktop.xdotool("search", "--onlyvisible", "--name", "^Tabulon$").split())
+
+
 def names(children):
     return [child["name"] for child in children]
 
@@ -72,11 +80,11 @@ def find_a_note_and_rename_its_link(desktop):
 def delete_duplicates(desktop):
     document = open_tree(desktop)
     desktop.press("alt+c", "Up", "Up", "Return")
-    time.sleep(0.5)
+    desktop.window("^Tabulon$")
     picture(desktop, "delete")
-    desktop.press("Return")
-    time.sleep(0.5)
-    desktop.press("Return")
+    answer(desktop, "Return")
+    answer(desktop, "Return")
+    desktop.window("links")
     saved(desktop, document, lambda tree: names(tree[2]["children"]) == ["zebra"])
 
 
@@ -87,9 +95,10 @@ def move_broken_links(desktop):
     desktop.press("alt+b")
     picture(desktop, "remove")
     desktop.press("Return")
-    time.sleep(0.5)
+    desktop.window("^Tabulon$")
     picture(desktop, "marks")
-    desktop.press("Return")
+    answer(desktop, "Return")
+    desktop.window("links")
     saved(desktop, document, lambda tree: names(tree) == ["Checked", "Moved", "Folder", "Perhaps", "Waste Basket"]
           and names(tree[-1]["children"]) == ["Gone"])
 
@@ -110,10 +119,10 @@ def sort_by_a_title(desktop):
         desktop.xdotool("click", "1")
 
     click_title()
-    time.sleep(1.5)
+    desktop.window("^Tabulon$")
     picture(desktop, "question")
-    desktop.press("alt+y")
-    time.sleep(0.5)
+    answer(desktop, "alt+y")
+    desktop.window("links")
     check("*" not in desktop.front_title(), "the first click sorts nothing")
     click_title()
     saved(desktop, document, lambda tree: names(tree) == ["Folder", "Checked", "Gone", "Moved", "Perhaps"])
