@@ -93,6 +93,7 @@ def move_broken_links(desktop):
     desktop.press("alt+c", "Up", "Return")
     desktop.window("Remove Marked Links")
     desktop.press("alt+b")
+    time.sleep(0.5)  # a box that a key presses looks pressed for a moment before it changes
     picture(desktop, "remove")
     desktop.press("Return")
     desktop.window("^Tabulon$")
