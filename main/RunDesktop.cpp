@@ -56,6 +56,12 @@ void tellSettingsProblems(FileUserDefaults& defaults, const Platform& platform) 
     });
 }
 
+void endMainLoop(SingleInstance& instance) {
+    instance.release();
+    // Not quit(): that closes the windows first, and they ask.
+    QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
+}
+
 } // namespace
 
 int runDesktop(const LaunchArguments& arguments, SingleInstance& instance) {
@@ -99,11 +105,7 @@ int runDesktop(const LaunchArguments& arguments, SingleInstance& instance) {
                             state};
     AppDelegate app(platform, windows, TABULON_VERSION);
     windows.connectTo(app, platform);
-    app.stop = [&instance] {
-        instance.release();
-        // Not quit(): that closes the windows first, and they ask.
-        QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
-    };
+    app.stop = [&instance] { endMainLoop(instance); };
     const SessionEvents session([&app] { app.applicationWillResignActive(); },
                                 [&app] { app.sessionWillEnd(); });
     RequestQueue queue(app, instance, timers);
