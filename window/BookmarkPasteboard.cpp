@@ -58,12 +58,12 @@ Ref<Bookmark> folderOfBookmarks(const PropertyList& list, const ItemReading& rea
     folder->setItemName(reading.untitled);
     for (std::uint64_t i = 0; i < list.top().count(); ++i) {
         const PropertyList::Object entry = list.element(list.top(), i);
-        Text title = list.text(list.value(entry, "URIDictionary"), "title");
+        const Text title = list.text(list.value(entry, "URIDictionary"), "title");
         Text url = list.text(entry, "URLString");
         if (title.isNull() && url.isNull())
             continue;
         folder->addChild(
-            makeBookmark(title.isEmpty() ? reading.untitled : std::move(title), std::move(url), reading.now));
+            makeBookmark(title.isEmpty() ? reading.untitled : title, std::move(url), reading.now));
     }
     return folder;
 }

@@ -5,6 +5,7 @@
 #include "model/PropertyList.h"
 #include "window/FileUri.h"
 
+#include <fmt/format.h>
 #include <unicode/unistr.h>
 
 #include <algorithm>
@@ -252,8 +253,8 @@ MimeContent mimeContent(const std::vector<PasteboardItem>& items, const NodeReco
         const std::string name = oneLine(node->itemName().view());
         uris += uriOf(url) + "\r\n";
         appendUtf16(mozilla, (mozilla.empty() ? "" : "\n") + url + "\n" + name);
-        html += (html.empty() ? "" : "<br>\n") +
-                ("<a href=\"" + escapeXmlEntities(url) + "\">" + escapeXmlEntities(name) + "</a>");
+        html += fmt::format("{}<a href=\"{}\">{}</a>", html.empty() ? "" : "<br>\n", escapeXmlEntities(url),
+                            escapeXmlEntities(name));
     }
     MimeContent content;
     content.set(kItemsMimeType, privateForm(items, records.token()));
