@@ -36,7 +36,7 @@ public:
     void showEmptyState(bool empty) override { window_->showEmptyState(empty); }
     FindBar& findBar() override { return window_->findBar(); }
     void presentMoveDelete(std::shared_ptr<MoveDeleteController> controller) override {
-        tabulon::presentMoveDelete(window_, std::move(controller), owner_.platform_->base.texts);
+        tabulon::presentMoveDelete(window_, controller, owner_.platform_->base.texts);
     }
     void presentInfo(std::shared_ptr<GetInfoController> controller) override {
         (new InfoSheet(std::move(controller), owner_.platform_->base.texts, window_))->open();

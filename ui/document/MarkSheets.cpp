@@ -71,7 +71,7 @@ QCheckBox* addBox(QDialog* sheet, const BoxPlace& place, bool& value, const std:
 
 } // namespace
 
-void presentMoveDelete(QWidget* window, std::shared_ptr<MoveDeleteController> controller,
+void presentMoveDelete(QWidget* window, const std::shared_ptr<MoveDeleteController>& controller,
                        const Localization& texts) {
     controller->viewDidLoad();
     QDialog* sheet = sheetOf(window, toQString(texts.text("MoveDeleteTitle")));

@@ -11,7 +11,7 @@ class Localization;
 class MoveDeleteController;
 
 /// Shows the sheet of the window and returns at once. The texts must live longer than the window.
-void presentMoveDelete(QWidget* window, std::shared_ptr<MoveDeleteController> controller,
+void presentMoveDelete(QWidget* window, const std::shared_ptr<MoveDeleteController>& controller,
                        const Localization& texts);
 
 void presentLegenda(QWidget* window, const Localization& texts);
