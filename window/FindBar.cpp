@@ -1,5 +1,6 @@
 #include "window/FindBar.h"
 
+#include "model/Lines.h"
 #include "window/ViewController.h"
 
 #include <algorithm>
@@ -41,12 +42,9 @@ void FindBarController::controlTextDidBeginEditing() {
 std::vector<std::string> FindBarController::recentSearches() const {
     std::vector<std::string> recents;
     const std::string kept = platform_.state.stringForKey(kRecentsKey).value_or("");
-    for (std::size_t at = 0; at < kept.size();) {
-        const std::size_t end = std::min(kept.find('\n', at), kept.size());
-        if (end > at && recents.size() < kMostRecents)
-            recents.push_back(kept.substr(at, end - at));
-        at = end + 1;
-    }
+    for (const std::string_view line : linesOf(kept))
+        if (!line.empty() && recents.size() < kMostRecents)
+            recents.emplace_back(line);
     return recents;
 }
 

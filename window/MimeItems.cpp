@@ -2,6 +2,7 @@
 
 #include "formats/XmlEntities.h"
 #include "formats/import/TextDecoding.h"
+#include "model/Lines.h"
 #include "model/PropertyList.h"
 #include "window/FileUri.h"
 
@@ -87,16 +88,12 @@ struct Link {
     std::string title;
 };
 
-std::vector<std::string_view> linesOf(std::string_view text) {
-    std::vector<std::string_view> lines;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        std::string_view line = text.substr(0, end);
+// Line ends are a line feed, or a carriage return and a line feed.
+std::vector<std::string_view> linesOfList(std::string_view text) {
+    std::vector<std::string_view> lines = linesOf(text);
+    for (std::string_view& line : lines)
         if (line.ends_with('\r'))
             line.remove_suffix(1);
-        lines.push_back(line);
-        text.remove_prefix(std::min(end + 1, text.size()));
-    }
     return lines;
 }
 
@@ -111,7 +108,7 @@ std::string utf8OfMozilla(std::string_view bytes) {
 
 // Lines of URL and title in turn.
 std::vector<Link> linksOfPairs(std::string_view text) {
-    const std::vector<std::string_view> lines = linesOf(text);
+    const std::vector<std::string_view> lines = linesOfList(text);
     std::vector<Link> links;
     for (std::size_t i = 0; i < lines.size(); i += 2)
         if (!lines[i].empty())
@@ -121,7 +118,7 @@ std::vector<Link> linksOfPairs(std::string_view text) {
 
 std::vector<Link> linksOfUriList(std::string_view list) {
     std::vector<Link> links;
-    for (const std::string_view line : linesOf(list))
+    for (const std::string_view line : linesOfList(list))
         if (!line.empty() && !line.starts_with('#'))
             links.push_back({std::string(line), {}});
     return links;
@@ -252,7 +249,7 @@ MimeContent mimeContent(const std::vector<PasteboardItem>& items, const NodeReco
         const std::string url = oneLine(node->itemURL().view());
         const std::string name = oneLine(node->itemName().view());
         uris += uriOf(url) + "\r\n";
-        appendUtf16(mozilla, (mozilla.empty() ? "" : "\n") + url + "\n" + name);
+        appendUtf16(mozilla, fmt::format("{}{}\n{}", mozilla.empty() ? "" : "\n", url, name));
         html += fmt::format("{}<a href=\"{}\">{}</a>", html.empty() ? "" : "<br>\n", escapeXmlEntities(url),
                             escapeXmlEntities(name));
     }

@@ -1,4 +1,5 @@
 // Copy, cut and paste, and the text that stands for a bookmark.
+#include "model/Lines.h"
 #include "window/BookmarkPasteboard.h"
 #include "window/MimeItems.h"
 #include "window/ViewController.h"
@@ -11,16 +12,6 @@ namespace {
 // A pasteboard of one item comes with an empty second one now and then.
 std::size_t itemCount(const std::vector<PasteboardItem>& items) {
     return items.size() == 2 && items[1].values().empty() ? 1 : items.size();
-}
-
-std::vector<std::string_view> linesOf(std::string_view text) {
-    std::vector<std::string_view> lines;
-    for (std::size_t begin = 0; begin <= text.size();) {
-        const std::size_t end = std::min(text.find('\n', begin), text.size());
-        lines.push_back(text.substr(begin, end - begin));
-        begin = end + 1;
-    }
-    return lines;
 }
 
 } // namespace
