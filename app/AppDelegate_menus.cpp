@@ -1,5 +1,6 @@
 // The main menu as a value, and the way from a chosen item to the code behind it.
 #include "app/AppDelegate.h"
+#include "window/LabelNames.h"
 #include "window/SharedAlerts.h"
 
 #include <array>
@@ -121,12 +122,9 @@ Menu AppDelegate::bookmarkMenu() const {
 }
 
 Menu AppDelegate::labelMenu() const {
-    static constexpr std::array<std::string_view, 12> kNames = {
-        "LabelNone",  "LabelOrange", "LabelRed",    "LabelMagenta", "LabelLightBlue", "LabelBlue",
-        "LabelGreen", "LabelBrown",  "LabelPurple", "LabelGray",    "LabelYellow",    "LabelCyan"};
     Menu menu;
-    for (std::size_t label = 0; label < kNames.size(); ++label) {
-        MenuItem item = command(kNames[label], "labelBookmark:");
+    for (std::size_t label = 0; label < kLabelNameKeys.size(); ++label) {
+        MenuItem item = command(kLabelNameKeys[label], "labelBookmark:");
         item.tag = static_cast<int>(label);
         if (label > 0)
             item.color = labelColor(static_cast<std::uint8_t>(label));

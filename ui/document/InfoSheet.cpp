@@ -1,6 +1,7 @@
 #include "ui/document/InfoSheet.h"
 
 #include "ui/Strings.h"
+#include "window/LabelNames.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -12,16 +13,12 @@
 #include <QScopedValueRollback>
 #include <QToolButton>
 
-#include <array>
 #include <sstream>
 
 namespace tabulon {
 namespace {
 
 constexpr QSize kFirstSize(460, 420);
-constexpr std::array<const char*, 12> kLabels = {
-    "LabelNone",  "LabelOrange", "LabelRed",    "LabelMagenta", "LabelLightBlue", "LabelBlue",
-    "LabelGreen", "LabelBrown",  "LabelPurple", "LabelGray",    "LabelYellow",    "LabelCyan"};
 
 // The place of the first match that differs in nothing but case; -1 for none.
 qsizetype placeOf(const QString& text, const QString& part) {
@@ -60,7 +57,7 @@ InfoSheet::~InfoSheet() {
 }
 
 void InfoSheet::makeFields(QFormLayout* form, const Localization& texts) {
-    for (const char* key : kLabels)
+    for (const std::string_view key : kLabelNameKeys)
         label_->addItem(toQString(texts.text(key)));
     const std::vector<std::string> browsers = controller_->browserTitles();
     for (std::size_t i = 0; i < browsers.size(); ++i) {
@@ -147,7 +144,7 @@ void InfoSheet::reloadFields() {
     show(tags_, node.itemTags());
     if (const QString note = asShown(node.itemNote()); note_->toPlainText() != note)
         note_->setPlainText(note);
-    label_->setCurrentIndex(node.getLabel() < kLabels.size() ? node.getLabel() : 0);
+    label_->setCurrentIndex(node.getLabel() < kLabelNameKeys.size() ? node.getLabel() : 0);
     browser_->setCurrentIndex(controller_->browserMenuIndex());
     locked_->setChecked(node.getLocked());
     url_->setReadOnly(!controller_->isURLEditable());
