@@ -12,6 +12,13 @@ MimeContent mimeContentOf(const QMimeData& data, std::span<const std::string_vie
     return content;
 }
 
+Qt::DropAction actionThatKeepsTheSource(const QDropEvent& event) {
+    for (const Qt::DropAction action : {Qt::CopyAction, Qt::LinkAction})
+        if (event.possibleActions().testFlag(action))
+            return action;
+    return Qt::IgnoreAction;
+}
+
 std::unique_ptr<QMimeData> makeMimeData(const MimeContent& content) {
     auto data = std::make_unique<QMimeData>();
     for (const auto& [type, bytes] : content.forms())

@@ -3,6 +3,7 @@
 #include "app/AppDelegate.h"
 #include "ui/Icons.h"
 #include "ui/MainMenuBar.h"
+#include "ui/MimeData.h"
 #include "ui/Strings.h"
 #include "ui/document/ElidedLabel.h"
 #include "ui/document/EmptyState.h"
@@ -42,14 +43,13 @@ std::vector<std::string> droppedFiles(const QDropEvent& event) {
     return fileUrisIn(event.mimeData()->data("text/uri-list").toStdString());
 }
 
-// Opening copies. Taking files that are offered to be moved would let their owner delete them.
+// Opening copies.
 void acceptFiles(QDropEvent* event) {
-    for (const Qt::DropAction action : {Qt::CopyAction, Qt::LinkAction})
-        if (event->possibleActions().testFlag(action) && !droppedFiles(*event).empty()) {
-            event->setDropAction(action);
-            return event->accept();
-        }
-    event->ignore();
+    const Qt::DropAction action = actionThatKeepsTheSource(*event);
+    if (action == Qt::IgnoreAction || droppedFiles(*event).empty())
+        return event->ignore();
+    event->setDropAction(action);
+    event->accept();
 }
 
 } // namespace

@@ -19,14 +19,6 @@ constexpr int kMostRowsInPicture = 8;
 constexpr int kWidestPicture = 320;
 constexpr int kLineWidth = 2;
 
-// Whoever offers something to be moved would delete it when it is taken.
-Qt::DropAction foreignAction(const QDropEvent& event) {
-    for (const Qt::DropAction action : {Qt::CopyAction, Qt::LinkAction})
-        if (event.possibleActions().testFlag(action))
-            return action;
-    return Qt::IgnoreAction;
-}
-
 DragOperation operationOf(Qt::DropAction result, bool endedHere) {
     if (result == Qt::CopyAction)
         return DragOperation::Copy;
@@ -130,7 +122,7 @@ bool OutlineWidget::offerDrop(QDropEvent* event, const DropSpot& spot) {
     const DragOperation operation = controller_->validateDrop(drag, spot.item, spot.childIndex);
     const Qt::DropAction action = operation == DragOperation::None   ? Qt::IgnoreAction
                                   : operation == DragOperation::Move ? Qt::MoveAction
-                                                                     : foreignAction(*event);
+                                                                     : actionThatKeepsTheSource(*event);
     if (action == Qt::IgnoreAction)
         return false;
     event->setDropAction(action);
