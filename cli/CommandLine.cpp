@@ -43,6 +43,15 @@ std::vector<std::string> namesOf(std::span<const Format> formats) {
     return names;
 }
 
+void addDocument(CLI::App& verb, Request& request) {
+    verb.add_option("INPUT", request.input, "The document to read, - for standard input")->required();
+}
+
+void addRequiredOutput(CLI::App& verb, Request& request) {
+    verb.add_option("-o,--output", request.output, "The document to write, - for standard output")
+        ->required();
+}
+
 void addImport(CLI::App& app, Request& request) {
     CLI::App* verb = app.add_subcommand("import", "Read a file of another format and write it as a document");
     verb->add_option("--from", request.format, "The format of INPUT")
@@ -63,7 +72,7 @@ void addExport(CLI::App& app, Request& request) {
     verb->add_option("--to", request.format, "The format to write")
         ->required()
         ->check(CLI::IsMember(namesOf(exportFormats())));
-    verb->add_option("INPUT", request.input, "The document to read, - for standard input")->required();
+    addDocument(*verb, request);
     verb->add_option("-o,--output", request.output, "The file to write, - for standard output")
         ->capture_default_str();
     verb->callback([&] {
@@ -76,7 +85,7 @@ void addExport(CLI::App& app, Request& request) {
 void addShow(CLI::App& app, Request& request) {
     CLI::App* verb = app.add_subcommand("show", "Print the tree of a document, one line a node");
     verb->add_flag("--json", request.json, "Print the whole tree as JSON instead")->disable_flag_override();
-    verb->add_option("INPUT", request.input, "The document to read, - for standard input")->required();
+    addDocument(*verb, request);
     verb->callback([&] {
         request.verb = [&](const Session& session) {
             return request.json ? showAsJson(session, request.input) : showForPeople(session, request.input);
@@ -87,8 +96,7 @@ void addShow(CLI::App& app, Request& request) {
 void addMake(CLI::App& app, Request& request) {
     CLI::App* verb = app.add_subcommand("make", "Build a document from the JSON that show --json prints");
     verb->add_option("INPUT", request.input, "The JSON file to read, - for standard input")->required();
-    verb->add_option("-o,--output", request.output, "The document to write, - for standard output")
-        ->required();
+    addRequiredOutput(*verb, request);
     verb->callback([&] {
         request.verb = [&](const Session& session) {
             return makeFromJson(session, request.input, request.output);
@@ -106,7 +114,7 @@ void addLink(CLI::App& app, Request& request) {
         ->type_name("PATH")
         ->required()
         ->check(nodePath);
-    verb->add_option("INPUT", request.input, "The document to read, - for standard input")->required();
+    addDocument(*verb, request);
     verb->add_option("-o,--output", request.output, "The file to write, - for standard output")->required();
     verb->callback([&] {
         request.verb = [&](const Session& session) {
@@ -126,7 +134,7 @@ void addDuplicates(CLI::App& app, Request& request) {
     deletes->excludes(json);
     for (CLI::Option* flag : {json, mark, deletes})
         flag->disable_flag_override();
-    verb->add_option("INPUT", request.input, "The document to read, - for standard input")->required();
+    addDocument(*verb, request);
     CLI::Option* output =
         verb->add_option("-o,--output", request.output, "The document to write, - for standard output");
     mark->needs(output);
@@ -163,9 +171,8 @@ void addRemove(CLI::App& app, Request& request) {
         ->check(CLI::IsMember({"duplicate", "broken", "unknown"}));
     verb->add_flag("--move", request.move, "Move them into the Waste Basket instead")
         ->disable_flag_override();
-    verb->add_option("INPUT", request.input, "The document to read, - for standard input")->required();
-    verb->add_option("-o,--output", request.output, "The document to write, - for standard output")
-        ->required();
+    addDocument(*verb, request);
+    addRequiredOutput(*verb, request);
     verb->callback([&] {
         request.verb = [&](const Session& session) {
             return removeFromDocument(session, request.input, removalOptions(request), request.output);
@@ -191,9 +198,8 @@ void addSort(CLI::App& app, Request& request) {
         ->check(CLI::IsMember(sortKeys()));
     verb->add_flag("--descending", request.descending, "The other way round; folders stay first")
         ->disable_flag_override();
-    verb->add_option("INPUT", request.input, "The document to read, - for standard input")->required();
-    verb->add_option("-o,--output", request.output, "The document to write, - for standard output")
-        ->required();
+    addDocument(*verb, request);
+    addRequiredOutput(*verb, request);
     verb->callback([&] {
         request.verb = [&](const Session& session) {
             const auto direction = request.descending ? SortDirection::Descending : SortDirection::Ascending;
@@ -207,7 +213,7 @@ void addFind(CLI::App& app, Request& request) {
     CLI::App* verb = app.add_subcommand("find", "Find a text in a document, as the find bar does");
     verb->add_flag("--json", request.json, "Print JSON")->disable_flag_override();
     verb->add_option("TEXT", request.text, "The text to find, ignoring case and accents")->required();
-    verb->add_option("INPUT", request.input, "The document to read, - for standard input")->required();
+    addDocument(*verb, request);
     verb->callback([&] {
         request.verb = [&](const Session& session) {
             return findInDocument(session, request.text, request.input, request.json);
