@@ -42,8 +42,11 @@ void GetInfoController::editBookmark(Bookmark& node) {
 void GetInfoController::show(Bookmark& node) {
     original_ = Ref<Bookmark>(&node);
     duplicate_ = Bookmark::initWithBookmark(node);
-    if (!panel_)
-        return;
+    if (panel_)
+        fillPanel();
+}
+
+void GetInfoController::fillPanel() {
     panel_->reloadFields();
     panel_->setTitle(duplicate_->itemName().string());
     panel_->selectName();
@@ -55,10 +58,7 @@ void GetInfoController::setPanel(InfoPanel* panel) {
     if (!panel_)
         return;
     panel_->setFrame(platform_.state.stringForKey(kFrameKey).value_or(""));
-    panel_->reloadFields();
-    panel_->setTitle(duplicate_->itemName().string());
-    panel_->selectName();
-    updateButtons();
+    fillPanel();
 }
 
 void GetInfoController::setName(const std::string& text) {

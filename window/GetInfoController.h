@@ -99,6 +99,7 @@ public:
 
 private:
     void show(Bookmark& node);
+    void fillPanel();
     void doneBookmark();
     void saveBookmark();
     void step(Bookmark* target);

@@ -23,10 +23,7 @@ void ViewController::findNext() {
 void ViewController::selectBookmark(Bookmark& node) {
     if (!rowForItem(node))
         reveal(node);
-    if (const auto row = rowForItem(node)) {
-        outline().selectRows({{*row, 1}});
-        outline().scrollRowToVisible(*row);
-    }
+    selectRowOf(node);
     showMatch();
 }
 

@@ -48,10 +48,7 @@ void ViewController::addManyNewData(const std::vector<Ref<Bookmark>>& items) {
         anchor = item.get();
     }
     endChangingManyRows();
-    if (const auto row = rowForItem(*anchor)) {
-        outline().selectRows({{*row, 1}});
-        outline().scrollRowToVisible(*row);
-    }
+    selectRowOf(*anchor);
 }
 
 void ViewController::insertChild(Bookmark& folder, std::size_t index, Ref<Bookmark> item) {

@@ -12,16 +12,15 @@ std::vector<Bookmark*> ViewController::getSelectionArray() const {
 }
 
 void ViewController::labelBookmark(std::uint8_t label) {
-    RowSet changed;
+    std::vector<Bookmark*> changed;
     for (Bookmark* item : getSelectionArray()) {
         if (item->isSeparator() || item->getLabel() == label)
             continue;
         item->setLabel(label);
-        addRow(changed, *rowForItem(*item));
+        changed.push_back(item);
         makeDirty();
     }
-    for (const RowRange& rows : changed)
-        outline().reloadRows(rows);
+    reloadItems(changed);
 }
 
 bool ViewController::hasSelection() const {

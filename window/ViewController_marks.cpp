@@ -87,12 +87,9 @@ void ViewController::deleteSheetExecute() {
 // The rows are laid out anew in one go, the first one too.
 Removal ViewController::deleteBookmarksConditional(const RemovalOptions& options) {
     const std::vector<Bookmark*> selected = selectedItems(0, rows_.size());
-    hoveredRow_.reset();
-    outline().willReloadData();
+    beginChangingManyRows();
     Removal removal = removeByStatus(getMaster(), options, platform_.base.texts, now());
-    rows_.show(Ref<Bookmark>(&getMaster()));
-    outline().didReloadData();
-    window_->showEmptyState(rows_.size() == 0);
+    endChangingManyRows();
     const bool arrived = options.move && !removal.items.empty();
     if (!arrived) // what arrives in a basket takes the selection with it
         selectItems(selected);
