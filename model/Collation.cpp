@@ -1,6 +1,7 @@
 #include "model/Collation.h"
 
 #include "model/TextFolding.h"
+#include "model/TextSearch.h"
 
 #include <unicode/coll.h>
 #include <unicode/locid.h>
@@ -10,7 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstring>
+#include <optional>
 
 namespace tabulon {
 namespace {
@@ -31,18 +32,13 @@ std::unique_ptr<icu::Collator> makeCollator(const icu::Locale& locale) {
     return collator;
 }
 
-bool contains(std::string_view text, std::string_view part) {
-    // Unlike string_view::find, linear whatever the texts.
-    return memmem(text.data(), text.size(), part.data(), part.size()) != nullptr;
-}
-
 } // namespace
 
 struct Collation::Implementation {
     std::unique_ptr<icu::Collator> collator;
     // Kept from call to call: a search asks for one part in very many texts.
     std::string part;
-    std::string foldedPart;
+    TextSearch search;
     std::string foldedText;
     TextFolder folder;
 
@@ -107,10 +103,11 @@ bool Collation::standardContains(std::string_view text, std::string_view part) c
     Implementation& implementation = *implementation_;
     if (part != implementation.part) {
         implementation.part = part;
-        implementation.foldedPart.clear();
-        implementation.folder.appendFolded(implementation.foldedPart, part);
+        implementation.search = TextSearch(std::string(implementation.foldedForm(part)));
     }
-    return contains(implementation.foldedForm(text), implementation.foldedPart);
+    if (const std::optional<bool> answer = implementation.search.inAscii(text))
+        return *answer;
+    return implementation.search.inSmallLetters(implementation.foldedForm(text));
 }
 
 } // namespace tabulon

@@ -84,16 +84,17 @@ void TextFolder::appendFolded(std::string& result, std::string_view text) {
 
 // False where a character acts on its neighbours; what was appended until then does not count.
 bool TextFolder::appendByTable(std::string& result, std::string_view text) {
-    // A character of two bytes or more becomes seven at most. All seven are copied, which is faster than to
-    // count them; the rest is written over or cut off.
-    const std::size_t before = result.size();
-    result.resize(before + text.size() * 4 + sizeof(Folded::bytes));
-    char* out = result.data() + before;
+    std::array<char, 256> folded;
+    std::size_t size = 0;
     const auto length = static_cast<std::int32_t>(text.size());
     for (std::int32_t i = 0; i < length;) {
+        if (size + sizeof(Folded::bytes) > folded.size()) {
+            result.append(folded.data(), size);
+            size = 0;
+        }
         const char byte = text[static_cast<std::size_t>(i)];
         if (static_cast<unsigned char>(byte) < 0x80) {
-            *out++ = ascii::lower(byte);
+            folded[size++] = ascii::lower(byte);
             ++i;
             continue;
         }
@@ -101,13 +102,14 @@ bool TextFolder::appendByTable(std::string& result, std::string_view text) {
         U8_NEXT(text.data(), i, length, character);
         if (character < 0)
             return false;
-        const Folded& folded = foldedFor(static_cast<char32_t>(character));
-        if (folded.size == kNeedsICU)
+        const Folded& one = foldedFor(static_cast<char32_t>(character));
+        if (one.size == kNeedsICU)
             return false;
-        std::memcpy(out, folded.bytes.data(), folded.bytes.size());
-        out += folded.size;
+        // All seven bytes are copied, which is faster than to count them; the next ones go over the rest.
+        std::memcpy(&folded[size], one.bytes.data(), one.bytes.size());
+        size += one.size;
     }
-    result.resize(static_cast<std::size_t>(out - result.data()));
+    result.append(folded.data(), size);
     return true;
 }
 
