@@ -3,8 +3,14 @@
 #include "model/Collation.h"
 #include "model/TreeWalk.h"
 
+#include <array>
+#include <limits>
+#include <utility>
+
 namespace tabulon {
 namespace {
+
+constexpr std::size_t kAhead = 16;
 
 // The next sibling of the node or of its nearest ancestor that has one.
 Bookmark* afterSubtree(const Bookmark& node) {
@@ -12,6 +18,18 @@ Bookmark* afterSubtree(const Bookmark& node) {
         if (Bookmark* next = each->nextBookmark())
             return next;
     return nullptr;
+}
+
+// The next node in document order.
+Bookmark* following(const Bookmark& node) {
+    Bookmark* inside = node.isFolder() ? node.getChild() : nullptr;
+    return inside ? inside : afterSubtree(node);
+}
+
+void prefetchTexts(const Bookmark& node) {
+    for (const Text* text : {&node.itemName(), &node.itemURL(), &node.itemTags(), &node.itemNote()})
+        if (!text->isNull())
+            text->prefetch();
 }
 
 } // namespace
@@ -36,21 +54,51 @@ std::size_t Finder::countIn(const Bookmark& node) const {
 }
 
 Finder::Start Finder::findText(const Bookmark& root, std::string text) {
+    begin(root, std::move(text));
+    return *goOn(root, std::numeric_limits<std::size_t>::max());
+}
+
+void Finder::begin(const Bookmark& root, std::string text) {
     searchString_ = std::move(text);
     phases_.initSearch();
-    Start start;
-    Bookmark* first = nullptr;
-    walkBelow(root, [&](Bookmark& node) {
-        const std::size_t count = countIn(node);
-        if (start.count == 0 && count > 0)
-            first = &node;
-        start.count += count;
-        return node.isFolder();
-    });
-    if (first)
-        setFoundBookmark(findFrom(first));
-    start.matched = first != nullptr;
-    return start;
+    search_ = Search{.next = Ref<Bookmark>(root.getChild())};
+}
+
+std::optional<Finder::Start> Finder::goOn(const Bookmark& root, std::size_t nodes) {
+    if (!search_)
+        return std::nullopt;
+    const auto hasLeft = [&root](const Ref<Bookmark>& node) { return node && !isInTree(*node, root); };
+    if (hasLeft(search_->next) || hasLeft(search_->first))
+        search_ = Search{.next = Ref<Bookmark>(root.getChild())};
+    // Most of the time goes into waiting for memory: the texts of a node are asked for well before they are
+    // looked at.
+    std::array<Bookmark*, kAhead> ahead{};
+    Bookmark* node = search_->next.get();
+    std::size_t entered = 0;
+    for (; node && entered < nodes; node = following(*node)) {
+        prefetchTexts(*node);
+        if (Bookmark* due = std::exchange(ahead[entered++ % kAhead], node))
+            look(*due);
+    }
+    for (std::size_t i = 0; i < kAhead; ++i)
+        if (Bookmark* due = ahead[(entered + i) % kAhead])
+            look(*due);
+    search_->next = Ref<Bookmark>(node);
+    if (node)
+        return std::nullopt;
+    const Search search = std::move(*search_);
+    search_.reset();
+    phases_.initSearch(); // another window may have gone on with its own search meanwhile
+    if (search.first)
+        setFoundBookmark(findFrom(search.first.get()));
+    return Start{.count = search.count, .matched = search.first != nullptr};
+}
+
+void Finder::look(Bookmark& node) {
+    const std::size_t count = countIn(node);
+    if (count > 0 && !search_->first)
+        search_->first = Ref<Bookmark>(&node);
+    search_->count += count;
 }
 
 Bookmark* Finder::findNext(Bookmark& root) {
@@ -73,8 +121,7 @@ Bookmark* Finder::findFrom(Bookmark* start) {
         if (test(*node))
             return node;
         phases_.namePending = phases_.tagsPending = phases_.notePending = true;
-        Bookmark* inside = node->isFolder() ? node->getChild() : nullptr;
-        node = inside ? inside : afterSubtree(*node);
+        node = following(*node);
     }
     return nullptr;
 }

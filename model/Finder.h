@@ -5,6 +5,7 @@
 #include "model/Bookmark.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 
 namespace tabulon {
@@ -49,6 +50,14 @@ public:
     };
     Start findText(const Bookmark& root, std::string text);
 
+    /// The same in portions, so that a window stays alive meanwhile: `begin`, then `goOn` until it gives the
+    /// result. Between two portions anything may happen to the tree; where the place that was reached has
+    /// left it, the search begins again.
+    void begin(const Bookmark& root, std::string text);
+    /// Looks at up to `nodes` more nodes, at least one. None before the last one, and where nothing has
+    /// begun.
+    std::optional<Start> goOn(const Bookmark& root, std::size_t nodes);
+
     /// Goes on to the next match, which may be in another text of the same node; null behind the last one. A
     /// match in the tags leaves out the note of its node. After the last match, and when the node that was
     /// found has left the tree, it begins again with the root itself. Requires a search string.
@@ -58,6 +67,7 @@ private:
     bool matches(const Text& text) const;
     bool matchesName(const Bookmark& node) const;
     std::size_t countIn(const Bookmark& node) const;
+    void look(Bookmark& node);
     bool test(const Bookmark& node);
     Bookmark* findFrom(Bookmark* start);
 
@@ -65,6 +75,13 @@ private:
     const Collation& collation_;
     std::string searchString_;
     Ref<Bookmark> found_;
+    /// A search that goes on.
+    struct Search {
+        std::size_t count = 0;
+        Ref<Bookmark> first{}; ///< the first node with a match
+        Ref<Bookmark> next{};  ///< the node to go on with; null behind the last one
+    };
+    std::optional<Search> search_;
 };
 
 } // namespace tabulon

@@ -4,11 +4,13 @@
 #include "window/ViewController.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace tabulon {
 namespace {
 
 constexpr std::string_view kRecentsKey = "RecentSearches";
+constexpr std::size_t kPortion = 20'000; // nodes that are searched in a few milliseconds
 
 } // namespace
 
@@ -25,12 +27,26 @@ void FindBarController::hideFindView() {
 }
 
 void FindBarController::doSearch(const std::string& text) {
+    search_.reset();
+    bar_->setMatchesLabel("");
     if (text.empty())
-        return bar_->setMatchesLabel("");
-    bar_->setMatchesLabel(platform_.base.texts.format("%d matches", outline_.findText(text)));
+        return;
+    outline_.beginFinding(text);
+    goOn(kPortion);
+}
+
+void FindBarController::goOn(std::size_t nodes) {
+    if (const std::optional<std::size_t> count = outline_.goOnFinding(nodes)) {
+        search_.reset();
+        bar_->setMatchesLabel(platform_.base.texts.format("%d matches", *count));
+    } else {
+        search_ = platform_.timers.after(0, [this] { goOn(kPortion); });
+    }
 }
 
 void FindBarController::findNext() {
+    if (search_)
+        goOn(std::numeric_limits<std::size_t>::max());
     outline_.findNext();
 }
 

@@ -4,6 +4,7 @@
 
 #include "platform/Platform.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -40,8 +41,10 @@ public:
     /// Beeps where it is not shown.
     void hideFindView();
     /// The search field's action: goes to the first match and tells how many there are. The empty text clears
-    /// that.
+    /// that. In a large document it returns before, and goes on while the main loop is idle: the user may
+    /// type on meanwhile.
     void doSearch(const std::string& text);
+    /// A search that still goes on comes to its end before.
     void findNext();
     /// The user begins to type.
     void controlTextDidBeginEditing();
@@ -55,9 +58,12 @@ public:
     static constexpr std::size_t kMostRecents = 10;
 
 private:
+    void goOn(std::size_t nodes);
+
     ViewController& outline_;
     const Platform platform_;
     FindBar* bar_ = nullptr;
+    std::unique_ptr<Timer> search_; ///< the next portion of a search
 };
 
 } // namespace tabulon

@@ -287,6 +287,9 @@ public:
     void setFoundBookmark(Bookmark* node) { finder_.setFoundBookmark(node); }
     /// Goes to the first match and gives the number of all.
     std::size_t findText(const std::string& string);
+    /// The same in portions of so many nodes; none before the last one.
+    void beginFinding(const std::string& string);
+    std::optional<std::size_t> goOnFinding(std::size_t nodes);
     /// Beeps without a search string and behind the last match.
     void findNext();
     /// Selects the node's row alone and scrolls to it; collapsed folders above it are expanded. A node

@@ -2,13 +2,26 @@
 #include "window/GetInfoController.h"
 #include "window/ViewController.h"
 
+#include <limits>
+
 namespace tabulon {
 
 std::size_t ViewController::findText(const std::string& string) {
-    const Finder::Start start = finder_.findText(getMaster(), string);
-    if (start.matched)
+    beginFinding(string);
+    return *goOnFinding(std::numeric_limits<std::size_t>::max());
+}
+
+void ViewController::beginFinding(const std::string& string) {
+    finder_.begin(getMaster(), string);
+}
+
+std::optional<std::size_t> ViewController::goOnFinding(std::size_t nodes) {
+    const std::optional<Finder::Start> start = finder_.goOn(getMaster(), nodes);
+    if (!start)
+        return std::nullopt;
+    if (start->matched)
         selectBookmark(*finder_.foundBookmark());
-    return start.count;
+    return start->count;
 }
 
 void ViewController::findNext() {

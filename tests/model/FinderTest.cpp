@@ -227,7 +227,16 @@ TEST_F(FinderTest, theVisitsAreThoseOfALookAtEveryNode) {
         std::vector<const Bookmark*> expected;
         appendVisits(*root, collation, phases.tagsWithName, expected);
         std::vector<const Bookmark*> visited;
-        const bool matched = finder.findText(*root, "x").matched;
+        const Finder::Start start = finder.findText(*root, "x");
+        Finder inPortions(phases, collation);
+        inPortions.begin(*root, "x");
+        std::optional<Finder::Start> portion;
+        while (!portion)
+            portion = inPortions.goOn(*root, 1 + random() % 5);
+        EXPECT_EQ(portion->count, start.count);
+        EXPECT_EQ(inPortions.foundBookmark(), finder.foundBookmark());
+        EXPECT_EQ(inPortions.goOn(*root, 1), std::nullopt);
+        const bool matched = start.matched;
         for (const Bookmark* node = matched ? finder.foundBookmark() : nullptr; node;
              node = finder.findNext(*root))
             visited.push_back(node);

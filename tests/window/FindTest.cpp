@@ -125,6 +125,65 @@ TEST_F(FindTest, theColumnOfTagsTakesThemForNames) {
     EXPECT_FALSE(shared.findPhases.tagsWithName);
 }
 
+class LargeFindTest : public FindTest {
+protected:
+    static constexpr std::size_t kLinks = 50'000;
+
+    LargeFindTest() {
+        for (std::size_t i = 0; i < kLinks; ++i)
+            add(makeLink(("link " + std::to_string(i)).c_str(), "x"));
+        last = &add(makeLink("the last hit", "x"));
+        open();
+    }
+    Bookmark* last = nullptr;
+};
+
+TEST_F(LargeFindTest, aSearchGoesOnWhileTheUserMayType) {
+    bar().doSearch("hit");
+    EXPECT_EQ(window->bar.label, "");
+    EXPECT_TRUE(outline().selected.empty());
+    timers.advance(0);
+    timers.advance(0);
+    EXPECT_EQ(window->bar.label, "1 matches");
+    EXPECT_EQ(outline().selected, std::set<Bookmark*>{last});
+    EXPECT_EQ(timers.running(), 0u);
+}
+
+TEST_F(LargeFindTest, anotherSearchOrNoneEndsTheOneThatGoesOn) {
+    bar().doSearch("hit");
+    bar().doSearch("link");
+    timers.advance(1);
+    EXPECT_EQ(window->bar.label, "50000 matches");
+    EXPECT_EQ(outline().selected, std::set<Bookmark*>{document.getMaster().getChild()});
+    bar().doSearch("hit");
+    bar().doSearch("");
+    EXPECT_EQ(timers.running(), 0u);
+    timers.advance(1);
+    EXPECT_EQ(window->bar.label, "");
+    EXPECT_EQ(outline().selected, std::set<Bookmark*>{document.getMaster().getChild()});
+}
+
+TEST_F(LargeFindTest, findNextWaitsForTheFirstMatch) {
+    bar().doSearch("hit");
+    bar().findNext();
+    EXPECT_EQ(window->bar.label, "1 matches");
+    EXPECT_EQ(beeper.beeps, 1) << "behind the only match";
+    EXPECT_EQ(timers.running(), 0u);
+}
+
+TEST_F(LargeFindTest, itemsMayGoWhileItGoesOn) {
+    bar().doSearch("hit");
+    Bookmark* first = document.getMaster().getChild();
+    outline().selected.insert(outline().rows.begin(), outline().rows.end());
+    controller->deleteSelection();
+    ASSERT_FALSE(document.getMaster().hasChildren());
+    controller->addNewData(makeLink("another hit", "x"));
+    timers.advance(1);
+    EXPECT_EQ(window->bar.label, "1 matches");
+    EXPECT_NE(controller->foundBookmark(), first);
+    EXPECT_EQ(controller->foundBookmark(), document.getMaster().getChild());
+}
+
 TEST_F(FindTest, recentSearchesAreKeptTheNewestFirst) {
     open();
     EXPECT_TRUE(bar().recentSearches().empty());
