@@ -54,6 +54,15 @@ QString withMnemonic(const std::string& title, QString& taken) {
     return text;
 }
 
+// What it does cannot be taken back: its title is red, in a shade that is good to read on the button.
+void makeRed(QAbstractButton& button) {
+    QPalette palette = button.palette();
+    const bool isDark = palette.color(QPalette::Button).lightness() < 128;
+    palette.setColor(QPalette::Active, QPalette::ButtonText, QColor(isDark ? "#ff7b72" : "#c01c28"));
+    palette.setColor(QPalette::Inactive, QPalette::ButtonText, QColor(isDark ? "#ff7b72" : "#c01c28"));
+    button.setPalette(palette);
+}
+
 // The message stands out, the explanation has lines of a length that is good to read.
 void layOut(QMessageBox& box) {
     if (auto* message = box.findChild<QLabel*>("qt_msgbox_label")) {
@@ -89,6 +98,8 @@ int QtAlerts::run(QMessageBox& box, const Alert& alert) {
     QString taken;
     for (const AlertButton& button : alert.buttons) {
         buttons << box.addButton(withMnemonic(button.title, taken), roleFor(button.role));
+        if (button.role == AlertButtonRole::Destructive)
+            makeRed(*buttons.back());
         if (button.role == AlertButtonRole::Cancel)
             box.setEscapeButton(buttons.back());
     }
