@@ -7,6 +7,7 @@
 #include "platform/linux/Activation.h"
 #include "platform/linux/FileStore.h"
 #include "platform/linux/FileUserDefaults.h"
+#include "platform/linux/GioWorkspace.h"
 #include "platform/linux/QtAlerts.h"
 #include "platform/linux/QtBeeper.h"
 #include "platform/linux/QtKeyboard.h"
@@ -89,6 +90,7 @@ int runDesktop(const LaunchArguments& arguments, SingleInstance& instance) {
     QtBeeper beeper;
     QtKeyboard keyboard;
     QtPasteboard pasteboard;
+    GioWorkspace workspace;
     QtTimers timers([&progress] { return progress.isShowing(); });
     const Platform platform{{clock, defaults, texts, log},
                             alerts,
@@ -102,6 +104,7 @@ int runDesktop(const LaunchArguments& arguments, SingleInstance& instance) {
                             beeper,
                             keyboard,
                             pasteboard,
+                            workspace,
                             state};
     AppDelegate app(platform, windows, TABULON_VERSION);
     windows.connectTo(app, platform);

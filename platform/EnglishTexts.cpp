@@ -37,6 +37,7 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"CouldNotOpen", "“%@” could not be opened"},
     {"CouldNotOpenFiles", "%@ files could not be opened"},
     {"CouldNotSave", "“%@” could not be saved"},
+    {"%@ (%@)", "%@ (%@)"},
     {"Default", "Default"},
     {"Delete", "Delete"},
     {"DeleteDuplicates", "Delete all duplicate links?"},

@@ -26,6 +26,18 @@ public:
         return result;
     }
 
+    /// The same with two arguments, in their order.
+    std::string format(std::string_view key, std::string_view first, std::string_view second) const {
+        std::string result = text(key);
+        std::size_t from = 0;
+        for (const std::string_view argument : {first, second})
+            if (const auto mark = result.find("%@", from); mark != std::string::npos) {
+                result.replace(mark, 2, argument);
+                from = mark + argument.size();
+            }
+        return result;
+    }
+
     /// The same with the first "%d" replaced by `number`.
     std::string format(std::string_view key, std::size_t number) const {
         std::string result = text(key);

@@ -13,6 +13,7 @@
 #include "platform/ProgressPanels.h"
 #include "platform/RecoveryFolders.h"
 #include "platform/Timers.h"
+#include "platform/Workspace.h"
 
 namespace tabulon {
 
@@ -30,6 +31,7 @@ struct Platform {
     Beeper& beeper;
     Keyboard& keyboard;
     Pasteboard& pasteboard;
+    Workspace& workspace;
     /// What the program remembers by itself between runs (recent documents, column widths), apart from the
     /// settings.
     UserDefaults& state;

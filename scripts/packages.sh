@@ -8,7 +8,7 @@ PACKAGES_BUILD=(
 )
 
 # Building and showing the desktop program.
-PACKAGES_DESKTOP=(qt6-base-dev qt6-svg-dev qt6-wayland libxcb1-dev fonts-dejavu-core)
+PACKAGES_DESKTOP=(qt6-base-dev qt6-svg-dev qt6-wayland libglib2.0-dev libxcb1-dev fonts-dejavu-core)
 
 # Showing a window where there is no display, and taking its picture.
 PACKAGES_DISPLAY=(xvfb xauth openbox xdotool scrot xclip)

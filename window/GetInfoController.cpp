@@ -37,6 +37,8 @@ void GetInfoController::editBookmark(Bookmark& node) {
     if (original_)
         doneBookmark();
     show(node);
+    if (panel_ && outline_)
+        outline_->selectRowOf(node);
 }
 
 void GetInfoController::show(Bookmark& node) {
@@ -82,11 +84,15 @@ void GetInfoController::setLocked(bool locked) {
     panel_->reloadFields();
 }
 
-std::vector<std::string> GetInfoController::browserTitles() const {
-    std::vector<std::string> titles = {platform_.base.texts.text("Default"), ""};
+std::vector<Application> GetInfoController::browserItems() const {
+    const Localization& texts = platform_.base.texts;
+    Application first = platform_.workspace.defaultBrowser().value_or(Application{});
+    first.name = first.name.empty() ? texts.text("Default")
+                                    : texts.format("%@ (%@)", first.name, texts.text("Default"));
+    std::vector<Application> items = {first, {}};
     for (const Browser& browser : kBrowsers)
-        titles.emplace_back(browser.title);
-    return titles;
+        items.push_back({.name = browser.title, .icon = {}});
+    return items;
 }
 
 void GetInfoController::openWith(int index) {
@@ -134,6 +140,21 @@ void GetInfoController::step(Bookmark* target) {
     show(*target);
     if (outline_)
         outline_->selectRowOf(*target);
+}
+
+bool GetInfoController::canFindNext() const {
+    return outline_ && !outline_->searchString().empty();
+}
+
+// What is found in tags or note comes here by itself.
+void GetInfoController::findNext() {
+    doneBookmark();
+    if (!outline_)
+        return;
+    outline_->findBar().findNext();
+    Bookmark* found = outline_->foundBookmark();
+    if (found && found != original_.get() && found->getParent())
+        editBookmark(*found);
 }
 
 void GetInfoController::done() {

@@ -77,8 +77,8 @@ public:
     // The browser that the item opens in
 
     static constexpr int kBrowserSeparator = 1; ///< this index of the menu is a line
-    /// The titles of the menu; the one of the line is empty.
-    std::vector<std::string> browserTitles() const;
+    /// The menu's items; the one of the line is empty.
+    std::vector<Application> browserItems() const;
     int browserMenuIndex() const { return getBrowserMenuIndex(duplicate_->getBrowser()); }
     /// The user has chosen this item of the menu.
     void openWith(int index);
@@ -91,6 +91,9 @@ public:
     void down();
     void next();
     void previous();
+    /// Goes on with the search of the document's find bar, and shows where it was found.
+    void findNext();
+    bool canFindNext() const;
     /// Saves a change, keeps the frame and dismisses the panel.
     void done();
 

@@ -9,6 +9,7 @@
 #include "platform/Pasteboard.h"
 #include "platform/ProgressPanels.h"
 #include "platform/RecoveryFolders.h"
+#include "platform/Workspace.h"
 
 #include <deque>
 #include <functional>
@@ -134,6 +135,13 @@ class FakeKeyboard : public Keyboard {
 public:
     bool isOptionDown() override { return option; }
     bool option = false;
+};
+
+/// Gives what was laid in.
+class FakeWorkspace : public Workspace {
+public:
+    std::optional<Application> defaultBrowser() override { return browser; }
+    std::optional<Application> browser = Application{.name = "Web", .icon = "web-browser"};
 };
 
 /// Counts.

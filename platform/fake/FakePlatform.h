@@ -23,6 +23,7 @@ struct FakePlatform {
     FakeBeeper beeper;
     FakeKeyboard keyboard;
     FakePasteboard pasteboard;
+    FakeWorkspace workspace;
     MemoryUserDefaults state;
 
     Platform platform() { return platformIn(base.texts); }
@@ -40,6 +41,7 @@ struct FakePlatform {
                 beeper,
                 keyboard,
                 pasteboard,
+                workspace,
                 state};
     }
 };

@@ -1,8 +1,8 @@
-# tabulon_linux: the desktop services that Qt, the message bus and the display serve.
+# tabulon_linux: the desktop services that Qt, GIO, the message bus and the display serve.
 tabulon_library(tabulon_linux
   SOURCES
-    Activation.cpp ApplicationAdaptor.cpp DBusInstance.cpp QtAlerts.cpp QtPanels.cpp QtPasteboard.cpp QtProgressPanels.cpp
-    QtTimers.cpp SessionEvents.cpp
+    Activation.cpp ApplicationAdaptor.cpp DBusInstance.cpp GioWorkspace.cpp QtAlerts.cpp QtPanels.cpp QtPasteboard.cpp
+    QtProgressPanels.cpp QtTimers.cpp SessionEvents.cpp
   LINKS tabulon_platform Qt6::DBus Qt6::Widgets
-  PRIVATE_LINKS PkgConfig::XCB)
+  PRIVATE_LINKS PkgConfig::GIO PkgConfig::XCB)
 set_target_properties(tabulon_linux PROPERTIES AUTOMOC ON)

@@ -52,7 +52,7 @@ public:
     MemoryWindows windows;
     AppDelegate app{Platform{fakes.base.services(), fakes.alerts, fakes.panels, fakes.progress, files,
                              fakes.folders, recovery, fakes.stores, fakes.timers, fakes.beeper,
-                             fakes.keyboard, fakes.pasteboard, fakes.state},
+                             fakes.keyboard, fakes.pasteboard, fakes.workspace, fakes.state},
                     windows, "1"};
 };
 

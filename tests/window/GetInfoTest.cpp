@@ -198,10 +198,20 @@ TEST_F(GetInfoTest, browsersHaveTheirPlacesInTheMenu) {
     for (const std::uint32_t value : {0u, 4u, 7u, 8u, 9u, 12u, 13u, 14u, 20u, 255u})
         EXPECT_EQ(GetInfoController::getBrowserMenuIndex(value), 0);
     plant();
-    const std::vector<std::string> titles = getInfo().browserTitles();
-    ASSERT_EQ(titles.size(), 11u);
-    EXPECT_EQ(titles[2], "Safari");
-    EXPECT_EQ(titles[10], "Edge");
+    const std::vector<Application> items = getInfo().browserItems();
+    ASSERT_EQ(items.size(), 11u);
+    EXPECT_EQ(items[2].name, "Safari");
+    EXPECT_EQ(items[10].name, "Edge");
+}
+
+TEST_F(GetInfoTest, theFirstBrowserIsTheDesktopsOwn) {
+    plant();
+    workspace.browser = Application{.name = "Web %@", .icon = "web-browser"};
+    EXPECT_EQ(getInfo().browserItems().front().name, "Web %@ (Default)");
+    EXPECT_EQ(getInfo().browserItems().front().icon, "web-browser");
+    workspace.browser.reset();
+    EXPECT_EQ(getInfo().browserItems().front().name, "Default");
+    EXPECT_EQ(getInfo().browserItems().front().icon, "");
 }
 
 TEST_F(GetInfoTest, aBrowserWithoutAPlaceIsShownAsTheDefaultAndKeptUntilOneIsChosen) {
@@ -252,6 +262,45 @@ TEST_F(GetInfoTest, aPanelThatIsUpGoesToTheNextMatchAndSaves) {
     EXPECT_EQ(window->info.get(), &info);
     EXPECT_EQ(info.original(), b);
     EXPECT_EQ(a->itemName(), Text("changed"));
+}
+
+TEST_F(GetInfoTest, findNextInThePanelShowsWhereItWasFound) {
+    plant();
+    a->setItemNote("hit");
+    a->setItemTags("hit");
+    b->setItemName("b hit");
+    GetInfoController& without = getInfo();
+    EXPECT_FALSE(without.canFindNext()) << "nothing was searched for";
+    without.done();
+    controller->findText("hit");
+    GetInfoController& info = *window->info;
+    EXPECT_EQ(info.original(), a);
+    EXPECT_TRUE(info.canFindNext());
+    info.setName("changed");
+    info.findNext();
+    EXPECT_EQ(a->itemName(), Text("changed"));
+    EXPECT_EQ(info.original(), b) << "also where the outline alone would show the match";
+    EXPECT_EQ(outline().selected, std::set<Bookmark*>{b});
+    EXPECT_EQ(beeper.beeps, 0);
+    info.findNext();
+    EXPECT_EQ(beeper.beeps, 1);
+    EXPECT_EQ(info.original(), b);
+    info.findNext();
+    EXPECT_EQ(info.original(), a);
+    EXPECT_EQ(panel().selectedTags, "hit");
+    EXPECT_EQ(outline().selected, std::set<Bookmark*>{a});
+}
+
+TEST_F(GetInfoTest, findNextInThePanelDoesNotGoToTheRoot) {
+    plant();
+    document.getMaster().setItemName("a hit");
+    c->setItemName("hit");
+    controller->findText("hit");
+    controller->findNext();
+    GetInfoController& info = getInfo();
+    info.findNext();
+    EXPECT_EQ(controller->foundBookmark(), &document.getMaster());
+    EXPECT_EQ(info.original(), c);
 }
 
 TEST_F(GetInfoTest, aPanelThatOutlivesItsWindowDoesNothing) {

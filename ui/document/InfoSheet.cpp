@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QIcon>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -28,6 +29,11 @@ qsizetype placeOf(const QString& text, const QString& part) {
 // A line edit turns line breaks into spaces; a text that has some must come back as it was.
 QString asShown(const Text& text) {
     return toQString(text.view());
+}
+
+QIcon iconOf(const Application& application) {
+    const QString name = toQString(application.icon);
+    return name.startsWith('/') ? QIcon(name) : QIcon::fromTheme(name);
 }
 
 } // namespace
@@ -59,12 +65,12 @@ InfoSheet::~InfoSheet() {
 void InfoSheet::makeFields(QFormLayout* form, const Localization& texts) {
     for (const std::string_view key : kLabelNameKeys)
         label_->addItem(toQString(texts.text(key)));
-    const std::vector<std::string> browsers = controller_->browserTitles();
+    const std::vector<Application> browsers = controller_->browserItems();
     for (std::size_t i = 0; i < browsers.size(); ++i) {
         if (i == GetInfoController::kBrowserSeparator)
             browser_->insertSeparator(static_cast<int>(i));
         else
-            browser_->addItem(toQString(browsers[i]));
+            browser_->addItem(iconOf(browsers[i]), toQString(browsers[i].name));
     }
     note_->setTabChangesFocus(true);
     QSet<QChar> taken;
@@ -95,6 +101,11 @@ QWidget* InfoSheet::makeButtons(const Localization& texts) {
     add(up_, Qt::UpArrow, "InfoUp", Qt::Key_Up, &GetInfoController::up);
     add(down_, Qt::DownArrow, "InfoDown", Qt::Key_Down, &GetInfoController::down);
     layout->addStretch(1);
+    findNext_ = new QPushButton(toQString(texts.text("MenuFindNext")), row);
+    findNext_->setAutoDefault(false);
+    findNext_->setShortcut(QKeySequence::FindNext);
+    connect(findNext_, &QPushButton::clicked, this, [this] { controller_->findNext(); });
+    layout->addWidget(findNext_);
     auto* done = new QPushButton(toQString(texts.text("Done")), row);
     done->setDefault(true);
     connect(done, &QPushButton::clicked, this, [this] { controller_->done(); });
@@ -149,6 +160,7 @@ void InfoSheet::reloadFields() {
     locked_->setChecked(node.getLocked());
     url_->setReadOnly(!controller_->isURLEditable());
     url_->setEnabled(controller_->isURLEnabled());
+    findNext_->setVisible(controller_->canFindNext());
 }
 
 void InfoSheet::setButtons(const InfoButtons& buttons) {

@@ -57,6 +57,7 @@ private:
     QToolButton* down_ = nullptr;
     QToolButton* left_ = nullptr;
     QToolButton* right_ = nullptr;
+    QPushButton* findNext_ = nullptr;
     bool loading_ = false; // what changes now is not the user's doing
 };
 
