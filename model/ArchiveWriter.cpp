@@ -229,6 +229,8 @@ void Writer::writeTree(const Bookmark& root, std::uint64_t uid) {
         }
         const Bookmark& node = **level.next;
         ++level.next;
+        if (level.next != level.end)
+            prefetchTexts(**level.next);
         writeOne(node, level.uid++, levels);
     }
 }

@@ -26,12 +26,6 @@ Bookmark* following(const Bookmark& node) {
     return inside ? inside : afterSubtree(node);
 }
 
-void prefetchTexts(const Bookmark& node) {
-    for (const Text* text : {&node.itemName(), &node.itemURL(), &node.itemTags(), &node.itemNote()})
-        if (!text->isNull())
-            text->prefetch();
-}
-
 } // namespace
 
 void FindPhases::initSearch() {
@@ -70,8 +64,6 @@ std::optional<Finder::Start> Finder::goOn(const Bookmark& root, std::size_t node
     const auto hasLeft = [&root](const Ref<Bookmark>& node) { return node && !isInTree(*node, root); };
     if (hasLeft(search_->next) || hasLeft(search_->first))
         search_ = Search{.next = Ref<Bookmark>(root.getChild())};
-    // Most of the time goes into waiting for memory: the texts of a node are asked for well before they are
-    // looked at.
     std::array<Bookmark*, kAhead> ahead{};
     Bookmark* node = search_->next.get();
     std::size_t entered = 0;

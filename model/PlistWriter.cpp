@@ -53,79 +53,113 @@ PlistWriter::PlistWriter(std::uint64_t mostObjects, std::size_t bytes)
     bytes_ = "bplist00";
 }
 
-// Big-endian numbers, gathered in a small buffer: appending each to the file by itself would take most of a
-// save.
+// Puts a big-endian number; writes eight bytes whatever its width, and gives its end.
+char* PlistWriter::put(char* at, std::uint64_t value, std::size_t width) {
+    std::uint64_t word = value << (64 - 8 * width);
+    if constexpr (std::endian::native == std::endian::little)
+        word = __builtin_bswap64(word);
+    std::memcpy(at, &word, 8);
+    return at + width;
+}
+
+// Room for so many bytes in the block, which goes to the file when it is full: appending each object to the
+// file by itself would take most of a save.
+char* PlistWriter::room(std::size_t size) {
+    if (block_.size() - used_ < size)
+        flush();
+    return block_.data() + used_;
+}
+
+void PlistWriter::flush() {
+    bytes_.append(block_.data(), used_);
+    used_ = 0;
+}
+
+void PlistWriter::append(std::string_view bytes) {
+    if (bytes.size() > kSmall) {
+        flush();
+        bytes_ += bytes;
+        return;
+    }
+    std::memcpy(room(kSmall), bytes.data(), bytes.size());
+    used_ += bytes.size();
+}
+
 template <class Number>
-void PlistWriter::appendNumbersTo(std::string& out, std::size_t count, std::size_t width, Number number) {
+void PlistWriter::appendNumbers(std::size_t count, std::size_t width, Number number) {
     constexpr std::size_t kStep = 64;
-    char buffer[kStep * 8 + 8];
     for (std::size_t done = 0; done < count;) {
         const std::size_t end = std::min(done + kStep, count);
-        char* at = buffer;
-        for (; done < end; ++done, at += width) {
-            std::uint64_t word = number(done) << (64 - 8 * width);
-            if constexpr (std::endian::native == std::endian::little)
-                word = __builtin_bswap64(word);
-            std::memcpy(at, &word, 8);
-        }
-        out.append(buffer, static_cast<std::size_t>(at - buffer));
+        char* at = room(kStep * 8 + 8);
+        for (; done < end; ++done)
+            at = put(at, number(done), width);
+        endAt(at);
     }
 }
 
 void PlistWriter::appendNumber(std::uint64_t value, std::size_t width) {
-    appendNumbers(1, width, [value](std::size_t) { return value; });
+    endAt(put(room(8), value, width));
+}
+
+void PlistWriter::appendByte(std::uint8_t byte) {
+    *room(1) = static_cast<char>(byte);
+    ++used_;
 }
 
 void PlistWriter::appendMarker(std::uint8_t kind, std::uint64_t count) {
-    if (count < 15) {
-        bytes_ += static_cast<char>(kind | count);
-        return;
-    }
+    if (count < 15)
+        return appendByte(static_cast<std::uint8_t>(kind | count));
     const std::size_t width = widthFor(count);
-    bytes_ += static_cast<char>(kind | 0x0F);
-    bytes_ += static_cast<char>(0x10 | logarithm(width));
-    appendNumber(count, width);
+    char* at = room(10);
+    *at++ = static_cast<char>(kind | 0x0F);
+    *at++ = static_cast<char>(0x10 | logarithm(width));
+    endAt(put(at, count, width));
+}
+
+// A marker byte and the number behind it.
+std::uint64_t PlistWriter::writeNumber(std::uint8_t marker, std::uint64_t value, std::size_t width) {
+    const std::uint64_t id = begin();
+    char* at = room(9);
+    *at++ = static_cast<char>(marker);
+    endAt(put(at, value, width));
+    return id;
 }
 
 std::uint64_t PlistWriter::writeNull() {
     const std::uint64_t id = begin();
-    bytes_ += '\0';
+    appendByte(0);
     return id;
 }
 
 std::uint64_t PlistWriter::writeBoolean(bool value) {
     const std::uint64_t id = begin();
-    bytes_ += static_cast<char>(value ? 0x09 : 0x08);
+    appendByte(value ? 0x09 : 0x08);
     return id;
 }
 
 std::uint64_t PlistWriter::writeInteger(std::int64_t value) {
-    const std::uint64_t id = begin();
     // Integers of fewer than eight bytes are unsigned in this format.
     const std::size_t width = value < 0 ? 8 : widthFor(static_cast<std::uint64_t>(value));
-    bytes_ += static_cast<char>(0x10 | logarithm(width));
-    appendNumber(static_cast<std::uint64_t>(value), width);
-    return id;
+    return writeNumber(0x10 | logarithm(width), static_cast<std::uint64_t>(value), width);
 }
 
 std::uint64_t PlistWriter::writeReal(double value) {
-    const std::uint64_t id = begin();
-    bytes_ += '\x23';
-    appendNumber(std::bit_cast<std::uint64_t>(value), 8);
-    return id;
+    return writeNumber(0x23, std::bit_cast<std::uint64_t>(value), 8);
 }
 
 std::uint64_t PlistWriter::writeDate(double seconds) {
-    const std::uint64_t id = begin();
-    bytes_ += '\x33';
-    appendNumber(std::bit_cast<std::uint64_t>(seconds), 8);
-    return id;
+    return writeNumber(0x33, std::bit_cast<std::uint64_t>(seconds), 8);
+}
+
+std::uint64_t PlistWriter::writeUid(std::uint64_t value) {
+    const std::size_t width = widthFor(value);
+    return writeNumber(static_cast<std::uint8_t>(0x80 | (width - 1)), value, width);
 }
 
 std::uint64_t PlistWriter::writeData(std::string_view bytes) {
     const std::uint64_t id = begin();
     appendMarker(0x40, bytes.size());
-    bytes_ += bytes;
+    append(bytes);
     return id;
 }
 
@@ -133,22 +167,14 @@ std::uint64_t PlistWriter::writeText(std::string_view utf8) {
     const std::uint64_t id = begin();
     if (isAscii(utf8)) {
         appendMarker(0x50, utf8.size());
-        bytes_ += utf8;
+        append(utf8);
         return id;
     }
     if (units_.size() < utf8.size() * 2)
         units_.resize(utf8.size() * 2);
     const auto size = static_cast<std::size_t>(putUtf16(utf8, units_.data()) - units_.data());
     appendMarker(0x60, size / 2);
-    bytes_.append(units_, 0, size);
-    return id;
-}
-
-std::uint64_t PlistWriter::writeUid(std::uint64_t value) {
-    const std::uint64_t id = begin();
-    const std::size_t width = widthFor(value);
-    bytes_ += static_cast<char>(0x80 | (width - 1));
-    appendNumber(value, width);
+    append({units_.data(), size});
     return id;
 }
 
@@ -169,29 +195,34 @@ std::uint64_t PlistWriter::writeArrayOfConsecutive(std::uint64_t first, std::uin
 PlistWriter::Keys PlistWriter::layOutKeys(const std::uint64_t* keys, std::size_t count) const {
     Keys laidOut;
     laidOut.count_ = count;
-    appendNumbersTo(laidOut.bytes_, count, referenceSize_, [&](std::size_t i) { return keys[i]; });
+    laidOut.bytes_.resize(count * referenceSize_ + 8);
+    char* at = laidOut.bytes_.data();
+    for (std::size_t i = 0; i < count; ++i)
+        at = put(at, keys[i], referenceSize_);
+    laidOut.bytes_.resize(count * referenceSize_);
     return laidOut;
 }
 
 std::uint64_t PlistWriter::writeDictionary(const Keys& keys, const std::uint64_t* values) {
     const std::uint64_t id = begin();
     appendMarker(0xD0, keys.count_);
-    bytes_ += keys.bytes_;
+    append(keys.bytes_);
     appendNumbers(keys.count_, referenceSize_, [&](std::size_t i) { return values[i]; });
     return id;
 }
 
 std::string PlistWriter::finish(std::uint64_t topObject) {
-    const std::uint64_t tableOffset = bytes_.size();
+    const std::uint64_t tableOffset = bytes_.size() + used_;
     const std::size_t offsetSize = widthFor(tableOffset);
+    flush();
     bytes_.reserve(bytes_.size() + offsets_.size() * offsetSize + 32);
     appendNumbers(offsets_.size(), offsetSize, [&](std::size_t i) { return offsets_[i]; });
-    bytes_.append(6, '\0');
-    bytes_ += static_cast<char>(offsetSize);
-    bytes_ += static_cast<char>(referenceSize_);
-    appendNumber(offsets_.size(), 8);
-    appendNumber(topObject, 8);
-    appendNumber(tableOffset, 8);
+    append(std::string_view("\0\0\0\0\0\0", 6));
+    appendByte(static_cast<std::uint8_t>(offsetSize));
+    appendByte(static_cast<std::uint8_t>(referenceSize_));
+    for (const std::uint64_t number : {std::uint64_t{offsets_.size()}, topObject, tableOffset})
+        appendNumber(number, 8);
+    flush();
     return std::move(bytes_);
 }
 

@@ -2,6 +2,7 @@
 // refers to them by number; docs/file-format.md gives the layout.
 #pragma once
 
+#include <array>
 #include <bit>
 #include <cstdint>
 #include <initializer_list>
@@ -58,21 +59,28 @@ public:
     std::string finish(std::uint64_t topObject);
 
 private:
+    static constexpr std::size_t kSmall = 1024; // texts up to here go by the block
+
     std::uint64_t begin() {
-        offsets_.push_back(bytes_.size());
+        offsets_.push_back(bytes_.size() + used_);
         return offsets_.size() - 1;
     }
+    static char* put(char* at, std::uint64_t value, std::size_t width);
+    char* room(std::size_t size);
+    void endAt(const char* at) { used_ = static_cast<std::size_t>(at - block_.data()); }
+    void flush();
+    void append(std::string_view bytes);
+    void appendByte(std::uint8_t byte);
     void appendMarker(std::uint8_t kind, std::uint64_t count);
     void appendNumber(std::uint64_t value, std::size_t width);
     template <class Number>
-    void appendNumbers(std::size_t count, std::size_t width, Number number) {
-        appendNumbersTo(bytes_, count, width, number);
-    }
-    template <class Number>
-    static void appendNumbersTo(std::string& out, std::size_t count, std::size_t width, Number number);
+    void appendNumbers(std::size_t count, std::size_t width, Number number);
+    std::uint64_t writeNumber(std::uint8_t marker, std::uint64_t value, std::size_t width);
 
     std::string bytes_;
-    std::string units_; // of the text that is being written; its memory is kept
+    std::array<char, 8 * kSmall> block_; // what comes after them
+    std::size_t used_ = 0;               // of the block
+    std::string units_;                  // of the text that is being written; its memory is kept
     std::vector<std::uint64_t> offsets_;
     std::size_t referenceSize_;
 };

@@ -42,6 +42,14 @@ void walkBelow(const Bookmark& root, Enter enter) {
     walkBelow(root, enter, [](Bookmark&) {});
 }
 
+/// Asks for the texts of a node that is looked at a little later: walks over many nodes wait for memory most
+/// of the time.
+inline void prefetchTexts(const Bookmark& node) {
+    for (const Text* text : {&node.itemName(), &node.itemURL(), &node.itemNote(), &node.itemTags()})
+        if (!text->isNull())
+            text->prefetch();
+}
+
 /// Whether the node is `root` or stands below it. A node that has left its parent's list still points there,
 /// and so does what is below it.
 inline bool isInTree(const Bookmark& node, const Bookmark& root) {
