@@ -72,7 +72,7 @@ std::string_view statusImageName(std::uint8_t status) {
 
 std::optional<std::uint8_t> typeForURL(std::string_view url) {
     for (const auto& [prefix, type] : kPrefixes)
-        if (url.starts_with(prefix))
+        if (url.size() >= prefix.size() && url[prefix.size() - 1] == ':' && url.starts_with(prefix))
             return type;
     if (url.find('@') != std::string_view::npos)
         return kMailType;
