@@ -4,9 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QImage>
+#include <QPainter>
 #include <QPalette>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QStyleOption>
 
 #include <cmath>
 
@@ -51,6 +55,26 @@ TEST_P(ThemeTest, WhatCannotBeUsedIsFainterThanWhatCan) {
         EXPECT_LT(contrast(color(QPalette::Disabled, role), ground) * 2,
                   contrast(color(QPalette::Active, role), ground))
             << role;
+    }
+}
+
+TEST_P(ThemeTest, AnEmptyBoxIsSeen) {
+    const QCheckBox box("text");
+    QStyleOptionButton option;
+    option.initFrom(&box);
+    option.rect = QRect(0, 0, 13, 13);
+    option.state.setFlag(QStyle::State_Off);
+    const QColor ground = color(QPalette::Active, QPalette::Window);
+    for (const auto element : {QStyle::PE_IndicatorCheckBox, QStyle::PE_IndicatorRadioButton}) {
+        QImage image(13, 13, QImage::Format_RGB32);
+        image.fill(ground);
+        QPainter painter(&image);
+        QApplication::style()->drawPrimitive(element, &option, &painter, &box);
+        painter.end();
+        double best = 0;
+        for (int x = 0; x < 3; ++x) // the frame's left side
+            best = std::max(best, contrast(image.pixelColor(x, 6), ground));
+        EXPECT_GT(best, 1.5) << element;
     }
 }
 

@@ -104,6 +104,16 @@ def move_broken_links(desktop):
           and names(tree[-1]["children"]) == ["Gone"])
 
 
+def read_the_legend(desktop):
+    open_tree(desktop)
+    desktop.press("alt+c", "Up", "Up", "Up", "Up", "Return")
+    desktop.window("What the Marks Mean")
+    picture(desktop, "legend")
+    desktop.press("Escape")
+    desktop.gone("What the Marks Mean")
+    check("*" not in desktop.front_title(), "the legend changes nothing")
+
+
 def sort_a_folder(desktop):
     document = open_tree(desktop)
     desktop.press("Home", "Down", "Down", "alt+s", "Down", "Return")
@@ -130,5 +140,5 @@ def sort_by_a_title(desktop):
 
 
 if __name__ == "__main__":
-    run_session_tests([find_a_note_and_rename_its_link, delete_duplicates, move_broken_links, sort_a_folder,
-                       sort_by_a_title])
+    run_session_tests([find_a_note_and_rename_its_link, delete_duplicates, move_broken_links, read_the_legend,
+                       sort_a_folder, sort_by_a_title])
