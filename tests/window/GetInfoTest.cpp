@@ -120,6 +120,7 @@ TEST_F(GetInfoTest, anItemWithoutANameIsNeverLikeItsCopy) {
     plant();
     c->setItemName(nullptr);
     getInfo().done();
+    EXPECT_EQ(panel().title, base.texts.text("MenuGetInfo"));
     EXPECT_EQ(document.changeCount(), 1);
     EXPECT_TRUE(c->itemName().isNull());
 }

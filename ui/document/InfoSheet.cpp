@@ -12,8 +12,10 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QTextDocument>
 #include <QToolButton>
 
+#include <limits>
 #include <sstream>
 
 namespace tabulon {
@@ -31,6 +33,17 @@ QString asShown(const Text& text) {
     return toQString(text.view());
 }
 
+// What is in a field, to the letter: `toPlainText` makes plain spaces of those that do not break.
+QString typedText(const QPlainTextEdit& field) {
+    return field.document()->toRawText().replace(QChar::ParagraphSeparator, '\n');
+}
+
+QLineEdit* makeField(QWidget* parent) {
+    auto* field = new QLineEdit(parent);
+    field->setMaxLength(std::numeric_limits<int>::max()); // a script in an address may be long
+    return field;
+}
+
 QIcon iconOf(const Application& application) {
     const QString name = toQString(application.icon);
     return name.startsWith('/') ? QIcon(name) : QIcon::fromTheme(name);
@@ -41,8 +54,8 @@ QIcon iconOf(const Application& application) {
 InfoSheet::InfoSheet(std::shared_ptr<GetInfoController> controller, const Localization& texts,
                      QWidget* window)
     : QDialog(window, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
-      controller_(std::move(controller)), name_(new QLineEdit(this)), url_(new QLineEdit(this)),
-      tags_(new QLineEdit(this)), note_(new QPlainTextEdit(this)), label_(new QComboBox(this)),
+      controller_(std::move(controller)), name_(makeField(this)), url_(makeField(this)),
+      tags_(makeField(this)), note_(new QPlainTextEdit(this)), label_(new QComboBox(this)),
       browser_(new QComboBox(this)), locked_(new QCheckBox(this)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::WindowModal);
@@ -135,7 +148,7 @@ void InfoSheet::reportChanges() {
             [this](const QString& text) { controller_->setTags(text.toStdString()); });
     connect(note_, &QPlainTextEdit::textChanged, this, [this] {
         if (!loading_)
-            controller_->setNote(note_->toPlainText().toStdString());
+            controller_->setNote(typedText(*note_).toStdString());
     });
     connect(label_, &QComboBox::activated, this,
             [this](int label) { controller_->setLabel(static_cast<std::uint8_t>(label)); });
@@ -153,7 +166,7 @@ void InfoSheet::reloadFields() {
     show(name_, node.itemName());
     show(url_, node.itemURL());
     show(tags_, node.itemTags());
-    if (const QString note = asShown(node.itemNote()); note_->toPlainText() != note)
+    if (const QString note = asShown(node.itemNote()); typedText(*note_) != note)
         note_->setPlainText(note);
     label_->setCurrentIndex(node.getLabel() < kLabelNameKeys.size() ? node.getLabel() : 0);
     browser_->setCurrentIndex(controller_->browserMenuIndex());
@@ -171,8 +184,7 @@ void InfoSheet::setButtons(const InfoButtons& buttons) {
 }
 
 void InfoSheet::setTitle(const std::string& title) {
-    if (!title.empty())
-        setWindowTitle(oneLine(title));
+    setWindowTitle(oneLine(title));
 }
 
 void InfoSheet::selectName() {
