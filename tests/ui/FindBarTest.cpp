@@ -171,8 +171,10 @@ protected:
     void SetUp() override {
         link = &add(makeLink("link", "https://a.example/"));
         link->setItemNote("first line\nand a HIT here");
+        link->setItemTags("a hit");
         add(makeLink("next"));
         openWidget();
+        controller->setSearchString("hit");
         controller->selectRowOf(*link);
         info = std::make_shared<GetInfoController>(*controller, platform());
         info->editBookmark(*link);
@@ -221,6 +223,29 @@ TEST_F(InfoSheetTest, whatWasFoundIsSelected) {
     EXPECT_EQ(noteField().textCursor().selectedText(), "HIT");
     info->selectNote("not there");
     EXPECT_TRUE(noteField().textCursor().hasSelection());
+    EXPECT_EQ(document.changeCount(), 0);
+}
+
+TEST_F(InfoSheetTest, typingOnReplacesNothingThatWasFound) {
+    info->selectNote("hit");
+    QTest::keyClicks(sheet->focusWidget(), "hits");
+    EXPECT_EQ(noteField().textCursor().selectedText(), "HIT");
+    info->selectTags("hit");
+    QTest::keyClicks(sheet->focusWidget(), "hits");
+    QTest::keyClick(sheet, Qt::Key_Escape);
+    EXPECT_EQ(link->itemTags(), Text("a hit"));
+    EXPECT_EQ(document.changeCount(), 0);
+}
+
+TEST_F(InfoSheetTest, returnGoesOnFromWhatWasFound) {
+    link->nextBookmark()->setItemName("another hit");
+    controller->findText("hit");
+    ASSERT_EQ(controller->foundBookmark(), link);
+    info->selectNote("hit");
+    QTest::keyClick(sheet->focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(nameField().text(), "another hit");
+    QTest::keyClick(sheet->focusWidget(), Qt::Key_Return);
+    EXPECT_FALSE(info->isShown()) << "elsewhere Return means that the user is done";
     EXPECT_EQ(document.changeCount(), 0);
 }
 

@@ -115,7 +115,6 @@ QWidget* InfoSheet::makeButtons(const Localization& texts) {
     add(down_, Qt::DownArrow, "InfoDown", Qt::Key_Down, &GetInfoController::down);
     layout->addStretch(1);
     findNext_ = new QPushButton(toQString(texts.text("MenuFindNext")), row);
-    findNext_->setAutoDefault(false);
     findNext_->setShortcut(QKeySequence::FindNext);
     connect(findNext_, &QPushButton::clicked, this, [this] { controller_->findNext(); });
     layout->addWidget(findNext_);
@@ -192,6 +191,8 @@ void InfoSheet::selectName() {
     name_->selectAll();
 }
 
+// What is found comes up while the user still types or goes on with Return: none of that may replace it. So
+// the keyboard goes to the button for the next match.
 void InfoSheet::selectNote(const std::string& string) {
     const QString part = toQString(string);
     const qsizetype place = placeOf(note_->toPlainText(), part);
@@ -203,17 +204,17 @@ void InfoSheet::selectNote(const std::string& string) {
         cursor.select(QTextCursor::Document);
     note_->setTextCursor(cursor);
     note_->ensureCursorVisible();
-    note_->setFocus();
+    findNext_->setFocus();
 }
 
 void InfoSheet::selectTags(const std::string& string) {
     const QString part = toQString(string);
     const qsizetype place = placeOf(tags_->text(), part);
-    tags_->setFocus();
     if (place >= 0)
         tags_->setSelection(static_cast<int>(place), static_cast<int>(part.size()));
     else
         tags_->selectAll();
+    findNext_->setFocus();
 }
 
 std::string InfoSheet::frame() const {
