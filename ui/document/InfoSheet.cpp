@@ -44,6 +44,14 @@ QLineEdit* makeField(QWidget* parent) {
     return field;
 }
 
+// What is selected looks the same whether or not the keyboard is at the field.
+void keepHighlight(QWidget& field) {
+    QPalette palette = field.palette();
+    for (const QPalette::ColorRole role : {QPalette::Highlight, QPalette::HighlightedText})
+        palette.setBrush(QPalette::Inactive, role, palette.brush(QPalette::Active, role));
+    field.setPalette(palette);
+}
+
 QIcon iconOf(const Application& application) {
     const QString name = toQString(application.icon);
     return name.startsWith('/') ? QIcon(name) : QIcon::fromTheme(name);
@@ -86,6 +94,7 @@ void InfoSheet::makeFields(QFormLayout* form, const Localization& texts) {
             browser_->addItem(iconOf(browsers[i]), toQString(browsers[i].name));
     }
     note_->setTabChangesFocus(true);
+    keepHighlight(*note_);
     QSet<QChar> taken;
     const auto add = [&](const char* key, QWidget* field) {
         form->addRow(withMnemonic(texts.text(key), taken), field);
