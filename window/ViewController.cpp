@@ -92,7 +92,10 @@ void ViewController::addFindActions() {
         "getInfo:", [this](const MenuItem&) { getInfo(); },
         [this](const MenuItem&) { return hasSelection(); });
     for (const char* action : {"showFindView:", "performFindPanelAction:"})
-        actions_.add(action, [this](const MenuItem&) { findBar_.showFindView(); });
+        actions_.add(action, [this](const MenuItem&) {
+            autoEdit_.reset(); // what is typed from now on is meant for the search field
+            findBar_.showFindView();
+        });
     actions_.add("hideFindView:", [this](const MenuItem&) { findBar_.hideFindView(); });
     actions_.add("findNext:", [this](const MenuItem&) { findBar_.findNext(); });
 }
