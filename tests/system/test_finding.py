@@ -147,13 +147,13 @@ class Finding(cli.TestCase):
             self.assert_same_tree(found, left)
 
     def test_sorting_is_that_of_python(self):
-        keys = {"name": "name", "tags": "tags", "added": "dateAdded", "modified": "dateModified",
+        keys = {"name": "name", "url": "url", "tags": "tags", "added": "dateAdded", "modified": "dateModified",
                 "opened": "lastOpened"}
         changed = self.path("changed.tbln")
         for root, document in self.each_tree(3):
             for _, node in places(root):
-                for field in ("name", "tags"):  # letters and digits alone are in the order of their codes
-                    node[field] = node[field] and folded(node[field]).replace(" ", "")
+                for field in ("name", "url", "tags"):  # letters and digits alone are in the order of their codes
+                    node[field] = node[field] and "".join(filter(str.isalnum, folded(node[field])))
             document = self.make(root)
             for key, field in keys.items():
                 for options in ([], ["--descending"]):
