@@ -62,7 +62,7 @@ void DocumentController::noteFile(Document& document) {
     find(document)->identity = platform_.files.identityOf(document.fileName());
 }
 
-// Link marks are hidden after a revert.
+// Link marks are hidden after a revert, in every window.
 bool DocumentController::revertToContentsOfURL(Document& document) {
     const auto identity = platform_.files.identityOf(document.fileName());
     const Result<std::string> bytes = platform_.files.readFile(document.fileName());
@@ -74,6 +74,8 @@ bool DocumentController::revertToContentsOfURL(Document& document) {
     }
     platform_.base.defaults.setBoolForKey("ShowMarks", false);
     document.updateUI();
+    if (shared_.showMarks)
+        shared_.showMarks(false);
     document.updateChangeCount(ChangeKind::Cleared);
     unsaved_.forget(document);
     find(document)->identity = identity;

@@ -50,7 +50,8 @@ void GetInfoController::show(Bookmark& node) {
 
 void GetInfoController::fillPanel() {
     panel_->reloadFields();
-    panel_->setTitle(duplicate_->itemName().string());
+    const Text& name = duplicate_->itemName();
+    panel_->setTitle(name.isEmpty() ? platform_.base.texts.text("MenuGetInfo") : name.string());
     panel_->selectName();
     updateButtons();
 }

@@ -66,7 +66,7 @@ public:
     virtual void editCell(Column column, std::size_t row) = 0;
     /// Ends editing, if a cell is being edited, and takes over what was typed.
     virtual void endEditing() = 0;
-    /// The column that the pointer is over; nothing when it is outside the cells.
+    /// The column that the pointer is over; nothing when it is outside the cells, or the keyboard elsewhere.
     virtual std::optional<Column> columnUnderPointer() const = 0;
 
     /// Shows the tags column, which must not be shown yet, as the `index`th of the columns, or the last where

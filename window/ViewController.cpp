@@ -91,7 +91,11 @@ void ViewController::addFindActions() {
     actions_.add(
         "getInfo:", [this](const MenuItem&) { getInfo(); },
         [this](const MenuItem&) { return hasSelection(); });
-    actions_.add("performFindPanelAction:", [this](const MenuItem&) { findBar_.showFindView(); });
+    for (const char* action : {"showFindView:", "performFindPanelAction:"})
+        actions_.add(action, [this](const MenuItem&) {
+            autoEdit_.reset(); // what is typed from now on is meant for the search field
+            findBar_.showFindView();
+        });
     actions_.add("hideFindView:", [this](const MenuItem&) { findBar_.hideFindView(); });
     actions_.add("findNext:", [this](const MenuItem&) { findBar_.findNext(); });
 }

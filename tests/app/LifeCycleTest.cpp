@@ -298,6 +298,7 @@ TEST_F(LifeCycleTest, RemovedFileIsSavedAgainOnlyWhenAsked) {
 
 TEST_F(LifeCycleTest, RevertAsksReadsAgainHidesMarksAndLeavesTheDocumentClean) {
     base.defaults.setBoolForKey("ShowMarks", true);
+    const Document& other = openDocument("/home/Other.tbln");
     Document& document = openDocument();
     EXPECT_FALSE(enabled("revertDocumentToSaved:"));
     change(document, "mine");
@@ -310,6 +311,7 @@ TEST_F(LifeCycleTest, RevertAsksReadsAgainHidesMarksAndLeavesTheDocumentClean) {
     EXPECT_FALSE(document.isDocumentEdited());
     EXPECT_EQ(document.getMaster().getChild()->itemName(), Text("first"));
     EXPECT_FALSE(base.defaults.boolForKey("ShowMarks"));
+    EXPECT_EQ(windowOf(other).outlineView.reloaded.size(), 1u) << "marks are hidden in every window";
     EXPECT_TRUE(windowOf(document).outlineView.rowsAreRight());
 }
 

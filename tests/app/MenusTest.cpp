@@ -4,6 +4,7 @@
 #include "window/SharedAlerts.h"
 
 #include <functional>
+#include <map>
 #include <set>
 
 namespace tabulon {
@@ -23,6 +24,12 @@ protected:
             if (item.title == "Window")
                 return *item.submenu;
         return {};
+    }
+    bool isChecked(const std::string& action) {
+        bool checked = false;
+        eachItem(app.mainMenu(),
+                 [&](const MenuItem& item) { checked |= item.action == action && item.checked; });
+        return checked;
     }
     Menu recentMenu() { return *app.mainMenu().items.at(0).submenu->items.at(2).submenu; }
 };
@@ -54,6 +61,35 @@ TEST_F(MenusTest, NoTwoItemsShareAKey) {
     });
     EXPECT_TRUE(keys.contains("n") && keys.contains("o") && keys.contains("s") && keys.contains("S") &&
                 keys.contains("w") && keys.contains("q"));
+}
+
+TEST_F(MenusTest, ShowMarksHasACheckMarkAndIsForEveryWindow) {
+    for (const char* path : {"/home/a.tbln", "/home/b.tbln"}) {
+        files.files[path] = documentBytes("a");
+        app.openFile(path);
+    }
+    EXPECT_FALSE(isChecked("showMarks:"));
+    EXPECT_TRUE(perform("showMarks:"));
+    EXPECT_TRUE(isChecked("showMarks:"));
+    for (const Document* document : documents().documents())
+        EXPECT_EQ(windowOf(*document).outlineView.reloaded, (std::vector<RowRange>{{0, 1}}));
+    EXPECT_TRUE(perform("showMarks:"));
+    EXPECT_FALSE(isChecked("showMarks:"));
+}
+
+TEST_F(MenusTest, SortHasEveryKeyAndASubmenuForTheOtherDirection) {
+    std::map<std::string, std::vector<int>> tags;
+    eachItem(app.mainMenu(), [&](const MenuItem& item) {
+        if (item.action.starts_with("sortBy"))
+            tags[item.action].push_back(item.tag);
+    });
+    const std::vector<int> both = {0, ViewController::kSortDescendingTag};
+    EXPECT_EQ(tags, (std::map<std::string, std::vector<int>>{{"sortByName:", both},
+                                                             {"sortByURL:", both},
+                                                             {"sortByTags:", both},
+                                                             {"sortByDateAdded:", both},
+                                                             {"sortByDateModified:", both},
+                                                             {"sortByDateLastOpened:", both}}));
 }
 
 TEST_F(MenusTest, OpenRecentListsAtMostTenFilesAndCanBeCleared) {

@@ -1,3 +1,5 @@
+// Looking for one part in a text: letters of either case, other bytes, zero bytes, and agreement with a plain
+// search.
 #include "model/TextSearch.h"
 
 #include "model/Ascii.h"

@@ -10,10 +10,13 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QToolButton>
+
+#include <algorithm>
 
 namespace tabulon {
 namespace {
@@ -81,6 +84,33 @@ TEST_F(FindBarTest, escapeHidesTheBarAndStopsWhatIsPending) {
     EXPECT_EQ(beeper.beeps, 0);
 }
 
+TEST_F(FindBarTest, recentSearchesAreInAMenuThatClearsThem) {
+    const auto buttons = bar->findChildren<QToolButton*>();
+    const auto found = std::ranges::find_if(buttons, [](const QToolButton* each) { return each->menu(); });
+    ASSERT_NE(found, buttons.end());
+    QToolButton* button = *found;
+    EXPECT_EQ(button->text().toStdString(), base.texts.text("RecentsSearch"));
+    const auto titles = [button] {
+        emit button->menu()->aboutToShow();
+        QStringList all;
+        for (const QAction* action : button->menu()->actions())
+            all += action->text();
+        return all;
+    };
+    const QString empty = QString::fromStdString(base.texts.text("RecentsEmpty"));
+    EXPECT_EQ(titles(), QStringList{empty});
+    EXPECT_FALSE(button->menu()->actions().at(0)->isEnabled());
+    for (const char* text : {"one hit", "b & c"})
+        controller->findBar().noteRecentSearch(text);
+    const QString clear = QString::fromStdString(base.texts.text("RecentsClear"));
+    EXPECT_EQ(titles(), (QStringList{"b && c", "one hit", "", clear}));
+    button->menu()->actions().at(1)->trigger();
+    EXPECT_EQ(field().text(), "one hit");
+    EXPECT_TRUE(shows("1 matches"));
+    button->menu()->actions().at(3)->trigger();
+    EXPECT_EQ(titles(), QStringList{empty});
+}
+
 class SheetsTest : public OutlineTest {
 protected:
     template <class Widget>
@@ -141,8 +171,10 @@ protected:
     void SetUp() override {
         link = &add(makeLink("link", "https://a.example/"));
         link->setItemNote("first line\nand a HIT here");
+        link->setItemTags("a hit");
         add(makeLink("next"));
         openWidget();
+        controller->setSearchString("hit");
         controller->selectRowOf(*link);
         info = std::make_shared<GetInfoController>(*controller, platform());
         info->editBookmark(*link);
@@ -192,6 +224,61 @@ TEST_F(InfoSheetTest, whatWasFoundIsSelected) {
     info->selectNote("not there");
     EXPECT_TRUE(noteField().textCursor().hasSelection());
     EXPECT_EQ(document.changeCount(), 0);
+}
+
+TEST_F(InfoSheetTest, typingOnReplacesNothingThatWasFound) {
+    info->selectNote("hit");
+    QTest::keyClicks(sheet->focusWidget(), "hits");
+    EXPECT_EQ(noteField().textCursor().selectedText(), "HIT");
+    info->selectTags("hit");
+    QTest::keyClicks(sheet->focusWidget(), "hits");
+    QTest::keyClick(sheet, Qt::Key_Escape);
+    EXPECT_EQ(link->itemTags(), Text("a hit"));
+    EXPECT_EQ(document.changeCount(), 0);
+}
+
+TEST_F(InfoSheetTest, returnGoesOnFromWhatWasFound) {
+    link->nextBookmark()->setItemName("another hit");
+    controller->findText("hit");
+    ASSERT_EQ(controller->foundBookmark(), link);
+    info->selectNote("hit");
+    QTest::keyClick(sheet->focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(nameField().text(), "another hit");
+    QTest::keyClick(sheet->focusWidget(), Qt::Key_Return);
+    EXPECT_FALSE(info->isShown()) << "elsewhere Return means that the user is done";
+    EXPECT_EQ(document.changeCount(), 0);
+}
+
+TEST_F(InfoSheetTest, whatWasNotTypedStaysBesideWhatWas) {
+    Bookmark& next = *link->nextBookmark();
+    const std::string longURL = "javascript:" + std::string(100'000, 'x');
+    const std::string note = "no\xC2\xA0"
+                             "break\xE2\x80\xA8line\npara";
+    next.setItemName("two\nlines");
+    next.setItemURL(longURL);
+    next.setItemNote(note);
+    info->next();
+    for (QLineEdit* field : sheet->findChildren<QLineEdit*>()) {
+        field->setFocus();
+        field->end(false);
+        QTest::keyClicks(field, "!");
+    }
+    QTest::keyClicks(&noteField(), "!");
+    QTest::keyClick(sheet, Qt::Key_Escape);
+    EXPECT_EQ(next.itemName(), Text("two\nlines!"));
+    EXPECT_EQ(next.itemURL(), Text(longURL + "!"));
+    EXPECT_EQ(next.itemTags(), Text("!"));
+    EXPECT_EQ(next.itemNote(), Text("!" + note));
+}
+
+TEST_F(InfoSheetTest, anItemWithoutANameHasNotTheTitleOfTheOneBefore) {
+    EXPECT_EQ(sheet->windowTitle(), "link");
+    link->getParent()->addChild(Bookmark::initEmpty());
+    info->next();
+    info->next();
+    EXPECT_EQ(sheet->windowTitle(), QString::fromStdString(base.texts.text("MenuGetInfo")));
+    info->previous();
+    EXPECT_EQ(sheet->windowTitle(), "next");
 }
 
 TEST_F(InfoSheetTest, aSheetThatGoesWithItsWindowLeavesItsController) {

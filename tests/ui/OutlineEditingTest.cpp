@@ -164,6 +164,28 @@ TEST_F(OutlineEditingTest, aClickBeginsToEditTheCellUnderItHalfASecondLater) {
     EXPECT_EQ(field()->text(), "https://a.example/");
 }
 
+TEST_F(OutlineEditingTest, whileTheUserTypesElsewhereNoCellIsEditedByItself) {
+    base.defaults.setBoolForKey("AutoEdit", true);
+    open();
+    QWidget around;
+    QLineEdit elsewhere(&around);
+    widget().setParent(&around);
+    around.show();
+    widget().show();
+    QCursor::setPos(widget().viewport()->mapToGlobal(cell(0, Column::Name).center()));
+    const auto isEditedWithTheKeyboardAt = [this](QWidget& there) {
+        widget().selectRows({});
+        there.setFocus();
+        controller->findText("link");
+        EXPECT_EQ(widget().selectedRow(), 0u);
+        timers.advance(0.51);
+        return field() != nullptr;
+    };
+    EXPECT_FALSE(isEditedWithTheKeyboardAt(elsewhere));
+    EXPECT_TRUE(isEditedWithTheKeyboardAt(widget()));
+    widget().setParent(nullptr);
+}
+
 TEST_F(OutlineEditingTest, aNewBookmarkIsInSightWithItsNameBeingEdited) {
     for (int i = 0; i < 200; ++i)
         add(makeLink("more"));

@@ -66,6 +66,7 @@ def find_a_note_and_rename_its_link(desktop):
     desktop.press("ctrl+f")
     desktop.xdotool("type", "--delay", "5", "QUAGGA")
     desktop.window("zebra")
+    desktop.xdotool("type", "--delay", "5", "S")  # the panel came up before the word was typed
     picture(desktop, "info")
     desktop.press("alt+n", "ctrl+a")
     desktop.xdotool("type", "--delay", "5", "plains zebra")
@@ -73,6 +74,7 @@ def find_a_note_and_rename_its_link(desktop):
     desktop.gone("zebra")
     desktop.window("links")
     saved(desktop, document, lambda tree: names(tree[2]["children"]) == ["plains zebra", "Ape"]
+          and tree[2]["children"][0]["note"] == "a note about quaggas"
           and tree[2]["children"][0]["dateModified"] is not None)
     desktop.press("Escape")
 

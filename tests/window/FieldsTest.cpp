@@ -119,6 +119,16 @@ TEST_F(FieldsTest, editingBeginsByItselfHalfASecondAfterTheSelectionChanges) {
     EXPECT_EQ(*outline().edited, std::pair(Column::URL, link_));
 }
 
+TEST_F(FieldsTest, editingDoesNotBeginByItselfOnceTheFindBarWasCalled) {
+    base.defaults.setBoolForKey("AutoEdit", true);
+    outline().selected = {link_};
+    outline().pointer = Column::Name;
+    controller->selectionDidChange();
+    controller->actions().perform(MenuItem{.action = "performFindPanelAction:"});
+    timers.advance(1);
+    EXPECT_FALSE(outline().edited);
+}
+
 TEST_F(FieldsTest, editingBeginsByItselfOnlyWhereItIsWanted) {
     const auto begins = [this] {
         outline().edited.reset();

@@ -12,17 +12,23 @@ protected:
 
 TEST_F(FindTest, theBarComesUpWithItsTextSelectedAndGoes) {
     open();
-    const MenuItem item{.action = "performFindPanelAction:"};
-    controller->actions().perform(item);
+    const auto perform = [this](const char* action) {
+        const MenuItem item{.action = action};
+        ASSERT_TRUE(controller->actions().validateMenuItem(item)) << action;
+        controller->actions().perform(item);
+    };
+    perform("performFindPanelAction:");
     EXPECT_TRUE(window->bar.shown);
     EXPECT_EQ(window->bar.selections, 1);
-    controller->actions().perform(item);
+    perform("showFindView:");
     EXPECT_EQ(window->bar.selections, 2);
-    bar().hideFindView();
+    perform("hideFindView:");
     EXPECT_FALSE(window->bar.shown);
     EXPECT_EQ(beeper.beeps, 0);
-    bar().hideFindView();
+    perform("hideFindView:");
     EXPECT_EQ(beeper.beeps, 1);
+    perform("findNext:");
+    EXPECT_EQ(beeper.beeps, 2) << "nothing was searched for";
 }
 
 TEST_F(FindTest, aSearchCountsAndSelectsTheFirstMatch) {

@@ -120,6 +120,7 @@ TEST_F(GetInfoTest, anItemWithoutANameIsNeverLikeItsCopy) {
     plant();
     c->setItemName(nullptr);
     getInfo().done();
+    EXPECT_EQ(panel().title, base.texts.text("MenuGetInfo"));
     EXPECT_EQ(document.changeCount(), 1);
     EXPECT_TRUE(c->itemName().isNull());
 }
@@ -232,13 +233,18 @@ TEST_F(GetInfoTest, aMatchInTheNoteOpensItWithTheNoteHighlighted) {
     plant();
     a->setItemName("a hit");
     a->setItemNote("a hit in the note");
-    EXPECT_EQ(controller->findText("hit"), 2u);
+    c->setItemName("c hit");
+    EXPECT_EQ(controller->findText("hit"), 3u);
     EXPECT_FALSE(window->info) << "the first match is in the name";
     controller->findNext();
     ASSERT_TRUE(window->info);
     EXPECT_EQ(window->info->original(), a);
     EXPECT_EQ(panel().selectedNote, "hit");
     EXPECT_EQ(panel().selectedTags, "");
+    window->info->done();
+    controller->findNext();
+    EXPECT_EQ(outline().selected, std::set<Bookmark*>{c});
+    EXPECT_FALSE(window->info->isShown()) << "the outline shows this match";
 }
 
 TEST_F(GetInfoTest, aMatchInTheTagsOpensItWithTheTagsHighlighted) {

@@ -207,10 +207,26 @@ TEST_F(MarksTest, theSheetsWayEndsWhenTheBasketIsNotToBeMoved) {
     EXPECT_FALSE(base.defaults.boolForKey("ShowMarks"));
 }
 
+TEST_F(MarksTest, theSheetsWayMovesTheBasketDownFirst) {
+    Bookmark& basket = addWasteBasket();
+    addLink("inside", "u", &basket, kDuplicateStatus);
+    addLink("a", "u", nullptr, kDuplicateStatus);
+    addLink("b", "u");
+    open();
+    alerts.answer("OK");
+    controller->deleteSheetExecute();
+    EXPECT_EQ(rowNames(), (Names{"b", "Waste Basket", "a", "inside"}));
+    EXPECT_EQ(alerts.shown.at(1).message, "1 bookmarks were moved to the Waste Basket.");
+    EXPECT_EQ(alerts.shown.at(1).style, AlertStyle::Informational);
+    EXPECT_EQ(shared.removedLinks, 1u) << "what is in the basket already does not count";
+    EXPECT_EQ(document.changeCount(), 3) << "the basket, the link and the command";
+}
+
 TEST_F(MarksTest, theSheetsWayDoesNotScan) {
     addLink("a", "u");
     addLink("b", "u");
     open();
+    shared.removedLinks = 7; // of the pass before
     controller->deleteSheetExecute();
     EXPECT_EQ(rowNames(), (Names{"a", "b"}));
     ASSERT_EQ(alerts.shown.size(), 1u);

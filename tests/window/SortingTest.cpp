@@ -189,6 +189,18 @@ TEST_F(SortingTest, theBoxEndsTheQuestion) {
     EXPECT_EQ(document.changeCount(), 0);
 }
 
+TEST_F(SortingTest, theBoxCountsWithYesAsWell) {
+    plant();
+    alerts.suppresses = true;
+    alerts.answer("Yes");
+    controller->headerClicked(Column::URL);
+    timers.advance(1);
+    EXPECT_TRUE(base.defaults.boolForKey("SuppressColumnSortSheet"));
+    EXPECT_TRUE(base.defaults.boolForKey("ColumnSort"));
+    controller->headerClicked(Column::URL);
+    EXPECT_EQ(document.changeCount(), 1);
+}
+
 TEST_F(SortingTest, whereColumnsSortAWindowComesUpSo) {
     base.defaults.setBoolForKey("ColumnSort", true);
     plant();

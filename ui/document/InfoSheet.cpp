@@ -12,8 +12,10 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QTextDocument>
 #include <QToolButton>
 
+#include <limits>
 #include <sstream>
 
 namespace tabulon {
@@ -31,6 +33,25 @@ QString asShown(const Text& text) {
     return toQString(text.view());
 }
 
+// What is in a field, to the letter: `toPlainText` makes plain spaces of those that do not break.
+QString typedText(const QPlainTextEdit& field) {
+    return field.document()->toRawText().replace(QChar::ParagraphSeparator, '\n');
+}
+
+QLineEdit* makeField(QWidget* parent) {
+    auto* field = new QLineEdit(parent);
+    field->setMaxLength(std::numeric_limits<int>::max()); // a script in an address may be long
+    return field;
+}
+
+// What is selected looks the same whether or not the keyboard is at the field.
+void keepHighlight(QWidget& field) {
+    QPalette palette = field.palette();
+    for (const QPalette::ColorRole role : {QPalette::Highlight, QPalette::HighlightedText})
+        palette.setBrush(QPalette::Inactive, role, palette.brush(QPalette::Active, role));
+    field.setPalette(palette);
+}
+
 QIcon iconOf(const Application& application) {
     const QString name = toQString(application.icon);
     return name.startsWith('/') ? QIcon(name) : QIcon::fromTheme(name);
@@ -41,8 +62,8 @@ QIcon iconOf(const Application& application) {
 InfoSheet::InfoSheet(std::shared_ptr<GetInfoController> controller, const Localization& texts,
                      QWidget* window)
     : QDialog(window, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
-      controller_(std::move(controller)), name_(new QLineEdit(this)), url_(new QLineEdit(this)),
-      tags_(new QLineEdit(this)), note_(new QPlainTextEdit(this)), label_(new QComboBox(this)),
+      controller_(std::move(controller)), name_(makeField(this)), url_(makeField(this)),
+      tags_(makeField(this)), note_(new QPlainTextEdit(this)), label_(new QComboBox(this)),
       browser_(new QComboBox(this)), locked_(new QCheckBox(this)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::WindowModal);
@@ -73,6 +94,7 @@ void InfoSheet::makeFields(QFormLayout* form, const Localization& texts) {
             browser_->addItem(iconOf(browsers[i]), toQString(browsers[i].name));
     }
     note_->setTabChangesFocus(true);
+    keepHighlight(*note_);
     QSet<QChar> taken;
     const auto add = [&](const char* key, QWidget* field) {
         form->addRow(withMnemonic(texts.text(key), taken), field);
@@ -102,7 +124,6 @@ QWidget* InfoSheet::makeButtons(const Localization& texts) {
     add(down_, Qt::DownArrow, "InfoDown", Qt::Key_Down, &GetInfoController::down);
     layout->addStretch(1);
     findNext_ = new QPushButton(toQString(texts.text("MenuFindNext")), row);
-    findNext_->setAutoDefault(false);
     findNext_->setShortcut(QKeySequence::FindNext);
     connect(findNext_, &QPushButton::clicked, this, [this] { controller_->findNext(); });
     layout->addWidget(findNext_);
@@ -135,7 +156,7 @@ void InfoSheet::reportChanges() {
             [this](const QString& text) { controller_->setTags(text.toStdString()); });
     connect(note_, &QPlainTextEdit::textChanged, this, [this] {
         if (!loading_)
-            controller_->setNote(note_->toPlainText().toStdString());
+            controller_->setNote(typedText(*note_).toStdString());
     });
     connect(label_, &QComboBox::activated, this,
             [this](int label) { controller_->setLabel(static_cast<std::uint8_t>(label)); });
@@ -153,7 +174,7 @@ void InfoSheet::reloadFields() {
     show(name_, node.itemName());
     show(url_, node.itemURL());
     show(tags_, node.itemTags());
-    if (const QString note = asShown(node.itemNote()); note_->toPlainText() != note)
+    if (const QString note = asShown(node.itemNote()); typedText(*note_) != note)
         note_->setPlainText(note);
     label_->setCurrentIndex(node.getLabel() < kLabelNameKeys.size() ? node.getLabel() : 0);
     browser_->setCurrentIndex(controller_->browserMenuIndex());
@@ -171,8 +192,7 @@ void InfoSheet::setButtons(const InfoButtons& buttons) {
 }
 
 void InfoSheet::setTitle(const std::string& title) {
-    if (!title.empty())
-        setWindowTitle(oneLine(title));
+    setWindowTitle(oneLine(title));
 }
 
 void InfoSheet::selectName() {
@@ -180,6 +200,8 @@ void InfoSheet::selectName() {
     name_->selectAll();
 }
 
+// What is found comes up while the user still types or goes on with Return: none of that may replace it. So
+// the keyboard goes to the button for the next match.
 void InfoSheet::selectNote(const std::string& string) {
     const QString part = toQString(string);
     const qsizetype place = placeOf(note_->toPlainText(), part);
@@ -191,17 +213,17 @@ void InfoSheet::selectNote(const std::string& string) {
         cursor.select(QTextCursor::Document);
     note_->setTextCursor(cursor);
     note_->ensureCursorVisible();
-    note_->setFocus();
+    findNext_->setFocus();
 }
 
 void InfoSheet::selectTags(const std::string& string) {
     const QString part = toQString(string);
     const qsizetype place = placeOf(tags_->text(), part);
-    tags_->setFocus();
     if (place >= 0)
         tags_->setSelection(static_cast<int>(place), static_cast<int>(part.size()));
     else
         tags_->selectAll();
+    findNext_->setFocus();
 }
 
 std::string InfoSheet::frame() const {

@@ -34,7 +34,11 @@ void OutlineWidget::endEditing() {
     }
 }
 
+// While the user types elsewhere, in the find field, the pointer only lies about.
 std::optional<Column> OutlineWidget::columnUnderPointer() const {
+    const QWidget* keyboard = window()->focusWidget();
+    if (keyboard && keyboard != this && !isAncestorOf(keyboard))
+        return std::nullopt;
     const QModelIndex index = indexAt(viewport()->mapFromGlobal(QCursor::pos()));
     if (!index.isValid() || selectedRow() != static_cast<std::size_t>(index.row()))
         return std::nullopt;
