@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <sstream>
 
 namespace tabulon {
 namespace {
@@ -92,6 +93,26 @@ std::optional<QColor> groundForLabel(const LabelColor& color, const QColor& base
     if (luminance(base) <= kLightGround || contrast(toQColor(color), base) >= kLostContrast)
         return std::nullopt;
     return QColor(kDarkGround);
+}
+
+std::string frameText(const QRect& frame) {
+    return QStringLiteral("%1 %2 %3 %4")
+        .arg(frame.x())
+        .arg(frame.y())
+        .arg(frame.width())
+        .arg(frame.height())
+        .toStdString();
+}
+
+std::optional<QRect> frameIn(const std::string& text) {
+    std::istringstream numbers(text);
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+    if (!(numbers >> x >> y >> width >> height) || width <= 0 || height <= 0)
+        return std::nullopt;
+    return QRect(x, y, width, height);
 }
 
 QColor mixedColor(const QColor& from, const QColor& to, double amount) {

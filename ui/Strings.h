@@ -5,10 +5,12 @@
 #include "model/Text.h"
 
 #include <QColor>
+#include <QRect>
 #include <QSet>
 #include <QString>
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace tabulon {
@@ -39,6 +41,11 @@ QColor readableColor(const LabelColor& color, const QColor& base, const QColor& 
 /// A ground for a text in the colour of a label that would be lost on the light ground `base`; nothing where
 /// the colour is seen there.
 std::optional<QColor> groundForLabel(const LabelColor& color, const QColor& base);
+
+/// The place of a window as it is kept from run to run: left, top, width and height in pixels.
+std::string frameText(const QRect& frame);
+/// None for a text that is no such place.
+std::optional<QRect> frameIn(const std::string& text);
 
 /// Between the two: 0 is `from`, 1 is `to`.
 QColor mixedColor(const QColor& from, const QColor& to, double amount);

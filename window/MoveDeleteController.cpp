@@ -1,13 +1,15 @@
 #include "window/MoveDeleteController.h"
 
+#include "model/StatusRemoval.h"
+
 namespace tabulon {
 
 void MoveDeleteController::viewDidLoad() {
-    const UserDefaults& defaults = services_.defaults;
-    duplicateLinks = defaults.boolForKey("DuplicateLinks");
-    brokenLinks = defaults.boolForKey("BrokenLinks");
-    unknownLinks = defaults.boolForKey("UnknownLinks");
-    moveLinks = defaults.boolForKey("MoveLinks");
+    const RemovalOptions options = removalOptions(services_.defaults);
+    duplicateLinks = options.duplicates;
+    brokenLinks = options.broken;
+    unknownLinks = options.unknown;
+    moveLinks = options.move;
 }
 
 std::string MoveDeleteController::okTitle() const {

@@ -271,6 +271,17 @@ TEST_F(InfoSheetTest, whatWasNotTypedStaysBesideWhatWas) {
     EXPECT_EQ(next.itemNote(), Text("!" + note));
 }
 
+TEST_F(InfoSheetTest, ShiftAndReturnBreakALineOfANoteAsReturnDoes) {
+    noteField().setFocus();
+    QTest::keyClicks(&noteField(), "one");
+    QTest::keyClick(&noteField(), Qt::Key_Return, Qt::ShiftModifier);
+    QTest::keyClicks(&noteField(), "two");
+    QTest::keyClick(&noteField(), Qt::Key_Return);
+    QTest::keyClicks(&noteField(), "three ");
+    QTest::keyClick(sheet, Qt::Key_Escape);
+    EXPECT_TRUE(link->itemNote().view().starts_with("one\ntwo\nthree ")) << link->itemNote().view();
+}
+
 TEST_F(InfoSheetTest, anItemWithoutANameHasNotTheTitleOfTheOneBefore) {
     EXPECT_EQ(sheet->windowTitle(), "link");
     link->getParent()->addChild(Bookmark::initEmpty());

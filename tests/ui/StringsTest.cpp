@@ -66,6 +66,14 @@ TEST(StringsTest, LabelColoursAreLightenedOnDarkGround) {
     EXPECT_EQ(readableColor(labelColor(11), base, Qt::white), QColor(Qt::cyan)) << "bright enough as it is";
 }
 
+TEST(StringsTest, TheKeptPlaceOfAWindowIsReadAgain) {
+    const QRect place(-20, 30, 400, 500);
+    EXPECT_EQ(frameText(place), "-20 30 400 500");
+    EXPECT_EQ(frameIn(frameText(place)), place);
+    for (const char* text : {"", "1 2 3", "1 2 0 4", "1 2 3 -4", "a b c d", "1 2 99999999999 4"})
+        EXPECT_EQ(frameIn(text), std::nullopt) << text;
+}
+
 TEST(StringsTest, BlackStandsForTheOrdinaryTextColour) {
     EXPECT_EQ(readableColor(labelColor(12), Qt::black, Qt::white), QColor(Qt::white));
 }

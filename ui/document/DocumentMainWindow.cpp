@@ -21,8 +21,6 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include <sstream>
-
 namespace tabulon {
 namespace {
 
@@ -147,24 +145,14 @@ void DocumentMainWindow::bringToFront() {
 }
 
 std::string DocumentMainWindow::frame() const {
-    const QRect place = isMaximized() || isFullScreen() ? normalGeometry() : geometry();
-    return QStringLiteral("%1 %2 %3 %4")
-        .arg(place.x())
-        .arg(place.y())
-        .arg(place.width())
-        .arg(place.height())
-        .toStdString();
+    return frameText(isMaximized() || isFullScreen() ? normalGeometry() : geometry());
 }
 
 void DocumentMainWindow::setFrame(const std::string& frame) {
-    std::istringstream numbers(frame);
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
-    if (!(numbers >> x >> y >> width >> height) || width <= 0 || height <= 0)
+    const auto kept = frameIn(frame);
+    if (!kept)
         return;
-    const QRect wanted(QPoint(x, y), QSize(width, height).expandedTo(kSmallestSize));
+    const QRect wanted(kept->topLeft(), kept->size().expandedTo(kSmallestSize));
     const QScreen* on = QGuiApplication::screenAt(wanted.center());
     if (on)
         setGeometry(wanted);

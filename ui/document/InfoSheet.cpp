@@ -16,7 +16,6 @@
 #include <QToolButton>
 
 #include <limits>
-#include <sstream>
 
 namespace tabulon {
 namespace {
@@ -33,9 +32,13 @@ QString asShown(const Text& text) {
     return toQString(text.view());
 }
 
-// What is in a field, to the letter: `toPlainText` makes plain spaces of those that do not break.
-QString typedText(const QPlainTextEdit& field) {
-    return field.document()->toRawText().replace(QChar::ParagraphSeparator, '\n');
+// What is in a field, to the letter: `toPlainText` makes plain spaces of those that do not break. Shift and
+// Return put a line separator, which only a text that has some keeps.
+QString typedText(const QPlainTextEdit& field, const Text& original) {
+    QString text = field.document()->toRawText().replace(QChar::ParagraphSeparator, '\n');
+    if (!asShown(original).contains(QChar::LineSeparator))
+        text.replace(QChar::LineSeparator, '\n');
+    return text;
 }
 
 QLineEdit* makeField(QWidget* parent) {
@@ -156,7 +159,7 @@ void InfoSheet::reportChanges() {
             [this](const QString& text) { controller_->setTags(text.toStdString()); });
     connect(note_, &QPlainTextEdit::textChanged, this, [this] {
         if (!loading_)
-            controller_->setNote(typedText(*note_).toStdString());
+            controller_->setNote(typedText(*note_, controller_->original()->itemNote()).toStdString());
     });
     connect(label_, &QComboBox::activated, this,
             [this](int label) { controller_->setLabel(static_cast<std::uint8_t>(label)); });
@@ -174,7 +177,7 @@ void InfoSheet::reloadFields() {
     show(name_, node.itemName());
     show(url_, node.itemURL());
     show(tags_, node.itemTags());
-    if (const QString note = asShown(node.itemNote()); typedText(*note_) != note)
+    if (const QString note = asShown(node.itemNote()); typedText(*note_, node.itemNote()) != note)
         note_->setPlainText(note);
     label_->setCurrentIndex(node.getLabel() < kLabelNameKeys.size() ? node.getLabel() : 0);
     browser_->setCurrentIndex(controller_->browserMenuIndex());
@@ -227,17 +230,13 @@ void InfoSheet::selectTags(const std::string& string) {
 }
 
 std::string InfoSheet::frame() const {
-    return QStringLiteral("%1 %2 %3 %4").arg(x()).arg(y()).arg(width()).arg(height()).toStdString();
+    return frameText(geometry());
 }
 
 // The sheet stands where the desktop puts it, beside its window; what is kept is its size.
 void InfoSheet::setFrame(const std::string& frame) {
-    std::istringstream numbers(frame);
-    int ignored = 0;
-    int width = 0;
-    int height = 0;
-    if (numbers >> ignored >> ignored >> width >> height && width > 0 && height > 0)
-        resize(QSize(width, height).expandedTo(minimumSizeHint()));
+    if (const auto place = frameIn(frame))
+        resize(place->size().expandedTo(minimumSizeHint()));
 }
 
 void InfoSheet::dismiss() {
