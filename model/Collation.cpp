@@ -110,4 +110,38 @@ bool Collation::standardContains(std::string_view text, std::string_view part) c
     return implementation.search.inSmallLetters(implementation.foldedForm(text));
 }
 
+std::string_view Collation::standardMatch(std::string_view text, std::string_view part) const {
+    const std::string foldedPart(implementation_->foldedForm(part));
+    const std::size_t found = implementation_->foldedForm(text).find(foldedPart);
+    if (found == std::string_view::npos)
+        return {};
+    const std::size_t begin = placeOfFolded(text, found);
+    const std::size_t end = placeOfFolded(text, found + foldedPart.size());
+    return begin < end ? text.substr(begin, end - begin) : std::string_view();
+}
+
+// Where in `text` its folded form has reached `size` bytes: behind the last character that adds nothing more,
+// so that marks stay with their letter. The form grows with the text, which is halved until the place is
+// found.
+std::size_t Collation::placeOfFolded(std::string_view text, std::size_t size) const {
+    const auto isInside = [text](std::size_t place) {
+        return place < text.size() && (static_cast<unsigned char>(text[place]) & 0xC0) == 0x80;
+    };
+    std::size_t low = 0;                // the form up to here is short enough
+    std::size_t high = text.size() + 1; // and up to here it is not
+    while (high - low > 1) {
+        const std::size_t middle = low + (high - low) / 2;
+        std::size_t place = middle;
+        while (isInside(place))
+            --place;
+        if (place <= low || implementation_->foldedForm(text.substr(0, place)).size() <= size)
+            low = middle;
+        else
+            high = middle;
+    }
+    while (isInside(low))
+        --low;
+    return low;
+}
+
 } // namespace tabulon

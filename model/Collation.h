@@ -32,7 +32,14 @@ public:
     /// contains the empty text.
     bool standardContains(std::string_view text, std::string_view part) const;
 
+    /// What of `text` is like `part` in that sense, at its first place, with all its diacritics: for showing
+    /// what was found. Empty where nothing is. Where characters act on their neighbours it may be a little
+    /// more or less.
+    std::string_view standardMatch(std::string_view text, std::string_view part) const;
+
 private:
+    std::size_t placeOfFolded(std::string_view text, std::size_t size) const;
+
     struct Implementation;
     std::unique_ptr<Implementation> implementation_;
 };

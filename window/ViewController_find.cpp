@@ -46,10 +46,13 @@ void ViewController::showMatch() {
     if ((!phases.foundInTags && !phases.foundInNote) || !hasSelection())
         return;
     getInfo();
+    const Bookmark& found = *finder_.foundBookmark();
+    const Text& text = phases.foundInNote ? found.itemNote() : found.itemTags();
+    const std::string match(collation_.standardMatch(text.view(), finder_.searchString()));
     if (phases.foundInNote)
-        info_->selectNote(finder_.searchString());
+        info_->selectNote(match);
     else
-        info_->selectTags(finder_.searchString());
+        info_->selectTags(match);
 }
 
 // Everything above the node is expanded, the outermost folder last: its rows come in one go.

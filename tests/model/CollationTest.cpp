@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <iterator>
+#include <random>
 #include <vector>
 
 namespace tabulon {
@@ -174,6 +176,40 @@ TEST(StandardContains, asksForAnotherPartEachTime) {
         EXPECT_FALSE(english.standardContains("Één", "twee"));
         EXPECT_TRUE(english.standardContains("TWEE", "twee"));
         EXPECT_TRUE(english.standardContains("twee", ""));
+    }
+}
+
+TEST(StandardMatch, isThePieceAsItStands) {
+    const Collation english("en");
+    EXPECT_EQ(english.standardMatch("a hit in the note", "HIT"), "hit");
+    EXPECT_EQ(english.standardMatch("my Résumé, old", "resume"), "Résumé");
+    EXPECT_EQ(english.standardMatch("my Re\u0301sume\u0301, old", "RÉSUMÉ"), "Re\u0301sume\u0301");
+    EXPECT_EQ(english.standardMatch("é e", "e"), "é") << "the first place";
+    EXPECT_EQ(english.standardMatch("Die Straße", "strasse"), "Straße");
+    EXPECT_EQ(english.standardMatch("Привет МИР", "мир"), "МИР");
+    EXPECT_EQ(english.standardMatch("all of it", "all of it"), "all of it");
+    EXPECT_EQ(english.standardMatch("nothing", "x"), "");
+    EXPECT_EQ(english.standardMatch("", "x"), "");
+    EXPECT_EQ(english.standardMatch("text", ""), "");
+}
+
+// Whatever the bytes are, the match is a piece of the text, between characters where it is valid.
+TEST(StandardMatch, isAPieceOfAnyText) {
+    const Collation english("en");
+    std::mt19937 random(7);
+    const std::string_view pieces[] = {"a",  "B",  "é",  "e\u0301",  "ß",    "\u0301", "각",
+                                       "ᄀ", "ᅡ", "が", "か\u3099", "\xFF", "\xC3",   "中"};
+    for (int round = 0; round < 5000; ++round) {
+        std::string text;
+        for (std::size_t count = random() % 12; count > 0; --count)
+            text += pieces[random() % std::size(pieces)];
+        const std::string part(pieces[random() % std::size(pieces)]);
+        const std::string_view match = english.standardMatch(text, part);
+        if (!match.empty()) {
+            EXPECT_GE(match.data(), text.data());
+            EXPECT_LE(match.data() + match.size(), text.data() + text.size());
+        }
+        EXPECT_TRUE(match.empty() || english.standardContains(text, part)) << text;
     }
 }
 

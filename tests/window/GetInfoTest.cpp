@@ -247,6 +247,14 @@ TEST_F(GetInfoTest, aMatchInTheNoteOpensItWithTheNoteHighlighted) {
     EXPECT_FALSE(window->info->isShown()) << "the outline shows this match";
 }
 
+TEST_F(GetInfoTest, whatIsHighlightedHasTheAccentsOfTheNote) {
+    plant();
+    a->setItemNote("her Résumé");
+    controller->findText("resume");
+    ASSERT_TRUE(window->info);
+    EXPECT_EQ(panel().selectedNote, "Résumé");
+}
+
 TEST_F(GetInfoTest, aMatchInTheTagsOpensItWithTheTagsHighlighted) {
     plant();
     controller->collapseItem(*folder);
