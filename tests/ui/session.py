@@ -78,6 +78,9 @@ class Session(Desktop):
             wait_for(f"“{title}” in front", lambda: self.front_title() == title)
         except Failure as failure:
             raise Failure(f"{failure}; in front is “{self.front_title()}”") from failure
+        # A window is in front a moment before it has the keyboard.
+        wait_for(f"“{title}” with the keyboard",
+                 lambda: self.front_title() != title or self.xdotool("getwindowfocus", "getwindowname") == title)
 
     def document(self, name, source=None):
         """A document at `name` in the session's folder: of the demo bookmarks, or a copy of `source`."""
