@@ -42,6 +42,14 @@ struct Collation::Implementation {
     std::string foldedText;
     TextFolder folder;
 
+    const TextSearch& searchFor(std::string_view wanted) {
+        if (wanted != part) {
+            part = wanted;
+            search = TextSearch(std::string(foldedForm(wanted)));
+        }
+        return search;
+    }
+
     std::string_view foldedForm(std::string_view text) {
         foldedText.clear();
         folder.appendFolded(foldedText, text);
@@ -100,23 +108,19 @@ void Collation::appendSortKey(std::string& keys, std::string_view text) const {
 }
 
 bool Collation::standardContains(std::string_view text, std::string_view part) const {
-    Implementation& implementation = *implementation_;
-    if (part != implementation.part) {
-        implementation.part = part;
-        implementation.search = TextSearch(std::string(implementation.foldedForm(part)));
-    }
-    if (const std::optional<bool> answer = implementation.search.inAscii(text))
+    const TextSearch& search = implementation_->searchFor(part);
+    if (const std::optional<bool> answer = search.inAscii(text))
         return *answer;
-    return implementation.search.inSmallLetters(implementation.foldedForm(text));
+    return search.inSmallLetters(implementation_->foldedForm(text));
 }
 
 std::string_view Collation::standardMatch(std::string_view text, std::string_view part) const {
-    const std::string foldedPart(implementation_->foldedForm(part));
-    const std::size_t found = implementation_->foldedForm(text).find(foldedPart);
-    if (found == std::string_view::npos)
+    const TextSearch& search = implementation_->searchFor(part);
+    const auto found = search.placeInSmallLetters(implementation_->foldedForm(text));
+    if (!found)
         return {};
-    const std::size_t begin = placeOfFolded(text, found);
-    const std::size_t end = placeOfFolded(text, found + foldedPart.size());
+    const std::size_t begin = placeOfFolded(text, *found);
+    const std::size_t end = placeOfFolded(text, *found + search.size());
     return begin < end ? text.substr(begin, end - begin) : std::string_view();
 }
 

@@ -115,19 +115,22 @@ std::optional<bool> TextSearch::inAscii(std::string_view text) const {
     const bool sawAll = !found && !scan.gaveUp();
     if (!scan.sawOnlyAscii() || (!sawAll && !isAscii(text)))
         return std::nullopt;
-    return scan.gaveUp() ? linearly(ascii::lowered(text)) : found;
+    return scan.gaveUp() ? placeInSmallLetters(ascii::lowered(text)).has_value() : found;
 }
 
 bool TextSearch::inSmallLetters(std::string_view text) const {
     if (part_.empty() || text.size() < part_.size())
         return part_.empty();
     Scan scan(part_, text);
-    return scan.run() || (scan.gaveUp() && linearly(text));
+    return scan.run() || (scan.gaveUp() && placeInSmallLetters(text));
 }
 
 // Unlike string_view::find, memmem is linear whatever the texts.
-bool TextSearch::linearly(std::string_view text) const {
-    return memmem(text.data(), text.size(), part_.data(), part_.size()) != nullptr;
+std::optional<std::size_t> TextSearch::placeInSmallLetters(std::string_view text) const {
+    const void* place = memmem(text.data(), text.size(), part_.data(), part_.size());
+    if (!place)
+        return std::nullopt;
+    return static_cast<std::size_t>(static_cast<const char*>(place) - text.data());
 }
 
 } // namespace tabulon

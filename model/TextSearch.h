@@ -1,6 +1,7 @@
 // One part that is looked for in very many texts, regardless of the case of ASCII letters.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,11 +20,14 @@ public:
     std::optional<bool> inAscii(std::string_view text) const;
     /// Whether the bytes of the part stand in `text`, which has no capital ASCII letters.
     bool inSmallLetters(std::string_view text) const;
+    /// Where they stand there first; none where they do not.
+    std::optional<std::size_t> placeInSmallLetters(std::string_view text) const;
+
+    /// How many bytes the part has.
+    std::size_t size() const { return part_.size(); }
 
 private:
     class Scan;
-
-    bool linearly(std::string_view text) const;
 
     std::string part_;
 };
