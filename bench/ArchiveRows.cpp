@@ -6,34 +6,15 @@
 
 #include <fmt/format.h>
 
-#include <sstream>
-
 namespace tabulon::bench {
-
-namespace {
-
-struct ParsedByLibplist {
-    double seconds = 0;
-    std::size_t nodes = 0;
-};
-
-/// Runs libplist_parse on the archive: libplist as other programs have it, without the allocator of this one.
-ParsedByLibplist parsedByLibplist(const std::string& archive, int runs) {
-    const TemporaryFile file(".tbln", archive);
-    std::istringstream output(
-        outputOf(fmt::format("'{}' '{}' {}", TABULON_LIBPLIST_PARSE, file.path(), runs)));
-    ParsedByLibplist parsed;
-    output >> parsed.seconds >> parsed.nodes;
-    return parsed;
-}
-
-} // namespace
 
 Row openRow(const Sample& sample, const Effort& effort) {
     require(writeDocumentArchive(*opened(sample.archive)) == sample.archive,
             "an opened document is another document");
-    const ParsedByLibplist theirs = parsedByLibplist(sample.archive, effort.runs);
-    require(theirs.nodes == sample.size.nodes + 1, "libplist sees other nodes");
+    // libplist as other programs have it, without the allocator of this one.
+    const ParsedElsewhere theirs =
+        parsedBy("'" TABULON_LIBPLIST_PARSE "'", ".tbln", sample.archive, effort.runs);
+    require(theirs.count == sample.size.nodes + 1, "libplist sees other nodes");
 
     const double ours = fastest(effort.runs, [&] { return opened(sample.archive); });
     const double withOurMemory = fastest(effort.runs, [&] { return plistOf(sample.archive); });

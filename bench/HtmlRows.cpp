@@ -5,8 +5,6 @@
 
 #include <fmt/format.h>
 
-#include <sstream>
-
 namespace tabulon::bench {
 
 namespace {
@@ -35,21 +33,6 @@ std::string essence(const Bookmark& root) {
     return text;
 }
 
-struct ParsedByLxml {
-    double seconds = 0;
-    std::size_t links = 0;
-};
-
-/// Runs bench/lxml_parse.py on `html`; no links when there is no lxml.
-ParsedByLxml parsedByLxml(const std::string& html, int runs) {
-    const TemporaryFile file(".html", html);
-    std::istringstream output(outputOf(fmt::format("{} '{}/lxml_parse.py' '{}' {}", TABULON_SYSTEM_PYTHON,
-                                                   TABULON_BENCH_DIR, file.path(), runs)));
-    ParsedByLxml parsed;
-    output >> parsed.seconds >> parsed.links;
-    return parsed;
-}
-
 } // namespace
 
 Row tagScanRow(const Sample& sample, const Effort& effort) {
@@ -59,12 +42,13 @@ Row tagScanRow(const Sample& sample, const Effort& effort) {
     const double ours = fastest(effort.runs, [&] { return scanned(sample.html); });
     Row row{"tag-scan a bookmark file", milliseconds(ours), "lxml's HTML parser: not installed", "",
             "20 × faster"};
-    const ParsedByLxml theirs = parsedByLxml(sample.html, effort.runs);
-    if (theirs.links == 0) {
+    const ParsedElsewhere theirs = parsedBy(TABULON_SYSTEM_PYTHON " '" TABULON_BENCH_DIR "/lxml_parse.py'",
+                                            ".html", sample.html, effort.runs);
+    if (theirs.count == 0) {
         row.verdict = verdict(effort, false);
         return row;
     }
-    require(theirs.links == sample.size.links, "lxml sees another number of links");
+    require(theirs.count == sample.size.links, "lxml sees another number of links");
     row.reference = fmt::format("lxml's HTML parser on the same file: {}", milliseconds(theirs.seconds));
     row.ratio = fmt::format("{:.1f} × faster", theirs.seconds / ours);
     row.verdict = verdict(effort, theirs.seconds >= 20 * ours);

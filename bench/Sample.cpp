@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 
 namespace tabulon::bench {
 
@@ -55,6 +56,15 @@ TemporaryFile::TemporaryFile(std::string_view extension, std::string_view bytes)
 TemporaryFile::~TemporaryFile() {
     std::error_code ignored;
     std::filesystem::remove(path_, ignored);
+}
+
+ParsedElsewhere parsedBy(const std::string& program, std::string_view extension, std::string_view bytes,
+                         int runs) {
+    const TemporaryFile file(extension, bytes);
+    std::istringstream output(outputOf(fmt::format("{} '{}' {}", program, file.path(), runs)));
+    ParsedElsewhere parsed;
+    output >> parsed.seconds >> parsed.count;
+    return parsed;
 }
 
 std::string outputOf(const std::string& command) {

@@ -50,6 +50,16 @@ private:
     std::string path_;
 };
 
+/// What a program of bench/ that reads a file with another parser found.
+struct ParsedElsewhere {
+    double seconds = 0; ///< of processor time, the fastest run
+    std::size_t count = 0;
+};
+
+/// Runs `program FILE RUNS` on a file of these bytes; zeros where it fails. `program` is a shell command.
+ParsedElsewhere parsedBy(const std::string& program, std::string_view extension, std::string_view bytes,
+                         int runs);
+
 /// The standard output of a shell command; empty when it fails.
 std::string outputOf(const std::string& command);
 
