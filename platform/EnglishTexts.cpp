@@ -10,6 +10,7 @@ namespace {
 using Entry = std::pair<std::string_view, std::string_view>;
 
 constexpr auto kTexts = std::to_array<Entry>({
+    {"%@ (%@)", "%@ (%@)"},
     {"%d bookmarks", "%d bookmarks"},
     {"%d folders", "%d folders"},
     {"%d matches", "%d matches"},
@@ -37,7 +38,6 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"CouldNotOpen", "“%@” could not be opened"},
     {"CouldNotOpenFiles", "%@ files could not be opened"},
     {"CouldNotSave", "“%@” could not be saved"},
-    {"%@ (%@)", "%@ (%@)"},
     {"Default", "Default"},
     {"Delete", "Delete"},
     {"DeleteDuplicates", "Delete all duplicate links?"},

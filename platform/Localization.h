@@ -1,6 +1,7 @@
 // The program's own texts by key, in the user's language.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -20,22 +21,12 @@ public:
 
     /// The text for `key` used as a format: its first "%@" replaced by `argument`.
     std::string format(std::string_view key, std::string_view argument) const {
-        std::string result = text(key);
-        if (const auto mark = result.find("%@"); mark != std::string::npos)
-            result.replace(mark, 2, argument);
-        return result;
+        return filled(key, {argument});
     }
 
     /// The same with two arguments, in their order.
     std::string format(std::string_view key, std::string_view first, std::string_view second) const {
-        std::string result = text(key);
-        std::size_t from = 0;
-        for (const std::string_view argument : {first, second})
-            if (const auto mark = result.find("%@", from); mark != std::string::npos) {
-                result.replace(mark, 2, argument);
-                from = mark + argument.size();
-            }
-        return result;
+        return filled(key, {first, second});
     }
 
     /// The same with the first "%d" replaced by `number`.
@@ -43,6 +34,18 @@ public:
         std::string result = text(key);
         if (const auto mark = result.find("%d"); mark != std::string::npos)
             result.replace(mark, 2, std::to_string(number));
+        return result;
+    }
+
+private:
+    std::string filled(std::string_view key, std::initializer_list<std::string_view> arguments) const {
+        std::string result = text(key);
+        std::size_t from = 0;
+        for (const std::string_view argument : arguments)
+            if (const auto mark = result.find("%@", from); mark != std::string::npos) {
+                result.replace(mark, 2, argument);
+                from = mark + argument.size();
+            }
         return result;
     }
 };
