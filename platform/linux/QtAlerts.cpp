@@ -58,8 +58,9 @@ QString withMnemonic(const std::string& title, QString& taken) {
 void makeRed(QAbstractButton& button) {
     QPalette palette = button.palette();
     const bool isDark = palette.color(QPalette::Button).lightness() < 128;
-    palette.setColor(QPalette::Active, QPalette::ButtonText, QColor(isDark ? "#ff7b72" : "#c01c28"));
-    palette.setColor(QPalette::Inactive, QPalette::ButtonText, QColor(isDark ? "#ff7b72" : "#c01c28"));
+    const QColor red(isDark ? "#ff7b72" : "#c01c28");
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
+        palette.setColor(group, QPalette::ButtonText, red);
     button.setPalette(palette);
 }
 
