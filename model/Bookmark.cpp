@@ -137,7 +137,13 @@ void Bookmark::handleShowHier(std::uint8_t byte) {
 }
 
 void* Bookmark::operator new(std::size_t size) {
-    return allocateMemory(size);
+    // Nodes made one after the other mostly lie so: whoever reads a file has the eighth next one near by
+    // then.
+    char* block = static_cast<char*>(allocateMemory(size));
+    const std::size_t ahead = 8 * size;
+    __builtin_prefetch(block + ahead, 1);
+    __builtin_prefetch(block + ahead + 64, 1);
+    return block;
 }
 
 void Bookmark::operator delete(void* block, std::size_t size) noexcept {

@@ -135,10 +135,9 @@ public:
     }
 
     void append(Item& item) {
-        if (chunks_.empty() || chunks_.back().chunk->size() == kMaximum)
-            addChunk(chunks_.size(),
-                     std::clamp(expected_ - std::min(expected_, size_), kFirstCapacity, kMaximum));
-        Chunk* chunk = roomFor(chunks_.size() - 1);
+        if (chunks_.empty() || chunks_.back().chunk->count == chunks_.back().chunk->capacity)
+            makeRoomAtEnd();
+        Chunk* chunk = chunks_.back().chunk;
         noteSharing(item);
         place(item, chunk, chunk->count++);
         ++size_;
@@ -339,6 +338,14 @@ private:
         chunks_.erase(chunks_.begin() + static_cast<std::ptrdiff_t>(from),
                       chunks_.begin() + static_cast<std::ptrdiff_t>(to));
         renumber(from);
+    }
+
+    void makeRoomAtEnd() {
+        if (chunks_.empty() || chunks_.back().chunk->size() == kMaximum)
+            addChunk(chunks_.size(),
+                     std::clamp(expected_ - std::min(expected_, size_), kFirstCapacity, kMaximum));
+        else
+            roomFor(chunks_.size() - 1);
     }
 
     // The chunk with room for one item more; it must hold fewer than kMaximum.

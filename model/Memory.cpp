@@ -32,16 +32,24 @@ void adviseLargePages([[maybe_unused]] void* block, [[maybe_unused]] std::size_t
 #endif
 }
 
+void* allocateBlock(std::size_t size) {
+    // mi_new would end the process: its library cannot throw.
+    void* block = mi_malloc(size);
+    if (!block) [[unlikely]]
+        throw std::bad_alloc();
+    return block;
+}
+
+[[gnu::noinline]] void* allocateLargeBlock(std::size_t size) {
+    void* block = allocateBlock(size);
+    adviseLargePages(block, size);
+    return block;
+}
+
 } // namespace
 
 void* allocateMemory(std::size_t size) {
-    // mi_new would end the process: its library cannot throw.
-    void* block = mi_malloc(size);
-    if (!block)
-        throw std::bad_alloc();
-    if (size >= kLargeBlock)
-        adviseLargePages(block, size);
-    return block;
+    return size < kLargeBlock ? allocateBlock(size) : allocateLargeBlock(size);
 }
 
 void releaseMemory(void* block, std::size_t size) noexcept {

@@ -58,7 +58,8 @@ Text::Text(std::size_t size) : block_(static_cast<Block*>(allocateMemory(sizeof(
     block_->size = static_cast<std::uint32_t>(size);
 }
 
-Text::Text(std::string_view utf8) : Text(wholeCharacters(utf8, std::min(utf8.size(), kMaximumSize))) {
+Text::Text(std::string_view utf8)
+    : Text(utf8.size() <= kMaximumSize ? utf8.size() : wholeCharacters(utf8, kMaximumSize)) {
     std::memcpy(block_ + 1, utf8.data(), block_->size);
 }
 

@@ -1,6 +1,7 @@
 #include "model/TextSearch.h"
 
 #include "model/Ascii.h"
+#include "model/ByteBlock.h"
 #include "model/Text.h"
 
 #include <algorithm>
@@ -12,28 +13,9 @@
 namespace tabulon {
 namespace {
 
-constexpr std::size_t kBlock = 16;
-using Block = unsigned char __attribute__((vector_size(kBlock)));
-
-Block load(const char* bytes) {
-    Block block;
-    std::memcpy(&block, bytes, kBlock);
-    return block;
-}
-
-// Whether any of the bits is set in any byte.
-bool hasAny(Block block, std::uint64_t bits) {
-    const auto words = std::bit_cast<std::array<std::uint64_t, kBlock / sizeof(bits)>>(block);
-    return ((words[0] | words[1]) & bits) != 0;
-}
-
 // The bit in which a capital letter differs from its small one; 0 for other characters.
-unsigned char caseBit(char byte) {
+char caseBit(char byte) {
     return ascii::isLetter(byte) ? 'a' - 'A' : 0;
-}
-
-Block filledWith(unsigned char byte) {
-    return Block{} + byte;
 }
 
 } // namespace
@@ -43,22 +25,21 @@ Block filledWith(unsigned char byte) {
 class TextSearch::Scan {
 public:
     Scan(std::string_view part, std::string_view text)
-        : part_(part), text_(text), reach_(std::min(part.size(), kBlock) - 1),
-          first_(filledWith(static_cast<unsigned char>(part.front()))),
-          last_(filledWith(static_cast<unsigned char>(part[reach_]))),
-          firstCase_(filledWith(caseBit(part.front()))), lastCase_(filledWith(caseBit(part[reach_]))),
+        : part_(part), text_(text), reach_(std::min(part.size(), kByteBlockSize) - 1),
+          first_(filledBlock(part.front())), last_(filledBlock(part[reach_])),
+          firstCase_(filledBlock(caseBit(part.front()))), lastCase_(filledBlock(caseBit(part[reach_]))),
           effort_(kMostEffort * text.size()) {}
 
     // The part is not longer than the text.
     bool run() {
-        const std::size_t looked = kBlock + reach_; // bytes for one step
+        const std::size_t looked = kByteBlockSize + reach_; // bytes for one step
         if (text_.size() < looked) {
-            std::array<char, 2 * kBlock> padded{};
+            std::array<char, 2 * kByteBlockSize> padded{};
             text_.copy(padded.data(), text_.size());
             return isAt(padded.data(), 0);
         }
         const std::size_t end = text_.size() - looked;
-        for (std::size_t at = 0;; at = std::min(at + kBlock, end)) {
+        for (std::size_t at = 0;; at = std::min(at + kByteBlockSize, end)) {
             if (isAt(text_.data() + at, at))
                 return true;
             if (at == end || effort_ == 0)
@@ -66,7 +47,7 @@ public:
         }
     }
 
-    bool sawOnlyAscii() const { return !hasAny(seen_, 0x8080808080808080u); }
+    bool sawOnlyAscii() const { return highBits(seen_) == 0; }
     // Too many candidates were none: the rest has to be searched in another way.
     bool gaveUp() const { return effort_ == 0; }
 
@@ -76,15 +57,12 @@ private:
     // Whether the part stands at one of the sixteen places from `bytes` on, which are those of the text from
     // `at` on.
     bool isAt(const char* bytes, std::size_t at) {
-        const Block start = load(bytes);
-        const Block finish = load(bytes + reach_);
+        const ByteBlock start = loadBlock(bytes);
+        const ByteBlock finish = loadBlock(bytes + reach_);
         seen_ |= start | finish;
-        const auto hits =
-            std::bit_cast<Block>(((start | firstCase_) == first_) & ((finish | lastCase_) == last_));
-        if (!hasAny(hits, ~std::uint64_t{0}))
-            return false;
-        for (std::size_t i = 0; i < kBlock; ++i)
-            if (hits[i] != 0 && standsAt(at + i))
+        const ByteBlock hits = equalBytes(start | firstCase_, first_) & equalBytes(finish | lastCase_, last_);
+        for (std::uint32_t places = highBits(hits); places != 0; places &= places - 1)
+            if (standsAt(at + static_cast<std::size_t>(std::countr_zero(places))))
                 return true;
         return false;
     }
@@ -99,11 +77,11 @@ private:
     const std::string_view part_;
     const std::string_view text_;
     const std::size_t reach_;
-    const Block first_;
-    const Block last_;
-    const Block firstCase_;
-    const Block lastCase_;
-    Block seen_{};
+    const ByteBlock first_;
+    const ByteBlock last_;
+    const ByteBlock firstCase_;
+    const ByteBlock lastCase_;
+    ByteBlock seen_{};
     std::size_t effort_; // how many bytes may still be compared one by one
 };
 

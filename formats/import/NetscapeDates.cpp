@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <string_view>
 #include <system_error>
@@ -47,6 +48,27 @@ Date dateAt(const ScannedBytes& bytes, std::size_t value) {
 }
 
 } // namespace
+
+// Eight digits at once, and the last two with them.
+std::optional<std::uint64_t> tenDigits(const char* bytes) {
+    constexpr std::uint64_t kEach = 0x0101010101010101u;
+    const auto digitsFrom = [](const char* place) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, place, sizeof(word));
+        return word ^ kEach * '0';
+    };
+    std::uint64_t first = digitsFrom(bytes);
+    const std::uint64_t last = digitsFrom(bytes + 2);
+    if (((first + kEach * (0x7F - 9)) | first | (last + kEach * (0x7F - 9)) | last) & kEach * 0x80)
+        return std::nullopt;
+    // Numbers of two digits at bytes 0, 2, 4 and 6, then these times a million, 10000, 100 and 1.
+    constexpr std::uint64_t kFirstAndThird = 0x000000FF000000FFu;
+    first = first * 10 + (first >> 8);
+    first = ((first & kFirstAndThird) * (100 + (std::uint64_t{1000000} << 32)) +
+             (first >> 16 & kFirstAndThird) * (1 + (std::uint64_t{10000} << 32))) >>
+            32;
+    return first * 100 + (last >> 48 & 0xFF) * 10 + (last >> 56);
+}
 
 // Both names have one underscore: that byte is rare, unlike their letters in the icons that browsers write
 // into links. No name begins before `start`: the "<" that stands there would be in it.

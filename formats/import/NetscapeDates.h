@@ -4,7 +4,14 @@
 #include "formats/import/ScannedBytes.h"
 #include "model/Date.h"
 
+#include <cstdint>
+#include <optional>
+
 namespace tabulon {
+
+/// The number that the ten bytes at `bytes` make, as nearly all dates of our days are written; nothing where
+/// one of them is no digit.
+std::optional<std::uint64_t> tenDigits(const char* bytes);
 
 struct NetscapeDates {
     Date added;

@@ -1,5 +1,6 @@
 #include "formats/import/NetscapeScan.h"
 
+#include "formats/XmlEntities.h"
 #include "formats/import/NetscapeDates.h"
 #include "model/LinkType.h"
 
@@ -10,12 +11,7 @@ namespace tabulon {
 namespace {
 
 constexpr std::size_t npos = ScannedBytes::npos;
-constexpr std::size_t kLongestLinkName = 1024;
 constexpr std::size_t kFolderNameReach = 512;
-
-bool isBlank(char c) {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
-}
 
 bool isToolbarName(std::string_view name) {
     return name == "Toolbar Favorites" || name == "Personal Toolbar Folder" || name == "Bookmarks Toolbar";
@@ -35,6 +31,10 @@ Ref<Bookmark> NetscapeScan::run(Progress* progress) {
     std::size_t cursor = 0;
     ProgressSteps steps(progress, bytes_.size());
     while (cursor < bytes_.size() && steps.goOn(cursor)) {
+        if (const auto line = texts_.isUtf8() ? linkLineAt(bytes_, cursor) : std::nullopt) {
+            cursor = appendLinkLine(*line, cursor);
+            continue;
+        }
         const auto token = tokens_.next(cursor);
         if (!token)
             break;
@@ -96,6 +96,19 @@ std::size_t NetscapeScan::setNote(std::size_t start) {
     return tag - 1;
 }
 
+std::size_t NetscapeScan::appendLinkLine(const LinkLine& line, std::size_t start) {
+    const auto textOf = [](std::string_view bytes, bool hasReferences) {
+        return hasReferences ? textOfXml(bytes) : Text(bytes);
+    };
+    Ref<Bookmark> link = Bookmark::init(now_);
+    link->setItemURL(textOf(line.address, line.addressHasReferences));
+    link->determineType();
+    link->setItemDateAdded(line.added);
+    link->setItemDateModified(line.modified);
+    appendNamed(std::move(link), textOf(line.name, line.nameHasReferences));
+    return start + line.size;
+}
+
 std::size_t NetscapeScan::appendLink(std::size_t start) {
     const LinkTarget* target = targets_.next(start + 4);
     if (!target)
@@ -108,11 +121,15 @@ std::size_t NetscapeScan::appendLink(std::size_t start) {
     if (target->type)
         link->setType(*target->type);
     readDates(*link, start, name->next);
-    if (name->text.view() == "-")
-        link->setType(kSeparatorType);
-    link->setItemName(std::move(name->text));
-    append(std::move(link));
+    appendNamed(std::move(link), std::move(name->text));
     return name->next;
+}
+
+void NetscapeScan::appendNamed(Ref<Bookmark> link, Text name) {
+    if (name.view() == "-")
+        link->setType(kSeparatorType);
+    link->setItemName(std::move(name));
+    append(std::move(link));
 }
 
 std::optional<NetscapeScan::LinkName> NetscapeScan::nameOf(const LinkTarget& target) {

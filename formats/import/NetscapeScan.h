@@ -2,6 +2,7 @@
 // NetscapeScanner.h.
 #pragma once
 
+#include "formats/import/LinkLine.h"
 #include "formats/import/LinkTarget.h"
 #include "formats/import/NetscapeTokens.h"
 #include "formats/import/ScannedBytes.h"
@@ -38,6 +39,7 @@ private:
     std::size_t beginList(std::size_t start);
     std::size_t endList(std::size_t start);
     std::size_t setNote(std::size_t start);
+    std::size_t appendLinkLine(const LinkLine& line, std::size_t start);
     std::size_t appendLink(std::size_t start);
     std::size_t appendFolder(std::size_t start);
 
@@ -50,6 +52,7 @@ private:
     Text folderName(std::size_t from, std::size_t to);
 
     void readDates(Bookmark& item, std::size_t start, std::size_t next) const;
+    void appendNamed(Ref<Bookmark> link, Text name);
     void append(Ref<Bookmark> item);
 
     const BaseServices& services_;

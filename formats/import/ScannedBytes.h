@@ -9,6 +9,11 @@
 
 namespace tabulon {
 
+/// What may stand around a name or a tag.
+constexpr bool isBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
+}
+
 /// Positions count from the first byte; every position may lie beyond the end, where nothing is found.
 class ScannedBytes {
 public:

@@ -12,6 +12,9 @@ public:
     /// Goes over the whole file once.
     explicit ScannedTexts(const ScannedBytes& bytes);
 
+    /// Whether the whole file is UTF-8.
+    bool isUtf8() const { return isUtf8_; }
+
     /// What the bytes of the range stand for: decoded as UTF-8, each malformed part one U+FFFD, and
     /// unescaped. Requires from <= to <= size.
     Text text(std::size_t from, std::size_t to) const;

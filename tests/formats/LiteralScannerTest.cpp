@@ -158,6 +158,36 @@ std::string damagedFile(std::mt19937& random) {
     return bytes;
 }
 
+// A row of links that are written as browsers write them, or nearly so.
+std::string rowOfLinks(std::mt19937& random) {
+    const auto oneOf = [&random](std::initializer_list<const char*> words) {
+        return std::string(words.begin()[random() % words.size()]);
+    };
+    std::string bytes;
+    for (std::size_t count = 1 + random() % 6; count > 0; --count) {
+        bytes +=
+            oneOf({"", "\n", "\n\t\t", "\r\n ", "\n\f", "<DL><p>\n", "<DD>note\n", "<HR>\n", ".", "</DL>\n"});
+        bytes += oneOf(
+            {"<DT><A HREF=\"", "<DT><A HREF=\"", "<DT><A HREF=\"", "<DT><A  HREF=\"", "<DT><A\tHREF=\""});
+        bytes += oneOf({"http://a.example/", "http://a.example/?a=1&amp;b=2&c", "mailto:a@b", "", "#top",
+                        "a_b", "caf\xE9", "é", ">", "ADD_DATE=", "x ADD_DATE=", "a<b", "&#45;", "-"});
+        bytes += random() % 8 == 0 ? std::string(random() % 200, 'u') : "";
+        bytes +=
+            oneOf({"\" ADD_DATE=\"1600000000", "\" ADD_DATE=\"1600000000", "\" ADD_DATE=\"160000000",
+                   "\" ADD_DATE=\"99999999999", "\" ADD_DATE=\"", "\" ADD_DATE=\"16000x0000", "\" ICON=\"x"});
+        bytes += oneOf(
+            {"", "", "\" LAST_MODIFIED=\"1700000000", "\" LAST_MODIFIED=\"17", "\" LAST_VISIT=\"1700000000"});
+        bytes += oneOf({"\">", "\">", "\">", "\" ICON=\"data:,x\">", "\" A_B>",
+                        "\" LAST_MODIFIED=\"1800000000\">", ">", "\"\n>"});
+        bytes += oneOf({"Name", "-", "", " n", "n ", "<b>n</b>", "n>", "a & b", "a &lt; b", "a\nb", "a\rb",
+                        "a_b", "\xC3\xA9", "\xFF", "ADD_DATE=\"1\"", "LAST_MODIFIED=\"1900000000\"", "a<b",
+                        "&#45;", "\n"});
+        bytes += random() % 8 == 0 ? std::string(1015 + random() % 12, 'n') : "";
+        bytes += oneOf({"</A>", "</A>", "</A>", "</A>LAST_MODIFIED=\"1900000000\"", "</A>L", "</a>", "</A"});
+    }
+    return bytes;
+}
+
 class LiteralScanner : public test::ScanFixture {
 protected:
     // False where the two differ, so that a test can stop.
@@ -195,11 +225,19 @@ TEST_F(LiteralScanner, agreesOnDamagedFiles) {
     EXPECT_GT(nodes, 80000u);
 }
 
+// With something behind the last one, so that none is too near to the end to be read in one go.
+TEST_F(LiteralScanner, agreesOnRowsOfLinks) {
+    std::mt19937 random(6);
+    for (int i = 0; i < 40000; ++i)
+        ASSERT_TRUE(same(rowOfLinks(random) + (random() % 4 ? "</A>\n" + std::string(80, '.') : "")));
+    EXPECT_GT(nodes, 80000u);
+}
+
 TEST_F(LiteralScanner, agreesOnEveryPrefixOfAFile) {
     std::mt19937 random(4);
     std::string file;
     while (file.size() < 1500)
-        file += damagedFile(random);
+        file += damagedFile(random) + rowOfLinks(random);
     for (std::size_t size = 0; size <= file.size(); ++size)
         ASSERT_TRUE(same(file.substr(0, size)));
     EXPECT_GT(nodes, 5000u);
