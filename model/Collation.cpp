@@ -36,19 +36,9 @@ std::unique_ptr<icu::Collator> makeCollator(const icu::Locale& locale) {
 
 struct Collation::Implementation {
     std::unique_ptr<icu::Collator> collator;
-    // Kept from call to call: a search asks for one part in very many texts.
-    std::string part;
-    TextSearch search;
+    // Kept from call to call: a search goes over very many texts.
     std::string foldedText;
     TextFolder folder;
-
-    const TextSearch& searchFor(std::string_view wanted) {
-        if (wanted != part) {
-            part = wanted;
-            search = TextSearch(std::string(foldedForm(wanted)));
-        }
-        return search;
-    }
 
     std::string_view foldedForm(std::string_view text) {
         foldedText.clear();
@@ -107,15 +97,24 @@ void Collation::appendSortKey(std::string& keys, std::string_view text) const {
     keys.pop_back();
 }
 
-bool Collation::standardContains(std::string_view text, std::string_view part) const {
-    const TextSearch& search = implementation_->searchFor(part);
-    if (const std::optional<bool> answer = search.inAscii(text))
+TextSearch Collation::searchFor(std::string_view part) const {
+    return TextSearch(std::string(implementation_->foldedForm(part)));
+}
+
+bool Collation::standardContains(std::string_view text, const TextSearch& search) const {
+    if (const std::optional<bool> answer = search.isIn(text))
         return *answer;
+    if (search.isAscii() && implementation_->folder.keepsFromAscii(text))
+        return false;
     return search.inSmallLetters(implementation_->foldedForm(text));
 }
 
+bool Collation::standardContains(std::string_view text, std::string_view part) const {
+    return standardContains(text, searchFor(part));
+}
+
 std::string_view Collation::standardMatch(std::string_view text, std::string_view part) const {
-    const TextSearch& search = implementation_->searchFor(part);
+    const TextSearch search = searchFor(part);
     const auto found = search.placeInSmallLetters(implementation_->foldedForm(text));
     if (!found)
         return {};

@@ -1,6 +1,8 @@
 // Order and likeness of texts as the user's language has them. ICU does the work.
 #pragma once
 
+#include "model/TextSearch.h"
+
 #include <compare>
 #include <memory>
 #include <string>
@@ -31,6 +33,10 @@ public:
     /// "Standard contains": true when `text` contains `part`, ignoring case and diacritics. Everything
     /// contains the empty text.
     bool standardContains(std::string_view text, std::string_view part) const;
+
+    /// The same in two steps, for one part and very many texts.
+    TextSearch searchFor(std::string_view part) const;
+    bool standardContains(std::string_view text, const TextSearch& search) const;
 
     /// What of `text` is like `part` in that sense, at its first place, with all its diacritics: for showing
     /// what was found. Empty where nothing is. Where characters act on their neighbours it may be a little

@@ -33,8 +33,13 @@ void FindPhases::initSearch() {
     foundInNote = foundInTags = false;
 }
 
+void Finder::setSearchString(std::string text) {
+    search_ = collation_.searchFor(text);
+    searchString_ = std::move(text);
+}
+
 bool Finder::matches(const Text& text) const {
-    return !text.isNull() && collation_.standardContains(text.view(), searchString_);
+    return !text.isNull() && collation_.standardContains(text.view(), search_);
 }
 
 bool Finder::matchesName(const Bookmark& node) const {
@@ -53,19 +58,19 @@ Finder::Start Finder::findText(const Bookmark& root, std::string text) {
 }
 
 void Finder::begin(const Bookmark& root, std::string text) {
-    searchString_ = std::move(text);
+    setSearchString(std::move(text));
     phases_.initSearch();
-    search_ = Search{.next = Ref<Bookmark>(root.getChild())};
+    ongoing_ = Search{.next = Ref<Bookmark>(root.getChild())};
 }
 
 std::optional<Finder::Start> Finder::goOn(const Bookmark& root, std::size_t nodes) {
-    if (!search_)
+    if (!ongoing_)
         return std::nullopt;
     const auto hasLeft = [&root](const Ref<Bookmark>& node) { return node && !isInTree(*node, root); };
-    if (hasLeft(search_->next) || hasLeft(search_->first))
-        search_ = Search{.next = Ref<Bookmark>(root.getChild())};
+    if (hasLeft(ongoing_->next) || hasLeft(ongoing_->first))
+        ongoing_ = Search{.next = Ref<Bookmark>(root.getChild())};
     std::array<Bookmark*, kAhead> ahead{};
-    Bookmark* node = search_->next.get();
+    Bookmark* node = ongoing_->next.get();
     std::size_t entered = 0;
     for (; node && entered < nodes; node = following(*node)) {
         prefetchTexts(*node);
@@ -75,11 +80,11 @@ std::optional<Finder::Start> Finder::goOn(const Bookmark& root, std::size_t node
     for (std::size_t i = 0; i < kAhead; ++i)
         if (Bookmark* due = ahead[(entered + i) % kAhead])
             look(*due);
-    search_->next = Ref<Bookmark>(node);
+    ongoing_->next = Ref<Bookmark>(node);
     if (node)
         return std::nullopt;
-    const Search search = std::move(*search_);
-    search_.reset();
+    const Search search = std::move(*ongoing_);
+    ongoing_.reset();
     phases_.initSearch(); // another window may have gone on with its own search meanwhile
     if (search.first)
         setFoundBookmark(findFrom(search.first.get()));
@@ -88,9 +93,9 @@ std::optional<Finder::Start> Finder::goOn(const Bookmark& root, std::size_t node
 
 void Finder::look(Bookmark& node) {
     const std::size_t count = countIn(node);
-    if (count > 0 && !search_->first)
-        search_->first = Ref<Bookmark>(&node);
-    search_->count += count;
+    if (count > 0 && !ongoing_->first)
+        ongoing_->first = Ref<Bookmark>(&node);
+    ongoing_->count += count;
 }
 
 Bookmark* Finder::findNext(Bookmark& root) {

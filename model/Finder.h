@@ -3,6 +3,7 @@
 #pragma once
 
 #include "model/Bookmark.h"
+#include "model/TextSearch.h"
 
 #include <cstddef>
 #include <optional>
@@ -36,7 +37,7 @@ public:
     Finder(FindPhases& phases, const Collation& collation) : phases_(phases), collation_(collation) {}
 
     const std::string& searchString() const { return searchString_; }
-    void setSearchString(std::string text) { searchString_ = std::move(text); }
+    void setSearchString(std::string text);
     /// Null when nothing is found, or no longer. The root stands for the place before the first node.
     Bookmark* foundBookmark() const { return found_.get(); }
     void setFoundBookmark(Bookmark* node) { found_ = Ref<Bookmark>(node); }
@@ -74,6 +75,7 @@ private:
     FindPhases& phases_;
     const Collation& collation_;
     std::string searchString_;
+    TextSearch search_;
     Ref<Bookmark> found_;
     /// A search that goes on.
     struct Search {
@@ -81,7 +83,7 @@ private:
         Ref<Bookmark> first{}; ///< the first node with a match
         Ref<Bookmark> next{};  ///< the node to go on with; null behind the last one
     };
-    std::optional<Search> search_;
+    std::optional<Search> ongoing_;
 };
 
 } // namespace tabulon

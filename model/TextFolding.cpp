@@ -50,6 +50,41 @@ bool standsAlone(UChar32 character) {
     return U_SUCCESS(status) && (kept.isEmpty() || composing->hasBoundaryBefore(kept.char32At(0)));
 }
 
+// Whether a character that is not ASCII stays at least one such and brings in none that is.
+bool staysFromAscii(UChar32 character) {
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Normalizer2* decomposing = icu::Normalizer2::getNFDInstance(status);
+    if (U_FAILURE(status))
+        return false;
+    icu::UnicodeString decomposed;
+    if (!decomposing->getDecomposition(character, decomposed))
+        decomposed = character;
+    const icu::UnicodeString folded = withoutDiacritics(decomposed).foldCase();
+    return !folded.isEmpty() && std::all_of(folded.getBuffer(), folded.getBuffer() + folded.length(),
+                                            [](char16_t unit) { return unit >= 0x80; });
+}
+
+struct Character {
+    std::size_t size = 0; // in bytes; 0 where there is none
+    std::size_t code = 0;
+};
+
+// The character at a place where no ASCII stands. Some are read that are no characters, but none in place of
+// one that is.
+Character characterAt(std::string_view text, std::size_t at) {
+    const auto* bytes = reinterpret_cast<const unsigned char*>(text.data()) + at;
+    const std::size_t left = text.size() - at;
+    const std::size_t lead = bytes[0];
+    const auto tail = [bytes](std::size_t i) { return std::size_t{bytes[i]} ^ 0x80; };
+    if (lead < 0xE0 && lead >= 0xC2 && left >= 2 && tail(1) < 0x40)
+        return {2, (lead & 0x1F) << 6 | tail(1)};
+    if (lead < 0xF0 && lead >= 0xE0 && left >= 3 && (tail(1) | tail(2)) < 0x40)
+        return {3, (lead & 0xF) << 12 | tail(1) << 6 | tail(2)};
+    if (lead < 0xF5 && lead >= 0xF0 && left >= 4 && (tail(1) | tail(2) | tail(3)) < 0x40)
+        return {4, (lead & 7) << 18 | tail(1) << 12 | tail(2) << 6 | tail(3)};
+    return {};
+}
+
 } // namespace
 
 void appendFoldedByICU(std::string& result, std::string_view text) {
@@ -80,6 +115,37 @@ void TextFolder::appendFolded(std::string& result, std::string_view text) {
         return;
     result.resize(before);
     appendFoldedByICU(result, text);
+}
+
+bool TextFolder::keepsFromAscii(std::string_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        if (static_cast<unsigned char>(text[at]) < 0x80) {
+            ++at;
+            continue;
+        }
+        const Character character = characterAt(text, at);
+        if (character.size == 0)
+            return false;
+        const std::size_t entry = character.code / kKeptPerEntry;
+        const std::size_t place = character.code % kKeptPerEntry;
+        const bool isKept = entry < kept_.size() && (kept_[entry].characters >> place & 1) != 0;
+        if (!isKept && !learnKept(entry, place))
+            return false;
+        at += character.size;
+    }
+    return true;
+}
+
+// Whether a character is kept that is not known to be.
+bool TextFolder::learnKept(std::size_t entry, std::size_t place) {
+    if (kept_.size() <= entry)
+        kept_.resize(entry + 1);
+    Kept& kept = kept_[entry];
+    for (std::size_t i = 0; !kept.isKnown && i < kKeptPerEntry; ++i)
+        kept.characters |= std::uint64_t{staysFromAscii(static_cast<UChar32>(entry * kKeptPerEntry + i))}
+                           << i;
+    kept.isKnown = true;
+    return (kept.characters >> place & 1) != 0;
 }
 
 // False where a character acts on its neighbours; what was appended until then does not count.

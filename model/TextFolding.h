@@ -21,6 +21,11 @@ class TextFolder {
 public:
     void appendFolded(std::string& result, std::string_view text);
 
+    /// Whether every character of `text` that is not ASCII stays something that is not ASCII. Then a part of
+    /// ASCII stands in the folded form where it stands in the text, but for case, and nowhere else. False for
+    /// some texts of which that is true, and for what is not UTF-8.
+    bool keepsFromAscii(std::string_view text);
+
 private:
     /// What becomes of one character: up to seven bytes, or one of the two marks in place of their number.
     struct Folded {
@@ -36,7 +41,17 @@ private:
     const Folded& foldedFor(char32_t character);
     const Folded& learn(char32_t character);
 
+    /// Which of sixty-four characters in a row stay something that is not ASCII.
+    struct Kept {
+        std::uint64_t characters = 0;
+        bool isKnown = false;
+    };
+    static constexpr std::size_t kKeptPerEntry = 64;
+
+    bool learnKept(std::size_t entry, std::size_t place);
+
     std::vector<std::unique_ptr<Page>> pages_;
+    std::vector<Kept> kept_;
 };
 
 } // namespace tabulon

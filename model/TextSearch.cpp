@@ -24,15 +24,12 @@ char caseBit(char byte) {
 // and its last one (the sixteenth of a longer part) where that would have to stand.
 class TextSearch::Scan {
 public:
-    Scan(std::string_view part, std::string_view text)
-        : part_(part), text_(text), reach_(std::min(part.size(), kByteBlockSize) - 1),
-          first_(filledBlock(part.front())), last_(filledBlock(part[reach_])),
-          firstCase_(filledBlock(caseBit(part.front()))), lastCase_(filledBlock(caseBit(part[reach_]))),
-          effort_(kMostEffort * text.size()) {}
+    Scan(const TextSearch& search, std::string_view text)
+        : part_(search.part_), ends_(search.ends_), text_(text), effort_(kMostEffort * text.size()) {}
 
     // The part is not longer than the text.
     bool run() {
-        const std::size_t looked = kByteBlockSize + reach_; // bytes for one step
+        const std::size_t looked = kByteBlockSize + ends_.reach; // bytes for one step
         if (text_.size() < looked) {
             std::array<char, 2 * kByteBlockSize> padded{};
             text_.copy(padded.data(), text_.size());
@@ -58,9 +55,10 @@ private:
     // `at` on.
     bool isAt(const char* bytes, std::size_t at) {
         const ByteBlock start = loadBlock(bytes);
-        const ByteBlock finish = loadBlock(bytes + reach_);
+        const ByteBlock finish = loadBlock(bytes + ends_.reach);
         seen_ |= start | finish;
-        const ByteBlock hits = equalBytes(start | firstCase_, first_) & equalBytes(finish | lastCase_, last_);
+        const ByteBlock hits = equalBytes(start | ends_.firstCase, ends_.first) &
+                               equalBytes(finish | ends_.lastCase, ends_.last);
         for (std::uint32_t places = highBits(hits); places != 0; places &= places - 1)
             if (standsAt(at + static_cast<std::size_t>(std::countr_zero(places))))
                 return true;
@@ -75,31 +73,38 @@ private:
     }
 
     const std::string_view part_;
+    const Ends& ends_;
     const std::string_view text_;
-    const std::size_t reach_;
-    const ByteBlock first_;
-    const ByteBlock last_;
-    const ByteBlock firstCase_;
-    const ByteBlock lastCase_;
     ByteBlock seen_{};
     std::size_t effort_; // how many bytes may still be compared one by one
 };
 
-std::optional<bool> TextSearch::inAscii(std::string_view text) const {
-    if (part_.empty() || text.size() < part_.size())
-        return isAscii(text) ? std::optional(part_.empty()) : std::nullopt;
-    Scan scan(part_, text);
-    const bool found = scan.run();
-    const bool sawAll = !found && !scan.gaveUp();
-    if (!scan.sawOnlyAscii() || (!sawAll && !isAscii(text)))
-        return std::nullopt;
-    return scan.gaveUp() ? placeInSmallLetters(ascii::lowered(text)).has_value() : found;
+TextSearch::TextSearch(std::string part) : part_(std::move(part)), isAscii_(tabulon::isAscii(part_)) {
+    if (part_.empty())
+        return;
+    ends_.reach = std::min(part_.size(), kByteBlockSize) - 1;
+    ends_.first = filledBlock(part_.front());
+    ends_.firstCase = filledBlock(caseBit(part_.front()));
+    ends_.last = filledBlock(part_[ends_.reach]);
+    ends_.lastCase = filledBlock(caseBit(part_[ends_.reach]));
+}
+
+std::optional<bool> TextSearch::isIn(std::string_view text) const {
+    if (part_.empty())
+        return true;
+    if (text.size() < part_.size())
+        return tabulon::isAscii(text) ? std::optional(false) : std::nullopt;
+    Scan scan(*this, text);
+    if (scan.run() || (scan.gaveUp() && placeInSmallLetters(ascii::lowered(text))))
+        return isAscii_ ? std::optional(true) : std::nullopt;
+    const bool onlyAscii = scan.gaveUp() ? tabulon::isAscii(text) : scan.sawOnlyAscii();
+    return onlyAscii ? std::optional(false) : std::nullopt;
 }
 
 bool TextSearch::inSmallLetters(std::string_view text) const {
     if (part_.empty() || text.size() < part_.size())
         return part_.empty();
-    Scan scan(part_, text);
+    Scan scan(*this, text);
     return scan.run() || (scan.gaveUp() && placeInSmallLetters(text));
 }
 

@@ -1,6 +1,8 @@
 // One part that is looked for in very many texts, regardless of the case of ASCII letters.
 #pragma once
 
+#include "model/ByteBlock.h"
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -14,10 +16,14 @@ class TextSearch {
 public:
     TextSearch() = default;
     /// `part` holds no capital ASCII letters. The empty part is in every text.
-    explicit TextSearch(std::string part) : part_(std::move(part)) {}
+    explicit TextSearch(std::string part);
 
-    /// Whether the part stands in a text of ASCII; none for a text with other bytes.
-    std::optional<bool> inAscii(std::string_view text) const;
+    /// Whether all bytes of the part are ASCII.
+    bool isAscii() const { return isAscii_; }
+
+    /// Whether the part stands in a text; none where what becomes of the characters decides that which are
+    /// not ASCII. A part of ASCII that stands there is there whatever becomes of them.
+    std::optional<bool> isIn(std::string_view text) const;
     /// Whether the bytes of the part stand in `text`, which has no capital ASCII letters.
     bool inSmallLetters(std::string_view text) const;
     /// Where they stand there first; none where they do not.
@@ -29,7 +35,19 @@ public:
 private:
     class Scan;
 
+    /// What makes a place a candidate: the part's first byte, and its last one or the sixteenth of a longer
+    /// part.
+    struct Ends {
+        ByteBlock first{};
+        ByteBlock firstCase{}; ///< the bit of a letter's case
+        ByteBlock last{};
+        ByteBlock lastCase{};
+        std::size_t reach = 0; ///< from the first to the last
+    };
+
     std::string part_;
+    Ends ends_;
+    bool isAscii_ = true;
 };
 
 } // namespace tabulon
