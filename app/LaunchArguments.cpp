@@ -37,6 +37,7 @@ LaunchArguments complaint(const char* what, const std::string& argument) {
 
 LaunchArguments parseLaunchArguments(const std::vector<std::string>& arguments,
                                      const std::string& workingFolder) {
+    constexpr std::string_view kThemeIs = "--theme=";
     LaunchArguments result;
     bool optionsEnded = false;
     for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
@@ -52,7 +53,11 @@ LaunchArguments parseLaunchArguments(const std::vector<std::string>& arguments,
             result.request.kind = LaunchRequest::Kind::NewDocument;
         else if (*argument == "--dbus-service")
             result.purpose = Purpose::Serve;
-        else if (*argument == "--theme" && argument + 1 != arguments.end())
+        else if (argument->starts_with(kThemeIs))
+            result.theme = argument->substr(kThemeIs.size());
+        else if (*argument == "--theme" && argument + 1 == arguments.end())
+            return complaint("The name of a theme has to follow", *argument);
+        else if (*argument == "--theme")
             result.theme = *++argument;
         else
             return complaint("There is no option", *argument);
@@ -69,7 +74,8 @@ std::string_view launchUsage() {
            "Opens bookmark documents and bookmark files in HTML, each in a window of its own. If Tabulon is\n"
            "running already, it opens them there.\n\n"
            "  --new-document   open a new, empty document\n"
-           "  --theme NAME     system (the desktop's, which is the default), light or dark\n"
+           "  --theme NAME     system (the desktop's, which is the default), light or dark; where Tabulon\n"
+           "                   is running already, its windows keep the theme they have\n"
            "  --version        print the version and end\n"
            "  --help           print this text and end\n";
 }

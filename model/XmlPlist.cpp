@@ -250,7 +250,8 @@ Result<std::string> binaryPlistFromXml(std::string_view xml, Progress* progress)
     if (outcome == XmlOutcome::Cancelled)
         return cancelledByUser();
     if (outcome == XmlOutcome::Damaged || refersToZero(xml))
-        return failure("The file is not well-formed XML.");
+        return failure(xml.find("<plist") == std::string_view::npos ? "The file is not a property list."
+                                                                    : "The file is not well-formed XML.");
     const pugi::xml_node plist = document.child("plist");
     const pugi::xml_node root =
         plist.find_child([](const pugi::xml_node& node) { return node.type() == pugi::node_element; });

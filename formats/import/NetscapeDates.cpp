@@ -1,6 +1,7 @@
 #include "formats/import/NetscapeDates.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
 #include <cstdint>
 #include <cstring>
@@ -51,6 +52,7 @@ Date dateAt(const ScannedBytes& bytes, std::size_t value) {
 
 // Eight digits at once, and the last two with them.
 std::optional<std::uint64_t> tenDigits(const char* bytes) {
+    static_assert(std::endian::native == std::endian::little);
     constexpr std::uint64_t kEach = 0x0101010101010101u;
     const auto digitsFrom = [](const char* place) {
         std::uint64_t word = 0;

@@ -63,12 +63,14 @@ int writeAll(int descriptor, std::string_view bytes) {
 
 // Gives errno, 0 at the end of the file, EFBIG where that does not come: what does not tell its size may have
 // none.
-int readAll(int descriptor, std::string& bytes, const StreamLimits& limits) {
+int readAll(int descriptor, std::string& bytes, const ReadLimits& limits) {
     constexpr std::size_t kStep = std::size_t{1} << 16;
     struct stat status = {};
     if (::fstat(descriptor, &status) != 0)
         return errno;
     const bool isFile = S_ISREG(status.st_mode);
+    if (isFile && static_cast<std::size_t>(status.st_size) > limits.file)
+        return EFBIG;
     const std::size_t most = S_ISCHR(status.st_mode) ? limits.device : limits.pipe;
     // One byte more than the size, so that the end is seen without growing.
     bytes.resize(isFile && status.st_size > 0 ? static_cast<std::size_t>(status.st_size) + 1 : kStep);
@@ -307,7 +309,7 @@ std::vector<std::string> PosixFileStore::namesInFolder(const std::string& path) 
 
 Result<std::string> readStandardInput() {
     std::string bytes;
-    if (const int code = readAll(STDIN_FILENO, bytes, StreamLimits()); code != 0)
+    if (const int code = readAll(STDIN_FILENO, bytes, ReadLimits()); code != 0)
         return failure(fmt::format("Cannot read the standard input: {}.", reason(code)), ErrorDomain::Posix,
                        code);
     return bytes;

@@ -7,15 +7,17 @@
 
 namespace tabulon {
 
-/// How many bytes of what does not tell its size are too many, in powers of two: its end may never come.
-struct StreamLimits {
+/// How many bytes are too many, in powers of two: of a file, which is read into memory whole, and of what
+/// does not tell its size, whose end may never come.
+struct ReadLimits {
+    std::size_t file = std::size_t{1} << 32;
     std::size_t pipe = std::size_t{1} << 31;
     std::size_t device = std::size_t{1} << 26;
 };
 
 class PosixFileStore : public FileStore {
 public:
-    explicit PosixFileStore(const StreamLimits& limits = {}) : limits_(limits) {}
+    explicit PosixFileStore(const ReadLimits& limits = {}) : limits_(limits) {}
     Result<std::string> readFile(const std::string& path) override;
     Result<void> writeFileAtomically(const std::string& path, std::string_view bytes) override;
     bool fileExists(const std::string& path) override;
@@ -27,7 +29,7 @@ public:
     std::vector<std::string> namesInFolder(const std::string& path) override;
 
 private:
-    const StreamLimits limits_;
+    const ReadLimits limits_;
 };
 
 /// Everything that standard input holds. Fails with EFBIG where that is more than 64 MiB from a device or 2

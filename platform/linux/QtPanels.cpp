@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QPointer>
 #include <QStandardPaths>
 
 namespace tabulon {
@@ -24,7 +25,8 @@ QString nameFilter(const FileKind& kind) {
 void run(QFileDialog* dialog, QString& lastFolder, Panels::OpenDone done) {
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     QObject::connect(dialog, &QFileDialog::finished,
-                     [dialog, &lastFolder, done = std::move(done)](int result) {
+                     [dialog, &lastFolder, window = QPointer<QWidget>(dialog->parentWidget()),
+                      done = std::move(done)](int result) {
                          std::vector<std::string> paths;
                          if (result == QDialog::Accepted)
                              for (const QString& file : dialog->selectedFiles()) {
@@ -32,7 +34,15 @@ void run(QFileDialog* dialog, QString& lastFolder, Panels::OpenDone done) {
                                  lastFolder = QFileInfo(file).absolutePath();
                              }
                          QMetaObject::invokeMethod(
-                             qApp, [done, paths] { done(paths); }, Qt::QueuedConnection);
+                             qApp,
+                             [window, done, paths] {
+                                 // A question that the panel asked ends in the same moment: some window
+                                 // managers then give the keyboard to nobody.
+                                 if (window)
+                                     window->activateWindow();
+                                 done(paths);
+                             },
+                             Qt::QueuedConnection);
                      });
     dialog->open();
 }

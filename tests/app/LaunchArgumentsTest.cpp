@@ -46,6 +46,7 @@ TEST(LaunchArguments, optionsAreReadUpToTheDashes) {
     EXPECT_EQ(arguments.purpose, Purpose::Run);
     EXPECT_EQ(arguments.theme, "dark");
     EXPECT_EQ(arguments.request.uris, (std::vector<std::string>{"file:///--version"}));
+    EXPECT_EQ(parseLaunchArguments({"--theme=light"}, "/").theme, "light");
     EXPECT_EQ(parseLaunchArguments({"x", "--version"}, "/").purpose, Purpose::ShowVersion);
     EXPECT_EQ(parseLaunchArguments({"--help"}, "/").purpose, Purpose::ShowHelp);
     EXPECT_EQ(parseLaunchArguments({"-h"}, "/").purpose, Purpose::ShowHelp);
@@ -58,7 +59,9 @@ TEST(LaunchArguments, wrongOnesAreNamed) {
     EXPECT_EQ(parseLaunchArguments({"--frob"}, "/").purpose, Purpose::Complain);
     EXPECT_EQ(parseLaunchArguments({"--frob"}, "/").problem, "There is no option “--frob”.");
     EXPECT_EQ(parseLaunchArguments({"--theme", "blue"}, "/").problem, "There is no theme “blue”.");
-    EXPECT_EQ(parseLaunchArguments({"--theme"}, "/").purpose, Purpose::Complain);
+    EXPECT_EQ(parseLaunchArguments({"--theme=blue"}, "/").problem, "There is no theme “blue”.");
+    EXPECT_EQ(parseLaunchArguments({"--themes"}, "/").problem, "There is no option “--themes”.");
+    EXPECT_EQ(parseLaunchArguments({"--theme"}, "/").problem, "The name of a theme has to follow “--theme”.");
     EXPECT_EQ(parseLaunchArguments({"-\xFF"}, "/").problem, "There is no option “-\uFFFD”.");
 }
 

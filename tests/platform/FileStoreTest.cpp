@@ -163,6 +163,14 @@ TEST_F(FileStoreTest, aDeviceThatHasNoEndIsRefusedSoon) {
     EXPECT_EQ(files.readFile("/dev/null").value(), "");
 }
 
+TEST_F(FileStoreTest, aFileOfManyGigabytesIsRefusedUnread) {
+    std::ofstream(path("huge")) << "x";
+    std::filesystem::resize_file(path("huge"), std::uintmax_t{1} << 40);
+    const auto huge = files.readFile(path("huge"));
+    ASSERT_FALSE(huge);
+    EXPECT_EQ(huge.error().code, EFBIG);
+}
+
 TEST_F(FileStoreTest, aPipeIsReadToItsEnd) {
     ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
     const std::string bytes(3'000'000, 'x');
@@ -190,7 +198,7 @@ TEST_F(FileStoreTest, aPipeThatHasNoEndIsRefused) {
         }
         ::_exit(0);
     }
-    const auto read = PosixFileStore(StreamLimits{.pipe = 1 << 20}).readFile(path("pipe"));
+    const auto read = PosixFileStore(ReadLimits{.pipe = 1 << 20}).readFile(path("pipe"));
     int status = 0;
     ASSERT_EQ(::waitpid(child, &status, 0), child);
     ASSERT_FALSE(read);

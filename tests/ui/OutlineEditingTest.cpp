@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QScrollBar>
 
 namespace tabulon {
 namespace {
@@ -137,6 +138,53 @@ TEST_F(OutlineEditingTest, theRowThatIsEditedMayGo) {
     controller->deleteSelection();
     EXPECT_FALSE(field());
     EXPECT_EQ(shownNames(), std::vector<std::string>{"folder"});
+}
+
+TEST_F(OutlineEditingTest, afterADeletionTheKeyboardGoesOnWhereTheRowWas) {
+    for (const char* name : {"2", "3", "4"})
+        add(makeLink(name));
+    open();
+    widget().goToRow(2);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(currentRow(), 2);
+    press(Qt::Key_Down);
+    EXPECT_EQ(widget().selectedRow(), 2u) << "the first key shows where that is";
+    EXPECT_EQ(shownNames()[2], "3");
+    widget().goToRow(3);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(currentRow(), 2) << "the last row has none behind it";
+}
+
+TEST_F(OutlineEditingTest, theFolderIsCurrentWhenItsRowsGo) {
+    const Ref<Bookmark> folder = makeFolder("open", true);
+    folder->addChild(makeLink("a"));
+    folder->addChild(makeLink("b"));
+    add(folder);
+    add(makeLink("behind"));
+    open();
+    widget().goToRow(4);
+    controller->collapseItem(*folder);
+    EXPECT_EQ(currentRow(), 2);
+}
+
+TEST_F(OutlineEditingTest, theViewStaysWhenAFolderIsDeletedThatFillsIt) {
+    for (int i = 0; i < 4; ++i) {
+        const Ref<Bookmark> folder = makeFolder("open", true);
+        for (int j = 0; j < 60; ++j)
+            folder->addChild(makeLink("link"));
+        add(folder);
+    }
+    open();
+    for (int i = 0; i < 2; ++i) {
+        widget().goToRow(0);
+        press(Qt::Key_Delete);
+    }
+    widget().goToRow(0);
+    ASSERT_EQ(widget().verticalScrollBar()->value(), 0);
+    ASSERT_GT(widget().verticalScrollBar()->maximum(), 0);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(currentRow(), 0);
+    EXPECT_EQ(widget().verticalScrollBar()->value(), 0);
 }
 
 TEST_F(OutlineEditingTest, theThreeDeleteKeysDelete) {

@@ -4,6 +4,7 @@
 #include "ui/Icons.h"
 #include "ui/MainMenuBar.h"
 #include "ui/MimeData.h"
+#include "ui/ScreenRoom.h"
 #include "ui/Strings.h"
 #include "ui/document/ElidedLabel.h"
 #include "ui/document/EmptyState.h"
@@ -94,14 +95,7 @@ void DocumentMainWindow::restoreGeometryOfLastWindow() {
     const QSize kept(static_cast<int>(state_.integerForKey(kWidthKey)),
                      static_cast<int>(state_.integerForKey(kHeightKey)));
     const QSize wanted = kept.isEmpty() ? kFirstSize : kept.expandedTo(kSmallestSize);
-    resize(wanted.boundedTo(roomOnScreen()));
-}
-
-// What the screen has for a window without its border and title, whose sizes are known only when it is shown.
-QSize DocumentMainWindow::roomOnScreen() const {
-    const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this);
-    const int border = style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, this);
-    return screen()->availableSize() - QSize(2 * border, title + 2 * border);
+    resize(wanted.boundedTo(roomOnScreen(*this)));
 }
 
 void DocumentMainWindow::detach() {
@@ -157,7 +151,7 @@ void DocumentMainWindow::setFrame(const std::string& frame) {
     if (on)
         setGeometry(wanted);
     else
-        resize(wanted.size().boundedTo(roomOnScreen()));
+        resize(wanted.size().boundedTo(roomOnScreen(*this)));
 }
 
 void DocumentMainWindow::becomeKey() {

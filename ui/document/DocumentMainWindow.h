@@ -58,7 +58,6 @@ protected:
 private:
     void rememberColumns();
     void restoreGeometryOfLastWindow();
-    QSize roomOnScreen() const;
     bool takesLinks(const QDropEvent& event) const;
     void becomeKey();
 

@@ -1,5 +1,6 @@
 #include "ui/document/InfoSheet.h"
 
+#include "ui/ScreenRoom.h"
 #include "ui/Strings.h"
 #include "window/LabelNames.h"
 
@@ -76,7 +77,7 @@ InfoSheet::InfoSheet(std::shared_ptr<GetInfoController> controller, const Locali
     makeFields(form, texts);
     layout->addLayout(form, 1);
     layout->addWidget(makeButtons(texts));
-    resize(kFirstSize);
+    resize(kFirstSize.boundedTo(roomOnScreen(*this)));
     reportChanges();
     controller_->setPanel(this);
 }
@@ -236,7 +237,7 @@ std::string InfoSheet::frame() const {
 // The sheet stands where the desktop puts it, beside its window; what is kept is its size.
 void InfoSheet::setFrame(const std::string& frame) {
     if (const auto place = frameIn(frame))
-        resize(place->size().expandedTo(minimumSizeHint()));
+        resize(place->size().boundedTo(roomOnScreen(*this)).expandedTo(minimumSizeHint()));
 }
 
 void InfoSheet::dismiss() {

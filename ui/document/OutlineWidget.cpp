@@ -154,7 +154,31 @@ void OutlineWidget::didInsertRows() {
 
 void OutlineWidget::willRemoveRows(RowRange rows) {
     showDropSpot(std::nullopt);
+    moveCursorFrom(static_cast<int>(rows.first), static_cast<int>(rows.first + rows.count) - 1);
     rows_->willRemove(rows);
+}
+
+// Qt would go on with the row above, and scroll to where that is before the rows are gone.
+void OutlineWidget::moveCursorFrom(int first, int last) {
+    const int current = currentIndex().row();
+    if (current < first || current > last)
+        return;
+    const bool scrolls = hasAutoScroll();
+    setAutoScroll(false);
+    selectionModel()->setCurrentIndex(indexOfRow(rowInPlaceOf(first, last)), QItemSelectionModel::NoUpdate);
+    setAutoScroll(scrolls);
+}
+
+// The row that takes the place of rows that go; their folder when nothing is left of what it shows.
+int OutlineWidget::rowInPlaceOf(int first, int last) const {
+    const auto parentOf = [this](int row) {
+        return controller_->itemAtRow(static_cast<std::size_t>(row)).getParent();
+    };
+    const bool hasNext = last + 1 < rows_->rowCount();
+    const bool hasFolderAbove =
+        first > 0 && parentOf(first) == &controller_->itemAtRow(static_cast<std::size_t>(first) - 1);
+    const bool isWholeFolder = hasFolderAbove && !(hasNext && parentOf(last + 1) == parentOf(first));
+    return hasNext && !isWholeFolder ? last + 1 : first - 1;
 }
 
 void OutlineWidget::didRemoveRows() {

@@ -145,6 +145,8 @@ private:
     void applyFont();
     double pixelsPerPoint() const;
     QModelIndex indexOfRow(int row) const;
+    void moveCursorFrom(int first, int last);
+    int rowInPlaceOf(int first, int last) const;
 
     NameCellLayout layOutNameCell(int row, const CellContent& cell) const;
     QRect textArea(int row, Column column) const;
