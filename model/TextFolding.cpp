@@ -37,6 +37,14 @@ icu::UnicodeString withoutDiacritics(const icu::UnicodeString& text) {
     return kept;
 }
 
+// A character decomposed, without its diacritics.
+icu::UnicodeString keptOf(UChar32 character, const icu::Normalizer2& decomposing) {
+    icu::UnicodeString decomposed;
+    if (!decomposing.getDecomposition(character, decomposed))
+        decomposed = character;
+    return withoutDiacritics(decomposed);
+}
+
 // Whether a text that begins with this character, once it has lost its diacritics, composes with nothing
 // before it. Then what becomes of the character does not depend on its neighbours.
 bool standsAlone(UChar32 character) {
@@ -45,9 +53,8 @@ bool standsAlone(UChar32 character) {
     const icu::Normalizer2* composing = icu::Normalizer2::getNFCInstance(status);
     if (U_FAILURE(status))
         return false;
-    const icu::UnicodeString kept =
-        withoutDiacritics(decomposing->normalize(icu::UnicodeString(character), status));
-    return U_SUCCESS(status) && (kept.isEmpty() || composing->hasBoundaryBefore(kept.char32At(0)));
+    const icu::UnicodeString kept = keptOf(character, *decomposing);
+    return kept.isEmpty() || composing->hasBoundaryBefore(kept.char32At(0));
 }
 
 // Whether a character that is not ASCII stays at least one such and brings in none that is.
@@ -56,10 +63,7 @@ bool staysFromAscii(UChar32 character) {
     const icu::Normalizer2* decomposing = icu::Normalizer2::getNFDInstance(status);
     if (U_FAILURE(status))
         return false;
-    icu::UnicodeString decomposed;
-    if (!decomposing->getDecomposition(character, decomposed))
-        decomposed = character;
-    const icu::UnicodeString folded = withoutDiacritics(decomposed).foldCase();
+    const icu::UnicodeString folded = keptOf(character, *decomposing).foldCase();
     return !folded.isEmpty() && std::all_of(folded.getBuffer(), folded.getBuffer() + folded.length(),
                                             [](char16_t unit) { return unit >= 0x80; });
 }

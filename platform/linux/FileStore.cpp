@@ -61,8 +61,8 @@ int writeAll(int descriptor, std::string_view bytes) {
     return 0;
 }
 
-// Gives errno, 0 at the end of the file, EFBIG where that does not come: what does not tell its size may have
-// none.
+// Gives errno, 0 at the end of the file, EFBIG where there is too much: what does not tell its size may have
+// no end.
 int readAll(int descriptor, std::string& bytes, const ReadLimits& limits) {
     constexpr std::size_t kStep = std::size_t{1} << 16;
     struct stat status = {};
