@@ -10,7 +10,9 @@ namespace tabulon {
 
 DocumentController::DocumentController(const Platform& platform, DocumentWindowMaker& windows)
     : platform_(platform), windows_(windows), recentDocuments_(platform.state),
-      unsaved_(platform.files, platform.recovery) {
+      unsaved_(platform.files, platform.recovery),
+      versions_(platform.files, platform.base.clock, platform.base.defaults,
+                platform.folders.stateFolder() + "/versions") {
     addActions();
 }
 
@@ -110,8 +112,10 @@ Document* DocumentController::openDocument(const std::string& path, std::string_
     }
     opened->document.setFileName(path);
     Document* document = makeWindowControllers(std::move(opened));
-    if (document)
+    if (document) {
         recentDocuments_.note(path);
+        versions_.noteOpened(path);
+    }
     return document;
 }
 

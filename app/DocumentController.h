@@ -4,6 +4,7 @@
 
 #include "app/RecentDocuments.h"
 #include "app/UnsavedDocuments.h"
+#include "app/VersionStore.h"
 #include "model/Document.h"
 #include "platform/Platform.h"
 #include "window/ActionTable.h"
@@ -93,6 +94,7 @@ public:
     void recoverUnsavedDocuments();
 
     RecentDocuments& recentDocuments() { return recentDocuments_; }
+    VersionStore& versions() { return versions_; }
     /// What all document windows share.
     SharedState& shared() { return shared_; }
 
@@ -160,6 +162,7 @@ private:
     SharedState shared_;
     RecentDocuments recentDocuments_;
     UnsavedDocuments unsaved_;
+    VersionStore versions_;
     ActionTable actions_;
     std::vector<std::unique_ptr<OpenDocument>> documents_;
     Document* current_ = nullptr;

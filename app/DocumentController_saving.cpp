@@ -18,10 +18,13 @@ std::string folderOf(const Document& document) {
 
 Result<void> DocumentController::write(Document& document, const std::string& path) {
     const OpenDocument& opened = *find(document);
-    runSaveTasks(*opened.controller, platform_);
+    runSaveTasks(*opened.controller, platform_, versions_);
     if (!document.fileName().empty())
         saveFrameUsingName(opened);
     const std::string bytes = document.dataOfType(kDocumentType);
+    if (const Result<void> kept = versions_.keepFile(path); !kept)
+        platform_.base.log.log(kept.error().message);
+    const std::string fileBefore = document.fileName();
     if (Result<void> written = platform_.files.writeFileAtomically(path, bytes); !written)
         return written;
     document.updateChangeCount(ChangeKind::Cleared);
@@ -31,6 +34,7 @@ Result<void> DocumentController::write(Document& document, const std::string& pa
     }
     unsaved_.forget(document);
     noteFile(document);
+    versions_.noteFile(path, fileBefore);
     return {};
 }
 

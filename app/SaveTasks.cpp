@@ -18,15 +18,21 @@ std::string backupName(const std::string& path, const BaseServices& services) {
 
 } // namespace
 
-void makeBackup(const Document& document, const Platform& platform) {
+void makeBackup(const Document& document, const Platform& platform, VersionStore& versions) {
     const std::string& file = document.fileName();
     if (file.empty())
         return;
     std::optional<std::string> folder = platform.folders.resolve("BackupFolderBookmark");
     if (!folder)
         folder = platform.folders.documentsFolder();
-    if (folder)
-        (void)platform.files.copyFile(file, *folder + "/" + backupName(file, platform.base));
+    if (!folder)
+        return;
+    const std::string backup = *folder + "/" + backupName(file, platform.base);
+    if (!versions.isBackupOf(file, backup))
+        if (const Result<void> kept = versions.keepFile(backup); !kept)
+            return platform.base.log.log(kept.error().message);
+    if (platform.files.copyFile(file, backup))
+        versions.noteBackup(file, backup);
 }
 
 void saveCopyHTML(const ViewController& controller, const Platform& platform) {
@@ -37,10 +43,10 @@ void saveCopyHTML(const ViewController& controller, const Platform& platform) {
         (void)platform.files.writeFileAtomically(*path, *html);
 }
 
-void runSaveTasks(const ViewController& controller, const Platform& platform) {
+void runSaveTasks(const ViewController& controller, const Platform& platform, VersionStore& versions) {
     const UserDefaults& defaults = platform.base.defaults;
     if (defaults.boolForKey("MakeBackups"))
-        makeBackup(controller.document(), platform);
+        makeBackup(controller.document(), platform, versions);
     if (defaults.boolForKey("SaveAsHTML"))
         saveCopyHTML(controller, platform);
 }

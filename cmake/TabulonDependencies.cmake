@@ -8,6 +8,7 @@ find_package(CLI11 REQUIRED)
 find_package(tl-expected REQUIRED)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(UCHARDET REQUIRED IMPORTED_TARGET uchardet)
+pkg_check_modules(ZSTD REQUIRED IMPORTED_TARGET libzstd)
 
 # mimalloc keeps nodes and texts small: no header per block and fine size classes. Sanitizers bring their own.
 if(TABULON_MIMALLOC AND NOT TABULON_SANITIZE AND NOT TABULON_FUZZ)

@@ -22,6 +22,9 @@ public:
 
     /// The user's folder for documents; nothing when there is none.
     virtual std::optional<std::string> documentsFolder() = 0;
+
+    /// The folder for what the program keeps by itself, which need not exist.
+    virtual std::string stateFolder() = 0;
 };
 
 } // namespace tabulon

@@ -60,6 +60,7 @@ constexpr auto kRegistered = std::to_array<RegisteredDefault>({
     {"SortImmediately", "NO"},
     {"TagsIndex", "1"},
     {"TagsWidth", "100.0"},
+    {"VersionsLimit", "1000"},
 });
 static_assert(std::ranges::is_sorted(kRegistered, {}, &RegisteredDefault::key));
 

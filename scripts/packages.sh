@@ -4,7 +4,7 @@
 PACKAGES_BUILD=(
     g++ cmake ninja-build ccache pkg-config python3
     libicu-dev libuchardet-dev libfmt-dev libpugixml-dev libsimdjson-dev libcli11-dev libexpected-dev libmimalloc-dev
-    libgtest-dev libgmock-dev libplist-dev
+    libgtest-dev libgmock-dev libplist-dev libzstd-dev
 )
 
 # Building and showing the desktop program.

@@ -98,10 +98,12 @@ public:
     std::optional<std::string> resolve(std::string_view key) override;
     void store(std::string_view key, const std::string& path) override;
     std::optional<std::string> documentsFolder() override { return documents; }
+    std::string stateFolder() override { return state; }
 
     std::map<std::string, std::string, std::less<>> kept;
     std::set<std::string> gone;
     std::optional<std::string> documents = "/home/documents";
+    std::string state = "/home/state";
 };
 
 /// Holds what was laid in.

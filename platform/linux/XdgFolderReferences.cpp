@@ -20,4 +20,8 @@ std::optional<std::string> XdgFolderReferences::documentsFolder() {
     return files_.kindOf(folder) == PathKind::Folder ? std::optional(std::move(folder)) : std::nullopt;
 }
 
+std::string XdgFolderReferences::stateFolder() {
+    return tabulon::stateFolder();
+}
+
 } // namespace tabulon

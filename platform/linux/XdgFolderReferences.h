@@ -16,6 +16,8 @@ public:
     void store(std::string_view key, const std::string& path) override;
     /// The desktop's folder for documents (XDG user directories), if it is there.
     std::optional<std::string> documentsFolder() override;
+    /// `stateFolder()` of XdgFolders.h.
+    std::string stateFolder() override;
 
 private:
     UserDefaults& defaults_;

@@ -6,6 +6,7 @@
 #include "platform/fake/FakePlatform.h"
 #include "tests/window/MemoryWindow.h"
 
+#include <algorithm>
 #include <memory>
 #include <string>
 
@@ -49,6 +50,12 @@ protected:
     }
     bool perform(const char* action) { return app.performMenuItem(MenuItem{.action = action}); }
     bool enabled(const char* action) { return app.validateMenuItem(MenuItem{.action = action}); }
+
+    /// How many files there are besides those that the program keeps for itself.
+    std::size_t filesOfTheUser() const {
+        return static_cast<std::size_t>(std::ranges::count_if(
+            files.files, [this](const auto& file) { return !file.first.starts_with(folders.state + "/"); }));
+    }
 
     const std::string bookmarkHTML =
         "<!DOCTYPE NETSCAPE-Bookmark-file-1>\n<TITLE>Bookmarks</TITLE>\n<DL><p>\n"

@@ -66,7 +66,7 @@ TEST_F(AutosaveTest, FurtherChangesPutSavingOffButNotForEver) {
 }
 
 TEST_F(AutosaveTest, DocumentsThatTakeLongToSaveAreSavedLessOften) {
-    files.willWrite = [this](const std::string&) { base.clock.advance(0.3); };
+    files.willWrite = [this](const std::string& path) { base.clock.advance(path == kPath ? 0.6 : 0); };
     Document& document = openDocument();
     change(document, "1");
     timers.advance(kPause);

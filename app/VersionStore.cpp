@@ -1,0 +1,179 @@
+#include "app/VersionStore.h"
+
+#include "app/Compression.h"
+#include "app/VersionNames.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace tabulon {
+namespace {
+
+constexpr std::uint64_t kMegabyte = 1'000'000;
+constexpr std::size_t kLargestDocument = 0xFFFFFFFF;
+constexpr double kNanoseconds = 1e9;
+constexpr double kMillisecond = 0.001;
+
+std::string backupRecord(const std::string& backup, const FileIdentity& identity) {
+    return fmt::format("{} {} {} {}\n{}", identity.device, identity.inode, identity.size, identity.modified,
+                       backup);
+}
+
+} // namespace
+
+VersionStore::VersionStore(FileStore& files, const Clock& clock, const UserDefaults& defaults,
+                           std::string folder)
+    : files_(files), clock_(clock), defaults_(defaults), folder_(std::move(folder)),
+      places_(files_, folder_) {}
+
+std::uint64_t VersionStore::limit() const {
+    const std::int64_t megabytes = defaults_.integerForKey("VersionsLimit");
+    constexpr std::int64_t kMost = 1'000'000'000;
+    return static_cast<std::uint64_t>(std::clamp<std::int64_t>(megabytes, 0, kMost)) * kMegabyte;
+}
+
+double VersionStore::now() const {
+    return Date::now(clock_).unixSeconds();
+}
+
+Result<void> VersionStore::keepFile(const std::string& path) {
+    const std::optional<FileIdentity> identity = files_.identityOf(path);
+    if (!isOn() || !identity || files_.kindOf(path) != PathKind::File)
+        return {};
+    if (identity->size > std::min<std::uint64_t>(limit(), kLargestDocument))
+        return failure("The version of “" + path + "” is too large to be kept.");
+    const Result<std::string> bytes = files_.readFile(path);
+    if (!bytes)
+        return tl::unexpected(bytes.error());
+    return keep(path, *bytes, static_cast<double>(identity->modified) / kNanoseconds);
+}
+
+Result<void> VersionStore::keepContent(const std::string& path, std::string_view bytes) {
+    return isOn() ? keep(path, bytes, now()) : Result<void>();
+}
+
+Result<void> VersionStore::keep(const std::string& path, std::string_view bytes, double saved) {
+    const std::string frame = compress(bytes);
+    if (frame.size() > limit())
+        return failure("The version of “" + path + "” is too large to be kept.");
+    if (Result<void> made = files_.makeFolder(folder_); !made)
+        return made;
+    const std::string identifier = places_.identifierFor(path);
+    if (Result<void> noted = places_.noteNew(identifier, path); !noted)
+        return noted;
+    const std::vector<std::string> equal = equalVersions(identifier, frame);
+    VersionName name{identifier, now(), saved};
+    while (files_.fileExists(folder_ + "/" + name.string()) && std::ranges::find(equal, name.string()) == equal.end())
+        name.kept += kMillisecond;
+    if (Result<void> written = files_.writeFileAtomically(folder_ + "/" + name.string(), frame); !written)
+        return written;
+    for (const std::string& old : equal)
+        if (old != name.string())
+            (void)files_.removeFile(folder_ + "/" + old);
+    thinOut();
+    return {};
+}
+
+std::vector<std::string> VersionStore::versionNamesOf(const std::string& identifier) const {
+    std::vector<std::string> names;
+    for (std::string& name : files_.namesInFolder(folder_))
+        if (name.starts_with(identifier + " ") && VersionName::parse(name))
+            names.push_back(std::move(name));
+    return names;
+}
+
+std::vector<std::string> VersionStore::equalVersions(const std::string& identifier,
+                                                     std::string_view frame) const {
+    std::vector<std::string> equal;
+    for (std::string& name : versionNamesOf(identifier)) {
+        const std::string file = folder_ + "/" + name;
+        const std::optional<FileIdentity> identity = files_.identityOf(file);
+        if (!identity || identity->size != frame.size())
+            continue;
+        if (const Result<std::string> content = files_.readFile(file); content && *content == frame)
+            equal.push_back(std::move(name));
+    }
+    return equal;
+}
+
+void VersionStore::thinOut() {
+    std::vector<std::string> names;
+    std::vector<KeptVersion> versions;
+    const auto look = [&] {
+        names.clear();
+        versions.clear();
+        for (std::string& name : files_.namesInFolder(folder_)) {
+            const std::optional<VersionName> parts = VersionName::parse(name);
+            const auto identity = parts ? files_.identityOf(folder_ + "/" + name) : std::nullopt;
+            if (!identity)
+                continue;
+            versions.push_back({parts->identifier, parts->kept, identity->size});
+            names.push_back(std::move(name));
+        }
+    };
+    look();
+    remove(names, versionsTooClose(versions, now()));
+    look();
+    remove(names, versionsOverLimit(versions, limit()));
+}
+
+void VersionStore::remove(const std::vector<std::string>& names, const std::vector<std::size_t>& indexes) {
+    for (const std::size_t index : indexes)
+        (void)files_.removeFile(folder_ + "/" + names[index]);
+}
+
+void VersionStore::noteOpened(const std::string& path) {
+    const std::vector<VersionPlaces::Source> sources = places_.sourcesOf(path);
+    if (!sources.empty())
+        (void)places_.note(sources.front().identifier, path);
+}
+
+void VersionStore::noteFile(const std::string& path, const std::string& copyOf) {
+    if (!isOn())
+        return;
+    if (!copyOf.empty() && !isSameFile(files_, path, copyOf))
+        (void)places_.noteCopy(path, copyOf, now());
+    else
+        (void)places_.note(places_.identifierFor(path), path);
+}
+
+std::vector<DocumentVersion> VersionStore::versionsOf(const std::string& path) const {
+    std::vector<DocumentVersion> versions;
+    for (const VersionPlaces::Source& source : places_.sourcesOf(path))
+        for (const std::string& name : versionNamesOf(source.identifier))
+            if (const VersionName parts = *VersionName::parse(name); parts.kept <= source.until)
+                versions.push_back({Date::fromUnixSeconds(parts.saved), Date::fromUnixSeconds(parts.kept),
+                                    folder_ + "/" + name});
+    std::ranges::sort(versions, std::ranges::greater(),
+                      [](const DocumentVersion& version) { return version.kept.referenceSeconds(); });
+    return versions;
+}
+
+Result<std::string> VersionStore::read(const DocumentVersion& version) const {
+    const Result<std::string> frame = files_.readFile(version.path);
+    if (!frame)
+        return tl::unexpected(frame.error());
+    Result<std::string> bytes = decompress(*frame, kLargestDocument);
+    if (!bytes)
+        return failure("The kept version “" + version.path + "” cannot be read: " + bytes.error().message);
+    return bytes;
+}
+
+bool VersionStore::isBackupOf(const std::string& path, const std::string& backup) const {
+    const std::optional<FileIdentity> identity = files_.identityOf(backup);
+    const Result<std::string> record =
+        files_.readFile(folder_ + "/" + places_.identifierFor(path) + ".backup");
+    return identity && record && *record == backupRecord(backup, *identity);
+}
+
+void VersionStore::noteBackup(const std::string& path, const std::string& backup) {
+    const std::optional<FileIdentity> identity = files_.identityOf(backup);
+    if (!isOn() || !identity || !files_.makeFolder(folder_))
+        return;
+    const std::string identifier = places_.identifierFor(path);
+    (void)places_.noteNew(identifier, path);
+    (void)files_.writeFileAtomically(folder_ + "/" + identifier + ".backup", backupRecord(backup, *identity));
+}
+
+} // namespace tabulon
