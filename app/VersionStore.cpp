@@ -6,6 +6,8 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cmath>
+#include <set>
 
 namespace tabulon {
 namespace {
@@ -13,7 +15,7 @@ namespace {
 constexpr std::uint64_t kMegabyte = 1'000'000;
 constexpr std::size_t kLargestDocument = 0xFFFFFFFF;
 constexpr double kNanoseconds = 1e9;
-constexpr double kMillisecond = 0.001;
+constexpr double kMilliseconds = 1000;
 
 std::string backupRecord(const std::string& backup, const FileIdentity& identity) {
     return fmt::format("{} {} {} {}\n{}", identity.device, identity.inode, identity.size, identity.modified,
@@ -63,14 +65,11 @@ Result<void> VersionStore::keep(const std::string& path, std::string_view bytes,
     if (Result<void> noted = places_.noteNew(identifier, path); !noted)
         return noted;
     const std::vector<std::string> equal = equalVersions(identifier, frame);
-    VersionName name{identifier, now(), saved};
-    while (files_.fileExists(folder_ + "/" + name.string()) && std::ranges::find(equal, name.string()) == equal.end())
-        name.kept += kMillisecond;
+    const VersionName name{identifier, freeTime(identifier), saved};
     if (Result<void> written = files_.writeFileAtomically(folder_ + "/" + name.string(), frame); !written)
         return written;
     for (const std::string& old : equal)
-        if (old != name.string())
-            (void)files_.removeFile(folder_ + "/" + old);
+        (void)files_.removeFile(folder_ + "/" + old);
     thinOut();
     return {};
 }
@@ -81,6 +80,17 @@ std::vector<std::string> VersionStore::versionNamesOf(const std::string& identif
         if (name.starts_with(identifier + " ") && VersionName::parse(name))
             names.push_back(std::move(name));
     return names;
+}
+
+// Now, or the first millisecond after it that no version of the document was kept at: the order stays.
+double VersionStore::freeTime(const std::string& identifier) const {
+    std::set<std::int64_t> taken;
+    for (const std::string& name : versionNamesOf(identifier))
+        taken.insert(std::llround(VersionName::parse(name)->kept * kMilliseconds));
+    std::int64_t time = std::llround(now() * kMilliseconds);
+    while (taken.contains(time))
+        ++time;
+    return static_cast<double>(time) / kMilliseconds;
 }
 
 std::vector<std::string> VersionStore::equalVersions(const std::string& identifier,

@@ -72,6 +72,7 @@ private:
     double now() const;
     std::vector<std::string> versionNamesOf(const std::string& identifier) const;
     Result<void> keep(const std::string& path, std::string_view bytes, double saved);
+    double freeTime(const std::string& identifier) const;
     std::vector<std::string> equalVersions(const std::string& identifier, std::string_view frame) const;
     void thinOut();
     void remove(const std::vector<std::string>& names, const std::vector<std::size_t>& indexes);

@@ -31,6 +31,8 @@ struct Request {
     bool move = false;
     std::string key;
     std::string text;
+    std::string before;
+    std::size_t number = 0;
     bool descending = false;
     std::function<Result<void>(const Session&)> verb;
 };
@@ -221,6 +223,42 @@ void addFind(CLI::App& app, Request& request) {
     });
 }
 
+void addCompare(CLI::App& app, Request& request) {
+    CLI::App* verb = app.add_subcommand("compare", "List what changed from one document to another");
+    verb->add_flag("--json", request.json, "Print one JSON object a line")->disable_flag_override();
+    verb->add_option("OLD", request.before, "The document before, - for standard input")->required();
+    verb->add_option("NEW", request.input, "The document after, - for standard input")->required();
+    verb->callback([&] {
+        if (request.before == "-" && request.input == "-")
+            throw CLI::ValidationError("OLD and NEW", "cannot both be standard input");
+        request.verb = [&](const Session& session) {
+            return compareDocuments(session, request.before, request.input, request.json);
+        };
+    });
+}
+
+void addVersions(CLI::App& app, Request& request) {
+    CLI::App* verb = app.add_subcommand("versions", "List the kept versions of a document, newest first");
+    CLI::Option* json = verb->add_flag("--json", request.json, "Print one JSON object a line");
+    json->disable_flag_override();
+    verb->add_option("DOCUMENT", request.input, "The document's file, which may be gone")->required();
+    CLI::Option* restore =
+        verb->add_option("--restore", request.number, "Write the version of this number instead")
+            ->type_name("N")
+            ->excludes(json);
+    CLI::Option* output =
+        verb->add_option("-o,--output", request.output, "The document to write, - for standard output");
+    restore->needs(output);
+    output->needs(restore);
+    verb->callback([&, restore] {
+        const bool restores = restore->count() > 0;
+        request.verb = [&, restores](const Session& session) {
+            return restores ? restoreVersion(session, request.input, request.number, request.output)
+                            : listVersions(session, request.input, request.json);
+        };
+    });
+}
+
 std::string keyAndValue(const std::string& text) {
     const std::size_t equals = text.find('=');
     return equals == std::string::npos || equals == 0 ? "must be KEY=VALUE" : "";
@@ -287,6 +325,8 @@ int run(const std::vector<std::string>& arguments, const Environment& environmen
     addRemove(app, request);
     addSort(app, request);
     addFind(app, request);
+    addCompare(app, request);
+    addVersions(app, request);
     try {
         // CLI11 takes the arguments last first.
         app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));

@@ -19,6 +19,8 @@ struct Environment {
     SystemLog& log;
     /// The name of the locale that holds when the command line names none, such as "de_DE.UTF-8".
     std::string locale;
+    /// Where the desktop program keeps its own files, such as versions of documents.
+    std::string stateFolder;
     std::function<Result<std::string>()> readStandardInput;
     std::function<Result<void>(std::string_view)> writeStandardOutput;
     std::function<void(std::string_view)> writeStandardError;

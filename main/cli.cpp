@@ -2,6 +2,7 @@
 #include "cli/CommandLine.h"
 #include "platform/linux/FileStore.h"
 #include "platform/linux/SystemServices.h"
+#include "platform/linux/XdgFolders.h"
 
 #include <csignal>
 #include <cstdio>
@@ -17,6 +18,7 @@ int main(int argc, char** argv) {
         clock,
         log,
         tabulon::environmentLocale(),
+        tabulon::stateFolder(),
         tabulon::readStandardInput,
         tabulon::writeStandardOutput,
         [](std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); },

@@ -16,7 +16,7 @@ public:
         out.clear();
         error.clear();
         return cli::run(arguments,
-                        {files, fake.clock, fake.log, "en_US", [this]() -> Result<std::string> { return in; },
+                        {files, fake.clock, fake.log, "en_US", "/state", [this]() -> Result<std::string> { return in; },
                          [this](std::string_view text) -> Result<void> {
                              if (outputBroken)
                                  return failure("Cannot write the standard output: Broken pipe.");

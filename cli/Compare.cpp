@@ -1,0 +1,168 @@
+// `compare`: what changed from one document to another, one line a change.
+#include "cli/JsonTree.h"
+#include "cli/Lines.h"
+#include "cli/NodePath.h"
+#include "cli/PlainText.h"
+#include "cli/Verbs.h"
+#include "model/TreeComparison.h"
+#include "model/TreeWalk.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <unordered_map>
+
+namespace tabulon::cli {
+namespace {
+
+// The place of each node among its siblings, for paths of single nodes.
+class Places {
+public:
+    explicit Places(const Bookmark& root) : root_(root) {
+        number(root);
+        walkBelow(root, [this](const Bookmark& node) {
+            number(node);
+            return true;
+        });
+    }
+
+    std::string pathOf(const Bookmark& node) const {
+        std::vector<std::size_t> indexes;
+        for (const Bookmark* each = &node; each != &root_; each = each->getParent())
+            indexes.push_back(indexes_.at(each));
+        std::ranges::reverse(indexes);
+        return fmt::format("{}", fmt::join(indexes, "/"));
+    }
+
+private:
+    void number(const Bookmark& parent) {
+        std::size_t index = 0;
+        if (parent.getChildren())
+            for (const Bookmark* child : *parent.getChildren())
+                indexes_.emplace(child, index++);
+    }
+
+    const Bookmark& root_;
+    std::unordered_map<const Bookmark*, std::size_t> indexes_;
+};
+
+constexpr auto kFields = std::to_array<std::pair<std::uint8_t, const char*>>({
+    {kChangedURL, "url"},
+    {kChangedNote, "note"},
+    {kChangedTags, "tags"},
+    {kChangedLabel, "label"},
+    {kChangedOther, "other"},
+});
+
+std::vector<std::string> namesOfFields(std::uint8_t fields, const char* quote) {
+    std::vector<std::string> names;
+    for (const auto& [field, name] : kFields)
+        if ((fields & field) != 0)
+            names.push_back(std::string(quote) + name + quote);
+    return names;
+}
+
+// One line of the listing: a node with several marks has several.
+struct Change {
+    const char* kind;
+    const TreeDifference& difference;
+
+    const Bookmark& node() const { return difference.after ? *difference.after : *difference.before; }
+};
+
+class Listing {
+public:
+    Listing(const Session& session, const Bookmark& before, const Bookmark& after)
+        : lines_(session), before_(before), after_(after) {}
+
+    Result<void> print(const TreeComparison& comparison, bool asJson) {
+        for (const TreeDifference& difference : comparison.differences())
+            for (const char* kind : kindsOf(difference))
+                if (!lines_.add(asJson ? json({kind, difference}) : plain({kind, difference})))
+                    return lines_.finish();
+        return lines_.finish();
+    }
+
+private:
+    static std::vector<const char*> kindsOf(const TreeDifference& difference) {
+        if (difference.isAdded())
+            return {"added"};
+        if (difference.isRemoved())
+            return {"removed"};
+        std::vector<const char*> kinds;
+        if (difference.moved)
+            kinds.push_back("moved");
+        if (difference.renamed)
+            kinds.push_back("renamed");
+        if (difference.edited != 0)
+            kinds.push_back("edited");
+        return kinds;
+    }
+
+    std::string pathOf(const Change& change) const {
+        return change.difference.after ? after_.pathOf(change.node()) : before_.pathOf(change.node());
+    }
+
+    std::string plain(const Change& change) const {
+        const Bookmark& node = change.node();
+        const std::string_view kind = change.kind;
+        std::string line = fmt::format("{}\t{}\t{}", kind, pathOf(change), onOneLine(node.itemName().view()));
+        if (!node.itemURL().isEmpty())
+            line += "  <" + onOneLine(node.itemURL().view()) + '>';
+        if (kind == "moved")
+            line += "  (was at " + before_.pathOf(*change.difference.before) + ")";
+        if (kind == "renamed")
+            line += "  (was " + onOneLine(change.difference.before->itemName().view()) + ")";
+        if (kind == "edited")
+            line += fmt::format("  ({})", fmt::join(namesOfFields(change.difference.edited, ""), ", "));
+        return line;
+    }
+
+    std::string json(const Change& change) const {
+        const std::string_view kind = change.kind;
+        std::string line = fmt::format(R"({{"change":"{}","path":"{}")", kind, pathOf(change));
+        if (!change.difference.isAdded() && !change.difference.isRemoved())
+            line += fmt::format(R"(,"oldPath":"{}")", before_.pathOf(*change.difference.before));
+        line += ",\"name\":";
+        appendJsonText(line, change.node().itemName());
+        if (kind == "renamed") {
+            line += ",\"oldName\":";
+            appendJsonText(line, change.difference.before->itemName());
+        }
+        line += ",\"url\":";
+        appendJsonText(line, change.node().itemURL());
+        if (kind == "edited")
+            line += fmt::format(R"(,"fields":[{}])",
+                                fmt::join(namesOfFields(change.difference.edited, "\""), ","));
+        return line + "}";
+    }
+
+    Lines lines_;
+    const Places before_;
+    const Places after_;
+};
+
+// Version control hands /dev/null on for a file that is not there.
+Result<std::unique_ptr<Document>> readOrEmpty(const Session& session, const std::string& path) {
+    if (path == "/dev/null")
+        return std::make_unique<Document>(session.services);
+    return session.readDocument(path);
+}
+
+} // namespace
+
+Result<void> compareDocuments(const Session& session, const std::string& before, const std::string& after,
+                              bool asJson) {
+    const auto old = readOrEmpty(session, before);
+    if (!old)
+        return tl::unexpected(old.error());
+    const auto now = readOrEmpty(session, after);
+    if (!now)
+        return tl::unexpected(now.error());
+    const Bookmark& oldRoot = (*old)->getMaster();
+    const Bookmark& newRoot = (*now)->getMaster();
+    return Listing(session, oldRoot, newRoot).print(TreeComparison(oldRoot, newRoot), asJson);
+}
+
+} // namespace tabulon::cli
