@@ -31,6 +31,9 @@ void DocumentController::addActions() {
     actions_.add(
         "revertDocumentToSaved:", [this](const MenuItem&) { revertDocument(*current_); }, canRevert);
     actions_.add(
+        "browseVersions:", [this](const MenuItem&) { browseVersions(*current_); },
+        [this](const MenuItem&) { return current_ && !current_->fileName().empty(); });
+    actions_.add(
         "performClose:", [=, this](const MenuItem&) { closeDocument(*current_, nothing); }, hasDocument);
     addWindowActions();
 }

@@ -4,7 +4,7 @@
 
 #include "app/RecentDocuments.h"
 #include "app/UnsavedDocuments.h"
-#include "app/VersionStore.h"
+#include "app/VersionsController.h"
 #include "model/Document.h"
 #include "platform/Platform.h"
 #include "window/ActionTable.h"
@@ -25,6 +25,10 @@ public:
     virtual ~DocumentWindowMaker() = default;
     /// The window may use the controller as long as it lives; it is not shown yet.
     virtual std::unique_ptr<DocumentWindow> makeWindow(ViewController& controller) = 0;
+
+    /// Shows the panel of the document's versions in its window and returns at once. The panel calls
+    /// `setPanel` when it comes up and when it goes; it goes with the window.
+    virtual void presentVersions(std::shared_ptr<VersionsController> controller) = 0;
 };
 
 /// Paths are absolute and in the file system's encoding.
@@ -37,7 +41,7 @@ public:
     DocumentController(const Platform& platform, DocumentWindowMaker& windows);
     ~DocumentController();
 
-    /// saveDocument:, saveDocumentAs:, revertDocumentToSaved:, performClose:, performMiniaturize:, all for
+    /// saveDocument:, saveDocumentAs:, revertDocumentToSaved:, browseVersions:, performClose:, performMiniaturize:, all for
     /// the current document; makeKeyAndOrderFront: for the document that the item stands for.
     const ActionTable& actions() const { return actions_; }
 
@@ -72,6 +76,9 @@ public:
     void saveDocumentAs(Document& document, const Done& done);
     /// Goes back to what the file holds, after a question. Requires a document with a file.
     void revertDocument(Document& document);
+
+    /// Shows the versions of a document with a file, or, without one, does nothing.
+    void browseVersions(Document& document);
 
     /// A document with a file is saved first; one without is asked about when it has changes.
     void closeDocument(Document& document, const Done& done);

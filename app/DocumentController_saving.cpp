@@ -102,4 +102,20 @@ void DocumentController::saveDocumentAs(Document& document, const Done& done) {
     platform_.panels.beginSavePanel(panel, save);
 }
 
+void DocumentController::browseVersions(Document& document) {
+    if (document.fileName().empty())
+        return;
+    const auto openUntitled = [this](const Ref<Bookmark>& root, const std::string& name) {
+        auto opened = std::make_unique<OpenDocument>(platform_.base);
+        opened->document.setMaster(root);
+        opened->document.setDisplayName(name);
+        Document* untitled = makeWindowControllers(std::move(opened));
+        if (untitled)
+            untitled->updateChangeCount(ChangeKind::Done);
+        return untitled != nullptr;
+    };
+    windows_.presentVersions(
+        std::make_shared<VersionsController>(document, versions_, platform_, openUntitled));
+}
+
 } // namespace tabulon

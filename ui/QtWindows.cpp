@@ -7,6 +7,7 @@
 #include "ui/document/InfoSheet.h"
 #include "ui/document/MarkSheets.h"
 #include "ui/document/OutlineWidget.h"
+#include "ui/versions/VersionsSheet.h"
 
 #include <QApplication>
 #include <QFile>
@@ -65,6 +66,11 @@ void QtWindows::connectTo(AppDelegate& app, const Platform& platform) {
 std::unique_ptr<DocumentWindow> QtWindows::makeWindow(ViewController& controller) {
     return std::make_unique<Window>(
         *this, new DocumentMainWindow(controller, *app_, platform_->base.texts, platform_->state));
+}
+
+void QtWindows::presentVersions(std::shared_ptr<VersionsController> controller) {
+    QWidget* window = windowFor(&controller->document());
+    (new VersionsSheet(std::move(controller), window))->open();
 }
 
 QWidget* QtWindows::windowFor(const Document* document) const {

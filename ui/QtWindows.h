@@ -20,6 +20,7 @@ public:
     void connectTo(AppDelegate& app, const Platform& platform);
 
     std::unique_ptr<DocumentWindow> makeWindow(ViewController& controller) override;
+    void presentVersions(std::shared_ptr<VersionsController> controller) override;
 
     /// The window of `document`; for null, or when it has none, the window in front, or null.
     QWidget* windowFor(const Document* document) const;

@@ -21,7 +21,12 @@ public:
         return std::make_unique<MemoryWindow>(controller);
     }
 
+    void presentVersions(std::shared_ptr<VersionsController> controller) override {
+        presentedVersions = std::move(controller);
+    }
+
     bool noMoreWindows = false;
+    std::shared_ptr<VersionsController> presentedVersions;
 };
 
 class AppTest : public testing::Test, protected FakePlatform {
