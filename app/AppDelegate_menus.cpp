@@ -83,9 +83,8 @@ Menu AppDelegate::fileMenu() {
         .items = {command("MenuNew", "newDocument:", "n"), command("MenuOpen", "openDocument:", "o"),
                   submenu("MenuOpenRecent", recentMenu()), MenuItem::makeSeparator(),
                   command("MenuSave", "saveDocument:", "s"), command("MenuSaveAs", "saveDocumentAs:", "S"),
-                  command("MenuRevert", "revertDocumentToSaved:"),
-                  command("MenuVersions", "browseVersions:"), MenuItem::makeSeparator(),
-                  command("MenuExport", "exportText:"), MenuItem::makeSeparator(),
+                  command("MenuRevert", "revertDocumentToSaved:"), command("MenuVersions", "browseVersions:"),
+                  MenuItem::makeSeparator(), command("MenuExport", "exportText:"), MenuItem::makeSeparator(),
                   command("MenuClose", "performClose:", "w"), command("MenuQuit", "terminate:", "q")}};
 }
 

@@ -41,8 +41,9 @@ public:
     DocumentController(const Platform& platform, DocumentWindowMaker& windows);
     ~DocumentController();
 
-    /// saveDocument:, saveDocumentAs:, revertDocumentToSaved:, browseVersions:, performClose:, performMiniaturize:, all for
-    /// the current document; makeKeyAndOrderFront: for the document that the item stands for.
+    /// saveDocument:, saveDocumentAs:, revertDocumentToSaved:, browseVersions:, performClose:,
+    /// performMiniaturize:, all for the current document; makeKeyAndOrderFront: for the document that the
+    /// item stands for.
     const ActionTable& actions() const { return actions_; }
 
     /// In the order in which they were opened.

@@ -15,7 +15,7 @@ using Milliseconds = chrono::sys_time<chrono::milliseconds>;
 
 constexpr std::string_view kSuffix = ".tbln.zst";
 constexpr std::size_t kIdentifierSize = 16;
-constexpr std::size_t kTimeSize = 24; // 2026-11-22T10-41-38.123Z
+constexpr std::size_t kTimeSize = 24;   // 2026-11-22T10-41-38.123Z
 constexpr double kFirst = -62135596800; // the year 1
 constexpr double kLast = 253402300799;  // the end of the year 9999
 
@@ -40,8 +40,8 @@ std::optional<double> timeFrom(std::string_view text) {
     int second = 0;
     int milliseconds = 0;
     const std::string line(text);
-    if (std::sscanf(line.c_str(), "%4d-%2u-%2uT%2d-%2d-%2d.%3dZ", &year, &month, &day, &hour, &minute, &second,
-                    &milliseconds) != 7)
+    if (std::sscanf(line.c_str(), "%4d-%2u-%2uT%2d-%2d-%2d.%3dZ", &year, &month, &day, &hour, &minute,
+                    &second, &milliseconds) != 7)
         return std::nullopt;
     const chrono::year_month_day date{chrono::year(year), chrono::month(month), chrono::day(day)};
     if (!date.ok())

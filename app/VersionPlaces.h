@@ -10,14 +10,15 @@
 
 namespace tabulon {
 
-/// Each document of the store has an identifier, 16 hexadecimal digits, and a file "IDENTIFIER.place" with what
-/// was last known of its file: one line of device, inode, size and time of change in decimal digits (0 where
-/// there was no file), for a document that began as a copy also the identifier of its source and the time of
-/// the copy in milliseconds since 1970; then the path. Paths are absolute and in the file system's encoding.
+/// Each document of the store has an identifier, 16 hexadecimal digits, and a file "IDENTIFIER.place" with
+/// what was last known of its file: one line of device, inode, size and time of change in decimal digits (0
+/// where there was no file), for a document that began as a copy also the identifier of its source and the
+/// time of the copy in milliseconds since 1970; then the path. Paths are absolute and in the file system's
+/// encoding.
 class VersionPlaces {
 public:
-    /// A document whose versions are versions of a file, as far as they were kept until `until` (seconds since
-    /// 1970-01-01 00:00 UTC).
+    /// A document whose versions are versions of a file, as far as they were kept until `until` (seconds
+    /// since 1970-01-01 00:00 UTC).
     struct Source {
         std::string identifier;
         double until = 0;
@@ -27,9 +28,9 @@ public:
     VersionPlaces(FileStore& files, std::string folder) : files_(files), folder_(std::move(folder)) {}
 
     /// Returns the documents whose versions are those of the file at `path`, which may be gone: the one with
-    /// exactly that file (also after it was renamed or moved), every one that was last known at that path, the
-    /// one whose path leads to the same file (a link), and those that they were copied from. The first one is
-    /// the document itself. Empty when there is none.
+    /// exactly that file (also after it was renamed or moved), every one that was last known at that path,
+    /// the one whose path leads to the same file (a link), and those that they were copied from. The first
+    /// one is the document itself. Empty when there is none.
     std::vector<Source> sourcesOf(const std::string& path) const;
 
     /// Returns the identifier of the document at `path`, a new one when it is not known yet. `note` makes the

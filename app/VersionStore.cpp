@@ -6,8 +6,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cmath>
-#include <set>
 
 namespace tabulon {
 namespace {
@@ -15,7 +13,8 @@ namespace {
 constexpr std::uint64_t kMegabyte = 1'000'000;
 constexpr std::size_t kLargestDocument = 0xFFFFFFFF;
 constexpr double kNanoseconds = 1e9;
-constexpr double kMilliseconds = 1000;
+constexpr double kMillisecond = 0.001;
+constexpr double kLargestStepBack = 86400; // seconds
 
 std::string backupRecord(const std::string& backup, const FileIdentity& identity) {
     return fmt::format("{} {} {} {}\n{}", identity.device, identity.inode, identity.size, identity.modified,
@@ -65,7 +64,7 @@ Result<void> VersionStore::keep(const std::string& path, std::string_view bytes,
     if (Result<void> noted = places_.noteNew(identifier, path); !noted)
         return noted;
     const std::vector<std::string> equal = equalVersions(identifier, frame);
-    const VersionName name{identifier, freeTime(identifier), saved};
+    const VersionName name{identifier, nextTime(identifier), saved};
     if (Result<void> written = files_.writeFileAtomically(folder_ + "/" + name.string(), frame); !written)
         return written;
     for (const std::string& old : equal)
@@ -82,15 +81,16 @@ std::vector<std::string> VersionStore::versionNamesOf(const std::string& identif
     return names;
 }
 
-// Now, or the first millisecond after it that no version of the document was kept at: the order stays.
-double VersionStore::freeTime(const std::string& identifier) const {
-    std::set<std::int64_t> taken;
-    for (const std::string& name : versionNamesOf(identifier))
-        taken.insert(std::llround(VersionName::parse(name)->kept * kMilliseconds));
-    std::int64_t time = std::llround(now() * kMilliseconds);
-    while (taken.contains(time))
-        ++time;
-    return static_cast<double>(time) / kMilliseconds;
+// Now, or a millisecond after the newest version where the clock was set back a little, so that the order
+// stays. A version from the far future says that the clock was wrong then.
+double VersionStore::nextTime(const std::string& identifier) const {
+    double time = now();
+    for (const std::string& name : versionNamesOf(identifier)) {
+        const double kept = VersionName::parse(name)->kept;
+        if (kept + kMillisecond > time && kept < now() + kLargestStepBack)
+            time = kept + kMillisecond;
+    }
+    return time;
 }
 
 std::vector<std::string> VersionStore::equalVersions(const std::string& identifier,

@@ -29,8 +29,8 @@ struct DocumentVersion {
 
 /// One folder of plain files: "DOCUMENT KEPT SAVED.tbln.zst" is a version, with the document's identifier
 /// (VersionPlaces.h) and both times as 2026-11-22T10-41-38.123Z, in the format of Compression.h. Files are
-/// written atomically and flushed before a function returns, so a program that is killed leaves whole versions
-/// behind. Paths are absolute and in the file system's encoding.
+/// written atomically and flushed before a function returns, so a program that is killed leaves whole
+/// versions behind. Paths are absolute and in the file system's encoding.
 class VersionStore {
 public:
     /// `folder` need not exist. What is handed in must live longer. `defaults` has the setting
@@ -52,8 +52,9 @@ public:
     /// keeps them after it was renamed or moved.
     void noteOpened(const std::string& path);
 
-    /// Records that the file at `path` is the document's, as it is now; to be called after each save. `copyOf`, if not empty, is the file under which the document
-    /// was known before; its versions are also versions of the new file.
+    /// Records that the file at `path` is the document's, as it is now; to be called after each save.
+    /// `copyOf`, if not empty, is the file under which the document was known before; its versions are also
+    /// versions of the new file.
     void noteFile(const std::string& path, const std::string& copyOf = {});
 
     /// Returns the versions of the document whose file is, or was last, at `path`, newest first.
@@ -72,7 +73,7 @@ private:
     double now() const;
     std::vector<std::string> versionNamesOf(const std::string& identifier) const;
     Result<void> keep(const std::string& path, std::string_view bytes, double saved);
-    double freeTime(const std::string& identifier) const;
+    double nextTime(const std::string& identifier) const;
     std::vector<std::string> equalVersions(const std::string& identifier, std::string_view frame) const;
     void thinOut();
     void remove(const std::vector<std::string>& names, const std::vector<std::size_t>& indexes);

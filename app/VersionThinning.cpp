@@ -84,7 +84,8 @@ std::vector<std::size_t> versionsTooClose(std::span<const KeptVersion> versions,
     std::vector<std::size_t> order(versions.size());
     for (std::size_t index = 0; index < order.size(); ++index)
         order[index] = index;
-    std::ranges::sort(order, [&](std::size_t a, std::size_t b) { return versions[a].kept > versions[b].kept; });
+    std::ranges::sort(order,
+                      [&](std::size_t a, std::size_t b) { return versions[a].kept > versions[b].kept; });
     std::set<std::tuple<std::string, double, double>> taken;
     std::vector<std::size_t> result;
     for (const std::size_t index : order) {

@@ -43,8 +43,8 @@ void VersionsController::startCounting() {
 
 // One version at a time: comparing a large one takes longer than an event should wait for several.
 void VersionsController::countNext() {
-    const auto next = std::ranges::find_if(
-        rows_, [](const VersionRow& row) { return !row.counts && row.problem.empty(); });
+    const auto next =
+        std::ranges::find_if(rows_, [](const VersionRow& row) { return !row.counts && row.problem.empty(); });
     if (next == rows_.end() || !panel_)
         return timer_.reset();
     if (const auto version = read(next->version, next->problem))
@@ -53,7 +53,8 @@ void VersionsController::countNext() {
     startCounting();
 }
 
-std::unique_ptr<Document> VersionsController::read(const DocumentVersion& version, std::string& problem) const {
+std::unique_ptr<Document> VersionsController::read(const DocumentVersion& version,
+                                                   std::string& problem) const {
     const Result<std::string> bytes = store_.read(version);
     auto document = std::make_unique<Document>(platform_.base);
     const Result<void> done = bytes ? document->readFromDataOfType(*bytes, kDocumentType)
@@ -78,9 +79,9 @@ std::string VersionsController::countsText(std::size_t index) const {
     if (*row.counts == DifferenceCounts())
         return texts().text("VersionEqual");
     std::vector<std::string> parts;
-    for (const auto& [key, count] : {std::pair("VersionAdded", row.counts->added),
-                                     std::pair("VersionRemoved", row.counts->removed),
-                                     std::pair("VersionChanged", row.counts->changed)})
+    for (const auto& [key, count] :
+         {std::pair("VersionAdded", row.counts->added), std::pair("VersionRemoved", row.counts->removed),
+          std::pair("VersionChanged", row.counts->changed)})
         if (count > 0)
             parts.push_back(texts().format(key, count));
     return joined(parts);
@@ -152,8 +153,7 @@ void VersionsController::openChosen() {
 bool VersionsController::keepPresentState() {
     if (!document_.isDocumentEdited())
         return true;
-    const Result<void> kept =
-        store_.keepContent(document_.fileName(), document_.dataOfType(kDocumentType));
+    const Result<void> kept = store_.keepContent(document_.fileName(), document_.dataOfType(kDocumentType));
     if (!kept)
         fileErrorAlert(platform_, "CouldNotKeepVersion", document_.fileName(), kept.error(), &document_);
     return kept.has_value();
@@ -169,8 +169,7 @@ void VersionsController::putBackDifferences(const std::vector<std::size_t>& inde
         chosen.push_back(comparison_->differences().at(index));
     if (chosen.empty() || !keepPresentState())
         return;
-    const std::size_t count =
-        putBack(chosen, *comparison_, version_->getMaster(), document_.getMaster());
+    const std::size_t count = putBack(chosen, *comparison_, version_->getMaster(), document_.getMaster());
     comparison_.reset();
     if (count > 0) {
         document_.updateUI();

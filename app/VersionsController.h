@@ -1,6 +1,6 @@
-// The versions of one document as its user sees them: what each has that the document has not, opening one, and
-// putting one back, whole or in part. The versions themselves are VersionStore's; what the panel looks like is
-// ui/'s.
+// The versions of one document as its user sees them: what each has that the document has not, opening one,
+// and putting one back, whole or in part. The versions themselves are VersionStore's; what the panel looks
+// like is ui/'s.
 #pragma once
 
 #include "app/VersionStore.h"
@@ -73,10 +73,11 @@ public:
     bool canOpen() const { return version_ != nullptr; }
     /// Opens the chosen version as an untitled document and dismisses the panel.
     void openChosen();
-    /// Puts the differences at these indexes back as one change of the document, and dismisses the panel. When
-    /// the document has changed since they were listed they are listed anew, and nothing else happens.
+    /// Puts the differences at these indexes back as one change of the document, and dismisses the panel.
+    /// When the document has changed since they were listed they are listed anew, and nothing else happens.
     void putBackDifferences(const std::vector<std::size_t>& indexes);
-    /// Replaces the tree of the document by that of the chosen version, as one change, and dismisses the panel.
+    /// Replaces the tree of the document by that of the chosen version, as one change, and dismisses the
+    /// panel.
     void putBackAll();
 
 private:

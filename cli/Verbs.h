@@ -67,14 +67,15 @@ Result<void> sortDocument(const Session& session, const std::string& input, Sort
 Result<void> findInDocument(const Session& session, const std::string& text, const std::string& input,
                             bool asJson);
 
-/// Prints what was added, removed, moved, renamed and edited from one document to the other (TreeComparison.h):
-/// one line a change with its kind, the path in the document after (of what was removed: before), the name and
-/// the address. "/dev/null" is an empty document, as version control names files that are not there.
+/// Prints what was added, removed, moved, renamed and edited from one document to the other
+/// (TreeComparison.h): one line a change with its kind, the path in the document after (of what was removed:
+/// before), the name and the address. "/dev/null" is an empty document, as version control names files that
+/// are not there.
 Result<void> compareDocuments(const Session& session, const std::string& before, const std::string& after,
                               bool asJson);
 
-/// Prints the kept versions of a document, newest first, with the number by which `restoreVersion` takes them.
-/// The document need not exist any more. Fails when neither it nor a version of it exists.
+/// Prints the kept versions of a document, newest first, with the number by which `restoreVersion` takes
+/// them. The document need not exist any more. Fails when neither it nor a version of it exists.
 Result<void> listVersions(const Session& session, const std::string& document, bool asJson);
 /// Writes a kept version as it was. Fails for a number that is not in the list.
 Result<void> restoreVersion(const Session& session, const std::string& document, std::size_t number,

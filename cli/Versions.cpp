@@ -35,12 +35,12 @@ Result<void> listVersions(const Session& session, const std::string& document, b
     for (std::size_t index = 0; index < versions->size(); ++index) {
         const DocumentVersion& version = (*versions)[index];
         const std::string line =
-            asJson ? fmt::format(R"({{"version":{},"saved":{:.3f},"replaced":{:.3f}}})", index + 1,
-                                 version.saved.unixSeconds(), version.kept.unixSeconds())
-                   : fmt::format("{}\t{}", index + 1,
-                                 formatDate(version.saved, "yyyy-MM-dd HH:mm:ss",
-                                            session.services.texts.locale(),
-                                            session.services.clock.timeZone()));
+            asJson
+                ? fmt::format(R"({{"version":{},"saved":{:.3f},"replaced":{:.3f}}})", index + 1,
+                              version.saved.unixSeconds(), version.kept.unixSeconds())
+                : fmt::format("{}\t{}", index + 1,
+                              formatDate(version.saved, "yyyy-MM-dd HH:mm:ss",
+                                         session.services.texts.locale(), session.services.clock.timeZone()));
         if (!lines.add(line))
             break;
     }
@@ -53,8 +53,8 @@ Result<void> restoreVersion(const Session& session, const std::string& document,
     if (!versions)
         return tl::unexpected(versions.error());
     if (number < 1 || number > versions->size())
-        return failure(fmt::format("There is no version {} of “{}”: {} are kept.", number, document,
-                                   versions->size()));
+        return failure(
+            fmt::format("There is no version {} of “{}”: {} are kept.", number, document, versions->size()));
     const Result<std::string> bytes = storeOf(session).read((*versions)[number - 1]);
     return bytes ? session.write(output, *bytes) : Result<void>(tl::unexpected(bytes.error()));
 }

@@ -72,7 +72,8 @@ class Pairing {
 public:
     Pairing(const Bookmark& before, const Bookmark& after) : before_(before), after_(after) {
         pair(const_cast<Bookmark&>(before), const_cast<Bookmark&>(after));
-        for (const Likeness likeness : {Likeness::Content, Likeness::Main, Likeness::Name, Likeness::DateAdded})
+        for (const Likeness likeness :
+             {Likeness::Content, Likeness::Main, Likeness::Name, Likeness::DateAdded})
             run(likeness);
     }
 
@@ -89,7 +90,9 @@ private:
     };
     using Candidates = std::unordered_map<const Bookmark*, std::deque<Bookmark*>, Hash, Equal>;
 
-    static Candidates candidatesFor(Likeness likeness) { return Candidates(0, Hash{likeness}, Equal{likeness}); }
+    static Candidates candidatesFor(Likeness likeness) {
+        return Candidates(0, Hash{likeness}, Equal{likeness});
+    }
 
     bool isFree(const Bookmark& node, Likeness likeness) const {
         return isUsable(node, likeness) && !partners_.contains(&node);

@@ -7,8 +7,8 @@ namespace {
 
 class PuttingBack {
 public:
-    PuttingBack(std::span<const TreeDifference> chosen, const TreeComparison& comparison, const Bookmark& before,
-                Bookmark& after)
+    PuttingBack(std::span<const TreeDifference> chosen, const TreeComparison& comparison,
+                const Bookmark& before, Bookmark& after)
         : comparison_(comparison), before_(before), after_(after) {
         for (const TreeDifference& difference : chosen)
             if (difference.before)
@@ -37,7 +37,8 @@ public:
     }
 
 private:
-    static void leave(std::vector<const Bookmark*>& levels, const Bookmark*& previous, const Bookmark*& parent) {
+    static void leave(std::vector<const Bookmark*>& levels, const Bookmark*& previous,
+                      const Bookmark*& parent) {
         previous = levels.back();
         parent = previous->getParent();
         levels.pop_back();

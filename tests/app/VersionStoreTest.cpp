@@ -209,7 +209,8 @@ TEST(VersionNamesTest, othersAreRefused) {
     const std::string name = VersionName{"0123456789abcdef", 1795339298.123, 0}.string();
     EXPECT_FALSE(VersionName::parse(name + "~"));
     EXPECT_FALSE(VersionName::parse(name.substr(1)));
-    for (const auto& [from, to] : {std::pair("-11-", "-13-"), {"-22T", "-32T"}, {"T09", "T25"}, {".123", ".12x"}}) {
+    for (const auto& [from, to] :
+         {std::pair("-11-", "-13-"), {"-22T", "-32T"}, {"T09", "T25"}, {".123", ".12x"}}) {
         std::string wrong = name;
         wrong.replace(wrong.find(from), std::string_view(from).size(), to);
         EXPECT_FALSE(VersionName::parse(wrong)) << wrong;

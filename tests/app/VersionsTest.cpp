@@ -1,7 +1,6 @@
-#include "tests/app/AppFixture.h"
-
 #include "app/VersionsController.h"
 #include "model/ArchiveReader.h"
+#include "tests/app/AppFixture.h"
 
 #include <gmock/gmock.h>
 
@@ -161,9 +160,10 @@ TEST_F(VersionsTest, theWholeVersionIsPutBackAsOneChange) {
 }
 
 TEST_F(VersionsTest, chosenItemsArePutBackAsOneChange) {
-    onlyLink().detachMe();
     const Ref<Bookmark> other = Bookmark::initEmpty();
-    document().getMaster().addChild(other);
+    other->makeParent();
+    other->addChild(Bookmark::initEmpty());
+    document().setMaster(other);
     document().updateUI();
     saveAs("second");
     browse();

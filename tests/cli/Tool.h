@@ -15,15 +15,15 @@ public:
     int run(const std::vector<std::string>& arguments) {
         out.clear();
         error.clear();
-        return cli::run(arguments,
-                        {files, fake.clock, fake.log, "en_US", "/state", [this]() -> Result<std::string> { return in; },
-                         [this](std::string_view text) -> Result<void> {
-                             if (outputBroken)
-                                 return failure("Cannot write the standard output: Broken pipe.");
-                             out += text;
-                             return {};
-                         },
-                         [this](std::string_view text) { error += text; }});
+        return cli::run(arguments, {files, fake.clock, fake.log, "en_US", "/state",
+                                    [this]() -> Result<std::string> { return in; },
+                                    [this](std::string_view text) -> Result<void> {
+                                        if (outputBroken)
+                                            return failure("Cannot write the standard output: Broken pipe.");
+                                        out += text;
+                                        return {};
+                                    },
+                                    [this](std::string_view text) { error += text; }});
     }
 
     MemoryFileStore files;

@@ -29,12 +29,12 @@ protected:
 };
 
 TEST_F(VersionsTest, compareListsEachChangeOnOneLine) {
-    const std::string before = folder("Master", link("a", "https://a/") + "," + link("b", "https://b/") + "," +
-                                                    folder("F", link("c", "https://c/")) + "," +
-                                                    link("d", "https://d/"));
-    const std::string after =
-        folder("Master", link("b2", "https://b/") + "," + folder("F", link("d", "https://d/")) + "," +
-                             link("c", "https://c/", R"(,"tags":"t","label":2)") + "," + link("e", "https://e/"));
+    const std::string before =
+        folder("Master", link("a", "https://a/") + "," + link("b", "https://b/") + "," +
+                             folder("F", link("c", "https://c/")) + "," + link("d", "https://d/"));
+    const std::string after = folder(
+        "Master", link("b2", "https://b/") + "," + folder("F", link("d", "https://d/")) + "," +
+                      link("c", "https://c/", R"(,"tags":"t","label":2)") + "," + link("e", "https://e/"));
     EXPECT_EQ(compare(before, after), "removed\t0\ta  <https://a/>\n"
                                       "renamed\t0\tb2  <https://b/>  (was b)\n"
                                       "moved\t1/0\td  <https://d/>  (was at 3)\n"
@@ -52,10 +52,12 @@ TEST_F(VersionsTest, compareAsJsonHasOldPathsAndNames) {
     make("/a.tbln", folder("Master", folder("F", link("a\\tb", "https://a/"))));
     make("/b.tbln", folder("Master", link("c", "https://a/") + "," + folder("F", "")));
     EXPECT_EQ(run({"compare", "--json", "/a.tbln", "/b.tbln"}), 0);
-    EXPECT_EQ(out, R"({"change":"moved","path":"0","oldPath":"0/0","name":"c","url":"https://a/"})"
-                   "\n"
-                   R"({"change":"renamed","path":"0","oldPath":"0/0","name":"c","oldName":"a\tb","url":"https://a/"})"
-                   "\n");
+    EXPECT_EQ(
+        out,
+        R"({"change":"moved","path":"0","oldPath":"0/0","name":"c","url":"https://a/"})"
+        "\n"
+        R"({"change":"renamed","path":"0","oldPath":"0/0","name":"c","oldName":"a\tb","url":"https://a/"})"
+        "\n");
 }
 
 TEST_F(VersionsTest, compareTakesDevNullForAnEmptyDocument) {

@@ -26,12 +26,15 @@ public:
     std::unique_ptr<DocumentWindow> makeWindow(ViewController& controller) override {
         return std::make_unique<MemoryWindow>(controller);
     }
+    void presentVersions(std::shared_ptr<VersionsController> /*controller*/) override {}
 };
 
 /// A run of the program: real files, alerts and panels that answer what the test laid in.
 class ProgramRun {
 public:
-    explicit ProgramRun(const std::string& folder) : recovery(folder + "/state/unsaved") {
+    // The state folder is named before the application is made, which comes last.
+    explicit ProgramRun(const std::string& folder)
+        : recovery((fakes.folders.state = folder + "/state") + "/unsaved") {
         fakes.base.defaults.setBoolForKey("MakeBackups", true);
         fakes.folders.kept["BackupFolderBookmark"] = folder + "/backups";
     }
@@ -90,8 +93,9 @@ protected:
         document.updateChangeCount(ChangeKind::Done);
     }
     /// The version that the file holds whole; -1 with a failed test when it is anything else.
-    int versionIn(const std::string& file) {
-        const Result<std::string> bytes = files.readFile(file);
+    int versionIn(const std::string& file) { return versionIn(file, files.readFile(file)); }
+    /// The same for bytes that were read from the file.
+    static int versionIn(const std::string& file, const Result<std::string>& bytes) {
         EXPECT_TRUE(bytes.has_value()) << file;
         const auto tree = readDocumentArchive(bytes.value_or(""));
         EXPECT_TRUE(tree.has_value()) << file << " is damaged";

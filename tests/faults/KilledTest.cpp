@@ -1,6 +1,7 @@
 // The program is killed at moments that nobody chose.
 #include "tests/faults/FaultFixture.h"
 
+#include <algorithm>
 #include <chrono>
 #include <random>
 #include <thread>
@@ -37,6 +38,17 @@ protected:
             ::_exit(8);
     }
 
+    /// The newest versions of the file in the store, each of which must be whole.
+    std::vector<int> keptVersions(const std::string& file, std::size_t most = SIZE_MAX) {
+        FakeBaseServices services;
+        const VersionStore store(files, services.clock, services.defaults, path("state/versions"));
+        std::vector<int> numbers;
+        for (const DocumentVersion& version : store.versionsOf(file))
+            if (numbers.size() < most)
+                numbers.push_back(versionIn(version.path, store.read(version)));
+        return numbers;
+    }
+
     std::mt19937 random{20261121};
 };
 
@@ -65,7 +77,12 @@ TEST_F(KilledTest, killedAtAHundredMomentsOfSavingTheFileIsOneWholeVersion) {
         lastSeen = seen;
         for (const std::string& name : files.namesInFolder(path("backups")))
             EXPECT_LE(versionIn(path("backups") + "/" + name), seen);
+        const std::vector<int> kept = keptVersions(file, 3);
+        EXPECT_NE(std::ranges::find(kept, seen - 1), kept.end()) << "what " << seen << " replaced is gone";
     }
+    const std::vector<int> kept = keptVersions(file);
+    EXPECT_GE(kept.size(), static_cast<std::size_t>(lastSeen));
+    RecordProperty("versionsKept", static_cast<int>(kept.size()));
     EXPECT_EQ(kills, 100);
     EXPECT_GT(versions, kills) << "no run was killed later than in its second save";
     RecordProperty("kills", kills);

@@ -12,7 +12,8 @@ namespace {
 using test::LetterTree;
 
 // Puts back the differences of the nodes with these names (in the tree before), or all.
-std::string afterPuttingBack(const LetterTree& before, const LetterTree& after, const std::string& names = "*") {
+std::string afterPuttingBack(const LetterTree& before, const LetterTree& after,
+                             const std::string& names = "*") {
     const TreeComparison comparison(*before.root, *after.root);
     std::vector<TreeDifference> chosen;
     for (const TreeDifference& difference : comparison.differences())
@@ -99,9 +100,8 @@ TEST(TreePutBackTest, afterRandomLossesEverythingComesBack) {
         for (int loss = 0; loss < 6; ++loss) {
             Bookmark* node = nullptr;
             for (char letter = 'a'; letter <= 'x' && !node; ++letter) {
-                const char name = text.find(letter) != std::string::npos
-                                      ? letter
-                                      : static_cast<char>(letter - 'a' + 'A');
+                const char name =
+                    text.find(letter) != std::string::npos ? letter : static_cast<char>(letter - 'a' + 'A');
                 if (random() % 8 == 0)
                     node = &after[name];
             }

@@ -64,8 +64,8 @@ QVariant DifferencesModel::data(const QModelIndex& index, int role) const {
         return {};
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
         return textOf(index);
-    const bool hasBox = index.column() == kName &&
-                        VersionsController::canPutBack(controller_.differences()[row]);
+    const bool hasBox =
+        index.column() == kName && VersionsController::canPutBack(controller_.differences()[row]);
     if (role == Qt::CheckStateRole && hasBox)
         return checked_[row] ? Qt::Checked : Qt::Unchecked;
     return {};

@@ -28,9 +28,9 @@ constexpr int kWhatWidth = 140;
 
 VersionsSheet::VersionsSheet(std::shared_ptr<VersionsController> controller, QWidget* window)
     : QDialog(window, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
-      controller_(std::move(controller)), versions_(new QTreeWidget(this)),
-      differences_(new QTreeView(this)), model_(new DifferencesModel(*controller_, this)),
-      headline_(new QLabel(this)), buttons_(new QDialogButtonBox(this)) {
+      controller_(std::move(controller)), versions_(new QTreeWidget(this)), differences_(new QTreeView(this)),
+      model_(new DifferencesModel(*controller_, this)), headline_(new QLabel(this)),
+      buttons_(new QDialogButtonBox(this)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::WindowModal);
     const Localization& texts = controller_->texts();
@@ -109,7 +109,8 @@ QWidget* VersionsSheet::makeEmptyState() {
 }
 
 QPushButton* VersionsSheet::makeButton(const char* key, void (VersionsSheet::*slot)()) {
-    QPushButton* button = buttons_->addButton(text(key), QDialogButtonBox::ActionRole);
+    QPushButton* button = buttons_->addButton(withMnemonic(controller_->texts().text(key), mnemonics_),
+                                              QDialogButtonBox::ActionRole);
     button->setAutoDefault(false);
     connect(button, &QPushButton::clicked, this, slot);
     return button;
@@ -119,7 +120,8 @@ void VersionsSheet::makeButtons() {
     open_ = makeButton("VersionOpen", &VersionsSheet::openChosen);
     putBackAll_ = makeButton("VersionPutBackAll", &VersionsSheet::putBackAll);
     putBack_ = makeButton("VersionPutBack", &VersionsSheet::putBackChecked);
-    QPushButton* close = buttons_->addButton(text("Close"), QDialogButtonBox::RejectRole);
+    QPushButton* close = buttons_->addButton(withMnemonic(controller_->texts().text("Close"), mnemonics_),
+                                             QDialogButtonBox::RejectRole);
     close->setDefault(true);
     connect(buttons_, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }

@@ -1,10 +1,11 @@
-// The panel of a document's versions: the list by date, what changed since the chosen one, and the buttons that
-// open it or put it back. It decides nothing.
+// The panel of a document's versions: the list by date, what changed since the chosen one, and the buttons
+// that open it or put it back. It decides nothing.
 #pragma once
 
 #include "app/VersionsController.h"
 
 #include <QDialog>
+#include <QSet>
 
 #include <memory>
 
@@ -49,6 +50,7 @@ private:
     DifferencesModel* model_;
     QLabel* headline_;
     QDialogButtonBox* buttons_;
+    QSet<QChar> mnemonics_;
     QPushButton* open_ = nullptr;
     QPushButton* putBack_ = nullptr;
     QPushButton* putBackAll_ = nullptr;
