@@ -31,9 +31,18 @@ public:
 
     /// The same with the first "%d" replaced by `number`.
     std::string format(std::string_view key, std::size_t number) const {
-        std::string result = text(key);
+        return counted(key, number, std::to_string(number));
+    }
+
+    /// The same with the number written as `digits`. One has a text of its own where there is one, under the
+    /// key with ":one" behind it.
+    std::string counted(std::string_view key, std::size_t number, std::string_view digits) const {
+        const std::string one = std::string(key) + ":one";
+        std::string result = number == 1 ? text(one) : one;
+        if (result == one)
+            result = text(key);
         if (const auto mark = result.find("%d"); mark != std::string::npos)
-            result.replace(mark, 2, std::to_string(number));
+            result.replace(mark, 2, digits);
         return result;
     }
 

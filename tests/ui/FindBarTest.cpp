@@ -106,7 +106,7 @@ TEST_F(FindBarTest, recentSearchesAreInAMenuThatClearsThem) {
     EXPECT_EQ(titles(), (QStringList{"b && c", "one hit", "", clear}));
     button->menu()->actions().at(1)->trigger();
     EXPECT_EQ(field().text(), "one hit");
-    EXPECT_TRUE(shows("1 matches"));
+    EXPECT_TRUE(shows("1 match"));
     button->menu()->actions().at(3)->trigger();
     EXPECT_EQ(titles(), QStringList{empty});
 }

@@ -150,7 +150,7 @@ TEST_F(LargeFindTest, aSearchGoesOnWhileTheUserMayType) {
     EXPECT_TRUE(outline().selected.empty());
     timers.advance(0);
     timers.advance(0);
-    EXPECT_EQ(window->bar.label, "1 matches");
+    EXPECT_EQ(window->bar.label, "1 match");
     EXPECT_EQ(outline().selected, std::set<Bookmark*>{last});
     EXPECT_EQ(timers.running(), 0u);
 }
@@ -172,7 +172,7 @@ TEST_F(LargeFindTest, anotherSearchOrNoneEndsTheOneThatGoesOn) {
 TEST_F(LargeFindTest, findNextWaitsForTheFirstMatch) {
     bar().doSearch("hit");
     bar().findNext();
-    EXPECT_EQ(window->bar.label, "1 matches");
+    EXPECT_EQ(window->bar.label, "1 match");
     EXPECT_EQ(beeper.beeps, 1) << "behind the only match";
     EXPECT_EQ(timers.running(), 0u);
 }
@@ -185,7 +185,7 @@ TEST_F(LargeFindTest, itemsMayGoWhileItGoesOn) {
     ASSERT_FALSE(document.getMaster().hasChildren());
     controller->addNewData(makeLink("another hit", "x"));
     timers.advance(1);
-    EXPECT_EQ(window->bar.label, "1 matches");
+    EXPECT_EQ(window->bar.label, "1 match");
     EXPECT_NE(controller->foundBookmark(), first);
     EXPECT_EQ(controller->foundBookmark(), document.getMaster().getChild());
 }
