@@ -89,13 +89,17 @@ void DocumentController::noteAutosave(OpenDocument& opened, std::string_view fai
 }
 
 void DocumentController::autosaveAllDocuments() {
-    for (const auto& opened : documents_)
+    for (const auto& opened : documents_) {
+        opened->controller->commitEditing();
         autosave(*opened, Moment::Deactivation);
+    }
 }
 
 void DocumentController::autosaveAllDocumentsForTheEnd() {
-    for (const auto& opened : documents_)
+    for (const auto& opened : documents_) {
+        opened->controller->finishEditing();
         autosave(*opened, Moment::End);
+    }
 }
 
 void DocumentController::recoverUnsavedDocuments() {

@@ -89,6 +89,7 @@ void DocumentController::askAfterFailedSave(Document& document, const Error& err
 }
 
 void DocumentController::closeDocument(Document& document, const Done& done) {
+    find(document)->controller->finishEditing();
     askToSave(document, [this, &document, done](bool mayGo) {
         if (mayGo && find(document))
             remove(document);
@@ -109,6 +110,8 @@ void DocumentController::remove(const Document& document) {
 }
 
 void DocumentController::closeAllDocuments(const Done& done) {
+    for (const auto& opened : documents_)
+        opened->controller->finishEditing();
     reviewFrom(documents(), [this, done](bool mayGo) {
         if (mayGo)
             for (const Document* document : documents())

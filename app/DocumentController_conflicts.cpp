@@ -83,6 +83,7 @@ bool DocumentController::revertToContentsOfURL(Document& document) {
 }
 
 void DocumentController::revertDocument(Document& document) {
+    find(document)->controller->commitEditing();
     const Localization& texts = platform_.base.texts;
     const Alert question = fileAlert(texts, "Revert", document,
                                      {{texts.text("RevertButton"), AlertButtonRole::Destructive},

@@ -46,6 +46,7 @@ bool DocumentController::writeOrAlert(Document& document, const std::string& pat
 }
 
 void DocumentController::saveDocument(Document& document, const Done& done) {
+    find(document)->controller->commitEditing();
     if (document.fileName().empty())
         return saveDocumentAs(document, done);
     switch (askAboutFile(document, Before::Saving)) {
@@ -82,6 +83,7 @@ const Document* DocumentController::otherDocumentOfFile(const Document& document
 }
 
 void DocumentController::saveDocumentAs(Document& document, const Done& done) {
+    find(document)->controller->commitEditing();
     const Localization& texts = platform_.base.texts;
     const SavePanel panel{.message = texts.text("SaveDocument"),
                           .prompt = texts.text("Save"),

@@ -38,7 +38,9 @@ RemovalOptions removalOptions(const UserDefaults& defaults) {
 Removal removeByStatus(Bookmark& root, const RemovalOptions& options, const Localization& texts, Date now) {
     const std::string basketName = texts.text(kWasteBasket);
     Bookmark* basket = options.move ? searchBasket(root, basketName, texts) : nullptr;
-    Removal removal{.items = candidates(root, options, basket)};
+    Removal removal;
+    removal.items = candidates(root, options, basket);
+    removal.places = placesOf(removal.items);
     for (const Ref<Bookmark>& item : removal.items) {
         item->detachMe();
         if (!options.move)
@@ -57,8 +59,8 @@ Removal removeByStatus(Bookmark& root, const RemovalOptions& options, const Loca
 }
 
 std::string removalSummary(const RemovalOptions& options, std::size_t count, const Localization& texts) {
-    return texts.format(options.move ? "DuplicatesMoved" : "DuplicatesDeleted",
-                        texts.format("%d bookmarks", count));
+    const std::string key = options.move ? "DuplicatesMoved" : "DuplicatesDeleted";
+    return texts.format(count == 1 ? key + ":one" : key, texts.format("%d bookmarks", count));
 }
 
 Bookmark* misplacedWasteBasket(const Bookmark& root, const Localization& texts) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "model/Bookmark.h"
+#include "model/RemovedItems.h"
 #include "platform/Localization.h"
 #include "platform/UserDefaults.h"
 
@@ -27,6 +28,8 @@ RemovalOptions removalOptions(const UserDefaults& defaults);
 struct Removal {
     /// The links that were deleted or moved, in document order.
     std::vector<Ref<Bookmark>> items;
+    /// Where they stood.
+    std::vector<RemovedItem> places;
     /// The pass had to make the Waste Basket.
     bool madeBasket = false;
 };

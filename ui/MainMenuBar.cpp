@@ -3,6 +3,7 @@
 #include "app/AppDelegate.h"
 #include "ui/Icons.h"
 #include "ui/Strings.h"
+#include "ui/TextFieldCommands.h"
 
 #include <QMenu>
 #include <QPainter>
@@ -115,7 +116,8 @@ void MainMenuBar::add(QMenu* menu, const MenuItem& item, const QString& title) {
     }
     connect(action, &QAction::triggered, this, [this, item] {
         willPerform_();
-        app_.performMenuItem(item);
+        if (!performInTextField(item.action))
+            app_.performMenuItem(item);
     });
 }
 

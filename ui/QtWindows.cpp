@@ -33,6 +33,9 @@ public:
         window_->showTitle(toQString(name), QFile::decodeName(path.c_str()), edited);
     }
     void setURLFieldText(const std::string& text) override { window_->showURLFieldText(oneLine(text)); }
+    void setURLFieldAction(const std::string& title, const std::string& description) override {
+        window_->showURLFieldAction(toQString(title), oneLine(description));
+    }
     void setURLFieldFontSize(double size) override { window_->setURLFieldFontSize(size); }
     void showEmptyState(bool empty) override { window_->showEmptyState(empty); }
     FindBar& findBar() override { return window_->findBar(); }
@@ -45,9 +48,7 @@ public:
     void presentLegenda() override { tabulon::presentLegenda(window_, owner_.platform_->base.texts); }
     std::string frame() const override { return window_->frame(); }
     void setFrame(const std::string& frame) override { window_->setFrame(frame); }
-    bool applicationIsActive() const override {
-        return QGuiApplication::applicationState() == Qt::ApplicationActive;
-    }
+    bool isKeyWindow() const override { return window_->isActiveWindow(); }
     void show() override { window_->show(); }
     void makeKeyAndOrderFront() override { window_->bringToFront(); }
     void performMiniaturize() override { window_->showMinimized(); }

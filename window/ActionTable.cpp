@@ -16,6 +16,8 @@ bool ActionTable::validateMenuItem(const MenuItem& item) const {
 void ActionTable::perform(const MenuItem& sender) const {
     // A copy: the operation may end the responder that owns this table.
     const Perform operation = entries_.find(sender.action)->second.perform;
+    if (willPerform_)
+        willPerform_();
     operation(sender);
 }
 

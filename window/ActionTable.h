@@ -7,6 +7,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tabulon {
 
@@ -18,6 +19,9 @@ public:
 
     /// Without `validate` the action is always enabled.
     void add(std::string_view action, Perform perform, Validate validate = nullptr);
+
+    /// Called before each action runs.
+    void setWillPerform(std::function<void()> willPerform) { willPerform_ = std::move(willPerform); }
 
     bool contains(std::string_view action) const { return entries_.contains(action); }
 
@@ -34,6 +38,7 @@ private:
     };
 
     std::map<std::string, Entry, std::less<>> entries_;
+    std::function<void()> willPerform_;
 };
 
 } // namespace tabulon

@@ -24,6 +24,9 @@ public:
     /// mark.
     virtual void setTitle(const std::string& name, const std::string& path, bool edited) = 0;
     virtual void setURLFieldText(const std::string& text) = 0;
+    /// Shows a button of this title beside the URL field, which `description` explains; none for an empty
+    /// title. Pressing it is the status line's `performAction`.
+    virtual void setURLFieldAction(const std::string& title, const std::string& description) = 0;
     /// The URL field takes the system's font in this size, in points of 1/72 inch.
     virtual void setURLFieldFontSize(double size) = 0;
     /// True shows the help for an empty document in place of the rows.
@@ -43,8 +46,8 @@ public:
     virtual std::string frame() const = 0;
     virtual void setFrame(const std::string& frame) = 0;
 
-    /// Whether the program is the one that the user works with.
-    virtual bool applicationIsActive() const = 0;
+    /// Whether the window is the one that the user works with. False while an alert or a sheet is in front.
+    virtual bool isKeyWindow() const = 0;
 
     virtual void show() = 0;
     virtual void makeKeyAndOrderFront() = 0;

@@ -62,10 +62,12 @@ public:
     virtual void scrollRowToVisible(std::size_t row) = 0;
 
     /// Begins to edit the cell's text in place, all of it selected; when that ends the view tells the
-    /// controller. The cell must be one that can be edited.
+    /// controller. The cell must be one that can be edited, and no other one may be edited yet.
     virtual void editCell(Column column, std::size_t row) = 0;
     /// Ends editing, if a cell is being edited, and takes over what was typed.
     virtual void endEditing() = 0;
+    /// Whether what is typed goes to the rows or to a field of theirs, rather than elsewhere in the window.
+    virtual bool hasKeyboard() const = 0;
     /// The column that the pointer is over; nothing when it is outside the cells, or the keyboard elsewhere.
     virtual std::optional<Column> columnUnderPointer() const = 0;
 

@@ -23,6 +23,7 @@ ViewController::~ViewController() {
 }
 
 void ViewController::addActions() {
+    actions_.setWillPerform([this] { commitEditing(); });
     actions_.add("expandFolder:", [this](const MenuItem&) { expandFolder(); });
     actions_.add("expandFolderPlus:", [this](const MenuItem&) { expandFolderPlus(); });
     actions_.add("collapseFolder:", [this](const MenuItem&) { collapseFolder(); });
@@ -103,10 +104,11 @@ void ViewController::addFindActions() {
 void ViewController::setWindow(DocumentWindow* window) {
     window_ = window;
     findBar_.setFindBar(&window->findBar());
+    statusLine_.setWindow(window);
     viewDidLoad();
     documentStateChanged();
     window_->showEmptyState(rows_.size() == 0);
-    setURLFieldText(countsText());
+    statusLine_.showCounts();
 }
 
 void ViewController::setMaster(Bookmark& master) {
@@ -119,7 +121,8 @@ void ViewController::setMaster(Bookmark& master) {
         return;
     outline().didReloadData();
     window_->showEmptyState(rows_.size() == 0);
-    setURLFieldText(countsText());
+    statusLine_.treeDidChange();
+    statusLine_.showCounts();
 }
 
 void ViewController::documentStateChanged() {
@@ -197,6 +200,7 @@ void ViewController::noSelectedFolder() {
 
 void ViewController::makeDirty() {
     counts_.reset();
+    statusLine_.treeDidChange();
     document_.updateChangeCount(ChangeKind::Done);
 }
 

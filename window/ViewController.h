@@ -8,6 +8,7 @@
 #include "model/Collation.h"
 #include "model/Document.h"
 #include "model/Finder.h"
+#include "model/RemovedItems.h"
 #include "model/StatusRemoval.h"
 #include "model/TreeSort.h"
 #include "platform/Platform.h"
@@ -18,6 +19,7 @@
 #include "window/FindBar.h"
 #include "window/PasteboardItem.h"
 #include "window/SharedState.h"
+#include "window/StatusLine.h"
 #include "window/VisibleRows.h"
 
 #include <functional>
@@ -36,6 +38,9 @@ enum class ExpansionChange { Expand, ExpandPlus, Collapse, CollapsePlus };
 class GetInfoController;
 
 enum class FontSizeStep { Larger, Smaller };
+
+/// What has changed the selection: a key or the mouse, or a command that selects rows of its own.
+enum class SelectedBy { User, Program };
 
 /// Whether the name of a new item is edited at once.
 enum class Editing { No, Begins };
@@ -155,6 +160,9 @@ public:
     /// are the last ones is removed by moving it down.
     void moveUp();
     void moveDown();
+    /// Inserts the items where they stood, as one change, and selects them. Requires that nothing else of the
+    /// tree has changed since they were removed.
+    void putBack(const std::vector<RemovedItem>& removed);
 
     // The pasteboard. What is put there and what is read of it is in BookmarkPasteboard.h and MimeItems.h.
 
@@ -321,14 +329,23 @@ public:
     void editNameBookmark();
     void editURLBookmark();
     void editTagsBookmark();
+    /// Begins to edit the cell, which must be one that can be edited. Editing that goes on ends first, and
+    /// none begins by itself any more.
+    void beginEditing(Column column, std::size_t row);
     void endEdit();
+    /// Ends editing in place, if it goes on, and takes over what was typed. Every action does so before it
+    /// runs.
+    void commitEditing();
+    /// The same when the window is about to go: an info panel that is up saves its change and goes as well.
+    void finishEditing();
 
     // The URL field
 
+    StatusLine& statusLine() { return statusLine_; }
     /// The pointer is over the outline: over this row, or over none.
     void mouseMoved(std::optional<std::size_t> row);
     void mouseExited();
-    void selectionDidChange();
+    void selectionDidChange(SelectedBy cause);
     /// "3 bookmarks in 2 folders" for the whole document.
     std::string countsText();
 
@@ -394,6 +411,7 @@ private:
     Bookmark& basketOfKey(std::string_view key);
     void addFirst(Ref<Bookmark> item, Bookmark& folder);
     void removeItem(Bookmark& item);
+    void tellDeletion(std::vector<RemovedItem> removed);
     void beginChangingManyRows();
     void endChangingManyRows();
     Ref<Bookmark> bookmarkOf(const PasteboardItem& item) const;
@@ -409,6 +427,7 @@ private:
     void fieldDidChange(Bookmark& item, std::size_t row);
     void editCurrentRow(Column column);
     void scheduleAutoEdit();
+    void autoEdit(Column column);
     bool hasSelection() const;
     bool hasOneSelectedFolder() const;
     bool severalRowsAreSelected() const;
@@ -429,7 +448,6 @@ private:
     Counts countNodes() const;
     void updateURL();
     void forgetRowsUnderPointer();
-    void setURLFieldText(std::string text);
     Result<std::string> exportTo(std::string_view format, Progress* progress = nullptr) const;
     void exportToFile(const std::string& path);
     void writeOrLog(const std::string& path, std::string_view bytes);
@@ -456,7 +474,7 @@ private:
     Finder finder_{shared_.findPhases, collation_};
     FindBarController findBar_{*this, platform_};
     std::shared_ptr<GetInfoController> info_;
-    std::string urlFieldText_;
+    StatusLine statusLine_{*this, platform_};
     std::string windowTitle_; // empty where it is the document's name
     const std::shared_ptr<const bool> life_ = std::make_shared<const bool>(true);
 };

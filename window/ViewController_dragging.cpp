@@ -9,6 +9,7 @@
 namespace tabulon {
 
 std::vector<PasteboardItem> ViewController::beginDraggingSession() {
+    commitEditing();
     NodeRecords& records = shared_.records;
     records.clear(NodeRecords::List::Dragged);
     const std::int64_t format = copyFormat();
@@ -135,6 +136,7 @@ bool ViewController::acceptDrop(const DragInfo& drag, Bookmark* item, std::optio
     std::optional<Place> place = placeOfDrop(item, childIndex);
     if (!place || dragOperation_ == DragOperation::None)
         return false;
+    commitEditing();
     const Ref<Bookmark> folder(place->folder);
     std::vector<Ref<Bookmark>> dropped;
     const bool many = drag.items.size() > kRowsHandledSingly;

@@ -195,7 +195,7 @@ void ViewController::rememberDesktop(std::size_t changes) {
     if (!platform_.base.defaults.boolForKey("RememberDesktop"))
         return;
     for (; changes > 0; --changes)
-        makeDirty();
+        document_.updateChangeCount(ChangeKind::Done);
 }
 
 } // namespace tabulon

@@ -1,4 +1,5 @@
 // Editing in place: what a row's fields do when they end, and how editing begins, by command or by itself.
+#include "window/GetInfoController.h"
 #include "window/ViewController.h"
 
 namespace tabulon {
@@ -68,7 +69,14 @@ void ViewController::editTagsBookmark() {
 void ViewController::editCurrentRow(Column column) {
     const std::optional<std::size_t> row = outline().selectedRow();
     if (row && shouldEdit(column, rows_.at(*row)))
-        outline().editCell(column, *row);
+        beginEditing(column, *row);
+}
+
+void ViewController::beginEditing(Column column, std::size_t row) {
+    const Ref<Bookmark> item(&rows_.at(row));
+    commitEditing();
+    if (const auto now = rowForItem(*item))
+        outline().editCell(column, *now);
 }
 
 void ViewController::endEdit() {
@@ -76,19 +84,36 @@ void ViewController::endEdit() {
         outline().endEditing();
 }
 
+void ViewController::commitEditing() {
+    autoEdit_.reset();
+    if (window_)
+        outline().endEditing();
+}
+
+void ViewController::finishEditing() {
+    commitEditing();
+    if (info_ && info_->isShown())
+        info_->done();
+}
+
 // A click on the row that is selected already edits nothing: the selection has not changed.
 void ViewController::scheduleAutoEdit() {
     autoEdit_.reset();
     if (!platform_.base.defaults.boolForKey("AutoEdit") || !outline().selectedRow() ||
-        !window_->applicationIsActive())
+        !window_->isKeyWindow())
         return;
     if (const std::optional<Column> column = outline().columnUnderPointer())
-        autoEdit_ = platform_.timers.after(kAutoEditPause, [this, column] {
-            autoEdit_.reset();
-            column == Column::Name  ? editNameBookmark()
-            : column == Column::URL ? editURLBookmark()
-                                    : editTagsBookmark();
-        });
+        autoEdit_ = platform_.timers.after(kAutoEditPause, [this, column] { autoEdit(*column); });
+}
+
+// Meanwhile another window may have come to the front, or the user may type elsewhere.
+void ViewController::autoEdit(Column column) {
+    autoEdit_.reset();
+    if (!window_->isKeyWindow() || !outline().hasKeyboard())
+        return;
+    column == Column::Name  ? editNameBookmark()
+    : column == Column::URL ? editURLBookmark()
+                            : editTagsBookmark();
 }
 
 } // namespace tabulon

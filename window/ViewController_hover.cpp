@@ -3,13 +3,6 @@
 #include "window/ViewController.h"
 
 namespace tabulon {
-namespace {
-
-std::string urlToShow(const Bookmark& item) {
-    return item.isFolder() ? std::string() : item.itemURL().string();
-}
-
-} // namespace
 
 ViewController::Counts ViewController::countNodes() const {
     Counts counts;
@@ -35,41 +28,34 @@ std::string ViewController::countsText() {
 void ViewController::forgetRowsUnderPointer() {
     hoveredRow_.reset();
     clickedRow_.reset();
+    statusLine_.rowsWillChange();
 }
 
 void ViewController::mouseMoved(std::optional<std::size_t> row) {
     if (!row)
-        setURLFieldText(countsText());
+        statusLine_.showCounts();
     else if (row != hoveredRow_)
-        setURLFieldText(urlToShow(rows_.at(*row)));
+        statusLine_.showAddress(rows_.at(*row));
     hoveredRow_ = row;
 }
 
 void ViewController::mouseExited() {
     hoveredRow_.reset();
-    if (outline().selectedRow())
-        updateURL();
-    else
-        setURLFieldText(countsText());
+    statusLine_.fallBack();
 }
 
-void ViewController::selectionDidChange() {
+void ViewController::selectionDidChange(SelectedBy cause) {
     if (!window_) // a view reports an empty selection while it is being made
         return;
-    scheduleAutoEdit();
+    autoEdit_.reset();
+    if (cause == SelectedBy::User)
+        scheduleAutoEdit();
     updateURL();
 }
 
 void ViewController::updateURL() {
     if (const auto row = outline().selectedRow())
-        setURLFieldText(urlToShow(rows_.at(*row)));
-}
-
-void ViewController::setURLFieldText(std::string text) {
-    if (text == urlFieldText_)
-        return;
-    urlFieldText_ = std::move(text);
-    window_->setURLFieldText(urlFieldText_);
+        statusLine_.showAddress(rows_.at(*row));
 }
 
 } // namespace tabulon

@@ -11,7 +11,7 @@ void ViewController::addNewData(Ref<Bookmark> item, Editing editing) {
     insertAtAnchor(current ? rows_.at(*current) : getMaster(), std::move(item));
     if (editing == Editing::Begins)
         if (const auto row = rowForItem(inserted))
-            outline().editCell(Column::Name, *row);
+            beginEditing(Column::Name, *row);
 }
 
 void ViewController::insertNewData(Ref<Bookmark> item, std::optional<std::size_t> row) {

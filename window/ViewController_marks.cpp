@@ -40,7 +40,9 @@ void ViewController::findDuplicates() {
         return;
     enableMarks();
     reloadItems(clearDuplicateStatus(getMaster()));
-    reloadItems(markDuplicates(getMaster()));
+    const std::vector<Bookmark*> duplicates = markDuplicates(getMaster());
+    reloadItems(duplicates);
+    statusLine_.showStatus(platform_.base.texts.format("%d duplicates marked", duplicates.size()));
 }
 
 void ViewController::clearMarks() {
@@ -98,12 +100,14 @@ Removal ViewController::deleteBookmarksConditional(const RemovalOptions& options
 
 void ViewController::deleteBookmarksConditionalCommand(const RemovalOptions& options) {
     shared_.removedLinks = 0;
-    const Removal removal = deleteBookmarksConditional(options);
+    Removal removal = deleteBookmarksConditional(options);
     const std::size_t count = shared_.removedLinks = removal.items.size();
     // A link that goes into the basket is a change of its own, and so is the basket.
     const std::size_t arrivals = options.move ? count + std::size_t{removal.madeBasket} : 0;
     for (std::size_t changes = count > 0 ? arrivals + 1 : 0; changes > 0; --changes)
         makeDirty();
+    if (count > 0 && !options.move)
+        tellDeletion(std::move(removal.places));
     const Localization& texts = platform_.base.texts;
     platform_.alerts.runModal(Alert{.style = AlertStyle::Informational,
                                     .message = removalSummary(options, count, texts),

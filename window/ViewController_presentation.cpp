@@ -1,4 +1,5 @@
 // What the cells of the outline show for a node.
+#include "window/ShownAddress.h"
 #include "window/ViewController.h"
 
 namespace tabulon {
@@ -39,7 +40,7 @@ CellContent ViewController::viewForTableColumn(Column column, std::size_t row, b
         return cell;
     case Column::URL:
         cell.kind = CellKind::URLView;
-        cell.text = cellText(item.itemURL(), color);
+        cell.text = cellText(shownAddress(item.itemURL()), color);
         cell.editable = shouldEdit(column, item);
         return cell;
     }

@@ -41,6 +41,7 @@ void ViewController::deleteSelection() {
     if (selected.empty())
         return noSelection();
     const std::vector<Ref<Bookmark>> items(selected.begin(), selected.end());
+    std::vector<RemovedItem> places = placesOf(items);
     const bool many = items.size() > kRowsHandledSingly;
     if (many)
         beginChangingManyRows();
@@ -49,6 +50,32 @@ void ViewController::deleteSelection() {
         removeItem(**item);
     if (many)
         endChangingManyRows();
+    makeDirty();
+    tellDeletion(std::move(places));
+}
+
+void ViewController::tellDeletion(std::vector<RemovedItem> removed) {
+    const Localization& texts = platform_.base.texts;
+    std::string text = deletionText(removed, texts);
+    statusLine_.showStatus(std::move(text), texts.text("PutBack"),
+                           [this, removed = std::move(removed)] { putBack(removed); });
+}
+
+void ViewController::putBack(const std::vector<RemovedItem>& removed) {
+    commitEditing();
+    const bool many = removed.size() > kRowsHandledSingly;
+    if (many)
+        beginChangingManyRows();
+    std::vector<Bookmark*> items;
+    for (const RemovedItem& place : removed) {
+        insertChild(*place.folder, place.index, place.item);
+        items.push_back(place.item.get());
+    }
+    if (many)
+        endChangingManyRows();
+    selectItems(items);
+    if (const auto row = rowForItem(*items.front()))
+        outline().scrollRowToVisible(*row);
     makeDirty();
 }
 
@@ -78,11 +105,13 @@ void ViewController::moveDown() {
     if (*row + 2 > rows_.size())
         return platform_.beeper.beep();
     const Ref<Bookmark> item(&rows_.at(*row));
+    std::vector<RemovedItem> place = placesOf({item});
     removeItem(*item);
     makeDirty();
     // An expanded folder whose rows were the last ones has nothing to go behind, and is gone.
     if (*row < rows_.size())
-        insertNewData(item, *row);
+        return insertNewData(item, *row);
+    tellDeletion(std::move(place));
 }
 
 } // namespace tabulon

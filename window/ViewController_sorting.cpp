@@ -44,6 +44,7 @@ void ViewController::sortDescriptorsDidChange(Column column, SortDirection direc
 }
 
 void ViewController::headerClicked(Column column) {
+    commitEditing();
     const UserDefaults& defaults = platform_.base.defaults;
     if (!defaults.boolForKey("ColumnSort") && !defaults.boolForKey("SuppressColumnSortSheet"))
         sortQuestion_ = platform_.timers.after(kPauseBeforeQuestion, [this] { sortNameSheet(); });

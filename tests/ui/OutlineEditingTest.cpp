@@ -224,14 +224,81 @@ TEST_F(OutlineEditingTest, whileTheUserTypesElsewhereNoCellIsEditedByItself) {
     const auto isEditedWithTheKeyboardAt = [this](QWidget& there) {
         widget().selectRows({});
         there.setFocus();
-        controller->findText("link");
-        EXPECT_EQ(widget().selectedRow(), 0u);
+        widget().goToRow(0);
         timers.advance(0.51);
         return field() != nullptr;
     };
     EXPECT_FALSE(isEditedWithTheKeyboardAt(elsewhere));
     EXPECT_TRUE(isEditedWithTheKeyboardAt(widget()));
     widget().setParent(nullptr);
+}
+
+TEST_F(OutlineEditingTest, whatAMatchSelectsIsNotEditedByItself) {
+    base.defaults.setBoolForKey("AutoEdit", true);
+    open();
+    QCursor::setPos(widget().viewport()->mapToGlobal(cell(0, Column::Name).center()));
+    controller->findText("link");
+    EXPECT_EQ(widget().selectedRow(), 0u);
+    timers.advance(0.51);
+    EXPECT_FALSE(field());
+}
+
+TEST_F(OutlineEditingTest, TabFromTheNameOfANewBookmarkReachesItsOwnAddressWhereverThePointerIs) {
+    base.defaults.setBoolForKey("AutoEdit", true);
+    open();
+    QCursor::setPos(widget().viewport()->mapToGlobal(cell(0, Column::URL).center()));
+    controller->newBookmark();
+    ASSERT_TRUE(field());
+    QTest::keyClicks(field(), "new");
+    timers.advance(0.51);
+    ASSERT_TRUE(field());
+    EXPECT_EQ(field()->text(), "new");
+    QTest::keyClick(field(), Qt::Key_Tab);
+    timers.advance(0.51);
+    ASSERT_TRUE(field());
+    QTest::keyClicks(field(), "https://typed.example/");
+    QTest::keyClick(field(), Qt::Key_Return);
+    EXPECT_EQ(controller->itemAtRow(0).itemName().view(), "new");
+    EXPECT_EQ(controller->itemAtRow(0).itemURL().view(), "https://typed.example/");
+    EXPECT_EQ(link_->itemName().view(), "link");
+}
+
+TEST_F(OutlineEditingTest, aSecondFieldEndsTheFirst) {
+    open();
+    ASSERT_TRUE(edit(Column::Name, 0));
+    QTest::keyClicks(field(), "typed");
+    widget().editCell(Column::URL, 0);
+    ASSERT_TRUE(field());
+    EXPECT_EQ(field()->text(), "https://a.example/");
+    EXPECT_EQ(link_->itemName().view(), "typed");
+    EXPECT_EQ(widget().viewport()->findChildren<QLineEdit*>().size(), 1);
+}
+
+TEST_F(OutlineEditingTest, keysInAFieldDoNotReachTheRow) {
+    const Ref<Bookmark> folder = makeFolder("open", true);
+    folder->addChild(makeLink("inside"));
+    add(folder);
+    open();
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Up, Qt::Key_Down, Qt::Key_PageDown, Qt::Key_Return}) {
+        ASSERT_TRUE(edit(Column::Name, 2));
+        QTest::keyClicks(field(), "renamed");
+        QTest::keyClick(field(), key);
+        EXPECT_EQ(currentRow(), 2) << key;
+        EXPECT_TRUE(folder->showHier()) << key;
+    }
+    EXPECT_FALSE(field());
+    EXPECT_EQ(folder->itemName().view(), "renamed");
+    QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
+    QApplication::sendEvent(&widget(), &repeated);
+    EXPECT_TRUE(folder->showHier()) << "the key is still held down";
+    press(Qt::Key_Return);
+    EXPECT_FALSE(folder->showHier());
+}
+
+TEST_F(OutlineEditingTest, aFieldTakesNoDrop) {
+    open();
+    ASSERT_TRUE(edit(Column::Name, 0));
+    EXPECT_FALSE(field()->acceptDrops());
 }
 
 TEST_F(OutlineEditingTest, aNewBookmarkIsInSightWithItsNameBeingEdited) {

@@ -26,6 +26,7 @@ public:
     OutlineView& outline() override { return widget; }
     void setTitle(const std::string&, const std::string&, bool) override {}
     void setURLFieldText(const std::string& text) override { urlField = text; }
+    void setURLFieldAction(const std::string&, const std::string&) override {}
     void setURLFieldFontSize(double) override {}
     void showEmptyState(bool) override {}
     FindBar& findBar() override { return bar; }
@@ -34,7 +35,7 @@ public:
     void presentLegenda() override {}
     std::string frame() const override { return {}; }
     void setFrame(const std::string&) override {}
-    bool applicationIsActive() const override { return true; }
+    bool isKeyWindow() const override { return active; }
     void show() override {}
     void makeKeyAndOrderFront() override {}
     void performMiniaturize() override {}
@@ -42,6 +43,7 @@ public:
     OutlineWidget widget;
     MemoryFindBar bar;
     std::string urlField;
+    bool active = true; ///< whether the user works with it
 };
 
 class OutlineTest : public WindowTest {

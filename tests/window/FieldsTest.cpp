@@ -1,6 +1,8 @@
 // Editing in place: what is taken over, dates, and editing that begins by command or by itself.
 #include "tests/window/WindowFixture.h"
 
+#include <functional>
+
 namespace tabulon {
 namespace {
 
@@ -88,8 +90,9 @@ TEST_F(FieldsTest, theCommandsForOneFieldAreSilentWithoutARow) {
     controller->endEdit();
     EXPECT_TRUE(alerts.shown.empty());
     EXPECT_FALSE(outline().edited);
-    EXPECT_EQ(outline().editingsEnded, 0);
+    EXPECT_EQ(outline().editingsBegun, 0);
     outline().selected = {link_};
+    controller->editNameBookmark();
     controller->endEdit();
     EXPECT_EQ(outline().editingsEnded, 1);
     controller->editTagsBookmark();
@@ -111,7 +114,7 @@ TEST_F(FieldsTest, editingBeginsByItselfHalfASecondAfterTheSelectionChanges) {
     base.defaults.setBoolForKey("AutoEdit", true);
     outline().selected = {link_};
     outline().pointer = Column::URL;
-    controller->selectionDidChange();
+    controller->selectionDidChange(SelectedBy::User);
     timers.advance(0.49);
     EXPECT_FALSE(outline().edited);
     timers.advance(0.02);
@@ -123,7 +126,7 @@ TEST_F(FieldsTest, editingDoesNotBeginByItselfOnceTheFindBarWasCalled) {
     base.defaults.setBoolForKey("AutoEdit", true);
     outline().selected = {link_};
     outline().pointer = Column::Name;
-    controller->selectionDidChange();
+    controller->selectionDidChange(SelectedBy::User);
     controller->actions().perform(MenuItem{.action = "performFindPanelAction:"});
     timers.advance(1);
     EXPECT_FALSE(outline().edited);
@@ -132,24 +135,112 @@ TEST_F(FieldsTest, editingDoesNotBeginByItselfOnceTheFindBarWasCalled) {
 TEST_F(FieldsTest, editingBeginsByItselfOnlyWhereItIsWanted) {
     const auto begins = [this] {
         outline().edited.reset();
-        controller->selectionDidChange();
+        controller->selectionDidChange(SelectedBy::User);
         timers.advance(1);
         return outline().edited.has_value();
     };
     outline().selected = {link_};
     outline().pointer = Column::Name;
+    EXPECT_TRUE(begins()) << "the setting is on at first";
     base.defaults.setBoolForKey("AutoEdit", false);
     EXPECT_FALSE(begins()) << "the setting is off";
     base.defaults.setBoolForKey("AutoEdit", true);
     EXPECT_TRUE(begins());
     window->active = false;
-    EXPECT_FALSE(begins()) << "another program is in front";
+    EXPECT_FALSE(begins()) << "another window is in front";
     window->active = true;
     outline().pointer.reset();
     EXPECT_FALSE(begins()) << "the pointer is elsewhere";
     outline().pointer = Column::Name;
     outline().selected.clear();
     EXPECT_FALSE(begins()) << "nothing is selected";
+}
+
+TEST_F(FieldsTest, editingThatIsDueBeginsOnlyWhereTheUserStillIs) {
+    outline().selected = {link_};
+    outline().pointer = Column::URL;
+    const auto begins = [this](const std::function<void()>& meanwhile) {
+        controller->commitEditing();
+        controller->selectionDidChange(SelectedBy::User);
+        timers.advance(0.4);
+        meanwhile();
+        timers.advance(1);
+        return outline().edited == std::optional(std::pair(Column::URL, link_));
+    };
+    EXPECT_TRUE(begins([] {}));
+    EXPECT_FALSE(begins([this] { window->active = false; })) << "another window came to the front";
+    window->active = true;
+    EXPECT_FALSE(begins([this] { outline().keyboard = false; })) << "the user types elsewhere";
+    outline().keyboard = true;
+    EXPECT_FALSE(begins([this] { controller->editNameBookmark(); })) << "another cell is edited";
+    EXPECT_FALSE(begins([this] { controller->beginDraggingSession(); })) << "the row is dragged";
+}
+
+TEST_F(FieldsTest, rowsThatACommandSelectsAreNotEditedByThemselves) {
+    outline().pointer = Column::URL;
+    controller->newBookmark();
+    const Bookmark* made = &controller->itemAtRow(0);
+    timers.advance(1);
+    ASSERT_TRUE(outline().edited);
+    EXPECT_EQ(outline().edited->first, Column::Name);
+    EXPECT_EQ(outline().edited->second, made);
+    controller->commitEditing();
+    pasteboard.setString("name\thttps://b.example/");
+    controller->pasteEditMenu();
+    timers.advance(1);
+    EXPECT_FALSE(outline().edited);
+}
+
+TEST_F(FieldsTest, aSecondCellEndsTheFirstAndTakesItOver) {
+    outline().selected = {link_};
+    controller->editNameBookmark();
+    outline().typed = "typed";
+    controller->editURLBookmark();
+    EXPECT_EQ(link_->itemName().view(), "typed");
+    EXPECT_EQ(*outline().edited, std::pair(Column::URL, link_));
+    outline().typed = "https://typed.example/";
+    controller->newFolder();
+    EXPECT_EQ(link_->itemURL().view(), "https://typed.example/");
+}
+
+TEST_F(FieldsTest, everyActionTakesOverWhatIsBeingTyped) {
+    outline().selected = {link_};
+    int number = 0;
+    for (const char* action :
+         {"expandAll:", "collapseAll:", "zoomIn:", "copy:", "selectAll:", "showMarks:", "findNext:",
+          "performFindPanelAction:", "sortByName:", "getInfo:", "moveUp:"}) {
+        outline().selected = {link_};
+        controller->editNameBookmark();
+        const std::string text = "typed " + std::to_string(++number);
+        outline().typed = text;
+        controller->actions().perform(MenuItem{.action = action});
+        EXPECT_EQ(link_->itemName().view(), text) << action;
+        EXPECT_FALSE(outline().edited) << action;
+    }
+}
+
+TEST_F(FieldsTest, aDropTakesOverWhatIsBeingTyped) {
+    outline().selected = {link_};
+    controller->editNameBookmark();
+    outline().typed = "typed";
+    PasteboardItem item;
+    item.set(kURLType, "https://c.example/");
+    const DragInfo drag{.source = nullptr, .copies = true, .items = {item}};
+    ASSERT_EQ(controller->validateDrop(drag, nullptr, 0), DragOperation::Copy);
+    EXPECT_TRUE(controller->acceptDrop(drag, nullptr, 0));
+    EXPECT_EQ(link_->itemName().view(), "typed");
+    EXPECT_FALSE(outline().edited);
+}
+
+TEST_F(FieldsTest, beforeTheWindowGoesTheInfoPanelSavesItsChange) {
+    outline().selected = {link_};
+    controller->getInfo();
+    window->info->setNote("typed");
+    controller->commitEditing();
+    EXPECT_TRUE(link_->itemNote().isNull()) << "the panel stays as it is";
+    controller->finishEditing();
+    EXPECT_EQ(link_->itemNote().view(), "typed");
+    EXPECT_EQ(window->infoPanel.dismissals, 1);
 }
 
 } // namespace

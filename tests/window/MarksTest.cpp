@@ -151,7 +151,7 @@ TEST_F(MarksTest, deleteDuplicatesDeletesThemWhateverTheSettingsSay) {
     perform("deleteDuplicatesCommand:");
     EXPECT_EQ(rowNames(), (Names{"Waste Basket", "w", "broken", "old"}));
     ASSERT_EQ(alerts.shown.size(), 2u) << "the basket is not asked about";
-    EXPECT_EQ(alerts.shown[1].message, "1 bookmarks were deleted.");
+    EXPECT_EQ(alerts.shown[1].message, "1 bookmark was deleted.");
     EXPECT_EQ(alerts.shown[1].buttons.at(0).title, "OK");
     EXPECT_EQ(alerts.shown[1].document, &document);
     EXPECT_EQ(shared.removedLinks, 1u);
@@ -182,7 +182,7 @@ TEST_F(MarksTest, theSheetShowsTheSettingsAndStoresThem) {
     EXPECT_TRUE(window->empty);
     EXPECT_TRUE(base.defaults.boolForKey("ShowMarks"));
     ASSERT_EQ(alerts.shown.size(), 1u);
-    EXPECT_EQ(alerts.shown[0].message, "1 bookmarks were deleted.");
+    EXPECT_EQ(alerts.shown[0].message, "1 bookmark was deleted.");
 }
 
 TEST_F(MarksTest, aSheetWhoseWindowIsGoneDoesNothing) {
@@ -216,7 +216,7 @@ TEST_F(MarksTest, theSheetsWayMovesTheBasketDownFirst) {
     alerts.answer("OK");
     controller->deleteSheetExecute();
     EXPECT_EQ(rowNames(), (Names{"b", "Waste Basket", "a", "inside"}));
-    EXPECT_EQ(alerts.shown.at(1).message, "1 bookmarks were moved to the Waste Basket.");
+    EXPECT_EQ(alerts.shown.at(1).message, "1 bookmark was moved to the Waste Basket.");
     EXPECT_EQ(alerts.shown.at(1).style, AlertStyle::Informational);
     EXPECT_EQ(shared.removedLinks, 1u) << "what is in the basket already does not count";
     EXPECT_EQ(document.changeCount(), 3) << "the basket, the link and the command";

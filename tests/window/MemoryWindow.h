@@ -9,8 +9,10 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tabulon {
@@ -19,7 +21,10 @@ class MemoryOutline : public OutlineView {
 public:
     explicit MemoryOutline(ViewController& controller) : controller_(controller) { copyRows(); }
 
-    void willReloadData() override { EXPECT_TRUE(rowsAreRight()); }
+    void willReloadData() override {
+        EXPECT_TRUE(rowsAreRight());
+        endEditing();
+    }
     void didReloadData() override {
         copyRows();
         ++reloads;
@@ -37,8 +42,11 @@ public:
     void willRemoveRows(RowRange range) override {
         EXPECT_EQ(controller_.numberOfRows(), rows.size());
         pending_ = range;
-        for (std::size_t row = range.first; row < range.first + range.count; ++row)
+        for (std::size_t row = range.first; row < range.first + range.count; ++row) {
             selected.erase(rows[row]);
+            if (edited && edited->second == rows[row]) // its field goes with it
+                edited.reset();
+        }
     }
     void didRemoveRows() override {
         rows.erase(rows.begin() + offset(),
@@ -63,14 +71,32 @@ public:
         for (const RowRange& range : set)
             for (std::size_t row = range.first; row < range.first + range.count; ++row)
                 selected.insert(rows.at(row));
+        controller_.selectionDidChange(SelectedBy::Program);
     }
-    void selectAll() override { selected.insert(rows.begin(), rows.end()); }
+    void selectAll() override {
+        selected.insert(rows.begin(), rows.end());
+        controller_.selectionDidChange(SelectedBy::Program);
+    }
     void scrollRowToVisible(std::size_t row) override { scrolledTo = row; }
     void editCell(Column column, std::size_t row) override {
         EXPECT_TRUE(controller_.viewForTableColumn(column, row, true).editable);
+        EXPECT_FALSE(edited) << "another cell is being edited";
         edited = {{column, &controller_.itemAtRow(row)}};
+        ++editingsBegun;
     }
-    void endEditing() override { ++editingsEnded; }
+    void endEditing() override {
+        if (!edited)
+            return;
+        const auto [column, item] = *std::exchange(edited, std::nullopt);
+        ++editingsEnded;
+        const std::optional<std::string> text = std::exchange(typed, std::nullopt);
+        const std::optional<std::size_t> row = controller_.rowForItem(*item);
+        if (text && row)
+            column == Column::Name  ? controller_.endNameEdit(*row, *text)
+            : column == Column::URL ? controller_.endURLEdit(*row, *text)
+                                    : controller_.endTagsEdit(*row, *text);
+    }
+    bool hasKeyboard() const override { return keyboard; }
     std::optional<Column> columnUnderPointer() const override { return pointer; }
     void addTagsColumn(std::size_t index, double width) override {
         EXPECT_FALSE(tagsColumn) << "the column is shown already";
@@ -100,7 +126,11 @@ public:
     std::vector<Bookmark*> rows;
     std::set<Bookmark*> selected;
     std::optional<std::pair<Column, Bookmark*>> edited;
+    /// What the user has typed into the field; nothing for a field left as it was.
+    std::optional<std::string> typed;
+    int editingsBegun = 0;
     int editingsEnded = 0;
+    bool keyboard = true;
     std::optional<Column> pointer;
     std::vector<RowRange> reloaded;
     std::optional<std::size_t> scrolledTo;
@@ -172,6 +202,9 @@ public:
         edited = isEdited;
     }
     void setURLFieldText(const std::string& text) override { urlField = text; }
+    void setURLFieldAction(const std::string& newTitle, const std::string&) override {
+        urlFieldAction = newTitle;
+    }
     void setURLFieldFontSize(double size) override { urlFieldFontSize = size; }
     void showEmptyState(bool isEmpty) override { empty = isEmpty; }
     FindBar& findBar() override { return bar; }
@@ -186,7 +219,7 @@ public:
     void presentLegenda() override { ++legends; }
     std::string frame() const override { return place; }
     void setFrame(const std::string& frame) override { place = frame; }
-    bool applicationIsActive() const override { return active; }
+    bool isKeyWindow() const override { return active; }
     void show() override { shown = true; }
     void makeKeyAndOrderFront() override {
         ++broughtToFront;
@@ -203,8 +236,9 @@ public:
     std::string title;
     std::string file;
     bool edited = false;
-    bool active = true;
+    bool active = true; ///< whether the user works with it
     std::string urlField;
+    std::string urlFieldAction; ///< the button's title, empty for none
     double urlFieldFontSize = 0;
     bool empty = false;
     bool shown = false;

@@ -112,7 +112,8 @@ protected:
             return true;
         });
         EXPECT_EQ(controller->countsText(),
-                  std::to_string(linkCount) + " bookmarks in " + std::to_string(folderCount) + " folders");
+                  std::to_string(linkCount) + (linkCount == 1 ? " bookmark in " : " bookmarks in ") +
+                      std::to_string(folderCount) + (folderCount == 1 ? " folder" : " folders"));
     }
 
     void checkFile() {

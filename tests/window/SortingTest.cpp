@@ -135,6 +135,7 @@ TEST_F(SortingTest, aClickOnATitleSortsNothingAndAsksInAMoment) {
     EXPECT_TRUE(alerts.shown.empty());
     alerts.answer("No");
     select({z});
+    controller->editNameBookmark();
     timers.advance(0.02);
     ASSERT_EQ(alerts.shown.size(), 1u);
     const Alert& alert = alerts.shown[0];

@@ -46,7 +46,7 @@ TEST_F(ViewControllerTest, CountsFollowChangesOfTheTree) {
     EXPECT_EQ(controller->countsText(), "0 bookmarks in 0 folders");
     add(makeLink("a"));
     controller->makeDirty();
-    EXPECT_EQ(controller->countsText(), "1 bookmarks in 0 folders");
+    EXPECT_EQ(controller->countsText(), "1 bookmark in 0 folders");
 }
 
 TEST_F(ViewControllerTest, PointerShowsTheURLOfItsRowAndTheCountsElsewhere) {
@@ -58,7 +58,7 @@ TEST_F(ViewControllerTest, PointerShowsTheURLOfItsRowAndTheCountsElsewhere) {
     controller->mouseMoved(0);
     EXPECT_EQ(window->urlField, "") << "a folder shows none";
     controller->mouseMoved(std::nullopt);
-    EXPECT_EQ(window->urlField, "1 bookmarks in 1 folders");
+    EXPECT_EQ(window->urlField, "1 bookmark in 1 folder");
 }
 
 TEST_F(ViewControllerTest, PointerThatLeavesGivesTheFieldBackToTheSelection) {
@@ -66,7 +66,7 @@ TEST_F(ViewControllerTest, PointerThatLeavesGivesTheFieldBackToTheSelection) {
     add(makeLink("b", "https://b.example/"));
     open();
     select({&a});
-    controller->selectionDidChange();
+    controller->selectionDidChange(SelectedBy::User);
     EXPECT_EQ(window->urlField, "https://a.example/");
     controller->mouseMoved(1);
     controller->mouseExited();
@@ -95,7 +95,7 @@ TEST_F(ViewControllerTest, NothingSelectedLeavesTheFieldAsItIs) {
     add(makeLink("a", "https://a.example/"));
     open();
     controller->mouseMoved(0);
-    controller->selectionDidChange();
+    controller->selectionDidChange(SelectedBy::User);
     EXPECT_EQ(window->urlField, "https://a.example/");
 }
 

@@ -6,11 +6,11 @@
 #include "ui/MimeData.h"
 #include "ui/ScreenRoom.h"
 #include "ui/Strings.h"
-#include "ui/document/ElidedLabel.h"
 #include "ui/document/EmptyState.h"
 #include "ui/document/FindBarWidget.h"
 #include "ui/document/OutlineHeader.h"
 #include "ui/document/OutlineWidget.h"
+#include "ui/document/StatusLineWidget.h"
 #include "window/FileUri.h"
 #include "window/ViewController.h"
 
@@ -58,7 +58,7 @@ DocumentMainWindow::DocumentMainWindow(ViewController& controller, AppDelegate& 
     : controller_(&controller), app_(app), state_(state), pages_(new QStackedWidget(this)),
       outline_(new OutlineWidget(controller, columnTitles(texts), pages_)),
       emptyState_(new EmptyState(texts, pages_)),
-      findBar_(new FindBarWidget(controller.findBar(), texts, this)), urlField_(new ElidedLabel(this)) {
+      findBar_(new FindBarWidget(controller.findBar(), texts, this)), urlField_(new StatusLineWidget(this)) {
     setWindowIcon(iconNamed("tabulon"));
     setAcceptDrops(true);
     setMinimumSize(kSmallestSize);
@@ -76,6 +76,11 @@ DocumentMainWindow::DocumentMainWindow(ViewController& controller, AppDelegate& 
     setCentralWidget(content);
     connect(findBar_, &FindBarWidget::closed, this, [this] { pages_->currentWidget()->setFocus(); });
     connect(emptyState_, &EmptyState::openRequested, this, [this] { app_.openDocumentPanel(); });
+    connect(urlField_, &StatusLineWidget::actionRequested, this, [this] {
+        pages_->currentWidget()->setFocus();
+        if (controller_)
+            controller_->statusLine().performAction();
+    });
     rememberColumns();
     restoreGeometryOfLastWindow();
 }
@@ -118,10 +123,14 @@ void DocumentMainWindow::showURLFieldText(const QString& text) {
     urlField_->setText(text);
 }
 
+void DocumentMainWindow::showURLFieldAction(const QString& title, const QString& description) {
+    urlField_->setAction(title, description);
+}
+
 void DocumentMainWindow::setURLFieldFontSize(double points) {
     QFont font = QApplication::font();
     font.setPointSizeF(points);
-    urlField_->setFont(font);
+    urlField_->setTextFont(font);
 }
 
 void DocumentMainWindow::showEmptyState(bool empty) {

@@ -12,11 +12,11 @@ namespace tabulon {
 
 class AppDelegate;
 class Document;
-class ElidedLabel;
 class EmptyState;
 class FindBarWidget;
 class Localization;
 class OutlineWidget;
+class StatusLineWidget;
 class ViewController;
 
 class DocumentMainWindow : public QMainWindow {
@@ -38,6 +38,8 @@ public:
 
     void showTitle(const QString& name, const QString& path, bool edited);
     void showURLFieldText(const QString& text);
+    /// A button beside the URL field; none for an empty title.
+    void showURLFieldAction(const QString& title, const QString& description);
     void setURLFieldFontSize(double points);
     void showEmptyState(bool empty);
     void bringToFront();
@@ -68,7 +70,7 @@ private:
     OutlineWidget* outline_;
     EmptyState* emptyState_;
     FindBarWidget* findBar_;
-    ElidedLabel* urlField_;
+    StatusLineWidget* urlField_;
 };
 
 } // namespace tabulon

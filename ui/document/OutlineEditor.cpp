@@ -2,19 +2,37 @@
 
 #include "ui/document/OutlineWidget.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
 
 #include <limits>
 
 namespace tabulon {
+namespace {
+
+// A key that it has no use for would go on to the rows.
+class CellField : public QLineEdit {
+public:
+    explicit CellField(QWidget* parent) : QLineEdit(parent) {
+        setFrame(false);
+        setMaxLength(std::numeric_limits<int>::max());
+        setAcceptDrops(false); // what is dropped goes between the rows
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        QLineEdit::keyPressEvent(event);
+        event->accept();
+    }
+};
+
+} // namespace
 
 OutlineEditor::OutlineEditor(OutlineWidget& outline) : QStyledItemDelegate(&outline), outline_(outline) {}
 
 QWidget* OutlineEditor::createEditor(QWidget* parent, const QStyleOptionViewItem&,
                                      const QModelIndex& index) const {
-    auto* field = new QLineEdit(parent);
-    field->setFrame(false);
-    field->setMaxLength(std::numeric_limits<int>::max());
+    auto* field = new CellField(parent);
     field->setFont(outline_.font());
     field->setAccessibleName(outline_.model()->headerData(index.column(), Qt::Horizontal).toString());
     return field;
@@ -32,6 +50,18 @@ void OutlineEditor::setModelData(QWidget* editor, QAbstractItemModel*, const QMo
     const auto* field = static_cast<QLineEdit*>(editor);
     if (field->isModified())
         outline_.endField(index, field->text());
+}
+
+// Qt would end the field later, after the rows have seen the key as well.
+bool OutlineEditor::eventFilter(QObject* object, QEvent* event) {
+    auto* field = qobject_cast<QLineEdit*>(object);
+    const bool isPress = event->type() == QEvent::KeyPress;
+    const int key = isPress ? static_cast<QKeyEvent*>(event)->key() : 0;
+    if (!field || (key != Qt::Key_Return && key != Qt::Key_Enter))
+        return QStyledItemDelegate::eventFilter(object, event);
+    emit commitData(field);
+    emit closeEditor(field, NoHint);
+    return true;
 }
 
 void OutlineEditor::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem&,

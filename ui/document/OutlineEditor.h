@@ -8,7 +8,7 @@ namespace tabulon {
 class OutlineWidget;
 
 /// Fields tell the outline, which owns this object, where they stand and what they end with. A field that the
-/// user has left as it was ends without a word.
+/// user has left as it was ends without a word. No key that is pressed in a field reaches the rows.
 class OutlineEditor : public QStyledItemDelegate {
     Q_OBJECT
 
@@ -19,6 +19,7 @@ public:
                           const QModelIndex& index) const override;
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
+    bool eventFilter(QObject* object, QEvent* event) override;
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
 

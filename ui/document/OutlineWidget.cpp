@@ -8,6 +8,7 @@
 #include "window/ViewController.h"
 
 #include <QApplication>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
 namespace tabulon {
@@ -134,25 +135,30 @@ std::optional<std::size_t> OutlineWidget::tagsColumnIndex() const {
 void OutlineWidget::willReloadData() {
     endEditing();               // the field would go, and what was typed with it
     showDropSpot(std::nullopt); // its item may go
+    ++changesOfController_;
     rows_->willReload();
 }
 
 void OutlineWidget::didReloadData() {
     rows_->didReload();
+    --changesOfController_;
     updateGeometries();
 }
 
 void OutlineWidget::willInsertRows(RowRange rows) {
+    ++changesOfController_;
     rows_->willInsert(rows);
 }
 
 void OutlineWidget::didInsertRows() {
     rows_->didInsert();
+    --changesOfController_;
     updateGeometries();
     viewport()->update();
 }
 
 void OutlineWidget::willRemoveRows(RowRange rows) {
+    ++changesOfController_;
     showDropSpot(std::nullopt);
     moveCursorFrom(static_cast<int>(rows.first), static_cast<int>(rows.first + rows.count) - 1);
     rows_->willRemove(rows);
@@ -183,6 +189,7 @@ int OutlineWidget::rowInPlaceOf(int first, int last) const {
 
 void OutlineWidget::didRemoveRows() {
     rows_->didRemove();
+    --changesOfController_;
     updateGeometries();
     viewport()->update();
 }
@@ -212,6 +219,7 @@ std::optional<std::size_t> OutlineWidget::selectedRow() const {
 }
 
 void OutlineWidget::selectRows(const RowSet& rows) {
+    const QScopedValueRollback change(changesOfController_, changesOfController_ + 1);
     const int lastColumn = rows_->columnCount() - 1;
     QItemSelection selection;
     for (const RowRange& range : rows)
@@ -225,6 +233,7 @@ void OutlineWidget::selectRows(const RowSet& rows) {
 }
 
 void OutlineWidget::selectAll() {
+    const QScopedValueRollback change(changesOfController_, changesOfController_ + 1);
     QAbstractItemView::selectAll();
 }
 
@@ -314,7 +323,7 @@ QRegion OutlineWidget::visualRegionForSelection(const QItemSelection& selection)
 void OutlineWidget::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     QAbstractItemView::selectionChanged(selected, deselected);
     if (controller_)
-        controller_->selectionDidChange();
+        controller_->selectionDidChange(changesOfController_ > 0 ? SelectedBy::Program : SelectedBy::User);
     tellAccessibility(QAccessible::SelectionAdd, selected);
     tellAccessibility(QAccessible::SelectionRemove, deselected);
 }

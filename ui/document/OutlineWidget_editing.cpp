@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QInputMethod>
 
 namespace tabulon {
 namespace {
@@ -20,8 +21,7 @@ void OutlineWidget::editCell(Column column, std::size_t row) {
     if (QApplication::mouseButtons() != Qt::NoButton)
         return;
     const QModelIndex index = rows_->index(static_cast<int>(row), OutlineHeader::sectionOf(column));
-    if (index == edited_ && indexWidget(index))
-        return;
+    endEditing();
     scrollTo(index);
     edited_ = index;
     edit(index);
@@ -29,15 +29,20 @@ void OutlineWidget::editCell(Column column, std::size_t row) {
 
 void OutlineWidget::endEditing() {
     if (QWidget* field = edited_.isValid() ? indexWidget(edited_) : nullptr) {
+        QGuiApplication::inputMethod()->commit(); // a word that is being composed is typed as well
         commitData(field);
         closeEditor(field, QAbstractItemDelegate::NoHint);
     }
 }
 
+bool OutlineWidget::hasKeyboard() const {
+    const QWidget* keyboard = window()->focusWidget();
+    return !keyboard || keyboard == this || isAncestorOf(keyboard);
+}
+
 // While the user types elsewhere, in the find field, the pointer only lies about.
 std::optional<Column> OutlineWidget::columnUnderPointer() const {
-    const QWidget* keyboard = window()->focusWidget();
-    if (keyboard && keyboard != this && !isAncestorOf(keyboard))
+    if (!hasKeyboard())
         return std::nullopt;
     const QModelIndex index = indexAt(viewport()->mapFromGlobal(QCursor::pos()));
     if (!index.isValid() || selectedRow() != static_cast<std::size_t>(index.row()))
@@ -46,9 +51,12 @@ std::optional<Column> OutlineWidget::columnUnderPointer() const {
 }
 
 QString OutlineWidget::fieldText(const QModelIndex& index) const {
-    const CellContent cell = controller_->viewForTableColumn(OutlineModel::columnAt(index.column()),
-                                                             static_cast<std::size_t>(index.row()), true);
-    return toQString(cell.text.string.view());
+    const Bookmark& item = controller_->itemAtRow(static_cast<std::size_t>(index.row()));
+    const Column column = OutlineModel::columnAt(index.column());
+    const Text& text = column == Column::Name  ? item.itemName()
+                       : column == Column::URL ? item.itemURL()
+                                               : item.itemTags();
+    return toQString(text.view());
 }
 
 QRect OutlineWidget::fieldRect(const QModelIndex& index) const {
@@ -88,7 +96,7 @@ void OutlineWidget::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditH
     const auto row = static_cast<std::size_t>(edited.row());
     const bool toURL = OutlineModel::columnAt(edited.column()) == Column::Name &&
                        controller_->shouldEdit(Column::URL, controller_->itemAtRow(row));
-    editCell(toURL ? Column::URL : Column::Name, row);
+    controller_->beginEditing(toURL ? Column::URL : Column::Name, row);
 }
 
 } // namespace tabulon

@@ -20,6 +20,10 @@ bool deletes(int key) {
     return key == Qt::Key_Backspace || key == Qt::Key_Delete || key == Qt::Key_Clear;
 }
 
+bool endsField(int key) {
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
 bool movesTheCursor(int key) {
     return key >= Qt::Key_Home && key <= Qt::Key_PageDown; // with End and the arrows between them
 }
@@ -141,6 +145,8 @@ QString OutlineWidget::toolTipAt(const QPoint& point) const {
 
 void OutlineWidget::keyPressEvent(QKeyEvent* event) {
     const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (event->isAutoRepeat() && endsField(event->key())) // held since it ended a field
+        return event->accept();
     if (controller_ && plain && movesTheCursor(event->key()) && showCursor(event->key()))
         return event->accept();
     if (controller_ && plain && deletes(event->key())) {

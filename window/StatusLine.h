@@ -1,0 +1,64 @@
+// The line below the outline, the window's URL field: the address under the pointer or of the current row,
+// what the last command did with a button for what can be done about it, or what the document holds.
+#pragma once
+
+#include "model/Bookmark.h"
+#include "platform/Platform.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace tabulon {
+
+class DocumentWindow;
+class ViewController;
+
+class StatusLine {
+public:
+    using Action = std::function<void()>;
+
+    /// Both must live longer.
+    StatusLine(ViewController& outline, const Platform& platform) : outline_(outline), platform_(platform) {}
+
+    /// The window that shows the line; before anything else is called.
+    void setWindow(DocumentWindow* window) { window_ = window; }
+
+    /// Shows `text` until the tree changes. Addresses that the pointer or the selection shows meanwhile
+    /// replace it; it is back when the pointer leaves the rows. With an action there is a button of that
+    /// title all the while.
+    void showStatus(std::string text, std::string actionTitle = {}, Action action = nullptr);
+    /// The user has pressed the button: what was told is gone, then the action runs.
+    void performAction();
+
+    /// The item's address; nothing for a folder. Once the item has no row any more the line falls back.
+    void showAddress(Bookmark& item);
+    void showCounts();
+    /// What it shows when the pointer is over no row: what was told last, else the current row's address,
+    /// else the counts.
+    void fallBack();
+
+    /// What was told last is out of date. The line changes a moment later, once for many changes.
+    void treeDidChange();
+    /// Rows come or go; the row that the line speaks of may be among them.
+    void rowsWillChange();
+
+private:
+    void show(std::string text);
+    void forgetStatus();
+    void refreshSoon();
+    void refresh();
+
+    ViewController& outline_;
+    const Platform platform_;
+    DocumentWindow* window_ = nullptr;
+    std::string text_;
+    std::string status_; ///< empty for none
+    Action action_;
+    bool isStale_ = false; ///< what is shown was told before the tree changed
+    Ref<Bookmark> spokenOf_;
+    std::unique_ptr<Timer> refresh_;
+};
+
+} // namespace tabulon
