@@ -80,6 +80,8 @@ void AppDelegate::sessionWillEnd() {
 void AppDelegate::terminate() {
     if (terminating_)
         return;
+    if (platform_.alerts.isAskingAbout(nullptr)) // it waits for its answer first
+        return platform_.beeper.beep();
     if (documentController_.documents().empty() && stop)
         return stop();
     terminating_ = true;

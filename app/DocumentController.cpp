@@ -99,7 +99,7 @@ void DocumentController::closeUntouchedDocument() {
     for (const Document* document : documents()) {
         const bool untouched =
             document == untouched_ && !document->isDocumentEdited() && document->fileName().empty();
-        if (untouched && documents_.size() > 1)
+        if (untouched && documents_.size() > 1 && !platform_.alerts.isAskingAbout(document))
             remove(*document);
     }
     untouched_ = nullptr;

@@ -11,6 +11,7 @@
 #include "window/ViewController.h"
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -156,6 +157,7 @@ private:
     void startAutosaveTimer(OpenDocument& opened);
     void autosaveTimerFired(OpenDocument& opened);
     void autosave(OpenDocument& opened, Moment moment);
+    void autosaveAll(Moment moment);
     void autosaveFile(OpenDocument& opened, Moment moment);
     void autosaveBesideFile(OpenDocument& opened, const std::optional<FileIdentity>& identity, Moment moment);
     void noteAutosave(OpenDocument& opened, std::string_view failureKey, const Result<void>& saved);
@@ -164,6 +166,7 @@ private:
     void saveBeforeClosing(Document& document, const Done& done);
     void askAfterFailedSave(Document& document, const Error& error, const Done& done);
     void reviewFrom(std::vector<Document*> pending, const Done& done);
+    std::vector<Document*> documentsToReview() const;
 
     const Platform platform_;
     DocumentWindowMaker& windows_;
@@ -175,7 +178,8 @@ private:
     std::vector<std::unique_ptr<OpenDocument>> documents_;
     Document* current_ = nullptr;
     const Document* untouched_ = nullptr;
-    bool asking_ = false; // the question about a document's file is up
+    std::map<const Document*, long> givenUp_; // whose changes may be lost, with their number
+    bool asking_ = false;                     // the question about a document's file is up
 };
 
 } // namespace tabulon

@@ -88,18 +88,23 @@ void DocumentController::noteAutosave(OpenDocument& opened, std::string_view fai
                     &document);
 }
 
-void DocumentController::autosaveAllDocuments() {
-    for (const auto& opened : documents_) {
-        opened->controller->commitEditing();
-        autosave(*opened, Moment::Deactivation);
+// An alert of one document leaves the others usable: they may be closed meanwhile.
+void DocumentController::autosaveAll(Moment moment) {
+    for (const Document* document : documents()) {
+        OpenDocument* opened = find(*document);
+        if (!opened)
+            continue;
+        moment == Moment::End ? opened->controller->finishEditing() : opened->controller->commitEditing();
+        autosave(*opened, moment);
     }
 }
 
+void DocumentController::autosaveAllDocuments() {
+    autosaveAll(Moment::Deactivation);
+}
+
 void DocumentController::autosaveAllDocumentsForTheEnd() {
-    for (const auto& opened : documents_) {
-        opened->controller->finishEditing();
-        autosave(*opened, Moment::End);
-    }
+    autosaveAll(Moment::End);
 }
 
 void DocumentController::recoverUnsavedDocuments() {

@@ -112,6 +112,7 @@ void DocumentController::remove(const Document& document) {
 void DocumentController::closeAllDocuments(const Done& done) {
     for (const auto& opened : documents_)
         opened->controller->finishEditing();
+    givenUp_.clear();
     reviewFrom(documents(), [this, done](bool mayGo) {
         if (mayGo)
             for (const Document* document : documents())
@@ -120,17 +121,33 @@ void DocumentController::closeAllDocuments(const Done& done) {
     });
 }
 
+// Those with changes that the user has not given up. While a question about one was up he may have changed
+// another.
+std::vector<Document*> DocumentController::documentsToReview() const {
+    std::vector<Document*> result = documents();
+    std::erase_if(result, [this](const Document* document) {
+        const auto given = givenUp_.find(document);
+        return !document->isDocumentEdited() ||
+               (given != givenUp_.end() && given->second == document->changeCount());
+    });
+    return result;
+}
+
 // Asks about the last of the pending documents, then about the others.
 void DocumentController::reviewFrom(std::vector<Document*> pending, const Done& done) {
     while (!pending.empty() && !(find(*pending.back()) && pending.back()->isDocumentEdited()))
         pending.pop_back();
     if (pending.empty())
+        pending = documentsToReview();
+    if (pending.empty())
         return done(true);
     Document* document = pending.back();
     pending.pop_back();
-    askToSave(*document, [this, pending = std::move(pending), done](bool mayGo) {
+    askToSave(*document, [this, document, pending = std::move(pending), done](bool mayGo) {
         if (!mayGo)
             return done(false);
+        if (find(*document) && document->isDocumentEdited())
+            givenUp_[document] = document->changeCount();
         reviewFrom(pending, done);
     });
 }

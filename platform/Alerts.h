@@ -30,6 +30,9 @@ struct Alert {
     std::vector<AlertButton> buttons = {};
     /// The alert belongs to this document's window; null for the whole application.
     const Document* document = nullptr;
+    /// Return chooses the Cancel button rather than the first one: what the first one does cannot be taken
+    /// back.
+    bool cancelIsDefault = false;
 };
 
 /// The answer to an alert with a box to say that it is not to come again.
@@ -48,6 +51,11 @@ public:
 
     /// The same with a check box of this title.
     virtual SuppressibleAnswer runModalSuppressible(const Alert& alert, const std::string& boxTitle) = 0;
+
+    /// Whether an alert of this document waits for its answer; of any, or of the whole application, for null.
+    /// An alert of a document leaves the windows of the others usable, so commands may run meanwhile. What
+    /// runs then must leave the document open.
+    virtual bool isAskingAbout(const Document* document) const = 0;
 };
 
 } // namespace tabulon

@@ -49,6 +49,8 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"CouldNotSave", "“%@” could not be saved"},
     {"Default", "Default"},
     {"Delete", "Delete"},
+    {"Delete %d Duplicates", "Delete %d Duplicates"},
+    {"Delete %d Duplicates:one", "Delete 1 Duplicate"},
     {"DeleteDuplicates", "Delete all duplicate links?"},
     {"DifferenceAdded", "added"},
     {"DifferenceColumn", "What changed"},
@@ -72,7 +74,7 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"DuplicatesMoved", "%@ were moved to the Waste Basket."},
     {"DuplicatesMoved:one", "%@ was moved to the Waste Basket."},
     {"DuplicatesWarning", "Every link is deleted whose address an earlier one has. They do not go to the "
-                          "Waste Basket, and this cannot be undone."},
+                          "Waste Basket; Put Back restores them until the next change."},
     {"EmptyDocument", "No bookmarks yet"},
     {"EmptyDocumentText", "Press Ctrl+O to open a bookmark document, or a bookmark file that a browser "
                           "exported as HTML. You can also drop such a file here."},

@@ -2,10 +2,25 @@
 
 #include "ui/Strings.h"
 
+#include <QPainter>
+
 namespace tabulon {
 
 QIcon iconNamed(std::string_view name) {
     return name.empty() ? QIcon() : QIcon(":/icons/" + toQString(name) + ".svg");
+}
+
+QIcon labelSwatch(const LabelColor& color) {
+    constexpr int kSize = 64; // scaled down by whoever shows it
+    QPixmap pixmap(kSize, kSize);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(128, 128, 128), kSize / 16.0));
+    painter.setBrush(QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
+                                      static_cast<float>(color.blue), static_cast<float>(color.alpha)));
+    painter.drawEllipse(pixmap.rect().adjusted(8, 8, -8, -8));
+    return QIcon(pixmap);
 }
 
 } // namespace tabulon

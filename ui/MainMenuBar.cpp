@@ -6,26 +6,11 @@
 #include "ui/TextFieldCommands.h"
 
 #include <QMenu>
-#include <QPainter>
 #include <QSet>
 #include <QTimer>
 
 namespace tabulon {
 namespace {
-
-// A disc in the colour, with a rim that shows on any ground.
-QIcon swatch(const LabelColor& color) {
-    constexpr int kSize = 64; // scaled down by whoever shows it
-    QPixmap pixmap(kSize, kSize);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(QColor(128, 128, 128), kSize / 16.0));
-    painter.setBrush(QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
-                                      static_cast<float>(color.blue), static_cast<float>(color.alpha)));
-    painter.drawEllipse(pixmap.rect().adjusted(8, 8, -8, -8));
-    return QIcon(pixmap);
-}
 
 void enableAll(QMenu* menu) {
     for (QAction* action : menu->actions())
@@ -103,13 +88,13 @@ void MainMenuBar::add(QMenu* menu, const MenuItem& item, const QString& title) {
     }
     QAction* action = menu->addAction(title);
     action->setShortcuts(keySequences(item));
-    action->setEnabled(app_.validateMenuItem(item));
+    action->setEnabled(textFieldTakes(item.action) || app_.validateMenuItem(item));
     if (!item.toolTip.empty())
         action->setToolTip(toolTipText(item.toolTip));
     if (!item.imageName.empty())
         action->setIcon(iconNamed(item.imageName));
     if (item.color)
-        action->setIcon(swatch(*item.color));
+        action->setIcon(labelSwatch(*item.color));
     if (item.checked) {
         action->setCheckable(true);
         action->setChecked(true);

@@ -43,7 +43,8 @@ public:
         tabulon::presentMoveDelete(window_, controller, owner_.platform_->base.texts);
     }
     void presentInfo(std::shared_ptr<GetInfoController> controller) override {
-        (new InfoSheet(std::move(controller), owner_.platform_->base.texts, window_))->open();
+        auto* sheet = new InfoSheet(std::move(controller), owner_.platform_->base.texts, window_);
+        window_->findBar().hasKeyboard() ? sheet->presentBeside() : sheet->present();
     }
     void presentLegenda() override { tabulon::presentLegenda(window_, owner_.platform_->base.texts); }
     std::string frame() const override { return window_->frame(); }

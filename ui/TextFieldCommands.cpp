@@ -28,6 +28,13 @@ constexpr std::array<Command, 5> kCommands = {{
 
 } // namespace
 
+bool textFieldTakes(std::string_view action) {
+    const QWidget* keyboard = QApplication::focusWidget();
+    const bool isField =
+        qobject_cast<const QLineEdit*>(keyboard) || qobject_cast<const QPlainTextEdit*>(keyboard);
+    return isField && std::ranges::count(kCommands, action, &Command::action) > 0;
+}
+
 bool performInTextField(std::string_view action) {
     const auto* const command = std::ranges::find(kCommands, action, &Command::action);
     if (command == kCommands.end())

@@ -9,4 +9,7 @@ namespace tabulon {
 /// front that has the keyboard. False, and nothing done, for another action or without such a field.
 bool performInTextField(std::string_view action);
 
+/// Whether there is such a field for the action.
+bool textFieldTakes(std::string_view action);
+
 } // namespace tabulon

@@ -46,6 +46,8 @@ struct CellContent {
     /// Whether there is room for a status mark in front of the icon, and which one stands there.
     bool statusShown = false;
     std::string_view statusImage;
+    /// The colour of the label of a selected row, whose text does not have it.
+    std::optional<LabelColor> labelMark;
     std::string_view indicatorImage;
     Text indicatorToolTip;
 };

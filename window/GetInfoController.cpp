@@ -167,11 +167,22 @@ void GetInfoController::done() {
     panel->dismiss();
 }
 
+void GetInfoController::cancel() {
+    if (!panel_)
+        return;
+    duplicate_ = Bookmark::initWithBookmark(*original_);
+    done();
+}
+
+void GetInfoController::keepChange() {
+    if (outline_ && !duplicate_->isIdentical(*original_))
+        saveBookmark();
+}
+
 void GetInfoController::doneBookmark() {
     if (!outline_)
         return;
-    if (!duplicate_->isIdentical(*original_))
-        saveBookmark();
+    keepChange();
     outline_->selectRowOf(*original_);
 }
 

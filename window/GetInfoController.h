@@ -96,6 +96,10 @@ public:
     bool canFindNext() const;
     /// Saves a change, keeps the frame and dismisses the panel.
     void done();
+    /// The same without the change.
+    void cancel();
+    /// Saves a change and stays: the user goes on elsewhere while the panel is up.
+    void keepChange();
 
     void selectNote(const std::string& string);
     void selectTags(const std::string& string);

@@ -34,7 +34,9 @@ void ViewController::addActions() {
     actions_.add(
         "saveBookmark:", [this](const MenuItem&) { saveBookmark(); },
         [this](const MenuItem&) { return outline().selectedRow().has_value(); });
-    actions_.add("selectAll:", [this](const MenuItem&) { outline().selectAll(); });
+    actions_.add(
+        "selectAll:", [this](const MenuItem&) { outline().selectAll(); },
+        [this](const MenuItem&) { return rows_.size() > 0; });
     actions_.add("zoomIn:", [this](const MenuItem&) { zoomIn(); });
     actions_.add("zoomOut:", [this](const MenuItem&) { zoomOut(); });
     addEditingActions();
@@ -98,7 +100,9 @@ void ViewController::addFindActions() {
             findBar_.showFindView();
         });
     actions_.add("hideFindView:", [this](const MenuItem&) { findBar_.hideFindView(); });
-    actions_.add("findNext:", [this](const MenuItem&) { findBar_.findNext(); });
+    actions_.add(
+        "findNext:", [this](const MenuItem&) { findBar_.findNext(); },
+        [this](const MenuItem&) { return !searchString().empty(); });
 }
 
 void ViewController::setWindow(DocumentWindow* window) {

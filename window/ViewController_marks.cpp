@@ -117,13 +117,15 @@ void ViewController::deleteBookmarksConditionalCommand(const RemovalOptions& opt
 
 void ViewController::deleteDuplicatesCommand() {
     const Localization& texts = platform_.base.texts;
-    const int response =
-        platform_.alerts.runModal(Alert{.style = AlertStyle::Informational,
-                                        .message = texts.text("DeleteDuplicates"),
-                                        .informative = texts.text("DuplicatesWarning"),
-                                        .buttons = {{texts.text("Yes"), AlertButtonRole::Destructive},
-                                                    {texts.text("No"), AlertButtonRole::Cancel}},
-                                        .document = &document_});
+    const std::size_t count = tabulon::findDuplicates(getMaster()).size();
+    const int response = platform_.alerts.runModal(
+        Alert{.style = AlertStyle::Informational,
+              .message = texts.text("DeleteDuplicates"),
+              .informative = texts.text("DuplicatesWarning"),
+              .buttons = {{texts.format("Delete %d Duplicates", count), AlertButtonRole::Destructive},
+                          {texts.text("Cancel"), AlertButtonRole::Cancel}},
+              .document = &document_,
+              .cancelIsDefault = true});
     if (response == kAlertFirstButton)
         deleteDuplicatesExecute();
 }

@@ -30,7 +30,10 @@ CellContent ViewController::viewForTableColumn(Column column, std::size_t row, b
     CellContent cell;
     switch (column) {
     case Column::Name:
-        return nameCell(item, color);
+        cell = nameCell(item, color);
+        if (selected && item.getLabel() != 0 && !item.isSeparator())
+            cell.labelMark = labelColor(item.getLabel());
+        return cell;
     case Column::Tags:
         if (item.isSeparator())
             return cell;

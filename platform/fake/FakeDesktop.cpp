@@ -8,8 +8,10 @@ namespace tabulon {
 
 int FakeAlerts::runModal(const Alert& alert) {
     shown.push_back(alert);
+    asking_.push_back(alert.document);
     if (whileShown)
         whileShown();
+    asking_.pop_back();
     if (answers_.empty())
         return kAlertFirstButton;
     const std::string title = std::move(answers_.front());

@@ -11,6 +11,7 @@
 #include "platform/RecoveryFolders.h"
 #include "platform/Workspace.h"
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <map>
@@ -32,6 +33,10 @@ public:
         return {runModal(alert), suppresses};
     }
 
+    bool isAskingAbout(const Document* document) const override {
+        return document ? std::ranges::count(asking_, document) > 0 : !asking_.empty();
+    }
+
     /// The next alert is answered with the button of this title, which it must have.
     void answer(std::string buttonTitle) { answers_.push_back(std::move(buttonTitle)); }
 
@@ -43,6 +48,7 @@ public:
     std::function<void()> whileShown;
 
 private:
+    std::vector<const Document*> asking_;
     std::deque<std::string> answers_;
 };
 

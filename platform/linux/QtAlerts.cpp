@@ -1,11 +1,14 @@
 #include "platform/linux/QtAlerts.h"
 
 #include <QCheckBox>
+#include <QCloseEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTextDocument>
+
+#include <algorithm>
 
 namespace tabulon {
 namespace {
@@ -75,15 +78,33 @@ void layOut(QMessageBox& box) {
         grid->addItem(new QSpacerItem(kSmallestWidth, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
+// While a later alert waits for its answer, this one cannot be closed either.
+class AlertBox : public QMessageBox {
+public:
+    using QMessageBox::QMessageBox;
+
+protected:
+    void closeEvent(QCloseEvent* event) override {
+        if (isEnabled())
+            QMessageBox::closeEvent(event);
+        else
+            event->ignore();
+    }
+};
+
 } // namespace
 
+bool QtAlerts::isAskingAbout(const Document* document) const {
+    return document ? std::ranges::count(showing_, document, &Shown::document) > 0 : isShowing();
+}
+
 int QtAlerts::runModal(const Alert& alert) {
-    QMessageBox box(windowFor_(alert.document));
+    AlertBox box(windowFor_(alert.document));
     return run(box, alert);
 }
 
 SuppressibleAnswer QtAlerts::runModalSuppressible(const Alert& alert, const std::string& boxTitle) {
-    QMessageBox box(windowFor_(alert.document));
+    AlertBox box(windowFor_(alert.document));
     auto* check = new QCheckBox(QString::fromStdString(boxTitle).replace('&', "&&"), &box);
     box.setCheckBox(check);
     const int response = run(box, alert);
@@ -106,12 +127,19 @@ int QtAlerts::run(QMessageBox& box, const Alert& alert) {
     }
     if (!box.escapeButton())
         box.setEscapeButton(buttons.back());
-    box.setDefaultButton(static_cast<QPushButton*>(buttons.front()));
-    ++showing_;
+    QAbstractButton* chosen = alert.cancelIsDefault ? box.escapeButton() : buttons.front();
+    box.setDefaultButton(static_cast<QPushButton*>(chosen));
+    if (alert.document && box.parentWidget())
+        box.setWindowModality(Qt::WindowModal); // the other windows stay usable
     layOut(box);
+    if (!showing_.empty())
+        showing_.back().box->setEnabled(false);
+    showing_.push_back({&box, alert.document});
     box.exec();
-    --showing_;
-    if (showing_ == 0 && lastOneEnded)
+    showing_.pop_back();
+    if (!showing_.empty())
+        showing_.back().box->setEnabled(true);
+    else if (lastOneEnded)
         lastOneEnded();
     return kAlertFirstButton + static_cast<int>(buttons.indexOf(box.clickedButton()));
 }

@@ -4,6 +4,7 @@
 #include "platform/Alerts.h"
 
 #include <functional>
+#include <vector>
 
 class QWidget;
 
@@ -21,7 +22,8 @@ public:
     SuppressibleAnswer runModalSuppressible(const Alert& alert, const std::string& boxTitle) override;
 
     /// True while an alert waits for its answer.
-    bool isShowing() const { return showing_ > 0; }
+    bool isShowing() const { return !showing_.empty(); }
+    bool isAskingAbout(const Document* document) const override;
     /// Called when none does any more, before `runModal` returns.
     std::function<void()> lastOneEnded;
 
@@ -29,7 +31,12 @@ private:
     int run(QMessageBox& box, const Alert& alert);
 
     WindowFinder windowFor_;
-    int showing_ = 0;
+    struct Shown {
+        QMessageBox* box;
+        const Document* document;
+    };
+    /// The last one waits in the innermost event loop: it is answered first.
+    std::vector<Shown> showing_;
 };
 
 } // namespace tabulon

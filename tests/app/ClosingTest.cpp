@@ -137,5 +137,53 @@ TEST_F(ClosingTest, CommandsGoToTheDocumentInFront) {
     EXPECT_EQ(documents().currentDocument(), &second);
 }
 
+TEST_F(ClosingTest, WhatChangesWhileAQuestionIsUpIsAskedAboutAsWell) {
+    Document& other = untitled(false);
+    Document& asked = untitled(true);
+    alerts.answer("Don’t Save");
+    alerts.answer("Cancel");
+    alerts.whileShown = [&] {
+        if (alerts.shown.back().document == &asked)
+            other.updateChangeCount(ChangeKind::Done);
+    };
+    perform("terminate:");
+    EXPECT_EQ(alerts.shown.size(), 2u);
+    EXPECT_EQ(alerts.shown.back().document, &other);
+    EXPECT_EQ(documents().documents().size(), 2u);
+    EXPECT_EQ(stops, 0);
+}
+
+TEST_F(ClosingTest, QuittingWaitsForTheAnswerToAQuestion) {
+    Document& document = untitled(true);
+    untitled(false);
+    alerts.answer("Cancel");
+    alerts.whileShown = [&] {
+        EXPECT_TRUE(platform().alerts.isAskingAbout(&document));
+        app.terminate();
+    };
+    documents().closeDocument(document, [](bool) {});
+    EXPECT_EQ(beeper.beeps, 1);
+    EXPECT_EQ(documents().documents().size(), 2u);
+    EXPECT_EQ(alerts.shown.size(), 1u);
+}
+
+TEST_F(ClosingTest, AWindowMayBeClosedWhileAllAreSaved) {
+    for (const char* path : {"/home/a.tbln", "/home/b.tbln"}) {
+        files.files[path] = documentBytes("a");
+        app.openFile(path);
+        documents().currentDocument()->updateChangeCount(ChangeKind::Done);
+    }
+    Document& first = *documents().documents().front();
+    Document& second = *documents().documents().back();
+    files.diskFull = true;
+    alerts.whileShown = [&] {
+        files.diskFull = false;
+        if (documents().documents().size() == 2 && alerts.shown.back().document == &first)
+            documents().closeDocument(second, [](bool) {});
+    };
+    app.applicationWillResignActive();
+    EXPECT_EQ(documents().documents(), std::vector<Document*>{&first});
+}
+
 } // namespace
 } // namespace tabulon

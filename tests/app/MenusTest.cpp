@@ -39,6 +39,7 @@ TEST_F(MenusTest, EveryItemHasATitleAndWorks) {
     app.applicationDidFinishLaunching({"/home/a.tbln"});
     onlyDocument()->updateChangeCount(ChangeKind::Done);
     windowOf(*onlyDocument()).outlineView.selectAll();
+    documents().getViewController(*onlyDocument())->setSearchString("a");
     eachItem(app.mainMenu(), [&](const MenuItem& item) {
         if (item.separator)
             return;

@@ -179,7 +179,7 @@ protected:
         info = std::make_shared<GetInfoController>(*controller, platform());
         info->editBookmark(*link);
         sheet = new InfoSheet(info, base.texts, nullptr);
-        sheet->show();
+        sheet->present();
     }
     void TearDown() override {
         delete sheet;
@@ -203,10 +203,72 @@ TEST_F(InfoSheetTest, whatWasTypedIsSavedOnTheWayOut) {
     EXPECT_EQ(nameField().selectedText(), "link");
     QTest::keyClicks(&nameField(), "typed");
     EXPECT_EQ(link->itemName(), Text("link"));
-    QTest::keyClick(sheet, Qt::Key_Escape);
+    sheet->close();
     EXPECT_EQ(link->itemName(), Text("typed"));
     EXPECT_EQ(link->itemNote(), Text("first line\nand a HIT here"));
     EXPECT_EQ(document.changeCount(), 1);
+}
+
+TEST_F(InfoSheetTest, escapeGivesUpWhatWasTyped) {
+    QTest::keyClicks(&nameField(), "typed");
+    QTest::keyClick(sheet, Qt::Key_Escape);
+    EXPECT_FALSE(info->isShown());
+    EXPECT_EQ(link->itemName(), Text("link"));
+    EXPECT_EQ(document.changeCount(), 0);
+}
+
+TEST_F(InfoSheetTest, besideItsWindowItSavesWhenItIsLeft) {
+    delete sheet;
+    sheet = new InfoSheet(info, base.texts, nullptr);
+    EXPECT_EQ(sheet->windowModality(), Qt::NonModal);
+    sheet->presentBeside();
+    EXPECT_TRUE(sheet->testAttribute(Qt::WA_ShowWithoutActivating));
+    info->setName("typed");
+    QEvent left(QEvent::ActivationChange);
+    QApplication::setActiveWindow(&widget());
+    QApplication::sendEvent(sheet, &left);
+    EXPECT_EQ(link->itemName(), Text("typed"));
+    EXPECT_TRUE(info->isShown());
+}
+
+TEST_F(InfoSheetTest, itComesUpWhereItWas) {
+    sheet->setGeometry(120, 90, 500, 450);
+    info->done();
+    delete sheet;
+    info->editBookmark(*link);
+    sheet = new InfoSheet(info, base.texts, nullptr);
+    EXPECT_EQ(sheet->geometry(), QRect(120, 90, 500, 450));
+}
+
+TEST_F(InfoSheetTest, theTitleHasEveryCharacterOfTheName) {
+    sheet->setTitle("a [*] b");
+    EXPECT_EQ(sheet->windowTitle(), "a [*][*] b") << "what Qt takes for one that is shown";
+}
+
+TEST_F(InfoSheetTest, aMatchAcrossASpaceThatDoesNotBreakIsHighlighted) {
+    Bookmark& next = *link->nextBookmark();
+    next.setItemNote("a note\u00A0with spaces");
+    info->next();
+    info->selectNote("note\u00A0with");
+    EXPECT_EQ(noteField().textCursor().selectionStart(), 2);
+    EXPECT_EQ(noteField().textCursor().selectionEnd(), 11);
+}
+
+TEST_F(InfoSheetTest, controlsInAnAddressAreCodedUntilItIsEdited) {
+    Bookmark& next = *link->nextBookmark();
+    next.setItemURL("https://a.example/\u202Egnp");
+    info->next();
+    QLineEdit& url = *sheet->findChildren<QLineEdit*>().at(1);
+    QApplication::setActiveWindow(sheet);
+    EXPECT_EQ(url.text(), "https://a.example/%E2%80%AEgnp");
+    url.setFocus();
+    EXPECT_EQ(url.text(), "https://a.example/\u202Egnp");
+    QTest::keyClick(&url, Qt::Key_End);
+    QTest::keyClicks(&url, "!");
+    nameField().setFocus();
+    EXPECT_EQ(url.text(), "https://a.example/%E2%80%AEgnp!");
+    info->done();
+    EXPECT_EQ(next.itemURL(), Text("https://a.example/\u202Egnp!"));
 }
 
 TEST_F(InfoSheetTest, aStepShowsTheNextItemAndChangesNothing) {
@@ -264,7 +326,7 @@ TEST_F(InfoSheetTest, whatWasNotTypedStaysBesideWhatWas) {
         QTest::keyClicks(field, "!");
     }
     QTest::keyClicks(&noteField(), "!");
-    QTest::keyClick(sheet, Qt::Key_Escape);
+    sheet->close();
     EXPECT_EQ(next.itemName(), Text("two\nlines!"));
     EXPECT_EQ(next.itemURL(), Text(longURL + "!"));
     EXPECT_EQ(next.itemTags(), Text("!"));
@@ -278,7 +340,7 @@ TEST_F(InfoSheetTest, ShiftAndReturnBreakALineOfANoteAsReturnDoes) {
     QTest::keyClicks(&noteField(), "two");
     QTest::keyClick(&noteField(), Qt::Key_Return);
     QTest::keyClicks(&noteField(), "three ");
-    QTest::keyClick(sheet, Qt::Key_Escape);
+    sheet->close();
     EXPECT_TRUE(link->itemNote().view().starts_with("one\ntwo\nthree ")) << link->itemNote().view();
 }
 

@@ -27,8 +27,21 @@ TEST_F(FindTest, theBarComesUpWithItsTextSelectedAndGoes) {
     EXPECT_EQ(beeper.beeps, 0);
     perform("hideFindView:");
     EXPECT_EQ(beeper.beeps, 1);
-    perform("findNext:");
-    EXPECT_EQ(beeper.beeps, 2) << "nothing was searched for";
+    const MenuItem findNext{.action = "findNext:"};
+    EXPECT_FALSE(controller->actions().validateMenuItem(findNext)) << "nothing was searched for";
+    controller->findBar().findNext();
+    EXPECT_EQ(beeper.beeps, 2);
+    controller->setSearchString("a");
+    EXPECT_TRUE(controller->actions().validateMenuItem(findNext));
+}
+
+TEST_F(FindTest, onlyRowsCanBeSelected) {
+    const MenuItem selectAll{.action = "selectAll:"};
+    open();
+    EXPECT_FALSE(controller->actions().validateMenuItem(selectAll));
+    add(makeLink("a"));
+    open();
+    EXPECT_TRUE(controller->actions().validateMenuItem(selectAll));
 }
 
 TEST_F(FindTest, aSearchCountsAndSelectsTheFirstMatch) {

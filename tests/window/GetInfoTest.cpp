@@ -328,5 +328,30 @@ TEST_F(GetInfoTest, aPanelThatOutlivesItsWindowDoesNothing) {
     window.reset();
 }
 
+TEST_F(GetInfoTest, cancellingGivesTheChangeUp) {
+    plant();
+    GetInfoController& info = getInfo();
+    info.setName("typed");
+    panel().place = "5 6 7 8";
+    info.cancel();
+    EXPECT_EQ(c->itemName(), Text("c"));
+    EXPECT_EQ(document.changeCount(), 0);
+    EXPECT_EQ(panel().dismissals, 1);
+    EXPECT_EQ(state.stringForKey("Get Info Window"), "5 6 7 8");
+}
+
+TEST_F(GetInfoTest, aChangeIsKeptWithoutLeaving) {
+    plant();
+    GetInfoController& info = getInfo();
+    info.setName("typed");
+    info.keepChange();
+    info.keepChange();
+    EXPECT_EQ(c->itemName(), Text("typed"));
+    EXPECT_EQ(document.changeCount(), 1);
+    EXPECT_TRUE(info.isShown());
+    info.cancel();
+    EXPECT_EQ(document.changeCount(), 1);
+}
+
 } // namespace
 } // namespace tabulon

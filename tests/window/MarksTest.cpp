@@ -122,7 +122,7 @@ TEST_F(MarksTest, deleteDuplicatesAsksFirst) {
     addLink("a", "u");
     addLink("b", "u");
     open();
-    alerts.answer("No");
+    alerts.answer("Cancel");
     perform("deleteDuplicatesCommand:");
     ASSERT_EQ(alerts.shown.size(), 1u);
     const Alert& alert = alerts.shown[0];
@@ -130,10 +130,11 @@ TEST_F(MarksTest, deleteDuplicatesAsksFirst) {
     EXPECT_EQ(alert.message, base.texts.text("DeleteDuplicates"));
     EXPECT_EQ(alert.informative, base.texts.text("DuplicatesWarning"));
     ASSERT_EQ(alert.buttons.size(), 2u);
-    EXPECT_EQ(alert.buttons[0].title, "Yes");
+    EXPECT_EQ(alert.buttons[0].title, "Delete 1 Duplicate");
     EXPECT_EQ(alert.buttons[0].role, AlertButtonRole::Destructive);
-    EXPECT_EQ(alert.buttons[1].title, "No");
+    EXPECT_EQ(alert.buttons[1].title, "Cancel");
     EXPECT_EQ(alert.document, &document);
+    EXPECT_TRUE(alert.cancelIsDefault);
     EXPECT_EQ(rowNames(), (Names{"a", "b"}));
 }
 
@@ -147,7 +148,6 @@ TEST_F(MarksTest, deleteDuplicatesDeletesThemWhateverTheSettingsSay) {
     set("DuplicateLinks", false);
     set("BrokenLinks", true);
     set("MoveLinks", true);
-    alerts.answer("Yes");
     perform("deleteDuplicatesCommand:");
     EXPECT_EQ(rowNames(), (Names{"Waste Basket", "w", "broken", "old"}));
     ASSERT_EQ(alerts.shown.size(), 2u) << "the basket is not asked about";

@@ -164,5 +164,15 @@ TEST_F(PresentationTest, TypingFindsTheNextNameGoingRound) {
     EXPECT_FALSE(controller->rowWithPrefix("zz", 0));
 }
 
+TEST_F(PresentationTest, ASelectedRowHasItsLabelAsAMark) {
+    add(makeLink("a")).setLabel(2);
+    add(makeLink("b"));
+    open();
+    EXPECT_EQ(controller->viewForTableColumn(Column::Name, 0, true).labelMark, kRed);
+    EXPECT_FALSE(controller->viewForTableColumn(Column::Name, 0, false).labelMark);
+    EXPECT_FALSE(controller->viewForTableColumn(Column::URL, 0, true).labelMark);
+    EXPECT_FALSE(controller->viewForTableColumn(Column::Name, 1, true).labelMark);
+}
+
 } // namespace
 } // namespace tabulon

@@ -106,6 +106,10 @@ void FindBarWidget::selectSearchText() {
     field_->selectAll();
 }
 
+bool FindBarWidget::hasKeyboard() const {
+    return isActiveWindow() && window()->focusWidget() == field_;
+}
+
 void FindBarWidget::setSearchText(const std::string& text) {
     field_->setText(toQString(text));
 }

@@ -22,6 +22,9 @@ public:
     /// Leaves the controller alone from now on.
     void detach();
 
+    /// Whether the user types in it.
+    bool hasKeyboard() const;
+
     bool isFindBarShown() const override { return !isHidden(); }
     void setFindBarShown(bool shown) override;
     void selectSearchText() override;

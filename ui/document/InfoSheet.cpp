@@ -2,17 +2,21 @@
 
 #include "ui/ScreenRoom.h"
 #include "ui/Strings.h"
+#include "ui/document/AddressField.h"
 #include "window/LabelNames.h"
 
 #include <QCheckBox>
+#include <QCloseEvent>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QGuiApplication>
 #include <QIcon>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QTextDocument>
 #include <QToolButton>
 
@@ -33,10 +37,14 @@ QString asShown(const Text& text) {
     return toQString(text.view());
 }
 
-// What is in a field, to the letter: `toPlainText` makes plain spaces of those that do not break. Shift and
-// Return put a line separator, which only a text that has some keeps.
+// What is in a field, to the letter: `toPlainText` makes plain spaces of those that do not break.
+QString rawText(const QPlainTextEdit& field) {
+    return field.document()->toRawText().replace(QChar::ParagraphSeparator, '\n');
+}
+
+// Shift and Return put a line separator, which only a text that has some keeps.
 QString typedText(const QPlainTextEdit& field, const Text& original) {
-    QString text = field.document()->toRawText().replace(QChar::ParagraphSeparator, '\n');
+    QString text = rawText(field);
     if (!asShown(original).contains(QChar::LineSeparator))
         text.replace(QChar::LineSeparator, '\n');
     return text;
@@ -66,11 +74,10 @@ QIcon iconOf(const Application& application) {
 InfoSheet::InfoSheet(std::shared_ptr<GetInfoController> controller, const Localization& texts,
                      QWidget* window)
     : QDialog(window, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
-      controller_(std::move(controller)), name_(makeField(this)), url_(makeField(this)),
+      controller_(std::move(controller)), name_(makeField(this)), url_(new AddressField(this)),
       tags_(makeField(this)), note_(new QPlainTextEdit(this)), label_(new QComboBox(this)),
       browser_(new QComboBox(this)), locked_(new QCheckBox(this)) {
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowModality(Qt::WindowModal);
     auto* layout = new QVBoxLayout(this);
     auto* form = new QFormLayout;
     form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
@@ -85,6 +92,16 @@ InfoSheet::InfoSheet(std::shared_ptr<GetInfoController> controller, const Locali
 InfoSheet::~InfoSheet() {
     if (controller_->isShown()) // it goes with its window
         controller_->setPanel(nullptr);
+}
+
+void InfoSheet::present() {
+    setWindowModality(Qt::WindowModal);
+    show();
+}
+
+void InfoSheet::presentBeside() {
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    show();
 }
 
 void InfoSheet::makeFields(QFormLayout* form, const Localization& texts) {
@@ -154,7 +171,7 @@ void InfoSheet::reportChanges() {
     // Text that was only shown, not typed, may differ from what it stands for.
     connect(name_, &QLineEdit::textEdited, this,
             [this](const QString& text) { controller_->setName(text.toStdString()); });
-    connect(url_, &QLineEdit::textEdited, this,
+    connect(url_, &AddressField::addressEdited, this,
             [this](const QString& text) { controller_->setURL(text.toStdString()); });
     connect(tags_, &QLineEdit::textEdited, this,
             [this](const QString& text) { controller_->setTags(text.toStdString()); });
@@ -176,7 +193,7 @@ void InfoSheet::reloadFields() {
             field->setText(shown);
     };
     show(name_, node.itemName());
-    show(url_, node.itemURL());
+    url_->setAddress(node.itemURL());
     show(tags_, node.itemTags());
     if (const QString note = asShown(node.itemNote()); typedText(*note_, node.itemNote()) != note)
         note_->setPlainText(note);
@@ -196,7 +213,7 @@ void InfoSheet::setButtons(const InfoButtons& buttons) {
 }
 
 void InfoSheet::setTitle(const std::string& title) {
-    setWindowTitle(oneLine(title));
+    setWindowTitle(oneLine(title).replace("[*]", "[*][*]")); // else Qt's place for the edited mark
 }
 
 void InfoSheet::selectName() {
@@ -208,7 +225,7 @@ void InfoSheet::selectName() {
 // the keyboard goes to the button for the next match.
 void InfoSheet::selectNote(const std::string& string) {
     const QString part = toQString(string);
-    const qsizetype place = placeOf(note_->toPlainText(), part);
+    const qsizetype place = placeOf(rawText(*note_), part);
     QTextCursor cursor(note_->document());
     cursor.setPosition(static_cast<int>(std::max<qsizetype>(place, 0)));
     if (place >= 0)
@@ -234,22 +251,41 @@ std::string InfoSheet::frame() const {
     return frameText(geometry());
 }
 
-// The sheet stands where the desktop puts it, beside its window; what is kept is its size.
+// Where the screen of before is gone the desktop finds a place.
 void InfoSheet::setFrame(const std::string& frame) {
-    if (const auto place = frameIn(frame))
-        resize(place->size().boundedTo(roomOnScreen(*this)).expandedTo(minimumSizeHint()));
+    const auto place = frameIn(frame);
+    if (!place)
+        return;
+    const QSize size = place->size().boundedTo(roomOnScreen(*this)).expandedTo(minimumSizeHint());
+    if (QGuiApplication::screenAt(place->center()))
+        setGeometry(QRect(place->topLeft(), size));
+    else
+        resize(size);
 }
 
 void InfoSheet::dismiss() {
     QDialog::accept();
 }
 
-// Escape and the close button leave the item like every other way out.
 void InfoSheet::reject() {
     if (controller_->isShown())
-        controller_->done();
+        controller_->cancel();
     else
         QDialog::reject();
+}
+
+void InfoSheet::closeEvent(QCloseEvent* event) {
+    if (controller_->isShown())
+        controller_->done();
+    QDialog::closeEvent(event);
+}
+
+// Beside its window it can be left without being closed.
+void InfoSheet::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    const bool isLeft = event->type() == QEvent::ActivationChange && !isActiveWindow();
+    if (isLeft && windowModality() == Qt::NonModal && controller_->isShown())
+        controller_->keepChange();
 }
 
 } // namespace tabulon

@@ -17,6 +17,8 @@ class QToolButton;
 
 namespace tabulon {
 
+class AddressField;
+
 class InfoSheet : public QDialog, public InfoPanel {
     Q_OBJECT
 
@@ -24,6 +26,11 @@ public:
     /// Goes by itself when it is closed. The texts must live longer.
     InfoSheet(std::shared_ptr<GetInfoController> controller, const Localization& texts, QWidget* window);
     ~InfoSheet() override;
+
+    /// Comes up as a sheet, which the window waits for.
+    void present();
+    /// Comes up beside the window, which keeps the keyboard.
+    void presentBeside();
 
     void reloadFields() override;
     void setButtons(const InfoButtons& buttons) override;
@@ -36,7 +43,11 @@ public:
     void dismiss() override;
 
 protected:
+    /// Escape gives the change up.
     void reject() override;
+    /// The close button saves it.
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void makeFields(QFormLayout* form, const Localization& texts);
@@ -47,7 +58,7 @@ private:
 
     std::shared_ptr<GetInfoController> controller_;
     QLineEdit* name_;
-    QLineEdit* url_;
+    AddressField* url_;
     QLineEdit* tags_;
     QPlainTextEdit* note_;
     QComboBox* label_;

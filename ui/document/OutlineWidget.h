@@ -134,6 +134,7 @@ private:
         QRect icon;
         QRect text;
         QRect indicator;
+        QRect labelMark;
     };
     enum class Depth { ItemAlone, WithChildren };
 

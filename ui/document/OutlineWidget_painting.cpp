@@ -38,12 +38,15 @@ OutlineWidget::NameCellLayout OutlineWidget::layOutNameCell(int row, const CellC
     layout.icon = {{x, imageTop}, image};
     x += iconSize_ + kGap;
     const int indicatorRoom = cell.indicatorImage.empty() ? 0 : iconSize_ + kGap;
-    const int textRoom = std::max(0, area.right() - kGap - indicatorRoom - x);
+    const int markRoom = cell.labelMark ? iconSize_ + kGap : 0;
+    const int textRoom = std::max(0, area.right() - kGap - indicatorRoom - markRoom - x);
     const int textWidth =
         std::min(textRoom, fontMetrics().horizontalAdvance(oneLine(cell.text.string.view(), textRoom)) + 1);
     layout.text = {x, area.top(), textWidth, area.height()};
     if (indicatorRoom > 0)
         layout.indicator = {{x + textWidth + kGap, imageTop}, image};
+    if (markRoom > 0)
+        layout.labelMark = {{x + textWidth + kGap + indicatorRoom, imageTop}, image};
     return layout;
 }
 
@@ -135,6 +138,8 @@ void OutlineWidget::paintNameCell(QPainter& painter, int row, bool selected) con
         paintImage(painter, layout.icon, cell.icon);
     paintText(painter, layout.text, cell.text, color);
     paintImage(painter, layout.indicator, cell.indicatorImage);
+    if (cell.labelMark)
+        labelSwatch(*cell.labelMark).paint(&painter, layout.labelMark);
     painter.restore();
 }
 

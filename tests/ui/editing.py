@@ -1,8 +1,7 @@
 """What is being typed in the real program, with real keys, when something else happens: saving, closing, quitting, the end of
-the session, another command, another window, a timer. TYPING_PICTURES names a folder for pictures of the screen.
+the session, another command, a timer, the pointer over another row.
 """
 
-import json
 import os
 import signal
 import subprocess
@@ -10,26 +9,12 @@ import time
 
 from desktop_program import check, wait_for
 from session import run_session_tests
-
-TREE = {"name": "Master", "folder": True, "openFolder": True, "children": [
-    {"name": "first", "url": "https://first.example/"},
-    {"name": "Folder", "folder": True, "openFolder": True, "children": [
-        {"name": "inside", "url": "https://inside.example/"}]},
-    {"name": "last", "url": "https://last.example/"}]}
-
-
-def make_document(desktop, name, tree=None):
-    source = os.path.join(desktop.folder, "tree.json")
-    document = os.path.join(desktop.folder, name + ".tbln")
-    with open(source, "w", encoding="utf-8") as file:
-        json.dump(tree or TREE, file)
-    subprocess.run([desktop.tool, "make", source, "-o", document], check=True)
-    return document
+from small_tree import make_document
 
 
 def open_document(desktop, name="links"):
     document = make_document(desktop, name)
-    process = desktop.launch("--theme", os.environ.get("TYPING_THEME", "light"), document)
+    process = desktop.launch("--theme", os.environ.get("EDITING_THEME", "light"), document)
     desktop.window(f"{name} – Tabulon")
     return document, process
 
