@@ -1,5 +1,5 @@
-// Items that a command takes out of a tree, with the places where they stood: what is told of them, and what
-// it takes to put them back.
+// Items that a command takes out of a tree, with their places: the text that names them, and what it takes to
+// put them back.
 #pragma once
 
 #include "model/Bookmark.h"
@@ -13,14 +13,14 @@ namespace tabulon {
 
 struct RemovedItem {
     Ref<Bookmark> item;
-    /// Where it stood before any of them was removed.
+    /// Its parent before any of them was removed.
     Ref<Bookmark> folder;
     std::size_t index = 0;
 };
 
 /// The places of `items`, which are in document order and still in their tree. Once they are removed and
 /// nothing else of the tree has changed, inserting them one after the other restores it, also where an item
-/// stood in another one.
+/// was inside another one.
 std::vector<RemovedItem> placesOf(const std::vector<Ref<Bookmark>>& items);
 
 /// "2 folders, 1,500 bookmarks and 1 separator deleted", with everything in the folders counted. The items

@@ -28,7 +28,7 @@ RemovalOptions removalOptions(const UserDefaults& defaults);
 struct Removal {
     /// The links that were deleted or moved, in document order.
     std::vector<Ref<Bookmark>> items;
-    /// Where they stood.
+    /// Their places before.
     std::vector<RemovedItem> places;
     /// The pass had to make the Waste Basket.
     bool madeBasket = false;

@@ -11,7 +11,7 @@ QIcon iconNamed(std::string_view name) {
 }
 
 QIcon labelSwatch(const LabelColor& color) {
-    constexpr int kSize = 64; // scaled down by whoever shows it
+    constexpr int kSize = 64; // scaled down where it is shown
     QPixmap pixmap(kSize, kSize);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);

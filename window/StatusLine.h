@@ -29,17 +29,17 @@ public:
     /// replace it; it is back when the pointer leaves the rows. With an action there is a button of that
     /// title all the while.
     void showStatus(std::string text, std::string actionTitle = {}, Action action = nullptr);
-    /// The user has pressed the button: what was told is gone, then the action runs.
+    /// The user has pressed the button: the status is gone, then the action runs.
     void performAction();
 
     /// The item's address; nothing for a folder. Once the item has no row any more the line falls back.
     void showAddress(Bookmark& item);
     void showCounts();
-    /// What it shows when the pointer is over no row: what was told last, else the current row's address,
+    /// What it shows when the pointer is over no row: the status, else the current row's address,
     /// else the counts.
     void fallBack();
 
-    /// What was told last is out of date. The line changes a moment later, once for many changes.
+    /// The status is out of date. The line changes a moment later, once for many changes.
     void treeDidChange();
     /// Rows come or go; the row that the line speaks of may be among them.
     void rowsWillChange();
@@ -56,7 +56,7 @@ private:
     std::string text_;
     std::string status_; ///< empty for none
     Action action_;
-    bool isStale_ = false; ///< what is shown was told before the tree changed
+    bool isStale_ = false; ///< what is shown is a status that is out of date
     Ref<Bookmark> spokenOf_;
     std::unique_ptr<Timer> refresh_;
 };

@@ -160,7 +160,7 @@ public:
     /// are the last ones is removed by moving it down.
     void moveUp();
     void moveDown();
-    /// Inserts the items where they stood, as one change, and selects them. Requires that nothing else of the
+    /// Inserts the items in their places, as one change, and selects them. Requires that nothing else of the
     /// tree has changed since they were removed.
     void putBack(const std::vector<RemovedItem>& removed);
 

@@ -29,7 +29,7 @@ void FakeTimers::advance(double seconds) {
         const auto next = std::ranges::min_element(entries_, {}, &Entry::due);
         if (next == entries_.end() || next->due > end)
             break;
-        now_ = next->due;
+        now_ = std::max(now_, next->due);
         const Work work = next->work;
         if (next->interval > 0)
             next->due += next->interval;
@@ -37,7 +37,7 @@ void FakeTimers::advance(double seconds) {
             entries_.erase(next);
         work();
     }
-    now_ = end;
+    now_ = std::max(now_, end); // time may have passed in what was called
 }
 
 } // namespace tabulon

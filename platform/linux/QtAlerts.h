@@ -35,7 +35,7 @@ private:
         QMessageBox* box;
         const Document* document;
     };
-    /// The last one waits in the innermost event loop: it is answered first.
+    /// The last one runs in the innermost event loop, so it is answered first.
     std::vector<Shown> showing_;
 };
 

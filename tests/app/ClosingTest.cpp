@@ -6,6 +6,11 @@ namespace {
 
 class ClosingTest : public AppTest {
 protected:
+    // Each answer takes longer than the pause after which a document saves itself.
+    ClosingTest() {
+        alerts.whileShown = [this] { timers.advance(DocumentController::kAutosavePause + 1); };
+    }
+
     Document& untitled(bool changed) {
         Document& document = *documents().openUntitledDocumentAndDisplay();
         if (changed)

@@ -8,6 +8,7 @@ namespace {
 class MarksTest : public WindowTest {
 protected:
     MarksTest() {
+        alerts.whileShown = [this] { timers.advance(10); }; // before the answer
         shared.showMarks = [this](bool isShown) {
             shownEverywhere.push_back(isShown);
             controller->showMarksView();

@@ -7,6 +7,9 @@ namespace {
 class SortingTest : public WindowTest {
 protected:
     using Names = std::vector<std::string>;
+    SortingTest() {
+        alerts.whileShown = [this] { timers.advance(10); }; // before the answer
+    }
     void perform(const char* action, int tag = 0) {
         const MenuItem item{.action = action, .tag = tag};
         ASSERT_TRUE(controller->actions().validateMenuItem(item));

@@ -1,4 +1,4 @@
-// The line below the outline: what commands tell there, how long, and putting back what was deleted.
+// The line below the outline: what commands show there, how long, and putting back what was deleted.
 #include "tests/window/WindowFixture.h"
 #include "window/ShownAddress.h"
 
@@ -113,7 +113,7 @@ TEST_F(StatusLineTest, theNextChangeOfTheTreeTakesTheButtonAway) {
     controller->labelBookmark(2);
     EXPECT_EQ(window->urlFieldAction, "");
     timers.advance(0);
-    EXPECT_EQ(window->urlField, "https://last.example/") << "what is selected when the line is told anew";
+    EXPECT_EQ(window->urlField, "https://last.example/") << "what is selected when the line changes";
     controller->statusLine().performAction();
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"folder", "inside", "—", "last"}));
 }

@@ -27,7 +27,7 @@ public:
     InfoSheet(std::shared_ptr<GetInfoController> controller, const Localization& texts, QWidget* window);
     ~InfoSheet() override;
 
-    /// Comes up as a sheet, which the window waits for.
+    /// Comes up as a sheet, which blocks the window.
     void present();
     /// Comes up beside the window, which keeps the keyboard.
     void presentBeside();
@@ -43,7 +43,7 @@ public:
     void dismiss() override;
 
 protected:
-    /// Escape gives the change up.
+    /// Escape discards the change.
     void reject() override;
     /// The close button saves it.
     void closeEvent(QCloseEvent* event) override;

@@ -18,7 +18,7 @@ public:
 
     void setText(const QString& text);
     void setTextFont(const QFont& font);
-    /// An empty title hides the button. `description` is its tool tip and what screen readers tell of it.
+    /// An empty title hides the button. `description` is its tool tip and its description for screen readers.
     void setAction(const QString& title, const QString& description);
 
 signals:
