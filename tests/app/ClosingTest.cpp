@@ -69,7 +69,7 @@ TEST_F(ClosingTest, FailedSaveKeepsTheWindowOpen) {
     Document& document = untitled(true);
     alerts.answer("Save");
     panels.nameFile("/home/kept.tbln");
-    files.diskFull = true;
+    alerts.whileShown = [this] { files.diskFull = true; };
     perform("performClose:");
     EXPECT_EQ(documents().documents().size(), 1u);
     EXPECT_TRUE(document.isDocumentEdited());
