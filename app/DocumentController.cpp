@@ -10,7 +10,7 @@ namespace tabulon {
 
 DocumentController::DocumentController(const Platform& platform, DocumentWindowMaker& windows)
     : platform_(platform), windows_(windows), recentDocuments_(platform.state),
-      unsaved_(platform.files, platform.recovery),
+      unsaved_(platform.files, platform.recovery), revertPoints_(platform.files, platform.recovery),
       versions_(platform.files, platform.base.clock, platform.base.defaults,
                 platform.folders.stateFolder() + "/versions") {
     addActions();
@@ -25,11 +25,9 @@ void DocumentController::addActions() {
         "saveDocument:", [=, this](const MenuItem&) { saveDocument(*current_, nothing); }, hasDocument);
     actions_.add(
         "saveDocumentAs:", [=, this](const MenuItem&) { saveDocumentAs(*current_, nothing); }, hasDocument);
-    const auto canRevert = [this](const MenuItem&) {
-        return current_ && current_->isDocumentEdited() && !current_->fileName().empty();
-    };
     actions_.add(
-        "revertDocumentToSaved:", [this](const MenuItem&) { revertDocument(*current_); }, canRevert);
+        "revertDocumentToSaved:", [this](const MenuItem&) { revertDocument(*current_); },
+        [this](const MenuItem&) { return current_ && canRevert(*current_); });
     actions_.add(
         "browseVersions:", [this](const MenuItem&) { browseVersions(*current_); },
         [this](const MenuItem&) { return current_ && !current_->fileName().empty(); });

@@ -16,12 +16,25 @@ std::string folderOf(const Document& document) {
 
 } // namespace
 
+// A save that the user has asked for: Revert to Saved goes back to it.
 Result<void> DocumentController::write(Document& document, const std::string& path) {
+    Result<void> written = writeBytes(document, path, document.dataOfType(kDocumentType));
+    if (written)
+        revertPoints_.forget(document);
+    return written;
+}
+
+// A save in place that he has not asked for.
+Result<void> DocumentController::writeByItself(Document& document) {
+    return writeBytes(document, document.fileName(), document.dataOfType(kDocumentType));
+}
+
+Result<void> DocumentController::writeBytes(Document& document, const std::string& path,
+                                            const std::string& bytes) {
     const OpenDocument& opened = *find(document);
     runSaveTasks(*opened.controller, platform_, versions_);
     if (!document.fileName().empty())
         saveFrameUsingName(opened);
-    const std::string bytes = document.dataOfType(kDocumentType);
     if (const Result<void> kept = versions_.keepFile(path); !kept)
         platform_.base.log.log(kept.error().message);
     const std::string fileBefore = document.fileName();
@@ -41,8 +54,16 @@ Result<void> DocumentController::write(Document& document, const std::string& pa
 bool DocumentController::writeOrAlert(Document& document, const std::string& path) {
     const Result<void> written = write(document, path);
     if (!written)
-        writeErrorAlert(platform_, "CouldNotSave", path, written.error(), &document);
+        failedSaveAlert(document, path, written.error());
     return written.has_value();
+}
+
+// What the user knows is not told again by the next save that the program makes by itself.
+void DocumentController::failedSaveAlert(const Document& document, const std::string& path,
+                                         const Error& error) {
+    if (path == document.fileName())
+        find(document)->autosave.failureTold = true;
+    whileAlertIsUp(document, [&] { writeErrorAlert(platform_, "CouldNotSave", path, error, &document); });
 }
 
 void DocumentController::saveDocument(Document& document, const Done& done) {

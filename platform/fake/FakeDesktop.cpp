@@ -10,6 +10,8 @@ int FakeAlerts::runModal(const Alert& alert) {
     shown.push_back(alert);
     if (whileShown)
         whileShown();
+    if (timePasses)
+        timePasses();
     if (answers_.empty())
         return kAlertFirstButton;
     const std::string title = std::move(answers_.front());

@@ -41,6 +41,8 @@ public:
     bool suppresses = false;
     /// Called while an alert is shown, before its answer.
     std::function<void()> whileShown;
+    /// Called as well: the time that the user takes, in which timers fire.
+    std::function<void()> timePasses;
 
 private:
     std::deque<std::string> answers_;

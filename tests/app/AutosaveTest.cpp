@@ -29,7 +29,7 @@ protected:
     std::vector<std::string> copies() {
         std::vector<std::string> paths;
         for (const auto& [path, bytes] : files.files)
-            if (path.starts_with("/state/"))
+            if (path.starts_with("/state/") && path.ends_with(".tbln"))
                 paths.push_back(path);
         return paths;
     }
