@@ -38,7 +38,9 @@ Result<void> DocumentController::writeBytes(Document& document, const std::strin
     if (const Result<void> kept = versions_.keepFile(path); !kept)
         platform_.base.log.log(kept.error().message);
     const std::string fileBefore = document.fileName();
-    if (Result<void> written = platform_.files.writeFileAtomically(path, bytes); !written)
+    Result<void> written = path == document.fileName() ? platform_.files.writeBack(path, bytes)
+                                                       : platform_.files.writeFileAtomically(path, bytes);
+    if (!written)
         return written;
     document.updateChangeCount(ChangeKind::Cleared);
     if (document.fileName() != path) {

@@ -10,7 +10,7 @@
 int main(int argc, char** argv) {
     // A reader that goes away is an error of the write, not the end of the process.
     std::signal(SIGPIPE, SIG_IGN);
-    tabulon::PosixFileStore files;
+    tabulon::PosixFileStore files(tabulon::SpecialFiles::Used);
     tabulon::SystemClock clock;
     tabulon::SilentLog log; // standard error is for what went wrong
     const tabulon::cli::Environment environment{
