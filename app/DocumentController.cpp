@@ -103,14 +103,12 @@ void DocumentController::closeUntouchedDocument() {
     untouched_ = nullptr;
 }
 
-Document* DocumentController::openDocument(const std::string& path, std::string_view bytes,
-                                           const std::optional<FileIdentity>& identity) {
+Result<Document*> DocumentController::openDocument(const std::string& path, std::string_view bytes,
+                                                   const std::optional<FileIdentity>& identity) {
     auto opened = std::make_unique<OpenDocument>(platform_.base);
     opened->identity = identity;
-    if (const Result<void> read = opened->document.readFromDataOfType(bytes, kDocumentType); !read) {
-        fileErrorAlert(platform_, "CouldNotOpen", path, read.error());
-        return nullptr;
-    }
+    if (const Result<void> read = opened->document.readFromDataOfType(bytes, kDocumentType); !read)
+        return tl::unexpected(read.error());
     opened->document.setFileName(path);
     Document* document = makeWindowControllers(std::move(opened));
     if (document) {

@@ -64,11 +64,11 @@ public:
     void noteUntouchedDocument() { untouched_ = current_; }
     void closeUntouchedDocument();
 
-    /// Opens the document with the content `bytes` of the file at `path` in a window. On failure an alert was
-    /// shown where one is due, and nothing is opened.
+    /// Opens the document with the content `bytes` of the file at `path` in a window; null when there can be
+    /// none. Fails where the content is none of a document; nothing is opened and no alert shown then.
     /// `identity` is how the file was just before it was read.
-    Document* openDocument(const std::string& path, std::string_view bytes,
-                           const std::optional<FileIdentity>& identity);
+    Result<Document*> openDocument(const std::string& path, std::string_view bytes,
+                                   const std::optional<FileIdentity>& identity);
     /// Brings the window of the file to the front, whatever path it was opened by; false when it is not open.
     bool showDocumentOfFile(const std::string& path);
 
