@@ -163,6 +163,7 @@ void DocumentController::recover(const UnsavedDocuments::Copy& copy) {
         return;
     unsaved_.adopt(*document, copy.path);
     document->updateChangeCount(ChangeKind::Done);
+    getWindow(*document)->setURLFieldText(platform_.base.texts.text("Recovered"));
 }
 
 } // namespace tabulon

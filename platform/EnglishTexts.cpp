@@ -237,6 +237,7 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"RecentsClear", "Clear Recent Searches"},
     {"RecentsEmpty", "No Recent Searches"},
     {"RecentsSearch", "Recent Searches"},
+    {"Recovered", "Recovered: not saved yet"},
     {"Reload", "Reload"},
     {"Revert", "Revert “%@” to the saved version?"},
     {"RevertButton", "Revert"},

@@ -313,6 +313,14 @@ TEST_F(AutosaveTest, DocumentsOfARunThatCrashedAreThereAgain) {
     EXPECT_FALSE(files.fileExists("/state/unsaved/run-0/12 My old links.tbln"));
 }
 
+TEST_F(AutosaveTest, DocumentsOfACrashSayInTheirWindowThatTheyAreNotSavedYet) {
+    files.files["/state/unsaved/run-0/1 Links.tbln"] = documentBytes("mine");
+    recovery.abandoned = {"/state/unsaved/run-0"};
+    app.applicationDidFinishLaunching({});
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_EQ(windowOf(*onlyDocument()).urlField, "Recovered: not saved yet");
+}
+
 TEST_F(AutosaveTest, DamagedCopyIsToldAndPutAside) {
     recovery.abandoned = {"/state/unsaved/run-0"};
     files.files["/state/unsaved/run-0/1 Untitled.tbln"] = "bplist00 and then nothing";

@@ -227,9 +227,9 @@ void DocumentMainWindow::takeFiles(const std::vector<std::string>& files, bool i
         else
             opened.push_back(file);
     if (!uris.isEmpty()) {
-        QMimeData data;
-        data.setData("text/uri-list", uris);
-        QDropEvent drop(QPointF(), Qt::CopyAction, &data, Qt::NoButton, Qt::NoModifier);
+        QMimeData list;
+        list.setData("text/uri-list", uris);
+        QDropEvent drop(QPointF(), Qt::CopyAction, &list, Qt::NoButton, Qt::NoModifier);
         if (outline_->beginDragOver(drop))
             outline_->performDrop(&drop, {});
     }
