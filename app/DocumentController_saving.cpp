@@ -120,6 +120,9 @@ void DocumentController::saveDocumentAs(Document& document, const Done& done) {
                              platform_.base.texts.text("AlreadyOpenText"));
             return done(false);
         }
+        // Another program may have changed its own file while the panel was up.
+        if (isSameFile(platform_.files, document.fileName(), *path))
+            return saveDocument(document, done);
         done(writeOrAlert(document, *path));
     };
     platform_.panels.beginSavePanel(panel, save);

@@ -57,6 +57,8 @@ private:
 
 void FakePanels::beginSavePanel(const SavePanel& panel, SaveDone done) {
     savePanels.push_back(panel);
+    if (whileSaving)
+        whileSaving();
     if (panel.accessory && showsAccessories) {
         FakeSavePanel shown(allowedKinds);
         panel.accessory->setPanel(&shown);

@@ -60,6 +60,9 @@ public:
 
     void closeAll();
 
+    /// Called while a save panel is shown, before its answer.
+    std::function<void()> whileSaving;
+
     /// What the user does in the options area of a save panel, before the answer. The kinds of file that the
     /// area sets go to `allowedKinds`.
     std::function<void(PanelAccessory& accessory)> useAccessory;
