@@ -189,8 +189,8 @@ private:
     SharedState shared_;
     RecentDocuments recentDocuments_;
     UnsavedDocuments unsaved_;
-    VersionStore versions_;
     RevertPoints revertPoints_;
+    VersionStore versions_;
     ActionTable actions_;
     std::vector<std::unique_ptr<OpenDocument>> documents_;
     Document* current_ = nullptr;
