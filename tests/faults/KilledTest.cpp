@@ -166,7 +166,7 @@ TEST_F(KilledTest, whatRevertingWentBackToEndsWithTheRun) {
     EXPECT_EQ(versionIn(file), 2);
     const auto copies = [this] {
         std::size_t count = 0;
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(path("state")))
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(path("state/unsaved")))
             count += entry.is_regular_file() ? 1 : 0;
         return count;
     };
