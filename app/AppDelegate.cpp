@@ -16,7 +16,7 @@ AppDelegate::AppDelegate(const Platform& platform, DocumentWindowMaker& windows,
     documentController_.shared().grabAllHTML = [this](const std::string& html) { grabAllHTML(html); };
     documentController_.shared().showMarks = [this](bool shown) { showMarks(shown); };
     documentController_.lastDocumentClosed = [this] {
-        if (stop && !(willOpenMore && willOpenMore()))
+        if (stop && !opensMore())
             stop();
     };
 }
@@ -25,7 +25,13 @@ void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& 
     performRequest({.kind = LaunchRequest::Kind::Open, .uris = locations});
 }
 
+bool AppDelegate::opensMore() const {
+    return willOpenMore && willOpenMore();
+}
+
 void AppDelegate::performRequest(const LaunchRequest& request) {
+    if (ended_)
+        return;
     const bool isFirst = !launched_;
     if (isFirst)
         startUp();
@@ -33,12 +39,17 @@ void AppDelegate::performRequest(const LaunchRequest& request) {
     case LaunchRequest::Kind::Activate:
         break;
     case LaunchRequest::Kind::Open:
-        openFiles(request.uris);
+        for (const std::string& location : request.uris)
+            open(location);
         break;
     case LaunchRequest::Kind::NewDocument:
         documentController_.openUntitledDocumentAndDisplay();
         break;
     }
+    if (!opensMore())
+        refusals_.tell(platform_);
+    if (ended_ || opensMore()) // the alert waited for its answer
+        return;
     if (documentController_.documents().empty())
         openWithoutRequest();
     else if (!isFirst)
@@ -72,6 +83,7 @@ bool AppDelegate::applicationShouldOpenUntitledFile() const {
 }
 
 void AppDelegate::sessionWillEnd() {
+    ended_ = true;
     documentController_.autosaveAllDocumentsForTheEnd();
     if (stop)
         stop();

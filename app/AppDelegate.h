@@ -4,6 +4,7 @@
 #pragma once
 
 #include "app/DocumentController.h"
+#include "app/Refusals.h"
 #include "formats/ImportFormats.h"
 #include "platform/Menu.h"
 #include "platform/Platform.h"
@@ -32,6 +33,8 @@ public:
     /// names. Later ones open files or a new document, or bring the current one to the front. When there is
     /// no document then, an untitled one comes up if `applicationShouldOpenUntitledFile` says so, else the
     /// open panel; cancelling that ends the program.
+    /// While `willOpenMore` says so, what could not be opened is told, and windows are brought to the front,
+    /// with the last request alone. Nothing is done after the end of the session.
     void performRequest(const LaunchRequest& request);
     /// The first request: the files at these paths or URIs, or none.
     void applicationDidFinishLaunching(const std::vector<std::string>& locations);
@@ -51,12 +54,14 @@ public:
 
     // Opening
 
-    /// Opens bookmark documents and bookmark files in HTML, told apart by content, then by extension; paths
-    /// or URIs. A file that is open already, under whatever path, comes to the front. One alert tells what
-    /// could not be opened.
+    /// Opens bookmark documents, and bookmark files of other programs and pages as untitled documents named
+    /// after them, told apart by content, then by extension; paths or URIs. A file that is open already,
+    /// under whatever path, comes to the front. One alert tells what could not be opened.
     void openFiles(const std::vector<std::string>& locations);
     /// The same for one file. True when there is a window for it now.
     bool openFile(const std::string& location);
+    /// Whether there is a file that `openFile` would try to open; not one that holds a single link.
+    bool canOpen(const std::string& location);
     void openDocumentPanel();
 
     // Importing
@@ -96,19 +101,16 @@ private:
     void addActions();
     void addImportActions();
     const ActionTable* responderTo(std::string_view action) const;
-    bool openBookmarkHTML(const std::string& path, std::string_view bytes);
-    struct Refusal {
-        std::string location;
-        Error error;
-    };
-
+    bool opensMore() const;
     void startUp();
     void openWithoutRequest();
     void bringCurrentDocumentToFront();
-    bool open(const std::string& location, std::vector<Refusal>& refusals);
-    bool openContent(const std::string& path, std::vector<Refusal>& refusals);
+    bool open(const std::string& location);
+    bool openContent(const std::string& path);
+    bool openDocument(const std::string& path, std::string_view bytes,
+                      const std::optional<FileIdentity>& identity);
+    bool openImported(const ImportFormat& format, const std::string& path, std::string_view bytes);
     Error missingFile(const std::string& path, const Error& error);
-    void refusalsAlert(const std::vector<Refusal>& refusals);
     void showAboutPanel();
     std::vector<FileKind> kindsThatPanelsEnable() const;
     void importFailureAlert(const ImportFormat& format, const std::string& path, const Error& error);
@@ -138,7 +140,9 @@ private:
     ActionTable actions_;
     NetscapeScanner scanner_;
     std::set<PanelFilter> panelFilters_;
+    Refusals refusals_;
     bool launched_ = false;
+    bool ended_ = false;
     bool openPanelIsShown_ = false;
     bool terminating_ = false;
 };

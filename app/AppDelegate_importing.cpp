@@ -158,9 +158,13 @@ Document* AppDelegate::showImported(const ImportFormat& format, Ref<Bookmark> ro
     Document* document = newMasterDocument(std::move(root));
     if (document && !format.title.empty())
         document->setDisplayName(std::string(format.title));
-    if (document && !format.source.empty())
-        documentController_.getViewController(*document)->setWindowTitle(
-            platform_.base.texts.format("ImportedBookmarks", std::string(format.source)));
+    if (document && !format.source.empty()) {
+        // The question about its changes and the save panel call it what the window does.
+        const std::string title =
+            platform_.base.texts.format("ImportedBookmarks", std::string(format.source));
+        document->setDisplayName(title);
+        documentController_.getViewController(*document)->setWindowTitle(title);
+    }
     return document;
 }
 

@@ -1,10 +1,10 @@
 // Opening files of every kind.
 #include "app/AppDelegate.h"
 #include "app/FileContent.h"
+#include "formats/import/LinkFileReader.h"
 #include "window/FileUri.h"
 #include "window/SharedAlerts.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 
@@ -20,32 +20,32 @@ std::optional<std::string> pathOf(const std::string& location) {
     return path;
 }
 
-// What an alert calls it.
-std::string nameOf(const std::string& location) {
-    return location.starts_with('/') && location != "/" ? lastPathComponent(location)
-                                                        : decodeUtf8Leniently(location);
-}
-
 } // namespace
 
 bool AppDelegate::openFile(const std::string& location) {
-    std::vector<Refusal> refusals;
-    const bool opened = open(location, refusals);
-    refusalsAlert(refusals);
+    const bool opened = open(location);
+    refusals_.tell(platform_);
     return opened;
 }
 
 void AppDelegate::openFiles(const std::vector<std::string>& locations) {
-    std::vector<Refusal> refusals;
     for (const std::string& location : locations)
-        open(location, refusals);
-    refusalsAlert(refusals);
+        open(location);
+    refusals_.tell(platform_);
 }
 
-bool AppDelegate::open(const std::string& location, std::vector<Refusal>& refusals) {
+bool AppDelegate::canOpen(const std::string& location) {
+    const auto path = pathOf(location);
+    if (!path || platform_.files.kindOf(*path) != PathKind::File)
+        return false;
+    const Result<std::string> bytes = platform_.files.readFile(*path);
+    return bytes && contentOfFile(*bytes, *path).kind != FileContent::Kind::Unknown && !readLinkFile(*bytes);
+}
+
+bool AppDelegate::open(const std::string& location) {
     const auto path = pathOf(location);
     const auto refuse = [&](std::string_view key) {
-        refusals.push_back({path.value_or(location), Error{.message = platform_.base.texts.text(key)}});
+        refusals_.add(path.value_or(location), Error{.message = platform_.base.texts.text(key)});
         return false;
     };
     if (!path)
@@ -59,30 +59,52 @@ bool AppDelegate::open(const std::string& location, std::vector<Refusal>& refusa
     case PathKind::Nothing: // which is told by reading it
         break;
     }
-    return documentController_.showDocumentOfFile(*path) || openContent(*path, refusals);
+    return documentController_.showDocumentOfFile(*path) || openContent(*path);
 }
 
-bool AppDelegate::openContent(const std::string& path, std::vector<Refusal>& refusals) {
+bool AppDelegate::openContent(const std::string& path) {
     const auto identity = platform_.files.identityOf(path);
     const Result<std::string> bytes = platform_.files.readFile(path);
     if (!bytes) {
-        refusals.push_back({path, missingFile(path, bytes.error())});
+        refusals_.add(path, missingFile(path, bytes.error()));
         return false;
     }
-    switch (contentOfFile(*bytes, path)) {
-    case FileContent::BookmarkDocument:
-        if (!documentController_.openDocument(path, *bytes, identity))
-            return false;
-        break;
-    case FileContent::BookmarkHTML:
-        if (!openBookmarkHTML(path, *bytes))
-            return false;
-        break;
-    case FileContent::Unknown:
-        refusals.push_back({path, Error{.message = platform_.base.texts.text("UnknownFile")}});
+    const FileContent content = contentOfFile(*bytes, path);
+    if (content.kind == FileContent::Kind::Unknown) {
+        refusals_.add(path, Error{.message = platform_.base.texts.text("UnknownFile")});
         return false;
     }
-    documentController_.closeUntouchedDocument();
+    const bool opened =
+        content.format ? openImported(*content.format, path, *bytes) : openDocument(path, *bytes, identity);
+    if (opened)
+        documentController_.closeUntouchedDocument();
+    return opened;
+}
+
+bool AppDelegate::openDocument(const std::string& path, std::string_view bytes,
+                               const std::optional<FileIdentity>& identity) {
+    const Result<Document*> document = documentController_.openDocument(path, bytes, identity);
+    if (!document)
+        refusals_.add(path, document.error());
+    return document.value_or(nullptr) != nullptr;
+}
+
+// The file is named by the user, so that the document is called after it.
+bool AppDelegate::openImported(const ImportFormat& format, const std::string& path, std::string_view bytes) {
+    Result<Ref<Bookmark>> root = read(format, bytes, lastPathComponent(path));
+    if (!root) {
+        refusals_.add(path, root.error());
+        return false;
+    }
+    if (!(*root)->hasChildren() && format.fileName.empty() && format.filter == PanelFilter::HTML) {
+        refusals_.addEmpty(path, platform_.base.texts);
+        return false;
+    }
+    Document* document = newMasterDocument(std::move(*root));
+    if (!document)
+        return false;
+    document->setDisplayName(nameWithoutExtension(path));
+    documentController_.recentDocuments().note(path);
     return true;
 }
 
@@ -99,41 +121,17 @@ Error AppDelegate::missingFile(const std::string& path, const Error& error) {
                                                         decodeUtf8Leniently(folder))};
 }
 
-void AppDelegate::refusalsAlert(const std::vector<Refusal>& refusals) {
-    constexpr std::size_t kMostLines = 8;
-    if (refusals.empty())
-        return;
-    const Localization& texts = platform_.base.texts;
-    if (refusals.size() == 1)
-        return criticalAlert(platform_, texts.format("CouldNotOpen", nameOf(refusals[0].location)),
-                             refusals[0].error.message);
-    std::string lines;
-    for (std::size_t i = 0; i < std::min(refusals.size(), kMostLines); ++i)
-        lines += (i == 0 ? "“" : "\n“") + nameOf(refusals[i].location) + "”: " + refusals[i].error.message;
-    if (refusals.size() > kMostLines)
-        lines += "\n" + texts.format("AndMore", std::to_string(refusals.size() - kMostLines));
-    criticalAlert(platform_, texts.format("CouldNotOpenFiles", std::to_string(refusals.size())), lines);
-}
-
-bool AppDelegate::openBookmarkHTML(const std::string& path, std::string_view bytes) {
-    Document* document = scanNetscape(bytes, lastPathComponent(path));
-    if (!document)
-        return false;
-    document->setDisplayName(nameWithoutExtension(path));
-    documentController_.recentDocuments().note(path);
-    return true;
-}
-
 void AppDelegate::openDocumentPanel() {
     if (openPanelIsShown_)
         return;
     const Localization& texts = platform_.base.texts;
-    const OpenPanel panel{
-        .message = texts.text("OpenFile"),
-        .prompt = texts.text("Open"),
-        .kinds = {{texts.text("BookmarkFiles"), {std::string(kDocumentExtension), "html", "htm"}}},
-        .allowsMultipleSelection = true,
-        .document = documentController_.currentDocument()};
+    const OpenPanel panel{.message = texts.text("OpenFile"),
+                          .prompt = texts.text("Open"),
+                          .kinds = {{texts.text("BookmarkFiles"),
+                                     {std::string(kDocumentExtension), "html", "htm", "xbel", "plist"}},
+                                    {texts.text("AllFiles")}},
+                          .allowsMultipleSelection = true,
+                          .document = documentController_.currentDocument()};
     openPanelIsShown_ = true;
     platform_.panels.beginOpenPanel(panel, [this](const std::vector<std::string>& paths) {
         openPanelIsShown_ = false;

@@ -10,7 +10,7 @@ namespace tabulon {
 
 DocumentController::DocumentController(const Platform& platform, DocumentWindowMaker& windows)
     : platform_(platform), windows_(windows), recentDocuments_(platform.state),
-      unsaved_(platform.files, platform.recovery),
+      unsaved_(platform.files, platform.recovery), revertPoints_(platform.files, platform.recovery),
       versions_(platform.files, platform.base.clock, platform.base.defaults,
                 platform.folders.stateFolder() + "/versions") {
     addActions();
@@ -25,11 +25,9 @@ void DocumentController::addActions() {
         "saveDocument:", [=, this](const MenuItem&) { saveDocument(*current_, nothing); }, hasDocument);
     actions_.add(
         "saveDocumentAs:", [=, this](const MenuItem&) { saveDocumentAs(*current_, nothing); }, hasDocument);
-    const auto canRevert = [this](const MenuItem&) {
-        return current_ && current_->isDocumentEdited() && !current_->fileName().empty();
-    };
     actions_.add(
-        "revertDocumentToSaved:", [this](const MenuItem&) { revertDocument(*current_); }, canRevert);
+        "revertDocumentToSaved:", [this](const MenuItem&) { revertDocument(*current_); },
+        [this](const MenuItem&) { return current_ && canRevert(*current_); });
     actions_.add(
         "browseVersions:", [this](const MenuItem&) { browseVersions(*current_); },
         [this](const MenuItem&) { return current_ && !current_->fileName().empty(); });
@@ -105,14 +103,12 @@ void DocumentController::closeUntouchedDocument() {
     untouched_ = nullptr;
 }
 
-Document* DocumentController::openDocument(const std::string& path, std::string_view bytes,
-                                           const std::optional<FileIdentity>& identity) {
+Result<Document*> DocumentController::openDocument(const std::string& path, std::string_view bytes,
+                                                   const std::optional<FileIdentity>& identity) {
     auto opened = std::make_unique<OpenDocument>(platform_.base);
     opened->identity = identity;
-    if (const Result<void> read = opened->document.readFromDataOfType(bytes, kDocumentType); !read) {
-        fileErrorAlert(platform_, "CouldNotOpen", path, read.error());
-        return nullptr;
-    }
+    if (const Result<void> read = opened->document.readFromDataOfType(bytes, kDocumentType); !read)
+        return tl::unexpected(read.error());
     opened->document.setFileName(path);
     Document* document = makeWindowControllers(std::move(opened));
     if (document) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/RecentDocuments.h"
+#include "app/RevertPoints.h"
 #include "app/UnsavedDocuments.h"
 #include "app/VersionsController.h"
 #include "model/Document.h"
@@ -64,11 +65,11 @@ public:
     void noteUntouchedDocument() { untouched_ = current_; }
     void closeUntouchedDocument();
 
-    /// Opens the document with the content `bytes` of the file at `path` in a window. On failure an alert was
-    /// shown where one is due, and nothing is opened.
+    /// Opens the document with the content `bytes` of the file at `path` in a window; null when there can be
+    /// none. Fails where the content is none of a document; nothing is opened and no alert shown then.
     /// `identity` is how the file was just before it was read.
-    Document* openDocument(const std::string& path, std::string_view bytes,
-                           const std::optional<FileIdentity>& identity);
+    Result<Document*> openDocument(const std::string& path, std::string_view bytes,
+                                   const std::optional<FileIdentity>& identity);
     /// Brings the window of the file to the front, whatever path it was opened by; false when it is not open.
     bool showDocumentOfFile(const std::string& path);
 
@@ -76,7 +77,11 @@ public:
     /// user decides first what becomes of it.
     void saveDocument(Document& document, const Done& done);
     void saveDocumentAs(Document& document, const Done& done);
-    /// Goes back to what the file holds, after a question. Requires a document with a file.
+    /// Whether the document differs from what it was when the user opened it or last saved it himself.
+    bool canRevert(const Document& document) const;
+    /// Goes back, after a question, to what the document was when the user opened it or last saved it
+    /// himself; a save that the program made by itself since is taken back in the file, too. A file that
+    /// another program changed is read as that left it. Requires a document with a file.
     void revertDocument(Document& document);
 
     /// Shows the versions of a document with a file, or, without one, does nothing.
@@ -119,6 +124,7 @@ private:
         double lastSeconds = 0; // that saving took
         bool failureTold = false;
         bool asked = false;
+        bool deferred = false; // something is left to do or to tell when no alert is up any more
         std::optional<FileIdentity> askedAbout; // the state of the file, where `asked`
     };
     /// After a pause questions may be asked, at the end not even failures are told that lose nothing.
@@ -132,6 +138,8 @@ private:
         /// How the file was when it was read or written last.
         std::optional<FileIdentity> identity;
         Autosave autosave;
+        int alertsUp = 0; // that are about this document
+        bool isAskedToRevert = false;
         std::optional<ViewController> controller;
         std::unique_ptr<DocumentWindow> window;
     };
@@ -147,10 +155,19 @@ private:
     void saveFrameUsingName(const OpenDocument& opened);
     void restoreWindowFrame(const OpenDocument& opened);
     Result<void> write(Document& document, const std::string& path);
+    Result<void> writeByItself(Document& document);
+    Result<void> writeBytes(Document& document, const std::string& path, const std::string& bytes);
     bool writeOrAlert(Document& document, const std::string& path);
+    void whileAlertIsUp(const Document& document, const std::function<void()>& show);
+    int ask(const Alert& alert);
+    void failedSaveAlert(const Document& document, const std::string& path, const Error& error);
     FileAnswer askAboutFile(const Document& document, Before before);
     FileAnswer chooseForFile(const Document& document, bool isThere, Before before);
+    enum class RevertTo { UsersVersion, File };
+    std::optional<RevertTo> askToRevert(const Document& document);
     bool revertToContentsOfURL(Document& document);
+    bool revertToUsersVersion(Document& document);
+    bool showReverted(Document& document, const Result<std::string>& bytes);
     void noteFile(Document& document);
     const Document* otherDocumentOfFile(const Document& document, const std::string& path) const;
     void noteChange(OpenDocument& opened);
@@ -158,6 +175,7 @@ private:
     void autosaveTimerFired(OpenDocument& opened);
     void autosave(OpenDocument& opened, Moment moment);
     void autosaveAll(Moment moment);
+    Result<void> timed(OpenDocument& opened, const std::function<Result<void>()>& save);
     void autosaveFile(OpenDocument& opened, Moment moment);
     void autosaveBesideFile(OpenDocument& opened, const std::optional<FileIdentity>& identity, Moment moment);
     void noteAutosave(OpenDocument& opened, std::string_view failureKey, const Result<void>& saved);
@@ -173,6 +191,7 @@ private:
     SharedState shared_;
     RecentDocuments recentDocuments_;
     UnsavedDocuments unsaved_;
+    RevertPoints revertPoints_;
     VersionStore versions_;
     ActionTable actions_;
     std::vector<std::unique_ptr<OpenDocument>> documents_;

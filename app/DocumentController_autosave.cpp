@@ -4,6 +4,7 @@
 #include "window/SharedAlerts.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tabulon {
 namespace {
@@ -43,12 +44,21 @@ void DocumentController::autosave(OpenDocument& opened, Moment moment) {
     opened.autosave.postponements = 0;
     if (!opened.document.isDocumentEdited())
         return;
-    const double begin = platform_.base.clock.secondsSinceReferenceDate();
-    if (opened.document.fileName().empty())
-        noteAutosave(opened, "CouldNotKeep", unsaved_.keep(opened.document));
+    if (opened.isAskedToRevert && moment != Moment::End) {
+        opened.autosave.deferred = true; // the file stays as it is until the user has decided
+        (void)unsaved_.keep(opened.document);
+    } else if (opened.document.fileName().empty())
+        noteAutosave(opened, "CouldNotKeep", timed(opened, [&] { return unsaved_.keep(opened.document); }));
     else
         autosaveFile(opened, moment);
+}
+
+// Notes how long saving takes, without the time that the user needs to answer.
+Result<void> DocumentController::timed(OpenDocument& opened, const std::function<Result<void>()>& save) {
+    const double begin = platform_.base.clock.secondsSinceReferenceDate();
+    Result<void> saved = save();
     opened.autosave.lastSeconds = platform_.base.clock.secondsSinceReferenceDate() - begin;
+    return saved;
 }
 
 void DocumentController::autosaveFile(OpenDocument& opened, Moment moment) {
@@ -56,7 +66,8 @@ void DocumentController::autosaveFile(OpenDocument& opened, Moment moment) {
     const auto identity = platform_.files.identityOf(document.fileName());
     if (identity != opened.identity)
         return autosaveBesideFile(opened, identity, moment);
-    const Result<void> written = write(document, document.fileName());
+    revertPoints_.keep(document);
+    const Result<void> written = timed(opened, [&] { return writeByItself(document); });
     const bool isKept = !written && unsaved_.keep(document).has_value();
     if (moment != Moment::End || !isKept)
         noteAutosave(opened, "CouldNotSave", written);
@@ -66,26 +77,57 @@ void DocumentController::autosaveFile(OpenDocument& opened, Moment moment) {
 // asked about each state of the file once, and about one file at a time; a save by hand asks again.
 void DocumentController::autosaveBesideFile(OpenDocument& opened, const std::optional<FileIdentity>& identity,
                                             Moment moment) {
-    noteAutosave(opened, "CouldNotKeep", unsaved_.keep(opened.document));
+    const Document& document = opened.document;
+    noteAutosave(opened, "CouldNotKeep", timed(opened, [&] { return unsaved_.keep(document); }));
+    if (!find(document)) // closed while an alert told of a failure
+        return;
     const bool wasAsked = opened.autosave.asked && opened.autosave.askedAbout == identity;
     if (moment != Moment::Pause || asking_ || wasAsked)
         return;
+    if (opened.alertsUp > 0) {
+        opened.autosave.deferred = true;
+        return;
+    }
     opened.autosave.asked = true;
     opened.autosave.askedAbout = identity;
     saveDocument(opened.document, [](bool) {});
 }
 
+// Shows an alert about the document. Saving by itself brings up no other one over it: what it has to tell
+// comes afterwards.
+void DocumentController::whileAlertIsUp(const Document& document, const std::function<void()>& show) {
+    if (OpenDocument* opened = find(document))
+        ++opened->alertsUp;
+    show();
+    OpenDocument* opened = find(document);
+    if (opened && --opened->alertsUp == 0 && std::exchange(opened->autosave.deferred, false))
+        noteChange(*opened);
+}
+
+// The response. Requires an alert about a document.
+int DocumentController::ask(const Alert& alert) {
+    int response = 0;
+    whileAlertIsUp(*alert.document, [&] { response = platform_.alerts.runModal(alert); });
+    return response;
+}
+
 // A failure is told once, until saving has worked again.
 void DocumentController::noteAutosave(OpenDocument& opened, std::string_view failureKey,
                                       const Result<void>& saved) {
-    const bool tell = !saved && !opened.autosave.failureTold;
-    opened.autosave.failureTold = !saved;
-    if (!tell)
+    const bool isNews = !saved && !opened.autosave.failureTold;
+    opened.autosave.failureTold = !saved && (!isNews || opened.alertsUp == 0);
+    if (!isNews)
         return;
+    if (opened.alertsUp > 0) {
+        opened.autosave.deferred = true;
+        return;
+    }
     const Document& document = opened.document;
     const std::string& file = document.fileName();
-    writeErrorAlert(platform_, failureKey, file.empty() ? document.displayName() : file, saved.error(),
-                    &document);
+    whileAlertIsUp(document, [&] {
+        writeErrorAlert(platform_, failureKey, file.empty() ? document.displayName() : file, saved.error(),
+                        &document);
+    });
 }
 
 // An alert of one document leaves the others usable: they may be closed meanwhile.
@@ -125,6 +167,7 @@ void DocumentController::recover(const UnsavedDocuments::Copy& copy) {
         return;
     unsaved_.adopt(*document, copy.path);
     document->updateChangeCount(ChangeKind::Done);
+    getViewController(*document)->statusLine().showStatus(platform_.base.texts.text("Recovered"));
 }
 
 } // namespace tabulon

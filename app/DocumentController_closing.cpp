@@ -7,26 +7,14 @@
 namespace tabulon {
 namespace {
 
-enum class SaveAnswer { Save, DontSave, Cancel };
-
-SaveAnswer askForSaving(const Platform& platform, const Document& document) {
-    const Localization& texts = platform.base.texts;
-    const int response =
-        platform.alerts.runModal(Alert{.style = AlertStyle::Warning,
-                                       .message = texts.format("SaveChanges", document.displayName()),
-                                       .informative = texts.text("SaveChangesText"),
-                                       .buttons = {{texts.text("Save")},
-                                                   {texts.text("DontSave"), AlertButtonRole::Destructive},
-                                                   {texts.text("Cancel"), AlertButtonRole::Cancel}},
-                                       .document = &document});
-    switch (response - kAlertFirstButton) {
-    case 0:
-        return SaveAnswer::Save;
-    case 1:
-        return SaveAnswer::DontSave;
-    default:
-        return SaveAnswer::Cancel;
-    }
+Alert savingQuestion(const Localization& texts, const Document& document) {
+    return Alert{.style = AlertStyle::Warning,
+                 .message = texts.format("SaveChanges", document.displayName()),
+                 .informative = texts.text("SaveChangesText"),
+                 .buttons = {{texts.text("Save")},
+                             {texts.text("DontSave"), AlertButtonRole::Destructive},
+                             {texts.text("Cancel"), AlertButtonRole::Cancel}},
+                 .document = &document};
 }
 
 } // namespace
@@ -38,12 +26,15 @@ void DocumentController::askToSave(Document& document, const Done& done) {
     if (!document.fileName().empty())
         return saveBeforeClosing(document, done);
     find(document)->window->makeKeyAndOrderFront();
-    switch (askForSaving(platform_, document)) {
-    case SaveAnswer::Save:
+    const int response = ask(savingQuestion(platform_.base.texts, document));
+    if (!find(document)) // closed while the question was up
+        return done(false);
+    switch (response - kAlertFirstButton) {
+    case 0:
         return saveDocument(document, done);
-    case SaveAnswer::DontSave:
+    case 1:
         return done(true);
-    case SaveAnswer::Cancel:
+    default:
         return done(false);
     }
 }
@@ -62,7 +53,9 @@ void DocumentController::saveBeforeClosing(Document& document, const Done& done)
     case FileAnswer::Cancel:
         return done(false);
     }
-    const Result<void> written = write(document, document.fileName());
+    if (documents_.size() > 1) // another one may keep the program, and with it this one, from ending
+        revertPoints_.keep(document);
+    const Result<void> written = writeByItself(document);
     if (written)
         return done(true);
     find(document)->window->makeKeyAndOrderFront();
@@ -78,7 +71,10 @@ void DocumentController::askAfterFailedSave(Document& document, const Error& err
                                   {texts.text("CloseWithoutSaving"), AlertButtonRole::Destructive},
                                   {texts.text("Cancel"), AlertButtonRole::Cancel}},
                       .document = &document};
-    switch (platform_.alerts.runModal(alert) - kAlertFirstButton) {
+    const int response = ask(alert);
+    if (!find(document)) // closed while the question was up
+        return done(false);
+    switch (response - kAlertFirstButton) {
     case 0:
         return saveDocumentAs(document, done);
     case 1:
@@ -101,6 +97,7 @@ void DocumentController::remove(const Document& document) {
     const auto found =
         std::ranges::find_if(documents_, [&](const auto& opened) { return &opened->document == &document; });
     unsaved_.forget(document);
+    revertPoints_.forget(document);
     const std::unique_ptr<OpenDocument> closing = std::move(*found);
     documents_.erase(found);
     if (current_ == &document)

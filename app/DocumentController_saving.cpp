@@ -16,16 +16,31 @@ std::string folderOf(const Document& document) {
 
 } // namespace
 
+// A save that the user has asked for: Revert to Saved goes back to it.
 Result<void> DocumentController::write(Document& document, const std::string& path) {
+    Result<void> written = writeBytes(document, path, document.dataOfType(kDocumentType));
+    if (written)
+        revertPoints_.forget(document);
+    return written;
+}
+
+// A save in place that he has not asked for.
+Result<void> DocumentController::writeByItself(Document& document) {
+    return writeBytes(document, document.fileName(), document.dataOfType(kDocumentType));
+}
+
+Result<void> DocumentController::writeBytes(Document& document, const std::string& path,
+                                            const std::string& bytes) {
     const OpenDocument& opened = *find(document);
     runSaveTasks(*opened.controller, platform_, versions_);
     if (!document.fileName().empty())
         saveFrameUsingName(opened);
-    const std::string bytes = document.dataOfType(kDocumentType);
     if (const Result<void> kept = versions_.keepFile(path); !kept)
         platform_.base.log.log(kept.error().message);
     const std::string fileBefore = document.fileName();
-    if (Result<void> written = platform_.files.writeFileAtomically(path, bytes); !written)
+    Result<void> written = path == document.fileName() ? platform_.files.writeBack(path, bytes)
+                                                       : platform_.files.writeFileAtomically(path, bytes);
+    if (!written)
         return written;
     document.updateChangeCount(ChangeKind::Cleared);
     if (document.fileName() != path) {
@@ -41,8 +56,16 @@ Result<void> DocumentController::write(Document& document, const std::string& pa
 bool DocumentController::writeOrAlert(Document& document, const std::string& path) {
     const Result<void> written = write(document, path);
     if (!written)
-        writeErrorAlert(platform_, "CouldNotSave", path, written.error(), &document);
+        failedSaveAlert(document, path, written.error());
     return written.has_value();
+}
+
+// What the user knows is not told again by the next save that the program makes by itself.
+void DocumentController::failedSaveAlert(const Document& document, const std::string& path,
+                                         const Error& error) {
+    if (path == document.fileName())
+        find(document)->autosave.failureTold = true;
+    whileAlertIsUp(document, [&] { writeErrorAlert(platform_, "CouldNotSave", path, error, &document); });
 }
 
 void DocumentController::saveDocument(Document& document, const Done& done) {
@@ -99,6 +122,9 @@ void DocumentController::saveDocumentAs(Document& document, const Done& done) {
                              platform_.base.texts.text("AlreadyOpenText"));
             return done(false);
         }
+        // Another program may have changed its own file while the panel was up.
+        if (isSameFile(platform_.files, document.fileName(), *path))
+            return saveDocument(document, done);
         done(writeOrAlert(document, *path));
     };
     platform_.panels.beginSavePanel(panel, save);

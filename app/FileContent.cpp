@@ -5,8 +5,8 @@
 #include "model/Document.h"
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
+#include <initializer_list>
 
 namespace tabulon {
 namespace {
@@ -22,35 +22,67 @@ std::string beginning(std::string_view bytes) {
                                            : ascii::lowered(bytes.substr(start, kBytesLookedAt));
 }
 
-bool looksLikeHTML(const std::string& text) {
-    constexpr auto kMarks =
-        std::to_array<std::string_view>({"<!doctype netscape-bookmark", "<!doctype html", "<html", "<title",
-                                         "<meta ", "<h1", "<dl>", "<dt>", "<a "});
-    return text.starts_with('<') && std::ranges::any_of(kMarks, [&](std::string_view mark) {
-               return text.find(mark) != std::string::npos;
-           });
+FileContent imported(std::string_view format) {
+    return {FileContent::Kind::Import, importFormatNamed(format)};
+}
+
+constexpr FileContent kDocument{FileContent::Kind::Document};
+
+bool hasAny(std::string_view text, std::initializer_list<std::string_view> marks) {
+    return std::ranges::any_of(
+        marks, [&](std::string_view mark) { return text.find(mark) != std::string_view::npos; });
+}
+
+// In both forms of a property list keys stand as they are. A list of no known kind is read as a document,
+// which says what is wrong with it.
+FileContent contentOfList(std::string_view bytes) {
+    const bool isArchive = hasAny(bytes, {"$objects"}) && hasAny(bytes, {"$top"});
+    if (isArchive || !hasAny(bytes, {"Children"}))
+        return kDocument;
+    if (hasAny(bytes, {"WebBookmark", "URLString"}))
+        return imported("safari");
+    if (hasAny(bytes, {"BookmarkType", "FolderType", "LastCheckedDate", "Closed"}))
+        return imported("icab");
+    return kDocument;
+}
+
+// A bookmark file says so, or has its lists; any other page has links.
+FileContent contentOfHTML(std::string_view text) {
+    const bool isBookmarkFile = hasAny(text, {"<!doctype netscape-bookmark", "<dl>", "<dt>"});
+    return imported(isBookmarkFile ? "html" : "html-links");
+}
+
+bool looksLikeHTML(std::string_view text) {
+    return text.starts_with('<') && hasAny(text, {"<!doctype netscape-bookmark", "<!doctype html", "<html",
+                                                  "<title", "<meta ", "<h1", "<dl>", "<dt>", "<a "});
 }
 
 FileContent contentByExtension(const std::string& path) {
     const std::string extension = ascii::lowered(std::filesystem::path(path).extension().string());
     if (extension == "." + std::string(kDocumentExtension))
-        return FileContent::BookmarkDocument;
+        return kDocument;
     if (extension == ".html" || extension == ".htm")
-        return FileContent::BookmarkHTML;
-    return FileContent::Unknown;
+        return imported("html");
+    return extension == ".xbel" ? imported("xbel") : FileContent();
 }
 
 } // namespace
 
 FileContent contentOfFile(std::string_view bytes, const std::string& path) {
-    if (bytes.starts_with("bplist") || classicFile(bytes))
-        return FileContent::BookmarkDocument;
+    if (classicFile(bytes))
+        return kDocument;
+    if (bytes.starts_with("bplist"))
+        return contentOfList(bytes);
     const std::string text = beginning(bytes);
-    if (text.find("<plist") != std::string::npos &&
-        (text.starts_with("<?xml") || text.starts_with("<!doctype plist") || text.starts_with("<plist")))
-        return FileContent::BookmarkDocument;
+    const bool isXML = text.starts_with("<?xml") || text.starts_with("<!doctype");
+    if (text.starts_with("<plist") || (isXML && hasAny(text, {"<plist", "<!doctype plist"})))
+        return contentOfList(bytes);
+    if (text.starts_with("<xbel") || (isXML && hasAny(text, {"<xbel", "<!doctype xbel"})))
+        return imported("xbel");
+    if (text.starts_with('{') && hasAny(bytes, {"\"roots\""}))
+        return imported(hasAny(bytes, {"\"custom_root\""}) ? "opera" : "chromium");
     if (looksLikeHTML(text))
-        return FileContent::BookmarkHTML;
+        return contentOfHTML(text);
     return contentByExtension(path);
 }
 

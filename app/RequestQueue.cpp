@@ -2,35 +2,51 @@
 
 #include "app/AppDelegate.h"
 
+#include <utility>
+#include <vector>
+
 namespace tabulon {
 
 RequestQueue::RequestQueue(AppDelegate& app, SingleInstance& instance, Timers& timers)
     : app_(app), timers_(timers) {
     instance.requested = [this](LaunchRequest request) {
         used_ = true;
-        pending_.push_back(std::move(request));
-        performSoon();
+        add(std::move(request));
     };
     app_.willOpenMore = [this] { return !pending_.empty(); };
 }
 
+// Each file is a request of its own: between two of them the main loop runs, so that the end of the session
+// need not wait for all.
+void RequestQueue::add(LaunchRequest request) {
+    const std::vector<std::string> uris = std::exchange(request.uris, {});
+    for (std::size_t i = 0; i + 1 < uris.size(); ++i)
+        pending_.push_back({.kind = request.kind, .uris = {uris[i]}});
+    if (!uris.empty())
+        request.uris = {uris.back()};
+    pending_.push_back(std::move(request));
+    performSoon();
+}
+
 void RequestQueue::performSoon() {
-    timer_ = timers_.after(0, [this] { performPending(); });
+    timer_ = timers_.after(0, [this] { performNext(); });
 }
 
 // Performing may show an alert, while which more requests come and this is called again.
-void RequestQueue::performPending() {
-    while (!performing_ && !pending_.empty() && !(mustWait && mustWait())) {
-        performing_ = true;
-        const LaunchRequest request = std::move(pending_.front());
-        pending_.pop_front();
-        if (willPerform)
-            willPerform(request);
-        app_.performRequest(request);
-        if (didPerform)
-            didPerform(request);
-        performing_ = false;
-    }
+void RequestQueue::performNext() {
+    if (performing_ || pending_.empty() || (mustWait && mustWait()))
+        return;
+    performing_ = true;
+    const LaunchRequest request = std::move(pending_.front());
+    pending_.pop_front();
+    if (willPerform)
+        willPerform(request);
+    app_.performRequest(request);
+    if (didPerform)
+        didPerform(request);
+    performing_ = false;
+    if (!pending_.empty())
+        performSoon();
 }
 
 } // namespace tabulon

@@ -1,6 +1,6 @@
 // What the running program was asked from outside and has not done yet. Each request is answered when it
 // comes and done a little later, so that nobody takes a program for dead that is reading a large file or
-// showing an alert.
+// showing an alert. However many come, what cannot be opened is told once they are done.
 #pragma once
 
 #include "platform/SingleInstance.h"
@@ -27,6 +27,9 @@ public:
     std::function<void(const LaunchRequest&)> willPerform;
     std::function<void(const LaunchRequest&)> didPerform;
 
+    /// Takes a request that comes from this program itself.
+    void add(LaunchRequest request);
+
     /// Does from the main loop what has come, in the order in which it came, as far as it may then.
     void performSoon();
 
@@ -34,7 +37,7 @@ public:
     bool wasUsed() const { return used_; }
 
 private:
-    void performPending();
+    void performNext();
 
     AppDelegate& app_;
     Timers& timers_;

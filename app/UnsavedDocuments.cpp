@@ -1,5 +1,6 @@
 #include "app/UnsavedDocuments.h"
 
+#include "app/RevertPoints.h"
 #include "window/SharedAlerts.h"
 
 #include <fmt/format.h>
@@ -69,7 +70,9 @@ std::vector<UnsavedDocuments::Copy> UnsavedDocuments::abandonedCopies() {
     std::vector<Copy> copies;
     for (const std::string& folder : folders_.adoptAbandonedFolders())
         for (const std::string& name : files_.namesInFolder(folder))
-            if (name.ends_with(extension()))
+            if (RevertPoints::isCopy(name)) // ends with the run that could go back to it
+                (void)files_.removeFile(fmt::format("{}/{}", folder, name));
+            else if (name.ends_with(extension()))
                 copies.push_back({fmt::format("{}/{}", folder, name), displayNameIn(name)});
     return copies;
 }

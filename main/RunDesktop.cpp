@@ -116,7 +116,7 @@ int runDesktop(const LaunchArguments& arguments, SingleInstance& instance) {
     state.tellProblemsTo([&log](const SettingsProblem& problem) { log.log(settingsProblemLine(problem)); });
     QTimer::singleShot(0, qApp, [&] {
         if (arguments.purpose == LaunchArguments::Purpose::Run)
-            app.performRequest(arguments.request);
+            queue.add(arguments.request);
         tellSettingsProblems(defaults, platform);
     });
     const auto unused = timers.after(kServicePatience, [&] {

@@ -1,16 +1,15 @@
 // The command-line tool's entry: the real services, nothing else.
 #include "cli/CommandLine.h"
 #include "platform/linux/FileStore.h"
+#include "platform/linux/Process.h"
 #include "platform/linux/SystemServices.h"
 #include "platform/linux/XdgFolders.h"
 
-#include <csignal>
 #include <cstdio>
 
 int main(int argc, char** argv) {
-    // A reader that goes away is an error of the write, not the end of the process.
-    std::signal(SIGPIPE, SIG_IGN);
-    tabulon::PosixFileStore files;
+    tabulon::prepareProcess();
+    tabulon::PosixFileStore files(tabulon::SpecialFiles::Used);
     tabulon::SystemClock clock;
     tabulon::SilentLog log; // standard error is for what went wrong
     const tabulon::cli::Environment environment{
@@ -21,6 +20,7 @@ int main(int argc, char** argv) {
         tabulon::stateFolder(),
         tabulon::readStandardInput,
         tabulon::writeStandardOutput,
+        // Unlike a log line this may wait for its reader.
         [](std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); },
     };
     return tabulon::cli::run({argv + 1, argv + argc}, environment);

@@ -4,6 +4,7 @@
 #include "platform/EnglishTexts.h"
 #include "platform/linux/Activation.h"
 #include "platform/linux/DBusInstance.h"
+#include "platform/linux/Process.h"
 #include "platform/linux/QtAlerts.h"
 #include "ui/Theme.h"
 
@@ -12,6 +13,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <string>
 #include <string_view>
 #include <system_error>
 
@@ -29,18 +31,22 @@ LaunchArguments readArguments(int argc, char** argv) {
     return parseLaunchArguments({argv + 1, argv + argc}, folder.string());
 }
 
+void writeLine(const QString& message) {
+    writeStandardError("tabulon: " + message.toLocal8Bit().toStdString() + "\n");
+}
+
 // Qt ends the program where it cannot reach a display; the user gets a sentence instead of a core dump.
 // What Qt's own parts say of the desktop or of fonts helps nobody who runs the program.
 void tellWhyQtGivesUp(QtMsgType type, const QMessageLogContext& context, const QString& message) {
     if (type == QtFatalMsg) {
-        std::fputs(kNoDisplay, stderr);
-        std::fprintf(stderr, "tabulon: %s\n", message.toLocal8Bit().constData());
+        writeStandardError(kNoDisplay);
+        writeLine(message);
         std::_Exit(1);
     }
     const bool fromQt = std::string_view(context.category ? context.category : "").starts_with("qt.") ||
                         message.contains("OpenType support missing"); // once for each font and script
     if (type != QtDebugMsg && !fromQt)
-        std::fprintf(stderr, "tabulon: %s\n", message.toLocal8Bit().constData());
+        writeLine(message);
 }
 
 // Gives the program's exit status.
@@ -77,10 +83,11 @@ void answerAtOnce(const LaunchArguments& arguments) {
 } // namespace
 
 int main(int argc, char** argv) {
+    prepareProcess();
     answerAtOnce(readArguments(argc, argv));
     const bool platformNamed = std::getenv("QT_QPA_PLATFORM") != nullptr;
     if (!platformNamed && !std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY")) {
-        std::fputs(kNoDisplay, stderr);
+        writeStandardError(kNoDisplay);
         return 1;
     }
     LaunchRequest activation;
@@ -94,7 +101,7 @@ int main(int argc, char** argv) {
     Q_INIT_RESOURCE(tabulon);
     LaunchArguments arguments = readArguments(argc, argv); // Qt has taken its own
     if (arguments.purpose == LaunchArguments::Purpose::Complain) {
-        std::fprintf(stderr, "tabulon: %s\n\n%s", arguments.problem.c_str(), launchUsage().data());
+        writeStandardError("tabulon: " + arguments.problem + "\n\n" + std::string(launchUsage()));
         return 2;
     }
     arguments.request.activationToken = activation.activationToken;

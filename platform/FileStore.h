@@ -36,16 +36,23 @@ public:
     virtual ~FileStore() = default;
 
     /// The whole content of the file at `path`, which is in the file system's encoding. A pipe or a device is
-    /// read to its end, which may be long in coming; one that gives ever more fails with EFBIG. Fails with
-    /// errno and a sentence that names the file.
+    /// refused, or read to its end, which may be long in coming; one that gives ever more fails with EFBIG.
+    /// Fails with errno and a sentence that names the file.
     virtual Result<std::string> readFile(const std::string& path) = 0;
 
     /// Replaces the file at `path`, or makes it: the bytes go to a temporary file in the same folder, are
-    /// flushed to the disk and renamed over the old file, whose mode they keep, and its owner and group where
-    /// the system allows it. A symbolic link is followed to its target, which need not be there; a device or
-    /// a pipe is written into. On failure the old file is untouched and no temporary file stays; the error
-    /// has errno and a sentence that names the file.
+    /// flushed to the disk and renamed over the old file, whose permissions, access control list and extended
+    /// attributes they keep, and its owner and group, where the system allows it; where it does not, nobody
+    /// may do more with it than before. A symbolic link of this user or of the system's is followed to its
+    /// target, which need not be there; one of another user is refused. A device or a pipe is written into or
+    /// refused. On failure the old file is untouched and no temporary file stays; the error has errno and a
+    /// sentence that names the file.
     virtual Result<void> writeFileAtomically(const std::string& path, std::string_view bytes) = 0;
+
+    /// The same for the file that was opened by this path: a link is followed to it whomever it belongs to.
+    virtual Result<void> writeBack(const std::string& path, std::string_view bytes) {
+        return writeFileAtomically(path, bytes);
+    }
 
     virtual bool fileExists(const std::string& path) = 0;
 
@@ -55,8 +62,9 @@ public:
     /// looked at.
     virtual std::optional<FileIdentity> identityOf(const std::string& path) = 0;
 
-    /// Makes a copy of the file at `from`, with the care of `writeFileAtomically`. A copy that is new at `to`
-    /// has the mode of the original, so that what others must not read stays so.
+    /// Makes a copy of the file at `from`, with the care of `writeFileAtomically` and the access of the
+    /// original, so that what others must not read stays so. A symbolic link at `to` is replaced, not
+    /// followed.
     virtual Result<void> copyFile(const std::string& from, const std::string& to) = 0;
 
     /// Removes the file at `path`; no error when there is none.

@@ -11,7 +11,8 @@ namespace tabulon {
 
 class Document;
 
-/// A kind of file that a panel offers: what people call it and its extensions without dots.
+/// A kind of file that a panel offers: what people call it and its extensions without dots; without
+/// extensions every file is of the kind.
 struct FileKind {
     std::string label = {};
     std::vector<std::string> extensions = {};
@@ -20,7 +21,7 @@ struct FileKind {
 struct OpenPanel {
     std::string message = {};
     std::string prompt = {};
-    /// Where to start; empty for the folder of the last panel.
+    /// Where to start; empty for the folder of the last panel that opened files.
     std::string directory = {};
     /// The file that is selected at first; empty for none.
     std::string selectedFile = {};
@@ -55,6 +56,7 @@ public:
 struct SavePanel {
     std::string message = {};
     std::string prompt = {};
+    /// Where to start; empty for the folder of the last panel that named a file to write.
     std::string directory = {};
     /// Without an extension; the panel adds the one of `kind` when the user types none. Where no file can
     /// have the name the panel offers one like it.

@@ -1,9 +1,9 @@
 #include "window/MimeItems.h"
 
 #include "formats/XmlEntities.h"
+#include "formats/import/LinkFileReader.h"
 #include "formats/import/TextDecoding.h"
 #include "model/Lines.h"
-#include "model/PropertyList.h"
 #include "window/FileUri.h"
 
 #include <fmt/format.h>
@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 
 namespace tabulon {
 namespace {
@@ -126,26 +127,31 @@ std::vector<Link> linksOfUriList(std::string_view list) {
 
 // Files
 
-// Null for a file that is no link file or cannot be read.
-Text urlInLinkFile(const std::string& path, FileStore& files) {
+// Nothing for a file that holds no link or cannot be read.
+std::optional<LinkFileContent> linkInFile(const std::string& path, FileStore& files) {
     const auto identity = files.kindOf(path) == PathKind::File ? files.identityOf(path) : std::nullopt;
     if (!identity || identity->size > kLargestLinkFile)
-        return nullptr;
+        return std::nullopt;
     const auto bytes = files.readFile(path);
-    if (!bytes)
-        return nullptr;
-    const auto list = PropertyList::open(*bytes);
-    return list ? list->text(list->top(), "URL") : Text();
+    return bytes ? readLinkFile(*bytes) : std::nullopt;
 }
 
 PasteboardItem fileItem(const std::string& uri, FileStore& files) {
     PasteboardItem item;
     item.set(kFileURLType, uri);
     const std::filesystem::path path = pathOfFileUri(uri).value_or("");
-    if (path.extension() != ".webloc" && path.extension() != ".mailloc")
+    const bool isList = path.extension() == ".webloc" || path.extension() == ".mailloc";
+    if (!isList && path.extension() != ".url" && path.extension() != ".desktop")
         return item;
-    if (const Text url = urlInLinkFile(path.string(), files); !url.isNull())
-        item.set(kURLType, url.string());
+    const auto link = linkInFile(path.string(), files);
+    if (!link)
+        return item;
+    if (!isList) { // the desktop's own forms stand for the link that they hold
+        item = {};
+        item.set(kURLNameType,
+                 (link->name.isEmpty() ? Text::fromBytes(path.stem().string()) : link->name).string());
+    }
+    item.set(kURLType, link->url.string());
     return item;
 }
 

@@ -11,6 +11,8 @@ int FakeAlerts::runModal(const Alert& alert) {
     asking_.push_back(alert.document);
     if (whileShown)
         whileShown();
+    if (timePasses)
+        timePasses();
     asking_.pop_back();
     if (answers_.empty())
         return kAlertFirstButton;
@@ -57,6 +59,8 @@ private:
 
 void FakePanels::beginSavePanel(const SavePanel& panel, SaveDone done) {
     savePanels.push_back(panel);
+    if (whileSaving)
+        whileSaving();
     if (panel.accessory && showsAccessories) {
         FakeSavePanel shown(allowedKinds);
         panel.accessory->setPanel(&shown);

@@ -46,6 +46,8 @@ public:
     bool suppresses = false;
     /// Called while an alert is shown, before its answer.
     std::function<void()> whileShown;
+    /// Called as well: the time that the user takes, in which timers fire.
+    std::function<void()> timePasses;
 
 private:
     std::vector<const Document*> asking_;
@@ -63,6 +65,9 @@ public:
     void nameFile(std::string path) { saveAnswers_.push_back(std::move(path)); }
 
     void closeAll();
+
+    /// Called while a save panel is shown, before its answer.
+    std::function<void()> whileSaving;
 
     /// What the user does in the options area of a save panel, before the answer. The kinds of file that the
     /// area sets go to `allowedKinds`.

@@ -11,6 +11,18 @@
 namespace tabulon {
 
 struct FakePlatform {
+    /// How long the user takes to answer an alert, in seconds: long enough for the timers of a change.
+    static constexpr double kSecondsOfAnAlert = 5;
+
+    FakePlatform() {
+        alerts.timePasses = [this] {
+            base.clock.advance(kSecondsOfAnAlert);
+            timers.advance(kSecondsOfAnAlert);
+        };
+    }
+    FakePlatform(const FakePlatform&) = delete;
+    FakePlatform& operator=(const FakePlatform&) = delete;
+
     FakeBaseServices base;
     FakeAlerts alerts;
     FakePanels panels;

@@ -1,6 +1,8 @@
 #include "platform/linux/FileStore.h"
 
 #include "model/Text.h"
+#include "platform/linux/FileAccess.h"
+#include "platform/linux/TemporaryFile.h"
 
 #include <fcntl.h>
 #include <fmt/format.h>
@@ -9,35 +11,17 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <charconv>
 #include <climits>
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <system_error>
 
 namespace tabulon {
 namespace {
 
-// An open file that closes itself.
-class Descriptor {
-public:
-    explicit Descriptor(int number) : number_(number) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor() {
-        if (number_ >= 0)
-            ::close(number_);
-    }
-    void reset(int number) {
-        if (number_ >= 0)
-            ::close(number_);
-        number_ = number;
-    }
-    int get() const { return number_; }
-    bool isOpen() const { return number_ >= 0; }
-
-private:
-    int number_;
-};
+enum class LinksOfOthers { Followed, Refused };
 
 std::string reason(int code) {
     return std::generic_category().message(code);
@@ -71,13 +55,16 @@ int readAll(int descriptor, std::string& bytes, const ReadLimits& limits) {
     const bool isFile = S_ISREG(status.st_mode);
     if (isFile && static_cast<std::size_t>(status.st_size) > limits.file)
         return EFBIG;
-    const std::size_t most = S_ISCHR(status.st_mode) ? limits.device : limits.pipe;
+    // Some files, such as those of /proc, are longer than they say.
+    const std::size_t most = S_ISCHR(status.st_mode)        ? limits.device
+                             : isFile && status.st_size > 0 ? limits.file
+                                                            : limits.pipe;
     // One byte more than the size, so that the end is seen without growing.
     bytes.resize(isFile && status.st_size > 0 ? static_cast<std::size_t>(status.st_size) + 1 : kStep);
     std::size_t filled = 0;
     while (true) {
         if (filled == bytes.size()) {
-            if (!isFile && filled >= most)
+            if (filled >= most)
                 return EFBIG;
             bytes.resize(bytes.size() * 2);
         }
@@ -102,14 +89,18 @@ std::string folderOf(const std::string& path) {
 }
 
 // The file that a chain of symbolic links leads to, also when that file is not there yet; the path itself
-// when there is no link.
-std::string target(const std::string& path) {
+// when there is no link, or the links lead round in a circle. Nothing where one of them is another user's.
+std::optional<std::string> target(const std::string& path, LinksOfOthers links) {
     constexpr int kMostLinks = 40;
     std::string file = path;
     char buffer[PATH_MAX];
     for (int link = 0; link < kMostLinks; ++link) {
-        if (::realpath(file.c_str(), buffer))
-            return buffer;
+        struct stat status = {};
+        if (::lstat(file.c_str(), &status) != 0 || !S_ISLNK(status.st_mode))
+            return file;
+        const bool isTrusted = status.st_uid == ::geteuid() || status.st_uid == 0;
+        if (!isTrusted && links == LinksOfOthers::Refused)
+            return std::nullopt;
         const ssize_t size = ::readlink(file.c_str(), buffer, sizeof buffer);
         if (size <= 0)
             return file;
@@ -119,8 +110,6 @@ std::string target(const std::string& path) {
     return path;
 }
 
-constexpr mode_t kPermissions = 07777;
-
 // What a file is written with when there is none yet at its path.
 mode_t modeOfNewFiles() {
     const mode_t mask = ::umask(0);
@@ -128,81 +117,27 @@ mode_t modeOfNewFiles() {
     return 0666 & ~mask;
 }
 
-// Gives the new file to whom the old one belonged, as far as the system allows it: without the right to give
-// it away it stays the writer's own, but may still be that of the old one's group.
-void takeOwner(int descriptor, const struct stat& old) {
-    if (::fchown(descriptor, old.st_uid, old.st_gid) != 0) {
-        constexpr auto kSameOwner = static_cast<uid_t>(-1);
-        [[maybe_unused]] const int ignored = ::fchown(descriptor, kSameOwner, old.st_gid);
-    }
+// Some file systems cannot flush.
+int flush(int descriptor) {
+    return ::fsync(descriptor) == 0 || errno == EINVAL ? 0 : errno;
 }
 
-// The file that is filled before it takes the place of another. It has no name at first where the file system
-// can do that, so that a program that is killed leaves nothing behind.
-class TemporaryFile {
-public:
-    explicit TemporaryFile(const std::string& folder)
-        : name_(folder + "/.tabulon-XXXXXX"),
-          descriptor_(canGiveNames() ? ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600) : -1) {
-        if (!descriptor_.isOpen()) {
-            descriptor_.reset(::mkostemp(name_.data(), O_CLOEXEC));
-            hasName_ = descriptor_.isOpen();
-        }
-    }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-    ~TemporaryFile() {
-        if (hasName_)
-            ::unlink(name_.c_str());
-    }
-
-    int descriptor() const { return descriptor_.get(); }
-    bool isOpen() const { return descriptor_.isOpen(); }
-
-    // Takes the place of the file at `path`. Gives errno.
-    int rename(const std::string& path) {
-        if (const int code = hasName_ ? 0 : giveName(); code != 0)
-            return code;
-        if (::rename(name_.c_str(), path.c_str()) != 0)
-            return errno;
-        hasName_ = false;
-        return 0;
-    }
-
-private:
-    static bool canGiveNames() { return ::access("/proc/self/fd", X_OK) == 0; }
-
-    int giveName() {
-        const std::string self = fmt::format("/proc/self/fd/{}", descriptor_.get());
-        const std::size_t stem = name_.size() - std::string_view("XXXXXX").size();
-        for (int number = 0; !hasName_; ++number) {
-            name_ = fmt::format("{}{}-{}", name_.substr(0, stem), ::getpid(), number);
-            hasName_ = ::linkat(AT_FDCWD, self.c_str(), AT_FDCWD, name_.c_str(), AT_SYMLINK_FOLLOW) == 0;
-            if (!hasName_ && errno != EEXIST)
-                return errno;
-        }
-        return 0;
-    }
-
-    std::string name_;
-    Descriptor descriptor_;
-    bool hasName_ = false;
-};
-
-// Fills the temporary file and puts it in the place of `path`; `mode` is for a file that is new there. Gives
-// errno.
-int fillAndRename(TemporaryFile& temporary, const std::string& path, std::string_view bytes, mode_t mode) {
+// Puts a new file with the bytes in the place of `file`, with the access of another one where there is one.
+// Gives errno.
+int putInPlace(const std::string& file, std::string_view bytes, const std::optional<FileAccess>& access) {
+    TemporaryFile temporary(folderOf(file));
+    if (!temporary.isOpen())
+        return errno;
     const int descriptor = temporary.descriptor();
     if (const int code = writeAll(descriptor, bytes); code != 0)
         return code;
-    struct stat old = {};
-    if (::stat(path.c_str(), &old) == 0) {
-        takeOwner(descriptor, old);
-        mode = old.st_mode & kPermissions;
-    }
-    if (::fchmod(descriptor, mode) != 0 || ::fsync(descriptor) != 0)
-        return errno;
-    return temporary.rename(path);
+    if (access)
+        takeAccess(descriptor, *access);
+    else
+        ::fchmod(descriptor, modeOfNewFiles());
+    if (const int code = flush(descriptor); code != 0)
+        return code;
+    return temporary.rename(file);
 }
 
 void flushFolder(const std::string& folder) {
@@ -211,34 +146,77 @@ void flushFolder(const std::string& folder) {
         ::fsync(descriptor.get());
 }
 
+tl::unexpected<Error> refusal(std::string_view what, const std::string& path, std::string_view why,
+                              int code) {
+    return failure(fmt::format("{} “{}”: {}.", what, decodeUtf8Leniently(path), why), ErrorDomain::Posix,
+                   code);
+}
+
+constexpr std::string_view kIsNoFile = "It is a device or a pipe, not a file";
+
+// The open file of this process that a path such as "/dev/stdout" stands for.
+std::optional<int> descriptorNamed(std::string_view path) {
+    if (path == "/dev/stdout")
+        return STDOUT_FILENO;
+    if (path == "/dev/stderr")
+        return STDERR_FILENO;
+    for (const std::string_view folder : {"/dev/fd/", "/proc/self/fd/"}) {
+        int number = -1;
+        const char* const end = path.data() + path.size();
+        if (path.starts_with(folder) &&
+            std::from_chars(path.data() + folder.size(), end, number).ptr == end && number >= 0)
+            return number;
+    }
+    return std::nullopt;
+}
+
 // A device or a pipe: there is nothing to replace.
 Result<void> writeInto(const std::string& path, std::string_view bytes) {
-    const Descriptor descriptor(::open(path.c_str(), O_WRONLY | O_CLOEXEC));
+    const Descriptor descriptor(::open(path.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC));
     const int code = descriptor.isOpen() ? writeAll(descriptor.get(), bytes) : errno;
     if (code != 0)
         return problem("Cannot write", path, code);
     return {};
 }
 
-Result<void> replaceFile(const std::string& path, std::string_view bytes, mode_t modeWhenNew) {
-    const std::string file = target(path);
-    struct stat status = {};
-    if (::stat(file.c_str(), &status) == 0 && !S_ISREG(status.st_mode))
-        return S_ISDIR(status.st_mode) ? problem("Cannot write", path, EISDIR) : writeInto(path, bytes);
-    const std::string folder = folderOf(file);
-    TemporaryFile temporary(folder);
-    if (!temporary.isOpen())
-        return problem("Cannot write", path, errno);
-    if (const int code = fillAndRename(temporary, file, bytes, modeWhenNew); code != 0)
+Result<void> writeIntoDescriptor(int descriptor, const std::string& path, std::string_view bytes) {
+    if (const int code = writeAll(descriptor, bytes); code != 0)
         return problem("Cannot write", path, code);
-    flushFolder(folder);
+    return {};
+}
+
+Result<void> replaceFile(const std::string& path, std::string_view bytes, SpecialFiles special,
+                         LinksOfOthers links) {
+    const bool usesSpecial = special == SpecialFiles::Used;
+    if (const auto descriptor = usesSpecial ? descriptorNamed(path) : std::nullopt)
+        return writeIntoDescriptor(*descriptor, path, bytes);
+    struct stat old = {};
+    const bool isThere = ::stat(path.c_str(), &old) == 0;
+    if (isThere && S_ISDIR(old.st_mode))
+        return problem("Cannot write", path, EISDIR);
+    if (isThere && !S_ISREG(old.st_mode))
+        return usesSpecial ? writeInto(path, bytes) : refusal("Cannot write", path, kIsNoFile, ENODEV);
+    const std::optional<std::string> file = target(path, links);
+    if (!file)
+        return refusal("Cannot write", path, "It is a link of another user", EPERM);
+    const auto access = isThere ? std::optional(accessOf(path, old)) : std::nullopt;
+    if (const int code = putInPlace(*file, bytes, access); code != 0)
+        return problem("Cannot write", path, code);
+    flushFolder(folderOf(*file));
     return {};
 }
 
 } // namespace
 
 Result<std::string> PosixFileStore::readFile(const std::string& path) {
-    const Descriptor descriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    // Opening a pipe waits for its writer.
+    const int waiting = special_ == SpecialFiles::Used ? 0 : O_NONBLOCK;
+    const Descriptor descriptor(::open(path.c_str(), O_RDONLY | O_NOCTTY | O_CLOEXEC | waiting));
+    struct stat status = {};
+    const bool isSpecial = descriptor.isOpen() && ::fstat(descriptor.get(), &status) == 0 &&
+                           !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
+    if (isSpecial && special_ == SpecialFiles::Refused)
+        return refusal("Cannot read", path, kIsNoFile, ENODEV);
     std::string bytes;
     const int code = descriptor.isOpen() ? readAll(descriptor.get(), bytes, limits_) : errno;
     if (code != 0)
@@ -247,7 +225,11 @@ Result<std::string> PosixFileStore::readFile(const std::string& path) {
 }
 
 Result<void> PosixFileStore::writeFileAtomically(const std::string& path, std::string_view bytes) {
-    return replaceFile(path, bytes, modeOfNewFiles());
+    return replaceFile(path, bytes, special_, LinksOfOthers::Refused);
+}
+
+Result<void> PosixFileStore::writeBack(const std::string& path, std::string_view bytes) {
+    return replaceFile(path, bytes, special_, LinksOfOthers::Followed);
 }
 
 bool PosixFileStore::fileExists(const std::string& path) {
@@ -276,9 +258,16 @@ Result<void> PosixFileStore::copyFile(const std::string& from, const std::string
     const Result<std::string> bytes = readFile(from);
     if (!bytes)
         return tl::unexpected(bytes.error());
-    struct stat status = {};
-    const bool isKnown = ::stat(from.c_str(), &status) == 0;
-    return replaceFile(to, *bytes, isKnown ? status.st_mode & 0777 : modeOfNewFiles());
+    struct stat original = {};
+    if (::stat(from.c_str(), &original) != 0)
+        return problem("Cannot read", from, errno);
+    struct stat old = {};
+    if (::lstat(to.c_str(), &old) == 0 && S_ISDIR(old.st_mode))
+        return problem("Cannot write", to, EISDIR);
+    if (const int code = putInPlace(to, *bytes, accessOf(from, original)); code != 0)
+        return problem("Cannot write", to, code);
+    flushFolder(folderOf(to));
+    return {};
 }
 
 Result<void> PosixFileStore::removeFile(const std::string& path) {

@@ -15,11 +15,17 @@ struct ReadLimits {
     std::size_t device = std::size_t{1} << 26;
 };
 
+/// What becomes of devices, pipes and sockets. The command-line tool uses those that it is told to, and waits
+/// for the other end; the desktop program refuses them, because nothing in it may wait.
+enum class SpecialFiles { Refused, Used };
+
 class PosixFileStore : public FileStore {
 public:
-    explicit PosixFileStore(const ReadLimits& limits = {}) : limits_(limits) {}
+    explicit PosixFileStore(SpecialFiles special = SpecialFiles::Refused, const ReadLimits& limits = {})
+        : special_(special), limits_(limits) {}
     Result<std::string> readFile(const std::string& path) override;
     Result<void> writeFileAtomically(const std::string& path, std::string_view bytes) override;
+    Result<void> writeBack(const std::string& path, std::string_view bytes) override;
     bool fileExists(const std::string& path) override;
     PathKind kindOf(const std::string& path) override;
     std::optional<FileIdentity> identityOf(const std::string& path) override;
@@ -29,6 +35,7 @@ public:
     std::vector<std::string> namesInFolder(const std::string& path) override;
 
 private:
+    const SpecialFiles special_;
     const ReadLimits limits_;
 };
 

@@ -16,6 +16,8 @@ QString nameFilter(const FileKind& kind) {
     QStringList patterns;
     for (const std::string& extension : kind.extensions)
         patterns << "*." + QString::fromStdString(extension);
+    if (patterns.isEmpty())
+        patterns << "*";
     return QString::fromStdString(kind.label) + " (" + patterns.join(' ') + ")";
 }
 
@@ -103,16 +105,17 @@ private:
 
 QtPanels::QtPanels(WindowFinder windowFor)
     : windowFor_(std::move(windowFor)),
-      lastFolder_(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)) {}
+      lastFolder_(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)),
+      lastSaveFolder_(lastFolder_) {}
 
-QString QtPanels::startFolder(const std::string& wanted) const {
-    const QString folder = wanted.empty() ? lastFolder_ : QFile::decodeName(wanted.c_str());
+QString QtPanels::startFolder(const std::string& wanted, const QString& last) {
+    const QString folder = wanted.empty() ? last : QFile::decodeName(wanted.c_str());
     return QFileInfo(folder).isDir() ? folder : QDir::homePath(); // else its name is taken for a file's
 }
 
 void QtPanels::beginOpenPanel(const OpenPanel& panel, OpenDone done) {
     auto* dialog = new QFileDialog(windowFor_(panel.document), QString::fromStdString(panel.message),
-                                   startFolder(panel.directory));
+                                   startFolder(panel.directory, lastFolder_));
     dialog->setOption(QFileDialog::ReadOnly); // nobody makes folders where files are only opened
     dialog->setFileMode(panel.allowsMultipleSelection ? QFileDialog::ExistingFiles
                                                       : QFileDialog::ExistingFile);
@@ -129,7 +132,7 @@ void QtPanels::beginOpenPanel(const OpenPanel& panel, OpenDone done) {
 
 QFileDialog* QtPanels::makeSaveDialog(const SavePanel& panel) const {
     QWidget* window = windowFor_(panel.document);
-    const QString folder = startFolder(panel.directory);
+    const QString folder = startFolder(panel.directory, lastSaveFolder_);
     if (!panel.accessory || !makeAccessoryView)
         return new QFileDialog(window, QString::fromStdString(panel.message), folder);
     auto* dialog = new OptionsPanel(window, panel, folder);
@@ -145,7 +148,7 @@ void QtPanels::beginSavePanel(const SavePanel& panel, SaveDone done) {
     dialog->setLabelText(QFileDialog::Accept, mnemonic + QString::fromStdString(panel.prompt));
     setKind(*dialog, panel.kind);
     dialog->selectFile(fileName(panel.proposedName, panel.kind));
-    run(dialog, lastFolder_, [done = std::move(done)](const std::vector<std::string>& paths) {
+    run(dialog, lastSaveFolder_, [done = std::move(done)](const std::vector<std::string>& paths) {
         done(paths.empty() ? std::nullopt : std::optional(paths.front()));
     });
 }

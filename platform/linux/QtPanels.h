@@ -26,10 +26,11 @@ public:
 
 private:
     QFileDialog* makeSaveDialog(const SavePanel& panel) const;
-    QString startFolder(const std::string& wanted) const;
+    static QString startFolder(const std::string& wanted, const QString& last);
 
     WindowFinder windowFor_;
     QString lastFolder_;
+    QString lastSaveFolder_; // apart, or a document would be saved beside the files of a browser
 };
 
 } // namespace tabulon

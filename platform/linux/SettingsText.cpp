@@ -13,6 +13,8 @@ namespace {
 
 constexpr std::string_view kBlank = " \t";
 constexpr std::string_view kOurSection = "[General]";
+// Takes the place of a section's line that cannot be read, so that its keys stay apart from ours.
+constexpr std::string_view kDamagedSection = "[Damaged]";
 
 std::string_view trimmed(std::string_view text) {
     const std::size_t first = text.find_first_not_of(kBlank);
@@ -123,10 +125,16 @@ void SettingsText::readLine(std::string_view text, bool& ours) {
     const bool isComment = content.empty() || content.front() == '#' || content.front() == ';';
     const bool isSection = content.size() >= 2 && content.front() == '[' && content.back() == ']';
     const std::size_t equals = content.find('=');
+    if (content.starts_with('[') && (!isSection || !isReadable(text))) {
+        ++unreadableLines_;
+        ours = trimmed(content.substr(1)) == "General"; // only its end is missing
+        lines_.push_back({ours ? std::string(kOurSection) : std::string(kDamagedSection), {}, ours});
+        return;
+    }
     std::string key;
     if (isSection)
         ours = content == kOurSection;
-    else if (!isComment && !content.starts_with('[') && equals != std::string_view::npos)
+    else if (!isComment && equals != std::string_view::npos)
         key = unescape(trimmed(content.substr(0, equals)));
     if (!isReadable(text) || (!isComment && !isSection && key.empty())) {
         ++unreadableLines_;

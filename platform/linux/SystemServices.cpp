@@ -1,11 +1,11 @@
 #include "platform/linux/SystemServices.h"
 
 #include "model/Date.h"
+#include "platform/linux/Process.h"
 
 #include <fmt/format.h>
 
 #include <chrono>
-#include <cstdio>
 #include <cstdlib>
 
 namespace tabulon {
@@ -16,7 +16,7 @@ double SystemClock::secondsSinceReferenceDate() const {
 }
 
 void StandardErrorLog::log(std::string_view line) {
-    fmt::print(stderr, "tabulon: {}\n", line);
+    writeStandardError(fmt::format("tabulon: {}\n", line));
 }
 
 std::string environmentLocale() {

@@ -15,7 +15,7 @@ public:
     std::string timeZone() const override { return {}; }
 };
 
-/// Lines on standard error.
+/// Lines on standard error, as far as it takes them.
 class StandardErrorLog : public SystemLog {
 public:
     void log(std::string_view line) override;

@@ -29,7 +29,7 @@ protected:
     std::vector<std::string> copies() {
         std::vector<std::string> paths;
         for (const auto& [path, bytes] : files.files)
-            if (path.starts_with("/state/"))
+            if (path.starts_with("/state/") && path.ends_with(".tbln"))
                 paths.push_back(path);
         return paths;
     }
@@ -311,6 +311,14 @@ TEST_F(AutosaveTest, DocumentsOfARunThatCrashedAreThereAgain) {
     alerts.answer("Don’t Save");
     documents().closeDocument(second, [](bool) {});
     EXPECT_FALSE(files.fileExists("/state/unsaved/run-0/12 My old links.tbln"));
+}
+
+TEST_F(AutosaveTest, DocumentsOfACrashSayInTheirWindowThatTheyAreNotSavedYet) {
+    files.files["/state/unsaved/run-0/1 Links.tbln"] = documentBytes("mine");
+    recovery.abandoned = {"/state/unsaved/run-0"};
+    app.applicationDidFinishLaunching({});
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_EQ(windowOf(*onlyDocument()).urlField, "Recovered: not saved yet");
 }
 
 TEST_F(AutosaveTest, DamagedCopyIsToldAndPutAside) {

@@ -119,7 +119,7 @@ TEST_F(ImportingTest, theWindowIsTitledAfterTheSourceUntilTheDocumentIsSaved) {
     EXPECT_TRUE(onlyDocument()->fileName().empty());
     EXPECT_TRUE(onlyDocument()->getMaster().showHier());
     EXPECT_EQ(onlyDocument()->getMaster().itemName().view(), "Master");
-    EXPECT_EQ(onlyDocument()->displayName(), "Untitled");
+    EXPECT_EQ(onlyDocument()->displayName(), "Imported from Safari") << "the question and the panel";
     onlyDocument()->updateChangeCount(ChangeKind::Done);
     EXPECT_EQ(title(), "Imported from Safari");
     panels.nameFile("/home/mine.tbln");

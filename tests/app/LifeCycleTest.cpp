@@ -283,6 +283,38 @@ TEST_F(LifeCycleTest, SaveAsLeavesTheirsAlone) {
     EXPECT_EQ(document.fileName(), "/home/mine.tbln");
 }
 
+TEST_F(LifeCycleTest, FileThatChangesWhileTheSavePanelIsUpIsNotOverwrittenUnasked) {
+    Document& document = openDocument();
+    change(document, "mine");
+    panels.whileSaving = [this] { files.files["/home/Links.tbln"] = documentBytes("theirs"); };
+    panels.nameFile("/home/Links.tbln");
+    alerts.answer("Cancel");
+    perform("saveDocumentAs:");
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].message, "“Links.tbln” was changed by another program");
+    EXPECT_EQ(nameIn("/home/Links.tbln"), "theirs");
+    EXPECT_TRUE(document.isDocumentEdited());
+}
+
+TEST_F(LifeCycleTest, AFullDiskThatHasRoomAgainTakesTheNextSaveOfBothDocuments) {
+    Document& first = openDocument("/home/A.tbln");
+    Document& second = openDocument("/home/B.tbln");
+    files.diskFull = true;
+    change(first, "1");
+    change(second, "2");
+    timers.advance(DocumentController::kAutosavePause);
+    EXPECT_EQ(alerts.shown.size(), 2u) << "each file once";
+    alerts.answer("OK");
+    documents().saveDocument(second, [](bool) {});
+    files.diskFull = false;
+    change(first, "3");
+    change(second, "4");
+    timers.advance(DocumentController::kAutosavePause);
+    EXPECT_EQ(nameIn("/home/A.tbln"), "3");
+    EXPECT_EQ(nameIn("/home/B.tbln"), "4");
+    EXPECT_EQ(alerts.shown.size(), 3u);
+}
+
 TEST_F(LifeCycleTest, RemovedFileIsSavedAgainOnlyWhenAsked) {
     Document& document = openDocument();
     change(document, "mine");

@@ -1,5 +1,4 @@
 // The main menu, the recent files, the shared alerts, and how files are told apart.
-#include "app/FileContent.h"
 #include "tests/app/AppFixture.h"
 #include "window/SharedAlerts.h"
 
@@ -215,20 +214,6 @@ TEST_F(MenusTest, DetailedErrorAlertGivesCodeFileAndReason) {
     EXPECT_EQ(alerts.shown.at(0).style, AlertStyle::Critical);
     EXPECT_EQ(alerts.shown[0].message, "Code : 3840, Bookmarks.plist.");
     EXPECT_EQ(alerts.shown[0].informative, "It is damaged. Unexpected character.");
-}
-
-TEST(FileContentTest, IsToldByContentThenByExtension) {
-    EXPECT_EQ(contentOfFile("bplist00", "/a.html"), FileContent::BookmarkDocument);
-    EXPECT_EQ(contentOfFile(std::string_view("\0\1classic", 9), "/a"), FileContent::BookmarkDocument);
-    EXPECT_EQ(contentOfFile("<?xml version=\"1.0\"?><!DOCTYPE plist><plist>", "/a"),
-              FileContent::BookmarkDocument);
-    EXPECT_EQ(contentOfFile("\xEF\xBB\xBF\n<!DOCTYPE NETSCAPE-Bookmark-file-1>", "/a"),
-              FileContent::BookmarkHTML);
-    EXPECT_EQ(contentOfFile("<HTML><BODY>", "/a.tbln"), FileContent::BookmarkHTML);
-    EXPECT_EQ(contentOfFile("", "/a.tbln"), FileContent::BookmarkDocument);
-    EXPECT_EQ(contentOfFile("text", "/a.HTM"), FileContent::BookmarkHTML);
-    EXPECT_EQ(contentOfFile("<?xml version=\"1.0\"?><xbel>", "/a.xbel"), FileContent::Unknown);
-    EXPECT_EQ(contentOfFile("text", "/a"), FileContent::Unknown);
 }
 
 } // namespace

@@ -55,6 +55,47 @@ TEST_F(OpeningTest, BookmarkHTMLBecomesAnUntitledChangedDocumentTitledAfterTheFi
     EXPECT_EQ(onlyDocument()->getMaster().getChild()->itemName().view(), "Example");
 }
 
+TEST_F(OpeningTest, BookmarkFilesOfOtherProgramsBecomeUntitledDocumentsNamedAfterThem) {
+    files.files["/home/Bookmarks"] =
+        R"({"checksum": "0", "roots": {"bookmark_bar": {"children": [{"name": "Example", "type": "url", "url": "https://example.org/"}]}}})";
+    files.files["/home/from KDE.xml"] =
+        "<?xml version=\"1.0\"?><xbel><bookmark "
+        "href=\"https://example.org/\"><title>Example</title></bookmark></xbel>";
+    files.files["/home/Bookmarks.plist"] =
+        "<?xml version=\"1.0\"?><plist><dict><key>Children</key><array><dict><key>URLString</key>"
+        "<string>https://example.org/</string></dict></array></dict></plist>";
+    files.files["/home/page.html"] =
+        "<html><body><p><a href=\"https://example.org/\">Example</a></body></html>";
+    for (const auto& [path, name] : {std::pair{"/home/Bookmarks", "Bookmarks"},
+                                     {"/home/from KDE.xml", "from KDE"},
+                                     {"/home/Bookmarks.plist", "Bookmarks"},
+                                     {"/home/page.html", "page"}}) {
+        ASSERT_TRUE(app.openFile(path)) << path;
+        Document& document = *documents().currentDocument();
+        EXPECT_EQ(document.fileName(), "");
+        EXPECT_TRUE(document.getMaster().hasChildren()) << path;
+        EXPECT_EQ(windowOf(document).title, name);
+        perform("saveDocument:");
+        EXPECT_EQ(panels.savePanels.back().proposedName, name) << "the panel";
+        timers.advance(DocumentController::kAutosavePause);
+        EXPECT_TRUE(std::ranges::any_of(files.files, [&](const auto& file) {
+            return file.first.starts_with("/state/") &&
+                   file.first.ends_with(std::string(" ") + name + ".tbln");
+        })) << "what a crash leaves is called the same";
+        alerts.answer("Don’t Save");
+        perform("performClose:");
+        EXPECT_NE(alerts.shown.back().message.find(name), std::string::npos) << "the question";
+    }
+}
+
+TEST_F(OpeningTest, ADamagedBookmarkFileIsRefusedInASentence) {
+    files.files["/home/Bookmarks"] = "{\"roots\": {";
+    EXPECT_FALSE(app.openFile("/home/Bookmarks"));
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].message, "“Bookmarks” could not be opened");
+    EXPECT_FALSE(alerts.shown[0].informative.empty());
+}
+
 TEST_F(OpeningTest, ClassicFileWithoutBookmarksGivesItsOwnAlert) {
     files.files["/home/old"] = std::string(20, '\0');
     EXPECT_FALSE(app.openFile("/home/old"));
@@ -100,7 +141,8 @@ TEST_F(OpeningTest, FileOfAnotherKindIsRefusedByName) {
     EXPECT_FALSE(app.openFile("/home/picture.png"));
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "“picture.png” could not be opened");
-    EXPECT_EQ(alerts.shown[0].informative, "It is neither a bookmark document nor an HTML bookmark file.");
+    EXPECT_EQ(alerts.shown[0].informative,
+              "It is neither a bookmark document nor a bookmark file of another program.");
 }
 
 TEST_F(OpeningTest, MissingFileGivesAnAlertAndAnUntitledDocument) {
@@ -143,7 +185,9 @@ TEST_F(OpeningTest, OpenPanelOffersBothKindsAndTakesSeveralFiles) {
     EXPECT_EQ(documents().documents().size(), 2u);
     ASSERT_EQ(panels.openPanels.size(), 1u);
     EXPECT_TRUE(panels.openPanels[0].allowsMultipleSelection);
-    EXPECT_EQ(panels.openPanels[0].kinds.at(0).extensions, (std::vector<std::string>{"tbln", "html", "htm"}));
+    EXPECT_EQ(panels.openPanels[0].kinds.at(0).extensions,
+              (std::vector<std::string>{"tbln", "html", "htm", "xbel", "plist"}));
+    EXPECT_TRUE(panels.openPanels[0].kinds.at(1).extensions.empty()) << "files without an extension, too";
 }
 
 TEST_F(OpeningTest, NewMasterDocumentIsExpandedChangedAndShown) {
@@ -274,7 +318,7 @@ TEST_F(OpeningTest, SeveralFilesThatCannotBeOpenedAreToldInOneAlertAndTheOthersO
     EXPECT_EQ(alerts.shown[0].message, "2 files could not be opened");
     EXPECT_EQ(alerts.shown[0].informative,
               "“none.tbln”: There is no such file in “/home”. It may have been moved, renamed or removed.\n"
-              "“picture.png”: It is neither a bookmark document nor an HTML bookmark file.");
+              "“picture.png”: It is neither a bookmark document nor a bookmark file of another program.");
 }
 
 TEST_F(OpeningTest, AHundredFilesThatCannotBeOpenedMakeAShortAlert) {

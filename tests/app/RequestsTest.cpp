@@ -34,6 +34,51 @@ TEST_F(RequestsTest, theFirstRequestMayNameFiles) {
     EXPECT_EQ(documents().documents().size(), 2u);
 }
 
+TEST_F(RequestsTest, aFloodBecomesOneAlertWithAList) {
+    files.files["/home/damaged.tbln"] = documentBytes("a").substr(0, 100);
+    for (int i = 0; i < 300; ++i)
+        instance.requested({.kind = Kind::Open, .uris = {"file:///home/missing" + std::to_string(i)}});
+    instance.requested({.kind = Kind::Open, .uris = {"file:///home/a.tbln", "file:///home/damaged.tbln"}});
+    timers.advance(0);
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].message, "301 files could not be opened");
+    EXPECT_LT(alerts.shown[0].informative.size(), 2000u);
+    ASSERT_TRUE(onlyDocument()) << "no untitled one came up in between";
+    EXPECT_EQ(onlyDocument()->fileName(), "/home/a.tbln");
+}
+
+TEST_F(RequestsTest, anUntitledDocumentComesOnlyWhenNothingOfTheFirstRequestCouldBeOpened) {
+    base.defaults.setBoolForKey("OpenUntitled", false);
+    perform({.kind = Kind::Open, .uris = {"file:///home/missing", "file:///home/a.tbln"}});
+    EXPECT_TRUE(panels.openPanels.empty());
+    EXPECT_EQ(alerts.shown.size(), 1u);
+}
+
+TEST_F(RequestsTest, theMainLoopRunsBetweenTwoFiles) {
+    instance.requested({.kind = Kind::Open, .uris = {"file:///home/a.tbln", "file:///home/b.tbln"}});
+    std::size_t before = 0;
+    const auto end = timers.after(0, [&] { before = documents().documents().size(); });
+    timers.advance(0);
+    EXPECT_EQ(before, 1u);
+    EXPECT_EQ(documents().documents().size(), 2u);
+}
+
+TEST_F(RequestsTest, nothingIsOpenedAfterTheEndOfTheSession) {
+    perform({.kind = Kind::Open, .uris = {"file:///home/a.tbln"}});
+    instance.requested({.kind = Kind::Open, .uris = {"file:///home/b.tbln", "file:///home/missing"}});
+    app.sessionWillEnd();
+    timers.advance(0);
+    EXPECT_TRUE(onlyDocument());
+    EXPECT_TRUE(alerts.shown.empty());
+}
+
+TEST_F(RequestsTest, theEndOfTheSessionWhileAnAlertIsUpOpensNothingMore) {
+    alerts.whileShown = [this] { app.sessionWillEnd(); };
+    perform({.kind = Kind::Open, .uris = {"file:///home/missing"}});
+    EXPECT_TRUE(documents().documents().empty());
+    EXPECT_EQ(stops, 1);
+}
+
 TEST_F(RequestsTest, aNewDocumentAsFirstRequestIsOneDocument) {
     base.defaults.setBoolForKey("OpenUntitled", false);
     perform({.kind = Kind::NewDocument});

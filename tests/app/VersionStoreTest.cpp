@@ -1,3 +1,4 @@
+// The store of versions over files in memory: what is kept, found again, limited and refused.
 #include "app/VersionStore.h"
 
 #include "app/Compression.h"

@@ -1,3 +1,4 @@
+// Which kept versions go with age and over the limit.
 #include "app/VersionThinning.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// Versions as the application keeps them at each save, and the panel that puts them back.
 #include "app/VersionsController.h"
 #include "model/ArchiveReader.h"
 #include "tests/app/AppFixture.h"

@@ -1,3 +1,4 @@
+// The verbs compare and versions.
 #include "app/VersionStore.h"
 #include "tests/cli/Tool.h"
 

@@ -150,6 +150,35 @@ TEST_F(KilledTest, changesThatTheirFileDidNotTakeAreThereAgain) {
     EXPECT_EQ(documents.front()->getMaster().getChild()->itemName().view(), "3") << "mine";
 }
 
+// Saved by the program, and killed: the file is the new beginning, and nothing else comes back.
+TEST_F(KilledTest, whatRevertingWentBackToEndsWithTheRun) {
+    const std::string file = path("Links.tbln");
+    write(file, 1);
+    killAtARandomMoment([&](int ready) {
+        ProgramRun run(folder);
+        Document& document = run.open(file);
+        change(document, 2);
+        run.fakes.timers.advance(2 * DocumentController::kAutosavePause);
+        tellReady(ready, Clock::now());
+        ::pause();
+        return 0;
+    });
+    EXPECT_EQ(versionIn(file), 2);
+    const auto copies = [this] {
+        std::size_t count = 0;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(path("state/unsaved")))
+            count += entry.is_regular_file() ? 1 : 0;
+        return count;
+    };
+    EXPECT_EQ(copies(), 1u) << "the killed run could have gone back";
+    ProgramRun next(folder);
+    next.app.applicationDidFinishLaunching({file});
+    EXPECT_EQ(copies(), 0u);
+    const auto documents = next.app.documentController().documents();
+    ASSERT_EQ(documents.size(), 1u);
+    EXPECT_FALSE(next.app.documentController().canRevert(*documents.front()));
+}
+
 TEST_F(KilledTest, aRunThatIsAliveKeepsItsDocumentsToItself) {
     ProgramRun first(folder);
     first.app.applicationDidFinishLaunching({});

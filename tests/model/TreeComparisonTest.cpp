@@ -1,3 +1,4 @@
+// Differences between two trees.
 #include "model/TreeComparison.h"
 
 #include "model/TreeWalk.h"

@@ -1,3 +1,4 @@
+// Taking back chosen differences.
 #include "model/TreePutBack.h"
 
 #include "tests/model/TreeText.h"

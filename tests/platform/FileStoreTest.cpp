@@ -1,48 +1,16 @@
 // The real file store in a folder of its own: whole files or none, modes, links, failures.
-#include "platform/linux/FileStore.h"
+#include "tests/platform/FileStoreFixture.h"
 
+#include <fcntl.h>
 #include <grp.h>
-#include <gtest/gtest.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <csignal>
-#include <filesystem>
 #include <fstream>
 
 namespace tabulon {
 namespace {
-
-namespace fs = std::filesystem;
-
-class FileStoreTest : public testing::Test {
-protected:
-    void SetUp() override {
-        std::string pattern = (fs::temp_directory_path() / "tabulon-files-XXXXXX").string();
-        ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
-        folder = pattern;
-    }
-    void TearDown() override {
-        std::error_code ignored;
-        fs::permissions(folder, fs::perms::owner_all, ignored);
-        fs::remove_all(folder, ignored);
-    }
-    std::string path(const std::string& name) const { return (folder / name).string(); }
-    std::size_t fileCount() const {
-        return static_cast<std::size_t>(
-            std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
-    }
-    static mode_t mode(const std::string& file) {
-        struct stat status = {};
-        EXPECT_EQ(::stat(file.c_str(), &status), 0);
-        return status.st_mode & 07777;
-    }
-    PosixFileStore files;
-    fs::path folder;
-};
 
 TEST_F(FileStoreTest, writesAndReadsAnyBytes) {
     const std::string bytes("a\0b\nc\xFF", 6);
@@ -149,18 +117,18 @@ TEST_F(FileStoreTest, failuresNameTheFileAndKeepTheOldOne) {
 }
 
 TEST_F(FileStoreTest, devicesAreWrittenInto) {
-    EXPECT_TRUE(files.writeFileAtomically("/dev/null", "x"));
-    const auto full = files.writeFileAtomically("/dev/full", "x");
+    EXPECT_TRUE(toolsFiles.writeFileAtomically("/dev/null", "x"));
+    const auto full = toolsFiles.writeFileAtomically("/dev/full", "x");
     ASSERT_FALSE(full);
     EXPECT_EQ(full.error().code, ENOSPC);
 }
 
 TEST_F(FileStoreTest, aDeviceThatHasNoEndIsRefusedSoon) {
-    const auto endless = files.readFile("/dev/zero");
+    const auto endless = toolsFiles.readFile("/dev/zero");
     ASSERT_FALSE(endless);
     EXPECT_EQ(endless.error().code, EFBIG);
     EXPECT_EQ(endless.error().message, "Cannot read “/dev/zero”: File too large.");
-    EXPECT_EQ(files.readFile("/dev/null").value(), "");
+    EXPECT_EQ(toolsFiles.readFile("/dev/null").value(), "");
 }
 
 TEST_F(FileStoreTest, aFileOfManyGigabytesIsRefusedUnread) {
@@ -177,8 +145,8 @@ TEST_F(FileStoreTest, aPipeIsReadToItsEnd) {
     const pid_t child = ::fork();
     ASSERT_GE(child, 0);
     if (child == 0)
-        ::_exit(files.writeFileAtomically(path("pipe"), bytes) ? 0 : 1);
-    const auto read = files.readFile(path("pipe"));
+        ::_exit(toolsFiles.writeFileAtomically(path("pipe"), bytes) ? 0 : 1);
+    const auto read = toolsFiles.readFile(path("pipe"));
     int status = 0;
     ASSERT_EQ(::waitpid(child, &status, 0), child);
     EXPECT_EQ(status, 0);
@@ -198,11 +166,70 @@ TEST_F(FileStoreTest, aPipeThatHasNoEndIsRefused) {
         }
         ::_exit(0);
     }
-    const auto read = PosixFileStore(ReadLimits{.pipe = 1 << 20}).readFile(path("pipe"));
+    const auto read = PosixFileStore(SpecialFiles::Used, ReadLimits{.pipe = 1 << 20}).readFile(path("pipe"));
     int status = 0;
     ASSERT_EQ(::waitpid(child, &status, 0), child);
     ASSERT_FALSE(read);
     EXPECT_EQ(read.error().code, EFBIG);
+}
+
+// A pipe may take the place of the file under a document at any time.
+TEST_F(FileStoreTest, theDesktopProgramNeitherWaitsForAPipeNorUsesADevice) {
+    ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
+    for (const std::string& special : {path("pipe"), std::string("/dev/zero"), std::string("/dev/null")}) {
+        const auto read = files.readFile(special);
+        ASSERT_FALSE(read) << special;
+        EXPECT_NE(read.error().message.find("It is a device or a pipe, not a file."), std::string::npos);
+        const auto written = files.writeFileAtomically(special, "x");
+        ASSERT_FALSE(written) << special;
+        EXPECT_NE(written.error().message.find("It is a device or a pipe, not a file."), std::string::npos);
+    }
+    EXPECT_EQ(files.kindOf(path("pipe")), PathKind::Other) << "it was not replaced";
+}
+
+TEST_F(FileStoreTest, aFileThatTellsNoSizeIsReadToALimit) {
+    EXPECT_NE(files.readFile("/proc/self/status").value().find("Name:"), std::string::npos);
+    const auto read =
+        PosixFileStore(SpecialFiles::Refused, ReadLimits{.pipe = 16}).readFile("/proc/kallsyms");
+    ASSERT_FALSE(read);
+    EXPECT_EQ(read.error().code, EFBIG);
+}
+
+TEST_F(FileStoreTest, standardOutputIsWrittenIntoWhateverItIs) {
+    const std::string bytes(200'000, 'x');
+    for (const char* name : {"/dev/stdout", "/dev/fd/1", "/proc/self/fd/1"}) {
+        int ends[2];
+        ASSERT_EQ(::pipe(ends), 0);
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            ::dup2(ends[1], STDOUT_FILENO);
+            ::close(ends[1]);
+            ::_exit(toolsFiles.writeFileAtomically(name, bytes) ? 0 : 1);
+        }
+        ::close(ends[1]);
+        std::string got(bytes.size() + 1, '\0');
+        std::size_t filled = 0;
+        for (ssize_t some = 1; some > 0; filled += static_cast<std::size_t>(some > 0 ? some : 0))
+            some = ::read(ends[0], got.data() + filled, got.size() - filled);
+        ::close(ends[0]);
+        int status = 0;
+        ASSERT_EQ(::waitpid(child, &status, 0), child);
+        EXPECT_EQ(status, 0) << name;
+        EXPECT_EQ(filled, bytes.size()) << name;
+    }
+}
+
+// As with ">>" in a shell.
+TEST_F(FileStoreTest, standardOutputThatIsAFileIsContinued) {
+    std::ofstream(path("log")) << "before\n";
+    EXPECT_EQ(statusOfChild([&] {
+                  const int log = ::open(path("log").c_str(), O_WRONLY | O_APPEND);
+                  ::dup2(log, STDOUT_FILENO);
+                  return toolsFiles.writeFileAtomically("/dev/stdout", "after\n") ? 0 : 1;
+              }),
+              0);
+    EXPECT_EQ(files.readFile(path("log")).value(), "before\nafter\n");
 }
 
 TEST_F(FileStoreTest, fullDiskKeepsTheOldFileAndLeavesNothingBehind) {

@@ -77,11 +77,31 @@ TEST(SettingsText, settingOneOfTwoLinesLetsTheNewValueCount) {
 }
 
 TEST(SettingsText, linesThatMakeNoSenseAreCountedAndLeftOut) {
-    const SettingsText text("a=1\nno sense\n=no key\nb=\0zero\nc=\xFFnot utf-8\nd=\x1B[1m\n[open\ne=2\n"s);
-    EXPECT_EQ(text.unreadableLines(), 6u);
+    const SettingsText text("a=1\nno sense\n=no key\nb=\0zero\nc=\xFFnot utf-8\nd=\x1B[1m\ne=2\n"s);
+    EXPECT_EQ(text.unreadableLines(), 5u);
     EXPECT_EQ(text.values(), (SettingsText::Values{{"a", "1"}, {"e", "2"}}));
     EXPECT_EQ(text.bytes(), "a=1\ne=2\n");
     EXPECT_EQ(SettingsText(std::string(1000, '\0')).unreadableLines(), 1u);
+}
+
+TEST(SettingsText, aDamagedSectionKeepsItsKeysApart) {
+    for (const std::string& section :
+         {"[Theirs"s, "[The\x01irs]"s, "[Their\xFFs]"s, "  [\0]"s, "["s, "[Theirs] x"s}) {
+        SettingsText text("a=1\n" + section + "\na=9\nb=9\n[General]\nc=3\n");
+        EXPECT_EQ(text.unreadableLines(), 1u) << section;
+        EXPECT_EQ(text.values(), (SettingsText::Values{{"a", "1"}, {"c", "3"}})) << section;
+        text.set("d", "4");
+        text.remove("c");
+        EXPECT_EQ(text.bytes(), "a=1\n[Damaged]\na=9\nb=9\n[General]\nd=4\n") << section;
+        EXPECT_EQ(SettingsText(text.bytes()).values(), text.values()) << section;
+    }
+}
+
+TEST(SettingsText, ourOwnSectionWhoseEndIsMissingStaysOurs) {
+    SettingsText text("[Theirs]\na=9\n[General\na=1\n");
+    EXPECT_EQ(text.unreadableLines(), 1u);
+    EXPECT_EQ(text.values(), (SettingsText::Values{{"a", "1"}}));
+    EXPECT_EQ(text.bytes(), "[Theirs]\na=9\n[General]\na=1\n");
 }
 
 // Keys and values of every kind of byte, the awkward ones often.

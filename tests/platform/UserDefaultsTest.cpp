@@ -75,6 +75,7 @@ TEST(UserDefaults, theWholeTableOfRegisteredValues) {
         {"SortImmediately", "NO"},
         {"TagsIndex", "1"},
         {"TagsWidth", "100.0"},
+        {"VersionsLimit", "1000"},
     };
     Table registered;
     for (const auto& [key, value] : registeredDefaults())

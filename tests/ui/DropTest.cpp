@@ -92,8 +92,29 @@ TEST_F(DropTest, besideRowsLinksAreNotTaken) {
     EXPECT_EQ(openFiles(), Names{""});
 }
 
-TEST_F(DropTest, anOpenFileComesToTheFrontAndAFolderIsRefused) {
+TEST_F(DropTest, filesThatCannotBeOpenedBecomeBookmarksOfAnEmptyDocument) {
+    files.files["/home/picture.png"] = "\x89PNG\r\n";
+    files.files["/home/a.url"] = "[InternetShortcut]\nURL=https://in/\n";
+    files.files["/home/a.webloc"] =
+        "<?xml version=\"1.0\"?><plist><dict><key>URL</key><string>https://list/</string></dict></plist>";
+    const ViewController& controller =
+        *app.documentController().getViewController(*app.documentController().currentDocument());
+    EXPECT_EQ(drop("file:///home/picture.png\r\nfile:///home/a.url\r\nfile:///home/a.tbln\r\nfile:///home/"
+                   "a.webloc\r\n",
+                   Qt::CopyAction, Qt::CopyAction),
+              Qt::CopyAction);
+    EXPECT_EQ(openFiles(), (Names{"", "/home/a.tbln"}));
+    EXPECT_TRUE(alerts.shown.empty());
+    ASSERT_EQ(controller.numberOfRows(), 3u);
+    EXPECT_EQ(controller.itemAtRow(0).itemURL(), Text("file:///home/picture.png"));
+    EXPECT_EQ(controller.itemAtRow(1).itemURL(), Text("https://in/"));
+    EXPECT_EQ(controller.itemAtRow(1).itemName(), Text("a"));
+    EXPECT_EQ(controller.itemAtRow(2).itemURL(), Text("https://list/"));
+}
+
+TEST_F(DropTest, anOpenFileComesToTheFrontAndAFolderIsRefusedBesideRows) {
     files.folders.insert("/home/folder");
+    drop("http://example.org/\r\n", Qt::CopyAction, Qt::CopyAction);
     drop("file:///home/a.tbln", Qt::CopyAction, Qt::CopyAction);
     drop("file:///home/a.tbln\r\nfile:///home/folder", Qt::CopyAction, Qt::CopyAction);
     EXPECT_EQ(openFiles(), (Names{"", "/home/a.tbln"}));

@@ -65,6 +65,125 @@ def a_changed_document_saves_itself(session):
     check(session.tree(path)["children"][0]["openFolder"], "and a kill after that loses nothing")
 
 
+def revert(session):
+    session.press("alt+f")
+    time.sleep(0.3)
+    session.press("r")
+
+
+def reverting_goes_back_to_what_was_opened(session):
+    path = session.document("a.tbln")
+    before = open(path, "rb").read()
+    process = session.launch(path)
+    session.wait_for_front("a – Tabulon")
+    session.press("ctrl+shift+e")
+    wait_for("the program to save by itself", lambda: open(path, "rb").read() != before)
+    session.wait_for_front("a – Tabulon")
+    session.press("ctrl+shift+l")
+    session.wait_for_front("a* – Tabulon")
+    revert(session)
+    session.wait_for_front("Tabulon")
+    saved = open(path, "rb").read()
+    time.sleep(5)
+    check(open(path, "rb").read() == saved, "while the question is up nothing is saved")
+    session.press("Escape")
+    wait_for("the changes to be saved after it was cancelled", lambda: open(path, "rb").read() != saved)
+    session.wait_for_front("a – Tabulon")
+    revert(session)
+    session.wait_for_front("Tabulon")
+    session.press("alt+r")
+    wait_for("the file as it was opened", lambda: open(path, "rb").read() == before)
+    session.wait_for_front("a – Tabulon")
+    time.sleep(4)
+    check(open(path, "rb").read() == before, "which stays so, whatever the program has saved in between")
+    check(end(process) == 0 and open(path, "rb").read() == before, "also at the end")
+
+
+def the_end_of_the_session_comes_while_reverting_is_asked(session):
+    path = session.document("a.tbln")
+    process = session.launch(path)
+    session.wait_for_front("a – Tabulon")
+    session.press("ctrl+shift+e")
+    session.wait_for_front("a* – Tabulon")
+    revert(session)
+    session.wait_for_front("Tabulon")
+    begin = time.monotonic()
+    check(end(process) == 0 and time.monotonic() - begin < 2, "the end is not held up")
+    check(session.tree(path)["children"][0]["openFolder"], "and the changes, which nobody gave up, are saved")
+
+
+def a_kill_while_reverting_is_asked_loses_nothing(session):
+    path = session.document("a.tbln")
+    before = open(path, "rb").read()
+    process = session.launch(path)
+    session.wait_for_front("a – Tabulon")
+    session.press("ctrl+shift+e")
+    session.wait_for_front("a* – Tabulon")
+    revert(session)
+    session.wait_for_front("Tabulon")
+    wait_for("the copy of the changes", lambda: copies(session))
+    process.send_signal(signal.SIGKILL)
+    process.wait(timeout=20)
+    check(open(path, "rb").read() == before, "the file is as it was")
+    process = session.launch()
+    session.wait_for_front("a* – Tabulon")
+    check(session.tree(copies(session)[0])["children"][0]["openFolder"], "and the changes are there again")
+    close_without_saving(session, process, "a* – Tabulon")
+
+
+def a_pipe_in_the_place_of_the_file_does_not_stop_the_program(session):
+    path = session.document("a.tbln")
+    process = session.launch(path)
+    session.wait_for_front("a – Tabulon")
+    os.remove(path)
+    os.mkfifo(path)
+    session.press("ctrl+shift+e")
+    session.wait_for_front("Tabulon")
+    session.press("Escape")
+    session.wait_for_front("a* – Tabulon")
+    revert(session)
+    session.wait_for_front("Tabulon")
+    session.press("alt+r")
+    time.sleep(0.5)
+    session.wait_for_front("Tabulon")  # it cannot be read
+    begin = time.monotonic()
+    check(end(process) == 0 and time.monotonic() - begin < 2, "the program answers all the time")
+    check(len(copies(session)) == 1, "and keeps the changes")
+
+
+def the_log_never_ends_the_program(session):
+    settings = os.path.join(session.environment["HOME"], ".config", "tabulon", "tabulon.ini")
+    os.makedirs(os.path.dirname(settings), exist_ok=True)
+    for what, redirection in [("closed", "2>&-"), ("on a full disk", "2>/dev/full"), ("without a reader", "2> >(exit)")]:
+        with open(settings, "w") as file:
+            file.write("this is no setting\n")
+        path = session.document("a.tbln")
+        process = session.launch("-c", f'exec "$0" "$@" {redirection}', session.program, path, program="bash")
+        session.wait_for_front("Tabulon")  # the log and an alert tell of the settings
+        session.press("Return")
+        session.wait_for_front("a – Tabulon")
+        check(end(process) == 0, f"standard error is {what}")
+
+
+def a_flood_of_requests_is_one_alert(session):
+    process = session.launch(session.document("a.tbln"))
+    session.wait_for_front("a – Tabulon")
+    session.second(*(f"/nowhere/{number}.tbln" for number in range(500)))
+    session.wait_for_front("Tabulon")
+    for number in range(5):
+        session.second(f"/nowhere/more{number}.tbln")
+    session.press("Return")
+    time.sleep(0.5)
+    session.wait_for_front("Tabulon")
+    session.press("Return")
+    session.wait_for_front("a – Tabulon")
+    check(session.titles() == ["a – Tabulon"], "what came first is one alert, what came meanwhile another one")
+    documents = [session.document(f"d{number}.tbln") for number in range(60)]
+    session.second(*documents)
+    begin = time.monotonic()
+    check(end(process) == 0 and time.monotonic() - begin < 1.5, "the end of the session waits for no file")
+
+
 def a_document_is_saved_when_another_program_comes_to_the_front(session):
     path = session.document("a.tbln")
     process = session.launch(path)
@@ -131,6 +250,12 @@ if __name__ == "__main__":
     run_session_tests([
         what_a_killed_program_had_is_there_again,
         a_changed_document_saves_itself,
+        reverting_goes_back_to_what_was_opened,
+        the_end_of_the_session_comes_while_reverting_is_asked,
+        a_kill_while_reverting_is_asked_loses_nothing,
+        a_pipe_in_the_place_of_the_file_does_not_stop_the_program,
+        the_log_never_ends_the_program,
+        a_flood_of_requests_is_one_alert,
         a_document_is_saved_when_another_program_comes_to_the_front,
         a_file_that_another_program_changed_is_not_overwritten,
         each_file_has_its_window_back,

@@ -102,6 +102,16 @@ TEST_F(MimeItemsTest, aLinkFileBringsTheURLInIt) {
               (Texts{"file-url=file:///tmp/none.webloc"}));
 }
 
+TEST_F(MimeItemsTest, aLinkFileOfTheDesktopStandsForItsLink) {
+    ASSERT_TRUE(files.writeFileAtomically("/tmp/a b.url", "[InternetShortcut]\r\nURL=https://in/\r\n"));
+    ASSERT_TRUE(
+        files.writeFileAtomically("/tmp/x.desktop", "[Desktop Entry]\nType=Link\nName=N\nURL=https://in/\n"));
+    ASSERT_TRUE(files.writeFileAtomically("/tmp/y.desktop", "[Desktop Entry]\nType=Application\nName=N\n"));
+    EXPECT_EQ(read({{"text/uri-list", "file:///tmp/a%20b.url"}}), (Texts{"url-name=a b url=https://in/"}));
+    EXPECT_EQ(read({{"text/uri-list", "file:///tmp/x.desktop"}}), (Texts{"url-name=N url=https://in/"}));
+    EXPECT_EQ(read({{"text/uri-list", "file:///tmp/y.desktop"}}), (Texts{"file-url=file:///tmp/y.desktop"}));
+}
+
 TEST_F(MimeItemsTest, aLinkFileThatIsTooLargeIsNotRead) {
     ASSERT_TRUE(files.writeFileAtomically("/tmp/a.webloc", std::string(kLargestLinkFile + 1, ' ')));
     EXPECT_EQ(read({{"text/uri-list", "file:///tmp/a.webloc"}}), (Texts{"file-url=file:///tmp/a.webloc"}));

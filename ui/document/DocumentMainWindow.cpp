@@ -189,7 +189,7 @@ void DocumentMainWindow::resizeEvent(QResizeEvent* event) {
     state_.setIntegerForKey(kHeightKey, height());
 }
 
-// Files beside the rows are opened; links that come to an empty document go into it.
+// Files beside the rows are opened; links, and files that are none to open, go into an empty document.
 bool DocumentMainWindow::takesLinks(const QDropEvent& event) const {
     return pages_->currentWidget() == emptyState_ && droppedFiles(event).empty();
 }
@@ -219,10 +219,31 @@ void DocumentMainWindow::dropEvent(QDropEvent* event) {
     if (!event->isAccepted())
         return;
     // Later, so that an alert does not hold up the program that the files come from.
-    QTimer::singleShot(0, this, [this, files = droppedFiles(*event)] {
+    const bool isEmpty = pages_->currentWidget() == emptyState_;
+    QTimer::singleShot(0, this, [this, isEmpty, files = droppedFiles(*event)] {
         if (controller_)
-            app_.openFiles(files);
+            takeFiles(files, isEmpty);
     });
+}
+
+// What the program cannot open becomes bookmarks where the document is empty, as among the rows of any other.
+void DocumentMainWindow::takeFiles(const std::vector<std::string>& files, bool intoDocument) {
+    std::vector<std::string> opened;
+    QByteArray uris;
+    for (const std::string& file : files)
+        if (intoDocument && !app_.canOpen(file))
+            uris += QByteArray::fromStdString(file) + "\r\n";
+        else
+            opened.push_back(file);
+    if (!uris.isEmpty()) {
+        QMimeData list;
+        list.setData("text/uri-list", uris);
+        QDropEvent drop(QPointF(), Qt::CopyAction, &list, Qt::NoButton, Qt::NoModifier);
+        if (outline_->beginDragOver(drop))
+            outline_->performDrop(&drop, {});
+    }
+    if (!opened.empty())
+        app_.openFiles(opened);
 }
 
 } // namespace tabulon

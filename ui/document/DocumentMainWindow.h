@@ -61,6 +61,7 @@ private:
     void rememberColumns();
     void restoreGeometryOfLastWindow();
     bool takesLinks(const QDropEvent& event) const;
+    void takeFiles(const std::vector<std::string>& files, bool intoDocument);
     void becomeKey();
 
     ViewController* controller_;

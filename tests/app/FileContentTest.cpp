@@ -1,0 +1,79 @@
+// What files are told to be, by their content and by their names.
+#include "app/FileContent.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+namespace tabulon {
+namespace {
+
+namespace fs = std::filesystem;
+
+// "document", the name of the format that reads it, or "unknown".
+std::string kindOf(std::string_view bytes, const std::string& path) {
+    const FileContent content = contentOfFile(bytes, path);
+    switch (content.kind) {
+    case FileContent::Kind::Document:
+        return "document";
+    case FileContent::Kind::Import:
+        return std::string(content.format->name);
+    case FileContent::Kind::Unknown:
+        return "unknown";
+    }
+    return {};
+}
+
+std::string kindInCorpus(const std::string& name) {
+    std::ifstream file(fs::path(TABULON_CORPUS_DIR) / name, std::ios::binary);
+    EXPECT_TRUE(file) << name;
+    // Under a name that says nothing.
+    return kindOf(std::string(std::istreambuf_iterator<char>(file), {}), "/a");
+}
+
+TEST(FileContentTest, isToldByContentThenByExtension) {
+    EXPECT_EQ(kindOf("bplist00", "/a.html"), "document");
+    EXPECT_EQ(kindOf(std::string_view("\0\1classic", 9), "/a"), "document");
+    EXPECT_EQ(kindOf("<?xml version=\"1.0\"?><!DOCTYPE plist><plist>", "/a"), "document");
+    EXPECT_EQ(kindOf("\xEF\xBB\xBF\n<!DOCTYPE NETSCAPE-Bookmark-file-1>", "/a"), "html");
+    EXPECT_EQ(kindOf("<HTML><BODY>", "/a.tbln"), "html-links");
+    EXPECT_EQ(kindOf("<html><DL><p><DT><A HREF=x>", "/a"), "html");
+    EXPECT_EQ(kindOf("", "/a.tbln"), "document");
+    EXPECT_EQ(kindOf("text", "/a.HTM"), "html");
+    EXPECT_EQ(kindOf("<?xml version=\"1.0\"?><xbel>", "/a"), "xbel");
+    EXPECT_EQ(kindOf("damaged", "/a.xbel"), "xbel");
+    EXPECT_EQ(kindOf("text", "/a"), "unknown");
+    EXPECT_EQ(kindOf("{\"name\": \"something else\"}", "/Bookmarks"), "unknown");
+    EXPECT_EQ(kindOf("", "/a"), "unknown");
+}
+
+TEST(FileContentTest, filesOfOtherProgramsAreKnown) {
+    EXPECT_EQ(kindInCorpus("chromium-json/chromium/Bookmarks"), "chromium");
+    EXPECT_EQ(kindInCorpus("chromium-json/vivaldi/Bookmarks"), "chromium");
+    EXPECT_EQ(kindInCorpus("chromium-json/opera/Bookmarks"), "opera");
+    EXPECT_EQ(kindInCorpus("netscape-html/firefox/input.html"), "html");
+    EXPECT_EQ(kindInCorpus("netscape-html/chromium/input.html"), "html");
+    EXPECT_EQ(kindInCorpus("xbel/kde/input.xbel"), "xbel");
+    EXPECT_EQ(kindInCorpus("xbel/glib/input.xbel"), "xbel");
+    EXPECT_EQ(kindInCorpus("plist/safari-binary/input.plist"), "safari");
+    EXPECT_EQ(kindInCorpus("plist/icab/input.plist"), "icab");
+    EXPECT_EQ(kindInCorpus("archive/plain/input"), "document");
+    EXPECT_EQ(kindInCorpus("archive/xml/input"), "document");
+}
+
+TEST(FileContentTest, listsOfOtherProgramsAreToldFromDocuments) {
+    const std::string head = "<?xml version=\"1.0\"?><plist><dict><key>Children</key><array><dict>";
+    EXPECT_EQ(kindOf(head + "<key>WebBookmarkType</key>", "/a"), "safari");
+    EXPECT_EQ(kindOf(head + "<key>URLString</key>", "/a"), "safari");
+    EXPECT_EQ(kindOf(head + "<key>BookmarkType</key>", "/a"), "icab");
+    EXPECT_EQ(kindOf("bplist00 Children FolderType", "/a"), "icab");
+    EXPECT_EQ(kindOf("bplist00 Children URLString $objects $top", "/a"), "document")
+        << "a name of a bookmark";
+    EXPECT_EQ(kindOf("bplist00 Children", "/a"), "document") << "which tells what is wrong";
+}
+
+} // namespace
+} // namespace tabulon
