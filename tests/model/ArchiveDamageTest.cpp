@@ -153,6 +153,43 @@ TEST(ArchiveDamage, folderWithTwoListsOfChildren) {
     refused(archive.document(folder));
 }
 
+TEST(ArchiveDamage, childrenThatAreNoList) {
+    for (const auto& children : {uid(1), uid(12345), integer(4), ascii("none"), array({})}) {
+        TestArchive archive;
+        archive.add(ascii("none"));
+        refused(archive.document(archive.addNode({{"Folder", boolean(true)}, {"Children", children}})));
+    }
+}
+
+TEST(ArchiveDamage, bookmarkThatNoFolderHolds) {
+    TestArchive archive;
+    archive.addNode({{"Name", uid(archive.add(ascii("lost")))}});
+    EXPECT_NE(refused(archive.document(archive.addFolder("Master", {}))).message.find("no folder holds"),
+              std::string::npos);
+}
+
+TEST(ArchiveDamage, damagedClassesOfDatesAndTexts) {
+    TestArchive dated;
+    const std::int64_t date =
+        dated.add(dictionary({{"NS.time", real(5)}, {"$class", uid(dated.addClass({"NSDbte"}))}}));
+    refused(dated.document(dated.addNode({{"DateAdded", uid(date)}})));
+    TestArchive timeless;
+    const std::int64_t when =
+        timeless.add(dictionary({{"NS.tine", real(5)}, {"$class", uid(timeless.dateClass())}}));
+    refused(timeless.document(timeless.addNode({{"DateAdded", uid(when)}})));
+    TestArchive boxed;
+    const std::int64_t text =
+        boxed.add(dictionary({{"NS.string", ascii("t")}, {"$class", uid(boxed.addClass({"NSStrjng"}))}}));
+    refused(boxed.document(boxed.addNode({{"Name", uid(text)}})));
+}
+
+TEST(ArchiveDamage, misspeltKey) {
+    for (const char* key : {"Nbme", "Nam", "Name\x01", "URL2", "", "Chjldren"}) {
+        TestArchive archive;
+        refused(archive.document(archive.addNode({{key, uid(archive.add(ascii("n")))}})));
+    }
+}
+
 TEST(ArchiveDamage, childThatIsNoBookmark) {
     TestArchive archive;
     refused(archive.document(archive.addFolder("Master", {archive.add(ascii("text"))})));
