@@ -224,4 +224,19 @@ Result<std::uint64_t> Graph::open() {
     return root.value();
 }
 
+std::uint64_t Graph::openWhatIsLeft() {
+    const Result<std::uint64_t> root = open();
+    forgetDamage();
+    if (root)
+        return *root;
+    objects_ = {};
+    for (std::uint64_t id = 0; id < plist_.objectCount(); ++id) {
+        const Object array = plist_.object(id);
+        if (array.kind() == Kind::Array && array.count() > objects_.count() &&
+            BinaryPlist::textEquals(plist_.object(plist_.reference(array, 0)), "$null"))
+            objects_ = array;
+    }
+    return objects_.count() > 1 ? 1 : 0;
+}
+
 } // namespace tabulon::archive

@@ -36,10 +36,18 @@ public:
     /// Finds the parts of the archive and gives the number of its root object.
     Result<std::uint64_t> open();
 
+    /// The same for an archive whose frame is damaged: the objects are looked for, and the root is object 1.
+    /// Without any objects it is 0. Damage is forgotten.
+    std::uint64_t openWhatIsLeft();
+
     /// How many objects the archive has; their numbers are below that.
     std::uint64_t objectCount() const { return objects_.count(); }
     /// Object number `uid` of the archive. Damaged, and noted, when there is none or its bytes are wrong.
     Object archived(std::uint64_t uid);
+    /// The number in the property list of object `uid`; that of no object when there is none.
+    std::uint64_t idOfArchived(std::uint64_t uid) const {
+        return uid < objects_.count() ? plist_.reference(objects_, uid) : plist_.objectCount();
+    }
     /// The class of an archived dictionary, by the first name in its ancestry that is known.
     Class classOf(Object dictionary);
     Class resolveClass(std::uint64_t uid);

@@ -236,6 +236,7 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"RecentsClear", "Clear Recent Searches"},
     {"RecentsEmpty", "No Recent Searches"},
     {"RecentsSearch", "Recent Searches"},
+    {"RecoveredBookmarks", "Recovered Bookmarks"},
     {"Reload", "Reload"},
     {"Revert", "Revert “%@” to the saved version?"},
     {"RevertButton", "Revert"},
