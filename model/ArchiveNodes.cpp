@@ -1,29 +1,10 @@
 #include "model/ArchiveNodes.h"
 
+#include "model/Misspelling.h"
+
 #include <algorithm>
-#include <array>
 
 namespace tabulon::archive {
-namespace {
-
-// Whether damage to the key `name` can have made these characters of it: one that differs, a count that is
-// off, or bytes that no key has.
-bool isMisspelt(std::string_view found, std::string_view name) {
-    const auto isStrange = [](char c) { return c < ' ' || c > '~'; };
-    if (std::any_of(found.begin(), found.end(), isStrange))
-        return true;
-    const std::size_t common = std::min(found.size(), name.size());
-    if (found.size() != name.size())
-        return found.substr(0, common) == name.substr(0, common);
-    const auto differs = [&](std::size_t i) { return found[i] != name[i]; };
-    std::size_t different = 0;
-    for (std::size_t i = 0; i < common; ++i)
-        different += differs(i) ? 1 : 0;
-    return different == 1;
-}
-
-} // namespace
-
 void NodeReader::Codes::set(Key key, std::uint64_t value) {
     const auto code = static_cast<std::uint8_t>(value);
     switch (key) {

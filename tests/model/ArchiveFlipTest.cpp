@@ -4,6 +4,7 @@
 #include "model/ArchiveWriter.h"
 #include "model/TreeWalk.h"
 #include "tests/model/TestPlist.h"
+#include "tests/model/TreeShape.h"
 
 #include <gtest/gtest.h>
 
@@ -13,18 +14,6 @@ namespace tabulon {
 namespace {
 
 using namespace test;
-
-// The tree without its texts and codes: for each node how many children it has.
-std::vector<std::size_t> shapeOf(const Bookmark& root) {
-    std::vector<std::size_t> shape;
-    const auto add = [&](const Bookmark& node) {
-        shape.push_back(node.getChildren() ? node.getChildren()->size() : 0);
-        return true;
-    };
-    add(root);
-    walkBelow(root, add);
-    return shape;
-}
 
 // The texts and dates of all nodes, as texts.
 std::vector<Text> fieldsOf(const Bookmark& root) {
