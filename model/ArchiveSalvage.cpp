@@ -4,6 +4,7 @@
 
 #include "model/ArchiveGraph.h"
 #include "model/ArchiveNodes.h"
+#include "model/Document.h"
 #include "model/PropertyList.h"
 
 #include <vector>
@@ -176,11 +177,8 @@ Result<Salvage> Salvager::run() {
     salvage.master = root ? root->node : Bookmark::init(Date::now(services_.clock));
     if (root)
         placeBelow(*root);
-    if (!salvage.master->isFolder() || !salvage.master->getChildren())
-        salvage.master->makeParent();
+    Document::makeMaster(*salvage.master);
     placeTheRest(*salvage.master);
-    salvage.master->setItemName("Master");
-    salvage.master->setShowHier(true);
     for (const Record& record : records_)
         salvage.readable += &record != root && record.isWhole ? 1 : 0;
     // What no folder reaches is mostly what the lists have lost.

@@ -86,9 +86,11 @@ std::optional<Finder::Start> Finder::goOn(const Bookmark& root, std::size_t node
     const Search search = std::move(*ongoing_);
     ongoing_.reset();
     phases_.initSearch(); // another window may have gone on with its own search meanwhile
-    if (search.first)
-        setFoundBookmark(findFrom(search.first.get()));
-    return Start{.count = search.count, .matched = search.first != nullptr};
+    // The match may have gone from the node since it was looked at, and from all behind it.
+    Bookmark* const match = search.first ? findFrom(search.first.get()) : nullptr;
+    if (match)
+        setFoundBookmark(match);
+    return Start{.count = search.count, .matched = match != nullptr};
 }
 
 void Finder::look(Bookmark& node) {

@@ -254,6 +254,9 @@ Result<Ref<Bookmark>> readBookmarks(std::string_view bytes, const BaseServices& 
     if (!list)
         return failure(list.error().message, ErrorDomain::Cocoa, kPropertyListReadCorruptError);
     PlistEntries entries(*list);
+    if (const Kind top = entries.top().kind(); top != Kind::Dictionary && top != Kind::Array)
+        return failure("The file is a property list, but not one of bookmarks.", ErrorDomain::Cocoa,
+                       kPropertyListReadCorruptError);
     return Walk(entries, list->size(), Entries(entries, services), Date::now(services.clock), &walking).run();
 }
 

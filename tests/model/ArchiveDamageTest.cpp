@@ -88,6 +88,13 @@ TEST(ArchiveDamage, whatIsNoArchiveIsRefusedWithoutACode) {
     }
 }
 
+TEST(ArchiveDamage, anXMLListWithATextOnTopIsAPropertyList) {
+    for (const char* top : {"<string>a</string>", "<integer>5</integer>", "<true/>", "<array/>"})
+        EXPECT_EQ(refused(std::string("<plist version=\"1.0\">") + top + "</plist>").message,
+                  "The file is a property list, but not a bookmark document.");
+    EXPECT_EQ(refused("<plist><other/></plist>").message, "The file is XML, but not a property list.");
+}
+
 TEST(ArchiveDamage, anotherArchiverIsRefused) {
     const Value other = dictionary({{"$version", integer(100000)},
                                     {"$archiver", ascii("OtherArchiver")},
