@@ -35,11 +35,19 @@ void FindPhases::initSearch() {
 
 void Finder::setSearchString(std::string text) {
     search_ = collation_.searchFor(text);
+    longTexts_.clear();
     searchString_ = std::move(text);
 }
 
 bool Finder::matches(const Text& text) const {
-    return !text.isNull() && collation_.standardContains(text.view(), search_);
+    if (text.isNull())
+        return false;
+    if (!text.isShared() || text.view().size() < kLong)
+        return collation_.standardContains(text.view(), search_);
+    const auto [known, isNew] = longTexts_.try_emplace(text.view().data(), text, false);
+    if (isNew)
+        known->second.second = collation_.standardContains(text.view(), search_);
+    return known->second.second;
 }
 
 bool Finder::matchesName(const Bookmark& node) const {

@@ -8,6 +8,8 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <unordered_map>
+#include <utility>
 
 namespace tabulon {
 
@@ -65,6 +67,8 @@ public:
     Bookmark* findNext(Bookmark& root);
 
 private:
+    static constexpr std::size_t kLong = 256;
+
     bool matches(const Text& text) const;
     bool matchesName(const Bookmark& node) const;
     std::size_t countIn(const Bookmark& node) const;
@@ -76,6 +80,9 @@ private:
     const Collation& collation_;
     std::string searchString_;
     TextSearch search_;
+    /// Whether long texts match that many nodes may share, by where they lie. Each is kept, so that no other
+    /// comes to lie there.
+    mutable std::unordered_map<const char*, std::pair<Text, bool>> longTexts_;
     Ref<Bookmark> found_;
     /// A search that goes on.
     struct Search {

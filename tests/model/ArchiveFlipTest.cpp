@@ -44,7 +44,7 @@ Ref<Bookmark> tree(int folders, int links) {
             Ref<Bookmark> link = Bookmark::initEmpty();
             link->setItemName("link " + std::to_string(f) + ' ' + std::to_string(l));
             link->setItemURL("https://example.org/" + std::to_string(f * links + l));
-            link->setItemNote(l % 2 == 0 ? Text("note é " + std::to_string(l)) : Text());
+            link->setItemNote(l % 2 == 0 ? Text("note é " + std::to_string(100 * f + l)) : Text());
             link->setItemDateAdded(Date::fromReferenceSeconds(1000 * f + l));
             folder->addChild(std::move(link));
         }
