@@ -30,7 +30,7 @@ Findings findIn(Bookmark& root, const std::string& text, const BaseServices& ser
     const Finder::Start start = finder.findText(root, text);
     Findings findings{.count = start.count, .visits = {}};
     for (const Bookmark* node = start.matched ? finder.foundBookmark() : nullptr; node;
-         node = finder.findNext(root))
+         node = finder.findFurther())
         findings.visits.push_back(node);
     return findings;
 }

@@ -144,10 +144,10 @@ Text Graph::text(std::uint64_t uid) {
     return longText(uid, object);
 }
 
-// Most long texts have one owner; only one that is asked for again is worth keeping.
+// Most long texts have one owner; only one that is asked for again, or a very long one, is worth keeping.
 Text Graph::longText(std::uint64_t uid, Object object) {
     longTextsSeen_.resize(plist_.objectCount());
-    if (const auto id = plist_.reference(objects_, uid); !longTextsSeen_[id]) {
+    if (const auto id = plist_.reference(objects_, uid); !longTextsSeen_[id] && object.count() < kVeryLong) {
         longTextsSeen_[id] = true;
         return charge(object.count()) ? BinaryPlist::text(object) : Text();
     }

@@ -102,6 +102,9 @@ private:
     /// work than reading the reference to it.
     static constexpr std::uint64_t kSmall = 64;
 
+    /// Texts of so many units are shared from the first one on.
+    static constexpr std::uint64_t kVeryLong = 4096;
+
     static constexpr std::uint64_t kNowhere = ~std::uint64_t{0};
 
     /// A date, and where in its references class and time are.

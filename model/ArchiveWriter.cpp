@@ -105,6 +105,7 @@ private:
     void writeOne(const Bookmark& node, std::uint64_t uid, std::vector<Level>& levels);
     std::uint64_t children(const Bookmark& node, std::vector<Level>& levels);
     std::uint64_t textReference(const Text& text);
+    std::uint64_t longTextReference(const Text& text);
     std::uint64_t newText(std::string_view text);
     static std::size_t slotFor(std::string_view text);
     std::uint64_t dateReference(Date date);
@@ -125,6 +126,7 @@ private:
     std::map<std::int64_t, std::uint64_t> integers_;
     std::array<std::uint64_t, 256> bytes_{};
     std::unordered_map<std::string_view, std::uint64_t> longTexts_; // the reference to each
+    std::unordered_map<const char*, std::uint64_t> sharedTexts_;    // the same, by where the text lies
     static constexpr unsigned kSlotBits = 12;
     struct Recent {
         std::string_view text;
@@ -166,14 +168,25 @@ std::uint64_t Writer::textReference(const Text& text) {
     // A text is written once, however many nodes have it: else a small file whose nodes share one would grow
     // beyond all bounds when it is saved again. It is the text that decides, not whether its bytes are shared
     // in memory, so that the same tree gives the same file.
-    if (text.view().size() >= kLongText) {
-        std::uint64_t& reference = longTexts_[text.view()];
-        return reference != 0 ? reference : reference = newText(text.view());
-    }
+    if (text.view().size() >= kLongText)
+        return longTextReference(text);
     Recent& recent = recentTexts_[slotFor(text.view())];
     if (recent.reference == 0 || recent.text != text.view())
         recent = {text.view(), newText(text.view())};
     return recent.reference;
+}
+
+// A text that is shared in memory is looked at once, however many nodes have it.
+std::uint64_t Writer::longTextReference(const Text& text) {
+    std::uint64_t* const shared = text.isShared() ? &sharedTexts_[text.view().data()] : nullptr;
+    if (shared && *shared != 0)
+        return *shared;
+    std::uint64_t& reference = longTexts_[text.view()];
+    if (reference == 0)
+        reference = newText(text.view());
+    if (shared)
+        *shared = reference;
+    return reference;
 }
 
 std::uint64_t Writer::newText(std::string_view text) {

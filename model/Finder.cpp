@@ -113,6 +113,10 @@ Bookmark* Finder::findNext(Bookmark& root) {
         setFoundBookmark(&root);
         phases_.initSearch();
     }
+    return findFurther();
+}
+
+Bookmark* Finder::findFurther() {
     Bookmark* start = found_.get();
     if (!phases_.tagsPending && !phases_.notePending) {
         phases_.namePending = phases_.tagsPending = phases_.notePending = true;

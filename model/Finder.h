@@ -65,6 +65,9 @@ public:
     /// match in the tags leaves out the note of its node. After the last match, and when the node that was
     /// found has left the tree, it begins again with the root itself. Requires a search string.
     Bookmark* findNext(Bookmark& root);
+    /// The same for a tree that is as it was when the last match was found, which is there: it is not looked
+    /// for, which would take longer the deeper it stands.
+    Bookmark* findFurther();
 
 private:
     static constexpr std::size_t kLong = 256;

@@ -276,6 +276,7 @@ TEST_F(FindingTest, aLongAddressThatManyLinksShareIsNotWrittenOutForEach) {
     master->makeParent();
     for (int i = 0; i < 100'000; ++i) {
         Ref<Bookmark> link = Bookmark::initEmpty();
+        link->setItemName("n");
         link->setItemURL(address);
         master->addChild(std::move(link));
     }
