@@ -1,8 +1,7 @@
 // `duplicates`: the links of a document whose URL an earlier one has.
 #include "model/Duplicates.h"
 
-#include "cli/Lines.h"
-#include "cli/NodePath.h"
+#include "cli/NodeList.h"
 #include "cli/PlainText.h"
 #include "cli/Verbs.h"
 
@@ -16,17 +15,12 @@ Result<void> listDuplicates(const Session& session, const std::string& input, bo
     clearDuplicateStatus(root);
     const std::vector<Bookmark*> duplicates = markDuplicates(root);
     Lines lines(session);
-    auto next = duplicates.begin();
-    walkWithPaths(root, [&](const Bookmark& node, const std::string& path) {
-        if (next == duplicates.end())
-            return false;
-        if (&node != *next)
-            return true;
-        ++next;
-        return asJson ? lines.addJson(node, path)
-                      : lines.add(path + '\t' + escapingControls(node.itemURL().view()));
-    });
-    return lines.finish();
+    const auto added = addNodes(
+        root, {duplicates.begin(), duplicates.end()}, [&](const Bookmark& node, const std::string& path) {
+            return asJson ? lines.addJson(node, path)
+                          : lines.add(path + '\t' + escapingControls(node.itemURL().view()));
+        });
+    return added ? lines.finish() : failure(input + ": " + added.error().message);
 }
 
 Result<void> writeDuplicates(const Session& session, const std::string& input, DuplicatesOutput kind,

@@ -1,6 +1,5 @@
 // `find`: what the find bar of a window counts and steps through, once round.
-#include "cli/Lines.h"
-#include "cli/NodePath.h"
+#include "cli/NodeList.h"
 #include "cli/PlainText.h"
 #include "cli/Verbs.h"
 #include "model/Collation.h"
@@ -31,7 +30,7 @@ Findings findIn(Bookmark& root, const std::string& text, const BaseServices& ser
     const Finder::Start start = finder.findText(root, text);
     Findings findings{.count = start.count, .visits = {}};
     for (const Bookmark* node = start.matched ? finder.foundBookmark() : nullptr; node;
-         node = finder.findNext(root))
+         node = finder.findFurther())
         findings.visits.push_back(node);
     return findings;
 }
@@ -48,14 +47,10 @@ Result<void> findInDocument(const Session& session, const std::string& text, con
     Lines lines(session);
     lines.add(asJson ? "{\"matches\": " + std::to_string(findings.count) + "}"
                      : session.services.texts.format("%d matches", findings.count));
-    auto next = findings.visits.begin();
-    walkWithPaths(root, [&](const Bookmark& node, const std::string& path) {
-        bool goesOn = true;
-        for (; goesOn && next != findings.visits.end() && *next == &node; ++next)
-            goesOn = asJson ? lines.addJson(node, path) : lines.add(lineFor(node, path));
-        return goesOn && next != findings.visits.end();
+    const auto added = addNodes(root, findings.visits, [&](const Bookmark& node, const std::string& path) {
+        return asJson ? lines.addJson(node, path) : lines.add(lineFor(node, path));
     });
-    return lines.finish();
+    return added ? lines.finish() : failure(input + ": " + added.error().message);
 }
 
 } // namespace tabulon::cli

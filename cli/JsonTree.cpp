@@ -215,14 +215,17 @@ void appendJsonFields(std::string& out, const Bookmark& node) {
                    node.isFolder(), node.showHier(), node.getAutoTab());
 }
 
-std::string jsonFromTree(const Bookmark& root) {
+std::string jsonFromTree(const Bookmark& root, OutputLimit* limit) {
     std::string out;
+    bool isTooMuch = false;
     appendObjectStart(out, root);
     walkBelow(
         root,
         [&](Bookmark& node) {
-            appendObjectStart(out, node);
-            return true;
+            isTooMuch = isTooMuch || (limit && limit->isPassedBy(out.size()));
+            if (!isTooMuch)
+                appendObjectStart(out, node);
+            return !isTooMuch;
         },
         [&](Bookmark&) { out += "]}"; });
     if (root.getChildren())

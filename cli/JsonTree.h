@@ -5,6 +5,7 @@
 
 #include "model/Bookmark.h"
 #include "model/Error.h"
+#include "model/OutputLimit.h"
 
 #include <string>
 #include <string_view>
@@ -14,7 +15,8 @@ namespace tabulon::cli {
 /// The tree on one line, without a line feed. Texts are strings or null; dates seconds since 1970-01-01 00:00
 /// UTC or null (also for dates that are no finite number); codes integers; children an array, or null without
 /// a list.
-std::string jsonFromTree(const Bookmark& root);
+/// Ends early, with what is no JSON, once that is more than `limit` has, which may be null.
+std::string jsonFromTree(const Bookmark& root, OutputLimit* limit = nullptr);
 
 /// The fields of a node without its children, as the inside of an object: `"name":…,…,"autoTab":…`.
 void appendJsonFields(std::string& out, const Bookmark& node);

@@ -2,6 +2,7 @@
 #include "cli/JsonTree.h"
 #include "cli/PlainText.h"
 #include "cli/Verbs.h"
+#include "model/OutputLimit.h"
 #include "model/TreeWalk.h"
 
 #include <algorithm>
@@ -38,24 +39,33 @@ Result<void> showForPeople(const Session& session, const std::string& input) {
     const Bookmark& master = (*document)->getMaster();
     std::string out;
     int level = 0;
+    bool isTooMuch = false;
+    OutputLimit limit(master);
     appendLine(out, master, level++);
     walkBelow(
         master,
         [&](Bookmark& node) {
-            appendLine(out, node, level);
+            isTooMuch = isTooMuch || limit.isPassedBy(out.size());
+            if (!isTooMuch)
+                appendLine(out, node, level);
             if (node.getChildren())
                 ++level;
-            return true;
+            return !isTooMuch;
         },
         [&](Bookmark&) { --level; });
-    return session.write("-", out);
+    return isTooMuch ? failure(input + ": " + OutputLimit::failure().value().message)
+                     : session.write("-", out);
 }
 
 Result<void> showAsJson(const Session& session, const std::string& input) {
     const auto document = session.readDocument(input);
     if (!document)
         return tl::unexpected(document.error());
-    return session.write("-", jsonFromTree((*document)->getMaster()) + '\n');
+    OutputLimit limit((*document)->getMaster());
+    const std::string json = jsonFromTree((*document)->getMaster(), &limit);
+    if (limit.isPassedBy(json.size()))
+        return failure(input + ": " + OutputLimit::failure().value().message);
+    return session.write("-", json + '\n');
 }
 
 } // namespace tabulon::cli

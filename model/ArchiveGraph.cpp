@@ -27,7 +27,7 @@ Class classNamed(const Graph::Object& name) {
 Graph::Graph(const BinaryPlist& plist, std::size_t size)
     // A small dictionary is looked at once for each of its keys; eight times is more than any whole file
     // needs.
-    : plist_(plist), budget_(8 * std::uint64_t{size} + 4096), keys_(plist.objectCount(), 0) {}
+    : plist_(plist), size_(size), budget_(8 * std::uint64_t{size} + 4096), keys_(plist.objectCount(), 0) {}
 
 bool Graph::damaged(std::string_view what) {
     if (problem_.empty())
@@ -49,6 +49,10 @@ Key Graph::keyOf(std::uint64_t id) {
     }
     if (keys_[id] == 0) {
         const Object name = plist_.object(id);
+        if (!BinaryPlist::isText(name)) {
+            damaged("a key of a record is no text.");
+            return Key::Unknown;
+        }
         std::size_t key = 0;
         while (key < kKeyCount && !BinaryPlist::textEquals(name, kKeyNames[key]))
             ++key;
@@ -78,9 +82,16 @@ Graph::Object Graph::archived(std::uint64_t uid) {
         return {};
     }
     const Object object = element(objects_, uid);
-    if (object.kind() == Kind::Damaged)
+    // No archive holds a null as such: its null is a number.
+    if (object.kind() == Kind::Damaged || object.kind() == Kind::Null)
         damaged("an object of its archive is cut off or has an unknown kind.");
     return object;
+}
+
+bool Graph::isNode(std::uint64_t uid) {
+    const Object object = archived(uid);
+    return object.kind() == Kind::Dictionary && !isLikeTheLastDate(object) &&
+           classOf(object) == Class::Bookmark;
 }
 
 Class Graph::classOf(Object dictionary) {
@@ -97,7 +108,7 @@ Class Graph::resolveClass(std::uint64_t uid) {
     const Object ancestry = find(description, Key::Classes);
     if (ancestry.kind() == Kind::Array && chargeReferences(ancestry))
         for (std::uint64_t i = 0; kind == Class::Unknown && i < ancestry.count(); ++i)
-            kind = classNamed(plist_.object(plist_.reference(ancestry, i)));
+            kind = classNamed(element(ancestry, i));
     if (classes_.size() < 64)
         classes_.emplace_back(uid, kind);
     return kind;
@@ -105,8 +116,14 @@ Class Graph::resolveClass(std::uint64_t uid) {
 
 // What holds the text of an archived object: the text itself, or the text or data inside a string object.
 Graph::Object Graph::textBehind(Object object) {
-    if (object.kind() != Kind::Dictionary || classOf(object) != Class::String)
+    if (object.kind() != Kind::Dictionary)
         return BinaryPlist::isText(object) ? object : Object();
+    if (classOf(object) != Class::String) {
+        if (find(object, Key::String).kind() != Kind::Damaged ||
+            find(object, Key::Bytes).kind() != Kind::Damaged)
+            damaged("a text has an unknown class.");
+        return {};
+    }
     if (const Object text = find(object, Key::String); BinaryPlist::isText(text))
         return text;
     const Object bytes = find(object, Key::Bytes);
@@ -127,10 +144,10 @@ Text Graph::text(std::uint64_t uid) {
     return longText(uid, object);
 }
 
-// Most long texts have one owner; only one that is asked for again is worth keeping.
+// Most long texts have one owner; only one that is asked for again, or a very long one, is worth keeping.
 Text Graph::longText(std::uint64_t uid, Object object) {
     longTextsSeen_.resize(plist_.objectCount());
-    if (const auto id = plist_.reference(objects_, uid); !longTextsSeen_[id]) {
+    if (const auto id = plist_.reference(objects_, uid); !longTextsSeen_[id] && object.count() < kVeryLong) {
         longTextsSeen_[id] = true;
         return charge(object.count()) ? BinaryPlist::text(object) : Text();
     }
@@ -147,10 +164,13 @@ Graph::Object Graph::timeOf(Object object) {
         return {};
     if (isLikeTheLastDate(object))
         return element(object, date_.timePlace);
-    if (classOf(object) != Class::Date)
-        return {};
+    const Class kind = classOf(object);
     const std::uint64_t timePlace = placeOf(object, Key::Time);
-    if (timePlace == kNowhere)
+    if (timePlace != kNowhere && kind != Class::Date)
+        damaged("a date has an unknown class.");
+    if (timePlace == kNowhere && kind == Class::Date && object.count() > 1)
+        damaged("a date has no time.");
+    if (timePlace == kNowhere || kind != Class::Date)
         return {};
     if (object.count() <= kSmall)
         date_ = {object, placeOf(object, Key::Class), timePlace};
@@ -196,12 +216,27 @@ Result<std::uint64_t> Graph::open() {
     const Object version = find(top, Key::ArchiveVersion);
     if (top.kind() != Kind::Dictionary || !BinaryPlist::textEquals(archiver, kArchiverName) ||
         version.kind() != Kind::Integer || version.value() != kArchiverVersion)
-        return notAnArchive;
+        return isDamaged() ? damage() : notAnArchive;
     objects_ = find(top, Key::ArchiveObjects);
     const Object root = find(find(top, Key::ArchiveTop), Key::Root);
     if (objects_.kind() != Kind::Array || root.kind() != Kind::Uid)
-        return notAnArchive;
+        return isDamaged() ? damage() : notAnArchive;
     return root.value();
+}
+
+std::uint64_t Graph::openWhatIsLeft() {
+    const Result<std::uint64_t> root = open();
+    forgetDamage();
+    if (root)
+        return *root;
+    objects_ = {};
+    for (std::uint64_t id = 0; id < plist_.objectCount(); ++id) {
+        const Object array = plist_.object(id);
+        if (array.kind() == Kind::Array && array.count() > objects_.count() &&
+            BinaryPlist::textEquals(plist_.object(plist_.reference(array, 0)), "$null"))
+            objects_ = array;
+    }
+    return objects_.count() > 1 ? 1 : 0;
 }
 
 } // namespace tabulon::archive

@@ -2,6 +2,7 @@
 #include "model/ArchiveReader.h"
 
 #include "model/ArchiveGraph.h"
+#include "model/ArchiveNodes.h"
 #include "model/PropertyList.h"
 
 namespace tabulon {
@@ -13,102 +14,32 @@ using archive::Key;
 using Kind = BinaryPlist::Kind;
 using Object = BinaryPlist::Object;
 
-/// The plain numbers of a node.
-struct Codes {
-    std::uint8_t type = 0;
-    std::uint8_t label = 0;
-    std::uint8_t flags = 0;
-    std::uint8_t status = 0;
-    std::int64_t browser = 0;
-    bool folder = false;
-    bool openFolder = false;
-    bool autoTab = false;
-
-    void set(Key key, std::uint64_t value);
-    void give(Bookmark& node) const;
-};
-
-void Codes::set(Key key, std::uint64_t value) {
-    const auto code = static_cast<std::uint8_t>(value);
-    switch (key) {
-    case Key::Type:
-        type = code;
-        break;
-    case Key::Label:
-        label = code;
-        break;
-    case Key::Flags:
-        flags = code;
-        break;
-    case Key::Status:
-        status = code;
-        break;
-    case Key::Browser:
-        browser = static_cast<std::int64_t>(value);
-        break;
-    case Key::Folder:
-        folder = value != 0;
-        break;
-    case Key::OpenFolder:
-        openFolder = value != 0;
-        break;
-    case Key::AutoTab:
-        autoTab = value != 0;
-        break;
-    default:
-        break;
-    }
-}
-
-void Codes::give(Bookmark& node) const {
-    node.setType(type);
-    node.setLabel(label);
-    node.setFlags(flags);
-    node.setStatus(status);
-    node.setItemBrowser(browser);
-    node.setItemFolder(folder);
-    node.setShowHier(openFolder);
-    node.setAutoTab(autoTab);
-    node.linkIcon();
-}
-
 class Reader {
 public:
-    explicit Reader(Graph& graph) : graph_(graph), isNode_(graph.objectCount(), 0) {}
+    explicit Reader(Graph& graph)
+        : graph_(graph), nodes_(graph), isNode_(graph.objectCount(), 0), isPlaceOfNode_(graph.size(), false) {
+    }
 
     /// The node with this number and everything below it.
     Result<Ref<Bookmark>> readTree(std::uint64_t rootUid);
 
 private:
-    static constexpr std::uint64_t kNoId = ~std::uint64_t{0};
-
     /// A node to be read, and the folder it goes into.
     struct Pending {
         Bookmark* parent;
         std::uint64_t uid;
     };
 
-    /// A key of the nodes that are being read.
-    struct Column {
-        Key key;
-        std::uint64_t place;     // of its value among a dictionary's references
-        std::uint64_t settledId; // the value that needs no second look, or kNoId
-    };
-
     bool readNode(Bookmark& node, std::uint64_t uid);
-    bool lookUpKeys(Object dictionary);
-    bool readValue(Bookmark& node, Column& column, std::uint64_t id);
-    bool readReference(Bookmark& node, Key key, std::uint64_t uid);
-    bool readChildren(Bookmark& node, std::uint64_t uid);
+    bool readChildren(Bookmark& node);
     bool expectChild(Bookmark& node, Object reference);
+    bool everyNodeIsReached();
 
     Graph& graph_;
+    archive::NodeReader nodes_;
     std::vector<std::uint8_t> isNode_; // by uid: 1 for the objects that stand in the tree
+    std::vector<bool> isPlaceOfNode_;  // by position in the file
     std::vector<Pending> pending_;
-    Object like_; // the dictionary whose keys stand in `columns_`
-    std::vector<Column> columns_;
-    Codes codes_; // of the node that is being read, and of the one before where nothing else is said
-    Class class_ = Class::Unknown;
 };
 
 bool Reader::expectChild(Bookmark& node, Object reference) {
@@ -121,10 +52,10 @@ bool Reader::expectChild(Bookmark& node, Object reference) {
     return true;
 }
 
-bool Reader::readChildren(Bookmark& node, std::uint64_t uid) {
-    const Object array = graph_.arrayBehind(uid);
+bool Reader::readChildren(Bookmark& node) {
+    const Object array = nodes_.children();
     if (array.kind() != Kind::Array)
-        return !graph_.isDamaged();
+        return true;
     node.makeChildList(array.count());
     for (std::uint64_t i = 0; i < array.count(); ++i)
         if (!expectChild(node, graph_.element(array, i)))
@@ -134,97 +65,22 @@ bool Reader::readChildren(Bookmark& node, std::uint64_t uid) {
     return true;
 }
 
-bool Reader::readReference(Bookmark& node, Key key, std::uint64_t uid) {
-    switch (key) {
-    case Key::Name:
-        node.setItemName(graph_.text(uid));
-        break;
-    case Key::URL:
-        node.setItemURL(graph_.text(uid));
-        break;
-    case Key::Note:
-        node.setItemNote(graph_.text(uid));
-        break;
-    case Key::Tags:
-        node.setItemTags(graph_.text(uid));
-        break;
-    case Key::DateAdded:
-        node.setItemDateAdded(graph_.date(uid));
-        break;
-    case Key::DateModified:
-        node.setItemDateModified(graph_.date(uid));
-        break;
-    case Key::LastChecked:
-        node.setItemLastChecked(graph_.date(uid));
-        break;
-    case Key::LastOpened:
-        node.setItemLastOpened(graph_.date(uid));
-        break;
-    case Key::Children:
-        return readChildren(node, uid);
-    default:
-        break;
-    }
-    return !graph_.isDamaged();
-}
-
-// Value `id` in this column. Most of a node's values (null, small codes, the class) are the very objects that
-// the node before has in the same place; those that say nothing new then are settled.
-bool Reader::readValue(Bookmark& node, Column& column, std::uint64_t id) {
-    const Object value = graph_.object(id);
-    const bool isReference =
-        value.kind() == Kind::Uid && (column.key <= Key::LastOpened || column.key == Key::Children);
-    if (value.kind() == Kind::Damaged)
-        return graph_.damaged("a value of a bookmark is cut off or has an unknown kind.");
-    if (isReference && value.value() != 0) {
-        column.settledId = kNoId;
-        return readReference(node, column.key, value.value());
-    }
-    column.settledId = id;
-    if (column.key == Key::Class)
-        class_ = value.kind() == Kind::Uid ? graph_.resolveClass(value.value()) : Class::Unknown;
-    else if (!isReference) // a value of the wrong kind counts as missing
-        codes_.set(column.key,
-                   value.kind() == Kind::Integer || value.kind() == Kind::Boolean ? value.value() : 0);
-    return true;
-}
-
-// Gives `columns_` the keys of a node's dictionary. Nodes of one writer have the same ones in the same order,
-// so mostly these are those of the node before.
-bool Reader::lookUpKeys(Object dictionary) {
-    if (dictionary.count() == like_.count() && graph_.sameKeys(dictionary, like_))
-        return true;
-    like_ = dictionary;
-    codes_ = {};
-    class_ = Class::Unknown;
-    columns_.clear();
-    for (std::uint64_t i = 0; i < dictionary.count(); ++i) {
-        const Key key = graph_.keyAt(dictionary, i);
-        if (key > Key::Class)
-            continue;
-        // Of a key given twice the last value counts; of two lists of children none is to be lost.
-        const auto again = std::erase_if(columns_, [key](const Column& column) { return column.key == key; });
-        if (again > 0 && key == Key::Children)
-            return graph_.damaged("a folder has two lists of children.");
-        columns_.push_back({key, dictionary.count() + i, kNoId});
-    }
-    return true;
-}
-
 bool Reader::readNode(Bookmark& node, std::uint64_t uid) {
     const Object dictionary = graph_.archived(uid);
-    if (dictionary.kind() != Kind::Dictionary || !graph_.chargeReferences(dictionary))
-        return graph_.damaged("something that is no bookmark stands in its tree.");
-    if (!lookUpKeys(dictionary))
+    if (!nodes_.read(node, dictionary))
         return false;
-    for (Column& column : columns_) {
-        const std::uint64_t id = graph_.idAt(dictionary, column.place);
-        if (id != column.settledId && !readValue(node, column, id))
-            return false;
-    }
-    if (class_ != Class::Bookmark)
-        return graph_.damaged("something that is no bookmark stands in its tree.");
-    codes_.give(node);
+    auto isTaken = isPlaceOfNode_[graph_.positionOf(dictionary)];
+    if (isTaken)
+        return graph_.damaged("the records of two bookmarks overlap.");
+    isTaken = true;
+    return readChildren(node);
+}
+
+// A record in no list of children is what is left of a list that was damaged: its loss is not to be saved.
+bool Reader::everyNodeIsReached() {
+    for (std::uint64_t uid = 1; uid < isNode_.size(); ++uid)
+        if (isNode_[uid] == 0 && graph_.isNode(uid))
+            return graph_.damaged("there are bookmarks that no folder holds.");
     return !graph_.isDamaged();
 }
 
@@ -243,7 +99,7 @@ Result<Ref<Bookmark>> Reader::readTree(std::uint64_t rootUid) {
             return graph_.damage();
         next.parent->addChild(std::move(node));
     }
-    return root;
+    return everyNodeIsReached() ? Result<Ref<Bookmark>>(std::move(root)) : graph_.damage();
 }
 
 Result<void> readVersion(Graph& graph, std::uint64_t uid) {
@@ -273,7 +129,7 @@ Result<Ref<Bookmark>> readDocument(Graph& graph, std::uint64_t rootUid) {
         return failure("The file is an archive, but its root is not that of a bookmark document.");
     const Object version = graph.element(pair, 0);
     const Object master = graph.element(pair, 1);
-    if (version.kind() != Kind::Uid || master.kind() != Kind::Uid)
+    if (graph.isDamaged() || version.kind() != Kind::Uid || master.kind() != Kind::Uid)
         return failure("The file is damaged: the root of its archive is incomplete.");
     if (const Result<void> accepted = readVersion(graph, version.value()); !accepted)
         return tl::unexpected(accepted.error());

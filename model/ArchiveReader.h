@@ -14,10 +14,12 @@ namespace tabulon {
 /// the root's name as stored.
 ///
 /// Takes what other writers of the format produce: any integer and reference width, shared texts and dates,
-/// keys in any order, unknown keys, longer class ancestries. A value of the wrong kind counts as missing.
+/// keys in any order, unknown keys, longer class ancestries. A value of the wrong kind counts as missing, but
+/// for the list of children.
 ///
-/// Fails with ErrorDomain::None for what is not a keyed archive or has a damaged graph (references out of
-/// range, overlapping tables, a node in two places or inside itself), and with ErrorDomain::Cocoa,
+/// Fails with ErrorDomain::None for what is not a keyed archive or is damaged anywhere that is looked at
+/// (references out of range, values cut off, overlapping tables, a node in two places, inside itself or in no
+/// folder; docs/file-format.md has the list), and with ErrorDomain::Cocoa,
 /// kUserCancelledError for another file type or version. Time and memory are linear in the size of `data`;
 /// nothing is kept of it.
 Result<Ref<Bookmark>> readDocumentArchive(std::string_view data);

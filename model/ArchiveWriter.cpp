@@ -6,7 +6,10 @@
 #include "model/PlistWriter.h"
 #include "model/TreeWalk.h"
 
+#include <algorithm>
 #include <array>
+#include <bit>
+#include <cstring>
 #include <map>
 #include <string_view>
 #include <unordered_map>
@@ -16,8 +19,8 @@ namespace {
 
 using archive::Key;
 
-/// In bytes.
-constexpr std::size_t kLongText = 1024;
+/// In bytes. Of longer texts equal ones are found wherever they stand.
+constexpr std::size_t kLongText = 256;
 
 constexpr std::size_t kVersionClass = 0;
 constexpr std::size_t kBookmarkClass = 1;
@@ -102,6 +105,9 @@ private:
     void writeOne(const Bookmark& node, std::uint64_t uid, std::vector<Level>& levels);
     std::uint64_t children(const Bookmark& node, std::vector<Level>& levels);
     std::uint64_t textReference(const Text& text);
+    std::uint64_t longTextReference(const Text& text);
+    std::uint64_t newText(std::string_view text);
+    static std::size_t slotFor(std::string_view text);
     std::uint64_t dateReference(Date date);
     std::uint64_t arrayObject(std::uint64_t elements, std::size_t name);
     std::uint64_t integer(std::int64_t value);
@@ -120,6 +126,13 @@ private:
     std::map<std::int64_t, std::uint64_t> integers_;
     std::array<std::uint64_t, 256> bytes_{};
     std::unordered_map<std::string_view, std::uint64_t> longTexts_; // the reference to each
+    std::unordered_map<const char*, std::uint64_t> sharedTexts_;    // the same, by where the text lies
+    static constexpr unsigned kSlotBits = 12;
+    struct Recent {
+        std::string_view text;
+        std::uint64_t reference = 0; // 0 for none
+    };
+    std::vector<Recent> recentTexts_{std::size_t{1} << kSlotBits}; // short texts, by a hash of theirs
     std::uint64_t null_ = 0;
     std::uint64_t false_ = 0;
     std::uint64_t true_ = 0;
@@ -152,17 +165,45 @@ std::uint64_t Writer::classReference(std::size_t name) {
 std::uint64_t Writer::textReference(const Text& text) {
     if (text.isNull())
         return null_;
-    // A long text is written once, however many nodes have it: else a small file whose nodes share one would
-    // grow beyond all bounds when it is saved again.
+    // A text is written once, however many nodes have it: else a small file whose nodes share one would grow
+    // beyond all bounds when it is saved again. It is the text that decides, not whether its bytes are shared
+    // in memory, so that the same tree gives the same file.
     if (text.view().size() >= kLongText)
-        if (const auto known = longTexts_.find(text.view()); known != longTexts_.end())
-            return known->second;
-    const std::uint64_t uid = newUid();
-    objects_[uid] = plist_.writeText(text.view());
-    const std::uint64_t reference = plist_.writeUid(uid);
-    if (text.view().size() >= kLongText)
-        longTexts_.emplace(text.view(), reference);
+        return longTextReference(text);
+    Recent& recent = recentTexts_[slotFor(text.view())];
+    if (recent.reference == 0 || recent.text != text.view())
+        recent = {text.view(), newText(text.view())};
+    return recent.reference;
+}
+
+// A text that is shared in memory is looked at once, however many nodes have it.
+std::uint64_t Writer::longTextReference(const Text& text) {
+    std::uint64_t* const shared = text.isShared() ? &sharedTexts_[text.view().data()] : nullptr;
+    if (shared && *shared != 0)
+        return *shared;
+    std::uint64_t& reference = longTexts_[text.view()];
+    if (reference == 0)
+        reference = newText(text.view());
+    if (shared)
+        *shared = reference;
     return reference;
+}
+
+std::uint64_t Writer::newText(std::string_view text) {
+    const std::uint64_t uid = newUid();
+    objects_[uid] = plist_.writeText(text);
+    return plist_.writeUid(uid);
+}
+
+// Looking up each short text among all would take longer than writing it; its slot is that of few others.
+std::size_t Writer::slotFor(std::string_view text) {
+    std::uint64_t first = 0;
+    std::uint64_t last = 0;
+    const std::size_t size = std::min<std::size_t>(text.size(), 8);
+    std::memcpy(&first, text.data(), size);
+    std::memcpy(&last, text.data() + text.size() - size, size);
+    const std::uint64_t hash = (first ^ std::rotl(last, 23) ^ text.size()) * 0x9E3779B97F4A7C15u;
+    return hash >> (64 - kSlotBits);
 }
 
 std::uint64_t Writer::dateReference(Date date) {

@@ -182,6 +182,27 @@ BinaryPlist::Object BinaryPlist::sized(Kind kind, std::uint64_t position, std::u
     return {kind, count, data_ + position};
 }
 
+bool BinaryPlist::isOverlapped(std::uint64_t id) const {
+    const auto endOf = [](Object text) {
+        return text.bytes() + text.count() * (text.kind() == Kind::Utf16 ? 2 : 1);
+    };
+    const std::uint8_t* const begin = objectBytes(id);
+    const std::uint8_t* const end = endOf(object(id));
+    const std::uint8_t* before = nullptr; // the nearest object that begins before the text, and its number
+    std::uint64_t idBefore = 0;
+    for (std::uint64_t other = 0; other < objectCount_; ++other) {
+        const std::uint8_t* const at = objectBytes(other);
+        if (other != id && at >= begin && at < end)
+            return true;
+        if (at && at < begin && (!before || at > before)) {
+            before = at;
+            idBefore = other;
+        }
+    }
+    const Object neighbour = before ? object(idBefore) : Object();
+    return isText(neighbour) && endOf(neighbour) > begin;
+}
+
 Text BinaryPlist::text(Object object) {
     if (object.kind() == Kind::Utf16)
         return textFromBigEndianUtf16(object.bytes(), object.count());

@@ -140,6 +140,21 @@ public:
         return std::memcmp(a.bytes(), b.bytes(), size) == 0;
     }
 
+    /// Where the references of a container begin, in bytes from the begin of the file.
+    std::size_t positionOf(Object container) const {
+        return static_cast<std::size_t>(container.bytes() - data_);
+    }
+    /// Whether another object begins inside the text with this number or where it does, or the text inside
+    /// another one: no writer lays texts over one another. Linear in the number of objects. Requires the
+    /// number of a text.
+    bool isOverlapped(std::uint64_t id) const;
+    /// Where an object begins, in bytes from the begin of the file; 0 when there is none.
+    std::size_t beginOf(std::uint64_t id) const {
+        const std::uint8_t* const bytes = objectBytes(id);
+        return bytes ? static_cast<std::size_t>(bytes - data_) : 0;
+    }
+    /// Where the objects end and the offset table begins.
+    std::size_t endOfObjects() const { return tableOffset_; }
     /// The bytes that a container's references occupy.
     std::uint64_t referenceBytes(Object container) const {
         return container.count() * referenceSize_ * (container.kind() == Kind::Dictionary ? 2 : 1);

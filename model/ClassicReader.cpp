@@ -74,8 +74,12 @@ public:
         : data_(data), now_(Date::now(services.clock)),
           decoder_(countryIsJapan(services.texts.locale()) ? "Shift_JIS" : "macintosh") {}
 
-    /// False when a record runs past the end of the data.
+    /// False when a record runs past the end of the data, or a text does not end where its length says.
     bool readChain(Bookmark& root);
+    /// Whether room for a record is left behind the chain, with something in it: a chain that was cut short.
+    bool leavesRecords() const {
+        return has(kRecordSize) && data_.find_first_not_of('\0', position_) != std::string_view::npos;
+    }
 
 private:
     struct Record {
@@ -123,7 +127,7 @@ Ref<Bookmark> Reader::nodeFrom(const Record& record) const {
 // `length` bytes of text and one zero byte. The text ends at its first zero byte; only a length of 0 leaves
 // it null.
 bool Reader::readText(std::size_t length, Text& text) {
-    if (!has(length + 1))
+    if (!has(length + 1) || data_[position_ + length] != '\0')
         return false;
     if (length > 0) {
         const std::string_view bytes = data_.substr(position_, length);
@@ -216,8 +220,11 @@ Result<Ref<Bookmark>> readClassic(std::string_view data, const BaseServices& ser
     master->setItemName("Master");
     master->makeParent();
     master->setShowHier(true);
-    if (!Reader(data, services).readChain(*master))
+    Reader reader(data, services);
+    if (!reader.readChain(*master))
         return classicFailure("The file is damaged: it ends in the middle of a bookmark.");
+    if (reader.leavesRecords())
+        return classicFailure("The file is damaged: there are bookmarks that no folder holds.");
     return master;
 }
 

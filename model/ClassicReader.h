@@ -19,8 +19,9 @@ bool classicFile(std::string_view data);
 /// their own carry the time of the reading, as every new node does.
 ///
 /// Fails with ErrorDomain::OSStatus, code 256: for empty and short data, a header that says there are no
-/// bookmarks or has too high a version (both with the title and text of their alert), and records that run
-/// past the end. Nothing is read beyond the data, and the work is linear in its size.
+/// bookmarks or has too high a version (both with the title and text of their alert), records that run past
+/// the end, texts without their zero byte, and bytes behind the last record that may be more of them. Nothing
+/// is read beyond the data, and the work is linear in its size.
 Result<Ref<Bookmark>> readClassic(std::string_view data, const BaseServices& services);
 
 } // namespace tabulon

@@ -32,9 +32,17 @@ std::unique_ptr<icu::Collator> makeCollator(const icu::Locale& locale) {
     return collator;
 }
 
+LetterI letterIOf(const icu::Locale& locale) {
+    const std::string_view language = locale.getLanguage();
+    return language == "tr" || language == "az" ? LetterI::Turkish : LetterI::Common;
+}
+
 } // namespace
 
 struct Collation::Implementation {
+    explicit Implementation(const icu::Locale& locale)
+        : collator(makeCollator(locale)), folder(letterIOf(locale)) {}
+
     std::unique_ptr<icu::Collator> collator;
     // Kept from call to call: a search goes over very many texts.
     std::string foldedText;
@@ -47,8 +55,9 @@ struct Collation::Implementation {
     }
 };
 
-Collation::Collation(std::string_view locale) : implementation_(std::make_unique<Implementation>()) {
-    implementation_->collator = makeCollator(icu::Locale::createCanonical(std::string(locale).c_str()));
+Collation::Collation(std::string_view locale)
+    : implementation_(
+          std::make_unique<Implementation>(icu::Locale::createCanonical(std::string(locale).c_str()))) {
     if (!implementation_->collator)
         implementation_->collator = makeCollator(icu::Locale::getRoot());
 }
@@ -102,6 +111,9 @@ TextSearch Collation::searchFor(std::string_view part) const {
 }
 
 bool Collation::standardContains(std::string_view text, const TextSearch& search) const {
+    // The quick looks know the case of ASCII letters, which is another one there.
+    if (implementation_->folder.letterI() == LetterI::Turkish)
+        return search.inSmallLetters(implementation_->foldedForm(text));
     if (const std::optional<bool> answer = search.isIn(text))
         return *answer;
     if (search.isAscii() && implementation_->folder.keepsFromAscii(text))

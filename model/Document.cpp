@@ -37,11 +37,19 @@ Result<void> Document::readFromDataOfType(std::string_view data, std::string_vie
         classicFile(data) ? readClassic(data, services_) : readDocumentArchive(data);
     if (!master)
         return tl::unexpected(std::move(master.error()));
-    (*master)->setItemName("Master");
-    (*master)->setShowHier(true);
+    makeMaster(**master);
     setMaster(std::move(*master));
     fileType_ = classicFile(data) ? kDocumentType : type;
     return {};
+}
+
+void Document::makeMaster(Bookmark& root) {
+    root.setItemName("Master");
+    root.setShowHier(true);
+    root.setItemFolder(true);
+    if (!root.getChildren())
+        root.makeChildList();
+    root.linkIcon();
 }
 
 void Document::updateChangeCount(ChangeKind change) {

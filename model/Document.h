@@ -47,6 +47,10 @@ public:
     /// Replaces the tree and sets the document reference on every node of the new one.
     void setMaster(Ref<Bookmark> master);
 
+    /// Makes a root folder of what a file has as one: named "Master", expanded, and a folder with a list of
+    /// children whatever the file says.
+    static void makeMaster(Bookmark& root);
+
     /// The folder of this tree that receives dropped and captured bookmarks, or null.
     Bookmark* getDropFolder() const { return fDropFolder_.get(); }
     void setDropFolder(Bookmark* folder) { fDropFolder_ = Ref<Bookmark>(folder); }

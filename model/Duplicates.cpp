@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstring>
 #include <random>
+#include <unordered_map>
 
 namespace tabulon {
 namespace {
@@ -57,14 +58,26 @@ struct Link {
 // Most of the time goes into waiting for memory: what is needed a little later is asked for early.
 constexpr std::size_t kAhead = 16;
 
+// A text of so many bytes that many links share is hashed once.
+constexpr std::size_t kLong = 256;
+
 std::vector<Link> linksWithURL(const Bookmark& root) {
     std::random_device random;
     const std::uint64_t seed = (std::uint64_t{random()} << 32) | random() | 1;
     std::vector<Link> links;
     std::size_t hashed = 0;
+    std::unordered_map<const char*, std::uint64_t> sharedHashes; // of long texts, by where they lie
     const auto hashNext = [&] {
         Link& link = links[hashed++];
-        link.hash = foldedHash(link.item->itemURL().view(), seed);
+        const Text& url = link.item->itemURL();
+        if (!url.isShared() || url.view().size() < kLong) {
+            link.hash = foldedHash(url.view(), seed);
+            return;
+        }
+        const auto [known, isNew] = sharedHashes.try_emplace(url.view().data());
+        if (isNew)
+            known->second = foldedHash(url.view(), seed);
+        link.hash = known->second;
     };
     walkBelow(root, [&](Bookmark& item) {
         if (item.isFolder())
@@ -87,6 +100,8 @@ std::vector<Link> linksWithURL(const Bookmark& root) {
 bool equalIgnoringAsciiCase(std::string_view a, std::string_view b) {
     if (a.size() != b.size())
         return false;
+    if (a.data() == b.data())
+        return true;
     std::size_t at = 0;
     for (; at + 8 <= a.size(); at += 8)
         if (load(a.data() + at, 8) != load(b.data() + at, 8))

@@ -35,11 +35,19 @@ void FindPhases::initSearch() {
 
 void Finder::setSearchString(std::string text) {
     search_ = collation_.searchFor(text);
+    longTexts_.clear();
     searchString_ = std::move(text);
 }
 
 bool Finder::matches(const Text& text) const {
-    return !text.isNull() && collation_.standardContains(text.view(), search_);
+    if (text.isNull())
+        return false;
+    if (!text.isShared() || text.view().size() < kLong)
+        return collation_.standardContains(text.view(), search_);
+    const auto [known, isNew] = longTexts_.try_emplace(text.view().data(), text, false);
+    if (isNew)
+        known->second.second = collation_.standardContains(text.view(), search_);
+    return known->second.second;
 }
 
 bool Finder::matchesName(const Bookmark& node) const {
@@ -86,9 +94,11 @@ std::optional<Finder::Start> Finder::goOn(const Bookmark& root, std::size_t node
     const Search search = std::move(*ongoing_);
     ongoing_.reset();
     phases_.initSearch(); // another window may have gone on with its own search meanwhile
-    if (search.first)
-        setFoundBookmark(findFrom(search.first.get()));
-    return Start{.count = search.count, .matched = search.first != nullptr};
+    // The match may have gone from the node since it was looked at, and from all behind it.
+    Bookmark* const match = search.first ? findFrom(search.first.get()) : nullptr;
+    if (match)
+        setFoundBookmark(match);
+    return Start{.count = search.count, .matched = match != nullptr};
 }
 
 void Finder::look(Bookmark& node) {
@@ -103,6 +113,10 @@ Bookmark* Finder::findNext(Bookmark& root) {
         setFoundBookmark(&root);
         phases_.initSearch();
     }
+    return findFurther();
+}
+
+Bookmark* Finder::findFurther() {
     Bookmark* start = found_.get();
     if (!phases_.tagsPending && !phases_.notePending) {
         phases_.namePending = phases_.tagsPending = phases_.notePending = true;

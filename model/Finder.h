@@ -8,6 +8,8 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <unordered_map>
+#include <utility>
 
 namespace tabulon {
 
@@ -63,8 +65,13 @@ public:
     /// match in the tags leaves out the note of its node. After the last match, and when the node that was
     /// found has left the tree, it begins again with the root itself. Requires a search string.
     Bookmark* findNext(Bookmark& root);
+    /// The same for a tree that is as it was when the last match was found, which is there: it is not looked
+    /// for, which would take longer the deeper it stands.
+    Bookmark* findFurther();
 
 private:
+    static constexpr std::size_t kLong = 256;
+
     bool matches(const Text& text) const;
     bool matchesName(const Bookmark& node) const;
     std::size_t countIn(const Bookmark& node) const;
@@ -76,6 +83,9 @@ private:
     const Collation& collation_;
     std::string searchString_;
     TextSearch search_;
+    /// Whether long texts match that many nodes may share, by where they lie. Each is kept, so that no other
+    /// comes to lie there.
+    mutable std::unordered_map<const char*, std::pair<Text, bool>> longTexts_;
     Ref<Bookmark> found_;
     /// A search that goes on.
     struct Search {

@@ -58,6 +58,9 @@ public:
         return a.block_ == b.block_ || (a.block_ && b.block_ && a.view() == b.view());
     }
 
+    /// Whether other texts have the same bytes in memory.
+    bool isShared() const noexcept { return block_ && block_->references > 1; }
+
     /// True when both are the same shared bytes (or both null): cheaper than `==`, and may be false for
     /// equals.
     bool sharesBytesWith(const Text& other) const noexcept { return block_ == other.block_; }

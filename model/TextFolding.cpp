@@ -37,6 +37,49 @@ icu::UnicodeString withoutDiacritics(const icu::UnicodeString& text) {
     return kept;
 }
 
+// The text without its diacritics before it is decomposed, which gives the same: putting long runs of marks
+// in order would take time in the square of their length. A run of marks that stay is cut as the stream-safe
+// text form has it.
+icu::UnicodeString readyToDecompose(const icu::UnicodeString& text) {
+    constexpr int kLongestRun = 30;
+    constexpr UChar32 kGraphemeJoiner = 0x34F;
+    icu::UnicodeString kept;
+    int run = 0;
+    for (std::int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {
+        const UChar32 character = text.char32At(i);
+        if (isDiacritic(character))
+            continue;
+        run = u_getCombiningClass(character) == 0 ? 0 : run + 1;
+        if (run > kLongestRun) {
+            kept.append(kGraphemeJoiner);
+            run = 1;
+        }
+        kept.append(character);
+    }
+    return kept;
+}
+
+// The dotted and the dotless I of Turkish are two letters, each with a capital of its own.
+std::string withSmallTurkishI(std::string_view text) {
+    constexpr std::string_view kDotlessSmall = "\u0131";
+    constexpr std::string_view kDottedCapital = "\u0130";
+    constexpr std::string_view kDotAbove = "\u0307";
+    std::string result;
+    result.reserve(text.size());
+    for (std::size_t at = 0; at < text.size();) {
+        const std::string_view rest = text.substr(at);
+        const bool isDotless = rest.front() == 'I' && !rest.substr(1).starts_with(kDotAbove);
+        if (rest.front() != 'I' && !rest.starts_with(kDottedCapital)) {
+            result += rest.front();
+            ++at;
+            continue;
+        }
+        result += isDotless ? kDotlessSmall : "i";
+        at += rest.front() == 'I' ? 1 : kDottedCapital.size();
+    }
+    return result;
+}
+
 // A character decomposed, without its diacritics.
 icu::UnicodeString keptOf(UChar32 character, const icu::Normalizer2& decomposing) {
     icu::UnicodeString decomposed;
@@ -100,7 +143,8 @@ void appendFoldedByICU(std::string& result, std::string_view text) {
         return;
     }
     const icu::StringPiece piece(text.data(), static_cast<std::int32_t>(std::min(text.size(), kFoldedBytes)));
-    const auto decomposed = decomposing->normalize(icu::UnicodeString::fromUTF8(piece), status);
+    const auto decomposed =
+        decomposing->normalize(readyToDecompose(icu::UnicodeString::fromUTF8(piece)), status);
     auto folded = composing->normalize(withoutDiacritics(decomposed), status);
     if (U_FAILURE(status))
         result.append(text);
@@ -110,6 +154,11 @@ void appendFoldedByICU(std::string& result, std::string_view text) {
 
 void TextFolder::appendFolded(std::string& result, std::string_view text) {
     const std::size_t before = result.size();
+    std::string turkish;
+    if (letterI_ == LetterI::Turkish) {
+        turkish = withSmallTurkishI(text);
+        text = turkish;
+    }
     if (isAscii(text)) {
         result.resize(before + text.size());
         std::ranges::transform(text, result.data() + before, ascii::lower);

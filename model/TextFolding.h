@@ -15,10 +15,18 @@ namespace tabulon {
 /// counts as it stands.
 void appendFoldedByICU(std::string& result, std::string_view text);
 
+/// Whether I is the capital of i, or of the dotless ı as in Turkish and Azerbaijani, where i has the capital
+/// İ.
+enum class LetterI { Common, Turkish };
+
 /// Gives the same, many times faster: it remembers what becomes of each character. Texts in which characters
-/// act on their neighbours go to ICU.
+/// act on their neighbours go to ICU. The letters of Turkish are told apart before.
 class TextFolder {
 public:
+    explicit TextFolder(LetterI letterI = LetterI::Common) : letterI_(letterI) {}
+
+    LetterI letterI() const { return letterI_; }
+
     void appendFolded(std::string& result, std::string_view text);
 
     /// Whether every character of `text` that is not ASCII stays something that is not ASCII. Then a part of
@@ -50,6 +58,7 @@ private:
 
     bool learnKept(std::size_t entry, std::size_t place);
 
+    LetterI letterI_;
     std::vector<std::unique_ptr<Page>> pages_;
     std::vector<Kept> kept_;
 };

@@ -10,6 +10,7 @@
 #include <cstring>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace tabulon {
@@ -70,6 +71,7 @@ public:
         if (count < 2)
             return;
         keys_.clear();
+        sharedKeys_.clear();
         entries_.clear();
         entries_.reserve(count);
         for (Bookmark* child : *folder.getChildren())
@@ -99,6 +101,13 @@ private:
         bool folder;
     };
 
+    /// A key in `keys_`.
+    struct Key {
+        std::size_t start = 0;
+        std::uint32_t size = 0;
+    };
+    static constexpr std::size_t kLong = 256;
+
     Entry entryFor(Bookmark& child) {
         Entry entry{.head = 0,
                     .keyStart = keys_.size(),
@@ -113,12 +122,24 @@ private:
         }
         const Text& text = textOf(child, key_);
         entry.missing = text.isNull();
+        // Many nodes may share one long text; its key is made once.
+        Key* const shared =
+            text.isShared() && text.view().size() >= kLong ? &sharedKeys_[text.view().data()] : nullptr;
+        const Key key = shared && shared->size > 0 ? *shared : newKey(text);
+        if (shared)
+            *shared = key;
+        entry.keyStart = key.start;
+        entry.keySize = key.size;
+        return entry;
+    }
+
+    Key newKey(const Text& text) {
+        const std::size_t start = keys_.size();
         if (key_ == SortKey::NameExactly)
             keys_ += text.view();
         else if (!text.isNull())
             collation_.appendSortKey(keys_, text.view());
-        entry.keySize = static_cast<std::uint32_t>(keys_.size() - entry.keyStart);
-        return entry;
+        return {start, static_cast<std::uint32_t>(keys_.size() - start)};
     }
 
     std::string_view keyOf(const Entry& entry) const {
@@ -142,6 +163,7 @@ private:
     const SortDirection direction_;
     const Collation& collation_;
     std::string keys_;
+    std::unordered_map<const char*, Key> sharedKeys_; // by where the text lies
     std::vector<Entry> entries_;
 };
 

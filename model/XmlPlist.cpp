@@ -139,7 +139,8 @@ private:
     std::vector<Container> open_;
 };
 
-// An element that is about to be converted is a container that stays open, or one object at once.
+// An element that is about to be converted is a container that stays open, or one object at once. One on top
+// is the last object.
 bool Converter::begin(const pugi::xml_node& element) {
     const std::string_view name = element.name();
     const bool isDictionary = name == "dict";
@@ -212,8 +213,10 @@ std::uint64_t Converter::close(const Container& container) {
 
 Result<std::string> Converter::convert(const pugi::xml_node& root) {
     const auto malformed = failure("The file is XML, but not a property list.");
-    if (!begin(root) || open_.empty())
+    if (!begin(root))
         return malformed;
+    if (open_.empty())
+        return plist_.finish(plist_.objectCount() - 1);
     while (true) {
         Container& container = open_.back();
         while (container.next && container.next.type() != pugi::node_element)

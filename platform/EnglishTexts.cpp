@@ -253,6 +253,7 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"RecentsEmpty", "No Recent Searches"},
     {"RecentsSearch", "Recent Searches"},
     {"Recovered", "Recovered: not saved yet"},
+    {"RecoveredBookmarks", "Recovered Bookmarks"},
     {"Reload", "Reload"},
     {"Revert", "Revert “%@” to the saved version?"},
     {"RevertButton", "Revert"},

@@ -47,10 +47,16 @@ Result<std::string> exportToLinkFile(const Bookmark& link) {
     if (!fitsIntoXml(url))
         return failure("The URL has control characters, which a link file cannot hold.");
     std::string text(kBeginning);
-    appendXmlEscaped(text, url);
     // A reader of XML takes a carriage return for a line feed where it stands as itself.
-    for (std::size_t at = text.find('\r'); at != std::string::npos; at = text.find('\r', at))
-        text.replace(at, 1, "&#13;");
+    for (std::size_t at = 0; at < url.size();) {
+        const std::string_view line = url.substr(at, url.find('\r', at) - at);
+        appendXmlEscaped(text, line);
+        at += line.size();
+        if (at < url.size()) {
+            text += "&#13;";
+            ++at;
+        }
+    }
     return text.append(kEnd);
 }
 

@@ -4,6 +4,7 @@
 #include "formats/export/ExportSteps.h"
 #include "formats/export/ExportText.h"
 #include "formats/export/SiblingOrder.h"
+#include "model/OutputLimit.h"
 #include "model/TreeWalk.h"
 
 #include <algorithm>
@@ -74,6 +75,8 @@ public:
             const Bookmark& node = *pending_.back();
             pending_.pop_back();
             writeNode(node);
+            if (limit_.isPassedBy(text_.size()))
+                return OutputLimit::failure();
             steps_.nodeWritten();
             if (steps_.isCancelled())
                 return cancelledByUser();
@@ -166,6 +169,7 @@ private:
     const Collation* sortByName_;
     std::size_t mostBytes_;
     ExportSteps steps_;
+    OutputLimit limit_{master_};
     std::string text_;
     std::vector<const Bookmark*> pending_;
     std::vector<std::size_t> levels_;

@@ -3,6 +3,7 @@
 #include "formats/export/ExportSteps.h"
 #include "formats/export/ExportText.h"
 #include "formats/export/SiblingOrder.h"
+#include "model/OutputLimit.h"
 #include "model/TreeWalk.h"
 
 #include <algorithm>
@@ -30,6 +31,8 @@ public:
                 writeLine(node);
             if (text_.size() > options_.mostBytes)
                 return failure("The bookmarks are too many or too long for one text file.");
+            if (limit_.isPassedBy(text_.size()))
+                return OutputLimit::failure();
             if (node.isFolder())
                 addChildren(node);
             steps_.nodeWritten();
@@ -85,6 +88,7 @@ private:
     const Bookmark& master_;
     const TextExportOptions options_;
     ExportSteps steps_;
+    OutputLimit limit_{master_};
     std::string text_;
     std::vector<const Bookmark*> pending_; // the next one last
 };

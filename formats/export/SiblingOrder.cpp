@@ -1,14 +1,40 @@
 #include "formats/export/SiblingOrder.h"
 
 #include <algorithm>
+#include <deque>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
 namespace tabulon {
 namespace {
 
-using KeyedNode = std::pair<std::string, const Bookmark*>;
+using KeyedNode = std::pair<std::string_view, const Bookmark*>;
+
+// The keys of texts. Many nodes may share one long text; its key is made once.
+class Keys {
+public:
+    explicit Keys(const Collation& collation) : collation_(collation) {}
+
+    /// Valid as long as this object.
+    std::string_view keyFor(const Text& text) {
+        if (!text.isShared() || text.view().size() < kLong)
+            return made(text);
+        std::string_view& key = shared_[text.view().data()];
+        return key.data() ? key : key = made(text);
+    }
+
+private:
+    static constexpr std::size_t kLong = 256;
+
+    std::string_view made(const Text& text) { return keys_.emplace_back(collation_.sortKey(text.view())); }
+
+    const Collation& collation_;
+    std::deque<std::string> keys_;
+    std::unordered_map<const char*, std::string_view> shared_; // by where the text lies
+};
 
 // So many keys are sorted in about a hundredth of a second.
 constexpr std::size_t kBlock = 32768;
@@ -38,11 +64,12 @@ void sortByKey(std::vector<KeyedNode>& keyed, ExportSteps& steps) {
 
 void sortNodes(std::span<const Bookmark*> nodes, const Collation& collation, ExportSteps& steps,
                SortText text) {
+    Keys keys(collation);
     std::vector<KeyedNode> keyed;
     keyed.reserve(nodes.size());
     for (const Bookmark* node : nodes) {
         const Text& sorted = text == SortText::Name ? node->itemName() : node->itemURL();
-        keyed.emplace_back(collation.sortKey(sorted.view()), node);
+        keyed.emplace_back(keys.keyFor(sorted), node);
         steps.keyMade();
         if (steps.isCancelled())
             return;

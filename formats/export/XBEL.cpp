@@ -4,6 +4,7 @@
 #include "formats/export/ExportSteps.h"
 #include "formats/export/ExportText.h"
 #include "formats/export/SiblingOrder.h"
+#include "model/OutputLimit.h"
 #include "model/TreeWalk.h"
 
 #include <algorithm>
@@ -42,6 +43,8 @@ public:
             const Bookmark& node = *pending_.back();
             pending_.pop_back();
             writeNode(node);
+            if (limit_.isPassedBy(text_.size()))
+                return OutputLimit::failure();
             steps_.nodeWritten();
             if (steps_.isCancelled())
                 return cancelledByUser();
@@ -145,6 +148,7 @@ private:
     const Bookmark& master_;
     const XBELExportOptions options_;
     ExportSteps steps_;
+    OutputLimit limit_{master_};
     std::string text_;
     std::vector<const Bookmark*> pending_;
     std::vector<std::size_t> lists_; // for each open list where in `pending_` its own nodes begin

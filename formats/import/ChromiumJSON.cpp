@@ -245,6 +245,17 @@ Ref<Bookmark> barOf(const TreeReader& reader, const BaseServices& services) {
     return bar;
 }
 
+// The first kilobyte of the line: what people keep as bookmarks is not for a log.
+std::string logLine(std::string_view bytes) {
+    constexpr std::size_t kMostLogged = 1024;
+    std::string line = "dictionary : " + minifiedJson(bytes);
+    std::size_t end = std::min(line.size(), kMostLogged);
+    while (end < line.size() && (static_cast<unsigned char>(line[end]) & 0xC0) == 0x80)
+        --end;
+    line.resize(end);
+    return line;
+}
+
 } // namespace
 
 Result<Ref<Bookmark>> readChromiumBookmarks(std::string_view bytes, const BaseServices& services,
@@ -269,7 +280,7 @@ Result<Ref<Bookmark>> readOperaBookmarks(std::string_view bytes, const BaseServi
             services.log.log("dictionary : (null)");
         return tl::unexpected(done.error());
     }
-    services.log.log("dictionary : " + minifiedJson(bytes));
+    services.log.log(logLine(bytes));
     return makeTree(reader, services, [&](Bookmark& master) {
         for (const Root root : {kBar, kUserRoot, kTrash, kOther, kSynced}) {
             Ref<Bookmark> folder = root == kBar ? barOf(reader, services) : reader.folder(root);

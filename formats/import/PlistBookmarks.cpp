@@ -1,66 +1,42 @@
 #include "formats/import/PlistBookmarks.h"
 
-#include "model/PropertyList.h"
+#include "formats/import/PlistEntries.h"
 
 #include <algorithm>
-#include <unordered_map>
 #include <vector>
 
 namespace tabulon {
 namespace {
 
-using Object = PropertyList::Object;
-using Kind = PropertyList::Kind;
+using Object = PlistEntries::Object;
+using Kind = PlistEntries::Kind;
 
 constexpr std::size_t kProgressStride = 4096; // entries and their keys
 
-// The texts of a list. Entries may share one, or texts that overlap, a million times: long ones are made
-// once, and all that are made together take no more than a small multiple of the list.
-class SharedTexts {
-public:
-    explicit SharedTexts(std::size_t listSize) : budget_(8 * std::uint64_t{listSize} + 4096) {}
-
-    /// Null for what is no text, and for all once there were too many.
-    Text text(Object value) {
-        if (!BinaryPlist::isText(value))
-            return {};
-        if (value.count() <= kShort)
-            return BinaryPlist::text(value);
-        Text& shared = texts_[value.bytes()];
-        if (shared.isNull() && charge(value.count()))
-            shared = BinaryPlist::text(value);
-        return shared;
-    }
-    bool isExhausted() const { return exhausted_; }
-
-private:
-    static constexpr std::uint64_t kShort = 8; // no longer than what a shared one takes itself
-
-    bool charge(std::uint64_t units) {
-        exhausted_ = exhausted_ || units > budget_;
-        budget_ -= exhausted_ ? 0 : units;
-        return !exhausted_;
-    }
-
-    std::unordered_map<const std::uint8_t*, Text> texts_; // by where they lie
-    std::uint64_t budget_;
-    bool exhausted_ = false;
+/// What became of an entry that is no folder.
+enum class Entry {
+    Link,
+    Skipped, // as the browser means it
+    Empty,   // neither name nor address
 };
 
 // What one browser's entries mean.
 class EntryReader {
 public:
-    EntryReader(const PropertyList& list, SharedTexts& texts, const BaseServices& services)
-        : list_(list), texts_(texts), services_(services) {}
+    EntryReader(PlistEntries& list, const BaseServices& services) : list_(list), services_(services) {}
     virtual ~EntryReader() = default;
 
     /// Fills a folder, which is one already.
     virtual void fillFolder(Object entry, Bookmark& folder) const = 0;
-    /// Fills a link; false for an entry that is to be dropped.
-    virtual bool fillLink(Object entry, Bookmark& link) const = 0;
+    /// Fills a link, unless the entry is to be dropped.
+    virtual Entry fillLink(Object entry, Bookmark& link) const = 0;
+    /// Notes damage where an entry of that kind has more to it than it seems.
+    virtual void requireEmpty(Object entry) const = 0;
+    /// Notes damage where there are entries that no folder holds.
+    virtual void requireAllSeen() const = 0;
 
 protected:
-    Text text(Object entry, std::string_view key) const { return texts_.text(list_.value(entry, key)); }
+    Text text(Object entry, std::string_view key) const { return list_.text(entry, key); }
     Text untitledUnless(const Text& name) const {
         return name.isEmpty() ? Text(services_.texts.text("Untitled")) : name;
     }
@@ -70,8 +46,7 @@ protected:
         folder.setLabel(1);
     }
 
-    const PropertyList& list_;
-    SharedTexts& texts_;
+    PlistEntries& list_;
     const BaseServices services_;
 };
 
@@ -86,18 +61,32 @@ public:
             makeFavourites(folder);
     }
 
-    bool fillLink(Object entry, Bookmark& link) const override {
+    Entry fillLink(Object entry, Bookmark& link) const override {
         const Text name = text(list_.value(entry, "URIDictionary"), "title");
         const Text url = text(entry, "URLString");
         if (name.isNull() && url.isNull())
-            return false;
+            return Entry::Empty;
         const Text preview = text(entry, "previewText");
         link.setItemDateAdded({});
         link.setItemName(untitledUnless(name));
         link.setItemURL(url);
         link.setItemNote(preview.isNull() ? text(entry, "Description") : preview);
-        return true;
+        return Entry::Link;
     }
+
+    void requireEmpty(Object entry) const override {
+        const Object names = list_.value(entry, "URIDictionary");
+        // Safari has the address there too, under an empty key.
+        if (names.kind() == Kind::Dictionary && names.count() > 0 &&
+            list_.value(names, "").kind() == Kind::Damaged)
+            list_.requireNone(names, {"title"});
+        list_.requireNone(
+            entry, names.kind() == Kind::Dictionary
+                       ? std::initializer_list<std::string_view>{"Children", "URLString"}
+                       : std::initializer_list<std::string_view>{"Children", "URLString", "URIDictionary"});
+    }
+
+    void requireAllSeen() const override { list_.requireAllSeen({"URLString", "URIDictionary", "title"}); }
 };
 
 class ICabEntries : public EntryReader {
@@ -114,11 +103,13 @@ public:
             folder.setAutoTab(true);
     }
 
-    bool fillLink(Object entry, Bookmark& link) const override {
+    Entry fillLink(Object entry, Bookmark& link) const override {
         const Text name = text(entry, "Title");
         const Text url = text(entry, "URL");
-        if (text(entry, "BookmarkType") == Text("SmartFolder") || (name.isNull() && url.isNull()))
-            return false;
+        if (text(entry, "BookmarkType") == Text("SmartFolder"))
+            return Entry::Skipped;
+        if (name.isNull() && url.isNull())
+            return Entry::Empty;
         link.setItemName(untitledUnless(name));
         link.setItemURL(url);
         link.setItemNote(text(entry, "Description"));
@@ -126,8 +117,11 @@ public:
         link.setItemDateAdded(date(entry, "CreationDate"));
         link.setItemDateModified(date(entry, "LastModifiedDate"));
         link.setItemLastChecked(date(entry, "LastCheckedDate"));
-        return true;
+        return Entry::Link;
     }
+
+    void requireEmpty(Object entry) const override { list_.requireNone(entry, {"Children", "URL", "Title"}); }
+    void requireAllSeen() const override { list_.requireAllSeen({"URL"}); }
 
 private:
     Date date(Object entry, std::string_view key) const {
@@ -165,17 +159,15 @@ private:
 
 class Walk {
 public:
-    Walk(const PropertyList& list, const EntryReader& entries, const SharedTexts& texts, Date now,
-         Progress* progress)
-        : list_(list), entries_(entries), texts_(texts), now_(now),
-          wholeBudget_(8 * std::uint64_t{list.size()} + 4096), budget_(wholeBudget_),
-          progress_(progress, list.size(), kProgressStride) {}
+    Walk(PlistEntries& list, std::size_t size, const EntryReader& entries, Date now, Progress* progress)
+        : list_(list), entries_(entries), now_(now), wholeBudget_(8 * std::uint64_t{size} + 4096),
+          budget_(wholeBudget_), progress_(progress, size, kProgressStride) {}
 
     Result<Ref<Bookmark>> run() {
         Ref<Bookmark> root = newFolder();
         root->setItemName("Master");
-        enter(list_.value(list_.top(), "Children"), *root);
-        while (!levels_.empty()) {
+        enter(list_.children(list_.top()), *root);
+        while (!levels_.empty() && !list_.isDamaged()) {
             Level& level = levels_.back();
             if (level.next == level.entries.count()) {
                 levels_.pop_back();
@@ -183,14 +175,13 @@ public:
             }
             const Object entry = list_.element(level.entries, level.next++);
             if (!charge(entry))
-                return failure("The file is damaged: folders of its property list contain each other.");
-            if (texts_.isExhausted())
-                return failure("The file is damaged: texts of its property list lie inside each other.");
+                list_.damaged("folders of its property list contain each other.");
             if (!progress_.goOn(wholeBudget_ - budget_))
                 return cancelledByUser();
             take(entry, *level.parent);
         }
-        return root;
+        entries_.requireAllSeen();
+        return list_.isDamaged() ? Result<Ref<Bookmark>>(list_.damage()) : root;
     }
 
 private:
@@ -224,24 +215,25 @@ private:
 
     void take(Object entry, Bookmark& parent) {
         if (entry.kind() != Kind::Dictionary)
-            return;
-        const Object children = list_.value(entry, "Children");
+            return list_.damaged("a folder lists something that is no bookmark.");
+        const Object children = list_.children(entry);
         Ref<Bookmark> node = Bookmark::init(now_);
         if (children.kind() == Kind::Array) {
             node->makeParent();
             entries_.fillFolder(entry, *node);
             enter(children, *node);
-        } else if (entries_.fillLink(entry, *node)) {
+        } else if (const Entry kind = entries_.fillLink(entry, *node); kind == Entry::Link) {
             node->determineType();
         } else {
+            if (kind == Entry::Empty)
+                entries_.requireEmpty(entry);
             return;
         }
         parent.addChild(std::move(node));
     }
 
-    const PropertyList& list_;
+    PlistEntries& list_;
     const EntryReader& entries_;
-    const SharedTexts& texts_;
     const Date now_;
     const std::uint64_t wholeBudget_;
     std::uint64_t budget_;
@@ -261,8 +253,11 @@ Result<Ref<Bookmark>> readBookmarks(std::string_view bytes, const BaseServices& 
         return cancelledByUser();
     if (!list)
         return failure(list.error().message, ErrorDomain::Cocoa, kPropertyListReadCorruptError);
-    SharedTexts texts(list->size());
-    return Walk(*list, Entries(*list, texts, services), texts, Date::now(services.clock), &walking).run();
+    PlistEntries entries(*list);
+    if (const Kind top = entries.top().kind(); top != Kind::Dictionary && top != Kind::Array)
+        return failure("The file is a property list, but not one of bookmarks.", ErrorDomain::Cocoa,
+                       kPropertyListReadCorruptError);
+    return Walk(entries, list->size(), Entries(entries, services), Date::now(services.clock), &walking).run();
 }
 
 } // namespace

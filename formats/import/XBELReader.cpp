@@ -31,6 +31,17 @@ xml_node firstElementIn(xml_node parent) {
     return parent.find_child([](xml_node child) { return child.type() == pugi::node_element; });
 }
 
+// U+0000 is in no XML, but in texts, which our own export writes to the letter: the replacement character
+// stands for it.
+void replaceZeros(std::string& utf8) {
+    if (utf8.find('\0') == std::string::npos)
+        return;
+    std::string replaced;
+    for (const char c : utf8)
+        c == '\0' ? replaced += "\uFFFD" : replaced += c;
+    utf8 = std::move(replaced);
+}
+
 class XBELWalk {
 public:
     /// `size` is that of the file in bytes.
@@ -94,6 +105,7 @@ private:
         Ref<Bookmark> bookmark = Bookmark::init(now_);
         if (const pugi::xml_attribute href = element.attribute("href"))
             bookmark->setItemURL(Text::fromBytes(href.value()));
+        bookmark->determineType();
         bookmark->setItemDateAdded(dateOfXBEL(element.attribute("added").value()));
         bookmark->setItemDateModified(dateOfXBEL(element.attribute("modified").value()));
         for (const xml_node detail : element.children()) {
@@ -131,6 +143,7 @@ Result<Ref<Bookmark>> readXBEL(std::string_view bytes, const BaseServices& servi
     Result<std::string> buffer = xmlForParser(bytes);
     if (!buffer)
         return tl::unexpected(buffer.error());
+    replaceZeros(*buffer);
     pugi::xml_document document;
     const XmlOutcome outcome = parseXml(*buffer, kParseFlags, document, progress);
     if (outcome == XmlOutcome::Cancelled)

@@ -205,7 +205,7 @@ TEST_F(CommandLineTest, nothingThatIsShownDrivesTheTerminal) {
     tool.in = R"({"children":[{"name":"x\u001b[31my\u009bz\u2028w\u202ev\u2066u\u00e9"}]})";
     ASSERT_EQ(tool.run({"make", "-", "-o", "e.tbln"}), 0) << tool.error;
     ASSERT_EQ(tool.run({"show", "e.tbln"}), 0);
-    EXPECT_EQ(tool.out, "Master\n  x [31my z w v u\u00e9\n");
+    EXPECT_EQ(tool.out, "Master/\n  x [31my z w v u\u00e9\n");
     expectFailure({"show", "no\x1b[31mfile"});
     EXPECT_EQ(tool.error.find('\x1b'), std::string::npos);
 }

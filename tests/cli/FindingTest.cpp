@@ -1,4 +1,6 @@
 // The verbs that find and put in order: duplicates, remove, sort, find.
+#include "model/ArchiveWriter.h"
+#include "tests/ProcessorTime.h"
 #include "tests/cli/Tool.h"
 
 #include <gmock/gmock.h>
@@ -265,6 +267,59 @@ TEST_F(FindingTest, aBrokenOutputIsToldOnce) {
     tool.outputBroken = true;
     EXPECT_EQ(tool.run({"duplicates", "d.tbln"}), 1);
     EXPECT_EQ(tool.error, "tabulon-cli: Cannot write the standard output: Broken pipe.\n");
+}
+
+// A hundred thousand links with one long address: 500 GB if it was printed for each.
+TEST_F(FindingTest, aLongAddressThatManyLinksShareIsNotWrittenOutForEach) {
+    const Text address("http://example.org/" + std::string(5'000'000, 'x'));
+    Ref<Bookmark> master = Bookmark::initEmpty();
+    master->makeParent();
+    for (int i = 0; i < 100'000; ++i) {
+        Ref<Bookmark> link = Bookmark::initEmpty();
+        link->setItemName("n");
+        link->setItemURL(address);
+        master->addChild(std::move(link));
+    }
+    tool.files.files["d.tbln"] = writeDocumentArchive(*master);
+    const ProcessorTime time;
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>{"find", "example", "d.tbln"},
+                                                      {"find", "example", "d.tbln", "--json"},
+                                                      {"duplicates", "d.tbln"},
+                                                      {"duplicates", "d.tbln", "--json"},
+                                                      {"show", "d.tbln"},
+                                                      {"show", "--json", "d.tbln"},
+                                                      {"export", "--to", "html", "d.tbln"},
+                                                      {"export", "--to", "xbel", "d.tbln"},
+                                                      {"export", "--to", "text", "d.tbln"}}) {
+        EXPECT_EQ(tool.run(arguments), 1) << arguments[0];
+        EXPECT_EQ(tool.out, "");
+        EXPECT_THAT(tool.error, HasSubstr("share texts that are too long"));
+    }
+    // What keeps them shared goes on.
+    EXPECT_EQ(tool.run({"sort", "--by", "url", "d.tbln", "-o", "s.tbln"}), 0) << tool.error;
+    EXPECT_EQ(tool.run({"duplicates", "--delete", "d.tbln", "-o", "u.tbln"}), 0) << tool.error;
+    EXPECT_LT(tool.files.files["s.tbln"].size(), 2 * tool.files.files["d.tbln"].size());
+    EXPECT_LT(time.seconds(), 60);
+}
+
+// The paths alone would be twenty gigabytes.
+TEST_F(FindingTest, pathsInADeepTreeAreNotWrittenOutForEachNode) {
+    Ref<Bookmark> master = Bookmark::initEmpty();
+    master->makeParent();
+    Bookmark* folder = master.get();
+    for (int i = 0; i < 200'000; ++i) {
+        Ref<Bookmark> child = Bookmark::initEmpty();
+        child->makeParent();
+        child->setItemName("hit");
+        folder->addChild(child);
+        folder = child.get();
+    }
+    tool.files.files["d.tbln"] = writeDocumentArchive(*master);
+    const ProcessorTime time;
+    EXPECT_EQ(tool.run({"find", "hit", "d.tbln", "--json"}), 1);
+    EXPECT_EQ(tool.out, "");
+    EXPECT_THAT(tool.error, HasSubstr("nested too deep"));
+    EXPECT_LT(time.seconds(), 30);
 }
 
 } // namespace

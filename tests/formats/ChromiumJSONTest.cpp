@@ -408,5 +408,19 @@ TEST_F(ChromiumJSON, theFiveBrowsersOfTheFamilyAreReadAlike) {
     }
 }
 
+TEST(OperaLog, theLineEndsAfterAKilobyteAndAWholeCharacter) {
+    FakeBaseServices fakes;
+    std::string name;
+    for (int i = 0; i < 3000; ++i)
+        name += "é";
+    ASSERT_TRUE(readOperaBookmarks(R"({"roots":{"other":{"name":")" + name + R"("}}})", fakes.services()));
+    ASSERT_EQ(fakes.log.lines.size(), 1u);
+    const std::string& line = fakes.log.lines.front();
+    EXPECT_TRUE(line.starts_with("dictionary : {\"roots\""));
+    EXPECT_LE(line.size(), 1024u);
+    EXPECT_GE(line.size(), 1023u);
+    EXPECT_TRUE(isValidUtf8(line));
+}
+
 } // namespace
 } // namespace tabulon

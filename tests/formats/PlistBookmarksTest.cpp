@@ -7,10 +7,13 @@
 #include "platform/fake/FakeBaseServices.h"
 #include "tests/ProcessorTime.h"
 #include "tests/formats/CountingProgress.h"
+#include "tests/model/TreeShape.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
+#include <iterator>
 
 namespace tabulon {
 namespace {
@@ -117,7 +120,7 @@ TEST_F(PlistBookmarks, emptyChildrenMakeAnEmptyFolder) {
 }
 
 TEST_F(PlistBookmarks, withoutChildrenAtTheTopTheTreeIsEmpty) {
-    for (const char* top : {"<dict/>", "<array/>", "<dict><key>Children</key><string>x</string></dict>"})
+    for (const char* top : {"<dict/>", "<array/>", "<dict><key>Title</key><string>x</string></dict>"})
         for (const Read reader : {readSafariBookmarks, readICabBookmarks}) {
             const auto tree = reader(list(top), fakes.services(), nullptr);
             ASSERT_TRUE(tree) << top;
@@ -126,13 +129,88 @@ TEST_F(PlistBookmarks, withoutChildrenAtTheTopTheTreeIsEmpty) {
 }
 
 TEST_F(PlistBookmarks, valuesOfAnotherKindCountAsAbsent) {
-    const Ref<Bookmark> root = safari("<string>no entry</string>" +
-                                      dictionary("<key>Children</key><string>x</string>" +
-                                                 key("URLString", "u") + "<key>URIDictionary</key><array/>") +
-                                      dictionary("<key>URLString</key><integer>5</integer>"));
+    const Ref<Bookmark> root = safari(
+        dictionary(key("URLString", "u") + "<key>URIDictionary</key><array/><key>previewText</key><true/>"));
     ASSERT_EQ(count(*root), 1u);
     EXPECT_FALSE(root->getChild()->isFolder());
     EXPECT_EQ(root->getChild()->itemName().view(), "Untitled");
+    EXPECT_TRUE(root->getChild()->itemNote().isNull());
+}
+
+TEST_F(PlistBookmarks, whatWouldDropBookmarksIsRefused) {
+    const std::string link = dictionary(key("URLString", "u") + key("URL", "u"));
+    const std::vector<std::string> tops = {
+        dictionary("<key>Children</key><string>x</string>"),
+        folder("", "<string>no entry</string>"),
+        folder("", dictionary("<key>Children</key><string>x</string>" + key("URLString", "u"))),
+        dictionary("<key>Children</key><array/><key>Childsen</key><array>" + link + "</array>"),
+        dictionary("<key>Elsewhere</key>" + folder("", "")),
+        dictionary("<key>Elsewhere</key>" + link),
+    };
+    for (const Read reader : {readSafariBookmarks, readICabBookmarks})
+        for (const std::string& top : tops) {
+            const auto tree = reader(list(top), fakes.services(), nullptr);
+            EXPECT_FALSE(tree) << top;
+            EXPECT_TRUE(tree || tree.error().message.ends_with('.'));
+        }
+    for (const char* entry :
+         {"<key>URLString</key><integer>5</integer>", "<key>URMString</key><string>u</string>",
+          "<key>URIDictionary</key><dict><key>titlf</key><string>t</string></dict>"})
+        EXPECT_FALSE(readSafariBookmarks(list(folder("", dictionary(entry))), fakes.services())) << entry;
+    for (const char* entry : {"<key>URL</key><integer>5</integer>", "<key>UQL</key><string>u</string>"})
+        EXPECT_FALSE(readICabBookmarks(list(folder("", dictionary(entry))), fakes.services())) << entry;
+}
+
+// Reads what became of a list and expects a refusal or a tree of the same shape; it may have more nodes,
+// where an entry that is none has become one.
+void checkDamaged(Read reader, const std::string& bytes, const std::vector<std::size_t>& shape,
+                  std::size_t place) {
+    FakeBaseServices fakes;
+    if (const auto tree = reader(bytes, fakes.services(), nullptr)) {
+        const std::vector<std::size_t> left = test::shapeOf(**tree);
+        ASSERT_TRUE(left == shape || left.size() > shape.size()) << "at byte " << place;
+    } else {
+        ASSERT_TRUE(tree.error().message.ends_with('.'));
+    }
+}
+
+void flipEveryBit(Read reader, const std::string& whole) {
+    FakeBaseServices fakes;
+    const auto tree = reader(whole, fakes.services(), nullptr);
+    ASSERT_TRUE(tree) << tree.error().message;
+    const std::vector<std::size_t> shape = test::shapeOf(**tree);
+    for (std::size_t bit = 0; bit < 8 * whole.size() && !testing::Test::HasFatalFailure(); ++bit) {
+        std::string bytes = whole;
+        bytes[bit / 8] = static_cast<char>(bytes[bit / 8] ^ 1 << bit % 8);
+        checkDamaged(reader, bytes, shape, bit / 8);
+    }
+    for (std::size_t place = 0; place < whole.size() && !testing::Test::HasFatalFailure(); place += 64) {
+        std::string bytes = whole;
+        const std::size_t size = std::min<std::size_t>(64, whole.size() - place);
+        checkDamaged(reader, bytes.replace(place, size, size, '\0'), shape, place);
+    }
+}
+
+TEST_F(PlistBookmarks, damageInABinaryListIsRefusedOrEveryBookmarkIsThere) {
+    std::string entries;
+    for (int f = 0; f < 3; ++f) {
+        std::string links;
+        for (int i = 0; i < 4; ++i)
+            links +=
+                dictionary(key("Title", "t" + std::to_string(i)) + key("URL", "u") + key("URLString", "u") +
+                           "<key>URIDictionary</key>" + dictionary(key("title", "t")));
+        entries += folder(key("Title", "folder"), links + folder(key("Title", "empty")));
+    }
+    const std::string bytes = *binaryPlistFromXml(list(folder("", entries)));
+    flipEveryBit(readSafariBookmarks, bytes);
+    flipEveryBit(readICabBookmarks, bytes);
+    for (const auto& [reader, name] : {std::pair<Read, const char*>{readSafariBookmarks, "safari-binary"},
+                                       std::pair<Read, const char*>{readICabBookmarks, "icab"}}) {
+        std::ifstream file(std::string(TABULON_CORPUS_DIR "/plist/") + name + "/input.plist",
+                           std::ios::binary);
+        const std::string whole((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+        flipEveryBit(reader, whole.starts_with("bplist") ? whole : *binaryPlistFromXml(whole));
+    }
 }
 
 TEST_F(PlistBookmarks, iCabLinkHasDatesAndTags) {

@@ -251,9 +251,9 @@ TEST_F(RoundTrip, xbelFoldersAndSeparatorsAreOfTodayCollapsedAndWithoutNotesAndT
     EXPECT_TRUE(tree->getLast()->itemName().isNull());
 }
 
-TEST_F(RoundTrip, xbelEveryLinkIsAWebLink) {
-    addLink(*master, "n", "mailto:a@a.example").setType(kMailType);
-    EXPECT_EQ(only(throughXBEL()).getType(), kWebType);
+TEST_F(RoundTrip, xbelLinksAreClassifiedByTheirScheme) {
+    addLink(*master, "n", "mailto:a@a.example").setType(kQueryType);
+    EXPECT_EQ(only(throughXBEL()).getType(), kMailType);
 }
 
 TEST_F(RoundTrip, xbelNotesAreOneLineAndComeBackEscapedOnceMore) {

@@ -223,5 +223,27 @@ TEST_F(XBELReader, aLongFileCanBeCancelledAtAnyTimeFromTheParseOn) {
     EXPECT_TRUE(readXBEL(file, fakes.services())) << "nobody watches any more";
 }
 
+TEST_F(XBELReader, whatOurOwnExportWritesIsRead) {
+    Ref<Bookmark> master = Bookmark::initEmpty();
+    master->makeParent();
+    Ref<Bookmark> link = Bookmark::initEmpty();
+    link->setItemName(std::string_view("a\0b\x01", 4));
+    link->setItemURL("mailto:a@b.example");
+    link->setItemNote(std::string_view("\0", 1));
+    master->addChild(std::move(link));
+    const auto tree = tabulon::readXBEL(*exportToXBEL(*master, {}), fakes.services());
+    ASSERT_TRUE(tree) << tree.error().message;
+    EXPECT_EQ((*tree)->getChild()->itemName(), Text("a\uFFFDb\x01"));
+}
+
+TEST_F(XBELReader, linksAreClassifiedByTheirScheme) {
+    const auto type = [this](const std::string& address) {
+        return read("<bookmark href=\"" + address + "\"/>")->getChild()->getType();
+    };
+    EXPECT_EQ(type("mailto:a@b"), kMailType);
+    EXPECT_EQ(type("ftp://x/"), kFTPType);
+    EXPECT_EQ(type("https://x/"), kWebType);
+}
+
 } // namespace
 } // namespace tabulon

@@ -88,6 +88,13 @@ TEST(ArchiveDamage, whatIsNoArchiveIsRefusedWithoutACode) {
     }
 }
 
+TEST(ArchiveDamage, anXMLListWithATextOnTopIsAPropertyList) {
+    for (const char* top : {"<string>a</string>", "<integer>5</integer>", "<true/>", "<array/>"})
+        EXPECT_EQ(refused(std::string("<plist version=\"1.0\">") + top + "</plist>").message,
+                  "The file is a property list, but not a bookmark document.");
+    EXPECT_EQ(refused("<plist><other/></plist>").message, "The file is XML, but not a property list.");
+}
+
 TEST(ArchiveDamage, anotherArchiverIsRefused) {
     const Value other = dictionary({{"$version", integer(100000)},
                                     {"$archiver", ascii("OtherArchiver")},
@@ -151,6 +158,43 @@ TEST(ArchiveDamage, folderWithTwoListsOfChildren) {
     const std::int64_t folder = archive.addNode({{"Children", uid(archive.addArray({archive.addNode({})}))},
                                                  {"Children", uid(archive.addArray({archive.addNode({})}))}});
     refused(archive.document(folder));
+}
+
+TEST(ArchiveDamage, childrenThatAreNoList) {
+    for (const auto& children : {uid(1), uid(12345), integer(4), ascii("none"), array({})}) {
+        TestArchive archive;
+        archive.add(ascii("none"));
+        refused(archive.document(archive.addNode({{"Folder", boolean(true)}, {"Children", children}})));
+    }
+}
+
+TEST(ArchiveDamage, bookmarkThatNoFolderHolds) {
+    TestArchive archive;
+    archive.addNode({{"Name", uid(archive.add(ascii("lost")))}});
+    EXPECT_NE(refused(archive.document(archive.addFolder("Master", {}))).message.find("no folder holds"),
+              std::string::npos);
+}
+
+TEST(ArchiveDamage, damagedClassesOfDatesAndTexts) {
+    TestArchive dated;
+    const std::int64_t date =
+        dated.add(dictionary({{"NS.time", real(5)}, {"$class", uid(dated.addClass({"NSDbte"}))}}));
+    refused(dated.document(dated.addNode({{"DateAdded", uid(date)}})));
+    TestArchive timeless;
+    const std::int64_t when =
+        timeless.add(dictionary({{"NS.tine", real(5)}, {"$class", uid(timeless.dateClass())}}));
+    refused(timeless.document(timeless.addNode({{"DateAdded", uid(when)}})));
+    TestArchive boxed;
+    const std::int64_t text =
+        boxed.add(dictionary({{"NS.string", ascii("t")}, {"$class", uid(boxed.addClass({"NSStrjng"}))}}));
+    refused(boxed.document(boxed.addNode({{"Name", uid(text)}})));
+}
+
+TEST(ArchiveDamage, misspeltKey) {
+    for (const char* key : {"Nbme", "Nam", "Name\x01", "URL2", "", "Chjldren"}) {
+        TestArchive archive;
+        refused(archive.document(archive.addNode({{key, uid(archive.add(ascii("n")))}})));
+    }
 }
 
 TEST(ArchiveDamage, childThatIsNoBookmark) {

@@ -128,8 +128,7 @@ TEST(ArchiveReader, valuesOfTheWrongKindCountAsMissing) {
                                 {"DateModified", real(5)},
                                 {"Type", real(3)},
                                 {"Label", ascii("3")},
-                                {"Folder", ascii("YES")},
-                                {"Children", uid(archive.add(ascii("none")))}});
+                                {"Folder", ascii("YES")}});
     ASSERT_TRUE(one.node);
     EXPECT_TRUE(one.node->itemName().isNull());
     EXPECT_TRUE(one.node->itemURL().isNull());

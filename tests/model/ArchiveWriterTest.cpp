@@ -240,5 +240,26 @@ TEST(ArchiveWriter, aLongTextOfManyNodesIsWrittenOnce) {
     EXPECT_EQ(writeDocumentArchive(**again), bytes) << "reading does not share what writing does not";
 }
 
+// However long it is: else a small file whose nodes share one would grow each time it is saved.
+TEST(ArchiveWriter, aTextThatManyNodesHaveIsWrittenOnce) {
+    constexpr std::size_t kNodes = 2000;
+    const auto sizeWith = [](std::size_t length) {
+        Ref<Bookmark> master = Bookmark::initEmpty();
+        master->makeParent();
+        for (std::size_t i = 0; i < kNodes; ++i) {
+            Ref<Bookmark> node = Bookmark::initEmpty();
+            node->setItemURL(std::string(length, 'x'));
+            master->addChild(std::move(node));
+        }
+        const std::string bytes = writeDocumentArchive(*master);
+        const auto again = readDocumentArchive(bytes);
+        EXPECT_TRUE(again && writeDocumentArchive(**again) == bytes);
+        return bytes.size();
+    };
+    const std::size_t least = sizeWith(1);
+    for (const std::size_t length : {2, 20, 64, 65, 255, 256, 1023, 1024, 5000})
+        EXPECT_LE(sizeWith(length), least + length + 16) << length;
+}
+
 } // namespace
 } // namespace tabulon

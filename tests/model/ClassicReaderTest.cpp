@@ -3,6 +3,7 @@
 
 #include "model/Document.h"
 #include "platform/fake/FakeBaseServices.h"
+#include "tests/model/TreeShape.h"
 
 #include <gtest/gtest.h>
 
@@ -270,6 +271,23 @@ TEST_F(ClassicTest, truncatedAnywhereIsRefused) {
     ASSERT_TRUE(readClassic(whole, fake.services()));
     for (std::size_t size = 0; size < whole.size(); ++size)
         refused(whole.substr(0, size));
+}
+
+TEST_F(ClassicTest, aChainThatWasCutShortIsRefused) {
+    Record first = named("a");
+    first.sibling = true;
+    Record folder = named("f");
+    folder.children = folder.sibling = true;
+    const std::string whole =
+        header() + first.bytes() + folder.bytes() + named("in").bytes() + named("last").bytes();
+    const std::size_t nodes = test::shapeOf(*read(whole)).size();
+    for (std::size_t bit = 8 * 20; bit < 8 * whole.size(); ++bit) {
+        std::string bytes = whole;
+        bytes[bit / 8] = static_cast<char>(bytes[bit / 8] ^ 1 << bit % 8);
+        const auto master = readClassic(bytes, fake.services());
+        EXPECT_TRUE(!master || test::shapeOf(**master).size() == nodes) << "byte " << bit / 8;
+    }
+    EXPECT_TRUE(readClassic(whole + std::string(100, '\0'), fake.services())) << "padding";
 }
 
 TEST_F(ClassicTest, chainsThatNeverEndAreRefused) {

@@ -1,6 +1,8 @@
 // Order, sort keys and "standard contains", in several languages and under odd locale names.
 #include "model/Collation.h"
 
+#include "tests/ProcessorTime.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -219,6 +221,46 @@ TEST(StandardContains, isLinearInHostileTexts) {
     const std::string part = std::string(1 << 19, 'a') + 'b';
     EXPECT_FALSE(english.standardContains(text, part)) << "a naive search takes minutes here";
     EXPECT_TRUE(english.standardContains(text + 'B', part));
+}
+
+TEST(CollationTurkish, theTwoLettersIAreToldApart) {
+    const Collation english("en_US");
+    for (const char* language : {"tr_TR", "tr", "az_AZ"}) {
+        const Collation turkish(language);
+        EXPECT_TRUE(turkish.standardContains("\u0130stanbul", "istanbul"));
+        EXPECT_TRUE(turkish.standardContains("I\u0307STANBUL", "istanbul"));
+        EXPECT_TRUE(turkish.standardContains("istanbul", "\u0130STANBUL"));
+        EXPECT_TRUE(turkish.standardContains("KAPI", "kap\u0131"));
+        EXPECT_TRUE(turkish.standardContains("kap\u0131", "KAPI"));
+        EXPECT_TRUE(turkish.standardContains("Açık Kapı", "acık kapı"));
+        EXPECT_FALSE(turkish.standardContains("KAPI", "kapi"));
+        EXPECT_FALSE(turkish.standardContains("istanbul", "ISTANBUL"));
+        EXPECT_EQ(turkish.standardMatch("Yeni KAPI var", "kap\u0131"), "KAPI");
+        EXPECT_TRUE(turkish.standardContains("https://EXAMPLE.org/", "example"));
+    }
+    EXPECT_TRUE(english.standardContains("KAPI", "kapi"));
+    EXPECT_TRUE(english.standardContains("\u0130stanbul", "istanbul"));
+}
+
+TEST(CollationMarks, longRunsOfThemTakeLinearTime) {
+    const Collation collation("en_US");
+    // Accents in the order that is the worst to sort, and marks that stay: nuktas behind viramas.
+    for (const auto& [high, low] : {std::pair("\u0301", "\u0323"), std::pair("\u094D", "\u093C")}) {
+        const auto seconds = [&](int marks) {
+            std::string text = "e";
+            for (int i = 0; i < marks; ++i)
+                text += high;
+            for (int i = 0; i < marks; ++i)
+                text += low;
+            const ProcessorTime time;
+            EXPECT_FALSE(collation.standardContains(text, "x\u0301y"));
+            return time.seconds();
+        };
+        seconds(1000);
+        // Ten times as much; a hundred times the time if it grew with the square.
+        const double small = seconds(20000);
+        EXPECT_LT(seconds(200000), 40 * small + 0.1);
+    }
 }
 
 } // namespace

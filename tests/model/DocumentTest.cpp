@@ -135,5 +135,20 @@ TEST_F(DocumentTest, newMasterForgetsTheDropFolder) {
     EXPECT_EQ(document.getDropFolder(), nullptr);
 }
 
+TEST_F(DocumentTest, masterIsAFolderWhateverTheFileSays) {
+    for (const bool hasList : {false, true}) {
+        Ref<Bookmark> root = Bookmark::initEmpty();
+        if (hasList)
+            root->addChild(Bookmark::initEmpty());
+        EXPECT_FALSE(root->isFolder());
+        ASSERT_TRUE(document.readFromDataOfType(writeDocumentArchive(*root), kDocumentType));
+        const Bookmark& master = document.getMaster();
+        EXPECT_TRUE(master.isFolder());
+        ASSERT_TRUE(master.getChildren());
+        EXPECT_EQ(master.getChildren()->size(), hasList ? 1u : 0u);
+        EXPECT_EQ(master.itemIcon(), ItemIcon::Folder);
+    }
+}
+
 } // namespace
 } // namespace tabulon

@@ -257,5 +257,30 @@ TEST_F(FinderTest, aDeepTreeIsSteppedThrough) {
     EXPECT_EQ(visits(*tree.root, "hit"), "z");
 }
 
+TEST_F(FinderTest, aMatchThatGoesBetweenTwoPortionsIsNoMatch) {
+    LetterTree tree("abc");
+    tree['a'].setItemName("a hit");
+    finder.setFoundBookmark(&tree['b']);
+    finder.begin(*tree.root, "hit");
+    EXPECT_FALSE(finder.goOn(*tree.root, 1));
+    tree['a'].setItemName("a");
+    const std::optional<Finder::Start> start = finder.goOn(*tree.root, 10);
+    ASSERT_TRUE(start);
+    EXPECT_FALSE(start->matched);
+    EXPECT_EQ(finder.foundBookmark(), &tree['b']);
+}
+
+TEST_F(FinderTest, aMatchThatGoesBetweenTwoPortionsLeavesTheNextOne) {
+    LetterTree tree("abc");
+    tree['a'].setItemName("a hit");
+    tree['c'].setItemName("c hit");
+    finder.begin(*tree.root, "hit");
+    EXPECT_FALSE(finder.goOn(*tree.root, 1));
+    tree['a'].setItemName("a");
+    const std::optional<Finder::Start> start = finder.goOn(*tree.root, 10);
+    ASSERT_TRUE(start && start->matched);
+    EXPECT_EQ(finder.foundBookmark(), &tree['c']);
+}
+
 } // namespace
 } // namespace tabulon

@@ -1,0 +1,62 @@
+// The entries of a browser's property list, with an eye on damage: what is damaged does not count as missing,
+// since the bookmarks below it would be missing too. What entries mean is in PlistBookmarks.cpp.
+#pragma once
+
+#include "model/PropertyList.h"
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace tabulon {
+
+/// Reading access to a list that must outlive it. What is wrong is noted, the first thing that is.
+class PlistEntries {
+public:
+    using Object = PropertyList::Object;
+    using Kind = PropertyList::Kind;
+
+    explicit PlistEntries(const PropertyList& list)
+        : list_(list), budget_(8 * std::uint64_t{list.size()} + 4096), isSeen_(list.binary().objectCount()) {}
+
+    /// The top dictionary, or whatever else is there.
+    Object top() { return seen(list_.binary().topObject()); }
+    /// Element `index` of an Array, below its count; it is seen from now on.
+    Object element(Object array, std::uint64_t index) { return seen(list_.binary().reference(array, index)); }
+    /// The (last) value under a key of ASCII characters; Damaged, without a note, where there is none or
+    /// `dictionary` is no dictionary. Linear in the size of the dictionary.
+    Object value(Object dictionary, std::string_view key);
+    /// The list of an entry's children, or Damaged where it has none. One that is no list is noted.
+    Object children(Object entry);
+    /// The text under a key, null for anything else. Entries may share one, or texts that overlap, a million
+    /// times: each is made once, and all together take no more than a small multiple of the list; more is
+    /// noted.
+    Text text(Object entry, std::string_view key);
+
+    /// For an entry that has neither of these keys, as it seems: notes that it has one of them misspelt or
+    /// with something that is no text under it, has a list, or is empty.
+    void requireNone(Object entry, std::initializer_list<std::string_view> keys);
+    /// Notes that there are dictionaries with one of these keys, or a list of children, that were never seen.
+    void requireAllSeen(std::initializer_list<std::string_view> keys);
+
+    bool isDamaged() const { return !problem_.empty(); }
+    tl::unexpected<Error> damage() const { return failure("The file is damaged: " + problem_); }
+    void damaged(std::string_view what);
+
+private:
+    static constexpr std::uint64_t kShort = 8; // no longer than what a shared text takes itself
+
+    Object object(std::uint64_t id);
+    Object seen(std::uint64_t id);
+    bool endsWhereAnotherBegins(Object dictionary);
+
+    const PropertyList& list_;
+    std::unordered_map<const std::uint8_t*, Text> texts_; // by where they lie
+    std::uint64_t budget_;                                // units of texts
+    std::vector<bool> isSeen_;                            // by object number
+    std::vector<bool> begins_;                            // by position in the file, once they were asked for
+    std::string problem_;
+};
+
+} // namespace tabulon
