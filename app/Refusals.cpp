@@ -21,6 +21,11 @@ void Refusals::add(const std::string& location, const Error& error) {
         add(Refusal{location, error});
 }
 
+void Refusals::add(const std::string& location, const Error& error, MakeOffer makeOffer) {
+    if (!isCancelledByUser(error))
+        add(Refusal{location, error, false, std::move(makeOffer)});
+}
+
 void Refusals::addEmpty(const std::string& location, const Localization& texts) {
     add(Refusal{location, Error{.message = texts.text("NoURLs")}, true});
 }
@@ -51,10 +56,19 @@ void Refusals::tellOne(const Platform& platform, const Refusal& refusal) {
     const Error& error = refusal.error;
     if (refusal.isEmpty)
         return noURLs(platform);
-    criticalAlert(platform,
-                  error.title.empty() ? platform.base.texts.format("CouldNotOpen", nameOf(refusal.location))
-                                      : error.title,
-                  error.message);
+    const Localization& texts = platform.base.texts;
+    Alert alert{.style = AlertStyle::Critical,
+                .message = error.title.empty() ? texts.format("CouldNotOpen", nameOf(refusal.location))
+                                               : error.title,
+                .informative = error.message,
+                .buttons = {{texts.text("OK")}}};
+    const std::optional<Offer> offer = refusal.makeOffer ? refusal.makeOffer() : std::nullopt;
+    if (offer) {
+        alert.informative += " " + offer->sentence;
+        alert.buttons = {{offer->buttonTitle}, {texts.text("Cancel"), AlertButtonRole::Cancel}};
+    }
+    if (platform.alerts.runModal(alert) == kAlertFirstButton && offer)
+        offer->accept();
 }
 
 } // namespace tabulon

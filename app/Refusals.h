@@ -5,6 +5,8 @@
 #include "platform/Platform.h"
 
 #include <cstddef>
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,6 +16,16 @@ class Refusals {
 public:
     /// `location` is a path or a URI. What the user has cancelled is not told.
     void add(const std::string& location, const Error& error);
+    /// What the alert about a single file offers besides "OK".
+    struct Offer {
+        /// Follows the error's sentence.
+        std::string sentence;
+        std::string buttonTitle;
+        std::function<void()> accept;
+    };
+    using MakeOffer = std::function<std::optional<Offer>()>;
+    /// The same; `makeOffer` is called when the file is the only one that the alert tells of.
+    void add(const std::string& location, const Error& error, MakeOffer makeOffer);
     /// A file without a link in it.
     void addEmpty(const std::string& location, const Localization& texts);
 
@@ -27,6 +39,7 @@ private:
         std::string location;
         Error error;
         bool isEmpty = false;
+        MakeOffer makeOffer = {};
     };
     void add(Refusal refusal);
     static void tellOne(const Platform& platform, const Refusal& refusal);

@@ -23,6 +23,8 @@ public:
     static Result<PropertyList> open(std::string_view data, Progress* progress = nullptr);
 
     const BinaryPlist& binary() const { return plist_; }
+    /// Whether the file is of the XML form, which shows damage by itself: its lists and texts are whole.
+    bool isXml() const { return converted_ != nullptr; }
     /// The bytes of the binary form.
     std::size_t size() const { return size_; }
     Object top() const { return plist_.object(plist_.topObject()); }

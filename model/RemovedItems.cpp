@@ -1,8 +1,7 @@
 #include "model/RemovedItems.h"
 
+#include "model/NumberFormat.h"
 #include "model/TreeWalk.h"
-
-#include <unicode/numberformatter.h>
 
 namespace tabulon {
 namespace {
@@ -16,17 +15,6 @@ struct Counts {
         ++(item.isFolder() ? folders : item.isSeparator() ? separators : bookmarks);
     }
 };
-
-// With the separators of thousands that the user's language has.
-std::string digitsOf(std::size_t number, const std::string& locale) {
-    UErrorCode status = U_ZERO_ERROR;
-    std::string digits;
-    icu::number::NumberFormatter::withLocale(icu::Locale(locale.c_str()))
-        .formatInt(static_cast<std::int64_t>(number), status)
-        .toString(status)
-        .toUTF8String(digits);
-    return U_SUCCESS(status) ? digits : std::to_string(number);
-}
 
 } // namespace
 
@@ -52,7 +40,7 @@ std::string deletionText(const std::vector<RemovedItem>& removed, const Localiza
     std::vector<std::string> parts;
     const auto tell = [&](const char* key, std::size_t number) {
         if (number > 0)
-            parts.push_back(texts.counted(key, number, digitsOf(number, texts.locale())));
+            parts.push_back(texts.counted(key, number, numberText(number, texts.locale())));
     };
     tell("%d folders", counts.folders);
     tell("%d bookmarks", counts.bookmarks);

@@ -86,7 +86,7 @@ public:
                        : std::initializer_list<std::string_view>{"Children", "URLString", "URIDictionary"});
     }
 
-    void requireAllSeen() const override { list_.requireAllSeen({"URLString", "URIDictionary", "title"}); }
+    void requireAllSeen() const override { list_.requireAllSeen({"URLString", "URIDictionary"}, 1); }
 };
 
 class ICabEntries : public EntryReader {
@@ -121,7 +121,7 @@ public:
     }
 
     void requireEmpty(Object entry) const override { list_.requireNone(entry, {"Children", "URL", "Title"}); }
-    void requireAllSeen() const override { list_.requireAllSeen({"URL"}); }
+    void requireAllSeen() const override { list_.requireAllSeen({"Title", "URL"}, 2); }
 
 private:
     Date date(Object entry, std::string_view key) const {
@@ -215,7 +215,7 @@ private:
 
     void take(Object entry, Bookmark& parent) {
         if (entry.kind() != Kind::Dictionary)
-            return list_.damaged("a folder lists something that is no bookmark.");
+            return list_.noteForeignEntry();
         const Object children = list_.children(entry);
         Ref<Bookmark> node = Bookmark::init(now_);
         if (children.kind() == Kind::Array) {

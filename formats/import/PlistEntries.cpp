@@ -73,7 +73,14 @@ bool PlistEntries::endsWhereAnotherBegins(Object dictionary) {
     return begins_[plist.positionOf(dictionary) + plist.referenceBytes(dictionary)];
 }
 
+void PlistEntries::noteForeignEntry() {
+    if (!list_.isXml())
+        damaged("a folder lists something that is no bookmark.");
+}
+
 void PlistEntries::requireNone(Object entry, std::initializer_list<std::string_view> keys) {
+    if (list_.isXml())
+        return;
     if (entry.count() == 0 || !endsWhereAnotherBegins(entry))
         damaged("an entry is cut off.");
     for (std::uint64_t i = 0; i < entry.count(); ++i) {
@@ -91,11 +98,14 @@ void PlistEntries::requireNone(Object entry, std::initializer_list<std::string_v
     }
 }
 
-void PlistEntries::requireAllSeen(std::initializer_list<std::string_view> keys) {
+void PlistEntries::requireAllSeen(std::initializer_list<std::string_view> keys, std::ptrdiff_t enough) {
+    if (list_.isXml())
+        return;
     const auto isBookmark = [&](Object entry) {
         return value(entry, "Children").kind() == Kind::Array ||
-               std::any_of(keys.begin(), keys.end(),
-                           [&](std::string_view key) { return value(entry, key).kind() != Kind::Damaged; });
+               std::count_if(keys.begin(), keys.end(), [&](std::string_view key) {
+                   return value(entry, key).kind() != Kind::Damaged;
+               }) >= enough;
     };
     std::uint64_t pairs = 0;
     for (std::uint64_t id = 0; id < isSeen_.size() && !isDamaged(); ++id) {

@@ -1,5 +1,7 @@
 // The entries of a browser's property list, with an eye on damage: what is damaged does not count as missing,
-// since the bookmarks below it would be missing too. What entries mean is in PlistBookmarks.cpp.
+// since the bookmarks below it would be missing too. Only binary lists are searched for traces of damage that
+// left a sound list behind; in XML such an entry is what its writer wrote. What entries mean is in
+// PlistBookmarks.cpp.
 #pragma once
 
 #include "model/PropertyList.h"
@@ -34,11 +36,14 @@ public:
     /// noted.
     Text text(Object entry, std::string_view key);
 
+    /// Notes that a folder lists something that is no bookmark; does nothing for XML.
+    void noteForeignEntry();
     /// For an entry that has neither of these keys, as it seems: notes that it has one of them misspelt or
     /// with something that is no text under it, has a list, or is empty.
     void requireNone(Object entry, std::initializer_list<std::string_view> keys);
-    /// Notes that there are dictionaries with one of these keys, or a list of children, that were never seen.
-    void requireAllSeen(std::initializer_list<std::string_view> keys);
+    /// Notes that there are dictionaries with `enough` of these keys, or a list of children, that were never
+    /// seen.
+    void requireAllSeen(std::initializer_list<std::string_view> keys, std::ptrdiff_t enough);
 
     bool isDamaged() const { return !problem_.empty(); }
     tl::unexpected<Error> damage() const { return failure("The file is damaged: " + problem_); }

@@ -129,36 +129,64 @@ TEST_F(PlistBookmarks, withoutChildrenAtTheTopTheTreeIsEmpty) {
 }
 
 TEST_F(PlistBookmarks, valuesOfAnotherKindCountAsAbsent) {
-    const Ref<Bookmark> root = safari(
-        dictionary(key("URLString", "u") + "<key>URIDictionary</key><array/><key>previewText</key><true/>"));
+    const std::string link =
+        dictionary(key("URLString", "u") + "<key>URIDictionary</key><array/><key>previewText</key><true/>");
+    const Ref<Bookmark> root = safari(link);
     ASSERT_EQ(count(*root), 1u);
     EXPECT_FALSE(root->getChild()->isFolder());
     EXPECT_EQ(root->getChild()->itemName().view(), "Untitled");
     EXPECT_TRUE(root->getChild()->itemNote().isNull());
+    const auto xml =
+        readSafariBookmarks(list(folder("", "<string>no entry</string>" + link +
+                                                dictionary("<key>URLString</key><integer>5</integer>"))),
+                            fakes.services());
+    ASSERT_TRUE(xml) << xml.error().message;
+    EXPECT_EQ(count(**xml), 1u);
 }
 
-TEST_F(PlistBookmarks, whatWouldDropBookmarksIsRefused) {
-    const std::string link = dictionary(key("URLString", "u") + key("URL", "u"));
-    const std::vector<std::string> tops = {
-        dictionary("<key>Children</key><string>x</string>"),
-        folder("", "<string>no entry</string>"),
-        folder("", dictionary("<key>Children</key><string>x</string>" + key("URLString", "u"))),
-        dictionary("<key>Children</key><array/><key>Childsen</key><array>" + link + "</array>"),
-        dictionary("<key>Elsewhere</key>" + folder("", "")),
-        dictionary("<key>Elsewhere</key>" + link),
-    };
-    for (const Read reader : {readSafariBookmarks, readICabBookmarks})
-        for (const std::string& top : tops) {
+TEST_F(PlistBookmarks, childrenThatAreNoListAreRefused) {
+    for (const std::string& top :
+         {dictionary("<key>Children</key><string>x</string>"),
+          folder("", dictionary("<key>Children</key><string>x</string>" + key("URLString", "u")))})
+        for (const Read reader : {readSafariBookmarks, readICabBookmarks}) {
             const auto tree = reader(list(top), fakes.services(), nullptr);
             EXPECT_FALSE(tree) << top;
             EXPECT_TRUE(tree || tree.error().message.ends_with('.'));
         }
+}
+
+// What programs keep beside the bookmarks is theirs, whatever its keys are called.
+TEST_F(PlistBookmarks, inXmlOtherDataOfTheProgramIsPassedOver) {
+    const std::string link = dictionary(key("Title", "t") + key("URLString", "u") + key("URL", "u"));
+    const std::string top = dictionary("<key>Children</key><array>" + link + "</array><key>Elsewhere</key>" +
+                                       link + "<key>Proxies</key><array>" + link + "</array>");
+    for (const Read reader : {readSafariBookmarks, readICabBookmarks}) {
+        const auto tree = reader(list(top), fakes.services(), nullptr);
+        ASSERT_TRUE(tree);
+        EXPECT_EQ(count(**tree), 1u);
+    }
+}
+
+TEST_F(PlistBookmarks, inABinaryListWhatWouldDropBookmarksIsRefused) {
+    const std::string link = dictionary(key("Title", "t") + key("URLString", "u") + key("URL", "u"));
+    const std::vector<std::string> tops = {
+        folder("", "<string>no entry</string>"),
+        dictionary("<key>Children</key><array/><key>Childsen</key><array>" + link + "</array>"),
+        dictionary("<key>Elsewhere</key>" + folder("", "")),
+        dictionary("<key>Elsewhere</key>" + link),
+    };
+    const auto isRefused = [&](Read reader, const std::string& top) {
+        return !reader(*binaryPlistFromXml(list(top)), fakes.services(), nullptr);
+    };
+    for (const Read reader : {readSafariBookmarks, readICabBookmarks})
+        for (const std::string& top : tops)
+            EXPECT_TRUE(isRefused(reader, top)) << top;
     for (const char* entry :
          {"<key>URLString</key><integer>5</integer>", "<key>URMString</key><string>u</string>",
           "<key>URIDictionary</key><dict><key>titlf</key><string>t</string></dict>"})
-        EXPECT_FALSE(readSafariBookmarks(list(folder("", dictionary(entry))), fakes.services())) << entry;
+        EXPECT_TRUE(isRefused(readSafariBookmarks, folder("", dictionary(entry)))) << entry;
     for (const char* entry : {"<key>URL</key><integer>5</integer>", "<key>UQL</key><string>u</string>"})
-        EXPECT_FALSE(readICabBookmarks(list(folder("", dictionary(entry))), fakes.services())) << entry;
+        EXPECT_TRUE(isRefused(readICabBookmarks, folder("", dictionary(entry)))) << entry;
 }
 
 // Reads what became of a list and expects a refusal or a tree of the same shape; it may have more nodes,

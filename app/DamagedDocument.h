@@ -1,0 +1,24 @@
+// What can be offered to the user instead of a document that is damaged. The file stays as it is.
+#pragma once
+
+#include "model/Bookmark.h"
+#include "platform/Platform.h"
+
+#include <optional>
+#include <string>
+
+namespace tabulon {
+
+/// The bookmarks of a damaged document that can still be read.
+struct Remains {
+    /// The root folder of a tree without a document. Never null.
+    Ref<Bookmark> master;
+    /// "311 of 312 bookmarks could be read."
+    std::string sentence;
+};
+
+/// Reads what is left of the document at `path`. Returns nullopt when the file cannot be read or no bookmark
+/// is left in it (ArchiveSalvage.h).
+std::optional<Remains> remainsOfDocument(const std::string& path, const Platform& platform);
+
+} // namespace tabulon

@@ -1,0 +1,85 @@
+// What the program offers for a document that it refuses.
+#include "app/DamagedDocument.h"
+
+#include "model/TreeWalk.h"
+#include "tests/app/AppFixture.h"
+
+#include <gmock/gmock.h>
+
+namespace tabulon {
+namespace {
+
+using testing::HasSubstr;
+
+const std::string kPath = "/home/Links.tbln";
+
+class DamagedDocumentTest : public AppTest {
+protected:
+    // A document of 40 links, one reference of which leads nowhere any more.
+    std::string damagedBytes() {
+        const Ref<Bookmark> master = Bookmark::init(base.now());
+        master->setItemName("Master");
+        master->makeParent();
+        for (int i = 0; i < 40; ++i) {
+            const Ref<Bookmark> link = Bookmark::init(base.now());
+            link->setItemName("link " + std::to_string(i));
+            link->setItemURL("https://example.org/" + std::to_string(i));
+            master->addChild(link);
+        }
+        std::string bytes = writeDocumentArchive(*master);
+        const std::size_t name = bytes.find("link 20");
+        EXPECT_NE(name, std::string::npos);
+        bytes[name - 1] = '\x0f'; // no kind of object is written so
+        return bytes;
+    }
+    static std::size_t linksIn(const Document& document) {
+        std::size_t links = 0;
+        walkBelow(document.getMaster(), [&](const Bookmark& node) {
+            links += node.isFolder() ? 0 : 1;
+            return true;
+        });
+        return links;
+    }
+};
+
+TEST_F(DamagedDocumentTest, whatIsLeftIsOfferedAndOpensUntitled) {
+    const std::string damaged = damagedBytes();
+    files.files[kPath] = damaged;
+    alerts.answer("Open What Is Left");
+    app.openFile(kPath);
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_THAT(alerts.shown[0].informative, HasSubstr("39 of 40 bookmarks could be read."));
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_TRUE(onlyDocument()->fileName().empty());
+    EXPECT_TRUE(onlyDocument()->isDocumentEdited());
+    EXPECT_EQ(onlyDocument()->displayName(), "Links");
+    EXPECT_GE(linksIn(*onlyDocument()), 39u);
+    EXPECT_EQ(files.files[kPath], damaged) << "the file stays as it is";
+}
+
+TEST_F(DamagedDocumentTest, whoDeclinesGetsNothing) {
+    files.files[kPath] = damagedBytes();
+    alerts.answer("Cancel");
+    app.openFile(kPath);
+    EXPECT_TRUE(documents().documents().empty());
+}
+
+TEST_F(DamagedDocumentTest, aFileInWhichNothingIsLeftIsOnlyRefused) {
+    files.files[kPath] = damagedBytes().substr(0, 60);
+    app.openFile(kPath);
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].buttons.size(), 1u);
+    EXPECT_TRUE(documents().documents().empty());
+}
+
+TEST_F(DamagedDocumentTest, ofSeveralFilesOneAlertTellsAndOffersNothing) {
+    files.files[kPath] = damagedBytes();
+    files.files["/home/Other.tbln"] = damagedBytes();
+    app.openFiles({kPath, "/home/Other.tbln"});
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].buttons.size(), 1u);
+    EXPECT_TRUE(documents().documents().empty());
+}
+
+} // namespace
+} // namespace tabulon
