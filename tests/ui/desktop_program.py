@@ -192,7 +192,7 @@ def export_html(desktop, path):
     exported = os.path.join(desktop.folder, "exported.html")
     desktop.start(path)
     desktop.window("saved .*Tabulon")
-    desktop.press("alt+f", "Down", "Down", "Down", "Down", "Down", "Return")
+    desktop.press("alt+f", "Down", "Down", "Down", "Down", "Down", "Down", "Return")
     desktop.window("Export the bookmarks to a file")
     desktop.type_path(exported)
     wait_for("the exported file", lambda: os.path.exists(exported))
