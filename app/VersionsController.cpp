@@ -165,6 +165,7 @@ void VersionsController::putBackDifferences(const std::vector<std::size_t>& inde
     if (document_.changeCount() != comparedAt_)
         return compareChosen();
     std::vector<TreeDifference> chosen;
+    chosen.reserve(indexes.size());
     for (const std::size_t index : indexes)
         chosen.push_back(comparison_->differences().at(index));
     if (chosen.empty() || !keepPresentState())

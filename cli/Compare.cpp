@@ -67,8 +67,7 @@ std::vector<std::string> namesOfFields(std::uint8_t fields, const char* quote) {
 struct Change {
     const char* kind;
     const TreeDifference& difference;
-
-    const Bookmark& node() const { return difference.after ? *difference.after : *difference.before; }
+    const Bookmark& node; // the one after, or, of what was removed, before
 };
 
 class Listing {
@@ -77,10 +76,12 @@ public:
         : lines_(session), before_(before), after_(after) {}
 
     Result<void> print(const TreeComparison& comparison, bool asJson) {
-        for (const TreeDifference& difference : comparison.differences())
+        for (const TreeDifference& difference : comparison.differences()) {
+            const Bookmark* node = difference.isRemoved() ? difference.before : difference.after;
             for (const char* kind : kindsOf(difference))
-                if (!lines_.add(asJson ? json({kind, difference}) : plain({kind, difference})))
+                if (!lines_.add(asJson ? json({kind, difference, *node}) : plain({kind, difference, *node})))
                     return lines_.finish();
+        }
         return lines_.finish();
     }
 
@@ -101,11 +102,11 @@ private:
     }
 
     std::string pathOf(const Change& change) const {
-        return change.difference.after ? after_.pathOf(change.node()) : before_.pathOf(change.node());
+        return change.difference.after ? after_.pathOf(change.node) : before_.pathOf(change.node);
     }
 
     std::string plain(const Change& change) const {
-        const Bookmark& node = change.node();
+        const Bookmark& node = change.node;
         const std::string_view kind = change.kind;
         std::string line = fmt::format("{}\t{}\t{}", kind, pathOf(change), onOneLine(node.itemName().view()));
         if (!node.itemURL().isEmpty())
@@ -125,13 +126,13 @@ private:
         if (!change.difference.isAdded() && !change.difference.isRemoved())
             line += fmt::format(R"(,"oldPath":"{}")", before_.pathOf(*change.difference.before));
         line += ",\"name\":";
-        appendJsonText(line, change.node().itemName());
+        appendJsonText(line, change.node.itemName());
         if (kind == "renamed") {
             line += ",\"oldName\":";
             appendJsonText(line, change.difference.before->itemName());
         }
         line += ",\"url\":";
-        appendJsonText(line, change.node().itemURL());
+        appendJsonText(line, change.node.itemURL());
         if (kind == "edited")
             line += fmt::format(R"(,"fields":[{}])",
                                 fmt::join(namesOfFields(change.difference.edited, "\""), ","));
