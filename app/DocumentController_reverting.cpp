@@ -36,7 +36,8 @@ std::optional<DocumentController::RevertTo> DocumentController::askToRevert(cons
                              .informative = texts.text(changedByOthers ? "RevertChangedText" : "RevertText"),
                              .buttons = {{texts.text("RevertButton"), AlertButtonRole::Destructive},
                                          {texts.text("Cancel"), AlertButtonRole::Cancel}},
-                             .document = &document};
+                             .document = &document,
+                             .cancelIsDefault = true};
         if (ask(question) != kAlertFirstButton)
             return std::nullopt;
         if (platform_.files.identityOf(document.fileName()) == identity)
@@ -77,6 +78,10 @@ bool DocumentController::revertToContentsOfURL(Document& document) {
 // cannot be written the document stays changed, and saving by itself tries again.
 bool DocumentController::revertToUsersVersion(Document& document) {
     const Result<std::string> bytes = revertPoints_.read(document);
+    if (!bytes) { // the copy is gone; the versions have what it was
+        revertPoints_.forget(document);
+        return revertToContentsOfURL(document);
+    }
     if (!showReverted(document, bytes))
         return false;
     if (const Result<void> written = writeBytes(document, document.fileName(), *bytes); !written) {

@@ -35,9 +35,9 @@ Result<void> DocumentController::writeBytes(Document& document, const std::strin
     runSaveTasks(*opened.controller, platform_, versions_);
     if (!document.fileName().empty())
         saveFrameUsingName(opened);
-    if (const Result<void> kept = versions_.keepFile(path); !kept)
-        platform_.base.log.log(kept.error().message);
     const std::string fileBefore = document.fileName();
+    if (const Result<void> kept = versions_.willReplace(path, fileBefore); !kept)
+        platform_.base.log.log(kept.error().message);
     Result<void> written = path == document.fileName() ? platform_.files.writeBack(path, bytes)
                                                        : platform_.files.writeFileAtomically(path, bytes);
     if (!written)
@@ -49,7 +49,7 @@ Result<void> DocumentController::writeBytes(Document& document, const std::strin
     }
     unsaved_.forget(document);
     noteFile(document);
-    versions_.noteFile(path, fileBefore);
+    versions_.didReplace(path, fileBefore);
     return {};
 }
 
@@ -133,6 +133,7 @@ void DocumentController::saveDocumentAs(Document& document, const Done& done) {
 void DocumentController::browseVersions(Document& document) {
     if (document.fileName().empty())
         return;
+    find(document)->controller->commitEditing();
     const auto openUntitled = [this](const Ref<Bookmark>& root, const std::string& name) {
         auto opened = std::make_unique<OpenDocument>(platform_.base);
         opened->document.setMaster(root);

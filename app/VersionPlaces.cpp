@@ -45,11 +45,12 @@ std::optional<VersionPlaces::Place> VersionPlaces::readPlace(const std::string& 
         !takeNumber(line, identity.size) || !takeNumber(line, identity.modified))
         return std::nullopt;
     Place place{.identifier = name.substr(0, name.size() - kSuffix.size())};
-    if (line.starts_with(' ')) {
-        place.copyOf = line.substr(1, kDigits);
+    while (line.starts_with(' ')) {
+        Origin origin{std::string(line.substr(1, kDigits)), 0};
         line.remove_prefix(std::min(line.size(), kDigits + 1));
-        if (place.copyOf.size() != kDigits || !takeNumber(line, place.copied))
+        if (origin.identifier.size() != kDigits || !takeNumber(line, origin.copied))
             return std::nullopt;
+        place.origins.push_back(std::move(origin));
     }
     if (!line.starts_with('\n'))
         return std::nullopt;
@@ -59,11 +60,16 @@ std::optional<VersionPlaces::Place> VersionPlaces::readPlace(const std::string& 
     return place;
 }
 
+VersionPlaces::Place VersionPlaces::placeOf(const std::string& identifier) const {
+    return readPlace(identifier + std::string(kSuffix)).value_or(Place{.identifier = identifier});
+}
+
 Result<void> VersionPlaces::writePlace(const Place& place) {
     const FileIdentity now = place.identity.value_or(FileIdentity{});
-    const std::string copy = place.copyOf.empty() ? "" : fmt::format(" {} {}", place.copyOf, place.copied);
-    const std::string content =
-        fmt::format("{} {} {} {}{}\n{}", now.device, now.inode, now.size, now.modified, copy, place.path);
+    std::string content = fmt::format("{} {} {} {}", now.device, now.inode, now.size, now.modified);
+    for (const Origin& origin : place.origins)
+        content += fmt::format(" {} {}", origin.identifier, origin.copied);
+    content += "\n" + place.path;
     const std::string file = fileOf(place.identifier);
     if (const Result<std::string> before = files_.readFile(file); before && *before == content)
         return {};
@@ -81,8 +87,25 @@ std::vector<VersionPlaces::Place> VersionPlaces::places() const {
     return found;
 }
 
-std::vector<VersionPlaces::Source> VersionPlaces::sourcesOf(const std::string& path) const {
+// The documents that have the very file at the path, those first that were known there.
+std::vector<std::string> VersionPlaces::withFile(const std::vector<Place>& all,
+                                                 const std::string& path) const {
     const std::optional<FileIdentity> identity = files_.identityOf(path);
+    std::vector<std::string> found;
+    if (!identity)
+        return found;
+    for (const bool atPath : {true, false})
+        for (const Place& place : all)
+            if (place.identity == identity && (place.path == path) == atPath)
+                found.push_back(place.identifier);
+    if (found.empty())
+        for (const Place& place : all)
+            if (place.path != path && files_.identityOf(place.path) == identity)
+                found.push_back(place.identifier);
+    return found;
+}
+
+std::vector<VersionPlaces::Source> VersionPlaces::sourcesOf(const std::string& path) const {
     const std::vector<Place> all = places();
     std::vector<Source> sources;
     const auto add = [&](const std::string& identifier, double until) {
@@ -91,37 +114,51 @@ std::vector<VersionPlaces::Source> VersionPlaces::sourcesOf(const std::string& p
         if (!isKnown)
             sources.push_back({identifier, until});
     };
-    const auto addAll = [&](const auto& rule) {
+    constexpr double kForEver = std::numeric_limits<double>::infinity();
+    for (const std::string& identifier : withFile(all, path))
+        add(identifier, kForEver);
+    if (sources.empty())
         for (const Place& place : all)
-            if (rule(place))
-                add(place.identifier, std::numeric_limits<double>::infinity());
-    };
-    addAll([&](const Place& place) { return identity && place.identity == identity && place.path == path; });
-    addAll([&](const Place& place) { return identity && place.identity == identity; });
-    addAll([&](const Place& place) { return place.path == path; });
-    if (sources.empty() && identity)
-        addAll([&](const Place& place) { return files_.identityOf(place.path) == identity; });
+            if (place.path == path)
+                add(place.identifier, kForEver);
     for (std::size_t index = 0; index < sources.size(); ++index) {
         const Source source = sources[index];
         const auto place = std::ranges::find(all, source.identifier, &Place::identifier);
-        if (place != all.end() && !place->copyOf.empty())
-            add(place->copyOf, std::min(source.until, static_cast<double>(place->copied) / kMilliseconds));
+        if (place != all.end())
+            for (const Origin& origin : place->origins)
+                add(origin.identifier,
+                    std::min(source.until, static_cast<double>(origin.copied) / kMilliseconds));
     }
     return sources;
 }
 
-std::string VersionPlaces::identifierFor(const std::string& path) const {
-    const std::vector<Source> sources = sourcesOf(path);
-    if (!sources.empty())
-        return sources.front().identifier;
+std::string VersionPlaces::newIdentifier(const std::string& path) const {
     std::uint64_t hash = hashOf(path);
     while (files_.fileExists(fileOf(fmt::format("{:016x}", hash))))
         ++hash;
     return fmt::format("{:016x}", hash);
 }
 
+std::string VersionPlaces::identifierFor(const std::string& path, double now) {
+    const std::vector<Place> all = places();
+    if (const std::vector<std::string> found = withFile(all, path); !found.empty())
+        return found.front();
+    std::string identifier = newIdentifier(path);
+    const auto known = std::ranges::find(all, path, &Place::path);
+    if (known == all.end())
+        return identifier;
+    if (!files_.fileExists(path))
+        return known->identifier;
+    Place place{.identifier = identifier, .identity = files_.identityOf(path), .path = path};
+    for (const Place& each : all)
+        if (each.path == path)
+            place.origins.push_back({each.identifier, static_cast<std::uint64_t>(now * kMilliseconds)});
+    (void)writePlace(place);
+    return identifier;
+}
+
 Result<void> VersionPlaces::note(const std::string& identifier, const std::string& path) {
-    Place place = readPlace(identifier + std::string(kSuffix)).value_or(Place{.identifier = identifier});
+    Place place = placeOf(identifier);
     place.path = path;
     place.identity = files_.identityOf(path);
     return writePlace(place);
@@ -131,16 +168,16 @@ Result<void> VersionPlaces::noteNew(const std::string& identifier, const std::st
     return files_.fileExists(fileOf(identifier)) ? Result<void>() : note(identifier, path);
 }
 
-Result<void> VersionPlaces::noteCopy(const std::string& path, const std::string& source, double now) {
-    const std::string copyOf = identifierFor(source);
-    const std::string identifier = identifierFor(path);
-    if (identifier == copyOf)
-        return note(identifier, path);
-    Place place{.identifier = identifier,
-                .identity = files_.identityOf(path),
-                .path = path,
-                .copyOf = copyOf,
-                .copied = static_cast<std::uint64_t>(now * kMilliseconds)};
+Result<void> VersionPlaces::noteCopy(const std::string& identifier, const std::string& path,
+                                     const std::string& source, double now) {
+    Place place = placeOf(identifier);
+    place.path = path;
+    place.identity = files_.identityOf(path);
+    for (const Source& each : sourcesOf(source))
+        if (each.identifier != identifier &&
+            std::ranges::find(place.origins, each.identifier, &Origin::identifier) == place.origins.end())
+            place.origins.push_back(
+                {each.identifier, static_cast<std::uint64_t>(std::min(each.until, now) * kMilliseconds)});
     return writePlace(place);
 }
 

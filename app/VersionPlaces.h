@@ -12,7 +12,7 @@ namespace tabulon {
 
 /// Each document of the store has an identifier, 16 hexadecimal digits, and a file "IDENTIFIER.place" with
 /// what was last known of its file: one line of device, inode, size and time of change in decimal digits (0
-/// where there was no file), for a document that began as a copy also the identifier of its source and the
+/// where there was no file) and, for each document that it began as a copy of, that one's identifier and the
 /// time of the copy in milliseconds since 1970; then the path. Paths are absolute and in the file system's
 /// encoding.
 class VersionPlaces {
@@ -28,37 +28,45 @@ public:
     VersionPlaces(FileStore& files, std::string folder) : files_(files), folder_(std::move(folder)) {}
 
     /// Returns the documents whose versions are those of the file at `path`, which may be gone: the one with
-    /// exactly that file (also after it was renamed or moved), every one that was last known at that path,
-    /// the one whose path leads to the same file (a link), and those that they were copied from. The first
-    /// one is the document itself. Empty when there is none.
+    /// exactly that file (also after it was renamed or moved) or the one whose path leads to it; else those
+    /// that were last known at that path; and all that these were copied from. Empty when there is none.
     std::vector<Source> sourcesOf(const std::string& path) const;
 
-    /// Returns the identifier of the document at `path`, a new one when it is not known yet. `note` makes the
-    /// new one known.
-    std::string identifierFor(const std::string& path) const;
+    /// Returns the identifier of the document whose file is at `path`. Where another file is at the path than
+    /// the one that was known there, that may have been moved and keep its document: the new file becomes a
+    /// copy of it at the time `now`. A document that is not known gets an identifier, by which `note` makes
+    /// it known. Where there is no file the document last known at the path is meant.
+    std::string identifierFor(const std::string& path, double now);
+    /// Returns an identifier that no document has.
+    std::string newIdentifier(const std::string& path) const;
 
     /// Records that the document's file is at `path` as it is now.
     Result<void> note(const std::string& identifier, const std::string& path);
-
     /// The same for an identifier that is not known yet; does nothing for a known one.
     Result<void> noteNew(const std::string& identifier, const std::string& path);
-
-    /// Records that the document at `path` is from now on a copy of the one that has its file at `source`.
-    Result<void> noteCopy(const std::string& path, const std::string& source, double now);
+    /// The same as `note`; from now on the versions of the document with its file at `source`, as they were
+    /// at the time `now`, are versions of this one, too.
+    Result<void> noteCopy(const std::string& identifier, const std::string& path, const std::string& source,
+                          double now);
 
 private:
+    struct Origin {
+        std::string identifier;
+        std::uint64_t copied = 0;
+    };
     struct Place {
         std::string identifier;
         std::optional<FileIdentity> identity = {};
         std::string path = {};
-        std::string copyOf = {};
-        std::uint64_t copied = 0;
+        std::vector<Origin> origins = {};
     };
 
     std::vector<Place> places() const;
     std::optional<Place> readPlace(const std::string& name) const;
+    Place placeOf(const std::string& identifier) const;
     Result<void> writePlace(const Place& place);
     std::string fileOf(const std::string& identifier) const;
+    std::vector<std::string> withFile(const std::vector<Place>& all, const std::string& path) const;
 
     FileStore& files_;
     const std::string folder_;

@@ -38,33 +38,57 @@ double VersionStore::now() const {
     return Date::now(clock_).unixSeconds();
 }
 
+// A new document at a path without a file has nothing to do with one that was there before.
+Result<void> VersionStore::willReplace(const std::string& path, const std::string& fileBefore) {
+    if (!isOn())
+        return {};
+    const bool isNew = fileBefore != path && !files_.fileExists(path);
+    replaced_ = isNew ? places_.newIdentifier(path) : places_.identifierFor(path, nextTime(path));
+    return keepFileOf(replaced_, path);
+}
+
+void VersionStore::didReplace(const std::string& path, const std::string& fileBefore) {
+    if (!isOn())
+        return;
+    if (fileBefore.empty() || fileBefore == path)
+        (void)places_.note(replaced_, path);
+    else
+        (void)places_.noteCopy(replaced_, path, fileBefore, nextTime(fileBefore));
+}
+
 Result<void> VersionStore::keepFile(const std::string& path) {
+    if (!isOn() || !files_.fileExists(path))
+        return {};
+    return keepFileOf(places_.identifierFor(path, nextTime(path)), path);
+}
+
+Result<void> VersionStore::keepFileOf(const std::string& identifier, const std::string& path) {
     const std::optional<FileIdentity> identity = files_.identityOf(path);
-    if (!isOn() || !identity || files_.kindOf(path) != PathKind::File)
+    if (!identity || files_.kindOf(path) != PathKind::File)
         return {};
     if (identity->size > std::min<std::uint64_t>(limit(), kLargestDocument))
         return failure("The version of “" + path + "” is too large to be kept.");
     const Result<std::string> bytes = files_.readFile(path);
     if (!bytes)
         return tl::unexpected(bytes.error());
-    return keep(path, *bytes, static_cast<double>(identity->modified) / kNanoseconds);
+    return keep(identifier, path, *bytes, static_cast<double>(identity->modified) / kNanoseconds);
 }
 
 Result<void> VersionStore::keepContent(const std::string& path, std::string_view bytes) {
-    return isOn() ? keep(path, bytes, now()) : Result<void>();
+    return isOn() ? keep(places_.identifierFor(path, nextTime(path)), path, bytes, now()) : Result<void>();
 }
 
-Result<void> VersionStore::keep(const std::string& path, std::string_view bytes, double saved) {
+Result<void> VersionStore::keep(const std::string& identifier, const std::string& path,
+                                std::string_view bytes, double saved) {
     const std::string frame = compress(bytes);
     if (frame.size() > limit())
         return failure("The version of “" + path + "” is too large to be kept.");
     if (Result<void> made = files_.makeFolder(folder_); !made)
         return made;
-    const std::string identifier = places_.identifierFor(path);
     if (Result<void> noted = places_.noteNew(identifier, path); !noted)
         return noted;
     const std::vector<std::string> equal = equalVersions(identifier, frame);
-    const VersionName name{identifier, nextTime(identifier), saved};
+    const VersionName name{identifier, nextTime(path), saved};
     if (Result<void> written = files_.writeFileAtomically(folder_ + "/" + name.string(), frame); !written)
         return written;
     for (const std::string& old : equal)
@@ -83,10 +107,10 @@ std::vector<std::string> VersionStore::versionNamesOf(const std::string& identif
 
 // Now, or a millisecond after the newest version where the clock was set back a little, so that the order
 // stays. A version from the far future says that the clock was wrong then.
-double VersionStore::nextTime(const std::string& identifier) const {
+double VersionStore::nextTime(const std::string& path) const {
     double time = now();
-    for (const std::string& name : versionNamesOf(identifier)) {
-        const double kept = VersionName::parse(name)->kept;
+    for (const DocumentVersion& version : versionsOf(path)) {
+        const double kept = version.kept.unixSeconds();
         if (kept + kMillisecond > time && kept < now() + kLargestStepBack)
             time = kept + kMillisecond;
     }
@@ -134,18 +158,8 @@ void VersionStore::remove(const std::vector<std::string>& names, const std::vect
 }
 
 void VersionStore::noteOpened(const std::string& path) {
-    const std::vector<VersionPlaces::Source> sources = places_.sourcesOf(path);
-    if (!sources.empty())
-        (void)places_.note(sources.front().identifier, path);
-}
-
-void VersionStore::noteFile(const std::string& path, const std::string& copyOf) {
-    if (!isOn())
-        return;
-    if (!copyOf.empty() && !isSameFile(files_, path, copyOf))
-        (void)places_.noteCopy(path, copyOf, now());
-    else
-        (void)places_.note(places_.identifierFor(path), path);
+    if (isOn() && !places_.sourcesOf(path).empty())
+        (void)places_.note(places_.identifierFor(path, nextTime(path)), path);
 }
 
 std::vector<DocumentVersion> VersionStore::versionsOf(const std::string& path) const {
@@ -172,16 +186,20 @@ Result<std::string> VersionStore::read(const DocumentVersion& version) const {
 
 bool VersionStore::isBackupOf(const std::string& path, const std::string& backup) const {
     const std::optional<FileIdentity> identity = files_.identityOf(backup);
-    const Result<std::string> record =
-        files_.readFile(folder_ + "/" + places_.identifierFor(path) + ".backup");
-    return identity && record && *record == backupRecord(backup, *identity);
+    if (!identity)
+        return false;
+    const std::vector<VersionPlaces::Source> sources = places_.sourcesOf(path);
+    return std::ranges::any_of(sources, [&](const VersionPlaces::Source& source) {
+        const Result<std::string> record = files_.readFile(folder_ + "/" + source.identifier + ".backup");
+        return record && *record == backupRecord(backup, *identity);
+    });
 }
 
 void VersionStore::noteBackup(const std::string& path, const std::string& backup) {
     const std::optional<FileIdentity> identity = files_.identityOf(backup);
     if (!isOn() || !identity || !files_.makeFolder(folder_))
         return;
-    const std::string identifier = places_.identifierFor(path);
+    const std::string identifier = places_.identifierFor(path, nextTime(path));
     (void)places_.noteNew(identifier, path);
     (void)files_.writeFileAtomically(folder_ + "/" + identifier + ".backup", backupRecord(backup, *identity));
 }

@@ -39,6 +39,13 @@ public:
 
     bool isOn() const { return limit() > 0; }
 
+    /// To be called before a document is written to `path`, and `didReplace` after it was: keeps the version
+    /// that is replaced, and records where the document's file is. `fileBefore` is the file under which the
+    /// document was known so far, empty for none: its versions are also versions of the new file. Errors as
+    /// `keepFile`.
+    Result<void> willReplace(const std::string& path, const std::string& fileBefore);
+    void didReplace(const std::string& path, const std::string& fileBefore);
+
     /// Keeps the content that the file at `path` has now, then removes what the rules no longer hold. Equal
     /// content of one document is kept once, with its latest times. Does nothing without a file there, and
     /// when the store is off. Fails with the error of the file store; a file larger than the limit fails with
@@ -51,11 +58,6 @@ public:
     /// Records, for a file with versions, where it is now; to be called when a document is opened, so that it
     /// keeps them after it was renamed or moved.
     void noteOpened(const std::string& path);
-
-    /// Records that the file at `path` is the document's, as it is now; to be called after each save.
-    /// `copyOf`, if not empty, is the file under which the document was known before; its versions are also
-    /// versions of the new file.
-    void noteFile(const std::string& path, const std::string& copyOf = {});
 
     /// Returns the versions of the document whose file is, or was last, at `path`, newest first.
     std::vector<DocumentVersion> versionsOf(const std::string& path) const;
@@ -72,8 +74,10 @@ private:
     std::uint64_t limit() const;
     double now() const;
     std::vector<std::string> versionNamesOf(const std::string& identifier) const;
-    Result<void> keep(const std::string& path, std::string_view bytes, double saved);
-    double nextTime(const std::string& identifier) const;
+    Result<void> keepFileOf(const std::string& identifier, const std::string& path);
+    Result<void> keep(const std::string& identifier, const std::string& path, std::string_view bytes,
+                      double saved);
+    double nextTime(const std::string& path) const;
     std::vector<std::string> equalVersions(const std::string& identifier, std::string_view frame) const;
     void thinOut();
     void remove(const std::vector<std::string>& names, const std::vector<std::size_t>& indexes);
@@ -83,6 +87,7 @@ private:
     const UserDefaults& defaults_;
     const std::string folder_;
     VersionPlaces places_;
+    std::string replaced_; // the identifier of the document that is being written
 };
 
 } // namespace tabulon

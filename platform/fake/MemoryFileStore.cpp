@@ -51,8 +51,17 @@ std::optional<FileIdentity> MemoryFileStore::identityOf(const std::string& path)
         return std::nullopt;
     // There is no clock in here: another content is another time.
     const auto time = static_cast<std::int64_t>(std::hash<std::string>()(found->second));
+    const auto moved = firstNames_.find(found->first);
     return FileIdentity{
-        .inode = std::hash<std::string>()(found->first), .size = found->second.size(), .modified = time};
+        .inode = std::hash<std::string>()(moved == firstNames_.end() ? found->first : moved->second),
+        .size = found->second.size(),
+        .modified = time};
+}
+
+void MemoryFileStore::move(const std::string& from, const std::string& to) {
+    files[to] = files.at(from);
+    files.erase(from);
+    firstNames_[to] = from;
 }
 
 Result<void> MemoryFileStore::copyFile(const std::string& from, const std::string& to) {

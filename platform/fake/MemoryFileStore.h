@@ -22,6 +22,9 @@ public:
     Result<void> makeFolder(const std::string& path) override;
     std::vector<std::string> namesInFolder(const std::string& path) override;
 
+    /// Renames a file as another program does: it stays the same file.
+    void move(const std::string& from, const std::string& to);
+
     /// Path → content.
     std::map<std::string, std::string, std::less<>> files;
     /// Path → the path that a symbolic link there leads to.
@@ -42,6 +45,8 @@ public:
 
 private:
     const std::string& target(const std::string& path) const;
+
+    std::map<std::string, std::string, std::less<>> firstNames_; // of files that were moved
 };
 
 } // namespace tabulon

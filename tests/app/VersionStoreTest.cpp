@@ -20,9 +20,9 @@ protected:
     // What a save does.
     void replace(const std::string& path, const std::string& content) {
         base.clock.advance(1);
-        EXPECT_TRUE(store.keepFile(path));
+        EXPECT_TRUE(store.willReplace(path, path));
         files.files[path] = content;
-        store.noteFile(path);
+        store.didReplace(path, path);
     }
     std::vector<std::string> contents(const std::string& path = kPath) {
         std::vector<std::string> result;
@@ -60,8 +60,9 @@ TEST_F(VersionStoreTest, equalContentIsKeptOnceWithItsLatestTime) {
 TEST_F(VersionStoreTest, severalSavesInOneMillisecondAreAllKept) {
     files.files[kPath] = "1";
     for (const char* content : {"2", "3", "4"}) {
-        EXPECT_TRUE(store.keepFile(kPath));
+        EXPECT_TRUE(store.willReplace(kPath, kPath));
         files.files[kPath] = content;
+        store.didReplace(kPath, kPath);
     }
     EXPECT_THAT(contents(), ElementsAre("3", "2", "1"));
 }
@@ -96,8 +97,9 @@ TEST_F(VersionStoreTest, aDocumentSavedUnderAnotherNameBringsItsVersionsAlong) {
     files.files[kPath] = "1";
     replace(kPath, "2");
     base.clock.advance(1);
+    EXPECT_TRUE(store.willReplace("/home/Copy.tbln", kPath));
     files.files["/home/Copy.tbln"] = "2 copied";
-    store.noteFile("/home/Copy.tbln", kPath);
+    store.didReplace("/home/Copy.tbln", kPath);
     EXPECT_THAT(contents("/home/Copy.tbln"), ElementsAre("1"));
     replace("/home/Copy.tbln", "3 copied");
     replace(kPath, "3");
@@ -111,10 +113,53 @@ TEST_F(VersionStoreTest, savingOverAnotherDocumentKeepsWhatWasThere) {
     replace(kPath, "mine 2");
     replace("/home/Other.tbln", "other 2");
     base.clock.advance(1);
-    EXPECT_TRUE(store.keepFile("/home/Other.tbln"));
+    EXPECT_TRUE(store.willReplace("/home/Other.tbln", kPath));
     files.files["/home/Other.tbln"] = "mine 3";
-    store.noteFile("/home/Other.tbln", kPath);
+    store.didReplace("/home/Other.tbln", kPath);
     EXPECT_THAT(contents("/home/Other.tbln"), ElementsAre("other 2", "other 1", "mine 1"));
+}
+
+TEST_F(VersionStoreTest, aNewDocumentUnderTheNameOfOneThatWasMovedAwayHasNothingOfIt) {
+    files.files[kPath] = "old 1";
+    replace(kPath, "old 2");
+    files.move(kPath, "/home/Moved.tbln");
+    base.clock.advance(1);
+    EXPECT_TRUE(store.willReplace(kPath, ""));
+    files.files[kPath] = "new 1";
+    store.didReplace(kPath, "");
+    replace(kPath, "new 2");
+    EXPECT_THAT(contents(kPath), ElementsAre("new 1"));
+    EXPECT_THAT(contents("/home/Moved.tbln"), ElementsAre("old 1"));
+}
+
+TEST_F(VersionStoreTest, whereAnotherProgramMadeANewFileTheMovedOneKeepsItsVersions) {
+    files.files[kPath] = "old 1";
+    replace(kPath, "old 2");
+    files.move(kPath, "/home/Moved.tbln");
+    files.files[kPath] = "theirs";
+    store.noteOpened(kPath);
+    replace(kPath, "mine");
+    EXPECT_THAT(contents(kPath), ElementsAre("theirs", "old 1"))
+        << "it may be the same document, written anew";
+    store.noteOpened("/home/Moved.tbln");
+    EXPECT_THAT(contents("/home/Moved.tbln"), ElementsAre("old 1"));
+    replace("/home/Moved.tbln", "old 3");
+    EXPECT_THAT(contents("/home/Moved.tbln"), ElementsAre("old 2", "old 1"));
+    EXPECT_THAT(contents(kPath), ElementsAre("theirs", "old 1"));
+}
+
+TEST_F(VersionStoreTest, aCopyOverACopyKeepsBothOrigins) {
+    files.files["/home/a.tbln"] = "a1";
+    files.files["/home/b.tbln"] = "b1";
+    replace("/home/a.tbln", "a2");
+    replace("/home/b.tbln", "b2");
+    for (const char* from : {"/home/a.tbln", "/home/b.tbln"}) {
+        base.clock.advance(1);
+        EXPECT_TRUE(store.willReplace(kPath, from));
+        files.files[kPath] = std::string("copy of ") + from;
+        store.didReplace(kPath, from);
+    }
+    EXPECT_THAT(contents(kPath), ElementsAre("copy of /home/a.tbln", "b1", "a1"));
 }
 
 TEST_F(VersionStoreTest, theSizeOfTheStoreStaysBelowItsLimit) {

@@ -80,9 +80,9 @@ TEST_F(VersionsTest, compareNamesTheFileItCannotRead) {
 TEST_F(VersionsTest, versionsAreListedNewestFirstAndWrittenByTheirNumber) {
     VersionStore store(files, fake.clock, fake.defaults, "/state/versions");
     for (const char* content : {"first", "second", "third"}) {
-        ASSERT_TRUE(store.keepFile("/home/Links.tbln"));
+        ASSERT_TRUE(store.willReplace("/home/Links.tbln", "/home/Links.tbln"));
         files.files["/home/Links.tbln"] = content;
-        store.noteFile("/home/Links.tbln");
+        store.didReplace("/home/Links.tbln", "/home/Links.tbln");
         fake.clock.advance(60);
     }
     EXPECT_EQ(run({"versions", "/home/Links.tbln"}), 0) << error;
