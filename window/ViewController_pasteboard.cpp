@@ -53,6 +53,19 @@ MimeContent ViewController::mimeContentOf(const std::vector<PasteboardItem>& ite
     return mimeContent(items, shared_.records);
 }
 
+MimeContent ViewController::contentForDrag(const std::vector<PasteboardItem>& items) const {
+    MimeContent content = mimeContentOf(items);
+    platform_.pasteboard.dragBegins(content);
+    return content;
+}
+
+std::vector<PasteboardItem> ViewController::itemsInForeignDrag(MimeContent content) const {
+    const MimeContent unchanged = platform_.pasteboard.draggedContent(kReadMimeTypes);
+    for (const auto& [type, bytes] : unchanged.forms())
+        content.set(type, bytes);
+    return itemsIn(content);
+}
+
 std::vector<PasteboardItem> ViewController::itemsIn(const MimeContent& content) const {
     return pasteboardItems(content, shared_.records, platform_.files);
 }

@@ -124,6 +124,9 @@ public:
         const std::string* text = held.get("text/plain");
         return text ? std::optional(*text) : std::nullopt;
     }
+    void dragBegins(const MimeContent& content) override { dragged = content; }
+    void dragEnded() override { dragged.reset(); }
+    MimeContent draggedContent(std::span<const std::string_view> /*types*/) override { return offered; }
     MimeContent content(std::span<const std::string_view> types) override {
         MimeContent known;
         for (const std::string_view type : types)
@@ -142,6 +145,10 @@ public:
 
     MimeContent held;
     int changes = 0;
+    /// What a drag from here carries while it lasts.
+    std::optional<MimeContent> dragged;
+    /// What `draggedContent` returns.
+    MimeContent offered;
 };
 
 class FakeKeyboard : public Keyboard {

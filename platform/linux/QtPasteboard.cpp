@@ -1,11 +1,25 @@
 #include "platform/linux/QtPasteboard.h"
 
+#include "platform/linux/X11.h"
+#include "platform/linux/X11SelectionReader.h"
+
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
 
+#include <algorithm>
+
 namespace tabulon {
 namespace {
+
+constexpr std::string_view kLinkListType = "text/x-moz-url";
+constexpr std::size_t kLargestLinkList = std::size_t{1} << 28;
+
+// Qt under X11 takes such a list of another program for a list of URIs.
+void replaceLinkList(MimeContent& content, const char* selection) {
+    if (const auto list = x11::readSelection(selection, kLinkListType.data(), kLargestLinkList))
+        content.set(kLinkListType, *list);
+}
 
 QString typeName(std::string_view type) {
     return QString::fromLatin1(type.data(), static_cast<qsizetype>(type.size()));
@@ -15,7 +29,7 @@ QString typeName(std::string_view type) {
 
 std::optional<std::string> QtPasteboard::string() {
     const QMimeData* content = QGuiApplication::clipboard()->mimeData();
-    if (!content || !content->hasText())
+    if (!content || !content->hasFormat("text/plain"))
         return std::nullopt;
     return content->text().toStdString();
 }
@@ -28,7 +42,27 @@ MimeContent QtPasteboard::content(std::span<const std::string_view> types) {
     for (const std::string_view type : types)
         if (held->hasFormat(typeName(type)))
             known.set(type, held->data(typeName(type)).toStdString());
+    const bool asksForLinks = std::ranges::find(types, kLinkListType) != types.end();
+    if (asksForLinks && x11::connection() && !QGuiApplication::clipboard()->ownsClipboard() &&
+        held->hasFormat("text/uri-list"))
+        replaceLinkList(known, "CLIPBOARD");
     return known;
+}
+
+void QtPasteboard::dragBegins(const MimeContent& content) {
+    const std::string* list = content.get(kLinkListType);
+    linkLists_.setDragged(list ? QByteArray::fromStdString(*list) : QByteArray());
+}
+
+void QtPasteboard::dragEnded() {
+    linkLists_.setDragged({});
+}
+
+MimeContent QtPasteboard::draggedContent(std::span<const std::string_view> types) {
+    MimeContent content;
+    if (x11::connection() && std::ranges::find(types, kLinkListType) != types.end())
+        replaceLinkList(content, "XdndSelection");
+    return content;
 }
 
 void QtPasteboard::setContent(const MimeContent& content) {
