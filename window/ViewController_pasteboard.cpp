@@ -60,6 +60,9 @@ MimeContent ViewController::contentForDrag(const std::vector<PasteboardItem>& it
 }
 
 std::vector<PasteboardItem> ViewController::itemsInForeignDrag(MimeContent content) const {
+    // Asking a program a second time takes a while, and it may not answer.
+    if (!content.get("text/x-moz-url") && !content.get("text/uri-list"))
+        return itemsIn(content);
     const MimeContent unchanged = platform_.pasteboard.draggedContent(kReadMimeTypes);
     for (const auto& [type, bytes] : unchanged.forms())
         content.set(type, bytes);
@@ -67,7 +70,8 @@ std::vector<PasteboardItem> ViewController::itemsInForeignDrag(MimeContent conte
 }
 
 std::vector<PasteboardItem> ViewController::itemsIn(const MimeContent& content) const {
-    return pasteboardItems(content, shared_.records, platform_.files);
+    return pasteboardItems(
+        content, {.records = shared_.records, .files = platform_.files, .services = platform_.base});
 }
 
 Ref<Bookmark> ViewController::bookmarkOf(const PasteboardItem& item) const {

@@ -8,11 +8,16 @@
 #include <QMimeData>
 
 #include <algorithm>
+#include <chrono>
 
 namespace tabulon {
 namespace {
 
 constexpr std::string_view kLinkListType = "text/x-moz-url";
+using Clock = std::chrono::steady_clock;
+using Deadline = Clock::time_point;
+constexpr auto kPatience = std::chrono::seconds(4); // the toolkit waits five seconds for each form
+
 constexpr std::size_t kLargestLinkList = std::size_t{1} << 28;
 
 // Qt under X11 takes such a list of another program for a list of URIs.
@@ -39,12 +44,15 @@ MimeContent QtPasteboard::content(std::span<const std::string_view> types) {
     const QMimeData* held = QGuiApplication::clipboard()->mimeData();
     if (!held)
         return known;
+    // Asked once: a program that does not answer is waited for each time.
+    const QStringList formats = held->formats();
+    const Deadline deadline = Clock::now() + kPatience;
     for (const std::string_view type : types)
-        if (held->hasFormat(typeName(type)))
+        if (formats.contains(typeName(type)) && Clock::now() < deadline)
             known.set(type, held->data(typeName(type)).toStdString());
     const bool asksForLinks = std::ranges::find(types, kLinkListType) != types.end();
-    if (asksForLinks && x11::connection() && !QGuiApplication::clipboard()->ownsClipboard() &&
-        held->hasFormat("text/uri-list"))
+    if (asksForLinks && Clock::now() < deadline && x11::connection() &&
+        !QGuiApplication::clipboard()->ownsClipboard() && formats.contains("text/uri-list"))
         replaceLinkList(known, "CLIPBOARD");
     return known;
 }

@@ -14,8 +14,10 @@ namespace {
 constexpr int kRequestHeader = 100; // bytes, with room to spare
 constexpr auto kType = "text/x-moz-url";
 
-void selectPropertyChanges(xcb_connection_t* connection, xcb_window_t window, bool selects) {
-    const std::uint32_t events = selects ? XCB_EVENT_MASK_PROPERTY_CHANGE : XCB_EVENT_MASK_NO_EVENT;
+// When it takes a piece, and when it goes.
+void watch(xcb_connection_t* connection, xcb_window_t window, bool watches) {
+    const std::uint32_t events =
+        watches ? XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY : XCB_EVENT_MASK_NO_EVENT;
     xcb_change_window_attributes(connection, window, XCB_CW_EVENT_MASK, &events);
 }
 
@@ -45,6 +47,9 @@ bool X11LinkLists::nativeEventFilter(const QByteArray& eventType, void* message,
         return answer(*reinterpret_cast<const xcb_selection_request_event_t*>(event));
     case XCB_PROPERTY_NOTIFY:
         return sendNextPiece(*reinterpret_cast<const xcb_property_notify_event_t*>(event));
+    case XCB_DESTROY_NOTIFY:
+        forget(reinterpret_cast<const xcb_destroy_notify_event_t*>(event)->window);
+        return false;
     default:
         return false;
     }
@@ -83,7 +88,7 @@ void X11LinkLists::send(const xcb_selection_request_event_t& request, const QByt
         xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, request.requestor, property, links_, 8,
                             static_cast<std::uint32_t>(list.size()), list.constData());
     } else {
-        selectPropertyChanges(connection_, request.requestor, true);
+        watch(connection_, request.requestor, true);
         const auto size = static_cast<std::uint32_t>(list.size());
         xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, request.requestor, property, incremental_, 32,
                             1, &size);
@@ -101,6 +106,10 @@ void X11LinkLists::send(const xcb_selection_request_event_t& request, const QByt
     xcb_flush(connection_);
 }
 
+void X11LinkLists::forget(xcb_window_t window) {
+    std::erase_if(transfers_, [window](const auto& each) { return each.first.first == window; });
+}
+
 // The last piece is an empty one.
 bool X11LinkLists::sendNextPiece(const xcb_property_notify_event_t& change) {
     const auto found = transfers_.find({change.window, change.atom});
@@ -112,7 +121,7 @@ bool X11LinkLists::sendNextPiece(const xcb_property_notify_event_t& change) {
     xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, change.window, change.atom, links_, 8,
                         static_cast<std::uint32_t>(piece.size()), piece.constData());
     if (piece.isEmpty()) {
-        selectPropertyChanges(connection_, change.window, false);
+        watch(connection_, change.window, false);
         transfers_.erase(found);
     } else {
         found->second.remove(0, piece.size());

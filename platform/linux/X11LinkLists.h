@@ -31,6 +31,7 @@ private:
     bool answer(const xcb_selection_request_event_t& request);
     void send(const xcb_selection_request_event_t& request, const QByteArray& list);
     bool sendNextPiece(const xcb_property_notify_event_t& change);
+    void forget(xcb_window_t window);
     int largestPiece() const;
 
     xcb_connection_t* const connection_;

@@ -4,12 +4,16 @@
 
 #include <poll.h>
 
+#include <algorithm>
 #include <chrono>
 
 namespace tabulon::x11 {
 namespace {
 
-constexpr auto kPatience = std::chrono::seconds(2);
+using Time = std::chrono::steady_clock::time_point;
+
+constexpr auto kPatience = std::chrono::seconds(2); // with each piece
+constexpr auto kPatienceInAll = std::chrono::seconds(10);
 constexpr std::uint32_t kPiece = 1 << 18; // in units of four bytes
 
 struct Disconnect {
@@ -102,7 +106,7 @@ private:
             const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(*event);
             if (change.atom != property_ || change.state != XCB_PROPERTY_NEW_VALUE)
                 continue;
-            deadline_ = std::chrono::steady_clock::now() + kPatience;
+            deadline_ = std::min(std::chrono::steady_clock::now() + kPatience, end_);
             const std::size_t before = bytes.size();
             if (!takeProperty(bytes))
                 return std::nullopt;
@@ -114,7 +118,8 @@ private:
 
     const std::unique_ptr<xcb_connection_t, Disconnect> connection_;
     const std::size_t largest_;
-    std::chrono::steady_clock::time_point deadline_ = std::chrono::steady_clock::now() + kPatience;
+    const Time end_ = std::chrono::steady_clock::now() + kPatienceInAll;
+    Time deadline_ = std::chrono::steady_clock::now() + kPatience;
     xcb_atom_t property_ = XCB_ATOM_NONE;
     xcb_atom_t incremental_ = XCB_ATOM_NONE;
     xcb_window_t window_ = XCB_WINDOW_NONE;
