@@ -37,9 +37,9 @@ public:
     virtual MimeContent content(std::span<const std::string_view> types) = 0;
     virtual void setContent(const MimeContent& content) = 0;
 
-    /// A drag of `content` begins in this program; `dragEnded` follows.
+    /// A drag of `content` begins in this program. The program that it is dropped on may fetch it after the
+    /// drag has ended.
     virtual void dragBegins(const MimeContent& content) = 0;
-    virtual void dragEnded() = 0;
     /// What the drag of another program over this one carries, in those of these forms that the toolkit does
     /// not hand on as they are; for all others the toolkit is to be asked.
     virtual MimeContent draggedContent(std::span<const std::string_view> types) = 0;

@@ -21,7 +21,6 @@ std::vector<PasteboardItem> ViewController::beginDraggingSession() {
 }
 
 void ViewController::draggingSessionEnded(DragOperation operation) {
-    platform_.pasteboard.dragEnded();
     shared_.records.clear(NodeRecords::List::Dragged);
     if (operation == DragOperation::Delete)
         dragOperation_ = DragOperation::Delete;

@@ -125,7 +125,6 @@ public:
         return text ? std::optional(*text) : std::nullopt;
     }
     void dragBegins(const MimeContent& content) override { dragged = content; }
-    void dragEnded() override { dragged.reset(); }
     MimeContent draggedContent(std::span<const std::string_view> /*types*/) override { return offered; }
     MimeContent content(std::span<const std::string_view> types) override {
         MimeContent known;
@@ -145,7 +144,7 @@ public:
 
     MimeContent held;
     int changes = 0;
-    /// What a drag from here carries while it lasts.
+    /// What the last drag from here carries.
     std::optional<MimeContent> dragged;
     /// What `draggedContent` returns.
     MimeContent offered;

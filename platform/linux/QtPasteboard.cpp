@@ -62,10 +62,6 @@ void QtPasteboard::dragBegins(const MimeContent& content) {
     linkLists_.setDragged(list ? QByteArray::fromStdString(*list) : QByteArray());
 }
 
-void QtPasteboard::dragEnded() {
-    linkLists_.setDragged({});
-}
-
 MimeContent QtPasteboard::draggedContent(std::span<const std::string_view> types) {
     MimeContent content;
     if (x11::connection() && std::ranges::find(types, kLinkListType) != types.end())

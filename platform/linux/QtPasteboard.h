@@ -13,7 +13,6 @@ public:
     MimeContent content(std::span<const std::string_view> types) override;
     void setContent(const MimeContent& content) override;
     void dragBegins(const MimeContent& content) override;
-    void dragEnded() override;
     MimeContent draggedContent(std::span<const std::string_view> types) override;
 
 private:

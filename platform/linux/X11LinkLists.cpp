@@ -7,12 +7,41 @@
 #include <QMimeData>
 
 #include <algorithm>
+#include <array>
 
 namespace tabulon {
 namespace {
 
 constexpr int kRequestHeader = 100; // bytes, with room to spare
 constexpr auto kType = "text/x-moz-url";
+
+// Browsers of Firefox's family take addresses without titles from a list of URIs, wherever one is offered.
+bool prefersUriLists(xcb_connection_t* connection, xcb_window_t window) {
+    constexpr std::uint32_t kSize = 64; // in units of four bytes
+    const auto cookie = xcb_get_property(connection, 0, window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 0, kSize);
+    const x11::Owned<xcb_get_property_reply_t> reply(xcb_get_property_reply(connection, cookie, nullptr));
+    if (!reply)
+        return false;
+    const QByteArray name = QByteArray(static_cast<const char*>(xcb_get_property_value(reply.get())),
+                                       xcb_get_property_value_length(reply.get()))
+                                .toLower();
+    constexpr std::array kNames = {"firefox",  "navigator",   "librewolf",
+                                   "waterfox", "thunderbird", "seamonkey"};
+    return std::ranges::any_of(kNames, [&name](const char* each) { return name.contains(each); });
+}
+
+void notify(xcb_connection_t* connection, const xcb_selection_request_event_t& request, xcb_atom_t property) {
+    xcb_selection_notify_event_t notify = {};
+    notify.response_type = XCB_SELECTION_NOTIFY;
+    notify.time = request.time;
+    notify.requestor = request.requestor;
+    notify.selection = request.selection;
+    notify.target = request.target;
+    notify.property = property;
+    xcb_send_event(connection, 0, request.requestor, XCB_EVENT_MASK_NO_EVENT,
+                   reinterpret_cast<const char*>(&notify));
+    xcb_flush(connection);
+}
 
 // When it takes a piece, and when it goes.
 void watch(xcb_connection_t* connection, xcb_window_t window, bool watches) {
@@ -29,6 +58,7 @@ X11LinkLists::X11LinkLists() : connection_(x11::connection()) {
     clipboard_ = x11::atom(connection_, "CLIPBOARD");
     drag_ = x11::atom(connection_, "XdndSelection");
     links_ = x11::atom(connection_, kType);
+    uris_ = x11::atom(connection_, "text/uri-list");
     incremental_ = x11::atom(connection_, "INCR");
     qGuiApp->installNativeEventFilter(this);
 }
@@ -66,6 +96,11 @@ QByteArray X11LinkLists::listOf(xcb_atom_t selection) const {
 }
 
 bool X11LinkLists::answer(const xcb_selection_request_event_t& request) {
+    if (request.selection == drag_ && request.target == uris_ && !dragged_.isEmpty() &&
+        prefersUriLists(connection_, request.requestor)) {
+        notify(connection_, request, XCB_ATOM_NONE); // it asks for the list with titles next
+        return true;
+    }
     if (request.target != links_)
         return false;
     const QByteArray list = listOf(request.selection);
@@ -94,16 +129,7 @@ void X11LinkLists::send(const xcb_selection_request_event_t& request, const QByt
                             1, &size);
         transfers_[{request.requestor, property}] = list;
     }
-    xcb_selection_notify_event_t notify = {};
-    notify.response_type = XCB_SELECTION_NOTIFY;
-    notify.time = request.time;
-    notify.requestor = request.requestor;
-    notify.selection = request.selection;
-    notify.target = request.target;
-    notify.property = property;
-    xcb_send_event(connection_, 0, request.requestor, XCB_EVENT_MASK_NO_EVENT,
-                   reinterpret_cast<const char*>(&notify));
-    xcb_flush(connection_);
+    notify(connection_, request, property);
 }
 
 void X11LinkLists::forget(xcb_window_t window) {

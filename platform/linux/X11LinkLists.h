@@ -1,5 +1,6 @@
 // Answers other X11 programs that ask this one for "text/x-moz-url". The toolkit would answer by itself, with
-// the first address and no title; here they get the whole list as it was set.
+// the first address and no title; here they get the whole list as it was set. Where it is dragged over a
+// browser that would take a list of URIs in its place, that is refused.
 #pragma once
 
 #include <xcb/xcb.h>
@@ -18,8 +19,9 @@ public:
     X11LinkLists();
     ~X11LinkLists() override;
 
-    /// The list that a drag from this program carries; empty for none, and when the drag has ended. The list
-    /// on the clipboard is that of the clipboard's own content.
+    /// The list that a drag from this program carries, empty for none. It is handed out until the next one:
+    /// it is often fetched after the drag has ended. The list on the clipboard is that of the clipboard's own
+    /// content.
     void setDragged(QByteArray list) { dragged_ = std::move(list); }
 
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
@@ -38,6 +40,7 @@ private:
     xcb_atom_t clipboard_ = XCB_ATOM_NONE;
     xcb_atom_t drag_ = XCB_ATOM_NONE;
     xcb_atom_t links_ = XCB_ATOM_NONE;
+    xcb_atom_t uris_ = XCB_ATOM_NONE;
     xcb_atom_t incremental_ = XCB_ATOM_NONE;
     QByteArray dragged_;
     std::map<Transfer, QByteArray> transfers_; // what is still to be sent
