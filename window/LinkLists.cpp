@@ -10,6 +10,7 @@
 namespace tabulon {
 namespace {
 
+constexpr std::size_t kMostRepeated = 16;
 constexpr std::string_view kWhiteSpace = " \t\n\r\f\v";
 
 // Line ends are a line feed, or a carriage return and a line feed.
@@ -108,6 +109,9 @@ std::vector<NamedLink> linksOfHtml(std::string_view html) {
         return links;
     const Result<PageLinks> page = readPageLinks(html);
     if (!page)
+        return links;
+    // Every link may repeat a long base.
+    if (page->targets.size() + page->texts.size() > kMostRepeated * html.size())
         return links;
     std::string_view targets = page->targets;
     std::string_view texts = page->texts;

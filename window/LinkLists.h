@@ -29,7 +29,7 @@ std::vector<NamedLink> linksOfPairs(std::string_view text);
 std::vector<NamedLink> linksOfUriList(std::string_view list);
 
 /// The links of HTML (UTF-8) that lead to whole addresses, named by their texts in one line. None for what is
-/// too large (`kLargestSelection`) or too entangled to be read.
+/// too large (`kLargestSelection`), too entangled to be read, or would become sixteen times as much.
 std::vector<NamedLink> linksOfHtml(std::string_view html);
 inline constexpr std::size_t kLargestSelection = std::size_t{1} << 26;
 

@@ -20,8 +20,8 @@ inline constexpr std::string_view kItemsMimeType = "application/x-tabulon-items"
 
 /// The types that `pasteboardItems` looks at.
 inline constexpr std::array<std::string_view, 8> kReadMimeTypes = {
-    kItemsMimeType,  "application/x-xbel", "text/x-moz-place", "text/x-moz-url",
-    "text/uri-list", "_NETSCAPE_URL",      "text/plain",       "text/html"};
+    kItemsMimeType, "text/x-moz-url", "text/uri-list",      "_NETSCAPE_URL",
+    "text/plain",   "text/html",      "application/x-xbel", "text/x-moz-place"};
 
 struct MimeReading {
     /// What is read of another program's tree goes into the list `Received`, which is cleared first.
