@@ -2,36 +2,21 @@
 #include "formats/import/PlacesItems.h"
 
 #include "formats/import/NestedLinks.h"
+#include "tests/BriefTree.h"
 
 #include <gtest/gtest.h>
 
 namespace tabulon {
 namespace {
 
-// "name=url", "-", "name[…]"
-std::string textOf(const Bookmark& folder) {
-    std::string text;
-    if (const ChildList* children = folder.getChildren())
-        for (const Bookmark* child : *children) {
-            text += text.empty() ? "" : " ";
-            if (child->isSeparator())
-                text += "-";
-            else if (child->isFolder())
-                text += child->itemName().string() + "[" + textOf(*child) + "]";
-            else
-                text += child->itemName().string() + "=" + child->itemURL().string();
-        }
-    return text;
-}
-
 std::string places(std::string_view json, std::string_view html = {}) {
     const auto root = readPlacesItems(json, html, Date());
-    return root ? textOf(**root) : "failed";
+    return root ? briefly(**root) : "failed";
 }
 
 std::string nested(std::string_view html) {
     const auto root = readNestedLinks(html, Date());
-    return root ? textOf(**root) : "failed";
+    return root ? briefly(**root) : "failed";
 }
 
 constexpr auto kLink = R"({"title":"A","id":1,"tags":"t","type":"text/x-moz-place","uri":"a:1"})";

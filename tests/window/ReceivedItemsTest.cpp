@@ -1,5 +1,6 @@
 // Trees and lists of links between programs: what is read of others, and what they are handed.
 #include "formats/import/XBELReader.h"
+#include "tests/BriefTree.h"
 #include "tests/window/WindowFixture.h"
 #include "window/LinkLists.h"
 #include "window/MimeItems.h"
@@ -27,32 +28,18 @@ class ReceivedItemsTest : public WindowTest {
 protected:
     using Forms = std::initializer_list<std::pair<const char*, std::string>>;
 
-    /// The whole outline after a paste into an empty document: "name=url", folders as "name[…]".
+    /// The whole outline after a paste into an empty document.
     std::string pasted(Forms forms) {
         hold(forms);
         document.setMaster(makeMaster());
         open();
         controller->pasteEditMenu();
-        return textOf(document.getMaster());
+        return briefly(document.getMaster());
     }
     static Ref<Bookmark> makeMaster() {
         Ref<Bookmark> master = Bookmark::initEmpty();
         master->makeParent();
         return master;
-    }
-    static std::string textOf(const Bookmark& folder) {
-        std::string text;
-        if (const ChildList* children = folder.getChildren())
-            for (const Bookmark* child : *children) {
-                text += text.empty() ? "" : " ";
-                if (child->isSeparator())
-                    text += "-";
-                else if (child->isFolder())
-                    text += child->itemName().string() + "[" + textOf(*child) + "]";
-                else
-                    text += child->itemName().string() + "=" + child->itemURL().string();
-            }
-        return text;
     }
     void hold(Forms forms) {
         pasteboard.held = {};
@@ -100,7 +87,7 @@ TEST_F(ReceivedItemsTest, aReceivedTreeIsDroppedAsACopy) {
     ASSERT_TRUE(ViewController::isDragOfInterest(drag.items));
     ASSERT_EQ(controller->validateDrop(drag, nullptr, std::nullopt), DragOperation::Copy);
     EXPECT_TRUE(controller->acceptDrop(drag, nullptr, std::nullopt));
-    EXPECT_EQ(textOf(document.getMaster()), "F[In=https://in/ Inner[]] - Untitled=mailto:x@y");
+    EXPECT_EQ(briefly(document.getMaster()), "F[In=https://in/ Inner[]] - Untitled=mailto:x@y");
     EXPECT_NE(document.getMaster().getChild(), shared.records.nodes(NodeRecords::List::Received)[0].get());
 }
 
@@ -186,7 +173,7 @@ TEST_F(ReceivedItemsTest, aFolderIsHandedOnAsItsLinksAndAsATree) {
     EXPECT_EQ(copied("text/html"), "<a href=\"https://1/\">one</a><br>\n<a href=\"https://2/ü\">two</a>");
     const auto tree = readXBEL(copied("application/x-xbel"), base.services());
     ASSERT_TRUE(tree);
-    EXPECT_EQ(textOf(**tree), "F & G[one=https://1/ - inner[two=https://2/ü]]");
+    EXPECT_EQ(briefly(**tree), "F & G[one=https://1/ - inner[two=https://2/ü]]");
 }
 
 TEST_F(ReceivedItemsTest, aTreeThatIsTooDeepIsHandedOnWithoutXBEL) {
