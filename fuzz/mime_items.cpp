@@ -1,5 +1,6 @@
 // A number and any bytes as what another program has copied or drags: the bytes in the media type of that
 // number, or in all of them. What is read from it is no more than a small multiple.
+#include "platform/fake/FakeBaseServices.h"
 #include "platform/fake/MemoryFileStore.h"
 #include "window/MimeItems.h"
 
@@ -16,9 +17,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (data[0] == i || data[0] >= kReadMimeTypes.size())
             content.set(std::string(kReadMimeTypes[i]), bytes);
     MemoryFileStore files;
-    const NodeRecords records;
+    FakeBaseServices base;
+    NodeRecords records;
     std::size_t held = 0;
-    for (const PasteboardItem& item : pasteboardItems(content, records, files))
+    for (const PasteboardItem& item :
+         pasteboardItems(content, {.records = records, .files = files, .services = base.services()}))
         for (const auto& [type, value] : item.values())
             held += value.size();
     if (held > 64 * size + 4096)

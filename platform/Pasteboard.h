@@ -31,11 +31,18 @@ class Pasteboard {
 public:
     virtual ~Pasteboard() = default;
 
-    /// The general pasteboard's text, UTF-8; nothing when it holds none.
+    /// The general pasteboard's text, UTF-8; nothing when it holds none. A list of addresses is no text.
     virtual std::optional<std::string> string() = 0;
     /// What it holds, in those of these forms that it has.
     virtual MimeContent content(std::span<const std::string_view> types) = 0;
     virtual void setContent(const MimeContent& content) = 0;
+
+    /// A drag of `content` begins in this program. The program that it is dropped on may fetch it after the
+    /// drag has ended.
+    virtual void dragBegins(const MimeContent& content) = 0;
+    /// What the drag of another program over this one carries, in those of these forms that the toolkit does
+    /// not hand on as they are; for all others the toolkit is to be asked.
+    virtual MimeContent draggedContent(std::span<const std::string_view> types) = 0;
 };
 
 } // namespace tabulon

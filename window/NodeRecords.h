@@ -16,7 +16,11 @@ namespace tabulon {
 /// names nothing for ever.
 class NodeRecords {
 public:
-    enum class List { Copied, Dragged };
+    enum class List {
+        Copied,
+        Dragged,
+        Received, ///< what was last read of another program, in no document's tree
+    };
 
     NodeRecords();
 
@@ -40,8 +44,8 @@ private:
     const Entries& at(List list) const { return lists_[static_cast<std::size_t>(list)]; }
     Entries& at(List list) { return lists_[static_cast<std::size_t>(list)]; }
 
-    std::uint32_t generations_ = 2; // so far, over both lists
-    std::array<Entries, 2> lists_{Entries{0, {}}, Entries{1, {}}};
+    std::uint32_t generations_ = 3; // so far, over all lists
+    std::array<Entries, 3> lists_{Entries{0, {}}, Entries{1, {}}, Entries{2, {}}};
     std::string token_;
 };
 

@@ -201,6 +201,10 @@ public:
     /// Items as the desktop's programs hand them on (MimeItems.h), and back.
     MimeContent mimeContentOf(const std::vector<PasteboardItem>& items) const;
     std::vector<PasteboardItem> itemsIn(const MimeContent& content) const;
+    /// The content of a drag of these items, which begins now.
+    MimeContent contentForDrag(const std::vector<PasteboardItem>& items) const;
+    /// The items in a drag of another program, of which the toolkit has handed on `content`.
+    std::vector<PasteboardItem> itemsInForeignDrag(MimeContent content) const;
     /// Whether an outline takes such a drag at all.
     static bool isDragOfInterest(const std::vector<PasteboardItem>& items);
     /// Where a drop at the pointer would go: over `row` (nothing: below the last one), as far down in it as

@@ -53,8 +53,25 @@ MimeContent ViewController::mimeContentOf(const std::vector<PasteboardItem>& ite
     return mimeContent(items, shared_.records);
 }
 
+MimeContent ViewController::contentForDrag(const std::vector<PasteboardItem>& items) const {
+    MimeContent content = mimeContentOf(items);
+    platform_.pasteboard.dragBegins(content);
+    return content;
+}
+
+std::vector<PasteboardItem> ViewController::itemsInForeignDrag(MimeContent content) const {
+    // Asking a program a second time takes a while, and it may not answer.
+    if (!content.get("text/x-moz-url") && !content.get("text/uri-list"))
+        return itemsIn(content);
+    const MimeContent unchanged = platform_.pasteboard.draggedContent(kReadMimeTypes);
+    for (const auto& [type, bytes] : unchanged.forms())
+        content.set(type, bytes);
+    return itemsIn(content);
+}
+
 std::vector<PasteboardItem> ViewController::itemsIn(const MimeContent& content) const {
-    return pasteboardItems(content, shared_.records, platform_.files);
+    return pasteboardItems(
+        content, {.records = shared_.records, .files = platform_.files, .services = platform_.base});
 }
 
 Ref<Bookmark> ViewController::bookmarkOf(const PasteboardItem& item) const {

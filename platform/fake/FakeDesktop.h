@@ -124,6 +124,8 @@ public:
         const std::string* text = held.get("text/plain");
         return text ? std::optional(*text) : std::nullopt;
     }
+    void dragBegins(const MimeContent& content) override { dragged = content; }
+    MimeContent draggedContent(std::span<const std::string_view> /*types*/) override { return offered; }
     MimeContent content(std::span<const std::string_view> types) override {
         MimeContent known;
         for (const std::string_view type : types)
@@ -142,6 +144,10 @@ public:
 
     MimeContent held;
     int changes = 0;
+    /// What the last drag from here carries.
+    std::optional<MimeContent> dragged;
+    /// What `draggedContent` returns.
+    MimeContent offered;
 };
 
 class FakeKeyboard : public Keyboard {

@@ -3,45 +3,25 @@
 // for it, is granted. The message that a start has been dealt with is the startup-notification protocol's.
 #include "platform/linux/Activation.h"
 
-#include <xcb/xcb.h>
+#include "platform/linux/X11.h"
 
-#include <QGuiApplication>
 #include <QWidget>
 #include <QWindow>
 
 #include <algorithm>
 #include <charconv>
-#include <cstdlib>
 #include <cstring>
-#include <memory>
 #include <string_view>
 
 namespace tabulon {
 namespace {
 
+using x11::atom;
+using x11::rootWindow;
+
 constexpr auto kTokenVariable = "XDG_ACTIVATION_TOKEN";
 constexpr auto kStartupVariable = "DESKTOP_STARTUP_ID";
 constexpr std::uint32_t kFromTheUser = 2;
-
-struct Free {
-    void operator()(void* memory) const { std::free(memory); }
-};
-
-xcb_connection_t* x11Connection() {
-    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 ? x11->connection() : nullptr;
-}
-
-xcb_window_t rootWindow(xcb_connection_t* connection) {
-    return xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
-}
-
-xcb_atom_t atom(xcb_connection_t* connection, std::string_view name) {
-    const auto cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
-    const std::unique_ptr<xcb_intern_atom_reply_t, Free> reply(
-        xcb_intern_atom_reply(connection, cookie, nullptr));
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
 
 xcb_client_message_event_t message(xcb_window_t window, xcb_atom_t type, std::uint8_t format) {
     xcb_client_message_event_t event = {};
@@ -114,7 +94,7 @@ void beginActivation(const LaunchRequest& request) {
 }
 
 void endActivation(const LaunchRequest& request, QWidget* window) {
-    xcb_connection_t* connection = x11Connection();
+    xcb_connection_t* connection = x11::connection();
     if (!connection)
         return;
     if (window)

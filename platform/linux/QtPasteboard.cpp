@@ -1,11 +1,30 @@
 #include "platform/linux/QtPasteboard.h"
 
+#include "platform/linux/X11.h"
+#include "platform/linux/X11SelectionReader.h"
+
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
 
+#include <algorithm>
+#include <chrono>
+
 namespace tabulon {
 namespace {
+
+constexpr std::string_view kLinkListType = "text/x-moz-url";
+using Clock = std::chrono::steady_clock;
+using Deadline = Clock::time_point;
+constexpr auto kPatience = std::chrono::seconds(4); // the toolkit waits five seconds for each form
+
+constexpr std::size_t kLargestLinkList = std::size_t{1} << 28;
+
+// Qt under X11 takes such a list of another program for a list of URIs.
+void replaceLinkList(MimeContent& content, const char* selection) {
+    if (const auto list = x11::readSelection(selection, kLinkListType.data(), kLargestLinkList))
+        content.set(kLinkListType, *list);
+}
 
 QString typeName(std::string_view type) {
     return QString::fromLatin1(type.data(), static_cast<qsizetype>(type.size()));
@@ -15,7 +34,7 @@ QString typeName(std::string_view type) {
 
 std::optional<std::string> QtPasteboard::string() {
     const QMimeData* content = QGuiApplication::clipboard()->mimeData();
-    if (!content || !content->hasText())
+    if (!content || !content->hasFormat("text/plain"))
         return std::nullopt;
     return content->text().toStdString();
 }
@@ -25,10 +44,29 @@ MimeContent QtPasteboard::content(std::span<const std::string_view> types) {
     const QMimeData* held = QGuiApplication::clipboard()->mimeData();
     if (!held)
         return known;
+    // Asked once: a program that does not answer is waited for each time.
+    const QStringList formats = held->formats();
+    const Deadline deadline = Clock::now() + kPatience;
     for (const std::string_view type : types)
-        if (held->hasFormat(typeName(type)))
+        if (formats.contains(typeName(type)) && Clock::now() < deadline)
             known.set(type, held->data(typeName(type)).toStdString());
+    const bool asksForLinks = std::ranges::find(types, kLinkListType) != types.end();
+    if (asksForLinks && Clock::now() < deadline && x11::connection() &&
+        !QGuiApplication::clipboard()->ownsClipboard() && formats.contains("text/uri-list"))
+        replaceLinkList(known, "CLIPBOARD");
     return known;
+}
+
+void QtPasteboard::dragBegins(const MimeContent& content) {
+    const std::string* list = content.get(kLinkListType);
+    linkLists_.setDragged(list ? QByteArray::fromStdString(*list) : QByteArray());
+}
+
+MimeContent QtPasteboard::draggedContent(std::span<const std::string_view> types) {
+    MimeContent content;
+    if (x11::connection() && std::ranges::find(types, kLinkListType) != types.end())
+        replaceLinkList(content, "XdndSelection");
+    return content;
 }
 
 void QtPasteboard::setContent(const MimeContent& content) {

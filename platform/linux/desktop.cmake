@@ -3,6 +3,7 @@ tabulon_library(tabulon_linux
   SOURCES
     Activation.cpp ApplicationAdaptor.cpp DBusInstance.cpp GioWorkspace.cpp QtAlerts.cpp QtPanels.cpp QtPasteboard.cpp
     QtProgressPanels.cpp QtTimers.cpp SessionEvents.cpp
+    X11.cpp X11LinkLists.cpp X11SelectionReader.cpp
   LINKS tabulon_platform Qt6::DBus Qt6::Widgets
   PRIVATE_LINKS PkgConfig::GIO PkgConfig::XCB)
 set_target_properties(tabulon_linux PROPERTIES AUTOMOC ON)

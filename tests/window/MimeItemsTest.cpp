@@ -1,6 +1,7 @@
 // Pasteboard items in the media types of the desktop.
 #include "window/MimeItems.h"
 
+#include "platform/fake/FakeBaseServices.h"
 #include "platform/fake/MemoryFileStore.h"
 
 #include <gtest/gtest.h>
@@ -20,7 +21,7 @@ protected:
         for (const auto& [type, bytes] : forms)
             content.set(type, bytes);
         std::vector<std::string> texts;
-        for (const PasteboardItem& item : pasteboardItems(content, records, files)) {
+        for (const PasteboardItem& item : pasteboardItems(content, {records, files, services})) {
             std::string text;
             for (const auto& [type, value] : item.values())
                 text += (text.empty() ? "" : " ") + type.substr(type.find('.') + 1) + "=" + value;
@@ -36,6 +37,8 @@ protected:
     }
     using Texts = std::vector<std::string>;
 
+    FakeBaseServices base;
+    BaseServices services = base.services();
     NodeRecords records;
     MemoryFileStore files;
 };
@@ -61,7 +64,7 @@ TEST_F(MimeItemsTest, mozillasListInItsVariants) {
     EXPECT_EQ(read({{"text/x-moz-url", "\xFF\xFE" + utf16("https://a/\nT") + "\0\0"s}}),
               (Texts{"url=https://a/ url-name=T"}));
     EXPECT_EQ(read({{"text/x-moz-url", utf16("https://a/\r\nT\r\n")}}), (Texts{"url=https://a/ url-name=T"}));
-    EXPECT_EQ(read({{"text/x-moz-url", "\x3D\xD8\x00\xDE\n\0\xE9\0"s}}), (Texts{"url=😀 url-name=é"}));
+    EXPECT_EQ(read({{"text/x-moz-url", "a\0:\0\x3D\xD8\x00\xDE\n\0\xE9\0"s}}), (Texts{"url=a:😀 url-name=é"}));
     EXPECT_EQ(read({{"text/x-moz-url", "x"}, {"text/plain", "text"}}).size(), 1u) << "half a unit";
     EXPECT_EQ(read({{"text/x-moz-url", ""}, {"text/uri-list", "https://a/"}}), (Texts{"url=https://a/"}));
 }
@@ -133,7 +136,8 @@ TEST_F(MimeItemsTest, ownItemsComeBackAsTheyWere) {
     PasteboardItem second;
     second.set("x", "\0\xFF"s);
     const MimeContent content = mimeContent({first, PasteboardItem(), second}, records);
-    EXPECT_EQ(pasteboardItems(content, records, files), (std::vector{first, PasteboardItem(), second}));
+    EXPECT_EQ(pasteboardItems(content, {records, files, services}),
+              (std::vector{first, PasteboardItem(), second}));
     EXPECT_EQ(*content.get("text/uri-list"), "https://a/%20b\r\n") << "one line";
 }
 

@@ -288,8 +288,10 @@ TEST_F(PasteboardTest, recordsOfAnotherProcessAreNotFollowed) {
     Bookmark& link = add(makeLink("Title", "https://l/"));
     open();
     copy({&link});
-    const SharedState other;
-    const auto items = pasteboardItems(pasteboard.held, other.records, files);
+    SharedState other;
+    pasteboard.held.set("application/x-xbel", "");
+    const auto items = pasteboardItems(
+        pasteboard.held, {.records = other.records, .files = files, .services = base.services()});
     ASSERT_EQ(items.size(), 1u);
     EXPECT_FALSE(items[0].offers(kItemType));
     EXPECT_EQ(*items[0].get(kURLType), "https://l/");

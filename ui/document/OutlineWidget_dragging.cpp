@@ -35,7 +35,7 @@ void OutlineWidget::startDrag(Qt::DropActions) {
     endEditing();
     const std::vector<PasteboardItem> items = controller_->beginDraggingSession();
     auto* drag = new QDrag(this); // which goes when it is over
-    drag->setMimeData(makeMimeData(controller_->mimeContentOf(items)).release());
+    drag->setMimeData(makeMimeData(controller_->contentForDrag(items)).release());
     drag->setPixmap(pictureOfSelection());
     drag->setHotSpot(QPoint(iconSize_ / 2, rowHeight_ / 2));
     const QPointer<OutlineWidget> alive(this);
@@ -80,7 +80,9 @@ bool OutlineWidget::beginDragOver(const QDropEvent& event) {
     endDragOver();
     if (!controller_)
         return false;
-    draggedItems_ = controller_->itemsIn(mimeContentOf(*event.mimeData(), kReadMimeTypes));
+    MimeContent content = mimeContentOf(*event.mimeData(), kReadMimeTypes);
+    draggedItems_ =
+        event.source() ? controller_->itemsIn(content) : controller_->itemsInForeignDrag(std::move(content));
     const auto* from = qobject_cast<const OutlineWidget*>(event.source());
     dragSource_ = from ? from->controller() : nullptr;
     return ViewController::isDragOfInterest(draggedItems_);

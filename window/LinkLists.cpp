@@ -1,0 +1,128 @@
+#include "window/LinkLists.h"
+
+#include "formats/import/PageLinks.h"
+#include "formats/import/TextDecoding.h"
+#include "model/Ascii.h"
+#include "model/Lines.h"
+
+#include <algorithm>
+
+namespace tabulon {
+namespace {
+
+constexpr std::size_t kMostRepeated = 16;
+constexpr std::string_view kWhiteSpace = " \t\n\r\f\v";
+
+// Line ends are a line feed, or a carriage return and a line feed.
+std::vector<std::string_view> linesOfList(std::string_view text) {
+    std::vector<std::string_view> lines = linesOf(text);
+    for (std::string_view& line : lines)
+        if (line.ends_with('\r'))
+            line.remove_suffix(1);
+    return lines;
+}
+
+// The length of "scheme:" at the beginning, or 0.
+std::size_t schemeLength(std::string_view text) {
+    const std::size_t colon = text.find(':');
+    if (colon == std::string_view::npos || colon == 0 || !ascii::isLetter(text[0]))
+        return 0;
+    const bool isScheme = std::ranges::all_of(text.substr(0, colon), [](char c) {
+        return ascii::isLetter(c) || ascii::isDigit(c) || c == '+' || c == '-' || c == '.';
+    });
+    return isScheme ? colon + 1 : 0;
+}
+
+// White space may stand in it, but for its beginning: some programs do not escape it.
+bool isAddress(std::string_view line) {
+    const std::size_t scheme = schemeLength(line);
+    return scheme > 0 && scheme < line.size() && kWhiteSpace.find(line[scheme]) == std::string_view::npos;
+}
+
+std::string inOneLine(std::string_view text) {
+    std::string line;
+    while (!text.empty()) {
+        const std::size_t begin = std::min(text.find_first_not_of(kWhiteSpace), text.size());
+        text.remove_prefix(begin);
+        const std::string_view word = text.substr(0, text.find_first_of(kWhiteSpace));
+        line += line.empty() || word.empty() ? "" : " ";
+        line += word;
+        text.remove_prefix(word.size());
+    }
+    return line;
+}
+
+// The values of a list in which each is followed by a form feed.
+std::string_view takeValue(std::string_view& list) {
+    const std::string_view value = list.substr(0, list.find('\f'));
+    list.remove_prefix(std::min(value.size() + 1, list.size()));
+    return value;
+}
+
+} // namespace
+
+bool hasAddress(std::string_view text) {
+    return text.find("://") != std::string_view::npos || text.find("mailto:") != std::string_view::npos ||
+           isAddress(text);
+}
+
+std::vector<NamedLink> linksOfPairs(std::string_view text) {
+    std::vector<NamedLink> links;
+    bool titleIsDue = false;
+    for (const std::string_view line : linesOfList(text)) {
+        if (titleIsDue) {
+            links.back().title = line;
+            titleIsDue = false;
+        } else if (isAddress(line)) {
+            links.push_back({std::string(line), {}});
+            titleIsDue = true;
+        } else if (!links.empty() && !line.empty()) {
+            (links.back().title += links.back().title.empty() ? "" : " ") += line;
+        }
+    }
+    return links;
+}
+
+std::string utf8OfMozilla(std::string_view bytes) {
+    std::string text = decodeText("\xFF\xFE" + std::string(bytes), TextKind::Plain).text;
+    if (text.starts_with("\uFEFF"))
+        text.erase(0, std::string_view("\uFEFF").size());
+    text.erase(std::min(text.find('\0'), text.size()));
+    return text;
+}
+
+std::vector<NamedLink> linksOfMozillaList(std::string_view bytes) {
+    return linksOfPairs(utf8OfMozilla(bytes));
+}
+
+std::vector<NamedLink> linksOfUriList(std::string_view list) {
+    std::vector<NamedLink> links;
+    for (const std::string_view line : linesOfList(list))
+        if (!line.starts_with('#') && isAddress(line))
+            links.push_back({std::string(line), {}});
+    return links;
+}
+
+std::vector<NamedLink> linksOfHtml(std::string_view html) {
+    std::vector<NamedLink> links;
+    if (html.size() > kLargestSelection)
+        return links;
+    const Result<PageLinks> page = readPageLinks(html);
+    if (!page)
+        return links;
+    // Every link may repeat a long base.
+    if (page->targets.size() + page->texts.size() > kMostRepeated * html.size())
+        return links;
+    std::string_view targets = page->targets;
+    std::string_view texts = page->texts;
+    while (!targets.empty()) {
+        const std::string_view target = takeValue(targets);
+        const std::string_view text = takeValue(texts);
+        // What leads from a page to itself counts from this address where the page has none.
+        if (isAddress(target) && !target.starts_with("about:blank"))
+            links.push_back({std::string(target), inOneLine(text)});
+    }
+    return links;
+}
+
+} // namespace tabulon

@@ -1,0 +1,129 @@
+// What other programs are handed of items: texts, lists of links, and a tree.
+#include "formats/XmlEntities.h"
+#include "formats/export/XBEL.h"
+#include "model/TreeWalk.h"
+#include "window/MimeItems.h"
+#include "window/PrivateItems.h"
+
+#include <fmt/format.h>
+#include <unicode/unistr.h>
+
+#include <algorithm>
+#include <cstdint>
+
+namespace tabulon {
+namespace {
+
+// What may not stand in a URI stands as percent escapes.
+std::string uriOf(std::string_view url) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    std::string uri;
+    for (const char c : url) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte > 0x20 && byte < 0x7F && c != '"' && c != '<' && c != '>') {
+            uri += c;
+        } else {
+            uri += '%';
+            uri += kDigits[byte >> 4];
+            uri += kDigits[byte & 15];
+        }
+    }
+    return uri;
+}
+
+std::string oneLine(std::string_view text) {
+    std::string line(text);
+    std::ranges::replace_if(
+        line, [](char c) { return c == '\n' || c == '\r'; }, ' ');
+    return line;
+}
+
+void appendUtf16(std::string& bytes, std::string_view utf8) {
+    const auto units = icu::UnicodeString::fromUTF8({utf8.data(), static_cast<int32_t>(utf8.size())});
+    for (int32_t i = 0; i < units.length(); ++i) {
+        bytes += static_cast<char>(units[i] & 0xFF);
+        bytes += static_cast<char>(units[i] >> 8);
+    }
+}
+
+// The lists of links. One that would be too long is left out whole.
+class LinkListWriter {
+public:
+    /// A link itself, or all links below a folder, in their order.
+    void add(const Bookmark& node) {
+        if (!node.isFolder())
+            return addLink(node);
+        walkBelow(node, [this](const Bookmark& inner) {
+            if (!inner.isFolder())
+                addLink(inner);
+            return inner.isFolder();
+        });
+    }
+
+    void setIn(MimeContent& content) {
+        setIfAny(content, "text/uri-list", uris_);
+        setIfAny(content, "text/x-moz-url", mozilla_);
+        setIfAny(content, "text/html", html_);
+    }
+
+private:
+    void addLink(const Bookmark& link) {
+        if (link.isSeparator() || link.itemURL().isEmpty() || size_ > kLargestMimeForm)
+            return;
+        const std::string url = oneLine(link.itemURL().view());
+        const std::string name = oneLine(link.itemName().view());
+        uris_ += uriOf(url) + "\r\n";
+        appendUtf16(mozilla_, fmt::format("{}{}\n{}", mozilla_.empty() ? "" : "\n", url, name));
+        html_ += fmt::format("{}<a href=\"{}\">{}</a>", html_.empty() ? "" : "<br>\n", escapeXmlEntities(url),
+                             escapeXmlEntities(name));
+        size_ = std::max({uris_.size(), mozilla_.size(), html_.size()});
+    }
+
+    void setIfAny(MimeContent& content, std::string_view type, std::string& bytes) const {
+        if (!bytes.empty() && size_ <= kLargestMimeForm)
+            content.set(type, std::move(bytes));
+    }
+
+    std::string uris_;
+    std::string mozilla_;
+    std::string html_;
+    std::size_t size_ = 0; // of the longest list
+};
+
+void setXBEL(MimeContent& content, const std::vector<Ref<Bookmark>>& nodes) {
+    const Ref<Bookmark> root = Bookmark::initEmpty();
+    root->makeParent();
+    for (const Ref<Bookmark>& node : nodes)
+        root->addChild(deepCopy(*node));
+    XBELExportOptions options;
+    options.mostBytes = kLargestMimeForm;
+    if (Result<std::string> file = exportToXBEL(*root, options); file && root->hasChildren())
+        content.set("application/x-xbel", *std::move(file));
+}
+
+} // namespace
+
+MimeContent mimeContent(const std::vector<PasteboardItem>& items, const NodeRecords& records) {
+    std::string text;
+    LinkListWriter lists;
+    std::vector<Ref<Bookmark>> nodes;
+    for (const PasteboardItem& item : items) {
+        if (const std::string* string = item.get(kStringType))
+            text += (text.empty() ? "" : "\n") + *string;
+        const std::string* record = item.get(kItemType);
+        Ref<Bookmark> node = record ? records.find(*record) : nullptr;
+        if (!node)
+            continue;
+        lists.add(*node);
+        nodes.push_back(std::move(node));
+    }
+    MimeContent content;
+    content.set(kItemsMimeType, privateForm(items, records.token()));
+    if (!text.empty())
+        content.set("text/plain", std::move(text));
+    lists.setIn(content);
+    setXBEL(content, nodes);
+    return content;
+}
+
+} // namespace tabulon

@@ -1,0 +1,20 @@
+// Trees of bookmarks that other programs copy and drag: "application/x-xbel", and Firefox's
+// "text/x-moz-place".
+#pragma once
+
+#include "model/Bookmark.h"
+#include "platform/BaseServices.h"
+#include "platform/Pasteboard.h"
+
+#include <cstddef>
+
+namespace tabulon {
+
+/// Of what is larger the next form is read, in bytes.
+inline constexpr std::size_t kLargestReceivedTree = std::size_t{1} << 26;
+
+/// A root folder with what was copied or dragged; null where neither form is there, or can be read, or has
+/// anything in it. Links are classified; what has no name is called as new links are.
+Ref<Bookmark> receivedTree(const MimeContent& content, const BaseServices& services);
+
+} // namespace tabulon
