@@ -2,7 +2,6 @@
 
 #include "model/TreeWalk.h"
 
-#include <deque>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -53,11 +52,21 @@ bool isAlike(const Bookmark& a, const Bookmark& b, Likeness likeness) {
     return false;
 }
 
+// Covers all that isAlike compares: links of one name and URL may be many, and differ in their notes only.
+std::size_t hashOfContent(const Bookmark& node) {
+    if (node.isSeparator())
+        return 1;
+    std::size_t hash = 0;
+    for (const Text* text : {&node.itemName(), &node.itemURL(), &node.itemNote(), &node.itemTags()})
+        hash = hash * 31 + std::hash<std::string_view>()(text->view());
+    return hash;
+}
+
 std::size_t hashOf(const Bookmark& node, Likeness likeness) {
     const std::hash<std::string_view> hash;
     switch (likeness) {
     case Likeness::Content:
-        return node.isSeparator() ? 1 : hash(node.itemName().view()) * 31 + hash(node.itemURL().view());
+        return hashOfContent(node);
     case Likeness::Main:
         return hash(mainText(node).view());
     case Likeness::Name:
@@ -88,7 +97,12 @@ private:
         Likeness likeness;
         bool operator()(const Bookmark* a, const Bookmark* b) const { return isAlike(*a, *b, likeness); }
     };
-    using Candidates = std::unordered_map<const Bookmark*, std::deque<Bookmark*>, Hash, Equal>;
+    // Nodes that are alike, in their order. Those before `next` are taken.
+    struct Queue {
+        std::vector<Bookmark*> nodes;
+        std::size_t next = 0;
+    };
+    using Candidates = std::unordered_map<const Bookmark*, Queue, Hash, Equal>;
 
     static Candidates candidatesFor(Likeness likeness) {
         return Candidates(0, Hash{likeness}, Equal{likeness});
@@ -135,7 +149,7 @@ private:
         Candidates candidates = candidatesFor(likeness);
         for (Bookmark* child : *a.getChildren())
             if (isFree(*child, likeness))
-                candidates[child].push_back(child);
+                candidates[child].nodes.push_back(child);
         if (candidates.empty())
             return;
         for (Bookmark* child : *b.getChildren())
@@ -146,7 +160,7 @@ private:
         Candidates candidates = candidatesFor(likeness);
         walkBelow(before_, [&](Bookmark& node) {
             if (isFree(node, likeness) && !node.isSeparator())
-                candidates[&node].push_back(&node);
+                candidates[&node].nodes.push_back(&node);
             return true;
         });
         if (candidates.empty())
@@ -162,11 +176,11 @@ private:
         if (!isFree(node, likeness))
             return;
         const auto found = candidates.find(&node);
-        if (found == candidates.end() || found->second.empty())
+        if (found == candidates.end())
             return;
-        Bookmark& partner = *found->second.front();
-        found->second.pop_front();
-        pair(partner, node);
+        Queue& queue = found->second;
+        if (queue.next < queue.nodes.size())
+            pair(*queue.nodes[queue.next++], node);
     }
 
     const Bookmark& before_;
