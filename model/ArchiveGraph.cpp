@@ -116,18 +116,16 @@ Class Graph::resolveClass(std::uint64_t uid) {
 
 // What holds the text of an archived object: the text itself, or the text or data inside a string object.
 Graph::Object Graph::textBehind(Object object) {
-    if (object.kind() != Kind::Dictionary)
-        return BinaryPlist::isText(object) ? object : Object();
-    if (classOf(object) != Class::String) {
-        if (find(object, Key::String).kind() != Kind::Damaged ||
-            find(object, Key::Bytes).kind() != Kind::Damaged)
-            damaged("a text has an unknown class.");
-        return {};
+    if (BinaryPlist::isText(object))
+        return object;
+    if (object.kind() == Kind::Dictionary && classOf(object) == Class::String) {
+        if (const Object text = find(object, Key::String); BinaryPlist::isText(text))
+            return text;
+        if (const Object bytes = find(object, Key::Bytes); bytes.kind() == Kind::Data)
+            return bytes;
     }
-    if (const Object text = find(object, Key::String); BinaryPlist::isText(text))
-        return text;
-    const Object bytes = find(object, Key::Bytes);
-    return bytes.kind() == Kind::Data ? bytes : Object();
+    damaged("a text is something else, or of an unknown class.");
+    return {};
 }
 
 Text Graph::text(std::uint64_t uid) {
@@ -160,17 +158,12 @@ Text Graph::longText(std::uint64_t uid, Object object) {
 // The number inside an archived date. Dates of one writer look alike: where keys and class are those of the
 // date before, so are the places.
 Graph::Object Graph::timeOf(Object object) {
-    if (object.kind() != Kind::Dictionary || object.count() == 0)
+    if (object.kind() != Kind::Dictionary)
         return {};
-    if (isLikeTheLastDate(object))
+    if (object.count() > 0 && isLikeTheLastDate(object))
         return element(object, date_.timePlace);
-    const Class kind = classOf(object);
     const std::uint64_t timePlace = placeOf(object, Key::Time);
-    if (timePlace != kNowhere && kind != Class::Date)
-        damaged("a date has an unknown class.");
-    if (timePlace == kNowhere && kind == Class::Date && object.count() > 1)
-        damaged("a date has no time.");
-    if (timePlace == kNowhere || kind != Class::Date)
+    if (timePlace == kNowhere || classOf(object) != Class::Date)
         return {};
     if (object.count() <= kSmall)
         date_ = {object, placeOf(object, Key::Class), timePlace};
@@ -178,13 +171,12 @@ Graph::Object Graph::timeOf(Object object) {
 }
 
 Date Graph::decodeDate(Object object) {
-    if (object.kind() == Kind::Date)
-        return Date::fromReferenceSeconds(object.real());
-    const Object time = timeOf(object);
+    const Object time = object.kind() == Kind::Date ? object : timeOf(object);
     if (time.kind() == Kind::Real || time.kind() == Kind::Date)
         return Date::fromReferenceSeconds(time.real());
     if (time.kind() == Kind::Integer)
         return Date::fromReferenceSeconds(static_cast<double>(static_cast<std::int64_t>(time.value())));
+    damaged("a date is something else, of an unknown class or without its time.");
     return {};
 }
 

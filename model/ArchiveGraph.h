@@ -56,8 +56,8 @@ public:
     /// The references of an archived array; Damaged for anything else, which is noted only when the bytes are
     /// wrong.
     Object arrayBehind(std::uint64_t uid);
-    /// The text or date with this number, null for anything else. A long text is shared between those who
-    /// ask for it after the first.
+    /// The text or date with this number, null for number 0. Anything else is noted. A long text is shared
+    /// between those who ask for it after the first.
     Text text(std::uint64_t uid);
     Date date(std::uint64_t uid);
 

@@ -190,6 +190,50 @@ TEST(ArchiveDamage, damagedClassesOfDatesAndTexts) {
     refused(boxed.document(boxed.addNode({{"Name", uid(text)}})));
 }
 
+// The message for a bookmark whose value under `key` is what `value` adds to the archive.
+template <class AddValue>
+std::string messageFor(const char* key, const AddValue& value) {
+    TestArchive archive;
+    const std::int64_t node = archive.addNode({{key, uid(value(archive))}});
+    return refused(archive.document(archive.addFolder("Master", {node}))).message;
+}
+
+// What damage has made of a text or a date is not missing: it would be missing in the file after the next
+// save.
+TEST(ArchiveDamage, textThatIsSomethingElse) {
+    for (const char* key : {"Name", "URL", "Note", "Tags"}) {
+        for (const Value& value : {real(5), integer(4), data("text"), dictionary({})})
+            EXPECT_NE(messageFor(key, [&](TestArchive& to) { return to.add(value); }).find("a text"),
+                      std::string::npos);
+        for (const Pairs& pairs : {Pairs{}, Pairs{{"NS.string", real(5)}}, Pairs{{"NS.bytes", ascii("t")}}}) {
+            const auto addObject = [&](TestArchive& to) {
+                Pairs all = pairs;
+                all.emplace_back("$class", uid(to.addClass({"NSString", "NSObject"})));
+                return to.add(dictionary(all));
+            };
+            EXPECT_NE(messageFor(key, addObject).find("a text"), std::string::npos);
+        }
+        EXPECT_NE(messageFor(key, [](TestArchive& to) { return to.addDate(5); }).find("a text"),
+                  std::string::npos);
+    }
+}
+
+TEST(ArchiveDamage, dateThatIsSomethingElse) {
+    for (const char* key : {"DateAdded", "DateModified", "LastChecked", "LastOpened"}) {
+        for (const Value& value : {ascii("yesterday"), real(5), dictionary({})})
+            EXPECT_NE(messageFor(key, [&](TestArchive& to) { return to.add(value); }).find("a date"),
+                      std::string::npos);
+        for (const Pairs& pairs : {Pairs{}, Pairs{{"NS.time", ascii("noon")}}}) {
+            const auto addObject = [&](TestArchive& to) {
+                Pairs all = pairs;
+                all.emplace_back("$class", uid(to.dateClass()));
+                return to.add(dictionary(all));
+            };
+            EXPECT_NE(messageFor(key, addObject).find("a date"), std::string::npos);
+        }
+    }
+}
+
 TEST(ArchiveDamage, misspeltKey) {
     for (const char* key : {"Nbme", "Nam", "Name\x01", "URL2", "", "Chjldren"}) {
         TestArchive archive;

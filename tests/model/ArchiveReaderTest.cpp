@@ -122,17 +122,13 @@ TEST(ArchiveReader, numbersServeAsBooleansAndTheReverse) {
 
 TEST(ArchiveReader, valuesOfTheWrongKindCountAsMissing) {
     TestArchive archive;
-    const OneLink one(archive, {{"Name", uid(archive.addDate(3))},
-                                {"URL", integer(4)},
-                                {"DateAdded", uid(archive.add(ascii("yesterday")))},
+    const OneLink one(archive, {{"URL", integer(4)},
                                 {"DateModified", real(5)},
                                 {"Type", real(3)},
                                 {"Label", ascii("3")},
                                 {"Folder", ascii("YES")}});
     ASSERT_TRUE(one.node);
-    EXPECT_TRUE(one.node->itemName().isNull());
     EXPECT_TRUE(one.node->itemURL().isNull());
-    EXPECT_TRUE(one.node->itemDateAdded().isNull());
     EXPECT_TRUE(one.node->itemDateModified().isNull());
     EXPECT_EQ(one.node->getType(), 0);
     EXPECT_EQ(one.node->getLabel(), 0);
@@ -178,15 +174,6 @@ TEST(ArchiveReader, sharedTextsAndDatesArriveEverywhere) {
         EXPECT_TRUE(node->itemNote().sharesBytesWith(master->getLast()->itemName()));
         EXPECT_EQ(node->itemDateAdded(), Date::fromReferenceSeconds(77));
     }
-}
-
-TEST(ArchiveReader, anEmptyDictionaryAsTheFirstDateIsNone) {
-    TestArchive archive;
-    const std::int64_t nothing = archive.add(dictionary({}));
-    const Ref<Bookmark> master =
-        read(archive.document(archive.addFolder("Master", {archive.addNode({{"DateAdded", uid(nothing)}})})));
-    ASSERT_TRUE(master);
-    EXPECT_TRUE(master->getChild()->itemDateAdded().isNull());
 }
 
 TEST(ArchiveReader, oneTextUnderManyNumbersIsReadForAll) {
