@@ -8,11 +8,11 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstring>
 #include <map>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 
 namespace tabulon {
 namespace {
@@ -131,8 +131,14 @@ private:
     struct Recent {
         std::string_view text;
         std::uint64_t reference = 0; // 0 for none
+
+        bool isOf(std::string_view other) const { return reference != 0 && text == other; }
     };
-    std::vector<Recent> recentTexts_{std::size_t{1} << kSlotBits}; // short texts, by a hash of theirs
+    struct Slot {
+        Recent latest;
+        Recent other;
+    };
+    std::vector<Slot> recentTexts_{std::size_t{1} << kSlotBits}; // short texts, by a hash of theirs
     std::uint64_t null_ = 0;
     std::uint64_t false_ = 0;
     std::uint64_t true_ = 0;
@@ -170,10 +176,13 @@ std::uint64_t Writer::textReference(const Text& text) {
     // in memory, so that the same tree gives the same file.
     if (text.view().size() >= kLongText)
         return longTextReference(text);
-    Recent& recent = recentTexts_[slotFor(text.view())];
-    if (recent.reference == 0 || recent.text != text.view())
-        recent = {text.view(), newText(text.view())};
-    return recent.reference;
+    Slot& slot = recentTexts_[slotFor(text.view())];
+    if (slot.latest.isOf(text.view()))
+        return slot.latest.reference;
+    std::swap(slot.latest, slot.other);
+    if (!slot.latest.isOf(text.view()))
+        slot.latest = {text.view(), newText(text.view())};
+    return slot.latest.reference;
 }
 
 // A text that is shared in memory is looked at once, however many nodes have it.
@@ -195,15 +204,18 @@ std::uint64_t Writer::newText(std::string_view text) {
     return plist_.writeUid(uid);
 }
 
-// Looking up each short text among all would take longer than writing it; its slot is that of few others.
+// Looking up each short text among all would take longer than writing it; its slot is that of few others. All
+// of the text counts: texts of one pattern differ in their middle only.
 std::size_t Writer::slotFor(std::string_view text) {
-    std::uint64_t first = 0;
-    std::uint64_t last = 0;
-    const std::size_t size = std::min<std::size_t>(text.size(), 8);
-    std::memcpy(&first, text.data(), size);
-    std::memcpy(&last, text.data() + text.size() - size, size);
-    const std::uint64_t hash = (first ^ std::rotl(last, 23) ^ text.size()) * 0x9E3779B97F4A7C15u;
-    return hash >> (64 - kSlotBits);
+    constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15u;
+    std::uint64_t hash = text.size();
+    for (std::size_t place = 0; place < text.size(); place += 8) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, text.data() + place, std::min<std::size_t>(text.size() - place, 8));
+        hash = (hash ^ word) * kFactor;
+        hash ^= hash >> 32;
+    }
+    return hash * kFactor >> (64 - kSlotBits);
 }
 
 std::uint64_t Writer::dateReference(Date date) {

@@ -261,5 +261,40 @@ TEST(ArchiveWriter, aTextThatManyNodesHaveIsWrittenOnce) {
         EXPECT_LE(sizeWith(length), least + length + 16) << length;
 }
 
+// The nodes have the URLs that `urlOf` makes of their numbers.
+template <class URLOf>
+std::string documentOfURLs(int nodes, const URLOf& urlOf) {
+    const Ref<Bookmark> master = Bookmark::initEmpty();
+    master->makeParent();
+    for (int i = 0; i < nodes; ++i) {
+        Ref<Bookmark> node = Bookmark::initEmpty();
+        node->setItemURL(urlOf(i));
+        master->addChild(std::move(node));
+    }
+    return writeDocumentArchive(*master);
+}
+
+std::size_t occurrences(const std::string& bytes, const std::string& text) {
+    std::size_t count = 0;
+    for (std::size_t at = bytes.find(text); at != std::string::npos; at = bytes.find(text, at + 1))
+        ++count;
+    return count;
+}
+
+TEST(ArchiveWriter, alternatingTextsOfOnePatternAreWrittenOnce) {
+    const auto url = [](int i) { return std::string("https://example.org/") + "ab"[i % 2] + "/index.html"; };
+    const std::string bytes = documentOfURLs(20'000, url);
+    EXPECT_EQ(occurrences(bytes, url(0)), 1u);
+    EXPECT_EQ(occurrences(bytes, url(1)), 1u);
+}
+
+// Among 10,000 other texts some are looked for in the place of the one that every second node has.
+TEST(ArchiveWriter, aTextIsWrittenOnceWhateverStandsBetween) {
+    const std::string often = "https://example.org/often";
+    const std::string bytes = documentOfURLs(
+        20'000, [&](int i) { return i % 2 == 0 ? often : "https://example.org/" + std::to_string(i); });
+    EXPECT_EQ(occurrences(bytes, often), 1u);
+}
+
 } // namespace
 } // namespace tabulon
