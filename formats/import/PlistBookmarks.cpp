@@ -3,6 +3,7 @@
 #include "formats/import/PlistEntries.h"
 
 #include <algorithm>
+#include <array>
 #include <vector>
 
 namespace tabulon {
@@ -30,10 +31,12 @@ public:
     virtual void fillFolder(Object entry, Bookmark& folder) const = 0;
     /// Fills a link, unless the entry is to be dropped.
     virtual Entry fillLink(Object entry, Bookmark& link) const = 0;
+    /// Notes damage where an entry of any kind has keys that no program writes so.
+    virtual void requireSoundKeys(Object entry) const = 0;
     /// Notes damage where an entry of that kind has more to it than it seems.
     virtual void requireEmpty(Object entry) const = 0;
     /// Notes damage where there are entries that no folder holds.
-    virtual void requireAllSeen() const = 0;
+    virtual void requireNoneLost() const = 0;
 
 protected:
     Text text(Object entry, std::string_view key) const { return list_.text(entry, key); }
@@ -74,6 +77,12 @@ public:
         return Entry::Link;
     }
 
+    void requireSoundKeys(Object entry) const override {
+        static constexpr std::array<std::string_view, 4> kNoLists = {"Title", "URLString", "previewText",
+                                                                     "Description"};
+        list_.requireSoundKeys(entry, kNoLists);
+    }
+
     void requireEmpty(Object entry) const override {
         const Object names = list_.value(entry, "URIDictionary");
         // Safari has the address there too, under an empty key.
@@ -86,7 +95,7 @@ public:
                        : std::initializer_list<std::string_view>{"Children", "URLString", "URIDictionary"});
     }
 
-    void requireAllSeen() const override { list_.requireAllSeen({"URLString", "URIDictionary"}, 1); }
+    void requireNoneLost() const override { list_.requireNoneLost({"URLString", "URIDictionary"}, 1); }
 };
 
 class ICabEntries : public EntryReader {
@@ -120,8 +129,14 @@ public:
         return Entry::Link;
     }
 
+    void requireSoundKeys(Object entry) const override {
+        static constexpr std::array<std::string_view, 5> kNoLists = {"Title", "URL", "Description",
+                                                                     "FolderType", "BookmarkType"};
+        list_.requireSoundKeys(entry, kNoLists);
+    }
+
     void requireEmpty(Object entry) const override { list_.requireNone(entry, {"Children", "URL", "Title"}); }
-    void requireAllSeen() const override { list_.requireAllSeen({"Title", "URL"}, 2); }
+    void requireNoneLost() const override { list_.requireNoneLost({"Title", "URL"}, 2); }
 
 private:
     Date date(Object entry, std::string_view key) const {
@@ -166,7 +181,11 @@ public:
     Result<Ref<Bookmark>> run() {
         Ref<Bookmark> root = newFolder();
         root->setItemName("Master");
-        enter(list_.children(list_.top()), *root);
+        const Object children = list_.children(list_.top());
+        entries_.requireSoundKeys(list_.top());
+        if (children.kind() != Kind::Array)
+            list_.requireNone(list_.top(), {"Children"});
+        enter(children, *root);
         while (!levels_.empty() && !list_.isDamaged()) {
             Level& level = levels_.back();
             if (level.next == level.entries.count()) {
@@ -180,7 +199,7 @@ public:
                 return cancelledByUser();
             take(entry, *level.parent);
         }
-        entries_.requireAllSeen();
+        entries_.requireNoneLost();
         return list_.isDamaged() ? Result<Ref<Bookmark>>(list_.damage()) : root;
     }
 
@@ -216,19 +235,21 @@ private:
     void take(Object entry, Bookmark& parent) {
         if (entry.kind() != Kind::Dictionary)
             return list_.noteForeignEntry();
+        entries_.requireSoundKeys(entry);
         const Object children = list_.children(entry);
         Ref<Bookmark> node = Bookmark::init(now_);
         if (children.kind() == Kind::Array) {
             node->makeParent();
             entries_.fillFolder(entry, *node);
             enter(children, *node);
-        } else if (const Entry kind = entries_.fillLink(entry, *node); kind == Entry::Link) {
-            node->determineType();
-        } else {
-            if (kind == Entry::Empty)
-                entries_.requireEmpty(entry);
-            return;
+            return parent.addChild(std::move(node));
         }
+        const Entry kind = entries_.fillLink(entry, *node);
+        if (kind == Entry::Empty)
+            entries_.requireEmpty(entry);
+        if (kind != Entry::Link)
+            return;
+        node->determineType();
         parent.addChild(std::move(node));
     }
 

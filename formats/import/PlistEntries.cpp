@@ -18,12 +18,6 @@ PlistEntries::Object PlistEntries::object(std::uint64_t id) {
     return object;
 }
 
-PlistEntries::Object PlistEntries::seen(std::uint64_t id) {
-    if (id < isSeen_.size())
-        isSeen_[id] = true;
-    return object(id);
-}
-
 PlistEntries::Object PlistEntries::value(Object dictionary, std::string_view key) {
     if (dictionary.kind() != Kind::Dictionary)
         return {};
@@ -32,7 +26,7 @@ PlistEntries::Object PlistEntries::value(Object dictionary, std::string_view key
         if (!BinaryPlist::isText(name))
             damaged("a key of an entry is no text.");
         if (BinaryPlist::textEquals(name, key))
-            return seen(list_.binary().reference(dictionary, dictionary.count() + i - 1));
+            return object(list_.binary().reference(dictionary, dictionary.count() + i - 1));
     }
     return {};
 }
@@ -78,27 +72,75 @@ void PlistEntries::noteForeignEntry() {
         damaged("a folder lists something that is no bookmark.");
 }
 
-void PlistEntries::requireNone(Object entry, std::initializer_list<std::string_view> keys) {
-    if (list_.isXml())
-        return;
-    if (entry.count() == 0 || !endsWhereAnotherBegins(entry))
-        damaged("an entry is cut off.");
-    for (std::uint64_t i = 0; i < entry.count(); ++i) {
-        const Object key = object(list_.binary().reference(entry, i));
-        if (!BinaryPlist::isText(key) || key.count() > 32)
-            continue;
-        const Text name = BinaryPlist::text(key);
-        const bool isOne = std::any_of(keys.begin(), keys.end(), [&](std::string_view known) {
-            return name.view() == known || isMisspelt(name.view(), known);
-        });
-        // A list under a key of any other name may be a folder's.
-        const Object value = object(list_.binary().reference(entry, entry.count() + i));
-        if (isOne || value.kind() == Kind::Array)
-            damaged("an entry has neither a name nor an address that can be read.");
-    }
+bool PlistEntries::isMisspeltKey(std::uint64_t key, std::string_view known) {
+    const Object name = object(key);
+    return BinaryPlist::isText(name) && name.count() <= kLongestKey &&
+           isMisspelt(BinaryPlist::text(name).view(), known);
 }
 
-void PlistEntries::requireAllSeen(std::initializer_list<std::string_view> keys, std::ptrdiff_t enough) {
+void PlistEntries::requireNone(Object entry, std::initializer_list<std::string_view> keys) {
+    if (list_.isXml() || entry.kind() != Kind::Dictionary)
+        return;
+    if (!endsWhereAnotherBegins(entry))
+        damaged("an entry is cut off.");
+    for (std::uint64_t i = 0; i < entry.count(); ++i)
+        for (const std::string_view known : keys)
+            if (const std::uint64_t key = list_.binary().reference(entry, i);
+                BinaryPlist::textEquals(object(key), known) || isMisspeltKey(key, known))
+                damaged("an entry has neither a name nor an address that can be read.");
+}
+
+void PlistEntries::requireSoundKeys(Object entry, std::span<const std::string_view> noLists) {
+    if (list_.isXml() || entry.kind() != Kind::Dictionary)
+        return;
+    std::vector<std::uint64_t> keys;
+    for (std::uint64_t i = 0; i < entry.count(); ++i) {
+        const std::uint64_t key = list_.binary().reference(entry, i);
+        keys.push_back(key);
+        const std::uint64_t value = list_.binary().reference(entry, entry.count() + i);
+        if (list_.binary().object(value).kind() != Kind::Array)
+            continue;
+        const Object name = object(key);
+        if (isMisspeltKey(key, "Children") ||
+            std::any_of(noLists.begin(), noLists.end(),
+                        [&](std::string_view known) { return BinaryPlist::textEquals(name, known); }))
+            damaged("a list stands under a key that has none.");
+    }
+    std::sort(keys.begin(), keys.end());
+    if (std::adjacent_find(keys.begin(), keys.end()) != keys.end())
+        damaged("an entry has a key twice.");
+}
+
+std::vector<bool> PlistEntries::reachableObjects() {
+    const BinaryPlist& plist = list_.binary();
+    std::vector<bool> isReached(plist.objectCount());
+    std::vector<std::uint64_t> open;
+    const auto reach = [&](std::uint64_t id) {
+        if (id < isReached.size() && !isReached[id]) {
+            isReached[id] = true;
+            open.push_back(id);
+        }
+    };
+    reach(plist.topObject());
+    std::uint64_t references = 0;
+    while (!open.empty()) {
+        const Object container = plist.object(open.back());
+        open.pop_back();
+        if (container.kind() != Kind::Array && container.kind() != Kind::Dictionary)
+            continue;
+        const std::uint64_t count = container.count() * (container.kind() == Kind::Dictionary ? 2 : 1);
+        references += count;
+        if (references > list_.size()) {
+            damaged("objects of its property list overlap.");
+            break;
+        }
+        for (std::uint64_t i = 0; i < count; ++i)
+            reach(plist.reference(container, i));
+    }
+    return isReached;
+}
+
+void PlistEntries::requireNoneLost(std::initializer_list<std::string_view> keys, std::ptrdiff_t enough) {
     if (list_.isXml())
         return;
     const auto isBookmark = [&](Object entry) {
@@ -107,9 +149,10 @@ void PlistEntries::requireAllSeen(std::initializer_list<std::string_view> keys, 
                    return value(entry, key).kind() != Kind::Damaged;
                }) >= enough;
     };
+    const std::vector<bool> isReached = reachableObjects();
     std::uint64_t pairs = 0;
-    for (std::uint64_t id = 0; id < isSeen_.size() && !isDamaged(); ++id) {
-        const Object entry = isSeen_[id] ? Object() : object(id);
+    for (std::uint64_t id = 0; id < isReached.size() && !isDamaged(); ++id) {
+        const Object entry = isReached[id] ? Object() : object(id);
         if (entry.kind() != Kind::Dictionary)
             continue;
         pairs += entry.count();

@@ -156,15 +156,40 @@ TEST_F(PlistBookmarks, childrenThatAreNoListAreRefused) {
 }
 
 // What programs keep beside the bookmarks is theirs, whatever its keys are called.
-TEST_F(PlistBookmarks, inXmlOtherDataOfTheProgramIsPassedOver) {
+TEST_F(PlistBookmarks, otherDataOfTheProgramIsPassedOver) {
     const std::string link = dictionary(key("Title", "t") + key("URLString", "u") + key("URL", "u"));
     const std::string top = dictionary("<key>Children</key><array>" + link + "</array><key>Elsewhere</key>" +
                                        link + "<key>Proxies</key><array>" + link + "</array>");
-    for (const Read reader : {readSafariBookmarks, readICabBookmarks}) {
-        const auto tree = reader(list(top), fakes.services(), nullptr);
-        ASSERT_TRUE(tree);
-        EXPECT_EQ(count(**tree), 1u);
+    for (const std::string& xml :
+         {list(top), list(dictionary("<key>TabGroups</key>" + folder("", link) + "<key>Recent</key>" + link +
+                                     "<key>Children</key><array>" + link + "</array>"))})
+        for (const std::string& file : {xml, *binaryPlistFromXml(xml)})
+            for (const Read reader : {readSafariBookmarks, readICabBookmarks}) {
+                const auto tree = reader(file, fakes.services(), nullptr);
+                ASSERT_TRUE(tree) << tree.error().message;
+                EXPECT_EQ(count(**tree), 1u);
+            }
+}
+
+TEST_F(PlistBookmarks, entriesWithNeitherNameNorAddressAreDroppedWhateverElseTheyHave) {
+    const std::string link = dictionary(key("Title", "t") + key("URLString", "u") + key("URL", "u"));
+    for (const std::string& content :
+         {std::string(), "<key>Items</key><array>" + link + "</array>", "<key>Sync</key>" + link,
+          "<key>Options</key><array/><key>State</key><dict/>" + key("Identifier", "History")}) {
+        EXPECT_EQ(count(*safari(dictionary(content) + link)), 1u) << content;
+        EXPECT_EQ(count(*iCab(link + dictionary(content))), 1u) << content;
     }
+}
+
+TEST_F(PlistBookmarks, aBinaryListWithoutChildrenAtTheTopIsEmpty) {
+    const std::string link = dictionary(key("Title", "t") + key("URLString", "u") + key("URL", "u"));
+    for (const std::string& top : {dictionary(""), dictionary("<key>Elsewhere</key>" + folder("", link)),
+                                   dictionary("<key>Elsewhere</key>" + link)})
+        for (const Read reader : {readSafariBookmarks, readICabBookmarks}) {
+            const auto tree = reader(*binaryPlistFromXml(list(top)), fakes.services(), nullptr);
+            ASSERT_TRUE(tree) << tree.error().message;
+            EXPECT_EQ(count(**tree), 0u);
+        }
 }
 
 TEST_F(PlistBookmarks, inABinaryListWhatWouldDropBookmarksIsRefused) {
@@ -172,8 +197,7 @@ TEST_F(PlistBookmarks, inABinaryListWhatWouldDropBookmarksIsRefused) {
     const std::vector<std::string> tops = {
         folder("", "<string>no entry</string>"),
         dictionary("<key>Children</key><array/><key>Childsen</key><array>" + link + "</array>"),
-        dictionary("<key>Elsewhere</key>" + folder("", "")),
-        dictionary("<key>Elsewhere</key>" + link),
+        folder("", dictionary(key("Title", "t") + "<key>Childsen</key><array>" + link + "</array>")),
     };
     const auto isRefused = [&](Read reader, const std::string& top) {
         return !reader(*binaryPlistFromXml(list(top)), fakes.services(), nullptr);
@@ -189,37 +213,47 @@ TEST_F(PlistBookmarks, inABinaryListWhatWouldDropBookmarksIsRefused) {
         EXPECT_TRUE(isRefused(readICabBookmarks, folder("", dictionary(entry)))) << entry;
 }
 
-// Reads what became of a list and expects a refusal or a tree of the same shape; it may have more nodes,
-// where an entry that is none has become one.
-void checkDamaged(Read reader, const std::string& bytes, const std::vector<std::size_t>& shape,
-                  std::size_t place) {
+// Whether a damaged list is refused, with a sentence, or read as a tree of the same shape; it may have more
+// nodes, where an entry that is none has become one.
+bool isRefusedOrWhole(Read reader, const std::string& bytes, const std::vector<std::size_t>& shape) {
     FakeBaseServices fakes;
-    if (const auto tree = reader(bytes, fakes.services(), nullptr)) {
-        const std::vector<std::size_t> left = test::shapeOf(**tree);
-        ASSERT_TRUE(left == shape || left.size() > shape.size()) << "at byte " << place;
-    } else {
-        ASSERT_TRUE(tree.error().message.ends_with('.'));
-    }
+    const auto tree = reader(bytes, fakes.services(), nullptr);
+    if (!tree)
+        return tree.error().message.ends_with('.');
+    const std::vector<std::size_t> left = test::shapeOf(**tree);
+    return left == shape || left.size() > shape.size();
 }
 
+// Damage that makes another text of a key cannot always be told from a list that has its children elsewhere,
+// or none: where the reference to "Children" in one folder leads to another text ("News" with a list under it
+// may be any program's), or where the place of a key or of an object in the offset table leads elsewhere.
+// That is less than one in a hundred bits of these lists. Damage to the key itself, which would take the
+// children of all folders, is always refused.
 void flipEveryBit(Read reader, const std::string& whole) {
     FakeBaseServices fakes;
     const auto tree = reader(whole, fakes.services(), nullptr);
     ASSERT_TRUE(tree) << tree.error().message;
     const std::vector<std::size_t> shape = test::shapeOf(**tree);
-    for (std::size_t bit = 0; bit < 8 * whole.size() && !testing::Test::HasFatalFailure(); ++bit) {
+    const std::size_t childrenKey = whole.find("Children");
+    std::size_t untold = 0;
+    for (std::size_t bit = 0; bit < 8 * whole.size(); ++bit) {
         std::string bytes = whole;
         bytes[bit / 8] = static_cast<char>(bytes[bit / 8] ^ 1 << bit % 8);
-        checkDamaged(reader, bytes, shape, bit / 8);
+        if (isRefusedOrWhole(reader, bytes, shape))
+            continue;
+        ++untold;
+        EXPECT_TRUE(bit / 8 + 1 < childrenKey || bit / 8 >= childrenKey + 8) << "at byte " << bit / 8;
     }
-    for (std::size_t place = 0; place < whole.size() && !testing::Test::HasFatalFailure(); place += 64) {
+    EXPECT_LT(untold, 8 * whole.size() / 100);
+    for (std::size_t place = 0; place < whole.size(); place += 64) {
         std::string bytes = whole;
         const std::size_t size = std::min<std::size_t>(64, whole.size() - place);
-        checkDamaged(reader, bytes.replace(place, size, size, '\0'), shape, place);
+        EXPECT_TRUE(isRefusedOrWhole(reader, bytes.replace(place, size, size, '\0'), shape))
+            << "sector at " << place;
     }
 }
 
-TEST_F(PlistBookmarks, damageInABinaryListIsRefusedOrEveryBookmarkIsThere) {
+TEST_F(PlistBookmarks, damageInABinaryListIsRefusedOrEveryBookmarkIsThereButForLostKeys) {
     std::string entries;
     for (int f = 0; f < 3; ++f) {
         std::string links;
