@@ -98,8 +98,11 @@ public:
     void done();
     /// The same without the change.
     void cancel();
-    /// Saves a change and stays: the user goes on elsewhere while the panel is up.
+    /// Saves a change and stays: the user goes on elsewhere while the panel is up. A node that has left the
+    /// tree is not changed.
     void keepChange();
+    /// Nodes have left the tree. A panel whose node is among them is dismissed without its change.
+    void nodesDidLeave();
 
     void selectNote(const std::string& string);
     void selectTags(const std::string& string);
@@ -107,6 +110,7 @@ public:
 private:
     void show(Bookmark& node);
     void fillPanel();
+    bool isInTree(const Bookmark& node) const;
     void doneBookmark();
     void saveBookmark();
     void step(Bookmark* target);

@@ -127,6 +127,7 @@ void ViewController::setMaster(Bookmark& master) {
     window_->showEmptyState(rows_.size() == 0);
     statusLine_.treeDidChange();
     statusLine_.showCounts();
+    nodesDidLeave();
 }
 
 void ViewController::documentStateChanged() {

@@ -412,6 +412,7 @@ private:
     void addFirst(Ref<Bookmark> item, Bookmark& folder);
     void removeItem(Bookmark& item);
     void tellDeletion(std::vector<RemovedItem> removed);
+    void nodesDidLeave();
     void beginChangingManyRows();
     void endChangingManyRows();
     Ref<Bookmark> bookmarkOf(const PasteboardItem& item) const;
@@ -422,7 +423,7 @@ private:
     DropSpot spotBefore(std::size_t row) const;
     DropSpot spotBehind(std::size_t row, int level) const;
     std::optional<Place> placeOfDrop(Bookmark* item, std::optional<std::size_t> childIndex) const;
-    Ref<Bookmark> droppedNode(const DragInfo& drag, Ref<Bookmark> node, Place& place);
+    Ref<Bookmark> droppedNode(const DragInfo& drag, const PasteboardItem& dragged, Place& place);
     void selectDropped(const std::vector<Ref<Bookmark>>& dropped);
     void fieldDidChange(Bookmark& item, std::size_t row);
     void editCurrentRow(Column column);

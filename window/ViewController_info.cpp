@@ -19,6 +19,12 @@ void ViewController::getInfo() {
     window_->presentInfo(info_);
 }
 
+// Nodes have left the tree for good.
+void ViewController::nodesDidLeave() {
+    if (info_)
+        info_->nodesDidLeave();
+}
+
 void ViewController::selectRowOf(const Bookmark& item) {
     if (const auto row = rowForItem(item)) {
         outline().selectRows({{*row, 1}});
