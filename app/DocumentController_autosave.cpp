@@ -167,7 +167,7 @@ void DocumentController::recover(const UnsavedDocuments::Copy& copy) {
         return;
     unsaved_.adopt(*document, copy.path);
     document->updateChangeCount(ChangeKind::Done);
-    getViewController(*document)->statusLine().showStatus(platform_.base.texts.text("Recovered"));
+    getViewController(*document)->statusLine().showStatusUntilSaved(platform_.base.texts.text("Recovered"));
 }
 
 } // namespace tabulon
