@@ -126,7 +126,8 @@ QString OutlineWidget::toolTipAt(const QPoint& point) const {
         return {};
     const auto row = static_cast<std::size_t>(index.row());
     const Column column = OutlineModel::columnAt(index.column());
-    const CellContent cell = controller_->viewForTableColumn(column, row, true);
+    const CellContent cell =
+        controller_->viewForTableColumn(column, row, selectionModel()->isSelected(index));
     QRect textRect = textArea(index.row(), column);
     if (cell.kind == CellKind::NameView) {
         const NameCellLayout layout = layOutNameCell(index.row(), cell);
