@@ -333,6 +333,8 @@ public:
     /// none begins by itself any more.
     void beginEditing(Column column, std::size_t row);
     void endEdit();
+    /// Editing does not begin by itself for the selection of before: a menu opens.
+    void cancelAutoEdit() { autoEdit_.reset(); }
     /// Ends editing in place, if it goes on, and takes over what was typed. Every action does so before it
     /// runs.
     void commitEditing();

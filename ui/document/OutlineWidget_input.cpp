@@ -83,6 +83,7 @@ void OutlineWidget::contextMenuEvent(QContextMenuEvent* event) {
     static const QMetaMethod kWanted = QMetaMethod::fromSignal(&OutlineWidget::contextMenuWanted);
     if (!controller_ || !isSignalConnected(kWanted))
         return event->ignore();
+    controller_->cancelAutoEdit();
     endEditing();
     const bool byMouse = event->reason() == QContextMenuEvent::Mouse;
     const QModelIndex index = byMouse ? indexAt(event->pos()) : QModelIndex();
