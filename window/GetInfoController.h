@@ -41,6 +41,8 @@ public:
     virtual std::string frame() const = 0;
     virtual void setFrame(const std::string& frame) = 0;
     virtual void dismiss() = 0;
+    /// It comes to the front and has the keyboard.
+    virtual void bringToFront() = 0;
 };
 
 class GetInfoController {
@@ -56,6 +58,8 @@ public:
     /// The view is there: it gets its frame, its title and the fields.
     void setPanel(InfoPanel* panel);
     bool isShown() const { return panel_ != nullptr; }
+    /// Requires that it is shown.
+    void bringToFront() { panel_->bringToFront(); }
 
     /// The node that is shown. Null only before the first one.
     Bookmark* original() const { return original_.get(); }

@@ -10,8 +10,12 @@ void ViewController::getInfo() {
     if (items.empty())
         return noSelection();
     Bookmark& item = items.size() > 1 && current ? rows_.at(*current) : *items.front();
-    if (info_ && info_->isShown())
-        return info_->editBookmark(item);
+    if (info_ && info_->isShown()) {
+        info_->editBookmark(item);
+        if (!window_->findBar().hasKeyboard()) // else the user types on
+            info_->bringToFront();
+        return;
+    }
     if (info_)
         info_->outlineIsGone();
     info_ = std::make_shared<GetInfoController>(*this, platform_);

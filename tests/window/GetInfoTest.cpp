@@ -407,6 +407,18 @@ TEST_F(GetInfoTest, aPanelStaysWithANodeThatIsMoved) {
     EXPECT_EQ(c->itemName(), Text("kept"));
 }
 
+TEST_F(GetInfoTest, askedForAgainItComesToTheFrontUnlessTheUserSearches) {
+    plant();
+    getInfo();
+    EXPECT_EQ(panel().broughtToFront, 0);
+    select({b});
+    getInfo();
+    EXPECT_EQ(panel().broughtToFront, 1);
+    window->bar.keyboard = true;
+    getInfo();
+    EXPECT_EQ(panel().broughtToFront, 1);
+}
+
 TEST_F(GetInfoTest, cancellingGivesTheChangeUp) {
     plant();
     GetInfoController& info = getInfo();
