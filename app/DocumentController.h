@@ -158,6 +158,8 @@ private:
     Result<void> writeByItself(Document& document);
     Result<void> writeBytes(Document& document, const std::string& path, const std::string& bytes);
     bool writeOrAlert(Document& document, const std::string& path);
+    bool isAlertUp(const OpenDocument& opened) const;
+    void askLater(OpenDocument& opened);
     void whileAlertIsUp(const Document& document, const std::function<void()>& show);
     int ask(const Alert& alert);
     void failedSaveAlert(const Document& document, const std::string& path, const Error& error);

@@ -84,13 +84,23 @@ void DocumentController::autosaveBesideFile(OpenDocument& opened, const std::opt
     const bool wasAsked = opened.autosave.asked && opened.autosave.askedAbout == identity;
     if (moment != Moment::Pause || asking_ || wasAsked)
         return;
-    if (opened.alertsUp > 0) {
-        opened.autosave.deferred = true;
-        return;
-    }
+    if (isAlertUp(opened))
+        return askLater(opened);
     opened.autosave.asked = true;
     opened.autosave.askedAbout = identity;
     saveDocument(opened.document, [](bool) {});
+}
+
+bool DocumentController::isAlertUp(const OpenDocument& opened) const {
+    return opened.alertsUp > 0 || platform_.alerts.isAskingAbout(&opened.document);
+}
+
+// The end of an alert of the rows is not known here: saving by itself tries again after its pause.
+void DocumentController::askLater(OpenDocument& opened) {
+    if (opened.alertsUp > 0)
+        opened.autosave.deferred = true;
+    else
+        noteChange(opened);
 }
 
 // Shows an alert about the document. Saving by itself brings up no other one over it: what it has to tell
@@ -115,13 +125,12 @@ int DocumentController::ask(const Alert& alert) {
 void DocumentController::noteAutosave(OpenDocument& opened, std::string_view failureKey,
                                       const Result<void>& saved) {
     const bool isNews = !saved && !opened.autosave.failureTold;
-    opened.autosave.failureTold = !saved && (!isNews || opened.alertsUp == 0);
+    const bool isBusy = isAlertUp(opened);
+    opened.autosave.failureTold = !saved && (!isNews || !isBusy);
     if (!isNews)
         return;
-    if (opened.alertsUp > 0) {
-        opened.autosave.deferred = true;
-        return;
-    }
+    if (isBusy)
+        return askLater(opened);
     const Document& document = opened.document;
     const std::string& file = document.fileName();
     whileAlertIsUp(document, [&] {
@@ -167,7 +176,7 @@ void DocumentController::recover(const UnsavedDocuments::Copy& copy) {
         return;
     unsaved_.adopt(*document, copy.path);
     document->updateChangeCount(ChangeKind::Done);
-    getViewController(*document)->statusLine().showStatus(platform_.base.texts.text("Recovered"));
+    getViewController(*document)->statusLine().showStatusUntilSaved(platform_.base.texts.text("Recovered"));
 }
 
 } // namespace tabulon

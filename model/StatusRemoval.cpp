@@ -43,8 +43,10 @@ Removal removeByStatus(Bookmark& root, const RemovalOptions& options, const Loca
     removal.places = placesOf(removal.items);
     for (const Ref<Bookmark>& item : removal.items) {
         item->detachMe();
-        if (!options.move)
+        if (!options.move) {
+            item->setParent(nullptr); // its folder may be freed before it
             continue;
+        }
         if (item.get() == basket) // a link of the basket's name, which cannot go into itself
             basket = searchBasket(root, basketName, texts);
         if (!basket) {

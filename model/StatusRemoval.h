@@ -34,10 +34,10 @@ struct Removal {
     bool madeBasket = false;
 };
 
-/// Deletes the links below `root` whose status the options name, or moves each to the top of the Waste
-/// Basket, so that later ones come above earlier ones. A missing basket is made at the end of the top level,
-/// at `now`. Folders are not removed; links directly in the basket stay and do not count when links are
-/// moved.
+/// Deletes the links below `root` whose status the options name, which have no parent then, or moves each to
+/// the top of the Waste Basket, so that later ones come above earlier ones. A missing basket is made at the
+/// end of the top level, at `now`. Folders are not removed; links directly in the basket stay and do not
+/// count when links are moved.
 Removal removeByStatus(Bookmark& root, const RemovalOptions& options, const Localization& texts, Date now);
 
 /// What is told after a pass that has removed so many links.

@@ -5,9 +5,12 @@
 #include "ui/Strings.h"
 #include "ui/TextFieldCommands.h"
 
+#include <QApplication>
 #include <QMenu>
 #include <QSet>
 #include <QTimer>
+
+#include <utility>
 
 namespace tabulon {
 namespace {
@@ -57,12 +60,27 @@ MainMenuBar::MainMenuBar(AppDelegate& app, std::function<void()> willPerform)
         enableAll(menu);
         connect(menu, &QMenu::aboutToShow, this, [=, this] { refill(menu, static_cast<qsizetype>(place)); });
         // Once it is closed every key must be able to reach its item again.
-        connect(menu, &QMenu::aboutToHide, this,
-                [=, this] { QTimer::singleShot(0, menu, [menu] { enableAll(menu); }); });
+        connect(menu, &QMenu::aboutToHide, this, [=, this] {
+            QTimer::singleShot(0, menu, [=, this] {
+                enableAll(menu);
+                if (!QApplication::activePopupWidget())
+                    target_.reset();
+            });
+        });
     }
 }
 
+// Reached by keys the bar has the keyboard itself, and hands it back before an item runs.
+void MainMenuBar::noteTarget() {
+    QWidget* keyboard = QApplication::focusWidget();
+    target_.reset();
+    if (keyboard && keyboard != this)
+        target_ = keyboard;
+}
+
 void MainMenuBar::refill(QMenu* menu, qsizetype place) {
+    emit menuWillOpen();
+    noteTarget();
     const Menu content = app_.mainMenu();
     qDeleteAll(menu->findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
     menu->clear();
@@ -99,11 +117,17 @@ void MainMenuBar::add(QMenu* menu, const MenuItem& item, const QString& title) {
         action->setCheckable(true);
         action->setChecked(true);
     }
-    connect(action, &QAction::triggered, this, [this, item] {
-        willPerform_();
-        if (!performInTextField(item.action))
-            app_.performMenuItem(item);
-    });
+    connect(action, &QAction::triggered, this, [this, item] { perform(item); });
+}
+
+// An item of an open menu acts on what it was enabled for; a key acts on what has the keyboard now.
+void MainMenuBar::perform(const MenuItem& item) {
+    const auto target = std::exchange(target_, std::nullopt);
+    willPerform_();
+    if (target && target->isNull() && isTextFieldCommand(item.action))
+        return; // its field is gone, and the rows were not meant
+    if (!performInTextField(item.action, target ? target->data() : QApplication::focusWidget()))
+        app_.performMenuItem(item);
 }
 
 } // namespace tabulon

@@ -5,8 +5,10 @@
 #include "platform/Menu.h"
 
 #include <QMenuBar>
+#include <QPointer>
 
 #include <functional>
+#include <optional>
 
 class QMenu;
 
@@ -29,13 +31,20 @@ public:
     /// `app` must live longer. `willPerform` is called before an item's action runs.
     MainMenuBar(AppDelegate& app, std::function<void()> willPerform);
 
+signals:
+    void menuWillOpen();
+
 private:
+    void noteTarget();
+    void perform(const MenuItem& item);
     void refill(QMenu* menu, qsizetype place);
     void fill(QMenu* menu, const Menu& content);
     void add(QMenu* menu, const MenuItem& item, const QString& title);
 
     AppDelegate& app_;
     std::function<void()> willPerform_;
+    /// What had the keyboard when the menu that is open was opened; nothing while none is open.
+    std::optional<QPointer<QWidget>> target_;
 };
 
 } // namespace tabulon

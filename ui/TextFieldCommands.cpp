@@ -28,18 +28,21 @@ constexpr std::array<Command, 5> kCommands = {{
 
 } // namespace
 
+bool isTextFieldCommand(std::string_view action) {
+    return std::ranges::count(kCommands, action, &Command::action) > 0;
+}
+
 bool textFieldTakes(std::string_view action) {
     const QWidget* keyboard = QApplication::focusWidget();
     const bool isField =
         qobject_cast<const QLineEdit*>(keyboard) || qobject_cast<const QPlainTextEdit*>(keyboard);
-    return isField && std::ranges::count(kCommands, action, &Command::action) > 0;
+    return isField && isTextFieldCommand(action);
 }
 
-bool performInTextField(std::string_view action) {
+bool performInTextField(std::string_view action, QWidget* keyboard) {
     const auto* const command = std::ranges::find(kCommands, action, &Command::action);
     if (command == kCommands.end())
         return false;
-    QWidget* keyboard = QApplication::focusWidget();
     if (auto* line = qobject_cast<QLineEdit*>(keyboard)) {
         command->inLine(*line);
         return true;

@@ -3,13 +3,18 @@
 
 #include <string_view>
 
+class QWidget;
+
 namespace tabulon {
 
-/// Runs `action` ("cut:", "copy:", "paste:", "delete:" or "selectAll:") on the text field of the window in
-/// front that has the keyboard. False, and nothing done, for another action or without such a field.
-bool performInTextField(std::string_view action);
+/// Runs `action` ("cut:", "copy:", "paste:", "delete:" or "selectAll:") on `keyboard` where that is a text
+/// field. False, and nothing done, for another action, another widget or null.
+bool performInTextField(std::string_view action, QWidget* keyboard);
 
-/// Whether there is such a field for the action.
+/// Whether it is one of these actions.
+bool isTextFieldCommand(std::string_view action);
+
+/// Whether the widget that has the keyboard is such a field for the action.
 bool textFieldTakes(std::string_view action);
 
 } // namespace tabulon

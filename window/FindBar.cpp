@@ -23,6 +23,7 @@ void FindBarController::showFindView() {
 void FindBarController::hideFindView() {
     if (!bar_->isFindBarShown())
         return platform_.beeper.beep();
+    search_.reset();
     bar_->setFindBarShown(false);
 }
 

@@ -21,6 +21,8 @@ public:
     virtual void setFindBarShown(bool shown) = 0;
     /// The keyboard goes to the search field, all of its text selected.
     virtual void selectSearchText() = 0;
+    /// Whether what is typed in the window goes into the search field. The window need not be in front.
+    virtual bool hasKeyboard() const = 0;
     virtual void setSearchText(const std::string& text) = 0;
     /// Empty for none.
     virtual void setMatchesLabel(const std::string& text) = 0;
@@ -38,7 +40,7 @@ public:
 
     /// Brings the bar up, if it is not there, and selects what is in its field.
     void showFindView();
-    /// Beeps where it is not shown.
+    /// Ends a search that still goes on. Beeps where it is not shown.
     void hideFindView();
     /// The search field's action: goes to the first match and tells how many there are. The empty text clears
     /// that. In a large document it returns before, and goes on while the main loop is idle: the user may

@@ -1,5 +1,6 @@
 #include "window/GetInfoController.h"
 
+#include "model/TreeWalk.h"
 #include "window/ViewController.h"
 
 #include <algorithm>
@@ -134,7 +135,7 @@ void GetInfoController::previous() {
 // Null for nowhere.
 void GetInfoController::step(Bookmark* target) {
     doneBookmark();
-    if (!target) {
+    if (!target || !isInTree(*target)) {
         platform_.beeper.beep();
         return updateButtons();
     }
@@ -174,9 +175,22 @@ void GetInfoController::cancel() {
     done();
 }
 
+bool GetInfoController::isInTree(const Bookmark& node) const {
+    return outline_ && tabulon::isInTree(node, outline_->getMaster());
+}
+
 void GetInfoController::keepChange() {
-    if (outline_ && !duplicate_->isIdentical(*original_))
+    if (isInTree(*original_) && !duplicate_->isIdentical(*original_))
         saveBookmark();
+}
+
+void GetInfoController::nodesDidLeave() {
+    if (!panel_)
+        return;
+    if (isInTree(*original_))
+        updateButtons();
+    else
+        done();
 }
 
 void GetInfoController::doneBookmark() {

@@ -41,6 +41,8 @@ public:
     virtual std::string frame() const = 0;
     virtual void setFrame(const std::string& frame) = 0;
     virtual void dismiss() = 0;
+    /// It comes to the front and has the keyboard.
+    virtual void bringToFront() = 0;
 };
 
 class GetInfoController {
@@ -56,6 +58,8 @@ public:
     /// The view is there: it gets its frame, its title and the fields.
     void setPanel(InfoPanel* panel);
     bool isShown() const { return panel_ != nullptr; }
+    /// Requires that it is shown.
+    void bringToFront() { panel_->bringToFront(); }
 
     /// The node that is shown. Null only before the first one.
     Bookmark* original() const { return original_.get(); }
@@ -98,8 +102,11 @@ public:
     void done();
     /// The same without the change.
     void cancel();
-    /// Saves a change and stays: the user goes on elsewhere while the panel is up.
+    /// Saves a change and stays: the user goes on elsewhere while the panel is up. A node that has left the
+    /// tree is not changed.
     void keepChange();
+    /// Nodes have left the tree. A panel whose node is among them is dismissed without its change.
+    void nodesDidLeave();
 
     void selectNote(const std::string& string);
     void selectTags(const std::string& string);
@@ -107,6 +114,7 @@ public:
 private:
     void show(Bookmark& node);
     void fillPanel();
+    bool isInTree(const Bookmark& node) const;
     void doneBookmark();
     void saveBookmark();
     void step(Bookmark* target);

@@ -20,8 +20,19 @@ void StatusLine::showStatus(std::string text, std::string actionTitle, Action ac
     spokenOf_ = nullptr;
     status_ = std::move(text);
     action_ = std::move(action);
-    window_->setURLFieldAction(action_ ? actionTitle : std::string(), status_);
+    actionTitle_ = action_ ? std::move(actionTitle) : std::string();
+    endsWithSave_ = false;
+    window_->setURLFieldAction(actionTitle_, status_);
     show(status_);
+}
+
+void StatusLine::replaceStatus(std::string text) {
+    showStatus(std::move(text), std::move(actionTitle_), std::move(action_));
+}
+
+void StatusLine::showStatusUntilSaved(std::string text) {
+    showStatus(std::move(text));
+    endsWithSave_ = true;
 }
 
 void StatusLine::performAction() {
@@ -59,10 +70,17 @@ void StatusLine::treeDidChange() {
     refreshSoon();
 }
 
+void StatusLine::documentDidSave() {
+    if (endsWithSave_)
+        treeDidChange();
+}
+
 void StatusLine::forgetStatus() {
     isStale_ = text_ == status_;
     status_.clear();
+    endsWithSave_ = false;
     action_ = nullptr;
+    actionTitle_.clear();
     window_->setURLFieldAction({}, {});
 }
 
@@ -79,8 +97,10 @@ void StatusLine::refreshSoon() {
 void StatusLine::refresh() {
     refresh_.reset();
     const bool isGone = spokenOf_ && !outline_.rowForItem(*spokenOf_);
-    if (isStale_ || isGone)
+    if (isStale_ || (isGone && !status_.empty()))
         fallBack();
+    else if (isGone)
+        showCounts();
 }
 
 } // namespace tabulon

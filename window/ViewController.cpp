@@ -127,13 +127,17 @@ void ViewController::setMaster(Bookmark& master) {
     window_->showEmptyState(rows_.size() == 0);
     statusLine_.treeDidChange();
     statusLine_.showCounts();
+    nodesDidLeave();
 }
 
 void ViewController::documentStateChanged() {
     if (!document_.fileName().empty())
         windowTitle_.clear();
-    if (window_)
-        window_->setTitle(windowTitle(), document_.fileName(), document_.isDocumentEdited());
+    if (!window_)
+        return;
+    window_->setTitle(windowTitle(), document_.fileName(), document_.isDocumentEdited());
+    if (!document_.isDocumentEdited())
+        statusLine_.documentDidSave();
 }
 
 std::string ViewController::windowTitle() const {

@@ -337,6 +337,8 @@ public:
     /// none begins by itself any more.
     void beginEditing(Column column, std::size_t row);
     void endEdit();
+    /// Editing does not begin by itself for the selection of before: a menu opens.
+    void cancelAutoEdit() { autoEdit_.reset(); }
     /// Ends editing in place, if it goes on, and takes over what was typed. Every action does so before it
     /// runs.
     void commitEditing();
@@ -416,6 +418,7 @@ private:
     void addFirst(Ref<Bookmark> item, Bookmark& folder);
     void removeItem(Bookmark& item);
     void tellDeletion(std::vector<RemovedItem> removed);
+    void nodesDidLeave();
     void beginChangingManyRows();
     void endChangingManyRows();
     Ref<Bookmark> bookmarkOf(const PasteboardItem& item) const;
@@ -426,7 +429,7 @@ private:
     DropSpot spotBefore(std::size_t row) const;
     DropSpot spotBehind(std::size_t row, int level) const;
     std::optional<Place> placeOfDrop(Bookmark* item, std::optional<std::size_t> childIndex) const;
-    Ref<Bookmark> droppedNode(const DragInfo& drag, Ref<Bookmark> node, Place& place);
+    Ref<Bookmark> droppedNode(const DragInfo& drag, const PasteboardItem& dragged, Place& place);
     void selectDropped(const std::vector<Ref<Bookmark>>& dropped);
     void fieldDidChange(Bookmark& item, std::size_t row);
     void editCurrentRow(Column column);

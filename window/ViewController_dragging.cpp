@@ -118,10 +118,14 @@ ViewController::placeOfDrop(Bookmark* item, std::optional<std::size_t> childInde
 
 // The node that goes into the tree for a dragged one, which leaves its place where it is moved. Null for one
 // that has left the tree meanwhile, or would go into itself.
-Ref<Bookmark> ViewController::droppedNode(const DragInfo& drag, Ref<Bookmark> node, Place& place) {
+Ref<Bookmark> ViewController::droppedNode(const DragInfo& drag, const PasteboardItem& dragged, Place& place) {
+    Ref<Bookmark> node = bookmarkOf(dragged);
+    if (!node || dragOperation_ == DragOperation::Delete)
+        return nullptr;
     if (drag.source != this || dragOperation_ != DragOperation::Move)
         return deepCopy(*node);
-    if (!node->getParent())
+    const std::string* record = dragged.get(kItemType);
+    if (!record || !shared_.records.find(*record))
         return node; // made of the item just now
     if (!isInTree(*node, getMaster()) || (node->hasChildren() && node->offSpring(*place.folder)))
         return nullptr;
@@ -143,10 +147,7 @@ bool ViewController::acceptDrop(const DragInfo& drag, Bookmark* item, std::optio
     if (many)
         beginChangingManyRows();
     for (const PasteboardItem& dragged : drag.items) {
-        Ref<Bookmark> node = bookmarkOf(dragged);
-        if (!node || dragOperation_ == DragOperation::Delete)
-            continue;
-        node = droppedNode(drag, std::move(node), *place);
+        Ref<Bookmark> node = droppedNode(drag, dragged, *place);
         if (!node)
             continue;
         insertChild(*place->folder, place->index++, node);

@@ -10,13 +10,23 @@ void ViewController::getInfo() {
     if (items.empty())
         return noSelection();
     Bookmark& item = items.size() > 1 && current ? rows_.at(*current) : *items.front();
-    if (info_ && info_->isShown())
-        return info_->editBookmark(item);
+    if (info_ && info_->isShown()) {
+        info_->editBookmark(item);
+        if (!window_->findBar().hasKeyboard()) // else the user types on
+            info_->bringToFront();
+        return;
+    }
     if (info_)
         info_->outlineIsGone();
     info_ = std::make_shared<GetInfoController>(*this, platform_);
     info_->editBookmark(item);
     window_->presentInfo(info_);
+}
+
+// Nodes have left the tree for good.
+void ViewController::nodesDidLeave() {
+    if (info_)
+        info_->nodesDidLeave();
 }
 
 void ViewController::selectRowOf(const Bookmark& item) {

@@ -42,7 +42,7 @@ void ViewController::findDuplicates() {
     reloadItems(clearDuplicateStatus(getMaster()));
     const std::vector<Bookmark*> duplicates = markDuplicates(getMaster());
     reloadItems(duplicates);
-    statusLine_.showStatus(platform_.base.texts.format("%d duplicates marked", duplicates.size()));
+    statusLine_.replaceStatus(platform_.base.texts.format("%d duplicates marked", duplicates.size()));
 }
 
 void ViewController::clearMarks() {

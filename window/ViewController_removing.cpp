@@ -19,19 +19,21 @@ void ViewController::endChangingManyRows() {
     window_->showEmptyState(rows_.size() == 0);
 }
 
-// The item lives on where the caller holds it.
+// The item lives on where the caller holds it. It has no parent then: its folder may be freed before it.
 void ViewController::removeItem(Bookmark& item) {
+    const Ref<Bookmark> held(&item);
     const std::optional<std::size_t> row = changesManyRows_ ? std::nullopt : rowForItem(item);
     if (!row) {
         item.detachMe();
+        item.setParent(nullptr);
         return;
     }
     const std::size_t count = 1 + (isExpanded(item) ? shownCountBelow(item) : 0);
-    const Ref<Bookmark> held(&item);
     forgetRowsUnderPointer();
     outline().willRemoveRows({*row, count});
     rows_.erase(*row, count);
     item.detachMe();
+    item.setParent(nullptr);
     outline().didRemoveRows();
     window_->showEmptyState(rows_.size() == 0);
 }
@@ -55,6 +57,7 @@ void ViewController::deleteSelection() {
 }
 
 void ViewController::tellDeletion(std::vector<RemovedItem> removed) {
+    nodesDidLeave();
     const Localization& texts = platform_.base.texts;
     std::string text = deletionText(removed, texts);
     statusLine_.showStatus(std::move(text), texts.text("PutBack"),

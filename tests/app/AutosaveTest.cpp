@@ -321,6 +321,48 @@ TEST_F(AutosaveTest, DocumentsOfACrashSayInTheirWindowThatTheyAreNotSavedYet) {
     EXPECT_EQ(windowOf(*onlyDocument()).urlField, "Recovered: not saved yet");
 }
 
+TEST_F(AutosaveTest, SavedDocumentOfACrashNoLongerSaysThatItIsNot) {
+    files.files["/state/unsaved/run-0/1 Links.tbln"] = documentBytes("mine");
+    recovery.abandoned = {"/state/unsaved/run-0"};
+    app.applicationDidFinishLaunching({});
+    ASSERT_TRUE(onlyDocument());
+    panels.nameFile("/home/mine.tbln");
+    perform("saveDocument:");
+    timers.advance(0);
+    EXPECT_EQ(windowOf(*onlyDocument()).urlField, "1 bookmark in 0 folders");
+}
+
+TEST_F(AutosaveTest, FailureWaitsForTheEndOfAnAlertOfTheRows) {
+    Document& document = openDocument();
+    change(document);
+    files.diskFull = true;
+    int shown = 0;
+    alerts.whileShown = [&] {
+        if (++shown == 1)
+            timers.advance(kPause);
+        EXPECT_EQ(shown, 1) << "one came up over another";
+    };
+    documents().getViewController(document)->noSelection();
+    alerts.whileShown = nullptr;
+    EXPECT_EQ(alerts.shown.size(), 1u);
+    timers.advance(kPause);
+    ASSERT_EQ(alerts.shown.size(), 2u);
+    EXPECT_EQ(alerts.shown[1].message, "“Links.tbln” could not be saved");
+}
+
+TEST_F(AutosaveTest, ConflictWaitsForTheEndOfAnAlertOfTheRows) {
+    Document& document = openDocument();
+    files.files[kPath] = documentBytes("theirs, and longer");
+    change(document);
+    alerts.whileShown = [&] { timers.advance(kPause); };
+    documents().getViewController(document)->noSelection();
+    alerts.whileShown = nullptr;
+    EXPECT_EQ(alerts.shown.size(), 1u);
+    alerts.answer("Cancel");
+    timers.advance(kPause);
+    EXPECT_EQ(alerts.shown.size(), 2u);
+}
+
 TEST_F(AutosaveTest, DamagedCopyIsToldAndPutAside) {
     recovery.abandoned = {"/state/unsaved/run-0"};
     files.files["/state/unsaved/run-0/1 Untitled.tbln"] = "bplist00 and then nothing";

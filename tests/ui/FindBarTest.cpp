@@ -7,6 +7,7 @@
 #include "window/GetInfoController.h"
 #include "window/MoveDeleteController.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -54,6 +55,16 @@ TEST_F(FindBarTest, typingSearchesAfterAPause) {
     EXPECT_EQ(controller->searchString(), "hit");
     QTest::keyClicks(&field(), "s");
     EXPECT_TRUE(shows("")) << "the number is of another text";
+}
+
+TEST_F(FindBarTest, theFieldHasTheKeyboardOfItsWindowWhicheverWindowIsInFront) {
+    QWidget other;
+    other.show();
+    QApplication::setActiveWindow(&other);
+    ASSERT_FALSE(bar->isActiveWindow());
+    EXPECT_TRUE(bar->hasKeyboard());
+    bar->findChild<QToolButton*>()->setFocus();
+    EXPECT_FALSE(bar->hasKeyboard());
 }
 
 TEST_F(FindBarTest, returnSearchesAtOnceAndThenGoesOn) {

@@ -4,8 +4,10 @@
 #include "app/AppDelegate.h"
 #include "platform/fake/FakeBaseServices.h"
 #include "tests/app/AppFixture.h"
+#include "window/ViewController.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QMenu>
 #include <QSet>
 
@@ -64,6 +66,47 @@ TEST_F(MainMenuBarTest, ChosenItemRunsItsAction) {
     item(0, "New")->trigger();
     EXPECT_EQ(app.documentController().documents().size(), 2u);
     EXPECT_EQ(performed, 1);
+}
+
+TEST_F(MainMenuBarTest, ItemOfAnOpenMenuActsOnWhatHadTheKeyboardThen) {
+    QWidget window;
+    QLineEdit before("before", &window);
+    QLineEdit after("after", &window);
+    window.show();
+    QApplication::setActiveWindow(&window);
+    for (QLineEdit* field : {&before, &after})
+        field->setCursorPosition(0);
+    before.setFocus();
+    ASSERT_EQ(QApplication::focusWidget(), &before);
+    int opened = 0;
+    QObject::connect(bar.get(), &MainMenuBar::menuWillOpen, &window, [&] { ++opened; });
+    emit menu(1)->aboutToShow();
+    EXPECT_EQ(opened, 1);
+    after.setFocus();
+    item(1, "Delete")->trigger();
+    EXPECT_EQ(before.text(), "efore");
+    EXPECT_EQ(after.text(), "after");
+    item(1, "Delete")->trigger();
+    EXPECT_EQ(after.text(), "fter") << "a key acts on what has the keyboard now";
+}
+
+TEST_F(MainMenuBarTest, ItemForAFieldThatIsGoneDoesNotActOnTheRows) {
+    Document& document = *app.documentController().documents().front();
+    ViewController& rows = *app.documentController().getViewController(document);
+    const Ref<Bookmark> link = Bookmark::init(base.now());
+    rows.addNewData(link);
+    QWidget window;
+    auto* field = new QLineEdit("text", &window);
+    window.show();
+    QApplication::setActiveWindow(&window);
+    field->setFocus();
+    ASSERT_EQ(QApplication::focusWidget(), field);
+    emit menu(1)->aboutToShow();
+    delete field;
+    item(1, "Delete")->trigger();
+    EXPECT_EQ(rows.numberOfRows(), 1u);
+    item(1, "Delete")->trigger();
+    EXPECT_EQ(rows.numberOfRows(), 0u) << "a key acts on what has the keyboard now";
 }
 
 TEST_F(MainMenuBarTest, TheKeyOfPlusWorksWithoutShift) {

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QMenu>
 #include <QScrollBar>
 
 namespace tabulon {
@@ -48,6 +49,18 @@ TEST_F(OutlineEditingTest, theFieldHasTheTextSelectedAndStandsInTheCell) {
     EXPECT_EQ(name->selectedText(), "link");
     EXPECT_TRUE(cell(0, Column::Name).contains(name->geometry()));
     EXPECT_EQ(name->accessibleName(), "Name");
+}
+
+TEST_F(OutlineEditingTest, WhileAMenuIsUpTheRowsHaveNotTheKeyboard) {
+    open();
+    EXPECT_TRUE(widget().hasKeyboard());
+    QMenu menu;
+    menu.addAction("item");
+    menu.popup(widget().mapToGlobal(QPoint(10, 10)));
+    ASSERT_TRUE(QApplication::activePopupWidget());
+    EXPECT_FALSE(widget().hasKeyboard());
+    menu.close();
+    EXPECT_TRUE(widget().hasKeyboard());
 }
 
 TEST_F(OutlineEditingTest, ReturnTakesOverAndEscapeDoesNot) {

@@ -3,8 +3,10 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QHelpEvent>
 #include <QScrollBar>
 #include <QTest>
+#include <QToolTip>
 
 #include <cstdio>
 
@@ -231,6 +233,28 @@ TEST_F(ContextMenuTest, RowsThatComeMeanwhileEndTheClickedRow) {
 TEST_F(ContextMenuTest, WithoutAMenuThereIsNoClickedRow) {
     rightClick(cell(2, Column::Name).center());
     EXPECT_EQ(actedOn(), (Names{"a", "b"}));
+}
+
+// Tool tips show names that are cut. The mark of a label takes room from the name of a selected row alone.
+TEST_F(OutlineWidgetTest, ALabelMakesANameNoLongerUnlessItsRowIsSelected) {
+    Bookmark& item = add(makeLink("a"));
+    openWidget();
+    const auto isCut = [&](int length, std::uint8_t label) {
+        const std::string name = "n" + std::to_string(length) + " " + std::string(std::size_t(length), 'i');
+        item.setItemName(name);
+        item.setLabel(label);
+        const QPoint point = cell(0, Column::Name).center();
+        QHelpEvent event(QEvent::ToolTip, point, widget().viewport()->mapToGlobal(point));
+        QApplication::sendEvent(widget().viewport(), &event);
+        return QToolTip::text().contains(QString::fromStdString(name));
+    };
+    int length = 1;
+    while (length < 1000 && !isCut(length, 0))
+        ++length;
+    ASSERT_LT(length, 1000);
+    EXPECT_FALSE(isCut(length - 1, 3));
+    widget().selectRows({{0, 1}});
+    EXPECT_TRUE(isCut(length - 1, 3));
 }
 
 TEST_F(OutlineWidgetTest, ClickOnTheTriangleExpandsWithoutSelecting) {

@@ -132,6 +132,16 @@ TEST_F(FieldsTest, editingDoesNotBeginByItselfOnceTheFindBarWasCalled) {
     EXPECT_FALSE(outline().edited);
 }
 
+TEST_F(FieldsTest, editingDoesNotBeginByItselfOnceAMenuWasOpened) {
+    base.defaults.setBoolForKey("AutoEdit", true);
+    outline().selected = {link_};
+    outline().pointer = Column::Name;
+    controller->selectionDidChange(SelectedBy::User);
+    controller->cancelAutoEdit();
+    timers.advance(1);
+    EXPECT_FALSE(outline().edited);
+}
+
 TEST_F(FieldsTest, editingBeginsByItselfOnlyWhereItIsWanted) {
     const auto begins = [this] {
         outline().edited.reset();

@@ -35,6 +35,20 @@ TEST_F(FindTest, theBarComesUpWithItsTextSelectedAndGoes) {
     EXPECT_TRUE(controller->actions().validateMenuItem(findNext));
 }
 
+TEST_F(FindTest, aSearchEndsWithTheBar) {
+    for (int i = 0; i < 20'000; ++i)
+        add(makeLink("link", "none"));
+    add(makeLink("hit", "none"));
+    open();
+    bar().showFindView();
+    bar().doSearch("hit");
+    EXPECT_EQ(window->bar.label, "") << "the search still goes on";
+    bar().hideFindView();
+    timers.advance(1);
+    EXPECT_EQ(window->bar.label, "");
+    EXPECT_TRUE(outline().selected.empty());
+}
+
 TEST_F(FindTest, onlyRowsCanBeSelected) {
     const MenuItem selectAll{.action = "selectAll:"};
     open();

@@ -328,6 +328,97 @@ TEST_F(GetInfoTest, aPanelThatOutlivesItsWindowDoesNothing) {
     window.reset();
 }
 
+TEST_F(GetInfoTest, aPanelGoesWithItsNodeAndWritesNothing) {
+    plant();
+    select({a});
+    GetInfoController& info = getInfo();
+    info.setName("lost");
+    select({folder});
+    controller->deleteSelection();
+    EXPECT_EQ(panel().dismissals, 1);
+    EXPECT_FALSE(info.isShown());
+    EXPECT_EQ(a->itemName(), Text("a"));
+    EXPECT_EQ(document.changeCount(), 1);
+    info.keepChange();
+    info.next();
+    EXPECT_EQ(a->itemName(), Text("a"));
+    EXPECT_EQ(document.changeCount(), 1);
+    EXPECT_EQ(info.original(), a) << "it does not go on among nodes that have left";
+}
+
+TEST_F(GetInfoTest, aPanelStaysWhenOthersGo) {
+    plant();
+    select({b});
+    GetInfoController& info = getInfo();
+    info.setName("kept");
+    select({a});
+    controller->deleteSelection();
+    EXPECT_EQ(panel().dismissals, 0);
+    EXPECT_EQ(panel().buttons, (InfoButtons{.up = true}));
+    info.keepChange();
+    EXPECT_EQ(b->itemName(), Text("kept"));
+}
+
+TEST_F(GetInfoTest, aNodeThatOutlivesItsFolderHasNoParent) {
+    plant();
+    select({a});
+    GetInfoController& info = getInfo();
+    controller->findText("a.example");
+    controller->deleteSelection();
+    EXPECT_EQ(a->getParent(), nullptr);
+    select({folder});
+    controller->deleteSelection(); // what puts the first one back is forgotten
+    controller->statusLine().showStatus("another");
+    EXPECT_EQ(info.original(), a);
+    info.up();
+    info.next();
+    info.previous();
+    EXPECT_EQ(beeper.beeps, 3);
+    ASSERT_EQ(controller->foundBookmark(), a);
+    controller->findNext();
+    EXPECT_EQ(controller->foundBookmark(), nullptr);
+}
+
+TEST_F(GetInfoTest, aPanelGoesWithTheLinksThatTheirStatusRemovesAndWithTheTree) {
+    plant();
+    c->setItemURL("https://a.example/");
+    GetInfoController& info = getInfo();
+    info.setName("lost");
+    controller->deleteDuplicatesExecute();
+    EXPECT_EQ(panel().dismissals, 1);
+    EXPECT_EQ(c->itemName(), Text("c"));
+    EXPECT_EQ(c->getParent(), nullptr);
+    select({b});
+    getInfo().setName("lost");
+    const Ref<Bookmark> old(b);
+    document.setMaster(makeFolder("another"));
+    document.updateUI();
+    EXPECT_EQ(panel().dismissals, 2);
+    EXPECT_EQ(old->itemName(), Text("b"));
+}
+
+TEST_F(GetInfoTest, aPanelStaysWithANodeThatIsMoved) {
+    plant();
+    GetInfoController& info = getInfo();
+    controller->moveUp();
+    EXPECT_EQ(panel().dismissals, 0);
+    info.setName("kept");
+    info.done();
+    EXPECT_EQ(c->itemName(), Text("kept"));
+}
+
+TEST_F(GetInfoTest, askedForAgainItComesToTheFrontUnlessTheUserSearches) {
+    plant();
+    getInfo();
+    EXPECT_EQ(panel().broughtToFront, 0);
+    select({b});
+    getInfo();
+    EXPECT_EQ(panel().broughtToFront, 1);
+    window->bar.keyboard = true;
+    getInfo();
+    EXPECT_EQ(panel().broughtToFront, 1);
+}
+
 TEST_F(GetInfoTest, cancellingGivesTheChangeUp) {
     plant();
     GetInfoController& info = getInfo();

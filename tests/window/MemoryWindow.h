@@ -160,10 +160,12 @@ public:
     bool isFindBarShown() const override { return shown; }
     void setFindBarShown(bool isShown) override { shown = isShown; }
     void selectSearchText() override { ++selections; }
+    bool hasKeyboard() const override { return keyboard; }
     void setSearchText(const std::string& newText) override { text = newText; }
     void setMatchesLabel(const std::string& newLabel) override { label = newLabel; }
 
     bool shown = false;
+    bool keyboard = false;
     int selections = 0;
     std::string text;
     std::string label;
@@ -180,6 +182,7 @@ public:
     std::string frame() const override { return place; }
     void setFrame(const std::string& frame) override { place = frame; }
     void dismiss() override { ++dismissals; }
+    void bringToFront() override { ++broughtToFront; }
 
     int reloads = 0;
     InfoButtons buttons;
@@ -189,6 +192,7 @@ public:
     std::string selectedTags;
     std::string place;
     int dismissals = 0;
+    int broughtToFront = 0;
 };
 
 class MemoryWindow : public DocumentWindow {

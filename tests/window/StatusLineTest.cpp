@@ -153,6 +153,39 @@ TEST_F(StatusLineTest, findingDuplicatesTellsHowManyThereAre) {
     EXPECT_EQ(window->urlFieldAction, "");
 }
 
+TEST_F(StatusLineTest, theRowThatGoesGivesWayToTheCountsAndNotToAnotherAddress) {
+    controller->collapseItem(*folder_);
+    select({last_});
+    controller->statusLine().showAddress(*inside_);
+    controller->statusLine().rowsWillChange();
+    timers.advance(0);
+    EXPECT_EQ(window->urlField, "3 bookmarks in 1 folder");
+}
+
+TEST_F(StatusLineTest, findingDuplicatesKeepsTheButtonThatStillWorks) {
+    remove({first_});
+    controller->findDuplicates();
+    EXPECT_EQ(window->urlField, "0 duplicates marked");
+    pressPutBack();
+    EXPECT_EQ(rowNames(), kAll);
+    controller->findDuplicates();
+    EXPECT_EQ(window->urlFieldAction, "") << "it has been used";
+}
+
+TEST_F(StatusLineTest, aTextAboutAnUnsavedDocumentEndsWithTheSave) {
+    document.updateChangeCount(ChangeKind::Done);
+    controller->statusLine().showStatusUntilSaved("not saved");
+    EXPECT_EQ(window->urlField, "not saved");
+    document.updateChangeCount(ChangeKind::Cleared);
+    timers.advance(0);
+    EXPECT_EQ(window->urlField, "3 bookmarks in 1 folder");
+    document.updateChangeCount(ChangeKind::Done);
+    controller->statusLine().showStatus("of another kind");
+    document.updateChangeCount(ChangeKind::Cleared);
+    timers.advance(0);
+    EXPECT_EQ(window->urlField, "of another kind");
+}
+
 TEST_F(StatusLineTest, controlsForTheDirectionOfWritingAreShownCoded) {
     const std::string address = "https://a.example/\u202Egnp.exe\u2066\u061C\u200F\u2014\u200D";
     const std::string shown = "https://a.example/%E2%80%AEgnp.exe%E2%81%A6%D8%9C%E2%80%8F\u2014\u200D";

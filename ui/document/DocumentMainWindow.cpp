@@ -62,7 +62,12 @@ DocumentMainWindow::DocumentMainWindow(ViewController& controller, AppDelegate& 
     setWindowIcon(iconNamed("tabulon"));
     setAcceptDrops(true);
     setMinimumSize(kSmallestSize);
-    setMenuBar(new MainMenuBar(app, [this] { becomeKey(); }));
+    auto* menuBar = new MainMenuBar(app, [this] { becomeKey(); });
+    setMenuBar(menuBar);
+    connect(menuBar, &MainMenuBar::menuWillOpen, this, [this] {
+        if (controller_)
+            controller_->cancelAutoEdit();
+    });
     outline_->setAccessibleName(toQString(texts.text("Bookmarks")));
     pages_->addWidget(outline_);
     pages_->addWidget(emptyState_);

@@ -107,7 +107,7 @@ void FindBarWidget::selectSearchText() {
 }
 
 bool FindBarWidget::hasKeyboard() const {
-    return isActiveWindow() && window()->focusWidget() == field_;
+    return window()->focusWidget() == field_;
 }
 
 void FindBarWidget::setSearchText(const std::string& text) {

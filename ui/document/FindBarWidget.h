@@ -22,12 +22,10 @@ public:
     /// Leaves the controller alone from now on.
     void detach();
 
-    /// Whether the user types in it.
-    bool hasKeyboard() const;
-
     bool isFindBarShown() const override { return !isHidden(); }
     void setFindBarShown(bool shown) override;
     void selectSearchText() override;
+    bool hasKeyboard() const override;
     void setSearchText(const std::string& text) override;
     void setMatchesLabel(const std::string& text) override;
 

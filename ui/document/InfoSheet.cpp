@@ -267,6 +267,11 @@ void InfoSheet::dismiss() {
     QDialog::accept();
 }
 
+void InfoSheet::bringToFront() {
+    raise();
+    activateWindow();
+}
+
 void InfoSheet::reject() {
     if (controller_->isShown())
         controller_->cancel();

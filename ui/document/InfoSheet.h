@@ -41,6 +41,7 @@ public:
     std::string frame() const override;
     void setFrame(const std::string& frame) override;
     void dismiss() override;
+    void bringToFront() override;
 
 protected:
     /// Escape discards the change.

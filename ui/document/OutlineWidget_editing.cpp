@@ -36,6 +36,8 @@ void OutlineWidget::endEditing() {
 }
 
 bool OutlineWidget::hasKeyboard() const {
+    if (QApplication::activePopupWidget()) // a menu takes the keys
+        return false;
     const QWidget* keyboard = window()->focusWidget();
     return !keyboard || keyboard == this || isAncestorOf(keyboard);
 }

@@ -83,6 +83,7 @@ void OutlineWidget::contextMenuEvent(QContextMenuEvent* event) {
     static const QMetaMethod kWanted = QMetaMethod::fromSignal(&OutlineWidget::contextMenuWanted);
     if (!controller_ || !isSignalConnected(kWanted))
         return event->ignore();
+    controller_->cancelAutoEdit();
     endEditing();
     const bool byMouse = event->reason() == QContextMenuEvent::Mouse;
     const QModelIndex index = byMouse ? indexAt(event->pos()) : QModelIndex();
@@ -126,7 +127,8 @@ QString OutlineWidget::toolTipAt(const QPoint& point) const {
         return {};
     const auto row = static_cast<std::size_t>(index.row());
     const Column column = OutlineModel::columnAt(index.column());
-    const CellContent cell = controller_->viewForTableColumn(column, row, true);
+    const CellContent cell =
+        controller_->viewForTableColumn(column, row, selectionModel()->isSelected(index));
     QRect textRect = textArea(index.row(), column);
     if (cell.kind == CellKind::NameView) {
         const NameCellLayout layout = layOutNameCell(index.row(), cell);
