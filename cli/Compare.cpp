@@ -78,6 +78,8 @@ public:
     Result<void> print(const TreeComparison& comparison, bool asJson) {
         for (const TreeDifference& difference : comparison.differences()) {
             const Bookmark* node = difference.isRemoved() ? difference.before : difference.after;
+            if (!node) // one of the two is always there
+                continue;
             for (const char* kind : kindsOf(difference))
                 if (!lines_.add(asJson ? json({kind, difference, *node}) : plain({kind, difference, *node})))
                     return lines_.finish();

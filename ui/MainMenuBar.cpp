@@ -64,7 +64,7 @@ MainMenuBar::MainMenuBar(AppDelegate& app, std::function<void()> willPerform)
             QTimer::singleShot(0, menu, [=, this] {
                 enableAll(menu);
                 if (!QApplication::activePopupWidget())
-                    target_.reset();
+                    hasTarget_ = false;
             });
         });
     }
@@ -73,9 +73,11 @@ MainMenuBar::MainMenuBar(AppDelegate& app, std::function<void()> willPerform)
 // Reached by keys the bar has the keyboard itself, and hands it back before an item runs.
 void MainMenuBar::noteTarget() {
     QWidget* keyboard = QApplication::focusWidget();
-    target_.reset();
-    if (keyboard && keyboard != this)
+    hasTarget_ = false;
+    if (keyboard && keyboard != this) {
         target_ = keyboard;
+        hasTarget_ = true;
+    }
 }
 
 void MainMenuBar::refill(QMenu* menu, qsizetype place) {
@@ -122,11 +124,11 @@ void MainMenuBar::add(QMenu* menu, const MenuItem& item, const QString& title) {
 
 // An item of an open menu acts on what it was enabled for; a key acts on what has the keyboard now.
 void MainMenuBar::perform(const MenuItem& item) {
-    const auto target = std::exchange(target_, std::nullopt);
+    const bool hasTarget = std::exchange(hasTarget_, false);
     willPerform_();
-    if (target && target->isNull() && isTextFieldCommand(item.action))
+    if (hasTarget && target_.isNull() && isTextFieldCommand(item.action))
         return; // its field is gone, and the rows were not meant
-    if (!performInTextField(item.action, target ? target->data() : QApplication::focusWidget()))
+    if (!performInTextField(item.action, hasTarget ? target_.data() : QApplication::focusWidget()))
         app_.performMenuItem(item);
 }
 

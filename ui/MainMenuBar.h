@@ -8,7 +8,6 @@
 #include <QPointer>
 
 #include <functional>
-#include <optional>
 
 class QMenu;
 
@@ -43,8 +42,10 @@ private:
 
     AppDelegate& app_;
     std::function<void()> willPerform_;
-    /// What had the keyboard when the menu that is open was opened; nothing while none is open.
-    std::optional<QPointer<QWidget>> target_;
+    /// What had the keyboard when the menu that is open was opened. Null when that is gone, and while
+    /// `hasTarget_` is false, because no menu is open.
+    QPointer<QWidget> target_;
+    bool hasTarget_ = false;
 };
 
 } // namespace tabulon
