@@ -56,7 +56,7 @@ public:
 
     /// Opens bookmark documents, and bookmark files of other programs and pages as untitled documents named
     /// after them, told apart by content, then by extension; paths or URIs. A file that is open already,
-    /// under whatever path, comes to the front. One alert tells what could not be opened.
+    /// under whatever path, comes to the front. One alert lists the files that could not be opened.
     void openFiles(const std::vector<std::string>& locations);
     /// The same for one file. True when there is a window for it now.
     bool openFile(const std::string& location);

@@ -66,7 +66,7 @@ public:
     void closeUntouchedDocument();
 
     /// Opens the document with the content `bytes` of the file at `path` in a window; null when there can be
-    /// none. Fails where the content is none of a document; nothing is opened and no alert shown then.
+    /// none. Fails with the error of the reader, opens nothing and shows no alert.
     /// `identity` is how the file was just before it was read.
     Result<Document*> openDocument(const std::string& path, std::string_view bytes,
                                    const std::optional<FileIdentity>& identity);

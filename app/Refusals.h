@@ -1,4 +1,4 @@
-// Files that could not be opened, and the one alert that tells of them.
+// Files that could not be opened, and the one alert that lists them.
 #pragma once
 
 #include "model/Error.h"
@@ -24,12 +24,12 @@ public:
         std::function<void()> accept;
     };
     using MakeOffer = std::function<std::optional<Offer>()>;
-    /// The same; `makeOffer` is called when the file is the only one that the alert tells of.
+    /// The same; `makeOffer` is called when the alert is about this file only.
     void add(const std::string& location, const Error& error, MakeOffer makeOffer);
     /// A file without a link in it.
     void addEmpty(const std::string& location, const Localization& texts);
 
-    /// Tells of all that were added since the last time, as a list where there are several.
+    /// Shows one alert about the files added since the last call, as a list where there are several.
     void tell(const Platform& platform);
 
 private:

@@ -29,7 +29,8 @@ public:
 
     /// Returns the documents whose versions are those of the file at `path`, which may be gone: the one with
     /// exactly that file (also after it was renamed or moved) or the one whose path leads to it; else those
-    /// that were last known at that path; and all that these were copied from. Empty when there is none.
+    /// that were last known at that path; and the documents that these were copied from. Empty for an unknown
+    /// file.
     std::vector<Source> sourcesOf(const std::string& path) const;
 
     /// Returns the identifier of the document whose file is at `path`. Where another file is at the path than

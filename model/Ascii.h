@@ -30,6 +30,13 @@ constexpr int hexValue(char c) {
         return c - '0';
     return lower(c) >= 'a' && lower(c) <= 'f' ? lower(c) - 'a' + 10 : -1;
 }
+/// The text without characters of `blanks` at its beginning and end.
+constexpr std::string_view trimmed(std::string_view text, std::string_view blanks) {
+    const std::size_t first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
 inline std::string lowered(std::string_view text) {
     std::string result(text);
     std::ranges::transform(result, result.begin(), lower);

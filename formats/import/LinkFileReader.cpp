@@ -12,10 +12,7 @@ namespace {
 constexpr std::string_view kBlank = " \t\r";
 
 std::string_view trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(kBlank);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(kBlank) - first + 1);
+    return ascii::trimmed(text, kBlank);
 }
 
 std::optional<LinkFileContent> contentWith(Text url, Text name) {

@@ -1,5 +1,6 @@
 #include "platform/linux/SettingsText.h"
 
+#include "model/Ascii.h"
 #include "model/Text.h"
 
 #include <fmt/format.h>
@@ -17,10 +18,7 @@ constexpr std::string_view kOurSection = "[General]";
 constexpr std::string_view kDamagedSection = "[Damaged]";
 
 std::string_view trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(kBlank);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(kBlank) - first + 1);
+    return ascii::trimmed(text, kBlank);
 }
 
 bool isControl(char c) {
