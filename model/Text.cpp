@@ -60,7 +60,9 @@ Text::Text(std::size_t size) : block_(static_cast<Block*>(allocateMemory(sizeof(
 
 Text::Text(std::string_view utf8)
     : Text(utf8.size() <= kMaximumSize ? utf8.size() : wholeCharacters(utf8, kMaximumSize)) {
-    std::memcpy(block_ + 1, utf8.data(), block_->size);
+    // A view without a text may have no address either, and memcpy takes none even for no bytes.
+    if (block_->size != 0)
+        std::memcpy(block_ + 1, utf8.data(), block_->size);
 }
 
 // Most are ASCII, and are looked at while they are copied.

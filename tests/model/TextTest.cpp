@@ -19,6 +19,13 @@ TEST(Text, nullAndEmptyAreDifferent) {
     EXPECT_TRUE(Text() == Text(nullptr));
 }
 
+TEST(Text, ofAViewWithoutAnAddressIsEmpty) {
+    const Text text(std::string_view{});
+    EXPECT_FALSE(text.isNull());
+    EXPECT_TRUE(text.isEmpty());
+    EXPECT_EQ(Text::fromBytes(std::string_view{}), Text(""));
+}
+
 TEST(Text, copiesShareTheirBytes) {
     const Text a("hello");
     const Text b = a;
