@@ -3,8 +3,10 @@
 #include "model/Ascii.h"
 #include "model/ClassicReader.h"
 #include "model/Document.h"
+#include "model/PropertyList.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
 #include <initializer_list>
 
@@ -33,9 +35,50 @@ bool hasAny(std::string_view text, std::initializer_list<std::string_view> marks
         marks, [&](std::string_view mark) { return text.find(mark) != std::string_view::npos; });
 }
 
-// In both forms of a property list keys stand as they are. A list of no known kind is read as a document,
-// which says what is wrong with it.
-FileContent contentOfList(std::string_view bytes) {
+// How many entries of a list are looked at, of its top and of the folder there.
+constexpr std::uint64_t kEntriesLookedAt = 100;
+
+// What the keys of a dictionary say about the program that wrote it; Unknown where they say nothing.
+FileContent contentByKeys(const BinaryPlist& list, BinaryPlist::Object dictionary) {
+    FileContent content;
+    const std::uint64_t count = dictionary.kind() == BinaryPlist::Kind::Dictionary ? dictionary.count() : 0;
+    for (std::uint64_t i = 0; i < std::min(count, kEntriesLookedAt); ++i) {
+        const BinaryPlist::Object key = list.object(list.reference(dictionary, i));
+        const auto isAny = [&](std::initializer_list<std::string_view> names) {
+            return std::ranges::any_of(
+                names, [&](std::string_view name) { return BinaryPlist::textEquals(key, name); });
+        };
+        if (isAny({"$objects", "$top"}))
+            return kDocument;
+        if (isAny({"WebBookmarkType", "WebBookmarkUUID", "WebBookmarkFileVersion", "URLString"}))
+            content = imported("safari");
+        else if (isAny({"BookmarkType", "FolderType", "LastCheckedDate", "Closed"}))
+            content = imported("icab");
+    }
+    return content;
+}
+
+// By the keys of the top dictionary, then by those of its children.
+FileContent contentByEntries(const BinaryPlist& list) {
+    const BinaryPlist::Object top = list.object(list.topObject());
+    FileContent content = contentByKeys(list, top);
+    if (top.kind() != BinaryPlist::Kind::Dictionary)
+        return content;
+    for (std::uint64_t i = 0; i < std::min(top.count(), kEntriesLookedAt); ++i) {
+        const BinaryPlist::Object children = list.object(list.reference(top, top.count() + i));
+        if (!BinaryPlist::textEquals(list.object(list.reference(top, i)), "Children") ||
+            children.kind() != BinaryPlist::Kind::Array)
+            continue;
+        for (std::uint64_t j = 0; j < std::min(children.count(), kEntriesLookedAt); ++j)
+            if (content.kind == FileContent::Kind::Unknown)
+                content = contentByKeys(list, list.object(list.reference(children, j)));
+    }
+    return content;
+}
+
+// For a list that cannot be read, or whose first entries say nothing: in both forms keys appear in the bytes
+// unchanged. A list of no known kind is read as a document, which says what is wrong with it.
+FileContent contentByBytes(std::string_view bytes) {
     const bool isArchive = hasAny(bytes, {"$objects"}) && hasAny(bytes, {"$top"});
     if (isArchive || !hasAny(bytes, {"Children"}))
         return kDocument;
@@ -44,6 +87,14 @@ FileContent contentOfList(std::string_view bytes) {
     if (hasAny(bytes, {"BookmarkType", "FolderType", "LastCheckedDate", "Closed"}))
         return imported("icab");
     return kDocument;
+}
+
+FileContent contentOfList(std::string_view bytes) {
+    if (const auto list = PropertyList::open(bytes))
+        if (const FileContent content = contentByEntries(list->binary());
+            content.kind != FileContent::Kind::Unknown)
+            return content;
+    return contentByBytes(bytes);
 }
 
 // A bookmark file says so, or has its lists; any other page has links.

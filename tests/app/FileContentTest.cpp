@@ -75,5 +75,17 @@ TEST(FileContentTest, listsOfOtherProgramsAreToldFromDocuments) {
     EXPECT_EQ(kindOf("bplist00 Children", "/a"), "document") << "which tells what is wrong";
 }
 
+TEST(FileContentTest, textsInAListDoNotCountAsItsKeys) {
+    const auto list = [](const std::string& key, const std::string& name) {
+        return "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>Title</key><string>" + name +
+               "</string><key>Children</key><array><dict><key>" + key +
+               "</key><string>x</string></dict></array></dict></plist>";
+    };
+    EXPECT_EQ(kindOf(list("WebBookmarkType", "how $objects and $top of an archive work"), "/a"), "safari");
+    EXPECT_EQ(kindOf(list("URLString", "BookmarkType and FolderType"), "/a"), "safari");
+    EXPECT_EQ(kindOf(list("BookmarkType", "WebBookmarkType and URLString"), "/a"), "icab");
+    EXPECT_EQ(kindOf(list("Other", "$objects and $top"), "/a"), "document") << "which tells what is wrong";
+}
+
 } // namespace
 } // namespace tabulon
