@@ -84,6 +84,22 @@ def find_a_note_and_rename_its_link(desktop):
     desktop.press("Escape")
 
 
+def rename_a_row_beside_its_panel(desktop):
+    document = open_tree(desktop)
+    desktop.press("ctrl+f")
+    desktop.xdotool("type", "--delay", "5", "QUAGGA")
+    wait_for("the panel", lambda: desktop.xdotool("search", "--onlyvisible", "--name", "zebra"))
+    time.sleep(0.5)
+    desktop.press("Escape", "F2")
+    desktop.xdotool("type", "--delay", "5", "okapi")
+    desktop.press("Return")
+    desktop.window("okapi")  # the panel shows the new name
+    desktop.press("alt+n", "Return")
+    desktop.gone("okapi")
+    desktop.window("links")
+    saved(desktop, document, lambda tree: names(tree[2]["children"])[0] == "okapi")
+
+
 def delete_duplicates(desktop):
     document = open_tree(desktop)
     desktop.press("alt+c", "Up", "Up", "Return")
@@ -147,5 +163,5 @@ def sort_by_a_title(desktop):
 
 
 if __name__ == "__main__":
-    run_session_tests([find_a_note_and_rename_its_link, delete_duplicates, move_broken_links, read_the_legend,
-                       sort_a_folder, sort_by_a_title])
+    run_session_tests([find_a_note_and_rename_its_link, rename_a_row_beside_its_panel, delete_duplicates,
+                       move_broken_links, read_the_legend, sort_a_folder, sort_by_a_title])
