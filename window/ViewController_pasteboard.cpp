@@ -30,6 +30,8 @@ void ViewController::copyBookmarks() {
 }
 
 void ViewController::copyBookmarksArray(const std::vector<Bookmark*>& items) {
+    if (items.empty()) // what is on the pasteboard still names the last copies
+        return;
     NodeRecords& records = shared_.records;
     records.clear(NodeRecords::List::Copied);
     const std::int64_t format = copyFormat();
@@ -40,8 +42,7 @@ void ViewController::copyBookmarksArray(const std::vector<Bookmark*>& items) {
         copies.push_back(
             pasteboardItemForBookmark(*copy, records.add(NodeRecords::List::Copied, copy), format));
     }
-    if (!copies.empty())
-        platform_.pasteboard.setContent(mimeContentOf(copies));
+    platform_.pasteboard.setContent(mimeContentOf(copies));
 }
 
 void ViewController::cut() {
