@@ -32,17 +32,12 @@ void ViewController::copyBookmarks() {
 void ViewController::copyBookmarksArray(const std::vector<Bookmark*>& items) {
     if (items.empty()) // what is on the pasteboard still names the last copies
         return;
-    NodeRecords& records = shared_.records;
-    records.clear(NodeRecords::List::Copied);
-    const std::int64_t format = copyFormat();
-    std::vector<PasteboardItem> copies;
+    std::vector<Ref<Bookmark>> copies;
     copies.reserve(items.size());
-    for (const Bookmark* item : items) {
-        Ref<Bookmark> copy = deepCopy(*item);
-        copies.push_back(
-            pasteboardItemForBookmark(*copy, records.add(NodeRecords::List::Copied, copy), format));
-    }
-    platform_.pasteboard.setContent(mimeContentOf(copies));
+    for (const Bookmark* item : items)
+        copies.push_back(deepCopy(*item));
+    platform_.pasteboard.setContent(mimeContentOf(
+        pasteboardItemsForBookmarks(copies, shared_.records, NodeRecords::List::Copied, copyFormat())));
 }
 
 void ViewController::cut() {
