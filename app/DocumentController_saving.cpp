@@ -114,12 +114,14 @@ void DocumentController::saveDocumentAs(Document& document, const Done& done) {
                           .proposedName = document.displayName(),
                           .kind = {texts.text("BookmarkDocuments"), {std::string(kDocumentExtension)}},
                           .document = &document};
-    const auto save = [this, &document, done](const std::optional<std::string>& path) {
+    const auto save = [this, &document, &texts, done](const std::optional<std::string>& path) {
         if (!path || !find(document))
             return done(false);
         if (otherDocumentOfFile(document, *path)) {
-            informationAlert(platform_, platform_.base.texts.format("AlreadyOpen", lastPathComponent(*path)),
-                             platform_.base.texts.text("AlreadyOpenText"));
+            whileAlertIsUp(document, [&] {
+                informationAlert(platform_, texts.format("AlreadyOpen", lastPathComponent(*path)),
+                                 texts.text("AlreadyOpenText"), &document);
+            });
             return done(false);
         }
         // Another program may have changed its own file while the panel was up.

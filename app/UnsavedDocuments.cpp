@@ -1,11 +1,10 @@
 #include "app/UnsavedDocuments.h"
 
 #include "app/RevertPoints.h"
+#include "formats/url/PercentEncoding.h"
 #include "window/SharedAlerts.h"
 
 #include <fmt/format.h>
-
-#include <algorithm>
 
 namespace tabulon {
 namespace {
@@ -13,16 +12,19 @@ namespace {
 // Few enough bytes for any file system, with room for number and extension.
 constexpr std::size_t kLongestName = 180;
 
-// A display name as part of a file's name.
-std::string fileNameOf(std::string name) {
-    std::ranges::replace_if(
-        name, [](char c) { return c == '/' || static_cast<unsigned char>(c) < 0x20; }, '_');
-    if (name.size() <= kLongestName)
-        return name;
-    std::size_t end = kLongestName;
-    while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0) == 0x80)
-        --end;
-    return name.substr(0, end);
+// A display name as part of a file's name: what cannot stand there stands percent-coded.
+std::string fileNameOf(std::string_view name) {
+    std::string fileName;
+    std::size_t end = 0; // of the last whole character that there is room for
+    for (const char c : name) {
+        const auto byte = static_cast<unsigned char>(c);
+        if ((byte & 0xC0) != 0x80)
+            end = fileName.size();
+        fileName += byte < 0x20 || c == '/' || c == '%' ? fmt::format("%{:02X}", byte) : std::string(1, c);
+        if (fileName.size() > kLongestName)
+            return fileName.substr(0, end);
+    }
+    return fileName;
 }
 
 std::string extension() {
@@ -33,7 +35,7 @@ std::string extension() {
 std::string displayNameIn(const std::string& path) {
     const std::string name = nameWithoutExtension(path);
     const std::size_t blank = name.find(' ');
-    return blank == std::string::npos ? name : name.substr(blank + 1);
+    return url::unescaped(blank == std::string::npos ? name : name.substr(blank + 1));
 }
 
 } // namespace

@@ -23,6 +23,7 @@ public:
     }
     ~Window() override {
         std::erase(owner_.windows_, window_);
+        qDeleteAll(window_->findChildren<VersionsSheet*>()); // while there is the document that they compare
         window_->detach();
         window_->hide();
         window_->deleteLater();

@@ -15,6 +15,8 @@ namespace {
 
 using Kind = PropertyList::Kind;
 
+constexpr std::size_t kLongestAnchorTags = 16; // what a copy format puts around URL and name
+
 // A list that is not there is as good as a damaged one.
 Result<PropertyList> listIn(const PasteboardItem& item, std::string_view type) {
     const std::string* bytes = item.get(type);
@@ -108,6 +110,27 @@ PasteboardItem pasteboardItemForBookmark(const Bookmark& node, std::string recor
     if (const Text text = copyText(node, copyFormat); !text.isNull())
         item.set(kStringType, text.string());
     return item;
+}
+
+std::vector<PasteboardItem> pasteboardItemsForBookmarks(const std::vector<Ref<Bookmark>>& nodes,
+                                                        NodeRecords& records, NodeRecords::List list,
+                                                        std::int64_t copyFormat) {
+    records.clear(list);
+    std::size_t size = 0;
+    for (const Ref<Bookmark>& node : nodes)
+        if (!node->itemURL().isNull())
+            size += node->itemURL().view().size() + node->itemName().view().size() + kLongestAnchorTags;
+    std::vector<PasteboardItem> items;
+    items.reserve(nodes.size());
+    for (const Ref<Bookmark>& node : nodes) {
+        std::string record = records.add(list, node);
+        if (size <= kLargestTexts) {
+            items.push_back(pasteboardItemForBookmark(*node, std::move(record), copyFormat));
+            continue;
+        }
+        items.emplace_back().set(kItemType, std::move(record));
+    }
+    return items;
 }
 
 Ref<Bookmark> pasteboardItemToBookmark(const PasteboardItem& item, const ItemReading& reading) {

@@ -7,6 +7,7 @@
 #include "window/NodeRecords.h"
 #include "window/PasteboardItem.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -27,6 +28,14 @@ Text copyText(const Bookmark& node, std::int64_t copyFormat);
 
 /// One item: the record, and the text where the node has one.
 PasteboardItem pasteboardItemForBookmark(const Bookmark& node, std::string record, std::int64_t copyFormat);
+
+/// An item for each node that is copied or dragged, with its record in `list`, which is cleared first. Nodes
+/// may share one long text: where the texts would have more than `kLargestTexts` bytes in all, no item has
+/// one.
+std::vector<PasteboardItem> pasteboardItemsForBookmarks(const std::vector<Ref<Bookmark>>& nodes,
+                                                        NodeRecords& records, NodeRecords::List list,
+                                                        std::int64_t copyFormat);
+inline constexpr std::size_t kLargestTexts = std::size_t{1} << 28;
 
 struct ItemReading {
     const NodeRecords& records;

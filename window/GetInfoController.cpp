@@ -4,6 +4,8 @@
 #include "window/ViewController.h"
 
 #include <algorithm>
+#include <functional>
+#include <utility>
 
 namespace tabulon {
 namespace {
@@ -45,16 +47,21 @@ void GetInfoController::editBookmark(Bookmark& node) {
 void GetInfoController::show(Bookmark& node) {
     original_ = Ref<Bookmark>(&node);
     duplicate_ = Bookmark::initWithBookmark(node);
+    known_ = Bookmark::initWithBookmark(node);
     if (panel_)
         fillPanel();
 }
 
 void GetInfoController::fillPanel() {
+    showFields();
+    panel_->selectName();
+    updateButtons();
+}
+
+void GetInfoController::showFields() {
     panel_->reloadFields();
     const Text& name = duplicate_->itemName();
     panel_->setTitle(name.isEmpty() ? platform_.base.texts.text("MenuGetInfo") : name.string());
-    panel_->selectName();
-    updateButtons();
 }
 
 void GetInfoController::setPanel(InfoPanel* panel) {
@@ -180,17 +187,52 @@ bool GetInfoController::isInTree(const Bookmark& node) const {
 }
 
 void GetInfoController::keepChange() {
-    if (isInTree(*original_) && !duplicate_->isIdentical(*original_))
+    if (!isInTree(*original_))
+        return;
+    takeOverChanges();
+    if (!duplicate_->isIdentical(*original_))
         saveBookmark();
+}
+
+// Beside its window the panel is up while the user or a command changes the rows. Returns whether a field
+// shows something else now.
+bool GetInfoController::takeOverChanges() {
+    bool isTaken = false;
+    const auto take = [&](auto get, auto set) {
+        const auto now = std::invoke(get, *original_);
+        const auto before = std::invoke(get, *known_);
+        if (now == before)
+            return;
+        std::invoke(set, *known_, now);
+        if (std::invoke(get, *duplicate_) != before) // changed here as well
+            return;
+        std::invoke(set, *duplicate_, now);
+        isTaken = true;
+    };
+    take(&Bookmark::itemName, &Bookmark::setItemName);
+    take(&Bookmark::itemURL, &Bookmark::setItemURL);
+    take(&Bookmark::itemNote, &Bookmark::setItemNote);
+    take(&Bookmark::itemTags, &Bookmark::setItemTags);
+    take(&Bookmark::getType, &Bookmark::setType);
+    take(&Bookmark::getFlags, &Bookmark::setFlags);
+    take(&Bookmark::getLabel, &Bookmark::setLabel);
+    take(&Bookmark::getStatus, &Bookmark::setStatus);
+    take(&Bookmark::getBrowser, &Bookmark::setBrowser);
+    return isTaken;
 }
 
 void GetInfoController::nodesDidLeave() {
     if (!panel_)
         return;
-    if (isInTree(*original_))
-        updateButtons();
-    else
-        done();
+    if (!isInTree(*original_))
+        return done();
+    nodesDidChange();
+    updateButtons();
+}
+
+void GetInfoController::nodesDidChange() {
+    if (panel_ && takeOverChanges())
+        showFields();
 }
 
 void GetInfoController::doneBookmark() {

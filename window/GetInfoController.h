@@ -107,6 +107,9 @@ public:
     void keepChange();
     /// Nodes have left the tree. A panel whose node is among them is dismissed without its change.
     void nodesDidLeave();
+    /// The tree was changed, perhaps the node that is shown: the fields that the user has left alone show
+    /// what it has now. Where he has changed the same field here, his change stays.
+    void nodesDidChange();
 
     void selectNote(const std::string& string);
     void selectTags(const std::string& string);
@@ -114,6 +117,8 @@ public:
 private:
     void show(Bookmark& node);
     void fillPanel();
+    void showFields();
+    bool takeOverChanges();
     bool isInTree(const Bookmark& node) const;
     void doneBookmark();
     void saveBookmark();
@@ -125,6 +130,7 @@ private:
     InfoPanel* panel_ = nullptr;
     Ref<Bookmark> original_;
     Ref<Bookmark> duplicate_;
+    Ref<Bookmark> known_; // the node as the working copy knows it, to tell who has changed a field
 };
 
 } // namespace tabulon

@@ -16,9 +16,12 @@ void criticalAlert(const Platform& platform, std::string message, std::string in
                                    .document = document});
 }
 
-void informationAlert(const Platform& platform, const std::string& message, const std::string& informative) {
-    platform.alerts.runModal(
-        Alert{.message = message, .informative = informative, .buttons = {{platform.base.texts.text("OK")}}});
+void informationAlert(const Platform& platform, const std::string& message, const std::string& informative,
+                      const Document* document) {
+    platform.alerts.runModal(Alert{.message = message,
+                                   .informative = informative,
+                                   .buttons = {{platform.base.texts.text("OK")}},
+                                   .document = document});
 }
 
 void importErrorAlert(const Platform& platform, const std::string& informative) {

@@ -10,8 +10,9 @@
 
 namespace tabulon {
 
-/// One modal alert with an "OK" button. Texts are shown as given.
-void informationAlert(const Platform& platform, const std::string& message, const std::string& informative);
+/// One modal alert with an "OK" button; for a document it is its window's. Texts are shown as given.
+void informationAlert(const Platform& platform, const std::string& message, const std::string& informative,
+                      const Document* document = nullptr);
 
 /// Critical, with an "OK" button; for a document it is its window's. Texts are shown as given.
 void criticalAlert(const Platform& platform, std::string message, std::string informative,

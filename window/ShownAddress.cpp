@@ -50,4 +50,14 @@ Text shownAddress(const Text& address) {
     return Text(std::move(shown));
 }
 
+Text shownAddressLine(const Text& address) {
+    const std::string_view text = address.view();
+    if (text.size() <= kLongestShownLine)
+        return shownAddress(address);
+    std::size_t end = kLongestShownLine;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) // inside a character
+        --end;
+    return shownAddress(Text(text.substr(0, end)));
+}
+
 } // namespace tabulon

@@ -45,7 +45,7 @@ void StatusLine::performAction() {
 
 void StatusLine::showAddress(Bookmark& item) {
     spokenOf_ = Ref<Bookmark>(&item);
-    show(item.isFolder() ? std::string() : shownAddress(item.itemURL()).string());
+    show(item.isFolder() ? std::string() : shownAddressLine(item.itemURL()).string());
 }
 
 void StatusLine::showCounts() {

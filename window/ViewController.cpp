@@ -209,6 +209,8 @@ void ViewController::noSelectedFolder() {
 void ViewController::makeDirty() {
     counts_.reset();
     statusLine_.treeDidChange();
+    if (info_)
+        info_->nodesDidChange();
     document_.updateChangeCount(ChangeKind::Done);
 }
 

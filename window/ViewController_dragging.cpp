@@ -10,14 +10,9 @@ namespace tabulon {
 
 std::vector<PasteboardItem> ViewController::beginDraggingSession() {
     commitEditing();
-    NodeRecords& records = shared_.records;
-    records.clear(NodeRecords::List::Dragged);
-    const std::int64_t format = copyFormat();
-    std::vector<PasteboardItem> items;
-    for (Bookmark* node : selectedItems(0, rows_.size()))
-        items.push_back(pasteboardItemForBookmark(
-            *node, records.add(NodeRecords::List::Dragged, Ref<Bookmark>(node)), format));
-    return items;
+    const std::vector<Bookmark*> selected = selectedItems(0, rows_.size());
+    const std::vector<Ref<Bookmark>> nodes(selected.begin(), selected.end());
+    return pasteboardItemsForBookmarks(nodes, shared_.records, NodeRecords::List::Dragged, copyFormat());
 }
 
 void ViewController::draggingSessionEnded(DragOperation operation) {

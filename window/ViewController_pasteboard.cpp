@@ -30,18 +30,14 @@ void ViewController::copyBookmarks() {
 }
 
 void ViewController::copyBookmarksArray(const std::vector<Bookmark*>& items) {
-    NodeRecords& records = shared_.records;
-    records.clear(NodeRecords::List::Copied);
-    const std::int64_t format = copyFormat();
-    std::vector<PasteboardItem> copies;
+    std::vector<Ref<Bookmark>> copies;
     copies.reserve(items.size());
-    for (const Bookmark* item : items) {
-        Ref<Bookmark> copy = deepCopy(*item);
-        copies.push_back(
-            pasteboardItemForBookmark(*copy, records.add(NodeRecords::List::Copied, copy), format));
-    }
-    if (!copies.empty())
-        platform_.pasteboard.setContent(mimeContentOf(copies));
+    for (const Bookmark* item : items)
+        copies.push_back(deepCopy(*item));
+    const std::vector<PasteboardItem> made =
+        pasteboardItemsForBookmarks(copies, shared_.records, NodeRecords::List::Copied, copyFormat());
+    if (!made.empty())
+        platform_.pasteboard.setContent(mimeContentOf(made));
 }
 
 void ViewController::cut() {

@@ -43,7 +43,7 @@ CellContent ViewController::viewForTableColumn(Column column, std::size_t row, b
         return cell;
     case Column::URL:
         cell.kind = CellKind::URLView;
-        cell.text = cellText(shownAddress(item.itemURL()), color);
+        cell.text = cellText(shownAddressLine(item.itemURL()), color);
         cell.editable = shouldEdit(column, item);
         return cell;
     }

@@ -390,8 +390,24 @@ TEST_F(AutosaveTest, NamesThatNoFileCanHaveAreChangedForTheCopy) {
     change(document);
     timers.advance(kPause);
     ASSERT_EQ(copies().size(), 1u);
-    EXPECT_TRUE(copies()[0].starts_with("/state/unsaved/run-1/1 a_b_xxx"));
+    EXPECT_TRUE(copies()[0].starts_with("/state/unsaved/run-1/1 a%2Fb%0Axxx"));
     EXPECT_LT(copies()[0].size(), 255u);
+}
+
+TEST_F(AutosaveTest, RecoveredDocumentHasTheNameThatItHad) {
+    const std::string x(179, 'x');
+    for (const std::string& name : {std::string("50% of AC/DC %41\t"), x + "é"}) {
+        Document& document = untitled();
+        document.setDisplayName(name);
+        change(document);
+        timers.advance(kPause);
+    }
+    recovery.abandoned = {"/state/unsaved/run-1"};
+    documents().recoverUnsavedDocuments();
+    const std::vector<Document*> all = documents().documents();
+    ASSERT_EQ(all.size(), 4u);
+    EXPECT_EQ(all[2]->displayName(), "50% of AC/DC %41\t");
+    EXPECT_EQ(all[3]->displayName(), x) << "whole characters of a name that is too long";
 }
 
 } // namespace

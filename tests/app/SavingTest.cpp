@@ -86,6 +86,7 @@ TEST_F(SavingTest, SaveAsOntoAFileOpenInAnotherWindowIsRefused) {
     EXPECT_TRUE(perform("saveDocumentAs:"));
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "“a.tbln” is open in another window");
+    EXPECT_EQ(alerts.shown[0].document, &second) << "the other window can be closed";
     EXPECT_EQ(second.fileName(), "/home/b.tbln");
     EXPECT_EQ(files.files["/home/a.tbln"], before);
 }

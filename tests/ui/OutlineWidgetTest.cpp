@@ -328,8 +328,12 @@ TEST_F(OutlineWidgetTest, EndlessTextsArePaintedWithoutAWait) {
     std::string text;
     for (int i = 0; i < 20000; ++i)
         text += i % 3 == 0 ? "\u0646\u0635 " : "word ";
-    for (int i = 0; i < 200; ++i)
-        add(makeLink(text.c_str(), text.c_str())).setItemTags(text.c_str());
+    const Text address("https://" + std::string(5'000'000, 'x')); // which all have
+    for (int i = 0; i < 200; ++i) {
+        Bookmark& link = add(makeLink(text.c_str()));
+        link.setItemTags(text.c_str());
+        link.setItemURL(i % 2 == 0 ? address : Text(text));
+    }
     openWidget();
     controller->addTagsColumn();
     widget().grab(); // loads the fonts

@@ -61,12 +61,17 @@ def names(children):
     return [child["name"] for child in children]
 
 
-def find_a_note_and_rename_its_link(desktop):
+def find_a_note(desktop):
     document = open_tree(desktop)
     desktop.press("ctrl+f")
     desktop.xdotool("type", "--delay", "5", "QUAGGA")
     wait_for("the panel", lambda: desktop.xdotool("search", "--onlyvisible", "--name", "zebra"))
     time.sleep(0.5)
+    return document
+
+
+def find_a_note_and_rename_its_link(desktop):
+    document = find_a_note(desktop)
     check(desktop.front_title() == "links – Tabulon", "the panel leaves the keyboard to the find field")
     desktop.xdotool("type", "--delay", "5", "S")  # the panel came up before the word was typed
     time.sleep(0.5)
@@ -82,6 +87,19 @@ def find_a_note_and_rename_its_link(desktop):
           and tree[2]["children"][0]["note"] == "a note about quaggas"
           and tree[2]["children"][0]["dateModified"] is not None)
     desktop.press("Escape")
+
+
+def rename_a_row_beside_its_panel(desktop):
+    document = find_a_note(desktop)
+    desktop.press("Escape", "F2")
+    desktop.xdotool("type", "--delay", "5", "okapi")
+    desktop.press("Return")
+    desktop.window("okapi")  # the panel shows the new name
+    picture(desktop, "beside")
+    desktop.press("alt+n", "Return")
+    desktop.gone("okapi")
+    desktop.window("links")
+    saved(desktop, document, lambda tree: names(tree[2]["children"])[0] == "okapi")
 
 
 def delete_duplicates(desktop):
@@ -147,5 +165,5 @@ def sort_by_a_title(desktop):
 
 
 if __name__ == "__main__":
-    run_session_tests([find_a_note_and_rename_its_link, delete_duplicates, move_broken_links, read_the_legend,
-                       sort_a_folder, sort_by_a_title])
+    run_session_tests([find_a_note_and_rename_its_link, rename_a_row_beside_its_panel, delete_duplicates,
+                       move_broken_links, read_the_legend, sort_a_folder, sort_by_a_title])

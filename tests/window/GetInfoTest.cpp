@@ -431,6 +431,45 @@ TEST_F(GetInfoTest, cancellingGivesTheChangeUp) {
     EXPECT_EQ(state.stringForKey("Get Info Window"), "5 6 7 8");
 }
 
+TEST_F(GetInfoTest, whatTheRowsChangeWhileThePanelIsUpStays) {
+    plant();
+    c->setLabel(1);
+    GetInfoController& info = getInfo();
+    info.setNote("typed here");
+    info.setTags("typed here");
+    controller->endNameEdit(3, "renamed");
+    controller->endURLEdit(3, "mailto:c@example.org");
+    controller->endTagsEdit(3, "typed there");
+    controller->labelBookmark(5);
+    EXPECT_EQ(info.duplicate().itemName(), Text("renamed"));
+    EXPECT_EQ(panel().title, "renamed");
+    EXPECT_EQ(panel().reloads, 4) << "when it came up, and for name, address and label";
+    const std::uint8_t type = c->getType();
+    ASSERT_NE(type, b->getType());
+    info.done();
+    EXPECT_EQ(c->itemName(), Text("renamed"));
+    EXPECT_EQ(c->itemURL(), Text("mailto:c@example.org"));
+    EXPECT_EQ(c->getType(), type);
+    EXPECT_EQ(c->getLabel(), 5);
+    EXPECT_EQ(c->itemNote(), Text("typed here"));
+    EXPECT_EQ(c->itemTags(), Text("typed here")) << "the last one to say so";
+    EXPECT_EQ(document.changeCount(), 5);
+}
+
+TEST_F(GetInfoTest, marksThatAreSetWhileThePanelIsUpAreNoChangeOfIt) {
+    plant();
+    c->setItemURL("https://a.example/");
+    GetInfoController& info = getInfo();
+    controller->findDuplicates();
+    ASSERT_EQ(c->getStatus(), kDuplicateStatus);
+    const Date before = c->itemDateModified();
+    base.clock.advance(10);
+    info.done();
+    EXPECT_EQ(c->getStatus(), kDuplicateStatus);
+    EXPECT_EQ(c->itemDateModified(), before);
+    EXPECT_EQ(document.changeCount(), 0);
+}
+
 TEST_F(GetInfoTest, aChangeIsKeptWithoutLeaving) {
     plant();
     GetInfoController& info = getInfo();

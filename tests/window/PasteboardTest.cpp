@@ -107,6 +107,23 @@ TEST_F(PasteboardTest, severalLinksAreLinesAndAFolderHasNoText) {
     EXPECT_NE(copied(kItemsMimeType), "nothing");
 }
 
+TEST_F(PasteboardTest, aLongTextThatManyLinksShareIsNotWrittenForEachOfThem) {
+    const Text url("https://" + std::string(std::size_t{1} << 20, 'x'));
+    for (int i = 0; i < 300; ++i)
+        add(makeLink("l")).setItemURL(url);
+    open();
+    outline().selectAll();
+    controller->copyEditMenu();
+    EXPECT_FALSE(pasteboard.held.get("text/plain"));
+    EXPECT_LT(pasteboard.held.get(kItemsMimeType)->size(), 100'000u);
+    controller->pasteEditMenu();
+    ASSERT_EQ(rowNames().size(), 600u);
+    EXPECT_EQ(controller->itemAtRow(599).itemURL(), url);
+    outline().selectAll();
+    for (const PasteboardItem& item : controller->beginDraggingSession())
+        EXPECT_FALSE(item.offers(kStringType));
+}
+
 TEST_F(PasteboardTest, copyingNothingLeavesThePasteboard) {
     add(makeLink("a"));
     open();

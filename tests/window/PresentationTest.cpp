@@ -1,5 +1,6 @@
 // What the cells of the outline show for a node.
 #include "tests/window/WindowFixture.h"
+#include "window/ShownAddress.h"
 
 namespace tabulon {
 namespace {
@@ -162,6 +163,18 @@ TEST_F(PresentationTest, TypingFindsTheNextNameGoingRound) {
     EXPECT_EQ(controller->rowWithPrefix("al", 2), 0u);
     EXPECT_EQ(controller->rowWithPrefix("\xC3\xA4", 0), 2u);
     EXPECT_FALSE(controller->rowWithPrefix("zz", 0));
+}
+
+TEST_F(PresentationTest, OfAnEndlessAddressTheCellHasWhatALineShows) {
+    const std::string beginning(kLongestShownLine - 1, 'x');
+    const std::string tooLong = beginning + "\xD9\x86";
+    add(makeLink("long", (tooLong + tooLong).c_str()));
+    add(makeLink("fits", (beginning + "y").c_str()));
+    open();
+    EXPECT_EQ(controller->viewForTableColumn(Column::URL, 0, false).text.string, Text(beginning));
+    EXPECT_EQ(controller->viewForTableColumn(Column::URL, 1, false).text.string, Text(beginning + "y"));
+    controller->mouseMoved(0);
+    EXPECT_EQ(window->urlField, beginning);
 }
 
 TEST_F(PresentationTest, ASelectedRowHasItsLabelAsAMark) {

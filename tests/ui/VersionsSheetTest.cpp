@@ -1,0 +1,48 @@
+// The sheet of a document's versions in its window.
+#include "ui/versions/VersionsSheet.h"
+
+#include "app/AppDelegate.h"
+#include "model/ArchiveWriter.h"
+#include "platform/fake/FakePlatform.h"
+#include "ui/QtWindows.h"
+
+#include <gtest/gtest.h>
+
+#include <QPointer>
+#include <QWidget>
+
+namespace tabulon {
+namespace {
+
+class VersionsSheetTest : public testing::Test, protected FakePlatform {
+protected:
+    void SetUp() override {
+        windows.connectTo(app, services);
+        const Document empty(base.services());
+        files.files["/home/a.tbln"] = writeDocumentArchive(empty.getMaster());
+        app.openFile("/home/a.tbln");
+    }
+
+    const Platform services = platform();
+    QtWindows windows;
+    AppDelegate app{services, windows, "1"};
+};
+
+TEST_F(VersionsSheetTest, itGoesWithItsDocumentBeforeItCountsAnyFurther) {
+    DocumentController& documents = app.documentController();
+    Document& document = *documents.currentDocument();
+    document.getMaster().addChild(Bookmark::init(base.now()));
+    documents.saveDocument(document, [](bool) {});
+    documents.browseVersions(document);
+    const QPointer<VersionsSheet> sheet = windows.windowFor(&document)->findChild<VersionsSheet*>();
+    ASSERT_TRUE(sheet);
+    EXPECT_GT(timers.running(), 0u);
+    documents.openUntitledDocumentAndDisplay(); // whose window stays usable
+    app.terminate();
+    EXPECT_TRUE(documents.documents().empty());
+    EXPECT_FALSE(sheet);
+    EXPECT_EQ(timers.running(), 0u);
+}
+
+} // namespace
+} // namespace tabulon
