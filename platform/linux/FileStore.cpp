@@ -122,10 +122,8 @@ int flush(int descriptor) {
     return ::fsync(descriptor) == 0 || errno == EINVAL ? 0 : errno;
 }
 
-// Puts a new file with the bytes in the place of `file`, with the access of another one where there is one.
-// Gives errno.
-int putInPlace(const std::string& file, std::string_view bytes, const std::optional<FileAccess>& access) {
-    TemporaryFile temporary(folderOf(file));
+// Writes the bytes to the file, which takes over the access of another one where there is one. Returns errno.
+int fill(const TemporaryFile& temporary, std::string_view bytes, const std::optional<FileAccess>& access) {
     if (!temporary.isOpen())
         return errno;
     const int descriptor = temporary.descriptor();
@@ -135,9 +133,22 @@ int putInPlace(const std::string& file, std::string_view bytes, const std::optio
         takeAccess(descriptor, *access);
     else
         ::fchmod(descriptor, modeOfNewFiles());
-    if (const int code = flush(descriptor); code != 0)
-        return code;
-    return temporary.rename(file);
+    return flush(descriptor);
+}
+
+// Puts a new file with the bytes in the place of `file`. Some systems let a file be made without a name and
+// refuse it one later: there the bytes are written once more. Returns errno.
+int putInPlace(const std::string& file, std::string_view bytes, const std::optional<FileAccess>& access) {
+    {
+        TemporaryFile temporary(folderOf(file), TemporaryFile::Name::AtLast);
+        if (const int code = fill(temporary, bytes, access); code != 0)
+            return code;
+        if (temporary.giveName() == 0)
+            return temporary.rename(file);
+    }
+    TemporaryFile temporary(folderOf(file), TemporaryFile::Name::AtOnce);
+    const int code = fill(temporary, bytes, access);
+    return code != 0 ? code : temporary.rename(file);
 }
 
 void flushFolder(const std::string& folder) {
