@@ -30,6 +30,8 @@ bool AppDelegate::openFile(const std::string& location) {
 }
 
 void AppDelegate::openFiles(const std::vector<std::string>& locations) {
+    if (openSoon)
+        return openSoon(locations);
     for (const std::string& location : locations)
         open(location);
     refusals_.tell(platform_);
@@ -148,7 +150,7 @@ void AppDelegate::openDocumentPanel() {
     platform_.panels.beginOpenPanel(panel, [this](const std::vector<std::string>& paths) {
         openPanelIsShown_ = false;
         openFiles(paths);
-        if (documentController_.documents().empty() && stop)
+        if (documentController_.documents().empty() && !opensMore() && stop)
             stop();
     });
 }
