@@ -64,7 +64,8 @@ public:
     void openFiles(const std::vector<std::string>& locations);
     /// The same for one file. True when there is a window for it now.
     bool openFile(const std::string& location);
-    /// Whether there is a file that `openFile` would try to open; not one that holds a single link.
+    /// Whether there is a file that `openFile` would try to open, or one that is called like a document and
+    /// cannot be read; not one that holds a single link.
     bool canOpen(const std::string& location);
     void openDocumentPanel();
 

@@ -2,7 +2,6 @@
 #include "app/AppDelegate.h"
 #include "app/DamagedDocument.h"
 #include "app/FileContent.h"
-#include "formats/import/LinkFileReader.h"
 #include "window/FileUri.h"
 #include "window/SharedAlerts.h"
 
@@ -39,10 +38,8 @@ void AppDelegate::openFiles(const std::vector<std::string>& locations) {
 
 bool AppDelegate::canOpen(const std::string& location) {
     const auto path = pathOf(location);
-    if (!path || platform_.files.kindOf(*path) != PathKind::File)
-        return false;
-    const Result<std::string> bytes = platform_.files.readFile(*path);
-    return bytes && contentOfFile(*bytes, *path).kind != FileContent::Kind::Unknown && !readLinkFile(*bytes);
+    const PathKind kind = path ? platform_.files.kindOf(*path) : PathKind::Other;
+    return (kind == PathKind::File || kind == PathKind::Nothing) && isOpenable(platform_.files, *path);
 }
 
 bool AppDelegate::open(const std::string& location) {

@@ -51,5 +51,34 @@ def what_is_no_file_is_not_taken(session):
     check(session.titles() == ["a – Tabulon"], "and opens nothing")
 
 
+def damage(path):
+    """Loses the kind of one name, so that one bookmark cannot be read."""
+    with open(path, "rb") as file:
+        content = bytearray(file.read())
+    content[content.index(b"WKitchen")] = 0x0F
+    with open(path, "wb") as file:
+        file.write(content)
+
+
+def documents_that_cannot_be_read_become_no_bookmarks(session):
+    session.launch()
+    session.wait_for_titles("Untitled – Tabulon")
+    place_window(session)
+    drag(session, "copy", "file://" + session.folder + "/gone.tbln")
+    session.wait_for_front("Tabulon")
+    session.press("Return")
+    session.wait_for_titles("Untitled – Tabulon")
+    damaged = session.document("damaged.tbln")
+    damage(damaged)
+    drag(session, "copy", "file://" + damaged)
+    session.wait_for_front("Tabulon")
+    session.press("Return")  # Open What Is Left
+    session.wait_for_titles("damaged* – Tabulon")
+
+
 if __name__ == "__main__":
-    run_session_tests([files_dropped_on_a_window_open, what_is_no_file_is_not_taken])
+    run_session_tests([
+        files_dropped_on_a_window_open,
+        what_is_no_file_is_not_taken,
+        documents_that_cannot_be_read_become_no_bookmarks,
+    ])
