@@ -113,7 +113,6 @@ private:
     void bringCurrentDocumentToFront();
     bool open(const std::string& location);
     bool openContent(const std::string& path);
-    std::optional<Refusals::Offer> offerRemains(const std::string& path);
     bool openDocument(const std::string& path, std::string_view bytes,
                       const std::optional<FileIdentity>& identity);
     bool openImported(const ImportFormat& format, const std::string& path, std::string_view bytes);

@@ -1,6 +1,5 @@
 // Opening files of every kind.
 #include "app/AppDelegate.h"
-#include "app/DamagedDocument.h"
 #include "app/FileContent.h"
 #include "window/FileUri.h"
 #include "window/SharedAlerts.h"
@@ -85,19 +84,10 @@ bool AppDelegate::openDocument(const std::string& path, std::string_view bytes,
                                const std::optional<FileIdentity>& identity) {
     const Result<Document*> document = documentController_.openDocument(path, bytes, identity);
     if (!document)
-        refusals_.add(path, document.error(), [this, path] { return offerRemains(path); });
+        refusals_.add(path, document.error(), [this, path] {
+            return documentController_.offerRemains(platform_.files.readFile(path), path);
+        });
     return document.value_or(nullptr) != nullptr;
-}
-
-std::optional<Refusals::Offer> AppDelegate::offerRemains(const std::string& path) {
-    const std::optional<Remains> remains = remainsOfDocument(path, platform_);
-    if (!remains)
-        return std::nullopt;
-    const auto open = [this, path, master = remains->master] {
-        if (Document* document = newMasterDocument(master))
-            document->setDisplayName(nameWithoutExtension(path));
-    };
-    return Refusals::Offer{remains->sentence, platform_.base.texts.text("OpenRemains"), open};
 }
 
 // The file is named by the user, so that the document is called after it.
