@@ -32,6 +32,7 @@ Result<void> DocumentController::writeByItself(Document& document) {
 Result<void> DocumentController::writeBytes(Document& document, const std::string& path,
                                             const std::string& bytes) {
     const OpenDocument& opened = *find(document);
+    const auto reading = versions_.readOnce();
     runSaveTasks(*opened.controller, platform_, versions_);
     if (!document.fileName().empty())
         saveFrameUsingName(opened);
