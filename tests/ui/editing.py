@@ -152,7 +152,9 @@ def editing_does_not_begin_by_itself_behind_a_menu(desktop):
     write(desktop, "by itself")
     desktop.press("Return", "ctrl+s")
     wait_for("a name typed into the field that came up by itself", lambda: names(desktop, document)[0] == "by itself")
-    desktop.press("End", "Home", "alt+f")  # within the half second that it takes
+    desktop.press("End", "Home")
+    # The File menu opens within the half second that it takes; the pointer goes to it without a way over the rows.
+    desktop.xdotool("mousemove", "--window", window, "20", "10", "click", "1")
     time.sleep(1)
     desktop.press("Escape", "Escape", "Delete", "ctrl+s")
     wait_for("the row is gone, not its text", lambda: names(desktop, document) == ["Folder", "last"])

@@ -34,7 +34,8 @@ protected:
 OutlineEditor::OutlineEditor(OutlineWidget& outline) : QStyledItemDelegate(&outline), outline_(outline) {
     // The bar usually hands the keyboard back to the field.
     connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* before, const QWidget* now) {
-        if (qobject_cast<const QMenuBar*>(before) && now && !outline_.isAncestorOf(now))
+        const bool isField = now != &outline_ && outline_.isAncestorOf(now);
+        if (now && !isField && qobject_cast<const QMenuBar*>(before))
             outline_.endEditing();
     });
 }
