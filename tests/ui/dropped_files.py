@@ -5,6 +5,7 @@ import sys
 import time
 
 from session import check, run_session_tests, wait_for
+from small_tree import damage
 
 
 ROWS, URL_FIELD = 400, 535
@@ -51,15 +52,6 @@ def what_is_no_file_is_not_taken(session):
     check(session.titles() == ["a – Tabulon"], "and opens nothing")
 
 
-def damage(path):
-    """Loses the kind of one name, so that one bookmark cannot be read."""
-    with open(path, "rb") as file:
-        content = bytearray(file.read())
-    content[content.index(b"WKitchen")] = 0x0F
-    with open(path, "wb") as file:
-        file.write(content)
-
-
 def documents_that_cannot_be_read_become_no_bookmarks(session):
     session.launch()
     session.wait_for_titles("Untitled – Tabulon")
@@ -69,7 +61,7 @@ def documents_that_cannot_be_read_become_no_bookmarks(session):
     session.press("Return")
     session.wait_for_titles("Untitled – Tabulon")
     damaged = session.document("damaged.tbln")
-    damage(damaged)
+    damage(damaged, b"Kitchen")
     drag(session, "copy", "file://" + damaged)
     session.wait_for_front("Tabulon")
     session.press("Return")  # Open What Is Left
