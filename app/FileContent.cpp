@@ -1,5 +1,6 @@
 #include "app/FileContent.h"
 
+#include "formats/import/LinkFileReader.h"
 #include "model/Ascii.h"
 #include "model/ClassicReader.h"
 #include "model/Document.h"
@@ -14,6 +15,8 @@ namespace tabulon {
 namespace {
 
 constexpr std::size_t kBytesLookedAt = 4096;
+// Of files that may be opened: more than documents need, and than most links take.
+constexpr std::size_t kBeginning = 65536;
 
 // The beginning of the file in lower case, without a byte-order mark and leading white space.
 std::string beginning(std::string_view bytes) {
@@ -33,6 +36,10 @@ constexpr FileContent kDocument{FileContent::Kind::Document};
 bool hasAny(std::string_view text, std::initializer_list<std::string_view> marks) {
     return std::ranges::any_of(
         marks, [&](std::string_view mark) { return text.find(mark) != std::string_view::npos; });
+}
+
+bool isArchive(std::string_view bytes) {
+    return hasAny(bytes, {"$objects"}) && hasAny(bytes, {"$top"});
 }
 
 // How many entries of a list are looked at, of its top and of the folder there.
@@ -79,8 +86,7 @@ FileContent contentByEntries(const BinaryPlist& list) {
 // For a list that cannot be read, or whose first entries say nothing: in both forms keys appear in the bytes
 // unchanged. A list of no known kind is read as a document, which says what is wrong with it.
 FileContent contentByBytes(std::string_view bytes) {
-    const bool isArchive = hasAny(bytes, {"$objects"}) && hasAny(bytes, {"$top"});
-    if (isArchive || !hasAny(bytes, {"Children"}))
+    if (isArchive(bytes) || !hasAny(bytes, {"Children"}))
         return kDocument;
     if (hasAny(bytes, {"WebBookmark", "URLString"}))
         return imported("safari");
@@ -95,6 +101,14 @@ FileContent contentOfList(std::string_view bytes) {
             content.kind != FileContent::Kind::Unknown)
             return content;
     return contentByBytes(bytes);
+}
+
+bool isXML(std::string_view text) {
+    return text.starts_with("<?xml") || text.starts_with("<!doctype");
+}
+
+bool isXMLList(std::string_view text) {
+    return text.starts_with("<plist") || (isXML(text) && hasAny(text, {"<plist", "<!doctype plist"}));
 }
 
 // A bookmark file says so, or has its lists; any other page has links.
@@ -117,6 +131,15 @@ FileContent contentByExtension(const std::string& path) {
     return extension == ".xbel" ? imported("xbel") : FileContent();
 }
 
+// Whether the rest of a file may say something else: a list may be a link, and of other programs' files some
+// say late what they are.
+bool leavesOpen(std::string_view start) {
+    const std::string text = beginning(start);
+    if (start.starts_with("bplist") || isXMLList(text))
+        return !isArchive(start);
+    return text.size() < kBytesLookedAt || (text.starts_with('{') && !hasAny(start, {"\"roots\""}));
+}
+
 } // namespace
 
 FileContent contentOfFile(std::string_view bytes, const std::string& path) {
@@ -125,16 +148,24 @@ FileContent contentOfFile(std::string_view bytes, const std::string& path) {
     if (bytes.starts_with("bplist"))
         return contentOfList(bytes);
     const std::string text = beginning(bytes);
-    const bool isXML = text.starts_with("<?xml") || text.starts_with("<!doctype");
-    if (text.starts_with("<plist") || (isXML && hasAny(text, {"<plist", "<!doctype plist"})))
+    if (isXMLList(text))
         return contentOfList(bytes);
-    if (text.starts_with("<xbel") || (isXML && hasAny(text, {"<xbel", "<!doctype xbel"})))
+    if (text.starts_with("<xbel") || (isXML(text) && hasAny(text, {"<xbel", "<!doctype xbel"})))
         return imported("xbel");
     if (text.starts_with('{') && hasAny(bytes, {"\"roots\""}))
         return imported(hasAny(bytes, {"\"custom_root\""}) ? "opera" : "chromium");
     if (looksLikeHTML(text))
         return contentOfHTML(text);
     return contentByExtension(path);
+}
+
+bool isOpenable(FileStore& files, const std::string& path) {
+    Result<std::string> bytes = files.readBeginning(path, kBeginning);
+    if (bytes && bytes->size() == kBeginning && leavesOpen(*bytes))
+        bytes = files.readFile(path);
+    if (!bytes)
+        return contentByExtension(path).kind == FileContent::Kind::Document;
+    return contentOfFile(*bytes, path).kind != FileContent::Kind::Unknown && !readLinkFile(*bytes);
 }
 
 } // namespace tabulon
