@@ -1,0 +1,94 @@
+"""Bookmarks dragged between the real program and a real Chromium, to its bar and its bookmark manager and from them, and a selection of
+a page copied there: chromium_bookmarks.py TABULON TABULON_CLI.
+
+Of what another program drags, Chromium takes the first address alone, with its title. Ends with 77 where there is no
+display to be had, or no browser, unless TABULON_REQUIRE_BROWSER is set.
+"""
+
+import json
+import os
+import sys
+import time
+import urllib.parse
+
+from browser_clipboard import PAGE, paste_page
+from browser_dragging import BROWSER_PLACE, BROWSER_SIZE, CHROMIUM, arrives, chromium, window_of
+from clipboard_bytes import A, INNER, open_many
+from desktop_program import wait_for
+from dragging import drag, open_one, place, row
+from session import check, run_session_tests
+
+ONE, TWO = ["One, “日本” & <b>", "https://one.example/?a=1&b=2"], ["Two", "https://two.example/"]
+# Where the page stands in the window, and the rows of its list in the page.
+GEOMETRY = """const list = document.querySelector("bookmarks-app")?.shadowRoot?.querySelector("bookmarks-list")?.shadowRoot;
+const rows = [...list?.querySelectorAll("bookmarks-item") ?? []].map(item => item.getBoundingClientRect());
+return [screenX + (outerWidth - innerWidth) / 2, screenY + outerHeight - innerHeight - (outerWidth - innerWidth) / 2,
+        ...rows.map(row => [row.left, row.top, row.bottom])];"""
+BAR = "return (await chrome.bookmarks.getChildren('1')).map(node => [node.title, node.url]);"
+BAR_HEIGHT = 37  # just above the page
+
+
+def start_chromium(session):
+    return chromium.Chromium(CHROMIUM, environment=session.environment)
+
+
+class Manager:
+    """The bookmark manager in the front of a browser, with two bookmarks in the bar."""
+
+    def __init__(self, session, browser):
+        browser.fill({"1": [ONE, TWO]})
+        window = window_of(session, "Bookmarks - ")
+        session.xdotool("windowmove", window, *map(str, BROWSER_PLACE), "windowsize", window, *map(str, BROWSER_SIZE))
+        self.left, self.top, first, second = wait_for("two rows", lambda: self.geometry(browser))
+        self.row = (self.left + first[0] + 90, self.top + (first[1] + first[2]) / 2)
+        self.between = (self.row[0], self.top + first[2])
+        self.below = (self.row[0], self.top + second[2] + 60)
+        self.first_on_bar = (self.left + 110, self.top - BAR_HEIGHT / 2)
+        self.end_of_bar = (self.left + BROWSER_SIZE[0] - 60, self.top - BAR_HEIGHT / 2)
+
+    @staticmethod
+    def geometry(browser):
+        geometry = browser.run(GEOMETRY)
+        return geometry if len(geometry) == 4 and geometry[0] > BROWSER_PLACE[0] else None
+
+
+def point(place_on_screen):
+    return tuple(map(round, place_on_screen))
+
+
+def into_chromium(session):
+    open_many(session)
+    with start_chromium(session) as browser:
+        manager = Manager(session, browser)
+        place(session, "many")
+        bar = [ONE, TWO]
+        for what, number, links, spot, index in [("a bookmark on the bar", 0, [A], manager.end_of_bar, 2),
+                                                 ("a folder's first link on the bar", 2, INNER, manager.end_of_bar, 3),
+                                                 ("a bookmark in the manager", 0, [A], manager.between, 1)]:
+            def arrived():
+                drag(session, row(number), point(manager.below), point(spot), rest=0.3)
+                time.sleep(0.5)
+                return browser.run(BAR) != bar
+            wait_for(what, arrived)
+            bar.insert(index, list(links[0][::-1]))
+            check(browser.run(BAR) == bar, f"{what} has its title and its address ({browser.run(BAR)})")
+        kept = json.loads(browser.bookmarks_file())["roots"]["bookmark_bar"]["children"]
+        check([[node["name"], node["url"]] for node in kept] == bar, "which Chromium keeps")
+
+
+def out_of_chromium(session):
+    path = open_one(session)
+    with start_chromium(session) as browser:
+        manager = Manager(session, browser)
+        arrives(session, path, "a bookmark of Chromium's bar", point(manager.first_on_bar), *ONE)
+        session.xdotool("key", "Home", "Delete")
+        arrives(session, path, "a bookmark of Chromium's manager", point(manager.row), *ONE)
+        browser.call("Target.createTarget", {"url": "data:text/html;charset=utf-8," + urllib.parse.quote(PAGE)})
+        paste_page(session, path, "Chromium")
+
+
+if __name__ == "__main__":
+    if not CHROMIUM:
+        print("there is no Chromium")
+        sys.exit(1 if os.environ.get("TABULON_REQUIRE_BROWSER") else 77)
+    run_session_tests([out_of_chromium, into_chromium], needed=["xclip"])
