@@ -1,9 +1,11 @@
 #include "ui/document/OutlineEditor.h"
 
+#include "ui/LineField.h"
 #include "ui/document/OutlineWidget.h"
 
+#include <QApplication>
 #include <QKeyEvent>
-#include <QLineEdit>
+#include <QMenuBar>
 
 #include <limits>
 
@@ -11,9 +13,9 @@ namespace tabulon {
 namespace {
 
 // A key that it has no use for would go on to the rows.
-class CellField : public QLineEdit {
+class CellField : public LineField {
 public:
-    explicit CellField(QWidget* parent) : QLineEdit(parent) {
+    explicit CellField(QWidget* parent) : LineField(parent) {
         setFrame(false);
         setMaxLength(std::numeric_limits<int>::max());
         setAcceptDrops(false); // what is dropped goes between the rows
@@ -21,7 +23,7 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override {
-        QLineEdit::keyPressEvent(event);
+        LineField::keyPressEvent(event);
         event->accept();
     }
 };
@@ -52,15 +54,36 @@ void OutlineEditor::setModelData(QWidget* editor, QAbstractItemModel*, const QMo
         outline_.endField(index, field->text());
 }
 
-// Qt would end the field later, after the rows have seen the key as well.
+void OutlineEditor::end(QWidget& field) {
+    emit commitData(&field);
+    emit closeEditor(&field, NoHint);
+}
+
+// From the bar the keyboard comes back to the field, or goes elsewhere, which ends the field as ever.
+void OutlineEditor::keepWhileMenuBarHasKeyboard(QWidget& field) {
+    disconnect(keyboardMoves_);
+    keyboardMoves_ = connect(qApp, &QApplication::focusChanged, &field,
+                             [this, &field](const QWidget* /*before*/, const QWidget* now) {
+                                 if (qobject_cast<const QMenuBar*>(now))
+                                     return;
+                                 disconnect(keyboardMoves_);
+                                 if (now != &field)
+                                     end(field);
+                             });
+}
+
 bool OutlineEditor::eventFilter(QObject* object, QEvent* event) {
     auto* field = qobject_cast<QLineEdit*>(object);
+    if (field && event->type() == QEvent::FocusOut &&
+        static_cast<const QFocusEvent*>(event)->reason() == Qt::MenuBarFocusReason) {
+        keepWhileMenuBarHasKeyboard(*field);
+        return false;
+    }
     const bool isPress = event->type() == QEvent::KeyPress;
     const int key = isPress ? static_cast<QKeyEvent*>(event)->key() : 0;
     if (!field || (key != Qt::Key_Return && key != Qt::Key_Enter))
         return QStyledItemDelegate::eventFilter(object, event);
-    emit commitData(field);
-    emit closeEditor(field, NoHint);
+    end(*field); // Qt would end it later, after the rows have seen the key as well
     return true;
 }
 
