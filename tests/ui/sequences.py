@@ -1,0 +1,169 @@
+"""What people do in the real program, one thing in the middle of another, with real keys: each command of the main menu while a
+name is being typed and a question is up in another window, timers that are due, an info panel beside its window, a question that
+stays up, another program's clipboard: sequences.py TABULON TABULON_CLI.
+"""
+
+import os
+import re
+import sys
+import time
+
+from clipboard_bytes import A, give, given, mozilla
+from desktop_program import Failure, check, wait_for
+from dragging import place, row
+from menu_cases import CASES, TREE, shape, tree
+from session import run_session_tests
+from small_tree import make_document
+
+PAUSE = 0.12  # in which a menu or a window takes the keyboard
+
+
+class Windows:
+    """Documents of these trees, each in its own window."""
+
+    def __init__(self, desktop, **sources):
+        self.desktop = desktop
+        self.paths = {name: make_document(desktop, name, source) for name, source in sources.items()}
+        self.process = desktop.launch(*self.paths.values())
+        wait_for("the windows", lambda: len(self.found()) == len(self.paths))
+        self.windows = self.found()
+
+    def found(self):
+        ids = self.desktop.xdotool("search", "--onlyvisible", "--name", "^[a-z0-9]+.? – Tabulon$").split()
+        names = {self.desktop.xdotool("getwindowname", window): window for window in ids}
+        return {re.sub(r"\*? – Tabulon$", "", name): window for name, window in names.items()}
+
+    def bring_to_front(self, name):
+        window = self.windows[name]
+
+        def has_keyboard():
+            self.desktop.xdotool("windowactivate", window)
+            return self.desktop.xdotool("getwindowfocus") == window
+        wait_for(f"the window {name}", has_keyboard)
+
+    def shape(self, name):
+        return shape(self.desktop.tree(self.paths[name]))[1:]
+
+    def wait_for_shape(self, name, expected, what):
+        try:
+            wait_for(what, lambda: self.shape(name) == expected)
+        except Failure as failure:
+            raise Failure(f"{what}: expected {expected}, the file holds {self.shape(name)}") from failure
+        check(True, what)
+
+
+def press(desktop, keys):
+    if keys:
+        desktop.xdotool("key", "--delay", "15", *keys.split())
+
+
+def choose(desktop, keys):
+    """A command of the main menu; the keys go into the menus as they come up."""
+    for key in keys.split():
+        desktop.xdotool("key", key)
+        time.sleep(0.05)
+    time.sleep(PAUSE)
+
+
+def front(desktop):
+    """The title of the window that has the keyboard."""
+    return desktop.xdotool("getwindowfocus", "getwindowname")
+
+
+def wait_for_front(desktop, title):
+    wait_for(f"“{title}” in front", lambda: re.search(title, front(desktop)))
+    time.sleep(PAUSE)
+
+
+def edit_row(desktop, number, text):
+    desktop.xdotool("key", "--delay", "5", "Home", *["Down"] * number, "F2", "type", "--delay", "5", text)
+
+
+def settings(desktop):
+    try:
+        with open(os.path.join(desktop.environment["HOME"], ".config", "tabulon", "tabulon.ini"), encoding="utf-8") as file:
+            return file.read()
+    except FileNotFoundError:
+        return ""
+
+
+def run_case(desktop, windows, name, case):
+    windows.bring_to_front(name)
+    edit_row(desktop, case.row, "typed")
+    press(desktop, case.before)
+    choose(desktop, case.keys)
+    if case.window:
+        wait_for_front(desktop, case.window)
+    press(desktop, case.after)
+    if case.window:
+        wait_for(f"the end of “{case.window}”", lambda: not re.search(case.window, front(desktop)))
+    if case.setting:
+        wait_for(case.setting, lambda: case.setting in settings(desktop))
+    if case.keys not in ["alt+f s", "alt+f c"]:
+        windows.bring_to_front(name)
+        press(desktop, "ctrl+s")
+
+
+def every_command_while_a_name_is_typed(desktop):
+    names = {f"case{number}": case for number, case in enumerate(CASES)}
+    windows = Windows(desktop, asked=TREE, **{name: case.source for name, case in names.items()})
+    windows.bring_to_front("asked")
+    choose(desktop, "alt+c d")
+    wait_for_front(desktop, "^Tabulon$")
+    question = desktop.xdotool("getwindowfocus")
+    for name, case in names.items():
+        try:
+            run_case(desktop, windows, name, case)
+        except Failure as failure:
+            raise Failure(f"{case.keys}: {failure}") from failure
+    for name, case in names.items():
+        windows.wait_for_shape(name, case.expected, f"{case.keys} keeps what was typed and works on its row")
+    check(desktop.xdotool("search", "--onlyvisible", "--name", "^Tabulon$") == question and windows.shape("asked") == tree("mango"),
+          "the document whose question is up has got none of these commands")
+    desktop.xdotool("windowactivate", question)
+    wait_for_front(desktop, "^Tabulon$")
+    press(desktop, "Escape")
+    windows.bring_to_front("asked")
+    edit_row(desktop, 0, "typed")
+    choose(desktop, "alt+f q")
+    check(windows.process.wait(timeout=20) == 0 and windows.shape("asked") == tree("typed"), "and is quit with what was typed")
+
+
+def the_document_saves_itself_meanwhile(desktop):
+    chosen = [case for case in CASES if case.keys in ["alt+b o", "alt+v x", "alt+s s b"]]
+    windows = Windows(desktop, **{f"case{number}": case.source for number, case in enumerate(chosen)})
+    for number, case in enumerate(chosen):
+        name = f"case{number}"
+        windows.bring_to_front(name)
+        press(desktop, "End")
+        choose(desktop, "alt+l r")
+        time.sleep(2)
+        edit_row(desktop, case.row, "ty")
+        wait_for("the document to save itself", lambda: windows.shape(name)[-1] == "last:2")
+        desktop.xdotool("type", "--delay", "5", "ped")
+        choose(desktop, case.keys)
+        press(desktop, "ctrl+s")
+        windows.wait_for_shape(name, [*case.expected[:-1], "last:2"], f"{case.keys} after a save by itself, with a field open")
+
+
+def a_click_is_about_to_edit(desktop):
+    windows = Windows(desktop, one=TREE)
+    place(desktop, "one")
+    for number, keys, then in [
+            (0, "ctrl+Down", tree(inside=["mango", "pear!3", ["Sub-", "deep"]])),
+            (1, "ctrl+Up", tree("mango")),
+            (0, "ctrl+shift+k", tree("mango", "---")),
+            (0, "Delete", tree("---")),
+            (5, "ctrl+shift+e", tree("---", inside=["pear!3", ["Sub+", "deep"]], sorted_name="Sorted+")),
+            (2, "Shift_L", tree("---", inside=["x!3", ["Sub+", "deep"]], sorted_name="Sorted+"))]:
+        press(desktop, "End")
+        desktop.xdotool("mousemove", *map(str, row(number)), "click", "1", "key", keys)
+        time.sleep(0.7)
+        press(desktop, "x ctrl+s")
+        what = "a click alone edits after a moment" if keys == "Shift_L" else f"{keys} right after a click edits nothing by itself"
+        windows.wait_for_shape("one", then, what)
+
+
+if __name__ == "__main__":
+    tests = [every_command_while_a_name_is_typed, the_document_saves_itself_meanwhile, a_click_is_about_to_edit]
+    run_session_tests([test for test in tests if not sys.argv[3:] or test.__name__ in sys.argv[3:]], needed=["xclip"])
