@@ -33,6 +33,7 @@ QToolButton* textButton(const QString& title, QWidget* parent) {
 
 FindBarWidget::FindBarWidget(FindBarController& controller, const Localization& texts, QWidget* parent)
     : QWidget(parent), controller_(&controller), field_(new LineField(this)), matches_(new QLabel(this)) {
+    field_->showText({});
     field_->setClearButtonEnabled(true);
     field_->setPlaceholderText(toQString(texts.text("FindPlaceholder")));
     field_->setAccessibleName(toQString(texts.text("FindPlaceholder")));

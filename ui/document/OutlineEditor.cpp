@@ -41,10 +41,10 @@ QWidget* OutlineEditor::createEditor(QWidget* parent, const QStyleOptionViewItem
 }
 
 void OutlineEditor::setEditorData(QWidget* editor, const QModelIndex& index) const {
-    auto* field = static_cast<QLineEdit*>(editor);
+    auto* field = static_cast<LineField*>(editor);
     if (field->isModified())
         return; // the row shows something else now, but what is typed is the user's
-    field->setText(outline_.fieldText(index));
+    field->showText(outline_.fieldText(index));
     field->selectAll();
 }
 
