@@ -14,7 +14,7 @@ def folder(name, *children, opened):
 # Two addresses are the same, one link is marked as broken, and each way to sort "Sorted" is another order.
 TREE = folder("Master", link("mango", "same"),
               folder("Folder", link("pear", "pear", status=3), folder("Sub", link("deep", "deep"), opened=False), opened=True),
-              link("kiwi", "same"),
+              link("kiwi", "same", note="about quaggas"),
               folder("Sorted", link("b", "x", tags="l", dateAdded=3, dateModified=11, lastOpened=22),
                      link("d", "y", tags="n", dateAdded=2, dateModified=14, lastOpened=21),
                      link("a", "z", tags="m", dateAdded=4, dateModified=12, lastOpened=24),

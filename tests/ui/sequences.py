@@ -79,9 +79,10 @@ def edit_row(desktop, number, text):
     desktop.xdotool("key", "--delay", "5", "Home", *["Down"] * number, "F2", "type", "--delay", "5", text)
 
 
-def settings(desktop):
+def kept(desktop, *path):
+    """The file of settings or state, which is written a moment after the first change."""
     try:
-        with open(os.path.join(desktop.environment["HOME"], ".config", "tabulon", "tabulon.ini"), encoding="utf-8") as file:
+        with open(os.path.join(desktop.environment["HOME"], *path), encoding="utf-8") as file:
             return file.read()
     except FileNotFoundError:
         return ""
@@ -98,7 +99,7 @@ def run_case(desktop, windows, name, case):
     if case.window:
         wait_for(f"the end of “{case.window}”", lambda: not re.search(case.window, front(desktop)))
     if case.setting:
-        wait_for(case.setting, lambda: case.setting in settings(desktop))
+        wait_for(case.setting, lambda: case.setting in kept(desktop, ".config", "tabulon", "tabulon.ini"))
     if case.keys not in ["alt+f s", "alt+f c"]:
         windows.bring_to_front(name)
         press(desktop, "ctrl+s")
@@ -164,6 +165,118 @@ def a_click_is_about_to_edit(desktop):
         windows.wait_for_shape("one", then, what)
 
 
+def panel_of(desktop, name):
+    return wait_for(f"the panel of {name}", lambda: desktop.xdotool("search", "--onlyvisible", "--name", f"^{name}$"))
+
+
+def find(desktop, text):
+    desktop.xdotool("key", "ctrl+f", "type", "--delay", "5", text)
+    time.sleep(0.4)  # the search waits for the end of a word
+
+
+def an_info_panel_is_beside_the_window(desktop):
+    windows = Windows(desktop, one=TREE)
+    windows.bring_to_front("one")
+    find(desktop, "quagga")  # a note is seen in the panel alone
+    panel = panel_of(desktop, "kiwi")
+    press(desktop, "ctrl+Up ctrl+s")
+    moved = tree("mango", inside=["pear!3", "kiwi", ["Sub-", "deep"]], kiwi=())
+    windows.wait_for_shape("one", moved, "a row moves while the panel that shows it is beside")
+    press(desktop, "ctrl+i")
+    time.sleep(0.3)
+    check(front(desktop).startswith("one"), "Ctrl+I leaves the keyboard to the find field")
+    press(desktop, "Escape ctrl+i")
+    wait_for_front(desktop, "^kiwi$")
+    check(desktop.xdotool("getwindowfocus") == panel, "without the find field Ctrl+I brings the same panel to the front")
+    desktop.xdotool("key", "--delay", "15", "alt+n", "ctrl+a", "type", "renamed")
+    windows.bring_to_front("one")
+    press(desktop, "ctrl+Up ctrl+s")
+    renamed = tree("mango", inside=["renamed", "pear!3", ["Sub-", "deep"]], kiwi=())
+    windows.wait_for_shape("one", renamed, "what was typed in the panel is its row's, wherever that moved")
+    press(desktop, "Delete ctrl+s")
+    windows.wait_for_shape("one", tree("mango", kiwi=()), "a row is deleted while the panel shows it")
+    check(not desktop.xdotool("search", "--onlyvisible", "--name", "^(kiwi|renamed)$"), "and the panel goes with it")
+
+
+def reverting_takes_its_time(desktop):
+    windows = Windows(desktop, one=TREE)
+    with open(windows.paths["one"], "rb") as file:
+        before = file.read()
+    windows.bring_to_front("one")
+    edit_row(desktop, 0, "typed")
+    press(desktop, "Return End Delete")
+    choose(desktop, "alt+f r")
+    wait_for_front(desktop, "^Tabulon$")
+    time.sleep(3.5)
+    press(desktop, "alt+r")
+    wait_for_front(desktop, "^one – Tabulon$")
+    press(desktop, "ctrl+a ctrl+c")
+    names = ["mango", "pear", "deep", "kiwi", "b", "d", "a", "c", "last"]
+
+    def shown():  # what is in a selected folder may be selected as well
+        return list(dict.fromkeys(given(desktop, "text/x-moz-url").decode("utf-16-le").split("\n")[1::2]))
+    wait_for("the old content in the window", lambda: shown() == names)
+    with open(windows.paths["one"], "rb") as file:
+        check(file.read() == before, "Revert has the old content back in window and file, however late it was answered")
+
+
+def another_program_has_the_clipboard(desktop):
+    windows = Windows(desktop, one=TREE)
+    windows.bring_to_front("one")
+    give(desktop, "text/x-moz-url", mozilla(A))
+    edit_row(desktop, 0, "typed")
+    press(desktop, "ctrl+v Return ctrl+v ctrl+s")
+    windows.wait_for_shape("one", tree("typed" + A[0], A[1]), "another program's link goes between the rows, its address into a field")
+    press(desktop, "Home ctrl+x")
+    give(desktop, "UTF8_STRING", b"theirs\thttps://theirs.example/\n")
+    press(desktop, "ctrl+v ctrl+s")
+    windows.wait_for_shape("one", tree("theirs", A[1]), "what another program copies after Cut is what is pasted")
+    edit_row(desktop, 0, "ours")
+    press(desktop, "shift+Home ctrl+x")
+    check(given(desktop, "UTF8_STRING") == b"ours", "Cut in a field takes the clipboard over with its text alone")
+    give(desktop, "UTF8_STRING", b"two\r\nlines")
+    press(desktop, "ctrl+v Return ctrl+s")
+    windows.wait_for_shape("one", tree("two lines", A[1]), "lines of another program are one line in a field")
+
+
+def the_find_field_has_the_keyboard(desktop):
+    windows = Windows(desktop, one=TREE, two=TREE)
+    windows.bring_to_front("one")
+    find(desktop, "same.example")
+    choose(desktop, "alt+e i")
+    press(desktop, "Escape")
+    desktop.xdotool("key", "F2", "type", "--delay", "5", "found")
+    press(desktop, "Return ctrl+s")
+    windows.wait_for_shape("one", tree("mango", kiwi=["found"]), "Find Next goes to the second match")
+    find(desktop, "words")
+    press(desktop, "shift+Home")
+    choose(desktop, "alt+e c")
+    wait_for("the words on the clipboard", lambda: given(desktop, "UTF8_STRING") == b"words")
+    press(desktop, "ctrl+s")
+    windows.wait_for_shape("one", tree("mango", kiwi=["found"]), "Cut in the menu is for the find field")
+
+
+def windows_come_and_go(desktop):
+    windows = Windows(desktop, one=TREE, two=TREE)
+    windows.bring_to_front("one")
+    edit_row(desktop, 0, "typed")
+    choose(desktop, "alt+w t")
+    wait_for_front(desktop, "^two – Tabulon$")
+    edit_row(desktop, 0, "typed")
+    choose(desktop, "alt+w m")
+    wait_for("the window put away", lambda: list(windows.found()) == ["one"])
+    windows.bring_to_front("two")
+    def recent():
+        return "one.tbln" in kept(desktop, ".local", "state", "tabulon", "state.ini")
+    wait_for("the list of recent documents", recent)
+    choose(desktop, "alt+f p Up Return")
+    wait_for("the end of that list", lambda: not recent())
+    for name in windows.paths:
+        windows.wait_for_shape(name, tree("typed"), f"what was typed in {name} is kept when another window comes to the front")
+
+
 if __name__ == "__main__":
-    tests = [every_command_while_a_name_is_typed, the_document_saves_itself_meanwhile, a_click_is_about_to_edit]
+    tests = [every_command_while_a_name_is_typed, the_document_saves_itself_meanwhile, a_click_is_about_to_edit,
+             an_info_panel_is_beside_the_window, reverting_takes_its_time, another_program_has_the_clipboard,
+             the_find_field_has_the_keyboard, windows_come_and_go]
     run_session_tests([test for test in tests if not sys.argv[3:] or test.__name__ in sys.argv[3:]], needed=["xclip"])
