@@ -59,10 +59,8 @@ def press(desktop, keys):
 
 def choose(desktop, keys):
     """A command of the main menu; the keys go into the menus as they come up."""
-    for key in keys.split():
-        desktop.xdotool("key", key)
-        time.sleep(0.05)
-    time.sleep(PAUSE)
+    desktop.xdotool("key", "--delay", "25", *keys.split())
+    time.sleep(0.05)
 
 
 def front(desktop):
@@ -131,7 +129,7 @@ def every_command_while_a_name_is_typed(desktop):
 
 
 def the_document_saves_itself_meanwhile(desktop):
-    chosen = [case for case in CASES if case.keys in ["alt+b o", "alt+v x", "alt+s s b"]]
+    chosen = [case for case in CASES if case.keys in ["alt+b o", "alt+s s b"]]
     windows = Windows(desktop, **{f"case{number}": case.source for number, case in enumerate(chosen)})
     for number, case in enumerate(chosen):
         name = f"case{number}"
