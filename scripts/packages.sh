@@ -22,5 +22,8 @@ PACKAGES_TESTS=(
 # The programs that the benchmarks measure against.
 PACKAGES_BENCH=(python3-lxml keditbookmarks)
 
-# What only CI needs: checks, fuzzing, a browser.
-PACKAGES_CI=(clang-format clang-tidy clang libclang-rt-14-dev firefox-esr chromium git make lintian)
+# What only CI needs: checks, fuzzing, browsers, a Wayland session.
+PACKAGES_CI=(
+    clang-format clang-tidy clang libclang-rt-14-dev firefox-esr chromium git make lintian
+    sway wl-clipboard wtype
+)

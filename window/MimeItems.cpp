@@ -90,6 +90,13 @@ PasteboardItem linkItem(const NamedLink& link) {
     return item;
 }
 
+// The clipboard tool of Wayland offers any text that it is handed as plain text, too.
+bool textIsTheList(const MimeContent& content) {
+    const std::string* text = content.get("text/plain");
+    const std::string* mozilla = content.get("text/x-moz-url");
+    return text && mozilla && *text == *mozilla;
+}
+
 std::vector<PasteboardItem> linkItems(const MimeContent& content, FileStore& files) {
     const std::vector<NamedLink> links = linksIn(content);
     std::vector<PasteboardItem> items;
@@ -99,7 +106,7 @@ std::vector<PasteboardItem> linkItems(const MimeContent& content, FileStore& fil
             continue;
         }
         items.push_back(linkItem(link));
-        if (links.size() == 1)
+        if (links.size() == 1 && !textIsTheList(content))
             setTextAndHtml(items.back(), content);
     }
     return items;

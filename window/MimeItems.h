@@ -19,9 +19,10 @@ namespace tabulon {
 inline constexpr std::string_view kItemsMimeType = "application/x-tabulon-items";
 
 /// The types that `pasteboardItems` looks at.
-inline constexpr std::array<std::string_view, 8> kReadMimeTypes = {
-    kItemsMimeType, "text/x-moz-url", "text/uri-list",      "_NETSCAPE_URL",
-    "text/plain",   "text/html",      "application/x-xbel", "text/x-moz-place"};
+inline constexpr std::array<std::string_view, 9> kReadMimeTypes = {
+    kItemsMimeType,       "text/x-moz-url",   "text/uri-list",
+    "_NETSCAPE_URL",      "text/plain",       "text/html",
+    "application/x-xbel", "text/x-moz-place", "chromium/x-bookmark-entries"};
 
 struct MimeReading {
     /// What is read of another program's tree goes into the list `Received`, which is cleared first.
@@ -50,7 +51,8 @@ inline constexpr std::uint64_t kLargestLinkFile = 1 << 20;
 
 /// The items, each with the record of a live node, for every program: their texts line by line, for the nodes
 /// with a URL and all links in folders a list of URIs, Mozilla's list of links with titles, and HTML, and the
-/// nodes as XBEL. Lists and XBEL of more than `kLargestMimeForm` bytes are left out.
+/// nodes as XBEL and as Chromium's entries. Lists and XBEL of more than `kLargestMimeForm` bytes are left
+/// out.
 MimeContent mimeContent(const std::vector<PasteboardItem>& items, const NodeRecords& records);
 inline constexpr std::size_t kLargestMimeForm = std::size_t{1} << 28;
 

@@ -1,5 +1,6 @@
 // What other programs are handed of items: texts, lists of links, and a tree.
 #include "formats/XmlEntities.h"
+#include "formats/export/ChromiumEntries.h"
 #include "formats/export/XBEL.h"
 #include "model/TreeWalk.h"
 #include "window/MimeItems.h"
@@ -13,6 +14,8 @@
 
 namespace tabulon {
 namespace {
+
+constexpr std::size_t kLargestChromiumForm = std::size_t{1} << 24;
 
 // What may not stand in a URI stands as percent escapes.
 std::string uriOf(std::string_view url) {
@@ -90,7 +93,7 @@ private:
     std::size_t size_ = 0; // of the longest list
 };
 
-void setXBEL(MimeContent& content, const std::vector<Ref<Bookmark>>& nodes) {
+void setTrees(MimeContent& content, const std::vector<Ref<Bookmark>>& nodes) {
     const Ref<Bookmark> root = Bookmark::initEmpty();
     root->makeParent();
     for (const Ref<Bookmark>& node : nodes)
@@ -99,6 +102,8 @@ void setXBEL(MimeContent& content, const std::vector<Ref<Bookmark>>& nodes) {
     options.mostBytes = kLargestMimeForm;
     if (Result<std::string> file = exportToXBEL(*root, options); file && root->hasChildren())
         content.set("application/x-xbel", *std::move(file));
+    if (std::string entries = exportToChromiumEntries(*root, kLargestChromiumForm); !entries.empty())
+        content.set("chromium/x-bookmark-entries", std::move(entries));
 }
 
 } // namespace
@@ -122,7 +127,7 @@ MimeContent mimeContent(const std::vector<PasteboardItem>& items, const NodeReco
     if (!text.empty())
         content.set("text/plain", std::move(text));
     lists.setIn(content);
-    setXBEL(content, nodes);
+    setTrees(content, nodes);
     return content;
 }
 

@@ -1,5 +1,6 @@
 #include "window/ReceivedTree.h"
 
+#include "formats/import/ChromiumEntries.h"
 #include "formats/import/PlacesItems.h"
 #include "formats/import/TextDecoding.h"
 #include "formats/import/XBELReader.h"
@@ -53,6 +54,11 @@ Ref<Bookmark> treeOfPlaces(const MimeContent& content, const BaseServices& servi
     return numberOfLinks(**tree) < list.size() ? nullptr : *tree;
 }
 
+Ref<Bookmark> treeOfChromium(std::string_view bytes, const BaseServices& services) {
+    Ref<Bookmark> tree = readChromiumEntries(bytes, Date::now(services.clock));
+    return tree && tree->hasChildren() ? tree : nullptr;
+}
+
 void nameAndClassify(const Bookmark& root, const Text& untitled) {
     walkBelow(root, [&untitled](Bookmark& node) {
         if (node.isSeparator())
@@ -71,6 +77,8 @@ Ref<Bookmark> receivedTree(const MimeContent& content, const BaseServices& servi
     Ref<Bookmark> tree = treeOfXBEL(formOf(content, "application/x-xbel"), services);
     if (!tree)
         tree = treeOfPlaces(content, services);
+    if (!tree)
+        tree = treeOfChromium(formOf(content, "chromium/x-bookmark-entries"), services);
     if (tree)
         nameAndClassify(*tree, services.texts.text("Untitled"));
     return tree;

@@ -1,5 +1,5 @@
-// Trees of bookmarks that other programs copy and drag: "application/x-xbel", and Firefox's
-// "text/x-moz-place".
+// Trees of bookmarks that other programs copy and drag: "application/x-xbel", Firefox's "text/x-moz-place",
+// Chromium's "chromium/x-bookmark-entries".
 #pragma once
 
 #include "model/Bookmark.h"
@@ -13,8 +13,8 @@ namespace tabulon {
 /// Of what is larger the next form is read, in bytes.
 inline constexpr std::size_t kLargestReceivedTree = std::size_t{1} << 26;
 
-/// A root folder with what was copied or dragged; null where neither form is there, or can be read, or has
-/// anything in it. Links are classified; what has no name is called as new links are.
+/// A root folder with what was copied or dragged; null where none of these forms is there, can be read, and
+/// has anything in it. Links are classified; what has no name is called as new links are.
 Ref<Bookmark> receivedTree(const MimeContent& content, const BaseServices& services);
 
 } // namespace tabulon

@@ -15,7 +15,7 @@ namespace {
 constexpr int kRequestHeader = 100; // bytes, with room to spare
 constexpr auto kType = "text/x-moz-url";
 
-// Browsers of Firefox's family take addresses without titles from a list of URIs, wherever one is offered.
+// Browsers take addresses without titles from a list of URIs, wherever one is offered.
 bool prefersUriLists(xcb_connection_t* connection, xcb_window_t window) {
     constexpr std::uint32_t kSize = 64; // in units of four bytes
     const auto cookie = xcb_get_property(connection, 0, window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 0, kSize);
@@ -25,8 +25,9 @@ bool prefersUriLists(xcb_connection_t* connection, xcb_window_t window) {
     const QByteArray name = QByteArray(static_cast<const char*>(xcb_get_property_value(reply.get())),
                                        xcb_get_property_value_length(reply.get()))
                                 .toLower();
-    constexpr std::array kNames = {"firefox",  "navigator",   "librewolf",
-                                   "waterfox", "thunderbird", "seamonkey"};
+    constexpr std::array kNames = {"firefox",     "navigator", "librewolf", "waterfox",
+                                   "thunderbird", "seamonkey", "chromium",  "chrome",
+                                   "vivaldi",     "brave",     "opera",     "microsoft-edge"};
     return std::ranges::any_of(kNames, [&name](const char* each) { return name.contains(each); });
 }
 

@@ -1,5 +1,5 @@
-"""A Chromium without a window, driven over a pipe by the DevTools protocol: messages are JSON ended by a null byte. Only
-what the bookmark tests need: start, run a script in the bookmark manager's page, stop, keep the profile's file.
+"""A Chromium, without a window or on a display, driven over a pipe by the DevTools protocol: messages are JSON ended by a null
+byte. Only what the bookmark tests need: start, run a script in the bookmark manager's page, stop, keep the profile's file.
 
 As a program it makes the file tests/corpus/chromium-json/chromium anew: chromium.py FILE.
 """
@@ -49,12 +49,15 @@ def find():
 
 
 class Chromium:
-    """Use with `with`: a fresh profile each time, gone afterwards."""
+    """Use with `with`: a fresh profile each time, gone afterwards. With the `environment` of an X display it has a window there,
+    with its bar of bookmarks.
+    """
 
-    def __init__(self, program, patience=120, page="chrome://bookmarks/"):
+    def __init__(self, program, patience=120, page="chrome://bookmarks/", environment=None):
         self._program = program
         self._page = page
         self._patience = patience
+        self._environment = environment
         self._last_id = 0
         self._session = None
         self._received = b""
@@ -66,12 +69,18 @@ class Chromium:
         self._read, write_end = os.pipe()
         # The browser has its ends at 3 and 4; above them nothing is overwritten on the way there.
         ends = [fcntl.fcntl(end, fcntl.F_DUPFD, 10) for end in (read_end, write_end)]
-        command = [self._program, "--headless=new", "--no-sandbox", "--no-first-run", "--disable-gpu",
+        profile = os.path.join(self._folder.name, "profile")
+        os.makedirs(os.path.join(profile, "Default"))
+        with open(os.path.join(profile, "Default", "Preferences"), "w", encoding="utf-8") as preferences:
+            json.dump({"bookmark_bar": {"show_on_all_tabs": True}}, preferences)
+        display = ["--ozone-platform=x11", "--password-store=basic"] if self._environment else ["--headless=new"]
+        command = [self._program, *display, "--no-sandbox", "--no-first-run", "--disable-gpu",
                    "--disable-background-networking", "--disable-component-update", "--disable-sync",
                    "--host-resolver-rules=MAP * ~NOTFOUND", "--remote-debugging-pipe",
-                   f"--user-data-dir={self._folder.name}/profile", "about:blank"]
-        environment = dict(os.environ, HOME=self._folder.name)
-        environment.pop("DISPLAY", None)
+                   f"--user-data-dir={profile}", "about:blank"]
+        environment = dict(self._environment or os.environ, HOME=self._folder.name)
+        if not self._environment:
+            environment.pop("DISPLAY", None)
         self._process = subprocess.Popen(
             command, env=environment, stdin=subprocess.DEVNULL, stdout=self._log, stderr=subprocess.STDOUT,
             pass_fds=(3, 4), preexec_fn=lambda: (os.dup2(ends[0], 3), os.dup2(ends[1], 4)))

@@ -1,5 +1,5 @@
-"""Bookmarks copied between the real program and the bookmark managers of a real Firefox and KDE, both ways, and a folder dragged to
-Firefox's toolbar: browser_clipboard.py TABULON TABULON_CLI.
+"""Bookmarks copied between the real program and the bookmark manager of a real Firefox, both ways, a selection of a page in it, and a
+folder dragged to its toolbar: browser_clipboard.py TABULON TABULON_CLI.
 
 Ends with 77 where there is no display to be had, or no browser, unless TABULON_REQUIRE_BROWSER is set.
 """
@@ -8,8 +8,8 @@ import os
 import sys
 import time
 
-from browser_dragging import BROWSER_PLACE, BROWSER_SIZE, CORNER_OF, PREFERENCES, window_of
-from clipboard_bytes import A, B, C, INNER, copy, nodes, open_many, paste_behind_all, saved
+from browser_dragging import BROWSER_PLACE, BROWSER_SIZE, CORNER_OF, OPEN, PREFERENCES, page, window_of
+from clipboard_bytes import A, B, C, INNER, copy, given, nodes, open_many, paste_behind_all, saved
 from desktop_program import wait_for
 from dragging import drag, open_one, place, row
 from session import check, run_session_tests
@@ -55,6 +55,30 @@ def start_firefox(session):
     return firefox.Firefox(firefox.find(), environment=session.environment, preferences=PREFERENCES)
 
 
+# Its links are in the HTML of what is copied; the text has their names alone.
+PAGE = """<!DOCTYPE html><meta charset="utf-8"><title>Page of links</title><p>Before
+<a href="https://one.example/?a=1&amp;b=2">One, “日本” &amp; &lt;b></a>, between,
+<a href="https://two.example/">Two</a> and <b><a href="https://in.example/#x">Three</a></b> after</p>
+"""
+LINKS_OF_PAGE = [("One, “日本” & <b>", "https://one.example/?a=1&b=2"), ("Two", "https://two.example/"),
+                 ("Three", "https://in.example/#x")]
+
+
+def paste_page(session, path, browser):
+    """Copies the whole of the page in the front of `browser`, and pastes it."""
+    window = window_of(session, "Page of links")
+    session.xdotool("windowactivate", "--sync", window, "mousemove", "--window", window, "300", "400", "click", "1")
+
+    def selected():  # again and again: the page takes no keys before it is ready
+        session.xdotool("key", "ctrl+a", "ctrl+c")
+        time.sleep(0.3)
+        return b"https://two.example/" in given(session, "text/html").replace(b"\0", b"")
+    wait_for(f"a selection in {browser}", selected)
+    check("://" not in given(session, "UTF8_STRING").decode(), f"the text that {browser} copies has no address")
+    place(session, "one")
+    paste_behind_all(session, path, LINKS_OF_PAGE, f"the links of a selection in {browser}, with their titles")
+
+
 def out_of_firefoxs_library(session):
     path = open_one(session)
     with start_firefox(session) as browser:
@@ -65,6 +89,8 @@ def out_of_firefoxs_library(session):
             paste_behind_all(session, path, expected, f"out of Firefox's library: {expected}")
         two = session.tree(path)["children"][-3]
         check(two["tags"] == "tag", f"with its tags ({two['tags']})")
+        browser.run(OPEN, page(PAGE))
+        paste_page(session, path, "Firefox")
 
 
 def into_firefoxs_library(session):

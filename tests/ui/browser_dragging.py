@@ -39,19 +39,18 @@ OPEN = """await PlacesUtils.bookmarks.insert(
 gBrowser.fixupAndLoadURIString(args[0], {triggeringPrincipal: Services.scriptSecurityManager.getSystemPrincipal()});"""
 
 
-class Page(http.server.BaseHTTPRequestHandler):
-    def do_GET(self):
-        self.send_response(200)
-        self.send_header("Content-Type", "text/html")
-        self.end_headers()
-        self.wfile.write(PAGE.encode())
-
-    def log_message(self, *_):
-        pass
-
-
-def page():
+def page(html=PAGE):
     """The address of the page, which is served as long as the test runs."""
+    class Page(http.server.BaseHTTPRequestHandler):
+        def do_GET(self):
+            self.send_response(200)
+            self.send_header("Content-Type", "text/html")
+            self.end_headers()
+            self.wfile.write(html.encode())
+
+        def log_message(self, *_):
+            pass
+
     server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Page)
     threading.Thread(target=server.serve_forever, daemon=True).start()
     return f"http://127.0.0.1:{server.server_port}/page"

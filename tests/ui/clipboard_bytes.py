@@ -69,33 +69,42 @@ def copy(session, first, last=None):
 
 A, B, C = ("https://a.example/?x=1&y=2", "A & “日本”"), ("https://b.example/", "B"), ("https://c.example/", "C")
 INNER = [("https://in.example/", "In"), ("https://deep.example/", "Deep")]
+FOLDER = ["Folder", INNER[0][::-1], ["Inner", INNER[1][::-1]]]
+ALL = [A[::-1], B[::-1], FOLDER, C[::-1]]
 
 
-def check_given(session, what, *links):
-    check(given(session, "text/x-moz-url") == mozilla(*links), f"{what}: addresses and titles")
-    check(given(session, "text/uri-list") == "".join(url + "\r\n" for url, _ in links).encode(), f"{what}: list of addresses")
-    anchors = re.findall(r'<a href="([^"]*)">([^<]*)</a>', given(session, "text/html").decode())
+def check_forms(form, what, *links):
+    """What `form` has for each media type is the links, with their titles where the type has room for them."""
+    check(form("text/x-moz-url") == mozilla(*links), f"{what}: addresses and titles")
+    check(form("text/uri-list") == "".join(url + "\r\n" for url, _ in links).encode(), f"{what}: list of addresses")
+    anchors = re.findall(r'<a href="([^"]*)">([^<]*)</a>', form("text/html").decode())
     check([(url.replace("&amp;", "&"), title.replace("&amp;", "&")) for url, title in anchors] == list(links), f"{what}: anchors")
 
 
+def check_xbel(session, xbel, expected, what):
+    file = os.path.join(session.folder, "given.xbel")
+    with open(file, "wb") as out:
+        out.write(xbel)
+    session.run(session.tool, "import", "--from", "xbel", file, "-o", file + ".tbln")
+    check(nodes(session.tree(file + ".tbln")) == expected, f"{what}: the tree as XBEL")
+
+
 def what_is_given(session):
+    def form(target):
+        return given(session, target)
+
     open_many(session)
     copy(session, 0)
-    check_given(session, "one bookmark", A)
+    check_forms(form, "one bookmark", A)
     check(given(session, "UTF8_STRING").decode() == A[0], "one bookmark: text")
     copy(session, 0, 1)
-    check_given(session, "two bookmarks", A, B)
+    check_forms(form, "two bookmarks", A, B)
     copy(session, 2)
-    check_given(session, "a folder", *INNER)
+    check_forms(form, "a folder", *INNER)
     check("UTF8_STRING" not in given(session, "TARGETS").decode().split(), "a folder has no text")
     copy(session, 0, 3)
-    check_given(session, "bookmarks and a folder", A, B, *INNER, C)
-    file = os.path.join(session.folder, "given.xbel")
-    with open(file, "wb") as xbel:
-        xbel.write(given(session, "application/x-xbel"))
-    session.run(session.tool, "import", "--from", "xbel", file, "-o", file + ".tbln")
-    check(nodes(session.tree(file + ".tbln")) == [A[::-1], B[::-1], ["Folder", INNER[0][::-1], ["Inner", INNER[1][::-1]]], C[::-1]],
-          "the tree is given as XBEL")
+    check_forms(form, "bookmarks and a folder", A, B, *INNER, C)
+    check_xbel(session, given(session, "application/x-xbel"), ALL, "bookmarks and a folder")
 
 
 def nodes(folder):

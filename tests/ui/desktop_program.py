@@ -37,6 +37,19 @@ def wait_for(what, condition):
 class Desktop:
     def __init__(self, program, tool, folder):
         self.program, self.tool, self.folder = program, tool, folder
+        home = os.path.join(folder, "home")
+        runtime = os.path.join(folder, "runtime")
+        os.makedirs(home)
+        os.makedirs(runtime, mode=0o700)
+        self.environment = dict(os.environ, HOME=home, XDG_RUNTIME_DIR=runtime, LC_ALL="C.UTF-8")
+        for name in ["DISPLAY", "WAYLAND_DISPLAY", "XDG_CONFIG_HOME", "XDG_STATE_HOME", "QT_QPA_PLATFORMTHEME",
+                     "QT_SCALE_FACTOR"]:
+            self.environment.pop(name, None)
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = "disabled:"
+        self.running = None
+        self.start_display()
+
+    def start_display(self):
         reader, writer = os.pipe()
         self.server = subprocess.Popen(
             ["Xvfb", "-displayfd", str(writer), "-screen", "0", "1280x800x24", "-nolisten", "tcp"],
@@ -44,18 +57,9 @@ class Desktop:
         os.close(writer)
         with os.fdopen(reader) as numbers:
             display = numbers.readline().strip()
-        home = os.path.join(folder, "home")
-        runtime = os.path.join(folder, "runtime")
-        os.makedirs(home)
-        os.makedirs(runtime, mode=0o700)
-        self.environment = dict(os.environ, DISPLAY=f":{display}", HOME=home, XDG_RUNTIME_DIR=runtime,
-                                QT_QPA_PLATFORM="xcb", LC_ALL="C.UTF-8")
-        for name in ["WAYLAND_DISPLAY", "XDG_CONFIG_HOME", "XDG_STATE_HOME", "QT_QPA_PLATFORMTHEME", "QT_SCALE_FACTOR"]:
-            self.environment.pop(name, None)
-        self.environment["DBUS_SESSION_BUS_ADDRESS"] = "disabled:"
-        self.running = None
+        self.environment.update(DISPLAY=f":{display}", QT_QPA_PLATFORM="xcb")
         # A window that comes while the manager is starting may never be shown.
-        ready = os.path.join(folder, "manager-is-ready")
+        ready = os.path.join(self.folder, "manager-is-ready")
         self.manager = subprocess.Popen(["openbox", "--startup", f"touch {ready}"], env=self.environment,
                                         stderr=subprocess.DEVNULL)
         wait_for("the window manager", lambda: os.path.exists(ready))

@@ -69,6 +69,12 @@ TEST_F(MimeItemsTest, mozillasListInItsVariants) {
     EXPECT_EQ(read({{"text/x-moz-url", ""}, {"text/uri-list", "https://a/"}}), (Texts{"url=https://a/"}));
 }
 
+TEST_F(MimeItemsTest, aListThatIsOfferedAsPlainTextTooIsNoText) {
+    const std::string list = utf16("https://a/\nTitle");
+    EXPECT_EQ(read({{"text/x-moz-url", list}, {"text/plain", list}}),
+              (Texts{"url=https://a/ url-name=Title"}));
+}
+
 TEST_F(MimeItemsTest, theTitleOfASingleLinkMayStandBesideTheListOfURIs) {
     const std::string named = "https://a/\nThe title é";
     EXPECT_EQ(read({{"text/uri-list", "https://a/"}, {"_NETSCAPE_URL", named}}),

@@ -307,6 +307,7 @@ TEST_F(PasteboardTest, recordsOfAnotherProcessAreNotFollowed) {
     copy({&link});
     SharedState other;
     pasteboard.held.set("application/x-xbel", "");
+    pasteboard.held.set("chromium/x-bookmark-entries", "");
     const auto items = pasteboardItems(
         pasteboard.held, {.records = other.records, .files = files, .services = base.services()});
     ASSERT_EQ(items.size(), 1u);

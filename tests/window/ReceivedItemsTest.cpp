@@ -65,12 +65,24 @@ TEST_F(ReceivedItemsTest, aTreeOfXBELKeepsItsFolders) {
         << "without a declaration";
 }
 
+TEST_F(ReceivedItemsTest, whatIsCopiedForChromiumIsReadLikeWhatChromiumCopies) {
+    pasted({{"application/x-xbel", kXBEL}});
+    const ChildList& all = *document.getMaster().getChildren();
+    controller->copyBookmarksArray({all.begin(), all.end()});
+    const std::string entries = copied("chromium/x-bookmark-entries");
+    const std::string text = "https://in/\nmailto:x@y";
+    EXPECT_EQ(pasted({{"chromium/x-bookmark-entries", entries}, {"text/plain", text}}),
+              "F[In=https://in/ Inner[]] Untitled=mailto:x@y");
+}
+
 TEST_F(ReceivedItemsTest, whatIsNoTreeLeavesTheNextForm) {
     const std::string list = "https://a/";
     for (const std::string& bytes : {""s, "x"s, "<xbel>"s, "<xbel></xbel>"s, kXBEL.substr(0, 80),
                                      std::string(kLargestReceivedTree + 1, ' ')}) {
         EXPECT_EQ(pasted({{"application/x-xbel", bytes}, {"text/uri-list", list}}), "Untitled=https://a/");
         EXPECT_EQ(pasted({{"text/x-moz-place", bytes}, {"text/uri-list", list}}), "Untitled=https://a/");
+        EXPECT_EQ(pasted({{"chromium/x-bookmark-entries", bytes}, {"text/uri-list", list}}),
+                  "Untitled=https://a/");
     }
 }
 

@@ -9,8 +9,9 @@
 
 namespace tabulon {
 
-AddressField::AddressField(QWidget* parent) : QLineEdit(parent) {
+AddressField::AddressField(QWidget* parent) : LineField(parent) {
     setMaxLength(std::numeric_limits<int>::max()); // a script in an address may be long
+    showText({});
     connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
         address_ = text;
         emit addressEdited(text);
@@ -25,16 +26,16 @@ void AddressField::setAddress(const Text& address) {
 void AddressField::showAddress(bool coded) {
     const QString shown = coded ? toQString(shownAddress(Text(address_.toStdString())).view()) : address_;
     if (text() != shown)
-        setText(shown);
+        showText(shown);
 }
 
 void AddressField::focusInEvent(QFocusEvent* event) {
     showAddress(false);
-    QLineEdit::focusInEvent(event);
+    LineField::focusInEvent(event);
 }
 
 void AddressField::focusOutEvent(QFocusEvent* event) {
-    QLineEdit::focusOutEvent(event);
+    LineField::focusOutEvent(event);
     if (event->reason() != Qt::PopupFocusReason) // its own menu
         showAddress(true);
 }

@@ -3,12 +3,11 @@
 #pragma once
 
 #include "model/Text.h"
-
-#include <QLineEdit>
+#include "ui/LineField.h"
 
 namespace tabulon {
 
-class AddressField : public QLineEdit {
+class AddressField : public LineField {
     Q_OBJECT
 
 public:

@@ -79,6 +79,7 @@ DocumentMainWindow::DocumentMainWindow(ViewController& controller, AppDelegate& 
     layout->addWidget(pages_, 1);
     layout->addWidget(urlField_);
     setCentralWidget(content);
+    outline_->setFocus();
     connect(findBar_, &FindBarWidget::closed, this, [this] { pages_->currentWidget()->setFocus(); });
     connect(emptyState_, &EmptyState::openRequested, this, [this] { app_.openDocumentPanel(); });
     connect(urlField_, &StatusLineWidget::actionRequested, this, [this] {
@@ -140,8 +141,11 @@ void DocumentMainWindow::setURLFieldFontSize(double points) {
 
 void DocumentMainWindow::showEmptyState(bool empty) {
     QWidget* shown = empty ? static_cast<QWidget*>(emptyState_) : outline_;
+    if (pages_->currentWidget() == shown)
+        return; // the keyboard stays where the user types
     pages_->setCurrentWidget(shown);
-    shown->setFocus();
+    if (!findBar_->hasKeyboard())
+        shown->setFocus();
 }
 
 void DocumentMainWindow::bringToFront() {

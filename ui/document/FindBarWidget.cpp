@@ -1,11 +1,11 @@
 #include "ui/document/FindBarWidget.h"
 
+#include "ui/LineField.h"
 #include "ui/Strings.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
 #include <QStyle>
@@ -32,7 +32,8 @@ QToolButton* textButton(const QString& title, QWidget* parent) {
 } // namespace
 
 FindBarWidget::FindBarWidget(FindBarController& controller, const Localization& texts, QWidget* parent)
-    : QWidget(parent), controller_(&controller), field_(new QLineEdit(this)), matches_(new QLabel(this)) {
+    : QWidget(parent), controller_(&controller), field_(new LineField(this)), matches_(new QLabel(this)) {
+    field_->showText({});
     field_->setClearButtonEnabled(true);
     field_->setPlaceholderText(toQString(texts.text("FindPlaceholder")));
     field_->setAccessibleName(toQString(texts.text("FindPlaceholder")));

@@ -8,10 +8,11 @@
 #include <QWidget>
 
 class QLabel;
-class QLineEdit;
 class QMenu;
 
 namespace tabulon {
+
+class LineField;
 
 class FindBarWidget : public QWidget, public FindBar {
     Q_OBJECT
@@ -46,7 +47,7 @@ private:
     void hideBar();
 
     FindBarController* controller_;
-    QLineEdit* field_;
+    LineField* field_;
     QLabel* matches_;
     QTimer pause_;
     bool editing_ = false;

@@ -1,5 +1,6 @@
 #include "ui/document/InfoSheet.h"
 
+#include "ui/LineField.h"
 #include "ui/ScreenRoom.h"
 #include "ui/Strings.h"
 #include "ui/document/AddressField.h"
@@ -12,7 +13,6 @@
 #include <QFormLayout>
 #include <QGuiApplication>
 #include <QIcon>
-#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
@@ -50,9 +50,10 @@ QString typedText(const QPlainTextEdit& field, const Text& original) {
     return text;
 }
 
-QLineEdit* makeField(QWidget* parent) {
-    auto* field = new QLineEdit(parent);
+LineField* makeField(QWidget* parent) {
+    auto* field = new LineField(parent);
     field->setMaxLength(std::numeric_limits<int>::max()); // a script in an address may be long
+    field->showText({});
     return field;
 }
 
@@ -188,9 +189,9 @@ void InfoSheet::reportChanges() {
 void InfoSheet::reloadFields() {
     const QScopedValueRollback loading(loading_, true);
     const Bookmark& node = controller_->duplicate();
-    const auto show = [](QLineEdit* field, const Text& text) {
+    const auto show = [](LineField* field, const Text& text) {
         if (const QString shown = asShown(text); field->text() != shown)
-            field->setText(shown);
+            field->showText(shown);
     };
     show(name_, node.itemName());
     url_->setAddress(node.itemURL());

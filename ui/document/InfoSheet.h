@@ -11,11 +11,12 @@
 class QCheckBox;
 class QComboBox;
 class QFormLayout;
-class QLineEdit;
 class QPlainTextEdit;
 class QToolButton;
 
 namespace tabulon {
+
+class LineField;
 
 class AddressField;
 
@@ -58,9 +59,9 @@ private:
     void reportChanges();
 
     std::shared_ptr<GetInfoController> controller_;
-    QLineEdit* name_;
+    LineField* name_;
     AddressField* url_;
-    QLineEdit* tags_;
+    LineField* tags_;
     QPlainTextEdit* note_;
     QComboBox* label_;
     QComboBox* browser_;

@@ -1,11 +1,10 @@
 #include "ui/document/OutlineEditor.h"
 
+#include "ui/LineField.h"
 #include "ui/document/OutlineWidget.h"
 
 #include <QApplication>
-#include <QFocusEvent>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QMenuBar>
 
 #include <limits>
@@ -14,9 +13,9 @@ namespace tabulon {
 namespace {
 
 // A key that it has no use for would go on to the rows.
-class CellField : public QLineEdit {
+class CellField : public LineField {
 public:
-    explicit CellField(QWidget* parent) : QLineEdit(parent) {
+    explicit CellField(QWidget* parent) : LineField(parent) {
         setFrame(false);
         setMaxLength(std::numeric_limits<int>::max());
         setAcceptDrops(false); // what is dropped goes between the rows
@@ -24,21 +23,14 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override {
-        QLineEdit::keyPressEvent(event);
+        LineField::keyPressEvent(event);
         event->accept();
     }
 };
 
 } // namespace
 
-OutlineEditor::OutlineEditor(OutlineWidget& outline) : QStyledItemDelegate(&outline), outline_(outline) {
-    // The bar usually hands the keyboard back to the field.
-    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* before, const QWidget* now) {
-        const bool isField = now != &outline_ && outline_.isAncestorOf(now);
-        if (now && !isField && qobject_cast<const QMenuBar*>(before))
-            outline_.endEditing();
-    });
-}
+OutlineEditor::OutlineEditor(OutlineWidget& outline) : QStyledItemDelegate(&outline), outline_(outline) {}
 
 QWidget* OutlineEditor::createEditor(QWidget* parent, const QStyleOptionViewItem&,
                                      const QModelIndex& index) const {
@@ -49,10 +41,10 @@ QWidget* OutlineEditor::createEditor(QWidget* parent, const QStyleOptionViewItem
 }
 
 void OutlineEditor::setEditorData(QWidget* editor, const QModelIndex& index) const {
-    auto* field = static_cast<QLineEdit*>(editor);
+    auto* field = static_cast<LineField*>(editor);
     if (field->isModified())
         return; // the row shows something else now, but what is typed is the user's
-    field->setText(outline_.fieldText(index));
+    field->showText(outline_.fieldText(index));
     field->selectAll();
 }
 
@@ -62,19 +54,36 @@ void OutlineEditor::setModelData(QWidget* editor, QAbstractItemModel*, const QMo
         outline_.endField(index, field->text());
 }
 
-// Qt would end the field later, after the rows have seen the key as well, and when a menu is reached by keys,
-// although its items work on the field.
+void OutlineEditor::end(QWidget& field) {
+    emit commitData(&field);
+    emit closeEditor(&field, NoHint);
+}
+
+// From the bar the keyboard comes back to the field, or goes elsewhere, which ends the field as ever.
+void OutlineEditor::keepWhileMenuBarHasKeyboard(QWidget& field) {
+    disconnect(keyboardMoves_);
+    keyboardMoves_ = connect(qApp, &QApplication::focusChanged, &field,
+                             [this, &field](const QWidget* /*before*/, const QWidget* now) {
+                                 if (qobject_cast<const QMenuBar*>(now))
+                                     return;
+                                 disconnect(keyboardMoves_);
+                                 if (now != &field)
+                                     end(field);
+                             });
+}
+
 bool OutlineEditor::eventFilter(QObject* object, QEvent* event) {
-    if (event->type() == QEvent::FocusOut &&
-        static_cast<QFocusEvent*>(event)->reason() == Qt::MenuBarFocusReason)
-        return false;
     auto* field = qobject_cast<QLineEdit*>(object);
+    if (field && event->type() == QEvent::FocusOut &&
+        static_cast<const QFocusEvent*>(event)->reason() == Qt::MenuBarFocusReason) {
+        keepWhileMenuBarHasKeyboard(*field);
+        return false;
+    }
     const bool isPress = event->type() == QEvent::KeyPress;
     const int key = isPress ? static_cast<QKeyEvent*>(event)->key() : 0;
     if (!field || (key != Qt::Key_Return && key != Qt::Key_Enter))
         return QStyledItemDelegate::eventFilter(object, event);
-    emit commitData(field);
-    emit closeEditor(field, NoHint);
+    end(*field); // Qt would end it later, after the rows have seen the key as well
     return true;
 }
 

@@ -8,7 +8,8 @@ namespace tabulon {
 class OutlineWidget;
 
 /// Fields tell the outline, which owns this object, where they stand and what they end with. A field that the
-/// user has left as it was ends without a word. No key that is pressed in a field reaches the rows.
+/// user has left as it was ends without a word. No key that is pressed in a field reaches the rows. A field
+/// stays open while the menu bar has the keyboard: what is chosen there may be meant for its text.
 class OutlineEditor : public QStyledItemDelegate {
     Q_OBJECT
 
@@ -24,7 +25,11 @@ public:
                               const QModelIndex& index) const override;
 
 private:
+    void end(QWidget& field);
+    void keepWhileMenuBarHasKeyboard(QWidget& field);
+
     OutlineWidget& outline_;
+    QMetaObject::Connection keyboardMoves_;
 };
 
 } // namespace tabulon

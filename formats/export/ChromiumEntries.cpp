@@ -1,0 +1,111 @@
+#include "formats/export/ChromiumEntries.h"
+
+#include "model/Ascii.h"
+#include "model/TreeWalk.h"
+
+#include <unicode/unistr.h>
+
+#include <algorithm>
+#include <string_view>
+
+namespace tabulon {
+namespace {
+
+constexpr std::size_t kUnit = 4;
+constexpr std::size_t kIdentifier = 8;
+constexpr int kDeepest = 200;
+
+bool hasScheme(std::string_view url) {
+    const std::string_view scheme = url.substr(0, url.find(':'));
+    return scheme.size() < url.size() && !scheme.empty() && ascii::isLetter(scheme[0]) &&
+           std::ranges::all_of(scheme, [](char c) {
+               return ascii::isLetter(c) || ascii::isDigit(c) || c == '+' || c == '-' || c == '.';
+           });
+}
+
+bool isWritten(const Bookmark& node) {
+    return node.isFolder() || (!node.isSeparator() && hasScheme(node.itemURL().view()));
+}
+
+class Writer {
+public:
+    explicit Writer(std::size_t most) : most_(most) {}
+
+    std::string write(const Bookmark& root) {
+        appendText({}); // of no profile, so that nothing there is moved
+        const std::size_t entries = appendNumberOfEntries(root);
+        int depth = 0;
+        walkBelow(
+            root,
+            [&](const Bookmark& node) {
+                fits_ = fits_ && bytes_.size() <= most_ && depth <= kDeepest;
+                if (!fits_ || !isWritten(node))
+                    return false;
+                appendEntry(node);
+                depth += node.isFolder() ? 1 : 0;
+                return node.isFolder();
+            },
+            [&](const Bookmark&) { --depth; });
+        if (!fits_ || entries == 0 || bytes_.size() > most_)
+            return {};
+        std::string whole;
+        appendNumber(whole, bytes_.size());
+        return whole += bytes_;
+    }
+
+private:
+    static void appendNumber(std::string& to, std::size_t number) {
+        for (int shift = 0; shift < 32; shift += 8)
+            to += static_cast<char>(number >> shift & 0xFF);
+    }
+
+    void fillUp() { bytes_.append((kUnit - bytes_.size() % kUnit) % kUnit, '\0'); }
+
+    void appendText(std::string_view utf8) {
+        appendNumber(bytes_, utf8.size());
+        bytes_ += utf8;
+        fillUp();
+    }
+
+    void appendUtf16(std::string_view utf8) {
+        const auto units = icu::UnicodeString::fromUTF8({utf8.data(), static_cast<int32_t>(utf8.size())});
+        appendNumber(bytes_, static_cast<std::size_t>(units.length()));
+        for (int32_t i = 0; i < units.length(); ++i) {
+            bytes_ += static_cast<char>(units[i] & 0xFF);
+            bytes_ += static_cast<char>(units[i] >> 8);
+        }
+        fillUp();
+    }
+
+    std::size_t appendNumberOfEntries(const Bookmark& folder) {
+        const ChildList* children = folder.getChildren();
+        const auto entries = children ? static_cast<std::size_t>(std::count_if(
+                                            children->begin(), children->end(),
+                                            [](const Bookmark* child) { return isWritten(*child); }))
+                                      : 0;
+        appendNumber(bytes_, entries);
+        return entries;
+    }
+
+    void appendEntry(const Bookmark& node) {
+        appendNumber(bytes_, node.isFolder() ? 0 : 1);
+        appendText(node.isFolder() ? std::string_view() : node.itemURL().view());
+        appendUtf16(node.itemName().view());
+        bytes_.append(kIdentifier, '\0');
+        appendNumber(bytes_, 0); // no remarks
+        if (node.isFolder())
+            appendNumberOfEntries(node);
+    }
+
+    const std::size_t most_;
+    std::string bytes_;
+    bool fits_ = true;
+};
+
+} // namespace
+
+std::string exportToChromiumEntries(const Bookmark& root, std::size_t most) {
+    return Writer(most).write(root);
+}
+
+} // namespace tabulon
