@@ -89,15 +89,25 @@ void AppDelegate::sessionWillEnd() {
         stop();
 }
 
+void AppDelegate::end() {
+    ended_ = true;
+    if (stop)
+        stop();
+}
+
 void AppDelegate::terminate() {
     if (terminating_)
         return;
     if (platform_.alerts.isAskingAbout(nullptr)) // it waits for its answer first
         return platform_.beeper.beep();
-    if (documentController_.documents().empty() && stop)
-        return stop();
+    if (documentController_.documents().empty())
+        return end();
     terminating_ = true;
-    documentController_.closeAllDocuments([this](bool) { terminating_ = false; });
+    documentController_.closeAllDocuments([this](bool closed) {
+        terminating_ = false;
+        if (closed && opensMore()) // what was to be opened has kept the last document from ending the program
+            end();
+    });
 }
 
 void AppDelegate::showAboutPanel() {

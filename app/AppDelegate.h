@@ -45,12 +45,16 @@ public:
     /// The session ends, or the system ends the program: saves what has changes and ends without a question.
     /// Documents without a file are there again at the next start.
     void sessionWillEnd();
-    /// Closes everything, asking about unsaved changes, and ends the program unless the user cancels.
+    /// Closes everything, asking about unsaved changes, and ends the program unless the user cancels, also
+    /// where it is about to open more.
     void terminate();
     /// Ends the program's main loop; called once, after the last document was closed.
     std::function<void()> stop;
     /// True when something is about to be opened: closing the last document does not end the program then.
     std::function<bool()> willOpenMore;
+    /// Opens files one by one from the main loop, by requests to `performRequest`. Where it is not set,
+    /// `openFiles` opens them before it returns.
+    std::function<void(const std::vector<std::string>& locations)> openSoon;
 
     // Opening
 
@@ -60,7 +64,8 @@ public:
     void openFiles(const std::vector<std::string>& locations);
     /// The same for one file. True when there is a window for it now.
     bool openFile(const std::string& location);
-    /// Whether there is a file that `openFile` would try to open; not one that holds a single link.
+    /// Whether there is a file that `openFile` would try to open, or one that is called like a document and
+    /// cannot be read; not one that holds a single link.
     bool canOpen(const std::string& location);
     void openDocumentPanel();
 
@@ -103,11 +108,11 @@ private:
     const ActionTable* responderTo(std::string_view action) const;
     bool opensMore() const;
     void startUp();
+    void end();
     void openWithoutRequest();
     void bringCurrentDocumentToFront();
     bool open(const std::string& location);
     bool openContent(const std::string& path);
-    std::optional<Refusals::Offer> offerRemains(const std::string& path);
     bool openDocument(const std::string& path, std::string_view bytes,
                       const std::optional<FileIdentity>& identity);
     bool openImported(const ImportFormat& format, const std::string& path, std::string_view bytes);

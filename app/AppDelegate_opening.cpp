@@ -1,8 +1,6 @@
 // Opening files of every kind.
 #include "app/AppDelegate.h"
-#include "app/DamagedDocument.h"
 #include "app/FileContent.h"
-#include "formats/import/LinkFileReader.h"
 #include "window/FileUri.h"
 #include "window/SharedAlerts.h"
 
@@ -30,6 +28,8 @@ bool AppDelegate::openFile(const std::string& location) {
 }
 
 void AppDelegate::openFiles(const std::vector<std::string>& locations) {
+    if (openSoon)
+        return openSoon(locations);
     for (const std::string& location : locations)
         open(location);
     refusals_.tell(platform_);
@@ -37,10 +37,8 @@ void AppDelegate::openFiles(const std::vector<std::string>& locations) {
 
 bool AppDelegate::canOpen(const std::string& location) {
     const auto path = pathOf(location);
-    if (!path || platform_.files.kindOf(*path) != PathKind::File)
-        return false;
-    const Result<std::string> bytes = platform_.files.readFile(*path);
-    return bytes && contentOfFile(*bytes, *path).kind != FileContent::Kind::Unknown && !readLinkFile(*bytes);
+    const PathKind kind = path ? platform_.files.kindOf(*path) : PathKind::Other;
+    return (kind == PathKind::File || kind == PathKind::Nothing) && isOpenable(platform_.files, *path);
 }
 
 bool AppDelegate::open(const std::string& location) {
@@ -86,19 +84,10 @@ bool AppDelegate::openDocument(const std::string& path, std::string_view bytes,
                                const std::optional<FileIdentity>& identity) {
     const Result<Document*> document = documentController_.openDocument(path, bytes, identity);
     if (!document)
-        refusals_.add(path, document.error(), [this, path] { return offerRemains(path); });
+        refusals_.add(path, document.error(), [this, path] {
+            return documentController_.offerRemains(platform_.files.readFile(path), path);
+        });
     return document.value_or(nullptr) != nullptr;
-}
-
-std::optional<Refusals::Offer> AppDelegate::offerRemains(const std::string& path) {
-    const std::optional<Remains> remains = remainsOfDocument(path, platform_);
-    if (!remains)
-        return std::nullopt;
-    const auto open = [this, path, master = remains->master] {
-        if (Document* document = newMasterDocument(master))
-            document->setDisplayName(nameWithoutExtension(path));
-    };
-    return Refusals::Offer{remains->sentence, platform_.base.texts.text("OpenRemains"), open};
 }
 
 // The file is named by the user, so that the document is called after it.
@@ -148,7 +137,7 @@ void AppDelegate::openDocumentPanel() {
     platform_.panels.beginOpenPanel(panel, [this](const std::vector<std::string>& paths) {
         openPanelIsShown_ = false;
         openFiles(paths);
-        if (documentController_.documents().empty() && stop)
+        if (documentController_.documents().empty() && !opensMore() && stop)
             stop();
     });
 }

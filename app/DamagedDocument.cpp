@@ -5,14 +5,11 @@
 
 namespace tabulon {
 
-std::optional<Remains> remainsOfDocument(const std::string& path, const Platform& platform) {
-    const Result<std::string> bytes = platform.files.readFile(path);
-    if (!bytes)
-        return std::nullopt;
-    const Result<Salvage> salvage = salvageDocumentArchive(*bytes, platform.base);
+std::optional<Remains> remainsOfDocument(std::string_view bytes, const BaseServices& services) {
+    const Result<Salvage> salvage = salvageDocumentArchive(bytes, services);
     if (!salvage || !salvage->master->hasChildren())
         return std::nullopt;
-    const Localization& texts = platform.base.texts;
+    const Localization& texts = services.texts;
     return Remains{salvage->master,
                    texts.format("BookmarksReadable", numberText(salvage->readable, texts.locale()),
                                 numberText(salvage->records, texts.locale()))};

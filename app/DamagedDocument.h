@@ -2,10 +2,11 @@
 #pragma once
 
 #include "model/Bookmark.h"
-#include "platform/Platform.h"
+#include "platform/BaseServices.h"
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace tabulon {
 
@@ -17,8 +18,8 @@ struct Remains {
     std::string sentence;
 };
 
-/// Reads what is left of the document at `path`. Returns nullopt when the file cannot be read or no bookmark
-/// is left in it (ArchiveSalvage.h).
-std::optional<Remains> remainsOfDocument(const std::string& path, const Platform& platform);
+/// Reads what is left of the document with these bytes. Returns nullopt when no bookmark is left in it
+/// (ArchiveSalvage.h).
+std::optional<Remains> remainsOfDocument(std::string_view bytes, const BaseServices& services);
 
 } // namespace tabulon

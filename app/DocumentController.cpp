@@ -2,6 +2,7 @@
 // DocumentController_saving.cpp and DocumentController_closing.cpp.
 #include "app/DocumentController.h"
 
+#include "app/DamagedDocument.h"
 #include "window/SharedAlerts.h"
 
 #include <algorithm>
@@ -116,6 +117,28 @@ Result<Document*> DocumentController::openDocument(const std::string& path, std:
         versions_.noteOpened(path);
     }
     return document;
+}
+
+Document* DocumentController::openUntitled(const Ref<Bookmark>& root, const std::string& name) {
+    auto opened = std::make_unique<OpenDocument>(platform_.base);
+    root->setShowHier(true);
+    opened->document.setMaster(root);
+    opened->document.setDisplayName(name);
+    Document* document = makeWindowControllers(std::move(opened));
+    if (document)
+        document->updateChangeCount(ChangeKind::Done);
+    return document;
+}
+
+std::optional<Refusals::Offer> DocumentController::offerRemains(const Result<std::string>& bytes,
+                                                                const std::string& path) {
+    const std::optional<Remains> remains = bytes ? remainsOfDocument(*bytes, platform_.base) : std::nullopt;
+    if (!remains)
+        return std::nullopt;
+    const auto open = [this, path, master = remains->master] {
+        openUntitled(master, nameWithoutExtension(path));
+    };
+    return Refusals::Offer{remains->sentence, platform_.base.texts.text("OpenRemains"), open};
 }
 
 bool DocumentController::showDocumentOfFile(const std::string& path) {

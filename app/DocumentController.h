@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/RecentDocuments.h"
+#include "app/Refusals.h"
 #include "app/RevertPoints.h"
 #include "app/UnsavedDocuments.h"
 #include "app/VersionsController.h"
@@ -70,6 +71,11 @@ public:
     /// `identity` is how the file was just before it was read.
     Result<Document*> openDocument(const std::string& path, std::string_view bytes,
                                    const std::optional<FileIdentity>& identity);
+    /// Opens a tree as a new untitled, changed document of that name. Null when no window can be made.
+    Document* openUntitled(const Ref<Bookmark>& root, const std::string& name);
+    /// What the alert about a damaged document offers: to open what is left of these bytes as an untitled
+    /// document. Nullopt where they could not be read or hold no bookmark any more.
+    std::optional<Refusals::Offer> offerRemains(const Result<std::string>& bytes, const std::string& path);
     /// Brings the window of the file to the front, whatever path it was opened by; false when it is not open.
     bool showDocumentOfFile(const std::string& path);
 

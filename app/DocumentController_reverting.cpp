@@ -51,9 +51,10 @@ bool DocumentController::showReverted(Document& document, const Result<std::stri
     const Result<void> read = bytes ? document.readFromDataOfType(*bytes, kDocumentType)
                                     : Result<void>(tl::unexpected(bytes.error()));
     if (!read) {
-        whileAlertIsUp(document, [&] {
-            fileErrorAlert(platform_, "CouldNotOpen", document.fileName(), read.error(), &document);
-        });
+        Refusals refusals;
+        refusals.add(document.fileName(), read.error(),
+                     [&] { return offerRemains(bytes, document.fileName()); });
+        whileAlertIsUp(document, [&] { refusals.tell(platform_, &document); });
         return false;
     }
     platform_.base.defaults.setBoolForKey("ShowMarks", false);

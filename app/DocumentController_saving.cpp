@@ -32,6 +32,7 @@ Result<void> DocumentController::writeByItself(Document& document) {
 Result<void> DocumentController::writeBytes(Document& document, const std::string& path,
                                             const std::string& bytes) {
     const OpenDocument& opened = *find(document);
+    const auto reading = versions_.readOnce();
     runSaveTasks(*opened.controller, platform_, versions_);
     if (!document.fileName().empty())
         saveFrameUsingName(opened);
@@ -136,17 +137,10 @@ void DocumentController::browseVersions(Document& document) {
     if (document.fileName().empty())
         return;
     find(document)->controller->commitEditing();
-    const auto openUntitled = [this](const Ref<Bookmark>& root, const std::string& name) {
-        auto opened = std::make_unique<OpenDocument>(platform_.base);
-        opened->document.setMaster(root);
-        opened->document.setDisplayName(name);
-        Document* untitled = makeWindowControllers(std::move(opened));
-        if (untitled)
-            untitled->updateChangeCount(ChangeKind::Done);
-        return untitled != nullptr;
+    const auto open = [this](const Ref<Bookmark>& root, const std::string& name) {
+        return openUntitled(root, name) != nullptr;
     };
-    windows_.presentVersions(
-        std::make_shared<VersionsController>(document, versions_, platform_, openUntitled));
+    windows_.presentVersions(std::make_shared<VersionsController>(document, versions_, platform_, open));
 }
 
 } // namespace tabulon

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "formats/ImportFormats.h"
+#include "platform/FileStore.h"
 
 #include <string>
 #include <string_view>
@@ -20,5 +21,10 @@ struct FileContent {
 /// `path` is in the file system's encoding. The file need not be sound: what begins like a file of a kind is
 /// one of them. Linear.
 FileContent contentOfFile(std::string_view bytes, const std::string& path);
+
+/// Whether the file at `path` is one that is opened, and not one that holds a single link. A file that cannot
+/// be read, or is not there, is one where it is called like a document, because opening it says what is
+/// wrong. Reads more than the beginning only of files whose beginning leaves it open.
+bool isOpenable(FileStore& files, const std::string& path);
 
 } // namespace tabulon

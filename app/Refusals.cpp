@@ -36,23 +36,23 @@ void Refusals::add(Refusal refusal) {
         first_.push_back(std::move(refusal));
 }
 
-void Refusals::tell(const Platform& platform) {
+void Refusals::tell(const Platform& platform, const Document* document) {
     const std::size_t count = std::exchange(count_, 0);
     const std::vector<Refusal> told = std::exchange(first_, {});
     if (count == 0)
         return;
     if (count == 1)
-        return tellOne(platform, told[0]);
+        return tellOne(platform, told[0], document);
     const Localization& texts = platform.base.texts;
     std::string lines;
     for (const Refusal& refusal : told)
         lines += (lines.empty() ? "“" : "\n“") + nameOf(refusal.location) + "”: " + refusal.error.message;
     if (count > told.size())
         lines += "\n" + texts.format("AndMore", std::to_string(count - told.size()));
-    criticalAlert(platform, texts.format("CouldNotOpenFiles", std::to_string(count)), lines);
+    criticalAlert(platform, texts.format("CouldNotOpenFiles", std::to_string(count)), lines, document);
 }
 
-void Refusals::tellOne(const Platform& platform, const Refusal& refusal) {
+void Refusals::tellOne(const Platform& platform, const Refusal& refusal, const Document* document) {
     const Error& error = refusal.error;
     if (refusal.isEmpty)
         return noURLs(platform);
@@ -61,7 +61,8 @@ void Refusals::tellOne(const Platform& platform, const Refusal& refusal) {
                 .message = error.title.empty() ? texts.format("CouldNotOpen", nameOf(refusal.location))
                                                : error.title,
                 .informative = error.message,
-                .buttons = {{texts.text("OK")}}};
+                .buttons = {{texts.text("OK")}},
+                .document = document};
     const std::optional<Offer> offer = refusal.makeOffer ? refusal.makeOffer() : std::nullopt;
     if (offer) {
         alert.informative += " " + offer->sentence;

@@ -30,7 +30,8 @@ public:
     void addEmpty(const std::string& location, const Localization& texts);
 
     /// Shows one alert about the files added since the last call, as a list where there are several.
-    void tell(const Platform& platform);
+    /// `document`, if there is one, gets the alert as its sheet.
+    void tell(const Platform& platform, const Document* document = nullptr);
 
 private:
     static constexpr std::size_t kMostLines = 8;
@@ -42,7 +43,7 @@ private:
         MakeOffer makeOffer = {};
     };
     void add(Refusal refusal);
-    static void tellOne(const Platform& platform, const Refusal& refusal);
+    static void tellOne(const Platform& platform, const Refusal& refusal, const Document* document);
 
     std::vector<Refusal> first_; // those that the alert has room for
     std::size_t count_ = 0;

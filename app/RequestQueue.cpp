@@ -3,7 +3,6 @@
 #include "app/AppDelegate.h"
 
 #include <utility>
-#include <vector>
 
 namespace tabulon {
 
@@ -13,7 +12,14 @@ RequestQueue::RequestQueue(AppDelegate& app, SingleInstance& instance, Timers& t
         used_ = true;
         add(std::move(request));
     };
-    app_.willOpenMore = [this] { return !pending_.empty(); };
+    app_.willOpenMore = [this] { return !pending_.empty() || !opened_.empty(); };
+    app_.openSoon = [this](const std::vector<std::string>& locations) { open(locations); };
+}
+
+void RequestQueue::open(const std::vector<std::string>& locations) {
+    for (const std::string& location : locations)
+        opened_.push_back({.kind = LaunchRequest::Kind::Open, .uris = {location}});
+    performSoon();
 }
 
 // Each file is a request of its own: between two of them the main loop runs, so that the end of the session
@@ -32,20 +38,28 @@ void RequestQueue::performSoon() {
     timer_ = timers_.after(0, [this] { performNext(); });
 }
 
+// The requests to go on with now; null while there are none, or those that there are must wait.
+std::deque<LaunchRequest>* RequestQueue::next() {
+    if (!opened_.empty())
+        return &opened_;
+    return pending_.empty() || (mustWait && mustWait()) ? nullptr : &pending_;
+}
+
 // Performing may show an alert, while which more requests come and this is called again.
 void RequestQueue::performNext() {
-    if (performing_ || pending_.empty() || (mustWait && mustWait()))
+    std::deque<LaunchRequest>* const requests = performing_ ? nullptr : next();
+    if (!requests)
         return;
     performing_ = true;
-    const LaunchRequest request = std::move(pending_.front());
-    pending_.pop_front();
+    const LaunchRequest request = std::move(requests->front());
+    requests->pop_front();
     if (willPerform)
         willPerform(request);
     app_.performRequest(request);
     if (didPerform)
         didPerform(request);
     performing_ = false;
-    if (!pending_.empty())
+    if (next())
         performSoon();
 }
 

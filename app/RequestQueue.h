@@ -1,6 +1,7 @@
-// What the running program was asked from outside and has not done yet. Each request is answered when it
-// comes and done a little later, so that nobody takes a program for dead that is reading a large file or
-// showing an alert. However many come, what cannot be opened is told once they are done.
+// What the running program was asked, from outside or by the user with several files, and has not done yet.
+// Each request is answered when it comes and done a little later, so that nobody takes a program for dead
+// that is reading a large file or showing an alert. However many come, what cannot be opened is told once
+// they are done.
 #pragma once
 
 #include "platform/SingleInstance.h"
@@ -9,6 +10,8 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace tabulon {
 
@@ -21,7 +24,7 @@ public:
     RequestQueue(AppDelegate& app, SingleInstance& instance, Timers& timers);
 
     /// True while nothing may happen behind the user's back, such as while an alert waits for an answer.
-    /// `performSoon` is to be called when that is over.
+    /// `performSoon` is to be called when that is over. What the user opens in the program does not wait.
     std::function<bool()> mustWait;
     /// Called around each request, for what the desktop needs to let windows come to the front.
     std::function<void(const LaunchRequest&)> willPerform;
@@ -29,6 +32,8 @@ public:
 
     /// Takes a request that comes from this program itself.
     void add(LaunchRequest request);
+    /// Takes files that the user opens in the program, as paths or URIs. They come before all other requests.
+    void open(const std::vector<std::string>& locations);
 
     /// Does from the main loop what has come, in the order in which it came, as far as it may then.
     void performSoon();
@@ -37,11 +42,13 @@ public:
     bool wasUsed() const { return used_; }
 
 private:
+    std::deque<LaunchRequest>* next();
     void performNext();
 
     AppDelegate& app_;
     Timers& timers_;
     std::unique_ptr<Timer> timer_;
+    std::deque<LaunchRequest> opened_; // by the user, in the program
     std::deque<LaunchRequest> pending_;
     bool performing_ = false;
     bool used_ = false;

@@ -61,6 +61,10 @@ std::optional<VersionPlaces::Place> VersionPlaces::readPlace(const std::string& 
 }
 
 VersionPlaces::Place VersionPlaces::placeOf(const std::string& identifier) const {
+    if (known_) {
+        const auto place = std::ranges::find(*known_, identifier, &Place::identifier);
+        return place == known_->end() ? Place{.identifier = identifier} : *place;
+    }
     return readPlace(identifier + std::string(kSuffix)).value_or(Place{.identifier = identifier});
 }
 
@@ -70,15 +74,22 @@ Result<void> VersionPlaces::writePlace(const Place& place) {
     for (const Origin& origin : place.origins)
         content += fmt::format(" {} {}", origin.identifier, origin.copied);
     content += "\n" + place.path;
-    const std::string file = fileOf(place.identifier);
-    if (const Result<std::string> before = files_.readFile(file); before && *before == content)
+    if (placeOf(place.identifier) == place)
         return {};
     if (Result<void> made = files_.makeFolder(folder_); !made)
         return made;
-    return files_.writeFileAtomically(file, content);
+    Result<void> written = files_.writeFileAtomically(fileOf(place.identifier), content);
+    if (!written || !known_)
+        return written;
+    const auto after = std::ranges::lower_bound(*known_, place.identifier, {}, &Place::identifier);
+    if (after != known_->end() && after->identifier == place.identifier)
+        *after = place;
+    else
+        known_->insert(after, place);
+    return written;
 }
 
-std::vector<VersionPlaces::Place> VersionPlaces::places() const {
+std::vector<VersionPlaces::Place> VersionPlaces::readPlaces() const {
     std::vector<Place> found;
     for (const std::string& name : files_.namesInFolder(folder_))
         if (name.ends_with(kSuffix))
@@ -179,6 +190,31 @@ Result<void> VersionPlaces::noteCopy(const std::string& identifier, const std::s
             place.origins.push_back(
                 {each.identifier, static_cast<std::uint64_t>(std::min(each.until, now) * kMilliseconds)});
     return writePlace(place);
+}
+
+std::set<std::string> VersionPlaces::forgetUnused(const std::set<std::string>& used) {
+    const std::vector<Place> all = places();
+    std::vector<const Place*> kept;
+    std::set<std::string> identifiers;
+    const auto keep = [&](const Place& place) {
+        if (identifiers.insert(place.identifier).second)
+            kept.push_back(&place);
+    };
+    for (const Place& place : all)
+        if (used.contains(place.identifier) ||
+            (place.identity && files_.identityOf(place.path) == place.identity))
+            keep(place);
+    for (std::size_t index = 0; index < kept.size(); ++index)
+        for (const Origin& origin : kept[index]->origins)
+            if (const auto place = std::ranges::find(all, origin.identifier, &Place::identifier);
+                place != all.end())
+                keep(*place);
+    for (const Place& place : all)
+        if (!identifiers.contains(place.identifier))
+            (void)files_.removeFile(fileOf(place.identifier));
+    if (known_)
+        std::erase_if(*known_, [&](const Place& place) { return !identifiers.contains(place.identifier); });
+    return identifiers;
 }
 
 } // namespace tabulon

@@ -5,6 +5,7 @@
 #include "platform/FileStore.h"
 
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,18 @@ public:
 
     /// The folder need not exist. What is handed in must live longer.
     VersionPlaces(FileStore& files, std::string folder) : files_(files), folder_(std::move(folder)) {}
+
+    /// Until it goes, the records are kept in memory: what another program writes meanwhile is not seen.
+    class ReadOnce {
+    public:
+        explicit ReadOnce(VersionPlaces& places) : places_(places) { places_.known_ = places_.readPlaces(); }
+        ReadOnce(const ReadOnce&) = delete;
+        ReadOnce& operator=(const ReadOnce&) = delete;
+        ~ReadOnce() { places_.known_.reset(); }
+
+    private:
+        VersionPlaces& places_;
+    };
 
     /// Returns the documents whose versions are those of the file at `path`, which may be gone: the one with
     /// exactly that file (also after it was renamed or moved) or the one whose path leads to it; else those
@@ -50,19 +63,28 @@ public:
     Result<void> noteCopy(const std::string& identifier, const std::string& path, const std::string& source,
                           double now);
 
+    /// Removes the records of documents that are not `used`, whose file is at their path no more, and that no
+    /// document with a record left began as a copy of. Returns the identifiers of the others.
+    std::set<std::string> forgetUnused(const std::set<std::string>& used);
+
 private:
     struct Origin {
         std::string identifier;
         std::uint64_t copied = 0;
+
+        friend bool operator==(const Origin&, const Origin&) = default;
     };
     struct Place {
         std::string identifier;
         std::optional<FileIdentity> identity = {};
         std::string path = {};
         std::vector<Origin> origins = {};
+
+        friend bool operator==(const Place&, const Place&) = default;
     };
 
-    std::vector<Place> places() const;
+    std::vector<Place> places() const { return known_ ? *known_ : readPlaces(); }
+    std::vector<Place> readPlaces() const;
     std::optional<Place> readPlace(const std::string& name) const;
     Place placeOf(const std::string& identifier) const;
     Result<void> writePlace(const Place& place);
@@ -71,6 +93,7 @@ private:
 
     FileStore& files_;
     const std::string folder_;
+    std::optional<std::vector<Place>> known_; // in the order of their identifiers, while they are read once
 };
 
 } // namespace tabulon

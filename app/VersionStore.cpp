@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <set>
 
 namespace tabulon {
 namespace {
@@ -15,6 +16,7 @@ constexpr std::size_t kLargestDocument = 0xFFFFFFFF;
 constexpr double kNanoseconds = 1e9;
 constexpr double kMillisecond = 0.001;
 constexpr double kLargestStepBack = 86400; // seconds
+constexpr std::string_view kBackupSuffix = ".backup";
 
 std::string backupRecord(const std::string& backup, const FileIdentity& identity) {
     return fmt::format("{} {} {} {}\n{}", identity.device, identity.inode, identity.size, identity.modified,
@@ -150,6 +152,20 @@ void VersionStore::thinOut() {
     remove(names, versionsTooClose(versions, now()));
     look();
     remove(names, versionsOverLimit(versions, limit()));
+    forgetDocumentsWithoutVersions();
+}
+
+void VersionStore::forgetDocumentsWithoutVersions() {
+    const std::vector<std::string> names = files_.namesInFolder(folder_);
+    std::set<std::string> used;
+    for (const std::string& name : names)
+        if (const std::optional<VersionName> parts = VersionName::parse(name))
+            used.insert(parts->identifier);
+    const std::set<std::string> kept = places_.forgetUnused(used);
+    for (const std::string& name : names)
+        if (name.ends_with(kBackupSuffix) &&
+            !kept.contains(name.substr(0, name.size() - kBackupSuffix.size())))
+            (void)files_.removeFile(folder_ + "/" + name);
 }
 
 void VersionStore::remove(const std::vector<std::string>& names, const std::vector<std::size_t>& indexes) {
@@ -184,13 +200,17 @@ Result<std::string> VersionStore::read(const DocumentVersion& version) const {
     return bytes;
 }
 
+std::string VersionStore::backupFileOf(const std::string& identifier) const {
+    return folder_ + "/" + identifier + std::string(kBackupSuffix);
+}
+
 bool VersionStore::isBackupOf(const std::string& path, const std::string& backup) const {
     const std::optional<FileIdentity> identity = files_.identityOf(backup);
     if (!identity)
         return false;
     const std::vector<VersionPlaces::Source> sources = places_.sourcesOf(path);
     return std::ranges::any_of(sources, [&](const VersionPlaces::Source& source) {
-        const Result<std::string> record = files_.readFile(folder_ + "/" + source.identifier + ".backup");
+        const Result<std::string> record = files_.readFile(backupFileOf(source.identifier));
         return record && *record == backupRecord(backup, *identity);
     });
 }
@@ -201,7 +221,7 @@ void VersionStore::noteBackup(const std::string& path, const std::string& backup
         return;
     const std::string identifier = places_.identifierFor(path, nextTime(path));
     (void)places_.noteNew(identifier, path);
-    (void)files_.writeFileAtomically(folder_ + "/" + identifier + ".backup", backupRecord(backup, *identity));
+    (void)files_.writeFileAtomically(backupFileOf(identifier), backupRecord(backup, *identity));
 }
 
 } // namespace tabulon

@@ -39,6 +39,9 @@ public:
 
     bool isOn() const { return limit() > 0; }
 
+    /// Until it goes, the records of where documents are are read once; for the length of one save.
+    VersionPlaces::ReadOnce readOnce() { return VersionPlaces::ReadOnce(places_); }
+
     /// To be called before a document is written to `path`, and `didReplace` after it was: keeps the version
     /// that is replaced, and records where the document's file is. `fileBefore` is the file under which the
     /// document was known so far, empty for none: its versions are also versions of the new file. Errors as
@@ -47,9 +50,10 @@ public:
     void didReplace(const std::string& path, const std::string& fileBefore);
 
     /// Keeps the content that the file at `path` has now, then removes what the rules no longer hold. Equal
-    /// content of one document is kept once, with its latest times. Does nothing without a file there, and
-    /// when the store is off. Fails with the error of the file store; a file larger than the limit fails with
-    /// a sentence.
+    /// content of one document is kept once, with its latest times. Of documents that have no version any
+    /// more and whose file is gone from its path, nothing stays. Does nothing without a file there, and when
+    /// the store is off. Fails with the error of the file store; a file larger than the limit fails with a
+    /// sentence.
     Result<void> keepFile(const std::string& path);
 
     /// The same for content that is not in the file yet, such as unsaved changes.
@@ -78,8 +82,10 @@ private:
     Result<void> keep(const std::string& identifier, const std::string& path, std::string_view bytes,
                       double saved);
     double nextTime(const std::string& path) const;
+    std::string backupFileOf(const std::string& identifier) const;
     std::vector<std::string> equalVersions(const std::string& identifier, std::string_view frame) const;
     void thinOut();
+    void forgetDocumentsWithoutVersions();
     void remove(const std::vector<std::string>& names, const std::vector<std::size_t>& indexes);
 
     FileStore& files_;

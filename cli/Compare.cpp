@@ -4,6 +4,7 @@
 #include "cli/NodePath.h"
 #include "cli/PlainText.h"
 #include "cli/Verbs.h"
+#include "model/OutputLimit.h"
 #include "model/TreeComparison.h"
 #include "model/TreeWalk.h"
 
@@ -11,6 +12,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <string_view>
 #include <unordered_map>
 
 namespace tabulon::cli {
@@ -20,6 +23,7 @@ namespace {
 class Places {
 public:
     explicit Places(const Bookmark& root) : root_(root) {
+        places_.emplace(&root, Place{});
         number(root);
         walkBelow(root, [this](const Bookmark& node) {
             number(node);
@@ -30,21 +34,33 @@ public:
     std::string pathOf(const Bookmark& node) const {
         std::vector<std::size_t> indexes;
         for (const Bookmark* each = &node; each != &root_; each = each->getParent())
-            indexes.push_back(indexes_.at(each));
+            indexes.push_back(places_.at(each).index);
         std::ranges::reverse(indexes);
         return fmt::format("{}", fmt::join(indexes, "/"));
     }
 
+    // Without making it: in a deep tree all paths together are longer than the document by far.
+    std::size_t lengthOfPath(const Bookmark& node) const { return places_.at(&node).lengthOfPath; }
+
 private:
-    void number(const Bookmark& parent) {
+    struct Place {
         std::size_t index = 0;
-        if (parent.getChildren())
-            for (const Bookmark* child : *parent.getChildren())
-                indexes_.emplace(child, index++);
+        std::size_t lengthOfPath = 0; // in bytes, with a slash at the end
+    };
+
+    void number(const Bookmark& parent) {
+        if (!parent.getChildren())
+            return;
+        const std::size_t length = lengthOfPath(parent);
+        std::size_t index = 0;
+        for (const Bookmark* child : *parent.getChildren()) {
+            places_.emplace(child, Place{index, length + fmt::formatted_size("{}/", index)});
+            ++index;
+        }
     }
 
     const Bookmark& root_;
-    std::unordered_map<const Bookmark*, std::size_t> indexes_;
+    std::unordered_map<const Bookmark*, Place> places_;
 };
 
 constexpr auto kFields = std::to_array<std::pair<std::uint8_t, const char*>>({
@@ -73,21 +89,37 @@ struct Change {
 class Listing {
 public:
     Listing(const Session& session, const Bookmark& before, const Bookmark& after)
-        : lines_(session), before_(before), after_(after) {}
+        : lines_(session), before_(before), after_(after), limitBefore_(before), limitAfter_(after) {}
 
+    // Fails, with nothing printed, when the lines are more than one of the documents allows.
     Result<void> print(const TreeComparison& comparison, bool asJson) {
+        std::uint64_t bytes = 0;
+        forEachChange(comparison, [&](const Change& change) {
+            bytes += bytesOf(change);
+            return true;
+        });
+        if (limitBefore_.isPassedBy(bytes) && limitAfter_.isPassedBy(bytes))
+            return OutputLimit::failure();
+        forEachChange(comparison, [&](const Change& change) {
+            return lines_.add(asJson ? json(change) : plain(change));
+        });
+        return lines_.finish();
+    }
+
+private:
+    // Until `visit` returns false.
+    template <class Visit>
+    static void forEachChange(const TreeComparison& comparison, const Visit& visit) {
         for (const TreeDifference& difference : comparison.differences()) {
             const Bookmark* node = difference.isRemoved() ? difference.before : difference.after;
             if (!node) // one of the two is always there
                 continue;
             for (const char* kind : kindsOf(difference))
-                if (!lines_.add(asJson ? json({kind, difference, *node}) : plain({kind, difference, *node})))
-                    return lines_.finish();
+                if (!visit(Change{kind, difference, *node}))
+                    return;
         }
-        return lines_.finish();
     }
 
-private:
     static std::vector<const char*> kindsOf(const TreeDifference& difference) {
         if (difference.isAdded())
             return {"added"};
@@ -101,6 +133,18 @@ private:
         if (difference.edited != 0)
             kinds.push_back("edited");
         return kinds;
+    }
+
+    // Of the texts and paths that stand in the change's line.
+    std::uint64_t bytesOf(const Change& change) const {
+        const Bookmark* before = change.difference.before;
+        const Bookmark* after = change.difference.after;
+        std::uint64_t bytes = change.node.itemName().view().size() + change.node.itemURL().view().size();
+        bytes += after ? after_.lengthOfPath(*after) : 0;
+        bytes += before ? before_.lengthOfPath(*before) : 0;
+        if (before && std::string_view(change.kind) == "renamed")
+            bytes += before->itemName().view().size();
+        return bytes;
     }
 
     std::string pathOf(const Change& change) const {
@@ -144,6 +188,8 @@ private:
     Lines lines_;
     const Places before_;
     const Places after_;
+    OutputLimit limitBefore_;
+    OutputLimit limitAfter_;
 };
 
 // Version control hands /dev/null on for a file that is not there.

@@ -14,8 +14,11 @@ pkg_check_modules(ZSTD REQUIRED IMPORTED_TARGET libzstd)
 if(TABULON_MIMALLOC AND NOT TABULON_SANITIZE AND NOT TABULON_FUZZ)
   find_package(mimalloc REQUIRED)
 endif()
-if(TABULON_TESTS)
+# A fuzz target runs the program with the windows in memory of the tests, which check what they are told.
+if(TABULON_TESTS OR TABULON_FUZZ)
   find_package(GTest REQUIRED)
+endif()
+if(TABULON_TESTS)
   find_package(Python3 REQUIRED COMPONENTS Interpreter)
 endif()
 # The benchmarks read their own archives with libplist, for comparison; nothing else links it.

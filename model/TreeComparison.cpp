@@ -9,13 +9,13 @@
 namespace tabulon {
 namespace {
 
-std::uint8_t editedFields(const Bookmark& a, const Bookmark& b) {
+std::uint8_t editedFields(const Bookmark& a, const Bookmark& b, LongTexts& texts) {
     std::uint8_t fields = 0;
-    if (!(a.itemURL() == b.itemURL()))
+    if (!texts.areEqual(a.itemURL(), b.itemURL()))
         fields |= kChangedURL;
-    if (!(a.itemNote() == b.itemNote()))
+    if (!texts.areEqual(a.itemNote(), b.itemNote()))
         fields |= kChangedNote;
-    if (!(a.itemTags() == b.itemTags()))
+    if (!texts.areEqual(a.itemTags(), b.itemTags()))
         fields |= kChangedTags;
     if (a.getLabel() != b.getLabel())
         fields |= kChangedLabel;
@@ -70,9 +70,10 @@ void collectReordered(const Bookmark& before, const Bookmark& after, const TreeC
 
 } // namespace
 
-TreeComparison::TreeComparison(const Bookmark& before, const Bookmark& after)
-    : partners_(pairsOf(before, after)) {
-    collectDifferences(before, after);
+TreeComparison::TreeComparison(const Bookmark& before, const Bookmark& after) {
+    LongTexts texts;
+    partners_ = pairsOf(before, after, texts);
+    collectDifferences(before, after, texts);
 }
 
 Bookmark* TreeComparison::partnerOf(const Bookmark& node) const {
@@ -80,7 +81,7 @@ Bookmark* TreeComparison::partnerOf(const Bookmark& node) const {
     return found == partners_.end() ? nullptr : found->second;
 }
 
-void TreeComparison::collectDifferences(const Bookmark& before, const Bookmark& after) {
+void TreeComparison::collectDifferences(const Bookmark& before, const Bookmark& after, LongTexts& texts) {
     walkBelow(before, [&](Bookmark& node) {
         if (!partnerOf(node))
             differences_.push_back({&node, nullptr});
@@ -101,8 +102,8 @@ void TreeComparison::collectDifferences(const Bookmark& before, const Bookmark& 
         const TreeDifference difference{.before = old,
                                         .after = &node,
                                         .moved = !sameFolder || reordered.contains(&node),
-                                        .renamed = !(old->itemName() == node.itemName()),
-                                        .edited = editedFields(*old, node)};
+                                        .renamed = !texts.areEqual(old->itemName(), node.itemName()),
+                                        .edited = editedFields(*old, node, texts)};
         if (difference.moved || difference.renamed || difference.edited != 0) {
             differences_.push_back(difference);
             ++counts_.changed;

@@ -10,6 +10,8 @@
 
 namespace tabulon {
 
+class LongTexts;
+
 /// A set of changed fields, as bits.
 enum ChangedField : std::uint8_t {
     kChangedURL = 1,
@@ -62,7 +64,7 @@ public:
     Bookmark* partnerOf(const Bookmark& node) const;
 
 private:
-    void collectDifferences(const Bookmark& before, const Bookmark& after);
+    void collectDifferences(const Bookmark& before, const Bookmark& after, LongTexts& texts);
 
     std::unordered_map<const Bookmark*, Bookmark*> partners_;
     std::vector<TreeDifference> differences_;

@@ -35,51 +35,65 @@ bool isUsable(const Bookmark& node, Likeness likeness) {
     return false;
 }
 
-bool isAlike(const Bookmark& a, const Bookmark& b, Likeness likeness) {
-    if (!isSameKind(a, b))
+// Compares nodes by one likeness.
+class Comparer {
+public:
+    Comparer(LongTexts& texts, Likeness likeness) : texts_(texts), likeness_(likeness) {}
+
+    bool isAlike(const Bookmark& a, const Bookmark& b) const {
+        if (!isSameKind(a, b))
+            return false;
+        switch (likeness_) {
+        case Likeness::Content:
+            return a.isSeparator() || hasSameContent(a, b);
+        case Likeness::Main:
+            return texts_.areEqual(mainText(a), mainText(b));
+        case Likeness::Name:
+            return texts_.areEqual(a.itemName(), b.itemName());
+        case Likeness::DateAdded:
+            return a.itemDateAdded() == b.itemDateAdded();
+        }
         return false;
-    switch (likeness) {
-    case Likeness::Content:
-        return a.isSeparator() || (a.itemName() == b.itemName() && a.itemURL() == b.itemURL() &&
-                                   a.itemNote() == b.itemNote() && a.itemTags() == b.itemTags());
-    case Likeness::Main:
-        return mainText(a) == mainText(b);
-    case Likeness::Name:
-        return a.itemName() == b.itemName();
-    case Likeness::DateAdded:
-        return a.itemDateAdded() == b.itemDateAdded();
     }
-    return false;
-}
 
-// Covers all that isAlike compares: links of one name and URL may be many, and differ in their notes only.
-std::size_t hashOfContent(const Bookmark& node) {
-    if (node.isSeparator())
-        return 1;
-    std::size_t hash = 0;
-    for (const Text* text : {&node.itemName(), &node.itemURL(), &node.itemNote(), &node.itemTags()})
-        hash = hash * 31 + std::hash<std::string_view>()(text->view());
-    return hash;
-}
-
-std::size_t hashOf(const Bookmark& node, Likeness likeness) {
-    const std::hash<std::string_view> hash;
-    switch (likeness) {
-    case Likeness::Content:
-        return hashOfContent(node);
-    case Likeness::Main:
-        return hash(mainText(node).view());
-    case Likeness::Name:
-        return hash(node.itemName().view());
-    case Likeness::DateAdded:
-        return std::hash<double>()(node.itemDateAdded().referenceSeconds());
+    std::size_t hash(const Bookmark& node) const {
+        switch (likeness_) {
+        case Likeness::Content:
+            return hashOfContent(node);
+        case Likeness::Main:
+            return texts_.hash(mainText(node));
+        case Likeness::Name:
+            return texts_.hash(node.itemName());
+        case Likeness::DateAdded:
+            return std::hash<double>()(node.itemDateAdded().referenceSeconds());
+        }
+        return 0;
     }
-    return 0;
-}
+
+private:
+    bool hasSameContent(const Bookmark& a, const Bookmark& b) const {
+        return texts_.areEqual(a.itemName(), b.itemName()) && texts_.areEqual(a.itemURL(), b.itemURL()) &&
+               texts_.areEqual(a.itemNote(), b.itemNote()) && texts_.areEqual(a.itemTags(), b.itemTags());
+    }
+
+    // Covers all that is compared: links of one name and URL may be many, and differ in their notes only.
+    std::size_t hashOfContent(const Bookmark& node) const {
+        if (node.isSeparator())
+            return 1;
+        std::size_t hash = 0;
+        for (const Text* text : {&node.itemName(), &node.itemURL(), &node.itemNote(), &node.itemTags()})
+            hash = hash * 31 + texts_.hash(*text);
+        return hash;
+    }
+
+    LongTexts& texts_;
+    Likeness likeness_;
+};
 
 class Pairing {
 public:
-    Pairing(const Bookmark& before, const Bookmark& after) : before_(before), after_(after) {
+    Pairing(const Bookmark& before, const Bookmark& after, LongTexts& texts)
+        : before_(before), after_(after), texts_(texts) {
         pair(const_cast<Bookmark&>(before), const_cast<Bookmark&>(after));
         for (const Likeness likeness :
              {Likeness::Content, Likeness::Main, Likeness::Name, Likeness::DateAdded})
@@ -90,12 +104,12 @@ public:
 
 private:
     struct Hash {
-        Likeness likeness;
-        std::size_t operator()(const Bookmark* node) const { return hashOf(*node, likeness); }
+        Comparer comparer;
+        std::size_t operator()(const Bookmark* node) const { return comparer.hash(*node); }
     };
     struct Equal {
-        Likeness likeness;
-        bool operator()(const Bookmark* a, const Bookmark* b) const { return isAlike(*a, *b, likeness); }
+        Comparer comparer;
+        bool operator()(const Bookmark* a, const Bookmark* b) const { return comparer.isAlike(*a, *b); }
     };
     // Nodes that are alike, in their order. Those before `next` are taken.
     struct Queue {
@@ -104,8 +118,9 @@ private:
     };
     using Candidates = std::unordered_map<const Bookmark*, Queue, Hash, Equal>;
 
-    static Candidates candidatesFor(Likeness likeness) {
-        return Candidates(0, Hash{likeness}, Equal{likeness});
+    Candidates candidatesFor(Likeness likeness) {
+        const Comparer comparer(texts_, likeness);
+        return Candidates(0, Hash{comparer}, Equal{comparer});
     }
 
     bool isFree(const Bookmark& node, Likeness likeness) const {
@@ -185,14 +200,16 @@ private:
 
     const Bookmark& before_;
     const Bookmark& after_;
+    LongTexts& texts_;
     std::unordered_map<const Bookmark*, Bookmark*> partners_;
     std::vector<std::pair<Bookmark*, Bookmark*>> folders_;
 };
 
 } // namespace
 
-std::unordered_map<const Bookmark*, Bookmark*> pairsOf(const Bookmark& before, const Bookmark& after) {
-    return Pairing(before, after).partners();
+std::unordered_map<const Bookmark*, Bookmark*> pairsOf(const Bookmark& before, const Bookmark& after,
+                                                       LongTexts& texts) {
+    return Pairing(before, after, texts).partners();
 }
 
 } // namespace tabulon

@@ -2,12 +2,15 @@
 #pragma once
 
 #include "model/Bookmark.h"
+#include "model/LongTexts.h"
 
 #include <unordered_map>
 
 namespace tabulon {
 
-/// Both directions of every pair, the roots included. See TreeComparison for the rules.
-std::unordered_map<const Bookmark*, Bookmark*> pairsOf(const Bookmark& before, const Bookmark& after);
+/// Both directions of every pair, the roots included. See TreeComparison for the rules. `texts` compares
+/// the texts of both trees.
+std::unordered_map<const Bookmark*, Bookmark*> pairsOf(const Bookmark& before, const Bookmark& after,
+                                                       LongTexts& texts);
 
 } // namespace tabulon

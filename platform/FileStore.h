@@ -4,6 +4,7 @@
 
 #include "model/Error.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -39,6 +40,10 @@ public:
     /// refused, or read to its end, which may be long in coming; one that gives ever more fails with EFBIG.
     /// Fails with errno and a sentence that names the file.
     virtual Result<std::string> readFile(const std::string& path) = 0;
+
+    /// The first `size` bytes of that content, or all of it where there are no more. Fails like `readFile`,
+    /// but not because the rest is too much.
+    virtual Result<std::string> readBeginning(const std::string& path, std::size_t size) = 0;
 
     /// Replaces the file at `path`, or makes it: the bytes go to a temporary file in the same folder, are
     /// flushed to the disk and renamed over the old file, whose permissions, access control list and extended

@@ -50,6 +50,7 @@ QList<QKeySequence> keySequences(const MenuItem& item) {
 
 MainMenuBar::MainMenuBar(AppDelegate& app, std::function<void()> willPerform)
     : app_(app), willPerform_(std::move(willPerform)) {
+    noteKeyboardBefore();
     const Menu content = app_.mainMenu();
     QSet<QChar> taken;
     for (std::size_t place = 0; place < content.items.size(); ++place) {
@@ -70,14 +71,20 @@ MainMenuBar::MainMenuBar(AppDelegate& app, std::function<void()> willPerform)
     }
 }
 
+void MainMenuBar::noteKeyboardBefore() {
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
+        if (now != this)
+            return;
+        keyboardBefore_ = before;
+        tookKeyboard_ = before != nullptr;
+    });
+}
+
 // Reached by keys the bar has the keyboard itself, and hands it back before an item runs.
 void MainMenuBar::noteTarget() {
     QWidget* keyboard = QApplication::focusWidget();
-    hasTarget_ = false;
-    if (keyboard && keyboard != this) {
-        target_ = keyboard;
-        hasTarget_ = true;
-    }
+    target_ = keyboard == this ? keyboardBefore_.data() : keyboard;
+    hasTarget_ = keyboard == this ? tookKeyboard_ : keyboard != nullptr;
 }
 
 void MainMenuBar::refill(QMenu* menu, qsizetype place) {
@@ -108,7 +115,7 @@ void MainMenuBar::add(QMenu* menu, const MenuItem& item, const QString& title) {
     }
     QAction* action = menu->addAction(title);
     action->setShortcuts(keySequences(item));
-    action->setEnabled(textFieldTakes(item.action) || app_.validateMenuItem(item));
+    action->setEnabled(textFieldTakes(item.action, target_) || app_.validateMenuItem(item));
     if (!item.toolTip.empty())
         action->setToolTip(toolTipText(item.toolTip));
     if (!item.imageName.empty())

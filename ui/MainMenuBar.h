@@ -34,6 +34,7 @@ signals:
     void menuWillOpen();
 
 private:
+    void noteKeyboardBefore();
     void noteTarget();
     void perform(const MenuItem& item);
     void refill(QMenu* menu, qsizetype place);
@@ -46,6 +47,9 @@ private:
     /// `hasTarget_` is false, because no menu is open.
     QPointer<QWidget> target_;
     bool hasTarget_ = false;
+    /// What had the keyboard before the bar took it; null when that is gone.
+    QPointer<QWidget> keyboardBefore_;
+    bool tookKeyboard_ = false;
 };
 
 } // namespace tabulon

@@ -1,6 +1,5 @@
 #include "ui/TextFieldCommands.h"
 
-#include <QApplication>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
@@ -32,8 +31,7 @@ bool isTextFieldCommand(std::string_view action) {
     return std::ranges::count(kCommands, action, &Command::action) > 0;
 }
 
-bool textFieldTakes(std::string_view action) {
-    const QWidget* keyboard = QApplication::focusWidget();
+bool textFieldTakes(std::string_view action, const QWidget* keyboard) {
     const bool isField =
         qobject_cast<const QLineEdit*>(keyboard) || qobject_cast<const QPlainTextEdit*>(keyboard);
     return isField && isTextFieldCommand(action);

@@ -14,7 +14,7 @@ bool performInTextField(std::string_view action, QWidget* keyboard);
 /// Whether it is one of these actions.
 bool isTextFieldCommand(std::string_view action);
 
-/// Whether the widget that has the keyboard is such a field for the action.
-bool textFieldTakes(std::string_view action);
+/// Whether `keyboard` is such a field and the action one of these.
+bool textFieldTakes(std::string_view action, const QWidget* keyboard);
 
 } // namespace tabulon

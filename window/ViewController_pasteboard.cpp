@@ -30,14 +30,14 @@ void ViewController::copyBookmarks() {
 }
 
 void ViewController::copyBookmarksArray(const std::vector<Bookmark*>& items) {
-    if (items.empty()) // what is on the pasteboard still names the last copies
-        return;
     std::vector<Ref<Bookmark>> copies;
     copies.reserve(items.size());
     for (const Bookmark* item : items)
         copies.push_back(deepCopy(*item));
-    platform_.pasteboard.setContent(mimeContentOf(
-        pasteboardItemsForBookmarks(copies, shared_.records, NodeRecords::List::Copied, copyFormat())));
+    const std::vector<PasteboardItem> made =
+        pasteboardItemsForBookmarks(copies, shared_.records, NodeRecords::List::Copied, copyFormat());
+    if (!made.empty())
+        platform_.pasteboard.setContent(mimeContentOf(made));
 }
 
 void ViewController::cut() {

@@ -23,6 +23,15 @@ PathKind MemoryFileStore::kindOf(const std::string& path) {
 }
 
 Result<std::string> MemoryFileStore::readFile(const std::string& path) {
+    ++reads[path];
+    return contentOf(path);
+}
+
+Result<std::string> MemoryFileStore::readBeginning(const std::string& path, std::size_t size) {
+    return contentOf(path).map([size](const std::string& content) { return content.substr(0, size); });
+}
+
+Result<std::string> MemoryFileStore::contentOf(const std::string& path) const {
     if (!unreadable.empty() && path.starts_with(unreadable))
         return failure("Cannot read “" + path + "”: Permission denied.", ErrorDomain::Posix, EACCES);
     const auto found = files.find(target(path));

@@ -13,6 +13,7 @@ namespace tabulon {
 class MemoryFileStore : public FileStore {
 public:
     Result<std::string> readFile(const std::string& path) override;
+    Result<std::string> readBeginning(const std::string& path, std::size_t size) override;
     Result<void> writeFileAtomically(const std::string& path, std::string_view bytes) override;
     bool fileExists(const std::string& path) override { return kindOf(path) != PathKind::Nothing; }
     PathKind kindOf(const std::string& path) override;
@@ -40,10 +41,13 @@ public:
     /// Writes to paths that begin with this fail for lack of permission; empty for none.
     std::string unwritable;
     int writes = 0;
+    /// How often the whole content of a path was read.
+    std::map<std::string, int, std::less<>> reads;
     /// Called before each write that succeeds.
     std::function<void(const std::string& path)> willWrite;
 
 private:
+    Result<std::string> contentOf(const std::string& path) const;
     const std::string& target(const std::string& path) const;
 
     std::map<std::string, std::string, std::less<>> firstNames_; // of files that were moved

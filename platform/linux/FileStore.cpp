@@ -2,6 +2,7 @@
 
 #include "model/Text.h"
 #include "platform/linux/FileAccess.h"
+#include "platform/linux/FileReading.h"
 #include "platform/linux/TemporaryFile.h"
 
 #include <fcntl.h>
@@ -42,42 +43,6 @@ int writeAll(int descriptor, std::string_view bytes) {
             return errno;
         bytes.remove_prefix(static_cast<std::size_t>(written));
     }
-    return 0;
-}
-
-// Gives errno, 0 at the end of the file, EFBIG where there is too much: what does not tell its size may have
-// no end.
-int readAll(int descriptor, std::string& bytes, const ReadLimits& limits) {
-    constexpr std::size_t kStep = std::size_t{1} << 16;
-    struct stat status = {};
-    if (::fstat(descriptor, &status) != 0)
-        return errno;
-    const bool isFile = S_ISREG(status.st_mode);
-    if (isFile && static_cast<std::size_t>(status.st_size) > limits.file)
-        return EFBIG;
-    // Some files, such as those of /proc, are longer than they say.
-    const std::size_t most = S_ISCHR(status.st_mode)        ? limits.device
-                             : isFile && status.st_size > 0 ? limits.file
-                                                            : limits.pipe;
-    // One byte more than the size, so that the end is seen without growing.
-    bytes.resize(isFile && status.st_size > 0 ? static_cast<std::size_t>(status.st_size) + 1 : kStep);
-    std::size_t filled = 0;
-    while (true) {
-        if (filled == bytes.size()) {
-            if (filled >= most)
-                return EFBIG;
-            bytes.resize(bytes.size() * 2);
-        }
-        const ssize_t got = ::read(descriptor, bytes.data() + filled, bytes.size() - filled);
-        if (got < 0 && errno == EINTR)
-            continue;
-        if (got < 0)
-            return errno;
-        if (got == 0)
-            break;
-        filled += static_cast<std::size_t>(got);
-    }
-    bytes.resize(filled);
     return 0;
 }
 
@@ -122,10 +87,8 @@ int flush(int descriptor) {
     return ::fsync(descriptor) == 0 || errno == EINVAL ? 0 : errno;
 }
 
-// Puts a new file with the bytes in the place of `file`, with the access of another one where there is one.
-// Gives errno.
-int putInPlace(const std::string& file, std::string_view bytes, const std::optional<FileAccess>& access) {
-    TemporaryFile temporary(folderOf(file));
+// Writes the bytes to the file, which takes over the access of another one where there is one. Returns errno.
+int fill(const TemporaryFile& temporary, std::string_view bytes, const std::optional<FileAccess>& access) {
     if (!temporary.isOpen())
         return errno;
     const int descriptor = temporary.descriptor();
@@ -135,9 +98,22 @@ int putInPlace(const std::string& file, std::string_view bytes, const std::optio
         takeAccess(descriptor, *access);
     else
         ::fchmod(descriptor, modeOfNewFiles());
-    if (const int code = flush(descriptor); code != 0)
-        return code;
-    return temporary.rename(file);
+    return flush(descriptor);
+}
+
+// Puts a new file with the bytes in the place of `file`. Some systems let a file be made without a name and
+// refuse it one later: there the bytes are written once more. Returns errno.
+int putInPlace(const std::string& file, std::string_view bytes, const std::optional<FileAccess>& access) {
+    {
+        TemporaryFile temporary(folderOf(file), TemporaryFile::Name::AtLast);
+        if (const int code = fill(temporary, bytes, access); code != 0)
+            return code;
+        if (temporary.giveName() == 0)
+            return temporary.rename(file);
+    }
+    TemporaryFile temporary(folderOf(file), TemporaryFile::Name::AtOnce);
+    const int code = fill(temporary, bytes, access);
+    return code != 0 ? code : temporary.rename(file);
 }
 
 void flushFolder(const std::string& folder) {
@@ -209,6 +185,15 @@ Result<void> replaceFile(const std::string& path, std::string_view bytes, Specia
 } // namespace
 
 Result<std::string> PosixFileStore::readFile(const std::string& path) {
+    return read(path, std::nullopt);
+}
+
+Result<std::string> PosixFileStore::readBeginning(const std::string& path, std::size_t size) {
+    return read(path, size);
+}
+
+// The whole file where there is no `size`.
+Result<std::string> PosixFileStore::read(const std::string& path, std::optional<std::size_t> size) {
     // Opening a pipe waits for its writer.
     const int waiting = special_ == SpecialFiles::Used ? 0 : O_NONBLOCK;
     const Descriptor descriptor(::open(path.c_str(), O_RDONLY | O_NOCTTY | O_CLOEXEC | waiting));
@@ -218,7 +203,9 @@ Result<std::string> PosixFileStore::readFile(const std::string& path) {
     if (isSpecial && special_ == SpecialFiles::Refused)
         return refusal("Cannot read", path, kIsNoFile, ENODEV);
     std::string bytes;
-    const int code = descriptor.isOpen() ? readAll(descriptor.get(), bytes, limits_) : errno;
+    int code = errno;
+    if (descriptor.isOpen())
+        code = size ? readSome(descriptor.get(), bytes, *size) : readAll(descriptor.get(), bytes, limits_);
     if (code != 0)
         return problem("Cannot read", path, code);
     return bytes;

@@ -2,18 +2,12 @@
 #pragma once
 
 #include "platform/FileStore.h"
+#include "platform/linux/FileReading.h"
 
 #include <cstddef>
+#include <optional>
 
 namespace tabulon {
-
-/// How many bytes are too many, in powers of two: of a file, which is read into memory whole, and of what
-/// does not tell its size, whose end may never come.
-struct ReadLimits {
-    std::size_t file = std::size_t{1} << 32;
-    std::size_t pipe = std::size_t{1} << 31;
-    std::size_t device = std::size_t{1} << 26;
-};
 
 /// What becomes of devices, pipes and sockets. The command-line tool uses those that it is told to, and waits
 /// for the other end; the desktop program refuses them, because nothing in it may wait.
@@ -24,6 +18,7 @@ public:
     explicit PosixFileStore(SpecialFiles special = SpecialFiles::Refused, const ReadLimits& limits = {})
         : special_(special), limits_(limits) {}
     Result<std::string> readFile(const std::string& path) override;
+    Result<std::string> readBeginning(const std::string& path, std::size_t size) override;
     Result<void> writeFileAtomically(const std::string& path, std::string_view bytes) override;
     Result<void> writeBack(const std::string& path, std::string_view bytes) override;
     bool fileExists(const std::string& path) override;
@@ -35,6 +30,8 @@ public:
     std::vector<std::string> namesInFolder(const std::string& path) override;
 
 private:
+    Result<std::string> read(const std::string& path, std::optional<std::size_t> size);
+
     const SpecialFiles special_;
     const ReadLimits limits_;
 };

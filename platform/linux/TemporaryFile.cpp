@@ -17,9 +17,11 @@ bool canGiveNames() {
 
 } // namespace
 
-TemporaryFile::TemporaryFile(const std::string& folder)
+TemporaryFile::TemporaryFile(const std::string& folder, Name name)
     : name_(folder + "/.tabulon-XXXXXX"),
-      descriptor_(canGiveNames() ? ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600) : -1) {
+      descriptor_(name == Name::AtLast && canGiveNames()
+                      ? ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600)
+                      : -1) {
     if (!descriptor_.isOpen()) {
         descriptor_.reset(::mkostemp(name_.data(), O_CLOEXEC));
         hasName_ = descriptor_.isOpen();
@@ -32,8 +34,6 @@ TemporaryFile::~TemporaryFile() {
 }
 
 int TemporaryFile::rename(const std::string& path) {
-    if (const int code = hasName_ ? 0 : giveName(); code != 0)
-        return code;
     if (::rename(name_.c_str(), path.c_str()) != 0)
         return errno;
     hasName_ = false;

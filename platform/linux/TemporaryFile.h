@@ -33,7 +33,9 @@ private:
 /// behind. Only the user can use it until somebody grants more. It goes unless it was renamed.
 class TemporaryFile {
 public:
-    explicit TemporaryFile(const std::string& folder);
+    enum class Name { AtLast, AtOnce };
+    /// With `Name::AtOnce` it has a name from the beginning, also where it need not.
+    TemporaryFile(const std::string& folder, Name name);
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
     ~TemporaryFile();
@@ -42,12 +44,13 @@ public:
     /// False when none could be made; errno says why.
     bool isOpen() const { return descriptor_.isOpen(); }
 
-    /// Takes the place of the file at `path`, a symbolic link included. Returns errno.
+    /// Gives it a name next to the file that it is to replace; does nothing for one that has a name. Returns
+    /// errno: some systems refuse to name an open file.
+    int giveName();
+    /// Takes the place of the file at `path`, a symbolic link included. Requires a name. Returns errno.
     int rename(const std::string& path);
 
 private:
-    int giveName();
-
     std::string name_;
     Descriptor descriptor_;
     bool hasName_ = false;

@@ -4,30 +4,13 @@
 #include "app/AppDelegate.h"
 #include "model/ArchiveWriter.h"
 #include "platform/fake/FakePlatform.h"
-#include "tests/window/MemoryWindow.h"
+#include "tests/app/MemoryWindowMaker.h"
 
 #include <algorithm>
 #include <memory>
 #include <string>
 
 namespace tabulon {
-
-/// Remembers its windows as long as they live, and can have none to give.
-class MemoryWindowMaker : public DocumentWindowMaker {
-public:
-    std::unique_ptr<DocumentWindow> makeWindow(ViewController& controller) override {
-        if (noMoreWindows)
-            return nullptr;
-        return std::make_unique<MemoryWindow>(controller);
-    }
-
-    void presentVersions(std::shared_ptr<VersionsController> controller) override {
-        presentedVersions = std::move(controller);
-    }
-
-    bool noMoreWindows = false;
-    std::shared_ptr<VersionsController> presentedVersions;
-};
 
 class AppTest : public testing::Test, protected FakePlatform {
 protected:

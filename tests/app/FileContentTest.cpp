@@ -1,6 +1,9 @@
 // What files are told to be, by their content and by their names.
 #include "app/FileContent.h"
 
+#include "model/ArchiveWriter.h"
+#include "platform/fake/MemoryFileStore.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -50,6 +53,49 @@ TEST(FileContentTest, isToldByContentThenByExtension) {
     EXPECT_EQ(kindOf("", "/a"), "unknown");
 }
 
+class OpenableTest : public testing::Test {
+protected:
+    bool isOpenable(const std::string& path, const std::string& bytes) {
+        files.reads.clear();
+        files.files[path] = bytes;
+        return tabulon::isOpenable(files, path);
+    }
+    bool wasReadWhole() const { return !files.reads.empty(); }
+
+    const std::string rest = std::string(1 << 20, 'x');
+    MemoryFileStore files;
+};
+
+TEST_F(OpenableTest, ofMostFilesTheBeginningIsRead) {
+    const Ref<Bookmark> master = Bookmark::initEmpty();
+    master->makeParent();
+    EXPECT_TRUE(isOpenable("/a", writeDocumentArchive(*master) + rest));
+    EXPECT_TRUE(isOpenable("/a", "<html>" + rest));
+    EXPECT_TRUE(isOpenable("/a", "<?xml version=\"1.0\"?><xbel>" + rest));
+    EXPECT_TRUE(isOpenable("/a", "{\"roots\": {" + rest));
+    EXPECT_TRUE(isOpenable("/a.tbln", rest));
+    EXPECT_FALSE(isOpenable("/a.png", "\x89PNG" + rest));
+    EXPECT_FALSE(wasReadWhole());
+}
+
+TEST_F(OpenableTest, whereTheBeginningLeavesItOpenTheRestDecides) {
+    EXPECT_TRUE(isOpenable("/a", "{\"other\": \"" + rest + "\", \"roots\": {}}"));
+    EXPECT_FALSE(isOpenable("/a", "{\"other\": \"" + rest + "\"}"));
+    EXPECT_TRUE(isOpenable("/a", std::string(70'000, ' ') + "<html>"));
+    const std::string list = "<?xml version=\"1.0\"?><plist><dict><key>URL</key><string>data:,";
+    EXPECT_FALSE(isOpenable("/a.webloc", list + rest + "</string></dict></plist>")) << "one link";
+    EXPECT_TRUE(isOpenable("/a.webloc", list + rest)) << "a damaged list is told";
+    EXPECT_TRUE(wasReadWhole());
+}
+
+TEST_F(OpenableTest, aDocumentThatCannotBeReadIsOpenedSoThatTheUserIsTold) {
+    files.unreadable = "/hidden";
+    EXPECT_TRUE(isOpenable("/hidden.tbln", ""));
+    EXPECT_FALSE(isOpenable("/hidden.png", ""));
+    EXPECT_TRUE(tabulon::isOpenable(files, "/gone.tbln"));
+    EXPECT_FALSE(tabulon::isOpenable(files, "/gone"));
+}
+
 TEST(FileContentTest, filesOfOtherProgramsAreKnown) {
     EXPECT_EQ(kindInCorpus("chromium-json/chromium/Bookmarks"), "chromium");
     EXPECT_EQ(kindInCorpus("chromium-json/vivaldi/Bookmarks"), "chromium");
@@ -73,6 +119,18 @@ TEST(FileContentTest, listsOfOtherProgramsAreToldFromDocuments) {
     EXPECT_EQ(kindOf("bplist00 Children URLString $objects $top", "/a"), "document")
         << "a name of a bookmark";
     EXPECT_EQ(kindOf("bplist00 Children", "/a"), "document") << "which tells what is wrong";
+}
+
+TEST(FileContentTest, textsInAListDoNotCountAsItsKeys) {
+    const auto list = [](const std::string& key, const std::string& name) {
+        return "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>Title</key><string>" + name +
+               "</string><key>Children</key><array><dict><key>" + key +
+               "</key><string>x</string></dict></array></dict></plist>";
+    };
+    EXPECT_EQ(kindOf(list("WebBookmarkType", "how $objects and $top of an archive work"), "/a"), "safari");
+    EXPECT_EQ(kindOf(list("URLString", "BookmarkType and FolderType"), "/a"), "safari");
+    EXPECT_EQ(kindOf(list("BookmarkType", "WebBookmarkType and URLString"), "/a"), "icab");
+    EXPECT_EQ(kindOf(list("Other", "$objects and $top"), "/a"), "document") << "which tells what is wrong";
 }
 
 } // namespace

@@ -18,6 +18,26 @@ protected:
         instance.requested(std::move(request));
         timers.advance(0);
     }
+    using Paths = std::vector<std::string>;
+    Paths pathsOfDocuments() {
+        Paths paths;
+        for (const Document* document : documents().documents())
+            paths.push_back(document->fileName());
+        return paths;
+    }
+
+    void quitBetweenTwoFiles() {
+        Paths before;
+        const auto quit = timers.after(0, [&] {
+            before = pathsOfDocuments();
+            AppTest::perform("terminate:");
+        });
+        timers.advance(0);
+        EXPECT_EQ(before, (Paths{"/home/a.tbln"}));
+        EXPECT_EQ(pathsOfDocuments(), Paths());
+        EXPECT_EQ(stops, 1);
+    }
+
     FakeSingleInstance instance;
     RequestQueue queue{app, instance, timers};
 };
@@ -61,6 +81,57 @@ TEST_F(RequestsTest, theMainLoopRunsBetweenTwoFiles) {
     timers.advance(0);
     EXPECT_EQ(before, 1u);
     EXPECT_EQ(documents().documents().size(), 2u);
+}
+
+TEST_F(RequestsTest, filesThatTheUserOpensAreOpenedOneByOne) {
+    app.applicationDidFinishLaunching({});
+    panels.chooseFiles({"/home/a.tbln", "/home/b.tbln"});
+    app.openDocumentPanel();
+    EXPECT_EQ(pathsOfDocuments(), (Paths{""})) << "nothing is read while the panel closes";
+    Paths between;
+    const auto look = timers.after(0, [&] { between = pathsOfDocuments(); });
+    timers.advance(0);
+    EXPECT_EQ(between, (Paths{"/home/a.tbln"}));
+    EXPECT_EQ(pathsOfDocuments(), (Paths{"/home/a.tbln", "/home/b.tbln"}));
+}
+
+TEST_F(RequestsTest, theEndOfTheSessionIsServedBetweenTwoFilesThatTheUserOpens) {
+    app.applicationDidFinishLaunching({});
+    app.openFiles({"/home/a.tbln", "/home/missing", "/home/b.tbln"});
+    const auto end = timers.after(0, [&] { app.sessionWillEnd(); });
+    timers.advance(0);
+    EXPECT_EQ(pathsOfDocuments(), (Paths{"/home/a.tbln"}));
+    EXPECT_TRUE(alerts.shown.empty());
+    EXPECT_EQ(stops, 1);
+}
+
+TEST_F(RequestsTest, quittingIsServedBetweenTwoFilesThatTheUserOpens) {
+    app.applicationDidFinishLaunching({});
+    app.openFiles({"/home/a.tbln", "/home/b.tbln"});
+    quitBetweenTwoFiles();
+}
+
+TEST_F(RequestsTest, quittingIsServedBetweenTwoFilesFromOutside) {
+    instance.requested({.kind = Kind::Open, .uris = {"file:///home/a.tbln", "file:///home/b.tbln"}});
+    quitBetweenTwoFiles();
+}
+
+TEST_F(RequestsTest, severalFilesThatTheUserOpensAndThatAreRefusedAreOneAlert) {
+    app.applicationDidFinishLaunching({});
+    app.openFiles({"/home/missing", "/home/a.tbln", "/home/missing too"});
+    timers.advance(0);
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].message, "2 files could not be opened");
+    EXPECT_EQ(pathsOfDocuments(), (Paths{"/home/a.tbln"}));
+}
+
+TEST_F(RequestsTest, whatTheUserOpensDoesNotWaitForAnAlertOfAnotherWindow) {
+    app.applicationDidFinishLaunching({});
+    queue.mustWait = [] { return true; };
+    instance.requested({.kind = Kind::Open, .uris = {"file:///home/b.tbln"}});
+    app.openFiles({"/home/a.tbln"});
+    timers.advance(0);
+    EXPECT_EQ(pathsOfDocuments(), (Paths{"/home/a.tbln"}));
 }
 
 TEST_F(RequestsTest, nothingIsOpenedAfterTheEndOfTheSession) {

@@ -42,8 +42,55 @@ protected:
         perform("revertDocumentToSaved:");
     }
 
+    // Two links, the name of the second one lost.
+    std::string damagedDocument() {
+        const Ref<Bookmark> master = Bookmark::init(base.now());
+        master->makeParent();
+        for (const char* name : {"sound", "damaged name"}) {
+            const Ref<Bookmark> link = Bookmark::init(base.now());
+            link->setItemName(name);
+            master->addChild(link);
+        }
+        std::string bytes = writeDocumentArchive(*master);
+        bytes[bytes.find("damaged name") - 1] = '\x0f'; // no kind of object is written so
+        return bytes;
+    }
+
     Document* document = nullptr;
 };
+
+TEST_F(RevertingTest, ofAFileThatIsDamagedNowWhatIsLeftIsOffered) {
+    change("mine");
+    const std::string damaged = damagedDocument();
+    files.files[kPath] = damaged;
+    alerts.answer("Revert");
+    alerts.answer("Cancel");
+    perform("revertDocumentToSaved:");
+    ASSERT_EQ(alerts.shown.size(), 2u);
+    EXPECT_EQ(alerts.shown[1].message, "“Links.tbln” could not be opened");
+    EXPECT_NE(alerts.shown[1].informative.find("1 of 2 bookmarks could be read."), std::string::npos);
+    EXPECT_EQ(alerts.shown[1].document, document);
+    EXPECT_EQ(shownName(), "mine") << "the open document stays as it is";
+    EXPECT_TRUE(document->isDocumentEdited());
+    EXPECT_EQ(files.files[kPath], damaged) << "and so does the file";
+    EXPECT_EQ(documents().documents().size(), 1u);
+}
+
+TEST_F(RevertingTest, whatIsLeftOfAFileThatIsReloadedOpensAsAnUntitledDocument) {
+    change("mine");
+    const std::string damaged = damagedDocument();
+    files.files[kPath] = damaged;
+    alerts.answer("Reload");
+    alerts.answer("Open What Is Left");
+    perform("saveDocument:");
+    ASSERT_EQ(documents().documents().size(), 2u);
+    const Document& remains = *documents().documents().back();
+    EXPECT_EQ(remains.displayName(), "Links");
+    EXPECT_TRUE(remains.fileName().empty());
+    EXPECT_TRUE(remains.isDocumentEdited());
+    EXPECT_EQ(shownName(), "mine");
+    EXPECT_EQ(files.files[kPath], damaged);
+}
 
 TEST_F(RevertingTest, nothingIsSavedWhileTheQuestionIsUp) {
     change("mine");

@@ -7,6 +7,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 namespace tabulon {
 namespace {
 
@@ -29,6 +31,12 @@ protected:
         for (const DocumentVersion& version : store.versionsOf(path))
             result.push_back(store.read(version).value_or("damaged"));
         return result;
+    }
+
+    std::size_t filesInStore(std::string_view suffix) const {
+        return static_cast<std::size_t>(std::ranges::count_if(files.files, [&](const auto& file) {
+            return file.first.starts_with("/state/versions/") && file.first.ends_with(suffix);
+        }));
     }
 
     VersionStore store{files, base.clock, base.defaults, "/state/versions"};
@@ -55,6 +63,41 @@ TEST_F(VersionStoreTest, equalContentIsKeptOnceWithItsLatestTime) {
     replace(kPath, "2");
     EXPECT_THAT(contents(), ElementsAre("1", "2"));
     EXPECT_GT(store.versionsOf(kPath).front().kept.unixSeconds(), first.unixSeconds());
+}
+
+TEST_F(VersionStoreTest, nothingStaysOfADocumentThatIsGoneWithItsVersions) {
+    for (const char* name : {"/home/gone.tbln", "/home/there.tbln", "/home/source.tbln"}) {
+        files.files[name] = "1";
+        replace(name, "2");
+        files.files["/backups/b"] = "1";
+        store.noteBackup(name, "/backups/b");
+    }
+    EXPECT_TRUE(store.willReplace("/home/copy.tbln", "/home/source.tbln"));
+    files.files["/home/copy.tbln"] = "3";
+    store.didReplace("/home/copy.tbln", "/home/source.tbln");
+    EXPECT_EQ(filesInStore(".place"), 4u);
+    EXPECT_EQ(filesInStore(".backup"), 3u);
+    files.files.erase("/home/gone.tbln");
+    files.files.erase("/home/source.tbln");
+    std::erase_if(files.files, [](const auto& file) { return file.first.ends_with(".zst"); });
+    files.files[kPath] = "1";
+    replace(kPath, "2");
+    EXPECT_EQ(filesInStore(".place"), 4u) << "there, source (it has a copy), copy and the one just saved";
+    EXPECT_EQ(filesInStore(".backup"), 2u);
+    files.files.erase("/home/copy.tbln");
+    replace(kPath, "3");
+    EXPECT_EQ(filesInStore(".place"), 2u);
+    EXPECT_EQ(filesInStore(".backup"), 1u);
+    EXPECT_TRUE(store.isBackupOf("/home/there.tbln", "/backups/b"));
+}
+
+TEST_F(VersionStoreTest, aDocumentThatIsGoneKeepsItsPlaceWhileItHasVersions) {
+    files.files["/home/gone.tbln"] = "1";
+    replace("/home/gone.tbln", "2");
+    files.files.erase("/home/gone.tbln");
+    files.files[kPath] = "1";
+    replace(kPath, "2");
+    EXPECT_THAT(contents("/home/gone.tbln"), ElementsAre("1"));
 }
 
 TEST_F(VersionStoreTest, severalSavesInOneMillisecondAreAllKept) {

@@ -119,6 +119,24 @@ TEST_F(VersionsTest, aFileInTheWayThatCannotBeKeptIsNotReplacedByABackup) {
     EXPECT_FALSE(document().isDocumentEdited());
 }
 
+TEST_F(VersionsTest, aSaveReadsWhereEachDocumentIsOnce) {
+    folders.kept["BackupFolderBookmark"] = "/backups";
+    for (const char* path : {"/home/a.tbln", "/home/b.tbln"}) {
+        files.files[path] = documentBytes("x");
+        EXPECT_TRUE(documents().versions().keepFile(path));
+    }
+    saveAs("second");
+    files.reads.clear();
+    saveAs("third");
+    int records = 0;
+    for (const auto& [path, times] : files.reads)
+        if (path.ends_with(".place")) {
+            EXPECT_EQ(times, 1) << path;
+            ++records;
+        }
+    EXPECT_EQ(records, 3);
+}
+
 TEST_F(VersionsTest, theCommandNeedsADocumentWithAFile) {
     EXPECT_TRUE(enabled("browseVersions:"));
     documents().openUntitledDocumentAndDisplay();

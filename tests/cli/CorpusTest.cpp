@@ -57,7 +57,10 @@ TEST(ImportCorpusTest, filesOfOtherProgramsAreImportedAsExpected) {
     constexpr ImportCase kCases[] = {
         {"safari", "plist/safari-xml", "input.plist"},
         {"safari", "plist/safari-binary", "input.plist"},
+        {"safari", "plist/safari-shared", "input.plist"},
+        {"safari", "plist/safari-doubling", "input.plist"},
         {"icab", "plist/icab", "input.plist"},
+        {"icab", "plist/icab-shared", "input.plist"},
         {"text", "text/delimiters", "input.txt"},
         {"text", "text/letter", "input.txt"},
         {"xbel", "xbel/strangers", "input.xbel"},

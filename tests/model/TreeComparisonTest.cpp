@@ -206,6 +206,31 @@ TEST(TreeComparisonTest, timeGrowsWithTheNumberOfNodes) {
     }
 }
 
+// Reading it for each node would take minutes.
+TEST(TreeComparisonTest, aLongTextThatAllNodesShareIsReadOnce) {
+    constexpr int kCount = 5'000;
+    const auto tree = [](const char* name, char letter) {
+        const Text shared(std::string(std::size_t{4} << 20, letter));
+        Ref<Bookmark> top = Bookmark::initEmpty();
+        top->makeParent();
+        for (int i = 0; i < kCount; ++i) {
+            const Ref<Bookmark> child = Bookmark::initEmpty();
+            child->setItemName(name);
+            for (const auto set : {&Bookmark::setItemURL, &Bookmark::setItemNote, &Bookmark::setItemTags})
+                (child.get()->*set)(shared);
+            top->addChild(child);
+        }
+        return top;
+    };
+    const Ref<Bookmark> before = tree("a", 'x');
+    const ProcessorTime time;
+    EXPECT_EQ(TreeComparison(*before, *tree("b", 'x')).counts(), (DifferenceCounts{0, 0, kCount}))
+        << "renamed";
+    EXPECT_EQ(TreeComparison(*before, *tree("a", 'y')).counts(), (DifferenceCounts{0, 0, kCount}))
+        << "edited";
+    EXPECT_LT(time.seconds(), 2.0);
+}
+
 TEST(TreeComparisonTest, aDeepTreeIsCompared) {
     const auto deep = [] {
         Ref<Bookmark> top = Bookmark::initEmpty();

@@ -2,18 +2,13 @@
 #include "platform/linux/FileAccess.h"
 
 #include "tests/platform/FileStoreFixture.h"
+#include "tests/platform/RefusedCalls.h"
 
 #include <grp.h>
-#include <linux/audit.h>
-#include <linux/filter.h>
-#include <linux/seccomp.h>
-#include <sys/prctl.h>
 #include <sys/syscall.h>
 #include <sys/xattr.h>
 
-#include <array>
 #include <cerrno>
-#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <fstream>
@@ -56,19 +51,6 @@ std::string attributeOf(const std::string& file, const char* name) {
 
 bool setAttribute(const std::string& file, const char* name, const std::string& value) {
     return ::setxattr(file.c_str(), name, value.data(), value.size(), 0) == 0;
-}
-
-// From now on the process's calls of this number fail with EPERM, as on a file system that cannot do them.
-bool refuse(int call) {
-    std::array filter{
-        sock_filter BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
-        sock_filter BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, static_cast<unsigned>(call), 0, 1),
-        sock_filter BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EPERM),
-        sock_filter BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
-    };
-    const sock_fprog program{static_cast<unsigned short>(filter.size()), filter.data()};
-    return ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
-           ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) == 0;
 }
 
 class FileAccessTest : public FileStoreTest {

@@ -28,6 +28,16 @@ TEST_F(FileStoreTest, largeFilesArriveWhole) {
     EXPECT_TRUE(files.readFile(path("f")).value() == bytes);
 }
 
+TEST_F(FileStoreTest, theBeginningOfAFileIsReadAlone) {
+    std::ofstream(path("huge")) << "beginning";
+    std::filesystem::resize_file(path("huge"), std::uintmax_t{1} << 40);
+    EXPECT_EQ(files.readBeginning(path("huge"), 9).value(), "beginning");
+    std::ofstream(path("f")) << "short";
+    EXPECT_EQ(files.readBeginning(path("f"), 9).value(), "short");
+    EXPECT_EQ(files.readBeginning(path("missing"), 9).error().code, ENOENT);
+    EXPECT_EQ(files.readBeginning(path(""), 9).error().code, EISDIR);
+}
+
 TEST_F(FileStoreTest, newFilesFollowTheMaskAndOldOnesKeepTheirMode) {
     const mode_t before = ::umask(027);
     ASSERT_TRUE(files.writeFileAtomically(path("new"), "x"));

@@ -33,7 +33,7 @@ ARROWS = {
     "platform/linux": {"services", "platform", "model"},
     "main": _UPPER | {"window", "app", "ui", "cli", "platform/fake", "platform/linux"},
     "bench": _UPPER | {"window", "app", "cli", "platform/fake", "platform/linux"},
-    "fuzz": _UPPER | {"window", "app", "cli", "platform/fake", "platform/linux"},
+    "fuzz": _UPPER | {"window", "app", "cli", "platform/fake", "platform/linux", "tests"},
     "tests": _UPPER | {"window", "app", "cli", "platform/fake", "platform/linux", "bench", "fuzz"},
     "tests/ui": _UPPER | {"window", "app", "ui", "cli", "platform/fake", "platform/linux", "tests"},
 }

@@ -22,6 +22,12 @@ def done(*arguments, stdin=b""):
     return process.stdout
 
 
+def is_sanitized():
+    """Whether the tool was built with a sanitizer, which takes memory and address space for itself."""
+    with open(TOOL, "rb") as file:
+        return b"__asan_init" in file.read()
+
+
 def show(path):
     """The tree of a document, as `show --json` tells it."""
     return json.loads(done("show", "--json", path))

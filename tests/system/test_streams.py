@@ -47,15 +47,9 @@ class Streams(cli.TestCase):
             resource.setrlimit(resource.RLIMIT_AS, (MOST_MEMORY, MOST_MEMORY))
 
         process = subprocess.run([cli.TOOL, *arguments], stdin=stdin, capture_output=True, timeout=60, check=False,
-                                 preexec_fn=bound_memory if not self.is_sanitized() else None)
+                                 preexec_fn=bound_memory if not cli.is_sanitized() else None)
         self.assertEqual((process.returncode, process.stderr.decode(), process.stdout),
                          (1, f"tabulon-cli: {reason}\n", b""), arguments)
-
-    # A sanitizer takes address space for itself.
-    @staticmethod
-    def is_sanitized():
-        with open(cli.TOOL, "rb") as file:
-            return b"__asan_init" in file.read()
 
     def test_devices_without_an_end_are_refused(self):
         output = self.path("out")

@@ -112,6 +112,20 @@ TEST_F(DropTest, filesThatCannotBeOpenedBecomeBookmarksOfAnEmptyDocument) {
     EXPECT_EQ(controller.itemAtRow(2).itemURL(), Text("https://list/"));
 }
 
+TEST_F(DropTest, aDocumentThatCannotBeReadIsTold) {
+    files.files["/home/damaged.tbln"] = files.files["/home/a.tbln"].substr(0, 60);
+    files.unreadable = "/home/hidden";
+    files.files["/home/hidden.tbln"] = files.files["/home/a.tbln"];
+    const ViewController& controller =
+        *app.documentController().getViewController(*app.documentController().currentDocument());
+    drop("file:///home/hidden.tbln\r\nfile:///home/gone.tbln\r\nfile:///home/damaged.tbln\r\n",
+         Qt::CopyAction, Qt::CopyAction);
+    EXPECT_EQ(openFiles(), (Names{""}));
+    EXPECT_EQ(controller.numberOfRows(), 0u) << "no bookmark of a document that may still be mended";
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].message, "3 files could not be opened");
+}
+
 TEST_F(DropTest, anOpenFileComesToTheFrontAndAFolderIsRefusedBesideRows) {
     files.folders.insert("/home/folder");
     drop("http://example.org/\r\n", Qt::CopyAction, Qt::CopyAction);

@@ -90,6 +90,27 @@ TEST_F(MainMenuBarTest, ItemOfAnOpenMenuActsOnWhatHadTheKeyboardThen) {
     EXPECT_EQ(after.text(), "fter") << "a key acts on what has the keyboard now";
 }
 
+TEST_F(MainMenuBarTest, AMenuThatWasReachedByKeysActsOnWhatHadTheKeyboardBeforeTheBar) {
+    QWidget window;
+    QLineEdit before("before", &window);
+    QLineEdit after("after", &window);
+    bar->setParent(&window);
+    window.show();
+    QApplication::setActiveWindow(&window);
+    for (QLineEdit* field : {&before, &after})
+        field->setCursorPosition(0);
+    before.setFocus();
+    bar->setFocus(Qt::MenuBarFocusReason);
+    ASSERT_EQ(QApplication::focusWidget(), bar.get());
+    emit menu(1)->aboutToShow();
+    EXPECT_TRUE(item(1, "Paste")->isEnabled()) << "in a field it can always be chosen";
+    after.setFocus();
+    item(1, "Delete")->trigger();
+    EXPECT_EQ(before.text(), "efore");
+    EXPECT_EQ(after.text(), "after");
+    bar->setParent(nullptr);
+}
+
 TEST_F(MainMenuBarTest, ItemForAFieldThatIsGoneDoesNotActOnTheRows) {
     Document& document = *app.documentController().documents().front();
     ViewController& rows = *app.documentController().getViewController(document);

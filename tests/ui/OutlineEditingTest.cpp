@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QScrollBar>
 
 namespace tabulon {
@@ -61,6 +62,24 @@ TEST_F(OutlineEditingTest, WhileAMenuIsUpTheRowsHaveNotTheKeyboard) {
     EXPECT_FALSE(widget().hasKeyboard());
     menu.close();
     EXPECT_TRUE(widget().hasKeyboard());
+}
+
+TEST_F(OutlineEditingTest, aFieldStaysOpenWhileTheMenuBarHasTheKeyboard) {
+    open();
+    QMenuBar bar(&widget());
+    bar.show();
+    QLineEdit* name = edit(Column::Name, 0);
+    ASSERT_TRUE(name);
+    QTest::keyClicks(name, "typed");
+    bar.setFocus(Qt::MenuBarFocusReason);
+    ASSERT_EQ(QApplication::focusWidget(), &bar);
+    EXPECT_EQ(field(), name);
+    name->setFocus(Qt::MenuBarFocusReason);
+    EXPECT_EQ(field(), name) << "the bar hands the keyboard back";
+    bar.setFocus(Qt::MenuBarFocusReason);
+    widget().setFocus(Qt::MouseFocusReason);
+    EXPECT_FALSE(field()) << "it goes to something else";
+    EXPECT_EQ(link_->itemName().view(), "typed");
 }
 
 TEST_F(OutlineEditingTest, ReturnTakesOverAndEscapeDoesNot) {

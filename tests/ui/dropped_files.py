@@ -5,6 +5,7 @@ import sys
 import time
 
 from session import check, run_session_tests, wait_for
+from small_tree import damage
 
 
 ROWS, URL_FIELD = 400, 535
@@ -51,5 +52,25 @@ def what_is_no_file_is_not_taken(session):
     check(session.titles() == ["a – Tabulon"], "and opens nothing")
 
 
+def documents_that_cannot_be_read_become_no_bookmarks(session):
+    session.launch()
+    session.wait_for_titles("Untitled – Tabulon")
+    place_window(session)
+    drag(session, "copy", "file://" + session.folder + "/gone.tbln")
+    session.wait_for_front("Tabulon")
+    session.press("Return")
+    session.wait_for_titles("Untitled – Tabulon")
+    damaged = session.document("damaged.tbln")
+    damage(damaged, b"Kitchen")
+    drag(session, "copy", "file://" + damaged)
+    session.wait_for_front("Tabulon")
+    session.press("Return")  # Open What Is Left
+    session.wait_for_titles("Untitled – Tabulon", "damaged* – Tabulon")
+
+
 if __name__ == "__main__":
-    run_session_tests([files_dropped_on_a_window_open, what_is_no_file_is_not_taken])
+    run_session_tests([
+        files_dropped_on_a_window_open,
+        what_is_no_file_is_not_taken,
+        documents_that_cannot_be_read_become_no_bookmarks,
+    ])

@@ -8,7 +8,7 @@ import subprocess
 import time
 
 from desktop_program import check, wait_for
-from session import run_session_tests
+from session import end, run_session_tests
 from small_tree import make_document
 
 
@@ -128,6 +128,40 @@ def a_menu_works_on_the_text_of_the_field(desktop):
     check(len(children(desktop, document)) == 3, "Paste in the menu goes into the field that is open")
 
 
+def a_menu_reached_by_keys_works_on_the_text_of_the_field(desktop):
+    for number, keys in enumerate([["alt+e"], ["Alt_L", "Right", "Down"]]):
+        document, process = open_document(desktop, f"keys{number}")
+        desktop.press("Home", "F2")
+        write(desktop, "typed")
+        desktop.press("Home", *keys)
+        time.sleep(0.5)
+        desktop.press("d")
+        desktop.press("ctrl+s")
+        wait_for(f"the name without its first letter after {keys}", lambda: names(desktop, document)[0] == "yped")
+        check(len(children(desktop, document)) == 3, "Delete in the menu goes into the field that was open")
+        check(end(process) == 0, "the program ends")
+
+
+def editing_does_not_begin_by_itself_behind_a_menu(desktop):
+    document, _ = open_document(desktop, "popup")
+    window = desktop.window("popup – Tabulon")
+    desktop.press("End")
+    desktop.xdotool("mousemove", "--window", window, "100", "48")  # over the name of the first row
+    desktop.press("Home")
+    time.sleep(1)
+    write(desktop, "by itself")
+    desktop.press("Return", "ctrl+s")
+    wait_for("a name typed into the field that came up by itself", lambda: names(desktop, document)[0] == "by itself")
+    desktop.press("End", "Home")
+    # The File menu opens within the half second that it takes; the pointer goes to it without a way over the rows.
+    desktop.xdotool("mousemove", "--window", window, "20", "10", "click", "1")
+    time.sleep(1)
+    desktop.press("Escape", "Escape", "Delete", "ctrl+s")
+    wait_for("the row is gone, not its text", lambda: names(desktop, document) == ["Folder", "last"])
+
+
 if __name__ == "__main__":
     run_session_tests([every_way_to_save_or_to_leave, the_close_button, the_end_of_the_session, a_timer_does_not_disturb,
-                       the_pointer_does_not_disturb, keys_stay_in_the_field, a_menu_works_on_the_text_of_the_field])
+                       the_pointer_does_not_disturb, keys_stay_in_the_field, a_menu_works_on_the_text_of_the_field,
+                       a_menu_reached_by_keys_works_on_the_text_of_the_field,
+                       editing_does_not_begin_by_itself_behind_a_menu])

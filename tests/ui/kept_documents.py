@@ -10,6 +10,7 @@ import time
 
 from desktop_program import DEMO
 from session import check, end, run_session_tests, wait_for
+from small_tree import damage
 
 UNSAVED = (".local", "state", "tabulon", "unsaved")
 
@@ -97,6 +98,23 @@ def reverting_goes_back_to_what_was_opened(session):
     time.sleep(4)
     check(open(path, "rb").read() == before, "which stays so, whatever the program has saved in between")
     check(end(process) == 0 and open(path, "rb").read() == before, "also at the end")
+
+
+def what_is_left_of_a_damaged_file_is_offered_when_it_is_reverted_to(session):
+    path = session.document("a.tbln")
+    process = session.launch(path)
+    session.wait_for_front("a – Tabulon")
+    content = damage(path, b"Kitchen")
+    session.press("Home", "Delete")
+    revert(session)
+    session.wait_for_front("Tabulon")
+    session.press("alt+r")
+    time.sleep(1)  # the next alert has the same title
+    session.press("alt+o")  # Open What Is Left
+    wait_for("a second document", lambda: session.titles().count("a* – Tabulon") == 2)
+    with open(path, "rb") as file:
+        check(file.read() == content, "the damaged file stays as it is")
+    check(end(process) == 0, "and the end of the session asks nothing")
 
 
 def the_end_of_the_session_comes_while_reverting_is_asked(session):
@@ -251,6 +269,7 @@ if __name__ == "__main__":
         what_a_killed_program_had_is_there_again,
         a_changed_document_saves_itself,
         reverting_goes_back_to_what_was_opened,
+        what_is_left_of_a_damaged_file_is_offered_when_it_is_reverted_to,
         the_end_of_the_session_comes_while_reverting_is_asked,
         a_kill_while_reverting_is_asked_loses_nothing,
         a_pipe_in_the_place_of_the_file_does_not_stop_the_program,

@@ -1,4 +1,4 @@
-"""A small document for tests that type into it."""
+"""A small document for tests that type into it, and documents that are damaged."""
 
 import json
 import os
@@ -18,3 +18,13 @@ def make_document(desktop, name, tree=None):
         json.dump(tree or TREE, file)
     subprocess.run([desktop.tool, "make", source, "-o", document], check=True)
     return document
+
+
+def damage(path, name):
+    """Loses what kind of object a short ASCII name is, so that its bookmark cannot be read."""
+    with open(path, "rb") as file:
+        content = bytearray(file.read())
+    content[content.index(bytes([0x50 + len(name)]) + name)] = 0x0F
+    with open(path, "wb") as file:
+        file.write(content)
+    return content

@@ -133,17 +133,6 @@ TEST_F(PasteboardTest, copyingNothingLeavesThePasteboard) {
     EXPECT_EQ(pasteboard.changes, 0);
 }
 
-TEST_F(PasteboardTest, copyingNothingLeavesWhatWasCopiedToBePasted) {
-    Bookmark& folder = add(makeFolder("f", false));
-    add(makeLink("inside"), &folder);
-    open();
-    copy({&folder});
-    copy({});
-    controller->pasteEditMenu();
-    ASSERT_EQ(rowNames(), (std::vector<std::string>{"f", "f"}));
-    EXPECT_EQ(controller->itemAtRow(0).getChild()->itemName(), Text("inside"));
-}
-
 TEST_F(PasteboardTest, theCopyListHoldsDeepCopiesOfTheLastCopy) {
     Bookmark& folder = add(makeFolder("f", false));
     add(makeLink("inside"), &folder);

@@ -2,8 +2,11 @@
 
 #include "ui/document/OutlineWidget.h"
 
+#include <QApplication>
+#include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenuBar>
 
 #include <limits>
 
@@ -28,7 +31,14 @@ protected:
 
 } // namespace
 
-OutlineEditor::OutlineEditor(OutlineWidget& outline) : QStyledItemDelegate(&outline), outline_(outline) {}
+OutlineEditor::OutlineEditor(OutlineWidget& outline) : QStyledItemDelegate(&outline), outline_(outline) {
+    // The bar usually hands the keyboard back to the field.
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* before, const QWidget* now) {
+        const bool isField = now != &outline_ && outline_.isAncestorOf(now);
+        if (now && !isField && qobject_cast<const QMenuBar*>(before))
+            outline_.endEditing();
+    });
+}
 
 QWidget* OutlineEditor::createEditor(QWidget* parent, const QStyleOptionViewItem&,
                                      const QModelIndex& index) const {
@@ -52,8 +62,12 @@ void OutlineEditor::setModelData(QWidget* editor, QAbstractItemModel*, const QMo
         outline_.endField(index, field->text());
 }
 
-// Qt would end the field later, after the rows have seen the key as well.
+// Qt would end the field later, after the rows have seen the key as well, and when a menu is reached by keys,
+// although its items work on the field.
 bool OutlineEditor::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() == QEvent::FocusOut &&
+        static_cast<QFocusEvent*>(event)->reason() == Qt::MenuBarFocusReason)
+        return false;
     auto* field = qobject_cast<QLineEdit*>(object);
     const bool isPress = event->type() == QEvent::KeyPress;
     const int key = isPress ? static_cast<QKeyEvent*>(event)->key() : 0;

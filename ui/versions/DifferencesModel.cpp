@@ -2,6 +2,7 @@
 
 #include "app/VersionsController.h"
 #include "ui/Strings.h"
+#include "window/ShownAddress.h"
 
 namespace tabulon {
 namespace {
@@ -54,7 +55,7 @@ QString DifferencesModel::textOf(const QModelIndex& index) const {
     case kWhat:
         return oneLine(controller_.differenceText(difference));
     default:
-        return oneLine(node.itemURL().view());
+        return oneLine(shownAddress(node.itemURL()).view());
     }
 }
 

@@ -1,0 +1,29 @@
+// Makes windows in memory for the application.
+#pragma once
+
+#include "app/DocumentController.h"
+#include "tests/window/MemoryWindow.h"
+
+#include <memory>
+#include <utility>
+
+namespace tabulon {
+
+/// Remembers its windows as long as they live, and can have none to give.
+class MemoryWindowMaker : public DocumentWindowMaker {
+public:
+    std::unique_ptr<DocumentWindow> makeWindow(ViewController& controller) override {
+        if (noMoreWindows)
+            return nullptr;
+        return std::make_unique<MemoryWindow>(controller);
+    }
+
+    void presentVersions(std::shared_ptr<VersionsController> controller) override {
+        presentedVersions = std::move(controller);
+    }
+
+    bool noMoreWindows = false;
+    std::shared_ptr<VersionsController> presentedVersions;
+};
+
+} // namespace tabulon

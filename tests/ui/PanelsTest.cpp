@@ -1,0 +1,81 @@
+// The panels for files: the folders that they begin in.
+#include "platform/linux/QtPanels.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QFile>
+#include <QFileDialog>
+#include <QTemporaryDir>
+
+namespace tabulon {
+namespace {
+
+class PanelsTest : public testing::Test {
+protected:
+    void SetUp() override {
+        for (const char* name : {"imported", "saved"})
+            ASSERT_TRUE(QDir(folder.path()).mkdir(name));
+        QFile file(pathOf("imported/Bookmarks"));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+    ~PanelsTest() override { delete dialog(); }
+
+    static QFileDialog* dialog() {
+        for (QWidget* widget : QApplication::topLevelWidgets())
+            if (auto* panel = qobject_cast<QFileDialog*>(widget))
+                return panel;
+        return nullptr;
+    }
+    QString pathOf(const char* name) const { return folder.filePath(name); }
+    void beginOpen(const std::string& directory = {}) {
+        panels.beginOpenPanel({.message = "m", .prompt = "Open", .directory = directory},
+                              [](const std::vector<std::string>&) {});
+    }
+    void beginSave(const std::string& directory = {}) {
+        panels.beginSavePanel({.directory = directory, .proposedName = "Links", .kind = {"Links", {"tbln"}}},
+                              [](const std::optional<std::string>&) {});
+    }
+    // The folder that the panel shows.
+    static QString folderThenCancel() {
+        const QString shown = dialog()->directory().absolutePath();
+        end("reject");
+        return shown;
+    }
+    static void end(const char* how) {
+        QMetaObject::invokeMethod(dialog(), how);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(dialog(), nullptr);
+    }
+    void importFile() {
+        beginOpen(pathOf("imported").toStdString());
+        dialog()->selectFile(pathOf("imported/Bookmarks"));
+        end("accept");
+    }
+    void saveFile() {
+        beginSave(pathOf("saved").toStdString());
+        end("accept");
+    }
+
+    QTemporaryDir folder;
+    QtPanels panels{[](const Document*) { return nullptr; }};
+};
+
+TEST_F(PanelsTest, theSavePanelRemembersItsFolderApartFromThatOfImports) {
+    beginSave();
+    const QString before = folderThenCancel();
+    importFile();
+    beginSave();
+    EXPECT_EQ(folderThenCancel(), before) << "nobody saves among the files of a browser";
+    beginOpen();
+    EXPECT_EQ(folderThenCancel(), pathOf("imported"));
+    saveFile();
+    beginOpen();
+    EXPECT_EQ(folderThenCancel(), pathOf("imported"));
+    beginSave();
+    EXPECT_EQ(folderThenCancel(), pathOf("saved"));
+}
+
+} // namespace
+} // namespace tabulon
