@@ -47,7 +47,7 @@ Text shownAddress(const Text& address) {
     if (taken == 0)
         return address;
     shown += text.substr(taken);
-    return Text(std::move(shown));
+    return Text(shown);
 }
 
 Text shownAddressLine(const Text& address) {
