@@ -55,7 +55,7 @@ QString DifferencesModel::textOf(const QModelIndex& index) const {
     case kWhat:
         return oneLine(controller_.differenceText(difference));
     default:
-        return oneLine(shownAddress(node.itemURL()).view());
+        return oneLine(shownAddressLine(node.itemURL()).view());
     }
 }
 
