@@ -1,0 +1,136 @@
+// Each command of the main menu while the document is about to save itself and a name is being typed:
+// whatever the command does, what was typed and what was changed before is in the file a moment later.
+#include "model/TreeWalk.h"
+#include "tests/app/AppFixture.h"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace tabulon {
+namespace {
+
+using testing::Contains;
+using testing::Not;
+
+// A program of its own for each command.
+class Running : public AppTest {
+public:
+    Running() {
+        const Ref<Bookmark> master = Bookmark::init(base.now());
+        master->setItemName("Master");
+        master->makeParent();
+        master->setShowHier(true);
+        for (const char* name : {"first", "folder", "last"}) {
+            const Ref<Bookmark> node = Bookmark::init(base.now());
+            node->setItemName(name);
+            node->setItemURL(Text(std::string("https://") + name + "/"));
+            if (node->itemName().view() == "folder")
+                node->makeParent();
+            master->addChild(node);
+        }
+        files.files[kPath] = writeDocumentArchive(*master);
+        app.applicationDidFinishLaunching({kPath});
+        alerts.timePasses = [] {}; // of what comes first
+    }
+
+    std::vector<MenuItem> commands() {
+        std::vector<MenuItem> items;
+        collect(app.mainMenu(), items);
+        return items;
+    }
+
+    // Changes the last row, and lets almost all of the pause pass before the first one is renamed.
+    void typeWhileASaveIsDue() {
+        Document& document = *onlyDocument();
+        window_ = &windowOf(document);
+        window_->outlineView.selected = {document.getMaster().getLast()};
+        app.performMenuItem(MenuItem{.action = "labelBookmark:", .tag = 2});
+        timers.advance(DocumentController::kAutosavePause - 0.1);
+        EXPECT_EQ(namesInFile().front(), "first:0");
+        EXPECT_EQ(namesInFile().back(), "last:0") << "it is not saved yet";
+        window_->outlineView.selected = {document.getMaster().getChild()};
+        app.performMenuItem(MenuItem{.action = "editBookmark:"});
+        window_->outlineView.typed = "typed";
+    }
+
+    void choose(const MenuItem& item) {
+        alerts.timePasses = [this] {
+            base.clock.advance(kSecondsOfAnAlert);
+            timers.advance(kSecondsOfAnAlert);
+        };
+        app.performMenuItem(item);
+        timers.advance(kSecondsOfAnAlert);
+        const std::vector<Document*> all = documents().documents();
+        // What a command has opened a field for is still being typed; another program in front ends that.
+        app.applicationWillResignActive();
+        isOpen_ = !all.empty() && all.front()->fileName() == kPath;
+        if (isOpen_) {
+            EXPECT_TRUE(*files.readFile(kPath) == writeDocumentArchive(all.front()->getMaster()));
+        }
+    }
+
+    bool isOpen() const { return isOpen_; }
+    const std::vector<Alert>& questions() const { return alerts.shown; }
+
+    // With their labels.
+    std::vector<std::string> namesInFile() {
+        Document read(base.services());
+        EXPECT_TRUE(read.readFromDataOfType(*files.readFile(kPath), kDocumentType));
+        std::vector<std::string> names;
+        walkBelow(read.getMaster(), [&](const Bookmark& node) {
+            names.push_back(node.itemName().string() + ":" + std::to_string(node.getLabel()));
+            return true;
+        });
+        return names;
+    }
+
+private:
+    void TestBody() override {}
+
+    static void collect(const Menu& menu, std::vector<MenuItem>& items) {
+        for (const MenuItem& item : menu.items) {
+            if (!item.action.empty())
+                items.push_back(item);
+            if (item.submenu)
+                collect(*item.submenu, items);
+        }
+    }
+
+    const std::string kPath = "/home/a.tbln";
+    MemoryWindow* window_ = nullptr;
+    bool isOpen_ = false;
+};
+
+TEST(DueTimersTest, everyCommandKeepsWhatWasTypedAndWhatWasToBeSaved) {
+    // These take the row that was typed in away, or the change.
+    const std::set<std::string> removing = {"cut:", "delete:", "revertDocumentToSaved:"};
+    const std::vector<MenuItem> items = Running().commands();
+    EXPECT_GT(items.size(), 60u);
+    for (const MenuItem& item : items) {
+        SCOPED_TRACE(item.action + " " + item.title);
+        Running running;
+        running.typeWhileASaveIsDue();
+        running.choose(item);
+        for (const Alert& alert : running.questions())
+            EXPECT_THAT(alert.message, Not(testing::HasSubstr("was changed by another program")));
+        if (removing.contains(item.action))
+            continue;
+        EXPECT_THAT(running.namesInFile(), Contains(testing::StartsWith("typed:")));
+        EXPECT_THAT(running.namesInFile(), Contains("last:2"));
+    }
+}
+
+TEST(DueTimersTest, aReversionThatIsConfirmedHasTheOldContentBackWhateverWasDue) {
+    Running running;
+    running.typeWhileASaveIsDue();
+    running.choose(MenuItem{.action = "revertDocumentToSaved:"});
+    ASSERT_TRUE(running.isOpen());
+    EXPECT_THAT(running.namesInFile(), testing::ElementsAre("first:0", "folder:0", "last:0"));
+}
+
+} // namespace
+} // namespace tabulon
