@@ -25,12 +25,12 @@ if(TABULON_WERROR)
 endif()
 if(TABULON_SANITIZE)
   target_compile_options(tabulon_build_options INTERFACE
-    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -g)
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(tabulon_build_options INTERFACE -fsanitize=address,undefined)
 endif()
 if(TABULON_FUZZ)
   target_compile_options(tabulon_build_options INTERFACE
-    -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -g)
+    -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
   target_link_options(tabulon_build_options INTERFACE -fsanitize=address,undefined)
 endif()
 
