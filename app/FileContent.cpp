@@ -10,6 +10,8 @@
 #include <cstdint>
 #include <filesystem>
 #include <initializer_list>
+#include <optional>
+#include <utility>
 
 namespace tabulon {
 namespace {
@@ -18,13 +20,40 @@ constexpr std::size_t kBytesLookedAt = 4096;
 // Of files that may be opened: more than documents need, and than most links take.
 constexpr std::size_t kBeginning = 65536;
 
-// The beginning of the file in lower case, without a byte-order mark and leading white space.
-std::string beginning(std::string_view bytes) {
+std::string_view withoutSpace(std::string_view bytes) {
+    const auto start = std::ranges::find_if_not(bytes, ascii::isSpace);
+    return bytes.substr(static_cast<std::size_t>(start - bytes.begin()));
+}
+
+// The file without a byte-order mark and leading white space.
+std::string_view withoutMark(std::string_view bytes) {
     if (bytes.starts_with("\xEF\xBB\xBF"))
         bytes.remove_prefix(3);
-    const auto start = bytes.find_first_not_of(" \t\r\n");
-    return start == std::string_view::npos ? std::string()
-                                           : ascii::lowered(bytes.substr(start, kBytesLookedAt));
+    return withoutSpace(bytes);
+}
+
+// The beginning of the file in lower case.
+std::string beginning(std::string_view bytes) {
+    return ascii::lowered(withoutMark(bytes).substr(0, kBytesLookedAt));
+}
+
+// The end of the XML declaration or comment that the text begins with; nothing where it begins with neither,
+// or where that does not end.
+std::optional<std::size_t> endOfAside(std::string_view text) {
+    for (const auto& [begin, end] : {std::pair<std::string_view, std::string_view>("<!--", "-->"),
+                                     std::pair<std::string_view, std::string_view>("<?", "?>")})
+        if (text.starts_with(begin))
+            if (const auto found = text.find(end, begin.size()); found != std::string_view::npos)
+                return found + end.size();
+    return std::nullopt;
+}
+
+// The file from its document type or first element on: what stands in front of them may be of any length.
+std::string_view withoutAsides(std::string_view bytes) {
+    std::string_view rest = withoutMark(bytes);
+    while (const auto end = endOfAside(rest))
+        rest = withoutSpace(rest.substr(*end));
+    return rest;
 }
 
 FileContent imported(std::string_view format) {
@@ -111,9 +140,39 @@ bool isXMLList(std::string_view text) {
     return text.starts_with("<plist") || (isXML(text) && hasAny(text, {"<plist", "<!doctype plist"}));
 }
 
-// A bookmark file says so, or has its lists; any other page has links.
-FileContent contentOfHTML(std::string_view text) {
-    const bool isBookmarkFile = hasAny(text, {"<!doctype netscape-bookmark", "<dl>", "<dt>"});
+// What follows a tag that the text begins with, white space and paragraphs left out.
+std::string_view afterTag(std::string_view text) {
+    const std::size_t end = text.find_first_of("<>", 1);
+    if (end == std::string_view::npos || text[end] == '<')
+        return {};
+    std::string_view rest = withoutSpace(text.substr(end + 1));
+    while (ascii::startsWithIgnoringCase(rest, "<p>"))
+        rest = withoutSpace(rest.substr(3));
+    return rest;
+}
+
+bool startsWithTag(std::string_view text, std::string_view tag) {
+    return ascii::startsWithIgnoringCase(text, tag) && text.size() > tag.size() &&
+           (ascii::isSpace(text[tag.size()]) || text[tag.size()] == '>');
+}
+
+// Whether the file has an entry of a bookmark file: a link or a folder right in the term of a list. The lists
+// of other pages have text there.
+bool hasBookmarkEntry(std::string_view bytes) {
+    for (std::size_t at = bytes.find('<'); at != std::string_view::npos; at = bytes.find('<', at + 1)) {
+        const std::string_view tag = bytes.substr(at);
+        if (!startsWithTag(tag, "<dt"))
+            continue;
+        const std::string_view content = afterTag(tag);
+        if (startsWithTag(content, "<a") || startsWithTag(content, "<h3"))
+            return true;
+    }
+    return false;
+}
+
+// A bookmark file says so, or has its entries; any other page has links.
+FileContent contentOfHTML(std::string_view text, std::string_view bytes) {
+    const bool isBookmarkFile = hasAny(text, {"<!doctype netscape-bookmark"}) || hasBookmarkEntry(bytes);
     return imported(isBookmarkFile ? "html" : "html-links");
 }
 
@@ -122,22 +181,37 @@ bool looksLikeHTML(std::string_view text) {
                                                   "<title", "<meta ", "<h1", "<dl>", "<dt>", "<a "});
 }
 
-FileContent contentByExtension(const std::string& path) {
+FileContent contentByExtension(const std::string& path, std::string_view bytes) {
     const std::string extension = ascii::lowered(std::filesystem::path(path).extension().string());
     if (extension == "." + std::string(kDocumentExtension))
         return kDocument;
     if (extension == ".html" || extension == ".htm")
-        return imported("html");
+        return withoutMark(bytes).starts_with('<') ? contentOfHTML(beginning(bytes), bytes)
+                                                   : imported("html");
     return extension == ".xbel" ? imported("xbel") : FileContent();
 }
 
 // Whether the rest of a file may say something else: a list may be a link, and of other programs' files some
 // say late what they are.
 bool leavesOpen(std::string_view start) {
+    const std::string_view rest = withoutAsides(start);
+    if (rest.starts_with("<!--") || rest.starts_with("<?"))
+        return true;
     const std::string text = beginning(start);
-    if (start.starts_with("bplist") || isXMLList(text))
+    if (start.starts_with("bplist") || isXMLList(text) || isXMLList(beginning(rest)))
         return !isArchive(start);
     return text.size() < kBytesLookedAt || (text.starts_with('{') && !hasAny(start, {"\"roots\""}));
+}
+
+// By how the text begins, which may be that of the file or of its document type or first element.
+FileContent contentByBeginning(const std::string& text, std::string_view bytes) {
+    if (isXMLList(text))
+        return contentOfList(bytes);
+    if (text.starts_with("<xbel") || (isXML(text) && hasAny(text, {"<xbel", "<!doctype xbel"})))
+        return imported("xbel");
+    if (text.starts_with('{') && hasAny(bytes, {"\"roots\""}))
+        return imported(hasAny(bytes, {"\"custom_root\""}) ? "opera" : "chromium");
+    return looksLikeHTML(text) ? contentOfHTML(text, bytes) : FileContent();
 }
 
 } // namespace
@@ -147,16 +221,11 @@ FileContent contentOfFile(std::string_view bytes, const std::string& path) {
         return kDocument;
     if (bytes.starts_with("bplist"))
         return contentOfList(bytes);
-    const std::string text = beginning(bytes);
-    if (isXMLList(text))
-        return contentOfList(bytes);
-    if (text.starts_with("<xbel") || (isXML(text) && hasAny(text, {"<xbel", "<!doctype xbel"})))
-        return imported("xbel");
-    if (text.starts_with('{') && hasAny(bytes, {"\"roots\""}))
-        return imported(hasAny(bytes, {"\"custom_root\""}) ? "opera" : "chromium");
-    if (looksLikeHTML(text))
-        return contentOfHTML(text);
-    return contentByExtension(path);
+    for (const std::string& text : {beginning(withoutAsides(bytes)), beginning(bytes)})
+        if (const FileContent content = contentByBeginning(text, bytes);
+            content.kind != FileContent::Kind::Unknown)
+            return content;
+    return contentByExtension(path, bytes);
 }
 
 bool isOpenable(FileStore& files, const std::string& path) {
@@ -164,7 +233,7 @@ bool isOpenable(FileStore& files, const std::string& path) {
     if (bytes && bytes->size() == kBeginning && leavesOpen(*bytes))
         bytes = files.readFile(path);
     if (!bytes)
-        return contentByExtension(path).kind == FileContent::Kind::Document;
+        return contentByExtension(path, {}).kind == FileContent::Kind::Document;
     return contentOfFile(*bytes, path).kind != FileContent::Kind::Unknown && !readLinkFile(*bytes);
 }
 

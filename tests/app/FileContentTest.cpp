@@ -53,6 +53,30 @@ TEST(FileContentTest, isToldByContentThenByExtension) {
     EXPECT_EQ(kindOf("", "/a"), "unknown");
 }
 
+TEST(FileContentTest, aDefinitionListDoesNotMakeAPageABookmarkFile) {
+    const std::string link = "<p><a href=\"https://example.org/\">x</a>";
+    EXPECT_EQ(kindOf("<!DOCTYPE html><html><dl><dt>Term<dd>Meaning</dl>" + link, "/a"), "html-links");
+    EXPECT_EQ(kindOf("<html><dl><dt><b>Term</b></dt><dt><abbr>x</abbr></dt></dl>" + link, "/a.html"),
+              "html-links");
+    EXPECT_EQ(kindOf("<html><dl><dt", "/a"), "html-links");
+    EXPECT_EQ(kindOf("<html><DT class=x>\n<P> <A\nHREF=x>", "/a"), "html");
+    EXPECT_EQ(kindOf("<html><DT><H3>Folder</H3><DL>", "/a"), "html");
+}
+
+TEST(FileContentTest, whatAFileIsMayStandBehindALongBeginning) {
+    const std::string style = "<style>" + std::string(5000, 'x') + "</style>";
+    const std::string comment = "<!--" + std::string(5000, 'x') + "-->\n";
+    EXPECT_EQ(kindOf("<html>" + style + "<DL><p><DT><H3>Folder</H3>", "/a"), "html");
+    EXPECT_EQ(kindOf("<?xml version=\"1.0\"?>\n" + comment + comment + "<xbel>", "/a.xml"), "xbel");
+    EXPECT_EQ(kindOf(style + "<p><a href=x>", "/a.html"), "html-links");
+    EXPECT_EQ(kindOf("<!-- for <html> --><xbel>", "/a"), "xbel");
+    EXPECT_EQ(kindOf("\xEF\xBB\xBF" + comment + "<!DOCTYPE NETSCAPE-Bookmark-file-1>", "/a"), "html");
+    EXPECT_EQ(kindOf("<?xml version=\"1.0\"?>" + comment + "<plist>", "/a"), "document");
+    EXPECT_EQ(kindOf("<?xml version=\"1.0\"?>" + comment + "<svg>", "/a"), "unknown");
+    EXPECT_EQ(kindOf("<!--" + std::string(5000, 'x') + "<xbel>", "/a"), "unknown")
+        << "the comment does not end";
+}
+
 class OpenableTest : public testing::Test {
 protected:
     bool isOpenable(const std::string& path, const std::string& bytes) {
@@ -82,6 +106,8 @@ TEST_F(OpenableTest, whereTheBeginningLeavesItOpenTheRestDecides) {
     EXPECT_TRUE(isOpenable("/a", "{\"other\": \"" + rest + "\", \"roots\": {}}"));
     EXPECT_FALSE(isOpenable("/a", "{\"other\": \"" + rest + "\"}"));
     EXPECT_TRUE(isOpenable("/a", std::string(70'000, ' ') + "<html>"));
+    EXPECT_TRUE(isOpenable("/a.xml", "<?xml version=\"1.0\"?><!--" + rest + "--><xbel>"));
+    EXPECT_FALSE(isOpenable("/a.xml", "<?xml version=\"1.0\"?><!--" + rest + "--><svg>"));
     const std::string list = "<?xml version=\"1.0\"?><plist><dict><key>URL</key><string>data:,";
     EXPECT_FALSE(isOpenable("/a.webloc", list + rest + "</string></dict></plist>")) << "one link";
     EXPECT_TRUE(isOpenable("/a.webloc", list + rest)) << "a damaged list is told";

@@ -115,6 +115,33 @@ TEST_F(OpeningTest, HTMLWithoutLinksGivesTheNoLinksAlertAndNoDocument) {
     EXPECT_EQ(alerts.shown[0].buttons.at(0).title, "OK");
 }
 
+TEST_F(OpeningTest, ThePageOfALexiconOpensWithItsLinks) {
+    files.files["/home/page.html"] = "<!DOCTYPE html><html><dl><dt>Term<dd>See <a "
+                                     "href=\"https://example.org/\">there</a>.</dl></html>";
+    EXPECT_TRUE(app.openFile("/home/page.html"));
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_TRUE(onlyDocument()->getMaster().hasChildren());
+    EXPECT_TRUE(alerts.shown.empty());
+}
+
+TEST_F(OpeningTest, ABookmarkFileBehindAStyleSheetKeepsItsFolders) {
+    files.files["/home/b.html"] = "<html><style>" + std::string(5000, ' ') +
+                                  "</style><DL><p>\n<DT><H3>Folder</H3>\n<DL><p>\n<DT><A "
+                                  "HREF=\"https://example.org/\">Example</A>\n</DL><p>\n</DL><p>\n";
+    EXPECT_TRUE(app.openFile("/home/b.html"));
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_EQ(onlyDocument()->getMaster().getChild()->itemName().view(), "Folder");
+}
+
+TEST_F(OpeningTest, XBELBehindALongCommentOpens) {
+    files.files["/home/b.xml"] = "<?xml version=\"1.0\"?>\n<!--" + std::string(5000, ' ') +
+                                 "-->\n<xbel><bookmark href=\"https://example.org/\"><title>Example</title>"
+                                 "</bookmark></xbel>";
+    EXPECT_TRUE(app.openFile("/home/b.xml"));
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_EQ(onlyDocument()->getMaster().getChild()->itemName().view(), "Example");
+}
+
 TEST_F(OpeningTest, FileOfAnotherTypeIsRefusedWithoutAnAlert) {
     std::string bytes = documentBytes("a");
     // The version record holds the file type as these four bytes.
