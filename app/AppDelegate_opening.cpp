@@ -85,7 +85,8 @@ bool AppDelegate::openDocument(const std::string& path, std::string_view bytes,
     const Result<Document*> document = documentController_.openDocument(path, bytes, identity);
     if (!document)
         refusals_.add(path, document.error(), [this, path] {
-            return documentController_.offerRemains(platform_.files.readFile(path), path);
+            return documentController_.offerRemains(platform_.files.readFile(path),
+                                                    nameWithoutExtension(path));
         });
     return document.value_or(nullptr) != nullptr;
 }

@@ -131,13 +131,11 @@ Document* DocumentController::openUntitled(const Ref<Bookmark>& root, const std:
 }
 
 std::optional<Refusals::Offer> DocumentController::offerRemains(const Result<std::string>& bytes,
-                                                                const std::string& path) {
+                                                                const std::string& name) {
     const std::optional<Remains> remains = bytes ? remainsOfDocument(*bytes, platform_.base) : std::nullopt;
     if (!remains)
         return std::nullopt;
-    const auto open = [this, path, master = remains->master] {
-        openUntitled(master, nameWithoutExtension(path));
-    };
+    const auto open = [this, name, master = remains->master] { openUntitled(master, name); };
     return Refusals::Offer{remains->sentence, platform_.base.texts.text("OpenRemains"), open};
 }
 

@@ -74,8 +74,8 @@ public:
     /// Opens a tree as a new untitled, changed document of that name. Null when no window can be made.
     Document* openUntitled(const Ref<Bookmark>& root, const std::string& name);
     /// What the alert about a damaged document offers: to open what is left of these bytes as an untitled
-    /// document. Nullopt where they could not be read or hold no bookmark any more.
-    std::optional<Refusals::Offer> offerRemains(const Result<std::string>& bytes, const std::string& path);
+    /// document of that name. Nullopt where they could not be read or hold no bookmark any more.
+    std::optional<Refusals::Offer> offerRemains(const Result<std::string>& bytes, const std::string& name);
     /// Brings the window of the file to the front, whatever path it was opened by; false when it is not open.
     bool showDocumentOfFile(const std::string& path);
 
@@ -187,7 +187,7 @@ private:
     void autosaveFile(OpenDocument& opened, Moment moment);
     void autosaveBesideFile(OpenDocument& opened, const std::optional<FileIdentity>& identity, Moment moment);
     void noteAutosave(OpenDocument& opened, std::string_view failureKey, const Result<void>& saved);
-    void recover(const UnsavedDocuments::Copy& copy);
+    void recover(const UnsavedDocuments::Copy& copy, Refusals& refusals);
     void askToSave(Document& document, const Done& done);
     void saveBeforeClosing(Document& document, const Done& done);
     void askAfterFailedSave(Document& document, const Error& error, const Done& done);

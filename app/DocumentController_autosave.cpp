@@ -159,17 +159,23 @@ void DocumentController::autosaveAllDocumentsForTheEnd() {
 }
 
 void DocumentController::recoverUnsavedDocuments() {
+    Refusals refusals;
     for (const UnsavedDocuments::Copy& copy : unsaved_.abandonedCopies())
-        recover(copy);
+        recover(copy, refusals);
+    refusals.tell(platform_);
 }
 
-void DocumentController::recover(const UnsavedDocuments::Copy& copy) {
+void DocumentController::recover(const UnsavedDocuments::Copy& copy, Refusals& refusals) {
     auto opened = std::make_unique<OpenDocument>(platform_.base);
     const Result<std::string> bytes = platform_.files.readFile(copy.path);
     const Result<void> read = bytes ? opened->document.readFromDataOfType(*bytes, kDocumentType)
                                     : Result<void>(tl::unexpected(bytes.error()));
-    if (!read)
-        return fileErrorAlert(platform_, "CouldNotOpen", unsaved_.putAside(copy.path), read.error());
+    if (!read) {
+        const std::string aside = unsaved_.putAside(copy.path);
+        return refusals.add(aside, read.error(), [this, aside, name = copy.displayName] {
+            return offerRemains(platform_.files.readFile(aside), name);
+        });
+    }
     opened->document.setDisplayName(copy.displayName);
     Document* document = makeWindowControllers(std::move(opened));
     if (!document)

@@ -53,7 +53,7 @@ bool DocumentController::showReverted(Document& document, const Result<std::stri
     if (!read) {
         Refusals refusals;
         refusals.add(document.fileName(), read.error(),
-                     [&] { return offerRemains(bytes, document.fileName()); });
+                     [&] { return offerRemains(bytes, nameWithoutExtension(document.fileName())); });
         whileAlertIsUp(document, [&] { refusals.tell(platform_, &document); });
         return false;
     }

@@ -72,6 +72,23 @@ TEST_F(DamagedDocumentTest, aFileInWhichNothingIsLeftIsOnlyRefused) {
     EXPECT_TRUE(documents().documents().empty());
 }
 
+TEST_F(DamagedDocumentTest, whatIsLeftOfADamagedCopyOfACrashIsOffered) {
+    const std::string copy = "/state/unsaved/run-0/1 My links.tbln";
+    const std::string damaged = damagedBytes();
+    files.files[copy] = damaged;
+    recovery.abandoned = {"/state/unsaved/run-0"};
+    alerts.answer("Open What Is Left");
+    app.applicationDidFinishLaunching({});
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_THAT(alerts.shown[0].message, HasSubstr("1 My links.tbln.damaged"));
+    EXPECT_THAT(alerts.shown[0].informative, HasSubstr("39 of 40 bookmarks could be read."));
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_EQ(onlyDocument()->displayName(), "My links");
+    EXPECT_TRUE(onlyDocument()->isDocumentEdited());
+    EXPECT_GE(linksIn(*onlyDocument()), 39u);
+    EXPECT_EQ(files.files[copy + ".damaged"], damaged) << "the copy stays as it is";
+}
+
 TEST_F(DamagedDocumentTest, ofSeveralFilesOneAlertTellsAndOffersNothing) {
     files.files[kPath] = damagedBytes();
     files.files["/home/Other.tbln"] = damagedBytes();
