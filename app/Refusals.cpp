@@ -22,8 +22,10 @@ void Refusals::add(const std::string& location, const Error& error) {
 }
 
 void Refusals::add(const std::string& location, const Error& error, MakeOffer makeOffer) {
-    if (!isCancelledByUser(error))
-        add(Refusal{location, error, false, std::move(makeOffer)});
+    if (isCancelledByUser(error))
+        return;
+    add(Refusal{location, error});
+    makeOffers_.push_back(std::move(makeOffer));
 }
 
 void Refusals::addEmpty(const std::string& location, const Localization& texts) {
@@ -39,37 +41,44 @@ void Refusals::add(Refusal refusal) {
 void Refusals::tell(const Platform& platform, const Document* document) {
     const std::size_t count = std::exchange(count_, 0);
     const std::vector<Refusal> told = std::exchange(first_, {});
+    std::vector<Offer> offers;
+    for (const MakeOffer& makeOffer : std::exchange(makeOffers_, {}))
+        if (std::optional<Offer> offer = makeOffer())
+            offers.push_back(std::move(*offer));
     if (count == 0)
         return;
-    if (count == 1)
-        return tellOne(platform, told[0], document);
-    const Localization& texts = platform.base.texts;
-    std::string lines;
-    for (const Refusal& refusal : told)
-        lines += (lines.empty() ? "“" : "\n“") + nameOf(refusal.location) + "”: " + refusal.error.message;
-    if (count > told.size())
-        lines += "\n" + texts.format("AndMore", std::to_string(count - told.size()));
-    criticalAlert(platform, texts.format("CouldNotOpenFiles", std::to_string(count)), lines, document);
-}
-
-void Refusals::tellOne(const Platform& platform, const Refusal& refusal, const Document* document) {
-    const Error& error = refusal.error;
-    if (refusal.isEmpty)
+    if (count == 1 && told[0].isEmpty)
         return noURLs(platform);
     const Localization& texts = platform.base.texts;
-    Alert alert{.style = AlertStyle::Critical,
-                .message = error.title.empty() ? texts.format("CouldNotOpen", nameOf(refusal.location))
-                                               : error.title,
-                .informative = error.message,
-                .buttons = {{texts.text("OK")}},
-                .document = document};
-    const std::optional<Offer> offer = refusal.makeOffer ? refusal.makeOffer() : std::nullopt;
-    if (offer) {
-        alert.informative += " " + offer->sentence;
-        alert.buttons = {{offer->buttonTitle}, {texts.text("Cancel"), AlertButtonRole::Cancel}};
+    Alert alert = count == 1 ? alertAboutOne(told[0], texts) : alertAboutSeveral(told, count, texts);
+    alert.style = AlertStyle::Critical;
+    alert.document = document;
+    alert.buttons = {{texts.text("OK")}};
+    if (!offers.empty()) {
+        alert.informative +=
+            count == 1 ? " " + offers[0].sentence : "\n" + texts.format("FilesReadable", offers.size());
+        alert.buttons = {{offers[0].buttonTitle}, {texts.text("Cancel"), AlertButtonRole::Cancel}};
     }
-    if (platform.alerts.runModal(alert) == kAlertFirstButton && offer)
-        offer->accept();
+    if (platform.alerts.runModal(alert) == kAlertFirstButton)
+        for (const Offer& offer : offers)
+            offer.accept();
+}
+
+Alert Refusals::alertAboutOne(const Refusal& refusal, const Localization& texts) {
+    const Error& error = refusal.error;
+    return {.message =
+                error.title.empty() ? texts.format("CouldNotOpen", nameOf(refusal.location)) : error.title,
+            .informative = error.message};
+}
+
+Alert Refusals::alertAboutSeveral(const std::vector<Refusal>& first, std::size_t count,
+                                  const Localization& texts) {
+    std::string lines;
+    for (const Refusal& refusal : first)
+        lines += (lines.empty() ? "“" : "\n“") + nameOf(refusal.location) + "”: " + refusal.error.message;
+    if (count > first.size())
+        lines += "\n" + texts.format("AndMore", std::to_string(count - first.size()));
+    return {.message = texts.format("CouldNotOpenFiles", std::to_string(count)), .informative = lines};
 }
 
 } // namespace tabulon

@@ -16,15 +16,15 @@ class Refusals {
 public:
     /// `location` is a path or a URI. What the user has cancelled is not told.
     void add(const std::string& location, const Error& error);
-    /// What the alert about a single file offers besides "OK".
+    /// To open what is left of a file.
     struct Offer {
-        /// Follows the error's sentence.
+        /// Follows the error's sentence where the alert is about this file only.
         std::string sentence;
         std::string buttonTitle;
         std::function<void()> accept;
     };
     using MakeOffer = std::function<std::optional<Offer>()>;
-    /// The same; `makeOffer` is called when the alert is about this file only.
+    /// The same; `makeOffer` is called before the alert is shown. One button accepts the offers of all files.
     void add(const std::string& location, const Error& error, MakeOffer makeOffer);
     /// A file without a link in it.
     void addEmpty(const std::string& location, const Localization& texts);
@@ -40,13 +40,15 @@ private:
         std::string location;
         Error error;
         bool isEmpty = false;
-        MakeOffer makeOffer = {};
     };
     void add(Refusal refusal);
-    static void tellOne(const Platform& platform, const Refusal& refusal, const Document* document);
+    static Alert alertAboutOne(const Refusal& refusal, const Localization& texts);
+    static Alert alertAboutSeveral(const std::vector<Refusal>& first, std::size_t count,
+                                   const Localization& texts);
 
     std::vector<Refusal> first_; // those that the alert has room for
     std::size_t count_ = 0;
+    std::vector<MakeOffer> makeOffers_; // of all files that have one
 };
 
 } // namespace tabulon

@@ -109,6 +109,11 @@ constexpr auto kTexts = std::to_array<Entry>({
                             "without saving and lose what is in this window."},
     {"FileGoneText",
      "The file was moved, renamed or removed. Save it again in its old place, or under another name."},
+    {"FilesReadable", "%d of them can be read in part. What is left of them opens as untitled documents; the "
+                      "files stay as they are."},
+    {"FilesReadable:one",
+     "%d of them can be read in part. What is left of it opens as an untitled document; the "
+     "file stays as it is."},
     {"FindPlaceholder", "Find in this document"},
     {"FormatHTML", "Bookmark HTML"},
     {"FormatText", "Plain text"},

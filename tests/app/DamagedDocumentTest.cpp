@@ -89,13 +89,43 @@ TEST_F(DamagedDocumentTest, whatIsLeftOfADamagedCopyOfACrashIsOffered) {
     EXPECT_EQ(files.files[copy + ".damaged"], damaged) << "the copy stays as it is";
 }
 
-TEST_F(DamagedDocumentTest, ofSeveralFilesOneAlertTellsAndOffersNothing) {
+TEST_F(DamagedDocumentTest, ofSeveralFilesOneAlertTellsAndOpensWhatIsLeftOfAll) {
+    std::vector<std::string> paths;
+    for (int i = 0; i < 10; ++i) // more than the alert names
+        paths.push_back("/home/Links " + std::to_string(i) + ".tbln");
+    for (const std::string& path : paths)
+        files.files[path] = damagedBytes();
+    files.files[paths[3]] = damagedBytes().substr(0, 60);
+    alerts.answer("Open What Is Left");
+    app.openFiles(paths);
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_EQ(alerts.shown[0].message, "10 files could not be opened");
+    EXPECT_THAT(alerts.shown[0].informative, HasSubstr("\n9 of them can be read in part."));
+    const std::vector<Document*> opened = documents().documents();
+    ASSERT_EQ(opened.size(), 9u);
+    for (const Document* document : opened) {
+        EXPECT_GE(linksIn(*document), 39u);
+        EXPECT_TRUE(document->fileName().empty());
+    }
+    EXPECT_EQ(opened[8]->displayName(), "Links 9");
+}
+
+TEST_F(DamagedDocumentTest, ofSeveralFilesOneMayHaveSomethingLeft) {
     files.files[kPath] = damagedBytes();
-    files.files["/home/Other.tbln"] = damagedBytes();
+    files.files["/home/Other.tbln"] = damagedBytes().substr(0, 60);
+    alerts.answer("Cancel");
+    app.openFiles({kPath, "/home/Other.tbln"});
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_THAT(alerts.shown[0].informative, HasSubstr("1 of them can be read in part. What is left of it "));
+    EXPECT_TRUE(documents().documents().empty());
+}
+
+TEST_F(DamagedDocumentTest, ofSeveralFilesInWhichNothingIsLeftOneAlertOnlyTells) {
+    files.files[kPath] = damagedBytes().substr(0, 60);
+    files.files["/home/Other.tbln"] = damagedBytes().substr(0, 60);
     app.openFiles({kPath, "/home/Other.tbln"});
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].buttons.size(), 1u);
-    EXPECT_TRUE(documents().documents().empty());
 }
 
 } // namespace
