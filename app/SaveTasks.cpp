@@ -16,6 +16,17 @@ std::string backupName(const std::string& path, const BaseServices& services) {
            "." + (extension.empty() ? extension : extension.substr(1));
 }
 
+// Keeps a file at the backup's place that is no backup of the document; fails where it would be lost.
+Result<void> keepForeignFile(const std::string& file, const std::string& backup, const Platform& platform,
+                             VersionStore& versions) {
+    if (!platform.files.fileExists(backup) || versions.isBackupOf(file, backup))
+        return {};
+    if (!versions.isOn())
+        return failure("No backup was made: “" + backup +
+                       "” may be no backup of the document, and no versions are kept.");
+    return versions.keepFile(backup);
+}
+
 } // namespace
 
 void makeBackup(const Document& document, const Platform& platform, VersionStore& versions) {
@@ -28,9 +39,8 @@ void makeBackup(const Document& document, const Platform& platform, VersionStore
     if (!folder)
         return;
     const std::string backup = *folder + "/" + backupName(file, platform.base);
-    if (!versions.isBackupOf(file, backup))
-        if (const Result<void> kept = versions.keepFile(backup); !kept)
-            return platform.base.log.log(kept.error().message);
+    if (const Result<void> kept = keepForeignFile(file, backup, platform, versions); !kept)
+        return platform.base.log.log(kept.error().message);
     if (platform.files.copyFile(file, backup))
         versions.noteBackup(file, backup);
 }

@@ -217,11 +217,13 @@ bool VersionStore::isBackupOf(const std::string& path, const std::string& backup
 
 void VersionStore::noteBackup(const std::string& path, const std::string& backup) {
     const std::optional<FileIdentity> identity = files_.identityOf(backup);
-    if (!isOn() || !identity || !files_.makeFolder(folder_))
+    if (!identity || !files_.makeFolder(folder_))
         return;
     const std::string identifier = places_.identifierFor(path, nextTime(path));
     (void)places_.noteNew(identifier, path);
     (void)files_.writeFileAtomically(backupFileOf(identifier), backupRecord(backup, *identity));
+    if (!isOn()) // otherwise done when a version is kept
+        forgetDocumentsWithoutVersions();
 }
 
 } // namespace tabulon

@@ -70,7 +70,7 @@ public:
     Result<std::string> read(const DocumentVersion& version) const;
 
     /// Whether the file at `backup` is the one that `noteBackup` recorded for the document at `path`,
-    /// unchanged since.
+    /// unchanged since. Backups are recorded also when the store is off.
     bool isBackupOf(const std::string& path, const std::string& backup) const;
     void noteBackup(const std::string& path, const std::string& backup);
 

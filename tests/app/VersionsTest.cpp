@@ -119,6 +119,24 @@ TEST_F(VersionsTest, aFileInTheWayThatCannotBeKeptIsNotReplacedByABackup) {
     EXPECT_FALSE(document().isDocumentEdited());
 }
 
+TEST_F(VersionsTest, whereNoVersionsAreKeptABackupReplacesOnlyBackupsOfTheDocument) {
+    folders.kept["BackupFolderBookmark"] = "/backups";
+    base.defaults.setIntegerForKey("VersionsLimit", 0);
+    const std::string backup = "/backups/Links-2025-11-16.tbln";
+    files.files[backup] = "somebody's";
+    saveAs("second");
+    EXPECT_EQ(files.files[backup], "somebody's");
+    EXPECT_FALSE(document().isDocumentEdited());
+    ASSERT_EQ(base.log.lines.size(), 1u);
+    EXPECT_NE(base.log.lines[0].find(backup), std::string::npos);
+    files.files.erase(backup);
+    saveAs("third");
+    const std::string beforeLast = files.files[kPath];
+    saveAs("fourth");
+    EXPECT_EQ(files.files[backup], beforeLast) << "the day's backup follows";
+    EXPECT_EQ(base.log.lines.size(), 1u);
+}
+
 TEST_F(VersionsTest, aSaveReadsWhereEachDocumentIsOnce) {
     folders.kept["BackupFolderBookmark"] = "/backups";
     for (const char* path : {"/home/a.tbln", "/home/b.tbln"}) {
