@@ -11,7 +11,8 @@ namespace tabulon {
 
 DocumentController::DocumentController(const Platform& platform, DocumentWindowMaker& windows)
     : platform_(platform), windows_(windows), recentDocuments_(platform.state),
-      unsaved_(platform.files, platform.recovery), revertPoints_(platform.files, platform.recovery),
+      unsaved_(platform.files, platform.recovery),
+      revertPoints_(platform.files, platform.recovery, platform.base.log),
       versions_(platform.files, platform.base.clock, platform.base.defaults,
                 platform.folders.stateFolder() + "/versions") {
     addActions();

@@ -12,12 +12,22 @@ RevertPoints::~RevertPoints() {
 void RevertPoints::keep(const Document& document) {
     if (has(document))
         return;
+    if (const Result<std::string> path = copy(document))
+        paths_[&document] = *path;
+    else
+        log_.log(fmt::format("“{}” was not kept for Revert to Saved: {}", document.fileName(),
+                             path.error().message));
+}
+
+// The path of the copy.
+Result<std::string> RevertPoints::copy(const Document& document) {
     const Result<std::string> folder = folders_.ownFolder();
     if (!folder)
-        return;
+        return folder;
     const std::string path = fmt::format("{}/{}{}", *folder, ++lastNumber_, kExtension);
-    if (files_.copyFile(document.fileName(), path))
-        paths_[&document] = path;
+    if (const Result<void> copied = files_.copyFile(document.fileName(), path); !copied)
+        return tl::unexpected(copied.error());
+    return path;
 }
 
 Result<std::string> RevertPoints::read(const Document& document) {

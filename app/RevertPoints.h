@@ -6,6 +6,7 @@
 #include "model/Document.h"
 #include "platform/FileStore.h"
 #include "platform/RecoveryFolders.h"
+#include "platform/SystemLog.h"
 
 #include <map>
 #include <string>
@@ -18,14 +19,15 @@ namespace tabulon {
 class RevertPoints {
 public:
     /// What is handed in must live longer.
-    RevertPoints(FileStore& files, RecoveryFolders& folders) : files_(files), folders_(folders) {}
+    RevertPoints(FileStore& files, RecoveryFolders& folders, SystemLog& log)
+        : files_(files), folders_(folders), log_(log) {}
     RevertPoints(const RevertPoints&) = delete;
     RevertPoints& operator=(const RevertPoints&) = delete;
     ~RevertPoints();
 
     /// Copies the document's file, to be called before the program saves over it. Does nothing where there is
-    /// a copy already: the first one is what the user left. A copy that cannot be made is left out, because
-    /// saving matters more.
+    /// a copy already: the first one is what the user left. A copy that cannot be made is left out and
+    /// logged, because saving matters more.
     void keep(const Document& document);
     bool has(const Document& document) const { return paths_.contains(&document); }
     /// The bytes of the copy. Requires one.
@@ -37,10 +39,13 @@ public:
     static bool isCopy(std::string_view fileName) { return fileName.ends_with(kExtension); }
 
 private:
+    Result<std::string> copy(const Document& document);
+
     static constexpr std::string_view kExtension = ".revert";
 
     FileStore& files_;
     RecoveryFolders& folders_;
+    SystemLog& log_;
     std::map<const Document*, std::string> paths_;
     int lastNumber_ = 0;
 };

@@ -243,6 +243,8 @@ TEST_F(RevertingTest, aCopyThatCannotBeMadeDoesNotKeepTheProgramFromSaving) {
     recovery.own = failure("no folder");
     changeAndWait("second");
     EXPECT_FALSE(canRevert());
+    EXPECT_EQ(base.log.lines,
+              std::vector<std::string>{"“/home/Links.tbln” was not kept for Revert to Saved: no folder"});
     change("third");
     revert();
     EXPECT_EQ(shownName(), "second");
