@@ -140,7 +140,11 @@ void DocumentController::browseVersions(Document& document) {
     const auto open = [this](const Ref<Bookmark>& root, const std::string& name) {
         return openUntitled(root, name) != nullptr;
     };
-    windows_.presentVersions(std::make_shared<VersionsController>(document, versions_, platform_, open));
+    const auto fileIsAsLeft = [this, &document] {
+        return platform_.files.identityOf(document.fileName()) == find(document)->identity;
+    };
+    windows_.presentVersions(
+        std::make_shared<VersionsController>(document, versions_, platform_, open, fileIsAsLeft));
 }
 
 } // namespace tabulon

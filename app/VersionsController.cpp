@@ -21,8 +21,9 @@ std::string joined(const std::vector<std::string>& parts) {
 } // namespace
 
 VersionsController::VersionsController(Document& document, VersionStore& store, const Platform& platform,
-                                       OpenUntitled openUntitled)
-    : document_(document), store_(store), platform_(platform), openUntitled_(std::move(openUntitled)) {
+                                       OpenUntitled openUntitled, FileIsAsLeft fileIsAsLeft)
+    : document_(document), store_(store), platform_(platform), openUntitled_(std::move(openUntitled)),
+      fileIsAsLeft_(std::move(fileIsAsLeft)) {
     for (DocumentVersion& version : store_.versionsOf(document_.fileName()))
         rows_.push_back({std::move(version)});
 }
@@ -149,9 +150,10 @@ void VersionsController::openChosen() {
         finish();
 }
 
-// What was not saved yet is a version, too, before the tree is changed.
+// What no file has is a version, too, before the tree is changed: what was not saved yet, and what another
+// program has replaced in the file.
 bool VersionsController::keepPresentState() {
-    if (!document_.isDocumentEdited())
+    if (!document_.isDocumentEdited() && fileIsAsLeft_())
         return true;
     const Result<void> kept = store_.keepContent(document_.fileName(), document_.dataOfType(kDocumentType));
     if (!kept)

@@ -42,9 +42,12 @@ public:
     /// Opens a tree as a new untitled document of that name. False when there can be none.
     using OpenUntitled = std::function<bool(Ref<Bookmark> root, const std::string& name)>;
 
+    /// Whether the document's file is as the document was read from it or saved to it.
+    using FileIsAsLeft = std::function<bool()>;
+
     /// What is handed in must live longer than the panel is up. Requires a document with a file.
     VersionsController(Document& document, VersionStore& store, const Platform& platform,
-                       OpenUntitled openUntitled);
+                       OpenUntitled openUntitled, FileIsAsLeft fileIsAsLeft);
 
     /// The view is there, or, with null, gone. The versions are compared one after the other between events.
     void setPanel(VersionsPanel* panel);
@@ -94,6 +97,7 @@ private:
     VersionStore& store_;
     const Platform platform_;
     OpenUntitled openUntitled_;
+    FileIsAsLeft fileIsAsLeft_;
     VersionsPanel* panel_ = nullptr;
     std::vector<VersionRow> rows_;
     std::unique_ptr<Timer> timer_;

@@ -224,6 +224,24 @@ TEST_F(VersionsTest, whatIsNotSavedYetIsAVersionBeforeAnythingIsPutBack) {
     EXPECT_EQ(nameInVersion(0), "not saved");
 }
 
+TEST_F(VersionsTest, whatAnotherProgramReplacedInTheFileIsAVersionBeforeAnythingIsPutBack) {
+    saveAs("second");
+    files.files[kPath] = documentBytes("theirs, and longer");
+    base.clock.advance(1);
+    browse();
+    controller->putBackAll();
+    EXPECT_EQ(onlyLink().itemName().view(), "first");
+    EXPECT_EQ(nameInVersion(0), "second");
+}
+
+TEST_F(VersionsTest, ofASavedDocumentPuttingBackKeepsNoVersion) {
+    saveAs("second");
+    base.clock.advance(1);
+    browse();
+    controller->putBackAll();
+    EXPECT_EQ(documents().versions().versionsOf(kPath).size(), 1u) << "the file has it";
+}
+
 TEST_F(VersionsTest, whereThatCannotBeKeptNothingIsPutBack) {
     saveAs("second");
     onlyLink().setItemName("not saved");
