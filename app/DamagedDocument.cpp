@@ -10,9 +10,9 @@ std::optional<Remains> remainsOfDocument(std::string_view bytes, const BaseServi
     if (!salvage || !salvage->master->hasChildren())
         return std::nullopt;
     const Localization& texts = services.texts;
-    return Remains{salvage->master,
-                   texts.format("BookmarksReadable", numberText(salvage->readable, texts.locale()),
-                                numberText(salvage->records, texts.locale()))};
+    const std::string_view key = salvage->records == 1 ? "BookmarksReadable:one" : "BookmarksReadable";
+    return Remains{salvage->master, texts.format(key, numberText(salvage->readable, texts.locale()),
+                                                 numberText(salvage->records, texts.locale()))};
 }
 
 } // namespace tabulon

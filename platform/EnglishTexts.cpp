@@ -38,6 +38,8 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"Bookmarks", "Bookmarks"},
     {"BookmarksReadable",
      "%@ of %@ bookmarks could be read. They open as an untitled document; the file stays as it is."},
+    {"BookmarksReadable:one",
+     "%@ of %@ bookmark could be read. It opens as an untitled document; the file stays as it is."},
     {"BrokenLinks", "Broken"},
     {"BrowserFound", "Found on this computer: %@"},
     {"Cancel", "Cancel"},

@@ -15,19 +15,19 @@ const std::string kPath = "/home/Links.tbln";
 
 class DamagedDocumentTest : public AppTest {
 protected:
-    // A document of 40 links, one reference of which leads nowhere any more.
-    std::string damagedBytes() {
+    // A document of links, one reference of which leads nowhere any more.
+    std::string damagedBytes(int links = 40) {
         const Ref<Bookmark> master = Bookmark::init(base.now());
         master->setItemName("Master");
         master->makeParent();
-        for (int i = 0; i < 40; ++i) {
+        for (int i = 0; i < links; ++i) {
             const Ref<Bookmark> link = Bookmark::init(base.now());
             link->setItemName("link " + std::to_string(i));
             link->setItemURL("https://example.org/" + std::to_string(i));
             master->addChild(link);
         }
         std::string bytes = writeDocumentArchive(*master);
-        const std::size_t name = bytes.find("link 20");
+        const std::size_t name = bytes.find("link " + std::to_string(links / 2));
         EXPECT_NE(name, std::string::npos);
         bytes[name - 1] = '\x0f'; // no kind of object is written so
         return bytes;
@@ -55,6 +55,14 @@ TEST_F(DamagedDocumentTest, whatIsLeftIsOfferedAndOpensUntitled) {
     EXPECT_EQ(onlyDocument()->displayName(), "Links");
     EXPECT_GE(linksIn(*onlyDocument()), 39u);
     EXPECT_EQ(files.files[kPath], damaged) << "the file stays as it is";
+}
+
+TEST_F(DamagedDocumentTest, ofOneBookmarkTheSentenceIsInTheSingular) {
+    files.files[kPath] = damagedBytes(1);
+    alerts.answer("Cancel");
+    app.openFile(kPath);
+    ASSERT_EQ(alerts.shown.size(), 1u);
+    EXPECT_THAT(alerts.shown[0].informative, HasSubstr(" of 1 bookmark could be read. It opens as "));
 }
 
 TEST_F(DamagedDocumentTest, whoDeclinesGetsNothing) {
