@@ -21,7 +21,7 @@ void RevertPoints::keep(const Document& document) {
 
 // The path of the copy.
 Result<std::string> RevertPoints::copy(const Document& document) {
-    const Result<std::string> folder = folders_.ownFolder();
+    Result<std::string> folder = folders_.ownFolder();
     if (!folder)
         return folder;
     const std::string path = fmt::format("{}/{}{}", *folder, ++lastNumber_, kExtension);

@@ -97,6 +97,8 @@ bool NodeReader::readValue(Bookmark& node, Column& column, std::uint64_t id) {
         return graph_.damaged("a value of a bookmark is cut off or has an unknown kind.");
     if (column.key == Key::Children && !isReference)
         return graph_.damaged("the children of a folder are not a list.");
+    if (column.key <= Key::LastOpened && !isReference)
+        return graph_.damaged("a text or a date of a bookmark is something else.");
     if (isReference && value.value() != 0) {
         column.settledId = kNoId;
         return readReference(node, column.key, value.value());
@@ -104,9 +106,15 @@ bool NodeReader::readValue(Bookmark& node, Column& column, std::uint64_t id) {
     column.settledId = id;
     if (column.key == Key::Class)
         class_ = value.kind() == Kind::Uid ? graph_.resolveClass(value.value()) : Class::Unknown;
-    else if (!isReference) // a value of the wrong kind counts as missing
-        codes_.set(column.key,
-                   value.kind() == Kind::Integer || value.kind() == Kind::Boolean ? value.value() : 0);
+    else if (!isReference)
+        return readCode(column.key, value);
+    return true;
+}
+
+bool NodeReader::readCode(Key key, Object value) {
+    if (value.kind() != Kind::Integer && value.kind() != Kind::Boolean)
+        return graph_.damaged("a number of a bookmark is something else.");
+    codes_.set(key, value.value());
     return true;
 }
 

@@ -67,6 +67,7 @@ private:
     bool everyKeyIsSound(Object dictionary);
     bool readValues(Bookmark& node, Object dictionary);
     bool readValue(Bookmark& node, Column& column, std::uint64_t id);
+    bool readCode(Key key, Object value);
     bool readReference(Bookmark& node, Key key, std::uint64_t uid);
     bool goesOnAfter(bool& isWhole);
 

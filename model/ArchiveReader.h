@@ -14,8 +14,7 @@ namespace tabulon {
 /// the root's name as stored.
 ///
 /// Takes what other writers of the format produce: any integer and reference width, shared texts and dates,
-/// keys in any order, unknown keys, longer class ancestries. A value of the wrong kind counts as missing, but
-/// for the list of children.
+/// keys in any order, unknown keys, longer class ancestries. A missing value is null or 0.
 ///
 /// Fails with ErrorDomain::None for what is not a keyed archive or is damaged anywhere that is looked at
 /// (references out of range, values cut off, overlapping tables, a node in two places, inside itself or in no

@@ -170,7 +170,7 @@ std::optional<std::uint64_t> Converter::uid(const pugi::xml_node& dictionary) {
     return plist_.writeUid(static_cast<std::uint64_t>(*number));
 }
 
-// A number that cannot be read becomes null: a value of the wrong kind, which harms no more than itself.
+// A number that cannot be read becomes null, a value of the wrong kind: what reads the list decides about it.
 std::uint64_t Converter::number(std::string_view name, const std::string& text) {
     if (name == "integer") {
         const auto value = integerFrom(text);

@@ -1,9 +1,11 @@
 #include "window/FileUri.h"
 
 #include "model/Ascii.h"
+#include "window/LinkLists.h"
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 
 namespace tabulon {
 namespace {
@@ -76,11 +78,10 @@ std::optional<std::string> pathOfFileUri(std::string_view uri) {
 
 std::vector<std::string> fileUrisIn(std::string_view uriList) {
     std::vector<std::string> uris;
-    while (!uriList.empty()) {
-        const std::string_view line = uriList.substr(0, uriList.find_first_of("\r\n"));
-        if (pathOfFileUri(line))
-            uris.emplace_back(line);
-        uriList.remove_prefix(std::min(line.size() + 1, uriList.size()));
+    for (NamedLink& link : linksOfUriList(uriList)) {
+        if (!pathOfFileUri(link.url))
+            return {};
+        uris.push_back(std::move(link.url));
     }
     return uris;
 }

@@ -18,7 +18,8 @@ std::string fileUri(std::string_view absolutePath);
 /// escapes resolved, query and fragment left out. Nothing for every other text.
 std::optional<std::string> pathOfFileUri(std::string_view uri);
 
-/// The file URIs in a list of URIs as drags carry it (text/uri-list: lines, # begins a comment).
+/// The file URIs of a list of URIs that is one of files, as drags carry it (text/uri-list: lines, # begins a
+/// comment). None where any other address stands in the list: then it is one of links.
 std::vector<std::string> fileUrisIn(std::string_view uriList);
 
 } // namespace tabulon

@@ -2,6 +2,7 @@
 
 #include "formats/import/LinkFileReader.h"
 #include "formats/import/TextDecoding.h"
+#include "model/Ascii.h"
 #include "model/Lines.h"
 #include "window/FileUri.h"
 #include "window/LinkLists.h"
@@ -27,12 +28,16 @@ std::optional<LinkFileContent> linkInFile(const std::string& path, FileStore& fi
     return bytes ? readLinkFile(*bytes) : std::nullopt;
 }
 
+bool isLinkFileOfDesktop(const std::string& extension) {
+    return ascii::equalsIgnoringCase(extension, ".url") || ascii::equalsIgnoringCase(extension, ".desktop");
+}
+
 PasteboardItem fileItem(const std::string& uri, FileStore& files) {
     PasteboardItem item;
     item.set(kFileURLType, uri);
     const std::filesystem::path path = pathOfFileUri(uri).value_or("");
     const bool isList = path.extension() == ".webloc" || path.extension() == ".mailloc";
-    if (!isList && path.extension() != ".url" && path.extension() != ".desktop")
+    if (!isList && !isLinkFileOfDesktop(path.extension().string()))
         return item;
     const auto link = linkInFile(path.string(), files);
     if (!link)

@@ -1,5 +1,6 @@
 // Marks: showing them, finding duplicates, removing links by their status.
 #include "model/Duplicates.h"
+#include "model/NumberFormat.h"
 #include "window/MoveDeleteController.h"
 #include "window/ViewController.h"
 
@@ -118,14 +119,14 @@ void ViewController::deleteBookmarksConditionalCommand(const RemovalOptions& opt
 void ViewController::deleteDuplicatesCommand() {
     const Localization& texts = platform_.base.texts;
     const std::size_t count = tabulon::findDuplicates(getMaster()).size();
-    const int response = platform_.alerts.runModal(
-        Alert{.style = AlertStyle::Informational,
-              .message = texts.text("DeleteDuplicates"),
-              .informative = texts.text("DuplicatesWarning"),
-              .buttons = {{texts.format("Delete %d Duplicates", count), AlertButtonRole::Destructive},
-                          {texts.text("Cancel"), AlertButtonRole::Cancel}},
-              .document = &document_,
-              .cancelIsDefault = true});
+    const std::string title = texts.counted("Delete %d Duplicates", count, numberText(count, texts.locale()));
+    const int response = platform_.alerts.runModal(Alert{
+        .style = AlertStyle::Informational,
+        .message = texts.text("DeleteDuplicates"),
+        .informative = texts.text("DuplicatesWarning"),
+        .buttons = {{title, AlertButtonRole::Destructive}, {texts.text("Cancel"), AlertButtonRole::Cancel}},
+        .document = &document_,
+        .cancelIsDefault = true});
     if (response == kAlertFirstButton)
         deleteDuplicatesExecute();
 }

@@ -69,6 +69,14 @@ public:
         const Text url = text(entry, "URLString");
         if (name.isNull() && url.isNull())
             return Entry::Empty;
+        if (name.isNull()) {
+            const Object names = list_.value(entry, "URIDictionary");
+            list_.requireNoneMisspelt(entry, {"URIDictionary"});
+            if (list_.value(names, "").kind() == Kind::Damaged) // Safari has the address under an empty key
+                list_.requireNoneMisspelt(names, {"title"});
+        }
+        if (url.isNull())
+            list_.requireNoneMisspelt(entry, {"URLString"});
         const Text preview = text(entry, "previewText");
         link.setItemDateAdded({});
         link.setItemName(untitledUnless(name));
@@ -85,7 +93,7 @@ public:
 
     void requireEmpty(Object entry) const override {
         const Object names = list_.value(entry, "URIDictionary");
-        // Safari has the address there too, under an empty key.
+        // Here, too, an address may be under an empty key.
         if (names.kind() == Kind::Dictionary && names.count() > 0 &&
             list_.value(names, "").kind() == Kind::Damaged)
             list_.requireNone(names, {"title"});
@@ -119,6 +127,10 @@ public:
             return Entry::Skipped;
         if (name.isNull() && url.isNull())
             return Entry::Empty;
+        if (name.isNull())
+            list_.requireNoneMisspelt(entry, {"Title"});
+        if (url.isNull())
+            list_.requireNoneMisspelt(entry, {"URL"});
         link.setItemName(untitledUnless(name));
         link.setItemURL(url);
         link.setItemNote(text(entry, "Description"));

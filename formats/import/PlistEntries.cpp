@@ -78,15 +78,24 @@ bool PlistEntries::isMisspeltKey(std::uint64_t key, std::string_view known) {
            isMisspelt(BinaryPlist::text(name).view(), known);
 }
 
+void PlistEntries::requireNoneMisspelt(Object entry, std::initializer_list<std::string_view> keys) {
+    if (list_.isXml() || entry.kind() != Kind::Dictionary)
+        return;
+    for (std::uint64_t i = 0; i < entry.count(); ++i)
+        for (const std::string_view known : keys)
+            if (isMisspeltKey(list_.binary().reference(entry, i), known))
+                damaged("a key of an entry is misspelt.");
+}
+
 void PlistEntries::requireNone(Object entry, std::initializer_list<std::string_view> keys) {
     if (list_.isXml() || entry.kind() != Kind::Dictionary)
         return;
     if (!endsWhereAnotherBegins(entry))
         damaged("an entry is cut off.");
+    requireNoneMisspelt(entry, keys);
     for (std::uint64_t i = 0; i < entry.count(); ++i)
         for (const std::string_view known : keys)
-            if (const std::uint64_t key = list_.binary().reference(entry, i);
-                BinaryPlist::textEquals(object(key), known) || isMisspeltKey(key, known))
+            if (BinaryPlist::textEquals(object(list_.binary().reference(entry, i)), known))
                 damaged("an entry has neither a name nor an address that can be read.");
 }
 

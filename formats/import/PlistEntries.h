@@ -44,6 +44,9 @@ public:
     /// For an entry that has none of these keys, as it seems: notes that it has one of them misspelt or with
     /// something of the wrong kind under it, or that it is cut off. Whatever else it has is its writer's.
     void requireNone(Object entry, std::initializer_list<std::string_view> keys);
+    /// For an entry without these keys: notes that it has one of them misspelt. The keys are mostly the same
+    /// texts in all entries.
+    void requireNoneMisspelt(Object entry, std::initializer_list<std::string_view> keys);
     /// Notes that an entry has one key twice, or a list under a misspelt "Children" or one of `noLists`.
     void requireSoundKeys(Object entry, std::span<const std::string_view> noLists);
     /// Notes that there are dictionaries with `enough` of these keys, or a list of children, that nothing

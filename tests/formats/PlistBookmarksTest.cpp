@@ -224,6 +224,35 @@ bool isRefusedOrWhole(Read reader, const std::string& bytes, const std::vector<s
     return left == shape || left.size() > shape.size();
 }
 
+TEST_F(PlistBookmarks, aLinkWithoutTitleMayHaveItsAddressUnderAnEmptyKey) {
+    const std::string link =
+        dictionary(key("URLString", "u") + "<key>URIDictionary</key>" + dictionary(key("", "u")));
+    EXPECT_EQ(safari(link)->getChild()->itemName().view(), "Untitled");
+}
+
+// One text is the key of all entries: what is left of them would be titles without addresses, or the reverse.
+TEST_F(PlistBookmarks, damageToAKeyThatAllEntriesShareIsRefused) {
+    std::string links;
+    for (int i = 0; i < 4; ++i)
+        links += dictionary(key("Title", "t" + std::to_string(i)) + key("URL", "u") + key("URLString", "u") +
+                            "<key>URIDictionary</key>" + dictionary(key("title", "t")));
+    const std::string bytes = *binaryPlistFromXml(list(folder("", links)));
+    const auto requireRefused = [&](Read reader, std::string_view name) {
+        const std::string stored = static_cast<char>(0x50 | name.size()) + std::string(name);
+        const std::size_t place = bytes.find(stored);
+        ASSERT_NE(place, std::string::npos) << name;
+        for (std::size_t bit = 8; bit < 8 * stored.size(); ++bit) {
+            std::string damaged = bytes;
+            damaged[place + bit / 8] = static_cast<char>(damaged[place + bit / 8] ^ 1 << bit % 8);
+            EXPECT_FALSE(reader(damaged, fakes.services(), nullptr)) << name << ", bit " << bit;
+        }
+    };
+    for (const char* name : {"URLString", "URIDictionary", "title", "Children"})
+        requireRefused(readSafariBookmarks, name);
+    for (const char* name : {"URL", "Title", "Children"})
+        requireRefused(readICabBookmarks, name);
+}
+
 // Damage that makes another text of a key cannot always be told from a list that has its children elsewhere,
 // or none: where the reference to "Children" in one folder leads to another text ("News" with a list under it
 // may be any program's), or where the place of a key or of an object in the offset table leads elsewhere.

@@ -105,6 +105,41 @@ TEST_F(ArchiveFlip, everyBitOfASmallDocument) {
     flipEveryBit(writeDocumentArchive(*tree(2, 3)));
 }
 
+// One object holds what a thousand nodes have: its damage would be theirs. What a flipped bit makes another
+// reference to a text, or to null, of is as sound as the file before.
+TEST_F(ArchiveFlip, sharedTextsAndDatesThatBecomeSomethingElse) {
+    const Ref<Bookmark> master = tree(2, 20);
+    walkBelow(*master, [](Bookmark& node) {
+        if (!node.isFolder()) {
+            node.setItemName("Untitled");
+            node.setItemTags("tag");
+            node.setItemDateAdded(Date::fromReferenceSeconds(5));
+            node.setLabel(3);
+        }
+        return true;
+    });
+    const std::string whole = writeDocumentArchive(*master);
+    begin(whole);
+    std::vector<std::size_t> untold;
+    for (std::size_t bit = 0; bit < 8 * whole.size(); ++bit) {
+        std::string bytes = whole;
+        bytes[bit / 8] = static_cast<char>(bytes[bit / 8] ^ 1 << bit % 8);
+        const Result<Ref<Bookmark>> damaged = readDocumentArchive(bytes);
+        if (!damaged)
+            continue;
+        ASSERT_EQ(shapeOf(**damaged), shape);
+        const std::vector<Text> fields = fieldsOf(**damaged);
+        std::size_t lost = 0;
+        for (std::size_t i = 0; i < fields.size(); ++i)
+            lost += fields[i].isNull() && !wholeFields[i].isNull() ? 1 : 0;
+        if (lost > 2)
+            untold.push_back(bit);
+    }
+    for (const std::size_t bit : untold)
+        EXPECT_EQ(whole[bit / 8 - 1], '\x80') << "byte " << bit / 8 << " is not the number in a uid";
+    EXPECT_LT(untold.size(), 8u);
+}
+
 TEST_F(ArchiveFlip, everyBitOfADocumentOfAnotherWriter) {
     TestArchive archive;
     const std::int64_t kind = archive.addClass({"NSMutableString", "NSString", "NSObject"});

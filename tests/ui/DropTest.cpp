@@ -30,6 +30,9 @@ protected:
     Qt::DropAction drop(const char* uris, Qt::DropActions possible, Qt::DropAction proposed) {
         QMimeData data;
         data.setData("text/uri-list", uris);
+        return drop(data, possible, proposed);
+    }
+    Qt::DropAction drop(const QMimeData& data, Qt::DropActions possible, Qt::DropAction proposed) {
         QDragEnterEvent enter(QPoint(20, 20), possible, &data, Qt::LeftButton, Qt::NoModifier);
         enter.setDropAction(proposed);
         QApplication::sendEvent(window, &enter);
@@ -110,6 +113,61 @@ TEST_F(DropTest, filesThatCannotBeOpenedBecomeBookmarksOfAnEmptyDocument) {
     EXPECT_EQ(controller.itemAtRow(1).itemURL(), Text("https://in/"));
     EXPECT_EQ(controller.itemAtRow(1).itemName(), Text("a"));
     EXPECT_EQ(controller.itemAtRow(2).itemURL(), Text("https://list/"));
+}
+
+TEST_F(DropTest, aListOfLinksKeepsTheFilesAmongThem) {
+    const ViewController& controller =
+        *app.documentController().getViewController(*app.documentController().currentDocument());
+    EXPECT_EQ(drop("https://a/\r\nfile:///home/a.tbln\r\nhttps://b/\r\n", Qt::CopyAction, Qt::CopyAction),
+              Qt::CopyAction);
+    EXPECT_EQ(openFiles(), Names{""});
+    ASSERT_EQ(controller.numberOfRows(), 3u);
+    EXPECT_EQ(controller.itemAtRow(0).itemURL(), Text("https://a/"));
+    EXPECT_EQ(controller.itemAtRow(1).itemURL(), Text("file:///home/a.tbln"));
+    EXPECT_EQ(controller.itemAtRow(2).itemURL(), Text("https://b/"));
+    EXPECT_EQ(drop("https://a/\r\nfile:///home/a.tbln\r\n", Qt::CopyAction, Qt::CopyAction), Qt::IgnoreAction)
+        << "beside rows links are not taken";
+    EXPECT_EQ(openFiles(), Names{""});
+}
+
+TEST_F(DropTest, aBookmarkOfAFileStaysABookmark) {
+    const ViewController& controller =
+        *app.documentController().getViewController(*app.documentController().currentDocument());
+    QMimeData data;
+    data.setData("text/uri-list", "file:///home/a.tbln\r\n");
+    data.setData("application/x-xbel",
+                 "<?xml version=\"1.0\"?><xbel version=\"1.0\"><folder><title>F</title>"
+                 "<bookmark href=\"file:///home/a.tbln\"><title>Own name</title></bookmark></folder></xbel>");
+    EXPECT_EQ(drop(data, Qt::CopyAction, Qt::CopyAction), Qt::CopyAction);
+    EXPECT_EQ(openFiles(), Names{""});
+    ASSERT_EQ(controller.numberOfRows(), 1u);
+    const Bookmark& folder = controller.itemAtRow(0);
+    EXPECT_EQ(folder.itemName(), Text("F"));
+    ASSERT_TRUE(folder.hasChildren());
+    EXPECT_EQ(folder.getChild()->itemName(), Text("Own name"));
+    EXPECT_EQ(folder.getChild()->itemURL(), Text("file:///home/a.tbln"));
+}
+
+TEST_F(DropTest, everyFormOfBookmarksIsNoDropOfFiles) {
+    for (const char* type : {"application/x-tabulon-items", "application/x-xbel", "text/x-moz-place",
+                             "text/x-moz-place-container", "chromium/x-bookmark-entries"}) {
+        QMimeData data;
+        data.setData("text/uri-list", "file:///home/a.tbln\r\n");
+        data.setData(type, "?");
+        drop(data, Qt::CopyAction, Qt::CopyAction);
+        EXPECT_EQ(openFiles(), Names{""}) << type;
+    }
+}
+
+TEST_F(DropTest, aDragThatIsOverIsNotAskedAgain) {
+    const ViewController& controller =
+        *app.documentController().getViewController(*app.documentController().currentDocument());
+    files.files["/home/picture.png"] = "\x89PNG\r\n";
+    EXPECT_EQ(drop("file:///home/picture.png\r\n", Qt::CopyAction, Qt::CopyAction), Qt::CopyAction);
+    pasteboard.offered.set("text/x-moz-url", std::string("h\0:\0x\0", 6)); // the next drag has begun
+    EXPECT_EQ(openFiles(), Names{""});
+    ASSERT_EQ(controller.numberOfRows(), 1u);
+    EXPECT_EQ(controller.itemAtRow(0).itemURL(), Text("file:///home/picture.png"));
 }
 
 TEST_F(DropTest, aDocumentThatCannotBeReadIsTold) {

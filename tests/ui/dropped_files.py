@@ -1,5 +1,6 @@
 """Files dragged from another program onto a document's window: dropped_files.py TABULON TABULON_CLI DRAG_SOURCE."""
 
+import os
 import subprocess
 import sys
 import time
@@ -52,6 +53,21 @@ def what_is_no_file_is_not_taken(session):
     check(session.titles() == ["a – Tabulon"], "and opens nothing")
 
 
+def links_with_a_file_among_them_become_bookmarks(session):
+    a, empty = "file://" + session.document("a.tbln"), os.path.join(session.folder, "empty.tbln")
+    session.run(session.tool, "make", "-", "-o", empty, input='{"name": "Master", "folder": true, "children": []}')
+    session.launch(empty)
+    session.wait_for_titles("empty – Tabulon")
+    place_window(session)
+    links = ["https://first.example/", a, "https://last.example/"]
+    check(drag(session, "copy", *links) == "copy", "the empty window takes links with a file among them")
+    session.wait_for_titles("empty* – Tabulon")
+    session.press("ctrl+s")
+    session.wait_for_titles("empty – Tabulon")
+    taken = [node["url"] for node in session.tree(empty)["children"]]
+    check(taken == links, f"every link is a bookmark: {taken}")
+
+
 def documents_that_cannot_be_read_become_no_bookmarks(session):
     session.launch()
     session.wait_for_titles("Untitled – Tabulon")
@@ -72,5 +88,6 @@ if __name__ == "__main__":
     run_session_tests([
         files_dropped_on_a_window_open,
         what_is_no_file_is_not_taken,
+        links_with_a_file_among_them_become_bookmarks,
         documents_that_cannot_be_read_become_no_bookmarks,
     ])

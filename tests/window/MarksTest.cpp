@@ -139,6 +139,15 @@ TEST_F(MarksTest, deleteDuplicatesAsksFirst) {
     EXPECT_EQ(rowNames(), (Names{"a", "b"}));
 }
 
+TEST_F(MarksTest, thousandsOfDuplicatesAreCountedAsTheUserWritesThem) {
+    for (int i = 0; i <= 1500; ++i)
+        addLink("a", "u");
+    open();
+    alerts.answer("Cancel");
+    perform("deleteDuplicatesCommand:");
+    EXPECT_EQ(alerts.shown.at(0).buttons.at(0).title, "Delete 1,500 Duplicates");
+}
+
 TEST_F(MarksTest, deleteDuplicatesDeletesThemWhateverTheSettingsSay) {
     Bookmark& basket = addWasteBasket();
     addLink("w", "u", &basket);

@@ -121,6 +121,14 @@ TEST_F(MimeItemsTest, aLinkFileOfTheDesktopStandsForItsLink) {
     EXPECT_EQ(read({{"text/uri-list", "file:///tmp/y.desktop"}}), (Texts{"file-url=file:///tmp/y.desktop"}));
 }
 
+TEST_F(MimeItemsTest, theNameOfALinkFileOfTheDesktopMayBeInCapitals) {
+    ASSERT_TRUE(files.writeFileAtomically("/tmp/Site.URL", "[InternetShortcut]\r\nURL=https://in/\r\n"));
+    ASSERT_TRUE(
+        files.writeFileAtomically("/tmp/X.DESKTOP", "[Desktop Entry]\nType=Link\nName=N\nURL=https://in/\n"));
+    EXPECT_EQ(read({{"text/uri-list", "file:///tmp/Site.URL"}}), (Texts{"url-name=Site url=https://in/"}));
+    EXPECT_EQ(read({{"text/uri-list", "file:///tmp/X.DESKTOP"}}), (Texts{"url-name=N url=https://in/"}));
+}
+
 TEST_F(MimeItemsTest, aLinkFileThatIsTooLargeIsNotRead) {
     ASSERT_TRUE(files.writeFileAtomically("/tmp/a.webloc", std::string(kLargestLinkFile + 1, ' ')));
     EXPECT_EQ(read({{"text/uri-list", "file:///tmp/a.webloc"}}), (Texts{"file-url=file:///tmp/a.webloc"}));

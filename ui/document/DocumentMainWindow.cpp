@@ -12,6 +12,7 @@
 #include "ui/document/OutlineWidget.h"
 #include "ui/document/StatusLineWidget.h"
 #include "window/FileUri.h"
+#include "window/MimeItems.h"
 #include "window/ViewController.h"
 
 #include <QApplication>
@@ -21,6 +22,9 @@
 #include <QStackedWidget>
 #include <QTimer>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
 
 namespace tabulon {
 namespace {
@@ -37,9 +41,20 @@ QStringList columnTitles(const Localization& texts) {
     return {toQString(texts.text("Name")), toQString(texts.text("URL")), toQString(texts.text("Tags"))};
 }
 
-// As they come: a QUrl has no room for names that are not UTF-8.
+// Whether the drag carries nodes of a bookmark manager, whose addresses may be those of files.
+bool carriesBookmarks(const QMimeData& data) {
+    return std::ranges::any_of(data.formats(), [](const QString& type) {
+        return type == toQString(kItemsMimeType) || type == "application/x-xbel" ||
+               type == "chromium/x-bookmark-entries" || type.startsWith("text/x-moz-place");
+    });
+}
+
+// As they come: a QUrl has no room for names that are not UTF-8. None where bookmarks are dragged.
 std::vector<std::string> droppedFiles(const QDropEvent& event) {
-    return fileUrisIn(event.mimeData()->data("text/uri-list").toStdString());
+    const QMimeData& data = *event.mimeData();
+    if (carriesBookmarks(data))
+        return {};
+    return fileUrisIn(data.data("text/uri-list").toStdString());
 }
 
 // Opening copies.
@@ -238,18 +253,19 @@ void DocumentMainWindow::dropEvent(QDropEvent* event) {
 // What the program cannot open becomes bookmarks where the document is empty, as among the rows of any other.
 void DocumentMainWindow::takeFiles(const std::vector<std::string>& files, bool intoDocument) {
     std::vector<std::string> opened;
-    QByteArray uris;
+    std::string uris;
     for (const std::string& file : files)
         if (intoDocument && !app_.canOpen(file))
-            uris += QByteArray::fromStdString(file) + "\r\n";
+            uris += file + "\r\n";
         else
             opened.push_back(file);
-    if (!uris.isEmpty()) {
-        QMimeData list;
-        list.setData("text/uri-list", uris);
-        QDropEvent drop(QPointF(), Qt::CopyAction, &list, Qt::NoButton, Qt::NoModifier);
-        if (outline_->beginDragOver(drop))
-            outline_->performDrop(&drop, {});
+    if (!uris.empty()) {
+        MimeContent list;
+        list.set("text/uri-list", std::move(uris));
+        const std::vector<PasteboardItem> items = controller_->itemsIn(list); // the drag itself is over
+        const DragInfo drag{.source = nullptr, .copies = true, .items = items};
+        if (controller_->validateDrop(drag, nullptr, std::nullopt) != DragOperation::None)
+            controller_->acceptDrop(drag, nullptr, std::nullopt);
     }
     if (!opened.empty())
         app_.openFiles(opened);
