@@ -25,7 +25,8 @@ void Refusals::add(const std::string& location, const Error& error, MakeOffer ma
     if (isCancelledByUser(error))
         return;
     add(Refusal{location, error});
-    makeOffers_.push_back(std::move(makeOffer));
+    if (makeOffers_.size() < kMostLines)
+        makeOffers_.push_back(std::move(makeOffer));
 }
 
 void Refusals::addEmpty(const std::string& location, const Localization& texts) {

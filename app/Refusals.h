@@ -24,7 +24,8 @@ public:
         std::function<void()> accept;
     };
     using MakeOffer = std::function<std::optional<Offer>()>;
-    /// The same; `makeOffer` is called before the alert is shown. One button accepts the offers of all files.
+    /// The same; `makeOffer` is called before the alert is shown. One button accepts the offers of all files,
+    /// the first `kMostLines` that have one: each keeps what is left of its file in memory.
     void add(const std::string& location, const Error& error, MakeOffer makeOffer);
     /// A file without a link in it.
     void addEmpty(const std::string& location, const Localization& texts);
@@ -48,7 +49,7 @@ private:
 
     std::vector<Refusal> first_; // those that the alert has room for
     std::size_t count_ = 0;
-    std::vector<MakeOffer> makeOffers_; // of all files that have one
+    std::vector<MakeOffer> makeOffers_; // at most kMostLines
 };
 
 } // namespace tabulon
