@@ -99,6 +99,7 @@ TEST_F(DamagedDocumentTest, whatIsLeftOfADamagedCopyOfACrashIsOffered) {
 
 TEST_F(DamagedDocumentTest, ofSeveralFilesOneAlertTellsAndOpensWhatIsLeftOfAll) {
     std::vector<std::string> paths;
+    paths.reserve(10);
     for (int i = 0; i < 10; ++i) // more than the alert names
         paths.push_back("/home/Links " + std::to_string(i) + ".tbln");
     for (const std::string& path : paths)
