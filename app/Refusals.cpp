@@ -25,7 +25,7 @@ void Refusals::add(const std::string& location, const Error& error, MakeOffer ma
     if (isCancelledByUser(error))
         return;
     add(Refusal{location, error});
-    if (makeOffers_.size() < kMostLines)
+    if (makeOffers_.size() < kMostOffers)
         makeOffers_.push_back(std::move(makeOffer));
 }
 

@@ -25,7 +25,7 @@ public:
     };
     using MakeOffer = std::function<std::optional<Offer>()>;
     /// The same; `makeOffer` is called before the alert is shown. One button accepts the offers of all files,
-    /// the first `kMostLines` that have one: each keeps what is left of its file in memory.
+    /// the first `kMostOffers` that have one: each keeps what is left of its file in memory.
     void add(const std::string& location, const Error& error, MakeOffer makeOffer);
     /// A file without a link in it.
     void addEmpty(const std::string& location, const Localization& texts);
@@ -36,6 +36,7 @@ public:
 
 private:
     static constexpr std::size_t kMostLines = 8;
+    static constexpr std::size_t kMostOffers = 64;
 
     struct Refusal {
         std::string location;
@@ -49,7 +50,7 @@ private:
 
     std::vector<Refusal> first_; // those that the alert has room for
     std::size_t count_ = 0;
-    std::vector<MakeOffer> makeOffers_; // at most kMostLines
+    std::vector<MakeOffer> makeOffers_; // at most kMostOffers
 };
 
 } // namespace tabulon
