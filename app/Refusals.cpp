@@ -57,7 +57,7 @@ void Refusals::tell(const Platform& platform, const Document* document) {
     alert.buttons = {{texts.text("OK")}};
     if (!offers.empty()) {
         alert.informative +=
-            count == 1 ? " " + offers[0].sentence : "\n" + texts.format("FilesReadable", offers.size());
+            count == 1 ? " " + offers[0].sentence : "\n\n" + texts.format("FilesReadable", offers.size());
         alert.buttons = {{offers[0].buttonTitle}, {texts.text("Cancel"), AlertButtonRole::Cancel}};
     }
     if (platform.alerts.runModal(alert) == kAlertFirstButton)
