@@ -105,7 +105,9 @@ std::string lineFor(std::string_view key, std::string_view value) {
 } // namespace
 
 SettingsText::SettingsText(std::string_view bytes) {
-    if (bytes.starts_with("\xEF\xBB\xBF"))
+    // Some editors write another mark before the one that is there; one that stayed would be written first,
+    // and read as a mark.
+    while (bytes.starts_with("\xEF\xBB\xBF"))
         bytes.remove_prefix(3);
     bool ours = true;
     while (!bytes.empty()) {

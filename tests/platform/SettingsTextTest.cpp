@@ -24,6 +24,7 @@ TEST(SettingsText, valuesAreReadAsPeopleWriteThem) {
     EXPECT_EQ(valueIn("k="), "");
     EXPECT_EQ(valueIn("k=YES\r\nl=NO\r\n"), "YES");
     EXPECT_EQ(valueIn("\xEF\xBB\xBFk=YES\n"), "YES");
+    EXPECT_EQ(valueIn("\xEF\xBB\xBF\xEF\xBB\xBFk=YES\n"), "YES");
     EXPECT_EQ(valueIn("k=1\nk=2\n"), "2") << "the last line counts";
     EXPECT_EQ(valueIn("NSWindow Frame my links = 1 2 3 4\n", "NSWindow Frame my links"), "1 2 3 4");
     EXPECT_EQ(valueIn("k=/home/Grüße/日本\n"), "/home/Grüße/日本");
