@@ -1,13 +1,14 @@
 // What other programs are handed of items: texts, lists of links, and a tree.
+#include "formats/LittleEndian.h"
 #include "formats/XmlEntities.h"
 #include "formats/export/ChromiumEntries.h"
 #include "formats/export/XBEL.h"
 #include "model/TreeWalk.h"
 #include "window/MimeItems.h"
 #include "window/PrivateItems.h"
+#include "window/ReceivedTree.h"
 
 #include <fmt/format.h>
-#include <unicode/unistr.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -39,14 +40,6 @@ std::string oneLine(std::string_view text) {
     std::ranges::replace_if(
         line, [](char c) { return c == '\n' || c == '\r'; }, ' ');
     return line;
-}
-
-void appendUtf16(std::string& bytes, std::string_view utf8) {
-    const auto units = icu::UnicodeString::fromUTF8({utf8.data(), static_cast<int32_t>(utf8.size())});
-    for (int32_t i = 0; i < units.length(); ++i) {
-        bytes += static_cast<char>(units[i] & 0xFF);
-        bytes += static_cast<char>(units[i] >> 8);
-    }
 }
 
 // The lists of links. One that would be too long is left out whole.
@@ -101,9 +94,9 @@ void setTrees(MimeContent& content, const std::vector<Ref<Bookmark>>& nodes) {
     XBELExportOptions options;
     options.mostBytes = kLargestMimeForm;
     if (Result<std::string> file = exportToXBEL(*root, options); file && root->hasChildren())
-        content.set("application/x-xbel", *std::move(file));
+        content.set(kXbelType, *std::move(file));
     if (std::string entries = exportToChromiumEntries(*root, kLargestChromiumForm); !entries.empty())
-        content.set("chromium/x-bookmark-entries", std::move(entries));
+        content.set(kChromiumType, std::move(entries));
 }
 
 } // namespace

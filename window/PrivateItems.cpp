@@ -1,16 +1,13 @@
 #include "window/PrivateItems.h"
 
+#include "formats/LittleEndian.h"
+
 #include <cstddef>
 
 namespace tabulon {
 namespace {
 
 // The private form: the token of the process, then counts and lengths of four bytes, low byte first.
-
-void appendNumber(std::string& bytes, std::size_t number) {
-    for (int shift = 0; shift < 32; shift += 8)
-        bytes += static_cast<char>(number >> shift & 0xFF);
-}
 
 void appendBytes(std::string& bytes, std::string_view part) {
     appendNumber(bytes, part.size());
@@ -19,42 +16,26 @@ void appendBytes(std::string& bytes, std::string_view part) {
 
 class PrivateReader {
 public:
-    explicit PrivateReader(std::string_view rest) : rest_(rest) {}
+    explicit PrivateReader(std::string_view bytes) : reader_(bytes) {}
 
     /// None where the bytes are not whole.
     std::vector<PasteboardItem> items() {
         std::vector<PasteboardItem> items;
-        for (std::size_t count = number(); whole_ && count > 0; --count) {
+        for (std::size_t count = reader_.number(); reader_.isWhole() && count > 0; --count) {
             PasteboardItem item;
-            for (std::size_t values = number(); whole_ && values > 0; --values) {
+            for (std::size_t values = reader_.number(); reader_.isWhole() && values > 0; --values) {
                 const std::string_view type = bytes();
                 item.set(type, std::string(bytes()));
             }
             items.push_back(std::move(item));
         }
-        return whole_ ? items : std::vector<PasteboardItem>();
+        return reader_.isWhole() ? items : std::vector<PasteboardItem>();
     }
 
 private:
-    std::string_view take(std::size_t size) {
-        whole_ = whole_ && size <= rest_.size();
-        const std::string_view part = whole_ ? rest_.substr(0, size) : std::string_view();
-        rest_.remove_prefix(part.size());
-        return part;
-    }
-    std::size_t number() {
-        std::size_t number = 0;
-        int shift = 0;
-        for (const char byte : take(4)) {
-            number |= std::size_t{static_cast<unsigned char>(byte)} << shift;
-            shift += 8;
-        }
-        return number;
-    }
-    std::string_view bytes() { return take(number()); }
+    std::string_view bytes() { return reader_.take(reader_.number()); }
 
-    std::string_view rest_;
-    bool whole_ = true;
+    LittleEndianReader reader_;
 };
 
 } // namespace

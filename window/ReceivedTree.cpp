@@ -42,7 +42,7 @@ std::size_t numberOfLinks(const Bookmark& root) {
 // Newer versions of Firefox do not write what is in a folder. Where it is not in the HTML either, the list of
 // links may have it, though without the folder.
 Ref<Bookmark> treeOfPlaces(const MimeContent& content, const BaseServices& services) {
-    const std::string_view places = formOf(content, "text/x-moz-place");
+    const std::string_view places = formOf(content, kPlacesType);
     if (places.empty())
         return nullptr;
     const std::string html = decodeText(formOf(content, "text/html"), TextKind::Html).text;
@@ -74,11 +74,11 @@ void nameAndClassify(const Bookmark& root, const Text& untitled) {
 } // namespace
 
 Ref<Bookmark> receivedTree(const MimeContent& content, const BaseServices& services) {
-    Ref<Bookmark> tree = treeOfXBEL(formOf(content, "application/x-xbel"), services);
+    Ref<Bookmark> tree = treeOfXBEL(formOf(content, kXbelType), services);
     if (!tree)
         tree = treeOfPlaces(content, services);
     if (!tree)
-        tree = treeOfChromium(formOf(content, "chromium/x-bookmark-entries"), services);
+        tree = treeOfChromium(formOf(content, kChromiumType), services);
     if (tree)
         nameAndClassify(*tree, services.texts.text("Untitled"));
     return tree;

@@ -6,9 +6,17 @@
 #include "platform/BaseServices.h"
 #include "platform/Pasteboard.h"
 
+#include <array>
 #include <cstddef>
+#include <string_view>
 
 namespace tabulon {
+
+/// The media types of these trees, in the order in which they are tried.
+inline constexpr std::string_view kXbelType = "application/x-xbel";
+inline constexpr std::string_view kPlacesType = "text/x-moz-place";
+inline constexpr std::string_view kChromiumType = "chromium/x-bookmark-entries";
+inline constexpr std::array kTreeTypes = {kXbelType, kPlacesType, kChromiumType};
 
 /// Of what is larger the next form is read, in bytes.
 inline constexpr std::size_t kLargestReceivedTree = std::size_t{1} << 26;

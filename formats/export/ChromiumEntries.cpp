@@ -1,9 +1,8 @@
 #include "formats/export/ChromiumEntries.h"
 
+#include "formats/LittleEndian.h"
 #include "model/Ascii.h"
 #include "model/TreeWalk.h"
-
-#include <unicode/unistr.h>
 
 #include <algorithm>
 #include <string_view>
@@ -54,11 +53,6 @@ public:
     }
 
 private:
-    static void appendNumber(std::string& to, std::size_t number) {
-        for (int shift = 0; shift < 32; shift += 8)
-            to += static_cast<char>(number >> shift & 0xFF);
-    }
-
     void fillUp() { bytes_.append((kUnit - bytes_.size() % kUnit) % kUnit, '\0'); }
 
     void appendText(std::string_view utf8) {
@@ -67,13 +61,11 @@ private:
         fillUp();
     }
 
-    void appendUtf16(std::string_view utf8) {
-        const auto units = icu::UnicodeString::fromUTF8({utf8.data(), static_cast<int32_t>(utf8.size())});
-        appendNumber(bytes_, static_cast<std::size_t>(units.length()));
-        for (int32_t i = 0; i < units.length(); ++i) {
-            bytes_ += static_cast<char>(units[i] & 0xFF);
-            bytes_ += static_cast<char>(units[i] >> 8);
-        }
+    void appendTitle(std::string_view utf8) {
+        std::string units;
+        appendUtf16(units, utf8);
+        appendNumber(bytes_, units.size() / 2);
+        bytes_ += units;
         fillUp();
     }
 
@@ -90,7 +82,7 @@ private:
     void appendEntry(const Bookmark& node) {
         appendNumber(bytes_, node.isFolder() ? 0 : 1);
         appendText(node.isFolder() ? std::string_view() : node.itemURL().view());
-        appendUtf16(node.itemName().view());
+        appendTitle(node.itemName().view());
         bytes_.append(kIdentifier, '\0');
         appendNumber(bytes_, 0); // no remarks
         if (node.isFolder())

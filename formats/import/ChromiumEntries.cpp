@@ -1,5 +1,7 @@
 #include "formats/import/ChromiumEntries.h"
 
+#include "formats/LittleEndian.h"
+
 #include <unicode/unistr.h>
 
 #include <cstddef>
@@ -16,16 +18,16 @@ constexpr std::size_t kIdentifier = 8;
 
 class Reader {
 public:
-    Reader(std::string_view rest, Date now) : rest_(rest), now_(now) {}
+    Reader(std::string_view bytes, Date now) : reader_(bytes), now_(now) {}
 
     Ref<Bookmark> tree() {
-        if (number() > rest_.size())
+        if (reader_.number() > reader_.size())
             return nullptr;
         bytes(); // the profile
         Ref<Bookmark> root = Bookmark::init(now_);
         root->makeParent();
-        std::vector<Level> levels = {{root.get(), number()}};
-        while (whole_ && !levels.empty()) {
+        std::vector<Level> levels = {{root.get(), reader_.number()}};
+        while (reader_.isWhole() && !levels.empty()) {
             if (levels.back().missing == 0) {
                 levels.pop_back();
                 continue;
@@ -35,9 +37,9 @@ public:
             Bookmark* const folder = node->isFolder() ? node.get() : nullptr;
             levels.back().folder->addChild(std::move(node));
             if (folder)
-                levels.push_back({folder, number()});
+                levels.push_back({folder, reader_.number()});
         }
-        return whole_ ? root : nullptr;
+        return reader_.isWhole() ? root : nullptr;
     }
 
 private:
@@ -46,29 +48,14 @@ private:
         std::size_t missing; // of what is in it
     };
 
-    std::string_view take(std::size_t size) {
-        whole_ = whole_ && size <= rest_.size();
-        const std::string_view part = whole_ ? rest_.substr(0, size) : std::string_view();
-        rest_.remove_prefix(part.size());
-        return part;
-    }
     std::string_view takeFilledUp(std::size_t size) {
-        const std::string_view part = take(size);
-        take((kUnit - size % kUnit) % kUnit);
+        const std::string_view part = reader_.take(size);
+        reader_.take((kUnit - size % kUnit) % kUnit);
         return part;
     }
-    std::size_t number() {
-        std::size_t number = 0;
-        int shift = 0;
-        for (const char byte : take(kUnit)) {
-            number |= std::size_t{static_cast<unsigned char>(byte)} << shift;
-            shift += 8;
-        }
-        return number;
-    }
-    std::string_view bytes() { return takeFilledUp(number()); }
+    std::string_view bytes() { return takeFilledUp(reader_.number()); }
     std::string utf16() {
-        const std::string_view units = takeFilledUp(number() * 2);
+        const std::string_view units = takeFilledUp(reader_.number() * 2);
         icu::UnicodeString text;
         for (std::size_t i = 0; i + 1 < units.size(); i += 2)
             text.append(static_cast<char16_t>(static_cast<unsigned char>(units[i]) |
@@ -79,24 +66,23 @@ private:
 
     Ref<Bookmark> entry() {
         Ref<Bookmark> node = Bookmark::init(now_);
-        const bool isLink = number() != 0;
+        const bool isLink = reader_.number() != 0;
         const std::string_view url = bytes();
         node->setItemName(utf16());
         if (isLink)
             node->setItemURL(Text::fromBytes(url));
         else
             node->makeParent();
-        take(kIdentifier);
-        for (std::size_t remarks = number(); whole_ && remarks > 0; --remarks) {
+        reader_.take(kIdentifier);
+        for (std::size_t remarks = reader_.number(); reader_.isWhole() && remarks > 0; --remarks) {
             bytes();
             bytes();
         }
         return node;
     }
 
-    std::string_view rest_;
+    LittleEndianReader reader_;
     const Date now_;
-    bool whole_ = true;
 };
 
 } // namespace

@@ -13,6 +13,7 @@
 #include "ui/document/StatusLineWidget.h"
 #include "window/FileUri.h"
 #include "window/MimeItems.h"
+#include "window/ReceivedTree.h"
 #include "window/ViewController.h"
 
 #include <QApplication>
@@ -44,8 +45,9 @@ QStringList columnTitles(const Localization& texts) {
 // Whether the drag carries nodes of a bookmark manager, whose addresses may be those of files.
 bool carriesBookmarks(const QMimeData& data) {
     return std::ranges::any_of(data.formats(), [](const QString& type) {
-        return type == toQString(kItemsMimeType) || type == "application/x-xbel" ||
-               type == "chromium/x-bookmark-entries" || type.startsWith("text/x-moz-place");
+        return type == toQString(kItemsMimeType) || type.startsWith(toQString(kPlacesType)) ||
+               std::ranges::any_of(kTreeTypes,
+                                   [&type](std::string_view tree) { return type == toQString(tree); });
     });
 }
 
