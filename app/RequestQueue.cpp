@@ -38,7 +38,8 @@ void RequestQueue::performSoon() {
     timer_ = timers_.after(0, [this] { performNext(); });
 }
 
-// The requests to go on with now; null while there are none, or those that there are must wait.
+// Returns the queue whose first request is performed next: the user's files before requests from outside.
+// Null where both are empty or the requests from outside must wait.
 std::deque<LaunchRequest>* RequestQueue::next() {
     if (!opened_.empty())
         return &opened_;

@@ -1,7 +1,7 @@
 // What the running program was asked, from outside or by the user with several files, and has not done yet.
-// Each request is answered when it comes and done a little later, so that nobody takes a program for dead
-// that is reading a large file or showing an alert. However many come, what cannot be opened is told once
-// they are done.
+// Each request is answered when it arrives and performed later from the main loop, so that its sender does
+// not time out while the program reads a large file or shows an alert. One alert lists all files that cannot
+// be opened, after the last request.
 #pragma once
 
 #include "platform/SingleInstance.h"

@@ -55,14 +55,17 @@ protected:
         bytes[bytes.find("damaged name") - 1] = '\x0f'; // no kind of object is written so
         return bytes;
     }
+    // Changes the document, then damages its file. Returns the damaged file.
+    std::string changeAndDamage() {
+        change("mine");
+        return files.files[kPath] = damagedDocument();
+    }
 
     Document* document = nullptr;
 };
 
 TEST_F(RevertingTest, ofAFileThatIsDamagedNowWhatIsLeftIsOffered) {
-    change("mine");
-    const std::string damaged = damagedDocument();
-    files.files[kPath] = damaged;
+    const std::string damaged = changeAndDamage();
     alerts.answer("Revert");
     alerts.answer("Cancel");
     perform("revertDocumentToSaved:");
@@ -77,9 +80,7 @@ TEST_F(RevertingTest, ofAFileThatIsDamagedNowWhatIsLeftIsOffered) {
 }
 
 TEST_F(RevertingTest, whatIsLeftOfAFileThatIsReloadedOpensAsAnUntitledDocument) {
-    change("mine");
-    const std::string damaged = damagedDocument();
-    files.files[kPath] = damaged;
+    const std::string damaged = changeAndDamage();
     alerts.answer("Reload");
     alerts.answer("Open What Is Left");
     perform("saveDocument:");

@@ -16,11 +16,10 @@ XBEL = """<!DOCTYPE xbel>
 <xbel><folder folded="yes"><title>Folder “日本”</title><bookmark href="https://in.example/?a&amp;b"><title>In</title></bookmark>
 <folder><title>Inner</title><bookmark href="https://deep.example/"><title>Deep</title></bookmark></folder></folder>
 <separator/><bookmark href="https://last.example/"><title>Last</title></bookmark></xbel>"""
-MANY = """<!DOCTYPE NETSCAPE-Bookmark-file-1>
-<DL><p>
-    <DT><A HREF="https://a.example/?x=1&amp;y=2">A &amp; “日本”</A>
-    <DT><A HREF="https://b.example/">B</A>
-    <DT><H3>Folder</H3>
+ROW_A = '    <DT><A HREF="https://a.example/?x=1&amp;y=2">A &amp; “日本”</A>\n'
+ROW_B = '    <DT><A HREF="https://b.example/">B</A>\n'
+ROW_C = '    <DT><A HREF="https://c.example/">C</A>\n'
+FOLDER_ROWS = """    <DT><H3>Folder</H3>
     <DL><p>
         <DT><A HREF="https://in.example/">In</A>
         <DT><H3>Inner</H3>
@@ -28,9 +27,14 @@ MANY = """<!DOCTYPE NETSCAPE-Bookmark-file-1>
             <DT><A HREF="https://deep.example/">Deep</A>
         </DL><p>
     </DL><p>
-    <DT><A HREF="https://c.example/">C</A>
-</DL><p>
 """
+
+
+def bookmark_file(*rows):
+    return f"<!DOCTYPE NETSCAPE-Bookmark-file-1>\n<DL><p>\n{''.join(rows)}</DL><p>\n"
+
+
+MANY = bookmark_file(ROW_A, ROW_B, FOLDER_ROWS, ROW_C)
 PIECES = 17 << 20  # more than one request of the X server can hold
 
 

@@ -12,27 +12,14 @@ import sys
 import tempfile
 import time
 
-from clipboard_bytes import A, B, C, FOLDER, INNER, XBEL, check_forms, check_xbel, mozilla, nodes
+from clipboard_bytes import (A, B, C, FOLDER, FOLDER_ROWS, INNER, ROW_A, ROW_B, ROW_C, XBEL, bookmark_file, check_forms,
+                             check_xbel, mozilla, nodes)
 from desktop_program import wait_for
 from dragging import document
 from session import Session, check, run_session_tests
 
 NOBODY = 65534
-HTML = """<!DOCTYPE NETSCAPE-Bookmark-file-1>
-<DL><p>
-    <DT><A HREF="https://a.example/?x=1&amp;y=2">A &amp; “日本”</A>
-    <DT><A HREF="https://b.example/">B</A>
-    <DT><A HREF="https://c.example/">C</A>
-    <DT><H3>Folder</H3>
-    <DL><p>
-        <DT><A HREF="https://in.example/">In</A>
-        <DT><H3>Inner</H3>
-        <DL><p>
-            <DT><A HREF="https://deep.example/">Deep</A>
-        </DL><p>
-    </DL><p>
-</DL><p>
-"""
+HTML = bookmark_file(ROW_A, ROW_B, ROW_C, FOLDER_ROWS)
 TREE_OF_XBEL = [["Folder “日本”", ("In", "https://in.example/?a&b"), ["Inner", ("Deep", "https://deep.example/")]], None,
                 ("Last", "https://last.example/")]
 
