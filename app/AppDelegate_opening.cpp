@@ -1,7 +1,8 @@
 // Opening files of every kind.
 #include "app/AppDelegate.h"
 #include "app/FileContent.h"
-#include "window/FileUri.h"
+#include "base/Utf8.h"
+#include "text/FileUri.h"
 #include "window/SharedAlerts.h"
 
 #include <cerrno>

@@ -1,7 +1,8 @@
 #include "app/LaunchArguments.h"
 
 #include "base/Text.h"
-#include "window/FileUri.h"
+#include "base/Utf8.h"
+#include "text/FileUri.h"
 
 namespace tabulon {
 namespace {

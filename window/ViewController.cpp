@@ -1,6 +1,7 @@
 // Construction, the window, rows and the alerts that commands share.
 #include "window/ViewController.h"
 
+#include "base/Utf8.h"
 #include "window/GetInfoController.h"
 
 #include <algorithm>
@@ -163,7 +164,7 @@ namespace {
 std::string_view firstCharacters(std::string_view text, std::size_t count) {
     std::size_t end = 0;
     while (end < text.size()) {
-        const bool startsCharacter = (static_cast<unsigned char>(text[end]) & 0xC0) != 0x80;
+        const bool startsCharacter = !utf8::isContinuation(text[end]);
         if (startsCharacter && count-- == 0)
             break;
         ++end;
@@ -172,8 +173,8 @@ std::string_view firstCharacters(std::string_view text, std::size_t count) {
 }
 
 std::size_t characterCount(std::string_view text) {
-    return static_cast<std::size_t>(std::ranges::count_if(
-        text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }));
+    return static_cast<std::size_t>(
+        std::ranges::count_if(text, [](char byte) { return !utf8::isContinuation(byte); }));
 }
 
 } // namespace

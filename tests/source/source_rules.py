@@ -29,7 +29,7 @@ ARROWS = {
     "history": _MODEL,
     "platform": {"base"},
     "platform/fake": {"base", "platform"},
-    "platform/linux": {"base", "platform"},
+    "platform/linux": {"base", "text", "platform"},
     "window": _UPPER,
     "app": _UPPER | {"window"},
     "ui": _UPPER | {"window", "app"},
