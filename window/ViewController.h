@@ -293,6 +293,8 @@ public:
     // Finding (model/Finder.h)
 
     FindBarController& findBar() { return findBar_; }
+    /// Returns whether a cell of the outline is being edited.
+    bool isEditing() const { return outline().isEditing(); }
     const std::string& searchString() const { return finder_.searchString(); }
     void setSearchString(std::string text) { finder_.setSearchString(std::move(text)); }
     Bookmark* foundBookmark() const { return finder_.foundBookmark(); }
