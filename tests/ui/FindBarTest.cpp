@@ -164,7 +164,8 @@ TEST_F(SheetsTest, returnDeletesNoMarkedLinksButMovesThem) {
     auto* move = inSheet<QCheckBox>("Move them to the Waste Basket");
     auto* broken = inSheet<QCheckBox>("Broken");
     ASSERT_TRUE(move && broken && inSheet<QPushButton>("Move"));
-    for (QCheckBox* box : {inSheet<QCheckBox>("Duplicate"), broken, inSheet<QCheckBox>("Unknown")})
+    for (QCheckBox* box :
+         {inSheet<QCheckBox>("Duplicates"), broken, inSheet<QCheckBox>("Not to be determined")})
         box->setChecked(false);
     EXPECT_FALSE(inSheet<QPushButton>("Move")->isEnabled());
     broken->click();
