@@ -1,6 +1,6 @@
 #include "window/FindBar.h"
 
-#include "model/Lines.h"
+#include "base/Lines.h"
 #include "window/ViewController.h"
 
 #include <algorithm>

@@ -5,13 +5,13 @@
 // _export.
 #pragma once
 
-#include "model/Collation.h"
 #include "model/Document.h"
 #include "model/Finder.h"
 #include "model/RemovedItems.h"
 #include "model/StatusRemoval.h"
 #include "model/TreeSort.h"
 #include "platform/Platform.h"
+#include "text/Collation.h"
 #include "window/ActionTable.h"
 #include "window/CellContent.h"
 #include "window/DocumentWindow.h"

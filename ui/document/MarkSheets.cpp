@@ -1,7 +1,7 @@
 #include "ui/document/MarkSheets.h"
 
+#include "base/Localization.h"
 #include "model/LinkType.h"
-#include "platform/Localization.h"
 #include "ui/Icons.h"
 #include "ui/Strings.h"
 #include "window/MoveDeleteController.h"
