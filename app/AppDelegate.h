@@ -1,12 +1,13 @@
-// The application: the one object that lives for the whole run. Start and end, the menus, opening files of
-// every kind, importing. Split by concern: _importing, _menus, _opening. Documents and their windows are
-// DocumentController's.
+// The application: the one object that lives for the whole run. Start and end, opening files of every kind,
+// importing. Split by concern: _importing, _opening. Documents and their windows are DocumentController's,
+// the menus MainMenu's and ResponderChain's.
 #pragma once
 
 #include "app/DocumentController.h"
+#include "app/MainMenu.h"
 #include "app/Refusals.h"
+#include "app/ResponderChain.h"
 #include "formats/ImportFormats.h"
-#include "platform/Menu.h"
 #include "platform/Platform.h"
 #include "platform/SingleInstance.h"
 #include "window/ActionTable.h"
@@ -94,18 +95,12 @@ public:
 
     // Menus
 
-    /// The main menu as it is to be shown now.
-    Menu mainMenu();
-    /// Whether the item can be chosen now: asks the current window's outline controller, then the documents,
-    /// then the application; an item that only holds a submenu can.
-    bool validateMenuItem(const MenuItem& item) const;
-    /// Runs the item's action on the first of them that has it, if it is enabled. False when none does.
-    bool performMenuItem(const MenuItem& item);
+    const MainMenu& mainMenu() const { return mainMenu_; }
+    const ResponderChain& responders() const { return responders_; }
 
 private:
     void addActions();
     void addImportActions();
-    const ActionTable* responderTo(std::string_view action) const;
     bool opensMore() const;
     void startUp();
     void end();
@@ -125,25 +120,13 @@ private:
     Document* scan(const ImportFormat& format, std::string_view bytes, const std::string& source);
     Document* showImported(const ImportFormat& format, Ref<Bookmark> root);
     void firefoxAlert();
-    Menu fileMenu();
-    Menu recentMenu();
-    Menu editMenu() const;
-    Menu viewMenu() const;
-    Menu bookmarkMenu() const;
-    Menu labelMenu() const;
-    Menu sortMenu() const;
-    Menu cleanUpMenu() const;
-    Menu importMenu();
-    Menu windowMenu() const;
-    Menu helpMenu() const;
-    MenuItem command(std::string_view titleKey, std::string action, std::string keyEquivalent = {},
-                     KeyModifiers modifiers = {}) const;
-    MenuItem submenu(std::string_view titleKey, Menu menu) const;
 
     const Platform platform_;
     const std::string version_;
     DocumentController documentController_;
     ActionTable actions_;
+    MainMenu mainMenu_;
+    ResponderChain responders_;
     NetscapeScanner scanner_;
     std::set<PanelFilter> panelFilters_;
     Refusals refusals_;

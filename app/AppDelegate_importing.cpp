@@ -38,31 +38,6 @@ void AppDelegate::addImportActions() {
         actions_.add(action, [this](const MenuItem&) { firefoxAlert(); });
 }
 
-Menu AppDelegate::importMenu() {
-    Menu menu;
-    const auto add = [&](std::string_view titleKey, std::string_view action, std::string_view browser) {
-        MenuItem item = command(titleKey, std::string(action));
-        // What people have comes with a mark.
-        if (const auto found = platform_.browsers.bookmarkFiles(browser); !found.empty()) {
-            item.imageName = "validStatus";
-            item.toolTip = platform_.base.texts.format("BrowserFound", decodeUtf8Leniently(found.front()));
-        }
-        menu.items.push_back(std::move(item));
-    };
-    bool lastIsBrowser = false;
-    for (const ImportFormat& format : importFormats()) {
-        if (lastIsBrowser && format.browser.empty()) {
-            add("MenuImportFirefox", "importFirefox:", {});
-            add("MenuImportTor", "importTor:", {});
-            menu.items.push_back(MenuItem::makeSeparator());
-        }
-        lastIsBrowser = !format.browser.empty();
-        add(format.titleKey, format.action, format.browser);
-    }
-    menu.items.push_back(command("MenuScanClipboard", "scanClipboard:"));
-    return menu;
-}
-
 // What the panels enable while filters are set, as one kind; everything where none is.
 std::vector<FileKind> AppDelegate::kindsThatPanelsEnable() const {
     FileKind kind;

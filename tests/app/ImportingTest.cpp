@@ -91,10 +91,9 @@ TEST_F(ImportingTest, thePanelStartsWithTheFileThatTheBrowserWroteLast) {
 
 TEST_F(ImportingTest, theMenuMarksTheBrowsersThatAreHere) {
     stores.files["com.brave.Browser"] = {"/home/brave/Default/Bookmarks"};
-    const Menu main = app.mainMenu();
-    const auto import = std::ranges::find(main.items, "Import", &MenuItem::title);
-    ASSERT_NE(import, main.items.end());
-    for (const MenuItem& item : import->submenu->items) {
+    const Menu import = menuNamed("Import");
+    ASSERT_FALSE(import.items.empty());
+    for (const MenuItem& item : import.items) {
         const bool marked = !item.imageName.empty();
         EXPECT_EQ(marked, item.action == "importBrave:") << item.title;
         EXPECT_EQ(item.toolTip.find("/home/brave/Default/Bookmarks") != std::string::npos, marked);
@@ -102,12 +101,10 @@ TEST_F(ImportingTest, theMenuMarksTheBrowsersThatAreHere) {
 }
 
 TEST_F(ImportingTest, theMenuHasACommandForEveryFormat) {
-    const Menu main = app.mainMenu();
-    const auto import = std::ranges::find(main.items, "Import", &MenuItem::title);
-    ASSERT_NE(import, main.items.end());
+    const Menu import = menuNamed("Import");
+    ASSERT_FALSE(import.items.empty());
     for (const ImportFormat& format : importFormats())
-        EXPECT_NE(std::ranges::find(import->submenu->items, format.action, &MenuItem::action),
-                  import->submenu->items.end())
+        EXPECT_NE(std::ranges::find(import.items, format.action, &MenuItem::action), import.items.end())
             << format.name;
 }
 
