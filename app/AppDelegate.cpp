@@ -12,9 +12,12 @@ constexpr int kToolTipDelay = 10; // milliseconds
 
 AppDelegate::AppDelegate(const Platform& platform, DocumentWindowMaker& windows, std::string version)
     : platform_(platform), version_(std::move(version)), documentController_(platform, windows),
-      mainMenu_(platform, documentController_), responders_(documentController_, {&actions_}) {
+      importCommands_(platform, documentController_), mainMenu_(platform, documentController_),
+      responders_(documentController_, {&actions_, &importCommands_.actions()}) {
     addActions();
-    documentController_.shared().grabAllHTML = [this](const std::string& html) { grabAllHTML(html); };
+    documentController_.shared().grabAllHTML = [this](const std::string& html) {
+        importCommands_.grabAllHTML(html);
+    };
     documentController_.shared().showMarks = [this](bool shown) { showMarks(shown); };
     documentController_.lastDocumentClosed = [this] {
         if (stop && !opensMore())
@@ -35,7 +38,6 @@ void AppDelegate::addActions() {
         [this](const MenuItem&) { return !documentController_.recentDocuments().paths().empty(); });
     actions_.add("terminate:", [this](const MenuItem&) { terminate(); });
     actions_.add("orderFrontStandardAboutPanel:", [this](const MenuItem&) { showAboutPanel(); });
-    addImportActions();
 }
 
 // The menu is built when it is opened, with its check mark.

@@ -1,7 +1,7 @@
 #include "app/MainMenu.h"
 
 #include "app/DocumentController.h"
-#include "formats/ImportFormats.h"
+#include "app/ImportSource.h"
 #include "window/LabelNames.h"
 #include "window/SharedAlerts.h"
 
@@ -175,11 +175,11 @@ void completeLabel(Menu& menu, const Source& source) {
 }
 
 // A browser whose bookmarks are on this computer is marked.
-MenuItem importItem(const ImportFormat& format, const Platform& platform) {
-    MenuItem item = command(platform.base.texts, format.titleKey, format.action);
-    if (format.browser.empty())
+MenuItem importItem(const ImportSource& source, const Platform& platform) {
+    MenuItem item = command(platform.base.texts, source.titleKey, source.action);
+    if (source.browser.empty())
         return item;
-    if (const auto found = platform.browsers.bookmarkFiles(format.browser); !found.empty()) {
+    if (const auto found = platform.browsers.bookmarkFiles(source.browser); !found.empty()) {
         item.imageName = "validStatus";
         item.toolTip = platform.base.texts.format("BrowserFound", decodeUtf8Leniently(found.front()));
     }
@@ -189,14 +189,14 @@ MenuItem importItem(const ImportFormat& format, const Platform& platform) {
 void completeImport(Menu& menu, const Source& source) {
     const Localization& texts = source.platform.base.texts;
     bool lastIsBrowser = false;
-    for (const ImportFormat& format : importFormats()) {
-        if (lastIsBrowser && format.browser.empty()) {
+    for (const ImportSource& entry : importSources()) {
+        if (lastIsBrowser && entry.browser.empty()) {
             menu.items.push_back(command(texts, "MenuImportFirefox", "importFirefox:"));
             menu.items.push_back(command(texts, "MenuImportTor", "importTor:"));
             menu.items.push_back(MenuItem::makeSeparator());
         }
-        lastIsBrowser = !format.browser.empty();
-        menu.items.push_back(importItem(format, source.platform));
+        lastIsBrowser = !entry.browser.empty();
+        menu.items.push_back(importItem(entry, source.platform));
     }
     menu.items.push_back(command(texts, "MenuScanClipboard", "scanClipboard:"));
 }

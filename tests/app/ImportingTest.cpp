@@ -100,12 +100,16 @@ TEST_F(ImportingTest, theMenuMarksTheBrowsersThatAreHere) {
     }
 }
 
-TEST_F(ImportingTest, theMenuHasACommandForEveryFormat) {
+TEST_F(ImportingTest, everyFormatHasACommandInTheMenu) {
     const Menu import = menuNamed("Import");
     ASSERT_FALSE(import.items.empty());
-    for (const ImportFormat& format : importFormats())
-        EXPECT_NE(std::ranges::find(import.items, format.action, &MenuItem::action), import.items.end())
+    for (const ImportFormat& format : importFormats()) {
+        const ImportSource* source = importSourceOf(format.name);
+        ASSERT_TRUE(source) << format.name;
+        EXPECT_NE(std::ranges::find(import.items, source->action, &MenuItem::action), import.items.end())
             << format.name;
+        EXPECT_TRUE(enabled(std::string(source->action).c_str())) << format.name;
+    }
 }
 
 TEST_F(ImportingTest, theWindowIsTitledAfterTheSourceUntilTheDocumentIsSaved) {

@@ -187,7 +187,7 @@ TEST_F(MenusTest, RecentListKeepsPathsOfAnyBytes) {
 TEST_F(MenusTest, WindowMenuListsTheOpenDocumentsWithACheckMarkAtTheCurrentOne) {
     files.files["/home/a.tbln"] = documentBytes("a");
     app.applicationDidFinishLaunching({"/home/a.tbln"});
-    app.newMasterDocument(Bookmark::init(base.now()));
+    documents().newMasterDocument(Bookmark::init(base.now()));
     documents().getViewController(*documents().currentDocument())->setWindowTitle("Imported");
     Menu menu = windowMenu();
     ASSERT_EQ(menu.items.size(), 4u) << "the command, a separator, two documents";
