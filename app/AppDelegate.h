@@ -11,6 +11,7 @@
 #include "platform/Platform.h"
 #include "platform/SingleInstance.h"
 #include "window/ActionTable.h"
+#include "window/Menu.h"
 
 #include <functional>
 #include <set>

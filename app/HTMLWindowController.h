@@ -2,9 +2,9 @@
 // it is formats/import/PageBookmarks.h.
 #pragma once
 
+#include "base/BaseServices.h"
 #include "formats/import/PageBookmarks.h"
 #include "model/Document.h"
-#include "platform/BaseServices.h"
 
 #include <string_view>
 #include <vector>

@@ -2,7 +2,7 @@
 
 #include "app/DocumentController.h"
 #include "app/HTMLWindowController.h"
-#include "model/Ascii.h"
+#include "base/Ascii.h"
 #include "window/SharedAlerts.h"
 
 #include <algorithm>

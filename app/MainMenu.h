@@ -2,8 +2,8 @@
 // its items.
 #pragma once
 
-#include "platform/Menu.h"
 #include "platform/Platform.h"
+#include "window/Menu.h"
 
 #include <cstddef>
 #include <string>

@@ -1,8 +1,8 @@
 // The way from a menu item to the code of its action.
 #pragma once
 
-#include "platform/Menu.h"
 #include "window/ActionTable.h"
+#include "window/Menu.h"
 
 #include <string_view>
 #include <vector>

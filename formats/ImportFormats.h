@@ -2,9 +2,9 @@
 // command line and the tests use it.
 #pragma once
 
+#include "base/Error.h"
 #include "formats/ReadOptions.h"
 #include "model/Bookmark.h"
-#include "model/Error.h"
 
 #include <span>
 #include <string_view>

@@ -1,8 +1,8 @@
 // The options that every reader of another format takes.
 #pragma once
 
-#include "platform/BaseServices.h"
-#include "platform/Progress.h"
+#include "base/BaseServices.h"
+#include "base/Progress.h"
 
 namespace tabulon {
 

@@ -1,9 +1,9 @@
 // Bookmarks that the browsers of Chromium's family, and Opera, keep in JSON files named "Bookmarks".
 #pragma once
 
+#include "base/Error.h"
 #include "formats/ReadOptions.h"
 #include "model/Bookmark.h"
-#include "model/Error.h"
 
 #include <string_view>
 

@@ -2,9 +2,9 @@
 // groups from the tags as browsers write them. It is no HTML parser; tags in lower case are not seen.
 #pragma once
 
+#include "base/Error.h"
 #include "formats/ReadOptions.h"
 #include "model/Bookmark.h"
-#include "model/Error.h"
 
 #include <string_view>
 

@@ -2,10 +2,10 @@
 // application.
 #pragma once
 
+#include "base/Error.h"
 #include "formats/ReadOptions.h"
 #include "formats/import/PageLinks.h"
 #include "model/Bookmark.h"
-#include "model/Error.h"
 
 #include <string_view>
 #include <vector>

@@ -2,8 +2,8 @@
 // becomes of that is in PageBookmarks.h.
 #pragma once
 
-#include "model/Error.h"
-#include "platform/Progress.h"
+#include "base/Error.h"
+#include "base/Progress.h"
 
 #include <string>
 #include <string_view>

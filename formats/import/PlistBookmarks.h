@@ -1,9 +1,9 @@
 // Bookmarks that browsers keep in property lists: Safari's "Bookmarks.plist" and iCab's "iCab 4 Bookmarks".
 #pragma once
 
+#include "base/Error.h"
 #include "formats/ReadOptions.h"
 #include "model/Bookmark.h"
-#include "model/Error.h"
 
 #include <string_view>
 

@@ -2,9 +2,9 @@
 // whoever wants a page's links reads it as a page.
 #pragma once
 
+#include "base/Error.h"
 #include "formats/ReadOptions.h"
 #include "model/Bookmark.h"
-#include "model/Error.h"
 
 #include <string_view>
 

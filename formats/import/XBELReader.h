@@ -1,9 +1,9 @@
 // XBEL, the XML Bookmark Exchange Language → tree. The writer of such files is export/XBEL.h.
 #pragma once
 
+#include "base/Error.h"
 #include "formats/ReadOptions.h"
 #include "model/Bookmark.h"
-#include "model/Error.h"
 
 #include <string_view>
 
