@@ -137,7 +137,7 @@ private:
 
 } // namespace
 
-Result<Ref<Bookmark>> readXBEL(std::string_view bytes, const BaseServices& services, Progress* progress) {
+Result<Ref<Bookmark>> readXBEL(std::string_view bytes, const ReadOptions& options) {
     if (bytes.empty())
         return failure("The file is empty.");
     Result<std::string> buffer = xmlForParser(bytes);
@@ -145,7 +145,7 @@ Result<Ref<Bookmark>> readXBEL(std::string_view bytes, const BaseServices& servi
         return tl::unexpected(buffer.error());
     replaceZeros(*buffer);
     pugi::xml_document document;
-    const XmlOutcome outcome = parseXml(*buffer, kParseFlags, document, progress);
+    const XmlOutcome outcome = parseXml(*buffer, kParseFlags, document, options.progress);
     if (outcome == XmlOutcome::Cancelled)
         return cancelledByUser();
     if (outcome == XmlOutcome::Damaged || refersToZero(bytes))
@@ -155,7 +155,7 @@ Result<Ref<Bookmark>> readXBEL(std::string_view bytes, const BaseServices& servi
         return failure(
             "The file is no XBEL: it has neither an XML declaration nor a document type in front of its "
             "bookmarks, or no bookmarks.");
-    return XBELWalk(services, bytes.size(), progress).run(start);
+    return XBELWalk(options.services, bytes.size(), options.progress).run(start);
 }
 
 } // namespace tabulon
