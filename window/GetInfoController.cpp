@@ -41,7 +41,7 @@ void GetInfoController::editBookmark(Bookmark& node) {
         doneBookmark();
     show(node);
     if (panel_ && outline_)
-        outline_->selectRowOf(node);
+        outline_->outline().selectRowOf(node);
 }
 
 void GetInfoController::show(Bookmark& node) {
@@ -148,7 +148,7 @@ void GetInfoController::step(Bookmark* target) {
     }
     show(*target);
     if (outline_)
-        outline_->selectRowOf(*target);
+        outline_->outline().selectRowOf(*target);
 }
 
 bool GetInfoController::canFindNext() const {
@@ -183,7 +183,7 @@ void GetInfoController::cancel() {
 }
 
 bool GetInfoController::isInTree(const Bookmark& node) const {
-    return outline_ && tabulon::isInTree(node, outline_->getMaster());
+    return outline_ && tabulon::isInTree(node, outline_->outline().getMaster());
 }
 
 void GetInfoController::keepChange() {
@@ -239,7 +239,7 @@ void GetInfoController::doneBookmark() {
     if (!outline_)
         return;
     keepChange();
-    outline_->selectRowOf(*original_);
+    outline_->outline().selectRowOf(*original_);
 }
 
 void GetInfoController::saveBookmark() {

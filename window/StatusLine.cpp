@@ -59,7 +59,7 @@ void StatusLine::fallBack() {
         return show(status_);
     }
     if (const auto row = window_->outline().selectedRow())
-        return showAddress(outline_.itemAtRow(*row));
+        return showAddress(outline_.outline().itemAtRow(*row));
     showCounts();
 }
 
@@ -96,7 +96,7 @@ void StatusLine::refreshSoon() {
 
 void StatusLine::refresh() {
     refresh_.reset();
-    const bool isGone = spokenOf_ && !outline_.rowForItem(*spokenOf_);
+    const bool isGone = spokenOf_ && !outline_.outline().rowForItem(*spokenOf_);
     if (isStale_ || (isGone && !status_.empty()))
         fallBack();
     else if (isGone)

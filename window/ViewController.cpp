@@ -12,7 +12,9 @@ namespace tabulon {
 ViewController::ViewController(Document& document, const Platform& platform, SharedState& shared)
     : document_(document), platform_(platform), shared_(shared) {
     addActions();
-    rows_.show(Ref<Bookmark>(&getMaster()));
+    outline_.addRowObserver(*this);
+    outline_.addSelectionObserver(*this);
+    outline_.addPointerObserver(*this);
     document_.setPresenter(this);
 }
 
@@ -33,10 +35,10 @@ void ViewController::addActions() {
     actions_.add("exportText:", [this](const MenuItem&) { exportText(); });
     actions_.add(
         "saveBookmark:", [this](const MenuItem&) { saveBookmark(); },
-        [this](const MenuItem&) { return outline().selectedRow().has_value(); });
+        [this](const MenuItem&) { return outline_.view().selectedRow().has_value(); });
     actions_.add(
-        "selectAll:", [this](const MenuItem&) { outline().selectAll(); },
-        [this](const MenuItem&) { return rows_.size() > 0; });
+        "selectAll:", [this](const MenuItem&) { outline_.view().selectAll(); },
+        [this](const MenuItem&) { return outline_.numberOfRows() > 0; });
     actions_.add("zoomIn:", [this](const MenuItem&) { zoomIn(); });
     actions_.add("zoomOut:", [this](const MenuItem&) { zoomOut(); });
     addEditingActions();
@@ -46,8 +48,8 @@ void ViewController::addActions() {
 }
 
 void ViewController::addEditingActions() {
-    const auto selected = [this](const MenuItem&) { return hasSelection(); };
-    const auto oneFolder = [this](const MenuItem&) { return hasOneSelectedFolder(); };
+    const auto selected = [this](const MenuItem&) { return outline_.hasSelection(); };
+    const auto oneFolder = [this](const MenuItem&) { return outline_.hasOneSelectedFolder(); };
     actions_.add("newBookmark:", [this](const MenuItem&) { newBookmark(); });
     actions_.add("newFolder:", [this](const MenuItem&) { newFolder(); });
     actions_.add(
@@ -87,13 +89,13 @@ void ViewController::addSortActions() {
                 const bool descending = sender.tag == kSortDescendingTag || platform_.keyboard.isOptionDown();
                 sortByIndexAscending(static_cast<int>(index), !descending);
             },
-            [this](const MenuItem&) { return hasOneSelectedFolder(); });
+            [this](const MenuItem&) { return outline_.hasOneSelectedFolder(); });
 }
 
 void ViewController::addFindActions() {
     actions_.add(
         "getInfo:", [this](const MenuItem&) { getInfo(); },
-        [this](const MenuItem&) { return hasSelection(); });
+        [this](const MenuItem&) { return outline_.hasSelection(); });
     for (const char* action : {"showFindView:", "performFindPanelAction:"})
         actions_.add(action, [this](const MenuItem&) {
             autoEdit_.reset(); // what is typed from now on is meant for the search field
@@ -107,27 +109,46 @@ void ViewController::addFindActions() {
 
 void ViewController::setWindow(DocumentWindow* window) {
     window_ = window;
+    outline_.setView(&window->outline());
     findBar_.setFindBar(&window->findBar());
     statusLine_.setWindow(window);
     viewDidLoad();
     documentStateChanged();
-    window_->showEmptyState(rows_.size() == 0);
+    window_->showEmptyState(outline_.numberOfRows() == 0);
     statusLine_.showCounts();
 }
 
 void ViewController::setMaster(Bookmark& master) {
+    outline_.setMaster(master);
+}
+
+void ViewController::masterDidChange() {
     counts_.reset();
-    forgetRowsUnderPointer();
-    if (window_)
-        outline().willReloadData();
-    rows_.show(Ref<Bookmark>(&master));
     if (!window_)
         return;
-    outline().didReloadData();
-    window_->showEmptyState(rows_.size() == 0);
+    rowsDidChange();
     statusLine_.treeDidChange();
     statusLine_.showCounts();
-    nodesDidLeave();
+}
+
+void ViewController::rowsWillChange() {
+    statusLine_.rowsWillChange();
+}
+
+void ViewController::rowsDidChange() {
+    window_->showEmptyState(outline_.numberOfRows() == 0);
+}
+
+void ViewController::treeDidChange() {
+    counts_.reset();
+    statusLine_.treeDidChange();
+    if (info_)
+        info_->nodesDidChange();
+}
+
+void ViewController::nodesDidLeave() {
+    if (info_)
+        info_->nodesDidLeave();
 }
 
 void ViewController::documentStateChanged() {
@@ -147,14 +168,6 @@ std::string ViewController::windowTitle() const {
 void ViewController::setWindowTitle(std::string title) {
     windowTitle_ = std::move(title);
     documentStateChanged();
-}
-
-int ViewController::levelForRow(std::size_t row) const {
-    int level = -1;
-    for (const Bookmark* node = rows_.at(row).getParent(); node && level < kDeepestIndent;
-         node = node->getParent())
-        ++level;
-    return std::max(level, 0);
 }
 
 namespace {
@@ -180,9 +193,9 @@ std::size_t characterCount(std::string_view text) {
 
 std::optional<std::size_t> ViewController::rowWithPrefix(const std::string& prefix, std::size_t start) const {
     const std::size_t length = characterCount(prefix);
-    for (std::size_t step = 0; step < rows_.size(); ++step) {
-        const std::size_t row = (start + step) % rows_.size();
-        const std::string_view name = firstCharacters(rows_.at(row).itemName().view(), length);
+    for (std::size_t step = 0; step < outline_.numberOfRows(); ++step) {
+        const std::size_t row = (start + step) % outline_.numberOfRows();
+        const std::string_view name = firstCharacters(outline_.itemAtRow(row).itemName().view(), length);
         if (!name.empty() && std::is_eq(collation_.compareIgnoringCase(name, prefix)))
             return row;
     }
@@ -204,14 +217,6 @@ void ViewController::noSelection() {
 
 void ViewController::noSelectedFolder() {
     selectionAlert("PleaseSelectFolder");
-}
-
-void ViewController::makeDirty() {
-    counts_.reset();
-    statusLine_.treeDidChange();
-    if (info_)
-        info_->nodesDidChange();
-    document_.updateChangeCount(ChangeKind::Done);
 }
 
 } // namespace tabulon

@@ -17,10 +17,10 @@
 #include "window/DocumentWindow.h"
 #include "window/DragInfo.h"
 #include "window/FindBar.h"
+#include "window/Outline.h"
 #include "window/PasteboardItem.h"
 #include "window/SharedState.h"
 #include "window/StatusLine.h"
-#include "window/VisibleRows.h"
 
 #include <functional>
 #include <map>
@@ -32,22 +32,19 @@
 
 namespace tabulon {
 
-/// What expanding and collapsing does to an item: to it alone, or (Plus) to every folder below it as well.
-enum class ExpansionChange { Expand, ExpandPlus, Collapse, CollapsePlus };
-
 class GetInfoController;
 
 enum class FontSizeStep { Larger, Smaller };
-
-/// What has changed the selection: a key or the mouse, or a command that selects rows of its own.
-enum class SelectedBy { User, Program };
 
 /// Whether the name of a new item is edited at once.
 enum class Editing { No, Begins };
 
 /// Rows are numbers below `numberOfRows()`; every row taken as an argument must be one. The document and the
 /// shared state must live longer than the controller.
-class ViewController : public DocumentPresenter {
+class ViewController : public DocumentPresenter,
+                       private RowObserver,
+                       private SelectionObserver,
+                       private PointerObserver {
 public:
     /// Becomes the document's presenter and lays out its tree.
     ViewController(Document& document, const Platform& platform, SharedState& shared);
@@ -61,7 +58,8 @@ public:
     DocumentWindow* getWindow() const { return window_; }
 
     Document& document() const { return document_; }
-    Bookmark& getMaster() const { return document_.getMaster(); }
+    Outline& outline() { return outline_; }
+    const Outline& outline() const { return outline_; }
 
     /// The operations that menus reach by name.
     const ActionTable& actions() const { return actions_; }
@@ -77,15 +75,6 @@ public:
 
     // Rows
 
-    std::size_t numberOfRows() const { return rows_.size(); }
-    Bookmark& itemAtRow(std::size_t row) const { return rows_.at(row); }
-    /// Nothing for an item that is not shown.
-    std::optional<std::size_t> rowForItem(const Bookmark& item) const { return rows_.rowOf(item); }
-    bool isExpandable(const Bookmark& item) const { return item.isFolder(); }
-    /// How deep a row stands, 0 for the top level. Counting stops at `kDeepestIndent`: what lies deeper is
-    /// drawn there.
-    int levelForRow(std::size_t row) const;
-    static constexpr int kDeepestIndent = 48;
     /// The first row from `start` on, going round, whose name begins with `prefix`, ignoring case. For typing
     /// ahead.
     std::optional<std::size_t> rowWithPrefix(const std::string& prefix, std::size_t start) const;
@@ -120,14 +109,8 @@ public:
     /// The user has made the tags column this wide, in points of 1/72 inch.
     void tagsColumnDidResize(double width);
 
-    // Expanding. Items that are no folders, or are in the wanted state already, are passed over. Each item
-    // that changes makes the document dirty if the setting "RememberDesktop" is on.
+    // Expanding
 
-    void expandItem(Bookmark& item);
-    void collapseItem(Bookmark& item);
-    /// The same with every folder below the item.
-    void expandItemWithChildren(Bookmark& item);
-    void collapseItemWithChildren(Bookmark& item);
     /// Expands a collapsed folder and collapses an expanded one; where the setting "RememberDesktop" is on
     /// that counts as two changes.
     void doubleClickFolder(Bookmark& folder);
@@ -242,12 +225,6 @@ public:
 
     // Labels
 
-    /// The row under the pointer when a context menu was opened; nothing without one, and once rows come or
-    /// go.
-    void setClickedRow(std::optional<std::size_t> row) { clickedRow_ = row; }
-    /// The items that a command acts on: the clicked row's alone where that is not selected, else those of
-    /// the selected rows, from above.
-    std::vector<Bookmark*> getSelectionArray() const;
     void labelBookmark(std::uint8_t label);
 
     // Marks: what is known of links (LinkType.h). Marking makes no change of the document.
@@ -314,8 +291,6 @@ public:
     /// Shows the clicked row's item where that is not selected, else the current row's; shows the
     /// no-selection alert without one. A panel that is up goes to that item.
     void getInfo();
-    /// Selects the item's row alone, if it has one.
-    void selectRowOf(const Bookmark& item);
     /// The panel has changed the item.
     void infoDidChange(const Bookmark& item, bool newURL);
 
@@ -348,10 +323,6 @@ public:
     // The URL field
 
     StatusLine& statusLine() { return statusLine_; }
-    /// The pointer is over the outline: over this row, or over none.
-    void mouseMoved(std::optional<std::size_t> row);
-    void mouseExited();
-    void selectionDidChange(SelectedBy cause);
     /// "3 bookmarks in 2 folders" for the whole document.
     std::string countsText();
 
@@ -381,46 +352,36 @@ public:
     void noSelection();
     void noSelectedFolder();
 
-    /// Records one change on the document. Every command on the tree ends with it.
-    void makeDirty();
-
 private:
     struct Counts {
         std::size_t bookmarks = 0;
         std::size_t folders = 0;
     };
 
-    /// More rows than this are laid out anew in one go rather than one by one.
-    static constexpr std::size_t kRowsHandledSingly = 64;
-
+    void rowsWillChange() override;
+    void rowsDidChange() override;
+    void treeDidChange() override;
+    void nodesDidLeave() override;
+    void masterDidChange() override;
+    void selectionDidChange(SelectedBy cause) override;
+    void currentRowDidChange() override;
+    void pointerIsOver(std::optional<std::size_t> row) override;
+    void pointerDidLeave() override;
     void addActions();
     void addEditingActions();
     void addMarkActions();
     void addSortActions();
     void addFindActions();
     Date now() const { return Date::now(platform_.base.clock); }
-    struct Place {
-        Bookmark* folder;
-        std::size_t index;
-    };
-    Place placeAfter(Bookmark& anchor) const;
+    ChildPlace placeAfter(Bookmark& anchor) const;
     void insertAtAnchor(Bookmark& anchor, Ref<Bookmark> item);
     void addManyNewData(const std::vector<Ref<Bookmark>>& items);
-    void insertChild(Bookmark& folder, std::size_t index, Ref<Bookmark> item);
-    std::optional<std::size_t> rowForNewChild(const Bookmark& folder, std::size_t index) const;
-    void insertRowsOf(Bookmark& item, std::size_t row);
     void setShowMarks(bool shown);
-    void reloadItems(const std::vector<Bookmark*>& items);
     Removal deleteBookmarksConditional(const RemovalOptions& options);
-    void reveal(const Bookmark& node);
     void showMatch();
     Bookmark& basketOfKey(std::string_view key);
     void addFirst(Ref<Bookmark> item, Bookmark& folder);
-    void removeItem(Bookmark& item);
     void tellDeletion(std::vector<RemovedItem> removed);
-    void nodesDidLeave();
-    void beginChangingManyRows();
-    void endChangingManyRows();
     Ref<Bookmark> bookmarkOf(const PasteboardItem& item) const;
     std::int64_t copyFormat() const;
     Ref<Bookmark> bookmarkOfText(std::string_view string) const;
@@ -428,33 +389,21 @@ private:
     void addNewItems(const std::vector<Ref<Bookmark>>& items);
     DropSpot spotBefore(std::size_t row) const;
     DropSpot spotBehind(std::size_t row, int level) const;
-    std::optional<Place> placeOfDrop(Bookmark* item, std::optional<std::size_t> childIndex) const;
-    Ref<Bookmark> droppedNode(const DragInfo& drag, const PasteboardItem& dragged, Place& place);
+    std::optional<ChildPlace> placeOfDrop(Bookmark* item, std::optional<std::size_t> childIndex) const;
+    Ref<Bookmark> droppedNode(const DragInfo& drag, const PasteboardItem& dragged, ChildPlace& place);
     void selectDropped(const std::vector<Ref<Bookmark>>& dropped);
-    void fieldDidChange(Bookmark& item, std::size_t row);
+    void fieldDidChange(Bookmark& item);
     void editCurrentRow(Column column);
     void scheduleAutoEdit();
     void autoEdit(Column column);
-    bool hasSelection() const;
-    bool hasOneSelectedFolder() const;
-    bool severalRowsAreSelected() const;
-    OutlineView& outline() const { return window_->outline(); }
     void viewDidLoad();
     bool canMoveTableFontSize(FontSizeStep step) const;
     void fitURLField(double fontSize);
     void selectionAlert(const char* informativeKey);
     CellContent nameCell(const Bookmark& item, const std::optional<LabelColor>& color) const;
-    void changeExpansion(Bookmark& item, ExpansionChange change);
     void changeSelectedExpansion(ExpansionChange change);
-    void changeWholeExpansion(ExpansionChange change);
-    void replaceRowsBelow(std::size_t row, std::size_t shownBefore);
-    void reloadKeepingSelection();
-    void rememberDesktop(std::size_t changes);
-    std::vector<Bookmark*> selectedItems(std::size_t from, std::size_t to) const;
-    void selectItems(const std::vector<Bookmark*>& items);
     Counts countNodes() const;
     void updateURL();
-    void forgetRowsUnderPointer();
     Result<std::string> exportTo(std::string_view format, Progress* progress = nullptr) const;
     void exportToFile(const std::string& path);
     void writeOrLog(const std::string& path, std::string_view bytes);
@@ -467,11 +416,8 @@ private:
     SharedState& shared_;
     ActionTable actions_;
     DocumentWindow* window_ = nullptr;
-    VisibleRows rows_;
+    Outline outline_{document_, platform_.base.defaults};
     std::optional<Counts> counts_;
-    std::optional<std::size_t> hoveredRow_;
-    std::optional<std::size_t> clickedRow_;
-    bool changesManyRows_ = false; // the rows are laid out anew at the end
     DragOperation dragOperation_ = DragOperation::None;
     std::unique_ptr<Timer> autoEdit_;
     std::unique_ptr<Timer> sortQuestion_;

@@ -6,18 +6,18 @@
 namespace tabulon {
 
 Bookmark* ViewController::SearchBasket(const std::string& name) const {
-    return searchBasket(getMaster(), name, platform_.base.texts);
+    return searchBasket(outline_.getMaster(), name, platform_.base.texts);
 }
 
 Ref<Bookmark> ViewController::CreateBasket(const std::string& name) const {
-    return createBasket(name, getMaster(), now());
+    return createBasket(name, outline_.getMaster(), now());
 }
 
 void ViewController::DropBasketAtEnd(Ref<Bookmark> item) {
-    outline().selectRows({});
-    const ChildList* children = getMaster().getChildren();
-    insertChild(getMaster(), children ? children->size() : 0, std::move(item));
-    makeDirty();
+    outline_.view().selectRows({});
+    const ChildList* children = outline_.getMaster().getChildren();
+    outline_.insertChild(outline_.getMaster(), children ? children->size() : 0, std::move(item));
+    outline_.makeDirty();
 }
 
 Bookmark& ViewController::basketOfKey(std::string_view key) {
@@ -48,20 +48,20 @@ void ViewController::AddToWaste(Ref<Bookmark> item) {
 void ViewController::DropBookmarkIn(Ref<Bookmark> item, Bookmark& folder) {
     const Bookmark& dropped = *item;
     addFirst(std::move(item), folder);
-    if (!isExpanded(folder) && &folder != &getMaster())
+    if (!isExpanded(folder) && &folder != &outline_.getMaster())
         return;
-    if (const auto row = rowForItem(dropped))
-        outline().selectRows({{*row, 1}});
+    if (const auto row = outline_.rowForItem(dropped))
+        outline_.view().selectRows({{*row, 1}});
 }
 
 void ViewController::DropBookmarkAtRoot(Ref<Bookmark> item) {
-    DropBookmarkIn(std::move(item), getMaster());
+    DropBookmarkIn(std::move(item), outline_.getMaster());
 }
 
 void ViewController::addFirst(Ref<Bookmark> item, Bookmark& folder) {
-    outline().selectRows({});
-    insertChild(folder, 0, std::move(item));
-    makeDirty();
+    outline_.view().selectRows({});
+    outline_.insertChild(folder, 0, std::move(item));
+    outline_.makeDirty();
 }
 
 } // namespace tabulon

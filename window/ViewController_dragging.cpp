@@ -10,7 +10,7 @@ namespace tabulon {
 
 std::vector<PasteboardItem> ViewController::beginDraggingSession() {
     commitEditing();
-    const std::vector<Bookmark*> selected = selectedItems(0, rows_.size());
+    const std::vector<Bookmark*> selected = outline_.selectedItems();
     const std::vector<Ref<Bookmark>> nodes(selected.begin(), selected.end());
     return pasteboardItemsForBookmarks(nodes, shared_.records, NodeRecords::List::Dragged, copyFormat());
 }
@@ -29,19 +29,19 @@ bool ViewController::isDragOfInterest(const std::vector<PasteboardItem>& items) 
 }
 
 DropSpot ViewController::spotBefore(std::size_t row) const {
-    Bookmark& item = rows_.at(row);
+    Bookmark& item = outline_.itemAtRow(row);
     Bookmark& folder = *item.getParent();
-    return {.item = &folder == &getMaster() ? nullptr : &folder,
+    return {.item = &folder == &outline_.getMaster() ? nullptr : &folder,
             .childIndex = folder.getChildren()->indexOf(item),
             .row = row,
-            .level = levelForRow(row)};
+            .level = outline_.levelForRow(row)};
 }
 
 // Into an expanded folder as its first child; else behind the row's item, or behind a folder that ends with
 // it where the pointer stands further to the left.
 DropSpot ViewController::spotBehind(std::size_t row, int level) const {
-    Bookmark* item = &rows_.at(row);
-    int itemLevel = levelForRow(row);
+    Bookmark* item = &outline_.itemAtRow(row);
+    int itemLevel = outline_.levelForRow(row);
     if (isExpanded(*item))
         return {.item = item, .childIndex = 0, .row = row + 1, .level = itemLevel + 1};
     while (itemLevel > std::max(level, 0) && item->getParent()->getLast() == item) {
@@ -49,7 +49,7 @@ DropSpot ViewController::spotBehind(std::size_t row, int level) const {
         --itemLevel;
     }
     Bookmark& folder = *item->getParent();
-    return {.item = &folder == &getMaster() ? nullptr : &folder,
+    return {.item = &folder == &outline_.getMaster() ? nullptr : &folder,
             .childIndex = folder.getChildren()->indexOf(*item) + 1,
             .row = row + 1,
             .level = itemLevel};
@@ -59,22 +59,22 @@ DropSpot ViewController::dropSpot(std::optional<std::size_t> row, double fractio
     if (!row)
         return {};
     // A bookmark takes no drop: its halves are what is before and behind it.
-    const bool isFolder = rows_.at(*row).isFolder();
+    const bool isFolder = outline_.itemAtRow(*row).isFolder();
     if (fraction < (isFolder ? 0.25 : 0.5))
         return spotBefore(*row);
     if (fraction > 0.75 || !isFolder)
         return spotBehind(*row, level);
-    return {.item = &rows_.at(*row), .row = row};
+    return {.item = &outline_.itemAtRow(*row), .row = row};
 }
 
 bool ViewController::dragIsLocalReorder(const DragInfo& drag) const {
-    return drag.source == this &&
+    return drag.source == &outline_ &&
            std::ranges::any_of(drag.items, [](const PasteboardItem& item) { return item.offers(kItemType); });
 }
 
 DragOperation ViewController::validateDrop(const DragInfo& drag, Bookmark* item,
                                            std::optional<std::size_t> childIndex) {
-    const Bookmark& target = item ? *item : getMaster();
+    const Bookmark& target = item ? *item : outline_.getMaster();
     dragOperation_ = DragOperation::None;
     if (!target.isFolder() && !childIndex)
         return dragOperation_;
@@ -89,68 +89,67 @@ DragOperation ViewController::validateDrop(const DragInfo& drag, Bookmark* item,
                 return dragOperation_;
         }
     }
-    const bool copies = drag.copies || drag.source != this;
+    const bool copies = drag.copies || drag.source != &outline_;
     dragOperation_ = copies ? DragOperation::Copy : DragOperation::Move;
     return dragOperation_;
 }
 
 // Nothing where no drop is taken.
-std::optional<ViewController::Place>
-ViewController::placeOfDrop(Bookmark* item, std::optional<std::size_t> childIndex) const {
-    Bookmark& target = item ? *item : getMaster();
+std::optional<ChildPlace> ViewController::placeOfDrop(Bookmark* item,
+                                                      std::optional<std::size_t> childIndex) const {
+    Bookmark& target = item ? *item : outline_.getMaster();
     const auto childCount = [](const Bookmark& folder) {
         return folder.getChildren() ? folder.getChildren()->size() : 0;
     };
     if (target.isFolder() && childIndex)
-        return Place{&target, std::min(*childIndex, childCount(target))};
+        return ChildPlace{&target, std::min(*childIndex, childCount(target))};
     if (target.isFolder())
-        return Place{&target, item ? 0 : childCount(target)};
+        return ChildPlace{&target, item ? 0 : childCount(target)};
     Bookmark* parent = target.getParent();
     if (!childIndex || !parent)
         return std::nullopt;
-    return Place{parent, parent->getChildren()->indexOf(target) + 1};
+    return ChildPlace{parent, parent->getChildren()->indexOf(target) + 1};
 }
 
 // The node that goes into the tree for a dragged one, which leaves its place where it is moved. Null for one
 // that has left the tree meanwhile, or would go into itself.
-Ref<Bookmark> ViewController::droppedNode(const DragInfo& drag, const PasteboardItem& dragged, Place& place) {
+Ref<Bookmark> ViewController::droppedNode(const DragInfo& drag, const PasteboardItem& dragged,
+                                          ChildPlace& place) {
     Ref<Bookmark> node = bookmarkOf(dragged);
     if (!node || dragOperation_ == DragOperation::Delete)
         return nullptr;
-    if (drag.source != this || dragOperation_ != DragOperation::Move)
+    if (drag.source != &outline_ || dragOperation_ != DragOperation::Move)
         return deepCopy(*node);
     const std::string* record = dragged.get(kItemType);
     if (!record || !shared_.records.find(*record))
         return node; // made of the item just now
-    if (!isInTree(*node, getMaster()) || (node->hasChildren() && node->offSpring(*place.folder)))
+    if (!isInTree(*node, outline_.getMaster()) || (node->hasChildren() && node->offSpring(*place.folder)))
         return nullptr;
     const Bookmark& parent = *node->getParent();
     if (&parent == place.folder && parent.getChildren()->indexOf(*node) < place.index)
         --place.index;
-    removeItem(*node);
+    outline_.removeItem(*node);
     return node;
 }
 
 bool ViewController::acceptDrop(const DragInfo& drag, Bookmark* item, std::optional<std::size_t> childIndex) {
-    std::optional<Place> place = placeOfDrop(item, childIndex);
+    std::optional<ChildPlace> place = placeOfDrop(item, childIndex);
     if (!place || dragOperation_ == DragOperation::None)
         return false;
     commitEditing();
     const Ref<Bookmark> folder(place->folder);
     std::vector<Ref<Bookmark>> dropped;
-    const bool many = drag.items.size() > kRowsHandledSingly;
-    if (many)
-        beginChangingManyRows();
-    for (const PasteboardItem& dragged : drag.items) {
-        Ref<Bookmark> node = droppedNode(drag, dragged, *place);
-        if (!node)
-            continue;
-        insertChild(*place->folder, place->index++, node);
-        makeDirty();
-        dropped.push_back(std::move(node));
+    {
+        const Outline::ManyRows rows(outline_, drag.items.size());
+        for (const PasteboardItem& dragged : drag.items) {
+            Ref<Bookmark> node = droppedNode(drag, dragged, *place);
+            if (!node)
+                continue;
+            outline_.insertChild(*place->folder, place->index++, node);
+            outline_.makeDirty();
+            dropped.push_back(std::move(node));
+        }
     }
-    if (many)
-        endChangingManyRows();
     selectDropped(dropped);
     return true;
 }
@@ -158,10 +157,10 @@ bool ViewController::acceptDrop(const DragInfo& drag, Bookmark* item, std::optio
 void ViewController::selectDropped(const std::vector<Ref<Bookmark>>& dropped) {
     std::vector<Bookmark*> shown;
     for (const Ref<Bookmark>& node : dropped)
-        if (rowForItem(*node))
+        if (outline_.rowForItem(*node))
             shown.push_back(node.get());
     if (!shown.empty())
-        selectItems(shown);
+        outline_.selectItems(shown);
 }
 
 } // namespace tabulon

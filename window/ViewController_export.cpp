@@ -47,7 +47,7 @@ Result<std::string> ViewController::exportToText() const {
 }
 
 Result<std::string> ViewController::exportTo(std::string_view format, Progress* progress) const {
-    return exportFormatNamed(format)->write(getMaster(), platform_.base, progress);
+    return exportFormatNamed(format)->write(outline_.getMaster(), platform_.base, progress);
 }
 
 void ViewController::exportText() {
@@ -92,10 +92,10 @@ void ViewController::writeOrLog(const std::string& path, std::string_view bytes)
 
 void ViewController::saveBookmark() {
     std::vector<Ref<Bookmark>> links;
-    for (const RowRange& range : outline().selectedRows())
+    for (const RowRange& range : outline_.view().selectedRows())
         for (std::size_t row = range.first; row < range.first + range.count; ++row)
-            if (canBeSaved(itemAtRow(row)))
-                links.emplace_back(&itemAtRow(row));
+            if (canBeSaved(outline_.itemAtRow(row)))
+                links.emplace_back(&outline_.itemAtRow(row));
     std::ranges::reverse(links);
     saveBookmarkFiles(std::move(links));
 }

@@ -12,11 +12,11 @@ std::size_t ViewController::findText(const std::string& string) {
 }
 
 void ViewController::beginFinding(const std::string& string) {
-    finder_.begin(getMaster(), string);
+    finder_.begin(outline_.getMaster(), string);
 }
 
 std::optional<std::size_t> ViewController::goOnFinding(std::size_t nodes) {
-    const std::optional<Finder::Start> start = finder_.goOn(getMaster(), nodes);
+    const std::optional<Finder::Start> start = finder_.goOn(outline_.getMaster(), nodes);
     if (!start)
         return std::nullopt;
     if (start->matched)
@@ -27,23 +27,23 @@ std::optional<std::size_t> ViewController::goOnFinding(std::size_t nodes) {
 void ViewController::findNext() {
     if (finder_.searchString().empty())
         return platform_.beeper.beep();
-    if (Bookmark* found = finder_.findNext(getMaster()))
+    if (Bookmark* found = finder_.findNext(outline_.getMaster()))
         selectBookmark(*found);
     else
         platform_.beeper.beep();
 }
 
 void ViewController::selectBookmark(Bookmark& node) {
-    if (!rowForItem(node))
-        reveal(node);
-    selectRowOf(node);
+    if (!outline_.rowForItem(node))
+        outline_.reveal(node);
+    outline_.selectRowOf(node);
     showMatch();
 }
 
 // What was found where no cell shows it.
 void ViewController::showMatch() {
     const FindPhases& phases = shared_.findPhases;
-    if ((!phases.foundInTags && !phases.foundInNote) || !hasSelection())
+    if ((!phases.foundInTags && !phases.foundInNote) || !outline_.hasSelection())
         return;
     getInfo();
     const Bookmark& found = *finder_.foundBookmark();
@@ -53,21 +53,6 @@ void ViewController::showMatch() {
         info_->selectNote(match);
     else
         info_->selectTags(match);
-}
-
-// Everything above the node is expanded, the outermost folder last: its rows come in one go.
-void ViewController::reveal(const Bookmark& node) {
-    Bookmark* ancestor = node.getParent();
-    std::size_t changes = 0;
-    for (; ancestor && ancestor != &getMaster() && !rowForItem(*ancestor); ancestor = ancestor->getParent()) {
-        changes += std::size_t{ancestor->isFolder() && !ancestor->showHier()};
-        if (ancestor->isFolder())
-            ancestor->setShowHier(true);
-    }
-    if (!ancestor || ancestor == &getMaster())
-        return;
-    rememberDesktop(changes);
-    expandItem(*ancestor);
 }
 
 } // namespace tabulon

@@ -6,7 +6,7 @@ namespace tabulon {
 
 ViewController::Counts ViewController::countNodes() const {
     Counts counts;
-    walkBelow(getMaster(), [&](const Bookmark& item) {
+    walkBelow(outline_.getMaster(), [&](const Bookmark& item) {
         if (item.isFolder())
             ++counts.folders;
         else if (!item.isSeparator())
@@ -24,38 +24,28 @@ std::string ViewController::countsText() {
            texts.format("%d folders", counts_->folders);
 }
 
-// Another row may come to stand there.
-void ViewController::forgetRowsUnderPointer() {
-    hoveredRow_.reset();
-    clickedRow_.reset();
-    statusLine_.rowsWillChange();
+void ViewController::pointerIsOver(std::optional<std::size_t> row) {
+    row ? statusLine_.showAddress(outline_.itemAtRow(*row)) : statusLine_.showCounts();
 }
 
-void ViewController::mouseMoved(std::optional<std::size_t> row) {
-    if (!row)
-        statusLine_.showCounts();
-    else if (row != hoveredRow_)
-        statusLine_.showAddress(rows_.at(*row));
-    hoveredRow_ = row;
-}
-
-void ViewController::mouseExited() {
-    hoveredRow_.reset();
+void ViewController::pointerDidLeave() {
     statusLine_.fallBack();
 }
 
 void ViewController::selectionDidChange(SelectedBy cause) {
-    if (!window_) // a view reports an empty selection while it is being made
-        return;
     autoEdit_.reset();
     if (cause == SelectedBy::User)
         scheduleAutoEdit();
     updateURL();
 }
 
+void ViewController::currentRowDidChange() {
+    updateURL();
+}
+
 void ViewController::updateURL() {
-    if (const auto row = outline().selectedRow())
-        statusLine_.showAddress(rows_.at(*row));
+    if (const auto row = outline_.view().selectedRow())
+        statusLine_.showAddress(outline_.itemAtRow(*row));
 }
 
 } // namespace tabulon

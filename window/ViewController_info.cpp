@@ -5,11 +5,11 @@
 namespace tabulon {
 
 void ViewController::getInfo() {
-    const std::vector<Bookmark*> items = getSelectionArray();
-    const std::optional<std::size_t> current = outline().selectedRow();
+    const std::vector<Bookmark*> items = outline_.getSelectionArray();
+    const std::optional<std::size_t> current = outline_.view().selectedRow();
     if (items.empty())
         return noSelection();
-    Bookmark& item = items.size() > 1 && current ? rows_.at(*current) : *items.front();
+    Bookmark& item = items.size() > 1 && current ? outline_.itemAtRow(*current) : *items.front();
     if (info_ && info_->isShown()) {
         info_->editBookmark(item);
         if (!window_->findBar().hasKeyboard()) // else the user types on
@@ -23,25 +23,10 @@ void ViewController::getInfo() {
     window_->presentInfo(info_);
 }
 
-// Nodes have left the tree for good.
-void ViewController::nodesDidLeave() {
-    if (info_)
-        info_->nodesDidLeave();
-}
-
-void ViewController::selectRowOf(const Bookmark& item) {
-    if (const auto row = rowForItem(item)) {
-        outline().selectRows({{*row, 1}});
-        outline().scrollRowToVisible(*row);
-    }
-}
-
 void ViewController::infoDidChange(const Bookmark& item, bool newURL) {
-    if (const auto row = rowForItem(item))
-        outline().reloadRows({*row, 1});
     if (newURL)
         updateURL();
-    makeDirty();
+    outline_.itemDidChange(item);
 }
 
 } // namespace tabulon

@@ -22,38 +22,28 @@ void ViewController::enableMarks() {
 }
 
 void ViewController::showMarksView() {
-    if (rows_.size() > 0)
-        outline().reloadRows({0, rows_.size()});
-}
-
-// Those that have a row. The items are in document order, and so are their rows.
-void ViewController::reloadItems(const std::vector<Bookmark*>& items) {
-    RowSet rows;
-    for (const Bookmark* item : items)
-        if (const auto row = rowForItem(*item))
-            addRow(rows, *row);
-    for (const RowRange& range : rows)
-        outline().reloadRows(range);
+    if (outline_.numberOfRows() > 0)
+        outline_.view().reloadRows({0, outline_.numberOfRows()});
 }
 
 void ViewController::findDuplicates() {
     if (moveWasteDown() != kAlertFirstButton)
         return;
     enableMarks();
-    reloadItems(clearDuplicateStatus(getMaster()));
-    const std::vector<Bookmark*> duplicates = markDuplicates(getMaster());
-    reloadItems(duplicates);
+    outline_.reloadItems(clearDuplicateStatus(outline_.getMaster()));
+    const std::vector<Bookmark*> duplicates = markDuplicates(outline_.getMaster());
+    outline_.reloadItems(duplicates);
     statusLine_.replaceStatus(platform_.base.texts.format("%d duplicates marked", duplicates.size()));
 }
 
 void ViewController::clearMarks() {
-    tabulon::clearMarks(getMaster());
+    tabulon::clearMarks(outline_.getMaster());
     if (platform_.base.defaults.boolForKey("ShowMarks"))
         showMarksView();
 }
 
 int ViewController::moveWasteDown() {
-    const Ref<Bookmark> basket(misplacedWasteBasket(getMaster(), platform_.base.texts));
+    const Ref<Bookmark> basket(misplacedWasteBasket(outline_.getMaster(), platform_.base.texts));
     if (!basket)
         return kAlertFirstButton;
     const Localization& texts = platform_.base.texts;
@@ -63,7 +53,7 @@ int ViewController::moveWasteDown() {
               .informative = texts.text("WasteBasketInfo"),
               .buttons = {{texts.text("OK")}, {texts.text("Cancel"), AlertButtonRole::Cancel}}});
     if (response == kAlertFirstButton) {
-        removeItem(*basket);
+        outline_.removeItem(*basket);
         DropBasketAtEnd(basket);
     }
     return response;
@@ -89,13 +79,15 @@ void ViewController::deleteSheetExecute() {
 
 // The rows are laid out anew in one go, the first one too.
 Removal ViewController::deleteBookmarksConditional(const RemovalOptions& options) {
-    const std::vector<Bookmark*> selected = selectedItems(0, rows_.size());
-    beginChangingManyRows();
-    Removal removal = removeByStatus(getMaster(), options, platform_.base.texts, now());
-    endChangingManyRows();
+    const std::vector<Bookmark*> selected = outline_.selectedItems();
+    Removal removal;
+    {
+        const Outline::ManyRows rows(outline_, Outline::ManyRows::kAlways);
+        removal = removeByStatus(outline_.getMaster(), options, platform_.base.texts, now());
+    }
     const bool arrived = options.move && !removal.items.empty();
     if (!arrived) // what arrives in a basket takes the selection with it
-        selectItems(selected);
+        outline_.selectItems(selected);
     return removal;
 }
 
@@ -106,7 +98,7 @@ void ViewController::deleteBookmarksConditionalCommand(const RemovalOptions& opt
     // A link that goes into the basket is a change of its own, and so is the basket.
     const std::size_t arrivals = options.move ? count + std::size_t{removal.madeBasket} : 0;
     for (std::size_t changes = count > 0 ? arrivals + 1 : 0; changes > 0; --changes)
-        makeDirty();
+        outline_.makeDirty();
     if (count > 0 && !options.move)
         tellDeletion(std::move(removal.places));
     const Localization& texts = platform_.base.texts;
@@ -118,7 +110,7 @@ void ViewController::deleteBookmarksConditionalCommand(const RemovalOptions& opt
 
 void ViewController::deleteDuplicatesCommand() {
     const Localization& texts = platform_.base.texts;
-    const std::size_t count = tabulon::findDuplicates(getMaster()).size();
+    const std::size_t count = tabulon::findDuplicates(outline_.getMaster()).size();
     const std::string title = texts.counted("Delete %d Duplicates", count, numberText(count, texts.locale()));
     const int response = platform_.alerts.runModal(Alert{
         .style = AlertStyle::Informational,
@@ -133,8 +125,8 @@ void ViewController::deleteDuplicatesCommand() {
 
 // Whatever the settings say: duplicates alone, and not into the Waste Basket.
 void ViewController::deleteDuplicatesExecute() {
-    clearDuplicateStatus(getMaster());
-    markDuplicates(getMaster());
+    clearDuplicateStatus(outline_.getMaster());
+    markDuplicates(outline_.getMaster());
     deleteBookmarksConditionalCommand({.duplicates = true});
 }
 

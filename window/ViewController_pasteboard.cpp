@@ -26,7 +26,7 @@ void ViewController::copyEditMenu() {
 }
 
 void ViewController::copyBookmarks() {
-    copyBookmarksArray(getSelectionArray());
+    copyBookmarksArray(outline_.getSelectionArray());
 }
 
 void ViewController::copyBookmarksArray(const std::vector<Bookmark*>& items) {
@@ -102,11 +102,11 @@ void ViewController::splitBookmarks(std::string_view text) {
 
 // One after the other, a change each.
 void ViewController::addNewItems(const std::vector<Ref<Bookmark>>& items) {
-    if (items.size() > kRowsHandledSingly)
+    if (items.size() > Outline::ManyRows::kRowsHandledSingly)
         return addManyNewData(items);
     for (const Ref<Bookmark>& item : items) {
         addNewData(item);
-        makeDirty();
+        outline_.makeDirty();
     }
 }
 
@@ -135,7 +135,7 @@ Ref<Bookmark> ViewController::splitBookmark(std::string_view string) {
     if (!bookmark)
         return nullptr;
     addNewData(bookmark);
-    makeDirty();
+    outline_.makeDirty();
     return bookmark;
 }
 
@@ -148,8 +148,8 @@ bool ViewController::writeSelectionToPasteboardTypes(PasteboardItem& pasteboard,
     if (std::ranges::find(types, kStringType) == types.end())
         return false;
     pasteboard = {};
-    const std::optional<std::size_t> row = outline().selectedRow();
-    const Text url = row ? rows_.at(*row).itemURL() : Text();
+    const std::optional<std::size_t> row = outline_.view().selectedRow();
+    const Text url = row ? outline_.itemAtRow(*row).itemURL() : Text();
     if (url.isNull())
         return false;
     pasteboard.set(kStringType, url.string());

@@ -25,7 +25,7 @@ ColoredText cellText(const Text& text, const std::optional<LabelColor>& color) {
 } // namespace
 
 CellContent ViewController::viewForTableColumn(Column column, std::size_t row, bool selected) const {
-    const Bookmark& item = rows_.at(row);
+    const Bookmark& item = outline_.itemAtRow(row);
     const std::optional<LabelColor> color = textColor(item, selected);
     CellContent cell;
     switch (column) {
@@ -84,7 +84,7 @@ CellContent ViewController::nameCell(const Bookmark& item, const std::optional<L
 Text ViewController::toolTipForCell(Column column, std::size_t row) const {
     if (column != Column::Name || !platform_.base.defaults.boolForKey("ShowBalloonNote"))
         return Text("");
-    return textOrEmpty(rows_.at(row).itemNote());
+    return textOrEmpty(outline_.itemAtRow(row).itemNote());
 }
 
 OutlineFont ViewController::font() const {

@@ -26,21 +26,19 @@ SortDirection opposite(SortDirection direction) {
 
 void ViewController::sortByIndexAscending(int index, bool ascending) {
     const auto direction = ascending ? SortDirection::Ascending : SortDirection::Descending;
-    for (Bookmark* item : getSelectionArray()) {
+    for (Bookmark* item : outline_.getSelectionArray()) {
         if (!item->isFolder())
             continue;
-        const std::size_t shownBefore = isExpanded(*item) ? shownCountBelow(*item) : 0;
         sortFolder(*item, sortKeyForIndex(index), direction, collation_);
-        if (const auto row = rowForItem(*item))
-            replaceRowsBelow(*row, shownBefore);
-        makeDirty();
+        outline_.childrenDidReorder(*item);
+        outline_.makeDirty();
     }
 }
 
 void ViewController::sortDescriptorsDidChange(Column column, SortDirection direction) {
-    sortFolder(getMaster(), sortKeyForIndex(sortIndexOf(column)), direction, collation_);
-    reloadKeepingSelection();
-    makeDirty();
+    sortFolder(outline_.getMaster(), sortKeyForIndex(sortIndexOf(column)), direction, collation_);
+    outline_.childrenDidReorder(outline_.getMaster());
+    outline_.makeDirty();
 }
 
 void ViewController::headerClicked(Column column) {
@@ -53,7 +51,7 @@ void ViewController::headerClicked(Column column) {
         return;
     const bool again = sortedBy_ && sortedBy_->first == column;
     sortedBy_ = {column, again ? opposite(sortedBy_->second) : prototype->second};
-    outline().showSortIndicator(column, sortedBy_->second);
+    outline_.view().showSortIndicator(column, sortedBy_->second);
     sortDescriptorsDidChange(column, sortedBy_->second);
 }
 
@@ -75,13 +73,13 @@ void ViewController::sortNameSheet() {
         addSortDescriptors();
         return;
     }
-    outline().endEditing();
-    outline().selectRows({});
+    outline_.view().endEditing();
+    outline_.view().selectRows({});
 }
 
 void ViewController::addSortDescriptors() {
     for (const Column column : {Column::Name, Column::URL, Column::Tags}) {
-        if (column == Column::Tags && !outline().tagsColumnIndex())
+        if (column == Column::Tags && !outline_.view().tagsColumnIndex())
             continue;
         const auto had = sortPrototypes_.find(column);
         sortPrototypes_[column] =
@@ -92,7 +90,7 @@ void ViewController::addSortDescriptors() {
 void ViewController::defaultNoSorting() {
     sortPrototypes_.clear();
     sortedBy_.reset();
-    outline().showSortIndicator(std::nullopt, SortDirection::Ascending);
+    outline_.view().showSortIndicator(std::nullopt, SortDirection::Ascending);
 }
 
 } // namespace tabulon

@@ -17,7 +17,7 @@ void ViewController::viewDidLoad() {
     UserDefaults& defaults = platform_.base.defaults;
     if (font().size == kSmallFontSize && rowHeight() != kSmallFontRowHeight)
         defaults.setDoubleForKey("RowHeight", kSmallFontRowHeight);
-    outline().setTableFont(font(), rowHeight());
+    outline_.view().setTableFont(font(), rowHeight());
     fitURLField(font().size);
     if (defaults.boolForKey("AddTagsColumn"))
         addTagsColumn();
@@ -49,7 +49,7 @@ void ViewController::setTableFontSizeRowHeight(double size, double rowHeight) {
     UserDefaults& defaults = platform_.base.defaults;
     defaults.setDoubleForKey("FontSize", size);
     defaults.setDoubleForKey("RowHeight", rowHeight);
-    outline().setTableFont(font(), rowHeight);
+    outline_.view().setTableFont(font(), rowHeight);
     fitURLField(size);
 }
 
@@ -60,21 +60,21 @@ void ViewController::fitURLField(double fontSize) {
 
 void ViewController::addTagsColumn() {
     shared_.findPhases.tagsWithName = true;
-    if (outline().tagsColumnIndex())
+    if (outline_.view().tagsColumnIndex())
         return;
     const UserDefaults& defaults = platform_.base.defaults;
     const std::int64_t index = std::max<std::int64_t>(0, defaults.integerForKey("TagsIndex"));
-    outline().addTagsColumn(static_cast<std::size_t>(index), defaults.doubleForKey("TagsWidth"));
+    outline_.view().addTagsColumn(static_cast<std::size_t>(index), defaults.doubleForKey("TagsWidth"));
 }
 
 void ViewController::removeTagsColumn() {
     shared_.findPhases.tagsWithName = false;
-    if (outline().tagsColumnIndex())
-        outline().removeTagsColumn();
+    if (outline_.view().tagsColumnIndex())
+        outline_.view().removeTagsColumn();
 }
 
 void ViewController::outlineViewColumnDidMove() {
-    if (const auto index = outline().tagsColumnIndex())
+    if (const auto index = outline_.view().tagsColumnIndex())
         platform_.base.defaults.setIntegerForKey("TagsIndex", static_cast<std::int64_t>(*index));
 }
 

@@ -192,7 +192,7 @@ TEST_F(VersionsTest, theWholeVersionIsPutBackAsOneChange) {
     controller->putBackAll();
     EXPECT_EQ(onlyLink().itemName(), Text("first"));
     EXPECT_EQ(document().changeCount(), 1);
-    EXPECT_EQ(&onlyLink(), &documents().getViewController(document())->itemAtRow(0));
+    EXPECT_EQ(&onlyLink(), &documents().getViewController(document())->outline().itemAtRow(0));
     EXPECT_EQ(panel.dismissals, 1);
 }
 
@@ -212,7 +212,7 @@ TEST_F(VersionsTest, chosenItemsArePutBackAsOneChange) {
     EXPECT_EQ(document().getMaster().getChildren()->size(), 2u);
     EXPECT_EQ(onlyLink().itemName(), Text("first"));
     EXPECT_EQ(document().changeCount(), 1);
-    EXPECT_EQ(documents().getViewController(document())->numberOfRows(), 2u);
+    EXPECT_EQ(documents().getViewController(document())->outline().numberOfRows(), 2u);
 }
 
 TEST_F(VersionsTest, whatIsNotSavedYetIsAVersionBeforeAnythingIsPutBack) {

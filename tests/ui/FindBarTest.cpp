@@ -186,7 +186,7 @@ protected:
         add(makeLink("next"));
         openWidget();
         controller->setSearchString("hit");
-        controller->selectRowOf(*link);
+        controller->outline().selectRowOf(*link);
         info = std::make_shared<GetInfoController>(*controller, platform());
         info->editBookmark(*link);
         sheet = new InfoSheet(info, base.texts, nullptr);

@@ -132,7 +132,7 @@ TEST_F(OutlineColumnsTest, NamesAndTrianglesWorkWhereverTheNameColumnStands) {
     const QRect name = cell(1, Column::Name);
     EXPECT_GT(name.left(), 300);
     QTest::mouseClick(widget().viewport(), Qt::LeftButton, {}, QPoint(name.left() + 12, name.center().y()));
-    EXPECT_EQ(controller->numberOfRows(), 3u);
+    EXPECT_EQ(controller->outline().numberOfRows(), 3u);
 }
 
 TEST_F(OutlineColumnsTest, ColumnsKeepTheirPlacesAndWidthsWhenTheTreeIsReplaced) {

@@ -45,8 +45,8 @@ protected:
     }
     std::vector<std::string> names() {
         std::vector<std::string> names;
-        for (std::size_t row = 0; row < controller->numberOfRows(); ++row)
-            names.push_back(controller->itemAtRow(row).itemName().string());
+        for (std::size_t row = 0; row < controller->outline().numberOfRows(); ++row)
+            names.push_back(controller->outline().itemAtRow(row).itemName().string());
         return names;
     }
 

@@ -195,7 +195,7 @@ TEST_F(OutlineEditingTest, theFolderIsCurrentWhenItsRowsGo) {
     add(makeLink("behind"));
     open();
     widget().goToRow(4);
-    controller->collapseItem(*folder);
+    controller->outline().collapseItem(*folder);
     EXPECT_EQ(currentRow(), 2);
 }
 
@@ -290,8 +290,8 @@ TEST_F(OutlineEditingTest, TabFromTheNameOfANewBookmarkReachesItsOwnAddressWhere
     ASSERT_TRUE(field());
     QTest::keyClicks(field(), "https://typed.example/");
     QTest::keyClick(field(), Qt::Key_Return);
-    EXPECT_EQ(controller->itemAtRow(0).itemName().view(), "new");
-    EXPECT_EQ(controller->itemAtRow(0).itemURL().view(), "https://typed.example/");
+    EXPECT_EQ(controller->outline().itemAtRow(0).itemName().view(), "new");
+    EXPECT_EQ(controller->outline().itemAtRow(0).itemURL().view(), "https://typed.example/");
     EXPECT_EQ(link_->itemName().view(), "link");
 }
 

@@ -45,16 +45,16 @@ protected:
 
 TEST_F(OutlineScaleTest, AHundredThousandRowsAreLabelledCopiedPastedAndDeletedInASecondEach) {
     openFolders(1000, 99);
-    ASSERT_EQ(controller->numberOfRows(), 100000u);
+    ASSERT_EQ(controller->outline().numberOfRows(), 100000u);
     expectWithin("select all", 1, [&] { widget().selectAll(); });
     expectWithin("label 100,000 rows", 1, [&] { controller->labelBookmark(3); });
     expectWithin("copy 100,000 rows", 1, [&] { controller->copyEditMenu(); });
     widget().selectRows({{99999, 1}});
     expectWithin("paste them", 2, [&] { controller->pasteEditMenu(); });
-    EXPECT_GT(controller->numberOfRows(), 200000u);
+    EXPECT_GT(controller->outline().numberOfRows(), 200000u);
     expectWithin("select all", 1, [&] { widget().selectAll(); });
     expectWithin("delete 200,000 rows", 1, [&] { controller->deleteSelection(); });
-    EXPECT_EQ(controller->numberOfRows(), 0u);
+    EXPECT_EQ(controller->outline().numberOfRows(), 0u);
 }
 
 TEST_F(OutlineScaleTest, AHundredThousandRowsAreDraggedInASecond) {
@@ -65,25 +65,25 @@ TEST_F(OutlineScaleTest, AHundredThousandRowsAreDraggedInASecond) {
                  [&] { content = controller->mimeContentOf(controller->beginDraggingSession()); });
     std::vector<PasteboardItem> items;
     expectWithin("read them where they arrive", 1, [&] { items = controller->itemsIn(content); });
-    const DragInfo drag{.source = controller.get(), .copies = false, .items = items};
-    Bookmark& folder = controller->itemAtRow(0);
+    const DragInfo drag{.source = &controller->outline(), .copies = false, .items = items};
+    Bookmark& folder = controller->outline().itemAtRow(0);
     expectWithin("offer them to a folder", 1, [&] {
         EXPECT_EQ(controller->validateDrop(drag, &folder, std::nullopt), DragOperation::Move);
     });
     expectWithin("drop them there", 1,
                  [&] { EXPECT_TRUE(controller->acceptDrop(drag, &folder, std::nullopt)); });
     EXPECT_EQ(folder.getChildren()->size(), 100000u);
-    EXPECT_EQ(controller->numberOfRows(), 1u);
-    controller->expandItem(folder);
+    EXPECT_EQ(controller->outline().numberOfRows(), 1u);
+    controller->outline().expandItem(folder);
     widget().selectRows({{1, 100000}});
     const std::vector<PasteboardItem> again = controller->beginDraggingSession();
-    const DragInfo out{.source = controller.get(), .copies = false, .items = again};
+    const DragInfo out{.source = &controller->outline(), .copies = false, .items = again};
     expectWithin("and out of it again", 1, [&] {
         EXPECT_EQ(controller->validateDrop(out, nullptr, std::nullopt), DragOperation::Move);
         EXPECT_TRUE(controller->acceptDrop(out, nullptr, std::nullopt));
     });
     EXPECT_EQ(folder.getChildren()->size(), 0u);
-    EXPECT_EQ(controller->numberOfRows(), 100001u);
+    EXPECT_EQ(controller->outline().numberOfRows(), 100001u);
 }
 
 TEST_F(OutlineScaleTest, EverySecondRowOfAHundredThousandIsWorkedOnInASecond) {
@@ -97,7 +97,7 @@ TEST_F(OutlineScaleTest, EverySecondRowOfAHundredThousandIsWorkedOnInASecond) {
     expectWithin("label 50,000 rows", 1, [&] { controller->labelBookmark(3); });
     expectWithin("copy 50,000 rows", 1, [&] { controller->copyEditMenu(); });
     expectWithin("delete 50,000 rows", 1, [&] { controller->deleteSelection(); });
-    EXPECT_EQ(controller->numberOfRows(), 50001u);
+    EXPECT_EQ(controller->outline().numberOfRows(), 50001u);
 }
 
 class OneEditTest : public OutlineScaleTest {
@@ -108,7 +108,7 @@ protected:
 
     void SetUp() override {
         openFolders(1000, 1000);
-        ASSERT_EQ(controller->numberOfRows(), 1001000u);
+        ASSERT_EQ(controller->outline().numberOfRows(), 1001000u);
     }
     /// Selects a row, runs the edit, and that several times: the one in the middle counts.
     template <class Edit>
@@ -146,9 +146,9 @@ TEST_F(OneEditTest, InADocumentOfAMillionNodesItIsDoneWithinAFrame) {
     expectWithinAFrame("into the basket", [&] { controller->AddToBasket(makeLink("arrived")); });
     expectWithinAFrame("drag to another folder", [&] {
         const std::vector<PasteboardItem> items = controller->beginDraggingSession();
-        const DragInfo drag{.source = controller.get(), .copies = false, .items = items};
-        controller->validateDrop(drag, &controller->itemAtRow(0), std::nullopt);
-        EXPECT_TRUE(controller->acceptDrop(drag, &controller->itemAtRow(0), std::nullopt));
+        const DragInfo drag{.source = &controller->outline(), .copies = false, .items = items};
+        controller->validateDrop(drag, &controller->outline().itemAtRow(0), std::nullopt);
+        EXPECT_TRUE(controller->acceptDrop(drag, &controller->outline().itemAtRow(0), std::nullopt));
     });
     expectWithinAFrame("move down a folder of 1,000", [&] {
         widget().selectRows({{0, 1}});

@@ -28,11 +28,11 @@ protected:
     }
     void open() {
         WindowTest::open();
-        source = controller.get();
+        source = &controller->outline();
     }
 
     std::vector<PasteboardItem> dragged;
-    const ViewController* source = nullptr;
+    const Outline* source = nullptr;
     bool copies = false;
 };
 
@@ -49,7 +49,7 @@ TEST_F(DraggingTest, severalRowsGoDownInTheirFolderAndKeepTheirOrder) {
     drag({&second, &third});
     EXPECT_TRUE(drop(&folder, 4));
     EXPECT_EQ(rowNames(), (Names{"f", "1", "4", "2", "3"}));
-    EXPECT_EQ(&controller->itemAtRow(3), &second) << "the node itself";
+    EXPECT_EQ(&controller->outline().itemAtRow(3), &second) << "the node itself";
     EXPECT_EQ(document.changeCount(), 2) << "one change a node";
     EXPECT_EQ(outline().selectedRows(), (RowSet{{3, 2}})) << "what was dropped is selected";
 }
@@ -141,9 +141,9 @@ TEST_F(DraggingTest, theOptionKeyMakesACopy) {
     copies = true;
     EXPECT_TRUE(drop(nullptr, 1));
     EXPECT_EQ(rowNames(), (Names{"f", "l", "f", "l"}));
-    EXPECT_EQ(controller->itemAtRow(3).itemNote(), Text("note"));
-    EXPECT_NE(&controller->itemAtRow(3), &link);
-    EXPECT_EQ(controller->itemAtRow(3).getDocument(), &document);
+    EXPECT_EQ(controller->outline().itemAtRow(3).itemNote(), Text("note"));
+    EXPECT_NE(&controller->outline().itemAtRow(3), &link);
+    EXPECT_EQ(controller->outline().itemAtRow(3).getDocument(), &document);
 }
 
 TEST_F(DraggingTest, betweenTwoWindowsItIsACopy) {
@@ -157,9 +157,9 @@ TEST_F(DraggingTest, betweenTwoWindowsItIsACopy) {
     EXPECT_FALSE(other.dragIsLocalReorder(info()));
     EXPECT_EQ(other.validateDrop(info(), nullptr, kOnItem), DragOperation::Copy);
     EXPECT_TRUE(other.acceptDrop(info(), nullptr, kOnItem));
-    ASSERT_EQ(other.numberOfRows(), 1u);
-    EXPECT_NE(&other.itemAtRow(0), &link);
-    EXPECT_EQ(other.itemAtRow(0).getDocument(), &second);
+    ASSERT_EQ(other.outline().numberOfRows(), 1u);
+    EXPECT_NE(&other.outline().itemAtRow(0), &link);
+    EXPECT_EQ(other.outline().itemAtRow(0).getDocument(), &second);
     EXPECT_EQ(rowNames(), Names{"l"});
     EXPECT_EQ(link.getDocument(), &document);
     EXPECT_EQ(document.changeCount(), 0);
@@ -174,8 +174,8 @@ TEST_F(DraggingTest, linksOfOtherProgramsAreInsertedAndWhatIsNothingIsSkipped) {
     EXPECT_EQ(validate(&folder, 0), DragOperation::Copy);
     EXPECT_TRUE(drop(&folder, 0));
     ASSERT_EQ(rowNames(), (Names{"f", "Untitled", "Untitled"}));
-    EXPECT_EQ(controller->itemAtRow(1).itemURL(), Text("https://a/"));
-    EXPECT_EQ(controller->itemAtRow(2).itemURL(), Text("https://b/"));
+    EXPECT_EQ(controller->outline().itemAtRow(1).itemURL(), Text("https://a/"));
+    EXPECT_EQ(controller->outline().itemAtRow(2).itemURL(), Text("https://b/"));
 }
 
 TEST_F(DraggingTest, manyRowsMoveAsFewDo) {

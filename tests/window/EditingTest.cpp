@@ -334,11 +334,11 @@ TEST_F(EditingTest, aLabelSkipsSeparatorsAndThoseThatHaveIt) {
 TEST_F(EditingTest, aClickedRowOutsideTheSelectionIsActedOnAlone) {
     build("abc");
     select("ab");
-    controller->setClickedRow(2);
+    controller->outline().setClickedRow(2);
     controller->labelBookmark(5);
     EXPECT_EQ(item('c').getLabel(), 5);
     EXPECT_EQ(item('a').getLabel(), 0);
-    controller->setClickedRow(1);
+    controller->outline().setClickedRow(1);
     controller->labelBookmark(6);
     EXPECT_EQ(item('a').getLabel(), 6);
     EXPECT_EQ(item('b').getLabel(), 6);

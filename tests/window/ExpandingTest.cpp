@@ -25,31 +25,31 @@ protected:
 };
 
 TEST_F(ExpandingTest, ExpandShowsTheChildrenAndKeepsInnerFoldersClosed) {
-    controller->expandItem(*outer);
+    controller->outline().expandItem(*outer);
     EXPECT_EQ(rowNames(), (Names{"outer", "inner", "beside", "last"}));
     EXPECT_TRUE(outer->showHier());
     EXPECT_FALSE(inner->showHier());
 }
 
 TEST_F(ExpandingTest, ExpandedStateOfInnerFoldersIsRemembered) {
-    controller->expandItemWithChildren(*outer);
+    controller->outline().expandItemWithChildren(*outer);
     EXPECT_EQ(rowNames(), (Names{"outer", "inner", "deep", "beside", "last"}));
-    controller->collapseItem(*outer);
+    controller->outline().collapseItem(*outer);
     EXPECT_EQ(rowNames(), (Names{"outer", "last"}));
     EXPECT_TRUE(inner->showHier());
-    controller->expandItem(*outer);
+    controller->outline().expandItem(*outer);
     EXPECT_EQ(rowNames(), (Names{"outer", "inner", "deep", "beside", "last"}));
 }
 
 TEST_F(ExpandingTest, ItemWithoutARowChangesItsStateAlone) {
-    controller->expandItem(*inner);
+    controller->outline().expandItem(*inner);
     EXPECT_EQ(rowNames(), (Names{"outer", "last"}));
     EXPECT_TRUE(inner->showHier());
 }
 
 TEST_F(ExpandingTest, CollapseWithChildrenClosesEverythingBelow) {
     controller->expandAll();
-    controller->collapseItemWithChildren(*outer);
+    controller->outline().collapseItemWithChildren(*outer);
     EXPECT_FALSE(inner->showHier());
     EXPECT_EQ(rowNames(), (Names{"outer", "last"}));
 }
@@ -75,14 +75,14 @@ TEST_F(ExpandingTest, EachChangedFolderCountsAsOneChange) {
 TEST_F(ExpandingTest, WithRememberDesktopOffTheDocumentStaysClean) {
     base.defaults.setBoolForKey("RememberDesktop", false);
     controller->expandAll();
-    controller->collapseItem(*outer);
+    controller->outline().collapseItem(*outer);
     EXPECT_FALSE(document.isDocumentEdited());
     EXPECT_FALSE(outer->showHier());
     EXPECT_TRUE(inner->showHier());
 }
 
 TEST_F(ExpandingTest, LinksAreNoFoldersAndStayAsTheyAre) {
-    controller->expandItem(*last);
+    controller->outline().expandItem(*last);
     EXPECT_FALSE(last->showHier());
     EXPECT_FALSE(document.isDocumentEdited());
 }
@@ -90,7 +90,7 @@ TEST_F(ExpandingTest, LinksAreNoFoldersAndStayAsTheyAre) {
 TEST_F(ExpandingTest, EmptyFolderChangesStateWithoutRows) {
     outer->removeLast();
     outer->removeLast();
-    controller->expandItem(*outer);
+    controller->outline().expandItem(*outer);
     EXPECT_TRUE(outer->showHier());
     EXPECT_EQ(outline().reloaded, (std::vector<RowRange>{{0, 1}}));
     EXPECT_EQ(document.changeCount(), 1);
@@ -111,7 +111,7 @@ TEST_F(ExpandingTest, CommandsWithoutASelectionAlert) {
 }
 
 TEST_F(ExpandingTest, CommandsActOnSelectedRowsFromTheHighestDown) {
-    controller->expandItem(*outer);
+    controller->outline().expandItem(*outer);
     select({outer, inner, last});
     controller->expandFolder();
     EXPECT_EQ(rowNames(), (Names{"outer", "inner", "deep", "beside", "last"}));
@@ -121,9 +121,9 @@ TEST_F(ExpandingTest, CommandsActOnSelectedRowsFromTheHighestDown) {
 }
 
 TEST_F(ExpandingTest, SelectionSurvivesExpandingWithChildren) {
-    controller->expandItem(*outer);
+    controller->outline().expandItem(*outer);
     select({beside, last});
-    controller->expandItemWithChildren(*outer);
+    controller->outline().expandItemWithChildren(*outer);
     EXPECT_EQ(outline().selected, (std::set<Bookmark*>{beside, last}));
     EXPECT_EQ(outline().selectedRows(), (RowSet{{3, 2}}));
 }

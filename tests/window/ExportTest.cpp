@@ -81,7 +81,7 @@ TEST_F(ExportTest, XBELChosenAndANameWithHTMLTypedWritesHTML) {
 
 TEST_F(ExportTest, ExportChangesNothingOfTheDocument) {
     document.setFileName("/home/a.tbln");
-    controller->makeDirty();
+    controller->outline().makeDirty();
     exportTo("/home/out.html");
     EXPECT_TRUE(document.isDocumentEdited());
     EXPECT_EQ(document.fileName(), "/home/a.tbln");

@@ -114,7 +114,7 @@ TEST_F(FieldsTest, editingBeginsByItselfHalfASecondAfterTheSelectionChanges) {
     base.defaults.setBoolForKey("AutoEdit", true);
     outline().selected = {link_};
     outline().pointer = Column::URL;
-    controller->selectionDidChange(SelectedBy::User);
+    controller->outline().selectionDidChange(SelectedBy::User);
     timers.advance(0.49);
     EXPECT_FALSE(outline().edited);
     timers.advance(0.02);
@@ -126,7 +126,7 @@ TEST_F(FieldsTest, editingDoesNotBeginByItselfOnceTheFindBarWasCalled) {
     base.defaults.setBoolForKey("AutoEdit", true);
     outline().selected = {link_};
     outline().pointer = Column::Name;
-    controller->selectionDidChange(SelectedBy::User);
+    controller->outline().selectionDidChange(SelectedBy::User);
     controller->actions().perform(MenuItem{.action = "performFindPanelAction:"});
     timers.advance(1);
     EXPECT_FALSE(outline().edited);
@@ -136,7 +136,7 @@ TEST_F(FieldsTest, editingDoesNotBeginByItselfOnceAMenuWasOpened) {
     base.defaults.setBoolForKey("AutoEdit", true);
     outline().selected = {link_};
     outline().pointer = Column::Name;
-    controller->selectionDidChange(SelectedBy::User);
+    controller->outline().selectionDidChange(SelectedBy::User);
     controller->cancelAutoEdit();
     timers.advance(1);
     EXPECT_FALSE(outline().edited);
@@ -145,7 +145,7 @@ TEST_F(FieldsTest, editingDoesNotBeginByItselfOnceAMenuWasOpened) {
 TEST_F(FieldsTest, editingBeginsByItselfOnlyWhereItIsWanted) {
     const auto begins = [this] {
         outline().edited.reset();
-        controller->selectionDidChange(SelectedBy::User);
+        controller->outline().selectionDidChange(SelectedBy::User);
         timers.advance(1);
         return outline().edited.has_value();
     };
@@ -171,7 +171,7 @@ TEST_F(FieldsTest, editingThatIsDueBeginsOnlyWhereTheUserStillIs) {
     outline().pointer = Column::URL;
     const auto begins = [this](const std::function<void()>& meanwhile) {
         controller->commitEditing();
-        controller->selectionDidChange(SelectedBy::User);
+        controller->outline().selectionDidChange(SelectedBy::User);
         timers.advance(0.4);
         meanwhile();
         timers.advance(1);
@@ -189,7 +189,7 @@ TEST_F(FieldsTest, editingThatIsDueBeginsOnlyWhereTheUserStillIs) {
 TEST_F(FieldsTest, rowsThatACommandSelectsAreNotEditedByThemselves) {
     outline().pointer = Column::URL;
     controller->newBookmark();
-    const Bookmark* made = &controller->itemAtRow(0);
+    const Bookmark* made = &controller->outline().itemAtRow(0);
     timers.advance(1);
     ASSERT_TRUE(outline().edited);
     EXPECT_EQ(outline().edited->first, Column::Name);

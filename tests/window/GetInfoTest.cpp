@@ -179,7 +179,7 @@ TEST_F(GetInfoTest, anEmptyFolderIsSteppedIntoInVain) {
 
 TEST_F(GetInfoTest, aStepToWhatHasNoRowLeavesTheSelection) {
     plant();
-    controller->collapseItem(*folder);
+    controller->outline().collapseItem(*folder);
     select({folder});
     GetInfoController& info = getInfo();
     info.down();
@@ -257,7 +257,7 @@ TEST_F(GetInfoTest, whatIsHighlightedHasTheAccentsOfTheNote) {
 
 TEST_F(GetInfoTest, aMatchInTheTagsOpensItWithTheTagsHighlighted) {
     plant();
-    controller->collapseItem(*folder);
+    controller->outline().collapseItem(*folder);
     b->setItemTags("a hit");
     controller->findText("hit");
     ASSERT_TRUE(window->info);

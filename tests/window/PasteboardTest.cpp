@@ -118,7 +118,7 @@ TEST_F(PasteboardTest, aLongTextThatManyLinksShareIsNotWrittenForEachOfThem) {
     EXPECT_LT(pasteboard.held.get(kItemsMimeType)->size(), 100'000u);
     controller->pasteEditMenu();
     ASSERT_EQ(rowNames().size(), 600u);
-    EXPECT_EQ(controller->itemAtRow(599).itemURL(), url);
+    EXPECT_EQ(controller->outline().itemAtRow(599).itemURL(), url);
     outline().selectAll();
     for (const PasteboardItem& item : controller->beginDraggingSession())
         EXPECT_FALSE(item.offers(kStringType));
@@ -151,11 +151,11 @@ TEST_F(PasteboardTest, theClickedRowIsCopiedAndTheSelectedRowsAreCut) {
     Bookmark& selected = add(makeLink("selected", "https://selected/"));
     open();
     select({&selected});
-    controller->setClickedRow(0);
+    controller->outline().setClickedRow(0);
     controller->cut();
     EXPECT_EQ(copied(), "https://clicked/");
     EXPECT_EQ(rowNames(), std::vector<std::string>{"clicked"});
-    EXPECT_EQ(&controller->itemAtRow(0), &clicked);
+    EXPECT_EQ(&controller->outline().itemAtRow(0), &clicked);
     EXPECT_EQ(changes(), 1);
 }
 
@@ -171,7 +171,7 @@ TEST_F(PasteboardTest, whatWasCopiedIsPastedWhole) {
     select({&link});
     controller->pasteEditMenu();
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"f", "l", "f"}));
-    const Bookmark& pasted = *controller->itemAtRow(2).getChild();
+    const Bookmark& pasted = *controller->outline().itemAtRow(2).getChild();
     EXPECT_EQ(pasted.itemNote(), Text("note"));
     EXPECT_EQ(pasted.getLabel(), 3);
     EXPECT_EQ(pasted.getDocument(), &document);
@@ -190,8 +190,9 @@ TEST_F(PasteboardTest, severalItemsKeepTheirOrderAndAnExpandedFolderTakesTheNext
     select({&c});
     controller->pasteEditMenu();
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"a", "b", "f", "c", "a", "b", "f", "c"}));
-    EXPECT_EQ(controller->levelForRow(6), 0);
-    EXPECT_EQ(controller->levelForRow(7), 1) << "the pasted folder is expanded and takes the next item";
+    EXPECT_EQ(controller->outline().levelForRow(6), 0);
+    EXPECT_EQ(controller->outline().levelForRow(7), 1)
+        << "the pasted folder is expanded and takes the next item";
     EXPECT_EQ(changes(), 4) << "one change an item";
 }
 
@@ -220,8 +221,8 @@ TEST_F(PasteboardTest, linesOfNameTabURLAndBareURLs) {
     open();
     paste("Name\thttps://named/\nhttps://bare/\n");
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"Name", "Untitled"}));
-    EXPECT_EQ(controller->itemAtRow(0).itemURL(), Text("https://named/"));
-    EXPECT_EQ(controller->itemAtRow(1).itemURL(), Text("https://bare/"));
+    EXPECT_EQ(controller->outline().itemAtRow(0).itemURL(), Text("https://named/"));
+    EXPECT_EQ(controller->outline().itemAtRow(1).itemURL(), Text("https://bare/"));
     EXPECT_EQ(changes(), 2) << "the empty piece behind the last line feed is none";
 }
 
@@ -229,8 +230,9 @@ TEST_F(PasteboardTest, aLineWithATabIsSplitAndClassified) {
     open();
     paste("Mail\tmailto:a@b\tmore");
     EXPECT_EQ(rowNames(), std::vector<std::string>{"Mail"});
-    EXPECT_EQ(controller->itemAtRow(0).itemURL(), Text("mailto:a@b")) << "further fields are left out";
-    EXPECT_EQ(controller->itemAtRow(0).getType(), kMailType);
+    EXPECT_EQ(controller->outline().itemAtRow(0).itemURL(), Text("mailto:a@b"))
+        << "further fields are left out";
+    EXPECT_EQ(controller->outline().itemAtRow(0).getType(), kMailType);
 }
 
 TEST_F(PasteboardTest, splittingTakesLineFeedsOutOfAURLThatEndsInOne) {
@@ -256,7 +258,7 @@ TEST_F(PasteboardTest, aTextIsSplitOnlyWhereItIsTheOnlyItem) {
     hold({named, makeItem({{typed(kStringType), "https://bare/"}})});
     controller->pasteEditMenu();
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"Name", "Untitled", "Untitled"}));
-    EXPECT_EQ(controller->itemAtRow(1).itemURL(), Text("Name\thttps://named/"));
+    EXPECT_EQ(controller->outline().itemAtRow(1).itemURL(), Text("Name\thttps://named/"));
     hold({named, PasteboardItem(), PasteboardItem()});
     controller->pasteEditMenu();
     EXPECT_EQ(rowNames().size(), 4u);
@@ -267,7 +269,7 @@ TEST_F(PasteboardTest, aTextWithoutTabOrLineFeedIsAURLAsItStands) {
     open();
     paste("  not a link ");
     EXPECT_EQ(rowNames(), std::vector<std::string>{"Untitled"});
-    EXPECT_EQ(controller->itemAtRow(0).itemURL(), Text("  not a link "));
+    EXPECT_EQ(controller->outline().itemAtRow(0).itemURL(), Text("  not a link "));
 }
 
 TEST_F(PasteboardTest, anEmptyPasteboardPastesNothing) {

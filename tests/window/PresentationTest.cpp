@@ -147,9 +147,9 @@ TEST_F(PresentationTest, LevelsCountFromTheTopAndStopAtTheDeepestIndent) {
     for (int depth = 1; depth < 100; ++depth)
         parent = &add(makeFolder("deeper"), parent);
     open();
-    EXPECT_EQ(controller->levelForRow(0), 0);
-    EXPECT_EQ(controller->levelForRow(7), 7);
-    EXPECT_EQ(controller->levelForRow(99), ViewController::kDeepestIndent);
+    EXPECT_EQ(controller->outline().levelForRow(0), 0);
+    EXPECT_EQ(controller->outline().levelForRow(7), 7);
+    EXPECT_EQ(controller->outline().levelForRow(99), Outline::kDeepestIndent);
 }
 
 TEST_F(PresentationTest, TypingFindsTheNextNameGoingRound) {
@@ -173,7 +173,7 @@ TEST_F(PresentationTest, OfAnEndlessAddressTheCellHasWhatALineShows) {
     open();
     EXPECT_EQ(controller->viewForTableColumn(Column::URL, 0, false).text.string, Text(beginning));
     EXPECT_EQ(controller->viewForTableColumn(Column::URL, 1, false).text.string, Text(beginning + "y"));
-    controller->mouseMoved(0);
+    controller->outline().mouseMoved(0);
     EXPECT_EQ(window->urlField, beginning);
 }
 

@@ -68,8 +68,9 @@ protected:
     // Onto a row, between two rows, or onto the ground; as a move or as a copy.
     void dragSomewhere() {
         const std::vector<PasteboardItem> items = controller->beginDraggingSession();
-        const DragInfo drag{
-            .source = below(6) == 0 ? nullptr : controller.get(), .copies = below(4) == 0, .items = items};
+        const DragInfo drag{.source = below(6) == 0 ? nullptr : &controller->outline(),
+                            .copies = below(4) == 0,
+                            .items = items};
         Bookmark* target =
             outline().rows.empty() || below(8) == 0 ? nullptr : outline().rows[below(outline().rows.size())];
         std::optional<std::size_t> index;
@@ -99,7 +100,7 @@ protected:
         EXPECT_EQ(outline().rows, shownBelow(document.getMaster()));
         EXPECT_TRUE(outline().rowsAreRight());
         for (const Bookmark* item : outline().selected)
-            EXPECT_TRUE(controller->rowForItem(*item)) << "what is selected has a row";
+            EXPECT_TRUE(controller->outline().rowForItem(*item)) << "what is selected has a row";
         EXPECT_EQ(window->empty, outline().rows.empty());
     }
 

@@ -120,11 +120,11 @@ TEST_F(SortingTest, aClickedRowOutsideTheSelectionIsSortedAlone) {
     add(makeLink("a"), &other);
     open();
     select({folder});
-    controller->setClickedRow(5);
+    controller->outline().setClickedRow(5);
     controller->sortByIndexAscending(0, true);
     EXPECT_EQ(other.getChild()->itemName().view(), "a");
     EXPECT_EQ(folder->getChild(), z);
-    controller->setClickedRow(0);
+    controller->outline().setClickedRow(0);
     controller->sortByIndexAscending(0, true);
     EXPECT_EQ(document.changeCount(), 1) << "the clicked row is a link";
 }

@@ -120,24 +120,24 @@ TEST_F(StatusLineTest, theNextChangeOfTheTreeTakesTheButtonAway) {
 
 TEST_F(StatusLineTest, addressesReplaceItUntilThePointerLeaves) {
     remove({first_});
-    controller->mouseMoved(1);
+    controller->outline().mouseMoved(1);
     EXPECT_EQ(window->urlField, "https://inside.example/");
     EXPECT_EQ(window->urlFieldAction, "Put Back");
-    controller->mouseExited();
+    controller->outline().mouseExited();
     EXPECT_EQ(window->urlField, "1 bookmark deleted");
     pressPutBack();
     select({});
-    controller->mouseExited();
+    controller->outline().mouseExited();
     EXPECT_EQ(window->urlField, "3 bookmarks in 1 folder");
 }
 
 TEST_F(StatusLineTest, withoutItsRowAnAddressGivesWayToTheCounts) {
-    controller->mouseMoved(2);
+    controller->outline().mouseMoved(2);
     EXPECT_EQ(window->urlField, "https://inside.example/");
-    controller->collapseItem(*folder_);
+    controller->outline().collapseItem(*folder_);
     timers.advance(0);
     EXPECT_EQ(window->urlField, "3 bookmarks in 1 folder");
-    controller->mouseMoved(0);
+    controller->outline().mouseMoved(0);
     EXPECT_EQ(window->urlField, "https://first.example/");
     controller->expandAll();
     timers.advance(0);
@@ -154,7 +154,7 @@ TEST_F(StatusLineTest, findingDuplicatesTellsHowManyThereAre) {
 }
 
 TEST_F(StatusLineTest, theRowThatGoesGivesWayToTheCountsAndNotToAnotherAddress) {
-    controller->collapseItem(*folder_);
+    controller->outline().collapseItem(*folder_);
     select({last_});
     controller->statusLine().showAddress(*inside_);
     controller->statusLine().rowsWillChange();
@@ -191,7 +191,7 @@ TEST_F(StatusLineTest, controlsForTheDirectionOfWritingAreShownCoded) {
     const std::string shown = "https://a.example/%E2%80%AEgnp.exe%E2%81%A6%D8%9C%E2%80%8F\u2014\u200D";
     first_->setItemURL(address);
     select({first_});
-    controller->selectionDidChange(SelectedBy::User);
+    controller->outline().selectionDidChange(SelectedBy::User);
     EXPECT_EQ(window->urlField, shown);
     EXPECT_EQ(controller->viewForTableColumn(Column::URL, 0, false).text.string.view(), shown);
     EXPECT_EQ(first_->itemURL().view(), address);

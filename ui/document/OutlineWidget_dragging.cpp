@@ -84,7 +84,7 @@ bool OutlineWidget::beginDragOver(const QDropEvent& event) {
     draggedItems_ =
         event.source() ? controller_->itemsIn(content) : controller_->itemsInForeignDrag(std::move(content));
     const auto* from = qobject_cast<const OutlineWidget*>(event.source());
-    dragSource_ = from ? from->controller() : nullptr;
+    dragSource_ = from ? &from->controller()->outline() : nullptr;
     return ViewController::isDragOfInterest(draggedItems_);
 }
 
@@ -184,7 +184,7 @@ void OutlineWidget::timerEvent(QTimerEvent* event) {
         return;
     Bookmark& folder = *dropSpot_->item;
     showDropSpot(std::nullopt);
-    controller_->expandItem(folder);
+    controller_->outline().expandItem(folder);
 }
 
 void OutlineWidget::paintDropSpot(QPainter& painter) const {

@@ -53,7 +53,7 @@ std::optional<Column> OutlineWidget::columnUnderPointer() const {
 }
 
 QString OutlineWidget::fieldText(const QModelIndex& index) const {
-    const Bookmark& item = controller_->itemAtRow(static_cast<std::size_t>(index.row()));
+    const Bookmark& item = controller_->outline().itemAtRow(static_cast<std::size_t>(index.row()));
     const Column column = OutlineModel::columnAt(index.column());
     const Text& text = column == Column::Name  ? item.itemName()
                        : column == Column::URL ? item.itemURL()
@@ -97,7 +97,7 @@ void OutlineWidget::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditH
         return;
     const auto row = static_cast<std::size_t>(edited.row());
     const bool toURL = OutlineModel::columnAt(edited.column()) == Column::Name &&
-                       controller_->shouldEdit(Column::URL, controller_->itemAtRow(row));
+                       controller_->shouldEdit(Column::URL, controller_->outline().itemAtRow(row));
     controller_->beginEditing(toURL ? Column::URL : Column::Name, row);
 }
 

@@ -27,7 +27,7 @@ OutlineWidget::NameCellLayout OutlineWidget::layOutNameCell(int row, const CellC
     const QSize image(iconSize_, iconSize_);
     const int imageTop = area.top() + (area.height() - iconSize_) / 2;
     NameCellLayout layout;
-    const int indent = (iconSize_ + 2) * controller_->levelForRow(static_cast<std::size_t>(row));
+    const int indent = (iconSize_ + 2) * controller_->outline().levelForRow(static_cast<std::size_t>(row));
     int x = area.left() + kLeftMargin + std::min(indent, std::max(0, area.width() - kRoomForName));
     layout.triangle = {x, area.top(), iconSize_, area.height()};
     x += iconSize_ + 2;
@@ -124,8 +124,8 @@ void OutlineWidget::paintNameCell(QPainter& painter, int row, bool selected) con
     const QColor color = textColor(cell.text, selected);
     painter.save();
     painter.setClipRect(area);
-    const Bookmark& item = controller_->itemAtRow(number);
-    if (controller_->isExpandable(item)) {
+    const Bookmark& item = controller_->outline().itemAtRow(number);
+    if (item.isFolder()) {
         const QColor faint =
             mixedColor(selected ? color : palette().color(QPalette::Text),
                        palette().color(selected ? QPalette::Highlight : QPalette::Base), 0.35);
