@@ -6,10 +6,10 @@
 #include "app/DocumentController.h"
 #include "app/Refusals.h"
 #include "formats/ImportFormats.h"
-#include "platform/Menu.h"
 #include "platform/Platform.h"
 #include "platform/SingleInstance.h"
 #include "window/ActionTable.h"
+#include "window/Menu.h"
 
 #include <functional>
 #include <set>

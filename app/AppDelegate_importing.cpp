@@ -1,7 +1,7 @@
 // The Import menu: panels by which people name the files, what they are told, and the new documents.
 #include "app/AppDelegate.h"
+#include "base/Ascii.h"
 #include "formats/import/HTMLWindowController.h"
-#include "model/Ascii.h"
 #include "window/SharedAlerts.h"
 
 #include <algorithm>

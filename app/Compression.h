@@ -2,7 +2,7 @@
 // work.
 #pragma once
 
-#include "model/Error.h"
+#include "base/Error.h"
 
 #include <string>
 #include <string_view>

@@ -1,7 +1,7 @@
 #include "app/DamagedDocument.h"
 
 #include "model/ArchiveSalvage.h"
-#include "model/NumberFormat.h"
+#include "text/NumberFormat.h"
 
 namespace tabulon {
 

@@ -1,8 +1,8 @@
 // What can be offered to the user instead of a document that is damaged. The file stays as it is.
 #pragma once
 
+#include "base/BaseServices.h"
 #include "model/Bookmark.h"
-#include "platform/BaseServices.h"
 
 #include <optional>
 #include <string>

@@ -1,10 +1,10 @@
 #include "app/FileContent.h"
 
+#include "base/Ascii.h"
 #include "formats/import/LinkFileReader.h"
-#include "model/Ascii.h"
 #include "model/ClassicReader.h"
 #include "model/Document.h"
-#include "model/PropertyList.h"
+#include "plist/PropertyList.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,8 +1,8 @@
 // Whether this start of the program runs, or leaves its work to one that runs already.
 #pragma once
 
+#include "base/Localization.h"
 #include "platform/Alerts.h"
-#include "platform/Localization.h"
 #include "platform/SingleInstance.h"
 
 namespace tabulon {

@@ -1,6 +1,6 @@
 #include "app/LaunchArguments.h"
 
-#include "model/Text.h"
+#include "base/Text.h"
 #include "window/FileUri.h"
 
 namespace tabulon {

@@ -1,7 +1,7 @@
 // The files that were opened or saved last, newest first, kept from one run to the next.
 #pragma once
 
-#include "platform/UserDefaults.h"
+#include "base/UserDefaults.h"
 
 #include <string>
 #include <vector>

@@ -1,6 +1,6 @@
 #include "app/Refusals.h"
 
-#include "model/Text.h"
+#include "base/Text.h"
 #include "window/SharedAlerts.h"
 
 #include <utility>

@@ -1,7 +1,7 @@
 // Files that could not be opened, and the one alert that lists them.
 #pragma once
 
-#include "model/Error.h"
+#include "base/Error.h"
 #include "platform/Platform.h"
 
 #include <cstddef>

@@ -3,10 +3,10 @@
 // concern.
 #pragma once
 
+#include "base/SystemLog.h"
 #include "model/Document.h"
 #include "platform/FileStore.h"
 #include "platform/RecoveryFolders.h"
-#include "platform/SystemLog.h"
 
 #include <map>
 #include <string>

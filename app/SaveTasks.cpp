@@ -1,6 +1,6 @@
 #include "app/SaveTasks.h"
 
-#include "model/DateFormat.h"
+#include "text/DateFormat.h"
 
 #include <filesystem>
 

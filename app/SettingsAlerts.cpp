@@ -1,6 +1,6 @@
 #include "app/SettingsAlerts.h"
 
-#include "model/Text.h"
+#include "base/Text.h"
 
 namespace tabulon {
 namespace {

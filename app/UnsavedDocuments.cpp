@@ -1,7 +1,7 @@
 #include "app/UnsavedDocuments.h"
 
 #include "app/RevertPoints.h"
-#include "formats/url/PercentEncoding.h"
+#include "text/PercentEncoding.h"
 #include "window/SharedAlerts.h"
 
 #include <fmt/format.h>

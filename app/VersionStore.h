@@ -5,10 +5,10 @@
 
 #include "app/VersionPlaces.h"
 #include "app/VersionThinning.h"
-#include "model/Date.h"
-#include "platform/Clock.h"
+#include "base/Clock.h"
+#include "base/Date.h"
+#include "base/UserDefaults.h"
 #include "platform/FileStore.h"
-#include "platform/UserDefaults.h"
 
 #include <cstdint>
 #include <string>

@@ -1,7 +1,7 @@
 #include "app/VersionsController.h"
 
-#include "model/DateFormat.h"
 #include "model/TreePutBack.h"
+#include "text/DateFormat.h"
 #include "window/SharedAlerts.h"
 
 #include <algorithm>

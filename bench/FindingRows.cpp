@@ -1,11 +1,11 @@
 // Finding and putting in order, on the tree alone.
 #include "bench/Measure.h"
 #include "bench/Rows.h"
-#include "model/Collation.h"
 #include "model/Duplicates.h"
 #include "model/Finder.h"
 #include "model/TreeSort.h"
 #include "model/TreeWalk.h"
+#include "text/Collation.h"
 
 #include <fmt/format.h>
 #include <unicode/coll.h>

@@ -5,8 +5,8 @@
 #include "formats/export/PlainText.h"
 #include "formats/export/XBEL.h"
 #include "model/ArchiveWriter.h"
-#include "model/Collation.h"
 #include "model/Duplicates.h"
+#include "text/Collation.h"
 
 #include <fmt/format.h>
 

@@ -1,11 +1,11 @@
 // XBEL in and out, in memory. The file that is read has the dates that other programs write, ours has none.
 #include "bench/Measure.h"
 #include "bench/Rows.h"
-#include "formats/XmlEntities.h"
 #include "formats/export/XBEL.h"
 #include "formats/import/XBELReader.h"
 #include "model/TreeWalk.h"
 #include "platform/fake/FakeBaseServices.h"
+#include "text/XmlEntities.h"
 
 #include <fmt/chrono.h>
 #include <fmt/format.h>

@@ -2,9 +2,9 @@
 // itself.
 #pragma once
 
-#include "platform/Clock.h"
+#include "base/Clock.h"
+#include "base/SystemLog.h"
 #include "platform/FileStore.h"
-#include "platform/SystemLog.h"
 
 #include <functional>
 #include <string>

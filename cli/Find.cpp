@@ -2,8 +2,8 @@
 #include "cli/NodeList.h"
 #include "cli/PlainText.h"
 #include "cli/Verbs.h"
-#include "model/Collation.h"
 #include "model/Finder.h"
+#include "text/Collation.h"
 
 namespace tabulon::cli {
 namespace {

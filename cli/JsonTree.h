@@ -3,8 +3,8 @@
 // "openFolder", "autoTab", "children".
 #pragma once
 
+#include "base/Error.h"
 #include "model/Bookmark.h"
-#include "model/Error.h"
 #include "model/OutputLimit.h"
 
 #include <string>

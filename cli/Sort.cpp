@@ -1,6 +1,6 @@
 // `sort`: a document with its whole tree in another order.
 #include "cli/Verbs.h"
-#include "model/Collation.h"
+#include "text/Collation.h"
 
 namespace tabulon::cli {
 

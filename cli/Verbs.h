@@ -1,11 +1,11 @@
 // The verbs of the command-line tool and what they share: services of one run, inputs and outputs.
 #pragma once
 
+#include "base/BaseServices.h"
 #include "cli/CommandLine.h"
 #include "model/Document.h"
 #include "model/StatusRemoval.h"
 #include "model/TreeSort.h"
-#include "platform/BaseServices.h"
 
 #include <memory>
 #include <string>

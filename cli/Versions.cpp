@@ -2,7 +2,7 @@
 #include "app/VersionStore.h"
 #include "cli/Lines.h"
 #include "cli/Verbs.h"
-#include "model/DateFormat.h"
+#include "text/DateFormat.h"
 
 #include <fmt/format.h>
 

@@ -2,10 +2,10 @@
 // it.
 #pragma once
 
+#include "base/BaseServices.h"
+#include "base/Error.h"
+#include "base/Progress.h"
 #include "model/Bookmark.h"
-#include "model/Error.h"
-#include "platform/BaseServices.h"
-#include "platform/Progress.h"
 
 #include <span>
 #include <string>

@@ -2,11 +2,11 @@
 // by it.
 #pragma once
 
+#include "base/BaseServices.h"
+#include "base/Error.h"
+#include "base/Progress.h"
 #include "formats/import/NetscapeScanner.h"
 #include "model/Bookmark.h"
-#include "model/Error.h"
-#include "platform/BaseServices.h"
-#include "platform/Progress.h"
 
 #include <span>
 #include <string_view>

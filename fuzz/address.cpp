@@ -1,8 +1,8 @@
 // Three lines of any bytes as a base, an encoding and an address: what is an address is the same when it is
 // read again, and comes back from a link file as it was.
 #include "formats/export/LinkFile.h"
-#include "formats/url/Url.h"
-#include "model/PropertyList.h"
+#include "plist/PropertyList.h"
+#include "url/Url.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,9 +1,9 @@
 // Any bytes as a page: its links are read, or refused with a sentence, and the tree of them is a sound
 // document. An address that was read is the same when it is read again.
 #include "formats/import/HTMLWindowController.h"
-#include "formats/url/Url.h"
 #include "fuzz/RoundTrip.h"
 #include "platform/fake/FakeBaseServices.h"
+#include "url/Url.h"
 
 #include <cstdint>
 

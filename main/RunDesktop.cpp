@@ -3,7 +3,7 @@
 #include "app/AppDelegate.h"
 #include "app/RequestQueue.h"
 #include "app/SettingsAlerts.h"
-#include "platform/EnglishTexts.h"
+#include "base/EnglishTexts.h"
 #include "platform/linux/Activation.h"
 #include "platform/linux/FileStore.h"
 #include "platform/linux/FileUserDefaults.h"

@@ -1,7 +1,7 @@
 // The desktop program's entry: arguments, the display, and whether another one runs already.
 #include "app/Launch.h"
+#include "base/EnglishTexts.h"
 #include "main/RunDesktop.h"
-#include "platform/EnglishTexts.h"
 #include "platform/linux/Activation.h"
 #include "platform/linux/DBusInstance.h"
 #include "platform/linux/Process.h"

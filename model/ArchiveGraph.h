@@ -2,11 +2,11 @@
 // bookmark is made of is in ArchiveReader.cpp.
 #pragma once
 
+#include "base/Date.h"
+#include "base/Error.h"
+#include "base/Text.h"
 #include "model/ArchiveKeys.h"
-#include "model/BinaryPlist.h"
-#include "model/Date.h"
-#include "model/Error.h"
-#include "model/Text.h"
+#include "plist/BinaryPlist.h"
 
 #include <cstring>
 #include <string>

@@ -1,6 +1,6 @@
 #include "model/ArchiveNodes.h"
 
-#include "model/Misspelling.h"
+#include "text/Misspelling.h"
 
 #include <algorithm>
 

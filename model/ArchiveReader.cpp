@@ -3,7 +3,7 @@
 
 #include "model/ArchiveGraph.h"
 #include "model/ArchiveNodes.h"
-#include "model/PropertyList.h"
+#include "plist/PropertyList.h"
 
 namespace tabulon {
 namespace {

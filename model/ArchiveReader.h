@@ -2,8 +2,8 @@
 // gives it byte by byte. Writing is in ArchiveWriter.h.
 #pragma once
 
+#include "base/Error.h"
 #include "model/Bookmark.h"
-#include "model/Error.h"
 
 #include <string_view>
 

@@ -5,7 +5,7 @@
 #include "model/ArchiveGraph.h"
 #include "model/ArchiveNodes.h"
 #include "model/Document.h"
-#include "model/PropertyList.h"
+#include "plist/PropertyList.h"
 
 #include <vector>
 

@@ -2,9 +2,9 @@
 // untitled document. Sound files go through ArchiveReader.h.
 #pragma once
 
+#include "base/BaseServices.h"
+#include "base/Error.h"
 #include "model/Bookmark.h"
-#include "model/Error.h"
-#include "platform/BaseServices.h"
 
 #include <cstdint>
 #include <string_view>

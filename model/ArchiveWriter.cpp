@@ -3,8 +3,8 @@
 #include "model/ArchiveWriter.h"
 
 #include "model/ArchiveKeys.h"
-#include "model/PlistWriter.h"
 #include "model/TreeWalk.h"
+#include "plist/PlistWriter.h"
 
 #include <algorithm>
 #include <array>

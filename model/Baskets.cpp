@@ -1,6 +1,6 @@
 #include "model/Baskets.h"
 
-#include "model/Collation.h"
+#include "text/Collation.h"
 
 #include <compare>
 

@@ -2,8 +2,8 @@
 // moment. How they are shown, and what is put into them when, is the business of the layers above.
 #pragma once
 
+#include "base/Localization.h"
 #include "model/Bookmark.h"
-#include "platform/Localization.h"
 
 #include <string>
 #include <string_view>

@@ -1,8 +1,8 @@
 // Construction, copying, comparison and codes. The tree operations are in Bookmark_tree.cpp.
 #include "model/Bookmark.h"
 
+#include "base/Memory.h"
 #include "model/Document.h"
-#include "model/Memory.h"
 
 namespace tabulon {
 

@@ -2,13 +2,13 @@
 // how it is stored in ArchiveReader.h and ArchiveWriter.h.
 #pragma once
 
-#include "model/ChunkedList.h"
-#include "model/Date.h"
+#include "base/BaseServices.h"
+#include "base/ChunkedList.h"
+#include "base/Date.h"
+#include "base/Ref.h"
+#include "base/Text.h"
 #include "model/DocumentAnchor.h"
 #include "model/LinkType.h"
-#include "model/Ref.h"
-#include "model/Text.h"
-#include "platform/BaseServices.h"
 
 #include <memory>
 #include <string_view>

@@ -2,9 +2,9 @@
 // writes the current format. docs/file-format.md gives it byte by byte.
 #pragma once
 
+#include "base/BaseServices.h"
+#include "base/Error.h"
 #include "model/Bookmark.h"
-#include "model/Error.h"
-#include "platform/BaseServices.h"
 
 #include <string_view>
 

@@ -3,10 +3,10 @@
 // above.
 #pragma once
 
+#include "base/BaseServices.h"
+#include "base/Error.h"
 #include "model/Bookmark.h"
 #include "model/DocumentAnchor.h"
-#include "model/Error.h"
-#include "platform/BaseServices.h"
 
 #include <functional>
 #include <string>

@@ -1,7 +1,7 @@
 #include "model/Finder.h"
 
-#include "model/Collation.h"
 #include "model/TreeWalk.h"
+#include "text/Collation.h"
 
 #include <array>
 #include <limits>

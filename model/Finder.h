@@ -3,7 +3,7 @@
 #pragma once
 
 #include "model/Bookmark.h"
-#include "model/TextSearch.h"
+#include "text/TextSearch.h"
 
 #include <cstddef>
 #include <optional>

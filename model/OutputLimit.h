@@ -2,8 +2,8 @@
 // small file whose bookmarks share one long address would fill a disk.
 #pragma once
 
+#include "base/Error.h"
 #include "model/Bookmark.h"
-#include "model/Error.h"
 
 #include <cstddef>
 #include <cstdint>

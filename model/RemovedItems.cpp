@@ -1,7 +1,7 @@
 #include "model/RemovedItems.h"
 
-#include "model/NumberFormat.h"
 #include "model/TreeWalk.h"
+#include "text/NumberFormat.h"
 
 namespace tabulon {
 namespace {

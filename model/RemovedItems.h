@@ -2,8 +2,8 @@
 // put them back.
 #pragma once
 
+#include "base/Localization.h"
 #include "model/Bookmark.h"
-#include "platform/Localization.h"
 
 #include <cstddef>
 #include <string>

@@ -3,10 +3,10 @@
 // of the layers above.
 #pragma once
 
+#include "base/Localization.h"
+#include "base/UserDefaults.h"
 #include "model/Bookmark.h"
 #include "model/RemovedItems.h"
-#include "platform/Localization.h"
-#include "platform/UserDefaults.h"
 
 #include <string>
 #include <vector>

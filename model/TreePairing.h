@@ -2,7 +2,7 @@
 #pragma once
 
 #include "model/Bookmark.h"
-#include "model/LongTexts.h"
+#include "text/LongTexts.h"
 
 #include <unordered_map>
 

@@ -1,7 +1,7 @@
 #include "model/TreeSort.h"
 
-#include "model/Collation.h"
 #include "model/TreeWalk.h"
+#include "text/Collation.h"
 
 #include <algorithm>
 #include <bit>

@@ -2,7 +2,7 @@
 // goes through here, so that a test can fill the disk or take a folder away.
 #pragma once
 
-#include "model/Error.h"
+#include "base/Error.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,8 +1,8 @@
 // The desktop services in one struct, handed in at construction to everything in window/ and app/.
 #pragma once
 
+#include "base/BaseServices.h"
 #include "platform/Alerts.h"
-#include "platform/BaseServices.h"
 #include "platform/Beeper.h"
 #include "platform/BrowserStores.h"
 #include "platform/FileStore.h"

@@ -2,7 +2,7 @@
 // alone.
 #pragma once
 
-#include "platform/Progress.h"
+#include "base/Progress.h"
 
 #include <memory>
 #include <string>

@@ -2,7 +2,7 @@
 // What is written there is the caller's affair.
 #pragma once
 
-#include "model/Error.h"
+#include "base/Error.h"
 
 #include <string>
 #include <vector>

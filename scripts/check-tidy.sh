@@ -12,8 +12,8 @@ mapfile -t generated < <(ninja -C build/tidy -t targets all | sed -n 's/^\([A-Za
 
 files=("$@")
 if [ ${#files[@]} -eq 0 ]; then
-    mapfile -t files < <(git ls-files 'app/*.cpp' 'cli/*.cpp' 'formats/*.cpp' 'main/*.cpp' 'model/*.cpp' \
-        'platform/*.cpp' 'ui/*.cpp' 'window/*.cpp')
+    mapfile -t files < <(git ls-files 'app/*.cpp' 'base/*.cpp' 'cli/*.cpp' 'formats/*.cpp' 'html/*.cpp' \
+        'main/*.cpp' 'model/*.cpp' 'platform/*.cpp' 'plist/*.cpp' 'text/*.cpp' 'ui/*.cpp' 'url/*.cpp' 'window/*.cpp')
 fi
 # It counts the warnings that it does not show on standard error; what it has to say comes on standard output.
 printf '%s\0' "${files[@]}" | xargs -0 -n 1 -P "$(nproc)" clang-tidy --quiet -p build/tidy 2>/dev/null

@@ -2,7 +2,7 @@
 // window/AccessoryViewController.h's affair.
 #pragma once
 
-#include "platform/Localization.h"
+#include "base/Localization.h"
 #include "window/AccessoryViewController.h"
 
 #include <QList>

@@ -2,7 +2,7 @@
 // delegate's.
 #pragma once
 
-#include "platform/Menu.h"
+#include "window/Menu.h"
 
 #include <QMenuBar>
 #include <QPointer>

@@ -1,8 +1,8 @@
 // Texts and colours of the model as Qt has them.
 #pragma once
 
+#include "base/Text.h"
 #include "model/LinkType.h"
-#include "model/Text.h"
 
 #include <QColor>
 #include <QRect>

@@ -2,7 +2,7 @@
 // looks like is ui/'s affair, running the panel the outline controller's.
 #pragma once
 
-#include "platform/BaseServices.h"
+#include "base/BaseServices.h"
 #include "platform/Panels.h"
 
 #include <cstddef>

@@ -1,7 +1,7 @@
 // Operations by name: how a menu item finds the code that it stands for.
 #pragma once
 
-#include "platform/Menu.h"
+#include "window/Menu.h"
 
 #include <functional>
 #include <map>

@@ -2,7 +2,7 @@
 
 #include "model/ArchiveReader.h"
 #include "model/ArchiveWriter.h"
-#include "model/PropertyList.h"
+#include "plist/PropertyList.h"
 #include "window/FileUri.h"
 
 #include <fmt/format.h>

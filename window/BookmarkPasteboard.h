@@ -2,8 +2,8 @@
 // Pure rules; the commands around them are ViewController's.
 #pragma once
 
+#include "base/SystemLog.h"
 #include "model/Bookmark.h"
-#include "platform/SystemLog.h"
 #include "window/NodeRecords.h"
 #include "window/PasteboardItem.h"
 

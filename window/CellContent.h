@@ -1,8 +1,8 @@
 // What one cell of the outline shows, as a value: computed by the controller, drawn by the view.
 #pragma once
 
+#include "base/Text.h"
 #include "model/LinkType.h"
-#include "model/Text.h"
 
 #include <optional>
 #include <string>

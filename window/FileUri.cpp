@@ -1,6 +1,6 @@
 #include "window/FileUri.h"
 
-#include "model/Ascii.h"
+#include "base/Ascii.h"
 #include "window/LinkLists.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "window/FindBar.h"
 
-#include "model/Lines.h"
+#include "base/Lines.h"
 #include "window/ViewController.h"
 
 #include <algorithm>
@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::string_view kRecentsKey = "RecentSearches";
 constexpr std::size_t kPortion = 20'000; // nodes that are searched in a few milliseconds
+constexpr double kEditingPause = 0.25;   // seconds
 
 } // namespace
 
@@ -41,8 +42,14 @@ void FindBarController::goOn(std::size_t nodes) {
         search_.reset();
         bar_->setMatchesLabel(platform_.base.texts.format("%d matches", *count));
     } else {
-        search_ = platform_.timers.after(0, [this] { goOn(kPortion); });
+        goOnAfter(0);
     }
+}
+
+// A match that is selected would end the editing of another cell.
+void FindBarController::goOnAfter(double seconds) {
+    search_ = platform_.timers.after(
+        seconds, [this] { outline_.isEditing() ? goOnAfter(kEditingPause) : goOn(kPortion); });
 }
 
 void FindBarController::findNext() {

@@ -44,7 +44,7 @@ public:
     void hideFindView();
     /// The search field's action: goes to the first match and tells how many there are. The empty text clears
     /// that. In a large document it returns before, and goes on while the main loop is idle: the user may
-    /// type on meanwhile.
+    /// type on meanwhile. While a cell is edited the search waits.
     void doSearch(const std::string& text);
     /// A search that still goes on comes to its end before.
     void findNext();
@@ -61,6 +61,7 @@ public:
 
 private:
     void goOn(std::size_t nodes);
+    void goOnAfter(double seconds);
 
     ViewController& outline_;
     const Platform platform_;

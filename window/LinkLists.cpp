@@ -1,9 +1,9 @@
 #include "window/LinkLists.h"
 
+#include "base/Ascii.h"
+#include "base/Lines.h"
 #include "formats/import/PageLinks.h"
 #include "formats/import/TextDecoding.h"
-#include "model/Ascii.h"
-#include "model/Lines.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 #include "window/MimeItems.h"
 
+#include "base/Ascii.h"
+#include "base/Lines.h"
 #include "formats/import/LinkFileReader.h"
 #include "formats/import/TextDecoding.h"
-#include "model/Ascii.h"
-#include "model/Lines.h"
 #include "window/FileUri.h"
 #include "window/LinkLists.h"
 #include "window/PrivateItems.h"

@@ -2,7 +2,7 @@
 // browsers, file managers and editors write and read, and a private one for the items as they are.
 #pragma once
 
-#include "platform/BaseServices.h"
+#include "base/BaseServices.h"
 #include "platform/FileStore.h"
 #include "platform/Pasteboard.h"
 #include "window/NodeRecords.h"

@@ -1,9 +1,9 @@
 // What other programs are handed of items: texts, lists of links, and a tree.
-#include "formats/LittleEndian.h"
-#include "formats/XmlEntities.h"
+#include "base/LittleEndian.h"
 #include "formats/export/ChromiumEntries.h"
 #include "formats/export/XBEL.h"
 #include "model/TreeWalk.h"
+#include "text/XmlEntities.h"
 #include "window/MimeItems.h"
 #include "window/PrivateItems.h"
 #include "window/ReceivedTree.h"

@@ -2,7 +2,7 @@
 // button that says what it does. What it looks like is ui/'s affair.
 #pragma once
 
-#include "platform/BaseServices.h"
+#include "base/BaseServices.h"
 
 #include <functional>
 #include <string>

@@ -1,6 +1,6 @@
 #include "window/PrivateItems.h"
 
-#include "formats/LittleEndian.h"
+#include "base/LittleEndian.h"
 
 #include <cstddef>
 

@@ -2,8 +2,8 @@
 // Chromium's "chromium/x-bookmark-entries".
 #pragma once
 
+#include "base/BaseServices.h"
 #include "model/Bookmark.h"
-#include "platform/BaseServices.h"
 #include "platform/Pasteboard.h"
 
 #include <array>

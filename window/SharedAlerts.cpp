@@ -1,6 +1,6 @@
 #include "window/SharedAlerts.h"
 
-#include "model/Text.h"
+#include "base/Text.h"
 
 #include <cerrno>
 #include <filesystem>

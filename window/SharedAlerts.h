@@ -2,7 +2,7 @@
 // commands' affair.
 #pragma once
 
-#include "model/Error.h"
+#include "base/Error.h"
 #include "platform/Platform.h"
 
 #include <memory>

@@ -1,7 +1,7 @@
 // Addresses as they are shown to people. What is stored, edited and opened stays as it is.
 #pragma once
 
-#include "model/Text.h"
+#include "base/Text.h"
 
 #include <cstddef>
 

@@ -5,13 +5,13 @@
 // _export.
 #pragma once
 
-#include "model/Collation.h"
 #include "model/Document.h"
 #include "model/Finder.h"
 #include "model/RemovedItems.h"
 #include "model/StatusRemoval.h"
 #include "model/TreeSort.h"
 #include "platform/Platform.h"
+#include "text/Collation.h"
 #include "window/ActionTable.h"
 #include "window/CellContent.h"
 #include "window/DocumentWindow.h"
@@ -270,6 +270,8 @@ public:
     // Finding (model/Finder.h)
 
     FindBarController& findBar() { return findBar_; }
+    /// Returns whether a cell of the outline is being edited.
+    bool isEditing() const { return outline().isEditing(); }
     const std::string& searchString() const { return finder_.searchString(); }
     void setSearchString(std::string text) { finder_.setSearchString(std::move(text)); }
     Bookmark* foundBookmark() const { return finder_.foundBookmark(); }

@@ -1,6 +1,6 @@
 // Marks: showing them, finding duplicates, removing links by their status.
 #include "model/Duplicates.h"
-#include "model/NumberFormat.h"
+#include "text/NumberFormat.h"
 #include "window/MoveDeleteController.h"
 #include "window/ViewController.h"
 

@@ -1,5 +1,5 @@
 // Copy, cut and paste, and the text that stands for a bookmark.
-#include "model/Lines.h"
+#include "base/Lines.h"
 #include "window/BookmarkPasteboard.h"
 #include "window/MimeItems.h"
 #include "window/ViewController.h"

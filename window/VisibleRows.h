@@ -3,8 +3,8 @@
 // changes the tree.
 #pragma once
 
+#include "base/ChunkedList.h"
 #include "model/Bookmark.h"
-#include "model/ChunkedList.h"
 
 #include <optional>
 #include <span>

@@ -1,7 +1,7 @@
 #include "formats/export/ChromiumEntries.h"
 
-#include "formats/LittleEndian.h"
-#include "model/Ascii.h"
+#include "base/Ascii.h"
+#include "base/LittleEndian.h"
 #include "model/TreeWalk.h"
 
 #include <algorithm>

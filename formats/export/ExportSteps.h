@@ -1,8 +1,8 @@
 // How far an export is: counts what is done of it and tells a Progress now and then.
 #pragma once
 
+#include "base/Progress.h"
 #include "model/Bookmark.h"
-#include "platform/Progress.h"
 
 #include <cstddef>
 

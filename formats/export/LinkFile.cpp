@@ -1,6 +1,6 @@
 #include "formats/export/LinkFile.h"
 
-#include "formats/XmlEntities.h"
+#include "text/XmlEntities.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 // One link → the small file that desktops keep for a link: a property list in XML with the one key "URL".
 #pragma once
 
+#include "base/Error.h"
 #include "model/Bookmark.h"
-#include "model/Error.h"
 
 #include <string>
 #include <string_view>

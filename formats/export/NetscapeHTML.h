@@ -2,10 +2,10 @@
 // import/NetscapeScanner.h.
 #pragma once
 
+#include "base/Error.h"
+#include "base/Progress.h"
 #include "model/Bookmark.h"
-#include "model/Collation.h"
-#include "model/Error.h"
-#include "platform/Progress.h"
+#include "text/Collation.h"
 
 #include <cstddef>
 #include <string>

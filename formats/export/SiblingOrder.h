@@ -3,7 +3,7 @@
 
 #include "formats/export/ExportSteps.h"
 #include "model/Bookmark.h"
-#include "model/Collation.h"
+#include "text/Collation.h"
 
 #include <span>
 

@@ -1,11 +1,11 @@
 #include "formats/export/XBEL.h"
 
-#include "formats/XmlEntities.h"
 #include "formats/export/ExportSteps.h"
 #include "formats/export/ExportText.h"
 #include "formats/export/SiblingOrder.h"
 #include "model/OutputLimit.h"
 #include "model/TreeWalk.h"
+#include "text/XmlEntities.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,10 +1,10 @@
 // Tree → XBEL 1.0, the XML Bookmark Exchange Language. The reader of such files is import/XBELReader.h.
 #pragma once
 
+#include "base/Error.h"
+#include "base/Progress.h"
 #include "model/Bookmark.h"
-#include "model/Collation.h"
-#include "model/Error.h"
-#include "platform/Progress.h"
+#include "text/Collation.h"
 
 #include <cstddef>
 #include <string>

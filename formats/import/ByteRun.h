@@ -1,7 +1,7 @@
 // The bytes before a certain one: where they end and what is among them, in one go.
 #pragma once
 
-#include "model/ByteBlock.h"
+#include "base/ByteBlock.h"
 
 #include <bit>
 #include <cstddef>

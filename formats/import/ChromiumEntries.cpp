@@ -1,6 +1,6 @@
 #include "formats/import/ChromiumEntries.h"
 
-#include "formats/LittleEndian.h"
+#include "base/LittleEndian.h"
 
 #include <unicode/unistr.h>
 

@@ -1,8 +1,8 @@
 // Bookmarks as Chromium's manager and bar copy and drag them ("chromium/x-bookmark-entries") → tree.
 #pragma once
 
+#include "base/Date.h"
 #include "model/Bookmark.h"
-#include "model/Date.h"
 
 #include <string_view>
 

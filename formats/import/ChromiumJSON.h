@@ -1,10 +1,10 @@
 // Bookmarks that the browsers of Chromium's family, and Opera, keep in JSON files named "Bookmarks".
 #pragma once
 
+#include "base/BaseServices.h"
+#include "base/Error.h"
+#include "base/Progress.h"
 #include "model/Bookmark.h"
-#include "model/Error.h"
-#include "platform/BaseServices.h"
-#include "platform/Progress.h"
 
 #include <string_view>
 

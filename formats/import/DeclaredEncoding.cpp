@@ -1,8 +1,8 @@
 // The search for "meta" tags that name an encoding: simpler than the reading of a page, which needs the
 // encoding already, and looked for as browsers do.
+#include "base/Ascii.h"
 #include "formats/import/EncodingNames.h"
 #include "formats/import/TextDecoding.h"
-#include "model/Ascii.h"
 
 #include <algorithm>
 #include <optional>

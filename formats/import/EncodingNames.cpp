@@ -1,6 +1,6 @@
 #include "formats/import/EncodingNames.h"
 
-#include "model/Ascii.h"
+#include "base/Ascii.h"
 
 namespace tabulon {
 namespace {

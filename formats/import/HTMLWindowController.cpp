@@ -1,7 +1,7 @@
 #include "formats/import/HTMLWindowController.h"
 
+#include "base/Ascii.h"
 #include "formats/import/TextDecoding.h"
-#include "model/Ascii.h"
 
 #include <algorithm>
 #include <charconv>

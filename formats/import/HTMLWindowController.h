@@ -2,10 +2,10 @@
 // a browser; the command around it (panel, window, bringing the program to the front) is the application's.
 #pragma once
 
+#include "base/BaseServices.h"
+#include "base/Error.h"
 #include "formats/import/PageLinks.h"
 #include "model/Bookmark.h"
-#include "model/Error.h"
-#include "platform/BaseServices.h"
 
 #include <string>
 #include <string_view>

@@ -2,8 +2,8 @@
 // every scalar is checked here.
 #include "formats/import/JsonSteps.h"
 
-#include "model/Memory.h"
-#include "model/Text.h"
+#include "base/Memory.h"
+#include "base/Text.h"
 
 #include <algorithm>
 #include <cstring>

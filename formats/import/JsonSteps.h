@@ -1,7 +1,7 @@
 // A JSON document, value by value in the order of the file. What the values mean is not here.
 #pragma once
 
-#include "model/Error.h"
+#include "base/Error.h"
 
 #include <simdjson.h>
 

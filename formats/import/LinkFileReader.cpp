@@ -1,7 +1,7 @@
 #include "formats/import/LinkFileReader.h"
 
-#include "model/Ascii.h"
-#include "model/PropertyList.h"
+#include "base/Ascii.h"
+#include "plist/PropertyList.h"
 
 #include <algorithm>
 #include <string>

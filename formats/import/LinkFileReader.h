@@ -2,7 +2,7 @@
 // and links of the desktop (".desktop").
 #pragma once
 
-#include "model/Text.h"
+#include "base/Text.h"
 
 #include <optional>
 #include <string_view>

@@ -2,8 +2,8 @@
 // every form, and comes to the same for these, only slower.
 #pragma once
 
+#include "base/Date.h"
 #include "formats/import/ScannedBytes.h"
-#include "model/Date.h"
 
 #include <optional>
 #include <string_view>

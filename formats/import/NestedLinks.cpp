@@ -1,7 +1,7 @@
 #include "formats/import/NestedLinks.h"
 
-#include "formats/html/HtmlTreeBuilder.h"
-#include "model/Text.h"
+#include "base/Text.h"
+#include "html/HtmlTreeBuilder.h"
 
 #include <algorithm>
 #include <string>

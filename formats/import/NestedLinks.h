@@ -2,9 +2,9 @@
 // clipboard beside its own form; files of bookmarks are NetscapeScanner.h's.
 #pragma once
 
+#include "base/Date.h"
+#include "base/Error.h"
 #include "model/Bookmark.h"
-#include "model/Date.h"
-#include "model/Error.h"
 
 #include <string_view>
 

@@ -1,8 +1,8 @@
 // The two dates that a tag of a bookmark file can carry.
 #pragma once
 
+#include "base/Date.h"
 #include "formats/import/ScannedBytes.h"
-#include "model/Date.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,8 +1,8 @@
 #include "formats/import/NetscapeScan.h"
 
-#include "formats/XmlEntities.h"
 #include "formats/import/NetscapeDates.h"
 #include "model/LinkType.h"
+#include "text/XmlEntities.h"
 
 #include <algorithm>
 #include <string_view>

@@ -2,14 +2,14 @@
 // NetscapeScanner.h.
 #pragma once
 
+#include "base/BaseServices.h"
+#include "base/Progress.h"
 #include "formats/import/LinkLine.h"
 #include "formats/import/LinkTarget.h"
 #include "formats/import/NetscapeTokens.h"
 #include "formats/import/ScannedBytes.h"
 #include "formats/import/ScannedTexts.h"
 #include "model/Bookmark.h"
-#include "platform/BaseServices.h"
-#include "platform/Progress.h"
 
 #include <optional>
 #include <string_view>

@@ -2,9 +2,9 @@
 // groups from the tags as browsers write them. It is no HTML parser; tags in lower case are not seen.
 #pragma once
 
+#include "base/BaseServices.h"
+#include "base/Progress.h"
 #include "model/Bookmark.h"
-#include "platform/BaseServices.h"
-#include "platform/Progress.h"
 
 #include <string_view>
 

@@ -1,8 +1,8 @@
 #include "formats/import/PageLinks.h"
 
-#include "formats/html/HtmlTreeBuilder.h"
-#include "formats/url/Url.h"
-#include "model/Text.h"
+#include "base/Text.h"
+#include "html/HtmlTreeBuilder.h"
+#include "url/Url.h"
 
 #include <optional>
 #include <vector>

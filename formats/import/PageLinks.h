@@ -2,8 +2,8 @@
 // becomes of that is HTMLWindowController.h's affair.
 #pragma once
 
-#include "model/Error.h"
-#include "platform/Progress.h"
+#include "base/Error.h"
+#include "base/Progress.h"
 
 #include <string>
 #include <string_view>

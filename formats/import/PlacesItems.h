@@ -1,9 +1,9 @@
 // Bookmarks as Firefox's library copies and drags them ("text/x-moz-place") → tree.
 #pragma once
 
+#include "base/Date.h"
+#include "base/Error.h"
 #include "model/Bookmark.h"
-#include "model/Date.h"
-#include "model/Error.h"
 
 #include <string_view>
 

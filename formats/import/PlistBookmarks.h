@@ -1,10 +1,10 @@
 // Bookmarks that browsers keep in property lists: Safari's "Bookmarks.plist" and iCab's "iCab 4 Bookmarks".
 #pragma once
 
+#include "base/BaseServices.h"
+#include "base/Error.h"
+#include "base/Progress.h"
 #include "model/Bookmark.h"
-#include "model/Error.h"
-#include "platform/BaseServices.h"
-#include "platform/Progress.h"
 
 #include <string_view>
 

@@ -1,6 +1,6 @@
 #include "formats/import/PlistEntries.h"
 
-#include "model/Misspelling.h"
+#include "text/Misspelling.h"
 
 #include <algorithm>
 

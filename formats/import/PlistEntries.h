@@ -4,7 +4,7 @@
 // PlistBookmarks.cpp.
 #pragma once
 
-#include "model/PropertyList.h"
+#include "plist/PropertyList.h"
 
 #include <span>
 #include <string>

@@ -1,6 +1,6 @@
 #include "formats/import/ScannedTexts.h"
 
-#include "formats/XmlEntities.h"
+#include "text/XmlEntities.h"
 
 #include <simdjson.h>
 

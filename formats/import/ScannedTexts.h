@@ -1,8 +1,8 @@
 // The texts that stand in the bytes of a file that is being scanned: decoding and unescaping.
 #pragma once
 
+#include "base/Text.h"
 #include "formats/import/ScannedBytes.h"
-#include "model/Text.h"
 
 namespace tabulon {
 

@@ -1,8 +1,8 @@
 #include "formats/import/TextDecoding.h"
 
+#include "base/Text.h"
 #include "formats/import/EncodingNames.h"
-#include "model/EncodingConversion.h"
-#include "model/Text.h"
+#include "text/EncodingConversion.h"
 
 #include <uchardet.h>
 

@@ -1,8 +1,8 @@
 #include "formats/import/TextScanner.h"
 
-#include "formats/XmlEntities.h"
+#include "base/Ascii.h"
 #include "formats/import/ScannedBytes.h"
-#include "model/Ascii.h"
+#include "text/XmlEntities.h"
 
 #include <algorithm>
 #include <array>

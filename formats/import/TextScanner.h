@@ -2,9 +2,9 @@
 // whoever wants a page's links reads it as a page.
 #pragma once
 
+#include "base/BaseServices.h"
+#include "base/Progress.h"
 #include "model/Bookmark.h"
-#include "platform/BaseServices.h"
-#include "platform/Progress.h"
 
 #include <string_view>
 

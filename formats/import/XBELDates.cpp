@@ -1,6 +1,6 @@
 #include "formats/import/XBELDates.h"
 
-#include "model/Ascii.h"
+#include "base/Ascii.h"
 
 #include <unicode/smpdtfmt.h>
 #include <unicode/timezone.h>

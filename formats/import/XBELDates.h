@@ -1,7 +1,7 @@
 // The dates of XBEL files.
 #pragma once
 
-#include "model/Date.h"
+#include "base/Date.h"
 
 #include <string_view>
 

@@ -1,8 +1,8 @@
 #include "formats/import/XBELReader.h"
 
 #include "formats/import/XBELDates.h"
-#include "model/XmlEncoding.h"
-#include "model/XmlParsing.h"
+#include "plist/XmlEncoding.h"
+#include "plist/XmlParsing.h"
 
 #include <string>
 #include <vector>

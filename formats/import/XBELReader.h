@@ -1,10 +1,10 @@
 // XBEL, the XML Bookmark Exchange Language → tree. The writer of such files is export/XBEL.h.
 #pragma once
 
+#include "base/BaseServices.h"
+#include "base/Error.h"
+#include "base/Progress.h"
 #include "model/Bookmark.h"
-#include "model/Error.h"
-#include "platform/BaseServices.h"
-#include "platform/Progress.h"
 
 #include <string_view>
 

@@ -2,9 +2,9 @@
 // user's own settings.
 #pragma once
 
-#include "model/Date.h"
-#include "platform/BaseServices.h"
-#include "platform/EnglishTexts.h"
+#include "base/BaseServices.h"
+#include "base/Date.h"
+#include "base/EnglishTexts.h"
 
 #include <map>
 #include <string>

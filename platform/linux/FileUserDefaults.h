@@ -1,8 +1,8 @@
 // Settings in a file that people can read and edit. What the file looks like is SettingsText's affair.
 #pragma once
 
+#include "base/UserDefaults.h"
 #include "platform/FileStore.h"
-#include "platform/UserDefaults.h"
 #include "platform/linux/SettingsText.h"
 
 #include <functional>

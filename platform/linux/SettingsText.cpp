@@ -1,7 +1,7 @@
 #include "platform/linux/SettingsText.h"
 
-#include "model/Ascii.h"
-#include "model/Text.h"
+#include "base/Ascii.h"
+#include "base/Text.h"
 
 #include <fmt/format.h>
 

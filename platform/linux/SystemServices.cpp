@@ -1,6 +1,6 @@
 #include "platform/linux/SystemServices.h"
 
-#include "model/Date.h"
+#include "base/Date.h"
 #include "platform/linux/Process.h"
 
 #include <fmt/format.h>

@@ -1,8 +1,8 @@
 // The real clock, the real log and what the environment says of the user's language.
 #pragma once
 
-#include "platform/Clock.h"
-#include "platform/SystemLog.h"
+#include "base/Clock.h"
+#include "base/SystemLog.h"
 
 #include <string>
 #include <string_view>

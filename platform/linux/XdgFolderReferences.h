@@ -1,9 +1,9 @@
 // User-chosen folders, kept as plain paths in the settings.
 #pragma once
 
+#include "base/UserDefaults.h"
 #include "platform/FileStore.h"
 #include "platform/FolderReferences.h"
-#include "platform/UserDefaults.h"
 
 namespace tabulon {
 

@@ -1,7 +1,7 @@
 // Who runs: the first start, a later one, one beside a program that hangs.
 #include "app/Launch.h"
 
-#include "platform/EnglishTexts.h"
+#include "base/EnglishTexts.h"
 #include "platform/fake/FakeDesktop.h"
 #include "platform/fake/FakeSingleInstance.h"
 

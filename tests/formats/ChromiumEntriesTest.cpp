@@ -1,8 +1,8 @@
 // Bookmarks as Chromium copies and drags them, read and written.
 #include "formats/export/ChromiumEntries.h"
 
+#include "base/Ref.h"
 #include "formats/import/ChromiumEntries.h"
-#include "model/Ref.h"
 #include "tests/BriefTree.h"
 
 #include <gtest/gtest.h>

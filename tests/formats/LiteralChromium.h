@@ -2,8 +2,8 @@
 // bookmarks from it step by step, key by key, without a thought for time or depth.
 #pragma once
 
+#include "base/BaseServices.h"
 #include "model/Bookmark.h"
-#include "platform/BaseServices.h"
 
 #include <random>
 #include <string>

@@ -1,8 +1,8 @@
 // What a page tells of its links.
 #include "formats/import/PageLinks.h"
 
+#include "tests/CountingProgress.h"
 #include "tests/ProcessorTime.h"
-#include "tests/formats/CountingProgress.h"
 
 #include <gtest/gtest.h>
 

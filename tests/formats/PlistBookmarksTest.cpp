@@ -2,11 +2,11 @@
 // same list to the readers.
 #include "formats/import/PlistBookmarks.h"
 
-#include "model/PlistWriter.h"
-#include "model/XmlPlist.h"
 #include "platform/fake/FakeBaseServices.h"
+#include "plist/PlistWriter.h"
+#include "plist/XmlPlist.h"
+#include "tests/CountingProgress.h"
 #include "tests/ProcessorTime.h"
-#include "tests/formats/CountingProgress.h"
 #include "tests/model/TreeShape.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 // The scanner for links in any text.
 #include "formats/import/TextScanner.h"
 
-#include "formats/XmlEntities.h"
 #include "platform/fake/FakeBaseServices.h"
 #include "tests/ProcessorTime.h"
+#include "text/XmlEntities.h"
 
 #include <gtest/gtest.h>
 

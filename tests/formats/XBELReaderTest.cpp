@@ -4,7 +4,7 @@
 #include "formats/export/XBEL.h"
 #include "formats/import/XBELDates.h"
 #include "platform/fake/FakeBaseServices.h"
-#include "tests/formats/CountingProgress.h"
+#include "tests/CountingProgress.h"
 #include "tests/formats/TreeText.h"
 
 #include <gtest/gtest.h>

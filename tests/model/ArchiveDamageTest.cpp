@@ -2,7 +2,7 @@
 #include "model/ArchiveReader.h"
 #include "model/ArchiveWriter.h"
 #include "tests/ProcessorTime.h"
-#include "tests/model/TestPlist.h"
+#include "tests/plist/TestPlist.h"
 
 #include <gtest/gtest.h>
 

@@ -3,8 +3,8 @@
 #include "model/ArchiveReader.h"
 #include "model/ArchiveWriter.h"
 #include "model/TreeWalk.h"
-#include "tests/model/TestPlist.h"
 #include "tests/model/TreeShape.h"
+#include "tests/plist/TestPlist.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 
 #include "model/ArchiveWriter.h"
 #include "model/TreeWalk.h"
-#include "tests/model/TestPlist.h"
+#include "tests/plist/TestPlist.h"
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,7 @@
 #include "model/TreeWalk.h"
 #include "platform/fake/FakeBaseServices.h"
 #include "tests/ProcessorTime.h"
-#include "tests/model/TestPlist.h"
+#include "tests/plist/TestPlist.h"
 
 #include <gtest/gtest.h>
 

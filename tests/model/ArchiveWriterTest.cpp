@@ -3,9 +3,9 @@
 
 #include "model/ArchiveKeys.h"
 #include "model/ArchiveReader.h"
-#include "model/BinaryPlist.h"
 #include "model/TreeWalk.h"
 #include "platform/fake/FakeBaseServices.h"
+#include "plist/BinaryPlist.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include "model/ArchiveWriter.h"
 #include "model/ClassicReader.h"
 #include "platform/fake/FakeBaseServices.h"
-#include "tests/model/TestPlist.h"
+#include "tests/plist/TestPlist.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // Finding in one document: counts, the order of visits, the phases that survive, restarts.
 #include "model/Finder.h"
 
-#include "model/Collation.h"
 #include "tests/model/TreeText.h"
+#include "text/Collation.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // Sorting on the tree: folders first, every key, both directions, missing values, equal keys, depth.
 #include "model/TreeSort.h"
 
-#include "model/Collation.h"
 #include "tests/model/TreeText.h"
+#include "text/Collation.h"
 
 #include <gtest/gtest.h>
 

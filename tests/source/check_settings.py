@@ -8,7 +8,7 @@ from settings_table import faults, registered
 
 def main():
     root = Path(sys.argv[1])
-    source = (root / "platform/RegisteredDefaults.cpp").read_text(encoding="utf-8")
+    source = (root / "base/RegisteredDefaults.cpp").read_text(encoding="utf-8")
     found = list(faults(source, (root / "docs/settings.md").read_text(encoding="utf-8")))
     for fault in found:
         print(fault)

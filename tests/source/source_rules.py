@@ -8,34 +8,37 @@ from pathlib import Path
 MAXIMUM_LINES = 600
 
 SOURCE_FOLDERS = (
-    "model", "formats", "search", "history", "window", "app", "ui", "cli", "main", "platform", "tests", "bench", "fuzz",
+    "base", "text", "plist", "html", "url", "model", "formats", "search", "history", "window", "app", "ui", "cli",
+    "main", "platform", "tests", "bench", "fuzz",
 )
 
-# The services that every layer from the model upwards may use. All other interfaces are for window and app upwards.
-BASE_SERVICES = {
-    "BaseServices.h", "Clock.h", "EnglishTexts.h", "Localization.h", "Progress.h", "SystemLog.h", "UserDefaults.h",
-}
-
 # Each room of the house and the rooms it may include. A room always may include itself.
-_UPPER = {"model", "formats", "search", "history", "services", "platform"}
+_CODINGS = {"base", "text", "plist"}
+_MODEL = _CODINGS | {"model"}
+_UPPER = _MODEL | {"formats", "search", "history", "platform"}
+_PROOF = _UPPER | {"html", "url", "window", "app", "cli", "platform/fake", "platform/linux"}
 ARROWS = {
-    "services": set(),
-    "platform": {"services", "model"},
-    "model": {"services"},
-    "formats": {"services", "model"},
-    "search": {"services", "model"},
-    "history": {"services", "model"},
+    "base": set(),
+    "text": {"base"},
+    "plist": {"base", "text"},
+    "html": {"base", "text"},
+    "url": {"base", "text"},
+    "model": _CODINGS,
+    "formats": _MODEL | {"html", "url"},
+    "search": _MODEL,
+    "history": _MODEL,
+    "platform": {"base"},
+    "platform/fake": {"base", "platform"},
+    "platform/linux": {"base", "platform"},
     "window": _UPPER,
     "app": _UPPER | {"window"},
     "ui": _UPPER | {"window", "app"},
     "cli": _UPPER | {"window", "app", "platform/fake"},
-    "platform/fake": {"services", "platform", "model"},
-    "platform/linux": {"services", "platform", "model"},
     "main": _UPPER | {"window", "app", "ui", "cli", "platform/fake", "platform/linux"},
-    "bench": _UPPER | {"window", "app", "cli", "platform/fake", "platform/linux"},
-    "fuzz": _UPPER | {"window", "app", "cli", "platform/fake", "platform/linux", "tests"},
-    "tests": _UPPER | {"window", "app", "cli", "platform/fake", "platform/linux", "bench", "fuzz"},
-    "tests/ui": _UPPER | {"window", "app", "ui", "cli", "platform/fake", "platform/linux", "tests"},
+    "bench": _PROOF,
+    "fuzz": _PROOF | {"tests"},
+    "tests": _PROOF | {"bench", "fuzz"},
+    "tests/ui": _PROOF | {"ui", "tests"},
 }
 
 # The rooms that may include Qt or any other part of a desktop.
@@ -48,11 +51,8 @@ _INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE
 def room_of(path):
     """The room that a path relative to the tree's root belongs to, or None for a path outside the rooms."""
     parts = Path(path).parts
-    if parts[0] == "platform":
-        if len(parts) > 2:
-            return f"platform/{parts[1]}"
-        name = Path(path).with_suffix(".h").name
-        return "services" if name in BASE_SERVICES | {"RegisteredDefaults.h"} else "platform"
+    if parts[0] == "platform" and len(parts) > 2:
+        return f"platform/{parts[1]}"
     if parts[:2] == ("tests", "ui"):
         return "tests/ui"
     return parts[0] if parts[0] in SOURCE_FOLDERS else None

@@ -156,6 +156,29 @@ TEST_F(SheetsTest, theRemovalSheetStoresItsBoxesAndThenActs) {
     EXPECT_FALSE(inSheet<QPushButton>("Delete"));
 }
 
+TEST_F(SheetsTest, returnDeletesNoMarkedLinksButMovesThem) {
+    int executed = 0;
+    const auto sheet = std::make_shared<MoveDeleteController>(base.services(), [&] { ++executed; });
+    window.show();
+    presentMoveDelete(&window, sheet, base.texts);
+    auto* move = inSheet<QCheckBox>("Move them to the Waste Basket");
+    auto* broken = inSheet<QCheckBox>("Broken");
+    ASSERT_TRUE(move && broken && inSheet<QPushButton>("Move"));
+    for (QCheckBox* box :
+         {inSheet<QCheckBox>("Duplicates"), broken, inSheet<QCheckBox>("Not to be determined")})
+        box->setChecked(false);
+    EXPECT_FALSE(inSheet<QPushButton>("Move")->isEnabled());
+    broken->click();
+    EXPECT_TRUE(inSheet<QPushButton>("Move")->isEnabled());
+    EXPECT_TRUE(inSheet<QPushButton>("Move")->isDefault());
+    move->click();
+    EXPECT_FALSE(inSheet<QPushButton>("Delete")->isDefault());
+    QTest::keyClick(broken, Qt::Key_Return);
+    QTest::qWait(20);
+    EXPECT_EQ(executed, 0);
+    EXPECT_TRUE(base.defaults.boolForKey("MoveLinks"));
+}
+
 TEST_F(SheetsTest, aCancelledRemovalSheetStoresNothing) {
     int executed = 0;
     const auto sheet = std::make_shared<MoveDeleteController>(base.services(), [&] { ++executed; });

@@ -49,6 +49,29 @@ TEST_F(FindTest, aSearchEndsWithTheBar) {
     EXPECT_TRUE(outline().selected.empty());
 }
 
+TEST_F(FindTest, aSearchThatGoesOnWaitsForTheCellBeingEdited) {
+    Bookmark& edited = add(makeLink("link", "none"));
+    for (int i = 0; i < 20'000; ++i)
+        add(makeLink("link", "none"));
+    Bookmark& hit = add(makeLink("other", "none"));
+    hit.setItemNote("a hit");
+    open();
+    bar().doSearch("hit");
+    select({&edited});
+    outline().editCell(Column::Name, 0);
+    outline().typed = "typed";
+    timers.advance(1);
+    EXPECT_TRUE(outline().edited) << "the match was selected and ended the editing";
+    EXPECT_FALSE(window->info) << "the panel takes the keyboard";
+    EXPECT_EQ(window->bar.label, "");
+    outline().endEditing();
+    EXPECT_EQ(edited.itemName().view(), "typed");
+    timers.advance(1);
+    EXPECT_EQ(window->bar.label, "1 match");
+    EXPECT_EQ(outline().selected, std::set<Bookmark*>{&hit});
+    EXPECT_TRUE(window->info);
+}
+
 TEST_F(FindTest, onlyRowsCanBeSelected) {
     const MenuItem selectAll{.action = "selectAll:"};
     open();

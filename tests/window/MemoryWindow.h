@@ -96,6 +96,7 @@ public:
             : column == Column::URL ? controller_.endURLEdit(*row, *text)
                                     : controller_.endTagsEdit(*row, *text);
     }
+    bool isEditing() const override { return edited.has_value(); }
     bool hasKeyboard() const override { return keyboard; }
     std::optional<Column> columnUnderPointer() const override { return pointer; }
     void addTagsColumn(std::size_t index, double width) override {

@@ -2,7 +2,7 @@
 // coded; what is edited is the address as it is.
 #pragma once
 
-#include "model/Text.h"
+#include "base/Text.h"
 #include "ui/LineField.h"
 
 namespace tabulon {

@@ -2,7 +2,7 @@
 // the outline controller and to the application delegate, and decides nothing.
 #pragma once
 
-#include "platform/UserDefaults.h"
+#include "base/UserDefaults.h"
 
 #include <QMainWindow>
 

@@ -1,7 +1,7 @@
 // What a window shows in place of the rows of an empty document: what the program is for and what to press.
 #pragma once
 
-#include "platform/Localization.h"
+#include "base/Localization.h"
 
 #include <QWidget>
 

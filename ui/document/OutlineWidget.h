@@ -78,6 +78,7 @@ public:
     void scrollRowToVisible(std::size_t row) override;
     void editCell(Column column, std::size_t row) override;
     void endEditing() override;
+    bool isEditing() const override;
     bool hasKeyboard() const override;
     std::optional<Column> columnUnderPointer() const override;
     void addTagsColumn(std::size_t index, double width) override;

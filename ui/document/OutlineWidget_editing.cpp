@@ -35,6 +35,10 @@ void OutlineWidget::endEditing() {
     }
 }
 
+bool OutlineWidget::isEditing() const {
+    return edited_.isValid() && indexWidget(edited_);
+}
+
 bool OutlineWidget::hasKeyboard() const {
     if (QApplication::activePopupWidget()) // a menu takes the keys
         return false;

@@ -1,6 +1,6 @@
 #include "ui/versions/VersionsSheet.h"
 
-#include "platform/Localization.h"
+#include "base/Localization.h"
 #include "ui/ScreenRoom.h"
 #include "ui/Strings.h"
 #include "ui/versions/DifferencesModel.h"

@@ -1,0 +1,115 @@
+#include "base/Text.h"
+
+#include "base/Memory.h"
+
+#include <unicode/utf8.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace tabulon {
+namespace {
+
+// Position of the first byte that is not ASCII, or the size.
+std::size_t asciiPrefix(std::string_view bytes) {
+    const auto isAsciiAt = [&bytes](std::size_t at) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, bytes.data() + at, 8);
+        return (word & 0x8080808080808080u) == 0;
+    };
+    std::size_t i = 0;
+    while (i + 8 <= bytes.size() && isAsciiAt(i))
+        i += 8;
+    // The last word may look at bytes a second time: cheaper than going through the rest one by one.
+    if (i > 0 && i + 8 > bytes.size() && isAsciiAt(bytes.size() - 8))
+        return bytes.size();
+    while (i < bytes.size() && static_cast<unsigned char>(bytes[i]) < 0x80)
+        ++i;
+    return i;
+}
+
+// Copies at least eight bytes; false when not all of them are ASCII.
+bool copyAscii(std::string_view bytes, char* target) {
+    std::uint64_t seen = 0;
+    const auto copyAt = [&](std::size_t at) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, bytes.data() + at, 8);
+        std::memcpy(target + at, &word, 8);
+        seen |= word;
+    };
+    for (std::size_t i = 0; i + 8 < bytes.size(); i += 8)
+        copyAt(i);
+    copyAt(bytes.size() - 8);
+    return (seen & 0x8080808080808080u) == 0;
+}
+
+// The most bytes, up to `limit`, that end with a whole character.
+std::size_t wholeCharacters(std::string_view utf8, std::size_t limit) {
+    std::size_t end = limit;
+    while (end > 0 && end < utf8.size() && (static_cast<unsigned char>(utf8[end]) & 0xC0) == 0x80)
+        --end;
+    return end;
+}
+
+} // namespace
+
+Text::Text(std::size_t size) : block_(static_cast<Block*>(allocateMemory(sizeof(Block) + size))) {
+    block_->references = 1;
+    block_->size = static_cast<std::uint32_t>(size);
+}
+
+Text::Text(std::string_view utf8)
+    : Text(utf8.size() <= kMaximumSize ? utf8.size() : wholeCharacters(utf8, kMaximumSize)) {
+    // A view without a text may have no address either, and memcpy takes none even for no bytes.
+    if (block_->size != 0)
+        std::memcpy(block_ + 1, utf8.data(), block_->size);
+}
+
+// Most are ASCII, and are looked at while they are copied.
+Text Text::fromBytes(std::string_view bytes) {
+    if (bytes.size() >= 8 && bytes.size() <= kMaximumSize) {
+        Text text(bytes.size());
+        if (copyAscii(bytes, reinterpret_cast<char*>(text.block_ + 1)))
+            return text;
+    }
+    return isValidUtf8(bytes) ? Text(bytes) : Text(decodeUtf8Leniently(bytes));
+}
+
+void Text::destroy(Block* block) noexcept {
+    releaseMemory(block, sizeof(Block) + block->size);
+}
+
+bool isAscii(std::string_view bytes) {
+    return asciiPrefix(bytes) == bytes.size();
+}
+
+bool isValidUtf8(std::string_view bytes) {
+    const auto* data = reinterpret_cast<const std::uint8_t*>(bytes.data());
+    std::size_t i = asciiPrefix(bytes);
+    while (i < bytes.size()) {
+        UChar32 character = 0;
+        U8_NEXT(data, i, bytes.size(), character);
+        if (character < 0)
+            return false;
+    }
+    return true;
+}
+
+std::string decodeUtf8Leniently(std::string_view bytes) {
+    const auto* data = reinterpret_cast<const std::uint8_t*>(bytes.data());
+    std::string result;
+    result.reserve(bytes.size());
+    std::size_t i = 0;
+    while (i < bytes.size()) {
+        const std::size_t start = i;
+        UChar32 character = 0;
+        U8_NEXT(data, i, bytes.size(), character);
+        if (character < 0)
+            result += "\xEF\xBF\xBD";
+        else
+            result.append(bytes.substr(start, i - start));
+    }
+    return result;
+}
+
+} // namespace tabulon

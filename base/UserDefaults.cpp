@@ -1,0 +1,65 @@
+// Conversions between the stored texts and the types that callers want.
+#include "base/UserDefaults.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+namespace tabulon {
+namespace {
+
+bool equalIgnoringCase(std::string_view text, std::string_view lowerCase) {
+    return std::equal(text.begin(), text.end(), lowerCase.begin(), lowerCase.end(), [](char a, char b) {
+        return (a >= 'A' && a <= 'Z' ? static_cast<char>(a - 'A' + 'a') : a) == b;
+    });
+}
+
+bool isYes(std::string_view text) {
+    return equalIgnoringCase(text, "yes") || equalIgnoringCase(text, "true");
+}
+
+// The number that the text begins with, a decimal point whatever the user's language; 0 without one.
+double leadingNumber(std::string_view text) {
+    double number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return std::isfinite(number) ? number : 0; // "nan" and "inf" are words here
+}
+
+} // namespace
+
+bool UserDefaults::boolForKey(std::string_view key) const {
+    const auto value = stringForKey(key);
+    return value && (isYes(*value) || leadingNumber(*value) != 0);
+}
+
+std::int64_t UserDefaults::integerForKey(std::string_view key) const {
+    const auto value = stringForKey(key);
+    if (!value)
+        return 0;
+    if (isYes(*value))
+        return 1;
+    std::int64_t number = 0;
+    std::from_chars(value->data(), value->data() + value->size(), number);
+    return number;
+}
+
+double UserDefaults::doubleForKey(std::string_view key) const {
+    const auto value = stringForKey(key);
+    return value ? leadingNumber(*value) : 0;
+}
+
+void UserDefaults::setBoolForKey(std::string_view key, bool value) {
+    setStringForKey(key, value ? "YES" : "NO");
+}
+
+void UserDefaults::setIntegerForKey(std::string_view key, std::int64_t value) {
+    setStringForKey(key, std::to_string(value));
+}
+
+void UserDefaults::setDoubleForKey(std::string_view key, double value) {
+    setStringForKey(key, fmt::format("{}", value));
+}
+
+} // namespace tabulon

@@ -1,0 +1,21 @@
+// Questions about the texts of a page.
+#pragma once
+
+#include "base/Ascii.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace tabulon::html {
+
+inline std::string_view leadingBlanks(std::string_view text) {
+    const auto end = std::ranges::find_if_not(text, ascii::isSpace);
+    return text.substr(0, static_cast<std::size_t>(end - text.begin()));
+}
+
+/// Whether nothing but white space is in it.
+inline bool isBlank(std::string_view text) {
+    return leadingBlanks(text).size() == text.size();
+}
+
+} // namespace tabulon::html

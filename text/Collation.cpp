@@ -1,0 +1,162 @@
+#include "text/Collation.h"
+
+#include "text/TextFolding.h"
+#include "text/TextSearch.h"
+
+#include <unicode/coll.h>
+#include <unicode/locid.h>
+#include <unicode/stringpiece.h>
+#include <unicode/unistr.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <optional>
+
+namespace tabulon {
+namespace {
+
+// What of a text counts for its place; ICU measures its buffers in 32 bits.
+constexpr std::size_t kComparedBytes = std::size_t{1} << 28;
+
+icu::StringPiece piece(std::string_view text) {
+    return {text.data(), static_cast<std::int32_t>(std::min(text.size(), kComparedBytes))};
+}
+
+std::unique_ptr<icu::Collator> makeCollator(const icu::Locale& locale) {
+    UErrorCode status = U_ZERO_ERROR;
+    std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(locale, status));
+    if (U_FAILURE(status))
+        return nullptr;
+    collator->setStrength(icu::Collator::SECONDARY);
+    return collator;
+}
+
+LetterI letterIOf(const icu::Locale& locale) {
+    const std::string_view language = locale.getLanguage();
+    return language == "tr" || language == "az" ? LetterI::Turkish : LetterI::Common;
+}
+
+} // namespace
+
+struct Collation::Implementation {
+    explicit Implementation(const icu::Locale& locale)
+        : collator(makeCollator(locale)), folder(letterIOf(locale)) {}
+
+    std::unique_ptr<icu::Collator> collator;
+    // Kept from call to call: a search goes over very many texts.
+    std::string foldedText;
+    TextFolder folder;
+
+    std::string_view foldedForm(std::string_view text) {
+        foldedText.clear();
+        folder.appendFolded(foldedText, text);
+        return foldedText;
+    }
+};
+
+Collation::Collation(std::string_view locale)
+    : implementation_(
+          std::make_unique<Implementation>(icu::Locale::createCanonical(std::string(locale).c_str()))) {
+    if (!implementation_->collator)
+        implementation_->collator = makeCollator(icu::Locale::getRoot());
+}
+
+Collation::~Collation() = default;
+
+std::weak_ordering Collation::compareIgnoringCase(std::string_view a, std::string_view b) const {
+    if (!implementation_->collator)
+        return sortKey(a) <=> sortKey(b);
+    UErrorCode status = U_ZERO_ERROR;
+    switch (implementation_->collator->compareUTF8(piece(a), piece(b), status)) {
+    case UCOL_LESS:
+        return std::weak_ordering::less;
+    case UCOL_GREATER:
+        return std::weak_ordering::greater;
+    case UCOL_EQUAL:
+        break;
+    }
+    return std::weak_ordering::equivalent;
+}
+
+std::string Collation::sortKey(std::string_view text) const {
+    std::string key;
+    appendSortKey(key, text);
+    return key;
+}
+
+void Collation::appendSortKey(std::string& keys, std::string_view text) const {
+    if (!implementation_->collator) {
+        keys += implementation_->foldedForm(text);
+        return;
+    }
+    const icu::UnicodeString wide = icu::UnicodeString::fromUTF8(piece(text));
+    std::array<std::uint8_t, 512> buffer;
+    const auto capacity = static_cast<std::int32_t>(buffer.size());
+    const std::int32_t size = implementation_->collator->getSortKey(wide, buffer.data(), capacity);
+    // ICU ends a key with a zero byte, which no key has inside.
+    const std::size_t kept = static_cast<std::size_t>(std::max(size, 1) - 1);
+    if (size <= capacity) {
+        keys.append(reinterpret_cast<const char*>(buffer.data()), kept);
+        return;
+    }
+    const std::size_t start = keys.size();
+    keys.resize(start + kept + 1);
+    implementation_->collator->getSortKey(wide, reinterpret_cast<std::uint8_t*>(&keys[start]), size);
+    keys.pop_back();
+}
+
+TextSearch Collation::searchFor(std::string_view part) const {
+    return TextSearch(std::string(implementation_->foldedForm(part)));
+}
+
+bool Collation::standardContains(std::string_view text, const TextSearch& search) const {
+    // The quick looks know the case of ASCII letters, which is another one there.
+    if (implementation_->folder.letterI() == LetterI::Turkish)
+        return search.inSmallLetters(implementation_->foldedForm(text));
+    if (const std::optional<bool> answer = search.isIn(text))
+        return *answer;
+    if (search.isAscii() && implementation_->folder.keepsFromAscii(text))
+        return false;
+    return search.inSmallLetters(implementation_->foldedForm(text));
+}
+
+bool Collation::standardContains(std::string_view text, std::string_view part) const {
+    return standardContains(text, searchFor(part));
+}
+
+std::string_view Collation::standardMatch(std::string_view text, std::string_view part) const {
+    const TextSearch search = searchFor(part);
+    const auto found = search.placeInSmallLetters(implementation_->foldedForm(text));
+    if (!found)
+        return {};
+    const std::size_t begin = placeOfFolded(text, *found);
+    const std::size_t end = placeOfFolded(text, *found + search.size());
+    return begin < end ? text.substr(begin, end - begin) : std::string_view();
+}
+
+// Where in `text` its folded form has reached `size` bytes: behind the last character that adds nothing more,
+// so that marks stay with their letter. The form grows with the text, which is halved until the place is
+// found.
+std::size_t Collation::placeOfFolded(std::string_view text, std::size_t size) const {
+    const auto isInside = [text](std::size_t place) {
+        return place < text.size() && (static_cast<unsigned char>(text[place]) & 0xC0) == 0x80;
+    };
+    std::size_t low = 0;                // the form up to here is short enough
+    std::size_t high = text.size() + 1; // and up to here it is not
+    while (high - low > 1) {
+        const std::size_t middle = low + (high - low) / 2;
+        std::size_t place = middle;
+        while (isInside(place))
+            --place;
+        if (place <= low || implementation_->foldedForm(text.substr(0, place)).size() <= size)
+            low = middle;
+        else
+            high = middle;
+    }
+    while (isInside(low))
+        --low;
+    return low;
+}
+
+} // namespace tabulon

@@ -1,0 +1,106 @@
+#include "text/PercentEncoding.h"
+
+#include "base/Ascii.h"
+#include "text/Utf8.h"
+
+#include <unicode/ucnv.h>
+#include <unicode/utf16.h>
+
+#include <array>
+#include <memory>
+
+namespace tabulon::url {
+namespace {
+
+bool isIn(EscapeSet set, char c) {
+    if (static_cast<unsigned char>(c) < 0x20 || static_cast<unsigned char>(c) > 0x7E)
+        return true;
+    const auto anyOf = [c](std::string_view some) { return some.find(c) != std::string_view::npos; };
+    switch (set) {
+    case EscapeSet::Controls:
+        return false;
+    case EscapeSet::Fragment:
+        return anyOf(" \"<>`");
+    case EscapeSet::Query:
+        return anyOf(" \"#<>'");
+    case EscapeSet::Path:
+        return anyOf(" \"#<>?^`{|}");
+    case EscapeSet::UserInfo:
+        return anyOf(" \"#<>?^`{|}/:;=@[\\]'");
+    }
+    return false;
+}
+
+void appendByte(char c, std::string& result) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    const auto byte = static_cast<unsigned char>(c);
+    result += '%';
+    result += kDigits[byte >> 4];
+    result += kDigits[byte & 15];
+}
+
+struct CloseConverter {
+    void operator()(UConverter* converter) const { ucnv_close(converter); }
+};
+
+// Nothing where the encoding does not have the character.
+std::string encoded(UConverter& converter, char32_t character) {
+    std::array<UChar, 2> units{};
+    std::int32_t length = 0;
+    U16_APPEND_UNSAFE(units.data(), length, character);
+    std::array<char, 16> bytes{};
+    UErrorCode status = U_ZERO_ERROR;
+    const std::int32_t size = ucnv_fromUChars(
+        &converter, bytes.data(), static_cast<std::int32_t>(bytes.size()), units.data(), length, &status);
+    return U_SUCCESS(status) ? std::string(bytes.data(), static_cast<std::size_t>(size)) : std::string();
+}
+
+} // namespace
+
+void appendEscaped(std::string_view text, EscapeSet set, std::string& result) {
+    for (const char c : text) {
+        if (isIn(set, c))
+            appendByte(c, result);
+        else
+            result += c;
+    }
+}
+
+void appendEscapedIn(std::string_view encoding, std::string_view text, EscapeSet set, std::string& result) {
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<UConverter, CloseConverter> converter(
+        ucnv_open(std::string(encoding).c_str(), &status));
+    if (U_SUCCESS(status))
+        ucnv_setFromUCallBack(converter.get(), UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
+    if (U_FAILURE(status))
+        return appendEscaped(text, set, result);
+    for (std::size_t position = 0; position < text.size();) {
+        const char32_t character = utf8::next(text, position);
+        if (character < 0x80) {
+            appendEscaped(std::string(1, static_cast<char>(character)), set, result);
+            continue;
+        }
+        const std::string bytes = encoded(*converter, character);
+        if (bytes.empty())
+            result += "%26%23" + std::to_string(static_cast<std::uint32_t>(character)) + "%3B";
+        else
+            appendEscaped(bytes, set, result);
+    }
+}
+
+std::string unescaped(std::string_view text) {
+    std::string result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool isEscape = text[i] == '%' && i + 2 < text.size() && ascii::hexValue(text[i + 1]) >= 0 &&
+                              ascii::hexValue(text[i + 2]) >= 0;
+        if (!isEscape) {
+            result += text[i];
+            continue;
+        }
+        result += static_cast<char>(ascii::hexValue(text[i + 1]) * 16 + ascii::hexValue(text[i + 2]));
+        i += 2;
+    }
+    return result;
+}
+
+} // namespace tabulon::url
