@@ -163,7 +163,7 @@ Document* AppDelegate::showImported(const ImportFormat& format, Ref<Bookmark> ro
         const std::string title =
             platform_.base.texts.format("ImportedBookmarks", std::string(format.source));
         document->setDisplayName(title);
-        documentController_.getViewController(*document)->setWindowTitle(title);
+        documentController_.getViewController(*document)->window().setWindowTitle(title);
     }
     return document;
 }

@@ -145,7 +145,7 @@ Menu AppDelegate::sortMenu() const {
     for (std::size_t key = 0; key < kActions.size(); ++key) {
         menu.items.push_back(command(kTitles[key], std::string(kActions[key])));
         descending.items.push_back(menu.items.back());
-        descending.items.back().tag = ViewController::kSortDescendingTag;
+        descending.items.back().tag = SortCommands::kSortDescendingTag;
     }
     menu.items.push_back(MenuItem::makeSeparator());
     menu.items.push_back(submenu("MenuDescending", std::move(descending)));
@@ -166,7 +166,7 @@ Menu AppDelegate::cleanUpMenu() const {
 void AppDelegate::showMarks(bool /*shown*/) {
     for (const Document* document : documentController_.documents())
         if (ViewController* controller = documentController_.getViewController(*document))
-            controller->showMarksView();
+            controller->marks().showMarksView();
 }
 
 Menu AppDelegate::viewMenu() const {
@@ -187,7 +187,7 @@ Menu AppDelegate::windowMenu() const {
         menu.items.push_back(MenuItem::makeSeparator());
     for (Document* document : documents)
         menu.items.push_back(
-            MenuItem{.title = documentController_.getViewController(*document)->windowTitle(),
+            MenuItem{.title = documentController_.getViewController(*document)->window().windowTitle(),
                      .action = "makeKeyAndOrderFront:",
                      .representedObject = document,
                      .toolTip = decodeUtf8Leniently(document->fileName()),

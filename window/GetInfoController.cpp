@@ -1,7 +1,8 @@
 #include "window/GetInfoController.h"
 
 #include "model/TreeWalk.h"
-#include "window/ViewController.h"
+#include "window/Finding.h"
+#include "window/Outline.h"
 
 #include <algorithm>
 #include <functional>
@@ -41,7 +42,7 @@ void GetInfoController::editBookmark(Bookmark& node) {
         doneBookmark();
     show(node);
     if (panel_ && outline_)
-        outline_->outline().selectRowOf(node);
+        outline_->selectRowOf(node);
 }
 
 void GetInfoController::show(Bookmark& node) {
@@ -148,11 +149,11 @@ void GetInfoController::step(Bookmark* target) {
     }
     show(*target);
     if (outline_)
-        outline_->outline().selectRowOf(*target);
+        outline_->selectRowOf(*target);
 }
 
 bool GetInfoController::canFindNext() const {
-    return outline_ && !outline_->searchString().empty();
+    return outline_ && !finding_.searchString().empty();
 }
 
 // What is found in tags or note comes here by itself.
@@ -160,8 +161,8 @@ void GetInfoController::findNext() {
     doneBookmark();
     if (!outline_)
         return;
-    outline_->findBar().findNext();
-    Bookmark* found = outline_->foundBookmark();
+    finding_.findNext();
+    Bookmark* found = finding_.foundBookmark();
     if (found && found != original_.get() && found->getParent())
         editBookmark(*found);
 }
@@ -183,7 +184,7 @@ void GetInfoController::cancel() {
 }
 
 bool GetInfoController::isInTree(const Bookmark& node) const {
-    return outline_ && tabulon::isInTree(node, outline_->outline().getMaster());
+    return outline_ && tabulon::isInTree(node, outline_->getMaster());
 }
 
 void GetInfoController::keepChange() {
@@ -239,14 +240,16 @@ void GetInfoController::doneBookmark() {
     if (!outline_)
         return;
     keepChange();
-    outline_->outline().selectRowOf(*original_);
+    outline_->selectRowOf(*original_);
 }
 
 void GetInfoController::saveBookmark() {
     duplicate_->setItemDateModified(Date::now(platform_.base.clock));
     const bool newURL = !(duplicate_->itemURL() == original_->itemURL());
     original_->setWithBookmark(*duplicate_);
-    outline_->infoDidChange(*original_, newURL);
+    if (newURL)
+        outline_->currentRowDidChange();
+    outline_->itemDidChange(*original_);
 }
 
 void GetInfoController::updateButtons() {

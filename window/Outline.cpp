@@ -1,6 +1,6 @@
 #include "window/Outline.h"
 
-#include "platform/UserDefaults.h"
+#include "base/UserDefaults.h"
 
 #include <algorithm>
 

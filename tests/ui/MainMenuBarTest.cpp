@@ -115,7 +115,7 @@ TEST_F(MainMenuBarTest, ItemForAFieldThatIsGoneDoesNotActOnTheRows) {
     Document& document = *app.documentController().documents().front();
     ViewController& rows = *app.documentController().getViewController(document);
     const Ref<Bookmark> link = Bookmark::init(base.now());
-    rows.addNewData(link);
+    rows.editing().addNewData(link);
     QWidget window;
     auto* field = new QLineEdit("text", &window);
     window.show();

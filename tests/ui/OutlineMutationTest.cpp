@@ -44,7 +44,7 @@ protected:
         case 3:
             return controller->outline().collapseItemWithChildren(folder);
         default:
-            return controller->doubleClickFolder(folder);
+            return controller->expanding().doubleClickFolder(folder);
         }
     }
     void selectSome() {
@@ -58,19 +58,20 @@ protected:
     void step() {
         switch (pick(12)) {
         case 0:
-            return pick(2) == 0 ? controller->expandAll() : controller->collapseAll();
+            return pick(2) == 0 ? controller->expanding().expandAll() : controller->expanding().collapseAll();
         case 1:
             return selectSome();
         case 2:
             widget().selectAll();
-            return controller->expandFolder();
+            return controller->expanding().expandFolder();
         case 3:
-            return pick(2) == 0 ? controller->addTagsColumn() : controller->removeTagsColumn();
+            return pick(2) == 0 ? controller->table().addTagsColumn()
+                                : controller->table().removeTagsColumn();
         case 4:
             press(Qt::Key_End);
             return press(Qt::Key_Up, Qt::ShiftModifier);
         case 5:
-            return pick(6) == 0 ? replaceTree() : controller->zoomIn();
+            return pick(6) == 0 ? replaceTree() : controller->table().zoomIn();
         default:
             return turnFolder();
         }

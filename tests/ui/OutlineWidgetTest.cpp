@@ -226,7 +226,7 @@ TEST_F(ContextMenuTest, AKeyThatAsksForTheMenuActsOnTheSelectionWhereverThePoint
 TEST_F(ContextMenuTest, RowsThatComeMeanwhileEndTheClickedRow) {
     show();
     rightClick(cell(2, Column::Name).center());
-    controller->DropBookmarkAtRoot(makeLink("new"));
+    controller->baskets().DropBookmarkAtRoot(makeLink("new"));
     EXPECT_EQ(actedOn(), Names{"new"});
 }
 
@@ -335,7 +335,7 @@ TEST_F(OutlineWidgetTest, EndlessTextsArePaintedWithoutAWait) {
         link.setItemURL(i % 2 == 0 ? address : Text(text));
     }
     openWidget();
-    controller->addTagsColumn();
+    controller->table().addTagsColumn();
     widget().grab(); // loads the fonts
     QElapsedTimer timer;
     timer.start();
@@ -381,7 +381,7 @@ TEST_F(MillionRowsTest, OpenScrollExpandAndSelectWithoutAWait) {
     expectWithin("first paint", 500, [] {});
     expectWithin("expand one of 1,000 links", 200,
                  [&] { controller->outline().expandItem(controller->outline().itemAtRow(500)); });
-    expectWithin("expand all", 2000, [&] { controller->expandAll(); });
+    expectWithin("expand all", 2000, [&] { controller->expanding().expandAll(); });
     ASSERT_EQ(controller->outline().numberOfRows(), 1001000u);
     expectWithin("scroll to the end", 200, [&] { press(Qt::Key_End); });
     expectWithin("page up", 200, [&] { press(Qt::Key_PageUp); });
@@ -393,7 +393,7 @@ TEST_F(MillionRowsTest, OpenScrollExpandAndSelectWithoutAWait) {
                  [&] { controller->outline().collapseItem(controller->outline().itemAtRow(0)); });
     expectWithin("expand it again", 500,
                  [&] { controller->outline().expandItem(controller->outline().itemAtRow(0)); });
-    expectWithin("collapse all", 2000, [&] { controller->collapseAll(); });
+    expectWithin("collapse all", 2000, [&] { controller->expanding().collapseAll(); });
     EXPECT_EQ(controller->outline().numberOfRows(), 1000u);
 }
 

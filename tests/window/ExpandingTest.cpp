@@ -48,33 +48,33 @@ TEST_F(ExpandingTest, ItemWithoutARowChangesItsStateAlone) {
 }
 
 TEST_F(ExpandingTest, CollapseWithChildrenClosesEverythingBelow) {
-    controller->expandAll();
+    controller->expanding().expandAll();
     controller->outline().collapseItemWithChildren(*outer);
     EXPECT_FALSE(inner->showHier());
     EXPECT_EQ(rowNames(), (Names{"outer", "last"}));
 }
 
 TEST_F(ExpandingTest, DoubleClickOnAFolderTurnsItAndCountsTwice) {
-    controller->doubleClickFolder(*outer);
+    controller->expanding().doubleClickFolder(*outer);
     EXPECT_EQ(rowNames(), (Names{"outer", "inner", "beside", "last"}));
     EXPECT_EQ(document.changeCount(), 2);
-    controller->doubleClickFolder(*outer);
+    controller->expanding().doubleClickFolder(*outer);
     EXPECT_EQ(rowNames(), (Names{"outer", "last"}));
     base.defaults.setBoolForKey("RememberDesktop", false);
-    controller->doubleClickFolder(*outer);
+    controller->expanding().doubleClickFolder(*outer);
     EXPECT_EQ(document.changeCount(), 4);
 }
 
 TEST_F(ExpandingTest, EachChangedFolderCountsAsOneChange) {
-    controller->expandAll();
+    controller->expanding().expandAll();
     EXPECT_EQ(document.changeCount(), 2);
-    controller->expandAll();
+    controller->expanding().expandAll();
     EXPECT_EQ(document.changeCount(), 2) << "nothing left to expand";
 }
 
 TEST_F(ExpandingTest, WithRememberDesktopOffTheDocumentStaysClean) {
     base.defaults.setBoolForKey("RememberDesktop", false);
-    controller->expandAll();
+    controller->expanding().expandAll();
     controller->outline().collapseItem(*outer);
     EXPECT_FALSE(document.isDocumentEdited());
     EXPECT_FALSE(outer->showHier());
@@ -97,10 +97,10 @@ TEST_F(ExpandingTest, EmptyFolderChangesStateWithoutRows) {
 }
 
 TEST_F(ExpandingTest, CommandsWithoutASelectionAlert) {
-    using Command = void (ViewController::*)();
-    for (const Command command : {&ViewController::expandFolder, &ViewController::expandFolderPlus,
-                                  &ViewController::collapseFolder, &ViewController::collapseFolderPlus})
-        ((*controller).*command)();
+    using Command = void (ExpandCommands::*)();
+    for (const Command command : {&ExpandCommands::expandFolder, &ExpandCommands::expandFolderPlus,
+                                  &ExpandCommands::collapseFolder, &ExpandCommands::collapseFolderPlus})
+        (controller->expanding().*command)();
     ASSERT_EQ(alerts.shown.size(), 4u);
     EXPECT_EQ(alerts.shown[0].message, "Nothing is selected");
     EXPECT_EQ(alerts.shown[0].informative, "Please select a folder first.");
@@ -113,9 +113,9 @@ TEST_F(ExpandingTest, CommandsWithoutASelectionAlert) {
 TEST_F(ExpandingTest, CommandsActOnSelectedRowsFromTheHighestDown) {
     controller->outline().expandItem(*outer);
     select({outer, inner, last});
-    controller->expandFolder();
+    controller->expanding().expandFolder();
     EXPECT_EQ(rowNames(), (Names{"outer", "inner", "deep", "beside", "last"}));
-    controller->collapseFolder();
+    controller->expanding().collapseFolder();
     EXPECT_EQ(rowNames(), (Names{"outer", "last"}));
     EXPECT_FALSE(inner->showHier());
 }
@@ -130,11 +130,11 @@ TEST_F(ExpandingTest, SelectionSurvivesExpandingWithChildren) {
 
 TEST_F(ExpandingTest, SelectionSurvivesExpandAllAndHiddenRowsLoseIt) {
     select({outer, last});
-    controller->expandAll();
+    controller->expanding().expandAll();
     EXPECT_EQ(outline().selected, (std::set<Bookmark*>{outer, last}));
     EXPECT_EQ(outline().scrolledTo, 4u);
     select({deep, last});
-    controller->collapseAll();
+    controller->expanding().collapseAll();
     EXPECT_EQ(outline().selected, (std::set<Bookmark*>{last}));
 }
 
@@ -144,7 +144,7 @@ TEST_F(ExpandingTest, ManySelectedFoldersAreLaidOutInOneGo) {
     controller->setMaster(document.getMaster());
     outline().selectAll();
     const int reloads = outline().reloads;
-    controller->expandFolder();
+    controller->expanding().expandFolder();
     EXPECT_EQ(outline().rows.size(), 404u);
     EXPECT_EQ(outline().reloads, reloads + 1);
     EXPECT_EQ(document.changeCount(), 201);

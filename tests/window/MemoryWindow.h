@@ -79,7 +79,7 @@ public:
     }
     void scrollRowToVisible(std::size_t row) override { scrolledTo = row; }
     void editCell(Column column, std::size_t row) override {
-        EXPECT_TRUE(controller_.viewForTableColumn(column, row, true).editable);
+        EXPECT_TRUE(controller_.cells().viewForTableColumn(column, row, true).editable);
         EXPECT_FALSE(edited) << "another cell is being edited";
         edited = {{column, &controller_.outline().itemAtRow(row)}};
         ++editingsBegun;
@@ -92,9 +92,9 @@ public:
         const std::optional<std::string> text = std::exchange(typed, std::nullopt);
         const std::optional<std::size_t> row = controller_.outline().rowForItem(*item);
         if (text && row)
-            column == Column::Name  ? controller_.endNameEdit(*row, *text)
-            : column == Column::URL ? controller_.endURLEdit(*row, *text)
-                                    : controller_.endTagsEdit(*row, *text);
+            column == Column::Name  ? controller_.fields().endNameEdit(*row, *text)
+            : column == Column::URL ? controller_.fields().endURLEdit(*row, *text)
+                                    : controller_.fields().endTagsEdit(*row, *text);
     }
     bool isEditing() const override { return edited.has_value(); }
     bool hasKeyboard() const override { return keyboard; }

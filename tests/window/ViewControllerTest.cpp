@@ -2,6 +2,7 @@
 #include "window/ViewController.h"
 
 #include "tests/window/WindowFixture.h"
+#include "window/SharedAlerts.h"
 
 namespace tabulon {
 namespace {
@@ -37,16 +38,16 @@ TEST_F(ViewControllerTest, CountsTakeLinksOfAllDepthsAndNoSeparators) {
     add(makeFolder("g"), &folder);
     add(makeLink("b"));
     open();
-    EXPECT_EQ(controller->countsText(), "2 bookmarks in 2 folders");
+    EXPECT_EQ(controller->statusLine().countsText(), "2 bookmarks in 2 folders");
     EXPECT_EQ(window->urlField, "2 bookmarks in 2 folders");
 }
 
 TEST_F(ViewControllerTest, CountsFollowChangesOfTheTree) {
     open();
-    EXPECT_EQ(controller->countsText(), "0 bookmarks in 0 folders");
+    EXPECT_EQ(controller->statusLine().countsText(), "0 bookmarks in 0 folders");
     add(makeLink("a"));
     controller->outline().makeDirty();
-    EXPECT_EQ(controller->countsText(), "1 bookmark in 0 folders");
+    EXPECT_EQ(controller->statusLine().countsText(), "1 bookmark in 0 folders");
 }
 
 TEST_F(ViewControllerTest, PointerShowsTheURLOfItsRowAndTheCountsElsewhere) {
@@ -86,7 +87,7 @@ TEST_F(ViewControllerTest, PointerThatStaysWhileRowsChangeShowsTheRowThatCameUnd
     controller->outline().expandItem(folder);
     controller->outline().mouseMoved(1);
     EXPECT_EQ(window->urlField, "https://inside.example/");
-    controller->collapseAll();
+    controller->expanding().collapseAll();
     controller->outline().mouseMoved(1);
     EXPECT_EQ(window->urlField, "https://after.example/");
 }
@@ -106,14 +107,14 @@ TEST_F(ViewControllerTest, ExportFollowsTheSortSetting) {
     const auto before = [](const std::string& text, const char* first, const char* second) {
         return text.find(first) < text.find(second);
     };
-    EXPECT_TRUE(before(controller->exportToHTML().value(), "b.example", "a.example"));
+    EXPECT_TRUE(before(controller->exporting().exportToHTML().value(), "b.example", "a.example"));
     base.defaults.setBoolForKey("ExportSortName", true);
-    EXPECT_TRUE(before(controller->exportToHTML().value(), "a.example", "b.example"));
+    EXPECT_TRUE(before(controller->exporting().exportToHTML().value(), "a.example", "b.example"));
 }
 
 TEST_F(ViewControllerTest, NoSelectionAlertIsASheetWithOneButton) {
     open();
-    controller->noSelection();
+    noSelection(platform(), document);
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "Nothing is selected");
     EXPECT_EQ(alerts.shown[0].informative, "Please select one or more bookmarks first.");

@@ -41,7 +41,7 @@ QModelIndex OutlineCell::index() const {
 }
 
 CellContent OutlineCell::content() const {
-    return outline_->controller()->viewForTableColumn(column(), static_cast<std::size_t>(row_), true);
+    return outline_->controller()->cells().viewForTableColumn(column(), static_cast<std::size_t>(row_), true);
 }
 
 const Bookmark& OutlineCell::item() const {

@@ -65,16 +65,17 @@ void OutlineWidget::connectHeader() {
     };
     connect(header_, &OutlineHeader::laidOut, this, columnsChanged);
     connect(header_, &QHeaderView::sectionMoved, this, columnsChanged);
-    connect(header_, &OutlineHeader::columnsMoved, this, [this] { controller_->outlineViewColumnDidMove(); });
+    connect(header_, &OutlineHeader::columnsMoved, this,
+            [this] { controller_->table().outlineViewColumnDidMove(); });
     connect(header_, &QHeaderView::sectionClicked, this, [this](int section) {
         if (!controller_)
             return;
-        controller_->headerClicked(static_cast<Column>(section));
+        controller_->sorting().headerClicked(static_cast<Column>(section));
         // A click turns the arrow by itself, also where it does not sort.
         header_->setSortIndicator(sortedSection_, sortOrder_);
     });
     connect(header_, &OutlineHeader::tagsWidthChanged, this,
-            [this](int width) { controller_->tagsColumnDidResize(width / pixelsPerPoint()); });
+            [this](int width) { controller_->table().tagsColumnDidResize(width / pixelsPerPoint()); });
 }
 
 void OutlineWidget::detach() {

@@ -52,7 +52,7 @@ void OutlineWidget::setExpanded(std::size_t row, bool expanded, Depth depth) {
 void OutlineWidget::toggleRow(std::size_t row) {
     Bookmark& item = controller_->outline().itemAtRow(row);
     if (item.isFolder())
-        controller_->doubleClickFolder(item);
+        controller_->expanding().doubleClickFolder(item);
 }
 
 void OutlineWidget::mousePressEvent(QMouseEvent* event) {
@@ -84,7 +84,7 @@ void OutlineWidget::contextMenuEvent(QContextMenuEvent* event) {
     static const QMetaMethod kWanted = QMetaMethod::fromSignal(&OutlineWidget::contextMenuWanted);
     if (!controller_ || !isSignalConnected(kWanted))
         return event->ignore();
-    controller_->cancelAutoEdit();
+    controller_->fields().cancelAutoEdit();
     endEditing();
     const bool byMouse = event->reason() == QContextMenuEvent::Mouse;
     const QModelIndex index = byMouse ? indexAt(event->pos()) : QModelIndex();
@@ -129,7 +129,7 @@ QString OutlineWidget::toolTipAt(const QPoint& point) const {
     const auto row = static_cast<std::size_t>(index.row());
     const Column column = OutlineModel::columnAt(index.column());
     const CellContent cell =
-        controller_->viewForTableColumn(column, row, selectionModel()->isSelected(index));
+        controller_->cells().viewForTableColumn(column, row, selectionModel()->isSelected(index));
     QRect textRect = textArea(index.row(), column);
     if (cell.kind == CellKind::NameView) {
         const NameCellLayout layout = layOutNameCell(index.row(), cell);
@@ -139,7 +139,7 @@ QString OutlineWidget::toolTipAt(const QPoint& point) const {
             return toolTipText(cell.indicatorToolTip.view());
         textRect = layout.text;
     }
-    if (const Text tip = controller_->toolTipForCell(column, row); !tip.isEmpty())
+    if (const Text tip = controller_->cells().toolTipForCell(column, row); !tip.isEmpty())
         return toolTipText(tip.view());
     const QString line = oneLine(cell.text.string.view(), textRect.width());
     const bool cut = fontMetrics().horizontalAdvance(line) > textRect.width();
@@ -153,7 +153,7 @@ void OutlineWidget::keyPressEvent(QKeyEvent* event) {
     if (controller_ && plain && movesTheCursor(event->key()) && showCursor(event->key()))
         return event->accept();
     if (controller_ && plain && deletes(event->key())) {
-        controller_->deleteSelection();
+        controller_->editing().deleteSelection();
         return event->accept();
     }
     const bool sign = event->text() == "+" || event->text() == "*"; // typed with Shift on many keyboards
@@ -259,7 +259,7 @@ void OutlineWidget::keyboardSearch(const QString& search) {
     const int current = std::max(0, currentIndex().row());
     const bool lookFurther = selectionModel()->hasSelection() && typed_ == search;
     const auto start = static_cast<std::size_t>((current + (lookFurther ? 1 : 0)) % rows_->rowCount());
-    if (const auto row = controller_->rowWithPrefix(typed_.toStdString(), start))
+    if (const auto row = controller_->finding().rowWithPrefix(typed_.toStdString(), start))
         goToRow(*row);
 }
 

@@ -104,7 +104,8 @@ void OutlineWidget::paintRow(QPainter& painter, int row) const {
 }
 
 void OutlineWidget::paintTextCell(QPainter& painter, int row, Column column, bool selected) const {
-    const CellContent cell = controller_->viewForTableColumn(column, static_cast<std::size_t>(row), selected);
+    const CellContent cell =
+        controller_->cells().viewForTableColumn(column, static_cast<std::size_t>(row), selected);
     paintText(painter, textArea(row, column), cell.text, secondaryTextColor(cell.text, selected));
 }
 
@@ -116,7 +117,7 @@ void OutlineWidget::paintSeparator(QPainter& painter, const QRect& area, int lef
 
 void OutlineWidget::paintNameCell(QPainter& painter, int row, bool selected) const {
     const auto number = static_cast<std::size_t>(row);
-    const CellContent cell = controller_->viewForTableColumn(Column::Name, number, selected);
+    const CellContent cell = controller_->cells().viewForTableColumn(Column::Name, number, selected);
     const NameCellLayout layout = layOutNameCell(row, cell);
     const QRect area = cellRect(row, OutlineHeader::sectionOf(Column::Name));
     if (cell.kind == CellKind::Separator)

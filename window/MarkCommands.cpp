@@ -1,32 +1,52 @@
-// Marks: showing them, finding duplicates, removing links by their status.
+#include "window/MarkCommands.h"
+
 #include "model/Duplicates.h"
 #include "text/NumberFormat.h"
+#include "window/ActionTable.h"
+#include "window/BasketCommands.h"
+#include "window/DocumentWindow.h"
+#include "window/EditingCommands.h"
 #include "window/MoveDeleteController.h"
-#include "window/ViewController.h"
+#include "window/Outline.h"
+#include "window/SharedState.h"
+#include "window/StatusLine.h"
+#include "window/WindowController.h"
 
 namespace tabulon {
 
-void ViewController::setShowMarks(bool shown) {
+MarkCommands::MarkCommands(const MarkParts& parts, const Platform& platform, SharedState& shared,
+                           ActionTable& actions)
+    : outline_(parts.outline), editing_(parts.editing), baskets_(parts.baskets),
+      statusLine_(parts.statusLine), window_(parts.window), platform_(platform), shared_(shared) {
+    actions.add("showMarks:", [this](const MenuItem&) { showMarks(); });
+    actions.add("findDuplicates:", [this](const MenuItem&) { findDuplicates(); });
+    actions.add("clearMarks:", [this](const MenuItem&) { clearMarks(); });
+    actions.add("deleteDuplicatesCommand:", [this](const MenuItem&) { deleteDuplicatesCommand(); });
+    actions.add("moveDeleteSheet:", [this](const MenuItem&) { moveDeleteSheet(); });
+    actions.add("legendaSheet:", [this](const MenuItem&) { legendaSheet(); });
+}
+
+void MarkCommands::setShowMarks(bool shown) {
     platform_.base.defaults.setBoolForKey("ShowMarks", shown);
     if (shared_.showMarks)
         shared_.showMarks(shown);
 }
 
-void ViewController::showMarks() {
+void MarkCommands::showMarks() {
     setShowMarks(!platform_.base.defaults.boolForKey("ShowMarks"));
 }
 
-void ViewController::enableMarks() {
+void MarkCommands::enableMarks() {
     if (!platform_.base.defaults.boolForKey("ShowMarks"))
         setShowMarks(true);
 }
 
-void ViewController::showMarksView() {
+void MarkCommands::showMarksView() {
     if (outline_.numberOfRows() > 0)
         outline_.view().reloadRows({0, outline_.numberOfRows()});
 }
 
-void ViewController::findDuplicates() {
+void MarkCommands::findDuplicates() {
     if (moveWasteDown() != kAlertFirstButton)
         return;
     enableMarks();
@@ -36,13 +56,13 @@ void ViewController::findDuplicates() {
     statusLine_.replaceStatus(platform_.base.texts.format("%d duplicates marked", duplicates.size()));
 }
 
-void ViewController::clearMarks() {
+void MarkCommands::clearMarks() {
     tabulon::clearMarks(outline_.getMaster());
     if (platform_.base.defaults.boolForKey("ShowMarks"))
         showMarksView();
 }
 
-int ViewController::moveWasteDown() {
+int MarkCommands::moveWasteDown() {
     const Ref<Bookmark> basket(misplacedWasteBasket(outline_.getMaster(), platform_.base.texts));
     if (!basket)
         return kAlertFirstButton;
@@ -54,23 +74,24 @@ int ViewController::moveWasteDown() {
               .buttons = {{texts.text("OK")}, {texts.text("Cancel"), AlertButtonRole::Cancel}}});
     if (response == kAlertFirstButton) {
         outline_.removeItem(*basket);
-        DropBasketAtEnd(basket);
+        baskets_.DropBasketAtEnd(basket);
     }
     return response;
 }
 
-void ViewController::moveDeleteSheet() {
-    window_->presentMoveDelete(std::make_shared<MoveDeleteController>(platform_.base, [this, alive = life()] {
-        if (!alive.expired())
-            deleteSheetExecute();
-    }));
+void MarkCommands::moveDeleteSheet() {
+    window_.getWindow()->presentMoveDelete(
+        std::make_shared<MoveDeleteController>(platform_.base, [this, alive = std::weak_ptr(life_)] {
+            if (!alive.expired())
+                deleteSheetExecute();
+        }));
 }
 
-void ViewController::legendaSheet() {
-    window_->presentLegenda();
+void MarkCommands::legendaSheet() {
+    window_.getWindow()->presentLegenda();
 }
 
-void ViewController::deleteSheetExecute() {
+void MarkCommands::deleteSheetExecute() {
     if (moveWasteDown() != kAlertFirstButton)
         return;
     enableMarks();
@@ -78,12 +99,13 @@ void ViewController::deleteSheetExecute() {
 }
 
 // The rows are laid out anew in one go, the first one too.
-Removal ViewController::deleteBookmarksConditional(const RemovalOptions& options) {
+Removal MarkCommands::deleteBookmarksConditional(const RemovalOptions& options) {
     const std::vector<Bookmark*> selected = outline_.selectedItems();
     Removal removal;
     {
         const Outline::ManyRows rows(outline_, Outline::ManyRows::kAlways);
-        removal = removeByStatus(outline_.getMaster(), options, platform_.base.texts, now());
+        removal = removeByStatus(outline_.getMaster(), options, platform_.base.texts,
+                                 Date::now(platform_.base.clock));
     }
     const bool arrived = options.move && !removal.items.empty();
     if (!arrived) // what arrives in a basket takes the selection with it
@@ -91,7 +113,7 @@ Removal ViewController::deleteBookmarksConditional(const RemovalOptions& options
     return removal;
 }
 
-void ViewController::deleteBookmarksConditionalCommand(const RemovalOptions& options) {
+void MarkCommands::deleteBookmarksConditionalCommand(const RemovalOptions& options) {
     shared_.removedLinks = 0;
     Removal removal = deleteBookmarksConditional(options);
     const std::size_t count = shared_.removedLinks = removal.items.size();
@@ -100,15 +122,15 @@ void ViewController::deleteBookmarksConditionalCommand(const RemovalOptions& opt
     for (std::size_t changes = count > 0 ? arrivals + 1 : 0; changes > 0; --changes)
         outline_.makeDirty();
     if (count > 0 && !options.move)
-        tellDeletion(std::move(removal.places));
+        editing_.didDelete(std::move(removal.places));
     const Localization& texts = platform_.base.texts;
     platform_.alerts.runModal(Alert{.style = AlertStyle::Informational,
                                     .message = removalSummary(options, count, texts),
                                     .buttons = {{texts.text("OK")}},
-                                    .document = &document_});
+                                    .document = &outline_.document()});
 }
 
-void ViewController::deleteDuplicatesCommand() {
+void MarkCommands::deleteDuplicatesCommand() {
     const Localization& texts = platform_.base.texts;
     const std::size_t count = tabulon::findDuplicates(outline_.getMaster()).size();
     const std::string title = texts.counted("Delete %d Duplicates", count, numberText(count, texts.locale()));
@@ -117,14 +139,14 @@ void ViewController::deleteDuplicatesCommand() {
         .message = texts.text("DeleteDuplicates"),
         .informative = texts.text("DuplicatesWarning"),
         .buttons = {{title, AlertButtonRole::Destructive}, {texts.text("Cancel"), AlertButtonRole::Cancel}},
-        .document = &document_,
+        .document = &outline_.document(),
         .cancelIsDefault = true});
     if (response == kAlertFirstButton)
         deleteDuplicatesExecute();
 }
 
 // Whatever the settings say: duplicates alone, and not into the Waste Basket.
-void ViewController::deleteDuplicatesExecute() {
+void MarkCommands::deleteDuplicatesExecute() {
     clearDuplicateStatus(outline_.getMaster());
     markDuplicates(outline_.getMaster());
     deleteBookmarksConditionalCommand({.duplicates = true});

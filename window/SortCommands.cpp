@@ -1,5 +1,10 @@
-// Sorting: the commands on folders, clicks on column titles, and the question whether those may sort.
-#include "window/ViewController.h"
+#include "window/SortCommands.h"
+
+#include "window/ActionTable.h"
+#include "window/FieldEditing.h"
+#include "window/Outline.h"
+
+#include <array>
 
 namespace tabulon {
 namespace {
@@ -24,7 +29,28 @@ SortDirection opposite(SortDirection direction) {
 
 } // namespace
 
-void ViewController::sortByIndexAscending(int index, bool ascending) {
+SortCommands::SortCommands(Outline& outline, FieldEditing& fields, const Collation& collation,
+                           const Platform& platform, ActionTable& actions)
+    : outline_(outline), fields_(fields), collation_(collation), platform_(platform) {
+    static constexpr std::array kActions = {
+        "sortByName:",      "sortByURL:",          "sortByTags:",
+        "sortByDateAdded:", "sortByDateModified:", "sortByDateLastOpened:"};
+    for (std::size_t index = 0; index < kActions.size(); ++index)
+        actions.add(
+            kActions[index],
+            [this, index](const MenuItem& sender) {
+                const bool descending = sender.tag == kSortDescendingTag || platform_.keyboard.isOptionDown();
+                sortByIndexAscending(static_cast<int>(index), !descending);
+            },
+            [this](const MenuItem&) { return outline_.hasOneSelectedFolder(); });
+}
+
+void SortCommands::viewDidLoad() {
+    if (platform_.base.defaults.boolForKey("ColumnSort"))
+        addSortDescriptors();
+}
+
+void SortCommands::sortByIndexAscending(int index, bool ascending) {
     const auto direction = ascending ? SortDirection::Ascending : SortDirection::Descending;
     for (Bookmark* item : outline_.getSelectionArray()) {
         if (!item->isFolder())
@@ -35,14 +61,14 @@ void ViewController::sortByIndexAscending(int index, bool ascending) {
     }
 }
 
-void ViewController::sortDescriptorsDidChange(Column column, SortDirection direction) {
+void SortCommands::sortDescriptorsDidChange(Column column, SortDirection direction) {
     sortFolder(outline_.getMaster(), sortKeyForIndex(sortIndexOf(column)), direction, collation_);
     outline_.childrenDidReorder(outline_.getMaster());
     outline_.makeDirty();
 }
 
-void ViewController::headerClicked(Column column) {
-    commitEditing();
+void SortCommands::headerClicked(Column column) {
+    fields_.commitEditing();
     const UserDefaults& defaults = platform_.base.defaults;
     if (!defaults.boolForKey("ColumnSort") && !defaults.boolForKey("SuppressColumnSortSheet"))
         sortQuestion_ = platform_.timers.after(kPauseBeforeQuestion, [this] { sortNameSheet(); });
@@ -55,7 +81,7 @@ void ViewController::headerClicked(Column column) {
     sortDescriptorsDidChange(column, sortedBy_->second);
 }
 
-void ViewController::sortNameSheet() {
+void SortCommands::sortNameSheet() {
     UserDefaults& defaults = platform_.base.defaults;
     const Localization& texts = platform_.base.texts;
     constexpr int kYes = kAlertFirstButton + 1;
@@ -64,7 +90,7 @@ void ViewController::sortNameSheet() {
               .message = texts.text("SortByName"),
               .informative = texts.text("SortByNameInfo"),
               .buttons = {{texts.text("No"), AlertButtonRole::Cancel}, {texts.text("Yes")}},
-              .document = &document_},
+              .document = &outline_.document()},
         texts.text("DontAskAgain"));
     if (answer.suppressed)
         defaults.setBoolForKey("SuppressColumnSortSheet", true);
@@ -77,7 +103,7 @@ void ViewController::sortNameSheet() {
     outline_.view().selectRows({});
 }
 
-void ViewController::addSortDescriptors() {
+void SortCommands::addSortDescriptors() {
     for (const Column column : {Column::Name, Column::URL, Column::Tags}) {
         if (column == Column::Tags && !outline_.view().tagsColumnIndex())
             continue;
@@ -87,7 +113,7 @@ void ViewController::addSortDescriptors() {
     }
 }
 
-void ViewController::defaultNoSorting() {
+void SortCommands::defaultNoSorting() {
     sortPrototypes_.clear();
     sortedBy_.reset();
     outline_.view().showSortIndicator(std::nullopt, SortDirection::Ascending);

@@ -1,34 +1,41 @@
-// Drags out of the outline and drops into it.
+#include "window/OutlineDragging.h"
+
 #include "model/TreeWalk.h"
-#include "window/BookmarkPasteboard.h"
-#include "window/ViewController.h"
+#include "window/FieldEditing.h"
+#include "window/ItemExchange.h"
+#include "window/MimeItems.h"
+#include "window/Outline.h"
 
 #include <algorithm>
 #include <unordered_set>
 
 namespace tabulon {
 
-std::vector<PasteboardItem> ViewController::beginDraggingSession() {
-    commitEditing();
+OutlineDragging::OutlineDragging(Outline& outline, FieldEditing& fields, const ItemExchange& items,
+                                 const Platform& platform, NodeRecords& records)
+    : outline_(outline), fields_(fields), items_(items), platform_(platform), records_(records) {}
+
+std::vector<PasteboardItem> OutlineDragging::beginDraggingSession() {
+    fields_.commitEditing();
     const std::vector<Bookmark*> selected = outline_.selectedItems();
     const std::vector<Ref<Bookmark>> nodes(selected.begin(), selected.end());
-    return pasteboardItemsForBookmarks(nodes, shared_.records, NodeRecords::List::Dragged, copyFormat());
+    return items_.itemsOf(nodes, NodeRecords::List::Dragged);
 }
 
-void ViewController::draggingSessionEnded(DragOperation operation) {
-    shared_.records.clear(NodeRecords::List::Dragged);
+void OutlineDragging::draggingSessionEnded(DragOperation operation) {
+    records_.clear(NodeRecords::List::Dragged);
     if (operation == DragOperation::Delete)
         dragOperation_ = DragOperation::Delete;
 }
 
-bool ViewController::isDragOfInterest(const std::vector<PasteboardItem>& items) {
+bool OutlineDragging::isDragOfInterest(const std::vector<PasteboardItem>& items) {
     return std::ranges::any_of(items, [](const PasteboardItem& item) {
         return item.offers(kItemType) || item.offers(kStringType) || item.offers(kFileURLType) ||
                item.offers(kURLType);
     });
 }
 
-DropSpot ViewController::spotBefore(std::size_t row) const {
+DropSpot OutlineDragging::spotBefore(std::size_t row) const {
     Bookmark& item = outline_.itemAtRow(row);
     Bookmark& folder = *item.getParent();
     return {.item = &folder == &outline_.getMaster() ? nullptr : &folder,
@@ -39,7 +46,7 @@ DropSpot ViewController::spotBefore(std::size_t row) const {
 
 // Into an expanded folder as its first child; else behind the row's item, or behind a folder that ends with
 // it where the pointer stands further to the left.
-DropSpot ViewController::spotBehind(std::size_t row, int level) const {
+DropSpot OutlineDragging::spotBehind(std::size_t row, int level) const {
     Bookmark* item = &outline_.itemAtRow(row);
     int itemLevel = outline_.levelForRow(row);
     if (isExpanded(*item))
@@ -55,7 +62,7 @@ DropSpot ViewController::spotBehind(std::size_t row, int level) const {
             .level = itemLevel};
 }
 
-DropSpot ViewController::dropSpot(std::optional<std::size_t> row, double fraction, int level) const {
+DropSpot OutlineDragging::dropSpot(std::optional<std::size_t> row, double fraction, int level) const {
     if (!row)
         return {};
     // A bookmark takes no drop: its halves are what is before and behind it.
@@ -67,13 +74,13 @@ DropSpot ViewController::dropSpot(std::optional<std::size_t> row, double fractio
     return {.item = &outline_.itemAtRow(*row), .row = row};
 }
 
-bool ViewController::dragIsLocalReorder(const DragInfo& drag) const {
+bool OutlineDragging::dragIsLocalReorder(const DragInfo& drag) const {
     return drag.source == &outline_ &&
            std::ranges::any_of(drag.items, [](const PasteboardItem& item) { return item.offers(kItemType); });
 }
 
-DragOperation ViewController::validateDrop(const DragInfo& drag, Bookmark* item,
-                                           std::optional<std::size_t> childIndex) {
+DragOperation OutlineDragging::validateDrop(const DragInfo& drag, Bookmark* item,
+                                            std::optional<std::size_t> childIndex) {
     const Bookmark& target = item ? *item : outline_.getMaster();
     dragOperation_ = DragOperation::None;
     if (!target.isFolder() && !childIndex)
@@ -84,7 +91,7 @@ DragOperation ViewController::validateDrop(const DragInfo& drag, Bookmark* item,
             around.insert(node);
         for (const PasteboardItem& dragged : drag.items) {
             const std::string* record = dragged.get(kItemType);
-            const Ref<Bookmark> node = record ? shared_.records.find(*record) : nullptr;
+            const Ref<Bookmark> node = record ? records_.find(*record) : nullptr;
             if (node && node->isFolder() && around.contains(node.get()))
                 return dragOperation_;
         }
@@ -95,8 +102,8 @@ DragOperation ViewController::validateDrop(const DragInfo& drag, Bookmark* item,
 }
 
 // Nothing where no drop is taken.
-std::optional<ChildPlace> ViewController::placeOfDrop(Bookmark* item,
-                                                      std::optional<std::size_t> childIndex) const {
+std::optional<ChildPlace> OutlineDragging::placeOfDrop(Bookmark* item,
+                                                       std::optional<std::size_t> childIndex) const {
     Bookmark& target = item ? *item : outline_.getMaster();
     const auto childCount = [](const Bookmark& folder) {
         return folder.getChildren() ? folder.getChildren()->size() : 0;
@@ -113,15 +120,15 @@ std::optional<ChildPlace> ViewController::placeOfDrop(Bookmark* item,
 
 // The node that goes into the tree for a dragged one, which leaves its place where it is moved. Null for one
 // that has left the tree meanwhile, or would go into itself.
-Ref<Bookmark> ViewController::droppedNode(const DragInfo& drag, const PasteboardItem& dragged,
-                                          ChildPlace& place) {
-    Ref<Bookmark> node = bookmarkOf(dragged);
+Ref<Bookmark> OutlineDragging::droppedNode(const DragInfo& drag, const PasteboardItem& dragged,
+                                           ChildPlace& place) {
+    Ref<Bookmark> node = items_.bookmarkOf(dragged);
     if (!node || dragOperation_ == DragOperation::Delete)
         return nullptr;
     if (drag.source != &outline_ || dragOperation_ != DragOperation::Move)
         return deepCopy(*node);
     const std::string* record = dragged.get(kItemType);
-    if (!record || !shared_.records.find(*record))
+    if (!record || !records_.find(*record))
         return node; // made of the item just now
     if (!isInTree(*node, outline_.getMaster()) || (node->hasChildren() && node->offSpring(*place.folder)))
         return nullptr;
@@ -132,11 +139,12 @@ Ref<Bookmark> ViewController::droppedNode(const DragInfo& drag, const Pasteboard
     return node;
 }
 
-bool ViewController::acceptDrop(const DragInfo& drag, Bookmark* item, std::optional<std::size_t> childIndex) {
+bool OutlineDragging::acceptDrop(const DragInfo& drag, Bookmark* item,
+                                 std::optional<std::size_t> childIndex) {
     std::optional<ChildPlace> place = placeOfDrop(item, childIndex);
     if (!place || dragOperation_ == DragOperation::None)
         return false;
-    commitEditing();
+    fields_.commitEditing();
     const Ref<Bookmark> folder(place->folder);
     std::vector<Ref<Bookmark>> dropped;
     {
@@ -154,13 +162,29 @@ bool ViewController::acceptDrop(const DragInfo& drag, Bookmark* item, std::optio
     return true;
 }
 
-void ViewController::selectDropped(const std::vector<Ref<Bookmark>>& dropped) {
+void OutlineDragging::selectDropped(const std::vector<Ref<Bookmark>>& dropped) {
     std::vector<Bookmark*> shown;
     for (const Ref<Bookmark>& node : dropped)
         if (outline_.rowForItem(*node))
             shown.push_back(node.get());
     if (!shown.empty())
         outline_.selectItems(shown);
+}
+
+MimeContent OutlineDragging::contentForDrag(const std::vector<PasteboardItem>& items) const {
+    MimeContent content = items_.mimeContentOf(items);
+    platform_.pasteboard.dragBegins(content);
+    return content;
+}
+
+std::vector<PasteboardItem> OutlineDragging::itemsInForeignDrag(MimeContent content) const {
+    // Asking a program a second time takes a while, and it may not answer.
+    if (!content.get("text/x-moz-url") && !content.get("text/uri-list"))
+        return items_.itemsIn(content);
+    const MimeContent unchanged = platform_.pasteboard.draggedContent(kReadMimeTypes);
+    for (const auto& [type, bytes] : unchanged.forms())
+        content.set(type, bytes);
+    return items_.itemsIn(content);
 }
 
 } // namespace tabulon

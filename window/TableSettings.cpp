@@ -1,5 +1,10 @@
-// The table as a whole: the font of its cells, the height of its rows, the tags column.
-#include "window/ViewController.h"
+#include "window/TableSettings.h"
+
+#include "model/Finder.h"
+#include "window/ActionTable.h"
+#include "window/DocumentWindow.h"
+#include "window/Outline.h"
+#include "window/WindowController.h"
 
 #include <algorithm>
 
@@ -13,7 +18,14 @@ constexpr double kSmallestRowHeight = 1;
 
 } // namespace
 
-void ViewController::viewDidLoad() {
+TableSettings::TableSettings(Outline& outline, const WindowController& window, const Platform& platform,
+                             FindPhases& findPhases, ActionTable& actions)
+    : outline_(outline), window_(window), platform_(platform), findPhases_(findPhases) {
+    actions.add("zoomIn:", [this](const MenuItem&) { zoomIn(); });
+    actions.add("zoomOut:", [this](const MenuItem&) { zoomOut(); });
+}
+
+void TableSettings::viewDidLoad() {
     UserDefaults& defaults = platform_.base.defaults;
     if (font().size == kSmallFontSize && rowHeight() != kSmallFontRowHeight)
         defaults.setDoubleForKey("RowHeight", kSmallFontRowHeight);
@@ -21,31 +33,29 @@ void ViewController::viewDidLoad() {
     fitURLField(font().size);
     if (defaults.boolForKey("AddTagsColumn"))
         addTagsColumn();
-    if (defaults.boolForKey("ColumnSort"))
-        addSortDescriptors();
 }
 
-void ViewController::zoomIn() {
+void TableSettings::zoomIn() {
     moveTableFontSize(FontSizeStep::Larger);
 }
 
-void ViewController::zoomOut() {
+void TableSettings::zoomOut() {
     moveTableFontSize(FontSizeStep::Smaller);
 }
 
-bool ViewController::canMoveTableFontSize(FontSizeStep step) const {
+bool TableSettings::canMoveTableFontSize(FontSizeStep step) const {
     return step == FontSizeStep::Larger ? font().size + 1 <= kLargestFontSize
                                         : font().size - 1 >= kSmallestFontSize;
 }
 
-void ViewController::moveTableFontSize(FontSizeStep step) {
+void TableSettings::moveTableFontSize(FontSizeStep step) {
     if (!canMoveTableFontSize(step))
         return;
     const double change = step == FontSizeStep::Larger ? 1 : -1;
     setTableFontSizeRowHeight(font().size + change, std::max(kSmallestRowHeight, rowHeight() + change));
 }
 
-void ViewController::setTableFontSizeRowHeight(double size, double rowHeight) {
+void TableSettings::setTableFontSizeRowHeight(double size, double rowHeight) {
     UserDefaults& defaults = platform_.base.defaults;
     defaults.setDoubleForKey("FontSize", size);
     defaults.setDoubleForKey("RowHeight", rowHeight);
@@ -53,13 +63,13 @@ void ViewController::setTableFontSizeRowHeight(double size, double rowHeight) {
     fitURLField(size);
 }
 
-void ViewController::fitURLField(double fontSize) {
+void TableSettings::fitURLField(double fontSize) {
     if (fontSize >= kSmallFontSize && fontSize < kFirstSizeBeyondURLField)
-        window_->setURLFieldFontSize(fontSize);
+        window_.getWindow()->setURLFieldFontSize(fontSize);
 }
 
-void ViewController::addTagsColumn() {
-    shared_.findPhases.tagsWithName = true;
+void TableSettings::addTagsColumn() {
+    findPhases_.tagsWithName = true;
     if (outline_.view().tagsColumnIndex())
         return;
     const UserDefaults& defaults = platform_.base.defaults;
@@ -67,19 +77,28 @@ void ViewController::addTagsColumn() {
     outline_.view().addTagsColumn(static_cast<std::size_t>(index), defaults.doubleForKey("TagsWidth"));
 }
 
-void ViewController::removeTagsColumn() {
-    shared_.findPhases.tagsWithName = false;
+void TableSettings::removeTagsColumn() {
+    findPhases_.tagsWithName = false;
     if (outline_.view().tagsColumnIndex())
         outline_.view().removeTagsColumn();
 }
 
-void ViewController::outlineViewColumnDidMove() {
+void TableSettings::outlineViewColumnDidMove() {
     if (const auto index = outline_.view().tagsColumnIndex())
         platform_.base.defaults.setIntegerForKey("TagsIndex", static_cast<std::int64_t>(*index));
 }
 
-void ViewController::tagsColumnDidResize(double width) {
+void TableSettings::tagsColumnDidResize(double width) {
     platform_.base.defaults.setDoubleForKey("TagsWidth", width);
+}
+
+OutlineFont TableSettings::font() const {
+    const UserDefaults& defaults = platform_.base.defaults;
+    return {defaults.stringForKey("FontName").value_or(""), defaults.doubleForKey("FontSize")};
+}
+
+double TableSettings::rowHeight() const {
+    return platform_.base.defaults.doubleForKey("RowHeight");
 }
 
 } // namespace tabulon

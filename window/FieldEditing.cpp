@@ -1,6 +1,10 @@
-// Editing in place: what a row's fields do when they end, and how editing begins, by command or by itself.
-#include "window/GetInfoController.h"
-#include "window/ViewController.h"
+#include "window/FieldEditing.h"
+
+#include "window/ActionTable.h"
+#include "window/DocumentWindow.h"
+#include "window/Outline.h"
+#include "window/SharedAlerts.h"
+#include "window/WindowController.h"
 
 namespace tabulon {
 namespace {
@@ -9,13 +13,23 @@ constexpr double kAutoEditPause = 0.5; // seconds
 
 } // namespace
 
-bool ViewController::shouldEdit(Column column, const Bookmark& item) const {
+FieldEditing::FieldEditing(Outline& outline, const WindowController& window, const Platform& platform,
+                           ActionTable& actions)
+    : outline_(outline), window_(window), platform_(platform) {
+    outline_.addSelectionObserver(*this);
+    actions.setWillPerform([this] { commitEditing(); });
+    actions.add(
+        "editBookmark:", [this](const MenuItem&) { editBookmark(); },
+        [this](const MenuItem&) { return outline_.hasSelection(); });
+}
+
+bool FieldEditing::shouldEdit(Column column, const Bookmark& item) {
     if (column == Column::URL)
         return !item.isFolder() && !item.getLocked();
     return !item.isSeparator();
 }
 
-void ViewController::endNameEdit(std::size_t row, const std::string& string) {
+void FieldEditing::endNameEdit(std::size_t row, const std::string& string) {
     Bookmark& item = outline_.itemAtRow(row);
     if (item.itemName().view() == string)
         return;
@@ -23,7 +37,7 @@ void ViewController::endNameEdit(std::size_t row, const std::string& string) {
     fieldDidChange(item);
 }
 
-void ViewController::endURLEdit(std::size_t row, const std::string& string) {
+void FieldEditing::endURLEdit(std::size_t row, const std::string& string) {
     Bookmark& item = outline_.itemAtRow(row);
     if (item.itemURL().view() == string)
         return;
@@ -32,7 +46,7 @@ void ViewController::endURLEdit(std::size_t row, const std::string& string) {
     fieldDidChange(item);
 }
 
-void ViewController::endTagsEdit(std::size_t row, const std::string& string) {
+void FieldEditing::endTagsEdit(std::size_t row, const std::string& string) {
     Bookmark& item = outline_.itemAtRow(row);
     if (item.itemTags().view() == string)
         return;
@@ -40,75 +54,75 @@ void ViewController::endTagsEdit(std::size_t row, const std::string& string) {
     fieldDidChange(item);
 }
 
-void ViewController::fieldDidChange(Bookmark& item) {
-    item.setItemDateModified(now());
+void FieldEditing::fieldDidChange(Bookmark& item) {
+    item.setItemDateModified(Date::now(platform_.base.clock));
     outline_.itemDidChange(item);
-    updateURL();
+    outline_.currentRowDidChange();
 }
 
-void ViewController::editBookmark() {
+void FieldEditing::editBookmark() {
     if (!outline_.view().selectedRow())
-        return noSelection();
+        return noSelection(platform_, outline_.document());
     editCurrentRow(Column::Name);
 }
 
-void ViewController::editNameBookmark() {
+void FieldEditing::editNameBookmark() {
     editCurrentRow(Column::Name);
 }
 
-void ViewController::editURLBookmark() {
+void FieldEditing::editURLBookmark() {
     editCurrentRow(Column::URL);
 }
 
-void ViewController::editTagsBookmark() {
+void FieldEditing::editTagsBookmark() {
     if (outline_.view().tagsColumnIndex())
         editCurrentRow(Column::Tags);
 }
 
-void ViewController::editCurrentRow(Column column) {
+void FieldEditing::editCurrentRow(Column column) {
     const std::optional<std::size_t> row = outline_.view().selectedRow();
     if (row && shouldEdit(column, outline_.itemAtRow(*row)))
         beginEditing(column, *row);
 }
 
-void ViewController::beginEditing(Column column, std::size_t row) {
+void FieldEditing::beginEditing(Column column, std::size_t row) {
     const Ref<Bookmark> item(&outline_.itemAtRow(row));
     commitEditing();
     if (const auto now = outline_.rowForItem(*item))
         outline_.view().editCell(column, *now);
 }
 
-void ViewController::endEdit() {
+void FieldEditing::endEdit() {
     if (outline_.view().selectedRow())
         outline_.view().endEditing();
 }
 
-void ViewController::commitEditing() {
+void FieldEditing::commitEditing() {
     autoEdit_.reset();
-    if (window_)
+    if (outline_.hasView())
         outline_.view().endEditing();
 }
 
-void ViewController::finishEditing() {
-    commitEditing();
-    if (info_ && info_->isShown())
-        info_->done();
+void FieldEditing::selectionDidChange(SelectedBy cause) {
+    autoEdit_.reset();
+    if (cause == SelectedBy::User)
+        scheduleAutoEdit();
 }
 
 // A click on the row that is selected already edits nothing: the selection has not changed.
-void ViewController::scheduleAutoEdit() {
+void FieldEditing::scheduleAutoEdit() {
     autoEdit_.reset();
     if (!platform_.base.defaults.boolForKey("AutoEdit") || !outline_.view().selectedRow() ||
-        !window_->isKeyWindow())
+        !window_.getWindow()->isKeyWindow())
         return;
     if (const std::optional<Column> column = outline_.view().columnUnderPointer())
         autoEdit_ = platform_.timers.after(kAutoEditPause, [this, column] { autoEdit(*column); });
 }
 
 // Meanwhile another window may have come to the front, or the user may type elsewhere.
-void ViewController::autoEdit(Column column) {
+void FieldEditing::autoEdit(Column column) {
     autoEdit_.reset();
-    if (!window_->isKeyWindow() || !outline_.view().hasKeyboard())
+    if (!window_.getWindow()->isKeyWindow() || !outline_.view().hasKeyboard())
         return;
     column == Column::Name  ? editNameBookmark()
     : column == Column::URL ? editURLBookmark()
