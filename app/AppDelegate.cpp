@@ -11,14 +11,40 @@ constexpr int kToolTipDelay = 10; // milliseconds
 } // namespace
 
 AppDelegate::AppDelegate(const Platform& platform, DocumentWindowMaker& windows, std::string version)
-    : platform_(platform), version_(std::move(version)), documentController_(platform, windows) {
+    : platform_(platform), version_(std::move(version)), documentController_(platform, windows),
+      importCommands_(platform, documentController_), mainMenu_(platform, documentController_),
+      responders_(documentController_, {&actions_, &importCommands_.actions()}) {
     addActions();
-    documentController_.shared().grabAllHTML = [this](const std::string& html) { grabAllHTML(html); };
+    documentController_.shared().grabAllHTML = [this](const std::string& html) {
+        importCommands_.grabAllHTML(html);
+    };
     documentController_.shared().showMarks = [this](bool shown) { showMarks(shown); };
     documentController_.lastDocumentClosed = [this] {
         if (stop && !opensMore())
             stop();
     };
+}
+
+void AppDelegate::addActions() {
+    actions_.add("newDocument:",
+                 [this](const MenuItem&) { documentController_.openUntitledDocumentAndDisplay(); });
+    actions_.add("openDocument:", [this](const MenuItem&) { openDocumentPanel(); });
+    actions_.add("openRecentDocument:", [this](const MenuItem& sender) {
+        if (const auto* path = std::get_if<std::string>(&sender.representedObject))
+            openFile(*path);
+    });
+    actions_.add(
+        "clearRecentDocuments:", [this](const MenuItem&) { documentController_.recentDocuments().clear(); },
+        [this](const MenuItem&) { return !documentController_.recentDocuments().paths().empty(); });
+    actions_.add("terminate:", [this](const MenuItem&) { terminate(); });
+    actions_.add("orderFrontStandardAboutPanel:", [this](const MenuItem&) { showAboutPanel(); });
+}
+
+// The menu is built when it is opened, with its check mark.
+void AppDelegate::showMarks(bool /*shown*/) {
+    for (const Document* document : documentController_.documents())
+        if (ViewController* controller = documentController_.getViewController(*document))
+            controller->marks().showMarksView();
 }
 
 void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& locations) {

@@ -1,11 +1,13 @@
-// The application: the one object that lives for the whole run. Start and end, the menus, opening files of
-// every kind, importing. Split by concern: _importing, _menus, _opening. Documents and their windows are
-// DocumentController's.
+// The application: the one object that lives for the whole run. Start and end, and opening files of every
+// kind (_opening). Documents and their windows are DocumentController's, the menus MainMenu's and
+// ResponderChain's, imports ImportCommands'.
 #pragma once
 
 #include "app/DocumentController.h"
+#include "app/ImportCommands.h"
+#include "app/MainMenu.h"
 #include "app/Refusals.h"
-#include "formats/ImportFormats.h"
+#include "app/ResponderChain.h"
 #include "platform/Platform.h"
 #include "platform/SingleInstance.h"
 #include "window/ActionTable.h"
@@ -69,43 +71,19 @@ public:
     bool canOpen(const std::string& location);
     void openDocumentPanel();
 
-    // Importing
-
-    /// Shows the panel of a format and imports the file chosen there.
-    void beginImport(const ImportFormat& format);
-    /// Imports one file into a new document, or tells what the format tells of a file that is none of its.
-    void importFile(const ImportFormat& format, const std::string& path);
-    /// Scans a Netscape bookmark file into a new document; an alert tells when nothing was found in it.
-    Document* scanNetscape(std::string_view bytes, const std::string& source = {});
-    /// Scans any text for links into a new document; an alert tells when there were none.
-    Document* scanTextData(std::string_view bytes);
-    /// The links of a page that was copied, in a new document; null when there can be none.
-    Document* grabAllHTML(const std::string& html);
-    /// What the user has copied: a page where it looks like one, else a text. Nothing without a text.
-    void scanClipboard();
-    /// A new untitled, changed document with `root` (named "Master" by whoever made it) as its tree, in a
-    /// window. Null when there can be none.
-    Document* newMasterDocument(Ref<Bookmark> root);
-
     // Marks of links
 
     /// The setting "ShowMarks" has changed: every window shows its rows accordingly, and so does the menu.
     void showMarks(bool shown);
 
-    // Menus
+    // Its parts
 
-    /// The main menu as it is to be shown now.
-    Menu mainMenu();
-    /// Whether the item can be chosen now: asks the current window's outline controller, then the documents,
-    /// then the application; an item that only holds a submenu can.
-    bool validateMenuItem(const MenuItem& item) const;
-    /// Runs the item's action on the first of them that has it, if it is enabled. False when none does.
-    bool performMenuItem(const MenuItem& item);
+    ImportCommands& importCommands() { return importCommands_; }
+    const MainMenu& mainMenu() const { return mainMenu_; }
+    const ResponderChain& responders() const { return responders_; }
 
 private:
     void addActions();
-    void addImportActions();
-    const ActionTable* responderTo(std::string_view action) const;
     bool opensMore() const;
     void startUp();
     void end();
@@ -118,34 +96,14 @@ private:
     bool openImported(const ImportFormat& format, const std::string& path, std::string_view bytes);
     Error missingFile(const std::string& path, const Error& error);
     void showAboutPanel();
-    std::vector<FileKind> kindsThatPanelsEnable() const;
-    void importFailureAlert(const ImportFormat& format, const std::string& path, const Error& error);
-    std::unique_ptr<Progress> beginImporting(const std::string& source);
-    Result<Ref<Bookmark>> read(const ImportFormat& format, std::string_view bytes, const std::string& source);
-    Document* scan(const ImportFormat& format, std::string_view bytes, const std::string& source);
-    Document* showImported(const ImportFormat& format, Ref<Bookmark> root);
-    void firefoxAlert();
-    Menu fileMenu();
-    Menu recentMenu();
-    Menu editMenu() const;
-    Menu viewMenu() const;
-    Menu bookmarkMenu() const;
-    Menu labelMenu() const;
-    Menu sortMenu() const;
-    Menu cleanUpMenu() const;
-    Menu importMenu();
-    Menu windowMenu() const;
-    Menu helpMenu() const;
-    MenuItem command(std::string_view titleKey, std::string action, std::string keyEquivalent = {},
-                     KeyModifiers modifiers = {}) const;
-    MenuItem submenu(std::string_view titleKey, Menu menu) const;
 
     const Platform platform_;
     const std::string version_;
     DocumentController documentController_;
+    ImportCommands importCommands_;
     ActionTable actions_;
-    NetscapeScanner scanner_;
-    std::set<PanelFilter> panelFilters_;
+    MainMenu mainMenu_;
+    ResponderChain responders_;
     Refusals refusals_;
     bool launched_ = false;
     bool ended_ = false;

@@ -93,16 +93,16 @@ bool AppDelegate::openDocument(const std::string& path, std::string_view bytes,
 
 // The file is named by the user, so that the document is called after it.
 bool AppDelegate::openImported(const ImportFormat& format, const std::string& path, std::string_view bytes) {
-    Result<Ref<Bookmark>> root = read(format, bytes, lastPathComponent(path));
+    Result<Ref<Bookmark>> root = importCommands_.read(format, bytes, lastPathComponent(path));
     if (!root) {
         refusals_.add(path, root.error());
         return false;
     }
-    if (!(*root)->hasChildren() && format.fileName.empty() && format.filter == PanelFilter::HTML) {
+    if (!(*root)->hasChildren() && importSourceOf(format.name)->filter == PanelFilter::HTML) {
         refusals_.addEmpty(path, platform_.base.texts);
         return false;
     }
-    Document* document = newMasterDocument(std::move(*root));
+    Document* document = documentController_.newMasterDocument(std::move(*root));
     if (!document)
         return false;
     document->setDisplayName(nameWithoutExtension(path));

@@ -131,6 +131,17 @@ Document* DocumentController::openUntitled(const Ref<Bookmark>& root, const std:
     return document;
 }
 
+Document* DocumentController::newMasterDocument(Ref<Bookmark> root) {
+    Document* document = openUntitledDocumentAndDisplay();
+    if (!document)
+        return nullptr;
+    root->setShowHier(true);
+    document->setMaster(std::move(root));
+    document->updateUI();
+    document->updateChangeCount(ChangeKind::Done);
+    return document;
+}
+
 std::optional<Refusals::Offer> DocumentController::offerRemains(const Result<std::string>& bytes,
                                                                 const std::string& name) {
     const std::optional<Remains> remains = bytes ? remainsOfDocument(*bytes, platform_.base) : std::nullopt;

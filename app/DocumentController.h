@@ -74,6 +74,9 @@ public:
                                    const std::optional<FileIdentity>& identity);
     /// Opens a tree as a new untitled, changed document of that name. Null when no window can be made.
     Document* openUntitled(const Ref<Bookmark>& root, const std::string& name);
+    /// Opens `root`, which its maker named "Master", as a new untitled, changed document with the usual
+    /// title. Returns `nullptr` when no window can be made.
+    Document* newMasterDocument(Ref<Bookmark> root);
     /// What the alert about a damaged document offers: to open what is left of these bytes as an untitled
     /// document of that name. Nullopt where they could not be read or hold no bookmark any more.
     std::optional<Refusals::Offer> offerRemains(const Result<std::string>& bytes, const std::string& name);

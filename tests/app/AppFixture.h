@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace tabulon {
 
@@ -36,8 +37,23 @@ protected:
     MemoryWindow& windowOf(const Document& document) {
         return static_cast<MemoryWindow&>(*documents().getWindow(document));
     }
-    bool perform(const char* action) { return app.performMenuItem(MenuItem{.action = action}); }
-    bool enabled(const char* action) { return app.validateMenuItem(MenuItem{.action = action}); }
+    bool perform(const char* action) { return app.responders().performMenuItem(MenuItem{.action = action}); }
+    bool enabled(const char* action) { return app.responders().validateMenuItem(MenuItem{.action = action}); }
+
+    /// The menu of this title as it is shown when it is opened; empty when there is none.
+    Menu menuNamed(const std::string& title) {
+        for (std::size_t place = 0; place < MainMenu::count(); ++place)
+            if (app.mainMenu().title(place) == title)
+                return app.mainMenu().menu(place);
+        return {};
+    }
+    /// Every item of the menu bar, those of submenus included.
+    std::vector<MenuItem> menuItems() {
+        std::vector<MenuItem> items;
+        for (std::size_t place = 0; place < MainMenu::count(); ++place)
+            collect(app.mainMenu().menu(place), items);
+        return items;
+    }
 
     /// How many files there are besides those that the program keeps for itself.
     std::size_t filesOfTheUser() const {
@@ -52,6 +68,15 @@ protected:
     MemoryWindowMaker windows;
     AppDelegate app{platform(), windows, "1.2.3"};
     int stops = 0;
+
+private:
+    static void collect(const Menu& menu, std::vector<MenuItem>& items) {
+        for (const MenuItem& item : menu.items) {
+            items.push_back(item);
+            if (item.submenu)
+                collect(*item.submenu, items);
+        }
+    }
 };
 
 } // namespace tabulon

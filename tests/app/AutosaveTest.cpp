@@ -368,7 +368,7 @@ TEST_F(AutosaveTest, DamagedCopyIsToldAndPutAside) {
     files.files["/state/unsaved/run-0/1 Untitled.tbln"] = "bplist00 and then nothing";
     app.applicationDidFinishLaunching({});
     ASSERT_EQ(alerts.shown.size(), 1u);
-    EXPECT_NE(alerts.shown[0].message.find("1 Untitled.tbln.damaged"), std::string::npos);
+    EXPECT_NE(alerts.shown[0].informative.find("1 Untitled.tbln.damaged"), std::string::npos);
     EXPECT_TRUE(files.fileExists("/state/unsaved/run-0/1 Untitled.tbln.damaged"));
     EXPECT_FALSE(files.fileExists("/state/unsaved/run-0/1 Untitled.tbln"));
 }

@@ -222,7 +222,7 @@ TEST_F(OpeningTest, NewMasterDocumentIsExpandedChangedAndShown) {
     root->setItemName("Master");
     root->makeParent();
     root->addChild(Bookmark::init(base.now()));
-    Document* document = app.newMasterDocument(root);
+    Document* document = documents().newMasterDocument(root);
     ASSERT_TRUE(document);
     EXPECT_EQ(&document->getMaster(), root.get());
     EXPECT_TRUE(root->showHier());
@@ -236,7 +236,7 @@ TEST_F(OpeningTest, NewMasterDocumentGivesNothingWhereNoDocumentCanBeMade) {
     windows.noMoreWindows = true;
     const Ref<Bookmark> root = Bookmark::init(base.now());
     root->makeParent();
-    EXPECT_EQ(app.newMasterDocument(root), nullptr);
+    EXPECT_EQ(documents().newMasterDocument(root), nullptr);
     EXPECT_TRUE(documents().documents().empty());
     EXPECT_TRUE(alerts.shown.empty());
 }
@@ -277,7 +277,7 @@ TEST_F(OpeningTest, TheButtonOfTheNoLinksAlertIsTheSameInEveryLanguage) {
         std::string locale() const override { return "eo"; }
     } texts;
     AppDelegate other(platformIn(texts), windows, "1.2.3");
-    EXPECT_EQ(other.scanNetscape("nothing"), nullptr);
+    EXPECT_EQ(other.importCommands().scanNetscape("nothing"), nullptr);
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "la EmptyScan");
     EXPECT_EQ(alerts.shown[0].informative, "la NoURLs");
@@ -286,9 +286,9 @@ TEST_F(OpeningTest, TheButtonOfTheNoLinksAlertIsTheSameInEveryLanguage) {
 }
 
 TEST_F(OpeningTest, ADescriptionBeforeAnyItemGoesToTheLastItemOfTheImportBefore) {
-    Document* first = app.scanNetscape("<DT><A HREF=\"u\">n</A>");
+    Document* first = app.importCommands().scanNetscape("<DT><A HREF=\"u\">n</A>");
     ASSERT_TRUE(first);
-    ASSERT_TRUE(app.scanNetscape("<DD>late<HR></DL>"));
+    ASSERT_TRUE(app.importCommands().scanNetscape("<DD>late<HR></DL>"));
     EXPECT_EQ(first->getMaster().getChild()->itemNote().view(), "late");
 }
 

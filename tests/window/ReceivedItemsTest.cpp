@@ -184,7 +184,7 @@ TEST_F(ReceivedItemsTest, aFolderIsHandedOnAsItsLinksAndAsATree) {
     EXPECT_EQ(copied("text/uri-list"), "https://1/\r\nhttps://2/%C3%BC\r\n");
     EXPECT_EQ(linksOfMozillaList(copied("text/x-moz-url")).at(1).title, "two");
     EXPECT_EQ(copied("text/html"), "<a href=\"https://1/\">one</a><br>\n<a href=\"https://2/ü\">two</a>");
-    const auto tree = readXBEL(copied("application/x-xbel"), base.services());
+    const auto tree = readXBEL(copied("application/x-xbel"), {base.services()});
     ASSERT_TRUE(tree);
     EXPECT_EQ(briefly(**tree), "F & G[one=https://1/ - inner[two=https://2/ü]]");
 }

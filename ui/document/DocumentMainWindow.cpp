@@ -80,7 +80,7 @@ DocumentMainWindow::DocumentMainWindow(ViewController& controller, AppDelegate& 
     setWindowIcon(iconNamed("tabulon"));
     setAcceptDrops(true);
     setMinimumSize(kSmallestSize);
-    auto* menuBar = new MainMenuBar(app, [this] { becomeKey(); });
+    auto* menuBar = new MainMenuBar(app.mainMenu(), app.responders(), [this] { becomeKey(); });
     setMenuBar(menuBar);
     connect(menuBar, &MainMenuBar::menuWillOpen, this, [this] {
         if (controller_)

@@ -1,4 +1,4 @@
-#include "formats/import/HTMLWindowController.h"
+#include "formats/import/PageBookmarks.h"
 
 #include "base/Ascii.h"
 #include "formats/import/TextDecoding.h"
@@ -24,8 +24,14 @@ std::int64_t integerValue(std::string_view text) {
     return number;
 }
 
-bool isOneOf(const Text& identifier, std::initializer_list<std::string_view> some) {
-    return !identifier.isNull() && std::ranges::find(some, identifier.view()) != some.end();
+std::vector<Date> datesOf(std::string_view joined, Date now) {
+    std::vector<Date> dates;
+    for (const Text& value : separatedAtFormFeeds(joined)) {
+        const bool isMissing = value.isEmpty() || value.view() == "null";
+        dates.push_back(isMissing ? now
+                                  : Date::fromUnixSeconds(static_cast<double>(integerValue(value.view()))));
+    }
+    return dates;
 }
 
 } // namespace
@@ -81,75 +87,46 @@ std::vector<Text> separatedAtFormFeeds(std::string_view joined) {
     return values;
 }
 
-Result<void> HTMLWindowController::windowDidLoad(Progress* progress) {
-    netscapeFile_ = htmlText_.view().starts_with("<!DOCTYPE NETSCAPE-Bookmark-file-1>");
-    if (isOneOf(bundleID_, {"com.operasoftware.Opera"}))
-        return {};
-    return loadHTMLString(htmlText_.view(), progress);
+bool isNetscapeFile(std::string_view page) {
+    return page.starts_with("<!DOCTYPE NETSCAPE-Bookmark-file-1>");
 }
 
-Result<void> HTMLWindowController::loadHTMLString(std::string_view text, Progress* progress) {
-    const Result<PageLinks> links = readPageLinks(text, queryEncoding_, progress);
-    if (!links)
-        return tl::unexpected(links.error());
-    didFinishNavigation(*links);
-    return {};
-}
-
-void HTMLWindowController::didFinishNavigation(const PageLinks& links) {
-    if (netscapeFile_) {
-        datesAdded_ = datesOf(links.datesAdded);
-        datesModified_ = datesOf(links.datesModified);
+PageBookmarks pageBookmarks(const PageLinks& links, bool netscapeFile, const Text& domain,
+                            const BaseServices& services) {
+    const Date now = Date::now(services.clock);
+    PageBookmarks page{.urls = adaptURLsDomain(separatedAtFormFeeds(links.targets), domain),
+                       .names = adaptNames(separatedAtFormFeeds(links.texts)),
+                       .datesAdded = {},
+                       .datesModified = {}};
+    if (netscapeFile) {
+        page.datesAdded = datesOf(links.datesAdded, now);
+        page.datesModified = datesOf(links.datesModified, now);
     }
-    urls_ = adaptURLsDomain(separatedAtFormFeeds(links.targets), domain_);
-    names_ = adaptNames(separatedAtFormFeeds(links.texts));
+    return page;
 }
 
-std::vector<Date> HTMLWindowController::datesOf(std::string_view joined) const {
-    const Date now = Date::now(services_.clock);
-    std::vector<Date> dates;
-    for (const Text& value : separatedAtFormFeeds(joined)) {
-        const bool isMissing = value.isEmpty() || value.view() == "null";
-        dates.push_back(isMissing ? now
-                                  : Date::fromUnixSeconds(static_cast<double>(integerValue(value.view()))));
-    }
-    return dates;
-}
-
-Ref<Bookmark> HTMLWindowController::createDocument() const {
-    Ref<Bookmark> root = newDocumentFromArraysLinks(names_, urls_, services_);
-    if (!root || !netscapeFile_ || !root->getChildren())
+Ref<Bookmark> treeOfPage(const PageBookmarks& page, const BaseServices& services) {
+    Ref<Bookmark> root = newDocumentFromArraysLinks(page.names, page.urls, services);
+    if (!root || !root->getChildren())
         return root;
     std::size_t index = 0;
     for (Bookmark* child : *root->getChildren()) {
-        if (index < datesAdded_.size())
-            child->setItemDateAdded(datesAdded_[index]);
-        if (index < datesModified_.size())
-            child->setItemDateModified(datesModified_[index]);
+        if (index < page.datesAdded.size())
+            child->setItemDateAdded(page.datesAdded[index]);
+        if (index < page.datesModified.size())
+            child->setItemDateModified(page.datesModified[index]);
         ++index;
     }
     return root;
 }
 
-Text HTMLWindowController::title() const {
-    if (isOneOf(bundleID_, {"de.icab.iCab", "com.barebones.bbedit", ""}))
-        return services_.texts.text("GrabbedBookmarks");
-    return "Imported Bookmarks";
-}
-
-bool HTMLWindowController::comesToFront() const {
-    return isOneOf(bundleID_,
-                   {"de.icab.iCab", "com.operasoftware.Opera", "com.barebones.bbedit", "com.apple.TextEdit"});
-}
-
-Result<Ref<Bookmark>> readPageFile(std::string_view bytes, const BaseServices& services, Progress* progress) {
-    DecodedText decoded = decodeText(bytes, TextKind::Html);
-    HTMLWindowController controller(services);
-    controller.setHtmlText(decoded.text);
-    controller.setQueryEncoding(std::move(decoded.encoding));
-    if (const Result<void> loaded = controller.windowDidLoad(progress); !loaded)
-        return tl::unexpected(loaded.error());
-    return controller.createDocument();
+Result<Ref<Bookmark>> readPageFile(std::string_view bytes, const ReadOptions& options) {
+    const DecodedText page = decodeText(bytes, TextKind::Html);
+    const Result<PageLinks> links = readPageLinks(page.text, page.encoding, options.progress);
+    if (!links)
+        return tl::unexpected(links.error());
+    return treeOfPage(pageBookmarks(*links, isNetscapeFile(page.text), Text(), options.services),
+                      options.services);
 }
 
 } // namespace tabulon
