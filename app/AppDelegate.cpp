@@ -44,7 +44,7 @@ void AppDelegate::addActions() {
 void AppDelegate::showMarks(bool /*shown*/) {
     for (const Document* document : documentController_.documents())
         if (ViewController* controller = documentController_.getViewController(*document))
-            controller->showMarksView();
+            controller->marks().showMarksView();
 }
 
 void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& locations) {
@@ -100,7 +100,7 @@ void AppDelegate::openWithoutRequest() {
 void AppDelegate::bringCurrentDocumentToFront() {
     const Document* current = documentController_.currentDocument();
     if (ViewController* controller = current ? documentController_.getViewController(*current) : nullptr)
-        controller->getWindow()->makeKeyAndOrderFront();
+        controller->window().getWindow()->makeKeyAndOrderFront();
 }
 
 bool AppDelegate::applicationShouldOpenUntitledFile() const {

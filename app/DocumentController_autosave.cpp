@@ -145,7 +145,8 @@ void DocumentController::autosaveAll(Moment moment) {
         OpenDocument* opened = find(*document);
         if (!opened)
             continue;
-        moment == Moment::End ? opened->controller->finishEditing() : opened->controller->commitEditing();
+        moment == Moment::End ? opened->controller->finishEditing()
+                              : opened->controller->fields().commitEditing();
         autosave(*opened, moment);
     }
 }

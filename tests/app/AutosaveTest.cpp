@@ -342,7 +342,7 @@ TEST_F(AutosaveTest, FailureWaitsForTheEndOfAnAlertOfTheRows) {
             timers.advance(kPause);
         EXPECT_EQ(shown, 1) << "one came up over another";
     };
-    documents().getViewController(document)->noSelection();
+    documents().getViewController(document)->editing().deleteSelection();
     alerts.whileShown = nullptr;
     EXPECT_EQ(alerts.shown.size(), 1u);
     timers.advance(kPause);
@@ -355,7 +355,7 @@ TEST_F(AutosaveTest, ConflictWaitsForTheEndOfAnAlertOfTheRows) {
     files.files[kPath] = documentBytes("theirs, and longer");
     change(document);
     alerts.whileShown = [&] { timers.advance(kPause); };
-    documents().getViewController(document)->noSelection();
+    documents().getViewController(document)->editing().deleteSelection();
     alerts.whileShown = nullptr;
     EXPECT_EQ(alerts.shown.size(), 1u);
     alerts.answer("Cancel");
