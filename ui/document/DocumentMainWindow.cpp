@@ -98,7 +98,8 @@ DocumentMainWindow::DocumentMainWindow(ViewController& controller, AppDelegate& 
     setCentralWidget(content);
     outline_->setFocus();
     connect(findBar_, &FindBarWidget::closed, this, [this] { pages_->currentWidget()->setFocus(); });
-    connect(emptyState_, &EmptyState::openRequested, this, [this] { app_.openDocumentPanel(); });
+    connect(emptyState_, &EmptyState::openRequested, this,
+            [this] { app_.fileOpening().openDocumentPanel(); });
     connect(urlField_, &StatusLineWidget::actionRequested, this, [this] {
         pages_->currentWidget()->setFocus();
         if (controller_)
@@ -257,7 +258,7 @@ void DocumentMainWindow::takeFiles(const std::vector<std::string>& files, bool i
     std::vector<std::string> opened;
     std::string uris;
     for (const std::string& file : files)
-        if (intoDocument && !app_.canOpen(file))
+        if (intoDocument && !app_.fileOpening().canOpen(file))
             uris += file + "\r\n";
         else
             opened.push_back(file);
@@ -270,7 +271,7 @@ void DocumentMainWindow::takeFiles(const std::vector<std::string>& files, bool i
             controller_->acceptDrop(drag, nullptr, std::nullopt);
     }
     if (!opened.empty())
-        app_.openFiles(opened);
+        app_.fileOpening().openFiles(opened);
 }
 
 } // namespace tabulon
