@@ -10,52 +10,43 @@ constexpr int kToolTipDelay = 10; // milliseconds
 
 } // namespace
 
-AppDelegate::AppDelegate(const Platform& platform, DocumentWindowMaker& windows, std::string version)
-    : platform_(platform), version_(std::move(version)), documentController_(platform, windows),
-      importCommands_(platform, documentController_), mainMenu_(platform, documentController_),
-      responders_(documentController_, {&actions_, &importCommands_.actions()}) {
+AppDelegate::AppDelegate(const Platform& platform, DocumentWindowMaker& windows, SingleInstance& instance,
+                         ProgramHost& host, std::string version)
+    : platform_(platform), host_(host), version_(std::move(version)),
+      documentController_(platform, windows, *this), importCommands_(platform, documentController_),
+      requestQueue_(*this, instance, platform.timers),
+      fileOpening_(platform, documentController_, importCommands_, requestQueue_, *this),
+      mainMenu_(platform, documentController_),
+      responders_(documentController_, {&actions_, &fileOpening_.actions(), &importCommands_.actions()}) {
     addActions();
     documentController_.shared().grabAllHTML = [this](const std::string& html) {
         importCommands_.grabAllHTML(html);
-    };
-    documentController_.shared().showMarks = [this](bool shown) { showMarks(shown); };
-    documentController_.lastDocumentClosed = [this] {
-        if (stop && !opensMore())
-            stop();
     };
 }
 
 void AppDelegate::addActions() {
     actions_.add("newDocument:",
                  [this](const MenuItem&) { documentController_.openUntitledDocumentAndDisplay(); });
-    actions_.add("openDocument:", [this](const MenuItem&) { openDocumentPanel(); });
-    actions_.add("openRecentDocument:", [this](const MenuItem& sender) {
-        if (const auto* path = std::get_if<std::string>(&sender.representedObject))
-            openFile(*path);
-    });
-    actions_.add(
-        "clearRecentDocuments:", [this](const MenuItem&) { documentController_.recentDocuments().clear(); },
-        [this](const MenuItem&) { return !documentController_.recentDocuments().paths().empty(); });
     actions_.add("terminate:", [this](const MenuItem&) { terminate(); });
     actions_.add("orderFrontStandardAboutPanel:", [this](const MenuItem&) { showAboutPanel(); });
 }
 
-// The menu is built when it is opened, with its check mark.
-void AppDelegate::showMarks(bool /*shown*/) {
-    for (const Document* document : documentController_.documents())
-        if (ViewController* controller = documentController_.getViewController(*document))
-            controller->marks().showMarksView();
-}
-
 void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& locations) {
-    performRequest({.kind = LaunchRequest::Kind::Open, .uris = locations});
-}
-
-bool AppDelegate::opensMore() const {
-    return willOpenMore && willOpenMore();
+    perform({.kind = LaunchRequest::Kind::Open, .uris = locations});
 }
 
 void AppDelegate::performRequest(const LaunchRequest& request) {
+    host_.willPerform(request);
+    perform(request);
+    host_.didPerform(request, documentController_.currentDocument());
+}
+
+// The first request starts the program: it opens what an earlier run could not save and what the request
+// names. Later ones open files or a new document, or bring the current one to the front. When there is no
+// document then, an untitled one is opened, or the open panel is shown. While more requests wait, the alert
+// about refused files and the front window are left to the last one. Nothing is done after the end of the
+// session.
+void AppDelegate::perform(const LaunchRequest& request) {
     if (ended_)
         return;
     const bool isFirst = !launched_;
@@ -66,20 +57,25 @@ void AppDelegate::performRequest(const LaunchRequest& request) {
         break;
     case LaunchRequest::Kind::Open:
         for (const std::string& location : request.uris)
-            open(location);
+            fileOpening_.open(location);
         break;
     case LaunchRequest::Kind::NewDocument:
         documentController_.openUntitledDocumentAndDisplay();
         break;
     }
-    if (!opensMore())
-        refusals_.tell(platform_);
-    if (ended_ || opensMore()) // the alert waited for its answer
+    if (!requestQueue_.hasMore())
+        fileOpening_.tellRefusals();
+    if (ended_ || requestQueue_.hasMore()) // the alert waited for its answer
         return;
     if (documentController_.documents().empty())
         openWithoutRequest();
     else if (!isFirst)
         bringCurrentDocumentToFront();
+}
+
+void AppDelegate::noDocumentIsOpen() {
+    if (!requestQueue_.hasMore())
+        host_.stop();
 }
 
 void AppDelegate::startUp() {
@@ -90,11 +86,11 @@ void AppDelegate::startUp() {
 
 void AppDelegate::openWithoutRequest() {
     if (!applicationShouldOpenUntitledFile())
-        return openDocumentPanel();
+        return fileOpening_.openDocumentPanel();
     if (documentController_.openUntitledDocumentAndDisplay())
         documentController_.noteUntouchedDocument();
-    else if (stop)
-        stop();
+    else
+        host_.stop();
 }
 
 void AppDelegate::bringCurrentDocumentToFront() {
@@ -111,14 +107,12 @@ bool AppDelegate::applicationShouldOpenUntitledFile() const {
 void AppDelegate::sessionWillEnd() {
     ended_ = true;
     documentController_.autosaveAllDocumentsForTheEnd();
-    if (stop)
-        stop();
+    host_.stop();
 }
 
 void AppDelegate::end() {
     ended_ = true;
-    if (stop)
-        stop();
+    host_.stop();
 }
 
 void AppDelegate::terminate() {
@@ -131,7 +125,9 @@ void AppDelegate::terminate() {
     terminating_ = true;
     documentController_.closeAllDocuments([this](bool closed) {
         terminating_ = false;
-        if (closed && opensMore()) // what was to be opened has kept the last document from ending the program
+        if (closed &&
+            requestQueue_
+                .hasMore()) // what was to be opened has kept the last document from ending the program
             end();
     });
 }

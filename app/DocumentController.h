@@ -35,14 +35,23 @@ public:
     virtual void presentVersions(std::shared_ptr<VersionsController> controller) = 0;
 };
 
+/// Learns that the program may have nothing left to do.
+class LastDocumentObserver {
+public:
+    virtual ~LastDocumentObserver() = default;
+    /// Called after the last document was closed, and after an open panel closed while no document is open.
+    virtual void noDocumentIsOpen() = 0;
+};
+
 /// Paths are absolute and in the file system's encoding.
 class DocumentController {
 public:
     /// Told whether the work was done: false when the user cancelled or it failed (and the user was told).
     using Done = std::function<void(bool done)>;
 
-    /// What is handed in must live longer.
-    DocumentController(const Platform& platform, DocumentWindowMaker& windows);
+    /// What is passed in must outlive this object.
+    DocumentController(const Platform& platform, DocumentWindowMaker& windows,
+                       LastDocumentObserver& observer);
     ~DocumentController();
 
     /// saveDocument:, saveDocumentAs:, revertDocumentToSaved:, browseVersions:, performClose:,
@@ -122,9 +131,6 @@ public:
     /// What all document windows share.
     SharedState& shared() { return shared_; }
 
-    /// Called after the last document was closed.
-    std::function<void()> lastDocumentClosed;
-
 private:
     /// When a document is saved by itself, and what the user was told about that already.
     struct Autosave {
@@ -159,6 +165,7 @@ private:
 
     void addActions();
     void addWindowActions();
+    void showMarksInEveryWindow();
     OpenDocument* find(const Document& document) const;
     Document* makeWindowControllers(std::unique_ptr<OpenDocument> opened);
     void remove(const Document& document);
@@ -200,6 +207,7 @@ private:
 
     const Platform platform_;
     DocumentWindowMaker& windows_;
+    LastDocumentObserver& observer_;
     SharedState shared_;
     RecentDocuments recentDocuments_;
     UnsavedDocuments unsaved_;

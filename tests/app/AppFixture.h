@@ -4,6 +4,8 @@
 #include "app/AppDelegate.h"
 #include "model/ArchiveWriter.h"
 #include "platform/fake/FakePlatform.h"
+#include "platform/fake/FakeSingleInstance.h"
+#include "tests/app/FakeProgramHost.h"
 #include "tests/app/MemoryWindowMaker.h"
 
 #include <algorithm>
@@ -15,10 +17,6 @@ namespace tabulon {
 
 class AppTest : public testing::Test, protected FakePlatform {
 protected:
-    AppTest() {
-        app.stop = [this] { ++stops; };
-    }
-
     std::string documentBytes(const char* linkName) {
         const Ref<Bookmark> master = Bookmark::init(base.now());
         master->setItemName("Master");
@@ -55,6 +53,12 @@ protected:
         return items;
     }
 
+    /// Opens files as the user does with the panel or by dropping them, and runs the main loop.
+    void openFiles(const std::vector<std::string>& locations) {
+        app.fileOpening().openFiles(locations);
+        timers.advance(0);
+    }
+
     /// How many files there are besides those that the program keeps for itself.
     std::size_t filesOfTheUser() const {
         return static_cast<std::size_t>(std::ranges::count_if(
@@ -66,8 +70,9 @@ protected:
         "<DT><A HREF=\"https://example.org/\" ADD_DATE=\"1\">Example</A>\n</DL><p>\n";
 
     MemoryWindowMaker windows;
-    AppDelegate app{platform(), windows, "1.2.3"};
-    int stops = 0;
+    FakeSingleInstance instance;
+    FakeProgramHost host;
+    AppDelegate app{platform(), windows, instance, host, "1.2.3"};
 
 private:
     static void collect(const Menu& menu, std::vector<MenuItem>& items) {

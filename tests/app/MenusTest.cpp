@@ -99,7 +99,7 @@ TEST_F(MenusTest, KeysAreKnownWithoutBuildingTheMenus) {
 TEST_F(MenusTest, ShowMarksHasACheckMarkAndIsForEveryWindow) {
     for (const char* path : {"/home/a.tbln", "/home/b.tbln"}) {
         files.files[path] = documentBytes("a");
-        app.openFile(path);
+        app.fileOpening().openFile(path);
     }
     EXPECT_FALSE(isChecked("showMarks:"));
     EXPECT_TRUE(perform("showMarks:"));
@@ -129,7 +129,7 @@ TEST_F(MenusTest, OpenRecentListsAtMostTenFilesAndCanBeCleared) {
     for (int i = 0; i < 12; ++i) {
         const std::string path = "/home/" + std::to_string(i) + ".tbln";
         files.files[path] = documentBytes("a");
-        app.openFile(path);
+        app.fileOpening().openFile(path);
     }
     const Menu menu = recentMenu();
     ASSERT_EQ(menu.items.size(), 12u) << "ten files, a separator and the command";
@@ -143,7 +143,7 @@ TEST_F(MenusTest, OpenRecentListsAtMostTenFilesAndCanBeCleared) {
 
 TEST_F(MenusTest, RecentItemOpensItsFileAndAVanishedOneLeavesTheList) {
     files.files["/home/a.tbln"] = documentBytes("a");
-    app.openFile("/home/a.tbln");
+    app.fileOpening().openFile("/home/a.tbln");
     const MenuItem item = recentMenu().items.at(0);
     perform("performClose:");
     EXPECT_TRUE(app.responders().performMenuItem(item));
@@ -158,7 +158,7 @@ TEST_F(MenusTest, RecentItemOpensItsFileAndAVanishedOneLeavesTheList) {
 
 TEST_F(MenusTest, RecentFileWhoseFolderIsGoneTooOrThatMayNotBeReadStaysInTheList) {
     files.files["/media/stick/a.tbln"] = documentBytes("a");
-    app.openFile("/media/stick/a.tbln");
+    app.fileOpening().openFile("/media/stick/a.tbln");
     perform("performClose:");
     const std::string bytes = std::exchange(files.files, {}).begin()->second;
     app.responders().performMenuItem(recentMenu().items.at(0));

@@ -27,7 +27,7 @@ class VersionsTest : public AppTest {
 protected:
     VersionsTest() {
         files.files[kPath] = documentBytes("first");
-        app.openFile(kPath);
+        app.fileOpening().openFile(kPath);
     }
 
     Document& document() { return *documents().documents().front(); }

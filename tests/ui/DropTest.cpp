@@ -2,6 +2,8 @@
 #include "app/AppDelegate.h"
 #include "model/ArchiveWriter.h"
 #include "platform/fake/FakePlatform.h"
+#include "platform/fake/FakeSingleInstance.h"
+#include "tests/app/FakeProgramHost.h"
 #include "ui/QtWindows.h"
 
 #include <gtest/gtest.h>
@@ -49,6 +51,7 @@ protected:
     }
     std::vector<std::string> openFiles() {
         QApplication::processEvents();
+        timers.advance(0);
         std::vector<std::string> names;
         for (const Document* document : app.documentController().documents())
             names.push_back(document->fileName());
@@ -57,7 +60,9 @@ protected:
 
     const Platform services = platform();
     QtWindows windows;
-    AppDelegate app{services, windows, "1"};
+    FakeSingleInstance instance;
+    FakeProgramHost host;
+    AppDelegate app{services, windows, instance, host, "1"};
     QWidget* window = nullptr;
 };
 

@@ -99,7 +99,8 @@ DocumentMainWindow::DocumentMainWindow(ViewController& controller, AppDelegate& 
     setCentralWidget(content);
     outline_->setFocus();
     connect(findBar_, &FindBarWidget::closed, this, [this] { pages_->currentWidget()->setFocus(); });
-    connect(emptyState_, &EmptyState::openRequested, this, [this] { app_.openDocumentPanel(); });
+    connect(emptyState_, &EmptyState::openRequested, this,
+            [this] { app_.fileOpening().openDocumentPanel(); });
     connect(urlField_, &StatusLineWidget::actionRequested, this, [this] {
         pages_->currentWidget()->setFocus();
         if (controller_)
@@ -258,7 +259,7 @@ void DocumentMainWindow::takeFiles(const std::vector<std::string>& files, bool i
     std::vector<std::string> opened;
     std::string uris;
     for (const std::string& file : files)
-        if (intoDocument && !app_.canOpen(file))
+        if (intoDocument && !app_.fileOpening().canOpen(file))
             uris += file + "\r\n";
         else
             opened.push_back(file);
@@ -272,7 +273,7 @@ void DocumentMainWindow::takeFiles(const std::vector<std::string>& files, bool i
             controller_->dragging().acceptDrop(drag, nullptr, std::nullopt);
     }
     if (!opened.empty())
-        app_.openFiles(opened);
+        app_.fileOpening().openFiles(opened);
 }
 
 } // namespace tabulon

@@ -1,6 +1,9 @@
-// Opening files of every kind.
-#include "app/AppDelegate.h"
+#include "app/FileOpening.h"
+
+#include "app/DocumentController.h"
 #include "app/FileContent.h"
+#include "app/ImportCommands.h"
+#include "app/RequestQueue.h"
 #include "window/FileUri.h"
 #include "window/SharedAlerts.h"
 
@@ -10,7 +13,7 @@
 namespace tabulon {
 namespace {
 
-// Nothing for what is no file of this computer.
+// Returns nullopt for what is no file of this computer.
 std::optional<std::string> pathOf(const std::string& location) {
     std::optional<std::string> path =
         location.starts_with('/') ? std::optional(location) : pathOfFileUri(location);
@@ -21,27 +24,40 @@ std::optional<std::string> pathOf(const std::string& location) {
 
 } // namespace
 
-bool AppDelegate::openFile(const std::string& location) {
+FileOpening::FileOpening(const Platform& platform, DocumentController& documents, ImportCommands& imports,
+                         RequestQueue& queue, LastDocumentObserver& observer)
+    : platform_(platform), documents_(documents), imports_(imports), queue_(queue), observer_(observer) {
+    addActions();
+}
+
+void FileOpening::addActions() {
+    actions_.add("openDocument:", [this](const MenuItem&) { openDocumentPanel(); });
+    actions_.add("openRecentDocument:", [this](const MenuItem& sender) {
+        if (const auto* path = std::get_if<std::string>(&sender.representedObject))
+            openFile(*path);
+    });
+    actions_.add(
+        "clearRecentDocuments:", [this](const MenuItem&) { documents_.recentDocuments().clear(); },
+        [this](const MenuItem&) { return !documents_.recentDocuments().paths().empty(); });
+}
+
+bool FileOpening::openFile(const std::string& location) {
     const bool opened = open(location);
-    refusals_.tell(platform_);
+    tellRefusals();
     return opened;
 }
 
-void AppDelegate::openFiles(const std::vector<std::string>& locations) {
-    if (openSoon)
-        return openSoon(locations);
-    for (const std::string& location : locations)
-        open(location);
-    refusals_.tell(platform_);
+void FileOpening::openFiles(const std::vector<std::string>& locations) {
+    queue_.open(locations);
 }
 
-bool AppDelegate::canOpen(const std::string& location) {
+bool FileOpening::canOpen(const std::string& location) {
     const auto path = pathOf(location);
     const PathKind kind = path ? platform_.files.kindOf(*path) : PathKind::Other;
     return (kind == PathKind::File || kind == PathKind::Nothing) && isOpenable(platform_.files, *path);
 }
 
-bool AppDelegate::open(const std::string& location) {
+bool FileOpening::open(const std::string& location) {
     const auto path = pathOf(location);
     const auto refuse = [&](std::string_view key) {
         refusals_.add(path.value_or(location), Error{.message = platform_.base.texts.text(key)});
@@ -58,10 +74,10 @@ bool AppDelegate::open(const std::string& location) {
     case PathKind::Nothing: // which is told by reading it
         break;
     }
-    return documentController_.showDocumentOfFile(*path) || openContent(*path);
+    return documents_.showDocumentOfFile(*path) || openContent(*path);
 }
 
-bool AppDelegate::openContent(const std::string& path) {
+bool FileOpening::openContent(const std::string& path) {
     const auto identity = platform_.files.identityOf(path);
     const Result<std::string> bytes = platform_.files.readFile(path);
     if (!bytes) {
@@ -76,24 +92,23 @@ bool AppDelegate::openContent(const std::string& path) {
     const bool opened =
         content.format ? openImported(*content.format, path, *bytes) : openDocument(path, *bytes, identity);
     if (opened)
-        documentController_.closeUntouchedDocument();
+        documents_.closeUntouchedDocument();
     return opened;
 }
 
-bool AppDelegate::openDocument(const std::string& path, std::string_view bytes,
+bool FileOpening::openDocument(const std::string& path, std::string_view bytes,
                                const std::optional<FileIdentity>& identity) {
-    const Result<Document*> document = documentController_.openDocument(path, bytes, identity);
+    const Result<Document*> document = documents_.openDocument(path, bytes, identity);
     if (!document)
         refusals_.add(path, document.error(), [this, path] {
-            return documentController_.offerRemains(platform_.files.readFile(path),
-                                                    nameWithoutExtension(path));
+            return documents_.offerRemains(platform_.files.readFile(path), nameWithoutExtension(path));
         });
     return document.value_or(nullptr) != nullptr;
 }
 
 // The file is named by the user, so that the document is called after it.
-bool AppDelegate::openImported(const ImportFormat& format, const std::string& path, std::string_view bytes) {
-    Result<Ref<Bookmark>> root = importCommands_.read(format, bytes, lastPathComponent(path));
+bool FileOpening::openImported(const ImportFormat& format, const std::string& path, std::string_view bytes) {
+    Result<Ref<Bookmark>> root = imports_.read(format, bytes, lastPathComponent(path));
     if (!root) {
         refusals_.add(path, root.error());
         return false;
@@ -102,28 +117,28 @@ bool AppDelegate::openImported(const ImportFormat& format, const std::string& pa
         refusals_.addEmpty(path, platform_.base.texts);
         return false;
     }
-    Document* document = documentController_.newMasterDocument(std::move(*root));
+    Document* document = documents_.newMasterDocument(std::move(*root));
     if (!document)
         return false;
     document->setDisplayName(nameWithoutExtension(path));
-    documentController_.recentDocuments().note(path);
+    documents_.recentDocuments().note(path);
     return true;
 }
 
 // The recent documents forget a file that is gone, but not one whose folder is gone too: its disk may come
 // back.
-Error AppDelegate::missingFile(const std::string& path, const Error& error) {
+Error FileOpening::missingFile(const std::string& path, const Error& error) {
     if (error.domain != ErrorDomain::Posix || (error.code != ENOENT && error.code != ENOTDIR))
         return error;
     const std::string folder = std::filesystem::path(path).parent_path().string();
     const bool folderIsThere = platform_.files.kindOf(folder) == PathKind::Folder;
     if (folderIsThere)
-        documentController_.recentDocuments().forget(path);
+        documents_.recentDocuments().forget(path);
     return Error{.message = platform_.base.texts.format(folderIsThere ? "NoSuchFile" : "NoSuchFolder",
                                                         decodeUtf8Leniently(folder))};
 }
 
-void AppDelegate::openDocumentPanel() {
+void FileOpening::openDocumentPanel() {
     if (openPanelIsShown_)
         return;
     const Localization& texts = platform_.base.texts;
@@ -133,14 +148,17 @@ void AppDelegate::openDocumentPanel() {
                                      {std::string(kDocumentExtension), "html", "htm", "xbel", "plist"}},
                                     {texts.text("AllFiles")}},
                           .allowsMultipleSelection = true,
-                          .document = documentController_.currentDocument()};
+                          .document = documents_.currentDocument()};
     openPanelIsShown_ = true;
-    platform_.panels.beginOpenPanel(panel, [this](const std::vector<std::string>& paths) {
-        openPanelIsShown_ = false;
-        openFiles(paths);
-        if (documentController_.documents().empty() && !opensMore() && stop)
-            stop();
-    });
+    platform_.panels.beginOpenPanel(
+        panel, [this](const std::vector<std::string>& paths) { openPanelDidClose(paths); });
+}
+
+void FileOpening::openPanelDidClose(const std::vector<std::string>& paths) {
+    openPanelIsShown_ = false;
+    openFiles(paths);
+    if (documents_.documents().empty())
+        observer_.noDocumentIsOpen();
 }
 
 } // namespace tabulon
