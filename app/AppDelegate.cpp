@@ -10,26 +10,43 @@ constexpr int kToolTipDelay = 10; // milliseconds
 
 } // namespace
 
-AppDelegate::AppDelegate(const Platform& platform, DocumentWindowMaker& windows, std::string version)
-    : platform_(platform), version_(std::move(version)), documentController_(platform, windows) {
+AppDelegate::AppDelegate(const Platform& platform, DocumentWindowMaker& windows, SingleInstance& instance,
+                         ProgramHost& host, std::string version)
+    : platform_(platform), host_(host), version_(std::move(version)),
+      documentController_(platform, windows, *this), importCommands_(platform, documentController_),
+      requestQueue_(*this, instance, platform.timers),
+      fileOpening_(platform, documentController_, importCommands_, requestQueue_, *this),
+      mainMenu_(platform, documentController_),
+      responders_(documentController_, {&actions_, &fileOpening_.actions(), &importCommands_.actions()}) {
     addActions();
-    documentController_.shared().grabAllHTML = [this](const std::string& html) { grabAllHTML(html); };
-    documentController_.shared().showMarks = [this](bool shown) { showMarks(shown); };
-    documentController_.lastDocumentClosed = [this] {
-        if (stop && !opensMore())
-            stop();
+    documentController_.shared().grabAllHTML = [this](const std::string& html) {
+        importCommands_.grabAllHTML(html);
     };
 }
 
-void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& locations) {
-    performRequest({.kind = LaunchRequest::Kind::Open, .uris = locations});
+void AppDelegate::addActions() {
+    actions_.add("newDocument:",
+                 [this](const MenuItem&) { documentController_.openUntitledDocumentAndDisplay(); });
+    actions_.add("terminate:", [this](const MenuItem&) { terminate(); });
+    actions_.add("orderFrontStandardAboutPanel:", [this](const MenuItem&) { showAboutPanel(); });
 }
 
-bool AppDelegate::opensMore() const {
-    return willOpenMore && willOpenMore();
+void AppDelegate::applicationDidFinishLaunching(const std::vector<std::string>& locations) {
+    perform({.kind = LaunchRequest::Kind::Open, .uris = locations});
 }
 
 void AppDelegate::performRequest(const LaunchRequest& request) {
+    host_.willPerform(request);
+    perform(request);
+    host_.didPerform(request, documentController_.currentDocument());
+}
+
+// The first request starts the program: it opens what an earlier run could not save and what the request
+// names. Later ones open files or a new document, or bring the current one to the front. When there is no
+// document then, an untitled one is opened, or the open panel is shown. While more requests wait, the alert
+// about refused files and the front window are left to the last one. Nothing is done after the end of the
+// session.
+void AppDelegate::perform(const LaunchRequest& request) {
     if (ended_)
         return;
     const bool isFirst = !launched_;
@@ -40,20 +57,25 @@ void AppDelegate::performRequest(const LaunchRequest& request) {
         break;
     case LaunchRequest::Kind::Open:
         for (const std::string& location : request.uris)
-            open(location);
+            fileOpening_.open(location);
         break;
     case LaunchRequest::Kind::NewDocument:
         documentController_.openUntitledDocumentAndDisplay();
         break;
     }
-    if (!opensMore())
-        refusals_.tell(platform_);
-    if (ended_ || opensMore()) // the alert waited for its answer
+    if (!requestQueue_.hasMore())
+        fileOpening_.tellRefusals();
+    if (ended_ || requestQueue_.hasMore()) // the alert waited for its answer
         return;
     if (documentController_.documents().empty())
         openWithoutRequest();
     else if (!isFirst)
         bringCurrentDocumentToFront();
+}
+
+void AppDelegate::noDocumentIsOpen() {
+    if (!requestQueue_.hasMore())
+        host_.stop();
 }
 
 void AppDelegate::startUp() {
@@ -64,17 +86,17 @@ void AppDelegate::startUp() {
 
 void AppDelegate::openWithoutRequest() {
     if (!applicationShouldOpenUntitledFile())
-        return openDocumentPanel();
+        return fileOpening_.openDocumentPanel();
     if (documentController_.openUntitledDocumentAndDisplay())
         documentController_.noteUntouchedDocument();
-    else if (stop)
-        stop();
+    else
+        host_.stop();
 }
 
 void AppDelegate::bringCurrentDocumentToFront() {
     const Document* current = documentController_.currentDocument();
     if (ViewController* controller = current ? documentController_.getViewController(*current) : nullptr)
-        controller->getWindow()->makeKeyAndOrderFront();
+        controller->window().getWindow()->makeKeyAndOrderFront();
 }
 
 bool AppDelegate::applicationShouldOpenUntitledFile() const {
@@ -85,14 +107,12 @@ bool AppDelegate::applicationShouldOpenUntitledFile() const {
 void AppDelegate::sessionWillEnd() {
     ended_ = true;
     documentController_.autosaveAllDocumentsForTheEnd();
-    if (stop)
-        stop();
+    host_.stop();
 }
 
 void AppDelegate::end() {
     ended_ = true;
-    if (stop)
-        stop();
+    host_.stop();
 }
 
 void AppDelegate::terminate() {
@@ -105,7 +125,9 @@ void AppDelegate::terminate() {
     terminating_ = true;
     documentController_.closeAllDocuments([this](bool closed) {
         terminating_ = false;
-        if (closed && opensMore()) // what was to be opened has kept the last document from ending the program
+        if (closed &&
+            requestQueue_
+                .hasMore()) // what was to be opened has kept the last document from ending the program
             end();
     });
 }

@@ -9,12 +9,14 @@
 
 namespace tabulon {
 
-DocumentController::DocumentController(const Platform& platform, DocumentWindowMaker& windows)
-    : platform_(platform), windows_(windows), recentDocuments_(platform.state),
+DocumentController::DocumentController(const Platform& platform, DocumentWindowMaker& windows,
+                                       LastDocumentObserver& observer)
+    : platform_(platform), windows_(windows), observer_(observer), recentDocuments_(platform.state),
       unsaved_(platform.files, platform.recovery),
       revertPoints_(platform.files, platform.recovery, platform.base.log),
       versions_(platform.files, platform.base.clock, platform.base.defaults,
                 platform.folders.stateFolder() + "/versions") {
+    shared_.showMarks = [this](bool) { showMarksInEveryWindow(); };
     addActions();
 }
 
@@ -50,6 +52,11 @@ void DocumentController::addWindowActions() {
     actions_.add(
         "makeKeyAndOrderFront:", [=](const MenuItem& item) { windowOf(item)->makeKeyAndOrderFront(); },
         [=](const MenuItem& item) { return windowOf(item) != nullptr; });
+}
+
+void DocumentController::showMarksInEveryWindow() {
+    for (const auto& opened : documents_)
+        opened->controller->marks().showMarksView();
 }
 
 std::vector<Document*> DocumentController::documents() const {
@@ -128,6 +135,17 @@ Document* DocumentController::openUntitled(const Ref<Bookmark>& root, const std:
     Document* document = makeWindowControllers(std::move(opened));
     if (document)
         document->updateChangeCount(ChangeKind::Done);
+    return document;
+}
+
+Document* DocumentController::newMasterDocument(Ref<Bookmark> root) {
+    Document* document = openUntitledDocumentAndDisplay();
+    if (!document)
+        return nullptr;
+    root->setShowHier(true);
+    document->setMaster(std::move(root));
+    document->updateUI();
+    document->updateChangeCount(ChangeKind::Done);
     return document;
 }
 

@@ -10,6 +10,7 @@
 #include "model/Document.h"
 #include "platform/Platform.h"
 #include "window/ActionTable.h"
+#include "window/DocumentWindow.h"
 #include "window/ViewController.h"
 
 #include <functional>
@@ -34,14 +35,23 @@ public:
     virtual void presentVersions(std::shared_ptr<VersionsController> controller) = 0;
 };
 
+/// Learns that the program may have nothing left to do.
+class LastDocumentObserver {
+public:
+    virtual ~LastDocumentObserver() = default;
+    /// Called after the last document was closed, and after an open panel closed while no document is open.
+    virtual void noDocumentIsOpen() = 0;
+};
+
 /// Paths are absolute and in the file system's encoding.
 class DocumentController {
 public:
     /// Told whether the work was done: false when the user cancelled or it failed (and the user was told).
     using Done = std::function<void(bool done)>;
 
-    /// What is handed in must live longer.
-    DocumentController(const Platform& platform, DocumentWindowMaker& windows);
+    /// What is passed in must outlive this object.
+    DocumentController(const Platform& platform, DocumentWindowMaker& windows,
+                       LastDocumentObserver& observer);
     ~DocumentController();
 
     /// saveDocument:, saveDocumentAs:, revertDocumentToSaved:, browseVersions:, performClose:,
@@ -73,6 +83,9 @@ public:
                                    const std::optional<FileIdentity>& identity);
     /// Opens a tree as a new untitled, changed document of that name. Null when no window can be made.
     Document* openUntitled(const Ref<Bookmark>& root, const std::string& name);
+    /// Opens `root`, which its maker named "Master", as a new untitled, changed document with the usual
+    /// title. Returns `nullptr` when no window can be made.
+    Document* newMasterDocument(Ref<Bookmark> root);
     /// What the alert about a damaged document offers: to open what is left of these bytes as an untitled
     /// document of that name. Nullopt where they could not be read or hold no bookmark any more.
     std::optional<Refusals::Offer> offerRemains(const Result<std::string>& bytes, const std::string& name);
@@ -118,9 +131,6 @@ public:
     /// What all document windows share.
     SharedState& shared() { return shared_; }
 
-    /// Called after the last document was closed.
-    std::function<void()> lastDocumentClosed;
-
 private:
     /// When a document is saved by itself, and what the user was told about that already.
     struct Autosave {
@@ -155,6 +165,7 @@ private:
 
     void addActions();
     void addWindowActions();
+    void showMarksInEveryWindow();
     OpenDocument* find(const Document& document) const;
     Document* makeWindowControllers(std::unique_ptr<OpenDocument> opened);
     void remove(const Document& document);
@@ -196,6 +207,7 @@ private:
 
     const Platform platform_;
     DocumentWindowMaker& windows_;
+    LastDocumentObserver& observer_;
     SharedState shared_;
     RecentDocuments recentDocuments_;
     UnsavedDocuments unsaved_;

@@ -102,8 +102,8 @@ void DocumentController::remove(const Document& document) {
     documents_.erase(found);
     if (current_ == &document)
         current_ = documents_.empty() ? nullptr : &documents_.back()->document;
-    if (documents_.empty() && lastDocumentClosed)
-        lastDocumentClosed();
+    if (documents_.empty())
+        observer_.noDocumentIsOpen();
 }
 
 void DocumentController::closeAllDocuments(const Done& done) {

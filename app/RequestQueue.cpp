@@ -1,19 +1,15 @@
 #include "app/RequestQueue.h"
 
-#include "app/AppDelegate.h"
-
 #include <utility>
 
 namespace tabulon {
 
-RequestQueue::RequestQueue(AppDelegate& app, SingleInstance& instance, Timers& timers)
-    : app_(app), timers_(timers) {
+RequestQueue::RequestQueue(RequestPerformer& performer, SingleInstance& instance, Timers& timers)
+    : performer_(performer), timers_(timers) {
     instance.requested = [this](LaunchRequest request) {
         used_ = true;
         add(std::move(request));
     };
-    app_.willOpenMore = [this] { return !pending_.empty() || !opened_.empty(); };
-    app_.openSoon = [this](const std::vector<std::string>& locations) { open(locations); };
 }
 
 void RequestQueue::open(const std::vector<std::string>& locations) {
@@ -43,7 +39,7 @@ void RequestQueue::performSoon() {
 std::deque<LaunchRequest>* RequestQueue::next() {
     if (!opened_.empty())
         return &opened_;
-    return pending_.empty() || (mustWait && mustWait()) ? nullptr : &pending_;
+    return pending_.empty() || performer_.mustWait() ? nullptr : &pending_;
 }
 
 // Performing may show an alert, while which more requests come and this is called again.
@@ -54,11 +50,7 @@ void RequestQueue::performNext() {
     performing_ = true;
     const LaunchRequest request = std::move(requests->front());
     requests->pop_front();
-    if (willPerform)
-        willPerform(request);
-    app_.performRequest(request);
-    if (didPerform)
-        didPerform(request);
+    performer_.performRequest(request);
     performing_ = false;
     if (next())
         performSoon();

@@ -8,44 +8,49 @@
 #include "platform/Timers.h"
 
 #include <deque>
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace tabulon {
 
-class AppDelegate;
+/// Performs the requests of a queue.
+class RequestPerformer {
+public:
+    virtual ~RequestPerformer() = default;
+    /// Returns true while no request from outside may be performed, such as while an alert waits for an
+    /// answer.
+    virtual bool mustWait() const = 0;
+    virtual void performRequest(const LaunchRequest& request) = 0;
+};
 
 class RequestQueue {
 public:
-    /// Takes what comes to `instance`; as long as there is something to do, closing the last document does
-    /// not end `app`. All must live longer.
-    RequestQueue(AppDelegate& app, SingleInstance& instance, Timers& timers);
-
-    /// True while nothing may happen behind the user's back, such as while an alert waits for an answer.
-    /// `performSoon` is to be called when that is over. What the user opens in the program does not wait.
-    std::function<bool()> mustWait;
-    /// Called around each request, for what the desktop needs to let windows come to the front.
-    std::function<void(const LaunchRequest&)> willPerform;
-    std::function<void(const LaunchRequest&)> didPerform;
+    /// Takes the requests that reach `instance`. What is passed in must outlive this object.
+    RequestQueue(RequestPerformer& performer, SingleInstance& instance, Timers& timers);
 
     /// Takes a request that comes from this program itself.
     void add(LaunchRequest request);
-    /// Takes files that the user opens in the program, as paths or URIs. They come before all other requests.
+    /// Takes files that the user opens in the program, as paths or URIs. They come before all other requests
+    /// and do not wait for `mustWait`.
     void open(const std::vector<std::string>& locations);
 
-    /// Does from the main loop what has come, in the order in which it came, as far as it may then.
+    /// Performs the requests from the main loop, in the order in which they came, as far as they need not
+    /// wait. To be called when `mustWait` has become false.
     void performSoon();
 
-    /// Something has come since the start.
+    /// Returns true when a request has not been performed yet. Closing the last document does not end the
+    /// program then.
+    bool hasMore() const { return !pending_.empty() || !opened_.empty(); }
+
+    /// Returns true when a request has come from outside since the start.
     bool wasUsed() const { return used_; }
 
 private:
     std::deque<LaunchRequest>* next();
     void performNext();
 
-    AppDelegate& app_;
+    RequestPerformer& performer_;
     Timers& timers_;
     std::unique_ptr<Timer> timer_;
     std::deque<LaunchRequest> opened_; // by the user, in the program

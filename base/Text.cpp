@@ -1,11 +1,11 @@
 #include "base/Text.h"
 
-#include "base/Memory.h"
 #include "base/Utf8.h"
 
 #include <unicode/utf8.h>
 
 #include <cstring>
+#include <new>
 
 namespace tabulon {
 namespace {
@@ -45,7 +45,7 @@ bool copyAscii(std::string_view bytes, char* target) {
 
 } // namespace
 
-Text::Text(std::size_t size) : block_(static_cast<Block*>(allocateMemory(sizeof(Block) + size))) {
+Text::Text(std::size_t size) : block_(static_cast<Block*>(::operator new(sizeof(Block) + size))) {
     block_->references = 1;
     block_->size = static_cast<std::uint32_t>(size);
 }
@@ -67,7 +67,7 @@ Text Text::fromBytes(std::string_view bytes) {
 }
 
 void Text::destroy(Block* block) noexcept {
-    releaseMemory(block, sizeof(Block) + block->size);
+    ::operator delete(block, sizeof(Block) + block->size);
 }
 
 bool isAscii(std::string_view bytes) {

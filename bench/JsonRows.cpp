@@ -140,7 +140,7 @@ std::string essence(const Bookmark& parent) {
 
 Ref<Bookmark> imported(std::string_view json) {
     FakeBaseServices services;
-    return readChromiumBookmarks(json, services.services()).value();
+    return readChromiumBookmarks(json, {services.services()}).value();
 }
 
 } // namespace

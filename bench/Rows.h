@@ -33,6 +33,8 @@ Row textScanRow(const Sample& sample, const Effort& effort);
 Row duplicatesRow(const Sample& sample, const Effort& effort);
 Row sortRow(const Sample& sample, const Effort& effort);
 Row findRow(const Sample& sample, const Effort& effort);
+/// The same in a tree of its own with a million nodes; in the sample's where nothing is judged.
+Row findInLargeDocumentRow(const Sample& sample, const Effort& effort);
 /// Processor seconds of sorting copies of the tree by name, of the fastest run.
 double secondsOfSorting(const Bookmark& tree, int runs);
 /// The same of looking for a text that is not there.

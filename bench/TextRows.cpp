@@ -15,7 +15,7 @@ constexpr double kLeastMegabytesPerSecond = 200;
 
 Ref<Bookmark> scannedText(std::string_view text) {
     FakeBaseServices services;
-    return scanText(text, services.services());
+    return readText(text, {services.services()}).value();
 }
 
 /// The names and notes of a tree, line by line: prose in a dozen scripts, with colons and slashes, and

@@ -78,7 +78,7 @@ std::string essence(const Bookmark& root) {
 
 Ref<Bookmark> imported(std::string_view xbel) {
     FakeBaseServices services;
-    Result<Ref<Bookmark>> tree = readXBEL(xbel, services.services());
+    Result<Ref<Bookmark>> tree = readXBEL(xbel, {services.services()});
     require(tree.has_value(), "an XBEL file could not be read");
     return *std::move(tree);
 }

@@ -40,6 +40,7 @@ constexpr Work kWorks[] = {
     {"duplicates", duplicatesRow},
     {"sort", sortRow},
     {"find", findRow},
+    {"find-large", findInLargeDocumentRow},
     {"memory", memoryRow},
 };
 

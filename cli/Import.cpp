@@ -9,9 +9,8 @@ Result<void> importFile(const Session& session, const std::string& format, const
     const Result<std::string> bytes = session.read(input);
     if (!bytes)
         return tl::unexpected(bytes.error());
-    NetscapeScanner netscape;
     const ImportFormat& importer = *importFormatNamed(format);
-    Result<Ref<Bookmark>> master = importer.read(*bytes, {session.services, netscape});
+    Result<Ref<Bookmark>> master = importer.read(*bytes, {session.services});
     if (!master)
         return failure(input + ": " + master.error().message);
     if (!(*master)->hasChildren() && importer.empty == EmptyImport::IsTold)

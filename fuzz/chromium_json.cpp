@@ -37,7 +37,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     tabulon::FakeBaseServices fake;
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     for (const auto read : {tabulon::readChromiumBookmarks, tabulon::readOperaBookmarks}) {
-        const auto master = read(bytes, fake.services(), nullptr);
+        const auto master = read(bytes, {fake.services()});
         if (master) {
             tabulon::requireRoundTrip(**master);
             requireSound(bytes);

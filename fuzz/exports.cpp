@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         // One more node may be written before the limit is looked at.
         if (written && written->size() > 2 * most)
             std::abort();
-        if (written && format.name == "xbel" && !readXBEL(*written, fake.services()))
+        if (written && format.name == "xbel" && !readXBEL(*written, {fake.services()}))
             std::abort();
     }
     return 0;

@@ -2,10 +2,10 @@
 // texts as addresses, tokens and startup identifiers. Nothing is written to the files of the user, and no
 // more windows and alerts come up than there were addresses and calls.
 #include "app/AppDelegate.h"
-#include "app/RequestQueue.h"
 #include "model/ArchiveWriter.h"
 #include "platform/fake/FakePlatform.h"
 #include "platform/fake/FakeSingleInstance.h"
+#include "tests/app/FakeProgramHost.h"
 #include "tests/app/MemoryWindowMaker.h"
 
 #include <gtest/gtest.h>
@@ -73,9 +73,9 @@ struct Program : FakePlatform {
     }
 
     MemoryWindowMaker windows;
-    AppDelegate app{platform(), windows, "1"};
     FakeSingleInstance instance;
-    RequestQueue queue{app, instance, timers};
+    FakeProgramHost host;
+    AppDelegate app{platform(), windows, instance, host, "1"};
     decltype(files.files) before;
 };
 

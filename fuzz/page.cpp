@@ -1,6 +1,6 @@
 // Any bytes as a page: its links are read, or refused with a sentence, and the tree of them is a sound
 // document. An address that was read is the same when it is read again.
-#include "formats/import/HTMLWindowController.h"
+#include "formats/import/PageBookmarks.h"
 #include "fuzz/RoundTrip.h"
 #include "platform/fake/FakeBaseServices.h"
 #include "url/Url.h"
@@ -9,7 +9,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     tabulon::FakeBaseServices fake;
-    const auto root = tabulon::readPageFile({reinterpret_cast<const char*>(data), size}, fake.services());
+    const auto root = tabulon::readPageFile({reinterpret_cast<const char*>(data), size}, {fake.services()});
     if (!root)
         return 0;
     tabulon::requireRoundTrip(**root);

@@ -9,7 +9,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     tabulon::FakeBaseServices fake;
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     for (const auto read : {tabulon::readSafariBookmarks, tabulon::readICabBookmarks})
-        if (const auto master = read(bytes, fake.services(), nullptr))
+        if (const auto master = read(bytes, {fake.services()}))
             tabulon::requireRoundTrip(**master);
     return 0;
 }

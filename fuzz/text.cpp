@@ -8,6 +8,6 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     tabulon::FakeBaseServices fake;
     tabulon::requireRoundTrip(
-        *tabulon::scanText({reinterpret_cast<const char*>(data), size}, fake.services()));
+        *tabulon::readText({reinterpret_cast<const char*>(data), size}, {fake.services()}).value());
     return 0;
 }

@@ -7,7 +7,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     tabulon::FakeBaseServices fake;
-    if (const auto master = tabulon::readXBEL({reinterpret_cast<const char*>(data), size}, fake.services()))
+    if (const auto master = tabulon::readXBEL({reinterpret_cast<const char*>(data), size}, {fake.services()}))
         tabulon::requireRoundTrip(**master);
     return 0;
 }

@@ -1,7 +1,6 @@
 #include "main/RunDesktop.h"
 
 #include "app/AppDelegate.h"
-#include "app/RequestQueue.h"
 #include "app/SettingsAlerts.h"
 #include "base/EnglishTexts.h"
 #include "platform/linux/Activation.h"
@@ -40,16 +39,6 @@ void writeFromMainLoop(FileUserDefaults& defaults) {
     defaults.writeSoon = [&defaults, kDelay] { QTimer::singleShot(kDelay, qApp, [&] { defaults.write(); }); };
 }
 
-void serveRequests(RequestQueue& queue, AppDelegate& app, QtAlerts& alerts, const QtWindows& windows) {
-    // While a progress panel shows no timer fires, and so nothing begins either.
-    queue.mustWait = [&alerts] { return alerts.isShowing(); };
-    alerts.lastOneEnded = [&queue] { queue.performSoon(); };
-    queue.willPerform = beginActivation;
-    queue.didPerform = [&](const LaunchRequest& request) {
-        endActivation(request, windows.windowFor(app.documentController().currentDocument()));
-    };
-}
-
 void tellSettingsProblems(FileUserDefaults& defaults, const Platform& platform) {
     defaults.tellProblemsTo([&platform](const SettingsProblem& problem) {
         platform.base.log.log(settingsProblemLine(problem));
@@ -57,11 +46,28 @@ void tellSettingsProblems(FileUserDefaults& defaults, const Platform& platform) 
     });
 }
 
-void endMainLoop(SingleInstance& instance) {
-    instance.release();
-    // Not quit(): that closes the windows first, and they ask.
-    QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
-}
+class DesktopProgram : public ProgramHost {
+public:
+    DesktopProgram(SingleInstance& instance, const QtAlerts& alerts, const QtWindows& windows)
+        : instance_(instance), alerts_(alerts), windows_(windows) {}
+
+    void stop() override {
+        instance_.release();
+        // Not quit(): that closes the windows first, and they ask.
+        QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
+    }
+    // While a progress panel shows no timer fires, and so nothing begins either.
+    bool mustWait() const override { return alerts_.isShowing(); }
+    void willPerform(const LaunchRequest& request) override { beginActivation(request); }
+    void didPerform(const LaunchRequest& request, const Document* current) override {
+        endActivation(request, windows_.windowFor(current));
+    }
+
+private:
+    SingleInstance& instance_;
+    const QtAlerts& alerts_;
+    const QtWindows& windows_;
+};
 
 } // namespace
 
@@ -106,13 +112,13 @@ int runDesktop(const LaunchArguments& arguments, SingleInstance& instance) {
                             pasteboard,
                             workspace,
                             state};
-    AppDelegate app(platform, windows, TABULON_VERSION);
+    DesktopProgram program(instance, alerts, windows);
+    AppDelegate app(platform, windows, instance, program, TABULON_VERSION);
     windows.connectTo(app, platform);
-    app.stop = [&instance] { endMainLoop(instance); };
     const SessionEvents session([&app] { app.applicationWillResignActive(); },
                                 [&app] { app.sessionWillEnd(); });
-    RequestQueue queue(app, instance, timers);
-    serveRequests(queue, app, alerts, windows);
+    RequestQueue& queue = app.requestQueue();
+    alerts.lastOneEnded = [&queue] { queue.performSoon(); };
     state.tellProblemsTo([&log](const SettingsProblem& problem) { log.log(settingsProblemLine(problem)); });
     QTimer::singleShot(0, qApp, [&] {
         if (arguments.purpose == LaunchArguments::Purpose::Run)
@@ -121,7 +127,7 @@ int runDesktop(const LaunchArguments& arguments, SingleInstance& instance) {
     });
     const auto unused = timers.after(kServicePatience, [&] {
         if (arguments.purpose == LaunchArguments::Purpose::Serve && !queue.wasUsed())
-            app.stop();
+            program.stop();
     });
     return QApplication::exec();
 }

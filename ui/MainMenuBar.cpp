@@ -1,13 +1,13 @@
 #include "ui/MainMenuBar.h"
 
-#include "app/AppDelegate.h"
+#include "app/MainMenu.h"
+#include "app/ResponderChain.h"
 #include "ui/Icons.h"
 #include "ui/Strings.h"
 #include "ui/TextFieldCommands.h"
 
 #include <QApplication>
 #include <QMenu>
-#include <QSet>
 #include <QTimer>
 
 #include <utility>
@@ -48,27 +48,29 @@ QList<QKeySequence> keySequences(const MenuItem& item) {
     return {sequence};
 }
 
-MainMenuBar::MainMenuBar(AppDelegate& app, std::function<void()> willPerform)
-    : app_(app), willPerform_(std::move(willPerform)) {
+MainMenuBar::MainMenuBar(const MainMenu& content, const ResponderChain& responders,
+                         std::function<void()> willPerform)
+    : content_(content), responders_(responders), willPerform_(std::move(willPerform)) {
     noteKeyboardBefore();
-    const Menu content = app_.mainMenu();
-    QSet<QChar> taken;
-    for (std::size_t place = 0; place < content.items.size(); ++place) {
-        const MenuItem& item = content.items[place];
-        QMenu* menu = addMenu(withMnemonic(item.title, taken));
-        menu->setToolTipsVisible(true);
-        fill(menu, *item.submenu);
-        enableAll(menu);
-        connect(menu, &QMenu::aboutToShow, this, [=, this] { refill(menu, static_cast<qsizetype>(place)); });
-        // Once it is closed every key must be able to reach its item again.
-        connect(menu, &QMenu::aboutToHide, this, [=, this] {
-            QTimer::singleShot(0, menu, [=, this] {
-                enableAll(menu);
-                if (!QApplication::activePopupWidget())
-                    hasTarget_ = false;
-            });
+    QSet<QChar> takenLetters;
+    for (std::size_t place = 0; place < MainMenu::count(); ++place)
+        addMenuAt(place, takenLetters);
+}
+
+void MainMenuBar::addMenuAt(std::size_t place, QSet<QChar>& takenLetters) {
+    QMenu* menu = addMenu(withMnemonic(content_.title(place), takenLetters));
+    menu->setToolTipsVisible(true);
+    fill(menu, content_.itemsWithKeys(place));
+    enableAll(menu);
+    connect(menu, &QMenu::aboutToShow, this, [=, this] { refill(menu, place); });
+    // Once it is closed every key must be able to reach its item again.
+    connect(menu, &QMenu::aboutToHide, this, [=, this] {
+        QTimer::singleShot(0, menu, [=, this] {
+            enableAll(menu);
+            if (!QApplication::activePopupWidget())
+                hasTarget_ = false;
         });
-    }
+    });
 }
 
 void MainMenuBar::noteKeyboardBefore() {
@@ -87,18 +89,18 @@ void MainMenuBar::noteTarget() {
     hasTarget_ = keyboard == this ? tookKeyboard_ : keyboard != nullptr;
 }
 
-void MainMenuBar::refill(QMenu* menu, qsizetype place) {
+void MainMenuBar::refill(QMenu* menu, std::size_t place) {
     emit menuWillOpen();
     noteTarget();
-    const Menu content = app_.mainMenu();
+    const Menu content = content_.menu(place);
     qDeleteAll(menu->findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
     menu->clear();
-    fill(menu, *content.items.at(static_cast<std::size_t>(place)).submenu);
+    fill(menu, content.items);
 }
 
-void MainMenuBar::fill(QMenu* menu, const Menu& content) {
+void MainMenuBar::fill(QMenu* menu, const std::vector<MenuItem>& items) {
     QSet<QChar> taken;
-    for (const MenuItem& item : content.items)
+    for (const MenuItem& item : items)
         add(menu, item, withMnemonic(item.title, taken));
 }
 
@@ -110,12 +112,12 @@ void MainMenuBar::add(QMenu* menu, const MenuItem& item, const QString& title) {
     if (item.submenu) {
         QMenu* below = menu->addMenu(title);
         below->setToolTipsVisible(true);
-        fill(below, *item.submenu);
+        fill(below, item.submenu->items);
         return;
     }
     QAction* action = menu->addAction(title);
     action->setShortcuts(keySequences(item));
-    action->setEnabled(textFieldTakes(item.action, target_) || app_.validateMenuItem(item));
+    action->setEnabled(textFieldTakes(item.action, target_) || responders_.validateMenuItem(item));
     if (!item.toolTip.empty())
         action->setToolTip(toolTipText(item.toolTip));
     if (!item.imageName.empty())
@@ -136,7 +138,7 @@ void MainMenuBar::perform(const MenuItem& item) {
     if (hasTarget && target_.isNull() && isTextFieldCommand(item.action))
         return; // its field is gone, and the rows were not meant
     if (!performInTextField(item.action, hasTarget ? target_.data() : QApplication::focusWidget()))
-        app_.performMenuItem(item);
+        responders_.performMenuItem(item);
 }
 
 } // namespace tabulon

@@ -1,19 +1,23 @@
-// The main menu drawn as a menu bar. What is in it, and what may be chosen now, is the application
-// delegate's.
+// The main menu drawn as a menu bar. What it contains is MainMenu's, and what may be chosen now
+// ResponderChain's.
 #pragma once
 
 #include "window/Menu.h"
 
 #include <QMenuBar>
 #include <QPointer>
+#include <QSet>
 
+#include <cstddef>
 #include <functional>
+#include <vector>
 
 class QMenu;
 
 namespace tabulon {
 
-class AppDelegate;
+class MainMenu;
+class ResponderChain;
 
 /// The key sequence of a menu item; empty for none.
 QKeySequence keySequence(const MenuItem& item);
@@ -21,14 +25,15 @@ QKeySequence keySequence(const MenuItem& item);
 /// The same with the other keys that do as well; the first one is shown.
 QList<QKeySequence> keySequences(const MenuItem& item);
 
-/// Fills each menu anew when it is about to be shown. Keys work without that: a chosen item is checked again
-/// by the delegate before it runs.
+/// A menu is filled when it is about to be shown. Until then it holds only its items with keys, so that these
+/// work from the beginning. An item that is chosen is validated again before its action runs.
 class MainMenuBar : public QMenuBar {
     Q_OBJECT
 
 public:
-    /// `app` must live longer. `willPerform` is called before an item's action runs.
-    MainMenuBar(AppDelegate& app, std::function<void()> willPerform);
+    /// `content` and `responders` must outlive this object. `willPerform` is called before an item's action
+    /// runs.
+    MainMenuBar(const MainMenu& content, const ResponderChain& responders, std::function<void()> willPerform);
 
 signals:
     void menuWillOpen();
@@ -37,11 +42,13 @@ private:
     void noteKeyboardBefore();
     void noteTarget();
     void perform(const MenuItem& item);
-    void refill(QMenu* menu, qsizetype place);
-    void fill(QMenu* menu, const Menu& content);
+    void addMenuAt(std::size_t place, QSet<QChar>& takenLetters);
+    void refill(QMenu* menu, std::size_t place);
+    void fill(QMenu* menu, const std::vector<MenuItem>& items);
     void add(QMenu* menu, const MenuItem& item, const QString& title);
 
-    AppDelegate& app_;
+    const MainMenu& content_;
+    const ResponderChain& responders_;
     std::function<void()> willPerform_;
     /// What had the keyboard when the menu that is open was opened. Null when that is gone, and while
     /// `hasTarget_` is false, because no menu is open.

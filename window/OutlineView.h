@@ -66,6 +66,8 @@ public:
     virtual void editCell(Column column, std::size_t row) = 0;
     /// Ends editing, if a cell is being edited, and takes over what was typed.
     virtual void endEditing() = 0;
+    /// Whether a cell is being edited.
+    virtual bool isEditing() const = 0;
     /// Whether what is typed goes to the rows or to a field of theirs, rather than elsewhere in the window.
     virtual bool hasKeyboard() const = 0;
     /// The column that the pointer is over; nothing when it is outside the cells, or the keyboard elsewhere.

@@ -26,7 +26,7 @@ Ref<Bookmark> treeOfXBEL(std::string_view bytes, const BaseServices& services) {
     std::string declared;
     if (bytes.starts_with("<xbel"))
         bytes = declared = "<?xml version=\"1.0\"?>" + std::string(bytes);
-    const Result<Ref<Bookmark>> tree = readXBEL(bytes, services);
+    const Result<Ref<Bookmark>> tree = readXBEL(bytes, {services});
     return tree && (*tree)->hasChildren() ? *tree : nullptr;
 }
 

@@ -256,9 +256,9 @@ std::string logLine(std::string_view bytes) {
 
 } // namespace
 
-Result<Ref<Bookmark>> readChromiumBookmarks(std::string_view bytes, const BaseServices& services,
-                                            Progress* progress) {
-    TreeReader reader(bytes, services, progress);
+Result<Ref<Bookmark>> readChromiumBookmarks(std::string_view bytes, const ReadOptions& options) {
+    const BaseServices& services = options.services;
+    TreeReader reader(bytes, services, options.progress);
     if (const Result<void> done = reader.run(); !done)
         return tl::unexpected(done.error());
     return makeTree(reader, services, [&](Bookmark& master) {
@@ -270,9 +270,9 @@ Result<Ref<Bookmark>> readChromiumBookmarks(std::string_view bytes, const BaseSe
     });
 }
 
-Result<Ref<Bookmark>> readOperaBookmarks(std::string_view bytes, const BaseServices& services,
-                                         Progress* progress) {
-    TreeReader reader(bytes, services, progress);
+Result<Ref<Bookmark>> readOperaBookmarks(std::string_view bytes, const ReadOptions& options) {
+    const BaseServices& services = options.services;
+    TreeReader reader(bytes, services, options.progress);
     if (const Result<void> done = reader.run(); !done) {
         if (!isCancelledByUser(done.error()))
             services.log.log("dictionary : (null)");

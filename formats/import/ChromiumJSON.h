@@ -1,9 +1,8 @@
 // Bookmarks that the browsers of Chromium's family, and Opera, keep in JSON files named "Bookmarks".
 #pragma once
 
-#include "base/BaseServices.h"
 #include "base/Error.h"
-#include "base/Progress.h"
+#include "formats/ReadOptions.h"
 #include "model/Bookmark.h"
 
 #include <string_view>
@@ -22,10 +21,8 @@ namespace tabulon {
 /// deep. A sound file without "roots" fails with kUserCancelledError of the Cocoa domain: nothing is
 /// imported, and no alert is shown for it. Linear, without recursion. What Opera's file holds goes to the
 /// log, as one line.
-Result<Ref<Bookmark>> readChromiumBookmarks(std::string_view bytes, const BaseServices& services,
-                                            Progress* progress = nullptr);
-Result<Ref<Bookmark>> readOperaBookmarks(std::string_view bytes, const BaseServices& services,
-                                         Progress* progress = nullptr);
+Result<Ref<Bookmark>> readChromiumBookmarks(std::string_view bytes, const ReadOptions& options);
+Result<Ref<Bookmark>> readOperaBookmarks(std::string_view bytes, const ReadOptions& options);
 
 /// The moment of a timestamp as these files have it: microseconds since 1601-01-01 00:00 UTC in decimal, the
 /// fraction of the second dropped. Null for an empty text and "0". The number is read from the beginning

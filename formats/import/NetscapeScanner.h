@@ -2,8 +2,8 @@
 // groups from the tags as browsers write them. It is no HTML parser; tags in lower case are not seen.
 #pragma once
 
-#include "base/BaseServices.h"
-#include "base/Progress.h"
+#include "base/Error.h"
+#include "formats/ReadOptions.h"
 #include "model/Bookmark.h"
 
 #include <string_view>
@@ -24,5 +24,9 @@ public:
 private:
     Ref<Bookmark> lastItem_;
 };
+
+/// Scans `bytes` with the scanner of the options. Fails with `cancelledByUser` when the progress cancels it,
+/// and with nothing else.
+Result<Ref<Bookmark>> readBookmarkHTML(std::string_view bytes, const ReadOptions& options);
 
 } // namespace tabulon

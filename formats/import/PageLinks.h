@@ -1,5 +1,5 @@
 // A page → what scripts in it would tell of its links: where they lead, their texts and their dates. What
-// becomes of that is HTMLWindowController.h's affair.
+// becomes of that is in PageBookmarks.h.
 #pragma once
 
 #include "base/Error.h"

@@ -295,14 +295,12 @@ Result<Ref<Bookmark>> readBookmarks(std::string_view bytes, const BaseServices& 
 
 } // namespace
 
-Result<Ref<Bookmark>> readSafariBookmarks(std::string_view bytes, const BaseServices& services,
-                                          Progress* progress) {
-    return readBookmarks<SafariEntries>(bytes, services, progress);
+Result<Ref<Bookmark>> readSafariBookmarks(std::string_view bytes, const ReadOptions& options) {
+    return readBookmarks<SafariEntries>(bytes, options.services, options.progress);
 }
 
-Result<Ref<Bookmark>> readICabBookmarks(std::string_view bytes, const BaseServices& services,
-                                        Progress* progress) {
-    return readBookmarks<ICabEntries>(bytes, services, progress);
+Result<Ref<Bookmark>> readICabBookmarks(std::string_view bytes, const ReadOptions& options) {
+    return readBookmarks<ICabEntries>(bytes, options.services, options.progress);
 }
 
 } // namespace tabulon

@@ -1,9 +1,8 @@
 // Bookmarks that browsers keep in property lists: Safari's "Bookmarks.plist" and iCab's "iCab 4 Bookmarks".
 #pragma once
 
-#include "base/BaseServices.h"
 #include "base/Error.h"
-#include "base/Progress.h"
+#include "formats/ReadOptions.h"
 #include "model/Bookmark.h"
 
 #include <string_view>
@@ -16,9 +15,7 @@ namespace tabulon {
 /// property list, one that is damaged where it is looked at, whose folders contain each other, list something
 /// that is no entry or have something for children that is no list, and one with entries that no folder
 /// holds; linear, without recursion.
-Result<Ref<Bookmark>> readSafariBookmarks(std::string_view bytes, const BaseServices& services,
-                                          Progress* progress = nullptr);
-Result<Ref<Bookmark>> readICabBookmarks(std::string_view bytes, const BaseServices& services,
-                                        Progress* progress = nullptr);
+Result<Ref<Bookmark>> readSafariBookmarks(std::string_view bytes, const ReadOptions& options);
+Result<Ref<Bookmark>> readICabBookmarks(std::string_view bytes, const ReadOptions& options);
 
 } // namespace tabulon

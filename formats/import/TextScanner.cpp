@@ -140,8 +140,11 @@ private:
 
 } // namespace
 
-Ref<Bookmark> scanText(std::string_view bytes, const BaseServices& services, Progress* progress) {
-    return TextScan(bytes, services).run(progress);
+Result<Ref<Bookmark>> readText(std::string_view bytes, const ReadOptions& options) {
+    Ref<Bookmark> root = TextScan(bytes, options.services).run(options.progress);
+    if (options.isCancelled())
+        return cancelledByUser();
+    return root;
 }
 
 } // namespace tabulon

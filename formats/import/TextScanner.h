@@ -2,8 +2,8 @@
 // whoever wants a page's links reads it as a page.
 #pragma once
 
-#include "base/BaseServices.h"
-#include "base/Progress.h"
+#include "base/Error.h"
+#include "formats/ReadOptions.h"
 #include "model/Bookmark.h"
 
 #include <string_view>
@@ -14,6 +14,7 @@ namespace tabulon {
 /// "Master" with a link for each word that holds "://", "mailto:" (in any case), "@" or "/info-mac/", in the
 /// order of the text, all of them called "Untitled"; no children when there was nothing. A word ends at white
 /// space, quotes, parentheses, comma, semicolon, angle brackets and NUL. Linear; nothing is kept of `bytes`.
-Ref<Bookmark> scanText(std::string_view bytes, const BaseServices& services, Progress* progress = nullptr);
+/// Fails with `cancelledByUser` when the progress cancels it, and with nothing else.
+Result<Ref<Bookmark>> readText(std::string_view bytes, const ReadOptions& options);
 
 } // namespace tabulon

@@ -2,7 +2,8 @@
 
 #include "formats/import/XBELDates.h"
 #include "plist/XmlEncoding.h"
-#include "plist/XmlParsing.h"
+
+#include <pugixml.hpp>
 
 #include <string>
 #include <vector>
@@ -137,25 +138,24 @@ private:
 
 } // namespace
 
-Result<Ref<Bookmark>> readXBEL(std::string_view bytes, const BaseServices& services, Progress* progress) {
+Result<Ref<Bookmark>> readXBEL(std::string_view bytes, const ReadOptions& options) {
     if (bytes.empty())
         return failure("The file is empty.");
     Result<std::string> buffer = xmlForParser(bytes);
     if (!buffer)
         return tl::unexpected(buffer.error());
     replaceZeros(*buffer);
-    pugi::xml_document document;
-    const XmlOutcome outcome = parseXml(*buffer, kParseFlags, document, progress);
-    if (outcome == XmlOutcome::Cancelled)
+    if (options.progress && !options.progress->goOn(0))
         return cancelledByUser();
-    if (outcome == XmlOutcome::Damaged || refersToZero(bytes))
+    pugi::xml_document document;
+    if (!document.load_buffer_inplace(buffer->data(), buffer->size(), kParseFlags) || refersToZero(bytes))
         return failure("The file is damaged, or it is no XML.");
     const xml_node start = document.first_child().next_sibling();
     if (!start)
         return failure(
             "The file is no XBEL: it has neither an XML declaration nor a document type in front of its "
             "bookmarks, or no bookmarks.");
-    return XBELWalk(services, bytes.size(), progress).run(start);
+    return XBELWalk(options.services, bytes.size(), options.progress).run(start);
 }
 
 } // namespace tabulon

@@ -1,9 +1,8 @@
 // XBEL, the XML Bookmark Exchange Language → tree. The writer of such files is export/XBEL.h.
 #pragma once
 
-#include "base/BaseServices.h"
 #include "base/Error.h"
-#include "base/Progress.h"
+#include "formats/ReadOptions.h"
 #include "model/Bookmark.h"
 
 #include <string_view>
@@ -15,7 +14,6 @@ namespace tabulon {
 /// as XML has them; malformed UTF-8 decodes to U+FFFD. Elements that XBEL has and this program has not are
 /// passed over, so are tags of any owner but ".../tags". Dates that cannot be read are none. Fails with a
 /// sentence for what is no XML or has no second top-level node. Linear, without recursion.
-Result<Ref<Bookmark>> readXBEL(std::string_view bytes, const BaseServices& services,
-                               Progress* progress = nullptr);
+Result<Ref<Bookmark>> readXBEL(std::string_view bytes, const ReadOptions& options);
 
 } // namespace tabulon

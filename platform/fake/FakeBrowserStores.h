@@ -7,15 +7,18 @@
 
 namespace tabulon {
 
-/// Gives what was laid in.
+/// Returns the files that were put in.
 class FakeBrowserStores : public BrowserStores {
 public:
     std::vector<std::string> bookmarkFiles(std::string_view browser) override {
+        ++lookUps;
         const auto found = files.find(browser);
         return found == files.end() ? std::vector<std::string>() : found->second;
     }
     std::string folderOfForeignFiles() override { return "/home/downloads"; }
 
+    /// How often a browser's files were asked for.
+    int lookUps = 0;
     std::map<std::string, std::vector<std::string>, std::less<>> files;
 };
 

@@ -4,20 +4,19 @@
 #include "app/AppDelegate.h"
 #include "model/ArchiveWriter.h"
 #include "platform/fake/FakePlatform.h"
+#include "platform/fake/FakeSingleInstance.h"
+#include "tests/app/FakeProgramHost.h"
 #include "tests/app/MemoryWindowMaker.h"
 
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace tabulon {
 
 class AppTest : public testing::Test, protected FakePlatform {
 protected:
-    AppTest() {
-        app.stop = [this] { ++stops; };
-    }
-
     std::string documentBytes(const char* linkName) {
         const Ref<Bookmark> master = Bookmark::init(base.now());
         master->setItemName("Master");
@@ -36,8 +35,29 @@ protected:
     MemoryWindow& windowOf(const Document& document) {
         return static_cast<MemoryWindow&>(*documents().getWindow(document));
     }
-    bool perform(const char* action) { return app.performMenuItem(MenuItem{.action = action}); }
-    bool enabled(const char* action) { return app.validateMenuItem(MenuItem{.action = action}); }
+    bool perform(const char* action) { return app.responders().performMenuItem(MenuItem{.action = action}); }
+    bool enabled(const char* action) { return app.responders().validateMenuItem(MenuItem{.action = action}); }
+
+    /// The menu of this title as it is shown when it is opened; empty when there is none.
+    Menu menuNamed(const std::string& title) {
+        for (std::size_t place = 0; place < MainMenu::count(); ++place)
+            if (app.mainMenu().title(place) == title)
+                return app.mainMenu().menu(place);
+        return {};
+    }
+    /// Every item of the menu bar, those of submenus included.
+    std::vector<MenuItem> menuItems() {
+        std::vector<MenuItem> items;
+        for (std::size_t place = 0; place < MainMenu::count(); ++place)
+            collect(app.mainMenu().menu(place), items);
+        return items;
+    }
+
+    /// Opens files as the user does with the panel or by dropping them, and runs the main loop.
+    void openFiles(const std::vector<std::string>& locations) {
+        app.fileOpening().openFiles(locations);
+        timers.advance(0);
+    }
 
     /// How many files there are besides those that the program keeps for itself.
     std::size_t filesOfTheUser() const {
@@ -50,8 +70,18 @@ protected:
         "<DT><A HREF=\"https://example.org/\" ADD_DATE=\"1\">Example</A>\n</DL><p>\n";
 
     MemoryWindowMaker windows;
-    AppDelegate app{platform(), windows, "1.2.3"};
-    int stops = 0;
+    FakeSingleInstance instance;
+    FakeProgramHost host;
+    AppDelegate app{platform(), windows, instance, host, "1.2.3"};
+
+private:
+    static void collect(const Menu& menu, std::vector<MenuItem>& items) {
+        for (const MenuItem& item : menu.items) {
+            items.push_back(item);
+            if (item.submenu)
+                collect(*item.submenu, items);
+        }
+    }
 };
 
 } // namespace tabulon

@@ -11,7 +11,7 @@ class AutosaveTest : public AppTest {
 protected:
     Document& openDocument(const std::string& path = kPath) {
         files.files[path] = documentBytes("first");
-        app.openFile(path);
+        app.fileOpening().openFile(path);
         return *documents().documents().back();
     }
     Document& untitled() { return *documents().openUntitledDocumentAndDisplay(); }
@@ -130,7 +130,7 @@ TEST_F(AutosaveTest, QuittingSavesDocumentsWithAFileWithoutAQuestion) {
     app.terminate();
     EXPECT_TRUE(alerts.shown.empty());
     EXPECT_EQ(nameIn(kPath), "changed");
-    EXPECT_EQ(stops, 1);
+    EXPECT_EQ(host.stops, 1);
 }
 
 TEST_F(AutosaveTest, EndOfTheSessionAsksNothingAndKeepsWhatHasNoFile) {
@@ -138,7 +138,7 @@ TEST_F(AutosaveTest, EndOfTheSessionAsksNothingAndKeepsWhatHasNoFile) {
     change(untitled(), "kept");
     app.sessionWillEnd();
     EXPECT_TRUE(alerts.shown.empty());
-    EXPECT_EQ(stops, 1);
+    EXPECT_EQ(host.stops, 1);
     ASSERT_EQ(copies().size(), 1u);
     EXPECT_EQ(nameIn(copies()[0]), "kept");
     EXPECT_EQ(nameIn(kPath), "changed");
@@ -225,7 +225,7 @@ TEST_F(AutosaveTest, EndOfTheSessionKeepsWhatItsFileDoesNotTakeWithoutAQuestion)
     change(openDocument("/media/stick/Links.tbln"), "no room");
     app.sessionWillEnd();
     EXPECT_TRUE(alerts.shown.empty());
-    EXPECT_EQ(stops, 1);
+    EXPECT_EQ(host.stops, 1);
     EXPECT_EQ(nameIn("/home/Conflict.tbln"), "theirs");
     EXPECT_EQ(nameIn("/state/unsaved/run-1/1 Conflict.tbln"), "mine");
     EXPECT_EQ(nameIn("/state/unsaved/run-1/2 Links.tbln"), "no room");
@@ -237,7 +237,7 @@ TEST_F(AutosaveTest, EndOfTheSessionTellsWhatWouldBeLost) {
     app.sessionWillEnd();
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "“Links.tbln” could not be saved");
-    EXPECT_EQ(stops, 1);
+    EXPECT_EQ(host.stops, 1);
 }
 
 TEST_F(AutosaveTest, ClosingADocumentThatCannotBeSavedOffersAWayOut) {
@@ -342,7 +342,7 @@ TEST_F(AutosaveTest, FailureWaitsForTheEndOfAnAlertOfTheRows) {
             timers.advance(kPause);
         EXPECT_EQ(shown, 1) << "one came up over another";
     };
-    documents().getViewController(document)->noSelection();
+    documents().getViewController(document)->editing().deleteSelection();
     alerts.whileShown = nullptr;
     EXPECT_EQ(alerts.shown.size(), 1u);
     timers.advance(kPause);
@@ -355,7 +355,7 @@ TEST_F(AutosaveTest, ConflictWaitsForTheEndOfAnAlertOfTheRows) {
     files.files[kPath] = documentBytes("theirs, and longer");
     change(document);
     alerts.whileShown = [&] { timers.advance(kPause); };
-    documents().getViewController(document)->noSelection();
+    documents().getViewController(document)->editing().deleteSelection();
     alerts.whileShown = nullptr;
     EXPECT_EQ(alerts.shown.size(), 1u);
     alerts.answer("Cancel");
@@ -368,7 +368,7 @@ TEST_F(AutosaveTest, DamagedCopyIsToldAndPutAside) {
     files.files["/state/unsaved/run-0/1 Untitled.tbln"] = "bplist00 and then nothing";
     app.applicationDidFinishLaunching({});
     ASSERT_EQ(alerts.shown.size(), 1u);
-    EXPECT_NE(alerts.shown[0].message.find("1 Untitled.tbln.damaged"), std::string::npos);
+    EXPECT_NE(alerts.shown[0].informative.find("1 Untitled.tbln.damaged"), std::string::npos);
     EXPECT_TRUE(files.fileExists("/state/unsaved/run-0/1 Untitled.tbln.damaged"));
     EXPECT_FALSE(files.fileExists("/state/unsaved/run-0/1 Untitled.tbln"));
 }

@@ -24,7 +24,7 @@ TEST_F(ClosingTest, CleanDocumentClosesWithoutAQuestion) {
     EXPECT_TRUE(perform("performClose:"));
     EXPECT_TRUE(documents().documents().empty());
     EXPECT_TRUE(alerts.shown.empty());
-    EXPECT_EQ(stops, 1) << "the last window's end is the program's";
+    EXPECT_EQ(host.stops, 1) << "the last window's end is the program's";
 }
 
 TEST_F(ClosingTest, QuestionOffersSaveDontSaveAndCancel) {
@@ -83,7 +83,7 @@ TEST_F(ClosingTest, TitledDocumentIsSavedToItsFileWithoutAQuestion) {
         if (!path.starts_with(folders.state))
             written.push_back(path);
     };
-    app.openFile("/home/a.tbln");
+    app.fileOpening().openFile("/home/a.tbln");
     onlyDocument()->updateChangeCount(ChangeKind::Done);
     perform("performClose:");
     EXPECT_TRUE(alerts.shown.empty());
@@ -100,7 +100,7 @@ TEST_F(ClosingTest, QuitAsksAboutEveryChangedDocumentAndClosesThemAll) {
     EXPECT_TRUE(perform("terminate:"));
     EXPECT_EQ(alerts.shown.size(), 2u);
     EXPECT_TRUE(documents().documents().empty());
-    EXPECT_EQ(stops, 1);
+    EXPECT_EQ(host.stops, 1);
 }
 
 TEST_F(ClosingTest, CancellingOneQuestionOfQuitKeepsEverythingOpen) {
@@ -110,11 +110,11 @@ TEST_F(ClosingTest, CancellingOneQuestionOfQuitKeepsEverythingOpen) {
     alerts.answer("Cancel");
     perform("terminate:");
     EXPECT_EQ(documents().documents().size(), 2u);
-    EXPECT_EQ(stops, 0);
+    EXPECT_EQ(host.stops, 0);
     alerts.answer("Don’t Save");
     alerts.answer("Don’t Save");
     perform("terminate:");
-    EXPECT_EQ(stops, 1) << "quitting works after it was cancelled once";
+    EXPECT_EQ(host.stops, 1) << "quitting works after it was cancelled once";
 }
 
 TEST_F(ClosingTest, QuestionBringsItsWindowToTheFront) {
@@ -155,7 +155,7 @@ TEST_F(ClosingTest, WhatChangesWhileAQuestionIsUpIsAskedAboutAsWell) {
     EXPECT_EQ(alerts.shown.size(), 2u);
     EXPECT_EQ(alerts.shown.back().document, &other);
     EXPECT_EQ(documents().documents().size(), 2u);
-    EXPECT_EQ(stops, 0);
+    EXPECT_EQ(host.stops, 0);
 }
 
 TEST_F(ClosingTest, QuittingWaitsForTheAnswerToAQuestion) {
@@ -175,7 +175,7 @@ TEST_F(ClosingTest, QuittingWaitsForTheAnswerToAQuestion) {
 TEST_F(ClosingTest, AWindowMayBeClosedWhileAllAreSaved) {
     for (const char* path : {"/home/a.tbln", "/home/b.tbln"}) {
         files.files[path] = documentBytes("a");
-        app.openFile(path);
+        app.fileOpening().openFile(path);
         documents().currentDocument()->updateChangeCount(ChangeKind::Done);
     }
     Document& first = *documents().documents().front();

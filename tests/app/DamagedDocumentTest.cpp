@@ -46,7 +46,7 @@ TEST_F(DamagedDocumentTest, whatIsLeftIsOfferedAndOpensUntitled) {
     const std::string damaged = damagedBytes();
     files.files[kPath] = damaged;
     alerts.answer("Open What Is Left");
-    app.openFile(kPath);
+    app.fileOpening().openFile(kPath);
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_THAT(alerts.shown[0].informative, HasSubstr("39 of 40 bookmarks could be read."));
     ASSERT_TRUE(onlyDocument());
@@ -60,7 +60,7 @@ TEST_F(DamagedDocumentTest, whatIsLeftIsOfferedAndOpensUntitled) {
 TEST_F(DamagedDocumentTest, ofOneBookmarkTheSentenceIsInTheSingular) {
     files.files[kPath] = damagedBytes(1);
     alerts.answer("Cancel");
-    app.openFile(kPath);
+    app.fileOpening().openFile(kPath);
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_THAT(alerts.shown[0].informative, HasSubstr(" of 1 bookmark could be read. It opens as "));
 }
@@ -68,13 +68,13 @@ TEST_F(DamagedDocumentTest, ofOneBookmarkTheSentenceIsInTheSingular) {
 TEST_F(DamagedDocumentTest, whoDeclinesGetsNothing) {
     files.files[kPath] = damagedBytes();
     alerts.answer("Cancel");
-    app.openFile(kPath);
+    app.fileOpening().openFile(kPath);
     EXPECT_TRUE(documents().documents().empty());
 }
 
 TEST_F(DamagedDocumentTest, aFileInWhichNothingIsLeftIsOnlyRefused) {
     files.files[kPath] = damagedBytes().substr(0, 60);
-    app.openFile(kPath);
+    app.fileOpening().openFile(kPath);
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].buttons.size(), 1u);
     EXPECT_TRUE(documents().documents().empty());
@@ -88,7 +88,8 @@ TEST_F(DamagedDocumentTest, whatIsLeftOfADamagedCopyOfACrashIsOffered) {
     alerts.answer("Open What Is Left");
     app.applicationDidFinishLaunching({});
     ASSERT_EQ(alerts.shown.size(), 1u);
-    EXPECT_THAT(alerts.shown[0].message, HasSubstr("1 My links.tbln.damaged"));
+    EXPECT_EQ(alerts.shown[0].message, "What was not saved of “My links” could not be recovered");
+    EXPECT_THAT(alerts.shown[0].informative, HasSubstr(" It is kept as “" + copy + ".damaged”. "));
     EXPECT_THAT(alerts.shown[0].informative, HasSubstr("39 of 40 bookmarks could be read."));
     ASSERT_TRUE(onlyDocument());
     EXPECT_EQ(onlyDocument()->displayName(), "My links");
@@ -106,7 +107,7 @@ TEST_F(DamagedDocumentTest, ofSeveralFilesOneAlertTellsAndOpensWhatIsLeftOfAll) 
         files.files[path] = damagedBytes();
     files.files[paths[3]] = damagedBytes().substr(0, 60);
     alerts.answer("Open What Is Left");
-    app.openFiles(paths);
+    openFiles(paths);
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "10 files could not be opened");
     EXPECT_THAT(alerts.shown[0].informative, HasSubstr("\n9 of them can be read in part."));
@@ -123,16 +124,18 @@ TEST_F(DamagedDocumentTest, ofSeveralFilesOneMayHaveSomethingLeft) {
     files.files[kPath] = damagedBytes();
     files.files["/home/Other.tbln"] = damagedBytes().substr(0, 60);
     alerts.answer("Cancel");
-    app.openFiles({kPath, "/home/Other.tbln"});
+    openFiles({kPath, "/home/Other.tbln"});
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_THAT(alerts.shown[0].informative, HasSubstr("1 of them can be read in part. What is left of it "));
-    EXPECT_TRUE(documents().documents().empty());
+    ASSERT_TRUE(onlyDocument());
+    EXPECT_EQ(onlyDocument()->displayName(), "Untitled") << "the one of every start without a file";
+    EXPECT_FALSE(onlyDocument()->isDocumentEdited());
 }
 
 TEST_F(DamagedDocumentTest, ofSeveralFilesInWhichNothingIsLeftOneAlertOnlyTells) {
     files.files[kPath] = damagedBytes().substr(0, 60);
     files.files["/home/Other.tbln"] = damagedBytes().substr(0, 60);
-    app.openFiles({kPath, "/home/Other.tbln"});
+    openFiles({kPath, "/home/Other.tbln"});
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].buttons.size(), 1u);
 }

@@ -38,8 +38,8 @@ public:
     }
 
     std::vector<MenuItem> commands() {
-        std::vector<MenuItem> items;
-        collect(app.mainMenu(), items);
+        std::vector<MenuItem> items = menuItems();
+        std::erase_if(items, [](const MenuItem& item) { return item.action.empty(); });
         return items;
     }
 
@@ -48,12 +48,12 @@ public:
         Document& document = *onlyDocument();
         window_ = &windowOf(document);
         window_->outlineView.selected = {document.getMaster().getLast()};
-        app.performMenuItem(MenuItem{.action = "labelBookmark:", .tag = 2});
+        app.responders().performMenuItem(MenuItem{.action = "labelBookmark:", .tag = 2});
         timers.advance(DocumentController::kAutosavePause - 0.1);
         EXPECT_EQ(namesInFile().front(), "first:0");
         EXPECT_EQ(namesInFile().back(), "last:0") << "it is not saved yet";
         window_->outlineView.selected = {document.getMaster().getChild()};
-        app.performMenuItem(MenuItem{.action = "editBookmark:"});
+        app.responders().performMenuItem(MenuItem{.action = "editBookmark:"});
         window_->outlineView.typed = "typed";
     }
 
@@ -62,7 +62,7 @@ public:
             base.clock.advance(kSecondsOfAnAlert);
             timers.advance(kSecondsOfAnAlert);
         };
-        app.performMenuItem(item);
+        app.responders().performMenuItem(item);
         timers.advance(kSecondsOfAnAlert);
         const std::vector<Document*> all = documents().documents();
         // What a command has opened a field for is still being typed; another program in front ends that.
@@ -90,15 +90,6 @@ public:
 
 private:
     void TestBody() override {}
-
-    static void collect(const Menu& menu, std::vector<MenuItem>& items) {
-        for (const MenuItem& item : menu.items) {
-            if (!item.action.empty())
-                items.push_back(item);
-            if (item.submenu)
-                collect(*item.submenu, items);
-        }
-    }
 
     const std::string kPath = "/home/a.tbln";
     MemoryWindow* window_ = nullptr;

@@ -91,24 +91,25 @@ TEST_F(ImportingTest, thePanelStartsWithTheFileThatTheBrowserWroteLast) {
 
 TEST_F(ImportingTest, theMenuMarksTheBrowsersThatAreHere) {
     stores.files["com.brave.Browser"] = {"/home/brave/Default/Bookmarks"};
-    const Menu main = app.mainMenu();
-    const auto import = std::ranges::find(main.items, "Import", &MenuItem::title);
-    ASSERT_NE(import, main.items.end());
-    for (const MenuItem& item : import->submenu->items) {
+    const Menu import = menuNamed("Import");
+    ASSERT_FALSE(import.items.empty());
+    for (const MenuItem& item : import.items) {
         const bool marked = !item.imageName.empty();
         EXPECT_EQ(marked, item.action == "importBrave:") << item.title;
         EXPECT_EQ(item.toolTip.find("/home/brave/Default/Bookmarks") != std::string::npos, marked);
     }
 }
 
-TEST_F(ImportingTest, theMenuHasACommandForEveryFormat) {
-    const Menu main = app.mainMenu();
-    const auto import = std::ranges::find(main.items, "Import", &MenuItem::title);
-    ASSERT_NE(import, main.items.end());
-    for (const ImportFormat& format : importFormats())
-        EXPECT_NE(std::ranges::find(import->submenu->items, format.action, &MenuItem::action),
-                  import->submenu->items.end())
+TEST_F(ImportingTest, everyFormatHasACommandInTheMenu) {
+    const Menu import = menuNamed("Import");
+    ASSERT_FALSE(import.items.empty());
+    for (const ImportFormat& format : importFormats()) {
+        const ImportSource* source = importSourceOf(format.name);
+        ASSERT_TRUE(source) << format.name;
+        EXPECT_NE(std::ranges::find(import.items, source->action, &MenuItem::action), import.items.end())
             << format.name;
+        EXPECT_TRUE(enabled(std::string(source->action).c_str())) << format.name;
+    }
 }
 
 TEST_F(ImportingTest, theWindowIsTitledAfterTheSourceUntilTheDocumentIsSaved) {

@@ -8,7 +8,7 @@ class LifeCycleTest : public AppTest {
 protected:
     Document& openDocument(const std::string& path = "/home/Links.tbln") {
         files.files[path] = documentBytes("first");
-        app.openFile(path);
+        app.fileOpening().openFile(path);
         return *documents().documents().back();
     }
     void change(Document& document, const char* name) {
@@ -53,7 +53,7 @@ TEST_F(LifeCycleTest, ClassicFileIsSavedInTheCurrentFormatAndBackedUpAsItWas) {
     const std::string classic = std::string("\0\3", 2) + std::string(8, '\0') + std::string("\0\1", 2) +
                                 std::string(8, '\0') + fixedPart + std::string("\0\4olds\0", 7);
     files.files["/home/Classic.tbln"] = classic;
-    app.openFile("/home/Classic.tbln");
+    app.fileOpening().openFile("/home/Classic.tbln");
     ASSERT_TRUE(onlyDocument());
     EXPECT_FALSE(onlyDocument()->isDocumentEdited());
     EXPECT_EQ(onlyDocument()->getMaster().getChild()->itemName().view(), "olds");
@@ -169,7 +169,7 @@ TEST_F(LifeCycleTest, WindowFrameFollowsTheFile) {
     change(document, "second");
     perform("saveDocument:");
     perform("performClose:");
-    app.openFile("/home/Links.tbln");
+    app.fileOpening().openFile("/home/Links.tbln");
     EXPECT_EQ(windowOf(*documents().documents().back()).place, "10 20 800 500");
     EXPECT_EQ(state.stringForKey("NSWindow Frame Links"), "10 20 800 500");
 }
@@ -228,7 +228,7 @@ TEST_F(LifeCycleTest, ClosingWhileTheFoldersDiskIsGoneDoesNotHoldTheUserPrisoner
     app.terminate();
     ASSERT_EQ(alerts.shown.size(), 2u);
     EXPECT_EQ(alerts.shown[1].message, "“Links.tbln” could not be saved");
-    EXPECT_EQ(stops, 1);
+    EXPECT_EQ(host.stops, 1);
 }
 
 TEST_F(LifeCycleTest, FileChangedByAnotherProgramIsNeverOverwrittenSilently) {

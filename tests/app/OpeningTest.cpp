@@ -23,7 +23,7 @@ TEST_F(OpeningTest, OpenUntitledSetToNoShowsTheOpenPanelAndCancellingEnds) {
     app.applicationDidFinishLaunching({});
     EXPECT_TRUE(documents().documents().empty());
     EXPECT_EQ(panels.openPanels.size(), 1u);
-    EXPECT_EQ(stops, 1);
+    EXPECT_EQ(host.stops, 1);
 }
 
 TEST_F(OpeningTest, DocumentFileIsOpenedUnderItsName) {
@@ -39,15 +39,15 @@ TEST_F(OpeningTest, DocumentFileIsOpenedUnderItsName) {
 TEST_F(OpeningTest, ContentDecidesBeforeTheExtension) {
     files.files["/home/odd.html"] = documentBytes("a");
     files.files["/home/odd.tbln"] = bookmarkHTML;
-    EXPECT_TRUE(app.openFile("/home/odd.html"));
+    EXPECT_TRUE(app.fileOpening().openFile("/home/odd.html"));
     EXPECT_EQ(onlyDocument()->fileName(), "/home/odd.html");
-    EXPECT_TRUE(app.openFile("/home/odd.tbln"));
+    EXPECT_TRUE(app.fileOpening().openFile("/home/odd.tbln"));
     EXPECT_EQ(documents().documents().back()->fileName(), "");
 }
 
 TEST_F(OpeningTest, BookmarkHTMLBecomesAnUntitledChangedDocumentTitledAfterTheFile) {
     files.files["/home/from firefox.html"] = bookmarkHTML;
-    EXPECT_TRUE(app.openFile("/home/from firefox.html"));
+    EXPECT_TRUE(app.fileOpening().openFile("/home/from firefox.html"));
     ASSERT_TRUE(onlyDocument());
     EXPECT_EQ(onlyDocument()->fileName(), "");
     EXPECT_TRUE(onlyDocument()->isDocumentEdited());
@@ -70,7 +70,7 @@ TEST_F(OpeningTest, BookmarkFilesOfOtherProgramsBecomeUntitledDocumentsNamedAfte
                                      {"/home/from KDE.xml", "from KDE"},
                                      {"/home/Bookmarks.plist", "Bookmarks"},
                                      {"/home/page.html", "page"}}) {
-        ASSERT_TRUE(app.openFile(path)) << path;
+        ASSERT_TRUE(app.fileOpening().openFile(path)) << path;
         Document& document = *documents().currentDocument();
         EXPECT_EQ(document.fileName(), "");
         EXPECT_TRUE(document.getMaster().hasChildren()) << path;
@@ -90,7 +90,7 @@ TEST_F(OpeningTest, BookmarkFilesOfOtherProgramsBecomeUntitledDocumentsNamedAfte
 
 TEST_F(OpeningTest, ADamagedBookmarkFileIsRefusedInASentence) {
     files.files["/home/Bookmarks"] = "{\"roots\": {";
-    EXPECT_FALSE(app.openFile("/home/Bookmarks"));
+    EXPECT_FALSE(app.fileOpening().openFile("/home/Bookmarks"));
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "“Bookmarks” could not be opened");
     EXPECT_FALSE(alerts.shown[0].informative.empty());
@@ -98,7 +98,7 @@ TEST_F(OpeningTest, ADamagedBookmarkFileIsRefusedInASentence) {
 
 TEST_F(OpeningTest, ClassicFileWithoutBookmarksGivesItsOwnAlert) {
     files.files["/home/old"] = std::string(20, '\0');
-    EXPECT_FALSE(app.openFile("/home/old"));
+    EXPECT_FALSE(app.fileOpening().openFile("/home/old"));
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "File Read Error");
     EXPECT_EQ(alerts.shown[0].informative, "This document does not contain any bookmarks.");
@@ -106,7 +106,7 @@ TEST_F(OpeningTest, ClassicFileWithoutBookmarksGivesItsOwnAlert) {
 
 TEST_F(OpeningTest, HTMLWithoutLinksGivesTheNoLinksAlertAndNoDocument) {
     files.files["/home/empty.html"] = "<html><body>nothing</body></html>";
-    EXPECT_FALSE(app.openFile("/home/empty.html"));
+    EXPECT_FALSE(app.fileOpening().openFile("/home/empty.html"));
     EXPECT_TRUE(documents().documents().empty());
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].style, AlertStyle::Informational);
@@ -118,7 +118,7 @@ TEST_F(OpeningTest, HTMLWithoutLinksGivesTheNoLinksAlertAndNoDocument) {
 TEST_F(OpeningTest, ThePageOfALexiconOpensWithItsLinks) {
     files.files["/home/page.html"] = "<!DOCTYPE html><html><dl><dt>Term<dd>See <a "
                                      "href=\"https://example.org/\">there</a>.</dl></html>";
-    EXPECT_TRUE(app.openFile("/home/page.html"));
+    EXPECT_TRUE(app.fileOpening().openFile("/home/page.html"));
     ASSERT_TRUE(onlyDocument());
     EXPECT_TRUE(onlyDocument()->getMaster().hasChildren());
     EXPECT_TRUE(alerts.shown.empty());
@@ -128,7 +128,7 @@ TEST_F(OpeningTest, ABookmarkFileBehindAStyleSheetKeepsItsFolders) {
     files.files["/home/b.html"] = "<html><style>" + std::string(5000, ' ') +
                                   "</style><DL><p>\n<DT><H3>Folder</H3>\n<DL><p>\n<DT><A "
                                   "HREF=\"https://example.org/\">Example</A>\n</DL><p>\n</DL><p>\n";
-    EXPECT_TRUE(app.openFile("/home/b.html"));
+    EXPECT_TRUE(app.fileOpening().openFile("/home/b.html"));
     ASSERT_TRUE(onlyDocument());
     EXPECT_EQ(onlyDocument()->getMaster().getChild()->itemName().view(), "Folder");
 }
@@ -137,7 +137,7 @@ TEST_F(OpeningTest, XBELBehindALongCommentOpens) {
     files.files["/home/b.xml"] = "<?xml version=\"1.0\"?>\n<!--" + std::string(5000, ' ') +
                                  "-->\n<xbel><bookmark href=\"https://example.org/\"><title>Example</title>"
                                  "</bookmark></xbel>";
-    EXPECT_TRUE(app.openFile("/home/b.xml"));
+    EXPECT_TRUE(app.fileOpening().openFile("/home/b.xml"));
     ASSERT_TRUE(onlyDocument());
     EXPECT_EQ(onlyDocument()->getMaster().getChild()->itemName().view(), "Example");
 }
@@ -149,14 +149,14 @@ TEST_F(OpeningTest, FileOfAnotherTypeIsRefusedWithoutAnAlert) {
     ASSERT_NE(type, std::string::npos);
     bytes[type] = 'X';
     files.files["/home/other.tbln"] = bytes;
-    EXPECT_FALSE(app.openFile("/home/other.tbln"));
+    EXPECT_FALSE(app.fileOpening().openFile("/home/other.tbln"));
     EXPECT_TRUE(alerts.shown.empty());
     EXPECT_TRUE(documents().documents().empty());
 }
 
 TEST_F(OpeningTest, DamagedDocumentGivesAnAlertThatNamesTheFile) {
     files.files["/home/broken.tbln"] = documentBytes("a").substr(0, 100);
-    EXPECT_FALSE(app.openFile("/home/broken.tbln"));
+    EXPECT_FALSE(app.fileOpening().openFile("/home/broken.tbln"));
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "“broken.tbln” could not be opened");
     EXPECT_FALSE(alerts.shown[0].informative.empty());
@@ -165,7 +165,7 @@ TEST_F(OpeningTest, DamagedDocumentGivesAnAlertThatNamesTheFile) {
 
 TEST_F(OpeningTest, FileOfAnotherKindIsRefusedByName) {
     files.files["/home/picture.png"] = "\x89PNG\r\n";
-    EXPECT_FALSE(app.openFile("/home/picture.png"));
+    EXPECT_FALSE(app.fileOpening().openFile("/home/picture.png"));
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "“picture.png” could not be opened");
     EXPECT_EQ(alerts.shown[0].informative,
@@ -181,8 +181,8 @@ TEST_F(OpeningTest, MissingFileGivesAnAlertAndAnUntitledDocument) {
 
 TEST_F(OpeningTest, OpenFileThatIsOpenComesToTheFront) {
     files.files["/home/a.tbln"] = documentBytes("a");
-    EXPECT_TRUE(app.openFile("/home/a.tbln"));
-    EXPECT_TRUE(app.openFile("/home/a.tbln"));
+    EXPECT_TRUE(app.fileOpening().openFile("/home/a.tbln"));
+    EXPECT_TRUE(app.fileOpening().openFile("/home/a.tbln"));
     ASSERT_TRUE(onlyDocument());
     EXPECT_EQ(windowOf(*onlyDocument()).broughtToFront, 1);
 }
@@ -190,17 +190,17 @@ TEST_F(OpeningTest, OpenFileThatIsOpenComesToTheFront) {
 TEST_F(OpeningTest, UntouchedFirstDocumentMakesRoomForAnOpenedFile) {
     files.files["/home/a.tbln"] = documentBytes("a");
     app.applicationDidFinishLaunching({});
-    EXPECT_TRUE(app.openFile("/home/a.tbln"));
+    EXPECT_TRUE(app.fileOpening().openFile("/home/a.tbln"));
     ASSERT_TRUE(onlyDocument());
     EXPECT_EQ(onlyDocument()->fileName(), "/home/a.tbln");
-    EXPECT_EQ(stops, 0);
+    EXPECT_EQ(host.stops, 0);
 }
 
 TEST_F(OpeningTest, ChangedFirstDocumentStays) {
     files.files["/home/a.tbln"] = documentBytes("a");
     app.applicationDidFinishLaunching({});
     onlyDocument()->updateChangeCount(ChangeKind::Done);
-    EXPECT_TRUE(app.openFile("/home/a.tbln"));
+    EXPECT_TRUE(app.fileOpening().openFile("/home/a.tbln"));
     EXPECT_EQ(documents().documents().size(), 2u);
 }
 
@@ -209,6 +209,7 @@ TEST_F(OpeningTest, OpenPanelOffersBothKindsAndTakesSeveralFiles) {
     files.files["/home/b.html"] = bookmarkHTML;
     panels.chooseFiles({"/home/a.tbln", "/home/b.html"});
     EXPECT_TRUE(perform("openDocument:"));
+    timers.advance(0);
     EXPECT_EQ(documents().documents().size(), 2u);
     ASSERT_EQ(panels.openPanels.size(), 1u);
     EXPECT_TRUE(panels.openPanels[0].allowsMultipleSelection);
@@ -222,7 +223,7 @@ TEST_F(OpeningTest, NewMasterDocumentIsExpandedChangedAndShown) {
     root->setItemName("Master");
     root->makeParent();
     root->addChild(Bookmark::init(base.now()));
-    Document* document = app.newMasterDocument(root);
+    Document* document = documents().newMasterDocument(root);
     ASSERT_TRUE(document);
     EXPECT_EQ(&document->getMaster(), root.get());
     EXPECT_TRUE(root->showHier());
@@ -236,7 +237,7 @@ TEST_F(OpeningTest, NewMasterDocumentGivesNothingWhereNoDocumentCanBeMade) {
     windows.noMoreWindows = true;
     const Ref<Bookmark> root = Bookmark::init(base.now());
     root->makeParent();
-    EXPECT_EQ(app.newMasterDocument(root), nullptr);
+    EXPECT_EQ(documents().newMasterDocument(root), nullptr);
     EXPECT_TRUE(documents().documents().empty());
     EXPECT_TRUE(alerts.shown.empty());
 }
@@ -276,8 +277,8 @@ TEST_F(OpeningTest, TheButtonOfTheNoLinksAlertIsTheSameInEveryLanguage) {
         std::string text(std::string_view key) const override { return "la " + std::string(key); }
         std::string locale() const override { return "eo"; }
     } texts;
-    AppDelegate other(platformIn(texts), windows, "1.2.3");
-    EXPECT_EQ(other.scanNetscape("nothing"), nullptr);
+    AppDelegate other(platformIn(texts), windows, instance, host, "1.2.3");
+    EXPECT_EQ(other.importCommands().scanNetscape("nothing"), nullptr);
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "la EmptyScan");
     EXPECT_EQ(alerts.shown[0].informative, "la NoURLs");
@@ -286,9 +287,9 @@ TEST_F(OpeningTest, TheButtonOfTheNoLinksAlertIsTheSameInEveryLanguage) {
 }
 
 TEST_F(OpeningTest, ADescriptionBeforeAnyItemGoesToTheLastItemOfTheImportBefore) {
-    Document* first = app.scanNetscape("<DT><A HREF=\"u\">n</A>");
+    Document* first = app.importCommands().scanNetscape("<DT><A HREF=\"u\">n</A>");
     ASSERT_TRUE(first);
-    ASSERT_TRUE(app.scanNetscape("<DD>late<HR></DL>"));
+    ASSERT_TRUE(app.importCommands().scanNetscape("<DD>late<HR></DL>"));
     EXPECT_EQ(first->getMaster().getChild()->itemNote().view(), "late");
 }
 
@@ -296,12 +297,12 @@ TEST_F(OpeningTest, OpenFileReachedByALinkOrAnotherSpellingComesToTheFront) {
     files.files["/home/a.tbln"] = documentBytes("a");
     files.files["/home/twin.tbln"] = files.files["/home/a.tbln"];
     files.links["/desk/link.tbln"] = "/home/a.tbln";
-    EXPECT_TRUE(app.openFile("/home/a.tbln"));
-    EXPECT_TRUE(app.openFile("/desk/link.tbln"));
-    EXPECT_TRUE(app.openFile("file:///home/a.tbln"));
+    EXPECT_TRUE(app.fileOpening().openFile("/home/a.tbln"));
+    EXPECT_TRUE(app.fileOpening().openFile("/desk/link.tbln"));
+    EXPECT_TRUE(app.fileOpening().openFile("file:///home/a.tbln"));
     ASSERT_TRUE(onlyDocument());
     EXPECT_EQ(windowOf(*onlyDocument()).broughtToFront, 2);
-    EXPECT_TRUE(app.openFile("/home/twin.tbln"));
+    EXPECT_TRUE(app.fileOpening().openFile("/home/twin.tbln"));
     EXPECT_EQ(documents().documents().size(), 2u) << "the same content is not the same file";
 }
 
@@ -309,8 +310,8 @@ TEST_F(OpeningTest, SavingOverAnOpenFileIsRefusedUnderWhateverPath) {
     files.files["/home/a.tbln"] = documentBytes("a");
     files.links["/desk/link.tbln"] = "/home/a.tbln";
     const std::string before = files.files["/home/a.tbln"];
-    EXPECT_TRUE(app.openFile("/home/a.tbln"));
-    app.performRequest({.kind = LaunchRequest::Kind::NewDocument});
+    EXPECT_TRUE(app.fileOpening().openFile("/home/a.tbln"));
+    perform("newDocument:");
     panels.nameFile("/desk/link.tbln");
     perform("saveDocumentAs:");
     ASSERT_EQ(alerts.shown.size(), 1u);
@@ -329,7 +330,7 @@ TEST_F(OpeningTest, WhatIsNoFileIsRefusedWithItsReason) {
               "There is no such file in “/home”. It may have been moved, renamed or removed."},
              {"file://server/a.tbln", "file://server/a.tbln",
               "Only files on this computer can be opened."}}) {
-        EXPECT_FALSE(app.openFile(location));
+        EXPECT_FALSE(app.fileOpening().openFile(location));
         EXPECT_EQ(alerts.shown.back().message, "“" + name + "” could not be opened");
         EXPECT_EQ(alerts.shown.back().informative, reason);
     }
@@ -339,7 +340,7 @@ TEST_F(OpeningTest, WhatIsNoFileIsRefusedWithItsReason) {
 TEST_F(OpeningTest, SeveralFilesThatCannotBeOpenedAreToldInOneAlertAndTheOthersOpen) {
     files.files["/home/a.tbln"] = documentBytes("a");
     files.files["/home/picture.png"] = "\x89PNG\r\n";
-    app.openFiles({"/home/none.tbln", "/home/a.tbln", "/home/picture.png"});
+    openFiles({"/home/none.tbln", "/home/a.tbln", "/home/picture.png"});
     EXPECT_TRUE(onlyDocument());
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "2 files could not be opened");
@@ -350,7 +351,7 @@ TEST_F(OpeningTest, SeveralFilesThatCannotBeOpenedAreToldInOneAlertAndTheOthersO
 
 TEST_F(OpeningTest, AHundredFilesThatCannotBeOpenedMakeAShortAlert) {
     files.folders.insert("/home");
-    app.openFiles(std::vector<std::string>(100, "/home/none.tbln"));
+    openFiles(std::vector<std::string>(100, "/home/none.tbln"));
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "100 files could not be opened");
     EXPECT_TRUE(alerts.shown[0].informative.ends_with("\nand 92 more"));

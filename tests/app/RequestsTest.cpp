@@ -1,6 +1,4 @@
 // What comes from outside: later starts, the desktop. And how it waits its turn.
-#include "app/RequestQueue.h"
-#include "platform/fake/FakeSingleInstance.h"
 #include "tests/app/AppFixture.h"
 
 namespace tabulon {
@@ -35,11 +33,8 @@ protected:
         timers.advance(0);
         EXPECT_EQ(before, (Paths{"/home/a.tbln"}));
         EXPECT_EQ(pathsOfDocuments(), Paths());
-        EXPECT_EQ(stops, 1);
+        EXPECT_EQ(host.stops, 1);
     }
-
-    FakeSingleInstance instance;
-    RequestQueue queue{app, instance, timers};
 };
 
 TEST_F(RequestsTest, theFirstRequestStartsTheProgram) {
@@ -86,7 +81,7 @@ TEST_F(RequestsTest, theMainLoopRunsBetweenTwoFiles) {
 TEST_F(RequestsTest, filesThatTheUserOpensAreOpenedOneByOne) {
     app.applicationDidFinishLaunching({});
     panels.chooseFiles({"/home/a.tbln", "/home/b.tbln"});
-    app.openDocumentPanel();
+    app.fileOpening().openDocumentPanel();
     EXPECT_EQ(pathsOfDocuments(), (Paths{""})) << "nothing is read while the panel closes";
     Paths between;
     const auto look = timers.after(0, [&] { between = pathsOfDocuments(); });
@@ -97,17 +92,17 @@ TEST_F(RequestsTest, filesThatTheUserOpensAreOpenedOneByOne) {
 
 TEST_F(RequestsTest, theEndOfTheSessionIsServedBetweenTwoFilesThatTheUserOpens) {
     app.applicationDidFinishLaunching({});
-    app.openFiles({"/home/a.tbln", "/home/missing", "/home/b.tbln"});
+    app.fileOpening().openFiles({"/home/a.tbln", "/home/missing", "/home/b.tbln"});
     const auto end = timers.after(0, [&] { app.sessionWillEnd(); });
     timers.advance(0);
     EXPECT_EQ(pathsOfDocuments(), (Paths{"/home/a.tbln"}));
     EXPECT_TRUE(alerts.shown.empty());
-    EXPECT_EQ(stops, 1);
+    EXPECT_EQ(host.stops, 1);
 }
 
 TEST_F(RequestsTest, quittingIsServedBetweenTwoFilesThatTheUserOpens) {
     app.applicationDidFinishLaunching({});
-    app.openFiles({"/home/a.tbln", "/home/b.tbln"});
+    app.fileOpening().openFiles({"/home/a.tbln", "/home/b.tbln"});
     quitBetweenTwoFiles();
 }
 
@@ -118,7 +113,7 @@ TEST_F(RequestsTest, quittingIsServedBetweenTwoFilesFromOutside) {
 
 TEST_F(RequestsTest, severalFilesThatTheUserOpensAndThatAreRefusedAreOneAlert) {
     app.applicationDidFinishLaunching({});
-    app.openFiles({"/home/missing", "/home/a.tbln", "/home/missing too"});
+    app.fileOpening().openFiles({"/home/missing", "/home/a.tbln", "/home/missing too"});
     timers.advance(0);
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "2 files could not be opened");
@@ -127,9 +122,9 @@ TEST_F(RequestsTest, severalFilesThatTheUserOpensAndThatAreRefusedAreOneAlert) {
 
 TEST_F(RequestsTest, whatTheUserOpensDoesNotWaitForAnAlertOfAnotherWindow) {
     app.applicationDidFinishLaunching({});
-    queue.mustWait = [] { return true; };
+    host.waits = true;
     instance.requested({.kind = Kind::Open, .uris = {"file:///home/b.tbln"}});
-    app.openFiles({"/home/a.tbln"});
+    app.fileOpening().openFiles({"/home/a.tbln"});
     timers.advance(0);
     EXPECT_EQ(pathsOfDocuments(), (Paths{"/home/a.tbln"}));
 }
@@ -147,7 +142,7 @@ TEST_F(RequestsTest, theEndOfTheSessionWhileAnAlertIsUpOpensNothingMore) {
     alerts.whileShown = [this] { app.sessionWillEnd(); };
     perform({.kind = Kind::Open, .uris = {"file:///home/missing"}});
     EXPECT_TRUE(documents().documents().empty());
-    EXPECT_EQ(stops, 1);
+    EXPECT_EQ(host.stops, 1);
 }
 
 TEST_F(RequestsTest, aNewDocumentAsFirstRequestIsOneDocument) {
@@ -193,35 +188,34 @@ TEST_F(RequestsTest, theOpenPanelOfAStartIsNotShownTwice) {
     perform({});
     perform({});
     EXPECT_EQ(panels.openPanels.size(), 1u);
-    EXPECT_EQ(stops, 0);
+    EXPECT_EQ(host.stops, 0);
     panels.closeAll();
-    EXPECT_EQ(stops, 1);
+    EXPECT_EQ(host.stops, 1);
 }
 
 TEST_F(RequestsTest, requestsWaitWhileAnAlertIsShownAndKeepTheirOrder) {
-    bool alertIsShown = true;
-    queue.mustWait = [&] { return alertIsShown; };
+    host.waits = true;
     perform({.kind = Kind::Open, .uris = {"file:///home/b.tbln"}});
     perform({.kind = Kind::Open, .uris = {"file:///home/a.tbln"}});
     EXPECT_TRUE(documents().documents().empty());
-    EXPECT_TRUE(app.willOpenMore());
-    alertIsShown = false;
-    queue.performSoon();
+    EXPECT_TRUE(app.requestQueue().hasMore());
+    host.waits = false;
+    app.requestQueue().performSoon();
     timers.advance(0);
     ASSERT_EQ(documents().documents().size(), 2u);
     EXPECT_EQ(documents().documents()[0]->fileName(), "/home/b.tbln");
-    EXPECT_FALSE(app.willOpenMore());
+    EXPECT_FALSE(app.requestQueue().hasMore());
 }
 
 TEST_F(RequestsTest, aRequestThatComesWhileOneIsDoneIsDoneAfterwards) {
     std::vector<std::string> order;
-    queue.willPerform = [&](const LaunchRequest& request) {
+    host.onWillPerform = [&](const LaunchRequest& request) {
         order.push_back("will " + request.activationToken);
         if (request.activationToken == "1") {
             perform({.activationToken = "2"});
         }
     };
-    queue.didPerform = [&](const LaunchRequest& request) {
+    host.onDidPerform = [&](const LaunchRequest& request) {
         order.push_back("did " + request.activationToken);
     };
     perform({.activationToken = "1"});
@@ -231,7 +225,7 @@ TEST_F(RequestsTest, aRequestThatComesWhileOneIsDoneIsDoneAfterwards) {
 TEST_F(RequestsTest, aRequestIsAnsweredBeforeItIsDone) {
     instance.requested({.kind = Kind::Open, .uris = {"file:///home/a.tbln"}});
     EXPECT_TRUE(documents().documents().empty());
-    EXPECT_TRUE(queue.wasUsed());
+    EXPECT_TRUE(app.requestQueue().wasUsed());
     timers.advance(0);
     EXPECT_TRUE(onlyDocument());
 }
@@ -240,12 +234,12 @@ TEST_F(RequestsTest, closingTheLastDocumentDoesNotEndTheProgramThatHasJustAccept
     perform({.kind = Kind::Open, .uris = {"file:///home/a.tbln"}});
     instance.requested({.kind = Kind::Open, .uris = {"file:///home/b.tbln"}});
     AppTest::perform("performClose:");
-    EXPECT_EQ(stops, 0);
+    EXPECT_EQ(host.stops, 0);
     timers.advance(0);
     ASSERT_TRUE(onlyDocument());
     EXPECT_EQ(onlyDocument()->fileName(), "/home/b.tbln");
     AppTest::perform("performClose:");
-    EXPECT_EQ(stops, 1);
+    EXPECT_EQ(host.stops, 1);
 }
 
 } // namespace

@@ -14,7 +14,7 @@ protected:
     RevertingTest() { open(); }
     void open() {
         files.files[kPath] = documentBytes("first");
-        app.openFile(kPath);
+        app.fileOpening().openFile(kPath);
         document = documents().currentDocument();
     }
     void change(const char* name) {
@@ -125,7 +125,7 @@ TEST_F(RevertingTest, theEndOfTheSessionSavesEvenThen) {
     alerts.whileShown = [this] { app.sessionWillEnd(); };
     revert("Cancel");
     EXPECT_EQ(nameIn(kPath), "mine");
-    EXPECT_EQ(stops, 1);
+    EXPECT_EQ(host.stops, 1);
 }
 
 TEST_F(RevertingTest, aSaveOfTheProgramLeavesTheWayBack) {
@@ -174,7 +174,7 @@ TEST_F(RevertingTest, deactivationLeavesTheWayBackToo) {
 TEST_F(RevertingTest, aQuitThatIsCancelledLeavesTheWayBackToo) {
     documents().openUntitledDocumentAndDisplay()->updateChangeCount(ChangeKind::Done);
     files.files["/home/B.tbln"] = documentBytes("b");
-    app.openFile("/home/B.tbln");
+    app.fileOpening().openFile("/home/B.tbln");
     document = documents().currentDocument();
     change("b2");
     alerts.answer("Cancel"); // the question about the untitled one

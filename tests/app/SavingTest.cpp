@@ -8,7 +8,7 @@ class SavingTest : public AppTest {
 protected:
     Document& openDocument(const std::string& path = "/home/a.tbln") {
         files.files[path] = documentBytes("a");
-        app.openFile(path);
+        app.fileOpening().openFile(path);
         return *documents().documents().back();
     }
 };

@@ -67,7 +67,7 @@ TEST_F(TypingTest, quitting) {
     openAndType();
     EXPECT_TRUE(perform("terminate:"));
     EXPECT_EQ(nameInFile(), "typed");
-    EXPECT_EQ(stops, 1);
+    EXPECT_EQ(host.stops, 1);
 }
 
 TEST_F(TypingTest, theEndOfTheSessionWithAFieldOrAPanelOpen) {

@@ -5,8 +5,10 @@
 #include "model/ArchiveReader.h"
 #include "model/ArchiveWriter.h"
 #include "platform/fake/FakePlatform.h"
+#include "platform/fake/FakeSingleInstance.h"
 #include "platform/linux/FileStore.h"
 #include "platform/linux/XdgRecoveryFolders.h"
+#include "tests/app/FakeProgramHost.h"
 #include "tests/window/MemoryWindow.h"
 
 #include <gtest/gtest.h>
@@ -40,7 +42,7 @@ public:
     }
 
     Document& open(const std::string& path) {
-        EXPECT_TRUE(app.openFile(path));
+        EXPECT_TRUE(app.fileOpening().openFile(path));
         return *app.documentController().currentDocument();
     }
     bool save(Document& document) {
@@ -53,10 +55,12 @@ public:
     PosixFileStore files;
     XdgRecoveryFolders recovery;
     MemoryWindows windows;
+    FakeSingleInstance instance;
+    FakeProgramHost host;
     AppDelegate app{Platform{fakes.base.services(), fakes.alerts, fakes.panels, fakes.progress, files,
                              fakes.folders, recovery, fakes.stores, fakes.timers, fakes.beeper,
                              fakes.keyboard, fakes.pasteboard, fakes.workspace, fakes.state},
-                    windows, "1"};
+                    windows, instance, host, "1"};
 };
 
 class FaultTest : public testing::Test {

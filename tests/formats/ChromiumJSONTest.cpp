@@ -27,7 +27,7 @@ std::string withRoots(const std::string& roots) {
 class ChromiumJSON : public testing::Test {
 protected:
     Ref<Bookmark> read(Read reader, const std::string& json) {
-        auto tree = reader(json, fakes.services(), nullptr);
+        auto tree = reader(json, {fakes.services()});
         EXPECT_TRUE(tree) << json;
         return tree ? *tree : Bookmark::initEmpty();
     }
@@ -155,7 +155,7 @@ TEST_F(ChromiumJSON, withoutRootsNothingIsImportedAndNoAlertIsShown) {
     for (const Read reader : {readChromiumBookmarks, readOperaBookmarks})
         for (const char* json : {"{}", "[]", R"({"roots": []})", R"({"roots": {}, "roots": null})",
                                  R"({"x": {"roots": {}}})", R"([{"roots": {}}])"}) {
-            const auto tree = reader(json, fakes.services(), nullptr);
+            const auto tree = reader(json, {fakes.services()});
             ASSERT_FALSE(tree) << json;
             EXPECT_EQ(tree.error().domain, ErrorDomain::Cocoa);
             EXPECT_EQ(tree.error().code, kUserCancelledError);
@@ -245,7 +245,7 @@ TEST_F(ChromiumJSON, textsAreUnescaped) {
 }
 
 TEST_F(ChromiumJSON, aByteOrderMarkIsPassedOver) {
-    EXPECT_TRUE(readChromiumBookmarks("\xEF\xBB\xBF{\"roots\":{}}", fakes.services()));
+    EXPECT_TRUE(readChromiumBookmarks("\xEF\xBB\xBF{\"roots\":{}}", {fakes.services()}));
 }
 
 TEST_F(ChromiumJSON, numbersOfAnySizeAreSound) {
@@ -297,7 +297,7 @@ TEST_F(ChromiumJSON, aFlawAnywhereIsRefused) {
         const std::string last = std::string(R"({"roots": {}, "x": )") + value + "}";
         const std::string inside = std::string(R"({"x": {"y": [0, )") + value + R"(]}, "roots": {}})";
         for (const std::string& json : {last, inside}) {
-            const auto tree = readChromiumBookmarks(json, fakes.services());
+            const auto tree = readChromiumBookmarks(json, {fakes.services()});
             ASSERT_FALSE(tree) << json;
             EXPECT_EQ(tree.error().domain, ErrorDomain::None);
             EXPECT_TRUE(tree.error().message.ends_with('.'));
@@ -309,7 +309,7 @@ TEST_F(ChromiumJSON, whatIsNoJSONIsRefused) {
     for (const char* json :
          {"", " ", "text", "{", "}", "[", "{}{}", "{} x", "{}}", "null", "\"roots\"", "5", "{\"roots\":{}",
           "{\"roots\":{\"other\":{}}", "\xEF\xBB\xBF", "<html/>", "{\"roots\":{}}\xFF"}) {
-        const auto tree = readOperaBookmarks(json, fakes.services());
+        const auto tree = readOperaBookmarks(json, {fakes.services()});
         ASSERT_FALSE(tree) << json;
         EXPECT_EQ(tree.error().domain, ErrorDomain::None) << json;
     }
@@ -318,7 +318,7 @@ TEST_F(ChromiumJSON, whatIsNoJSONIsRefused) {
 TEST_F(ChromiumJSON, everyCutOffFileIsRefused) {
     const std::string json = withRoots(R"("other": {"children": [{"name": "n", "type": "url"}]})");
     for (std::size_t size = 0; size < json.size(); ++size)
-        EXPECT_FALSE(readChromiumBookmarks(std::string(json, 0, size), fakes.services())) << size;
+        EXPECT_FALSE(readChromiumBookmarks(std::string(json, 0, size), {fakes.services()})) << size;
 }
 
 std::string nested(std::size_t folders) {
@@ -343,7 +343,7 @@ TEST_F(ChromiumJSON, nestingBeyondTheLimitIsRefusedWithItsReason) {
     for (const std::string& json :
          {nested(500'000), std::string(5'000'000, '['),
           R"({"roots": {}, "x": )" + std::string(1'000'000, '[') + std::string(1'000'000, ']') + "}"}) {
-        const auto tree = readChromiumBookmarks(json, fakes.services());
+        const auto tree = readChromiumBookmarks(json, {fakes.services()});
         ASSERT_FALSE(tree);
         // The file of nothing but brackets has another flaw before that one.
         EXPECT_EQ(tree.error().message.find("nested") != std::string::npos, json.front() == '{');
@@ -359,8 +359,8 @@ TEST_F(ChromiumJSON, randomFilesAreReadAsStepByStep) {
         for (const bool isOpera : {false, true}) {
             const Ref<Bookmark> expected = isOpera ? test::literalOpera(file, fakes.services())
                                                    : test::literalChromium(file, fakes.services());
-            const auto tree = isOpera ? readOperaBookmarks(json, fakes.services())
-                                      : readChromiumBookmarks(json, fakes.services());
+            const auto tree = isOpera ? readOperaBookmarks(json, {fakes.services()})
+                                      : readChromiumBookmarks(json, {fakes.services()});
             ASSERT_EQ(static_cast<bool>(tree), static_cast<bool>(expected)) << json;
             if (!tree)
                 continue;
@@ -387,9 +387,8 @@ TEST_F(ChromiumJSON, everyFileOfTheCorpusGivesTheExpectedTree) {
             if (!fs::exists(expected))
                 continue;
             SCOPED_TRACE(expected.string());
-            NetscapeScanner netscape;
-            const auto tree = importFormatNamed(format)->read(contentOf(entry.path() / "Bookmarks"),
-                                                              {fakes.services(), netscape});
+            const auto tree =
+                importFormatNamed(format)->read(contentOf(entry.path() / "Bookmarks"), {fakes.services()});
             EXPECT_EQ(tree ? text(**tree) : tree.error().message + '\n', contentOf(expected));
             ++cases;
         }
@@ -397,12 +396,11 @@ TEST_F(ChromiumJSON, everyFileOfTheCorpusGivesTheExpectedTree) {
 }
 
 TEST_F(ChromiumJSON, theFiveBrowsersOfTheFamilyAreReadAlike) {
-    NetscapeScanner netscape;
     for (const char* name : {"chrome", "chromium", "vivaldi", "brave", "edge"}) {
         const ImportFormat* format = importFormatNamed(name);
         ASSERT_NE(format, nullptr) << name;
         EXPECT_EQ(format->empty, EmptyImport::IsADocument);
-        const auto tree = format->read(withRoots(""), {fakes.services(), netscape});
+        const auto tree = format->read(withRoots(""), {fakes.services()});
         ASSERT_TRUE(tree);
         EXPECT_EQ((*tree)->getChildren()->size(), 2u) << name;
     }
@@ -413,7 +411,7 @@ TEST(OperaLog, theLineEndsAfterAKilobyteAndAWholeCharacter) {
     std::string name;
     for (int i = 0; i < 3000; ++i)
         name += "é";
-    ASSERT_TRUE(readOperaBookmarks(R"({"roots":{"other":{"name":")" + name + R"("}}})", fakes.services()));
+    ASSERT_TRUE(readOperaBookmarks(R"({"roots":{"other":{"name":")" + name + R"("}}})", {fakes.services()}));
     ASSERT_EQ(fakes.log.lines.size(), 1u);
     const std::string& line = fakes.log.lines.front();
     EXPECT_TRUE(line.starts_with("dictionary : {\"roots\""));

@@ -49,8 +49,7 @@ protected:
         return exportFormatNamed(format)->write(tree, fakes.services(), nullptr).value();
     }
     Ref<Bookmark> read(const char* format, const std::string& file) {
-        NetscapeScanner scanner;
-        return importFormatNamed(format)->read(file, {fakes.services(), scanner}).value();
+        return importFormatNamed(format)->read(file, {fakes.services()}).value();
     }
     Ref<Bookmark> through(const char* format, const Bookmark& tree) {
         return read(format, write(format, tree));

@@ -18,7 +18,7 @@ using Urls = std::vector<std::string>;
 class TextScanner : public testing::Test {
 protected:
     Urls urls(std::string_view text) {
-        const Ref<Bookmark> root = scanText(text, fakes.services());
+        const Ref<Bookmark> root = readText(text, {fakes.services()}).value();
         Urls found;
         if (root->getChildren())
             for (const Bookmark* link : *root->getChildren())
@@ -99,7 +99,7 @@ TEST_F(TextScanner, aWordBeforeAnAtIsCutAfterFiveHundredElevenBytes) {
 }
 
 TEST_F(TextScanner, linksAreUntitledClassifiedAndOfNow) {
-    const Ref<Bookmark> root = scanText("ftp://s mailto:a@b", fakes.services());
+    const Ref<Bookmark> root = readText("ftp://s mailto:a@b", {fakes.services()}).value();
     EXPECT_EQ(root->itemName().view(), "Master");
     EXPECT_TRUE(root->isFolder());
     ASSERT_EQ(root->getChildren()->size(), 2u);
@@ -229,7 +229,7 @@ TEST_F(TextScanner, hostileTextsTakeLinearTime) {
          {"://", " s://", ":", "@ ", "x@ ", "mailto", "mailto: ", "/info-mac", "x", "a://\n", "@"}) {
         const std::string text = repeated(part);
         const ProcessorTime time;
-        const Ref<Bookmark> root = scanText(text, fakes.services());
+        const Ref<Bookmark> root = readText(text, {fakes.services()}).value();
         EXPECT_LT(time.seconds(), 20) << part;
     }
 }

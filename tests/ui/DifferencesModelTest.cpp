@@ -16,7 +16,7 @@ protected:
     // The last column of the only difference, where the document has this address since the version.
     QString shown(const char* address) {
         files.files[kPath] = documentBytes("link");
-        app.openFile(kPath);
+        app.fileOpening().openFile(kPath);
         perform("saveDocument:");
         onlyDocument()->getMaster().getChild()->setItemURL(address);
         perform("browseVersions:");

@@ -8,8 +8,10 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QMenu>
 #include <QSet>
+#include <QTest>
 
 namespace tabulon {
 namespace {
@@ -18,7 +20,7 @@ class MainMenuBarTest : public AppTest {
 protected:
     void SetUp() override {
         app.applicationDidFinishLaunching({});
-        bar = std::make_unique<MainMenuBar>(app, [this] { ++performed; });
+        bar = std::make_unique<MainMenuBar>(app.mainMenu(), app.responders(), [this] { ++performed; });
     }
     QMenu* menu(int place) { return bar->actions().at(place)->menu(); }
     QAction* item(int place, const QString& title) {
@@ -38,6 +40,8 @@ protected:
 
 TEST_F(MainMenuBarTest, EveryItemOfAMenuIsReachedByALetterOfItsOwn) {
     for (int place = 0; place < bar->actions().size(); ++place) {
+        emit menu(place)->aboutToShow();
+        EXPECT_FALSE(menu(place)->isEmpty());
         QSet<QChar> letters;
         for (const QAction* action : menu(place)->actions()) {
             if (action->isSeparator())
@@ -50,15 +54,41 @@ TEST_F(MainMenuBarTest, EveryItemOfAMenuIsReachedByALetterOfItsOwn) {
 }
 
 TEST_F(MainMenuBarTest, OpenMenuShowsWhatCannotBeChosenNow) {
-    QAction* revert = item(0, "Revert to Saved…");
-    ASSERT_TRUE(revert);
-    EXPECT_TRUE(revert->isEnabled()) << "keys find every item";
+    QAction* findNext = item(1, "Find Next");
+    ASSERT_TRUE(findNext);
+    EXPECT_TRUE(findNext->isEnabled()) << "keys find every item";
+    emit menu(1)->aboutToShow();
+    EXPECT_FALSE(item(1, "Find Next")->isEnabled());
     emit menu(0)->aboutToShow();
     EXPECT_FALSE(item(0, "Revert to Saved…")->isEnabled());
     EXPECT_TRUE(item(0, "Save")->isEnabled());
     emit menu(0)->aboutToHide();
     QApplication::processEvents();
     EXPECT_TRUE(item(0, "Revert to Saved…")->isEnabled());
+}
+
+TEST_F(MainMenuBarTest, KeysWorkBeforeAMenuIsOpened) {
+    QMainWindow window;
+    window.setMenuBar(bar.release());
+    window.show();
+    window.activateWindow();
+    QApplication::setActiveWindow(&window);
+    const std::size_t before = app.documentController().documents().size();
+    QTest::keyClick(&window, Qt::Key_N, Qt::ControlModifier);
+    EXPECT_EQ(app.documentController().documents().size(), before + 1);
+    EXPECT_EQ(performed, 1);
+}
+
+TEST_F(MainMenuBarTest, OpeningFileFillsThatMenuOnlyAndLooksForNoBrowser) {
+    EXPECT_TRUE(menu(7)->isEmpty()) << "Import has no keys";
+    emit menu(0)->aboutToShow();
+    EXPECT_TRUE(item(0, "Revert to Saved…"));
+    EXPECT_FALSE(item(3, "Save Link as File…"));
+    EXPECT_TRUE(menu(7)->isEmpty());
+    EXPECT_EQ(stores.lookUps, 0);
+    emit menu(7)->aboutToShow();
+    EXPECT_FALSE(menu(7)->isEmpty());
+    EXPECT_GT(stores.lookUps, 0);
 }
 
 TEST_F(MainMenuBarTest, ChosenItemRunsItsAction) {
@@ -115,7 +145,7 @@ TEST_F(MainMenuBarTest, ItemForAFieldThatIsGoneDoesNotActOnTheRows) {
     Document& document = *app.documentController().documents().front();
     ViewController& rows = *app.documentController().getViewController(document);
     const Ref<Bookmark> link = Bookmark::init(base.now());
-    rows.addNewData(link);
+    rows.editing().addNewData(link);
     QWidget window;
     auto* field = new QLineEdit("text", &window);
     window.show();
@@ -125,9 +155,9 @@ TEST_F(MainMenuBarTest, ItemForAFieldThatIsGoneDoesNotActOnTheRows) {
     emit menu(1)->aboutToShow();
     delete field;
     item(1, "Delete")->trigger();
-    EXPECT_EQ(rows.numberOfRows(), 1u);
+    EXPECT_EQ(rows.outline().numberOfRows(), 1u);
     item(1, "Delete")->trigger();
-    EXPECT_EQ(rows.numberOfRows(), 0u) << "a key acts on what has the keyboard now";
+    EXPECT_EQ(rows.outline().numberOfRows(), 0u) << "a key acts on what has the keyboard now";
 }
 
 TEST_F(MainMenuBarTest, TheKeyOfPlusWorksWithoutShift) {

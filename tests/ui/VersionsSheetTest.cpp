@@ -4,6 +4,8 @@
 #include "app/AppDelegate.h"
 #include "model/ArchiveWriter.h"
 #include "platform/fake/FakePlatform.h"
+#include "platform/fake/FakeSingleInstance.h"
+#include "tests/app/FakeProgramHost.h"
 #include "ui/QtWindows.h"
 
 #include <gtest/gtest.h>
@@ -20,12 +22,14 @@ protected:
         windows.connectTo(app, services);
         const Document empty(base.services());
         files.files["/home/a.tbln"] = writeDocumentArchive(empty.getMaster());
-        app.openFile("/home/a.tbln");
+        app.fileOpening().openFile("/home/a.tbln");
     }
 
     const Platform services = platform();
     QtWindows windows;
-    AppDelegate app{services, windows, "1"};
+    FakeSingleInstance instance;
+    FakeProgramHost host;
+    AppDelegate app{services, windows, instance, host, "1"};
 };
 
 TEST_F(VersionsSheetTest, itGoesWithItsDocumentBeforeItCountsAnyFurther) {

@@ -106,8 +106,6 @@ CLEAN_UP = [
 ]
 
 OTHERS = [
-    Case("alt+l o", tree("typed:1")),
-    Case("alt+l r", tree("typed:2")),
     Case("alt+i k", TYPED, after="Escape", window="^Select a bookmark file in HTML"),
     Case("alt+i l", TYPED, after="Escape", window="^Select a web page"),
     Case("alt+i x", TYPED, after="Escape", window="^Select a bookmark file in XBEL"),
@@ -117,6 +115,18 @@ OTHERS = [
 ]
 
 
+def labels():
+    """Each label; the first one takes that of the row away."""
+    for label in range(12):
+        yield Case(f"alt+l {'Down ' * label}Return", tree(f"typed:{label}" if label else "typed"))
+
+
+def imports():
+    """Of each browser: a panel, or a sentence for two of them."""
+    for browser in range(10):
+        yield Case(f"alt+i {'Down ' * browser}Return", TYPED, after="Escape", window="^(Select|Tabulon$)")
+
+
 def sorts():
     """By each field, in both directions."""
     for letter, order in [("b", "abcd"), ("y", "cbda"), ("t", "badc"), ("d", "cdba"), ("a", "bacd"), ("e", "dbca")]:
@@ -124,4 +134,4 @@ def sorts():
         yield Case(f"alt+s s {letter}", tree("mango", sorted_name="typed-", in_sorted=order[::-1]), SORTED)
 
 
-CASES = [*FILE, *EDIT, *VIEW, *BOOKMARK, *CLEAN_UP, *OTHERS, *sorts()]
+CASES = [*FILE, *EDIT, *VIEW, *BOOKMARK, *CLEAN_UP, *OTHERS, *labels(), *imports(), *sorts()]

@@ -1,63 +1,21 @@
 """What other programs get of the real program's clipboard under Wayland, and what it makes of theirs:
 wayland_clipboard.py TABULON TABULON_CLI.
 
-The compositor is sway without a screen. Ends with 77 where that is missing, unless TABULON_REQUIRE_BROWSER is set.
+Ends with 77 where sway is missing, unless TABULON_REQUIRE_BROWSER is set.
 """
 
-import glob
-import os
-import shutil
-import subprocess
-import sys
-import tempfile
 import time
 
 from clipboard_bytes import (A, B, C, FOLDER, FOLDER_ROWS, INNER, ROW_A, ROW_B, ROW_C, XBEL, bookmark_file, check_forms,
                              check_xbel, mozilla, nodes)
 from desktop_program import wait_for
 from dragging import document
-from session import Session, check, run_session_tests
+from session import check
+from wayland_session import run_wayland_tests
 
-NOBODY = 65534
 HTML = bookmark_file(ROW_A, ROW_B, ROW_C, FOLDER_ROWS)
 TREE_OF_XBEL = [["Folder “日本”", ("In", "https://in.example/?a&b"), ["Inner", ("Deep", "https://deep.example/")]], None,
                 ("Last", "https://last.example/")]
-
-
-class WaylandSession(Session):
-    def start_display(self):
-        """Starts sway, which refuses to run as root, with a folder for its socket that its user owns."""
-        self.sway_folder = tempfile.mkdtemp(prefix="tabulon-sway-")
-        configuration = os.path.join(self.sway_folder, "configuration")
-        with open(configuration, "w", encoding="utf-8") as file:
-            file.write("xwayland disable\n")
-        command = ["sway", "-c", configuration]
-        if os.geteuid() == 0:
-            os.chown(self.sway_folder, NOBODY, NOBODY)
-            command = ["setpriv", f"--reuid={NOBODY}", f"--regid={NOBODY}", "--clear-groups", *command]
-        environment = dict(self.environment, HOME=self.sway_folder, XDG_RUNTIME_DIR=self.sway_folder, WLR_BACKENDS="headless",
-                           WLR_LIBINPUT_NO_DEVICES="1", WLR_RENDERER="pixman")
-        self.manager = None
-        self.server = subprocess.Popen(command, env=environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        sockets = wait_for("the compositor", lambda: glob.glob(os.path.join(self.sway_folder, "wayland-?")))
-        self.environment.update(WAYLAND_DISPLAY=sockets[0], QT_QPA_PLATFORM="wayland")
-
-    def close(self):
-        super().close()
-        shutil.rmtree(self.sway_folder, ignore_errors=True)
-
-    def type(self, *arguments):
-        """Presses keys in the window in front; each call is a keyboard of its own."""
-        subprocess.run(["wtype", "-s", "50", *arguments, "-s", "50"], env=self.environment, check=True, timeout=20)
-
-    def given(self, media_type):
-        """The bytes that another program gets."""
-        return subprocess.run(["wl-paste", "-n", "-t", media_type], env=self.environment, capture_output=True, timeout=20).stdout
-
-    def give(self, media_type, content):
-        """Another program owns the clipboard from now on, with one form."""
-        subprocess.run(["wl-copy", "-t", media_type], env=self.environment, input=content, stdout=subprocess.DEVNULL,
-                       stderr=subprocess.DEVNULL, check=True, timeout=20)
 
 
 def open_document(session, name, html):
@@ -109,8 +67,4 @@ def what_is_taken(session):
 
 
 if __name__ == "__main__":
-    if os.environ.get("TABULON_REQUIRE_BROWSER") and not shutil.which("sway"):
-        print("there is no sway")
-        sys.exit(1)
-    run_session_tests([what_is_given, what_is_taken], needed=["sway", "wl-copy", "wl-paste", "wtype"],
-                      make_session=WaylandSession)
+    run_wayland_tests([what_is_given, what_is_taken])

@@ -75,15 +75,16 @@ DocumentMainWindow::DocumentMainWindow(ViewController& controller, AppDelegate& 
     : controller_(&controller), app_(app), state_(state), pages_(new QStackedWidget(this)),
       outline_(new OutlineWidget(controller, columnTitles(texts), pages_)),
       emptyState_(new EmptyState(texts, pages_)),
-      findBar_(new FindBarWidget(controller.findBar(), texts, this)), urlField_(new StatusLineWidget(this)) {
+      findBar_(new FindBarWidget(controller.window().findBar(), controller.finding(), texts, this)),
+      urlField_(new StatusLineWidget(this)) {
     setWindowIcon(iconNamed("tabulon"));
     setAcceptDrops(true);
     setMinimumSize(kSmallestSize);
-    auto* menuBar = new MainMenuBar(app, [this] { becomeKey(); });
+    auto* menuBar = new MainMenuBar(app.mainMenu(), app.responders(), [this] { becomeKey(); });
     setMenuBar(menuBar);
     connect(menuBar, &MainMenuBar::menuWillOpen, this, [this] {
         if (controller_)
-            controller_->cancelAutoEdit();
+            controller_->fields().cancelAutoEdit();
     });
     outline_->setAccessibleName(toQString(texts.text("Bookmarks")));
     pages_->addWidget(outline_);
@@ -98,7 +99,8 @@ DocumentMainWindow::DocumentMainWindow(ViewController& controller, AppDelegate& 
     setCentralWidget(content);
     outline_->setFocus();
     connect(findBar_, &FindBarWidget::closed, this, [this] { pages_->currentWidget()->setFocus(); });
-    connect(emptyState_, &EmptyState::openRequested, this, [this] { app_.openDocumentPanel(); });
+    connect(emptyState_, &EmptyState::openRequested, this,
+            [this] { app_.fileOpening().openDocumentPanel(); });
     connect(urlField_, &StatusLineWidget::actionRequested, this, [this] {
         pages_->currentWidget()->setFocus();
         if (controller_)
@@ -133,7 +135,7 @@ void DocumentMainWindow::detach() {
 }
 
 Document* DocumentMainWindow::document() const {
-    return controller_ ? &controller_->document() : nullptr;
+    return controller_ ? &controller_->outline().document() : nullptr;
 }
 
 void DocumentMainWindow::showTitle(const QString& name, const QString& path, bool edited) {
@@ -257,20 +259,21 @@ void DocumentMainWindow::takeFiles(const std::vector<std::string>& files, bool i
     std::vector<std::string> opened;
     std::string uris;
     for (const std::string& file : files)
-        if (intoDocument && !app_.canOpen(file))
+        if (intoDocument && !app_.fileOpening().canOpen(file))
             uris += file + "\r\n";
         else
             opened.push_back(file);
     if (!uris.empty()) {
         MimeContent list;
         list.set("text/uri-list", std::move(uris));
-        const std::vector<PasteboardItem> items = controller_->itemsIn(list); // the drag itself is over
+        const std::vector<PasteboardItem> items =
+            controller_->items().itemsIn(list); // the drag itself is over
         const DragInfo drag{.source = nullptr, .copies = true, .items = items};
-        if (controller_->validateDrop(drag, nullptr, std::nullopt) != DragOperation::None)
-            controller_->acceptDrop(drag, nullptr, std::nullopt);
+        if (controller_->dragging().validateDrop(drag, nullptr, std::nullopt) != DragOperation::None)
+            controller_->dragging().acceptDrop(drag, nullptr, std::nullopt);
     }
     if (!opened.empty())
-        app_.openFiles(opened);
+        app_.fileOpening().openFiles(opened);
 }
 
 } // namespace tabulon

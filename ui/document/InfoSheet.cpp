@@ -4,14 +4,15 @@
 #include "ui/ScreenRoom.h"
 #include "ui/Strings.h"
 #include "ui/document/AddressField.h"
+#include "ui/document/EmbeddedPanel.h"
 #include "window/LabelNames.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QGuiApplication>
 #include <QIcon>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -101,7 +102,10 @@ void InfoSheet::present() {
 }
 
 void InfoSheet::presentBeside() {
-    setAttribute(Qt::WA_ShowWithoutActivating);
+    if (newWindowsTakeTheKeyboard())
+        connect(new EmbeddedPanel(*this), &EmbeddedPanel::left, this, &InfoSheet::keepChange);
+    else
+        setAttribute(Qt::WA_ShowWithoutActivating);
     show();
 }
 
@@ -218,8 +222,14 @@ void InfoSheet::setTitle(const std::string& title) {
 }
 
 void InfoSheet::selectName() {
-    name_->setFocus();
+    takeKeyboard(name_);
     name_->selectAll();
+}
+
+// Within its window the panel leaves the keyboard where it is.
+void InfoSheet::takeKeyboard(QWidget* field) {
+    if (isWindow() || isAncestorOf(QApplication::focusWidget()))
+        field->setFocus();
 }
 
 // What is found comes up while the user still types or goes on with Return: none of that may replace it. So
@@ -235,7 +245,7 @@ void InfoSheet::selectNote(const std::string& string) {
         cursor.select(QTextCursor::Document);
     note_->setTextCursor(cursor);
     note_->ensureCursorVisible();
-    findNext_->setFocus();
+    takeKeyboard(findNext_);
 }
 
 void InfoSheet::selectTags(const std::string& string) {
@@ -245,7 +255,7 @@ void InfoSheet::selectTags(const std::string& string) {
         tags_->setSelection(static_cast<int>(place), static_cast<int>(part.size()));
     else
         tags_->selectAll();
-    findNext_->setFocus();
+    takeKeyboard(findNext_);
 }
 
 std::string InfoSheet::frame() const {
@@ -271,6 +281,8 @@ void InfoSheet::dismiss() {
 void InfoSheet::bringToFront() {
     raise();
     activateWindow();
+    if (!isWindow())
+        name_->setFocus();
 }
 
 void InfoSheet::reject() {
@@ -290,7 +302,12 @@ void InfoSheet::closeEvent(QCloseEvent* event) {
 void InfoSheet::changeEvent(QEvent* event) {
     QDialog::changeEvent(event);
     const bool isLeft = event->type() == QEvent::ActivationChange && !isActiveWindow();
-    if (isLeft && windowModality() == Qt::NonModal && controller_->isShown())
+    if (isLeft && windowModality() == Qt::NonModal)
+        keepChange();
+}
+
+void InfoSheet::keepChange() {
+    if (controller_->isShown())
         controller_->keepChange();
 }
 

@@ -30,7 +30,8 @@ public:
 
     /// Comes up as a sheet, which blocks the window.
     void present();
-    /// Comes up beside the window, which keeps the keyboard.
+    /// Comes up beside the window, which keeps the keyboard; within it where a new window would take the
+    /// keyboard.
     void presentBeside();
 
     void reloadFields() override;
@@ -57,6 +58,8 @@ private:
     QToolButton* stepButton(Qt::ArrowType arrow, const QString& title, const QKeySequence& key,
                             void (GetInfoController::*step)());
     void reportChanges();
+    void takeKeyboard(QWidget* field);
+    void keepChange();
 
     std::shared_ptr<GetInfoController> controller_;
     LineField* name_;

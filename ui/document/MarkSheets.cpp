@@ -69,6 +69,14 @@ QCheckBox* addBox(QDialog* sheet, const BoxPlace& place, bool& value, const std:
     return box;
 }
 
+// Return moves marked links, which can be taken back, but never deletes them. Without a mark to look for
+// there is nothing to do.
+void updateRemovalButtons(const MoveDeleteController& controller, QPushButton& ok, QPushButton& cancel) {
+    ok.setText(toQString(controller.okTitle()));
+    ok.setEnabled(controller.duplicateLinks || controller.brokenLinks || controller.unknownLinks);
+    (controller.moveLinks ? ok : cancel).setDefault(true);
+}
+
 } // namespace
 
 void presentMoveDelete(QWidget* window, const std::shared_ptr<MoveDeleteController>& controller,
@@ -84,18 +92,21 @@ void presentMoveDelete(QWidget* window, const std::shared_ptr<MoveDeleteControll
     auto* buttons = new QDialogButtonBox(sheet);
     QSet<QChar> taken;
     QPushButton* ok = buttons->addButton(toQString(controller->okTitle()), QDialogButtonBox::AcceptRole);
-    buttons->addButton(toQString(texts.text("Cancel")), QDialogButtonBox::RejectRole);
+    QPushButton* cancel = buttons->addButton(toQString(texts.text("Cancel")), QDialogButtonBox::RejectRole);
     const BoxPlace place{grid, &taken};
-    addBox(sheet, place, controller->duplicateLinks, texts.text("DuplicateLinks"), kDuplicateStatus);
-    addBox(sheet, place, controller->brokenLinks, texts.text("BrokenLinks"), kBrokenStatus);
-    addBox(sheet, place, controller->unknownLinks, texts.text("UnknownLinks"), kUnknownStatus);
+    QCheckBox* boxes[] = {
+        addBox(sheet, place, controller->duplicateLinks, texts.text("DuplicateLinks"), kDuplicateStatus),
+        addBox(sheet, place, controller->brokenLinks, texts.text("BrokenLinks"), kBrokenStatus),
+        addBox(sheet, place, controller->unknownLinks, texts.text("UnknownLinks"), kUnknownStatus)};
     grid->setRowMinimumHeight(grid->rowCount(), kGap);
     QCheckBox* moves = addBox(sheet, place, controller->moveLinks, texts.text("MoveLinks"), kNoStatus);
     layout->addSpacing(kGap);
     layout->addWidget(buttons);
-    QObject::connect(moves, &QCheckBox::toggled, sheet,
-                     [=] { ok->setText(toQString(controller->okTitle())); });
-    ok->setDefault(true);
+    const auto update = [=] { updateRemovalButtons(*controller, *ok, *cancel); };
+    for (QCheckBox* box : boxes)
+        QObject::connect(box, &QCheckBox::toggled, sheet, update);
+    QObject::connect(moves, &QCheckBox::toggled, sheet, update);
+    update();
     QObject::connect(buttons, &QDialogButtonBox::rejected, sheet, &QDialog::reject);
     QObject::connect(buttons, &QDialogButtonBox::accepted, sheet, [=] {
         controller->done();

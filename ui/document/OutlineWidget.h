@@ -78,6 +78,7 @@ public:
     void scrollRowToVisible(std::size_t row) override;
     void editCell(Column column, std::size_t row) override;
     void endEditing() override;
+    bool isEditing() const override;
     bool hasKeyboard() const override;
     std::optional<Column> columnUnderPointer() const override;
     void addTagsColumn(std::size_t index, double width) override;
@@ -191,7 +192,7 @@ private:
     QPersistentModelIndex edited_;
     int changesOfController_ = 0;              // that go on: the selection changes without the user
     std::vector<PasteboardItem> draggedItems_; // over this outline
-    const ViewController* dragSource_ = nullptr;
+    const Outline* dragSource_ = nullptr;
     std::optional<DropSpot> dropSpot_;
     QBasicTimer springTimer_;
     QString typed_;

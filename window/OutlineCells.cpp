@@ -1,0 +1,92 @@
+#include "window/OutlineCells.h"
+
+#include "window/FieldEditing.h"
+#include "window/Outline.h"
+#include "window/ShownAddress.h"
+
+namespace tabulon {
+namespace {
+
+constexpr std::string_view kIndicatorImage = "ClippingTextIcon";
+
+Text textOrEmpty(const Text& text) {
+    return text.isNull() ? Text("") : text;
+}
+
+// The colour of a row's texts: its label's while it is not selected.
+std::optional<LabelColor> textColor(const Bookmark& item, bool selected) {
+    if (item.getLabel() == 0 || selected)
+        return std::nullopt;
+    return labelColor(item.getLabel());
+}
+
+ColoredText cellText(const Text& text, const std::optional<LabelColor>& color) {
+    return color ? colarizeItemColor(textOrEmpty(text), *color) : ColoredText{textOrEmpty(text), {}};
+}
+
+} // namespace
+
+CellContent OutlineCells::viewForTableColumn(Column column, std::size_t row, bool selected) const {
+    const Bookmark& item = outline_.itemAtRow(row);
+    const std::optional<LabelColor> color = textColor(item, selected);
+    CellContent cell;
+    switch (column) {
+    case Column::Name:
+        cell = nameCell(item, color);
+        if (selected && item.getLabel() != 0 && !item.isSeparator())
+            cell.labelMark = labelColor(item.getLabel());
+        return cell;
+    case Column::Tags:
+        if (item.isSeparator())
+            return cell;
+        cell.kind = CellKind::TagsView;
+        cell.text = cellText(item.itemTags(), color);
+        cell.editable = FieldEditing::shouldEdit(column, item);
+        return cell;
+    case Column::URL:
+        cell.kind = CellKind::URLView;
+        cell.text = cellText(shownAddressLine(item.itemURL()), color);
+        cell.editable = FieldEditing::shouldEdit(column, item);
+        return cell;
+    }
+    return cell;
+}
+
+CellContent OutlineCells::nameCell(const Bookmark& item, const std::optional<LabelColor>& color) const {
+    CellContent cell;
+    if (item.isSeparator()) {
+        cell.kind = CellKind::Separator;
+        return cell;
+    }
+    const UserDefaults& defaults = services_.defaults;
+    const bool hasTags = !item.itemTags().isEmpty();
+    const bool tagsTip = hasTags && defaults.boolForKey("ShowBalloonTags");
+    cell.kind = CellKind::NameView;
+    cell.editable = FieldEditing::shouldEdit(Column::Name, item);
+    cell.text = cellText(item.itemName(), color);
+    cell.icon = imageName(item.itemIcon());
+    if (tagsTip)
+        cell.iconToolTip = Text(services_.texts.format("TagsLabel", item.itemTags().view()));
+    if (!item.isFolder() && defaults.boolForKey("ShowMarks")) {
+        cell.statusShown = true;
+        cell.statusImage = statusImageName(item.getStatus());
+    }
+    if (!item.itemNote().isEmpty()) {
+        cell.indicatorImage = kIndicatorImage;
+        if (defaults.boolForKey("ShowBalloonNote"))
+            cell.indicatorToolTip = item.itemNote();
+    } else if (hasTags) {
+        cell.indicatorImage = kIndicatorImage;
+        if (tagsTip)
+            cell.indicatorToolTip = item.itemTags();
+    }
+    return cell;
+}
+
+Text OutlineCells::toolTipForCell(Column column, std::size_t row) const {
+    if (column != Column::Name || !services_.defaults.boolForKey("ShowBalloonNote"))
+        return Text("");
+    return textOrEmpty(outline_.itemAtRow(row).itemNote());
+}
+
+} // namespace tabulon
