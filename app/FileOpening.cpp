@@ -4,7 +4,6 @@
 #include "app/FileContent.h"
 #include "app/ImportCommands.h"
 #include "app/RequestQueue.h"
-#include "base/Utf8.h"
 #include "text/FileUri.h"
 #include "window/SharedAlerts.h"
 

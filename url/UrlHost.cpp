@@ -2,7 +2,6 @@
 
 #include "base/Ascii.h"
 #include "base/Text.h"
-#include "base/Utf8.h"
 #include "text/PercentCoding.h"
 #include "url/IpAddress.h"
 #include "url/PercentEncoding.h"

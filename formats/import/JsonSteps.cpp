@@ -3,7 +3,6 @@
 #include "formats/import/JsonSteps.h"
 
 #include "base/Text.h"
-#include "base/Utf8.h"
 #include "text/ByteOrderMark.h"
 
 #include <algorithm>
