@@ -96,7 +96,7 @@ void AppDelegate::openWithoutRequest() {
 void AppDelegate::bringCurrentDocumentToFront() {
     const Document* current = documentController_.currentDocument();
     if (ViewController* controller = current ? documentController_.getViewController(*current) : nullptr)
-        controller->getWindow()->makeKeyAndOrderFront();
+        controller->window().getWindow()->makeKeyAndOrderFront();
 }
 
 bool AppDelegate::applicationShouldOpenUntitledFile() const {

@@ -56,7 +56,7 @@ void DocumentController::addWindowActions() {
 
 void DocumentController::showMarksInEveryWindow() {
     for (const auto& opened : documents_)
-        opened->controller->showMarksView();
+        opened->controller->marks().showMarksView();
 }
 
 std::vector<Document*> DocumentController::documents() const {

@@ -10,6 +10,7 @@
 #include "model/Document.h"
 #include "platform/Platform.h"
 #include "window/ActionTable.h"
+#include "window/DocumentWindow.h"
 #include "window/ViewController.h"
 
 #include <functional>

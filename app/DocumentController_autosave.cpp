@@ -145,7 +145,8 @@ void DocumentController::autosaveAll(Moment moment) {
         OpenDocument* opened = find(*document);
         if (!opened)
             continue;
-        moment == Moment::End ? opened->controller->finishEditing() : opened->controller->commitEditing();
+        moment == Moment::End ? opened->controller->finishEditing()
+                              : opened->controller->fields().commitEditing();
         autosave(*opened, moment);
     }
 }
@@ -172,7 +173,11 @@ void DocumentController::recover(const UnsavedDocuments::Copy& copy, Refusals& r
                                     : Result<void>(tl::unexpected(bytes.error()));
     if (!read) {
         const std::string aside = unsaved_.putAside(copy.path);
-        return refusals.add(aside, read.error(), [this, aside, name = copy.displayName] {
+        const Localization& texts = platform_.base.texts;
+        Error error = read.error();
+        error.title = texts.format("CouldNotRecover", copy.displayName);
+        error.message += " " + texts.format("CopyKept", decodeUtf8Leniently(aside));
+        return refusals.add(aside, error, [this, aside, name = copy.displayName] {
             return offerRemains(platform_.files.readFile(aside), name);
         });
     }

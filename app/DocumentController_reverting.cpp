@@ -12,7 +12,7 @@ void DocumentController::revertDocument(Document& document) {
     OpenDocument* opened = find(document);
     if (opened->isAskedToRevert)
         return;
-    opened->controller->commitEditing();
+    opened->controller->fields().commitEditing();
     opened->isAskedToRevert = true;
     const std::optional<RevertTo> answer = askToRevert(document);
     opened = find(document);

@@ -70,7 +70,7 @@ void DocumentController::failedSaveAlert(const Document& document, const std::st
 }
 
 void DocumentController::saveDocument(Document& document, const Done& done) {
-    find(document)->controller->commitEditing();
+    find(document)->controller->fields().commitEditing();
     if (document.fileName().empty())
         return saveDocumentAs(document, done);
     switch (askAboutFile(document, Before::Saving)) {
@@ -107,7 +107,7 @@ const Document* DocumentController::otherDocumentOfFile(const Document& document
 }
 
 void DocumentController::saveDocumentAs(Document& document, const Done& done) {
-    find(document)->controller->commitEditing();
+    find(document)->controller->fields().commitEditing();
     const Localization& texts = platform_.base.texts;
     const SavePanel panel{.message = texts.text("SaveDocument"),
                           .prompt = texts.text("Save"),
@@ -136,7 +136,7 @@ void DocumentController::saveDocumentAs(Document& document, const Done& done) {
 void DocumentController::browseVersions(Document& document) {
     if (document.fileName().empty())
         return;
-    find(document)->controller->commitEditing();
+    find(document)->controller->fields().commitEditing();
     const auto open = [this](const Ref<Bookmark>& root, const std::string& name) {
         return openUntitled(root, name) != nullptr;
     };

@@ -137,7 +137,7 @@ Document* ImportCommands::showImported(const ImportSource& source, Ref<Bookmark>
         // The question about its changes and the save panel use the same name as the window.
         const std::string title = platform_.base.texts.format("ImportedBookmarks", std::string(source.name));
         document->setDisplayName(title);
-        documents_.getViewController(*document)->setWindowTitle(title);
+        documents_.getViewController(*document)->window().setWindowTitle(title);
     }
     return document;
 }

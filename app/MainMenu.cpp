@@ -154,7 +154,7 @@ void completeFile(Menu& menu, const Source& source) {
 void completeSort(Menu& menu, const Source& source) {
     Menu descending = menu;
     for (MenuItem& item : descending.items)
-        item.tag = ViewController::kSortDescendingTag;
+        item.tag = SortCommands::kSortDescendingTag;
     menu.items.push_back(MenuItem::makeSeparator());
     menu.items.push_back(command(source.platform.base.texts, "MenuDescending", {}));
     setSubmenu(menu.items.back(), std::move(descending));
@@ -206,11 +206,12 @@ void completeWindow(Menu& menu, const Source& source) {
     if (!documents.empty())
         menu.items.push_back(MenuItem::makeSeparator());
     for (Document* document : documents)
-        menu.items.push_back(MenuItem{.title = source.documents.getViewController(*document)->windowTitle(),
-                                      .action = "makeKeyAndOrderFront:",
-                                      .representedObject = document,
-                                      .toolTip = decodeUtf8Leniently(document->fileName()),
-                                      .checked = document == source.documents.currentDocument()});
+        menu.items.push_back(
+            MenuItem{.title = source.documents.getViewController(*document)->window().windowTitle(),
+                     .action = "makeKeyAndOrderFront:",
+                     .representedObject = document,
+                     .toolTip = decodeUtf8Leniently(document->fileName()),
+                     .checked = document == source.documents.currentDocument()});
 }
 
 constexpr auto kMenus = std::to_array<Entry>({

@@ -49,14 +49,14 @@ void saveCopyHTML(const ViewController& controller, const Platform& platform) {
     const auto path = platform.folders.resolve("ExportHTMLBookmark");
     if (!path)
         return;
-    if (const Result<std::string> html = controller.exportToHTML())
+    if (const Result<std::string> html = controller.exporting().exportToHTML())
         (void)platform.files.writeFileAtomically(*path, *html);
 }
 
 void runSaveTasks(const ViewController& controller, const Platform& platform, VersionStore& versions) {
     const UserDefaults& defaults = platform.base.defaults;
     if (defaults.boolForKey("MakeBackups"))
-        makeBackup(controller.document(), platform, versions);
+        makeBackup(controller.outline().document(), platform, versions);
     if (defaults.boolForKey("SaveAsHTML"))
         saveCopyHTML(controller, platform);
 }

@@ -1,11 +1,10 @@
 #include "base/Text.h"
 
-#include "base/Memory.h"
-
 #include <unicode/utf8.h>
 
 #include <algorithm>
 #include <cstring>
+#include <new>
 
 namespace tabulon {
 namespace {
@@ -53,7 +52,7 @@ std::size_t wholeCharacters(std::string_view utf8, std::size_t limit) {
 
 } // namespace
 
-Text::Text(std::size_t size) : block_(static_cast<Block*>(allocateMemory(sizeof(Block) + size))) {
+Text::Text(std::size_t size) : block_(static_cast<Block*>(::operator new(sizeof(Block) + size))) {
     block_->references = 1;
     block_->size = static_cast<std::uint32_t>(size);
 }
@@ -76,7 +75,7 @@ Text Text::fromBytes(std::string_view bytes) {
 }
 
 void Text::destroy(Block* block) noexcept {
-    releaseMemory(block, sizeof(Block) + block->size);
+    ::operator delete(block, sizeof(Block) + block->size);
 }
 
 bool isAscii(std::string_view bytes) {

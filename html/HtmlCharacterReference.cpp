@@ -50,6 +50,12 @@ const Entity* entityNamed(std::string_view name) {
     return found != all.end() && found->name == name ? &*found : nullptr;
 }
 
+void appendCharacters(const Entity& entity, std::string& text) {
+    utf8::append(text, entity.first);
+    if (entity.second != 0)
+        utf8::append(text, entity.second);
+}
+
 } // namespace
 
 std::size_t readCharacterReference(std::string_view source, ReferencePlace place, std::string& text) {
@@ -63,18 +69,18 @@ std::size_t readCharacterReference(std::string_view source, ReferencePlace place
     const std::string_view name = source.substr(1, length);
     if (length + 1 < source.size() && source[length + 1] == ';') {
         if (const Entity* entity = entityNamed(name)) {
-            text += entity->text;
+            appendCharacters(*entity, text);
             return length + 2;
         }
     }
     for (length = std::min(length, kLongestWithoutSemicolon); length > 0; --length) {
-        const std::string_view shorter = name.substr(0, length);
-        if (!std::ranges::binary_search(entitiesWithoutSemicolon(), shorter))
+        const Entity* entity = entityNamed(name.substr(0, length));
+        if (!entity || !entity->isSemicolonOptional)
             continue;
         const char next = length + 1 < source.size() ? source[length + 1] : '\0';
         if (place == ReferencePlace::Attribute && (next == '=' || ascii::isAlphanumeric(next)))
             return 0;
-        text += entityNamed(shorter)->text;
+        appendCharacters(*entity, text);
         return length + 1;
     }
     return 0;

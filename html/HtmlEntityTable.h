@@ -1,5 +1,4 @@
-// The named character references of HTML: names and what they stand for, nothing else. Decoding is in
-// HtmlCharacterReference.h.
+// The named character references of HTML, as entities.txt lists them. HtmlCharacterReference.h decodes them.
 #pragma once
 
 #include <span>
@@ -10,14 +9,14 @@ namespace tabulon::html {
 struct Entity {
     /// Without "&" and ";".
     std::string_view name;
-    /// One or two characters, in UTF-8.
-    std::string_view text;
+    char32_t first;
+    /// 0 for a reference to one character.
+    char32_t second;
+    /// Whether the name counts without the semicolon too. No such name is longer than six bytes.
+    bool isSemicolonOptional;
 };
 
-/// All of them, sorted by the bytes of their names.
+/// Returns all entities, sorted by the bytes of their names.
 std::span<const Entity> entities();
-
-/// The names that count without the semicolon too, sorted. None is longer than six bytes.
-std::span<const std::string_view> entitiesWithoutSemicolon();
 
 } // namespace tabulon::html

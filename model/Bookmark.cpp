@@ -1,8 +1,9 @@
 // Construction, copying, comparison and codes. The tree operations are in Bookmark_tree.cpp.
 #include "model/Bookmark.h"
 
-#include "base/Memory.h"
 #include "model/Document.h"
+
+#include <new>
 
 namespace tabulon {
 
@@ -139,7 +140,7 @@ void Bookmark::handleShowHier(std::uint8_t byte) {
 void* Bookmark::operator new(std::size_t size) {
     // Nodes made one after the other mostly lie so: whoever reads a file has the eighth next one near by
     // then.
-    char* block = static_cast<char*>(allocateMemory(size));
+    char* block = static_cast<char*>(::operator new(size));
     const std::size_t ahead = 8 * size;
     __builtin_prefetch(block + ahead, 1);
     __builtin_prefetch(block + ahead + 64, 1);
@@ -147,7 +148,7 @@ void* Bookmark::operator new(std::size_t size) {
 }
 
 void Bookmark::operator delete(void* block, std::size_t size) noexcept {
-    releaseMemory(block, size);
+    ::operator delete(block, size);
 }
 
 Ref<Bookmark2> Bookmark2::init(Date now) {

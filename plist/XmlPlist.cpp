@@ -3,7 +3,8 @@
 #include "base/Date.h"
 #include "plist/PlistWriter.h"
 #include "plist/XmlEncoding.h"
-#include "plist/XmlParsing.h"
+
+#include <pugixml.hpp>
 
 #include <charconv>
 #include <chrono>
@@ -247,12 +248,11 @@ Result<std::string> binaryPlistFromXml(std::string_view xml, Progress* progress)
     Result<std::string> bytes = xmlForParser(xml);
     if (!bytes)
         return bytes;
-    pugi::xml_document document;
-    const XmlOutcome outcome =
-        parseXml(*bytes, pugi::parse_default | pugi::parse_ws_pcdata_single, document, progress);
-    if (outcome == XmlOutcome::Cancelled)
+    if (progress && !progress->goOn(0))
         return cancelledByUser();
-    if (outcome == XmlOutcome::Damaged || refersToZero(xml))
+    pugi::xml_document document;
+    constexpr unsigned kFlags = pugi::parse_default | pugi::parse_ws_pcdata_single;
+    if (!document.load_buffer_inplace(bytes->data(), bytes->size(), kFlags) || refersToZero(xml))
         return failure(xml.find("<plist") == std::string_view::npos ? "The file is not a property list."
                                                                     : "The file is not well-formed XML.");
     const pugi::xml_node plist = document.child("plist");

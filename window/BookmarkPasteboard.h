@@ -1,5 +1,5 @@
 // Bookmarks and pasteboard items: what is put on a pasteboard for a node, and which node an item becomes.
-// Pure rules; the commands around them are ViewController's.
+// Pure rules; the commands around them are in ClipboardCommands and OutlineDragging.
 #pragma once
 
 #include "base/SystemLog.h"

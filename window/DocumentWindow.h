@@ -11,7 +11,6 @@ namespace tabulon {
 
 class GetInfoController;
 class MoveDeleteController;
-class ViewController;
 
 /// Texts are UTF-8. Destroying the object closes the window without a question.
 class DocumentWindow {

@@ -10,7 +10,7 @@
 namespace tabulon {
 
 class Bookmark;
-class ViewController;
+class Outline;
 
 enum class DragOperation {
     None,
@@ -36,7 +36,7 @@ struct DropSpot {
 
 struct DragInfo {
     /// Whose outline the drag began in; null when that was no outline of this program.
-    const ViewController* source;
+    const Outline* source;
     /// Whether the key is held that makes a copy of a move.
     bool copies;
     /// What is dragged, as long as the drag lasts.

@@ -1,17 +1,13 @@
 #include "window/FindBar.h"
 
 #include "base/Lines.h"
-#include "window/ViewController.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace tabulon {
 namespace {
 
 constexpr std::string_view kRecentsKey = "RecentSearches";
-constexpr std::size_t kPortion = 20'000; // nodes that are searched in a few milliseconds
-constexpr double kEditingPause = 0.25;   // seconds
 
 } // namespace
 
@@ -24,38 +20,19 @@ void FindBarController::showFindView() {
 void FindBarController::hideFindView() {
     if (!bar_->isFindBarShown())
         return platform_.beeper.beep();
-    search_.reset();
+    finding_.cancelSearch();
     bar_->setFindBarShown(false);
 }
 
 void FindBarController::doSearch(const std::string& text) {
-    search_.reset();
+    finding_.cancelSearch();
     bar_->setMatchesLabel("");
-    if (text.empty())
-        return;
-    outline_.beginFinding(text);
-    goOn(kPortion);
+    if (!text.empty())
+        finding_.search(text);
 }
 
-void FindBarController::goOn(std::size_t nodes) {
-    if (const std::optional<std::size_t> count = outline_.goOnFinding(nodes)) {
-        search_.reset();
-        bar_->setMatchesLabel(platform_.base.texts.format("%d matches", *count));
-    } else {
-        goOnAfter(0);
-    }
-}
-
-// A match that is selected would end the editing of another cell.
-void FindBarController::goOnAfter(double seconds) {
-    search_ = platform_.timers.after(
-        seconds, [this] { outline_.isEditing() ? goOnAfter(kEditingPause) : goOn(kPortion); });
-}
-
-void FindBarController::findNext() {
-    if (search_)
-        goOn(std::numeric_limits<std::size_t>::max());
-    outline_.findNext();
+void FindBarController::searchDidEnd(std::size_t count) {
+    bar_->setMatchesLabel(platform_.base.texts.format("%d matches", count));
 }
 
 void FindBarController::controlTextDidBeginEditing() {

@@ -3,14 +3,12 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "window/Finding.h"
 
-#include <memory>
 #include <string>
 #include <vector>
 
 namespace tabulon {
-
-class ViewController;
 
 /// Texts are UTF-8.
 class FindBar {
@@ -29,11 +27,12 @@ public:
 };
 
 /// Recent searches are kept from run to run.
-class FindBarController {
+class FindBarController : private FindObserver {
 public:
     /// What is handed in must live longer.
-    FindBarController(ViewController& outline, const Platform& platform)
-        : outline_(outline), platform_(platform) {}
+    FindBarController(Finding& finding, const Platform& platform) : finding_(finding), platform_(platform) {
+        finding_.addObserver(*this);
+    }
 
     /// The window's bar; before anything else is called.
     void setFindBar(FindBar* bar) { bar_ = bar; }
@@ -46,8 +45,6 @@ public:
     /// that. In a large document it returns before, and goes on while the main loop is idle: the user may
     /// type on meanwhile. While a cell is edited the search waits.
     void doSearch(const std::string& text);
-    /// A search that still goes on comes to its end before.
-    void findNext();
     /// The user begins to type.
     void controlTextDidBeginEditing();
 
@@ -60,13 +57,11 @@ public:
     static constexpr std::size_t kMostRecents = 10;
 
 private:
-    void goOn(std::size_t nodes);
-    void goOnAfter(double seconds);
+    void searchDidEnd(std::size_t count) override;
 
-    ViewController& outline_;
+    Finding& finding_;
     const Platform platform_;
     FindBar* bar_ = nullptr;
-    std::unique_ptr<Timer> search_; ///< the next portion of a search
 };
 
 } // namespace tabulon

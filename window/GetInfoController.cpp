@@ -1,7 +1,8 @@
 #include "window/GetInfoController.h"
 
 #include "model/TreeWalk.h"
-#include "window/ViewController.h"
+#include "window/Finding.h"
+#include "window/Outline.h"
 
 #include <algorithm>
 #include <functional>
@@ -152,7 +153,7 @@ void GetInfoController::step(Bookmark* target) {
 }
 
 bool GetInfoController::canFindNext() const {
-    return outline_ && !outline_->searchString().empty();
+    return outline_ && !finding_.searchString().empty();
 }
 
 // What is found in tags or note comes here by itself.
@@ -160,8 +161,8 @@ void GetInfoController::findNext() {
     doneBookmark();
     if (!outline_)
         return;
-    outline_->findBar().findNext();
-    Bookmark* found = outline_->foundBookmark();
+    finding_.findNext();
+    Bookmark* found = finding_.foundBookmark();
     if (found && found != original_.get() && found->getParent())
         editBookmark(*found);
 }
@@ -246,7 +247,9 @@ void GetInfoController::saveBookmark() {
     duplicate_->setItemDateModified(Date::now(platform_.base.clock));
     const bool newURL = !(duplicate_->itemURL() == original_->itemURL());
     original_->setWithBookmark(*duplicate_);
-    outline_->infoDidChange(*original_, newURL);
+    if (newURL)
+        outline_->currentRowDidChange();
+    outline_->itemDidChange(*original_);
 }
 
 void GetInfoController::updateButtons() {

@@ -11,7 +11,8 @@
 
 namespace tabulon {
 
-class ViewController;
+class Finding;
+class Outline;
 
 /// The four ways out of an item.
 struct InfoButtons {
@@ -47,9 +48,9 @@ public:
 
 class GetInfoController {
 public:
-    /// The outline's controller must live longer, or `outlineIsGone` is called.
-    GetInfoController(ViewController& outline, const Platform& platform)
-        : outline_(&outline), platform_(platform) {}
+    /// The outline and its search must live longer, or `outlineIsGone` is called.
+    GetInfoController(Outline& outline, Finding& finding, const Platform& platform)
+        : outline_(&outline), finding_(finding), platform_(platform) {}
 
     void outlineIsGone() { outline_ = nullptr; }
 
@@ -125,7 +126,8 @@ private:
     void step(Bookmark* target);
     void updateButtons();
 
-    ViewController* outline_;
+    Outline* outline_; ///< null when the window is gone
+    Finding& finding_;
     const Platform platform_;
     InfoPanel* panel_ = nullptr;
     Ref<Bookmark> original_;

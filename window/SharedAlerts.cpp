@@ -40,6 +40,27 @@ void noURLs(const Platform& platform) {
         Alert{.message = texts.text("EmptyScan"), .informative = texts.text("NoURLs"), .buttons = {{"OK"}}});
 }
 
+namespace {
+
+void selectionAlert(const Platform& platform, const char* informativeKey, const Document& document) {
+    const Localization& texts = platform.base.texts;
+    platform.alerts.runModal(Alert{.style = AlertStyle::Warning,
+                                   .message = texts.text("NoSelection"),
+                                   .informative = texts.text(informativeKey),
+                                   .buttons = {{"OK"}},
+                                   .document = &document});
+}
+
+} // namespace
+
+void noSelection(const Platform& platform, const Document& document) {
+    selectionAlert(platform, "PleaseSelect", document);
+}
+
+void noSelectedFolder(const Platform& platform, const Document& document) {
+    selectionAlert(platform, "PleaseSelectFolder", document);
+}
+
 void fileErrorAlert(const Platform& platform, std::string_view key, const std::string& path,
                     const Error& error, const Document* document) {
     if (isCancelledByUser(error))

@@ -29,6 +29,11 @@ void detailedErrorAlert(const Platform& platform, long code, const std::string& 
 /// Tells that a scan found nothing.
 void noURLs(const Platform& platform);
 
+/// Asks the user to select something, or a folder, before choosing the command again, in a sheet of the
+/// document's window.
+void noSelection(const Platform& platform, const Document& document);
+void noSelectedFolder(const Platform& platform, const Document& document);
+
 /// Tells that the work with the file at `path` failed: the text of `key`, a format for the file's name, and
 /// the error's sentence. An error with a title of its own is shown under that. Shows nothing for an error
 /// that says "cancelled by the user". `document`, if there is one, gets the alert as its sheet.

@@ -1,11 +1,19 @@
 #include "window/StatusLine.h"
 
+#include "model/TreeWalk.h"
+#include "window/DocumentWindow.h"
+#include "window/Outline.h"
 #include "window/ShownAddress.h"
-#include "window/ViewController.h"
 
 #include <utility>
 
 namespace tabulon {
+
+StatusLine::StatusLine(Outline& outline, const Platform& platform) : outline_(outline), platform_(platform) {
+    outline_.addRowObserver(*this);
+    outline_.addSelectionObserver(*this);
+    outline_.addPointerObserver(*this);
+}
 
 void StatusLine::show(std::string text) {
     isStale_ = false;
@@ -43,6 +51,7 @@ void StatusLine::performAction() {
     }
 }
 
+// Shows nothing for a folder. Once the item has no row any more the line shows the status, else the counts.
 void StatusLine::showAddress(Bookmark& item) {
     spokenOf_ = Ref<Bookmark>(&item);
     show(item.isFolder() ? std::string() : shownAddressLine(item.itemURL()).string());
@@ -50,20 +59,68 @@ void StatusLine::showAddress(Bookmark& item) {
 
 void StatusLine::showCounts() {
     spokenOf_ = nullptr;
-    show(outline_.countsText());
+    show(countsText());
 }
 
-void StatusLine::fallBack() {
+StatusLine::Counts StatusLine::countNodes() const {
+    Counts counts;
+    walkBelow(outline_.getMaster(), [&](const Bookmark& item) {
+        if (item.isFolder())
+            ++counts.folders;
+        else if (!item.isSeparator())
+            ++counts.bookmarks;
+        return item.isFolder();
+    });
+    return counts;
+}
+
+std::string StatusLine::countsText() {
+    if (!counts_)
+        counts_ = countNodes();
+    const Localization& texts = platform_.base.texts;
+    return texts.format("%d bookmarks", counts_->bookmarks) + " " + texts.text("in") + " " +
+           texts.format("%d folders", counts_->folders);
+}
+
+// The pointer is over no row: the status, else the current row's address, else the counts.
+void StatusLine::pointerDidLeave() {
     if (!status_.empty()) {
         spokenOf_ = nullptr;
         return show(status_);
     }
-    if (const auto row = window_->outline().selectedRow())
+    if (const auto row = outline_.view().selectedRow())
         return showAddress(outline_.itemAtRow(*row));
     showCounts();
 }
 
+void StatusLine::pointerIsOver(std::optional<std::size_t> row) {
+    row ? showAddress(outline_.itemAtRow(*row)) : showCounts();
+}
+
+void StatusLine::selectionDidChange(SelectedBy) {
+    currentRowDidChange();
+}
+
+void StatusLine::currentRowDidChange() {
+    if (const auto row = outline_.view().selectedRow())
+        showAddress(outline_.itemAtRow(*row));
+}
+
+void StatusLine::masterDidChange() {
+    counts_.reset();
+    if (!window_)
+        return;
+    statusIsOutOfDate();
+    showCounts();
+}
+
 void StatusLine::treeDidChange() {
+    counts_.reset();
+    statusIsOutOfDate();
+}
+
+// The line changes a moment later, once for many changes.
+void StatusLine::statusIsOutOfDate() {
     if (status_.empty())
         return;
     forgetStatus();
@@ -72,7 +129,7 @@ void StatusLine::treeDidChange() {
 
 void StatusLine::documentDidSave() {
     if (endsWithSave_)
-        treeDidChange();
+        statusIsOutOfDate();
 }
 
 void StatusLine::forgetStatus() {
@@ -84,6 +141,7 @@ void StatusLine::forgetStatus() {
     window_->setURLFieldAction({}, {});
 }
 
+// The row that the line speaks of may be among them.
 void StatusLine::rowsWillChange() {
     if (spokenOf_)
         refreshSoon();
@@ -98,7 +156,7 @@ void StatusLine::refresh() {
     refresh_.reset();
     const bool isGone = spokenOf_ && !outline_.rowForItem(*spokenOf_);
     if (isStale_ || (isGone && !status_.empty()))
-        fallBack();
+        pointerDidLeave();
     else if (isGone)
         showCounts();
 }

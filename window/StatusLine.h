@@ -4,7 +4,9 @@
 
 #include "model/Bookmark.h"
 #include "platform/Platform.h"
+#include "window/OutlineObservers.h"
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -13,14 +15,14 @@
 namespace tabulon {
 
 class DocumentWindow;
-class ViewController;
+class Outline;
 
-class StatusLine {
+class StatusLine : private RowObserver, private SelectionObserver, private PointerObserver {
 public:
     using Action = std::function<void()>;
 
     /// Both must live longer.
-    StatusLine(ViewController& outline, const Platform& platform) : outline_(outline), platform_(platform) {}
+    StatusLine(Outline& outline, const Platform& platform);
 
     /// The window that shows the line; before anything else is called.
     void setWindow(DocumentWindow* window) { window_ = window; }
@@ -36,28 +38,35 @@ public:
     /// The user has pressed the button: the status is gone, then the action runs.
     void performAction();
 
-    /// The item's address; nothing for a folder. Once the item has no row any more the line shows the status,
-    /// else the counts.
-    void showAddress(Bookmark& item);
+    /// Shows "3 bookmarks in 2 folders" for the whole document.
     void showCounts();
-    /// What it shows when the pointer is over no row: the status, else the current row's address,
-    /// else the counts.
-    void fallBack();
-
-    /// The status is out of date. The line changes a moment later, once for many changes.
-    void treeDidChange();
+    std::string countsText();
     /// The document is as it was saved.
     void documentDidSave();
-    /// Rows come or go; the row that the line speaks of may be among them.
-    void rowsWillChange();
 
 private:
+    struct Counts {
+        std::size_t bookmarks = 0;
+        std::size_t folders = 0;
+    };
+
+    void rowsWillChange() override;
+    void treeDidChange() override;
+    void masterDidChange() override;
+    void selectionDidChange(SelectedBy cause) override;
+    void currentRowDidChange() override;
+    void pointerIsOver(std::optional<std::size_t> row) override;
+    void pointerDidLeave() override;
+
+    void showAddress(Bookmark& item);
+    Counts countNodes() const;
+    void statusIsOutOfDate();
     void show(std::string text);
     void forgetStatus();
     void refreshSoon();
     void refresh();
 
-    ViewController& outline_;
+    Outline& outline_;
     const Platform platform_;
     DocumentWindow* window_ = nullptr;
     std::string text_;
@@ -65,7 +74,8 @@ private:
     Action action_;
     std::string actionTitle_;
     bool endsWithSave_ = false;
-    bool isStale_ = false; ///< what is shown is a status that is out of date
+    bool isStale_ = false;         ///< what is shown is a status that is out of date
+    std::optional<Counts> counts_; ///< of the tree as it is
     Ref<Bookmark> spokenOf_;
     std::unique_ptr<Timer> refresh_;
 };

@@ -1,217 +1,49 @@
-// Construction, the window, rows and the alerts that commands share.
 #include "window/ViewController.h"
 
-#include "window/GetInfoController.h"
-
-#include <algorithm>
-#include <array>
-#include <compare>
+#include "window/DocumentWindow.h"
 
 namespace tabulon {
 
 ViewController::ViewController(Document& document, const Platform& platform, SharedState& shared)
-    : document_(document), platform_(platform), shared_(shared) {
-    addActions();
-    rows_.show(Ref<Bookmark>(&getMaster()));
-    document_.setPresenter(this);
+    : platform_(platform), collation_(platform.base.texts.locale()),
+      outline_(document, platform.base.defaults), finding_(outline_, platform, shared.findPhases, collation_),
+      window_(outline_, finding_, platform, actions_), statusLine_(outline_, platform),
+      cells_(outline_, platform.base), table_(outline_, window_, platform, shared.findPhases, actions_),
+      fields_(outline_, window_, platform, actions_), expanding_(outline_, fields_, platform, actions_),
+      editing_(outline_, fields_, statusLine_, platform, actions_), items_(platform, shared),
+      clipboard_(outline_, editing_, items_, platform, actions_),
+      dragging_(outline_, fields_, items_, platform, shared.records), baskets_(outline_, platform.base),
+      marks_({outline_, editing_, baskets_, statusLine_, window_}, platform, shared, actions_),
+      sorting_(outline_, fields_, collation_, platform, actions_), exporting_(outline_, platform, actions_) {
+    document.setPresenter(this);
 }
 
 ViewController::~ViewController() {
-    if (info_)
-        info_->outlineIsGone();
-    document_.setPresenter(nullptr);
-}
-
-void ViewController::addActions() {
-    actions_.setWillPerform([this] { commitEditing(); });
-    actions_.add("expandFolder:", [this](const MenuItem&) { expandFolder(); });
-    actions_.add("expandFolderPlus:", [this](const MenuItem&) { expandFolderPlus(); });
-    actions_.add("collapseFolder:", [this](const MenuItem&) { collapseFolder(); });
-    actions_.add("collapseFolderPlus:", [this](const MenuItem&) { collapseFolderPlus(); });
-    actions_.add("expandAll:", [this](const MenuItem&) { expandAll(); });
-    actions_.add("collapseAll:", [this](const MenuItem&) { collapseAll(); });
-    actions_.add("exportText:", [this](const MenuItem&) { exportText(); });
-    actions_.add(
-        "saveBookmark:", [this](const MenuItem&) { saveBookmark(); },
-        [this](const MenuItem&) { return outline().selectedRow().has_value(); });
-    actions_.add(
-        "selectAll:", [this](const MenuItem&) { outline().selectAll(); },
-        [this](const MenuItem&) { return rows_.size() > 0; });
-    actions_.add("zoomIn:", [this](const MenuItem&) { zoomIn(); });
-    actions_.add("zoomOut:", [this](const MenuItem&) { zoomOut(); });
-    addEditingActions();
-    addMarkActions();
-    addSortActions();
-    addFindActions();
-}
-
-void ViewController::addEditingActions() {
-    const auto selected = [this](const MenuItem&) { return hasSelection(); };
-    const auto oneFolder = [this](const MenuItem&) { return hasOneSelectedFolder(); };
-    actions_.add("newBookmark:", [this](const MenuItem&) { newBookmark(); });
-    actions_.add("newFolder:", [this](const MenuItem&) { newFolder(); });
-    actions_.add(
-        "addBookmark:", [this](const MenuItem&) { addBookmark(); }, oneFolder);
-    actions_.add("insertSeparator:", [this](const MenuItem&) { insertSeparator(); });
-    actions_.add(
-        "editBookmark:", [this](const MenuItem&) { editBookmark(); }, selected);
-    actions_.add(
-        "delete:", [this](const MenuItem&) { deleteSelection(); }, selected);
-    actions_.add("cut:", [this](const MenuItem&) { cut(); });
-    actions_.add("copy:", [this](const MenuItem&) { copyEditMenu(); });
-    actions_.add("paste:", [this](const MenuItem&) { pasteEditMenu(); });
-    actions_.add("moveUp:", [this](const MenuItem&) { moveUp(); });
-    actions_.add("moveDown:", [this](const MenuItem&) { moveDown(); });
-    actions_.add(
-        "labelBookmark:",
-        [this](const MenuItem& sender) { labelBookmark(static_cast<std::uint8_t>(sender.tag)); }, selected);
-}
-
-void ViewController::addMarkActions() {
-    actions_.add("showMarks:", [this](const MenuItem&) { showMarks(); });
-    actions_.add("findDuplicates:", [this](const MenuItem&) { findDuplicates(); });
-    actions_.add("clearMarks:", [this](const MenuItem&) { clearMarks(); });
-    actions_.add("deleteDuplicatesCommand:", [this](const MenuItem&) { deleteDuplicatesCommand(); });
-    actions_.add("moveDeleteSheet:", [this](const MenuItem&) { moveDeleteSheet(); });
-    actions_.add("legendaSheet:", [this](const MenuItem&) { legendaSheet(); });
-}
-
-void ViewController::addSortActions() {
-    static constexpr std::array kActions = {
-        "sortByName:",      "sortByURL:",          "sortByTags:",
-        "sortByDateAdded:", "sortByDateModified:", "sortByDateLastOpened:"};
-    for (std::size_t index = 0; index < kActions.size(); ++index)
-        actions_.add(
-            kActions[index],
-            [this, index](const MenuItem& sender) {
-                const bool descending = sender.tag == kSortDescendingTag || platform_.keyboard.isOptionDown();
-                sortByIndexAscending(static_cast<int>(index), !descending);
-            },
-            [this](const MenuItem&) { return hasOneSelectedFolder(); });
-}
-
-void ViewController::addFindActions() {
-    actions_.add(
-        "getInfo:", [this](const MenuItem&) { getInfo(); },
-        [this](const MenuItem&) { return hasSelection(); });
-    for (const char* action : {"showFindView:", "performFindPanelAction:"})
-        actions_.add(action, [this](const MenuItem&) {
-            autoEdit_.reset(); // what is typed from now on is meant for the search field
-            findBar_.showFindView();
-        });
-    actions_.add("hideFindView:", [this](const MenuItem&) { findBar_.hideFindView(); });
-    actions_.add(
-        "findNext:", [this](const MenuItem&) { findBar_.findNext(); },
-        [this](const MenuItem&) { return !searchString().empty(); });
+    outline_.document().setPresenter(nullptr);
 }
 
 void ViewController::setWindow(DocumentWindow* window) {
-    window_ = window;
-    findBar_.setFindBar(&window->findBar());
+    outline_.setView(&window->outline());
     statusLine_.setWindow(window);
-    viewDidLoad();
-    documentStateChanged();
-    window_->showEmptyState(rows_.size() == 0);
+    window_.setWindow(window);
+    table_.viewDidLoad();
+    sorting_.viewDidLoad();
     statusLine_.showCounts();
 }
 
 void ViewController::setMaster(Bookmark& master) {
-    counts_.reset();
-    forgetRowsUnderPointer();
-    if (window_)
-        outline().willReloadData();
-    rows_.show(Ref<Bookmark>(&master));
-    if (!window_)
-        return;
-    outline().didReloadData();
-    window_->showEmptyState(rows_.size() == 0);
-    statusLine_.treeDidChange();
-    statusLine_.showCounts();
-    nodesDidLeave();
+    outline_.setMaster(master);
 }
 
 void ViewController::documentStateChanged() {
-    if (!document_.fileName().empty())
-        windowTitle_.clear();
-    if (!window_)
-        return;
-    window_->setTitle(windowTitle(), document_.fileName(), document_.isDocumentEdited());
-    if (!document_.isDocumentEdited())
+    window_.documentStateChanged();
+    if (!outline_.document().isDocumentEdited())
         statusLine_.documentDidSave();
 }
 
-std::string ViewController::windowTitle() const {
-    return windowTitle_.empty() ? document_.displayName() : windowTitle_;
-}
-
-void ViewController::setWindowTitle(std::string title) {
-    windowTitle_ = std::move(title);
-    documentStateChanged();
-}
-
-int ViewController::levelForRow(std::size_t row) const {
-    int level = -1;
-    for (const Bookmark* node = rows_.at(row).getParent(); node && level < kDeepestIndent;
-         node = node->getParent())
-        ++level;
-    return std::max(level, 0);
-}
-
-namespace {
-
-// The first `count` characters of UTF-8 text, or all of it.
-std::string_view firstCharacters(std::string_view text, std::size_t count) {
-    std::size_t end = 0;
-    while (end < text.size()) {
-        const bool startsCharacter = (static_cast<unsigned char>(text[end]) & 0xC0) != 0x80;
-        if (startsCharacter && count-- == 0)
-            break;
-        ++end;
-    }
-    return text.substr(0, end);
-}
-
-std::size_t characterCount(std::string_view text) {
-    return static_cast<std::size_t>(std::ranges::count_if(
-        text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }));
-}
-
-} // namespace
-
-std::optional<std::size_t> ViewController::rowWithPrefix(const std::string& prefix, std::size_t start) const {
-    const std::size_t length = characterCount(prefix);
-    for (std::size_t step = 0; step < rows_.size(); ++step) {
-        const std::size_t row = (start + step) % rows_.size();
-        const std::string_view name = firstCharacters(rows_.at(row).itemName().view(), length);
-        if (!name.empty() && std::is_eq(collation_.compareIgnoringCase(name, prefix)))
-            return row;
-    }
-    return std::nullopt;
-}
-
-void ViewController::selectionAlert(const char* informativeKey) {
-    const Localization& texts = platform_.base.texts;
-    platform_.alerts.runModal(Alert{.style = AlertStyle::Warning,
-                                    .message = texts.text("NoSelection"),
-                                    .informative = texts.text(informativeKey),
-                                    .buttons = {{"OK"}},
-                                    .document = &document_});
-}
-
-void ViewController::noSelection() {
-    selectionAlert("PleaseSelect");
-}
-
-void ViewController::noSelectedFolder() {
-    selectionAlert("PleaseSelectFolder");
-}
-
-void ViewController::makeDirty() {
-    counts_.reset();
-    statusLine_.treeDidChange();
-    if (info_)
-        info_->nodesDidChange();
-    document_.updateChangeCount(ChangeKind::Done);
+void ViewController::finishEditing() {
+    fields_.commitEditing();
+    window_.dismissInfo();
 }
 
 } // namespace tabulon

@@ -2,12 +2,11 @@
 // every scalar is checked here.
 #include "formats/import/JsonSteps.h"
 
-#include "base/Memory.h"
 #include "base/Text.h"
 
 #include <algorithm>
 #include <cstring>
-
+#include <new>
 namespace tabulon {
 namespace {
 
@@ -68,14 +67,14 @@ JsonSteps::JsonSteps(std::string_view bytes) {
     bytes = withoutByteOrderMark(bytes);
     size_ = bytes.size();
     allocated_ = size_ + simdjson::SIMDJSON_PADDING;
-    bytes_ = static_cast<char*>(allocateMemory(allocated_));
+    bytes_ = static_cast<char*>(::operator new(allocated_));
     std::memcpy(bytes_, bytes.data(), size_);
     std::memset(bytes_ + size_, 0, simdjson::SIMDJSON_PADDING);
     nextEscape_ = bytes_;
 }
 
 JsonSteps::~JsonSteps() {
-    releaseMemory(bytes_, allocated_);
+    ::operator delete(bytes_, allocated_);
 }
 
 JsonSteps::Step JsonSteps::next() {

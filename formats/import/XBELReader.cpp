@@ -2,7 +2,8 @@
 
 #include "formats/import/XBELDates.h"
 #include "plist/XmlEncoding.h"
-#include "plist/XmlParsing.h"
+
+#include <pugixml.hpp>
 
 #include <string>
 #include <vector>
@@ -144,11 +145,10 @@ Result<Ref<Bookmark>> readXBEL(std::string_view bytes, const ReadOptions& option
     if (!buffer)
         return tl::unexpected(buffer.error());
     replaceZeros(*buffer);
-    pugi::xml_document document;
-    const XmlOutcome outcome = parseXml(*buffer, kParseFlags, document, options.progress);
-    if (outcome == XmlOutcome::Cancelled)
+    if (options.progress && !options.progress->goOn(0))
         return cancelledByUser();
-    if (outcome == XmlOutcome::Damaged || refersToZero(bytes))
+    pugi::xml_document document;
+    if (!document.load_buffer_inplace(buffer->data(), buffer->size(), kParseFlags) || refersToZero(bytes))
         return failure("The file is damaged, or it is no XML.");
     const xml_node start = document.first_child().next_sibling();
     if (!start)

@@ -342,7 +342,7 @@ TEST_F(AutosaveTest, FailureWaitsForTheEndOfAnAlertOfTheRows) {
             timers.advance(kPause);
         EXPECT_EQ(shown, 1) << "one came up over another";
     };
-    documents().getViewController(document)->noSelection();
+    documents().getViewController(document)->editing().deleteSelection();
     alerts.whileShown = nullptr;
     EXPECT_EQ(alerts.shown.size(), 1u);
     timers.advance(kPause);
@@ -355,7 +355,7 @@ TEST_F(AutosaveTest, ConflictWaitsForTheEndOfAnAlertOfTheRows) {
     files.files[kPath] = documentBytes("theirs, and longer");
     change(document);
     alerts.whileShown = [&] { timers.advance(kPause); };
-    documents().getViewController(document)->noSelection();
+    documents().getViewController(document)->editing().deleteSelection();
     alerts.whileShown = nullptr;
     EXPECT_EQ(alerts.shown.size(), 1u);
     alerts.answer("Cancel");
@@ -368,7 +368,7 @@ TEST_F(AutosaveTest, DamagedCopyIsToldAndPutAside) {
     files.files["/state/unsaved/run-0/1 Untitled.tbln"] = "bplist00 and then nothing";
     app.applicationDidFinishLaunching({});
     ASSERT_EQ(alerts.shown.size(), 1u);
-    EXPECT_NE(alerts.shown[0].message.find("1 Untitled.tbln.damaged"), std::string::npos);
+    EXPECT_NE(alerts.shown[0].informative.find("1 Untitled.tbln.damaged"), std::string::npos);
     EXPECT_TRUE(files.fileExists("/state/unsaved/run-0/1 Untitled.tbln.damaged"));
     EXPECT_FALSE(files.fileExists("/state/unsaved/run-0/1 Untitled.tbln"));
 }

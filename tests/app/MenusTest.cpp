@@ -24,7 +24,7 @@ TEST_F(MenusTest, EveryItemHasATitleAndWorks) {
     app.applicationDidFinishLaunching({"/home/a.tbln"});
     onlyDocument()->updateChangeCount(ChangeKind::Done);
     windowOf(*onlyDocument()).outlineView.selectAll();
-    documents().getViewController(*onlyDocument())->setSearchString("a");
+    documents().getViewController(*onlyDocument())->finding().setSearchString("a");
     for (const MenuItem& item : menuItems()) {
         if (item.separator)
             continue;
@@ -116,7 +116,7 @@ TEST_F(MenusTest, SortHasEveryKeyAndASubmenuForTheOtherDirection) {
         if (item.action.starts_with("sortBy"))
             tags[item.action].push_back(item.tag);
     }
-    const std::vector<int> both = {0, ViewController::kSortDescendingTag};
+    const std::vector<int> both = {0, SortCommands::kSortDescendingTag};
     EXPECT_EQ(tags, (std::map<std::string, std::vector<int>>{{"sortByName:", both},
                                                              {"sortByURL:", both},
                                                              {"sortByTags:", both},
@@ -188,7 +188,7 @@ TEST_F(MenusTest, WindowMenuListsTheOpenDocumentsWithACheckMarkAtTheCurrentOne) 
     files.files["/home/a.tbln"] = documentBytes("a");
     app.applicationDidFinishLaunching({"/home/a.tbln"});
     documents().newMasterDocument(Bookmark::init(base.now()));
-    documents().getViewController(*documents().currentDocument())->setWindowTitle("Imported");
+    documents().getViewController(*documents().currentDocument())->window().setWindowTitle("Imported");
     Menu menu = windowMenu();
     ASSERT_EQ(menu.items.size(), 4u) << "the command, a separator, two documents";
     EXPECT_EQ(menu.items[2].title, "a");

@@ -166,10 +166,10 @@ TEST_F(VersionsTest, versionsAreComparedWithTheDocumentOneAfterTheOther) {
     saveAs("third");
     browse();
     EXPECT_EQ(controller->chosen(), 0u);
-    EXPECT_EQ(controller->countsText(0), "1 changed");
-    EXPECT_EQ(controller->countsText(1), "");
+    EXPECT_EQ(controller->statusLine().countsText(0), "1 changed");
+    EXPECT_EQ(controller->statusLine().countsText(1), "");
     timers.advance(0.1);
-    EXPECT_EQ(controller->countsText(1), controller->countsText(0));
+    EXPECT_EQ(controller->statusLine().countsText(1), controller->statusLine().countsText(0));
 }
 
 TEST_F(VersionsTest, aVersionOpensAsAnUntitledChangedDocument) {
@@ -192,7 +192,7 @@ TEST_F(VersionsTest, theWholeVersionIsPutBackAsOneChange) {
     controller->putBackAll();
     EXPECT_EQ(onlyLink().itemName(), Text("first"));
     EXPECT_EQ(document().changeCount(), 1);
-    EXPECT_EQ(&onlyLink(), &documents().getViewController(document())->itemAtRow(0));
+    EXPECT_EQ(&onlyLink(), &documents().getViewController(document())->outline().itemAtRow(0));
     EXPECT_EQ(panel.dismissals, 1);
 }
 
@@ -204,7 +204,7 @@ TEST_F(VersionsTest, chosenItemsArePutBackAsOneChange) {
     document().updateUI();
     saveAs("second");
     browse();
-    EXPECT_EQ(controller->countsText(0), "1 added, 1 removed");
+    EXPECT_EQ(controller->statusLine().countsText(0), "1 added, 1 removed");
     ASSERT_EQ(controller->differences().size(), 2u);
     EXPECT_TRUE(VersionsController::canPutBack(controller->differences()[0]));
     EXPECT_FALSE(VersionsController::canPutBack(controller->differences()[1])) << "what was added";
@@ -212,7 +212,7 @@ TEST_F(VersionsTest, chosenItemsArePutBackAsOneChange) {
     EXPECT_EQ(document().getMaster().getChildren()->size(), 2u);
     EXPECT_EQ(onlyLink().itemName(), Text("first"));
     EXPECT_EQ(document().changeCount(), 1);
-    EXPECT_EQ(documents().getViewController(document())->numberOfRows(), 2u);
+    EXPECT_EQ(documents().getViewController(document())->outline().numberOfRows(), 2u);
 }
 
 TEST_F(VersionsTest, whatIsNotSavedYetIsAVersionBeforeAnythingIsPutBack) {
@@ -272,7 +272,7 @@ TEST_F(VersionsTest, aDamagedVersionSaysSoAndTheOthersAreThere) {
     saveAs("third");
     files.files[documents().versions().versionsOf(kPath)[0].path] = "damaged";
     browse();
-    EXPECT_EQ(controller->countsText(0), "Cannot be read");
+    EXPECT_EQ(controller->statusLine().countsText(0), "Cannot be read");
     EXPECT_FALSE(controller->canOpen());
     controller->putBackAll();
     EXPECT_EQ(onlyLink().itemName(), Text("third"));

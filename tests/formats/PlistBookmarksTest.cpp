@@ -454,7 +454,6 @@ TEST_F(PlistBookmarks, aLongFileOfEitherFormCanBeCancelledAtAnyTime) {
         ASSERT_TRUE(readSafariBookmarks(file, {fakes.services(), &whole}));
         EXPECT_TRUE(std::ranges::is_sorted(whole.fractions));
         EXPECT_LE(whole.fractions.back(), 1);
-        EXPECT_EQ(std::ranges::count(whole.fractions, 0) > 50, file == xml) << "while parsing";
         for (std::size_t call = 1; call <= whole.fractions.size(); call += 11) {
             test::CountingProgress progress(call);
             const auto tree = readSafariBookmarks(file, {fakes.services(), &progress});

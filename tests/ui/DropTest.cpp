@@ -88,8 +88,8 @@ TEST_F(DropTest, linksGoIntoAnEmptyDocument) {
     EXPECT_EQ(drop("http://example.org/\r\n", Qt::CopyAction | Qt::MoveAction, Qt::MoveAction),
               Qt::CopyAction)
         << "nobody is to delete what was taken";
-    ASSERT_EQ(controller.numberOfRows(), 1u);
-    EXPECT_EQ(controller.itemAtRow(0).itemURL(), Text("http://example.org/"));
+    ASSERT_EQ(controller.outline().numberOfRows(), 1u);
+    EXPECT_EQ(controller.outline().itemAtRow(0).itemURL(), Text("http://example.org/"));
     EXPECT_EQ(openFiles(), Names{""});
 }
 
@@ -113,11 +113,11 @@ TEST_F(DropTest, filesThatCannotBeOpenedBecomeBookmarksOfAnEmptyDocument) {
               Qt::CopyAction);
     EXPECT_EQ(openFiles(), (Names{"", "/home/a.tbln"}));
     EXPECT_TRUE(alerts.shown.empty());
-    ASSERT_EQ(controller.numberOfRows(), 3u);
-    EXPECT_EQ(controller.itemAtRow(0).itemURL(), Text("file:///home/picture.png"));
-    EXPECT_EQ(controller.itemAtRow(1).itemURL(), Text("https://in/"));
-    EXPECT_EQ(controller.itemAtRow(1).itemName(), Text("a"));
-    EXPECT_EQ(controller.itemAtRow(2).itemURL(), Text("https://list/"));
+    ASSERT_EQ(controller.outline().numberOfRows(), 3u);
+    EXPECT_EQ(controller.outline().itemAtRow(0).itemURL(), Text("file:///home/picture.png"));
+    EXPECT_EQ(controller.outline().itemAtRow(1).itemURL(), Text("https://in/"));
+    EXPECT_EQ(controller.outline().itemAtRow(1).itemName(), Text("a"));
+    EXPECT_EQ(controller.outline().itemAtRow(2).itemURL(), Text("https://list/"));
 }
 
 TEST_F(DropTest, aListOfLinksKeepsTheFilesAmongThem) {
@@ -126,10 +126,10 @@ TEST_F(DropTest, aListOfLinksKeepsTheFilesAmongThem) {
     EXPECT_EQ(drop("https://a/\r\nfile:///home/a.tbln\r\nhttps://b/\r\n", Qt::CopyAction, Qt::CopyAction),
               Qt::CopyAction);
     EXPECT_EQ(openFiles(), Names{""});
-    ASSERT_EQ(controller.numberOfRows(), 3u);
-    EXPECT_EQ(controller.itemAtRow(0).itemURL(), Text("https://a/"));
-    EXPECT_EQ(controller.itemAtRow(1).itemURL(), Text("file:///home/a.tbln"));
-    EXPECT_EQ(controller.itemAtRow(2).itemURL(), Text("https://b/"));
+    ASSERT_EQ(controller.outline().numberOfRows(), 3u);
+    EXPECT_EQ(controller.outline().itemAtRow(0).itemURL(), Text("https://a/"));
+    EXPECT_EQ(controller.outline().itemAtRow(1).itemURL(), Text("file:///home/a.tbln"));
+    EXPECT_EQ(controller.outline().itemAtRow(2).itemURL(), Text("https://b/"));
     EXPECT_EQ(drop("https://a/\r\nfile:///home/a.tbln\r\n", Qt::CopyAction, Qt::CopyAction), Qt::IgnoreAction)
         << "beside rows links are not taken";
     EXPECT_EQ(openFiles(), Names{""});
@@ -145,8 +145,8 @@ TEST_F(DropTest, aBookmarkOfAFileStaysABookmark) {
                  "<bookmark href=\"file:///home/a.tbln\"><title>Own name</title></bookmark></folder></xbel>");
     EXPECT_EQ(drop(data, Qt::CopyAction, Qt::CopyAction), Qt::CopyAction);
     EXPECT_EQ(openFiles(), Names{""});
-    ASSERT_EQ(controller.numberOfRows(), 1u);
-    const Bookmark& folder = controller.itemAtRow(0);
+    ASSERT_EQ(controller.outline().numberOfRows(), 1u);
+    const Bookmark& folder = controller.outline().itemAtRow(0);
     EXPECT_EQ(folder.itemName(), Text("F"));
     ASSERT_TRUE(folder.hasChildren());
     EXPECT_EQ(folder.getChild()->itemName(), Text("Own name"));
@@ -171,8 +171,8 @@ TEST_F(DropTest, aDragThatIsOverIsNotAskedAgain) {
     EXPECT_EQ(drop("file:///home/picture.png\r\n", Qt::CopyAction, Qt::CopyAction), Qt::CopyAction);
     pasteboard.offered.set("text/x-moz-url", std::string("h\0:\0x\0", 6)); // the next drag has begun
     EXPECT_EQ(openFiles(), Names{""});
-    ASSERT_EQ(controller.numberOfRows(), 1u);
-    EXPECT_EQ(controller.itemAtRow(0).itemURL(), Text("file:///home/picture.png"));
+    ASSERT_EQ(controller.outline().numberOfRows(), 1u);
+    EXPECT_EQ(controller.outline().itemAtRow(0).itemURL(), Text("file:///home/picture.png"));
 }
 
 TEST_F(DropTest, aDocumentThatCannotBeReadIsTold) {
@@ -184,7 +184,8 @@ TEST_F(DropTest, aDocumentThatCannotBeReadIsTold) {
     drop("file:///home/hidden.tbln\r\nfile:///home/gone.tbln\r\nfile:///home/damaged.tbln\r\n",
          Qt::CopyAction, Qt::CopyAction);
     EXPECT_EQ(openFiles(), (Names{""}));
-    EXPECT_EQ(controller.numberOfRows(), 0u) << "no bookmark of a document that may still be mended";
+    EXPECT_EQ(controller.outline().numberOfRows(), 0u)
+        << "no bookmark of a document that may still be mended";
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "3 files could not be opened");
 }

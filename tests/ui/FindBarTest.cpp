@@ -28,9 +28,9 @@ protected:
         add(makeLink("one hit", "x"));
         add(makeLink("two hit", "x"));
         openWidget();
-        bar = std::make_unique<FindBarWidget>(controller->findBar(), base.texts, nullptr);
-        controller->findBar().setFindBar(bar.get());
-        controller->findBar().showFindView();
+        bar = std::make_unique<FindBarWidget>(controller->window().findBar(), base.texts, nullptr);
+        controller->window().findBar().setFindBar(bar.get());
+        controller->window().findBar().showFindView();
     }
     void TearDown() override {
         bar->detach();
@@ -50,9 +50,9 @@ protected:
 
 TEST_F(FindBarTest, typingSearchesAfterAPause) {
     QTest::keyClicks(&field(), "hit");
-    EXPECT_EQ(controller->searchString(), "") << "not for every letter";
+    EXPECT_EQ(controller->finding().searchString(), "") << "not for every letter";
     EXPECT_TRUE(QTest::qWaitFor([&] { return shows("2 matches"); }));
-    EXPECT_EQ(controller->searchString(), "hit");
+    EXPECT_EQ(controller->finding().searchString(), "hit");
     QTest::keyClicks(&field(), "s");
     EXPECT_TRUE(shows("")) << "the number is of another text";
 }
@@ -71,10 +71,10 @@ TEST_F(FindBarTest, returnSearchesAtOnceAndThenGoesOn) {
     QTest::keyClicks(&field(), "hit");
     QTest::keyClick(&field(), Qt::Key_Return);
     EXPECT_TRUE(shows("2 matches"));
-    EXPECT_EQ(controller->foundBookmark()->itemName(), Text("one hit"));
+    EXPECT_EQ(controller->finding().foundBookmark()->itemName(), Text("one hit"));
     QTest::keyClick(&field(), Qt::Key_Return);
-    EXPECT_EQ(controller->foundBookmark()->itemName(), Text("two hit"));
-    EXPECT_EQ(controller->findBar().recentSearches(), std::vector<std::string>{"hit"});
+    EXPECT_EQ(controller->finding().foundBookmark()->itemName(), Text("two hit"));
+    EXPECT_EQ(controller->window().findBar().recentSearches(), std::vector<std::string>{"hit"});
 }
 
 TEST_F(FindBarTest, clearingTheFieldClearsTheNumber) {
@@ -83,7 +83,7 @@ TEST_F(FindBarTest, clearingTheFieldClearsTheNumber) {
     field().selectAll();
     QTest::keyClick(&field(), Qt::Key_Delete);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !shows("2 matches"); }));
-    EXPECT_EQ(controller->searchString(), "hit");
+    EXPECT_EQ(controller->finding().searchString(), "hit");
 }
 
 TEST_F(FindBarTest, escapeHidesTheBarAndStopsWhatIsPending) {
@@ -91,7 +91,7 @@ TEST_F(FindBarTest, escapeHidesTheBarAndStopsWhatIsPending) {
     QTest::keyClick(&field(), Qt::Key_Escape);
     EXPECT_FALSE(bar->isFindBarShown());
     QTest::qWait(250);
-    EXPECT_EQ(controller->searchString(), "");
+    EXPECT_EQ(controller->finding().searchString(), "");
     EXPECT_EQ(beeper.beeps, 0);
 }
 
@@ -112,7 +112,7 @@ TEST_F(FindBarTest, recentSearchesAreInAMenuThatClearsThem) {
     EXPECT_EQ(titles(), QStringList{empty});
     EXPECT_FALSE(button->menu()->actions().at(0)->isEnabled());
     for (const char* text : {"one hit", "b & c"})
-        controller->findBar().noteRecentSearch(text);
+        controller->window().findBar().noteRecentSearch(text);
     const QString clear = QString::fromStdString(base.texts.text("RecentsClear"));
     EXPECT_EQ(titles(), (QStringList{"b && c", "one hit", "", clear}));
     button->menu()->actions().at(1)->trigger();
@@ -208,8 +208,8 @@ protected:
         link->setItemTags("a hit");
         add(makeLink("next"));
         openWidget();
-        controller->setSearchString("hit");
-        controller->selectRowOf(*link);
+        controller->finding().setSearchString("hit");
+        controller->outline().selectRowOf(*link);
         info = std::make_shared<GetInfoController>(*controller, platform());
         info->editBookmark(*link);
         sheet = new InfoSheet(info, base.texts, nullptr);
@@ -335,8 +335,8 @@ TEST_F(InfoSheetTest, typingOnReplacesNothingThatWasFound) {
 
 TEST_F(InfoSheetTest, returnGoesOnFromWhatWasFound) {
     link->nextBookmark()->setItemName("another hit");
-    controller->findText("hit");
-    ASSERT_EQ(controller->foundBookmark(), link);
+    controller->finding().findText("hit");
+    ASSERT_EQ(controller->finding().foundBookmark(), link);
     info->selectNote("hit");
     QTest::keyClick(sheet->focusWidget(), Qt::Key_Return);
     EXPECT_EQ(nameField().text(), "another hit");

@@ -145,7 +145,7 @@ TEST_F(MainMenuBarTest, ItemForAFieldThatIsGoneDoesNotActOnTheRows) {
     Document& document = *app.documentController().documents().front();
     ViewController& rows = *app.documentController().getViewController(document);
     const Ref<Bookmark> link = Bookmark::init(base.now());
-    rows.addNewData(link);
+    rows.editing().addNewData(link);
     QWidget window;
     auto* field = new QLineEdit("text", &window);
     window.show();
@@ -155,9 +155,9 @@ TEST_F(MainMenuBarTest, ItemForAFieldThatIsGoneDoesNotActOnTheRows) {
     emit menu(1)->aboutToShow();
     delete field;
     item(1, "Delete")->trigger();
-    EXPECT_EQ(rows.numberOfRows(), 1u);
+    EXPECT_EQ(rows.outline().numberOfRows(), 1u);
     item(1, "Delete")->trigger();
-    EXPECT_EQ(rows.numberOfRows(), 0u) << "a key acts on what has the keyboard now";
+    EXPECT_EQ(rows.outline().numberOfRows(), 0u) << "a key acts on what has the keyboard now";
 }
 
 TEST_F(MainMenuBarTest, TheKeyOfPlusWorksWithoutShift) {

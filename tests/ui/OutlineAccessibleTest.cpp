@@ -58,7 +58,7 @@ TEST_F(OutlineAccessibleTest, CellsHaveTextsNotesAndPlaces) {
 }
 
 TEST_F(OutlineAccessibleTest, EveryChildIsFoundAgainByItsNumber) {
-    controller->addTagsColumn();
+    controller->table().addTagsColumn();
     EXPECT_EQ(tree()->childCount(), 12);
     for (int i = 0; i < tree()->childCount(); ++i) {
         EXPECT_EQ(tree()->indexOfChild(tree()->child(i)), i);
@@ -66,7 +66,7 @@ TEST_F(OutlineAccessibleTest, EveryChildIsFoundAgainByItsNumber) {
     }
     EXPECT_EQ(name(tree()->child(1)), "Tags") << "columns stand as they are shown";
     QAccessibleInterface* tags = cellOf(0, 1);
-    controller->removeTagsColumn();
+    controller->table().removeTagsColumn();
     EXPECT_FALSE(tags->isValid());
     EXPECT_EQ(name(tags), "");
 }
@@ -87,10 +87,10 @@ TEST_F(OutlineAccessibleTest, FoldersTellWhetherTheyAreExpandedAndTurnByAction) 
 
 TEST_F(OutlineAccessibleTest, CellsBelowAChangeAreAskedForAnew) {
     EXPECT_EQ(name(cellOf(2, 0)), "noted");
-    controller->expandItem(*outer);
+    controller->outline().expandItem(*outer);
     EXPECT_EQ(name(cellOf(3, 0)), "noted");
     EXPECT_TRUE(cellOf(2, 0)->role() == QAccessible::Separator);
-    controller->collapseAll();
+    controller->expanding().collapseAll();
     EXPECT_EQ(name(cellOf(2, 0)), "noted");
     EXPECT_EQ(cellOf(3, 0), nullptr);
 }

@@ -34,21 +34,21 @@ protected:
 
 TEST_F(OutlineColumnsTest, TagsColumnComesToItsIndexAndGoes) {
     EXPECT_EQ(header().shownColumns(), (Columns{Column::Name, Column::URL}));
-    controller->addTagsColumn();
+    controller->table().addTagsColumn();
     EXPECT_EQ(header().shownColumns(), (Columns{Column::Name, Column::Tags, Column::URL}));
     EXPECT_GT(cell(0, Column::Tags).width(), 0);
     EXPECT_EQ(widget().model()->index(0, 2).data().toString(), "one, two");
-    controller->removeTagsColumn();
+    controller->table().removeTagsColumn();
     EXPECT_EQ(header().shownColumns(), (Columns{Column::Name, Column::URL}));
 }
 
 TEST_F(OutlineColumnsTest, HundredPointsOfTagsAreThatMuchOfAnInch) {
-    controller->addTagsColumn();
+    controller->table().addTagsColumn();
     EXPECT_NEAR(width(Column::Tags), 100 * widget().logicalDpiX() / 72.0, 1);
 }
 
 TEST_F(OutlineColumnsTest, TheUsersMoveOfAColumnIsStoredAsTagsIndex) {
-    controller->addTagsColumn();
+    controller->table().addTagsColumn();
     move(Column::Tags, 2);
     EXPECT_EQ(base.defaults.integerForKey("TagsIndex"), 2);
     move(Column::URL, 0);
@@ -68,13 +68,13 @@ TEST_F(OutlineColumnsTest, TagsColumnIsBackAtItsPlaceInTheNextWindow) {
 
 TEST_F(OutlineColumnsTest, AddingTheTagsColumnIsNoMoveByTheUser) {
     base.defaults.setIntegerForKey("TagsIndex", 9);
-    controller->addTagsColumn();
+    controller->table().addTagsColumn();
     EXPECT_EQ(header().tagsIndex(), 2u);
     EXPECT_EQ(base.defaults.integerForKey("TagsIndex"), 9);
 }
 
 TEST_F(OutlineColumnsTest, ColumnsFillTheOutlineWhateverIsDragged) {
-    controller->addTagsColumn();
+    controller->table().addTagsColumn();
     for (const Column column : {Column::Name, Column::Tags, Column::URL})
         for (const int change : {40, -70, 5000, -5000, 30}) {
             drag(column, change);
@@ -100,7 +100,7 @@ TEST_F(OutlineColumnsTest, ColumnsFillAnOutlineThatLosesItsScrollBarAsItComesUp)
 }
 
 TEST_F(OutlineColumnsTest, WidthOfTheTagsColumnIsStoredInPoints) {
-    controller->addTagsColumn();
+    controller->table().addTagsColumn();
     const int before = width(Column::Tags);
     drag(Column::Tags, 20);
     EXPECT_EQ(width(Column::Tags), before + 20);
@@ -109,7 +109,7 @@ TEST_F(OutlineColumnsTest, WidthOfTheTagsColumnIsStoredInPoints) {
 
 TEST_F(OutlineColumnsTest, BorderBetweenURLAndTagsResizesTags) {
     base.defaults.setIntegerForKey("TagsIndex", 2);
-    controller->addTagsColumn();
+    controller->table().addTagsColumn();
     const int tags = width(Column::Tags);
     const int name = width(Column::Name);
     drag(Column::URL, 25);
@@ -132,11 +132,11 @@ TEST_F(OutlineColumnsTest, NamesAndTrianglesWorkWhereverTheNameColumnStands) {
     const QRect name = cell(1, Column::Name);
     EXPECT_GT(name.left(), 300);
     QTest::mouseClick(widget().viewport(), Qt::LeftButton, {}, QPoint(name.left() + 12, name.center().y()));
-    EXPECT_EQ(controller->numberOfRows(), 3u);
+    EXPECT_EQ(controller->outline().numberOfRows(), 3u);
 }
 
 TEST_F(OutlineColumnsTest, ColumnsKeepTheirPlacesAndWidthsWhenTheTreeIsReplaced) {
-    controller->addTagsColumn();
+    controller->table().addTagsColumn();
     move(Column::Tags, 0);
     drag(Column::Name, 33);
     const int name = width(Column::Name);
@@ -149,10 +149,10 @@ TEST_F(OutlineColumnsTest, ColumnsKeepTheirPlacesAndWidthsWhenTheTreeIsReplaced)
 TEST_F(OutlineColumnsTest, ZoomingGrowsFontRowsAndImagesTogether) {
     const int height = cell(0, Column::Name).height();
     const double size = widget().font().pointSizeF();
-    controller->zoomIn();
+    controller->table().zoomIn();
     EXPECT_EQ(widget().font().pointSizeF(), size + 1);
     EXPECT_GT(cell(0, Column::Name).height(), height);
-    controller->setTableFontSizeRowHeight(40, 10);
+    controller->table().setTableFontSizeRowHeight(40, 10);
     EXPECT_GE(cell(0, Column::Name).height(), widget().fontMetrics().height()) << "texts are never cut";
 }
 
@@ -162,7 +162,7 @@ TEST_F(OutlineColumnsTest, ZoomingKeepsTheFirstRowOnTheScreenThere) {
     openWidget();
     widget().verticalScrollBar()->setValue(100 * cell(0, Column::Name).height());
     ASSERT_EQ(widget().indexAt({100, 0}).row(), 100);
-    controller->zoomIn();
+    controller->table().zoomIn();
     EXPECT_EQ(widget().indexAt({100, 0}).row(), 100);
 }
 

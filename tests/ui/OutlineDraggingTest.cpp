@@ -45,8 +45,8 @@ protected:
     }
     std::vector<std::string> names() {
         std::vector<std::string> names;
-        for (std::size_t row = 0; row < controller->numberOfRows(); ++row)
-            names.push_back(controller->itemAtRow(row).itemName().string());
+        for (std::size_t row = 0; row < controller->outline().numberOfRows(); ++row)
+            names.push_back(controller->outline().itemAtRow(row).itemName().string());
         return names;
     }
 
@@ -151,11 +151,12 @@ TEST_F(OutlineDraggingTest, theRowsOfThisOutlineAreOfferedInEveryForm) {
     Bookmark& link = add(makeLink("Title", "https://l/"));
     show();
     widget().selectRows({{0, 1}});
-    const auto offered = makeMimeData(controller->mimeContentOf(controller->beginDraggingSession()));
+    const auto offered =
+        makeMimeData(controller->items().mimeContentOf(controller->dragging().beginDraggingSession()));
     EXPECT_EQ(offered->text(), "https://l/");
     EXPECT_EQ(offered->urls(), QList<QUrl>{QUrl("https://l/")});
     EXPECT_TRUE(offered->hasHtml());
-    const auto items = controller->itemsIn(mimeContentOf(*offered, kReadMimeTypes));
+    const auto items = controller->items().itemsIn(mimeContentOf(*offered, kReadMimeTypes));
     ASSERT_EQ(items.size(), 1u);
     EXPECT_EQ(shared.records.find(*items[0].get(kItemType)).get(), &link);
 }

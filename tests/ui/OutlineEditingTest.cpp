@@ -34,7 +34,8 @@ protected:
     }
     QLineEdit* edit(Column column, int row) {
         widget().goToRow(static_cast<std::size_t>(row));
-        column == Column::Name ? controller->editNameBookmark() : controller->editURLBookmark();
+        column == Column::Name ? controller->fields().editNameBookmark()
+                               : controller->fields().editURLBookmark();
         return field();
     }
 
@@ -146,7 +147,7 @@ TEST_F(OutlineEditingTest, leavingTheFieldTakesOverToo) {
     open();
     ASSERT_TRUE(edit(Column::Name, 0));
     QTest::keyClicks(field(), "typed");
-    controller->endEdit();
+    controller->fields().endEdit();
     EXPECT_EQ(link_->itemName().view(), "typed");
     EXPECT_FALSE(field());
 }
@@ -155,8 +156,8 @@ TEST_F(OutlineEditingTest, whatIsTypedSurvivesRowsThatComeAndGo) {
     open();
     ASSERT_TRUE(edit(Column::Name, 0));
     QTest::keyClicks(field(), "typed");
-    controller->expandAll(); // lays the rows out anew where folders change
-    controller->collapseAll();
+    controller->expanding().expandAll(); // lays the rows out anew where folders change
+    controller->expanding().collapseAll();
     if (field())
         QTest::keyClick(field(), Qt::Key_Return);
     EXPECT_FALSE(field());
@@ -167,7 +168,7 @@ TEST_F(OutlineEditingTest, theRowThatIsEditedMayGo) {
     open();
     ASSERT_TRUE(edit(Column::Name, 0));
     QTest::keyClicks(field(), "typed");
-    controller->deleteSelection();
+    controller->editing().deleteSelection();
     EXPECT_FALSE(field());
     EXPECT_EQ(shownNames(), std::vector<std::string>{"folder"});
 }
@@ -195,7 +196,7 @@ TEST_F(OutlineEditingTest, theFolderIsCurrentWhenItsRowsGo) {
     add(makeLink("behind"));
     open();
     widget().goToRow(4);
-    controller->collapseItem(*folder);
+    controller->outline().collapseItem(*folder);
     EXPECT_EQ(currentRow(), 2);
 }
 
@@ -269,7 +270,7 @@ TEST_F(OutlineEditingTest, whatAMatchSelectsIsNotEditedByItself) {
     base.defaults.setBoolForKey("AutoEdit", true);
     open();
     QCursor::setPos(widget().viewport()->mapToGlobal(cell(0, Column::Name).center()));
-    controller->findText("link");
+    controller->finding().findText("link");
     EXPECT_EQ(widget().selectedRow(), 0u);
     timers.advance(0.51);
     EXPECT_FALSE(field());
@@ -279,7 +280,7 @@ TEST_F(OutlineEditingTest, TabFromTheNameOfANewBookmarkReachesItsOwnAddressWhere
     base.defaults.setBoolForKey("AutoEdit", true);
     open();
     QCursor::setPos(widget().viewport()->mapToGlobal(cell(0, Column::URL).center()));
-    controller->newBookmark();
+    controller->editing().newBookmark();
     ASSERT_TRUE(field());
     QTest::keyClicks(field(), "new");
     timers.advance(0.51);
@@ -290,8 +291,8 @@ TEST_F(OutlineEditingTest, TabFromTheNameOfANewBookmarkReachesItsOwnAddressWhere
     ASSERT_TRUE(field());
     QTest::keyClicks(field(), "https://typed.example/");
     QTest::keyClick(field(), Qt::Key_Return);
-    EXPECT_EQ(controller->itemAtRow(0).itemName().view(), "new");
-    EXPECT_EQ(controller->itemAtRow(0).itemURL().view(), "https://typed.example/");
+    EXPECT_EQ(controller->outline().itemAtRow(0).itemName().view(), "new");
+    EXPECT_EQ(controller->outline().itemAtRow(0).itemURL().view(), "https://typed.example/");
     EXPECT_EQ(link_->itemName().view(), "link");
 }
 
@@ -338,7 +339,7 @@ TEST_F(OutlineEditingTest, aNewBookmarkIsInSightWithItsNameBeingEdited) {
         add(makeLink("more"));
     open();
     widget().scrollRowToVisible(150);
-    controller->newBookmark();
+    controller->editing().newBookmark();
     ASSERT_TRUE(field());
     EXPECT_EQ(field()->text(), "Untitled");
     EXPECT_TRUE(widget().viewport()->rect().contains(field()->geometry()));

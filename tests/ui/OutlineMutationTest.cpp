@@ -36,19 +36,19 @@ protected:
         Bookmark& folder = anyFolder();
         switch (pick(5)) {
         case 0:
-            return controller->expandItem(folder);
+            return controller->outline().expandItem(folder);
         case 1:
-            return controller->collapseItem(folder);
+            return controller->outline().collapseItem(folder);
         case 2:
-            return controller->expandItemWithChildren(folder);
+            return controller->outline().expandItemWithChildren(folder);
         case 3:
-            return controller->collapseItemWithChildren(folder);
+            return controller->outline().collapseItemWithChildren(folder);
         default:
-            return controller->doubleClickFolder(folder);
+            return controller->expanding().doubleClickFolder(folder);
         }
     }
     void selectSome() {
-        const std::size_t rows = controller->numberOfRows();
+        const std::size_t rows = controller->outline().numberOfRows();
         RowSet some;
         for (std::size_t row = pick(4); row < rows; row += 2 + pick(6))
             addRow(some, row);
@@ -58,19 +58,20 @@ protected:
     void step() {
         switch (pick(12)) {
         case 0:
-            return pick(2) == 0 ? controller->expandAll() : controller->collapseAll();
+            return pick(2) == 0 ? controller->expanding().expandAll() : controller->expanding().collapseAll();
         case 1:
             return selectSome();
         case 2:
             widget().selectAll();
-            return controller->expandFolder();
+            return controller->expanding().expandFolder();
         case 3:
-            return pick(2) == 0 ? controller->addTagsColumn() : controller->removeTagsColumn();
+            return pick(2) == 0 ? controller->table().addTagsColumn()
+                                : controller->table().removeTagsColumn();
         case 4:
             press(Qt::Key_End);
             return press(Qt::Key_Up, Qt::ShiftModifier);
         case 5:
-            return pick(6) == 0 ? replaceTree() : controller->zoomIn();
+            return pick(6) == 0 ? replaceTree() : controller->table().zoomIn();
         default:
             return turnFolder();
         }
@@ -81,8 +82,8 @@ protected:
         const std::vector<Bookmark*> wanted = shownBelow(document.getMaster());
         ASSERT_EQ(static_cast<std::size_t>(widget().model()->rowCount()), wanted.size());
         for (std::size_t row = 0; row < wanted.size(); ++row) {
-            ASSERT_EQ(&controller->itemAtRow(row), wanted[row]);
-            ASSERT_EQ(controller->rowForItem(*wanted[row]), row);
+            ASSERT_EQ(&controller->outline().itemAtRow(row), wanted[row]);
+            ASSERT_EQ(controller->outline().rowForItem(*wanted[row]), row);
             const QModelIndex index = widget().model()->index(static_cast<int>(row), 0);
             ASSERT_EQ(index.data().toString().toStdString(), wanted[row]->itemName().string());
         }

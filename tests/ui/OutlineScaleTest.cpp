@@ -45,45 +45,46 @@ protected:
 
 TEST_F(OutlineScaleTest, AHundredThousandRowsAreLabelledCopiedPastedAndDeletedInASecondEach) {
     openFolders(1000, 99);
-    ASSERT_EQ(controller->numberOfRows(), 100000u);
+    ASSERT_EQ(controller->outline().numberOfRows(), 100000u);
     expectWithin("select all", 1, [&] { widget().selectAll(); });
-    expectWithin("label 100,000 rows", 1, [&] { controller->labelBookmark(3); });
-    expectWithin("copy 100,000 rows", 1, [&] { controller->copyEditMenu(); });
+    expectWithin("label 100,000 rows", 1, [&] { controller->editing().labelBookmark(3); });
+    expectWithin("copy 100,000 rows", 1, [&] { controller->clipboard().copyEditMenu(); });
     widget().selectRows({{99999, 1}});
-    expectWithin("paste them", 2, [&] { controller->pasteEditMenu(); });
-    EXPECT_GT(controller->numberOfRows(), 200000u);
+    expectWithin("paste them", 2, [&] { controller->clipboard().pasteEditMenu(); });
+    EXPECT_GT(controller->outline().numberOfRows(), 200000u);
     expectWithin("select all", 1, [&] { widget().selectAll(); });
-    expectWithin("delete 200,000 rows", 1, [&] { controller->deleteSelection(); });
-    EXPECT_EQ(controller->numberOfRows(), 0u);
+    expectWithin("delete 200,000 rows", 1, [&] { controller->editing().deleteSelection(); });
+    EXPECT_EQ(controller->outline().numberOfRows(), 0u);
 }
 
 TEST_F(OutlineScaleTest, AHundredThousandRowsAreDraggedInASecond) {
     openLinks(100000);
     widget().selectRows({{1, 100000}});
     MimeContent content;
-    expectWithin("begin the drag of 100,000 rows", 1,
-                 [&] { content = controller->mimeContentOf(controller->beginDraggingSession()); });
+    expectWithin("begin the drag of 100,000 rows", 1, [&] {
+        content = controller->items().mimeContentOf(controller->dragging().beginDraggingSession());
+    });
     std::vector<PasteboardItem> items;
-    expectWithin("read them where they arrive", 1, [&] { items = controller->itemsIn(content); });
-    const DragInfo drag{.source = controller.get(), .copies = false, .items = items};
-    Bookmark& folder = controller->itemAtRow(0);
+    expectWithin("read them where they arrive", 1, [&] { items = controller->items().itemsIn(content); });
+    const DragInfo drag{.source = &controller->outline(), .copies = false, .items = items};
+    Bookmark& folder = controller->outline().itemAtRow(0);
     expectWithin("offer them to a folder", 1, [&] {
-        EXPECT_EQ(controller->validateDrop(drag, &folder, std::nullopt), DragOperation::Move);
+        EXPECT_EQ(controller->dragging().validateDrop(drag, &folder, std::nullopt), DragOperation::Move);
     });
     expectWithin("drop them there", 1,
-                 [&] { EXPECT_TRUE(controller->acceptDrop(drag, &folder, std::nullopt)); });
+                 [&] { EXPECT_TRUE(controller->dragging().acceptDrop(drag, &folder, std::nullopt)); });
     EXPECT_EQ(folder.getChildren()->size(), 100000u);
-    EXPECT_EQ(controller->numberOfRows(), 1u);
-    controller->expandItem(folder);
+    EXPECT_EQ(controller->outline().numberOfRows(), 1u);
+    controller->outline().expandItem(folder);
     widget().selectRows({{1, 100000}});
-    const std::vector<PasteboardItem> again = controller->beginDraggingSession();
-    const DragInfo out{.source = controller.get(), .copies = false, .items = again};
+    const std::vector<PasteboardItem> again = controller->dragging().beginDraggingSession();
+    const DragInfo out{.source = &controller->outline(), .copies = false, .items = again};
     expectWithin("and out of it again", 1, [&] {
-        EXPECT_EQ(controller->validateDrop(out, nullptr, std::nullopt), DragOperation::Move);
-        EXPECT_TRUE(controller->acceptDrop(out, nullptr, std::nullopt));
+        EXPECT_EQ(controller->dragging().validateDrop(out, nullptr, std::nullopt), DragOperation::Move);
+        EXPECT_TRUE(controller->dragging().acceptDrop(out, nullptr, std::nullopt));
     });
     EXPECT_EQ(folder.getChildren()->size(), 0u);
-    EXPECT_EQ(controller->numberOfRows(), 100001u);
+    EXPECT_EQ(controller->outline().numberOfRows(), 100001u);
 }
 
 TEST_F(OutlineScaleTest, EverySecondRowOfAHundredThousandIsWorkedOnInASecond) {
@@ -94,10 +95,10 @@ TEST_F(OutlineScaleTest, EverySecondRowOfAHundredThousandIsWorkedOnInASecond) {
     expectWithin("select 50,000 rows", 1, [&] { widget().selectRows(rows); });
     EXPECT_EQ(widget().selectedRows(), rows);
     expectWithin("paint them", 1, [&] { widget().grab(); });
-    expectWithin("label 50,000 rows", 1, [&] { controller->labelBookmark(3); });
-    expectWithin("copy 50,000 rows", 1, [&] { controller->copyEditMenu(); });
-    expectWithin("delete 50,000 rows", 1, [&] { controller->deleteSelection(); });
-    EXPECT_EQ(controller->numberOfRows(), 50001u);
+    expectWithin("label 50,000 rows", 1, [&] { controller->editing().labelBookmark(3); });
+    expectWithin("copy 50,000 rows", 1, [&] { controller->clipboard().copyEditMenu(); });
+    expectWithin("delete 50,000 rows", 1, [&] { controller->editing().deleteSelection(); });
+    EXPECT_EQ(controller->outline().numberOfRows(), 50001u);
 }
 
 class OneEditTest : public OutlineScaleTest {
@@ -108,7 +109,7 @@ protected:
 
     void SetUp() override {
         openFolders(1000, 1000);
-        ASSERT_EQ(controller->numberOfRows(), 1001000u);
+        ASSERT_EQ(controller->outline().numberOfRows(), 1001000u);
     }
     /// Selects a row, runs the edit, and that several times: the one in the middle counts.
     template <class Edit>
@@ -128,31 +129,33 @@ protected:
 };
 
 TEST_F(OneEditTest, InADocumentOfAMillionNodesItIsDoneWithinAFrame) {
-    expectWithinAFrame("insert a bookmark", [&] { controller->newBookmark(); });
-    expectWithinAFrame("insert a separator", [&] { controller->insertSeparator(); });
-    expectWithinAFrame("delete a row", [&] { controller->deleteSelection(); });
-    expectWithinAFrame(
-        "rename", [&, i = 0]() mutable { controller->endNameEdit(kRow, "renamed " + std::to_string(i++)); });
+    expectWithinAFrame("insert a bookmark", [&] { controller->editing().newBookmark(); });
+    expectWithinAFrame("insert a separator", [&] { controller->editing().insertSeparator(); });
+    expectWithinAFrame("delete a row", [&] { controller->editing().deleteSelection(); });
+    expectWithinAFrame("rename", [&, i = 0]() mutable {
+        controller->fields().endNameEdit(kRow, "renamed " + std::to_string(i++));
+    });
     expectWithinAFrame("another URL", [&, i = 0]() mutable {
-        controller->endURLEdit(kRow, "https://example.org/" + std::to_string(i++));
+        controller->fields().endURLEdit(kRow, "https://example.org/" + std::to_string(i++));
     });
-    expectWithinAFrame("move up", [&] { controller->moveUp(); });
-    expectWithinAFrame("move down", [&] { controller->moveDown(); });
-    expectWithinAFrame("label", [&, i = 0]() mutable { controller->labelBookmark(1 + i++ % 11); });
+    expectWithinAFrame("move up", [&] { controller->editing().moveUp(); });
+    expectWithinAFrame("move down", [&] { controller->editing().moveDown(); });
+    expectWithinAFrame("label", [&, i = 0]() mutable { controller->editing().labelBookmark(1 + i++ % 11); });
     expectWithinAFrame("copy and paste", [&] {
-        controller->copyEditMenu();
-        controller->pasteEditMenu();
+        controller->clipboard().copyEditMenu();
+        controller->clipboard().pasteEditMenu();
     });
-    expectWithinAFrame("into the basket", [&] { controller->AddToBasket(makeLink("arrived")); });
+    expectWithinAFrame("into the basket", [&] { controller->baskets().AddToBasket(makeLink("arrived")); });
     expectWithinAFrame("drag to another folder", [&] {
-        const std::vector<PasteboardItem> items = controller->beginDraggingSession();
-        const DragInfo drag{.source = controller.get(), .copies = false, .items = items};
-        controller->validateDrop(drag, &controller->itemAtRow(0), std::nullopt);
-        EXPECT_TRUE(controller->acceptDrop(drag, &controller->itemAtRow(0), std::nullopt));
+        const std::vector<PasteboardItem> items = controller->dragging().beginDraggingSession();
+        const DragInfo drag{.source = &controller->outline(), .copies = false, .items = items};
+        controller->dragging().validateDrop(drag, &controller->outline().itemAtRow(0), std::nullopt);
+        EXPECT_TRUE(
+            controller->dragging().acceptDrop(drag, &controller->outline().itemAtRow(0), std::nullopt));
     });
     expectWithinAFrame("move down a folder of 1,000", [&] {
         widget().selectRows({{0, 1}});
-        controller->moveDown();
+        controller->editing().moveDown();
     });
 }
 

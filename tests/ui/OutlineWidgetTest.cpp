@@ -178,7 +178,7 @@ protected:
     }
     std::vector<std::string> actedOn() {
         std::vector<std::string> names;
-        for (const Bookmark* item : controller->getSelectionArray())
+        for (const Bookmark* item : controller->outline().getSelectionArray())
             names.push_back(item->itemName().string());
         return names;
     }
@@ -226,7 +226,7 @@ TEST_F(ContextMenuTest, AKeyThatAsksForTheMenuActsOnTheSelectionWhereverThePoint
 TEST_F(ContextMenuTest, RowsThatComeMeanwhileEndTheClickedRow) {
     show();
     rightClick(cell(2, Column::Name).center());
-    controller->DropBookmarkAtRoot(makeLink("new"));
+    controller->baskets().DropBookmarkAtRoot(makeLink("new"));
     EXPECT_EQ(actedOn(), Names{"new"});
 }
 
@@ -284,7 +284,7 @@ TEST_F(OutlineWidgetTest, CollapsingAFolderTakesTheSelectionInsideAway) {
     add(makeLink("after"));
     openWidget();
     widget().selectAll();
-    controller->collapseItem(outer);
+    controller->outline().collapseItem(outer);
     EXPECT_EQ(widget().selectedRows(), (RowSet{{0, 2}}));
 }
 
@@ -335,7 +335,7 @@ TEST_F(OutlineWidgetTest, EndlessTextsArePaintedWithoutAWait) {
         link.setItemURL(i % 2 == 0 ? address : Text(text));
     }
     openWidget();
-    controller->addTagsColumn();
+    controller->table().addTagsColumn();
     widget().grab(); // loads the fonts
     QElapsedTimer timer;
     timer.start();
@@ -380,19 +380,21 @@ protected:
 TEST_F(MillionRowsTest, OpenScrollExpandAndSelectWithoutAWait) {
     expectWithin("first paint", 500, [] {});
     expectWithin("expand one of 1,000 links", 200,
-                 [&] { controller->expandItem(controller->itemAtRow(500)); });
-    expectWithin("expand all", 2000, [&] { controller->expandAll(); });
-    ASSERT_EQ(controller->numberOfRows(), 1001000u);
+                 [&] { controller->outline().expandItem(controller->outline().itemAtRow(500)); });
+    expectWithin("expand all", 2000, [&] { controller->expanding().expandAll(); });
+    ASSERT_EQ(controller->outline().numberOfRows(), 1001000u);
     expectWithin("scroll to the end", 200, [&] { press(Qt::Key_End); });
     expectWithin("page up", 200, [&] { press(Qt::Key_PageUp); });
     expectWithin("select all", 500, [&] { widget().selectAll(); });
     ASSERT_EQ(widget().selectedRows(), (RowSet{{0, 1001000}}));
     expectWithin("type a name that is nowhere", 2000, [&] { QTest::keyClick(&widget(), Qt::Key_Z); });
-    expectWithin("count for the URL field", 500, [&] { controller->mouseMoved(std::nullopt); });
-    expectWithin("collapse one folder", 500, [&] { controller->collapseItem(controller->itemAtRow(0)); });
-    expectWithin("expand it again", 500, [&] { controller->expandItem(controller->itemAtRow(0)); });
-    expectWithin("collapse all", 2000, [&] { controller->collapseAll(); });
-    EXPECT_EQ(controller->numberOfRows(), 1000u);
+    expectWithin("count for the URL field", 500, [&] { controller->outline().mouseMoved(std::nullopt); });
+    expectWithin("collapse one folder", 500,
+                 [&] { controller->outline().collapseItem(controller->outline().itemAtRow(0)); });
+    expectWithin("expand it again", 500,
+                 [&] { controller->outline().expandItem(controller->outline().itemAtRow(0)); });
+    expectWithin("collapse all", 2000, [&] { controller->expanding().collapseAll(); });
+    EXPECT_EQ(controller->outline().numberOfRows(), 1000u);
 }
 
 } // namespace

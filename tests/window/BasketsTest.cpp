@@ -24,7 +24,7 @@ protected:
 TEST_F(BasketsTest, theFirstItemMakesTheDropBasketAtTheEndAndTheNextGoesAboveIt) {
     add(makeLink("before"));
     open();
-    controller->AddToBasket(makeLink("first"));
+    controller->baskets().AddToBasket(makeLink("first"));
     ASSERT_EQ(topCount(), 2u);
     Bookmark& basket = top(1);
     EXPECT_EQ(basket.itemName().view(), dropName());
@@ -36,7 +36,7 @@ TEST_F(BasketsTest, theFirstItemMakesTheDropBasketAtTheEndAndTheNextGoesAboveIt)
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"before", dropName()}));
     EXPECT_EQ(document.changeCount(), 2) << "once for the basket and once for the item";
 
-    controller->AddToBasket(makeLink("second"));
+    controller->baskets().AddToBasket(makeLink("second"));
     EXPECT_EQ(topCount(), 2u);
     EXPECT_EQ(namesIn(basket), (std::vector<std::string>{"second", "first"}));
     EXPECT_EQ(basket.getChild()->getParent(), &basket);
@@ -46,7 +46,7 @@ TEST_F(BasketsTest, theFirstItemMakesTheDropBasketAtTheEndAndTheNextGoesAboveIt)
 
 TEST_F(BasketsTest, inAnEmptyDocumentToo) {
     open();
-    controller->AddToWaste(makeLink("a"));
+    controller->baskets().AddToWaste(makeLink("a"));
     ASSERT_EQ(topCount(), 1u);
     EXPECT_EQ(top(0).itemName().view(), wasteName());
     EXPECT_EQ(namesIn(top(0)), std::vector<std::string>{"a"});
@@ -57,8 +57,8 @@ TEST_F(BasketsTest, inAnEmptyDocumentToo) {
 TEST_F(BasketsTest, lettersOfAnotherCaseMakeNoOtherName) {
     Bookmark& folder = add(makeFolder("dROP bASKET"));
     open();
-    EXPECT_EQ(&controller->DropBasketExists(), &folder);
-    EXPECT_EQ(controller->SearchBasket("DROP BASKET"), &folder);
+    EXPECT_EQ(&controller->baskets().DropBasketExists(), &folder);
+    EXPECT_EQ(controller->baskets().SearchBasket("DROP BASKET"), &folder);
     EXPECT_EQ(topCount(), 1u);
     EXPECT_EQ(folder.getLabel(), 0) << "a basket that was found stays as it is";
     EXPECT_EQ(document.changeCount(), 0);
@@ -70,15 +70,16 @@ TEST_F(BasketsTest, aNameLikeItIsAnotherName) {
     add(makeFolder(""));
     add(makeSeparator());
     open();
-    EXPECT_EQ(controller->SearchBasket(dropName()), nullptr);
-    EXPECT_EQ(controller->SearchBasket(""), &top(2)) << "an item without a name has not the empty one";
+    EXPECT_EQ(controller->baskets().SearchBasket(dropName()), nullptr);
+    EXPECT_EQ(controller->baskets().SearchBasket(""), &top(2))
+        << "an item without a name has not the empty one";
 }
 
 TEST_F(BasketsTest, aFolderOfThatNameInAnotherFolderIsNoBasket) {
     Bookmark& folder = add(makeFolder("folder"));
     Bookmark& inner = add(makeFolder(dropName().c_str()), &folder);
     open();
-    controller->AddToBasket(makeLink("a"));
+    controller->baskets().AddToBasket(makeLink("a"));
     EXPECT_FALSE(inner.hasChildren());
     ASSERT_EQ(topCount(), 2u);
     EXPECT_EQ(namesIn(top(1)), std::vector<std::string>{"a"});
@@ -88,13 +89,13 @@ TEST_F(BasketsTest, theFirstOfSeveralIsTheBasket) {
     Bookmark& first = add(makeFolder("drop basket"));
     add(makeFolder("Drop Basket"));
     open();
-    EXPECT_EQ(&controller->DropBasketExists(), &first);
+    EXPECT_EQ(&controller->baskets().DropBasketExists(), &first);
 }
 
 TEST_F(BasketsTest, aLinkOfThatNameIsTheBasketAndLosesNothing) {
     Bookmark& link = add(makeLink(dropName().c_str()));
     open();
-    controller->AddToBasket(makeLink("a"));
+    controller->baskets().AddToBasket(makeLink("a"));
     EXPECT_EQ(topCount(), 1u);
     EXPECT_FALSE(link.isFolder());
     EXPECT_EQ(namesIn(link), std::vector<std::string>{"a"});
@@ -114,7 +115,7 @@ TEST_F(BasketsTest, theNamesAreThoseOfTheLanguage) {
     controller = std::make_unique<ViewController>(document, platformIn(texts), shared);
     window = std::make_unique<MemoryWindow>(*controller);
     controller->setWindow(window.get());
-    controller->AddToBasket(makeLink("a"));
+    controller->baskets().AddToBasket(makeLink("a"));
     ASSERT_EQ(topCount(), 2u);
     EXPECT_EQ(top(1).itemName().view(), "Ablage");
 }
@@ -125,7 +126,7 @@ TEST_F(BasketsTest, aCollapsedBasketTakesTheItemUnseenAndNothingStaysSelected) {
     open();
     select({&a});
     const auto before = rowNames();
-    controller->AddToBasket(makeLink("b"));
+    controller->baskets().AddToBasket(makeLink("b"));
     EXPECT_EQ(rowNames(), before);
     EXPECT_TRUE(outline().selected.empty());
     EXPECT_EQ(namesIn(basket), std::vector<std::string>{"b"});
@@ -138,7 +139,7 @@ TEST_F(BasketsTest, anExpandedBasketShowsTheItemFirstAndSelected) {
     add(makeLink("old"), &basket);
     open();
     select({&a});
-    controller->AddToBasket(makeLink("new"));
+    controller->baskets().AddToBasket(makeLink("new"));
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"a", dropName(), "new", "old"}));
     EXPECT_EQ(outline().selected, std::set<Bookmark*>{basket.getChild()});
 }
@@ -148,7 +149,7 @@ TEST_F(BasketsTest, theWasteBasketShowsTheItemAndSelectsNothing) {
     Bookmark& basket = add(makeFolder(wasteName().c_str()));
     open();
     select({&a});
-    controller->AddToWaste(makeLink("new"));
+    controller->baskets().AddToWaste(makeLink("new"));
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"a", wasteName(), "new"}));
     EXPECT_TRUE(outline().selected.empty());
     EXPECT_EQ(namesIn(basket), std::vector<std::string>{"new"});
@@ -161,7 +162,7 @@ TEST_F(BasketsTest, anExpandedFolderArrivesWithItsRows) {
     open();
     Ref<Bookmark> arriving = makeFolder("arriving");
     arriving->addChild(makeLink("inside"));
-    controller->DropBookmarkIn(arriving, folder);
+    controller->baskets().DropBookmarkIn(arriving, folder);
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"folder", "arriving", "inside", "after"}));
     EXPECT_EQ(outline().selected, std::set<Bookmark*>{arriving.get()});
     EXPECT_EQ(arriving->getChild()->getDocument(), &document);
@@ -172,7 +173,7 @@ TEST_F(BasketsTest, aFolderThatIsItselfNotShownTakesTheItemUnseen) {
     Bookmark& outer = add(makeFolder("outer", false));
     Bookmark& inner = add(makeFolder("inner"), &outer);
     open();
-    controller->DropBookmarkIn(makeLink("a"), inner);
+    controller->baskets().DropBookmarkIn(makeLink("a"), inner);
     EXPECT_EQ(rowNames(), std::vector<std::string>{"outer"});
     EXPECT_TRUE(outline().selected.empty());
     EXPECT_EQ(namesIn(inner), std::vector<std::string>{"a"});
@@ -182,11 +183,11 @@ TEST_F(BasketsTest, atTheRootTheItemIsTheFirstRowAndSelected) {
     Bookmark& a = add(makeLink("a"));
     open();
     select({&a});
-    controller->DropBookmarkAtRoot(makeLink("b"));
+    controller->baskets().DropBookmarkAtRoot(makeLink("b"));
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"b", "a"}));
     EXPECT_EQ(outline().selected, std::set<Bookmark*>{&top(0)});
     EXPECT_EQ(document.changeCount(), 1);
-    controller->DropBookmarkIn(makeLink("c"), document.getMaster());
+    controller->baskets().DropBookmarkIn(makeLink("c"), document.getMaster());
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"c", "b", "a"}));
     EXPECT_EQ(outline().selected, std::set<Bookmark*>{&top(0)});
 }
@@ -196,7 +197,7 @@ TEST_F(BasketsTest, aBasketAtTheEndComesBehindTheRowsOfAnExpandedFolder) {
     Bookmark& link = add(makeLink("link"), &folder);
     open();
     select({&link});
-    controller->DropBasketAtEnd(controller->CreateBasket("basket"));
+    controller->baskets().DropBasketAtEnd(controller->baskets().CreateBasket("basket"));
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"folder", "link", "basket"}));
     EXPECT_TRUE(outline().selected.empty());
     EXPECT_EQ(document.changeCount(), 1);
@@ -204,7 +205,7 @@ TEST_F(BasketsTest, aBasketAtTheEndComesBehindTheRowsOfAnExpandedFolder) {
 
 TEST_F(BasketsTest, aNewBasketStandsInNoTree) {
     open();
-    const Ref<Bookmark> basket = controller->CreateBasket("basket");
+    const Ref<Bookmark> basket = controller->baskets().CreateBasket("basket");
     EXPECT_EQ(basket->getParent(), nullptr);
     EXPECT_EQ(basket->getDocument(), &document);
     EXPECT_TRUE(basket->isFolder());

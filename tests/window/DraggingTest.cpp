@@ -8,7 +8,7 @@ class DraggingTest : public WindowTest {
 protected:
     void drag(std::initializer_list<Bookmark*> items) {
         select(items);
-        dragged = controller->beginDraggingSession();
+        dragged = controller->dragging().beginDraggingSession();
     }
     void dragFromOutside(std::initializer_list<const char*> urls) {
         source = nullptr;
@@ -20,19 +20,20 @@ protected:
     }
     DragInfo info() { return {.source = source, .copies = copies, .items = dragged}; }
     DragOperation validate(Bookmark* item, std::optional<std::size_t> index) {
-        return controller->validateDrop(info(), item, index);
+        return controller->dragging().validateDrop(info(), item, index);
     }
     /// As a view does it: only what was validated is dropped.
     bool drop(Bookmark* item, std::optional<std::size_t> index) {
-        return validate(item, index) != DragOperation::None && controller->acceptDrop(info(), item, index);
+        return validate(item, index) != DragOperation::None &&
+               controller->dragging().acceptDrop(info(), item, index);
     }
     void open() {
         WindowTest::open();
-        source = controller.get();
+        source = &controller->outline();
     }
 
     std::vector<PasteboardItem> dragged;
-    const ViewController* source = nullptr;
+    const Outline* source = nullptr;
     bool copies = false;
 };
 
@@ -49,7 +50,7 @@ TEST_F(DraggingTest, severalRowsGoDownInTheirFolderAndKeepTheirOrder) {
     drag({&second, &third});
     EXPECT_TRUE(drop(&folder, 4));
     EXPECT_EQ(rowNames(), (Names{"f", "1", "4", "2", "3"}));
-    EXPECT_EQ(&controller->itemAtRow(3), &second) << "the node itself";
+    EXPECT_EQ(&controller->outline().itemAtRow(3), &second) << "the node itself";
     EXPECT_EQ(document.changeCount(), 2) << "one change a node";
     EXPECT_EQ(outline().selectedRows(), (RowSet{{3, 2}})) << "what was dropped is selected";
 }
@@ -100,8 +101,8 @@ TEST_F(DraggingTest, ontoABookmarkOrASeparatorIsRefused) {
     drag({&a});
     EXPECT_EQ(validate(&b, kOnItem), DragOperation::None);
     EXPECT_EQ(validate(&separator, kOnItem), DragOperation::None);
-    EXPECT_EQ(controller->dragOperation(), DragOperation::None);
-    EXPECT_FALSE(controller->acceptDrop(info(), &b, kOnItem));
+    EXPECT_EQ(controller->dragging().dragOperation(), DragOperation::None);
+    EXPECT_FALSE(controller->dragging().acceptDrop(info(), &b, kOnItem));
     EXPECT_EQ(rowNames(), (Names{"a", "b", "—"}));
 }
 
@@ -141,9 +142,9 @@ TEST_F(DraggingTest, theOptionKeyMakesACopy) {
     copies = true;
     EXPECT_TRUE(drop(nullptr, 1));
     EXPECT_EQ(rowNames(), (Names{"f", "l", "f", "l"}));
-    EXPECT_EQ(controller->itemAtRow(3).itemNote(), Text("note"));
-    EXPECT_NE(&controller->itemAtRow(3), &link);
-    EXPECT_EQ(controller->itemAtRow(3).getDocument(), &document);
+    EXPECT_EQ(controller->outline().itemAtRow(3).itemNote(), Text("note"));
+    EXPECT_NE(&controller->outline().itemAtRow(3), &link);
+    EXPECT_EQ(controller->outline().itemAtRow(3).getDocument(), &document);
 }
 
 TEST_F(DraggingTest, betweenTwoWindowsItIsACopy) {
@@ -154,12 +155,12 @@ TEST_F(DraggingTest, betweenTwoWindowsItIsACopy) {
     MemoryWindow otherWindow(other);
     other.setWindow(&otherWindow);
     drag({&link});
-    EXPECT_FALSE(other.dragIsLocalReorder(info()));
-    EXPECT_EQ(other.validateDrop(info(), nullptr, kOnItem), DragOperation::Copy);
-    EXPECT_TRUE(other.acceptDrop(info(), nullptr, kOnItem));
-    ASSERT_EQ(other.numberOfRows(), 1u);
-    EXPECT_NE(&other.itemAtRow(0), &link);
-    EXPECT_EQ(other.itemAtRow(0).getDocument(), &second);
+    EXPECT_FALSE(other.dragging().dragIsLocalReorder(info()));
+    EXPECT_EQ(other.dragging().validateDrop(info(), nullptr, kOnItem), DragOperation::Copy);
+    EXPECT_TRUE(other.dragging().acceptDrop(info(), nullptr, kOnItem));
+    ASSERT_EQ(other.outline().numberOfRows(), 1u);
+    EXPECT_NE(&other.outline().itemAtRow(0), &link);
+    EXPECT_EQ(other.outline().itemAtRow(0).getDocument(), &second);
     EXPECT_EQ(rowNames(), Names{"l"});
     EXPECT_EQ(link.getDocument(), &document);
     EXPECT_EQ(document.changeCount(), 0);
@@ -174,8 +175,8 @@ TEST_F(DraggingTest, linksOfOtherProgramsAreInsertedAndWhatIsNothingIsSkipped) {
     EXPECT_EQ(validate(&folder, 0), DragOperation::Copy);
     EXPECT_TRUE(drop(&folder, 0));
     ASSERT_EQ(rowNames(), (Names{"f", "Untitled", "Untitled"}));
-    EXPECT_EQ(controller->itemAtRow(1).itemURL(), Text("https://a/"));
-    EXPECT_EQ(controller->itemAtRow(2).itemURL(), Text("https://b/"));
+    EXPECT_EQ(controller->outline().itemAtRow(1).itemURL(), Text("https://a/"));
+    EXPECT_EQ(controller->outline().itemAtRow(2).itemURL(), Text("https://b/"));
 }
 
 TEST_F(DraggingTest, manyRowsMoveAsFewDo) {
@@ -190,7 +191,7 @@ TEST_F(DraggingTest, manyRowsMoveAsFewDo) {
     expected.push_back("last");
     open();
     outline().selectRows({{1, 300}});
-    dragged = controller->beginDraggingSession();
+    dragged = controller->dragging().beginDraggingSession();
     const int reloads = outline().reloads;
     EXPECT_TRUE(drop(&second, 0));
     EXPECT_EQ(rowNames(), expected);
@@ -217,8 +218,8 @@ TEST_F(DraggingTest, whatLeftTheTreeDuringTheDragIsNotMoved) {
     drag({&a, &b});
     EXPECT_EQ(validate(nullptr, kOnItem), DragOperation::Move);
     select({&b});
-    controller->deleteSelection();
-    EXPECT_TRUE(controller->acceptDrop(info(), nullptr, kOnItem));
+    controller->editing().deleteSelection();
+    EXPECT_TRUE(controller->dragging().acceptDrop(info(), nullptr, kOnItem));
     EXPECT_EQ(rowNames(), Names{"a"});
 }
 
@@ -231,7 +232,7 @@ TEST_F(DraggingTest, aTreeThatChangedAfterTheValidationStaysATree) {
     const Ref<Bookmark> held(&target);
     target.detachMe();
     folder.addChild(held);
-    EXPECT_TRUE(controller->acceptDrop(info(), &target, kOnItem));
+    EXPECT_TRUE(controller->dragging().acceptDrop(info(), &target, kOnItem));
     EXPECT_EQ(folder.getParent(), &document.getMaster());
     EXPECT_FALSE(target.hasChildren());
 }
@@ -240,12 +241,12 @@ TEST_F(DraggingTest, endingInTheTrashRemovesNothing) {
     Bookmark& a = add(makeLink("a"));
     open();
     drag({&a});
-    controller->draggingSessionEnded(DragOperation::Delete);
-    EXPECT_EQ(controller->dragOperation(), DragOperation::Delete);
+    controller->dragging().draggingSessionEnded(DragOperation::Delete);
+    EXPECT_EQ(controller->dragging().dragOperation(), DragOperation::Delete);
     EXPECT_EQ(rowNames(), Names{"a"});
     dragged.clear();
     dragFromOutside({"https://b/"});
-    EXPECT_TRUE(controller->acceptDrop(info(), nullptr, kOnItem));
+    EXPECT_TRUE(controller->dragging().acceptDrop(info(), nullptr, kOnItem));
     EXPECT_EQ(rowNames(), Names{"a"}) << "nothing is inserted until a drop is validated anew";
     EXPECT_TRUE(drop(nullptr, kOnItem));
     EXPECT_EQ(rowNames().size(), 2u);
@@ -255,12 +256,12 @@ TEST_F(DraggingTest, thePartsOfARowAreBeforeOnAndBehindIt) {
     Bookmark& folder = add(makeFolder("f", false));
     Bookmark& link = add(makeLink("l"));
     open();
-    EXPECT_EQ(controller->dropSpot(0, 0.1, 0), (DropSpot{.childIndex = 0, .row = 0}));
-    EXPECT_EQ(controller->dropSpot(0, 0.5, 0), (DropSpot{.item = &folder, .row = 0}));
-    EXPECT_EQ(controller->dropSpot(0, 0.9, 0), (DropSpot{.childIndex = 1, .row = 1}));
-    EXPECT_EQ(controller->dropSpot(1, 0.4, 0), (DropSpot{.childIndex = 1, .row = 1}));
-    EXPECT_EQ(controller->dropSpot(1, 0.6, 0), (DropSpot{.childIndex = 2, .row = 2}));
-    EXPECT_EQ(controller->dropSpot(std::nullopt, 0, 0), DropSpot{});
+    EXPECT_EQ(controller->dragging().dropSpot(0, 0.1, 0), (DropSpot{.childIndex = 0, .row = 0}));
+    EXPECT_EQ(controller->dragging().dropSpot(0, 0.5, 0), (DropSpot{.item = &folder, .row = 0}));
+    EXPECT_EQ(controller->dragging().dropSpot(0, 0.9, 0), (DropSpot{.childIndex = 1, .row = 1}));
+    EXPECT_EQ(controller->dragging().dropSpot(1, 0.4, 0), (DropSpot{.childIndex = 1, .row = 1}));
+    EXPECT_EQ(controller->dragging().dropSpot(1, 0.6, 0), (DropSpot{.childIndex = 2, .row = 2}));
+    EXPECT_EQ(controller->dragging().dropSpot(std::nullopt, 0, 0), DropSpot{});
     EXPECT_EQ(rowNames().size(), 2u) << link.itemName().view();
 }
 
@@ -268,7 +269,7 @@ TEST_F(DraggingTest, behindAnExpandedFolderIsItsBeginning) {
     Bookmark& folder = add(makeFolder("f"));
     add(makeLink("l"), &folder);
     open();
-    EXPECT_EQ(controller->dropSpot(0, 0.9, 0),
+    EXPECT_EQ(controller->dragging().dropSpot(0, 0.9, 0),
               (DropSpot{.item = &folder, .childIndex = 0, .row = 1, .level = 1}));
 }
 
@@ -277,25 +278,25 @@ TEST_F(DraggingTest, behindTheLastChildThePointersPlaceDecidesTheFolder) {
     Bookmark& inner = add(makeFolder("inner"), &outer);
     add(makeLink("last"), &inner);
     open();
-    EXPECT_EQ(controller->dropSpot(2, 0.9, 5),
+    EXPECT_EQ(controller->dragging().dropSpot(2, 0.9, 5),
               (DropSpot{.item = &inner, .childIndex = 1, .row = 3, .level = 2}));
-    EXPECT_EQ(controller->dropSpot(2, 0.9, 1),
+    EXPECT_EQ(controller->dragging().dropSpot(2, 0.9, 1),
               (DropSpot{.item = &outer, .childIndex = 1, .row = 3, .level = 1}));
-    EXPECT_EQ(controller->dropSpot(2, 0.9, -1), (DropSpot{.childIndex = 1, .row = 3}));
+    EXPECT_EQ(controller->dragging().dropSpot(2, 0.9, -1), (DropSpot{.childIndex = 1, .row = 3}));
     add(makeLink("behind"), &inner);
     open();
-    EXPECT_EQ(controller->dropSpot(2, 0.9, 0).level, 2) << "only the last child ends its folder";
+    EXPECT_EQ(controller->dragging().dropSpot(2, 0.9, 0).level, 2) << "only the last child ends its folder";
 }
 
 TEST_F(DraggingTest, onlyLinksAndTextsAreOfInterest) {
     PasteboardItem item;
-    EXPECT_FALSE(ViewController::isDragOfInterest({item}));
+    EXPECT_FALSE(OutlineDragging::isDragOfInterest({item}));
     item.set(kHTMLType, "x");
-    EXPECT_FALSE(ViewController::isDragOfInterest({item}));
+    EXPECT_FALSE(OutlineDragging::isDragOfInterest({item}));
     for (const auto type : {kItemType, kStringType, kFileURLType, kURLType}) {
         PasteboardItem other;
         other.set(type, "x");
-        EXPECT_TRUE(ViewController::isDragOfInterest({item, other})) << type;
+        EXPECT_TRUE(OutlineDragging::isDragOfInterest({item, other})) << type;
     }
 }
 
@@ -305,7 +306,7 @@ TEST_F(DraggingTest, recordsEndWithTheirDrag) {
     drag({&a});
     const std::string record = *dragged[0].get(kItemType);
     EXPECT_EQ(shared.records.find(record).get(), &a);
-    controller->draggingSessionEnded(DragOperation::Move);
+    controller->dragging().draggingSessionEnded(DragOperation::Move);
     EXPECT_FALSE(shared.records.find(record));
 }
 

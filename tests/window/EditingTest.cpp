@@ -72,7 +72,7 @@ protected:
 
 TEST_F(EditingTest, withNothingSelectedANewBookmarkIsTheFirstAndItsNameIsEdited) {
     build("aB(c)");
-    controller->newBookmark();
+    controller->editing().newBookmark();
     EXPECT_EQ(tree(), "Untitled a B(c)");
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"Untitled", "a", "B", "c"}));
     Bookmark& made = *document.getMaster().getChild();
@@ -88,7 +88,7 @@ TEST_F(EditingTest, withNothingSelectedANewBookmarkIsTheFirstAndItsNameIsEdited)
 TEST_F(EditingTest, inAnEmptyDocumentToo) {
     open();
     EXPECT_TRUE(window->empty);
-    controller->newFolder();
+    controller->editing().newFolder();
     EXPECT_EQ(tree(), "Untitled Folder()");
     EXPECT_FALSE(window->empty);
     EXPECT_TRUE(outline().edited);
@@ -97,13 +97,13 @@ TEST_F(EditingTest, inAnEmptyDocumentToo) {
 TEST_F(EditingTest, besideACollapsedFolderInsideAnExpandedOneBehindALink) {
     build("_A(b)C(d)e");
     select("A");
-    controller->newBookmark();
+    controller->editing().newBookmark();
     EXPECT_EQ(tree(), "A(b) Untitled C(d) e");
     select("C");
-    controller->newFolder();
+    controller->editing().newFolder();
     EXPECT_EQ(tree(), "A(b) Untitled C(Untitled Folder() d) e");
     select("e");
-    controller->insertSeparator();
+    controller->editing().insertSeparator();
     EXPECT_EQ(tree(), "A(b) Untitled C(Untitled Folder() d) e -");
     EXPECT_EQ(changes(), 3);
 }
@@ -111,7 +111,7 @@ TEST_F(EditingTest, besideACollapsedFolderInsideAnExpandedOneBehindALink) {
 TEST_F(EditingTest, aSeparatorIsNotEdited) {
     build("a");
     select("a");
-    controller->insertSeparator();
+    controller->editing().insertSeparator();
     EXPECT_FALSE(outline().edited);
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"a", "—"}));
 }
@@ -119,22 +119,22 @@ TEST_F(EditingTest, aSeparatorIsNotEdited) {
 TEST_F(EditingTest, anItemLandsBehindTheWholeSubtreeOfAnExpandedFolderBeforeIt) {
     build("A(B(c)d)e");
     select("d");
-    controller->newBookmark();
+    controller->editing().newBookmark();
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"A", "B", "c", "d", "Untitled", "e"}));
     EXPECT_EQ(tree(), "A(B(c) d Untitled) e");
 }
 
 TEST_F(EditingTest, addBookmarkNeedsAFolderAndExpandsIt) {
     build("_A(b)c");
-    controller->addBookmark();
+    controller->editing().addBookmark();
     select("c");
-    controller->addBookmark();
+    controller->editing().addBookmark();
     EXPECT_EQ(tree(), "A(b) c");
     EXPECT_EQ(changes(), 0);
     EXPECT_TRUE(alerts.shown.empty());
     select("A");
     base.defaults.setBoolForKey("RememberDesktop", false);
-    controller->addBookmark();
+    controller->editing().addBookmark();
     EXPECT_EQ(tree(), "A(Untitled b) c");
     EXPECT_TRUE(item('A').showHier());
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"A", "Untitled", "b", "c"}));
@@ -144,7 +144,7 @@ TEST_F(EditingTest, addBookmarkNeedsAFolderAndExpandsIt) {
 TEST_F(EditingTest, deleteTakesEveryKindAndASelectedFolderWithSelectedItemsInIt) {
     build("aB(cD(e))-f");
     select("acDBe");
-    controller->deleteSelection();
+    controller->editing().deleteSelection();
     EXPECT_EQ(tree(), "- f");
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"—", "f"}));
     EXPECT_EQ(selection(), "");
@@ -154,14 +154,14 @@ TEST_F(EditingTest, deleteTakesEveryKindAndASelectedFolderWithSelectedItemsInIt)
 TEST_F(EditingTest, deletingTheLastItemShowsTheEmptyState) {
     build("a");
     select("a");
-    controller->deleteSelection();
+    controller->editing().deleteSelection();
     EXPECT_TRUE(window->empty);
     EXPECT_FALSE(document.getMaster().hasChildren());
 }
 
 TEST_F(EditingTest, deleteWithoutASelectionAlerts) {
     build("a");
-    controller->deleteSelection();
+    controller->editing().deleteSelection();
     expectNoSelectionAlert("PleaseSelect");
 }
 
@@ -182,7 +182,7 @@ TEST_F(EditingTest, deletingManyRowsIsTheSameAsDeletingFew) {
     for (Bookmark* row : outline().rows)
         if (std::ranges::find(kept, row) == kept.end())
             outline().selected.insert(row);
-    controller->deleteSelection();
+    controller->editing().deleteSelection();
     ASSERT_EQ(document.getMaster().getChildren()->size(), kept.size());
     for (const Bookmark* folder : *document.getMaster().getChildren())
         EXPECT_FALSE(folder->hasChildren());
@@ -194,23 +194,23 @@ TEST_F(EditingTest, deletingManyRowsIsTheSameAsDeletingFew) {
 TEST_F(EditingTest, moveUpBeepsOnTheFirstRowAndForSeveralRows) {
     build("ab");
     select("a");
-    controller->moveUp();
+    controller->editing().moveUp();
     select("ab");
-    controller->moveUp();
+    controller->editing().moveUp();
     EXPECT_EQ(beeper.beeps, 2);
     EXPECT_EQ(changes(), 0);
     select("");
-    controller->moveUp();
+    controller->editing().moveUp();
     expectNoSelectionAlert("PleaseSelect");
 }
 
 TEST_F(EditingTest, moveUpGoesAboveTheRowBefore) {
     build("abc");
     select("c");
-    controller->moveUp();
+    controller->editing().moveUp();
     EXPECT_EQ(tree(), "a c b");
     EXPECT_EQ(selection(), "c");
-    controller->moveUp();
+    controller->editing().moveUp();
     EXPECT_EQ(tree(), "c a b");
     EXPECT_EQ(changes(), 2);
 }
@@ -218,7 +218,7 @@ TEST_F(EditingTest, moveUpGoesAboveTheRowBefore) {
 TEST_F(EditingTest, moveUpTakesTheOnlyChildOfTheFirstFolderOutInFrontOfIt) {
     build("A(b)");
     select("b");
-    controller->moveUp();
+    controller->editing().moveUp();
     EXPECT_EQ(tree(), "b A()");
     EXPECT_EQ(item('b').getParent(), &document.getMaster());
 }
@@ -226,14 +226,14 @@ TEST_F(EditingTest, moveUpTakesTheOnlyChildOfTheFirstFolderOutInFrontOfIt) {
 TEST_F(EditingTest, moveUpTakesTheFirstChildOutOfItsFolder) {
     build("aB(cd)");
     select("c");
-    controller->moveUp();
+    controller->editing().moveUp();
     EXPECT_EQ(tree(), "a c B(d)");
 }
 
 TEST_F(EditingTest, moveUpGoesIntoAFolderBeforeItsLastChild) {
     build("A(bc)d");
     select("d");
-    controller->moveUp();
+    controller->editing().moveUp();
     EXPECT_EQ(tree(), "A(b d c)");
     EXPECT_EQ(item('d').getParent(), &item('A'));
 }
@@ -241,7 +241,7 @@ TEST_F(EditingTest, moveUpGoesIntoAFolderBeforeItsLastChild) {
 TEST_F(EditingTest, moveUpUnderAnEmptyExpandedFolderGoesInFrontOfIt) {
     build("aB()c");
     select("c");
-    controller->moveUp();
+    controller->editing().moveUp();
     EXPECT_EQ(tree(), "a c B()");
 }
 
@@ -249,7 +249,7 @@ TEST_F(EditingTest, aMovedFolderKeepsItsRowsAndItsDates) {
     build("aB(c)d");
     item('B').setItemDateModified(Date::fromReferenceSeconds(7));
     select("B");
-    controller->moveUp();
+    controller->editing().moveUp();
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"B", "c", "a", "d"}));
     EXPECT_EQ(item('B').itemDateModified().referenceSeconds(), 7);
 }
@@ -257,20 +257,20 @@ TEST_F(EditingTest, aMovedFolderKeepsItsRowsAndItsDates) {
 TEST_F(EditingTest, moveDownBeepsOnTheLastRowAndForSeveralRows) {
     build("ab");
     select("b");
-    controller->moveDown();
+    controller->editing().moveDown();
     select("ab");
-    controller->moveDown();
+    controller->editing().moveDown();
     EXPECT_EQ(beeper.beeps, 2);
     EXPECT_EQ(tree(), "a b");
     select("");
-    controller->moveDown();
+    controller->editing().moveDown();
     expectNoSelectionAlert("PleaseSelect");
 }
 
 TEST_F(EditingTest, moveDownGoesBehindTheRowAfter) {
     build("abc");
     select("a");
-    controller->moveDown();
+    controller->editing().moveDown();
     EXPECT_EQ(tree(), "b a c");
     EXPECT_EQ(selection(), "a");
     EXPECT_EQ(changes(), 1);
@@ -279,21 +279,21 @@ TEST_F(EditingTest, moveDownGoesBehindTheRowAfter) {
 TEST_F(EditingTest, moveDownTakesTheLastChildBehindTheNextRow) {
     build("A(bc)de");
     select("c");
-    controller->moveDown();
+    controller->editing().moveDown();
     EXPECT_EQ(tree(), "A(b) d c e");
 }
 
 TEST_F(EditingTest, moveDownGoesIntoAnExpandedFolderThatFollows) {
     build("A(b)C(d)");
     select("b");
-    controller->moveDown();
+    controller->editing().moveDown();
     EXPECT_EQ(tree(), "A() C(b d)");
 }
 
 TEST_F(EditingTest, moveDownPassesTheFolderItIs) {
     build("A(b)cd");
     select("A");
-    controller->moveDown();
+    controller->editing().moveDown();
     EXPECT_EQ(tree(), "c A(b) d");
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"c", "A", "b", "d"}));
 }
@@ -301,7 +301,7 @@ TEST_F(EditingTest, moveDownPassesTheFolderItIs) {
 TEST_F(EditingTest, anExpandedFolderWhoseRowsAreTheLastIsGoneWhenItIsMovedDown) {
     build("aB(c)");
     select("B");
-    controller->moveDown();
+    controller->editing().moveDown();
     EXPECT_EQ(tree(), "a");
     EXPECT_EQ(beeper.beeps, 0);
     EXPECT_EQ(changes(), 1);
@@ -310,7 +310,7 @@ TEST_F(EditingTest, anExpandedFolderWhoseRowsAreTheLastIsGoneWhenItIsMovedDown) 
 TEST_F(EditingTest, aCollapsedFolderInTheLastRowBeeps) {
     build("a_B(c)");
     select("B");
-    controller->moveDown();
+    controller->editing().moveDown();
     EXPECT_EQ(tree(), "a B(c)");
     EXPECT_EQ(beeper.beeps, 1);
 }
@@ -334,12 +334,12 @@ TEST_F(EditingTest, aLabelSkipsSeparatorsAndThoseThatHaveIt) {
 TEST_F(EditingTest, aClickedRowOutsideTheSelectionIsActedOnAlone) {
     build("abc");
     select("ab");
-    controller->setClickedRow(2);
-    controller->labelBookmark(5);
+    controller->outline().setClickedRow(2);
+    controller->editing().labelBookmark(5);
     EXPECT_EQ(item('c').getLabel(), 5);
     EXPECT_EQ(item('a').getLabel(), 0);
-    controller->setClickedRow(1);
-    controller->labelBookmark(6);
+    controller->outline().setClickedRow(1);
+    controller->editing().labelBookmark(6);
     EXPECT_EQ(item('a').getLabel(), 6);
     EXPECT_EQ(item('b').getLabel(), 6);
     EXPECT_EQ(item('c').getLabel(), 5);

@@ -25,64 +25,64 @@ protected:
 };
 
 TEST_F(ExpandingTest, ExpandShowsTheChildrenAndKeepsInnerFoldersClosed) {
-    controller->expandItem(*outer);
+    controller->outline().expandItem(*outer);
     EXPECT_EQ(rowNames(), (Names{"outer", "inner", "beside", "last"}));
     EXPECT_TRUE(outer->showHier());
     EXPECT_FALSE(inner->showHier());
 }
 
 TEST_F(ExpandingTest, ExpandedStateOfInnerFoldersIsRemembered) {
-    controller->expandItemWithChildren(*outer);
+    controller->outline().expandItemWithChildren(*outer);
     EXPECT_EQ(rowNames(), (Names{"outer", "inner", "deep", "beside", "last"}));
-    controller->collapseItem(*outer);
+    controller->outline().collapseItem(*outer);
     EXPECT_EQ(rowNames(), (Names{"outer", "last"}));
     EXPECT_TRUE(inner->showHier());
-    controller->expandItem(*outer);
+    controller->outline().expandItem(*outer);
     EXPECT_EQ(rowNames(), (Names{"outer", "inner", "deep", "beside", "last"}));
 }
 
 TEST_F(ExpandingTest, ItemWithoutARowChangesItsStateAlone) {
-    controller->expandItem(*inner);
+    controller->outline().expandItem(*inner);
     EXPECT_EQ(rowNames(), (Names{"outer", "last"}));
     EXPECT_TRUE(inner->showHier());
 }
 
 TEST_F(ExpandingTest, CollapseWithChildrenClosesEverythingBelow) {
-    controller->expandAll();
-    controller->collapseItemWithChildren(*outer);
+    controller->expanding().expandAll();
+    controller->outline().collapseItemWithChildren(*outer);
     EXPECT_FALSE(inner->showHier());
     EXPECT_EQ(rowNames(), (Names{"outer", "last"}));
 }
 
 TEST_F(ExpandingTest, DoubleClickOnAFolderTurnsItAndCountsTwice) {
-    controller->doubleClickFolder(*outer);
+    controller->expanding().doubleClickFolder(*outer);
     EXPECT_EQ(rowNames(), (Names{"outer", "inner", "beside", "last"}));
     EXPECT_EQ(document.changeCount(), 2);
-    controller->doubleClickFolder(*outer);
+    controller->expanding().doubleClickFolder(*outer);
     EXPECT_EQ(rowNames(), (Names{"outer", "last"}));
     base.defaults.setBoolForKey("RememberDesktop", false);
-    controller->doubleClickFolder(*outer);
+    controller->expanding().doubleClickFolder(*outer);
     EXPECT_EQ(document.changeCount(), 4);
 }
 
 TEST_F(ExpandingTest, EachChangedFolderCountsAsOneChange) {
-    controller->expandAll();
+    controller->expanding().expandAll();
     EXPECT_EQ(document.changeCount(), 2);
-    controller->expandAll();
+    controller->expanding().expandAll();
     EXPECT_EQ(document.changeCount(), 2) << "nothing left to expand";
 }
 
 TEST_F(ExpandingTest, WithRememberDesktopOffTheDocumentStaysClean) {
     base.defaults.setBoolForKey("RememberDesktop", false);
-    controller->expandAll();
-    controller->collapseItem(*outer);
+    controller->expanding().expandAll();
+    controller->outline().collapseItem(*outer);
     EXPECT_FALSE(document.isDocumentEdited());
     EXPECT_FALSE(outer->showHier());
     EXPECT_TRUE(inner->showHier());
 }
 
 TEST_F(ExpandingTest, LinksAreNoFoldersAndStayAsTheyAre) {
-    controller->expandItem(*last);
+    controller->outline().expandItem(*last);
     EXPECT_FALSE(last->showHier());
     EXPECT_FALSE(document.isDocumentEdited());
 }
@@ -90,17 +90,17 @@ TEST_F(ExpandingTest, LinksAreNoFoldersAndStayAsTheyAre) {
 TEST_F(ExpandingTest, EmptyFolderChangesStateWithoutRows) {
     outer->removeLast();
     outer->removeLast();
-    controller->expandItem(*outer);
+    controller->outline().expandItem(*outer);
     EXPECT_TRUE(outer->showHier());
     EXPECT_EQ(outline().reloaded, (std::vector<RowRange>{{0, 1}}));
     EXPECT_EQ(document.changeCount(), 1);
 }
 
 TEST_F(ExpandingTest, CommandsWithoutASelectionAlert) {
-    using Command = void (ViewController::*)();
-    for (const Command command : {&ViewController::expandFolder, &ViewController::expandFolderPlus,
-                                  &ViewController::collapseFolder, &ViewController::collapseFolderPlus})
-        ((*controller).*command)();
+    using Command = void (ExpandCommands::*)();
+    for (const Command command : {&ExpandCommands::expandFolder, &ExpandCommands::expandFolderPlus,
+                                  &ExpandCommands::collapseFolder, &ExpandCommands::collapseFolderPlus})
+        (controller->expanding().*command)();
     ASSERT_EQ(alerts.shown.size(), 4u);
     EXPECT_EQ(alerts.shown[0].message, "Nothing is selected");
     EXPECT_EQ(alerts.shown[0].informative, "Please select a folder first.");
@@ -111,30 +111,30 @@ TEST_F(ExpandingTest, CommandsWithoutASelectionAlert) {
 }
 
 TEST_F(ExpandingTest, CommandsActOnSelectedRowsFromTheHighestDown) {
-    controller->expandItem(*outer);
+    controller->outline().expandItem(*outer);
     select({outer, inner, last});
-    controller->expandFolder();
+    controller->expanding().expandFolder();
     EXPECT_EQ(rowNames(), (Names{"outer", "inner", "deep", "beside", "last"}));
-    controller->collapseFolder();
+    controller->expanding().collapseFolder();
     EXPECT_EQ(rowNames(), (Names{"outer", "last"}));
     EXPECT_FALSE(inner->showHier());
 }
 
 TEST_F(ExpandingTest, SelectionSurvivesExpandingWithChildren) {
-    controller->expandItem(*outer);
+    controller->outline().expandItem(*outer);
     select({beside, last});
-    controller->expandItemWithChildren(*outer);
+    controller->outline().expandItemWithChildren(*outer);
     EXPECT_EQ(outline().selected, (std::set<Bookmark*>{beside, last}));
     EXPECT_EQ(outline().selectedRows(), (RowSet{{3, 2}}));
 }
 
 TEST_F(ExpandingTest, SelectionSurvivesExpandAllAndHiddenRowsLoseIt) {
     select({outer, last});
-    controller->expandAll();
+    controller->expanding().expandAll();
     EXPECT_EQ(outline().selected, (std::set<Bookmark*>{outer, last}));
     EXPECT_EQ(outline().scrolledTo, 4u);
     select({deep, last});
-    controller->collapseAll();
+    controller->expanding().collapseAll();
     EXPECT_EQ(outline().selected, (std::set<Bookmark*>{last}));
 }
 
@@ -144,7 +144,7 @@ TEST_F(ExpandingTest, ManySelectedFoldersAreLaidOutInOneGo) {
     controller->setMaster(document.getMaster());
     outline().selectAll();
     const int reloads = outline().reloads;
-    controller->expandFolder();
+    controller->expanding().expandFolder();
     EXPECT_EQ(outline().rows.size(), 404u);
     EXPECT_EQ(outline().reloads, reloads + 1);
     EXPECT_EQ(document.changeCount(), 201);

@@ -57,18 +57,18 @@ TEST_F(ExportTest, DocumentThatWasNeverSavedIsOfferedAsUntitled) {
 
 TEST_F(ExportTest, EachExtensionWritesItsFormat) {
     exportTo("/home/out.html");
-    EXPECT_EQ(written("/home/out.html"), controller->exportToHTML().value());
+    EXPECT_EQ(written("/home/out.html"), controller->exporting().exportToHTML().value());
     exportTo("/home/out.xbel");
-    EXPECT_EQ(written("/home/out.xbel"), controller->exportToXBEL().value());
+    EXPECT_EQ(written("/home/out.xbel"), controller->exporting().exportToXBEL().value());
     exportTo("/home/out.txt");
-    EXPECT_EQ(written("/home/out.txt"), controller->exportToText().value());
+    EXPECT_EQ(written("/home/out.txt"), controller->exporting().exportToText().value());
     EXPECT_EQ(written("/home/out.txt"), "b\thttps://b.example/\t\t\nA\thttps://z.example/\t\t\n");
 }
 
 TEST_F(ExportTest, AnyOtherExtensionWritesText) {
     for (const char* name : {"/home/out", "/home/out.csv", "/home/out.HTML", "/home/a.html/out"}) {
         exportTo(name);
-        EXPECT_EQ(written(name), controller->exportToText().value()) << name;
+        EXPECT_EQ(written(name), controller->exporting().exportToText().value()) << name;
     }
 }
 
@@ -76,12 +76,12 @@ TEST_F(ExportTest, XBELChosenAndANameWithHTMLTypedWritesHTML) {
     exportTo("/home/out.html", [](AccessoryViewController& options) { options.exportTypeSelected(1); });
     ASSERT_EQ(panels.allowedKinds.size(), 1u);
     EXPECT_EQ(panels.allowedKinds[0].extensions, std::vector<std::string>{"xbel"});
-    EXPECT_EQ(written("/home/out.html"), controller->exportToHTML().value());
+    EXPECT_EQ(written("/home/out.html"), controller->exporting().exportToHTML().value());
 }
 
 TEST_F(ExportTest, ExportChangesNothingOfTheDocument) {
     document.setFileName("/home/a.tbln");
-    controller->makeDirty();
+    controller->outline().makeDirty();
     exportTo("/home/out.html");
     EXPECT_TRUE(document.isDocumentEdited());
     EXPECT_EQ(document.fileName(), "/home/a.tbln");
@@ -246,7 +246,7 @@ TEST_F(ExportTest, PanelThatOutlivesItsWindowDoesNothing) {
         window.reset();
         controller.reset();
     };
-    controller->exportText();
+    controller->exporting().exportText();
     EXPECT_TRUE(files.files.empty());
 }
 

@@ -30,83 +30,83 @@ protected:
 };
 
 TEST_F(FieldsTest, aNewNameIsTakenOverWithTheDate) {
-    controller->endNameEdit(0, "better");
+    controller->fields().endNameEdit(0, "better");
     EXPECT_EQ(link_->itemName().view(), "better");
     expectChanged(*link_);
 }
 
 TEST_F(FieldsTest, theSameNameChangesNeitherDateNorCount) {
-    controller->endNameEdit(0, "link");
+    controller->fields().endNameEdit(0, "link");
     expectUnchanged(*link_);
 }
 
 TEST_F(FieldsTest, anAbsentTextThatStaysEmptyStaysAbsent) {
-    controller->endTagsEdit(0, "");
+    controller->fields().endTagsEdit(0, "");
     EXPECT_TRUE(link_->itemTags().isNull());
     expectUnchanged(*link_);
 }
 
 TEST_F(FieldsTest, tagsAreTakenOver) {
-    controller->endTagsEdit(1, "x, y");
+    controller->fields().endTagsEdit(1, "x, y");
     EXPECT_EQ(folder_->itemTags().view(), "x, y");
     expectChanged(*folder_);
 }
 
 TEST_F(FieldsTest, aNewAddressIsClassifiedAndItsRowShownAnew) {
     outline().selected = {link_};
-    controller->endURLEdit(0, "mailto:ada@example.org");
+    controller->fields().endURLEdit(0, "mailto:ada@example.org");
     EXPECT_EQ(link_->itemURL().view(), "mailto:ada@example.org");
     EXPECT_EQ(link_->getType(), kMailType);
-    EXPECT_EQ(controller->viewForTableColumn(Column::Name, 0, false).icon, "mailType");
+    EXPECT_EQ(controller->cells().viewForTableColumn(Column::Name, 0, false).icon, "mailType");
     EXPECT_EQ(outline().reloaded, (std::vector<RowRange>{{0, 1}}));
     EXPECT_EQ(window->urlField, "mailto:ada@example.org");
     expectChanged(*link_);
 }
 
 TEST_F(FieldsTest, whatCanBeEdited) {
-    EXPECT_TRUE(controller->shouldEdit(Column::Name, *folder_));
-    EXPECT_FALSE(controller->shouldEdit(Column::URL, *folder_));
-    EXPECT_TRUE(controller->shouldEdit(Column::Tags, *folder_));
-    EXPECT_TRUE(controller->shouldEdit(Column::URL, *link_));
+    EXPECT_TRUE(controller->fields().shouldEdit(Column::Name, *folder_));
+    EXPECT_FALSE(controller->fields().shouldEdit(Column::URL, *folder_));
+    EXPECT_TRUE(controller->fields().shouldEdit(Column::Tags, *folder_));
+    EXPECT_TRUE(controller->fields().shouldEdit(Column::URL, *link_));
     link_->setItemLocked(true);
-    EXPECT_FALSE(controller->shouldEdit(Column::URL, *link_));
-    EXPECT_TRUE(controller->shouldEdit(Column::Name, *link_));
+    EXPECT_FALSE(controller->fields().shouldEdit(Column::URL, *link_));
+    EXPECT_TRUE(controller->fields().shouldEdit(Column::Name, *link_));
 }
 
 TEST_F(FieldsTest, editBookmarkBeginsWithTheNameOrAlerts) {
-    controller->editBookmark();
+    controller->fields().editBookmark();
     EXPECT_EQ(alerts.shown.size(), 1u);
     EXPECT_FALSE(outline().edited);
     outline().selected = {folder_};
-    controller->editBookmark();
+    controller->fields().editBookmark();
     ASSERT_TRUE(outline().edited);
     EXPECT_EQ(*outline().edited, std::pair(Column::Name, folder_));
 }
 
 TEST_F(FieldsTest, theCommandsForOneFieldAreSilentWithoutARow) {
-    controller->editNameBookmark();
-    controller->editURLBookmark();
-    controller->editTagsBookmark();
-    controller->endEdit();
+    controller->fields().editNameBookmark();
+    controller->fields().editURLBookmark();
+    controller->fields().editTagsBookmark();
+    controller->fields().endEdit();
     EXPECT_TRUE(alerts.shown.empty());
     EXPECT_FALSE(outline().edited);
     EXPECT_EQ(outline().editingsBegun, 0);
     outline().selected = {link_};
-    controller->editNameBookmark();
-    controller->endEdit();
+    controller->fields().editNameBookmark();
+    controller->fields().endEdit();
     EXPECT_EQ(outline().editingsEnded, 1);
-    controller->editTagsBookmark();
+    controller->fields().editTagsBookmark();
     EXPECT_FALSE(outline().edited) << "the tags column is not shown";
-    controller->editURLBookmark();
+    controller->fields().editURLBookmark();
     EXPECT_EQ(*outline().edited, std::pair(Column::URL, link_));
-    controller->addTagsColumn();
-    controller->editTagsBookmark();
+    controller->table().addTagsColumn();
+    controller->fields().editTagsBookmark();
     EXPECT_EQ(*outline().edited, std::pair(Column::Tags, link_));
 }
 
 TEST_F(FieldsTest, theAddressOfAFolderIsNotEdited) {
     outline().selected = {folder_};
-    controller->editURLBookmark();
+    controller->fields().editURLBookmark();
     EXPECT_FALSE(outline().edited);
 }
 
@@ -114,7 +114,7 @@ TEST_F(FieldsTest, editingBeginsByItselfHalfASecondAfterTheSelectionChanges) {
     base.defaults.setBoolForKey("AutoEdit", true);
     outline().selected = {link_};
     outline().pointer = Column::URL;
-    controller->selectionDidChange(SelectedBy::User);
+    controller->outline().selectionDidChange(SelectedBy::User);
     timers.advance(0.49);
     EXPECT_FALSE(outline().edited);
     timers.advance(0.02);
@@ -126,7 +126,7 @@ TEST_F(FieldsTest, editingDoesNotBeginByItselfOnceTheFindBarWasCalled) {
     base.defaults.setBoolForKey("AutoEdit", true);
     outline().selected = {link_};
     outline().pointer = Column::Name;
-    controller->selectionDidChange(SelectedBy::User);
+    controller->outline().selectionDidChange(SelectedBy::User);
     controller->actions().perform(MenuItem{.action = "performFindPanelAction:"});
     timers.advance(1);
     EXPECT_FALSE(outline().edited);
@@ -136,8 +136,8 @@ TEST_F(FieldsTest, editingDoesNotBeginByItselfOnceAMenuWasOpened) {
     base.defaults.setBoolForKey("AutoEdit", true);
     outline().selected = {link_};
     outline().pointer = Column::Name;
-    controller->selectionDidChange(SelectedBy::User);
-    controller->cancelAutoEdit();
+    controller->outline().selectionDidChange(SelectedBy::User);
+    controller->fields().cancelAutoEdit();
     timers.advance(1);
     EXPECT_FALSE(outline().edited);
 }
@@ -145,7 +145,7 @@ TEST_F(FieldsTest, editingDoesNotBeginByItselfOnceAMenuWasOpened) {
 TEST_F(FieldsTest, editingBeginsByItselfOnlyWhereItIsWanted) {
     const auto begins = [this] {
         outline().edited.reset();
-        controller->selectionDidChange(SelectedBy::User);
+        controller->outline().selectionDidChange(SelectedBy::User);
         timers.advance(1);
         return outline().edited.has_value();
     };
@@ -170,8 +170,8 @@ TEST_F(FieldsTest, editingThatIsDueBeginsOnlyWhereTheUserStillIs) {
     outline().selected = {link_};
     outline().pointer = Column::URL;
     const auto begins = [this](const std::function<void()>& meanwhile) {
-        controller->commitEditing();
-        controller->selectionDidChange(SelectedBy::User);
+        controller->fields().commitEditing();
+        controller->outline().selectionDidChange(SelectedBy::User);
         timers.advance(0.4);
         meanwhile();
         timers.advance(1);
@@ -182,34 +182,34 @@ TEST_F(FieldsTest, editingThatIsDueBeginsOnlyWhereTheUserStillIs) {
     window->active = true;
     EXPECT_FALSE(begins([this] { outline().keyboard = false; })) << "the user types elsewhere";
     outline().keyboard = true;
-    EXPECT_FALSE(begins([this] { controller->editNameBookmark(); })) << "another cell is edited";
-    EXPECT_FALSE(begins([this] { controller->beginDraggingSession(); })) << "the row is dragged";
+    EXPECT_FALSE(begins([this] { controller->fields().editNameBookmark(); })) << "another cell is edited";
+    EXPECT_FALSE(begins([this] { controller->dragging().beginDraggingSession(); })) << "the row is dragged";
 }
 
 TEST_F(FieldsTest, rowsThatACommandSelectsAreNotEditedByThemselves) {
     outline().pointer = Column::URL;
-    controller->newBookmark();
-    const Bookmark* made = &controller->itemAtRow(0);
+    controller->editing().newBookmark();
+    const Bookmark* made = &controller->outline().itemAtRow(0);
     timers.advance(1);
     ASSERT_TRUE(outline().edited);
     EXPECT_EQ(outline().edited->first, Column::Name);
     EXPECT_EQ(outline().edited->second, made);
-    controller->commitEditing();
+    controller->fields().commitEditing();
     pasteboard.setString("name\thttps://b.example/");
-    controller->pasteEditMenu();
+    controller->clipboard().pasteEditMenu();
     timers.advance(1);
     EXPECT_FALSE(outline().edited);
 }
 
 TEST_F(FieldsTest, aSecondCellEndsTheFirstAndTakesItOver) {
     outline().selected = {link_};
-    controller->editNameBookmark();
+    controller->fields().editNameBookmark();
     outline().typed = "typed";
-    controller->editURLBookmark();
+    controller->fields().editURLBookmark();
     EXPECT_EQ(link_->itemName().view(), "typed");
     EXPECT_EQ(*outline().edited, std::pair(Column::URL, link_));
     outline().typed = "https://typed.example/";
-    controller->newFolder();
+    controller->editing().newFolder();
     EXPECT_EQ(link_->itemURL().view(), "https://typed.example/");
 }
 
@@ -220,7 +220,7 @@ TEST_F(FieldsTest, everyActionTakesOverWhatIsBeingTyped) {
          {"expandAll:", "collapseAll:", "zoomIn:", "copy:", "selectAll:", "showMarks:", "findNext:",
           "performFindPanelAction:", "sortByName:", "getInfo:", "moveUp:"}) {
         outline().selected = {link_};
-        controller->editNameBookmark();
+        controller->fields().editNameBookmark();
         const std::string text = "typed " + std::to_string(++number);
         outline().typed = text;
         controller->actions().perform(MenuItem{.action = action});
@@ -231,22 +231,22 @@ TEST_F(FieldsTest, everyActionTakesOverWhatIsBeingTyped) {
 
 TEST_F(FieldsTest, aDropTakesOverWhatIsBeingTyped) {
     outline().selected = {link_};
-    controller->editNameBookmark();
+    controller->fields().editNameBookmark();
     outline().typed = "typed";
     PasteboardItem item;
     item.set(kURLType, "https://c.example/");
     const DragInfo drag{.source = nullptr, .copies = true, .items = {item}};
-    ASSERT_EQ(controller->validateDrop(drag, nullptr, 0), DragOperation::Copy);
-    EXPECT_TRUE(controller->acceptDrop(drag, nullptr, 0));
+    ASSERT_EQ(controller->dragging().validateDrop(drag, nullptr, 0), DragOperation::Copy);
+    EXPECT_TRUE(controller->dragging().acceptDrop(drag, nullptr, 0));
     EXPECT_EQ(link_->itemName().view(), "typed");
     EXPECT_FALSE(outline().edited);
 }
 
 TEST_F(FieldsTest, beforeTheWindowGoesTheInfoPanelSavesItsChange) {
     outline().selected = {link_};
-    controller->getInfo();
+    controller->window().getInfo();
     window->info->setNote("typed");
-    controller->commitEditing();
+    controller->fields().commitEditing();
     EXPECT_TRUE(link_->itemNote().isNull()) << "the panel stays as it is";
     controller->finishEditing();
     EXPECT_EQ(link_->itemNote().view(), "typed");

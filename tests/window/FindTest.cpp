@@ -7,7 +7,7 @@ namespace {
 class FindTest : public WindowTest {
 protected:
     using Names = std::vector<std::string>;
-    FindBarController& bar() { return controller->findBar(); }
+    FindBarController& bar() { return controller->window().findBar(); }
 };
 
 TEST_F(FindTest, theBarComesUpWithItsTextSelectedAndGoes) {
@@ -29,9 +29,9 @@ TEST_F(FindTest, theBarComesUpWithItsTextSelectedAndGoes) {
     EXPECT_EQ(beeper.beeps, 1);
     const MenuItem findNext{.action = "findNext:"};
     EXPECT_FALSE(controller->actions().validateMenuItem(findNext)) << "nothing was searched for";
-    controller->findBar().findNext();
+    controller->finding().findNext();
     EXPECT_EQ(beeper.beeps, 2);
-    controller->setSearchString("a");
+    controller->finding().setSearchString("a");
     EXPECT_TRUE(controller->actions().validateMenuItem(findNext));
 }
 
@@ -90,8 +90,8 @@ TEST_F(FindTest, aSearchCountsAndSelectsTheFirstMatch) {
     EXPECT_EQ(window->bar.label, "2 matches");
     EXPECT_EQ(outline().selected, std::set<Bookmark*>{&b});
     EXPECT_EQ(outline().scrolledTo, 1u);
-    EXPECT_EQ(controller->foundBookmark(), &b);
-    EXPECT_EQ(controller->searchString(), "HIT");
+    EXPECT_EQ(controller->finding().foundBookmark(), &b);
+    EXPECT_EQ(controller->finding().searchString(), "HIT");
     bar().controlTextDidBeginEditing();
     EXPECT_EQ(window->bar.label, "");
     bar().doSearch("nothing");
@@ -99,7 +99,7 @@ TEST_F(FindTest, aSearchCountsAndSelectsTheFirstMatch) {
     EXPECT_EQ(outline().selected, std::set<Bookmark*>{&b});
     bar().doSearch("");
     EXPECT_EQ(window->bar.label, "");
-    EXPECT_EQ(controller->searchString(), "nothing");
+    EXPECT_EQ(controller->finding().searchString(), "nothing");
     EXPECT_EQ(document.changeCount(), 0);
 }
 
@@ -107,15 +107,15 @@ TEST_F(FindTest, findNextBeepsWithoutASearchStringAndBehindTheLastMatch) {
     Bookmark& a = add(makeLink("a hit", "x"));
     Bookmark& b = add(makeLink("b hit", "x"));
     open();
-    bar().findNext();
+    controller->finding().findNext();
     EXPECT_EQ(beeper.beeps, 1);
     bar().doSearch("hit");
-    bar().findNext();
+    controller->finding().findNext();
     EXPECT_EQ(outline().selected, std::set<Bookmark*>{&b});
-    bar().findNext();
+    controller->finding().findNext();
     EXPECT_EQ(beeper.beeps, 2);
     EXPECT_EQ(outline().selected, std::set<Bookmark*>{&b});
-    bar().findNext();
+    controller->finding().findNext();
     EXPECT_EQ(outline().selected, std::set<Bookmark*>{&a});
 }
 
@@ -125,7 +125,7 @@ TEST_F(FindTest, aMatchInCollapsedFoldersIsRevealed) {
     add(makeFolder("beside", false), &inner);
     Bookmark& link = add(makeLink("hit", "x"), &inner);
     open();
-    controller->findText("hit");
+    controller->finding().findText("hit");
     EXPECT_EQ(rowNames(), (Names{"outer", "inner", "beside", "hit"}));
     EXPECT_TRUE(outer.showHier() && inner.showHier());
     EXPECT_EQ(outline().selected, std::set<Bookmark*>{&link});
@@ -138,7 +138,7 @@ TEST_F(FindTest, withoutRememberDesktopRevealingLeavesTheDocumentClean) {
     Bookmark& outer = add(makeFolder("outer", false));
     add(makeLink("hit", "x"), &outer);
     open();
-    controller->findText("hit");
+    controller->finding().findText("hit");
     EXPECT_EQ(rowNames(), (Names{"outer", "hit"}));
     EXPECT_EQ(document.changeCount(), 0);
 }
@@ -148,14 +148,14 @@ TEST_F(FindTest, theRootHasNoRowAndLeavesTheSelection) {
     Bookmark& a = add(makeLink("a", "x"));
     Bookmark& b = add(makeLink("master", "x"));
     open();
-    controller->findText("master");
-    controller->findNext();
+    controller->finding().findText("master");
+    controller->finding().findNext();
     EXPECT_EQ(beeper.beeps, 1);
     select({&a});
-    controller->findNext();
-    EXPECT_EQ(controller->foundBookmark(), &document.getMaster());
+    controller->finding().findNext();
+    EXPECT_EQ(controller->finding().foundBookmark(), &document.getMaster());
     EXPECT_EQ(outline().selected, std::set<Bookmark*>{&a});
-    controller->findNext();
+    controller->finding().findNext();
     EXPECT_EQ(outline().selected, std::set<Bookmark*>{&b});
 }
 
@@ -163,11 +163,11 @@ TEST_F(FindTest, afterTheFoundItemWasDeletedItBeginsAgain) {
     Bookmark& a = add(makeLink("a hit", "x"));
     Bookmark& b = add(makeLink("b hit", "x"));
     open();
-    controller->findText("hit");
-    controller->findNext();
+    controller->finding().findText("hit");
+    controller->finding().findNext();
     select({&b});
-    controller->deleteSelection();
-    controller->findNext();
+    controller->editing().deleteSelection();
+    controller->finding().findNext();
     EXPECT_EQ(outline().selected, std::set<Bookmark*>{&a});
     EXPECT_EQ(beeper.beeps, 0);
 }
@@ -175,9 +175,9 @@ TEST_F(FindTest, afterTheFoundItemWasDeletedItBeginsAgain) {
 TEST_F(FindTest, theColumnOfTagsTakesThemForNames) {
     add(makeLink("a", "x")).setItemTags("hit");
     open();
-    controller->addTagsColumn();
+    controller->table().addTagsColumn();
     EXPECT_TRUE(shared.findPhases.tagsWithName);
-    controller->removeTagsColumn();
+    controller->table().removeTagsColumn();
     EXPECT_FALSE(shared.findPhases.tagsWithName);
 }
 
@@ -221,7 +221,7 @@ TEST_F(LargeFindTest, anotherSearchOrNoneEndsTheOneThatGoesOn) {
 
 TEST_F(LargeFindTest, findNextWaitsForTheFirstMatch) {
     bar().doSearch("hit");
-    bar().findNext();
+    controller->finding().findNext();
     EXPECT_EQ(window->bar.label, "1 match");
     EXPECT_EQ(beeper.beeps, 1) << "behind the only match";
     EXPECT_EQ(timers.running(), 0u);
@@ -231,13 +231,13 @@ TEST_F(LargeFindTest, itemsMayGoWhileItGoesOn) {
     bar().doSearch("hit");
     Bookmark* first = document.getMaster().getChild();
     outline().selected.insert(outline().rows.begin(), outline().rows.end());
-    controller->deleteSelection();
+    controller->editing().deleteSelection();
     ASSERT_FALSE(document.getMaster().hasChildren());
-    controller->addNewData(makeLink("another hit", "x"));
+    controller->editing().addNewData(makeLink("another hit", "x"));
     timers.advance(1);
     EXPECT_EQ(window->bar.label, "1 match");
-    EXPECT_NE(controller->foundBookmark(), first);
-    EXPECT_EQ(controller->foundBookmark(), document.getMaster().getChild());
+    EXPECT_NE(controller->finding().foundBookmark(), first);
+    EXPECT_EQ(controller->finding().foundBookmark(), document.getMaster().getChild());
 }
 
 TEST_F(FindTest, recentSearchesAreKeptTheNewestFirst) {

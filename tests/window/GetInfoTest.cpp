@@ -35,7 +35,7 @@ TEST_F(GetInfoTest, itWantsASelection) {
     plant();
     select({});
     EXPECT_FALSE(controller->actions().validateMenuItem(MenuItem{.action = "getInfo:"}));
-    controller->getInfo();
+    controller->window().getInfo();
     EXPECT_EQ(alerts.shown.size(), 1u);
     EXPECT_FALSE(window->info);
 }
@@ -102,7 +102,7 @@ TEST_F(GetInfoTest, everyFieldIsTakenOver) {
     EXPECT_TRUE(c->getLocked());
     EXPECT_EQ(c->itemBrowser(), 11);
     EXPECT_EQ(window->urlField, "https://new.example/");
-    EXPECT_FALSE(controller->viewForTableColumn(Column::URL, 3, false).editable);
+    EXPECT_FALSE(controller->cells().viewForTableColumn(Column::URL, 3, false).editable);
 }
 
 TEST_F(GetInfoTest, aClearedTextIsEmptyAndAFoldersURLCannotBeEdited) {
@@ -179,7 +179,7 @@ TEST_F(GetInfoTest, anEmptyFolderIsSteppedIntoInVain) {
 
 TEST_F(GetInfoTest, aStepToWhatHasNoRowLeavesTheSelection) {
     plant();
-    controller->collapseItem(*folder);
+    controller->outline().collapseItem(*folder);
     select({folder});
     GetInfoController& info = getInfo();
     info.down();
@@ -234,15 +234,15 @@ TEST_F(GetInfoTest, aMatchInTheNoteOpensItWithTheNoteHighlighted) {
     a->setItemName("a hit");
     a->setItemNote("a hit in the note");
     c->setItemName("c hit");
-    EXPECT_EQ(controller->findText("hit"), 3u);
+    EXPECT_EQ(controller->finding().findText("hit"), 3u);
     EXPECT_FALSE(window->info) << "the first match is in the name";
-    controller->findNext();
+    controller->finding().findNext();
     ASSERT_TRUE(window->info);
     EXPECT_EQ(window->info->original(), a);
     EXPECT_EQ(panel().selectedNote, "hit");
     EXPECT_EQ(panel().selectedTags, "");
     window->info->done();
-    controller->findNext();
+    controller->finding().findNext();
     EXPECT_EQ(outline().selected, std::set<Bookmark*>{c});
     EXPECT_FALSE(window->info->isShown()) << "the outline shows this match";
 }
@@ -250,16 +250,16 @@ TEST_F(GetInfoTest, aMatchInTheNoteOpensItWithTheNoteHighlighted) {
 TEST_F(GetInfoTest, whatIsHighlightedHasTheAccentsOfTheNote) {
     plant();
     a->setItemNote("her Résumé");
-    controller->findText("resume");
+    controller->finding().findText("resume");
     ASSERT_TRUE(window->info);
     EXPECT_EQ(panel().selectedNote, "Résumé");
 }
 
 TEST_F(GetInfoTest, aMatchInTheTagsOpensItWithTheTagsHighlighted) {
     plant();
-    controller->collapseItem(*folder);
+    controller->outline().collapseItem(*folder);
     b->setItemTags("a hit");
-    controller->findText("hit");
+    controller->finding().findText("hit");
     ASSERT_TRUE(window->info);
     EXPECT_EQ(window->info->original(), b);
     EXPECT_EQ(panel().selectedTags, "hit");
@@ -269,10 +269,10 @@ TEST_F(GetInfoTest, aPanelThatIsUpGoesToTheNextMatchAndSaves) {
     plant();
     a->setItemNote("hit");
     b->setItemNote("hit");
-    controller->findText("hit");
+    controller->finding().findText("hit");
     GetInfoController& info = *window->info;
     info.setName("changed");
-    controller->findNext();
+    controller->finding().findNext();
     EXPECT_EQ(window->info.get(), &info);
     EXPECT_EQ(info.original(), b);
     EXPECT_EQ(a->itemName(), Text("changed"));
@@ -286,7 +286,7 @@ TEST_F(GetInfoTest, findNextInThePanelShowsWhereItWasFound) {
     GetInfoController& without = getInfo();
     EXPECT_FALSE(without.canFindNext()) << "nothing was searched for";
     without.done();
-    controller->findText("hit");
+    controller->finding().findText("hit");
     GetInfoController& info = *window->info;
     EXPECT_EQ(info.original(), a);
     EXPECT_TRUE(info.canFindNext());
@@ -309,11 +309,11 @@ TEST_F(GetInfoTest, findNextInThePanelDoesNotGoToTheRoot) {
     plant();
     document.getMaster().setItemName("a hit");
     c->setItemName("hit");
-    controller->findText("hit");
-    controller->findNext();
+    controller->finding().findText("hit");
+    controller->finding().findNext();
     GetInfoController& info = getInfo();
     info.findNext();
-    EXPECT_EQ(controller->foundBookmark(), &document.getMaster());
+    EXPECT_EQ(controller->finding().foundBookmark(), &document.getMaster());
     EXPECT_EQ(info.original(), c);
 }
 
@@ -334,7 +334,7 @@ TEST_F(GetInfoTest, aPanelGoesWithItsNodeAndWritesNothing) {
     GetInfoController& info = getInfo();
     info.setName("lost");
     select({folder});
-    controller->deleteSelection();
+    controller->editing().deleteSelection();
     EXPECT_EQ(panel().dismissals, 1);
     EXPECT_FALSE(info.isShown());
     EXPECT_EQ(a->itemName(), Text("a"));
@@ -352,7 +352,7 @@ TEST_F(GetInfoTest, aPanelStaysWhenOthersGo) {
     GetInfoController& info = getInfo();
     info.setName("kept");
     select({a});
-    controller->deleteSelection();
+    controller->editing().deleteSelection();
     EXPECT_EQ(panel().dismissals, 0);
     EXPECT_EQ(panel().buttons, (InfoButtons{.up = true}));
     info.keepChange();
@@ -363,20 +363,20 @@ TEST_F(GetInfoTest, aNodeThatOutlivesItsFolderHasNoParent) {
     plant();
     select({a});
     GetInfoController& info = getInfo();
-    controller->findText("a.example");
-    controller->deleteSelection();
+    controller->finding().findText("a.example");
+    controller->editing().deleteSelection();
     EXPECT_EQ(a->getParent(), nullptr);
     select({folder});
-    controller->deleteSelection(); // what puts the first one back is forgotten
+    controller->editing().deleteSelection(); // what puts the first one back is forgotten
     controller->statusLine().showStatus("another");
     EXPECT_EQ(info.original(), a);
     info.up();
     info.next();
     info.previous();
     EXPECT_EQ(beeper.beeps, 3);
-    ASSERT_EQ(controller->foundBookmark(), a);
-    controller->findNext();
-    EXPECT_EQ(controller->foundBookmark(), nullptr);
+    ASSERT_EQ(controller->finding().foundBookmark(), a);
+    controller->finding().findNext();
+    EXPECT_EQ(controller->finding().foundBookmark(), nullptr);
 }
 
 TEST_F(GetInfoTest, aPanelGoesWithTheLinksThatTheirStatusRemovesAndWithTheTree) {
@@ -384,7 +384,7 @@ TEST_F(GetInfoTest, aPanelGoesWithTheLinksThatTheirStatusRemovesAndWithTheTree) 
     c->setItemURL("https://a.example/");
     GetInfoController& info = getInfo();
     info.setName("lost");
-    controller->deleteDuplicatesExecute();
+    controller->marks().deleteDuplicatesExecute();
     EXPECT_EQ(panel().dismissals, 1);
     EXPECT_EQ(c->itemName(), Text("c"));
     EXPECT_EQ(c->getParent(), nullptr);
@@ -400,7 +400,7 @@ TEST_F(GetInfoTest, aPanelGoesWithTheLinksThatTheirStatusRemovesAndWithTheTree) 
 TEST_F(GetInfoTest, aPanelStaysWithANodeThatIsMoved) {
     plant();
     GetInfoController& info = getInfo();
-    controller->moveUp();
+    controller->editing().moveUp();
     EXPECT_EQ(panel().dismissals, 0);
     info.setName("kept");
     info.done();
@@ -437,10 +437,10 @@ TEST_F(GetInfoTest, whatTheRowsChangeWhileThePanelIsUpStays) {
     GetInfoController& info = getInfo();
     info.setNote("typed here");
     info.setTags("typed here");
-    controller->endNameEdit(3, "renamed");
-    controller->endURLEdit(3, "mailto:c@example.org");
-    controller->endTagsEdit(3, "typed there");
-    controller->labelBookmark(5);
+    controller->fields().endNameEdit(3, "renamed");
+    controller->fields().endURLEdit(3, "mailto:c@example.org");
+    controller->fields().endTagsEdit(3, "typed there");
+    controller->editing().labelBookmark(5);
     EXPECT_EQ(info.duplicate().itemName(), Text("renamed"));
     EXPECT_EQ(panel().title, "renamed");
     EXPECT_EQ(panel().reloads, 4) << "when it came up, and for name, address and label";
@@ -460,7 +460,7 @@ TEST_F(GetInfoTest, marksThatAreSetWhileThePanelIsUpAreNoChangeOfIt) {
     plant();
     c->setItemURL("https://a.example/");
     GetInfoController& info = getInfo();
-    controller->findDuplicates();
+    controller->marks().findDuplicates();
     ASSERT_EQ(c->getStatus(), kDuplicateStatus);
     const Date before = c->itemDateModified();
     base.clock.advance(10);

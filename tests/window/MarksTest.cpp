@@ -11,7 +11,7 @@ protected:
         alerts.whileShown = [this] { timers.advance(10); }; // before the answer
         shared.showMarks = [this](bool isShown) {
             shownEverywhere.push_back(isShown);
-            controller->showMarksView();
+            controller->marks().showMarksView();
         };
     }
     Bookmark& addLink(const char* name, const char* url, Bookmark* parent = nullptr,
@@ -43,11 +43,11 @@ protected:
 TEST_F(MarksTest, showMarksTurnsTheSettingAndTellsTheApplication) {
     addLink("a", "u", nullptr, kBrokenStatus);
     open();
-    EXPECT_FALSE(controller->viewForTableColumn(Column::Name, 0, false).statusShown);
+    EXPECT_FALSE(controller->cells().viewForTableColumn(Column::Name, 0, false).statusShown);
     perform("showMarks:");
     EXPECT_TRUE(base.defaults.boolForKey("ShowMarks"));
     EXPECT_EQ(outline().reloaded, (std::vector<RowRange>{{0, 1}}));
-    const CellContent cell = controller->viewForTableColumn(Column::Name, 0, false);
+    const CellContent cell = controller->cells().viewForTableColumn(Column::Name, 0, false);
     EXPECT_TRUE(cell.statusShown);
     EXPECT_EQ(cell.statusImage, "brokenStatus");
     perform("showMarks:");
@@ -100,7 +100,7 @@ TEST_F(MarksTest, aWasteBasketInTheMiddleIsMovedDownAfterAQuestion) {
     EXPECT_EQ(inside.getStatus(), kDuplicateStatus);
     EXPECT_EQ(after.getStatus(), kNoStatus);
     EXPECT_EQ(document.changeCount(), 1);
-    EXPECT_EQ(controller->moveWasteDown(), kAlertFirstButton);
+    EXPECT_EQ(controller->marks().moveWasteDown(), kAlertFirstButton);
     EXPECT_EQ(alerts.shown.size(), 2u) << "there is nothing left to ask";
 }
 
@@ -211,7 +211,7 @@ TEST_F(MarksTest, theSheetsWayEndsWhenTheBasketIsNotToBeMoved) {
     addLink("a", "u", nullptr, kDuplicateStatus);
     open();
     alerts.answer("Cancel");
-    controller->deleteSheetExecute();
+    controller->marks().deleteSheetExecute();
     EXPECT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(rowNames(), (Names{"Waste Basket", "a"}));
     EXPECT_FALSE(base.defaults.boolForKey("ShowMarks"));
@@ -224,7 +224,7 @@ TEST_F(MarksTest, theSheetsWayMovesTheBasketDownFirst) {
     addLink("b", "u");
     open();
     alerts.answer("OK");
-    controller->deleteSheetExecute();
+    controller->marks().deleteSheetExecute();
     EXPECT_EQ(rowNames(), (Names{"b", "Waste Basket", "a", "inside"}));
     EXPECT_EQ(alerts.shown.at(1).message, "1 bookmark was moved to the Waste Basket.");
     EXPECT_EQ(alerts.shown.at(1).style, AlertStyle::Informational);
@@ -237,7 +237,7 @@ TEST_F(MarksTest, theSheetsWayDoesNotScan) {
     addLink("b", "u");
     open();
     shared.removedLinks = 7; // of the pass before
-    controller->deleteSheetExecute();
+    controller->marks().deleteSheetExecute();
     EXPECT_EQ(rowNames(), (Names{"a", "b"}));
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "0 bookmarks were moved to the Waste Basket.");
@@ -252,7 +252,7 @@ TEST_F(MarksTest, movedLinksGoIntoTheBasketAndCountAsChangesEach) {
     addLink("c", "u");
     open();
     select({&a});
-    controller->deleteSheetExecute();
+    controller->marks().deleteSheetExecute();
     EXPECT_EQ(rowNames(), (Names{"folder", "c", "Waste Basket"}));
     EXPECT_EQ(namesIn(*document.getMaster().getLast()), (Names{"b", "a"}));
     EXPECT_TRUE(outline().selected.empty());
@@ -268,7 +268,7 @@ TEST_F(MarksTest, theFirstRowGoesWithTheNextReload) {
     open();
     select({&a, &b});
     set("MoveLinks", false);
-    controller->deleteSheetExecute();
+    controller->marks().deleteSheetExecute();
     EXPECT_EQ(rowNames(), Names{"b"});
     EXPECT_EQ(outline().reloads, 1);
     EXPECT_EQ(outline().selected, std::set<Bookmark*>{&b}) << "what stays, stays selected";
@@ -279,7 +279,7 @@ TEST_F(MarksTest, whatIsShownInTheBasketComesWithRows) {
     addLink("a", "u", &basket, kDuplicateStatus);
     addWasteBasket(true);
     open();
-    controller->deleteSheetExecute();
+    controller->marks().deleteSheetExecute();
     EXPECT_EQ(rowNames(), (Names{"x", "Waste Basket", "a"}));
 }
 

@@ -30,17 +30,17 @@ public:
         ++reloads;
     }
     void willInsertRows(RowRange range) override {
-        EXPECT_EQ(controller_.numberOfRows(), rows.size());
+        EXPECT_EQ(controller_.outline().numberOfRows(), rows.size());
         pending_ = range;
     }
     void didInsertRows() override {
         rows.insert(rows.begin() + offset(), pending_.count, nullptr);
         for (std::size_t row = pending_.first; row < pending_.first + pending_.count; ++row)
-            rows[row] = &controller_.itemAtRow(row);
+            rows[row] = &controller_.outline().itemAtRow(row);
         EXPECT_TRUE(rowsAreRight());
     }
     void willRemoveRows(RowRange range) override {
-        EXPECT_EQ(controller_.numberOfRows(), rows.size());
+        EXPECT_EQ(controller_.outline().numberOfRows(), rows.size());
         pending_ = range;
         for (std::size_t row = range.first; row < range.first + range.count; ++row) {
             selected.erase(rows[row]);
@@ -71,17 +71,17 @@ public:
         for (const RowRange& range : set)
             for (std::size_t row = range.first; row < range.first + range.count; ++row)
                 selected.insert(rows.at(row));
-        controller_.selectionDidChange(SelectedBy::Program);
+        controller_.outline().selectionDidChange(SelectedBy::Program);
     }
     void selectAll() override {
         selected.insert(rows.begin(), rows.end());
-        controller_.selectionDidChange(SelectedBy::Program);
+        controller_.outline().selectionDidChange(SelectedBy::Program);
     }
     void scrollRowToVisible(std::size_t row) override { scrolledTo = row; }
     void editCell(Column column, std::size_t row) override {
-        EXPECT_TRUE(controller_.viewForTableColumn(column, row, true).editable);
+        EXPECT_TRUE(controller_.cells().viewForTableColumn(column, row, true).editable);
         EXPECT_FALSE(edited) << "another cell is being edited";
-        edited = {{column, &controller_.itemAtRow(row)}};
+        edited = {{column, &controller_.outline().itemAtRow(row)}};
         ++editingsBegun;
     }
     void endEditing() override {
@@ -90,11 +90,11 @@ public:
         const auto [column, item] = *std::exchange(edited, std::nullopt);
         ++editingsEnded;
         const std::optional<std::string> text = std::exchange(typed, std::nullopt);
-        const std::optional<std::size_t> row = controller_.rowForItem(*item);
+        const std::optional<std::size_t> row = controller_.outline().rowForItem(*item);
         if (text && row)
-            column == Column::Name  ? controller_.endNameEdit(*row, *text)
-            : column == Column::URL ? controller_.endURLEdit(*row, *text)
-                                    : controller_.endTagsEdit(*row, *text);
+            column == Column::Name  ? controller_.fields().endNameEdit(*row, *text)
+            : column == Column::URL ? controller_.fields().endURLEdit(*row, *text)
+                                    : controller_.fields().endTagsEdit(*row, *text);
     }
     bool isEditing() const override { return edited.has_value(); }
     bool hasKeyboard() const override { return keyboard; }
@@ -116,10 +116,10 @@ public:
     }
 
     bool rowsAreRight() const {
-        if (rows.size() != controller_.numberOfRows())
+        if (rows.size() != controller_.outline().numberOfRows())
             return false;
         for (std::size_t row = 0; row < rows.size(); ++row)
-            if (rows[row] != &controller_.itemAtRow(row))
+            if (rows[row] != &controller_.outline().itemAtRow(row))
                 return false;
         return true;
     }
@@ -148,8 +148,8 @@ private:
     void copyRows() {
         rows.clear();
         selected.clear();
-        for (std::size_t row = 0; row < controller_.numberOfRows(); ++row)
-            rows.push_back(&controller_.itemAtRow(row));
+        for (std::size_t row = 0; row < controller_.outline().numberOfRows(); ++row)
+            rows.push_back(&controller_.outline().itemAtRow(row));
     }
 
     ViewController& controller_;

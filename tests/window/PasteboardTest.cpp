@@ -50,11 +50,11 @@ protected:
     }
     void copy(std::initializer_list<Bookmark*> items) {
         select(items);
-        controller->copyEditMenu();
+        controller->clipboard().copyEditMenu();
     }
     void paste(const std::string& text) {
         pasteboard.setString(text);
-        controller->pasteEditMenu();
+        controller->clipboard().pasteEditMenu();
     }
     Ref<Bookmark> read(std::initializer_list<PasteboardItem::Value> values) {
         return pasteboardItemToBookmark(makeItem(values),
@@ -113,14 +113,14 @@ TEST_F(PasteboardTest, aLongTextThatManyLinksShareIsNotWrittenForEachOfThem) {
         add(makeLink("l")).setItemURL(url);
     open();
     outline().selectAll();
-    controller->copyEditMenu();
+    controller->clipboard().copyEditMenu();
     EXPECT_FALSE(pasteboard.held.get("text/plain"));
     EXPECT_LT(pasteboard.held.get(kItemsMimeType)->size(), 100'000u);
-    controller->pasteEditMenu();
+    controller->clipboard().pasteEditMenu();
     ASSERT_EQ(rowNames().size(), 600u);
-    EXPECT_EQ(controller->itemAtRow(599).itemURL(), url);
+    EXPECT_EQ(controller->outline().itemAtRow(599).itemURL(), url);
     outline().selectAll();
-    for (const PasteboardItem& item : controller->beginDraggingSession())
+    for (const PasteboardItem& item : controller->dragging().beginDraggingSession())
         EXPECT_FALSE(item.offers(kStringType));
 }
 
@@ -151,11 +151,11 @@ TEST_F(PasteboardTest, theClickedRowIsCopiedAndTheSelectedRowsAreCut) {
     Bookmark& selected = add(makeLink("selected", "https://selected/"));
     open();
     select({&selected});
-    controller->setClickedRow(0);
-    controller->cut();
+    controller->outline().setClickedRow(0);
+    controller->clipboard().cut();
     EXPECT_EQ(copied(), "https://clicked/");
     EXPECT_EQ(rowNames(), std::vector<std::string>{"clicked"});
-    EXPECT_EQ(&controller->itemAtRow(0), &clicked);
+    EXPECT_EQ(&controller->outline().itemAtRow(0), &clicked);
     EXPECT_EQ(changes(), 1);
 }
 
@@ -169,14 +169,14 @@ TEST_F(PasteboardTest, whatWasCopiedIsPastedWhole) {
     copy({&folder});
     inside.setItemNote("changed after the copy");
     select({&link});
-    controller->pasteEditMenu();
+    controller->clipboard().pasteEditMenu();
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"f", "l", "f"}));
-    const Bookmark& pasted = *controller->itemAtRow(2).getChild();
+    const Bookmark& pasted = *controller->outline().itemAtRow(2).getChild();
     EXPECT_EQ(pasted.itemNote(), Text("note"));
     EXPECT_EQ(pasted.getLabel(), 3);
     EXPECT_EQ(pasted.getDocument(), &document);
     EXPECT_EQ(changes(), 1);
-    controller->pasteEditMenu();
+    controller->clipboard().pasteEditMenu();
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"f", "l", "f", "f"})) << "once more, another copy";
 }
 
@@ -188,10 +188,11 @@ TEST_F(PasteboardTest, severalItemsKeepTheirOrderAndAnExpandedFolderTakesTheNext
     open();
     copy({&a, &b, &folder, &c});
     select({&c});
-    controller->pasteEditMenu();
+    controller->clipboard().pasteEditMenu();
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"a", "b", "f", "c", "a", "b", "f", "c"}));
-    EXPECT_EQ(controller->levelForRow(6), 0);
-    EXPECT_EQ(controller->levelForRow(7), 1) << "the pasted folder is expanded and takes the next item";
+    EXPECT_EQ(controller->outline().levelForRow(6), 0);
+    EXPECT_EQ(controller->outline().levelForRow(7), 1)
+        << "the pasted folder is expanded and takes the next item";
     EXPECT_EQ(changes(), 4) << "one change an item";
 }
 
@@ -204,10 +205,10 @@ TEST_F(PasteboardTest, manyItemsArePastedAsFewAre) {
     }
     open();
     outline().selectRows({{1, 300}});
-    controller->copyEditMenu();
+    controller->clipboard().copyEditMenu();
     select({&folder});
     const int reloads = outline().reloads;
-    controller->pasteEditMenu();
+    controller->clipboard().pasteEditMenu();
     const std::vector<std::string> names(expected.begin() + 1, expected.end());
     expected.insert(expected.end(), names.begin(), names.end());
     EXPECT_EQ(rowNames(), expected);
@@ -220,8 +221,8 @@ TEST_F(PasteboardTest, linesOfNameTabURLAndBareURLs) {
     open();
     paste("Name\thttps://named/\nhttps://bare/\n");
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"Name", "Untitled"}));
-    EXPECT_EQ(controller->itemAtRow(0).itemURL(), Text("https://named/"));
-    EXPECT_EQ(controller->itemAtRow(1).itemURL(), Text("https://bare/"));
+    EXPECT_EQ(controller->outline().itemAtRow(0).itemURL(), Text("https://named/"));
+    EXPECT_EQ(controller->outline().itemAtRow(1).itemURL(), Text("https://bare/"));
     EXPECT_EQ(changes(), 2) << "the empty piece behind the last line feed is none";
 }
 
@@ -229,18 +230,19 @@ TEST_F(PasteboardTest, aLineWithATabIsSplitAndClassified) {
     open();
     paste("Mail\tmailto:a@b\tmore");
     EXPECT_EQ(rowNames(), std::vector<std::string>{"Mail"});
-    EXPECT_EQ(controller->itemAtRow(0).itemURL(), Text("mailto:a@b")) << "further fields are left out";
-    EXPECT_EQ(controller->itemAtRow(0).getType(), kMailType);
+    EXPECT_EQ(controller->outline().itemAtRow(0).itemURL(), Text("mailto:a@b"))
+        << "further fields are left out";
+    EXPECT_EQ(controller->outline().itemAtRow(0).getType(), kMailType);
 }
 
 TEST_F(PasteboardTest, splittingTakesLineFeedsOutOfAURLThatEndsInOne) {
     open();
-    const Ref<Bookmark> split = controller->splitBookmark("n\thttps://a/\nb\n");
+    const Ref<Bookmark> split = controller->clipboard().splitBookmark("n\thttps://a/\nb\n");
     ASSERT_TRUE(split);
     EXPECT_EQ(split->itemURL(), Text("https://a/b"));
-    EXPECT_EQ(controller->splitBookmark("n\thttps://a/\nb")->itemURL(), Text("https://a/\nb"));
-    EXPECT_FALSE(controller->splitBookmark(""));
-    EXPECT_FALSE(controller->splitBookmark("name\t"));
+    EXPECT_EQ(controller->clipboard().splitBookmark("n\thttps://a/\nb")->itemURL(), Text("https://a/\nb"));
+    EXPECT_FALSE(controller->clipboard().splitBookmark(""));
+    EXPECT_FALSE(controller->clipboard().splitBookmark("name\t"));
     EXPECT_EQ(changes(), 2);
 }
 
@@ -251,14 +253,14 @@ TEST_F(PasteboardTest, aTextIsSplitOnlyWhereItIsTheOnlyItem) {
     const PasteboardItem named = makeItem({{typed(kStringType), "Name\thttps://named/"}});
     open();
     hold({named, PasteboardItem()});
-    controller->pasteEditMenu();
+    controller->clipboard().pasteEditMenu();
     EXPECT_EQ(rowNames(), std::vector<std::string>{"Name"}) << "an empty second item does not count";
     hold({named, makeItem({{typed(kStringType), "https://bare/"}})});
-    controller->pasteEditMenu();
+    controller->clipboard().pasteEditMenu();
     EXPECT_EQ(rowNames(), (std::vector<std::string>{"Name", "Untitled", "Untitled"}));
-    EXPECT_EQ(controller->itemAtRow(1).itemURL(), Text("Name\thttps://named/"));
+    EXPECT_EQ(controller->outline().itemAtRow(1).itemURL(), Text("Name\thttps://named/"));
     hold({named, PasteboardItem(), PasteboardItem()});
-    controller->pasteEditMenu();
+    controller->clipboard().pasteEditMenu();
     EXPECT_EQ(rowNames().size(), 4u);
     EXPECT_EQ(rowNames().back(), "Untitled") << "two empty ones do";
 }
@@ -267,12 +269,12 @@ TEST_F(PasteboardTest, aTextWithoutTabOrLineFeedIsAURLAsItStands) {
     open();
     paste("  not a link ");
     EXPECT_EQ(rowNames(), std::vector<std::string>{"Untitled"});
-    EXPECT_EQ(controller->itemAtRow(0).itemURL(), Text("  not a link "));
+    EXPECT_EQ(controller->outline().itemAtRow(0).itemURL(), Text("  not a link "));
 }
 
 TEST_F(PasteboardTest, anEmptyPasteboardPastesNothing) {
     open();
-    controller->pasteEditMenu();
+    controller->clipboard().pasteEditMenu();
     EXPECT_TRUE(rowNames().empty());
     EXPECT_EQ(changes(), 0);
 }
@@ -404,7 +406,7 @@ TEST_F(PasteboardTest, itemsThatAreNothingAreSkipped) {
     MimeContent content;
     content.set("text/html", "<p>");
     pasteboard.setContent(content);
-    controller->pasteEditMenu();
+    controller->clipboard().pasteEditMenu();
     EXPECT_EQ(grabbed, "<p>");
     EXPECT_EQ(changes(), 0);
 }
@@ -412,7 +414,7 @@ TEST_F(PasteboardTest, itemsThatAreNothingAreSkipped) {
 class ServicesTest : public PasteboardTest {
 protected:
     bool write(std::vector<std::string_view> types = {kStringType}) {
-        return controller->writeSelectionToPasteboardTypes(given, types);
+        return controller->clipboard().writeSelectionToPasteboardTypes(given, types);
     }
 
     PasteboardItem given = makeItem({{typed(kHTMLType), "of before"}});
@@ -440,16 +442,17 @@ TEST_F(ServicesTest, whoWantsNoTextIsGivenNothing) {
     const PasteboardItem before = given;
     EXPECT_FALSE(write({kURLType}));
     EXPECT_EQ(given, before);
-    EXPECT_TRUE(ViewController::validRequestorForSendTypeReturnType(kStringType, kHTMLType));
-    EXPECT_FALSE(ViewController::validRequestorForSendTypeReturnType(kURLType, kStringType));
-    EXPECT_FALSE(ViewController::validRequestorForSendTypeReturnType("", kStringType));
+    EXPECT_TRUE(ClipboardCommands::validRequestorForSendTypeReturnType(kStringType, kHTMLType));
+    EXPECT_FALSE(ClipboardCommands::validRequestorForSendTypeReturnType(kURLType, kStringType));
+    EXPECT_FALSE(ClipboardCommands::validRequestorForSendTypeReturnType("", kStringType));
 }
 
 TEST_F(ServicesTest, whatTheyGiveBackChangesNothing) {
     Bookmark& link = add(makeLink("l", "https://l/"));
     open();
     select({&link});
-    EXPECT_TRUE(controller->readSelectionFromPasteboard(makeItem({{typed(kStringType), "https://other/"}})));
+    EXPECT_TRUE(controller->clipboard().readSelectionFromPasteboard(
+        makeItem({{typed(kStringType), "https://other/"}})));
     EXPECT_EQ(link.itemURL(), Text("https://l/"));
     EXPECT_EQ(rowNames(), std::vector<std::string>{"l"});
     EXPECT_EQ(changes(), 0);

@@ -35,41 +35,43 @@ protected:
     }
 
     void doSomething() {
-        using Command = void (ViewController::*)();
-        static constexpr std::array kCommands = {
-            &ViewController::newBookmark,
-            &ViewController::newFolder,
-            &ViewController::addBookmark,
-            &ViewController::insertSeparator,
-            &ViewController::deleteSelection,
-            &ViewController::moveUp,
-            &ViewController::moveUp,
-            &ViewController::moveDown,
-            &ViewController::expandFolder,
-            &ViewController::expandFolderPlus,
-            &ViewController::collapseFolder,
-            &ViewController::collapseFolderPlus,
-            &ViewController::cut,
-            &ViewController::pasteEditMenu,
-            &ViewController::pasteEditMenu,
-            &ViewController::copyEditMenu,
+        using Command = void (*)(ViewController&);
+        static constexpr std::array<Command, 16> kCommands = {
+            [](ViewController& all) { all.editing().newBookmark(); },
+            [](ViewController& all) { all.editing().newFolder(); },
+            [](ViewController& all) { all.editing().addBookmark(); },
+            [](ViewController& all) { all.editing().insertSeparator(); },
+            [](ViewController& all) { all.editing().deleteSelection(); },
+            [](ViewController& all) { all.editing().moveUp(); },
+            [](ViewController& all) { all.editing().moveUp(); },
+            [](ViewController& all) { all.editing().moveDown(); },
+            [](ViewController& all) { all.expanding().expandFolder(); },
+            [](ViewController& all) { all.expanding().expandFolderPlus(); },
+            [](ViewController& all) { all.expanding().collapseFolder(); },
+            [](ViewController& all) { all.expanding().collapseFolderPlus(); },
+            [](ViewController& all) { all.clipboard().cut(); },
+            [](ViewController& all) { all.clipboard().pasteEditMenu(); },
+            [](ViewController& all) { all.clipboard().pasteEditMenu(); },
+            [](ViewController& all) { all.clipboard().copyEditMenu(); },
         };
         selectSomeRows();
         if (below(40) == 0)
-            return below(2) == 0 ? controller->expandAll() : controller->collapseAll();
+            return below(2) == 0 ? controller->expanding().expandAll()
+                                 : controller->expanding().collapseAll();
         if (below(10) == 0)
-            return controller->labelBookmark(static_cast<std::uint8_t>(below(8)));
+            return controller->editing().labelBookmark(static_cast<std::uint8_t>(below(8)));
         if (below(4) == 0)
             return dragSomewhere();
         const Command command = kCommands[below(kCommands.size())];
-        (controller.get()->*command)();
+        command(*controller);
     }
 
     // Onto a row, between two rows, or onto the ground; as a move or as a copy.
     void dragSomewhere() {
-        const std::vector<PasteboardItem> items = controller->beginDraggingSession();
-        const DragInfo drag{
-            .source = below(6) == 0 ? nullptr : controller.get(), .copies = below(4) == 0, .items = items};
+        const std::vector<PasteboardItem> items = controller->dragging().beginDraggingSession();
+        const DragInfo drag{.source = below(6) == 0 ? nullptr : &controller->outline(),
+                            .copies = below(4) == 0,
+                            .items = items};
         Bookmark* target =
             outline().rows.empty() || below(8) == 0 ? nullptr : outline().rows[below(outline().rows.size())];
         std::optional<std::size_t> index;
@@ -77,9 +79,9 @@ protected:
             index = below((target ? *target : document.getMaster()).hasChildren()
                               ? (target ? *target : document.getMaster()).getChildren()->size() + 1
                               : 1);
-        if (controller->validateDrop(drag, target, index) != DragOperation::None)
-            controller->acceptDrop(drag, target, index);
-        controller->draggingSessionEnded(DragOperation::Move);
+        if (controller->dragging().validateDrop(drag, target, index) != DragOperation::None)
+            controller->dragging().acceptDrop(drag, target, index);
+        controller->dragging().draggingSessionEnded(DragOperation::Move);
     }
 
     // Copies of copies grow without end.
@@ -99,7 +101,7 @@ protected:
         EXPECT_EQ(outline().rows, shownBelow(document.getMaster()));
         EXPECT_TRUE(outline().rowsAreRight());
         for (const Bookmark* item : outline().selected)
-            EXPECT_TRUE(controller->rowForItem(*item)) << "what is selected has a row";
+            EXPECT_TRUE(controller->outline().rowForItem(*item)) << "what is selected has a row";
         EXPECT_EQ(window->empty, outline().rows.empty());
     }
 
@@ -111,7 +113,7 @@ protected:
             linkCount -= node.isSeparator() ? 1 : 0;
             return true;
         });
-        EXPECT_EQ(controller->countsText(),
+        EXPECT_EQ(controller->statusLine().countsText(),
                   std::to_string(linkCount) + (linkCount == 1 ? " bookmark in " : " bookmarks in ") +
                       std::to_string(folderCount) + (folderCount == 1 ? " folder" : " folders"));
     }

@@ -33,7 +33,7 @@ protected:
         hold(forms);
         document.setMaster(makeMaster());
         open();
-        controller->pasteEditMenu();
+        controller->clipboard().pasteEditMenu();
         return briefly(document.getMaster());
     }
     static Ref<Bookmark> makeMaster() {
@@ -68,7 +68,7 @@ TEST_F(ReceivedItemsTest, aTreeOfXBELKeepsItsFolders) {
 TEST_F(ReceivedItemsTest, whatIsCopiedForChromiumIsReadLikeWhatChromiumCopies) {
     pasted({{"application/x-xbel", kXBEL}});
     const ChildList& all = *document.getMaster().getChildren();
-    controller->copyBookmarksArray({all.begin(), all.end()});
+    controller->clipboard().copyBookmarksArray({all.begin(), all.end()});
     const std::string entries = copied("chromium/x-bookmark-entries");
     const std::string text = "https://in/\nmailto:x@y";
     EXPECT_EQ(pasted({{"chromium/x-bookmark-entries", entries}, {"text/plain", text}}),
@@ -88,17 +88,18 @@ TEST_F(ReceivedItemsTest, whatIsNoTreeLeavesTheNextForm) {
 
 TEST_F(ReceivedItemsTest, aReceivedTreeIsPastedAsOftenAsItIsAskedFor) {
     pasted({{"application/x-xbel", kXBEL}});
-    controller->pasteEditMenu();
+    controller->clipboard().pasteEditMenu();
     EXPECT_EQ(document.getMaster().getChildren()->size(), 6u);
 }
 
 TEST_F(ReceivedItemsTest, aReceivedTreeIsDroppedAsACopy) {
     open();
     hold({{"application/x-xbel", kXBEL}});
-    const DragInfo drag{.source = nullptr, .copies = false, .items = controller->itemsIn(pasteboard.held)};
-    ASSERT_TRUE(ViewController::isDragOfInterest(drag.items));
-    ASSERT_EQ(controller->validateDrop(drag, nullptr, std::nullopt), DragOperation::Copy);
-    EXPECT_TRUE(controller->acceptDrop(drag, nullptr, std::nullopt));
+    const DragInfo drag{
+        .source = nullptr, .copies = false, .items = controller->items().itemsIn(pasteboard.held)};
+    ASSERT_TRUE(OutlineDragging::isDragOfInterest(drag.items));
+    ASSERT_EQ(controller->dragging().validateDrop(drag, nullptr, std::nullopt), DragOperation::Copy);
+    EXPECT_TRUE(controller->dragging().acceptDrop(drag, nullptr, std::nullopt));
     EXPECT_EQ(briefly(document.getMaster()), "F[In=https://in/ Inner[]] - Untitled=mailto:x@y");
     EXPECT_NE(document.getMaster().getChild(), shared.records.nodes(NodeRecords::List::Received)[0].get());
 }
@@ -106,9 +107,9 @@ TEST_F(ReceivedItemsTest, aReceivedTreeIsDroppedAsACopy) {
 TEST_F(ReceivedItemsTest, readingAnewForgetsWhatWasReceived) {
     open();
     hold({{"application/x-xbel", kXBEL}});
-    const std::vector<PasteboardItem> items = controller->itemsIn(pasteboard.held);
+    const std::vector<PasteboardItem> items = controller->items().itemsIn(pasteboard.held);
     hold({{"text/plain", "https://a/"}});
-    controller->itemsIn(pasteboard.held);
+    controller->items().itemsIn(pasteboard.held);
     EXPECT_TRUE(shared.records.nodes(NodeRecords::List::Received).empty());
     EXPECT_FALSE(shared.records.find(*items[0].get(kItemType)));
 }
@@ -178,7 +179,7 @@ TEST_F(ReceivedItemsTest, aFolderIsHandedOnAsItsLinksAndAsATree) {
     add(makeLink("two", "https://2/ü"), &inner);
     open();
     select({&folder});
-    controller->copyEditMenu();
+    controller->clipboard().copyEditMenu();
     EXPECT_EQ(copied("text/plain"), "nothing") << "a folder has no text";
     EXPECT_EQ(copied("text/uri-list"), "https://1/\r\nhttps://2/%C3%BC\r\n");
     EXPECT_EQ(linksOfMozillaList(copied("text/x-moz-url")).at(1).title, "two");
@@ -196,7 +197,7 @@ TEST_F(ReceivedItemsTest, aTreeThatIsTooDeepIsHandedOnWithoutXBEL) {
     add(makeLink("deep", "https://deep/"), folder);
     open();
     select({&top});
-    controller->copyEditMenu();
+    controller->clipboard().copyEditMenu();
     EXPECT_EQ(copied("application/x-xbel"), "nothing");
     EXPECT_EQ(copied("text/uri-list"), "https://deep/\r\n");
 }
@@ -212,7 +213,7 @@ TEST_F(ReceivedItemsTest, listsThatWouldBeTooLongAreLeftOut) {
     }
     open();
     select({&folder});
-    controller->copyEditMenu();
+    controller->clipboard().copyEditMenu();
     for (const char* type : {"text/uri-list", "text/x-moz-url", "text/html"})
         EXPECT_EQ(copied(type), "nothing") << type;
     EXPECT_NE(copied(kItemsMimeType), "nothing");

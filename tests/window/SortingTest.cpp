@@ -44,7 +44,7 @@ TEST_F(SortingTest, aFolderIsSortedAndItsRowsFollow) {
 TEST_F(SortingTest, whatIsSelectedInItStaysSelected) {
     plant();
     select({folder, z});
-    controller->sortByIndexAscending(0, true);
+    controller->sorting().sortByIndexAscending(0, true);
     EXPECT_EQ(rowNames(), (Names{"b", "F", "y", "z", "A"}));
     EXPECT_EQ(outline().selected, (std::set<Bookmark*>{folder, z}));
 }
@@ -58,7 +58,7 @@ TEST_F(SortingTest, withOptionHeldOrFromTheMenuForItTheOrderIsDescending) {
     perform("sortByURL:");
     EXPECT_EQ(rowNames(), (Names{"b", "F", "y", "z", "A"}));
     keyboard.option = false;
-    perform("sortByName:", ViewController::kSortDescendingTag);
+    perform("sortByName:", SortCommands::kSortDescendingTag);
     EXPECT_EQ(rowNames(), (Names{"b", "F", "z", "y", "A"}));
 }
 
@@ -108,7 +108,7 @@ TEST_F(SortingTest, everySelectedFolderIsSortedAndCounts) {
     Bookmark& link = add(makeLink("link"));
     open();
     select({&one, &empty, &link});
-    controller->sortByIndexAscending(0, true);
+    controller->sorting().sortByIndexAscending(0, true);
     EXPECT_EQ(one.getChild()->itemName().view(), "a");
     EXPECT_EQ(document.changeCount(), 2) << "an empty folder counts too, a link does not";
 }
@@ -120,25 +120,25 @@ TEST_F(SortingTest, aClickedRowOutsideTheSelectionIsSortedAlone) {
     add(makeLink("a"), &other);
     open();
     select({folder});
-    controller->setClickedRow(5);
-    controller->sortByIndexAscending(0, true);
+    controller->outline().setClickedRow(5);
+    controller->sorting().sortByIndexAscending(0, true);
     EXPECT_EQ(other.getChild()->itemName().view(), "a");
     EXPECT_EQ(folder->getChild(), z);
-    controller->setClickedRow(0);
-    controller->sortByIndexAscending(0, true);
+    controller->outline().setClickedRow(0);
+    controller->sorting().sortByIndexAscending(0, true);
     EXPECT_EQ(document.changeCount(), 1) << "the clicked row is a link";
 }
 
 TEST_F(SortingTest, aClickOnATitleSortsNothingAndAsksInAMoment) {
     plant();
-    controller->headerClicked(Column::Name);
+    controller->sorting().headerClicked(Column::Name);
     EXPECT_EQ(document.getMaster().getChild()->itemName().view(), "b");
     EXPECT_TRUE(alerts.shown.empty());
     timers.advance(0.79);
     EXPECT_TRUE(alerts.shown.empty());
     alerts.answer("No");
     select({z});
-    controller->editNameBookmark();
+    controller->fields().editNameBookmark();
     timers.advance(0.02);
     ASSERT_EQ(alerts.shown.size(), 1u);
     const Alert& alert = alerts.shown[0];
@@ -159,19 +159,19 @@ TEST_F(SortingTest, aClickOnATitleSortsNothingAndAsksInAMoment) {
 
 TEST_F(SortingTest, yesLetsTheNextClickSortAndEachFurtherOneTurnsTheOrder) {
     plant();
-    controller->headerClicked(Column::Name);
+    controller->sorting().headerClicked(Column::Name);
     alerts.answer("Yes");
     timers.advance(1);
     EXPECT_TRUE(base.defaults.boolForKey("ColumnSort"));
     EXPECT_EQ(rowNames(), (Names{"b", "F", "z", "y", "A"})) << "the first click does not sort";
-    controller->headerClicked(Column::Name);
+    controller->sorting().headerClicked(Column::Name);
     EXPECT_EQ(rowNames(), (Names{"F", "y", "z", "A", "b"}));
     EXPECT_EQ(outline().sortedBy, Column::Name);
     EXPECT_EQ(outline().sortDirection, SortDirection::Ascending);
-    controller->headerClicked(Column::Name);
+    controller->sorting().headerClicked(Column::Name);
     EXPECT_EQ(rowNames(), (Names{"F", "z", "y", "b", "A"}));
     EXPECT_EQ(outline().sortDirection, SortDirection::Descending);
-    controller->headerClicked(Column::URL);
+    controller->sorting().headerClicked(Column::URL);
     EXPECT_EQ(rowNames(), (Names{"F", "z", "y", "b", "A"}));
     EXPECT_EQ(outline().sortedBy, Column::URL);
     EXPECT_EQ(outline().sortDirection, SortDirection::Ascending);
@@ -184,10 +184,10 @@ TEST_F(SortingTest, theBoxEndsTheQuestion) {
     plant();
     alerts.suppresses = true;
     alerts.answer("No");
-    controller->headerClicked(Column::URL);
+    controller->sorting().headerClicked(Column::URL);
     timers.advance(1);
     EXPECT_TRUE(base.defaults.boolForKey("SuppressColumnSortSheet"));
-    controller->headerClicked(Column::Name);
+    controller->sorting().headerClicked(Column::Name);
     timers.advance(10);
     EXPECT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(document.changeCount(), 0);
@@ -197,18 +197,18 @@ TEST_F(SortingTest, theBoxCountsWithYesAsWell) {
     plant();
     alerts.suppresses = true;
     alerts.answer("Yes");
-    controller->headerClicked(Column::URL);
+    controller->sorting().headerClicked(Column::URL);
     timers.advance(1);
     EXPECT_TRUE(base.defaults.boolForKey("SuppressColumnSortSheet"));
     EXPECT_TRUE(base.defaults.boolForKey("ColumnSort"));
-    controller->headerClicked(Column::URL);
+    controller->sorting().headerClicked(Column::URL);
     EXPECT_EQ(document.changeCount(), 1);
 }
 
 TEST_F(SortingTest, whereColumnsSortAWindowComesUpSo) {
     base.defaults.setBoolForKey("ColumnSort", true);
     plant();
-    controller->headerClicked(Column::URL);
+    controller->sorting().headerClicked(Column::URL);
     EXPECT_EQ(rowNames(), (Names{"F", "z", "y", "b", "A"}));
     EXPECT_EQ(document.changeCount(), 1);
     EXPECT_EQ(timers.running(), 0u);
@@ -218,32 +218,32 @@ TEST_F(SortingTest, theSelectionStaysWithItsItems) {
     base.defaults.setBoolForKey("ColumnSort", true);
     plant();
     select({z});
-    controller->headerClicked(Column::Name);
+    controller->sorting().headerClicked(Column::Name);
     EXPECT_EQ(outline().selected, std::set<Bookmark*>{z});
 }
 
 TEST_F(SortingTest, switchingItOnAgainTurnsTheFirstDirection) {
     plant();
-    controller->addSortDescriptors();
-    controller->addSortDescriptors();
-    controller->headerClicked(Column::Name);
+    controller->sorting().addSortDescriptors();
+    controller->sorting().addSortDescriptors();
+    controller->sorting().headerClicked(Column::Name);
     EXPECT_EQ(outline().sortDirection, SortDirection::Descending);
-    controller->defaultNoSorting();
+    controller->sorting().defaultNoSorting();
     EXPECT_EQ(outline().sortedBy, std::nullopt);
     base.defaults.setBoolForKey("SuppressColumnSortSheet", true);
     const long before = document.changeCount();
-    controller->headerClicked(Column::Name);
+    controller->sorting().headerClicked(Column::Name);
     EXPECT_EQ(document.changeCount(), before);
 }
 
 TEST_F(SortingTest, aColumnThatIsNotShownDoesNotSort) {
     plant();
-    controller->addSortDescriptors();
-    controller->headerClicked(Column::Tags);
+    controller->sorting().addSortDescriptors();
+    controller->sorting().headerClicked(Column::Tags);
     EXPECT_EQ(document.changeCount(), 0);
-    controller->addTagsColumn();
-    controller->addSortDescriptors();
-    controller->headerClicked(Column::Tags);
+    controller->table().addTagsColumn();
+    controller->sorting().addSortDescriptors();
+    controller->sorting().headerClicked(Column::Tags);
     EXPECT_EQ(document.changeCount(), 1);
 }
 

@@ -17,7 +17,7 @@ protected:
     }
     void remove(std::initializer_list<Bookmark*> items) {
         select(items);
-        controller->deleteSelection();
+        controller->editing().deleteSelection();
     }
     void pressPutBack() {
         ASSERT_EQ(window->urlFieldAction, "Put Back");
@@ -52,7 +52,7 @@ TEST_F(StatusLineTest, whatWasDeletedIsPutBackInItsPlacesAsOneChange) {
     for (const auto& items : std::vector<std::vector<Bookmark*>>{
              {first_}, {inside_}, {folder_}, {first_, folder_, inside_}, {first_, folder_, inside_, last_}}) {
         outline().selected = {items.begin(), items.end()};
-        controller->deleteSelection();
+        controller->editing().deleteSelection();
         document.updateChangeCount(ChangeKind::Cleared);
         pressPutBack();
         EXPECT_EQ(rowNames(), kAll);
@@ -70,7 +70,7 @@ TEST_F(StatusLineTest, manyArePutBackToo) {
         names.push_back(add(makeLink(("more " + std::to_string(i)).c_str())).itemName().string());
     open();
     outline().selectAll();
-    controller->deleteSelection();
+    controller->editing().deleteSelection();
     EXPECT_TRUE(window->empty);
     EXPECT_EQ(window->urlField, "1 folder, 203 bookmarks and 1 separator deleted");
     pressPutBack();
@@ -82,7 +82,7 @@ TEST_F(StatusLineTest, deletedDuplicatesArePutBack) {
     add(makeLink("again", "HTTPS://inside.example/"));
     add(makeLink("and again", "https://first.example/"), folder_);
     open();
-    controller->deleteDuplicatesExecute();
+    controller->marks().deleteDuplicatesExecute();
     EXPECT_EQ(rowNames(), kAll);
     EXPECT_EQ(window->urlField, "2 bookmarks deleted");
     pressPutBack();
@@ -96,7 +96,7 @@ TEST_F(StatusLineTest, aFolderThatMovingDownHasRemovedIsPutBack) {
     add(end);
     open();
     select({end.get()});
-    controller->moveDown();
+    controller->editing().moveDown();
     EXPECT_EQ(window->urlField, "1 folder and 1 bookmark deleted");
     pressPutBack();
     EXPECT_EQ(rowNames().size(), kAll.size() + 2);
@@ -104,13 +104,13 @@ TEST_F(StatusLineTest, aFolderThatMovingDownHasRemovedIsPutBack) {
 
 TEST_F(StatusLineTest, theNextChangeOfTheTreeTakesTheButtonAway) {
     remove({first_});
-    controller->expandAll();
-    controller->collapseAll();
-    controller->expandAll();
+    controller->expanding().expandAll();
+    controller->expanding().collapseAll();
+    controller->expanding().expandAll();
     timers.advance(0);
     EXPECT_EQ(window->urlFieldAction, "Put Back") << "expanding is no change of the tree";
     select({last_});
-    controller->labelBookmark(2);
+    controller->editing().labelBookmark(2);
     EXPECT_EQ(window->urlFieldAction, "");
     timers.advance(0);
     EXPECT_EQ(window->urlField, "https://last.example/") << "what is selected when the line changes";
@@ -120,55 +120,56 @@ TEST_F(StatusLineTest, theNextChangeOfTheTreeTakesTheButtonAway) {
 
 TEST_F(StatusLineTest, addressesReplaceItUntilThePointerLeaves) {
     remove({first_});
-    controller->mouseMoved(1);
+    controller->outline().mouseMoved(1);
     EXPECT_EQ(window->urlField, "https://inside.example/");
     EXPECT_EQ(window->urlFieldAction, "Put Back");
-    controller->mouseExited();
+    controller->outline().mouseExited();
     EXPECT_EQ(window->urlField, "1 bookmark deleted");
     pressPutBack();
     select({});
-    controller->mouseExited();
+    controller->outline().mouseExited();
     EXPECT_EQ(window->urlField, "3 bookmarks in 1 folder");
 }
 
 TEST_F(StatusLineTest, withoutItsRowAnAddressGivesWayToTheCounts) {
-    controller->mouseMoved(2);
+    controller->outline().mouseMoved(2);
     EXPECT_EQ(window->urlField, "https://inside.example/");
-    controller->collapseItem(*folder_);
+    controller->outline().collapseItem(*folder_);
     timers.advance(0);
     EXPECT_EQ(window->urlField, "3 bookmarks in 1 folder");
-    controller->mouseMoved(0);
+    controller->outline().mouseMoved(0);
     EXPECT_EQ(window->urlField, "https://first.example/");
-    controller->expandAll();
+    controller->expanding().expandAll();
     timers.advance(0);
     EXPECT_EQ(window->urlField, "https://first.example/") << "its row is still there";
 }
 
 TEST_F(StatusLineTest, findingDuplicatesTellsHowManyThereAre) {
-    controller->findDuplicates();
+    controller->marks().findDuplicates();
     EXPECT_EQ(window->urlField, "0 duplicates marked");
     last_->setItemURL("https://first.example/");
-    controller->findDuplicates();
+    controller->marks().findDuplicates();
     EXPECT_EQ(window->urlField, "1 duplicate marked");
     EXPECT_EQ(window->urlFieldAction, "");
 }
 
 TEST_F(StatusLineTest, theRowThatGoesGivesWayToTheCountsAndNotToAnotherAddress) {
-    controller->collapseItem(*folder_);
     select({last_});
-    controller->statusLine().showAddress(*inside_);
-    controller->statusLine().rowsWillChange();
+    controller->outline().mouseMoved(controller->outline().rowForItem(*inside_));
+    ASSERT_EQ(window->urlField, inside_->itemURL().string());
+    controller->outline().removeItem(*inside_);
+    controller->outline().makeDirty();
     timers.advance(0);
-    EXPECT_EQ(window->urlField, "3 bookmarks in 1 folder");
+    EXPECT_EQ(window->urlField, "2 bookmarks in 1 folder");
 }
 
 TEST_F(StatusLineTest, findingDuplicatesKeepsTheButtonThatStillWorks) {
     remove({first_});
-    controller->findDuplicates();
+    controller->marks().findDuplicates();
     EXPECT_EQ(window->urlField, "0 duplicates marked");
     pressPutBack();
     EXPECT_EQ(rowNames(), kAll);
-    controller->findDuplicates();
+    controller->marks().findDuplicates();
     EXPECT_EQ(window->urlFieldAction, "") << "it has been used";
 }
 
@@ -191,9 +192,9 @@ TEST_F(StatusLineTest, controlsForTheDirectionOfWritingAreShownCoded) {
     const std::string shown = "https://a.example/%E2%80%AEgnp.exe%E2%81%A6%D8%9C%E2%80%8F\u2014\u200D";
     first_->setItemURL(address);
     select({first_});
-    controller->selectionDidChange(SelectedBy::User);
+    controller->outline().selectionDidChange(SelectedBy::User);
     EXPECT_EQ(window->urlField, shown);
-    EXPECT_EQ(controller->viewForTableColumn(Column::URL, 0, false).text.string.view(), shown);
+    EXPECT_EQ(controller->cells().viewForTableColumn(Column::URL, 0, false).text.string.view(), shown);
     EXPECT_EQ(first_->itemURL().view(), address);
     EXPECT_TRUE(shownAddress(Text()).isNull());
     for (const char* plain : {"", "https://a.example/ß", "\xE2", "\xE2\x80", "\xD8"})

@@ -39,7 +39,7 @@ TEST_F(TableTest, OtherFontSizesKeepTheStoredRowHeight) {
 
 TEST_F(TableTest, ZoomingInGrowsFontAndRowsByAPointAndStoresBoth) {
     open();
-    controller->zoomIn();
+    controller->table().zoomIn();
     EXPECT_EQ(outline().font.size, 12);
     EXPECT_EQ(outline().rowHeight, 18);
     EXPECT_EQ(stored("FontSize"), 12);
@@ -49,7 +49,7 @@ TEST_F(TableTest, ZoomingInGrowsFontAndRowsByAPointAndStoresBoth) {
 TEST_F(TableTest, ZoomingOutToElevenKeepsTheRowHeightUntilAWindowComesUp) {
     store(12, 25);
     open();
-    controller->zoomOut();
+    controller->table().zoomOut();
     EXPECT_EQ(outline().font.size, 11);
     EXPECT_EQ(outline().rowHeight, 24);
     open();
@@ -57,25 +57,25 @@ TEST_F(TableTest, ZoomingOutToElevenKeepsTheRowHeightUntilAWindowComesUp) {
 }
 
 TEST_F(TableTest, ZoomingEndsWhereTextsCanNoLongerBeRead) {
-    store(ViewController::kSmallestFontSize, 1);
+    store(TableSettings::kSmallestFontSize, 1);
     open();
-    controller->zoomOut();
-    EXPECT_EQ(stored("FontSize"), ViewController::kSmallestFontSize);
+    controller->table().zoomOut();
+    EXPECT_EQ(stored("FontSize"), TableSettings::kSmallestFontSize);
     EXPECT_TRUE(controller->actions().validateMenuItem(item("zoomOut:"))) << "it can be chosen all the same";
-    store(ViewController::kLargestFontSize, 80);
-    controller->zoomIn();
-    EXPECT_EQ(stored("FontSize"), ViewController::kLargestFontSize);
+    store(TableSettings::kLargestFontSize, 80);
+    controller->table().zoomIn();
+    EXPECT_EQ(stored("FontSize"), TableSettings::kLargestFontSize);
     EXPECT_TRUE(controller->actions().validateMenuItem(item("zoomIn:")));
     controller->actions().perform(item("zoomOut:"));
-    EXPECT_EQ(stored("FontSize"), ViewController::kLargestFontSize - 1);
+    EXPECT_EQ(stored("FontSize"), TableSettings::kLargestFontSize - 1);
 }
 
 TEST_F(TableTest, FontSizeBeyondTheLimitsComesBackByZooming) {
     store(200, 230);
     open();
-    controller->zoomIn();
+    controller->table().zoomIn();
     EXPECT_EQ(stored("FontSize"), 200);
-    controller->zoomOut();
+    controller->table().zoomOut();
     EXPECT_EQ(stored("FontSize"), 199);
 }
 
@@ -83,11 +83,11 @@ TEST_F(TableTest, URLFieldTakesFontSizesFromElevenUpToFourteen) {
     store(10, 16);
     open();
     EXPECT_EQ(window->urlFieldFontSize, 0) << "it keeps its own";
-    controller->zoomIn();
+    controller->table().zoomIn();
     EXPECT_EQ(window->urlFieldFontSize, 11);
-    controller->setTableFontSizeRowHeight(13.5, 20);
+    controller->table().setTableFontSizeRowHeight(13.5, 20);
     EXPECT_EQ(window->urlFieldFontSize, 13.5);
-    controller->setTableFontSizeRowHeight(14, 20);
+    controller->table().setTableFontSizeRowHeight(14, 20);
     EXPECT_EQ(window->urlFieldFontSize, 13.5) << "fourteen is no more";
 }
 
@@ -106,13 +106,13 @@ TEST_F(TableTest, TagsColumnComesUpWhereTheSettingSaysSo) {
 
 TEST_F(TableTest, AddingTheTagsColumnTwiceAddsOne) {
     open();
-    controller->addTagsColumn();
-    controller->addTagsColumn();
+    controller->table().addTagsColumn();
+    controller->table().addTagsColumn();
     EXPECT_EQ(outline().tagsColumn, 1u);
-    controller->removeTagsColumn();
+    controller->table().removeTagsColumn();
     EXPECT_FALSE(outline().tagsColumn);
-    controller->removeTagsColumn();
-    controller->addTagsColumn();
+    controller->table().removeTagsColumn();
+    controller->table().addTagsColumn();
     EXPECT_EQ(outline().tagsColumn, 1u);
 }
 
@@ -120,7 +120,7 @@ TEST_F(TableTest, MovedTagsColumnIsBackAtItsIndexInTheNextWindow) {
     base.defaults.setBoolForKey("AddTagsColumn", true);
     open();
     outline().tagsColumn = 2;
-    controller->outlineViewColumnDidMove();
+    controller->table().outlineViewColumnDidMove();
     EXPECT_EQ(base.defaults.integerForKey("TagsIndex"), 2);
     open();
     EXPECT_EQ(outline().tagsColumn, 2u);
@@ -128,25 +128,25 @@ TEST_F(TableTest, MovedTagsColumnIsBackAtItsIndexInTheNextWindow) {
 
 TEST_F(TableTest, MovingColumnsWithoutTagsKeepsTheirIndex) {
     open();
-    controller->outlineViewColumnDidMove();
+    controller->table().outlineViewColumnDidMove();
     EXPECT_EQ(base.defaults.integerForKey("TagsIndex"), 1);
 }
 
 TEST_F(TableTest, ImpossibleTagsIndexIsTakenAsTheNearest) {
     open();
     base.defaults.setIntegerForKey("TagsIndex", -3);
-    controller->addTagsColumn();
+    controller->table().addTagsColumn();
     EXPECT_EQ(outline().tagsColumn, 0u);
-    controller->removeTagsColumn();
+    controller->table().removeTagsColumn();
     base.defaults.setIntegerForKey("TagsIndex", 1000);
-    controller->addTagsColumn();
+    controller->table().addTagsColumn();
     EXPECT_EQ(outline().tagsColumn, 2u);
 }
 
 TEST_F(TableTest, WidthOfTheTagsColumnIsKept) {
     base.defaults.setBoolForKey("AddTagsColumn", true);
     open();
-    controller->tagsColumnDidResize(222.5);
+    controller->table().tagsColumnDidResize(222.5);
     open();
     EXPECT_EQ(outline().tagsWidth, 222.5);
 }

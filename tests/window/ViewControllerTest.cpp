@@ -2,6 +2,7 @@
 #include "window/ViewController.h"
 
 #include "tests/window/WindowFixture.h"
+#include "window/SharedAlerts.h"
 
 namespace tabulon {
 namespace {
@@ -15,7 +16,7 @@ TEST_F(ViewControllerTest, WindowShowsNameFileAndEditedState) {
     document.setFileName("/tmp/Links.tbln");
     EXPECT_EQ(window->title, "Links");
     EXPECT_EQ(window->file, "/tmp/Links.tbln");
-    controller->makeDirty();
+    controller->outline().makeDirty();
     EXPECT_TRUE(window->edited);
 }
 
@@ -37,27 +38,27 @@ TEST_F(ViewControllerTest, CountsTakeLinksOfAllDepthsAndNoSeparators) {
     add(makeFolder("g"), &folder);
     add(makeLink("b"));
     open();
-    EXPECT_EQ(controller->countsText(), "2 bookmarks in 2 folders");
+    EXPECT_EQ(controller->statusLine().countsText(), "2 bookmarks in 2 folders");
     EXPECT_EQ(window->urlField, "2 bookmarks in 2 folders");
 }
 
 TEST_F(ViewControllerTest, CountsFollowChangesOfTheTree) {
     open();
-    EXPECT_EQ(controller->countsText(), "0 bookmarks in 0 folders");
+    EXPECT_EQ(controller->statusLine().countsText(), "0 bookmarks in 0 folders");
     add(makeLink("a"));
-    controller->makeDirty();
-    EXPECT_EQ(controller->countsText(), "1 bookmark in 0 folders");
+    controller->outline().makeDirty();
+    EXPECT_EQ(controller->statusLine().countsText(), "1 bookmark in 0 folders");
 }
 
 TEST_F(ViewControllerTest, PointerShowsTheURLOfItsRowAndTheCountsElsewhere) {
     add(makeFolder("f")).setItemURL("https://hidden.example/");
     add(makeLink("a", "https://a.example/"));
     open();
-    controller->mouseMoved(1);
+    controller->outline().mouseMoved(1);
     EXPECT_EQ(window->urlField, "https://a.example/");
-    controller->mouseMoved(0);
+    controller->outline().mouseMoved(0);
     EXPECT_EQ(window->urlField, "") << "a folder shows none";
-    controller->mouseMoved(std::nullopt);
+    controller->outline().mouseMoved(std::nullopt);
     EXPECT_EQ(window->urlField, "1 bookmark in 1 folder");
 }
 
@@ -66,13 +67,13 @@ TEST_F(ViewControllerTest, PointerThatLeavesGivesTheFieldBackToTheSelection) {
     add(makeLink("b", "https://b.example/"));
     open();
     select({&a});
-    controller->selectionDidChange(SelectedBy::User);
+    controller->outline().selectionDidChange(SelectedBy::User);
     EXPECT_EQ(window->urlField, "https://a.example/");
-    controller->mouseMoved(1);
-    controller->mouseExited();
+    controller->outline().mouseMoved(1);
+    controller->outline().mouseExited();
     EXPECT_EQ(window->urlField, "https://a.example/");
     select({});
-    controller->mouseExited();
+    controller->outline().mouseExited();
     EXPECT_EQ(window->urlField, "2 bookmarks in 0 folders");
 }
 
@@ -81,21 +82,21 @@ TEST_F(ViewControllerTest, PointerThatStaysWhileRowsChangeShowsTheRowThatCameUnd
     add(makeLink("inside", "https://inside.example/"), &folder);
     add(makeLink("after", "https://after.example/"));
     open();
-    controller->mouseMoved(1);
+    controller->outline().mouseMoved(1);
     EXPECT_EQ(window->urlField, "https://after.example/");
-    controller->expandItem(folder);
-    controller->mouseMoved(1);
+    controller->outline().expandItem(folder);
+    controller->outline().mouseMoved(1);
     EXPECT_EQ(window->urlField, "https://inside.example/");
-    controller->collapseAll();
-    controller->mouseMoved(1);
+    controller->expanding().collapseAll();
+    controller->outline().mouseMoved(1);
     EXPECT_EQ(window->urlField, "https://after.example/");
 }
 
 TEST_F(ViewControllerTest, NothingSelectedLeavesTheFieldAsItIs) {
     add(makeLink("a", "https://a.example/"));
     open();
-    controller->mouseMoved(0);
-    controller->selectionDidChange(SelectedBy::User);
+    controller->outline().mouseMoved(0);
+    controller->outline().selectionDidChange(SelectedBy::User);
     EXPECT_EQ(window->urlField, "https://a.example/");
 }
 
@@ -106,14 +107,14 @@ TEST_F(ViewControllerTest, ExportFollowsTheSortSetting) {
     const auto before = [](const std::string& text, const char* first, const char* second) {
         return text.find(first) < text.find(second);
     };
-    EXPECT_TRUE(before(controller->exportToHTML().value(), "b.example", "a.example"));
+    EXPECT_TRUE(before(controller->exporting().exportToHTML().value(), "b.example", "a.example"));
     base.defaults.setBoolForKey("ExportSortName", true);
-    EXPECT_TRUE(before(controller->exportToHTML().value(), "a.example", "b.example"));
+    EXPECT_TRUE(before(controller->exporting().exportToHTML().value(), "a.example", "b.example"));
 }
 
 TEST_F(ViewControllerTest, NoSelectionAlertIsASheetWithOneButton) {
     open();
-    controller->noSelection();
+    noSelection(platform(), document);
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "Nothing is selected");
     EXPECT_EQ(alerts.shown[0].informative, "Please select one or more bookmarks first.");

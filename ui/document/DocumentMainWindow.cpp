@@ -75,7 +75,8 @@ DocumentMainWindow::DocumentMainWindow(ViewController& controller, AppDelegate& 
     : controller_(&controller), app_(app), state_(state), pages_(new QStackedWidget(this)),
       outline_(new OutlineWidget(controller, columnTitles(texts), pages_)),
       emptyState_(new EmptyState(texts, pages_)),
-      findBar_(new FindBarWidget(controller.findBar(), texts, this)), urlField_(new StatusLineWidget(this)) {
+      findBar_(new FindBarWidget(controller.window().findBar(), controller.finding(), texts, this)),
+      urlField_(new StatusLineWidget(this)) {
     setWindowIcon(iconNamed("tabulon"));
     setAcceptDrops(true);
     setMinimumSize(kSmallestSize);
@@ -83,7 +84,7 @@ DocumentMainWindow::DocumentMainWindow(ViewController& controller, AppDelegate& 
     setMenuBar(menuBar);
     connect(menuBar, &MainMenuBar::menuWillOpen, this, [this] {
         if (controller_)
-            controller_->cancelAutoEdit();
+            controller_->fields().cancelAutoEdit();
     });
     outline_->setAccessibleName(toQString(texts.text("Bookmarks")));
     pages_->addWidget(outline_);
@@ -134,7 +135,7 @@ void DocumentMainWindow::detach() {
 }
 
 Document* DocumentMainWindow::document() const {
-    return controller_ ? &controller_->document() : nullptr;
+    return controller_ ? &controller_->outline().document() : nullptr;
 }
 
 void DocumentMainWindow::showTitle(const QString& name, const QString& path, bool edited) {
@@ -265,10 +266,11 @@ void DocumentMainWindow::takeFiles(const std::vector<std::string>& files, bool i
     if (!uris.empty()) {
         MimeContent list;
         list.set("text/uri-list", std::move(uris));
-        const std::vector<PasteboardItem> items = controller_->itemsIn(list); // the drag itself is over
+        const std::vector<PasteboardItem> items =
+            controller_->items().itemsIn(list); // the drag itself is over
         const DragInfo drag{.source = nullptr, .copies = true, .items = items};
-        if (controller_->validateDrop(drag, nullptr, std::nullopt) != DragOperation::None)
-            controller_->acceptDrop(drag, nullptr, std::nullopt);
+        if (controller_->dragging().validateDrop(drag, nullptr, std::nullopt) != DragOperation::None)
+            controller_->dragging().acceptDrop(drag, nullptr, std::nullopt);
     }
     if (!opened.empty())
         app_.fileOpening().openFiles(opened);

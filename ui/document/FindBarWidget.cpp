@@ -31,8 +31,10 @@ QToolButton* textButton(const QString& title, QWidget* parent) {
 
 } // namespace
 
-FindBarWidget::FindBarWidget(FindBarController& controller, const Localization& texts, QWidget* parent)
-    : QWidget(parent), controller_(&controller), field_(new LineField(this)), matches_(new QLabel(this)) {
+FindBarWidget::FindBarWidget(FindBarController& controller, Finding& finding, const Localization& texts,
+                             QWidget* parent)
+    : QWidget(parent), controller_(&controller), finding_(finding), field_(new LineField(this)),
+      matches_(new QLabel(this)) {
     field_->showText({});
     field_->setClearButtonEnabled(true);
     field_->setPlaceholderText(toQString(texts.text("FindPlaceholder")));
@@ -141,7 +143,7 @@ void FindBarWidget::returnWasPressed() {
     if (pause_.isActive())
         searchNow();
     else
-        controller_->findNext();
+        finding_.findNext();
 }
 
 void FindBarWidget::hideBar() {

@@ -18,7 +18,8 @@ class FindBarWidget : public QWidget, public FindBar {
     Q_OBJECT
 
 public:
-    FindBarWidget(FindBarController& controller, const Localization& texts, QWidget* parent);
+    FindBarWidget(FindBarController& controller, Finding& finding, const Localization& texts,
+                  QWidget* parent);
 
     /// Leaves the controller alone from now on.
     void detach();
@@ -47,6 +48,7 @@ private:
     void hideBar();
 
     FindBarController* controller_;
+    Finding& finding_;
     LineField* field_;
     QLabel* matches_;
     QTimer pause_;

@@ -18,7 +18,7 @@ int lastOf(RowRange rows) {
 
 OutlineModel::OutlineModel(ViewController& controller, QStringList columnTitles, QObject* parent)
     : QAbstractTableModel(parent), controller_(controller), columnTitles_(std::move(columnTitles)),
-      rows_(static_cast<int>(controller.numberOfRows())) {}
+      rows_(static_cast<int>(controller.outline().numberOfRows())) {}
 
 int OutlineModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : rows_;
@@ -34,7 +34,7 @@ QVariant OutlineModel::data(const QModelIndex& index, int role) const {
     const auto row = static_cast<std::size_t>(index.row());
     if (role == Qt::DisplayRole || role == Qt::AccessibleTextRole)
         return oneLine(
-            controller_.viewForTableColumn(columnAt(index.column()), row, true).text.string.view());
+            controller_.cells().viewForTableColumn(columnAt(index.column()), row, true).text.string.view());
     return {};
 }
 
@@ -43,8 +43,8 @@ Qt::ItemFlags OutlineModel::flags(const QModelIndex& index) const {
     if (index.isValid())
         flags |= Qt::ItemIsDragEnabled;
     if (index.isValid() &&
-        controller_.shouldEdit(columnAt(index.column()),
-                               controller_.itemAtRow(static_cast<std::size_t>(index.row()))))
+        controller_.fields().shouldEdit(
+            columnAt(index.column()), controller_.outline().itemAtRow(static_cast<std::size_t>(index.row()))))
         flags |= Qt::ItemIsEditable;
     return flags;
 }
@@ -60,7 +60,7 @@ QVariant OutlineModel::headerData(int section, Qt::Orientation orientation, int 
 }
 
 void OutlineModel::didReload() {
-    rows_ = static_cast<int>(controller_.numberOfRows());
+    rows_ = static_cast<int>(controller_.outline().numberOfRows());
     endResetModel();
 }
 

@@ -41,15 +41,15 @@ QModelIndex OutlineCell::index() const {
 }
 
 CellContent OutlineCell::content() const {
-    return outline_->controller()->viewForTableColumn(column(), static_cast<std::size_t>(row_), true);
+    return outline_->controller()->cells().viewForTableColumn(column(), static_cast<std::size_t>(row_), true);
 }
 
 const Bookmark& OutlineCell::item() const {
-    return outline_->controller()->itemAtRow(static_cast<std::size_t>(row_));
+    return outline_->controller()->outline().itemAtRow(static_cast<std::size_t>(row_));
 }
 
 bool OutlineCell::isFolder() const {
-    return column() == Column::Name && outline_->controller()->isExpandable(item());
+    return column() == Column::Name && item().isFolder();
 }
 
 QList<QAccessibleInterface*> OutlineCell::columnHeaderCells() const {

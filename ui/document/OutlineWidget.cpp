@@ -65,16 +65,17 @@ void OutlineWidget::connectHeader() {
     };
     connect(header_, &OutlineHeader::laidOut, this, columnsChanged);
     connect(header_, &QHeaderView::sectionMoved, this, columnsChanged);
-    connect(header_, &OutlineHeader::columnsMoved, this, [this] { controller_->outlineViewColumnDidMove(); });
+    connect(header_, &OutlineHeader::columnsMoved, this,
+            [this] { controller_->table().outlineViewColumnDidMove(); });
     connect(header_, &QHeaderView::sectionClicked, this, [this](int section) {
         if (!controller_)
             return;
-        controller_->headerClicked(static_cast<Column>(section));
+        controller_->sorting().headerClicked(static_cast<Column>(section));
         // A click turns the arrow by itself, also where it does not sort.
         header_->setSortIndicator(sortedSection_, sortOrder_);
     });
     connect(header_, &OutlineHeader::tagsWidthChanged, this,
-            [this](int width) { controller_->tagsColumnDidResize(width / pixelsPerPoint()); });
+            [this](int width) { controller_->table().tagsColumnDidResize(width / pixelsPerPoint()); });
 }
 
 void OutlineWidget::detach() {
@@ -178,11 +179,11 @@ void OutlineWidget::moveCursorFrom(int first, int last) {
 // The row that takes the place of rows that go; their folder when nothing is left of what it shows.
 int OutlineWidget::rowInPlaceOf(int first, int last) const {
     const auto parentOf = [this](int row) {
-        return controller_->itemAtRow(static_cast<std::size_t>(row)).getParent();
+        return controller_->outline().itemAtRow(static_cast<std::size_t>(row)).getParent();
     };
     const bool hasNext = last + 1 < rows_->rowCount();
-    const bool hasFolderAbove =
-        first > 0 && parentOf(first) == &controller_->itemAtRow(static_cast<std::size_t>(first) - 1);
+    const bool hasFolderAbove = first > 0 && parentOf(first) == &controller_->outline().itemAtRow(
+                                                                    static_cast<std::size_t>(first) - 1);
     const bool isWholeFolder = hasFolderAbove && !(hasNext && parentOf(last + 1) == parentOf(first));
     return hasNext && !isWholeFolder ? last + 1 : first - 1;
 }
@@ -323,7 +324,8 @@ QRegion OutlineWidget::visualRegionForSelection(const QItemSelection& selection)
 void OutlineWidget::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     QAbstractItemView::selectionChanged(selected, deselected);
     if (controller_)
-        controller_->selectionDidChange(changesOfController_ > 0 ? SelectedBy::Program : SelectedBy::User);
+        controller_->outline().selectionDidChange(changesOfController_ > 0 ? SelectedBy::Program
+                                                                           : SelectedBy::User);
     tellAccessibility(QAccessible::SelectionAdd, selected);
     tellAccessibility(QAccessible::SelectionRemove, deselected);
 }

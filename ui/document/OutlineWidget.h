@@ -192,7 +192,7 @@ private:
     QPersistentModelIndex edited_;
     int changesOfController_ = 0;              // that go on: the selection changes without the user
     std::vector<PasteboardItem> draggedItems_; // over this outline
-    const ViewController* dragSource_ = nullptr;
+    const Outline* dragSource_ = nullptr;
     std::optional<DropSpot> dropSpot_;
     QBasicTimer springTimer_;
     QString typed_;

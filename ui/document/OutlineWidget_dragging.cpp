@@ -33,16 +33,17 @@ void OutlineWidget::startDrag(Qt::DropActions) {
     if (!controller_ || !selectionModel()->hasSelection())
         return;
     endEditing();
-    const std::vector<PasteboardItem> items = controller_->beginDraggingSession();
+    const std::vector<PasteboardItem> items = controller_->dragging().beginDraggingSession();
     auto* drag = new QDrag(this); // which goes when it is over
-    drag->setMimeData(makeMimeData(controller_->contentForDrag(items)).release());
+    drag->setMimeData(makeMimeData(controller_->dragging().contentForDrag(items)).release());
     drag->setPixmap(pictureOfSelection());
     drag->setHotSpot(QPoint(iconSize_ / 2, rowHeight_ / 2));
     const QPointer<OutlineWidget> alive(this);
     const Qt::DropAction result =
         drag->exec(Qt::CopyAction | Qt::MoveAction | Qt::LinkAction, Qt::MoveAction);
     if (alive && controller_)
-        controller_->draggingSessionEnded(operationOf(result, qobject_cast<QWidget*>(drag->target())));
+        controller_->dragging().draggingSessionEnded(
+            operationOf(result, qobject_cast<QWidget*>(drag->target())));
 }
 
 // The names of the first rows, each with its icon, one below the other.
@@ -60,7 +61,7 @@ QPixmap OutlineWidget::pictureOfSelection() const {
     painter.setOpacity(0.8);
     painter.setFont(font());
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        const CellContent cell = controller_->viewForTableColumn(Column::Name, rows[i], true);
+        const CellContent cell = controller_->cells().viewForTableColumn(Column::Name, rows[i], true);
         const QRect area(0, static_cast<int>(i) * rowHeight_, size.width(), rowHeight_);
         painter.fillRect(area, palette().color(QPalette::Highlight));
         if (cell.kind == CellKind::Separator) {
@@ -81,11 +82,11 @@ bool OutlineWidget::beginDragOver(const QDropEvent& event) {
     if (!controller_)
         return false;
     MimeContent content = mimeContentOf(*event.mimeData(), kReadMimeTypes);
-    draggedItems_ =
-        event.source() ? controller_->itemsIn(content) : controller_->itemsInForeignDrag(std::move(content));
+    draggedItems_ = event.source() ? controller_->items().itemsIn(content)
+                                   : controller_->dragging().itemsInForeignDrag(std::move(content));
     const auto* from = qobject_cast<const OutlineWidget*>(event.source());
-    dragSource_ = from ? from->controller() : nullptr;
-    return ViewController::isDragOfInterest(draggedItems_);
+    dragSource_ = from ? &from->controller()->outline() : nullptr;
+    return OutlineDragging::isDragOfInterest(draggedItems_);
 }
 
 void OutlineWidget::endDragOver() {
@@ -109,8 +110,8 @@ DropSpot OutlineWidget::dropSpotAt(const QPoint& point) const {
     const double fraction =
         static_cast<double>(point.y() - rowRect(row).top()) / static_cast<double>(rowHeight_);
     const int left = cellRect(row, OutlineHeader::sectionOf(Column::Name)).left();
-    return controller_->dropSpot(static_cast<std::size_t>(row), fraction,
-                                 (point.x() - left) / (iconSize_ + 2) - 1);
+    return controller_->dragging().dropSpot(static_cast<std::size_t>(row), fraction,
+                                            (point.x() - left) / (iconSize_ + 2) - 1);
 }
 
 // What would be done at the spot; the event is told. Alt makes a copy as in menus, Ctrl as on other desktops.
@@ -121,7 +122,7 @@ bool OutlineWidget::offerDrop(QDropEvent* event, const DropSpot& spot) {
     const DragInfo drag{.source = dragSource_,
                         .copies = (event->modifiers() & (Qt::AltModifier | Qt::ControlModifier)) != 0,
                         .items = draggedItems_};
-    const DragOperation operation = controller_->validateDrop(drag, spot.item, spot.childIndex);
+    const DragOperation operation = controller_->dragging().validateDrop(drag, spot.item, spot.childIndex);
     const Qt::DropAction action = operation == DragOperation::None   ? Qt::IgnoreAction
                                   : operation == DragOperation::Move ? Qt::MoveAction
                                                                      : actionThatKeepsTheSource(*event);
@@ -135,7 +136,7 @@ bool OutlineWidget::offerDrop(QDropEvent* event, const DropSpot& spot) {
 void OutlineWidget::performDrop(QDropEvent* event, const DropSpot& spot) {
     if (offerDrop(event, spot)) {
         const DragInfo drag{.source = dragSource_, .copies = false, .items = draggedItems_};
-        if (!controller_->acceptDrop(drag, spot.item, spot.childIndex))
+        if (!controller_->dragging().acceptDrop(drag, spot.item, spot.childIndex))
             event->ignore();
     }
     endDragOver();
@@ -184,7 +185,7 @@ void OutlineWidget::timerEvent(QTimerEvent* event) {
         return;
     Bookmark& folder = *dropSpot_->item;
     showDropSpot(std::nullopt);
-    controller_->expandItem(folder);
+    controller_->outline().expandItem(folder);
 }
 
 void OutlineWidget::paintDropSpot(QPainter& painter) const {

@@ -57,7 +57,7 @@ std::optional<Column> OutlineWidget::columnUnderPointer() const {
 }
 
 QString OutlineWidget::fieldText(const QModelIndex& index) const {
-    const Bookmark& item = controller_->itemAtRow(static_cast<std::size_t>(index.row()));
+    const Bookmark& item = controller_->outline().itemAtRow(static_cast<std::size_t>(index.row()));
     const Column column = OutlineModel::columnAt(index.column());
     const Text& text = column == Column::Name  ? item.itemName()
                        : column == Column::URL ? item.itemURL()
@@ -70,7 +70,7 @@ QRect OutlineWidget::fieldRect(const QModelIndex& index) const {
     QRect area = textArea(index.row(), column);
     if (column == Column::Name) {
         const CellContent cell =
-            controller_->viewForTableColumn(column, static_cast<std::size_t>(index.row()), true);
+            controller_->cells().viewForTableColumn(column, static_cast<std::size_t>(index.row()), true);
         area.setLeft(layOutNameCell(index.row(), cell).text.left());
     }
     return area.adjusted(-kFieldMargin, 0, 0, 0);
@@ -83,11 +83,11 @@ void OutlineWidget::endField(const QModelIndex& index, const QString& text) {
     const std::string string = text.toStdString();
     switch (OutlineModel::columnAt(index.column())) {
     case Column::Name:
-        return controller_->endNameEdit(row, string);
+        return controller_->fields().endNameEdit(row, string);
     case Column::URL:
-        return controller_->endURLEdit(row, string);
+        return controller_->fields().endURLEdit(row, string);
     case Column::Tags:
-        return controller_->endTagsEdit(row, string);
+        return controller_->fields().endTagsEdit(row, string);
     }
 }
 
@@ -101,8 +101,8 @@ void OutlineWidget::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditH
         return;
     const auto row = static_cast<std::size_t>(edited.row());
     const bool toURL = OutlineModel::columnAt(edited.column()) == Column::Name &&
-                       controller_->shouldEdit(Column::URL, controller_->itemAtRow(row));
-    controller_->beginEditing(toURL ? Column::URL : Column::Name, row);
+                       controller_->fields().shouldEdit(Column::URL, controller_->outline().itemAtRow(row));
+    controller_->fields().beginEditing(toURL ? Column::URL : Column::Name, row);
 }
 
 } // namespace tabulon

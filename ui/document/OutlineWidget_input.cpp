@@ -35,23 +35,24 @@ std::optional<std::size_t> OutlineWidget::hitTriangle(const QPoint& point) const
     if (!index.isValid() || OutlineModel::columnAt(index.column()) != Column::Name)
         return std::nullopt;
     const auto row = static_cast<std::size_t>(index.row());
-    const bool hit = controller_->isExpandable(controller_->itemAtRow(row)) &&
+    const bool hit = controller_->outline().itemAtRow(row).isFolder() &&
                      layOutNameCell(index.row(), {}).triangle.contains(point);
     return hit ? std::optional(row) : std::nullopt;
 }
 
 void OutlineWidget::setExpanded(std::size_t row, bool expanded, Depth depth) {
-    Bookmark& item = controller_->itemAtRow(row);
+    Bookmark& item = controller_->outline().itemAtRow(row);
     if (depth == Depth::WithChildren)
-        expanded ? controller_->expandItemWithChildren(item) : controller_->collapseItemWithChildren(item);
+        expanded ? controller_->outline().expandItemWithChildren(item)
+                 : controller_->outline().collapseItemWithChildren(item);
     else
-        expanded ? controller_->expandItem(item) : controller_->collapseItem(item);
+        expanded ? controller_->outline().expandItem(item) : controller_->outline().collapseItem(item);
 }
 
 void OutlineWidget::toggleRow(std::size_t row) {
-    Bookmark& item = controller_->itemAtRow(row);
-    if (controller_->isExpandable(item))
-        controller_->doubleClickFolder(item);
+    Bookmark& item = controller_->outline().itemAtRow(row);
+    if (item.isFolder())
+        controller_->expanding().doubleClickFolder(item);
 }
 
 void OutlineWidget::mousePressEvent(QMouseEvent* event) {
@@ -59,7 +60,7 @@ void OutlineWidget::mousePressEvent(QMouseEvent* event) {
         return event->accept();
     if (controller_ && event->button() == Qt::LeftButton) {
         if (const auto row = hitTriangle(event->position().toPoint())) {
-            const bool expanded = controller_->itemAtRow(*row).showHier();
+            const bool expanded = controller_->outline().itemAtRow(*row).showHier();
             setExpanded(*row, !expanded,
                         event->modifiers().testFlag(Qt::AltModifier) ? Depth::WithChildren
                                                                      : Depth::ItemAlone);
@@ -83,18 +84,18 @@ void OutlineWidget::contextMenuEvent(QContextMenuEvent* event) {
     static const QMetaMethod kWanted = QMetaMethod::fromSignal(&OutlineWidget::contextMenuWanted);
     if (!controller_ || !isSignalConnected(kWanted))
         return event->ignore();
-    controller_->cancelAutoEdit();
+    controller_->fields().cancelAutoEdit();
     endEditing();
     const bool byMouse = event->reason() == QContextMenuEvent::Mouse;
     const QModelIndex index = byMouse ? indexAt(event->pos()) : QModelIndex();
-    controller_->setClickedRow(index.isValid() ? std::optional(static_cast<std::size_t>(index.row()))
-                                               : std::nullopt);
+    controller_->outline().setClickedRow(
+        index.isValid() ? std::optional(static_cast<std::size_t>(index.row())) : std::nullopt);
     emit contextMenuWanted(event->globalPos());
 }
 
 void OutlineWidget::contextMenuDidClose() {
     if (controller_)
-        controller_->setClickedRow(std::nullopt);
+        controller_->outline().setClickedRow(std::nullopt);
 }
 
 void OutlineWidget::mouseMoveEvent(QMouseEvent* event) {
@@ -102,14 +103,14 @@ void OutlineWidget::mouseMoveEvent(QMouseEvent* event) {
     if (!controller_)
         return;
     const QModelIndex index = indexAt(event->position().toPoint());
-    controller_->mouseMoved(index.isValid() ? std::optional(static_cast<std::size_t>(index.row()))
-                                            : std::nullopt);
+    controller_->outline().mouseMoved(index.isValid() ? std::optional(static_cast<std::size_t>(index.row()))
+                                                      : std::nullopt);
 }
 
 void OutlineWidget::leaveEvent(QEvent* event) {
     QAbstractItemView::leaveEvent(event);
     if (controller_)
-        controller_->mouseExited();
+        controller_->outline().mouseExited();
 }
 
 bool OutlineWidget::viewportEvent(QEvent* event) {
@@ -128,7 +129,7 @@ QString OutlineWidget::toolTipAt(const QPoint& point) const {
     const auto row = static_cast<std::size_t>(index.row());
     const Column column = OutlineModel::columnAt(index.column());
     const CellContent cell =
-        controller_->viewForTableColumn(column, row, selectionModel()->isSelected(index));
+        controller_->cells().viewForTableColumn(column, row, selectionModel()->isSelected(index));
     QRect textRect = textArea(index.row(), column);
     if (cell.kind == CellKind::NameView) {
         const NameCellLayout layout = layOutNameCell(index.row(), cell);
@@ -138,7 +139,7 @@ QString OutlineWidget::toolTipAt(const QPoint& point) const {
             return toolTipText(cell.indicatorToolTip.view());
         textRect = layout.text;
     }
-    if (const Text tip = controller_->toolTipForCell(column, row); !tip.isEmpty())
+    if (const Text tip = controller_->cells().toolTipForCell(column, row); !tip.isEmpty())
         return toolTipText(tip.view());
     const QString line = oneLine(cell.text.string.view(), textRect.width());
     const bool cut = fontMetrics().horizontalAdvance(line) > textRect.width();
@@ -152,7 +153,7 @@ void OutlineWidget::keyPressEvent(QKeyEvent* event) {
     if (controller_ && plain && movesTheCursor(event->key()) && showCursor(event->key()))
         return event->accept();
     if (controller_ && plain && deletes(event->key())) {
-        controller_->deleteSelection();
+        controller_->editing().deleteSelection();
         return event->accept();
     }
     const bool sign = event->text() == "+" || event->text() == "*"; // typed with Shift on many keyboards
@@ -181,7 +182,7 @@ bool OutlineWidget::handleTreeKey(int key) {
     if (!currentIndex().isValid())
         return false;
     const auto row = static_cast<std::size_t>(currentIndex().row());
-    const Bookmark& item = controller_->itemAtRow(row);
+    const Bookmark& item = controller_->outline().itemAtRow(row);
     const bool expanded = isExpanded(item);
     switch (key) {
     case Qt::Key_Return:
@@ -204,7 +205,7 @@ bool OutlineWidget::handleTreeKey(int key) {
     case Qt::Key_Left:
         if (expanded)
             setExpanded(row, false, Depth::ItemAlone);
-        else if (const auto parent = controller_->rowForItem(*item.getParent()))
+        else if (const auto parent = controller_->outline().rowForItem(*item.getParent()))
             goToRow(*parent);
         return true;
     default:
@@ -258,7 +259,7 @@ void OutlineWidget::keyboardSearch(const QString& search) {
     const int current = std::max(0, currentIndex().row());
     const bool lookFurther = selectionModel()->hasSelection() && typed_ == search;
     const auto start = static_cast<std::size_t>((current + (lookFurther ? 1 : 0)) % rows_->rowCount());
-    if (const auto row = controller_->rowWithPrefix(typed_.toStdString(), start))
+    if (const auto row = controller_->finding().rowWithPrefix(typed_.toStdString(), start))
         goToRow(*row);
 }
 

@@ -27,7 +27,7 @@ OutlineWidget::NameCellLayout OutlineWidget::layOutNameCell(int row, const CellC
     const QSize image(iconSize_, iconSize_);
     const int imageTop = area.top() + (area.height() - iconSize_) / 2;
     NameCellLayout layout;
-    const int indent = (iconSize_ + 2) * controller_->levelForRow(static_cast<std::size_t>(row));
+    const int indent = (iconSize_ + 2) * controller_->outline().levelForRow(static_cast<std::size_t>(row));
     int x = area.left() + kLeftMargin + std::min(indent, std::max(0, area.width() - kRoomForName));
     layout.triangle = {x, area.top(), iconSize_, area.height()};
     x += iconSize_ + 2;
@@ -104,7 +104,8 @@ void OutlineWidget::paintRow(QPainter& painter, int row) const {
 }
 
 void OutlineWidget::paintTextCell(QPainter& painter, int row, Column column, bool selected) const {
-    const CellContent cell = controller_->viewForTableColumn(column, static_cast<std::size_t>(row), selected);
+    const CellContent cell =
+        controller_->cells().viewForTableColumn(column, static_cast<std::size_t>(row), selected);
     paintText(painter, textArea(row, column), cell.text, secondaryTextColor(cell.text, selected));
 }
 
@@ -116,7 +117,7 @@ void OutlineWidget::paintSeparator(QPainter& painter, const QRect& area, int lef
 
 void OutlineWidget::paintNameCell(QPainter& painter, int row, bool selected) const {
     const auto number = static_cast<std::size_t>(row);
-    const CellContent cell = controller_->viewForTableColumn(Column::Name, number, selected);
+    const CellContent cell = controller_->cells().viewForTableColumn(Column::Name, number, selected);
     const NameCellLayout layout = layOutNameCell(row, cell);
     const QRect area = cellRect(row, OutlineHeader::sectionOf(Column::Name));
     if (cell.kind == CellKind::Separator)
@@ -124,8 +125,8 @@ void OutlineWidget::paintNameCell(QPainter& painter, int row, bool selected) con
     const QColor color = textColor(cell.text, selected);
     painter.save();
     painter.setClipRect(area);
-    const Bookmark& item = controller_->itemAtRow(number);
-    if (controller_->isExpandable(item)) {
+    const Bookmark& item = controller_->outline().itemAtRow(number);
+    if (item.isFolder()) {
         const QColor faint =
             mixedColor(selected ? color : palette().color(QPalette::Text),
                        palette().color(selected ? QPalette::Highlight : QPalette::Base), 0.35);

@@ -1,5 +1,10 @@
-// Sorting: the commands on folders, clicks on column titles, and the question whether those may sort.
-#include "window/ViewController.h"
+#include "window/SortCommands.h"
+
+#include "window/ActionTable.h"
+#include "window/FieldEditing.h"
+#include "window/Outline.h"
+
+#include <array>
 
 namespace tabulon {
 namespace {
@@ -24,27 +29,46 @@ SortDirection opposite(SortDirection direction) {
 
 } // namespace
 
-void ViewController::sortByIndexAscending(int index, bool ascending) {
+SortCommands::SortCommands(Outline& outline, FieldEditing& fields, const Collation& collation,
+                           const Platform& platform, ActionTable& actions)
+    : outline_(outline), fields_(fields), collation_(collation), platform_(platform) {
+    static constexpr std::array kActions = {
+        "sortByName:",      "sortByURL:",          "sortByTags:",
+        "sortByDateAdded:", "sortByDateModified:", "sortByDateLastOpened:"};
+    for (std::size_t index = 0; index < kActions.size(); ++index)
+        actions.add(
+            kActions[index],
+            [this, index](const MenuItem& sender) {
+                const bool descending = sender.tag == kSortDescendingTag || platform_.keyboard.isOptionDown();
+                sortByIndexAscending(static_cast<int>(index), !descending);
+            },
+            [this](const MenuItem&) { return outline_.hasOneSelectedFolder(); });
+}
+
+void SortCommands::viewDidLoad() {
+    if (platform_.base.defaults.boolForKey("ColumnSort"))
+        addSortDescriptors();
+}
+
+void SortCommands::sortByIndexAscending(int index, bool ascending) {
     const auto direction = ascending ? SortDirection::Ascending : SortDirection::Descending;
-    for (Bookmark* item : getSelectionArray()) {
+    for (Bookmark* item : outline_.getSelectionArray()) {
         if (!item->isFolder())
             continue;
-        const std::size_t shownBefore = isExpanded(*item) ? shownCountBelow(*item) : 0;
         sortFolder(*item, sortKeyForIndex(index), direction, collation_);
-        if (const auto row = rowForItem(*item))
-            replaceRowsBelow(*row, shownBefore);
-        makeDirty();
+        outline_.childrenDidReorder(*item);
+        outline_.makeDirty();
     }
 }
 
-void ViewController::sortDescriptorsDidChange(Column column, SortDirection direction) {
-    sortFolder(getMaster(), sortKeyForIndex(sortIndexOf(column)), direction, collation_);
-    reloadKeepingSelection();
-    makeDirty();
+void SortCommands::sortDescriptorsDidChange(Column column, SortDirection direction) {
+    sortFolder(outline_.getMaster(), sortKeyForIndex(sortIndexOf(column)), direction, collation_);
+    outline_.childrenDidReorder(outline_.getMaster());
+    outline_.makeDirty();
 }
 
-void ViewController::headerClicked(Column column) {
-    commitEditing();
+void SortCommands::headerClicked(Column column) {
+    fields_.commitEditing();
     const UserDefaults& defaults = platform_.base.defaults;
     if (!defaults.boolForKey("ColumnSort") && !defaults.boolForKey("SuppressColumnSortSheet"))
         sortQuestion_ = platform_.timers.after(kPauseBeforeQuestion, [this] { sortNameSheet(); });
@@ -53,11 +77,11 @@ void ViewController::headerClicked(Column column) {
         return;
     const bool again = sortedBy_ && sortedBy_->first == column;
     sortedBy_ = {column, again ? opposite(sortedBy_->second) : prototype->second};
-    outline().showSortIndicator(column, sortedBy_->second);
+    outline_.view().showSortIndicator(column, sortedBy_->second);
     sortDescriptorsDidChange(column, sortedBy_->second);
 }
 
-void ViewController::sortNameSheet() {
+void SortCommands::sortNameSheet() {
     UserDefaults& defaults = platform_.base.defaults;
     const Localization& texts = platform_.base.texts;
     constexpr int kYes = kAlertFirstButton + 1;
@@ -66,7 +90,7 @@ void ViewController::sortNameSheet() {
               .message = texts.text("SortByName"),
               .informative = texts.text("SortByNameInfo"),
               .buttons = {{texts.text("No"), AlertButtonRole::Cancel}, {texts.text("Yes")}},
-              .document = &document_},
+              .document = &outline_.document()},
         texts.text("DontAskAgain"));
     if (answer.suppressed)
         defaults.setBoolForKey("SuppressColumnSortSheet", true);
@@ -75,13 +99,13 @@ void ViewController::sortNameSheet() {
         addSortDescriptors();
         return;
     }
-    outline().endEditing();
-    outline().selectRows({});
+    outline_.view().endEditing();
+    outline_.view().selectRows({});
 }
 
-void ViewController::addSortDescriptors() {
+void SortCommands::addSortDescriptors() {
     for (const Column column : {Column::Name, Column::URL, Column::Tags}) {
-        if (column == Column::Tags && !outline().tagsColumnIndex())
+        if (column == Column::Tags && !outline_.view().tagsColumnIndex())
             continue;
         const auto had = sortPrototypes_.find(column);
         sortPrototypes_[column] =
@@ -89,10 +113,10 @@ void ViewController::addSortDescriptors() {
     }
 }
 
-void ViewController::defaultNoSorting() {
+void SortCommands::defaultNoSorting() {
     sortPrototypes_.clear();
     sortedBy_.reset();
-    outline().showSortIndicator(std::nullopt, SortDirection::Ascending);
+    outline_.view().showSortIndicator(std::nullopt, SortDirection::Ascending);
 }
 
 } // namespace tabulon

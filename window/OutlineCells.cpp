@@ -1,6 +1,8 @@
-// What the cells of the outline show for a node.
+#include "window/OutlineCells.h"
+
+#include "window/FieldEditing.h"
+#include "window/Outline.h"
 #include "window/ShownAddress.h"
-#include "window/ViewController.h"
 
 namespace tabulon {
 namespace {
@@ -24,8 +26,8 @@ ColoredText cellText(const Text& text, const std::optional<LabelColor>& color) {
 
 } // namespace
 
-CellContent ViewController::viewForTableColumn(Column column, std::size_t row, bool selected) const {
-    const Bookmark& item = rows_.at(row);
+CellContent OutlineCells::viewForTableColumn(Column column, std::size_t row, bool selected) const {
+    const Bookmark& item = outline_.itemAtRow(row);
     const std::optional<LabelColor> color = textColor(item, selected);
     CellContent cell;
     switch (column) {
@@ -39,32 +41,32 @@ CellContent ViewController::viewForTableColumn(Column column, std::size_t row, b
             return cell;
         cell.kind = CellKind::TagsView;
         cell.text = cellText(item.itemTags(), color);
-        cell.editable = shouldEdit(column, item);
+        cell.editable = FieldEditing::shouldEdit(column, item);
         return cell;
     case Column::URL:
         cell.kind = CellKind::URLView;
         cell.text = cellText(shownAddressLine(item.itemURL()), color);
-        cell.editable = shouldEdit(column, item);
+        cell.editable = FieldEditing::shouldEdit(column, item);
         return cell;
     }
     return cell;
 }
 
-CellContent ViewController::nameCell(const Bookmark& item, const std::optional<LabelColor>& color) const {
+CellContent OutlineCells::nameCell(const Bookmark& item, const std::optional<LabelColor>& color) const {
     CellContent cell;
     if (item.isSeparator()) {
         cell.kind = CellKind::Separator;
         return cell;
     }
-    const UserDefaults& defaults = platform_.base.defaults;
+    const UserDefaults& defaults = services_.defaults;
     const bool hasTags = !item.itemTags().isEmpty();
     const bool tagsTip = hasTags && defaults.boolForKey("ShowBalloonTags");
     cell.kind = CellKind::NameView;
-    cell.editable = shouldEdit(Column::Name, item);
+    cell.editable = FieldEditing::shouldEdit(Column::Name, item);
     cell.text = cellText(item.itemName(), color);
     cell.icon = imageName(item.itemIcon());
     if (tagsTip)
-        cell.iconToolTip = Text(platform_.base.texts.format("TagsLabel", item.itemTags().view()));
+        cell.iconToolTip = Text(services_.texts.format("TagsLabel", item.itemTags().view()));
     if (!item.isFolder() && defaults.boolForKey("ShowMarks")) {
         cell.statusShown = true;
         cell.statusImage = statusImageName(item.getStatus());
@@ -81,19 +83,10 @@ CellContent ViewController::nameCell(const Bookmark& item, const std::optional<L
     return cell;
 }
 
-Text ViewController::toolTipForCell(Column column, std::size_t row) const {
-    if (column != Column::Name || !platform_.base.defaults.boolForKey("ShowBalloonNote"))
+Text OutlineCells::toolTipForCell(Column column, std::size_t row) const {
+    if (column != Column::Name || !services_.defaults.boolForKey("ShowBalloonNote"))
         return Text("");
-    return textOrEmpty(rows_.at(row).itemNote());
-}
-
-OutlineFont ViewController::font() const {
-    const UserDefaults& defaults = platform_.base.defaults;
-    return {defaults.stringForKey("FontName").value_or(""), defaults.doubleForKey("FontSize")};
-}
-
-double ViewController::rowHeight() const {
-    return platform_.base.defaults.doubleForKey("RowHeight");
+    return textOrEmpty(outline_.itemAtRow(row).itemNote());
 }
 
 } // namespace tabulon

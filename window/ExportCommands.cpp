@@ -1,10 +1,11 @@
-// The document in other formats, and single links as files: the commands with their panels, and what they
-// write. How it is written is the formats' affair.
+#include "window/ExportCommands.h"
+
 #include "formats/ExportFormats.h"
 #include "formats/export/LinkFile.h"
 #include "window/AccessoryViewController.h"
+#include "window/ActionTable.h"
+#include "window/Outline.h"
 #include "window/SharedAlerts.h"
-#include "window/ViewController.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -34,85 +35,93 @@ bool canBeSaved(const Bookmark& item) {
 
 } // namespace
 
-Result<std::string> ViewController::exportToHTML() const {
+ExportCommands::ExportCommands(Outline& outline, const Platform& platform, ActionTable& actions)
+    : outline_(outline), platform_(platform) {
+    actions.add("exportText:", [this](const MenuItem&) { exportText(); });
+    actions.add(
+        "saveBookmark:", [this](const MenuItem&) { saveBookmark(); },
+        [this](const MenuItem&) { return outline_.hasSelection(); });
+}
+
+Result<std::string> ExportCommands::exportToHTML() const {
     return exportTo("html");
 }
 
-Result<std::string> ViewController::exportToXBEL() const {
+Result<std::string> ExportCommands::exportToXBEL() const {
     return exportTo("xbel");
 }
 
-Result<std::string> ViewController::exportToText() const {
+Result<std::string> ExportCommands::exportToText() const {
     return exportTo("text");
 }
 
-Result<std::string> ViewController::exportTo(std::string_view format, Progress* progress) const {
-    return exportFormatNamed(format)->write(getMaster(), platform_.base, progress);
+Result<std::string> ExportCommands::exportTo(std::string_view format, Progress* progress) const {
+    return exportFormatNamed(format)->write(outline_.getMaster(), platform_.base, progress);
 }
 
-void ViewController::exportText() {
+void ExportCommands::exportText() {
     const Localization& texts = platform_.base.texts;
     const auto options = std::make_shared<AccessoryViewController>(platform_.base);
-    const std::string& file = document_.fileName();
+    const std::string& file = outline_.document().fileName();
     const SavePanel panel{.message = texts.text("ExportFile"),
                           .prompt = texts.text("Export"),
                           .directory = folderOf(file),
                           .proposedName = file.empty() ? texts.text("Untitled") : nameWithoutExtension(file),
                           .kind = exportFileKind(exportFormats().front(), texts),
                           .accessory = options,
-                          .document = &document_};
-    platform_.panels.beginSavePanel(panel,
-                                    [this, options, life = life()](const std::optional<std::string>& path) {
-                                        options->savePreferences();
-                                        if (path && !life.expired())
-                                            exportToFile(*path);
-                                    });
+                          .document = &outline_.document()};
+    platform_.panels.beginSavePanel(
+        panel, [this, options, life = std::weak_ptr(life_)](const std::optional<std::string>& path) {
+            options->savePreferences();
+            if (path && !life.expired())
+                exportToFile(*path);
+        });
 }
 
 // The format is taken from the extension in the end, whatever the menu says.
-void ViewController::exportToFile(const std::string& path) {
+void ExportCommands::exportToFile(const std::string& path) {
     const ExportFormat& format = exportFormatForExtension(extensionOf(path));
     if (isOptionOf(format, kSaveAsHTML) && platform_.base.defaults.boolForKey(kSaveAsHTML))
         platform_.folders.store("ExportHTMLBookmark", path);
     std::unique_ptr<Progress> progress =
-        beginProgress(platform_, "Exporting", document_.displayName(), &document_);
+        beginProgress(platform_, "Exporting", outline_.document().displayName(), &outline_.document());
     const Result<std::string> text = exportTo(format.name, progress.get());
     if (text)
         writeOrLog(path, *text);
     progress.reset(); // before there is an alert
     if (!text)
-        fileErrorAlert(platform_, "CouldNotExport", path, text.error(), &document_);
+        fileErrorAlert(platform_, "CouldNotExport", path, text.error(), &outline_.document());
 }
 
 // A write that fails is not reported to the user.
-void ViewController::writeOrLog(const std::string& path, std::string_view bytes) {
+void ExportCommands::writeOrLog(const std::string& path, std::string_view bytes) {
     if (const Result<void> written = platform_.files.writeFileAtomically(path, bytes); !written)
         platform_.base.log.log("Export could not be written: " + written.error().message);
 }
 
-void ViewController::saveBookmark() {
+void ExportCommands::saveBookmark() {
     std::vector<Ref<Bookmark>> links;
-    for (const RowRange& range : outline().selectedRows())
+    for (const RowRange& range : outline_.view().selectedRows())
         for (std::size_t row = range.first; row < range.first + range.count; ++row)
-            if (canBeSaved(itemAtRow(row)))
-                links.emplace_back(&itemAtRow(row));
+            if (canBeSaved(outline_.itemAtRow(row)))
+                links.emplace_back(&outline_.itemAtRow(row));
     std::ranges::reverse(links);
     saveBookmarkFiles(std::move(links));
 }
 
 // The last one first, one panel after the other, until one is cancelled.
-void ViewController::saveBookmarkFiles(std::vector<Ref<Bookmark>> links) {
+void ExportCommands::saveBookmarkFiles(std::vector<Ref<Bookmark>> links) {
     if (links.empty())
         return;
     const Ref<Bookmark> link = links.back();
     links.pop_back();
-    saveBookmarkFile(*link, [this, links = std::move(links), life = life()](bool confirmed) {
+    saveBookmarkFile(*link, [this, links = std::move(links), life = std::weak_ptr(life_)](bool confirmed) {
         if (confirmed && !life.expired())
             saveBookmarkFiles(links);
     });
 }
 
-void ViewController::saveBookmarkFile(const Bookmark& link, const std::function<void(bool)>& done) {
+void ExportCommands::saveBookmarkFile(const Bookmark& link, const std::function<void(bool)>& done) {
     const Localization& texts = platform_.base.texts;
     if (!canBeSaved(link))
         return;
@@ -121,14 +130,14 @@ void ViewController::saveBookmarkFile(const Bookmark& link, const std::function<
                           .proposedName =
                               link.itemName().isEmpty() ? texts.text("Untitled") : link.itemName().string(),
                           .kind = {texts.text("LinkFiles"), {std::string(linkFileExtension(link))}},
-                          .document = &document_};
+                          .document = &outline_.document()};
     const auto save = [this, done, file = exportToLinkFile(link),
-                       life = life()](const std::optional<std::string>& path) {
+                       life = std::weak_ptr(life_)](const std::optional<std::string>& path) {
         if (path && !life.expired()) {
             if (file)
                 writeOrLog(*path, *file);
             else
-                fileErrorAlert(platform_, "CouldNotExport", *path, file.error(), &document_);
+                fileErrorAlert(platform_, "CouldNotExport", *path, file.error(), &outline_.document());
         }
         if (done)
             done(path.has_value());
