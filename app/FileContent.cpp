@@ -5,6 +5,7 @@
 #include "model/ClassicReader.h"
 #include "model/Document.h"
 #include "plist/PropertyList.h"
+#include "text/ByteOrderMark.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -27,9 +28,7 @@ std::string_view withoutSpace(std::string_view bytes) {
 
 // The file without a byte-order mark and leading white space.
 std::string_view withoutMark(std::string_view bytes) {
-    if (bytes.starts_with("\xEF\xBB\xBF"))
-        bytes.remove_prefix(3);
-    return withoutSpace(bytes);
+    return withoutSpace(withoutUtf8Mark(bytes));
 }
 
 // The beginning of the file in lower case.

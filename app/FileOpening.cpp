@@ -4,7 +4,7 @@
 #include "app/FileContent.h"
 #include "app/ImportCommands.h"
 #include "app/RequestQueue.h"
-#include "window/FileUri.h"
+#include "text/FileUri.h"
 #include "window/SharedAlerts.h"
 
 #include <cerrno>

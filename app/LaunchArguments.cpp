@@ -1,7 +1,7 @@
 #include "app/LaunchArguments.h"
 
 #include "base/Text.h"
-#include "window/FileUri.h"
+#include "text/FileUri.h"
 
 namespace tabulon {
 namespace {

@@ -2,8 +2,9 @@
 // written as a percent sign and two hexadecimal digits.
 #include "app/RecentDocuments.h"
 
+#include "text/PercentCoding.h"
+
 #include <algorithm>
-#include <charconv>
 #include <sstream>
 
 namespace tabulon {
@@ -11,36 +12,8 @@ namespace {
 
 constexpr std::string_view kKey = "RecentDocuments";
 
-std::string encode(const std::string& path) {
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    std::string text;
-    for (const char c : path) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte > 0x20 && byte < 0x7F && c != '%') {
-            text += c;
-        } else {
-            text += '%';
-            text += kDigits[byte >> 4];
-            text += kDigits[byte & 15];
-        }
-    }
-    return text;
-}
-
-std::string decode(std::string_view text) {
-    std::string path;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        unsigned byte = 0;
-        const char* digits = text.data() + i + 1;
-        if (text[i] == '%' && i + 2 < text.size() &&
-            std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2) {
-            path += static_cast<char>(byte);
-            i += 2;
-        } else {
-            path += text[i];
-        }
-    }
-    return path;
+bool isPlain(char c) {
+    return c > 0x20 && c < 0x7F && c != '%';
 }
 
 } // namespace
@@ -50,7 +23,7 @@ std::vector<std::string> RecentDocuments::paths() const {
     std::vector<std::string> paths;
     std::istringstream list(state_.stringForKey(kKey).value_or(""));
     for (std::string word; paths.size() < kMaximum && list >> word;)
-        paths.push_back(decode(word));
+        paths.push_back(percent::decode(word));
     return paths;
 }
 
@@ -75,7 +48,7 @@ void RecentDocuments::clear() {
 void RecentDocuments::store(const std::vector<std::string>& paths) {
     std::string text;
     for (const std::string& path : paths)
-        text += (text.empty() ? "" : " ") + encode(path);
+        text += (text.empty() ? "" : " ") + percent::encode(path, isPlain);
     state_.setStringForKey(kKey, text);
 }
 

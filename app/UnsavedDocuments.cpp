@@ -1,7 +1,8 @@
 #include "app/UnsavedDocuments.h"
 
 #include "app/RevertPoints.h"
-#include "text/PercentEncoding.h"
+#include "base/Utf8.h"
+#include "text/PercentCoding.h"
 #include "window/SharedAlerts.h"
 
 #include <fmt/format.h>
@@ -17,10 +18,12 @@ std::string fileNameOf(std::string_view name) {
     std::string fileName;
     std::size_t end = 0; // of the last whole character that there is room for
     for (const char c : name) {
-        const auto byte = static_cast<unsigned char>(c);
-        if ((byte & 0xC0) != 0x80)
+        if (!utf8::isContinuation(c))
             end = fileName.size();
-        fileName += byte < 0x20 || c == '/' || c == '%' ? fmt::format("%{:02X}", byte) : std::string(1, c);
+        if (static_cast<unsigned char>(c) < 0x20 || c == '/' || c == '%')
+            percent::appendEscaped(fileName, c);
+        else
+            fileName += c;
         if (fileName.size() > kLongestName)
             return fileName.substr(0, end);
     }
@@ -35,7 +38,7 @@ std::string extension() {
 std::string displayNameIn(const std::string& path) {
     const std::string name = nameWithoutExtension(path);
     const std::size_t blank = name.find(' ');
-    return url::unescaped(blank == std::string::npos ? name : name.substr(blank + 1));
+    return percent::decode(blank == std::string::npos ? name : name.substr(blank + 1));
 }
 
 } // namespace

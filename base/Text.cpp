@@ -1,8 +1,9 @@
 #include "base/Text.h"
 
+#include "base/Utf8.h"
+
 #include <unicode/utf8.h>
 
-#include <algorithm>
 #include <cstring>
 #include <new>
 
@@ -42,14 +43,6 @@ bool copyAscii(std::string_view bytes, char* target) {
     return (seen & 0x8080808080808080u) == 0;
 }
 
-// The most bytes, up to `limit`, that end with a whole character.
-std::size_t wholeCharacters(std::string_view utf8, std::size_t limit) {
-    std::size_t end = limit;
-    while (end > 0 && end < utf8.size() && (static_cast<unsigned char>(utf8[end]) & 0xC0) == 0x80)
-        --end;
-    return end;
-}
-
 } // namespace
 
 Text::Text(std::size_t size) : block_(static_cast<Block*>(::operator new(sizeof(Block) + size))) {
@@ -57,8 +50,7 @@ Text::Text(std::size_t size) : block_(static_cast<Block*>(::operator new(sizeof(
     block_->size = static_cast<std::uint32_t>(size);
 }
 
-Text::Text(std::string_view utf8)
-    : Text(utf8.size() <= kMaximumSize ? utf8.size() : wholeCharacters(utf8, kMaximumSize)) {
+Text::Text(std::string_view utf8) : Text(utf8::prefix(utf8, kMaximumSize).size()) {
     // A view without a text may have no address either, and memcpy takes none even for no bytes.
     if (block_->size != 0)
         std::memcpy(block_ + 1, utf8.data(), block_->size);

@@ -1,6 +1,7 @@
 #include "cli/JsonTree.h"
 
 #include "model/TreeWalk.h"
+#include "text/ByteOrderMark.h"
 
 #include <fmt/format.h>
 #include <simdjson.h>
@@ -234,9 +235,7 @@ std::string jsonFromTree(const Bookmark& root, OutputLimit* limit) {
 }
 
 Result<Ref<Bookmark>> treeFromJson(std::string_view json) {
-    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-    if (json.starts_with(kByteOrderMark))
-        json.remove_prefix(kByteOrderMark.size());
+    json = withoutUtf8Mark(json);
     simdjson::dom::parser parser;
     const simdjson::padded_string padded(json);
     // Any nesting that fits into the file; the parser's default stops at 1,024.

@@ -1,5 +1,5 @@
-# How every target of the project is made: language level, warnings, sanitizers, include root. No precompiled headers:
-# they save a twelfth of a build, and ccache can then no longer serve one build folder from another.
+# How every target of the project is made: language level, warnings, sanitizers, the folders that it may include. No
+# precompiled headers: they save a twelfth of a build, and ccache can then no longer serve one build folder from another.
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
@@ -9,7 +9,6 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 add_library(tabulon_build_options INTERFACE)
 target_compile_features(tabulon_build_options INTERFACE cxx_std_20)
-target_include_directories(tabulon_build_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(tabulon_build_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor)
 # GCC 12 sees impossible sizes in inlined std::string code; clang-tidy and the sanitizers look at the same places.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
@@ -34,11 +33,44 @@ if(TABULON_FUZZ)
   target_link_options(tabulon_build_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# tabulon_library(NAME SOURCES… LINKS…): one folder, one library. LINKS are public.
+# tabulon_include_folder(TARGET SCOPE FOLDER [OWN_HEADERS]): lets TARGET (PRIVATE), or also the targets that link it (PUBLIC),
+# include "FOLDER/…". No target has the root of the tree on its include path, so a target sees the folders that it links
+# and no others. The include path is <build>/include/FOLDER, which contains one symbolic link to the folder. With
+# OWN_HEADERS it contains a link to each header directly in the folder, and the folders in it remain invisible.
+function(tabulon_include_folder target scope folder)
+  cmake_parse_arguments(ARG "OWN_HEADERS" "" "" ${ARGN})
+  string(REPLACE "/" "-" name ${folder})
+  set(source ${PROJECT_SOURCE_DIR}/${folder})
+  set(root ${PROJECT_BINARY_DIR}/include/${name})
+  if(ARG_OWN_HEADERS)
+    file(MAKE_DIRECTORY ${root}/${folder})
+    file(GLOB headers CONFIGURE_DEPENDS RELATIVE ${source} ${source}/*.h)
+    foreach(header IN LISTS headers)
+      file(CREATE_LINK ${source}/${header} ${root}/${folder}/${header} SYMBOLIC)
+    endforeach()
+  else()
+    cmake_path(GET folder PARENT_PATH parent)
+    file(MAKE_DIRECTORY ${root}/${parent})
+    file(CREATE_LINK ${source} ${root}/${folder} SYMBOLIC)
+  endif()
+  target_include_directories(${target} ${scope} ${root})
+endfunction()
+
+# tabulon_library(NAME [OWN_HEADERS] SOURCES… LINKS… PRIVATE_LINKS…): one folder, one library. What its headers include
+# is linked by LINKS, what only its sources include by PRIVATE_LINKS.
 function(tabulon_library name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "OWN_HEADERS" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})
   target_link_libraries(${name} PUBLIC tabulon_build_options ${ARG_LINKS} PRIVATE ${ARG_PRIVATE_LINKS})
+  cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY ${PROJECT_SOURCE_DIR} OUTPUT_VARIABLE folder)
+  if(ARG_OWN_HEADERS)
+    tabulon_include_folder(${name} PUBLIC ${folder} OWN_HEADERS)
+  else()
+    tabulon_include_folder(${name} PUBLIC ${folder})
+  endif()
+  # One line a library for tests/source: its folder and its include path.
+  set_property(GLOBAL APPEND_STRING PROPERTY TABULON_INCLUDE_PATHS
+    "${folder} $<JOIN:$<TARGET_PROPERTY:${name},INCLUDE_DIRECTORIES>, >\n")
 endfunction()
 
 # tabulon_test(NAME SOURCES… LINKS…): one test program, one entry in ctest.
@@ -46,6 +78,7 @@ function(tabulon_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE tabulon_build_options ${ARG_LINKS} GTest::gmock GTest::gtest_main)
+  tabulon_include_folder(${name} PRIVATE tests)
   target_compile_definitions(${name} PRIVATE TABULON_CORPUS_DIR="${PROJECT_SOURCE_DIR}/tests/corpus")
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT 600)

@@ -3,7 +3,8 @@
 #include "app/RecentDocuments.h"
 #include "platform/fake/FakeBaseServices.h"
 #include "platform/linux/SettingsText.h"
-#include "window/FileUri.h"
+#include "text/FileUri.h"
+#include "window/LinkLists.h"
 
 #include <cstdint>
 #include <cstdlib>

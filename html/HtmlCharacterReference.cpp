@@ -1,8 +1,8 @@
 #include "html/HtmlCharacterReference.h"
 
 #include "base/Ascii.h"
+#include "base/Utf8.h"
 #include "html/HtmlEntityTable.h"
-#include "text/Utf8.h"
 
 #include <algorithm>
 #include <array>

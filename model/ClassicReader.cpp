@@ -1,5 +1,7 @@
 #include "model/ClassicReader.h"
 
+#include "base/Utf8.h"
+
 #include <unicode/ucnv.h>
 #include <unicode/uloc.h>
 
@@ -49,7 +51,7 @@ public:
             const UChar32 character = ucnv_getNextUChar(converter_, &from, end, &status);
             if (status == U_INDEX_OUTOFBOUNDS_ERROR)
                 break;
-            append(text, U_SUCCESS(status) ? character : 0xFFFD);
+            utf8::append(text, U_SUCCESS(status) ? static_cast<char32_t>(character) : U'\uFFFD');
             if (U_FAILURE(status))
                 ucnv_reset(converter_);
         }
@@ -57,13 +59,6 @@ public:
     }
 
 private:
-    static void append(std::string& text, UChar32 character) {
-        char buffer[U8_MAX_LENGTH];
-        int32_t length = 0;
-        U8_APPEND_UNSAFE(buffer, length, character);
-        text.append(buffer, static_cast<std::size_t>(length));
-    }
-
     UErrorCode status_ = U_ZERO_ERROR;
     UConverter* converter_;
 };

@@ -1,7 +1,8 @@
 #include "plist/BinaryPlist.h"
 
+#include "base/Utf8.h"
+
 #include <unicode/utf16.h>
-#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <array>
@@ -14,34 +15,30 @@ constexpr std::string_view kMagic = "bplist00";
 constexpr std::size_t kTrailerSize = 32;
 
 /// A character below U+10000 in UTF-8.
-struct Utf8 {
+struct ShortUtf8 {
     std::array<char, 3> bytes;
     std::uint8_t length;
 };
 
-constexpr Utf8 utf8Of(std::uint32_t unit) {
-    const char last = static_cast<char>(0x80 | (unit & 0x3F));
-    if (unit < 0x80)
-        return {{static_cast<char>(unit)}, 1};
-    if (unit < 0x800)
-        return {{static_cast<char>(0xC0 | unit >> 6), last}, 2};
-    return {{static_cast<char>(0xE0 | unit >> 12), static_cast<char>(0x80 | (unit >> 6 & 0x3F)), last}, 3};
+constexpr ShortUtf8 shortUtf8Of(std::uint32_t unit) {
+    const auto [bytes, size] = utf8::encoded(unit);
+    return {{bytes[0], bytes[1], bytes[2]}, size};
 }
 
 // Texts of most scripts change length at every blank, which a processor cannot foresee: a table needs no
 // branch.
 constexpr auto kShortUtf8 = [] {
-    std::array<Utf8, 0x800> table{};
+    std::array<ShortUtf8, 0x800> table{};
     for (std::uint32_t unit = 0; unit < table.size(); ++unit)
-        table[unit] = utf8Of(unit);
+        table[unit] = shortUtf8Of(unit);
     return table;
 }();
 
 // What the conversion from UTF-16 may write behind the text.
-constexpr std::size_t kUtf8Slack = sizeof(Utf8) - 1;
+constexpr std::size_t kUtf8Slack = sizeof(ShortUtf8) - 1;
 
-// Writes at most three bytes a unit to `utf8`, and up to kUtf8Slack behind them, and gives their number.
-std::size_t utf8FromBigEndianUtf16(const std::uint8_t* bytes, std::size_t units, char* utf8) {
+// Writes at most three bytes a unit to `text`, and up to kUtf8Slack behind them, and gives their number.
+std::size_t utf8FromBigEndianUtf16(const std::uint8_t* bytes, std::size_t units, char* text) {
     const auto unit = [bytes](std::size_t i) {
         std::uint16_t code = 0;
         std::memcpy(&code, bytes + 2 * i, 2);
@@ -49,8 +46,8 @@ std::size_t utf8FromBigEndianUtf16(const std::uint8_t* bytes, std::size_t units,
             code = __builtin_bswap16(code);
         return static_cast<std::uint32_t>(code);
     };
-    const auto write = [utf8](std::size_t at, const Utf8& character) {
-        std::memcpy(utf8 + at, &character, sizeof(character));
+    const auto write = [text](std::size_t at, const ShortUtf8& character) {
+        std::memcpy(text + at, &character, sizeof(character));
         return at + character.length;
     };
     std::size_t length = 0;
@@ -59,12 +56,14 @@ std::size_t utf8FromBigEndianUtf16(const std::uint8_t* bytes, std::size_t units,
         if (first < kShortUtf8.size()) {
             length = write(length, kShortUtf8[first]);
         } else if (!U16_IS_SURROGATE(first)) {
-            length = write(length, utf8Of(first));
+            length = write(length, shortUtf8Of(first));
         } else if (U16_IS_LEAD(first) && i + 1 < units && U16_IS_TRAIL(unit(i + 1))) {
-            const UChar32 character = U16_GET_SUPPLEMENTARY(first, unit(++i));
-            U8_APPEND_UNSAFE(utf8, length, character);
+            const char32_t character = U16_GET_SUPPLEMENTARY(first, unit(++i));
+            const utf8::Encoded encoded = utf8::encoded(character);
+            std::memcpy(text + length, encoded.bytes.data(), encoded.bytes.size());
+            length += encoded.bytes.size();
         } else {
-            length = write(length, utf8Of(0xFFFD));
+            length = write(length, shortUtf8Of(0xFFFD));
         }
     }
     return length;

@@ -1,13 +1,13 @@
 #include "plist/PropertyList.h"
 
 #include "plist/XmlPlist.h"
+#include "text/ByteOrderMark.h"
 
 namespace tabulon {
 
 bool looksLikeXml(std::string_view data) {
-    for (const std::string_view mark : {"\xEF\xBB\xBF", "\xFE\xFF", "\xFF\xFE"})
-        if (data.starts_with(mark))
-            return true;
+    if (byteOrderMarkOf(data) != ByteOrderMark::None)
+        return true;
     const std::size_t first = data.find_first_not_of(" \t\r\n");
     return first != std::string_view::npos && data[first] == '<';
 }

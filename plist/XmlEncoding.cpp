@@ -1,6 +1,7 @@
 #include "plist/XmlEncoding.h"
 
 #include "base/Ascii.h"
+#include "text/ByteOrderMark.h"
 #include "text/EncodingConversion.h"
 
 #include <algorithm>
@@ -11,7 +12,6 @@ namespace tabulon {
 namespace {
 
 constexpr std::size_t kMostConvertedBytes = std::size_t{1} << 30;
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 // The encoding that the declaration of an ASCII-compatible file names; empty where it names none.
 std::string declaredEncoding(std::string_view xml) {
@@ -61,7 +61,7 @@ Result<std::string> xmlForParser(std::string_view xml) {
     const std::optional<std::string> text = utf8FromEncoding(xml, encoding);
     if (!text)
         return failure("The file is XML in an encoding that this program does not know: " + encoding + ".");
-    return std::string(kByteOrderMark) + *text;
+    return std::string(bytesOf(ByteOrderMark::Utf8)) + *text;
 }
 
 } // namespace tabulon

@@ -1,5 +1,6 @@
 #include "text/Collation.h"
 
+#include "base/Utf8.h"
 #include "text/TextFolding.h"
 #include "text/TextSearch.h"
 
@@ -140,7 +141,7 @@ std::string_view Collation::standardMatch(std::string_view text, std::string_vie
 // found.
 std::size_t Collation::placeOfFolded(std::string_view text, std::size_t size) const {
     const auto isInside = [text](std::size_t place) {
-        return place < text.size() && (static_cast<unsigned char>(text[place]) & 0xC0) == 0x80;
+        return place < text.size() && utf8::isContinuation(text[place]);
     };
     std::size_t low = 0;                // the form up to here is short enough
     std::size_t high = text.size() + 1; // and up to here it is not

@@ -1,8 +1,9 @@
 #include "text/XmlEntities.h"
 
 #include "base/Ascii.h"
+#include "base/Utf8.h"
 
-#include <unicode/utf8.h>
+#include <unicode/utf.h>
 
 #include <array>
 #include <cstdint>
@@ -80,13 +81,6 @@ std::optional<Reference> nextReference(std::string_view text, std::size_t from) 
     return std::nullopt;
 }
 
-void appendCodePoint(std::string& result, std::uint32_t codePoint) {
-    std::array<char, U8_MAX_LENGTH> bytes{};
-    std::size_t length = 0;
-    U8_APPEND_UNSAFE(bytes.data(), length, codePoint);
-    result.append(bytes.data(), length);
-}
-
 } // namespace
 
 void appendXmlEscaped(std::string& result, std::string_view text) {
@@ -115,7 +109,7 @@ std::string unescapeXmlEntities(std::string_view text) {
     std::size_t done = 0;
     for (auto found = nextReference(text, 0); found; found = nextReference(text, done)) {
         result.append(text.substr(done, found->begin - done));
-        appendCodePoint(result, found->codePoint);
+        utf8::append(result, found->codePoint);
         done = found->end;
     }
     result.append(text.substr(done));

@@ -1,5 +1,7 @@
 #include "ui/Strings.h"
 
+#include "base/Utf8.h"
+
 #include <algorithm>
 #include <cmath>
 #include <sstream>
@@ -46,12 +48,10 @@ QString oneLine(std::string_view utf8) {
 
 QString oneLine(std::string_view utf8, int width) {
     // No letter takes less than a pixel for each of its bytes.
-    std::size_t room = kSmallestRoom + static_cast<std::size_t>(std::max(width, 0));
+    const std::size_t room = kSmallestRoom + static_cast<std::size_t>(std::max(width, 0));
     if (utf8.size() <= room)
         return oneLine(utf8);
-    while (room > 0 && (static_cast<unsigned char>(utf8[room]) & 0xC0) == 0x80) // inside a character
-        --room;
-    return oneLine(utf8.substr(0, room)) + QChar(0x2026);
+    return oneLine(utf8::prefix(utf8, room)) + QChar(0x2026);
 }
 
 QString withMnemonic(std::string_view title, QSet<QChar>& taken) {

@@ -2,8 +2,9 @@
 
 #include "base/Ascii.h"
 #include "base/Text.h"
-#include "text/PercentEncoding.h"
+#include "text/PercentCoding.h"
 #include "url/IpAddress.h"
+#include "url/PercentEncoding.h"
 
 #include <unicode/uidna.h>
 
@@ -79,7 +80,7 @@ std::optional<std::string> parseHost(std::string_view text, bool isSpecial) {
         appendEscaped(text, EscapeSet::Controls, host);
         return host;
     }
-    const std::optional<std::string> domain = asciiOf(decodeUtf8Leniently(unescaped(text)));
+    const std::optional<std::string> domain = asciiOf(decodeUtf8Leniently(percent::decode(text)));
     if (!domain || domain->empty() || std::ranges::any_of(*domain, isForbiddenInDomain))
         return std::nullopt;
     return endsInNumber(*domain) ? parseIPv4(*domain) : domain;

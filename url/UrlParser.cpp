@@ -1,7 +1,8 @@
 #include "url/UrlParser.h"
 
 #include "base/Ascii.h"
-#include "text/PercentEncoding.h"
+#include "text/UriScheme.h"
+#include "url/PercentEncoding.h"
 #include "url/UrlHost.h"
 
 #include <algorithm>
@@ -20,19 +21,6 @@ std::string withoutNoise(std::string_view input) {
     std::string text(input);
     std::erase_if(text, [](char c) { return c == '\t' || c == '\n' || c == '\r'; });
     return text;
-}
-
-// How long the scheme is that the text begins with, or npos.
-std::size_t schemeLength(std::string_view text) {
-    if (text.empty() || !ascii::isLetter(text.front()))
-        return npos;
-    for (std::size_t i = 1; i < text.size(); ++i) {
-        if (text[i] == ':')
-            return i;
-        if (!ascii::isAlphanumeric(text[i]) && text[i] != '+' && text[i] != '-' && text[i] != '.')
-            break;
-    }
-    return npos;
 }
 
 bool isDriveLetter(std::string_view text) {
@@ -73,7 +61,7 @@ std::optional<Url> UrlParser::parse(std::string_view input, const Url* base) {
     const std::string_view rest = text;
     const std::size_t length = schemeLength(rest);
     bool isAddress = false;
-    if (length == npos) {
+    if (length == 0) {
         isAddress = withoutScheme(rest, base);
     } else {
         url_.scheme = ascii::lowered(rest.substr(0, length));

@@ -3,7 +3,7 @@
 #include "model/ArchiveReader.h"
 #include "model/ArchiveWriter.h"
 #include "plist/PropertyList.h"
-#include "window/FileUri.h"
+#include "text/FileUri.h"
 
 #include <fmt/format.h>
 

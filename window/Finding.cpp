@@ -1,5 +1,6 @@
 #include "window/Finding.h"
 
+#include "base/Utf8.h"
 #include "text/Collation.h"
 #include "window/Outline.h"
 
@@ -17,7 +18,7 @@ constexpr double kEditingPause = 0.25;   // seconds
 std::string_view firstCharacters(std::string_view text, std::size_t count) {
     std::size_t end = 0;
     while (end < text.size()) {
-        const bool startsCharacter = (static_cast<unsigned char>(text[end]) & 0xC0) != 0x80;
+        const bool startsCharacter = !utf8::isContinuation(text[end]);
         if (startsCharacter && count-- == 0)
             break;
         ++end;
@@ -26,8 +27,8 @@ std::string_view firstCharacters(std::string_view text, std::size_t count) {
 }
 
 std::size_t characterCount(std::string_view text) {
-    return static_cast<std::size_t>(std::ranges::count_if(
-        text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }));
+    return static_cast<std::size_t>(
+        std::ranges::count_if(text, [](char byte) { return !utf8::isContinuation(byte); }));
 }
 
 } // namespace

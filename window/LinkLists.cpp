@@ -1,9 +1,11 @@
 #include "window/LinkLists.h"
 
-#include "base/Ascii.h"
 #include "base/Lines.h"
 #include "formats/import/PageLinks.h"
 #include "formats/import/TextDecoding.h"
+#include "text/ByteOrderMark.h"
+#include "text/FileUri.h"
+#include "text/UriScheme.h"
 
 #include <algorithm>
 
@@ -22,21 +24,11 @@ std::vector<std::string_view> linesOfList(std::string_view text) {
     return lines;
 }
 
-// The length of "scheme:" at the beginning, or 0.
-std::size_t schemeLength(std::string_view text) {
-    const std::size_t colon = text.find(':');
-    if (colon == std::string_view::npos || colon == 0 || !ascii::isLetter(text[0]))
-        return 0;
-    const bool isScheme = std::ranges::all_of(text.substr(0, colon), [](char c) {
-        return ascii::isLetter(c) || ascii::isDigit(c) || c == '+' || c == '-' || c == '.';
-    });
-    return isScheme ? colon + 1 : 0;
-}
-
 // White space may stand in it, but for its beginning: some programs do not escape it.
 bool isAddress(std::string_view line) {
     const std::size_t scheme = schemeLength(line);
-    return scheme > 0 && scheme < line.size() && kWhiteSpace.find(line[scheme]) == std::string_view::npos;
+    return scheme > 0 && scheme + 1 < line.size() &&
+           kWhiteSpace.find(line[scheme + 1]) == std::string_view::npos;
 }
 
 std::string inOneLine(std::string_view text) {
@@ -84,9 +76,8 @@ std::vector<NamedLink> linksOfPairs(std::string_view text) {
 }
 
 std::string utf8OfMozilla(std::string_view bytes) {
-    std::string text = decodeText("\xFF\xFE" + std::string(bytes), TextKind::Plain).text;
-    if (text.starts_with("\uFEFF"))
-        text.erase(0, std::string_view("\uFEFF").size());
+    const std::string marked = std::string(bytesOf(ByteOrderMark::Utf16LittleEndian)) + std::string(bytes);
+    std::string text(withoutUtf8Mark(decodeText(marked, TextKind::Plain).text));
     text.erase(std::min(text.find('\0'), text.size()));
     return text;
 }
@@ -101,6 +92,16 @@ std::vector<NamedLink> linksOfUriList(std::string_view list) {
         if (!line.starts_with('#') && isAddress(line))
             links.push_back({std::string(line), {}});
     return links;
+}
+
+std::vector<std::string> fileUrisIn(std::string_view uriList) {
+    std::vector<std::string> uris;
+    for (NamedLink& link : linksOfUriList(uriList)) {
+        if (!pathOfFileUri(link.url))
+            return {};
+        uris.push_back(std::move(link.url));
+    }
+    return uris;
 }
 
 std::vector<NamedLink> linksOfHtml(std::string_view html) {

@@ -28,6 +28,10 @@ std::vector<NamedLink> linksOfPairs(std::string_view text);
 /// "text/uri-list": lines, of which those that begin with "#" and those that are no address do not count.
 std::vector<NamedLink> linksOfUriList(std::string_view list);
 
+/// Returns the file URIs of a list of URIs that is one of files, as drags carry it ("text/uri-list"). Empty
+/// where any other address is in the list: then it is one of links.
+std::vector<std::string> fileUrisIn(std::string_view uriList);
+
 /// The links of HTML (UTF-8) that lead to whole addresses, named by their texts in one line. None for what is
 /// too large (`kLargestSelection`), too entangled to be read, or would become sixteen times as much.
 std::vector<NamedLink> linksOfHtml(std::string_view html);

@@ -4,7 +4,7 @@
 #include "base/Lines.h"
 #include "formats/import/LinkFileReader.h"
 #include "formats/import/TextDecoding.h"
-#include "window/FileUri.h"
+#include "text/FileUri.h"
 #include "window/LinkLists.h"
 #include "window/PrivateItems.h"
 #include "window/ReceivedTree.h"

@@ -3,6 +3,7 @@
 #include "formats/export/ChromiumEntries.h"
 #include "formats/export/XBEL.h"
 #include "model/TreeWalk.h"
+#include "text/PercentCoding.h"
 #include "text/XmlEntities.h"
 #include "window/MimeItems.h"
 #include "window/PrivateItems.h"
@@ -18,21 +19,8 @@ namespace {
 
 constexpr std::size_t kLargestChromiumForm = std::size_t{1} << 24;
 
-// What may not stand in a URI stands as percent escapes.
-std::string uriOf(std::string_view url) {
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    std::string uri;
-    for (const char c : url) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte > 0x20 && byte < 0x7F && c != '"' && c != '<' && c != '>') {
-            uri += c;
-        } else {
-            uri += '%';
-            uri += kDigits[byte >> 4];
-            uri += kDigits[byte & 15];
-        }
-    }
-    return uri;
+bool isPlainInUri(char c) {
+    return c > 0x20 && c < 0x7F && c != '"' && c != '<' && c != '>';
 }
 
 std::string oneLine(std::string_view text) {
@@ -68,7 +56,7 @@ private:
             return;
         const std::string url = oneLine(link.itemURL().view());
         const std::string name = oneLine(link.itemName().view());
-        uris_ += uriOf(url) + "\r\n";
+        uris_ += percent::encode(url, isPlainInUri) + "\r\n";
         appendUtf16(mozilla_, fmt::format("{}{}\n{}", mozilla_.empty() ? "" : "\n", url, name));
         html_ += fmt::format("{}<a href=\"{}\">{}</a>", html_.empty() ? "" : "<br>\n", escapeXmlEntities(url),
                              escapeXmlEntities(name));

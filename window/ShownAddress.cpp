@@ -1,5 +1,8 @@
 #include "window/ShownAddress.h"
 
+#include "base/Utf8.h"
+#include "text/PercentCoding.h"
+
 #include <string>
 #include <string_view>
 
@@ -18,14 +21,6 @@ std::size_t controlLength(std::string_view text) {
     return is2000 || is2060 ? 3 : 0;
 }
 
-void appendPercentCoded(std::string& out, std::string_view bytes) {
-    static constexpr std::string_view kDigits = "0123456789ABCDEF";
-    for (const char byte : bytes) {
-        const auto value = static_cast<unsigned char>(byte);
-        out += {'%', kDigits[value >> 4], kDigits[value & 15]};
-    }
-}
-
 } // namespace
 
 Text shownAddress(const Text& address) {
@@ -40,7 +35,8 @@ Text shownAddress(const Text& address) {
             continue;
         }
         shown += text.substr(taken, at - taken);
-        appendPercentCoded(shown, text.substr(at, length));
+        for (const char byte : text.substr(at, length))
+            percent::appendEscaped(shown, byte);
         at += length;
         taken = at;
     }
@@ -54,10 +50,7 @@ Text shownAddressLine(const Text& address) {
     const std::string_view text = address.view();
     if (text.size() <= kLongestShownLine)
         return shownAddress(address);
-    std::size_t end = kLongestShownLine;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) // inside a character
-        --end;
-    return shownAddress(Text(text.substr(0, end)));
+    return shownAddress(Text(utf8::prefix(text, kLongestShownLine)));
 }
 
 } // namespace tabulon

@@ -1,10 +1,9 @@
 #include "formats/export/ChromiumEntries.h"
 
-#include "base/Ascii.h"
 #include "base/LittleEndian.h"
 #include "model/TreeWalk.h"
+#include "text/UriScheme.h"
 
-#include <algorithm>
 #include <string_view>
 
 namespace tabulon {
@@ -14,16 +13,8 @@ constexpr std::size_t kUnit = 4;
 constexpr std::size_t kIdentifier = 8;
 constexpr int kDeepest = 200;
 
-bool hasScheme(std::string_view url) {
-    const std::string_view scheme = url.substr(0, url.find(':'));
-    return scheme.size() < url.size() && !scheme.empty() && ascii::isLetter(scheme[0]) &&
-           std::ranges::all_of(scheme, [](char c) {
-               return ascii::isLetter(c) || ascii::isDigit(c) || c == '+' || c == '-' || c == '.';
-           });
-}
-
 bool isWritten(const Bookmark& node) {
-    return node.isFolder() || (!node.isSeparator() && hasScheme(node.itemURL().view()));
+    return node.isFolder() || (!node.isSeparator() && schemeLength(node.itemURL().view()) > 0);
 }
 
 class Writer {

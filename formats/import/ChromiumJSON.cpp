@@ -1,5 +1,6 @@
 #include "formats/import/ChromiumJSON.h"
 
+#include "base/Utf8.h"
 #include "formats/import/JsonSteps.h"
 
 #include <algorithm>
@@ -249,10 +250,7 @@ Ref<Bookmark> barOf(const TreeReader& reader, const BaseServices& services) {
 std::string logLine(std::string_view bytes) {
     constexpr std::size_t kMostLogged = 1024;
     std::string line = "dictionary : " + minifiedJson(bytes);
-    std::size_t end = std::min(line.size(), kMostLogged);
-    while (end < line.size() && (static_cast<unsigned char>(line[end]) & 0xC0) == 0x80)
-        --end;
-    line.resize(end);
+    line.resize(utf8::prefix(line, kMostLogged).size());
     return line;
 }
 

@@ -3,6 +3,7 @@
 #include "formats/import/JsonSteps.h"
 
 #include "base/Text.h"
+#include "text/ByteOrderMark.h"
 
 #include <algorithm>
 #include <cstring>
@@ -11,11 +12,6 @@ namespace tabulon {
 namespace {
 
 using simdjson::error_code;
-
-std::string_view withoutByteOrderMark(std::string_view bytes) {
-    constexpr std::string_view kMark = "\xEF\xBB\xBF";
-    return bytes.starts_with(kMark) ? bytes.substr(kMark.size()) : bytes;
-}
 
 bool isSpace(char c) {
     return c == ' ' || c == '\n' || c == '\r' || c == '\t';
@@ -64,7 +60,7 @@ bool isNumber(std::string_view token) {
 } // namespace
 
 JsonSteps::JsonSteps(std::string_view bytes) {
-    bytes = withoutByteOrderMark(bytes);
+    bytes = withoutUtf8Mark(bytes);
     size_ = bytes.size();
     allocated_ = size_ + simdjson::SIMDJSON_PADDING;
     bytes_ = static_cast<char*>(::operator new(allocated_));

@@ -2,6 +2,7 @@
 
 #include "base/Ascii.h"
 #include "plist/PropertyList.h"
+#include "text/ByteOrderMark.h"
 
 #include <algorithm>
 #include <string>
@@ -64,8 +65,7 @@ private:
 };
 
 std::optional<LinkFileContent> readSections(std::string_view bytes) {
-    if (bytes.starts_with("\xEF\xBB\xBF"))
-        bytes.remove_prefix(3);
+    bytes = withoutUtf8Mark(bytes);
     Sections sections;
     while (!bytes.empty()) {
         const std::size_t end = std::min(bytes.find('\n'), bytes.size());

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/Text.h"
+#include "base/Utf8.h"
 #include "formats/import/ScannedBytes.h"
 
 namespace tabulon {
@@ -25,7 +26,7 @@ public:
 private:
     // No character reaches over `position`; true only in a file that is UTF-8 from end to end.
     bool isBorder(std::size_t position) const {
-        return isUtf8_ && (static_cast<unsigned char>(bytes_.at(position)) & 0xC0) != 0x80;
+        return isUtf8_ && !utf8::isContinuation(bytes_.at(position));
     }
 
     const ScannedBytes& bytes_;

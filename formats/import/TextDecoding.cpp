@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "formats/import/EncodingNames.h"
+#include "text/ByteOrderMark.h"
 #include "text/EncodingConversion.h"
 
 #include <uchardet.h>
@@ -46,12 +47,18 @@ std::string detectedEncoding(std::string_view bytes) {
 } // namespace
 
 DecodedText decodeText(std::string_view bytes, TextKind kind) {
-    if (bytes.starts_with("\xEF\xBB\xBF"))
-        return decodedAs(bytes.substr(3), "");
-    if (bytes.starts_with("\xFF\xFE"))
-        return {converted(bytes.substr(2), "UTF-16LE"), {}};
-    if (bytes.starts_with("\xFE\xFF"))
-        return {converted(bytes.substr(2), "UTF-16BE"), {}};
+    const ByteOrderMark mark = byteOrderMarkOf(bytes);
+    const std::string_view marked = bytes.substr(bytesOf(mark).size());
+    switch (mark) {
+    case ByteOrderMark::Utf8:
+        return decodedAs(marked, "");
+    case ByteOrderMark::Utf16LittleEndian:
+        return {converted(marked, "UTF-16LE"), {}};
+    case ByteOrderMark::Utf16BigEndian:
+        return {converted(marked, "UTF-16BE"), {}};
+    case ByteOrderMark::None:
+        break;
+    }
     if (kind == TextKind::Html)
         if (const DeclaredEncoding declared = declaredEncoding(bytes); declared.found)
             return decodedAs(bytes, declared.converter);

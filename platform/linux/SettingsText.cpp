@@ -2,6 +2,7 @@
 
 #include "base/Ascii.h"
 #include "base/Text.h"
+#include "text/ByteOrderMark.h"
 
 #include <fmt/format.h>
 
@@ -107,8 +108,8 @@ std::string lineFor(std::string_view key, std::string_view value) {
 SettingsText::SettingsText(std::string_view bytes) {
     // Some editors write another mark before the one that is there; one that stayed would be written first,
     // and read as a mark.
-    while (bytes.starts_with("\xEF\xBB\xBF"))
-        bytes.remove_prefix(3);
+    while (byteOrderMarkOf(bytes) == ByteOrderMark::Utf8)
+        bytes = withoutUtf8Mark(bytes);
     bool ours = true;
     while (!bytes.empty()) {
         const std::size_t end = std::min(bytes.find('\n'), bytes.size());

@@ -1,7 +1,5 @@
-// Options, relative paths and URIs of the command line; file URIs.
+// Options, relative paths and URIs of the command line.
 #include "app/LaunchArguments.h"
-
-#include "window/FileUri.h"
 
 #include <gtest/gtest.h>
 
@@ -63,51 +61,6 @@ TEST(LaunchArguments, wrongOnesAreNamed) {
     EXPECT_EQ(parseLaunchArguments({"--themes"}, "/").problem, "There is no option “--themes”.");
     EXPECT_EQ(parseLaunchArguments({"--theme"}, "/").problem, "The name of a theme has to follow “--theme”.");
     EXPECT_EQ(parseLaunchArguments({"-\xFF"}, "/").problem, "There is no option “-\uFFFD”.");
-}
-
-TEST(FileUri, everyPathGoesThereAndBack) {
-    std::string all = "/";
-    for (int byte = 1; byte < 256; ++byte)
-        all += static_cast<char>(byte);
-    for (const std::string& path : {"/"s, "/a b"s, "/%41#?x"s, "/日本/é"s, "/latin1-\xE9"s, all}) {
-        const std::string uri = fileUri(path);
-        EXPECT_TRUE(uri.starts_with("file:///"));
-        EXPECT_EQ(uri.find_first_of(" #?\n\""), std::string::npos) << uri;
-        EXPECT_EQ(pathOfFileUri(uri), path);
-    }
-}
-
-TEST(FileUri, formsOfLocalFiles) {
-    for (const char* uri :
-         {"file:///tmp/a", "file:/tmp/a", "file://localhost/tmp/a", "FILE://LocalHost/tmp/a",
-          "file:///tmp/a?query", "file:///tmp/a#part", "file:///%74mp/a"})
-        EXPECT_EQ(pathOfFileUri(uri), "/tmp/a") << uri;
-    EXPECT_EQ(pathOfFileUri("file:///100%"), "/100%");
-    EXPECT_EQ(pathOfFileUri("file:///a%2"), "/a%2");
-}
-
-TEST(FileUri, everythingElseIsNoLocalFile) {
-    for (const char* uri : {"", "file:", "file://", "file:a", "file://server/a", "http://localhost/a",
-                            "/tmp/a", "smb://server/share/a", "file:///a%00b"})
-        EXPECT_EQ(pathOfFileUri(uri), std::nullopt) << uri;
-}
-
-TEST(FileUri, whatLooksLikeAURI) {
-    for (const char* text : {"file:///a", "file:/a", "http://x", "smb://h", "x-y+z.1://"})
-        EXPECT_TRUE(looksLikeUri(text)) << text;
-    for (const char* text : {"", "a", "/file:/a", "file:a", "c://x", "a b://c", "1a://b", "://"})
-        EXPECT_FALSE(looksLikeUri(text)) << text;
-}
-
-TEST(FileUri, aListOfURIsIsOneOfFilesOrOfLinks) {
-    using Uris = std::vector<std::string>;
-    EXPECT_EQ(fileUrisIn("# comment\r\nfile:///a\r\n\r\nfile:///b%20c\r\n"),
-              (Uris{"file:///a", "file:///b%20c"}));
-    EXPECT_EQ(fileUrisIn("file:///a\r\nhttp://x/\r\nfile:///b\r\n"), Uris{});
-    EXPECT_EQ(fileUrisIn("file:///a\r\nfile://server/b\r\n"), Uris{}) << "no file of this computer";
-    EXPECT_EQ(fileUrisIn("file:///a\nfile:///b"), (Uris{"file:///a", "file:///b"}));
-    EXPECT_EQ(fileUrisIn(""), Uris{});
-    EXPECT_EQ(fileUrisIn("\r\n\r\n"), Uris{});
 }
 
 } // namespace

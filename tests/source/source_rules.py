@@ -21,7 +21,7 @@ ARROWS = {
     "base": set(),
     "text": {"base"},
     "plist": {"base", "text"},
-    "html": {"base", "text"},
+    "html": {"base"},
     "url": {"base", "text"},
     "model": _CODINGS,
     "formats": _MODEL | {"html", "url"},
@@ -29,7 +29,7 @@ ARROWS = {
     "history": _MODEL,
     "platform": {"base"},
     "platform/fake": {"base", "platform"},
-    "platform/linux": {"base", "platform"},
+    "platform/linux": {"base", "text", "platform"},
     "window": _UPPER,
     "app": _UPPER | {"window"},
     "ui": _UPPER | {"window", "app"},
@@ -44,6 +44,9 @@ ARROWS = {
 # The rooms that may include Qt or any other part of a desktop.
 TOOLKIT_ROOMS = {"ui", "main", "platform/linux", "tests/ui"}
 TOOLKIT_HEADER = re.compile(r"^(Q[A-Za-z]|X11/|xcb/|dbus/|gio/|glib|gtk/|wayland-)")
+
+# What the build makes and one source includes.
+GENERATED = (".moc", ".inc")
 
 _INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)
 
@@ -75,7 +78,7 @@ def include_faults(root, path):
             if TOOLKIT_HEADER.match(angled) and room not in TOOLKIT_ROOMS:
                 yield f"{path}: <{angled}> is the toolkit's; only {', '.join(sorted(TOOLKIT_ROOMS))} may include it"
             continue
-        if quoted.endswith(".moc"):
+        if quoted.endswith(GENERATED):
             continue
         target = _resolve(root, path, quoted)
         if target is None:

@@ -30,7 +30,7 @@ class SourceRulesTest(unittest.TestCase):
         for source, target in (
             ("text/A.h", "base/B.h"),
             ("plist/A.h", "text/B.h"),
-            ("html/A.h", "text/B.h"),
+            ("html/A.h", "base/B.h"),
             ("url/A.h", "base/B.h"),
             ("model/A.h", "base/B.h"),
             ("model/A.h", "plist/B.h"),
@@ -56,6 +56,7 @@ class SourceRulesTest(unittest.TestCase):
             ("base/A.h", "platform/Alerts.h"),
             ("text/A.h", "plist/B.h"),
             ("plist/A.h", "model/B.h"),
+            ("html/A.h", "text/B.h"),
             ("html/A.h", "url/B.h"),
             ("url/A.h", "plist/B.h"),
             ("model/A.h", "formats/B.h"),
@@ -95,6 +96,9 @@ class SourceRulesTest(unittest.TestCase):
 
     def test_an_include_of_no_file_is_found(self):
         self.assert_fault({"model/A.h": '// Source.\n#include "model/Gone.h"\n'}, "model/Gone.h")
+
+    def test_what_the_build_makes_is_no_file_of_the_tree(self):
+        self.assertEqual(self.faults_in({"html/A.cpp": '// Source.\n#include "Table.inc"\n'}), [])
 
     def test_an_include_beside_the_file_counts_for_its_room(self):
         files = self.include_from("model/A.h", "model/B.h")

@@ -11,7 +11,7 @@
 #include "ui/document/OutlineHeader.h"
 #include "ui/document/OutlineWidget.h"
 #include "ui/document/StatusLineWidget.h"
-#include "window/FileUri.h"
+#include "window/LinkLists.h"
 #include "window/MimeItems.h"
 #include "window/ReceivedTree.h"
 #include "window/ViewController.h"

@@ -1,4 +1,4 @@
-// Percent-encoding: which characters each part of an address escapes, and how.
+// Which characters each part of an address percent-encodes.
 #pragma once
 
 #include <string>
@@ -16,8 +16,5 @@ void appendEscaped(std::string_view text, EscapeSet set, std::string& result);
 /// The same in another encoding, by ICU's name: a character that it does not have becomes the number of its
 /// HTML reference.
 void appendEscapedIn(std::string_view encoding, std::string_view text, EscapeSet set, std::string& result);
-
-/// The bytes with every "%XX" replaced by what it stands for.
-std::string unescaped(std::string_view text);
 
 } // namespace tabulon::url

@@ -1,7 +1,7 @@
-#include "text/PercentEncoding.h"
+#include "url/PercentEncoding.h"
 
-#include "base/Ascii.h"
-#include "text/Utf8.h"
+#include "base/Utf8.h"
+#include "text/PercentCoding.h"
 
 #include <unicode/ucnv.h>
 #include <unicode/utf16.h>
@@ -31,14 +31,6 @@ bool isIn(EscapeSet set, char c) {
     return false;
 }
 
-void appendByte(char c, std::string& result) {
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    const auto byte = static_cast<unsigned char>(c);
-    result += '%';
-    result += kDigits[byte >> 4];
-    result += kDigits[byte & 15];
-}
-
 struct CloseConverter {
     void operator()(UConverter* converter) const { ucnv_close(converter); }
 };
@@ -60,7 +52,7 @@ std::string encoded(UConverter& converter, char32_t character) {
 void appendEscaped(std::string_view text, EscapeSet set, std::string& result) {
     for (const char c : text) {
         if (isIn(set, c))
-            appendByte(c, result);
+            percent::appendEscaped(result, c);
         else
             result += c;
     }
@@ -86,21 +78,6 @@ void appendEscapedIn(std::string_view encoding, std::string_view text, EscapeSet
         else
             appendEscaped(bytes, set, result);
     }
-}
-
-std::string unescaped(std::string_view text) {
-    std::string result;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool isEscape = text[i] == '%' && i + 2 < text.size() && ascii::hexValue(text[i + 1]) >= 0 &&
-                              ascii::hexValue(text[i + 2]) >= 0;
-        if (!isEscape) {
-            result += text[i];
-            continue;
-        }
-        result += static_cast<char>(ascii::hexValue(text[i + 1]) * 16 + ascii::hexValue(text[i + 2]));
-        i += 2;
-    }
-    return result;
 }
 
 } // namespace tabulon::url

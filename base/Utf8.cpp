@@ -1,22 +1,6 @@
-#include "text/Utf8.h"
+#include "base/Utf8.h"
 
 namespace tabulon::utf8 {
-
-void append(std::string& text, char32_t character) {
-    const auto put = [&](unsigned lead, int rest) {
-        text += static_cast<char>(lead | (character >> (6 * rest)));
-        while (rest-- > 0)
-            text += static_cast<char>(0x80u | ((character >> (6 * rest)) & 0x3Fu));
-    };
-    if (character < 0x80)
-        put(0, 0);
-    else if (character < 0x800)
-        put(0xC0, 1);
-    else if (character < 0x10000)
-        put(0xE0, 2);
-    else
-        put(0xF0, 3);
-}
 
 char32_t next(std::string_view text, std::size_t& position) {
     const auto lead = static_cast<unsigned char>(text[position++]);
@@ -25,6 +9,14 @@ char32_t next(std::string_view text, std::size_t& position) {
     for (int i = 0; i < rest && position < text.size(); ++i)
         character = (character << 6) | (static_cast<unsigned char>(text[position++]) & 0x3Fu);
     return character;
+}
+
+std::string_view prefix(std::string_view text, std::size_t limit) {
+    if (text.size() <= limit)
+        return text;
+    while (limit > 0 && isContinuation(text[limit]))
+        --limit;
+    return text.substr(0, limit);
 }
 
 } // namespace tabulon::utf8

@@ -1,0 +1,72 @@
+// UTF-8: what is valid, what bytes a character has, and where characters begin.
+#include "base/Utf8.h"
+
+#include "base/Text.h"
+
+#include <gtest/gtest.h>
+
+namespace tabulon {
+namespace {
+
+constexpr char32_t kBorders[] = {0,      0x7F,   0x80,   0x7FF,   0x800,   0xD7FF,
+                                 0xE000, 0xFFFD, 0xFFFF, 0x10000, 0x10FFFF};
+
+TEST(Utf8, aByteAboveAsciiIsFoundAtEveryPlace) {
+    for (std::size_t size = 1; size < 40; ++size) {
+        for (std::size_t place = 0; place < size; ++place) {
+            std::string bytes(size, 'x');
+            bytes[place] = '\x80';
+            EXPECT_FALSE(isAscii(bytes)) << size << ' ' << place;
+            EXPECT_FALSE(isValidUtf8(bytes)) << size << ' ' << place;
+        }
+    }
+}
+
+TEST(Utf8, overlongFormsSurrogatesAndNumbersBeyondTheLastAreNotValid) {
+    for (const char* bytes : {"\xC0\xAF", "\xC1\xBF", "\xE0\x9F\xBF", "\xF0\x8F\xBF\xBF", "\xED\xA0\x80",
+                              "\xED\xBF\xBF", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xE3\x81", "\x80"})
+        EXPECT_FALSE(isValidUtf8(bytes)) << testing::PrintToString(bytes);
+}
+
+TEST(Utf8, malformedPartsAreReplacedOneByOne) {
+    EXPECT_EQ(decodeUtf8Leniently(""), "");
+    EXPECT_EQ(decodeUtf8Leniently("ü日\U0001F600"), "ü日\U0001F600");
+    EXPECT_EQ(decodeUtf8Leniently("\xE3\x81"
+                                  "a"),
+              "\uFFFDa");
+    EXPECT_EQ(decodeUtf8Leniently("\xF0\x9F\x98"), "\uFFFD");
+    EXPECT_EQ(decodeUtf8Leniently("\xC0\xAF"), "\uFFFD\uFFFD");
+    EXPECT_EQ(decodeUtf8Leniently("\xED\xA0\x80"), "\uFFFD\uFFFD\uFFFD");
+}
+
+TEST(Utf8, charactersAtTheBordersOfEachLengthGoThereAndBack) {
+    std::string all;
+    for (const char32_t character : kBorders) {
+        const utf8::Encoded bytes = utf8::encoded(character);
+        EXPECT_TRUE(isValidUtf8(bytes.view())) << static_cast<std::uint32_t>(character);
+        EXPECT_EQ(bytes.size, character < 0x80 ? 1 : character < 0x800 ? 2 : character < 0x10000 ? 3 : 4);
+        utf8::append(all, character);
+    }
+    std::size_t position = 0;
+    for (const char32_t character : kBorders)
+        EXPECT_EQ(utf8::next(all, position), character);
+    EXPECT_EQ(position, all.size());
+}
+
+TEST(Utf8, theBytesOfACharacter) {
+    EXPECT_EQ(utf8::encoded(U'\u00FC').view(), "\xC3\xBC");
+    EXPECT_EQ(utf8::encoded(U'\u65E5').view(), "\xE6\x97\xA5");
+    EXPECT_EQ(utf8::encoded(U'\U0001F600').view(), "\xF0\x9F\x98\x80");
+}
+
+TEST(Utf8, aBeginningNeverEndsInsideACharacter) {
+    const std::string text = "aü日\U0001F600";
+    const std::size_t expected[] = {0, 1, 1, 3, 3, 3, 6, 6, 6, 6, 10, 10};
+    for (std::size_t limit = 0; limit < std::size(expected); ++limit)
+        EXPECT_EQ(utf8::prefix(text, limit).size(), expected[limit]) << limit;
+    EXPECT_EQ(utf8::prefix("", 0), "");
+    EXPECT_EQ(utf8::prefix("\x80\x80\x80", 2), "") << "no character begins";
+}
+
+} // namespace
+} // namespace tabulon
