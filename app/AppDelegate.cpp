@@ -13,15 +13,12 @@ constexpr int kToolTipDelay = 10; // milliseconds
 AppDelegate::AppDelegate(const Platform& platform, DocumentWindowMaker& windows, SingleInstance& instance,
                          ProgramHost& host, std::string version)
     : platform_(platform), host_(host), version_(std::move(version)),
-      documentController_(platform, windows, *this), importCommands_(platform, documentController_),
+      documentController_(platform, windows, *this, *this), importCommands_(platform, documentController_),
       requestQueue_(*this, instance, platform.timers),
       fileOpening_(platform, documentController_, importCommands_, requestQueue_, *this),
       mainMenu_(platform, documentController_),
       responders_(documentController_, {&actions_, &fileOpening_.actions(), &importCommands_.actions()}) {
     addActions();
-    documentController_.shared().grabAllHTML = [this](const std::string& html) {
-        importCommands_.grabAllHTML(html);
-    };
 }
 
 void AppDelegate::addActions() {

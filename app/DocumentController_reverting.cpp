@@ -59,8 +59,7 @@ bool DocumentController::showReverted(Document& document, const Result<std::stri
     }
     platform_.base.defaults.setBoolForKey("ShowMarks", false);
     document.updateUI();
-    if (shared_.showMarks)
-        shared_.showMarks(false);
+    shared_.application.showMarks(false);
     return true;
 }
 

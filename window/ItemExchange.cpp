@@ -23,10 +23,11 @@ std::vector<PasteboardItem> ItemExchange::itemsIn(const MimeContent& content) co
 }
 
 Ref<Bookmark> ItemExchange::bookmarkOf(const PasteboardItem& item) const {
-    return pasteboardItemToBookmark(item, {.records = shared_.records,
-                                           .untitled = platform_.base.texts.text("Untitled"),
-                                           .now = Date::now(platform_.base.clock),
-                                           .grabAllHTML = shared_.grabAllHTML});
+    return pasteboardItemToBookmark(
+        item, {.records = shared_.records,
+               .untitled = platform_.base.texts.text("Untitled"),
+               .now = Date::now(platform_.base.clock),
+               .grabAllHTML = [this](const std::string& html) { shared_.application.grabAllHTML(html); }});
 }
 
 } // namespace tabulon

@@ -27,8 +27,7 @@ MarkCommands::MarkCommands(const MarkParts& parts, const Platform& platform, Sha
 
 void MarkCommands::setShowMarks(bool shown) {
     platform_.base.defaults.setBoolForKey("ShowMarks", shown);
-    if (shared_.showMarks)
-        shared_.showMarks(shown);
+    shared_.application.showMarks(shown);
 }
 
 void MarkCommands::showMarks() {
