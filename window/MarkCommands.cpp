@@ -24,7 +24,6 @@ MarkCommands::MarkCommands(const MarkParts& parts, const Platform& platform, Sha
     actions.add("clearMarks:", [this](const MenuItem&) { clearMarks(); });
     actions.add("deleteDuplicatesCommand:", [this](const MenuItem&) { deleteDuplicatesCommand(); });
     actions.add("moveDeleteSheet:", [this](const MenuItem&) { moveDeleteSheet(); });
-    actions.add("legendaSheet:", [this](const MenuItem&) { legendaSheet(); });
 }
 
 void MarkCommands::setShowMarks(bool shown) {
@@ -85,10 +84,6 @@ void MarkCommands::moveDeleteSheet() {
             if (!alive.expired())
                 deleteSheetExecute();
         }));
-}
-
-void MarkCommands::legendaSheet() {
-    window_.getWindow()->presentLegenda();
 }
 
 void MarkCommands::deleteSheetExecute() {

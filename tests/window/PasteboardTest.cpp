@@ -450,8 +450,8 @@ TEST_F(ServicesTest, whatTheyGiveBackChangesNothing) {
     Bookmark& link = add(makeLink("l", "https://l/"));
     open();
     select({&link});
-    EXPECT_TRUE(controller->clipboard().readSelectionFromPasteboard(
-        makeItem({{typed(kStringType), "https://other/"}})));
+    EXPECT_TRUE(
+        ClipboardCommands::readSelectionFromPasteboard(makeItem({{typed(kStringType), "https://other/"}})));
     EXPECT_EQ(link.itemURL(), Text("https://l/"));
     EXPECT_EQ(rowNames(), std::vector<std::string>{"l"});
     EXPECT_EQ(changes(), 0);
