@@ -1,6 +1,7 @@
 // Construction, start and end.
 #include "app/AppDelegate.h"
 
+#include "base/Settings.h"
 #include "window/SharedAlerts.h"
 
 namespace tabulon {
@@ -77,7 +78,7 @@ void AppDelegate::noDocumentIsOpen() {
 
 void AppDelegate::startUp() {
     launched_ = true;
-    platform_.base.defaults.setIntegerForKey("NSInitialToolTipDelay", kToolTipDelay);
+    setValue(platform_.base.defaults, settings::kToolTipDelay, kToolTipDelay);
     documentController_.recoverUnsavedDocuments();
 }
 
@@ -98,7 +99,7 @@ void AppDelegate::bringCurrentDocumentToFront() {
 
 bool AppDelegate::applicationShouldOpenUntitledFile() const {
     const UserDefaults& defaults = platform_.base.defaults;
-    return !defaults.stringForKey("OpenUntitled") || defaults.boolForKey("OpenUntitled");
+    return !hasValue(defaults, settings::kOpenUntitled) || valueOf(defaults, settings::kOpenUntitled);
 }
 
 void AppDelegate::sessionWillEnd() {

@@ -1,5 +1,6 @@
 #include "window/MarkCommands.h"
 
+#include "base/Settings.h"
 #include "model/Duplicates.h"
 #include "text/NumberFormat.h"
 #include "window/ActionTable.h"
@@ -26,16 +27,16 @@ MarkCommands::MarkCommands(const MarkParts& parts, const Platform& platform, Sha
 }
 
 void MarkCommands::setShowMarks(bool shown) {
-    platform_.base.defaults.setBoolForKey("ShowMarks", shown);
+    setValue(platform_.base.defaults, settings::kShowMarks, shown);
     shared_.application.showMarks(shown);
 }
 
 void MarkCommands::showMarks() {
-    setShowMarks(!platform_.base.defaults.boolForKey("ShowMarks"));
+    setShowMarks(!valueOf(platform_.base.defaults, settings::kShowMarks));
 }
 
 void MarkCommands::enableMarks() {
-    if (!platform_.base.defaults.boolForKey("ShowMarks"))
+    if (!valueOf(platform_.base.defaults, settings::kShowMarks))
         setShowMarks(true);
 }
 
@@ -56,7 +57,7 @@ void MarkCommands::findDuplicates() {
 
 void MarkCommands::clearMarks() {
     tabulon::clearMarks(outline_.getMaster());
-    if (platform_.base.defaults.boolForKey("ShowMarks"))
+    if (valueOf(platform_.base.defaults, settings::kShowMarks))
         showMarksView();
 }
 
