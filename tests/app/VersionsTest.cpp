@@ -166,10 +166,10 @@ TEST_F(VersionsTest, versionsAreComparedWithTheDocumentOneAfterTheOther) {
     saveAs("third");
     browse();
     EXPECT_EQ(controller->chosen(), 0u);
-    EXPECT_EQ(controller->statusLine().countsText(0), "1 changed");
-    EXPECT_EQ(controller->statusLine().countsText(1), "");
+    EXPECT_EQ(controller->countsText(0), "1 changed");
+    EXPECT_EQ(controller->countsText(1), "");
     timers.advance(0.1);
-    EXPECT_EQ(controller->statusLine().countsText(1), controller->statusLine().countsText(0));
+    EXPECT_EQ(controller->countsText(1), controller->countsText(0));
 }
 
 TEST_F(VersionsTest, aVersionOpensAsAnUntitledChangedDocument) {
@@ -204,7 +204,7 @@ TEST_F(VersionsTest, chosenItemsArePutBackAsOneChange) {
     document().updateUI();
     saveAs("second");
     browse();
-    EXPECT_EQ(controller->statusLine().countsText(0), "1 added, 1 removed");
+    EXPECT_EQ(controller->countsText(0), "1 added, 1 removed");
     ASSERT_EQ(controller->differences().size(), 2u);
     EXPECT_TRUE(VersionsController::canPutBack(controller->differences()[0]));
     EXPECT_FALSE(VersionsController::canPutBack(controller->differences()[1])) << "what was added";
@@ -272,7 +272,7 @@ TEST_F(VersionsTest, aDamagedVersionSaysSoAndTheOthersAreThere) {
     saveAs("third");
     files.files[documents().versions().versionsOf(kPath)[0].path] = "damaged";
     browse();
-    EXPECT_EQ(controller->statusLine().countsText(0), "Cannot be read");
+    EXPECT_EQ(controller->countsText(0), "Cannot be read");
     EXPECT_FALSE(controller->canOpen());
     controller->putBackAll();
     EXPECT_EQ(onlyLink().itemName(), Text("third"));

@@ -28,7 +28,8 @@ protected:
         add(makeLink("one hit", "x"));
         add(makeLink("two hit", "x"));
         openWidget();
-        bar = std::make_unique<FindBarWidget>(controller->window().findBar(), base.texts, nullptr);
+        bar = std::make_unique<FindBarWidget>(controller->window().findBar(), controller->finding(),
+                                              base.texts, nullptr);
         controller->window().findBar().setFindBar(bar.get());
         controller->window().findBar().showFindView();
     }
@@ -210,7 +211,7 @@ protected:
         openWidget();
         controller->finding().setSearchString("hit");
         controller->outline().selectRowOf(*link);
-        info = std::make_shared<GetInfoController>(*controller, platform());
+        info = std::make_shared<GetInfoController>(controller->outline(), controller->finding(), platform());
         info->editBookmark(*link);
         sheet = new InfoSheet(info, base.texts, nullptr);
         sheet->present();
