@@ -1,6 +1,7 @@
 // Construction, start and end.
 #include "app/AppDelegate.h"
 
+#include "base/Settings.h"
 #include "window/SharedAlerts.h"
 
 namespace tabulon {
@@ -13,15 +14,12 @@ constexpr int kToolTipDelay = 10; // milliseconds
 AppDelegate::AppDelegate(const Platform& platform, DocumentWindowMaker& windows, SingleInstance& instance,
                          ProgramHost& host, std::string version)
     : platform_(platform), host_(host), version_(std::move(version)),
-      documentController_(platform, windows, *this), importCommands_(platform, documentController_),
+      documentController_(platform, windows, *this, *this), importCommands_(platform, documentController_),
       requestQueue_(*this, instance, platform.timers),
       fileOpening_(platform, documentController_, importCommands_, requestQueue_, *this),
       mainMenu_(platform, documentController_),
       responders_(documentController_, {&actions_, &fileOpening_.actions(), &importCommands_.actions()}) {
     addActions();
-    documentController_.shared().grabAllHTML = [this](const std::string& html) {
-        importCommands_.grabAllHTML(html);
-    };
 }
 
 void AppDelegate::addActions() {
@@ -80,7 +78,7 @@ void AppDelegate::noDocumentIsOpen() {
 
 void AppDelegate::startUp() {
     launched_ = true;
-    platform_.base.defaults.setIntegerForKey("NSInitialToolTipDelay", kToolTipDelay);
+    setValue(platform_.base.defaults, settings::kToolTipDelay, kToolTipDelay);
     documentController_.recoverUnsavedDocuments();
 }
 
@@ -101,7 +99,7 @@ void AppDelegate::bringCurrentDocumentToFront() {
 
 bool AppDelegate::applicationShouldOpenUntitledFile() const {
     const UserDefaults& defaults = platform_.base.defaults;
-    return !defaults.stringForKey("OpenUntitled") || defaults.boolForKey("OpenUntitled");
+    return !hasValue(defaults, settings::kOpenUntitled) || valueOf(defaults, settings::kOpenUntitled);
 }
 
 void AppDelegate::sessionWillEnd() {

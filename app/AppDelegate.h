@@ -12,13 +12,14 @@
 #include "platform/Platform.h"
 #include "platform/SingleInstance.h"
 #include "window/ActionTable.h"
+#include "window/SharedState.h"
 
 #include <string>
 #include <vector>
 
 namespace tabulon {
 
-class AppDelegate : private RequestPerformer, private LastDocumentObserver {
+class AppDelegate : private RequestPerformer, private LastDocumentObserver, private SharedCommands {
 public:
     /// Performs the requests that reach `instance`. `version` is shown to the user. What is passed in must
     /// outlive this object.
@@ -53,6 +54,8 @@ private:
     bool mustWait() const override { return host_.mustWait(); }
     void performRequest(const LaunchRequest& request) override;
     void noDocumentIsOpen() override;
+    void grabAllHTML(const std::string& html) override { importCommands_.grabAllHTML(html); }
+    void showMarks(bool /*shown*/) override { documentController_.showMarksInEveryWindow(); }
 
     void addActions();
     void perform(const LaunchRequest& request);

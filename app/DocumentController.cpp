@@ -10,13 +10,12 @@
 namespace tabulon {
 
 DocumentController::DocumentController(const Platform& platform, DocumentWindowMaker& windows,
-                                       LastDocumentObserver& observer)
-    : platform_(platform), windows_(windows), observer_(observer), recentDocuments_(platform.state),
-      unsaved_(platform.files, platform.recovery),
+                                       LastDocumentObserver& observer, SharedCommands& commands)
+    : platform_(platform), windows_(windows), observer_(observer), shared_(commands),
+      recentDocuments_(platform.state), unsaved_(platform.files, platform.recovery),
       revertPoints_(platform.files, platform.recovery, platform.base.log),
       versions_(platform.files, platform.base.clock, platform.base.defaults,
                 platform.folders.stateFolder() + "/versions") {
-    shared_.showMarks = [this](bool) { showMarksInEveryWindow(); };
     addActions();
 }
 

@@ -50,8 +50,8 @@ public:
     using Done = std::function<void(bool done)>;
 
     /// What is passed in must outlive this object.
-    DocumentController(const Platform& platform, DocumentWindowMaker& windows,
-                       LastDocumentObserver& observer);
+    DocumentController(const Platform& platform, DocumentWindowMaker& windows, LastDocumentObserver& observer,
+                       SharedCommands& commands);
     ~DocumentController();
 
     /// saveDocument:, saveDocumentAs:, revertDocumentToSaved:, browseVersions:, performClose:,
@@ -126,10 +126,11 @@ public:
     /// Opens the copies that an earlier run left behind, each untitled and with changes.
     void recoverUnsavedDocuments();
 
+    /// Shows the rows of every window as the setting "ShowMarks" says.
+    void showMarksInEveryWindow();
+
     RecentDocuments& recentDocuments() { return recentDocuments_; }
     VersionStore& versions() { return versions_; }
-    /// What all document windows share.
-    SharedState& shared() { return shared_; }
 
 private:
     /// When a document is saved by itself, and what the user was told about that already.
@@ -165,7 +166,6 @@ private:
 
     void addActions();
     void addWindowActions();
-    void showMarksInEveryWindow();
     OpenDocument* find(const Document& document) const;
     Document* makeWindowControllers(std::unique_ptr<OpenDocument> opened);
     void remove(const Document& document);

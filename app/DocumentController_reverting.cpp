@@ -1,5 +1,6 @@
 // Going back to what a document was when the user opened it or last saved it himself.
 #include "app/DocumentController.h"
+#include "base/Settings.h"
 #include "window/SharedAlerts.h"
 
 namespace tabulon {
@@ -57,10 +58,9 @@ bool DocumentController::showReverted(Document& document, const Result<std::stri
         whileAlertIsUp(document, [&] { refusals.tell(platform_, &document); });
         return false;
     }
-    platform_.base.defaults.setBoolForKey("ShowMarks", false);
+    setValue(platform_.base.defaults, settings::kShowMarks, false);
     document.updateUI();
-    if (shared_.showMarks)
-        shared_.showMarks(false);
+    shared_.application.showMarks(false);
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/DocumentController.h"
 #include "app/ImportSource.h"
+#include "base/Settings.h"
 #include "window/LabelNames.h"
 #include "window/SharedAlerts.h"
 
@@ -161,7 +162,7 @@ void completeSort(Menu& menu, const Source& source) {
 }
 
 void completeCleanUp(Menu& menu, const Source& source) {
-    menu.items.at(kShowMarksRow).checked = source.platform.base.defaults.boolForKey("ShowMarks");
+    menu.items.at(kShowMarksRow).checked = valueOf(source.platform.base.defaults, settings::kShowMarks);
 }
 
 void completeLabel(Menu& menu, const Source& source) {

@@ -1,5 +1,6 @@
 #include "app/SaveTasks.h"
 
+#include "base/Settings.h"
 #include "text/DateFormat.h"
 
 #include <filesystem>
@@ -55,9 +56,9 @@ void saveCopyHTML(const ViewController& controller, const Platform& platform) {
 
 void runSaveTasks(const ViewController& controller, const Platform& platform, VersionStore& versions) {
     const UserDefaults& defaults = platform.base.defaults;
-    if (defaults.boolForKey("MakeBackups"))
+    if (valueOf(defaults, settings::kMakeBackups))
         makeBackup(controller.outline().document(), platform, versions);
-    if (defaults.boolForKey("SaveAsHTML"))
+    if (valueOf(defaults, settings::kSaveAsHTML))
         saveCopyHTML(controller, platform);
 }
 

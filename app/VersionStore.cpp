@@ -2,6 +2,7 @@
 
 #include "app/Compression.h"
 #include "app/VersionNames.h"
+#include "base/Settings.h"
 
 #include <fmt/format.h>
 
@@ -31,7 +32,7 @@ VersionStore::VersionStore(FileStore& files, const Clock& clock, const UserDefau
       places_(files_, folder_) {}
 
 std::uint64_t VersionStore::limit() const {
-    const std::int64_t megabytes = defaults_.integerForKey("VersionsLimit");
+    const std::int64_t megabytes = valueOf(defaults_, settings::kVersionsLimit);
     constexpr std::int64_t kMost = 1'000'000'000;
     return static_cast<std::uint64_t>(std::clamp<std::int64_t>(megabytes, 0, kMost)) * kMegabyte;
 }

@@ -1,4 +1,5 @@
 // `find`: what the find bar of a window counts and steps through, once round.
+#include "base/Settings.h"
 #include "cli/NodeList.h"
 #include "cli/PlainText.h"
 #include "cli/Verbs.h"
@@ -24,7 +25,7 @@ Findings findIn(Bookmark& root, const std::string& text, const BaseServices& ser
     if (text.empty())
         return {};
     // A window that shows the column of tags looks at them together with the names.
-    FindPhases phases{.tagsWithName = services.defaults.boolForKey("AddTagsColumn")};
+    FindPhases phases{.tagsWithName = valueOf(services.defaults, settings::kAddTagsColumn)};
     const Collation collation(services.texts.locale());
     Finder finder(phases, collation);
     const Finder::Start start = finder.findText(root, text);

@@ -1,5 +1,6 @@
 #include "formats/ExportFormats.h"
 
+#include "base/Settings.h"
 #include "formats/export/NetscapeHTML.h"
 #include "formats/export/PlainText.h"
 #include "formats/export/XBEL.h"
@@ -13,7 +14,7 @@ namespace {
 
 // The collation to sort with, if the settings want that.
 std::optional<Collation> sorting(const BaseServices& services) {
-    if (!services.defaults.boolForKey("ExportSortName"))
+    if (!valueOf(services.defaults, settings::kExportSortName))
         return std::nullopt;
     return std::optional<Collation>(std::in_place, services.texts.locale());
 }
@@ -35,21 +36,23 @@ Result<std::string> writeXBEL(const Bookmark& master, const BaseServices& servic
 Result<std::string> writeText(const Bookmark& master, const BaseServices& services, Progress* progress) {
     const std::optional<Collation> collation = sorting(services);
     const UserDefaults& defaults = services.defaults;
-    return exportToText(master, {.name = defaults.boolForKey("ExportName"),
-                                 .url = defaults.boolForKey("ExportURL"),
-                                 .tags = defaults.boolForKey("ExportTags"),
-                                 .note = defaults.boolForKey("ExportNote"),
-                                 .skipFolders = defaults.boolForKey("SkipFolders"),
-                                 .skipSeparators = defaults.boolForKey("SkipSeparators"),
+    return exportToText(master, {.name = valueOf(defaults, settings::kExportName),
+                                 .url = valueOf(defaults, settings::kExportURL),
+                                 .tags = valueOf(defaults, settings::kExportTags),
+                                 .note = valueOf(defaults, settings::kExportNote),
+                                 .skipFolders = valueOf(defaults, settings::kSkipFolders),
+                                 .skipSeparators = valueOf(defaults, settings::kSkipSeparators),
                                  .sort = pointerTo(collation),
                                  .progress = progress});
 }
 
-constexpr auto kHTMLOptions = std::to_array<std::string_view>({"ExportSortName", "SaveAsHTML"});
-constexpr auto kXBELOptions = std::to_array<std::string_view>({"ExportSortName"});
-constexpr auto kTextOptions =
-    std::to_array<std::string_view>({"ExportName", "ExportURL", "ExportTags", "ExportNote", "ExportSortName",
-                                     "SkipFolders", "SkipSeparators"});
+constexpr auto kHTMLOptions =
+    std::to_array<std::string_view>({settings::kExportSortName.key, settings::kSaveAsHTML.key});
+constexpr auto kXBELOptions = std::to_array<std::string_view>({settings::kExportSortName.key});
+constexpr auto kTextOptions = std::to_array<std::string_view>(
+    {settings::kExportName.key, settings::kExportURL.key, settings::kExportTags.key,
+     settings::kExportNote.key, settings::kExportSortName.key, settings::kSkipFolders.key,
+     settings::kSkipSeparators.key});
 
 constexpr auto kFormats = std::to_array<ExportFormat>({
     {"html", "FormatHTML", "html", kHTMLOptions, writeHTML},

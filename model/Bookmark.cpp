@@ -1,6 +1,7 @@
 // Construction, copying, comparison and codes. The tree operations are in Bookmark_tree.cpp.
 #include "model/Bookmark.h"
 
+#include "base/Settings.h"
 #include "model/Document.h"
 
 #include <new>
@@ -76,7 +77,7 @@ void Bookmark::setWithBookmark(const Bookmark& source) {
 }
 
 void Bookmark::opened(const BaseServices& services) {
-    if (!services.defaults.boolForKey("LastOpened"))
+    if (!valueOf(services.defaults, settings::kLastOpened))
         return;
     lastOpened_ = Date::now(services.clock);
     if (Document* document = getDocument())

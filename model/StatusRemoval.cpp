@@ -1,5 +1,6 @@
 #include "model/StatusRemoval.h"
 
+#include "base/Settings.h"
 #include "model/Baskets.h"
 #include "model/TreeWalk.h"
 
@@ -29,10 +30,10 @@ std::vector<Ref<Bookmark>> candidates(const Bookmark& root, const RemovalOptions
 } // namespace
 
 RemovalOptions removalOptions(const UserDefaults& defaults) {
-    return {.duplicates = defaults.boolForKey("DuplicateLinks"),
-            .broken = defaults.boolForKey("BrokenLinks"),
-            .unknown = defaults.boolForKey("UnknownLinks"),
-            .move = defaults.boolForKey("MoveLinks")};
+    return {.duplicates = valueOf(defaults, settings::kDuplicateLinks),
+            .broken = valueOf(defaults, settings::kBrokenLinks),
+            .unknown = valueOf(defaults, settings::kUnknownLinks),
+            .move = valueOf(defaults, settings::kMoveLinks)};
 }
 
 Removal removeByStatus(Bookmark& root, const RemovalOptions& options, const Localization& texts, Date now) {

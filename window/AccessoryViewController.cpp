@@ -1,5 +1,6 @@
 #include "window/AccessoryViewController.h"
 
+#include "base/Settings.h"
 #include "formats/ExportFormats.h"
 
 #include <algorithm>
@@ -11,18 +12,18 @@ namespace {
 
 struct Option {
     CheckBox AccessoryViewController::*box;
-    std::string_view key;
+    Setting<bool> setting;
 };
 
 constexpr auto kOptions = std::to_array<Option>({
-    {&AccessoryViewController::exportName, "ExportName"},
-    {&AccessoryViewController::exportURL, "ExportURL"},
-    {&AccessoryViewController::exportTags, "ExportTags"},
-    {&AccessoryViewController::exportNote, "ExportNote"},
-    {&AccessoryViewController::sortByName, "ExportSortName"},
-    {&AccessoryViewController::skipFolders, "SkipFolders"},
-    {&AccessoryViewController::skipSeparators, "SkipSeparators"},
-    {&AccessoryViewController::saveCopyHTML, "SaveAsHTML"},
+    {&AccessoryViewController::exportName, settings::kExportName},
+    {&AccessoryViewController::exportURL, settings::kExportURL},
+    {&AccessoryViewController::exportTags, settings::kExportTags},
+    {&AccessoryViewController::exportNote, settings::kExportNote},
+    {&AccessoryViewController::sortByName, settings::kExportSortName},
+    {&AccessoryViewController::skipFolders, settings::kSkipFolders},
+    {&AccessoryViewController::skipSeparators, settings::kSkipSeparators},
+    {&AccessoryViewController::saveCopyHTML, settings::kSaveAsHTML},
 });
 
 } // namespace
@@ -35,7 +36,7 @@ void AccessoryViewController::viewDidLoad() {
     services_.log.log("AccessoryViewController loaded");
     loaded_ = true;
     for (const Option& option : kOptions)
-        (this->*option.box).on = services_.defaults.boolForKey(option.key);
+        (this->*option.box).on = valueOf(services_.defaults, option.setting);
     showOptionsOf(0);
 }
 
@@ -54,7 +55,7 @@ void AccessoryViewController::exportTypeSelected(std::size_t index) {
 
 void AccessoryViewController::showOptionsOf(std::size_t index) {
     for (const Option& option : kOptions)
-        (this->*option.box).hidden = std::ranges::find(exportFormats()[index].options, option.key) ==
+        (this->*option.box).hidden = std::ranges::find(exportFormats()[index].options, option.setting.key) ==
                                      exportFormats()[index].options.end();
     addedHeight_ = skipFolders.hidden ? 0 : kTextOptionsHeight;
 }
@@ -63,7 +64,7 @@ void AccessoryViewController::savePreferences() {
     if (!loaded_)
         return;
     for (const Option& option : kOptions)
-        services_.defaults.setBoolForKey(option.key, (this->*option.box).on);
+        setValue(services_.defaults, option.setting, (this->*option.box).on);
 }
 
 } // namespace tabulon

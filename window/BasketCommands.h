@@ -18,17 +18,17 @@ public:
     /// What is handed in must live longer.
     BasketCommands(Outline& outline, const BaseServices& services) : outline_(outline), services_(services) {}
 
-    /// The basket of that name, or null.
+    /// Returns the basket of that name, or null.
     Bookmark* SearchBasket(const std::string& name) const;
-    /// A new basket, not yet in the tree.
+    /// Returns a new basket, not yet in the tree.
     Ref<Bookmark> CreateBasket(const std::string& name) const;
-    /// The item becomes the last one of the top level. Nothing is selected then.
+    /// Inserts the item as the last one of the top level and clears the selection.
     void DropBasketAtEnd(Ref<Bookmark> item);
-    /// The baskets; one that is missing is made, at the end.
+    /// Returns the basket. A missing one is made, at the end.
     Bookmark& DropBasketExists();
     Bookmark& WasteBasketExists();
-    /// The item becomes the folder's first one. Its row is selected alone where the folder is expanded, else
-    /// nothing is; in the Waste Basket nothing ever is.
+    /// Inserts the item as the first one of the folder. Its row is selected alone where the folder is
+    /// expanded, else the selection is cleared; in the Waste Basket it is always cleared.
     void AddToBasket(Ref<Bookmark> item);
     void AddToWaste(Ref<Bookmark> item);
     void DropBookmarkIn(Ref<Bookmark> item, Bookmark& folder);

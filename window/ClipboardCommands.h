@@ -22,7 +22,7 @@ public:
     ClipboardCommands(Outline& outline, EditingCommands& editing, const ItemExchange& items,
                       const Platform& platform, ActionTable& actions);
 
-    /// Copies the items that a command acts on. Without any the pasteboard stays as it is.
+    /// Copies the items that a command acts on. Without any the pasteboard is not changed.
     void copyEditMenu();
     void copyBookmarks();
     void copyBookmarksArray(const std::vector<Bookmark*>& items);
@@ -36,18 +36,18 @@ public:
     /// where the URL is empty.
     Ref<Bookmark> splitBookmark(std::string_view string);
 
-    // Services: other programs that are handed a text and may hand one back. Desktops without a menu of such
-    // programs ask for none of this.
+    // Services: other programs that are handed a text and may hand one back. Only desktops with a menu of
+    // such programs call these.
 
-    /// Whether such a program can be given what it wants: the text type (PasteboardItem.h), whatever it would
-    /// give back.
+    /// Returns whether such a program can be handed `sendType`: the text type alone (PasteboardItem.h),
+    /// whatever it returns.
     static bool validRequestorForSendTypeReturnType(std::string_view sendType, std::string_view returnType);
-    /// Makes `pasteboard` an item with the current row's URL as its only text. False, with nothing in it,
-    /// when no row is selected or it has no URL; false, and as it was, when no text is among the types
-    /// wanted.
+    /// Makes `pasteboard` an item with the current row's URL as its only text. Returns false and empties it
+    /// when no row is selected or it has no URL; returns false and leaves it alone when no text is among the
+    /// types wanted.
     bool writeSelectionToPasteboardTypes(PasteboardItem& pasteboard,
                                          const std::vector<std::string_view>& types) const;
-    /// What comes back never changes the document. Always true.
+    /// Returns true. What is handed back never changes the document.
     static bool readSelectionFromPasteboard(const PasteboardItem& pasteboard);
 
 private:

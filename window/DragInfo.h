@@ -1,4 +1,4 @@
-// A drag over an outline, as its controller sees it.
+// A drag over an outline, as OutlineDragging sees it.
 #pragma once
 
 #include "window/PasteboardItem.h"
@@ -35,7 +35,7 @@ struct DropSpot {
 };
 
 struct DragInfo {
-    /// Whose outline the drag began in; null when that was no outline of this program.
+    /// The outline that the drag began in; null when that was none of this program.
     const Outline* source;
     /// Whether the key is held that makes a copy of a move.
     bool copies;

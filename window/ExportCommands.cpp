@@ -1,5 +1,6 @@
 #include "window/ExportCommands.h"
 
+#include "base/Settings.h"
 #include "formats/ExportFormats.h"
 #include "formats/export/LinkFile.h"
 #include "window/AccessoryViewController.h"
@@ -14,8 +15,6 @@
 namespace tabulon {
 namespace {
 
-constexpr std::string_view kSaveAsHTML = "SaveAsHTML";
-
 std::string extensionOf(const std::string& path) {
     const std::string extension = std::filesystem::path(path).extension().string();
     return extension.empty() ? extension : extension.substr(1);
@@ -25,8 +24,8 @@ std::string folderOf(const std::string& path) {
     return std::filesystem::path(path).parent_path().string();
 }
 
-bool isOptionOf(const ExportFormat& format, std::string_view key) {
-    return std::ranges::find(format.options, key) != format.options.end();
+bool isOptionOf(const ExportFormat& format, const Setting<bool>& setting) {
+    return std::ranges::find(format.options, setting.key) != format.options.end();
 }
 
 bool canBeSaved(const Bookmark& item) {
@@ -81,7 +80,7 @@ void ExportCommands::exportText() {
 // The format is taken from the extension in the end, whatever the menu says.
 void ExportCommands::exportToFile(const std::string& path) {
     const ExportFormat& format = exportFormatForExtension(extensionOf(path));
-    if (isOptionOf(format, kSaveAsHTML) && platform_.base.defaults.boolForKey(kSaveAsHTML))
+    if (isOptionOf(format, settings::kSaveAsHTML) && valueOf(platform_.base.defaults, settings::kSaveAsHTML))
         platform_.folders.store("ExportHTMLBookmark", path);
     std::unique_ptr<Progress> progress =
         beginProgress(platform_, "Exporting", outline_.document().displayName(), &outline_.document());

@@ -1,5 +1,6 @@
 #include "window/FieldEditing.h"
 
+#include "base/Settings.h"
 #include "window/ActionTable.h"
 #include "window/DocumentWindow.h"
 #include "window/Outline.h"
@@ -112,7 +113,7 @@ void FieldEditing::selectionDidChange(SelectedBy cause) {
 // A click on the row that is selected already edits nothing: the selection has not changed.
 void FieldEditing::scheduleAutoEdit() {
     autoEdit_.reset();
-    if (!platform_.base.defaults.boolForKey("AutoEdit") || !outline_.view().selectedRow() ||
+    if (!valueOf(platform_.base.defaults, settings::kAutoEdit) || !outline_.view().selectedRow() ||
         !window_.getWindow()->isKeyWindow())
         return;
     if (const std::optional<Column> column = outline_.view().columnUnderPointer())

@@ -1,5 +1,6 @@
 #include "window/ItemExchange.h"
 
+#include "base/Settings.h"
 #include "window/BookmarkPasteboard.h"
 #include "window/MimeItems.h"
 #include "window/SharedState.h"
@@ -8,8 +9,9 @@ namespace tabulon {
 
 std::vector<PasteboardItem> ItemExchange::itemsOf(const std::vector<Ref<Bookmark>>& nodes,
                                                   NodeRecords::List list) const {
-    const std::int64_t format =
-        platform_.keyboard.isOptionDown() ? kCopyHTML : platform_.base.defaults.integerForKey("CopyFormat");
+    const std::int64_t format = platform_.keyboard.isOptionDown()
+                                    ? kCopyHTML
+                                    : valueOf(platform_.base.defaults, settings::kCopyFormat);
     return pasteboardItemsForBookmarks(nodes, shared_.records, list, format);
 }
 
@@ -23,10 +25,11 @@ std::vector<PasteboardItem> ItemExchange::itemsIn(const MimeContent& content) co
 }
 
 Ref<Bookmark> ItemExchange::bookmarkOf(const PasteboardItem& item) const {
-    return pasteboardItemToBookmark(item, {.records = shared_.records,
-                                           .untitled = platform_.base.texts.text("Untitled"),
-                                           .now = Date::now(platform_.base.clock),
-                                           .grabAllHTML = shared_.grabAllHTML});
+    return pasteboardItemToBookmark(
+        item, {.records = shared_.records,
+               .untitled = platform_.base.texts.text("Untitled"),
+               .now = Date::now(platform_.base.clock),
+               .grabAllHTML = [this](const std::string& html) { shared_.application.grabAllHTML(html); }});
 }
 
 } // namespace tabulon

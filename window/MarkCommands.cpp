@@ -1,5 +1,6 @@
 #include "window/MarkCommands.h"
 
+#include "base/Settings.h"
 #include "model/Duplicates.h"
 #include "text/NumberFormat.h"
 #include "window/ActionTable.h"
@@ -23,21 +24,19 @@ MarkCommands::MarkCommands(const MarkParts& parts, const Platform& platform, Sha
     actions.add("clearMarks:", [this](const MenuItem&) { clearMarks(); });
     actions.add("deleteDuplicatesCommand:", [this](const MenuItem&) { deleteDuplicatesCommand(); });
     actions.add("moveDeleteSheet:", [this](const MenuItem&) { moveDeleteSheet(); });
-    actions.add("legendaSheet:", [this](const MenuItem&) { legendaSheet(); });
 }
 
 void MarkCommands::setShowMarks(bool shown) {
-    platform_.base.defaults.setBoolForKey("ShowMarks", shown);
-    if (shared_.showMarks)
-        shared_.showMarks(shown);
+    setValue(platform_.base.defaults, settings::kShowMarks, shown);
+    shared_.application.showMarks(shown);
 }
 
 void MarkCommands::showMarks() {
-    setShowMarks(!platform_.base.defaults.boolForKey("ShowMarks"));
+    setShowMarks(!valueOf(platform_.base.defaults, settings::kShowMarks));
 }
 
 void MarkCommands::enableMarks() {
-    if (!platform_.base.defaults.boolForKey("ShowMarks"))
+    if (!valueOf(platform_.base.defaults, settings::kShowMarks))
         setShowMarks(true);
 }
 
@@ -58,7 +57,7 @@ void MarkCommands::findDuplicates() {
 
 void MarkCommands::clearMarks() {
     tabulon::clearMarks(outline_.getMaster());
-    if (platform_.base.defaults.boolForKey("ShowMarks"))
+    if (valueOf(platform_.base.defaults, settings::kShowMarks))
         showMarksView();
 }
 
@@ -85,10 +84,6 @@ void MarkCommands::moveDeleteSheet() {
             if (!alive.expired())
                 deleteSheetExecute();
         }));
-}
-
-void MarkCommands::legendaSheet() {
-    window_.getWindow()->presentLegenda();
 }
 
 void MarkCommands::deleteSheetExecute() {

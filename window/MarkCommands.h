@@ -26,34 +26,32 @@ struct MarkParts {
     const WindowController& window;
 };
 
-/// Adds the actions "showMarks:", "findDuplicates:", "clearMarks:", "deleteDuplicatesCommand:",
-/// "moveDeleteSheet:" and "legendaSheet:".
+/// Adds the actions "showMarks:", "findDuplicates:", "clearMarks:", "deleteDuplicatesCommand:" and
+/// "moveDeleteSheet:".
 class MarkCommands {
 public:
     /// What is handed in must live longer.
     MarkCommands(const MarkParts& parts, const Platform& platform, SharedState& shared, ActionTable& actions);
 
-    /// Shows or hides them in every window.
+    /// Shows the marks in every window, or hides them.
     void showMarks();
     void enableMarks();
-    /// The setting "ShowMarks" has changed: the rows are shown accordingly.
+    /// Draws all rows anew after a change of the setting "ShowMarks".
     void showMarksView();
     /// Marks every link whose URL an earlier one has (model/Duplicates.h).
     void findDuplicates();
     void clearMarks();
-    /// Has the Waste Basket moved to the end where it stands elsewhere, after a question. Gives the response,
-    /// or that of the first button where there is nothing to ask.
+    /// Asks whether the Waste Basket may be moved to the end where it is elsewhere, and moves it. Returns the
+    /// response, or the first button where there is nothing to ask.
     int moveWasteDown();
-    /// Asks in a sheet which marked links go, and where; then `deleteSheetExecute`.
+    /// Asks in a sheet which marked links are removed, and how; then runs `deleteSheetExecute`.
     void moveDeleteSheet();
     void deleteSheetExecute();
-    /// Removes links by their status (model/StatusRemoval.h) and tells how many.
+    /// Removes links by their status (model/StatusRemoval.h) and shows their number in an alert.
     void deleteBookmarksConditionalCommand(const RemovalOptions& options);
     /// Deletes all duplicates, after a question.
     void deleteDuplicatesCommand();
     void deleteDuplicatesExecute();
-    /// Tells what the marks mean.
-    void legendaSheet();
 
 private:
     void setShowMarks(bool shown);

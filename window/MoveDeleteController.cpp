@@ -1,5 +1,6 @@
 #include "window/MoveDeleteController.h"
 
+#include "base/Settings.h"
 #include "model/StatusRemoval.h"
 
 namespace tabulon {
@@ -18,10 +19,10 @@ std::string MoveDeleteController::okTitle() const {
 
 void MoveDeleteController::done() {
     UserDefaults& defaults = services_.defaults;
-    defaults.setBoolForKey("DuplicateLinks", duplicateLinks);
-    defaults.setBoolForKey("BrokenLinks", brokenLinks);
-    defaults.setBoolForKey("UnknownLinks", unknownLinks);
-    defaults.setBoolForKey("MoveLinks", moveLinks);
+    setValue(defaults, settings::kDuplicateLinks, duplicateLinks);
+    setValue(defaults, settings::kBrokenLinks, brokenLinks);
+    setValue(defaults, settings::kUnknownLinks, unknownLinks);
+    setValue(defaults, settings::kMoveLinks, moveLinks);
 }
 
 } // namespace tabulon

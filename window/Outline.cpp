@@ -1,5 +1,6 @@
 #include "window/Outline.h"
 
+#include "base/Settings.h"
 #include "base/UserDefaults.h"
 
 #include <algorithm>
@@ -209,7 +210,7 @@ void Outline::reveal(const Bookmark& node) {
 }
 
 void Outline::rememberDesktop(std::size_t changes) {
-    if (!defaults_.boolForKey("RememberDesktop"))
+    if (!valueOf(defaults_, settings::kRememberDesktop))
         return;
     for (; changes > 0; --changes)
         document_.updateChangeCount(ChangeKind::Done);

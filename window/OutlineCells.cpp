@@ -1,5 +1,6 @@
 #include "window/OutlineCells.h"
 
+#include "base/Settings.h"
 #include "window/FieldEditing.h"
 #include "window/Outline.h"
 #include "window/ShownAddress.h"
@@ -60,20 +61,20 @@ CellContent OutlineCells::nameCell(const Bookmark& item, const std::optional<Lab
     }
     const UserDefaults& defaults = services_.defaults;
     const bool hasTags = !item.itemTags().isEmpty();
-    const bool tagsTip = hasTags && defaults.boolForKey("ShowBalloonTags");
+    const bool tagsTip = hasTags && valueOf(defaults, settings::kShowBalloonTags);
     cell.kind = CellKind::NameView;
     cell.editable = FieldEditing::shouldEdit(Column::Name, item);
     cell.text = cellText(item.itemName(), color);
     cell.icon = imageName(item.itemIcon());
     if (tagsTip)
         cell.iconToolTip = Text(services_.texts.format("TagsLabel", item.itemTags().view()));
-    if (!item.isFolder() && defaults.boolForKey("ShowMarks")) {
+    if (!item.isFolder() && valueOf(defaults, settings::kShowMarks)) {
         cell.statusShown = true;
         cell.statusImage = statusImageName(item.getStatus());
     }
     if (!item.itemNote().isEmpty()) {
         cell.indicatorImage = kIndicatorImage;
-        if (defaults.boolForKey("ShowBalloonNote"))
+        if (valueOf(defaults, settings::kShowBalloonNote))
             cell.indicatorToolTip = item.itemNote();
     } else if (hasTags) {
         cell.indicatorImage = kIndicatorImage;
@@ -84,7 +85,7 @@ CellContent OutlineCells::nameCell(const Bookmark& item, const std::optional<Lab
 }
 
 Text OutlineCells::toolTipForCell(Column column, std::size_t row) const {
-    if (column != Column::Name || !services_.defaults.boolForKey("ShowBalloonNote"))
+    if (column != Column::Name || !valueOf(services_.defaults, settings::kShowBalloonNote))
         return Text("");
     return textOrEmpty(outline_.itemAtRow(row).itemNote());
 }

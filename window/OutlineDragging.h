@@ -24,26 +24,28 @@ public:
     OutlineDragging(Outline& outline, FieldEditing& fields, const ItemExchange& items,
                     const Platform& platform, NodeRecords& records);
 
-    /// The items of the selected rows for a drag that begins in this outline.
+    /// Takes over what is being typed and returns the items of the selected rows for a drag that begins in
+    /// this outline.
     std::vector<PasteboardItem> beginDraggingSession();
-    /// The content of a drag of these items, which begins now.
+    /// Begins the drag of these items and returns its content.
     MimeContent contentForDrag(const std::vector<PasteboardItem>& items) const;
-    /// The items in a drag of another program, of which the toolkit has handed on `content`.
+    /// Returns the items in a drag of another program. `content` is what the toolkit has passed on of it;
+    /// types that it changes are asked for again.
     std::vector<PasteboardItem> itemsInForeignDrag(MimeContent content) const;
-    /// Whether an outline takes such a drag at all.
+    /// Returns whether an outline takes such a drag at all.
     static bool isDragOfInterest(const std::vector<PasteboardItem>& items);
-    /// Where a drop at the pointer would go: over `row` (nothing: below the last one), as far down in it as
-    /// `fraction` says (0 is its top, 1 its bottom), and as far to the right as rows of `level` stand. Behind
-    /// the last child of a folder the level decides in which folder it ends up.
+    /// Returns where a drop at the pointer would go. The pointer is over `row` (`nullopt`: below the last
+    /// one), at the height `fraction` of it (0 is its top, 1 its bottom), and as far to the right as rows of
+    /// `level` begin. After the last child of a folder the level decides which folder takes the drop.
     DropSpot dropSpot(std::optional<std::size_t> row, double fraction, int level) const;
-    /// True when the drag began in this outline and carries live nodes.
+    /// Returns true when the drag began in this outline and carries live nodes.
     bool dragIsLocalReorder(const DragInfo& drag) const;
-    /// What a drop would do: on `item`, or on the root where it is null, and before its child number
-    /// `childIndex`, or on the item itself where there is no index. None refuses.
+    /// Returns what a drop would do: on `item`, or on the root where it is null, and before its child number
+    /// `childIndex`, or on the item itself where there is no index. None refuses the drop.
     DragOperation validateDrop(const DragInfo& drag, Bookmark* item, std::optional<std::size_t> childIndex);
-    /// Does what the last validation has answered. False when nothing may be dropped there.
+    /// Does what the last `validateDrop` has returned. Returns false when nothing may be dropped there.
     bool acceptDrop(const DragInfo& drag, Bookmark* item, std::optional<std::size_t> childIndex);
-    /// A drag that began in this outline has ended.
+    /// Called when a drag that began in this outline has ended.
     void draggingSessionEnded(DragOperation operation);
     DragOperation dragOperation() const { return dragOperation_; }
 

@@ -5,20 +5,29 @@
 #include "window/NodeRecords.h"
 
 #include <cstddef>
-#include <functional>
 #include <string>
 
 namespace tabulon {
 
+/// The commands of the application that document windows call.
+class SharedCommands {
+public:
+    virtual ~SharedCommands() = default;
+    /// Collects the links of an HTML text into a new document.
+    virtual void grabAllHTML(const std::string& html) = 0;
+    /// Shows or hides the marks of links in every window.
+    virtual void showMarks(bool shown) = 0;
+};
+
 struct SharedState {
+    /// `commands` must outlive this object.
+    explicit SharedState(SharedCommands& commands) : application(commands) {}
+
+    SharedCommands& application;
     NodeRecords records;
-    /// The application's link scanner: collects the links of an HTML text into a new document.
-    std::function<void(const std::string& html)> grabAllHTML;
     FindPhases findPhases;
     /// How many links the last removal by status took.
     std::size_t removedLinks = 0;
-    /// The application shows or hides the marks of links in every window.
-    std::function<void(bool shown)> showMarks;
 };
 
 } // namespace tabulon

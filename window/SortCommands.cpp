@@ -1,5 +1,6 @@
 #include "window/SortCommands.h"
 
+#include "base/Settings.h"
 #include "window/ActionTable.h"
 #include "window/FieldEditing.h"
 #include "window/Outline.h"
@@ -46,7 +47,7 @@ SortCommands::SortCommands(Outline& outline, FieldEditing& fields, const Collati
 }
 
 void SortCommands::viewDidLoad() {
-    if (platform_.base.defaults.boolForKey("ColumnSort"))
+    if (valueOf(platform_.base.defaults, settings::kColumnSort))
         addSortDescriptors();
 }
 
@@ -70,7 +71,7 @@ void SortCommands::sortDescriptorsDidChange(Column column, SortDirection directi
 void SortCommands::headerClicked(Column column) {
     fields_.commitEditing();
     const UserDefaults& defaults = platform_.base.defaults;
-    if (!defaults.boolForKey("ColumnSort") && !defaults.boolForKey("SuppressColumnSortSheet"))
+    if (!valueOf(defaults, settings::kColumnSort) && !valueOf(defaults, settings::kSuppressColumnSortSheet))
         sortQuestion_ = platform_.timers.after(kPauseBeforeQuestion, [this] { sortNameSheet(); });
     const auto prototype = sortPrototypes_.find(column);
     if (prototype == sortPrototypes_.end())
@@ -93,9 +94,9 @@ void SortCommands::sortNameSheet() {
               .document = &outline_.document()},
         texts.text("DontAskAgain"));
     if (answer.suppressed)
-        defaults.setBoolForKey("SuppressColumnSortSheet", true);
+        setValue(defaults, settings::kSuppressColumnSortSheet, true);
     if (answer.response == kYes) {
-        defaults.setBoolForKey("ColumnSort", true);
+        setValue(defaults, settings::kColumnSort, true);
         addSortDescriptors();
         return;
     }

@@ -33,13 +33,13 @@ public:
     void sortByIndexAscending(int index, bool ascending);
     /// A menu item with this tag sorts descending; so does every one while Option is held.
     static constexpr int kSortDescendingTag = 1;
-    /// The user has clicked a column's title. Where columns sort, the document is sorted by it, the other way
-    /// round with each further click; where the user was not asked yet whether they are to, a question comes
-    /// up in a moment.
+    /// Called when the user has clicked a column's title. Where columns sort, the document is sorted by it,
+    /// in the other direction with each further click. Where the user was not asked yet whether columns sort,
+    /// a question follows after 0.8 seconds.
     void headerClicked(Column column);
     void sortDescriptorsDidChange(Column column, SortDirection direction);
     void sortNameSheet();
-    /// Columns sort from now on, upwards first; those that do already, the other way round first.
+    /// Lets columns sort, ascending at first; those that do already, in the other direction at first.
     void addSortDescriptors();
     void defaultNoSorting();
 

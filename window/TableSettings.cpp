@@ -1,5 +1,6 @@
 #include "window/TableSettings.h"
 
+#include "base/Settings.h"
 #include "model/Finder.h"
 #include "window/ActionTable.h"
 #include "window/DocumentWindow.h"
@@ -28,10 +29,10 @@ TableSettings::TableSettings(Outline& outline, const WindowController& window, c
 void TableSettings::viewDidLoad() {
     UserDefaults& defaults = platform_.base.defaults;
     if (font().size == kSmallFontSize && rowHeight() != kSmallFontRowHeight)
-        defaults.setDoubleForKey("RowHeight", kSmallFontRowHeight);
+        setValue(defaults, settings::kRowHeight, kSmallFontRowHeight);
     outline_.view().setTableFont(font(), rowHeight());
     fitURLField(font().size);
-    if (defaults.boolForKey("AddTagsColumn"))
+    if (valueOf(defaults, settings::kAddTagsColumn))
         addTagsColumn();
 }
 
@@ -57,8 +58,8 @@ void TableSettings::moveTableFontSize(FontSizeStep step) {
 
 void TableSettings::setTableFontSizeRowHeight(double size, double rowHeight) {
     UserDefaults& defaults = platform_.base.defaults;
-    defaults.setDoubleForKey("FontSize", size);
-    defaults.setDoubleForKey("RowHeight", rowHeight);
+    setValue(defaults, settings::kFontSize, size);
+    setValue(defaults, settings::kRowHeight, rowHeight);
     outline_.view().setTableFont(font(), rowHeight);
     fitURLField(size);
 }
@@ -73,8 +74,8 @@ void TableSettings::addTagsColumn() {
     if (outline_.view().tagsColumnIndex())
         return;
     const UserDefaults& defaults = platform_.base.defaults;
-    const std::int64_t index = std::max<std::int64_t>(0, defaults.integerForKey("TagsIndex"));
-    outline_.view().addTagsColumn(static_cast<std::size_t>(index), defaults.doubleForKey("TagsWidth"));
+    const std::int64_t index = std::max<std::int64_t>(0, valueOf(defaults, settings::kTagsIndex));
+    outline_.view().addTagsColumn(static_cast<std::size_t>(index), valueOf(defaults, settings::kTagsWidth));
 }
 
 void TableSettings::removeTagsColumn() {
@@ -85,20 +86,20 @@ void TableSettings::removeTagsColumn() {
 
 void TableSettings::outlineViewColumnDidMove() {
     if (const auto index = outline_.view().tagsColumnIndex())
-        platform_.base.defaults.setIntegerForKey("TagsIndex", static_cast<std::int64_t>(*index));
+        setValue(platform_.base.defaults, settings::kTagsIndex, static_cast<std::int64_t>(*index));
 }
 
 void TableSettings::tagsColumnDidResize(double width) {
-    platform_.base.defaults.setDoubleForKey("TagsWidth", width);
+    setValue(platform_.base.defaults, settings::kTagsWidth, width);
 }
 
 OutlineFont TableSettings::font() const {
     const UserDefaults& defaults = platform_.base.defaults;
-    return {defaults.stringForKey("FontName").value_or(""), defaults.doubleForKey("FontSize")};
+    return {valueOf(defaults, settings::kFontName), valueOf(defaults, settings::kFontSize)};
 }
 
 double TableSettings::rowHeight() const {
-    return platform_.base.defaults.doubleForKey("RowHeight");
+    return valueOf(platform_.base.defaults, settings::kRowHeight);
 }
 
 } // namespace tabulon

@@ -20,6 +20,7 @@ WindowController::WindowController(Outline& outline, Finding& finding, const Pla
         [this](const MenuItem&) { return outline_.hasSelection(); });
     for (const char* action : {"showFindView:", "performFindPanelAction:"})
         actions.add(action, [this](const MenuItem&) { findBar_.showFindView(); });
+    actions.add("legendaSheet:", [this](const MenuItem&) { legendaSheet(); });
     actions.add("hideFindView:", [this](const MenuItem&) { findBar_.hideFindView(); });
     actions.add(
         "findNext:", [this](const MenuItem&) { finding_.findNext(); },
@@ -77,6 +78,10 @@ void WindowController::getInfo() {
 void WindowController::dismissInfo() {
     if (info_ && info_->isShown())
         info_->done();
+}
+
+void WindowController::legendaSheet() {
+    window_->presentLegenda();
 }
 
 void WindowController::rowsDidChange() {

@@ -17,7 +17,8 @@ class DocumentWindow;
 class GetInfoController;
 class Outline;
 
-/// Adds the actions "getInfo:", "showFindView:", "performFindPanelAction:", "hideFindView:" and "findNext:".
+/// Adds the actions "getInfo:", "showFindView:", "performFindPanelAction:", "hideFindView:", "findNext:" and
+/// "legendaSheet:".
 class WindowController : private RowObserver, private FindObserver {
 public:
     /// What is handed in must live longer.
@@ -47,6 +48,9 @@ public:
     void getInfo();
     /// Saves the change of a panel that is up and dismisses it.
     void dismissInfo();
+
+    /// Shows a sheet that explains the marks of links.
+    void legendaSheet();
 
 private:
     void rowsDidChange() override;

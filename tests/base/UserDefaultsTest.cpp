@@ -1,4 +1,5 @@
 // Settings: registered values, conversions.
+#include "base/Settings.h"
 #include "platform/fake/FakeBaseServices.h"
 
 #include <gtest/gtest.h>
@@ -87,6 +88,27 @@ TEST(UserDefaults, theWholeTableOfRegisteredValues) {
         EXPECT_EQ(defaults.stringForKey(key), value);
         EXPECT_EQ(defaults.boolForKey(key), value != "NO" && value != "0") << key;
     }
+}
+
+TEST(Settings, areReadAndSetByTheirConstants) {
+    MemoryUserDefaults defaults;
+    EXPECT_TRUE(valueOf(defaults, settings::kMakeBackups));
+    EXPECT_EQ(valueOf(defaults, settings::kVersionsLimit), 1000);
+    EXPECT_EQ(valueOf(defaults, settings::kRowHeight), 17.0);
+    EXPECT_EQ(valueOf(defaults, settings::kFontName), "");
+    EXPECT_FALSE(hasValue(defaults, settings::kFontName));
+    EXPECT_TRUE(hasValue(defaults, settings::kMakeBackups));
+    setValue(defaults, settings::kMakeBackups, false);
+    setValue(defaults, settings::kVersionsLimit, 5);
+    setValue(defaults, settings::kRowHeight, 20.5);
+    defaults.setStringForKey("FontName", "Sans");
+    EXPECT_EQ(defaults.stringForKey("MakeBackups"), "NO");
+    EXPECT_EQ(defaults.stringForKey("VersionsLimit"), "5");
+    EXPECT_EQ(defaults.stringForKey("RowHeight"), "20.5");
+    EXPECT_FALSE(valueOf(defaults, settings::kMakeBackups));
+    EXPECT_EQ(valueOf(defaults, settings::kVersionsLimit), 5);
+    EXPECT_EQ(valueOf(defaults, settings::kRowHeight), 20.5);
+    EXPECT_EQ(valueOf(defaults, settings::kFontName), "Sans");
 }
 
 TEST(UserDefaults, keysWithoutAValueReadAsNoZeroAndAbsent) {

@@ -1,15 +1,21 @@
-"""Checks docs/settings.md of the tree at the given folder: check_settings.py FOLDER. Ends with 1 when there is a fault."""
+"""Checks the settings of the tree at the given folder: check_settings.py FOLDER. Ends with 1 when there is a fault."""
 
 import sys
 from pathlib import Path
 
-from settings_table import faults, registered
+from settings_table import registered, registration_faults, table_faults, text_faults
+
+FOLDERS = ("text", "plist", "html", "url", "model", "formats", "window", "app", "ui", "cli", "main", "platform")
 
 
 def main():
     root = Path(sys.argv[1])
-    source = (root / "base/RegisteredDefaults.cpp").read_text(encoding="utf-8")
-    found = list(faults(source, (root / "docs/settings.md").read_text(encoding="utf-8")))
+    source = (root / "base/Settings.h").read_text(encoding="utf-8")
+    sources = {str(path.relative_to(root)): path.read_text(encoding="utf-8")
+               for folder in FOLDERS for path in sorted((root / folder).rglob("*")) if path.suffix in (".h", ".cpp")}
+    found = list(table_faults(source, (root / "docs/settings.md").read_text(encoding="utf-8")))
+    found += registration_faults(source, (root / "base/RegisteredDefaults.cpp").read_text(encoding="utf-8"))
+    found += text_faults(sources)
     for fault in found:
         print(fault)
     print(f"{len(registered(source))} registered values, {len(found)} faults")

@@ -1,16 +1,26 @@
-"""The table of keys in docs/settings.md against the values that the program registers: a key that is missing there, one
-that the program does not know, another value. check_settings.py runs it, test_settings_table.py tests it.
+"""The settings of base/Settings.h against the table of keys in docs/settings.md, the registered values and the sources: a
+key that is missing, one that the program does not know, another value, a key that is named as a text.
+check_settings.py runs it, test_settings_table.py tests it.
 """
 
 import re
 
-_REGISTERED = re.compile(r'\{"(\w+)", "([^"]*)"\}')
+_SETTING = re.compile(r'\bSetting<[\w:]+> (\w+)\{"(\w+)"(?:,\s*"([^"]*)")?\}')
+_ENTRY = re.compile(r"\bentry\(settings::(\w+)\)")
+# What the program remembers by itself is no setting.
+_KEY_AS_TEXT = re.compile(r'(\w+)(?:\.|->)(?:\w+ForKey|removeKey)\(\s*"')
+_STATE = ("state", "state_")
 _KEY = re.compile(r"`(\w+)`")
 
 
+def settings(source):
+    """Constant -> (key, registered value) of Settings.h; the empty text for none."""
+    return {constant: (key, value) for constant, key, value in _SETTING.findall(source)}
+
+
 def registered(source):
-    """Key -> value of the table in RegisteredDefaults.cpp."""
-    return dict(_REGISTERED.findall(source))
+    """Key -> registered value of Settings.h."""
+    return {key: value for key, value in settings(source).values() if value}
 
 
 def documented(text):
@@ -25,14 +35,30 @@ def documented(text):
     return values
 
 
-def faults(source, text):
-    """A sentence for each difference."""
+def table_faults(source, text):
+    """A sentence for each difference between Settings.h and docs/settings.md."""
     program, manual = registered(source), documented(text)
-    for key, value in program.items():
+    for key, value in sorted(settings(source).values()):
         if key not in manual:
             yield f"docs/settings.md does not tell of {key}"
         elif manual[key] != value:
-            yield f"docs/settings.md has {manual[key] or 'no value'} for {key}, the program {value}"
+            yield f"docs/settings.md has {manual[key] or 'no value'} for {key}, the program {value or 'none'}"
     for key, value in manual.items():
         if value and key not in program:
             yield f"docs/settings.md has a value for {key}, the program has none"
+
+
+def registration_faults(source, registration):
+    """A sentence for each registered value of Settings.h that RegisteredDefaults.cpp leaves out."""
+    listed = set(_ENTRY.findall(registration))
+    for constant, (key, value) in settings(source).items():
+        if value and constant not in listed:
+            yield f"base/RegisteredDefaults.cpp leaves out {constant}"
+
+
+def text_faults(sources):
+    """A sentence for each place of the sources, a mapping of path -> text, that names a setting's key as a text."""
+    for path, text in sources.items():
+        for match in _KEY_AS_TEXT.finditer(text):
+            if match.group(1) not in _STATE:
+                yield f"{path}: {match.group()}… names a setting as a text; base/Settings.h has a constant for it"

@@ -1,10 +1,13 @@
-"""The check of docs/settings.md finds what it is there to find."""
+"""The checks of settings find what they are there to find."""
 
 import unittest
 
-from settings_table import documented, faults, registered
+from settings_table import documented, registered, registration_faults, settings, table_faults, text_faults
 
-SOURCE = '{"A", "YES"},\n    {"B", "11.0"},\n'
+SOURCE = """inline constexpr Setting<bool> kA{"A", "YES"};
+inline constexpr Setting<double> kB{"B", "11.0"};
+inline constexpr Setting<std::string_view> kD{"D"};
+"""
 
 
 def manual(*rows):
@@ -13,10 +16,11 @@ def manual(*rows):
 
 class SettingsTableTest(unittest.TestCase):
     def faults_in(self, *rows):
-        return list(faults(SOURCE, manual(*rows)))
+        return list(table_faults(SOURCE, manual("| `D` | | d |", *rows)))
 
     def test_the_tables_are_read(self):
         self.assertEqual(registered(SOURCE), {"A": "YES", "B": "11.0"})
+        self.assertEqual(settings(SOURCE), {"kA": ("A", "YES"), "kB": ("B", "11.0"), "kD": ("D", "")})
         self.assertEqual(documented(manual("| `A` °, `C` | YES | x |", "| `D` | | y |")), {"A": "YES", "C": "YES", "D": ""})
 
     def test_the_same_is_no_fault(self):
@@ -27,6 +31,21 @@ class SettingsTableTest(unittest.TestCase):
         self.assertEqual(len(self.faults_in("| `A` | NO | x |", "| `B` | 11.0 | y |")), 1)
         self.assertEqual(len(self.faults_in("| `A` | YES | x |", "| `B` | | y |")), 1)
         self.assertEqual(len(self.faults_in("| `A`, `C` | YES | x |", "| `B` | 11.0 | y |")), 1)
+
+    def test_a_setting_that_the_manual_leaves_out_is_found(self):
+        self.assertEqual(len(list(table_faults(SOURCE, manual("| `A` | YES | x |", "| `B` | 11.0 | y |")))), 1)
+
+    def test_a_value_that_is_not_registered_is_found(self):
+        self.assertEqual(list(registration_faults(SOURCE, "entry(settings::kA), entry(settings::kB)")), [])
+        self.assertEqual(list(registration_faults(SOURCE, "entry(settings::kA)")),
+                         ["base/RegisteredDefaults.cpp leaves out kB"])
+
+    def test_a_key_that_is_named_as_a_text_is_found(self):
+        for call in ('defaults.boolForKey("A")', 'defaults->setDoubleForKey("B", 1)', 'defaults_.removeKey("A")'):
+            self.assertEqual(len(list(text_faults({"app/File.cpp": call}))), 1, call)
+        for call in ('state.stringForKey("A")', 'platform.state_.setBoolForKey("A", true)', "valueOf(defaults, settings::kA)",
+                     "defaults.boolForKey(key)"):
+            self.assertEqual(list(text_faults({"app/File.cpp": call})), [], call)
 
 
 if __name__ == "__main__":

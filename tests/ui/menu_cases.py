@@ -124,7 +124,7 @@ def labels():
 def imports():
     """Of each browser: a panel, or a sentence for two of them."""
     for browser in range(10):
-        yield Case(f"alt+i {'Down ' * browser}Return", TYPED, after="Escape", window="^(Select|Tabulon$)")
+        yield Case(f"alt+i {'Down ' * browser}Return", TYPED, after="Escape", window="^(Please select|Tabulon$)")
 
 
 def sorts():

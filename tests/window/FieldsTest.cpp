@@ -64,13 +64,13 @@ TEST_F(FieldsTest, aNewAddressIsClassifiedAndItsRowShownAnew) {
 }
 
 TEST_F(FieldsTest, whatCanBeEdited) {
-    EXPECT_TRUE(controller->fields().shouldEdit(Column::Name, *folder_));
-    EXPECT_FALSE(controller->fields().shouldEdit(Column::URL, *folder_));
-    EXPECT_TRUE(controller->fields().shouldEdit(Column::Tags, *folder_));
-    EXPECT_TRUE(controller->fields().shouldEdit(Column::URL, *link_));
+    EXPECT_TRUE(FieldEditing::shouldEdit(Column::Name, *folder_));
+    EXPECT_FALSE(FieldEditing::shouldEdit(Column::URL, *folder_));
+    EXPECT_TRUE(FieldEditing::shouldEdit(Column::Tags, *folder_));
+    EXPECT_TRUE(FieldEditing::shouldEdit(Column::URL, *link_));
     link_->setItemLocked(true);
-    EXPECT_FALSE(controller->fields().shouldEdit(Column::URL, *link_));
-    EXPECT_TRUE(controller->fields().shouldEdit(Column::Name, *link_));
+    EXPECT_FALSE(FieldEditing::shouldEdit(Column::URL, *link_));
+    EXPECT_TRUE(FieldEditing::shouldEdit(Column::Name, *link_));
 }
 
 TEST_F(FieldsTest, editBookmarkBeginsWithTheNameOrAlerts) {

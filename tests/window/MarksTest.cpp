@@ -9,7 +9,7 @@ class MarksTest : public WindowTest {
 protected:
     MarksTest() {
         alerts.whileShown = [this] { timers.advance(10); }; // before the answer
-        shared.showMarks = [this](bool isShown) {
+        application.onShowMarks = [this](bool isShown) {
             shownEverywhere.push_back(isShown);
             controller->marks().showMarksView();
         };

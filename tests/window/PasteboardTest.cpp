@@ -307,7 +307,7 @@ TEST_F(PasteboardTest, recordsOfAnotherProcessAreNotFollowed) {
     Bookmark& link = add(makeLink("Title", "https://l/"));
     open();
     copy({&link});
-    SharedState other;
+    SharedState other(application);
     pasteboard.held.set("application/x-xbel", "");
     pasteboard.held.set("chromium/x-bookmark-entries", "");
     const auto items = pasteboardItems(
@@ -402,12 +402,11 @@ TEST_F(PasteboardTest, htmlAloneGoesToTheScanner) {
 
 TEST_F(PasteboardTest, itemsThatAreNothingAreSkipped) {
     open();
-    shared.grabAllHTML = [this](const std::string& html) { grabbed = html; };
     MimeContent content;
     content.set("text/html", "<p>");
     pasteboard.setContent(content);
     controller->clipboard().pasteEditMenu();
-    EXPECT_EQ(grabbed, "<p>");
+    EXPECT_EQ(application.grabbed, "<p>");
     EXPECT_EQ(changes(), 0);
 }
 
@@ -451,8 +450,8 @@ TEST_F(ServicesTest, whatTheyGiveBackChangesNothing) {
     Bookmark& link = add(makeLink("l", "https://l/"));
     open();
     select({&link});
-    EXPECT_TRUE(controller->clipboard().readSelectionFromPasteboard(
-        makeItem({{typed(kStringType), "https://other/"}})));
+    EXPECT_TRUE(
+        ClipboardCommands::readSelectionFromPasteboard(makeItem({{typed(kStringType), "https://other/"}})));
     EXPECT_EQ(link.itemURL(), Text("https://l/"));
     EXPECT_EQ(rowNames(), std::vector<std::string>{"l"});
     EXPECT_EQ(changes(), 0);

@@ -4,11 +4,24 @@
 #include "platform/fake/FakePlatform.h"
 #include "tests/window/MemoryWindow.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace tabulon {
+
+class FakeSharedCommands : public SharedCommands {
+public:
+    void grabAllHTML(const std::string& html) override { grabbed = html; }
+    void showMarks(bool shown) override {
+        if (onShowMarks)
+            onShowMarks(shown);
+    }
+
+    std::string grabbed;
+    std::function<void(bool shown)> onShowMarks;
+};
 
 class WindowTest : public testing::Test, protected FakePlatform {
 protected:
@@ -54,7 +67,8 @@ protected:
     }
     void select(std::initializer_list<Bookmark*> items) { outline().selected = items; }
 
-    SharedState shared;
+    FakeSharedCommands application;
+    SharedState shared{application};
     Document document{base.services()};
     std::unique_ptr<ViewController> controller;
     std::unique_ptr<MemoryWindow> window;

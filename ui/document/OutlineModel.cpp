@@ -43,8 +43,8 @@ Qt::ItemFlags OutlineModel::flags(const QModelIndex& index) const {
     if (index.isValid())
         flags |= Qt::ItemIsDragEnabled;
     if (index.isValid() &&
-        controller_.fields().shouldEdit(
-            columnAt(index.column()), controller_.outline().itemAtRow(static_cast<std::size_t>(index.row()))))
+        FieldEditing::shouldEdit(columnAt(index.column()),
+                                 controller_.outline().itemAtRow(static_cast<std::size_t>(index.row()))))
         flags |= Qt::ItemIsEditable;
     return flags;
 }

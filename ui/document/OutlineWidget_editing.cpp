@@ -101,7 +101,7 @@ void OutlineWidget::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditH
         return;
     const auto row = static_cast<std::size_t>(edited.row());
     const bool toURL = OutlineModel::columnAt(edited.column()) == Column::Name &&
-                       controller_->fields().shouldEdit(Column::URL, controller_->outline().itemAtRow(row));
+                       FieldEditing::shouldEdit(Column::URL, controller_->outline().itemAtRow(row));
     controller_->fields().beginEditing(toURL ? Column::URL : Column::Name, row);
 }
 

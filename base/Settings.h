@@ -1,0 +1,138 @@
+// The settings: key, type and registered value of each, declared once. What they mean is in docs/settings.md;
+// where they are kept is the concern of UserDefaults.
+#pragma once
+
+#include "base/UserDefaults.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <type_traits>
+
+namespace tabulon {
+
+/// `Value` is bool, std::int64_t, double, or std::string_view for a text.
+template <class Value>
+struct Setting {
+    /// `registered` is the value that holds until the user sets another one, as text; empty for none. Text
+    /// that is not of the type does not compile.
+    consteval Setting(std::string_view settingKey, std::string_view registeredValue = {})
+        : key(settingKey), registered(registeredValue) {
+        if (!registered.empty() && !isOfType(registered))
+            throw "The registered value is not of the setting's type.";
+    }
+
+    std::string_view key;
+    std::string_view registered;
+
+private:
+    static constexpr bool isOfType(std::string_view text) {
+        if constexpr (std::is_same_v<Value, bool>)
+            return text == "YES" || text == "NO";
+        else if constexpr (std::is_same_v<Value, std::int64_t>)
+            return text.find_first_not_of("0123456789") == text.npos;
+        else if constexpr (std::is_same_v<Value, double>)
+            return text.find_first_not_of("0123456789.") == text.npos;
+        else
+            return true;
+    }
+};
+
+/// Return the value that was set, else the registered one, else false or 0.
+inline bool valueOf(const UserDefaults& defaults, const Setting<bool>& setting) {
+    return defaults.boolForKey(setting.key);
+}
+inline std::int64_t valueOf(const UserDefaults& defaults, const Setting<std::int64_t>& setting) {
+    return defaults.integerForKey(setting.key);
+}
+inline double valueOf(const UserDefaults& defaults, const Setting<double>& setting) {
+    return defaults.doubleForKey(setting.key);
+}
+/// Returns the text that was set, else the registered one, else an empty text.
+inline std::string valueOf(const UserDefaults& defaults, const Setting<std::string_view>& setting) {
+    return defaults.stringForKey(setting.key).value_or("");
+}
+
+/// Returns whether the setting has a value, set or registered.
+template <class Value>
+bool hasValue(const UserDefaults& defaults, const Setting<Value>& setting) {
+    return defaults.stringForKey(setting.key).has_value();
+}
+
+/// Set a value for now and for later runs.
+inline void setValue(UserDefaults& defaults, const Setting<bool>& setting, bool value) {
+    defaults.setBoolForKey(setting.key, value);
+}
+inline void setValue(UserDefaults& defaults, const Setting<std::int64_t>& setting, std::int64_t value) {
+    defaults.setIntegerForKey(setting.key, value);
+}
+inline void setValue(UserDefaults& defaults, const Setting<double>& setting, double value) {
+    defaults.setDoubleForKey(setting.key, value);
+}
+
+namespace settings {
+
+inline constexpr Setting<bool> kAddDateAddedColumnSearch{"AddDateAddedColumnSearch", "YES"};
+inline constexpr Setting<bool> kAddDateCheckedColumnSearch{"AddDateCheckedColumnSearch", "YES"};
+inline constexpr Setting<bool> kAddDateModifiedColumnSearch{"AddDateModifiedColumnSearch", "YES"};
+inline constexpr Setting<bool> kAddDateOpenedColumnSearch{"AddDateOpenedColumnSearch", "YES"};
+inline constexpr Setting<bool> kAddNoteColumnSearch{"AddNoteColumnSearch", "YES"};
+inline constexpr Setting<bool> kAddTagsColumn{"AddTagsColumn", "NO"};
+inline constexpr Setting<bool> kAddTagsColumnSearch{"AddTagsColumnSearch", "YES"};
+inline constexpr Setting<bool> kAddURLColumnSearch{"AddURLColumnSearch", "YES"};
+inline constexpr Setting<bool> kAutoEdit{"AutoEdit", "YES"};
+inline constexpr Setting<bool> kAutoStartup{"AutoStartup", "YES"};
+inline constexpr Setting<bool> kBrokenLinks{"BrokenLinks"};
+inline constexpr Setting<bool> kColumnSort{"ColumnSort"};
+inline constexpr Setting<bool> kCommandK{"CommandK", "YES"};
+inline constexpr Setting<bool> kCommandM{"CommandM", "YES"};
+inline constexpr Setting<bool> kCommandOptionK{"CommandOptionK", "NO"};
+inline constexpr Setting<bool> kCommandOptionU{"CommandOptionU", "YES"};
+inline constexpr Setting<bool> kCommandShiftU{"CommandShiftU", "NO"};
+inline constexpr Setting<std::int64_t> kCopyFormat{"CopyFormat", "0"};
+inline constexpr Setting<bool> kDockMenu{"DockMenu", "NO"};
+inline constexpr Setting<bool> kDuplicateLinks{"DuplicateLinks", "YES"};
+inline constexpr Setting<bool> kExportName{"ExportName", "YES"};
+inline constexpr Setting<bool> kExportNote{"ExportNote", "YES"};
+inline constexpr Setting<bool> kExportSortName{"ExportSortName", "NO"};
+inline constexpr Setting<bool> kExportTags{"ExportTags", "YES"};
+inline constexpr Setting<bool> kExportURL{"ExportURL", "YES"};
+inline constexpr Setting<std::string_view> kFontName{"FontName"};
+inline constexpr Setting<double> kFontSize{"FontSize", "11.0"};
+inline constexpr Setting<bool> kHideWindows{"HideWindows", "NO"};
+inline constexpr Setting<bool> kHistoryShow{"HistoryShow", "NO"};
+inline constexpr Setting<bool> kHistoryStatus{"HistoryStatus", "NO"};
+inline constexpr Setting<bool> kIgnoreCase{"IgnoreCase", "YES"};
+inline constexpr Setting<bool> kLastOpened{"LastOpened", "NO"};
+inline constexpr Setting<bool> kMakeBackups{"MakeBackups", "YES"};
+inline constexpr Setting<bool> kMarkFolder{"MarkFolder", "YES"};
+inline constexpr Setting<bool> kMoveLinks{"MoveLinks", "YES"};
+inline constexpr Setting<std::int64_t> kToolTipDelay{"NSInitialToolTipDelay"};
+inline constexpr Setting<bool> kOpenInBrowser{"OpenInBrowser", "YES"};
+inline constexpr Setting<bool> kOpenInCurrent{"OpenInCurrent", "YES"};
+inline constexpr Setting<bool> kOpenInHelper{"OpenInHelper", "NO"};
+inline constexpr Setting<bool> kOpenInNewTab{"OpenInNewTab", "NO"};
+inline constexpr Setting<bool> kOpenInNewWindow{"OpenInNewWindow", "NO"};
+inline constexpr Setting<bool> kOpenUntitled{"OpenUntitled", "YES"};
+inline constexpr Setting<bool> kRememberDesktop{"RememberDesktop", "YES"};
+inline constexpr Setting<double> kRowHeight{"RowHeight", "17.0"};
+inline constexpr Setting<bool> kSaveAsHTML{"SaveAsHTML", "NO"};
+inline constexpr Setting<bool> kSharedMenu{"SharedMenu", "YES"};
+inline constexpr Setting<bool> kShowBalloonNote{"ShowBalloonNote", "YES"};
+inline constexpr Setting<bool> kShowBalloonTags{"ShowBalloonTags", "YES"};
+inline constexpr Setting<bool> kShowBalloonURL{"ShowBalloonURL", "YES"};
+inline constexpr Setting<bool> kShowMarks{"ShowMarks", "NO"};
+inline constexpr Setting<bool> kSkipFolders{"SkipFolders", "YES"};
+inline constexpr Setting<bool> kSkipSeparators{"SkipSeparators", "YES"};
+inline constexpr Setting<bool> kSkipWindow{"SkipWindow", "NO"};
+inline constexpr Setting<bool> kSortImmediately{"SortImmediately", "NO"};
+inline constexpr Setting<bool> kSuppressColumnSortSheet{"SuppressColumnSortSheet"};
+inline constexpr Setting<std::int64_t> kTagsIndex{"TagsIndex", "1"};
+inline constexpr Setting<double> kTagsWidth{"TagsWidth", "100.0"};
+inline constexpr Setting<bool> kUnknownLinks{"UnknownLinks"};
+inline constexpr Setting<std::int64_t> kVersionsLimit{"VersionsLimit", "1000"};
+
+} // namespace settings
+
+} // namespace tabulon
