@@ -169,7 +169,7 @@ TEST_F(VersionsTest, versionsAreComparedWithTheDocumentOneAfterTheOther) {
     EXPECT_EQ(controller->countsText(0), "1 changed");
     EXPECT_EQ(controller->countsText(1), "");
     timers.advance(0.1);
-    EXPECT_EQ(controller->countsText(1), controller->statusLine().countsText(0));
+    EXPECT_EQ(controller->countsText(1), controller->countsText(0));
 }
 
 TEST_F(VersionsTest, aVersionOpensAsAnUntitledChangedDocument) {
