@@ -166,8 +166,8 @@ TEST_F(FinderTest, twoWindowsShareThePhases) {
     two['b'].setItemNote("hit");
     Finder other(phases, collation);
     finder.findText(*one.root, "hit");
-    other.finding().findText(*two.root, "hit");
-    EXPECT_EQ(other.finding().findNext(*two.root), &two['b']);
+    other.findText(*two.root, "hit");
+    EXPECT_EQ(other.findNext(*two.root), &two['b']);
     EXPECT_TRUE(phases.foundInNote);
     EXPECT_EQ(finder.findNext(*one.root), nullptr) << "the tags of a count as looked at";
 }
