@@ -5,8 +5,8 @@
 namespace tabulon {
 
 ViewController::ViewController(Document& document, const Platform& platform, SharedState& shared)
-    : platform_(platform), collation_(platform.base.texts.locale()),
-      outline_(document, platform.base.defaults), finding_(outline_, platform, shared.findPhases, collation_),
+    : collation_(platform.base.texts.locale()), outline_(document, platform.base.defaults),
+      finding_(outline_, platform, shared.findPhases, collation_),
       window_(outline_, finding_, platform, actions_), statusLine_(outline_, platform),
       cells_(outline_, platform.base), table_(outline_, window_, platform, shared.findPhases, actions_),
       fields_(outline_, window_, platform, actions_), expanding_(outline_, fields_, platform, actions_),

@@ -76,7 +76,6 @@ public:
     const ExportCommands& exporting() const { return exporting_; }
 
 private:
-    const Platform platform_;
     ActionTable actions_;
     const Collation collation_;
     Outline outline_;
