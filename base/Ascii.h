@@ -1,5 +1,5 @@
-// Questions about single bytes, as formats and web standards ask them: the language of the user makes no
-// difference.
+// Classification and case of ASCII characters, as formats and web standards define them. The locale has no
+// influence. Functions of whole Unicode texts are in text/.
 #pragma once
 
 #include <algorithm>
@@ -8,46 +8,53 @@
 
 namespace tabulon::ascii {
 
+/// Returns true for 0 to 9.
 constexpr bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
+/// Returns the small letter of a capital ASCII letter, and every other byte unchanged.
 constexpr char lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
 }
+/// Returns true for A to Z and a to z.
 constexpr bool isLetter(char c) {
     return lower(c) >= 'a' && lower(c) <= 'z';
 }
+/// Returns true for an ASCII digit or letter.
 constexpr bool isAlphanumeric(char c) {
     return isDigit(c) || isLetter(c);
 }
-/// The white space of HTML.
+/// Returns true for the white space of HTML: space, tab, line feed, form feed and carriage return.
 constexpr bool isSpace(char c) {
     return c == ' ' || c == '\t' || c == '\n' || c == '\f' || c == '\r';
 }
-/// Negative for what is no digit of base 16.
+/// Returns the value of a hexadecimal digit of either case, 0 to 15, or -1 for any other byte.
 constexpr int hexValue(char c) {
     if (isDigit(c))
         return c - '0';
     return lower(c) >= 'a' && lower(c) <= 'f' ? lower(c) - 'a' + 10 : -1;
 }
-/// The text without characters of `blanks` at its beginning and end.
+/// Returns `text` without the characters of `blanks` at its beginning and end. The result is a part of
+/// `text`, empty where `text` contains only blanks.
 constexpr std::string_view trimmed(std::string_view text, std::string_view blanks) {
     const std::size_t first = text.find_first_not_of(blanks);
     if (first == std::string_view::npos)
         return {};
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
+/// Returns a copy of `text` with small letters in place of the capital ASCII letters. Other bytes, those of
+/// UTF-8 included, are unchanged.
 inline std::string lowered(std::string_view text) {
     std::string result(text);
     std::ranges::transform(result, result.begin(), lower);
     return result;
 }
-/// Whether the text begins so, whatever the case of ASCII letters.
+/// Returns true if `text` begins with `prefix`, ignoring the case of ASCII letters.
 inline bool startsWithIgnoringCase(std::string_view text, std::string_view prefix) {
     return text.size() >= prefix.size() &&
            std::ranges::equal(text.substr(0, prefix.size()), prefix, {}, lower, lower);
 }
-/// Equal but for the case of ASCII letters.
+/// Returns true if `a` and `b` are equal, ignoring the case of ASCII letters.
 inline bool equalsIgnoringCase(std::string_view a, std::string_view b) {
     return std::ranges::equal(a, b, {}, lower, lower);
 }

@@ -1,4 +1,5 @@
-// The services that every layer from the model upwards may use, handed in together.
+// The services that every layer from the model upwards may use, in one struct. Desktop services are in
+// platform/Platform.h.
 #pragma once
 
 #include "base/Clock.h"
@@ -8,7 +9,8 @@
 
 namespace tabulon {
 
-/// References only: whoever builds one keeps the services alive longer than everything that was given it.
+/// References to the services; owns none of them. Requires: the services outlive every object that holds a
+/// copy of this struct.
 struct BaseServices {
     Clock& clock;
     UserDefaults& defaults;

@@ -1,4 +1,4 @@
-// Sixteen bytes looked at in one step. What is looked for in them is the searcher's affair.
+// Operations on sixteen bytes at a time. The algorithms that use them are in text/ and in the readers.
 #pragma once
 
 #include <array>
@@ -13,35 +13,37 @@
 
 namespace tabulon {
 
-/// Sixteen bytes, or the answers to a question about each of them: all bits set for yes, none for no.
+/// Sixteen bytes, or the results of a comparison of each of them: 0xFF for true, 0 for false.
 using ByteBlock = unsigned char __attribute__((vector_size(16)));
 
+/// The size of a block in bytes.
 inline constexpr std::size_t kByteBlockSize = sizeof(ByteBlock);
 
-/// The sixteen bytes from `bytes` on; all of them must be readable.
+/// Returns the sixteen bytes from `bytes` on, at any alignment. Requires: all sixteen are readable.
 inline ByteBlock loadBlock(const char* bytes) {
     ByteBlock block;
     std::memcpy(&block, bytes, kByteBlockSize);
     return block;
 }
 
+/// Returns a block in which every byte is `byte`.
 inline ByteBlock filledBlock(char byte) {
     return ByteBlock{} + static_cast<unsigned char>(byte);
 }
 
-/// For each byte whether it is the same in both.
+/// Returns 0xFF at each position where `a` and `b` have the same byte, 0 at the others.
 inline ByteBlock equalBytes(ByteBlock a, ByteBlock b) {
     return std::bit_cast<ByteBlock>(a == b);
 }
 
-/// The highest bit of each byte, that of the first one lowest: which answers are yes, which bytes are not
-/// ASCII.
+/// Returns the highest bit of each byte; that of the first byte becomes bit 0. Of a comparison these are the
+/// positions where it is true, of a text the bytes that are not ASCII.
 inline std::uint32_t highBits(ByteBlock block) {
 #if defined(__SSE2__)
     return static_cast<std::uint32_t>(_mm_movemask_epi8(std::bit_cast<__m128i>(block)));
 #else
     static_assert(std::endian::native == std::endian::little);
-    const auto gathered = [](std::uint64_t half) { // by one multiplication, as its bits meet in the top byte
+    const auto gathered = [](std::uint64_t half) { // the product has the eight bits in its top byte
         return static_cast<std::uint32_t>((half >> 7 & 0x0101010101010101u) * 0x0102040810204080u >> 56);
     };
     const auto halves = std::bit_cast<std::array<std::uint64_t, 2>>(block);

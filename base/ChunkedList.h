@@ -1,6 +1,6 @@
-// An ordered list of nodes that knows in constant time where a node stands: the children of a folder, the
-// rows of an outline. It is a vector of short arrays; each node carries a link back to its array and its
-// place in it.
+// An ordered list that finds the index of an item without a search: the children of a folder, the rows of an
+// outline. It is a vector of arrays ("chunks") of at most 512 items. Each item stores a link to its chunk and
+// its position in it.
 #pragma once
 
 #include <algorithm>
@@ -13,13 +13,21 @@
 
 namespace tabulon {
 
-/// Holds pointers, owns nothing. `Link` tells where an item keeps its link to a list of this kind:
-///     static void*& chunk(Item&);              // null while the item stands in no list of this kind
-///     static std::uint16_t& place(Item&);
-/// Positions are found in constant time, inserting and erasing take the square root of the size at worst, a
-/// walk is linear. An item may stand in several lists, or twice in one (it then knows only one of its
-/// places); look-ups in such a list fall back to a search and give the first place. The list must not move in
-/// memory while it has items.
+/// Holds pointers and does not own the items. An item must outlive its membership.
+///
+/// `Link` returns the two fields in which an item stores its link to a list of this kind:
+///     static void*& chunk(Item&);          // nullptr while the item is in no list of this kind
+///     static std::uint16_t& place(Item&);  // the position in the chunk
+///
+/// Complexity, with c chunks of at most 512 items each: `indexOf` and `at` take constant and O(log c) time.
+/// The first of them after a change also counts again the chunks after the change, O(c). `insert` and
+/// `eraseAt` move at most 512 items and renumber at most c chunks. Iteration is linear.
+///
+/// An item may be in several lists, or twice in one list; its link then names only one of these positions.
+/// Look-ups in such a list search from its beginning, in linear time, and return the first position.
+///
+/// Every change invalidates iterators. Not safe for use by several threads at once, since `const` look-ups
+/// write to a cache. Throws std::bad_alloc when memory is exhausted. Neither copied nor moved.
 template <class Item, class Link>
 class ChunkedList {
     static constexpr std::size_t kMaximum = 512;
@@ -40,8 +48,10 @@ class ChunkedList {
     };
 
 public:
+    /// The index of an item that is not in the list.
     static constexpr std::size_t npos = static_cast<std::size_t>(-1);
 
+    /// A forward iterator over the items, in order.
     class iterator {
     public:
         using value_type = Item*;
@@ -84,8 +94,9 @@ public:
     iterator begin() const { return iterator(this, 0); }
     iterator end() const { return iterator(this, chunks_.size()); }
 
-    /// Null when the list is empty.
+    /// Returns the first item, or nullptr if the list is empty.
     Item* front() const { return empty() ? nullptr : chunks_.front().chunk->items()[0]; }
+    /// Returns the last item, or nullptr if the list is empty.
     Item* back() const {
         if (empty())
             return nullptr;
@@ -93,13 +104,13 @@ public:
         return last->items()[last->size() - 1];
     }
 
-    /// Requires index < size().
+    /// Returns the item at `index`. Requires: index < size().
     Item* at(std::size_t index) const {
         const auto [number, place] = locate(index);
         return chunks_[number].chunk->items()[place];
     }
 
-    /// The item's (first) index, or npos when it is not in this list.
+    /// Returns the first index of `item`, or npos if it is not in this list.
     std::size_t indexOf(const Item& item) const {
         if (shared_)
             return searchFor(item);
@@ -107,11 +118,12 @@ public:
         return chunk ? startOf(chunk->number) + Link::place(const_cast<Item&>(item)) : npos;
     }
 
+    /// Returns true if `item` is in this list.
     bool contains(const Item& item) const {
         return shared_ ? searchFor(item) != npos : chunkOf(item) != nullptr;
     }
 
-    /// The item after `item`, or null after the last one and for an item that is not in the list.
+    /// Returns the item after `item`, or nullptr after the last one and for an item that is not in the list.
     Item* next(const Item& item) const {
         if (shared_) {
             const std::size_t index = searchFor(item);
@@ -126,7 +138,7 @@ public:
         return chunk->number + 1 < chunks_.size() ? chunks_[chunk->number + 1].chunk->items()[0] : nullptr;
     }
 
-    /// Makes room for `count` items in a list that is empty and will be filled with `append`.
+    /// Sizes the chunks for `count` items that will be added by `append`. Does nothing if the list has items.
     void reserve(std::size_t count) {
         if (empty() && count > 0) {
             chunks_.reserve((count + kMaximum - 1) / kMaximum);
@@ -134,6 +146,7 @@ public:
         }
     }
 
+    /// Adds `item` at the end. Amortized constant time.
     void append(Item& item) {
         if (chunks_.empty() || chunks_.back().chunk->count == chunks_.back().chunk->capacity)
             makeRoomAtEnd();
@@ -143,7 +156,7 @@ public:
         ++size_;
     }
 
-    /// Requires index <= size().
+    /// Inserts `item` before the item at `index`, or at the end. Requires: index <= size().
     void insert(std::size_t index, Item& item) {
         if (index == size_)
             return append(item);
@@ -166,7 +179,7 @@ public:
         ++size_;
     }
 
-    /// Requires index < size().
+    /// Removes the item at `index` and clears its link. Requires: index < size().
     void eraseAt(std::size_t index) {
         const auto [number, place0] = locate(index);
         Chunk* chunk = chunks_[number].chunk;
@@ -183,7 +196,8 @@ public:
             joinWithNext(number);
     }
 
-    /// Inserts the items in their order. Requires index <= size().
+    /// Inserts the items, in their order, before the item at `index` or at the end. Linear in the number of
+    /// items and of chunks. Requires: index <= size().
     void insertRange(std::size_t index, std::span<Item* const> items) {
         if (items.size() <= 16) {
             for (Item* item : items)
@@ -207,7 +221,8 @@ public:
         renumber(0);
     }
 
-    /// Erases `count` items from `index`. Requires index + count <= size().
+    /// Removes `count` items from `index` on. Linear in `count` and in the number of chunks. Requires:
+    /// index + count <= size().
     void eraseRange(std::size_t index, std::size_t count) {
         if (count <= 16) {
             while (count-- > 0)
@@ -220,7 +235,8 @@ public:
         removeChunks(from, to);
     }
 
-    /// Erases `item` from the list that it stands in, if it stands in one.
+    /// Removes `item` from the list that its link names, at its first position there. Does nothing if the
+    /// link is nullptr.
     static void eraseFromItsList(Item& item) {
         auto* chunk = static_cast<Chunk*>(Link::chunk(item));
         if (!chunk)
@@ -229,6 +245,7 @@ public:
         list->eraseAt(list->indexOf(item));
     }
 
+    /// Removes all items and clears their links to this list. Linear.
     void clear() {
         for (const Entry& entry : chunks_)
             freeChunk(entry.chunk);
@@ -279,7 +296,8 @@ private:
             place(*chunk->items()[i], chunk, i);
     }
 
-    // An item that comes while it stands in a list already: neither list can trust links alone from now on.
+    // An item that is added while it is in a list has one link for two positions. Look-ups by link would then
+    // be wrong in both lists.
     void noteSharing(Item& item) {
         if (auto* chunk = static_cast<Chunk*>(Link::chunk(item))) {
             chunk->list->shared_ = true;
@@ -348,7 +366,7 @@ private:
             roomFor(chunks_.size() - 1);
     }
 
-    // The chunk with room for one item more; it must hold fewer than kMaximum.
+    // Returns the chunk with room for one more item. Requires: it has fewer than kMaximum items.
     Chunk* roomFor(std::size_t number) {
         Chunk* chunk = chunks_[number].chunk;
         if (chunk->count < chunk->capacity)
@@ -374,7 +392,7 @@ private:
         Chunk* chunk = chunks_[number].chunk;
         moveItems(chunk, at, chunk->size() - at, chunks_[number + 1].chunk);
     }
-    // Makes a chunk border at `index` and gives the number of the chunk that begins there.
+    // Splits chunks so that one begins at `index`. Returns its number, or the number of chunks at the end.
     std::size_t cut(std::size_t index) {
         if (index == size_)
             return chunks_.size();
@@ -401,7 +419,7 @@ private:
     mutable std::vector<Entry> chunks_;
     std::size_t size_ = 0;
     std::size_t expected_ = 0;
-    mutable std::size_t ordered_ = 0; // chunks whose `start` is right
+    mutable std::size_t ordered_ = 0; // the number of chunks, from the first on, whose `start` is valid
     bool shared_ = false;
 };
 

@@ -1,5 +1,4 @@
-// The present moment, as a service, so that tests can hold it still. A formatted
-// local date is the business of text/DateFormat.h.
+// The current time as a service, so that tests can set it. Formatting of dates is in text/DateFormat.h.
 #pragma once
 
 #include <string>
@@ -10,10 +9,11 @@ class Clock {
 public:
     virtual ~Clock() = default;
 
-    /// Seconds since 2001-01-01 00:00 UTC, fraction included.
+    /// Returns the seconds since 2001-01-01 00:00 UTC, with their fraction.
     virtual double secondsSinceReferenceDate() const = 0;
 
-    /// The name of the user's time zone, such as "Europe/Berlin"; empty for the machine's own.
+    /// Returns the IANA name of the user's time zone, such as "Europe/Berlin"; empty for the time zone of the
+    /// computer.
     virtual std::string timeZone() const = 0;
 };
 

@@ -1,4 +1,4 @@
-// A moment in time or none, eight bytes. Formatting for people is not here.
+// A point in time that may be null, in eight bytes. Formatting is in text/DateFormat.h.
 #pragma once
 
 #include "base/Clock.h"
@@ -8,15 +8,18 @@
 
 namespace tabulon {
 
-/// Seconds since 2001-01-01 00:00 UTC as a double, or null. Every double is kept to the bit, infinities and
-/// NaNs included, but for the one NaN pattern that stands for null, which becomes another NaN.
+/// Seconds since 2001-01-01 00:00 UTC as a double, or null. All bits of a double are kept, those of
+/// infinities and NaNs too. One NaN pattern represents null; as a number of seconds it is replaced by another
+/// NaN.
 class Date {
 public:
     /// Seconds from 1970-01-01 00:00 UTC to 2001-01-01 00:00 UTC.
     static constexpr double kReferenceUnixSeconds = 978307200.0;
 
+    /// Constructs null.
     constexpr Date() noexcept = default;
 
+    /// Returns the date that is so many seconds after 2001-01-01 00:00 UTC; never null.
     static Date fromReferenceSeconds(double seconds) noexcept {
         Date date;
         date.seconds_ = seconds;
@@ -24,17 +27,20 @@ public:
             date.seconds_ = std::bit_cast<double>(kNullBits + 1);
         return date;
     }
+    /// Returns the date that is so many seconds after 1970-01-01 00:00 UTC; never null.
     static Date fromUnixSeconds(double seconds) noexcept {
         return fromReferenceSeconds(seconds - kReferenceUnixSeconds);
     }
+    /// Returns the current time of `clock`.
     static Date now(const Clock& clock) { return fromReferenceSeconds(clock.secondsSinceReferenceDate()); }
 
     bool isNull() const noexcept { return bits() == kNullBits; }
-    /// Requires a date that is not null.
+    /// Returns the seconds since 2001-01-01 00:00 UTC; they may be infinite or NaN. Requires: not null.
     double referenceSeconds() const noexcept { return seconds_; }
+    /// Returns the seconds since 1970-01-01 00:00 UTC, rounded to a double. Requires: not null.
     double unixSeconds() const noexcept { return seconds_ + kReferenceUnixSeconds; }
 
-    /// The same bits: null equals null.
+    /// Returns true if the bits are equal: null equals null, a NaN equals itself, and 0 differs from -0.
     friend bool operator==(Date a, Date b) noexcept { return a.bits() == b.bits(); }
 
 private:

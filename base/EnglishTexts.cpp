@@ -1,4 +1,4 @@
-// The table itself, sorted by key. "%@" and "%d" mark where a value goes.
+// The table of English texts, sorted by key. "%@" and "%d" are placeholders; see base/Localization.h.
 #include "base/EnglishTexts.h"
 
 #include <array>

@@ -1,4 +1,4 @@
-// The program's texts in English: the compiled-in table that every other language is translated from.
+// The program's texts in English, compiled in. Translations to other languages are made from this table.
 #pragma once
 
 #include "base/Localization.h"
@@ -9,13 +9,14 @@
 
 namespace tabulon {
 
-/// The English text for a localizable key, UTF-8, or nothing for a key that is not in the table.
+/// Returns the English text for `key`, UTF-8, or `nullopt` for a key that is not in the table. The text is
+/// valid as long as the program runs. Linear in the size of the table.
 std::optional<std::string_view> englishText(std::string_view key);
 
-/// The English texts, whatever the locale that collation and numbers follow.
+/// English texts with the collation and numbers of any locale.
 class EnglishLocalization : public Localization {
 public:
-    /// `locale` is a name as `localeIdentifier` takes it.
+    /// `locale` is the name of a locale in any form that `localeIdentifier` accepts.
     explicit EnglishLocalization(std::string_view locale = "en_US") : locale_(localeIdentifier(locale)) {}
     std::string text(std::string_view key) const override;
     std::string locale() const override { return locale_; }

@@ -1,4 +1,4 @@
-// A text as its lines.
+// Division of a text into lines at its line feeds.
 #pragma once
 
 #include <algorithm>
@@ -7,8 +7,9 @@
 
 namespace tabulon {
 
-/// What stands between the line feeds, empty lines too, without an empty one behind the last line feed. The
-/// pieces look into `text`; a carriage return belongs to its line.
+/// Returns the lines of `text` without their line feeds, empty lines included. A line feed at the end of
+/// `text` ends the last line and does not begin another one. A carriage return before a line feed is part of
+/// its line. The lines are parts of `text` and valid as long as its bytes. Linear.
 inline std::vector<std::string_view> linesOf(std::string_view text) {
     std::vector<std::string_view> lines;
     while (!text.empty()) {

@@ -1,4 +1,4 @@
-// The program's own texts by key, in the user's language.
+// Access to the program's texts by key, in the user's language. The English table is in base/EnglishTexts.h.
 #pragma once
 
 #include <initializer_list>
@@ -7,35 +7,36 @@
 
 namespace tabulon {
 
+/// All keys, arguments and texts are UTF-8.
 class Localization {
 public:
     virtual ~Localization() = default;
 
-    /// The text for `key`, UTF-8. A key without a text gives the key itself, so that a gap is seen and
-    /// nothing is lost.
+    /// Returns the text for `key`, or `key` itself if it has no text, so that a missing text is visible.
     virtual std::string text(std::string_view key) const = 0;
 
-    /// The locale that texts, collation and numbers follow: an identifier such as "de_DE". Never empty;
-    /// the locales C and POSIX come as "en_US".
+    /// Returns the identifier of the locale for collation, numbers and dates, such as "de_DE". Never empty;
+    /// for the locales C and POSIX it is "en_US".
     virtual std::string locale() const = 0;
 
-    /// The text for `key` used as a format: its first "%@" replaced by `argument`.
+    /// Returns the text for `key` with its first "%@" replaced by `argument`. A text without "%@" is returned
+    /// unchanged.
     std::string format(std::string_view key, std::string_view argument) const {
         return filled(key, {argument});
     }
 
-    /// The same with two arguments, in their order.
+    /// Returns the text for `key` with its first two "%@" replaced by `first` and `second`, in this order.
     std::string format(std::string_view key, std::string_view first, std::string_view second) const {
         return filled(key, {first, second});
     }
 
-    /// The same with the first "%d" replaced by `number`.
+    /// Returns `counted` with `number` in plain decimal digits.
     std::string format(std::string_view key, std::size_t number) const {
         return counted(key, number, std::to_string(number));
     }
 
-    /// The same with the number written as `digits`. One has a text of its own where there is one, under the
-    /// key with ":one" behind it.
+    /// Returns the text for `key` with its first "%d" replaced by `digits`, the number as it is shown. For
+    /// the number 1 the text for `key` followed by ":one" is used where it exists.
     std::string counted(std::string_view key, std::size_t number, std::string_view digits) const {
         const std::string one = std::string(key) + ":one";
         std::string result = number == 1 ? text(one) : one;
@@ -59,8 +60,9 @@ private:
     }
 };
 
-/// A locale's name as people and the environment write it ("de_DE.UTF-8@euro", "C", "") as an identifier
-/// ("de_DE", "en_US"): without charset and modifier; keywords ("de@collation=phonebook") stay.
+/// Returns the identifier ("de_DE") for the name of a locale as environment variables contain it
+/// ("de_DE.UTF-8@euro"). Charset and modifier are removed; keywords ("de@collation=phonebook") stay. Returns
+/// "en_US" for an empty name, "C", "POSIX" and "en_US_POSIX".
 std::string localeIdentifier(std::string_view name);
 
 } // namespace tabulon

@@ -1,5 +1,5 @@
-// Work that may take long, as whoever does it sees the one who waits: it tells how far it is and hears
-// whether it is still wanted. The bar with its button is ProgressPanels.h's affair.
+// Progress reporting and cancellation for long operations. The panel with its bar and button is in
+// platform/ProgressPanels.h.
 #pragma once
 
 #include <algorithm>
@@ -7,32 +7,36 @@
 
 namespace tabulon {
 
-/// Handed to work as a pointer that is null when nobody watches.
+/// Receives the progress of an operation. Operations take it as a pointer that may be nullptr, which means no
+/// reporting and no cancellation.
 class Progress {
 public:
     virtual ~Progress() = default;
 
-    /// So much of the work is done, from 0 to 1; never less than the time before. False once the user has
-    /// cancelled, and from then on: the work ends as soon as it can, with the error of `cancelledByUser()`,
-    /// and leaves nothing behind. To be called every hundredth of a second or oftener; a call costs no more
-    /// than a look at the clock.
+    /// Reports that `fraction` of the operation is done. Returns false once the user has cancelled, and in
+    /// all later calls. The operation must then stop as soon as possible, fail with `cancelledByUser()` and
+    /// leave no partial result. An implementation reads the clock and usually does nothing else, so the
+    /// operation should call this at least 100 times a second. Requires: 0 <= fraction <= 1, and at least the
+    /// value of the call before.
     [[nodiscard]] virtual bool goOn(double fraction) = 0;
 };
 
-/// Tells a Progress how far work of a known size is, seldom enough to cost next to nothing.
+/// Reports the progress of an operation of known size, but only once per `stride`, so that it can be called
+/// for every small step.
 class ProgressSteps {
 public:
-    /// So many bytes of a file are gone over in a fraction of a millisecond.
+    /// A stride for operations that count bytes of a file: so many are read in a fraction of a millisecond.
     static constexpr std::size_t kBytes = std::size_t{64} << 10;
 
-    /// `progress` may be null and must live longer; `total` is the size of the work in any unit, `stride` how
-    /// much of it takes a fraction of a millisecond.
+    /// `progress` may be nullptr and must outlive this object. `total` is the size of the operation in any
+    /// unit; `stride` is the amount, in the same unit, that takes a fraction of a millisecond.
     ProgressSteps(Progress* progress, std::size_t total, std::size_t stride = kBytes)
         : progress_(progress), total_(std::max<std::size_t>(total, 1)), stride_(stride) {}
 
-    /// So much is done. False once the user has cancelled; then the work is to end.
+    /// Reports that `done` of `total` is done, if a stride has passed since the last report; otherwise
+    /// returns true. Returns false if the user has cancelled, as `Progress::goOn` does.
     [[nodiscard]] bool goOn(std::size_t done) { return !progress_ || done < next_ || tell(done); }
-    /// The same at once: time has passed since.
+    /// Reports in any case, for a step that has taken long. Returns as `goOn` does.
     [[nodiscard]] bool tell(std::size_t done) {
         next_ = done + stride_;
         return !progress_ ||
@@ -46,10 +50,10 @@ private:
     std::size_t next_ = 0;
 };
 
-/// A part of a larger work: where it tells 0 to 1, the whole hears `begin` to `end`.
+/// The progress of one part of an operation: its 0 to 1 is reported as `begin` to `end` of the whole.
 class PartialProgress : public Progress {
 public:
-    /// `whole` may be null and must live longer.
+    /// `whole` may be nullptr and must outlive this object. Requires: 0 <= begin <= end <= 1.
     PartialProgress(Progress* whole, double begin, double end) : whole_(whole), begin_(begin), end_(end) {}
 
     [[nodiscard]] bool goOn(double fraction) override {

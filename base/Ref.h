@@ -1,4 +1,5 @@
-// A counted reference to an object that carries its own count. Not atomic: the tree lives on one thread.
+// A smart pointer to an object that contains its own reference count. The count is not atomic, so all
+// references to an object stay on one thread.
 #pragma once
 
 #include <cstddef>
@@ -6,19 +7,19 @@
 
 namespace tabulon {
 
-/// Owns one count of a T that has `retain()` and `release()`; `release()` frees the object with its last
-/// count.
+/// Owns one count of a T, or is null. T has `retain()`, which adds a count, and `release()`, which removes
+/// one and destroys the object with the last one.
 template <class T>
 class Ref {
 public:
     Ref() noexcept = default;
     Ref(std::nullptr_t) noexcept {}
-    /// Takes a further count.
+    /// Adds a count to `object`, which may be nullptr.
     Ref(T* object) noexcept : object_(object) {
         if (object_)
             object_->retain();
     }
-    /// Takes over a count that the caller owns.
+    /// Returns a reference that takes over one count from the caller. `object` may be nullptr.
     static Ref adopt(T* object) noexcept {
         Ref ref;
         ref.object_ = object;
@@ -35,13 +36,16 @@ public:
             object_->release();
     }
 
+    /// Returns the object, or nullptr. The caller gets no count of its own.
     T* get() const noexcept { return object_; }
     T& operator*() const noexcept { return *object_; }
     T* operator->() const noexcept { return object_; }
     explicit operator bool() const noexcept { return object_ != nullptr; }
+    /// Returns true if both refer to the same object, or both are null.
     friend bool operator==(const Ref& a, const Ref& b) noexcept { return a.object_ == b.object_; }
 
-    /// Gives the count to the caller and is null afterwards.
+    /// Returns the object and passes its count to the caller, who must release it. The reference is null
+    /// afterwards.
     T* detach() noexcept { return std::exchange(object_, nullptr); }
 
 private:

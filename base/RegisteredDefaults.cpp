@@ -1,4 +1,4 @@
-// The registered values of all settings, as UserDefaults looks them up.
+// The table of the registered values of all settings, sorted by key, and its look-up.
 #include "base/Settings.h"
 
 #include <algorithm>

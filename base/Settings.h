@@ -1,5 +1,5 @@
-// The settings: key, type and registered value of each, declared once. What they mean is in docs/settings.md;
-// where they are kept is the concern of UserDefaults.
+// The settings: key, type and registered value of each, declared once. docs/settings.md describes their
+// effects; UserDefaults stores their values.
 #pragma once
 
 #include "base/UserDefaults.h"
@@ -12,11 +12,12 @@
 
 namespace tabulon {
 
-/// `Value` is bool, std::int64_t, double, or std::string_view for a text.
+/// One setting. `Value` is bool, std::int64_t, double, or std::string_view for a text.
 template <class Value>
 struct Setting {
-    /// `registered` is the value that holds until the user sets another one, as text; empty for none. Text
-    /// that is not of the type does not compile.
+    /// `registeredValue` is the value, as text, that applies until the user sets another one; empty if there
+    /// is no such value. Both views must be valid as long as the program runs. A value that is not of the
+    /// setting's type does not compile.
     consteval Setting(std::string_view settingKey, std::string_view registeredValue = {})
         : key(settingKey), registered(registeredValue) {
         if (!registered.empty() && !isOfType(registered))
@@ -39,17 +40,19 @@ private:
     }
 };
 
-/// Return the value that was set, else the registered one, else false or 0.
+/// Returns the value that was set, else the registered one, else false or 0.
 inline bool valueOf(const UserDefaults& defaults, const Setting<bool>& setting) {
     return defaults.boolForKey(setting.key);
 }
+/// Returns the value that was set, else the registered one, else 0.
 inline std::int64_t valueOf(const UserDefaults& defaults, const Setting<std::int64_t>& setting) {
     return defaults.integerForKey(setting.key);
 }
+/// Returns the value that was set, else the registered one, else 0.
 inline double valueOf(const UserDefaults& defaults, const Setting<double>& setting) {
     return defaults.doubleForKey(setting.key);
 }
-/// Returns the text that was set, else the registered one, else an empty text.
+/// Returns the text that was set, UTF-8, else the registered one, else an empty text.
 inline std::string valueOf(const UserDefaults& defaults, const Setting<std::string_view>& setting) {
     return defaults.stringForKey(setting.key).value_or("");
 }
@@ -60,13 +63,15 @@ bool hasValue(const UserDefaults& defaults, const Setting<Value>& setting) {
     return defaults.stringForKey(setting.key).has_value();
 }
 
-/// Set a value for now and for later runs.
+/// Sets the value for this run of the program and later ones.
 inline void setValue(UserDefaults& defaults, const Setting<bool>& setting, bool value) {
     defaults.setBoolForKey(setting.key, value);
 }
+/// Sets the value for this run of the program and later ones.
 inline void setValue(UserDefaults& defaults, const Setting<std::int64_t>& setting, std::int64_t value) {
     defaults.setIntegerForKey(setting.key, value);
 }
+/// Sets the value for this run of the program and later ones.
 inline void setValue(UserDefaults& defaults, const Setting<double>& setting, double value) {
     defaults.setDoubleForKey(setting.key, value);
 }

@@ -1,4 +1,5 @@
-// One-line diagnostics for whoever maintains the machine. Nothing that the user must see goes here.
+// One-line diagnostics for the administrator of the computer. Messages for the user are alerts, not log
+// lines.
 #pragma once
 
 #include <string_view>
@@ -9,7 +10,7 @@ class SystemLog {
 public:
     virtual ~SystemLog() = default;
 
-    /// Writes one line, UTF-8, without a line feed at its end.
+    /// Writes one line, UTF-8, and adds the line feed. Cannot fail for the caller.
     virtual void log(std::string_view line) = 0;
 };
 

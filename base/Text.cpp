@@ -10,7 +10,7 @@
 namespace tabulon {
 namespace {
 
-// Position of the first byte that is not ASCII, or the size.
+// Returns the position of the first byte that is not ASCII, or the size.
 std::size_t asciiPrefix(std::string_view bytes) {
     const auto isAsciiAt = [&bytes](std::size_t at) {
         std::uint64_t word = 0;
@@ -20,7 +20,7 @@ std::size_t asciiPrefix(std::string_view bytes) {
     std::size_t i = 0;
     while (i + 8 <= bytes.size() && isAsciiAt(i))
         i += 8;
-    // The last word may look at bytes a second time: cheaper than going through the rest one by one.
+    // The last word may overlap the one before, which is cheaper than testing the rest byte by byte.
     if (i > 0 && i + 8 > bytes.size() && isAsciiAt(bytes.size() - 8))
         return bytes.size();
     while (i < bytes.size() && static_cast<unsigned char>(bytes[i]) < 0x80)
@@ -28,7 +28,7 @@ std::size_t asciiPrefix(std::string_view bytes) {
     return i;
 }
 
-// Copies at least eight bytes; false when not all of them are ASCII.
+// Copies `bytes` and returns true if all of them are ASCII. Requires: at least eight bytes.
 bool copyAscii(std::string_view bytes, char* target) {
     std::uint64_t seen = 0;
     const auto copyAt = [&](std::size_t at) {
@@ -51,12 +51,12 @@ Text::Text(std::size_t size) : block_(static_cast<Block*>(::operator new(sizeof(
 }
 
 Text::Text(std::string_view utf8) : Text(utf8::prefix(utf8, kMaximumSize).size()) {
-    // A view without a text may have no address either, and memcpy takes none even for no bytes.
+    // The address of an empty view may be nullptr, which memcpy does not accept even for 0 bytes.
     if (block_->size != 0)
         std::memcpy(block_ + 1, utf8.data(), block_->size);
 }
 
-// Most are ASCII, and are looked at while they are copied.
+// Most texts are ASCII. They are checked while they are copied, in one pass.
 Text Text::fromBytes(std::string_view bytes) {
     if (bytes.size() >= 8 && bytes.size() <= kMaximumSize) {
         Text text(bytes.size());

@@ -1,5 +1,5 @@
-// The one text type of the bookmark tree: immutable UTF-8, shared between copies, null or not, one pointer
-// wide. Conversions from other encodings live with the readers that need them.
+// The text type of the bookmark tree: immutable UTF-8 that copies share, possibly null, of the size of one
+// pointer. Conversion from other encodings is in text/EncodingConversion.h.
 #pragma once
 
 #include <cstdint>
@@ -9,23 +9,26 @@
 
 namespace tabulon {
 
-/// A text that may be null. Null and empty are different values. Copies share the bytes; the count behind
-/// them is not atomic, so a Text stays on one thread.
+/// A text that may be null. Null and empty are different values. Copies share the bytes and take constant
+/// time. Their reference count is not atomic, so all copies of a text stay on one thread.
 class Text {
 public:
-    /// The longest text in bytes; longer input is cut at the last whole character before it.
+    /// The longest text in bytes. Longer input is cut after the last character that fits.
     static constexpr std::size_t kMaximumSize = 0xFFFFFFF0u;
 
+    /// Constructs null.
     Text() noexcept = default;
 
-    /// A text with a copy of `utf8`, which must be valid UTF-8 (see `fromBytes` for input of doubtful
-    /// origin).
+    /// Copies `utf8`. The result is not null, even if `utf8` is empty. Requires: valid UTF-8; use `fromBytes`
+    /// for bytes that may be malformed.
     Text(std::string_view utf8);
     Text(const std::string& utf8) : Text(std::string_view(utf8)) {}
+    /// Copies a text that ends with a zero byte. Requires: valid UTF-8, and not nullptr.
     Text(const char* utf8) : Text(std::string_view(utf8)) {}
+    /// Constructs null.
     Text(std::nullptr_t) noexcept {}
 
-    /// A text from bytes that should be UTF-8: each maximal malformed part becomes one U+FFFD. Never null.
+    /// Returns a copy of `bytes`, in which each maximal malformed part is replaced by one U+FFFD. Never null.
     static Text fromBytes(std::string_view bytes);
 
     Text(const Text& other) noexcept : block_(other.block_) { retain(); }
@@ -37,36 +40,37 @@ public:
     ~Text() { release(); }
 
     bool isNull() const noexcept { return block_ == nullptr; }
-    /// True for null and for a text of no bytes.
+    /// Returns true for null and for a text of 0 bytes.
     bool isEmpty() const noexcept { return block_ == nullptr || block_->size == 0; }
 
-    /// The bytes, valid as long as any copy of this text lives; an empty view for null.
+    /// Returns the bytes, valid as long as a copy of this text exists; an empty view for null.
     std::string_view view() const noexcept {
         return block_ ? std::string_view(reinterpret_cast<const char*>(block_ + 1), block_->size)
                       : std::string_view();
     }
+    /// Returns a copy of the bytes; empty for null.
     std::string string() const { return std::string(view()); }
 
-    /// Begins to bring the first bytes near, for whoever reads them soon.
+    /// Prefetches the first bytes into the processor's cache. Has no other effect; allowed for null.
     void prefetch() const noexcept {
         __builtin_prefetch(block_);
         __builtin_prefetch(reinterpret_cast<const char*>(block_) + 64);
     }
 
-    /// Bytes equal; null equals only null.
+    /// Returns true if the bytes are equal. Null equals only null.
     friend bool operator==(const Text& a, const Text& b) noexcept {
         return a.block_ == b.block_ || (a.block_ && b.block_ && a.view() == b.view());
     }
 
-    /// Whether other texts have the same bytes in memory.
+    /// Returns true if other copies share the bytes; false for null.
     bool isShared() const noexcept { return block_ && block_->references > 1; }
 
-    /// True when both are the same shared bytes (or both null): cheaper than `==`, and may be false for
-    /// equals.
+    /// Returns true if both share the same bytes in memory, or both are null. Takes constant time, and may
+    /// return false for equal texts.
     bool sharesBytesWith(const Text& other) const noexcept { return block_ == other.block_; }
 
 private:
-    explicit Text(std::size_t size); // of bytes that are still to be written
+    explicit Text(std::size_t size); // leaves the bytes uninitialised
 
     struct Block {
         std::uint32_t references;
@@ -86,13 +90,14 @@ private:
     Block* block_ = nullptr;
 };
 
-/// `bytes` as valid UTF-8: each maximal malformed part replaced by U+FFFD. Valid input comes back unchanged.
+/// Returns `bytes` with each maximal malformed part replaced by one U+FFFD, which is valid UTF-8. Valid input
+/// is returned unchanged. Linear.
 std::string decodeUtf8Leniently(std::string_view bytes);
 
-/// True when no byte is above 127.
+/// Returns true if no byte is above 127; true for empty bytes.
 bool isAscii(std::string_view bytes);
 
-/// True when `bytes` is well-formed UTF-8.
+/// Returns true if `bytes` is well-formed UTF-8; true for empty bytes.
 bool isValidUtf8(std::string_view bytes);
 
 } // namespace tabulon

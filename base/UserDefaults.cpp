@@ -1,4 +1,4 @@
-// Conversions between the stored texts and the types that callers want.
+// Conversions between the stored texts and the types of settings.
 #include "base/UserDefaults.h"
 
 #include <fmt/format.h>
@@ -20,11 +20,12 @@ bool isYes(std::string_view text) {
     return equalIgnoringCase(text, "yes") || equalIgnoringCase(text, "true");
 }
 
-// The number that the text begins with, a decimal point whatever the user's language; 0 without one.
+// Returns the number that the text begins with, or 0 if there is none. The decimal separator is a point in
+// every locale.
 double leadingNumber(std::string_view text) {
     double number = 0;
     std::from_chars(text.data(), text.data() + text.size(), number);
-    return std::isfinite(number) ? number : 0; // "nan" and "inf" are words here
+    return std::isfinite(number) ? number : 0; // from_chars accepts "nan" and "inf", settings do not
 }
 
 } // namespace

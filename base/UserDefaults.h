@@ -1,4 +1,5 @@
-// The user's settings by key over the registered values. Where they are kept is the implementation's affair.
+// Access to the user's settings by key, with registered values as defaults. Implementations decide where the
+// values are stored.
 #pragma once
 
 #include <cstdint>
@@ -9,63 +10,70 @@
 
 namespace tabulon {
 
-/// Settings are stored as text, the way people write them on a command line: YES and NO, decimal numbers,
-/// strings. The typed readers convert; they never fail. Texts are UTF-8, paths are in the file system's
-/// encoding.
+/// Settings are stored as text in the form of a command line: YES and NO, decimal numbers, strings. Keys and
+/// texts are UTF-8; paths are in the file system's encoding. The typed readers convert and never fail.
 class UserDefaults {
 public:
     virtual ~UserDefaults() = default;
 
-    /// What was set for `key`, else its registered value, else nothing.
+    /// Returns the value that was set for `key`, else its registered value, else `nullopt`.
     virtual std::optional<std::string> stringForKey(std::string_view key) const = 0;
 
-    /// Sets `key` for now and for the runs to come.
+    /// Sets the value of `key` for this run of the program and later ones.
     virtual void setStringForKey(std::string_view key, std::string value) = 0;
 
-    /// Forgets what was set for `key`; its registered value holds again.
+    /// Removes the value that was set for `key`, so that its registered value applies. Does nothing if none
+    /// was set.
     virtual void removeKey(std::string_view key) = 0;
 
-    /// Takes in what other running programs have stored since. For a value that they change as well, to be
-    /// called before it is read and changed.
+    /// Loads the values that other processes have stored. The caller needs this before it reads and changes a
+    /// value that other processes change too.
     virtual void refresh() = 0;
 
-    /// True for YES, true (any case) and for numbers other than 0; false otherwise and when there is no
-    /// value.
+    /// Returns true for "yes" and "true" in any case, and for a text that begins with a number other than 0.
+    /// Returns false for all other texts and without a value.
     bool boolForKey(std::string_view key) const;
 
-    /// The value as a whole number: leading digits count, true and YES are 1; 0 without one.
+    /// Returns the integer that the text begins with, 1 for "yes" and "true" in any case, else 0. Returns 0
+    /// for an integer that does not fit into 64 bits.
     std::int64_t integerForKey(std::string_view key) const;
 
-    /// The value as a real number; 0 without one.
+    /// Returns the finite decimal number that the text begins with, else 0. The decimal separator is a point.
     double doubleForKey(std::string_view key) const;
 
+    /// Stores "YES" or "NO".
     void setBoolForKey(std::string_view key, bool value);
+    /// Stores the decimal digits.
     void setIntegerForKey(std::string_view key, std::int64_t value);
+    /// Stores the shortest decimal number from which the same double is read.
     void setDoubleForKey(std::string_view key, double value);
 };
 
+/// A setting's key and the text of its registered value.
 struct RegisteredDefault {
     std::string_view key;
     std::string_view value;
 };
 
-/// The settings that have a value from the start, sorted by key.
+/// Returns the settings that have a registered value, sorted by key. Valid as long as the program runs.
 std::span<const RegisteredDefault> registeredDefaults();
 
-/// The value that `key` has from the start, or nothing.
+/// Returns the registered value of `key`, or `nullopt` if it has none. Valid as long as the program runs.
 std::optional<std::string_view> registeredDefault(std::string_view key);
 
-/// What the user has to know about the place where settings are kept.
+/// A failure to read or write the file of the settings, for an alert to the user.
 struct SettingsProblem {
     enum class Kind {
-        Damaged,    ///< lines made no sense; the file as it was is now at `keptAs`
-        Unreadable, ///< `reason` tells why; the file stays as it is, changes hold until the program ends
-        Unwritable, ///< `reason` tells why; changes hold until the program ends
+        Damaged,    ///< lines could not be parsed; the file was kept at `keptAs`
+        Unreadable, ///< for `reason`; the file is unchanged, and settings last until the program ends
+        Unwritable, ///< for `reason`; settings last until the program ends
     };
     Kind kind = Kind::Damaged;
+    /// The file of the settings. Both paths are in the file system's encoding.
     std::string path = {};
+    /// The file with the damaged content; empty for the other kinds.
     std::string keptAs = {};
-    /// A sentence.
+    /// One sentence, UTF-8; empty for Damaged.
     std::string reason = {};
 };
 

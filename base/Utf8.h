@@ -1,4 +1,5 @@
-// Single characters to and from UTF-8, and where characters begin.
+// Encoding and decoding of single characters in UTF-8, and the boundaries between them. Validation is in
+// base/Text.h.
 #pragma once
 
 #include <array>
@@ -9,16 +10,17 @@
 
 namespace tabulon::utf8 {
 
-/// One to four bytes.
+/// A character in UTF-8: one to four bytes.
 struct Encoded {
     std::array<char, 4> bytes{};
     std::uint8_t size = 0;
 
+    /// Returns the bytes, valid as long as this object.
     constexpr std::string_view view() const { return {bytes.data(), size}; }
 };
 
-/// Returns the bytes of `character`. Requires: at most U+10FFFF. A surrogate is encoded like any other
-/// number.
+/// Returns the bytes of `character`. A surrogate is encoded like any other number. Requires: at most
+/// U+10FFFF.
 constexpr Encoded encoded(char32_t character) {
     const auto last = [character](int shift) {
         return static_cast<char>(0x80u | (character >> shift & 0x3Fu));
@@ -35,13 +37,13 @@ constexpr Encoded encoded(char32_t character) {
     return {{first(0xF0, 18), last(12), last(6), last(0)}, 4};
 }
 
-/// Appends the bytes of `character`. Requires the same as `encoded`.
+/// Appends the bytes of `character`. Requires: at most U+10FFFF.
 inline void append(std::string& text, char32_t character) {
     text += encoded(character).view();
 }
 
-/// Returns the character at `position` and moves the position to the next one. Requires: well-formed UTF-8,
-/// in which `position` is the beginning of a character.
+/// Returns the character at `position` and moves `position` to the next one, or to the end. Requires:
+/// well-formed UTF-8, in which `position` is the beginning of a character.
 char32_t next(std::string_view text, std::size_t& position);
 
 /// Returns true for the second and later bytes of a character.
@@ -50,6 +52,7 @@ constexpr bool isContinuation(char byte) {
 }
 
 /// Returns the longest beginning of `text` with at most `limit` bytes that does not end inside a character.
+/// The result is a part of `text`. Requires: well-formed UTF-8.
 std::string_view prefix(std::string_view text, std::size_t limit);
 
 } // namespace tabulon::utf8
