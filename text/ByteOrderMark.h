@@ -1,4 +1,5 @@
-// Byte-order marks: U+FEFF at the beginning of a file, by which the file declares its encoding.
+// Byte-order marks: U+FEFF at the beginning of a file, which declares the file's encoding. Conversion is in
+// text/EncodingConversion.h.
 #pragma once
 
 #include <cstdint>
@@ -6,9 +7,10 @@
 
 namespace tabulon {
 
+/// The marks that the program recognises. Those of UTF-32 are not among them.
 enum class ByteOrderMark : std::uint8_t { None, Utf8, Utf16LittleEndian, Utf16BigEndian };
 
-/// Returns the bytes of a mark, empty for None.
+/// Returns the bytes of a mark, two or three; empty for None.
 constexpr std::string_view bytesOf(ByteOrderMark mark) {
     switch (mark) {
     case ByteOrderMark::None:
@@ -23,7 +25,8 @@ constexpr std::string_view bytesOf(ByteOrderMark mark) {
     return {};
 }
 
-/// Returns the mark that `bytes` begins with. The mark of UTF-32, low byte first, begins with that of UTF-16.
+/// Returns the mark that `bytes` begins with, or None. For little-endian UTF-32 the result is
+/// Utf16LittleEndian, since its mark begins with the same two bytes.
 constexpr ByteOrderMark byteOrderMarkOf(std::string_view bytes) {
     for (const ByteOrderMark mark :
          {ByteOrderMark::Utf8, ByteOrderMark::Utf16LittleEndian, ByteOrderMark::Utf16BigEndian})
@@ -32,7 +35,8 @@ constexpr ByteOrderMark byteOrderMarkOf(std::string_view bytes) {
     return ByteOrderMark::None;
 }
 
-/// Returns `bytes` without one mark of UTF-8 at the beginning; other marks stay.
+/// Returns `bytes` without one UTF-8 mark at the beginning. Other marks are not removed. The result is a part
+/// of `bytes`.
 constexpr std::string_view withoutUtf8Mark(std::string_view bytes) {
     const std::string_view mark = bytesOf(ByteOrderMark::Utf8);
     return bytes.starts_with(mark) ? bytes.substr(mark.size()) : bytes;

@@ -17,7 +17,7 @@
 namespace tabulon {
 namespace {
 
-// What of a text counts for its place; ICU measures its buffers in 32 bits.
+// The most bytes of a text that are compared: ICU counts in 32 bits.
 constexpr std::size_t kComparedBytes = std::size_t{1} << 28;
 
 icu::StringPiece piece(std::string_view text) {
@@ -45,7 +45,7 @@ struct Collation::Implementation {
         : collator(makeCollator(locale)), folder(letterIOf(locale)) {}
 
     std::unique_ptr<icu::Collator> collator;
-    // Kept from call to call: a search goes over very many texts.
+    // A buffer that is reused, since a search folds very many texts.
     std::string foldedText;
     TextFolder folder;
 
@@ -95,7 +95,7 @@ void Collation::appendSortKey(std::string& keys, std::string_view text) const {
     std::array<std::uint8_t, 512> buffer;
     const auto capacity = static_cast<std::int32_t>(buffer.size());
     const std::int32_t size = implementation_->collator->getSortKey(wide, buffer.data(), capacity);
-    // ICU ends a key with a zero byte, which no key has inside.
+    // ICU ends a key with a zero byte, which is no part of the order.
     const std::size_t kept = static_cast<std::size_t>(std::max(size, 1) - 1);
     if (size <= capacity) {
         keys.append(reinterpret_cast<const char*>(buffer.data()), kept);
@@ -112,7 +112,7 @@ TextSearch Collation::searchFor(std::string_view part) const {
 }
 
 bool Collation::standardContains(std::string_view text, const TextSearch& search) const {
-    // The quick looks know the case of ASCII letters, which is another one there.
+    // The tests without folding assume that i is the small letter of I, which is not so in Turkish.
     if (implementation_->folder.letterI() == LetterI::Turkish)
         return search.inSmallLetters(implementation_->foldedForm(text));
     if (const std::optional<bool> answer = search.isIn(text))
@@ -136,15 +136,15 @@ std::string_view Collation::standardMatch(std::string_view text, std::string_vie
     return begin < end ? text.substr(begin, end - begin) : std::string_view();
 }
 
-// Where in `text` its folded form has reached `size` bytes: behind the last character that adds nothing more,
-// so that marks stay with their letter. The form grows with the text, which is halved until the place is
-// found.
+// Returns the longest beginning of `text`, in bytes, whose folded form has at most `size` bytes. Marks after
+// a letter add nothing to that form, so they stay with their letter. A binary search, since the form of a
+// longer beginning is not shorter.
 std::size_t Collation::placeOfFolded(std::string_view text, std::size_t size) const {
     const auto isInside = [text](std::size_t place) {
         return place < text.size() && utf8::isContinuation(text[place]);
     };
-    std::size_t low = 0;                // the form up to here is short enough
-    std::size_t high = text.size() + 1; // and up to here it is not
+    std::size_t low = 0;                // the form of this beginning is short enough
+    std::size_t high = text.size() + 1; // the form of this one is too long
     while (high - low > 1) {
         const std::size_t middle = low + (high - low) / 2;
         std::size_t place = middle;

@@ -1,4 +1,5 @@
-// Order and likeness of texts as the user's language has them. ICU does the work.
+// Comparison and search of texts by the rules of a locale, with ICU. The folding is in text/TextFolding.h,
+// the search for bytes in text/TextSearch.h.
 #pragma once
 
 #include "text/TextSearch.h"
@@ -10,37 +11,42 @@
 
 namespace tabulon {
 
-/// Compares texts for one locale. Texts are UTF-8; a null text is given as empty. Not shared between threads.
+/// Compares and searches texts for one locale. Texts are UTF-8; malformed parts compare as U+FFFD. Only the
+/// first 256 MiB of a text are ordered or folded. One object must not be used by several threads at once,
+/// since `const` functions write to buffers.
 class Collation {
 public:
-    /// `locale` is an identifier such as "de_DE" or "sv" (base/Localization.h); an unknown one gets ICU's
-    /// root order.
+    /// `locale` is an identifier such as "de_DE" or "sv" (base/Localization.h). An unknown one has ICU's root
+    /// order. Where ICU has no collation data at all, texts are ordered by the bytes of their folded form.
     explicit Collation(std::string_view locale);
     ~Collation();
     Collation(const Collation&) = delete;
     Collation& operator=(const Collation&) = delete;
 
-    /// Localized and case-insensitive: accents count, case does not. Texts that differ only in case are
-    /// equivalent.
+    /// Returns the order of `a` and `b` in the locale. Accents count, case does not: texts that differ only
+    /// in case are equivalent.
     std::weak_ordering compareIgnoringCase(std::string_view a, std::string_view b) const;
 
-    /// Bytes whose order (memcmp, shorter first) is the order of `compareIgnoringCase`. For sorting many
-    /// texts.
+    /// Returns bytes whose order (memcmp, shorter first) is the order of `compareIgnoringCase`.
+    /// Keys are faster than comparisons where many texts are sorted.
     std::string sortKey(std::string_view text) const;
-    /// The same, appended to `keys`.
+    /// Appends the bytes of `sortKey` to `keys`.
     void appendSortKey(std::string& keys, std::string_view text) const;
 
-    /// "Standard contains": true when `text` contains `part`, ignoring case and diacritics. Everything
-    /// contains the empty text.
+    /// Returns true if `text` contains `part`, ignoring case and diacritics. Every text contains the empty
+    /// part. Linear in the size of both.
     bool standardContains(std::string_view text, std::string_view part) const;
 
-    /// The same in two steps, for one part and very many texts.
+    /// Returns the search for `part`, which is folded only once for many texts.
     TextSearch searchFor(std::string_view part) const;
+    /// Returns the result of `standardContains` for the part of `search`. Requires: `search` was made by
+    /// `searchFor` of a Collation for the same locale.
     bool standardContains(std::string_view text, const TextSearch& search) const;
 
-    /// What of `text` is like `part` in that sense, at its first place, with all its diacritics: for showing
-    /// what was found. Empty where nothing is. Where characters act on their neighbours it may be a little
-    /// more or less.
+    /// Returns the first part of `text` that matches `part` in the sense of `standardContains`, with its
+    /// diacritics, for display. Returns an empty view if there is none. The result may be a few characters
+    /// too long or too short where the folding of a character depends on its neighbours. Takes O(n log n)
+    /// time for a text of n bytes.
     std::string_view standardMatch(std::string_view text, std::string_view part) const;
 
 private:

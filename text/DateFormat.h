@@ -1,4 +1,4 @@
-// Dates as people write them. ICU does the work.
+// Formatting of dates for the user, with ICU.
 #pragma once
 
 #include "base/Date.h"
@@ -8,9 +8,14 @@
 
 namespace tabulon {
 
-/// `date` by a pattern such as "yyyy-MM-dd" (Unicode's letters), in the language and calendar of `locale`
-/// ("de_DE") and in the time zone of that name ("Europe/Berlin"; empty: the machine's). UTF-8. Empty for null
-/// and for a date that no calendar can write.
+/// Returns `date` in the form of `pattern`, UTF-8.
+///
+/// `pattern` uses the letters of Unicode's date formats, such as "yyyy-MM-dd". `locale` is an identifier such
+/// as "de_DE"; it determines language and calendar. `timeZone` is an IANA name such as "Europe/Berlin", or
+/// empty for the time zone of the computer.
+///
+/// Returns an empty text for a date that is null, infinite or NaN, for a pattern that ICU does not accept,
+/// and where the result has more than 256 UTF-16 units.
 std::string formatDate(Date date, std::string_view pattern, const std::string& locale,
                        std::string_view timeZone);
 

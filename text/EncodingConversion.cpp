@@ -15,12 +15,12 @@ struct CloseConverter {
 };
 using Converter = std::unique_ptr<UConverter, CloseConverter>;
 
-// ICU itself puts the control character U+001A for some of what it cannot decode.
+// ICU's own callback replaces some malformed parts by the control character U+001A instead.
 void writeReplacement(const void*, UConverterToUnicodeArgs* arguments, const char*, int32_t,
                       UConverterCallbackReason reason, UErrorCode* status) {
     constexpr UChar kReplacement = 0xFFFD;
     if (reason > UCNV_IRREGULAR)
-        return; // only told of what happens to the converter
+        return; // a notification about the converter itself, not about malformed input
     *status = U_ZERO_ERROR;
     ucnv_cbToUWriteUChars(arguments, &kReplacement, 1, 0, status);
 }
@@ -35,10 +35,10 @@ Converter open(const char* name) {
 
 } // namespace
 
-// In pieces, so that the size is bounded by nothing but memory.
+// Converts in pieces, since ICU counts the bytes of one conversion in 32 bits.
 std::optional<std::string> utf8FromEncoding(std::string_view bytes, const std::string& encoding) {
     const Converter from =
-        encoding.empty() ? nullptr : open(encoding.c_str()); // ICU's empty name is the user's own
+        encoding.empty() ? nullptr : open(encoding.c_str()); // for ICU "" is the encoding of the locale
     const Converter to = open("UTF-8");
     if (!from || !to)
         return std::nullopt;

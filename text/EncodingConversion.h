@@ -1,4 +1,4 @@
-// Texts in other encodings than UTF-8. Which encoding a file is in is its reader's affair.
+// Conversion of other encodings to UTF-8, with ICU. The readers of files determine which encoding a file has.
 #pragma once
 
 #include <optional>
@@ -7,8 +7,9 @@
 
 namespace tabulon {
 
-/// `bytes` in the encoding that ICU knows by this name, as UTF-8; each part that cannot be decoded is U+FFFD.
-/// Nothing for a name that ICU does not know, or where it fails for want of memory. Linear.
+/// Returns `bytes`, which are in `encoding`, as UTF-8. Each part that cannot be decoded becomes U+FFFD.
+/// `encoding` is any name or alias of ICU, such as "windows-1252". Returns `nullopt` for a name that ICU does
+/// not know, for an empty name, and where ICU lacks memory. Linear, for any number of bytes.
 std::optional<std::string> utf8FromEncoding(std::string_view bytes, const std::string& encoding);
 
 } // namespace tabulon

@@ -1,4 +1,4 @@
-// Numbers as people write them. ICU does the work.
+// Formatting of numbers for the user, with ICU.
 #pragma once
 
 #include <cstdint>
@@ -6,7 +6,8 @@
 
 namespace tabulon {
 
-/// `number` with the separators of thousands that the language of `locale` ("de_DE") has. UTF-8.
+/// Returns `number` with the digits and thousands separators of `locale`, an identifier such as "de_DE";
+/// UTF-8. Returns plain decimal digits if ICU fails. Requires: `number` is below 2^63.
 std::string numberText(std::uint64_t number, const std::string& locale);
 
 } // namespace tabulon

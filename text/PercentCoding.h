@@ -1,4 +1,5 @@
-// Percent coding: a byte as "%" and two hexadecimal digits. Which bytes are escaped is the caller's rule.
+// Percent-encoding and decoding: a byte as "%" and two hexadecimal digits. The caller decides which bytes are
+// encoded; the rules of URLs are in url/PercentEncoding.h.
 #pragma once
 
 #include <string>
@@ -6,11 +7,11 @@
 
 namespace tabulon::percent {
 
-/// Appends "%XX", with capital letters.
+/// Appends `byte` as "%" and two hexadecimal digits with capital letters.
 void appendEscaped(std::string& result, char byte);
 
-/// Returns `bytes` with every byte escaped for which `isPlain`, a predicate of a char, is false. What is to
-/// be decoded again needs a rule that escapes "%".
+/// Returns `bytes` in which every byte for which `isPlain`, a predicate of a char, is false is
+/// percent-encoded. `decode` reverses this only if `isPlain` is false for "%".
 template <class IsPlain>
 std::string encode(std::string_view bytes, IsPlain isPlain) {
     std::string result;
@@ -23,8 +24,9 @@ std::string encode(std::string_view bytes, IsPlain isPlain) {
     return result;
 }
 
-/// Returns the bytes with every "%XX", in digits of either case, replaced by its byte. A "%" before anything
-/// else is unchanged. The result need not be UTF-8 and may contain zeros.
+/// Returns `text` with every "%" and two hexadecimal digits, of either case, replaced by the byte of this
+/// number. A "%" before anything else is unchanged. The result may be malformed UTF-8 and may contain zero
+/// bytes.
 std::string decode(std::string_view text);
 
 } // namespace tabulon::percent

@@ -15,11 +15,11 @@
 namespace tabulon {
 namespace {
 
-// What of a text counts; ICU measures its buffers in 32 bits.
+// The most bytes of a text that are folded by ICU, which counts in 32 bits.
 constexpr std::size_t kFoldedBytes = std::size_t{1} << 28;
 
-// A mark that only accents the letter before it: no nukta, no virama, no voicing mark (they have a class
-// between), no vowel sign (it has none).
+// Returns true for a mark that only accents the letter before it. False for nukta, voicing mark and virama,
+// whose combining classes are 7 to 9, and for vowel signs, whose class is 0.
 bool isDiacritic(UChar32 character) {
     if (u_charType(character) != U_NON_SPACING_MARK)
         return false;
@@ -37,9 +37,9 @@ icu::UnicodeString withoutDiacritics(const icu::UnicodeString& text) {
     return kept;
 }
 
-// The text without its diacritics before it is decomposed, which gives the same: putting long runs of marks
-// in order would take time in the square of their length. A run of marks that stay is cut as the stream-safe
-// text form has it.
+// Returns the text without the diacritics that are characters of their own. Removing them before the
+// decomposition does not change the result, and it avoids the ordering of long runs of marks, which takes
+// quadratic time. A run of marks that stay is divided as in Unicode's stream-safe text format.
 icu::UnicodeString readyToDecompose(const icu::UnicodeString& text) {
     constexpr int kLongestRun = 30;
     constexpr UChar32 kGraphemeJoiner = 0x34F;
@@ -59,7 +59,7 @@ icu::UnicodeString readyToDecompose(const icu::UnicodeString& text) {
     return kept;
 }
 
-// The dotted and the dotless I of Turkish are two letters, each with a capital of its own.
+// Replaces the capitals of the two Turkish letters: I by ı, and İ, also in its decomposed form, by i.
 std::string withSmallTurkishI(std::string_view text) {
     constexpr std::string_view kDotlessSmall = "\u0131";
     constexpr std::string_view kDottedCapital = "\u0130";
@@ -80,7 +80,7 @@ std::string withSmallTurkishI(std::string_view text) {
     return result;
 }
 
-// A character decomposed, without its diacritics.
+// Returns the decomposition of a character without its diacritics.
 icu::UnicodeString keptOf(UChar32 character, const icu::Normalizer2& decomposing) {
     icu::UnicodeString decomposed;
     if (!decomposing.getDecomposition(character, decomposed))
@@ -88,8 +88,8 @@ icu::UnicodeString keptOf(UChar32 character, const icu::Normalizer2& decomposing
     return withoutDiacritics(decomposed);
 }
 
-// Whether a text that begins with this character, once it has lost its diacritics, composes with nothing
-// before it. Then what becomes of the character does not depend on its neighbours.
+// Returns true if the character without its diacritics does not compose with a character before it. Then its
+// folded form does not depend on its neighbours.
 bool standsAlone(UChar32 character) {
     UErrorCode status = U_ZERO_ERROR;
     const icu::Normalizer2* decomposing = icu::Normalizer2::getNFDInstance(status);
@@ -100,7 +100,7 @@ bool standsAlone(UChar32 character) {
     return kept.isEmpty() || composing->hasBoundaryBefore(kept.char32At(0));
 }
 
-// Whether a character that is not ASCII stays at least one such and brings in none that is.
+// Returns true if the folded form of a non-ASCII character is not empty and contains no ASCII.
 bool staysFromAscii(UChar32 character) {
     UErrorCode status = U_ZERO_ERROR;
     const icu::Normalizer2* decomposing = icu::Normalizer2::getNFDInstance(status);
@@ -112,12 +112,12 @@ bool staysFromAscii(UChar32 character) {
 }
 
 struct Character {
-    std::size_t size = 0; // in bytes; 0 where there is none
+    std::size_t size = 0; // in bytes; 0 for malformed UTF-8
     std::size_t code = 0;
 };
 
-// The character at a place where no ASCII stands. Some are read that are no characters, but none in place of
-// one that is.
+// Returns the character at `at`. Accepts some malformed sequences (overlong forms and surrogates), but never
+// returns the code of another valid character. Requires: a byte that is not ASCII.
 Character characterAt(std::string_view text, std::size_t at) {
     const auto* bytes = reinterpret_cast<const unsigned char*>(text.data()) + at;
     const std::size_t left = text.size() - at;
@@ -189,7 +189,7 @@ bool TextFolder::keepsFromAscii(std::string_view text) {
     return true;
 }
 
-// Whether a character is kept that is not known to be.
+// Computes the bits of an entry if they are not known, and returns the bit of the character.
 bool TextFolder::learnKept(std::size_t entry, std::size_t place) {
     if (kept_.size() <= entry)
         kept_.resize(entry + 1);
@@ -201,7 +201,8 @@ bool TextFolder::learnKept(std::size_t entry, std::size_t place) {
     return (kept.characters >> place & 1) != 0;
 }
 
-// False where a character acts on its neighbours; what was appended until then does not count.
+// Returns false if the form of a character depends on its neighbours, or for malformed UTF-8. What was
+// appended is then invalid.
 bool TextFolder::appendByTable(std::string& result, std::string_view text) {
     std::array<char, 256> folded;
     std::size_t size = 0;
@@ -224,7 +225,8 @@ bool TextFolder::appendByTable(std::string& result, std::string_view text) {
         const Folded& one = foldedFor(static_cast<char32_t>(character));
         if (one.size == kNeedsICU)
             return false;
-        // All seven bytes are copied, which is faster than to count them; the next ones go over the rest.
+        // Copying all seven bytes is faster than copying `size` of them. The next character overwrites the
+        // rest.
         std::memcpy(&folded[size], one.bytes.data(), one.bytes.size());
         size += one.size;
     }

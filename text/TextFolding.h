@@ -1,4 +1,5 @@
-// Texts as they count in a search: composed, without diacritics, without case.
+// The form of texts in which a search compares them ("folded"): composed, without diacritics and without
+// case. The comparison itself is in text/Collation.h.
 #pragma once
 
 #include <array>
@@ -10,32 +11,38 @@
 
 namespace tabulon {
 
-/// Appends the folded form of `text`, by ICU alone. Marks that are part of a letter stay: the nukta of Indic
-/// scripts, the voicing marks of kana, the virama, vowel signs. Where ICU fails (it lacks memory) the text
-/// counts as it stands.
+/// Appends the folded form of `text`, UTF-8, as ICU computes it. Marks that are part of a letter stay: the
+/// nukta of Indic scripts, the voicing marks of kana, the virama, vowel signs. Malformed parts become U+FFFD.
+/// Only the first 256 MiB of `text` are used. Appends `text` unchanged if ICU fails, which it does where it
+/// lacks memory.
 void appendFoldedByICU(std::string& result, std::string_view text);
 
-/// Whether I is the capital of i, or of the dotless ı as in Turkish and Azerbaijani, where i has the capital
-/// İ.
+/// The small letter of I: i (Common), or the dotless ı as in Turkish and Azerbaijani, where the capital of i
+/// is İ.
 enum class LetterI { Common, Turkish };
 
-/// Gives the same, many times faster: it remembers what becomes of each character. Texts in which characters
-/// act on their neighbours go to ICU. The letters of Turkish are told apart before.
+/// Folds like `appendFoldedByICU`, but many times faster, because it caches the folded form of each
+/// character. A text in which a form depends on neighbouring characters is folded by ICU. The cache has a
+/// page for each 256 characters of which one was folded. Not safe for use by several threads at once.
 class TextFolder {
 public:
+    /// With LetterI::Turkish, I becomes ı and İ becomes i before anything else.
     explicit TextFolder(LetterI letterI = LetterI::Common) : letterI_(letterI) {}
 
     LetterI letterI() const { return letterI_; }
 
+    /// Appends the folded form of `text`, UTF-8. The result is that of `appendFoldedByICU` for
+    /// LetterI::Common.
     void appendFolded(std::string& result, std::string_view text);
 
-    /// Whether every character of `text` that is not ASCII stays something that is not ASCII. Then a part of
-    /// ASCII stands in the folded form where it stands in the text, but for case, and nowhere else. False for
-    /// some texts of which that is true, and for what is not UTF-8.
+    /// Returns true if the folded form of every non-ASCII character of `text` contains only non-ASCII
+    /// characters, and at least one. Then the folded form contains an ASCII part exactly where `text`
+    /// contains it, ignoring case. May return false although this is true. Returns false for malformed UTF-8.
     bool keepsFromAscii(std::string_view text);
 
 private:
-    /// What becomes of one character: up to seven bytes, or one of the two marks in place of their number.
+    /// The folded form of one character: up to seven bytes of UTF-8. `size` is their number, or one of the
+    /// two special values below.
     struct Folded {
         std::uint8_t size = kUnknown;
         std::array<char, 7> bytes{};
@@ -49,7 +56,7 @@ private:
     const Folded& foldedFor(char32_t character);
     const Folded& learn(char32_t character);
 
-    /// Which of sixty-four characters in a row stay something that is not ASCII.
+    /// Of 64 consecutive characters, a bit for each whose folded form is non-ASCII (see `keepsFromAscii`).
     struct Kept {
         std::uint64_t characters = 0;
         bool isKnown = false;

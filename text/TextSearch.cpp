@@ -13,23 +13,23 @@
 namespace tabulon {
 namespace {
 
-// The bit in which a capital letter differs from its small one; 0 for other characters.
+// Returns the bit in which a capital letter differs from its small one; 0 for other bytes.
 char caseBit(char byte) {
     return ascii::isLetter(byte) ? 'a' - 'A' : 0;
 }
 
 } // namespace
 
-// Looks at sixteen places of a text at once: a place is a candidate when the part's first byte stands there,
-// and its last one (the sixteenth of a longer part) where that would have to stand.
+// Tests sixteen positions of a text at once. A position is a candidate if the text has the two bytes of
+// `Ends` there, at their distance. Candidates are compared byte by byte.
 class TextSearch::Scan {
 public:
     Scan(const TextSearch& search, std::string_view text)
         : part_(search.part_), ends_(search.ends_), text_(text), effort_(kMostEffort * text.size()) {}
 
-    // The part is not longer than the text.
+    // Returns true if the text contains the part. Requires: the part is not longer than the text.
     bool run() {
-        const std::size_t looked = kByteBlockSize + ends_.reach; // bytes for one step
+        const std::size_t looked = kByteBlockSize + ends_.reach; // the bytes that one step reads
         if (text_.size() < looked) {
             std::array<char, 2 * kByteBlockSize> padded{};
             text_.copy(padded.data(), text_.size());
@@ -45,14 +45,13 @@ public:
     }
 
     bool sawOnlyAscii() const { return highBits(seen_) == 0; }
-    // Too many candidates were none: the rest has to be searched in another way.
+    // Returns true if too many candidates were wrong. The text must then be searched in another way.
     bool gaveUp() const { return effort_ == 0; }
 
 private:
     static constexpr std::size_t kMostEffort = 4;
 
-    // Whether the part stands at one of the sixteen places from `bytes` on, which are those of the text from
-    // `at` on.
+    // Returns true if the part is at one of the sixteen positions from `at` on, whose bytes are at `bytes`.
     bool isAt(const char* bytes, std::size_t at) {
         const ByteBlock start = loadBlock(bytes);
         const ByteBlock finish = loadBlock(bytes + ends_.reach);
@@ -76,7 +75,7 @@ private:
     const Ends& ends_;
     const std::string_view text_;
     ByteBlock seen_{};
-    std::size_t effort_; // how many bytes may still be compared one by one
+    std::size_t effort_; // the number of bytes that may still be compared one by one
 };
 
 TextSearch::TextSearch(std::string part) : part_(std::move(part)), isAscii_(tabulon::isAscii(part_)) {
@@ -108,7 +107,7 @@ bool TextSearch::inSmallLetters(std::string_view text) const {
     return scan.run() || (scan.gaveUp() && placeInSmallLetters(text));
 }
 
-// Unlike string_view::find, memmem is linear whatever the texts.
+// memmem is linear for every text and part; string_view::find is not.
 std::optional<std::size_t> TextSearch::placeInSmallLetters(std::string_view text) const {
     const void* place = memmem(text.data(), text.size(), part_.data(), part_.size());
     if (!place)

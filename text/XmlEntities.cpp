@@ -21,7 +21,7 @@ struct NamedEntity {
 constexpr auto kEntities = std::to_array<NamedEntity>(
     {{'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'"', "&quot;"}, {'\'', "&apos;"}});
 
-// For every byte: one more than its place in the table above, 0 for a byte that stays.
+// For every byte: its index in `kEntities` plus 1, or 0 for a byte that is not escaped.
 constexpr std::array<std::uint8_t, 256> makeEscapes() {
     std::array<std::uint8_t, 256> escapes{};
     for (std::size_t i = 0; i < kEntities.size(); ++i)
@@ -42,7 +42,7 @@ bool isCharacter(std::uint32_t codePoint) {
     return codePoint != 0 && codePoint <= kLastCodePoint && !U_IS_SURROGATE(codePoint);
 }
 
-// The reference at `begin`, where "&#" stands.
+// Returns the character reference at `begin`, or `nullopt`. Requires: "&#" at `begin`.
 std::optional<Reference> characterReference(std::string_view text, std::size_t begin) {
     const std::string_view rest = text.substr(begin);
     const bool hexadecimal = rest.size() > 2 && (rest[2] == 'x' || rest[2] == 'X');
@@ -61,7 +61,7 @@ std::optional<Reference> characterReference(std::string_view text, std::size_t b
     return Reference{begin, begin + i + 1, value};
 }
 
-// The entity or reference at `begin`, where "&" stands.
+// Returns the entity or character reference at `begin`, or `nullopt`. Requires: "&" at `begin`.
 std::optional<Reference> referenceAt(std::string_view text, std::size_t begin) {
     const std::string_view rest = text.substr(begin);
     const char first = rest.size() > 1 ? rest[1] : '\0';
@@ -73,7 +73,7 @@ std::optional<Reference> referenceAt(std::string_view text, std::size_t begin) {
     return std::nullopt;
 }
 
-// The first one at or after `from` that can be undone.
+// Returns the first entity or character reference at or after `from`, or `nullopt`.
 std::optional<Reference> nextReference(std::string_view text, std::size_t from) {
     for (std::size_t at = text.find('&', from); at != std::string_view::npos; at = text.find('&', at + 1))
         if (const auto reference = referenceAt(text, at))

@@ -1,4 +1,5 @@
-// Entities of XML text, both ways: shared by the HTML and XBEL exports and the importers.
+// Escaping and unescaping of XML text, for the HTML and XBEL exports and the importers. The entities of HTML
+// are in html/HtmlEntityTable.h.
 #pragma once
 
 #include "base/Text.h"
@@ -8,23 +9,23 @@
 
 namespace tabulon {
 
-/// Replaces ampersand, less-than, greater-than, double quote and apostrophe by their named entities;
-/// everything else stays. UTF-8 in, UTF-8 out.
+/// Returns `text`, UTF-8, with ampersand, less-than, greater-than, double quote and apostrophe replaced by
+/// their named entities. All other bytes are unchanged. Linear.
 std::string escapeXmlEntities(std::string_view text);
 
-/// The same, appended to `result`.
+/// Appends the result of `escapeXmlEntities` to `result`.
 void appendXmlEscaped(std::string& result, std::string_view text);
 
-/// Undoes, once and from left to right, the five named entities and decimal and hexadecimal character
-/// references ("x" in either case). What is unknown, unterminated or refers to no character (0, a surrogate,
-/// beyond U+10FFFF) stays as it stands. Linear.
+/// Returns `text`, UTF-8, with the five named entities and the decimal and hexadecimal character references
+/// ("x" in either case) replaced by their characters. Replaced text is not unescaped again. A reference that
+/// is unknown, has no ";" or does not name a character (0, a surrogate, above U+10FFFF) is unchanged. Linear.
 std::string unescapeXmlEntities(std::string_view text);
 
-/// The text that `utf8`, which must be valid, stands for: unescaped. Never null.
+/// Returns the unescaped text of `utf8`; never null. Requires: valid UTF-8.
 Text textOfXml(std::string_view utf8);
 
-/// The text that `bytes` of a file stand for: decoded as UTF-8, each malformed part one U+FFFD, and then
-/// unescaped. Never null.
+/// Returns the unescaped text of `bytes`, decoded as UTF-8; never null. Each malformed part becomes one
+/// U+FFFD.
 Text textOfXmlBytes(std::string_view bytes);
 
 } // namespace tabulon
