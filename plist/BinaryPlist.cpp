@@ -14,7 +14,7 @@ namespace {
 constexpr std::string_view kMagic = "bplist00";
 constexpr std::size_t kTrailerSize = 32;
 
-/// A character below U+10000 in UTF-8.
+/// A character below U+10000 in UTF-8, at most three bytes.
 struct ShortUtf8 {
     std::array<char, 3> bytes;
     std::uint8_t length;
@@ -25,7 +25,7 @@ constexpr ShortUtf8 shortUtf8Of(std::uint32_t unit) {
     return {{bytes[0], bytes[1], bytes[2]}, size};
 }
 
-// Texts of most scripts change length at every blank, which a processor cannot foresee: a table needs no
+// In most scripts letters and blanks differ in length, which a processor cannot predict. A table avoids the
 // branch.
 constexpr auto kShortUtf8 = [] {
     std::array<ShortUtf8, 0x800> table{};
@@ -34,10 +34,11 @@ constexpr auto kShortUtf8 = [] {
     return table;
 }();
 
-// What the conversion from UTF-16 may write behind the text.
+// The number of bytes that the conversion from UTF-16 may write after the text.
 constexpr std::size_t kUtf8Slack = sizeof(ShortUtf8) - 1;
 
-// Writes at most three bytes a unit to `text`, and up to kUtf8Slack behind them, and gives their number.
+// Converts `units` units to UTF-8 and returns the size in bytes, at most three a unit. Requires: `text` has
+// room for this and for kUtf8Slack bytes more, which may be overwritten.
 std::size_t utf8FromBigEndianUtf16(const std::uint8_t* bytes, std::size_t units, char* text) {
     const auto unit = [bytes](std::size_t i) {
         std::uint16_t code = 0;
@@ -78,7 +79,7 @@ Text textFromBigEndianUtf16(const std::uint8_t* bytes, std::size_t units) {
     return Text(utf8);
 }
 
-// Whether the upper eight of sixteen bytes say nothing that the lower eight do not: zeros, or the sign.
+// Returns true if the upper eight of sixteen bytes are all zeros, or are the sign of the lower eight.
 bool fitsInto64Bits(const std::uint8_t* bytes) {
     const bool zeros = std::all_of(bytes, bytes + 8, [](std::uint8_t byte) { return byte == 0; });
     const bool sign = std::all_of(bytes, bytes + 8, [](std::uint8_t byte) { return byte == 0xFF; });
@@ -120,7 +121,7 @@ Result<BinaryPlist> BinaryPlist::open(std::string_view data) {
 }
 
 BinaryPlist::Object BinaryPlist::objectAt(std::uint64_t position, std::uint8_t marker) const {
-    // By the upper half of the marker. A table, since nobody can foresee which kind of text comes next.
+    // By the upper half of the marker. A table, because the kind of the next text is not predictable.
     static constexpr std::array<Kind, 16> kSized = {
         Kind::Damaged, Kind::Damaged,    Kind::Damaged, Kind::Damaged, Kind::Data,  Kind::Ascii,
         Kind::Utf16,   Kind::Utf8,       Kind::Damaged, Kind::Damaged, Kind::Array, Kind::Array,
@@ -129,7 +130,7 @@ BinaryPlist::Object BinaryPlist::objectAt(std::uint64_t position, std::uint8_t m
     return kind == Kind::Damaged ? number(position, marker) : sized(kind, position, marker);
 }
 
-// Everything that has its value behind the marker.
+// Returns an object whose value follows its marker or is in it: Null, Boolean, Integer, Real and Date.
 BinaryPlist::Object BinaryPlist::number(std::uint64_t position, std::uint8_t marker) const {
     const std::uint8_t* value = data_ + position + 1;
     const std::size_t nibble = marker & 0x0F;
@@ -161,7 +162,7 @@ BinaryPlist::Object BinaryPlist::number(std::uint64_t position, std::uint8_t mar
     }
 }
 
-// An object that begins with a count: in the marker, or as an integer object right behind it.
+// Returns an object with a count, which is in the marker or in an integer object after it.
 BinaryPlist::Object BinaryPlist::sized(Kind kind, std::uint64_t position, std::uint8_t marker) const {
     std::uint64_t count = marker & 0x0F;
     ++position;
@@ -174,7 +175,7 @@ BinaryPlist::Object BinaryPlist::sized(Kind kind, std::uint64_t position, std::u
         count = size.value();
         position += 1 + (std::uint64_t{1} << (data_[position] & 0x0F));
     }
-    // The first limit on the count keeps the product from overflowing.
+    // The limit on the count itself prevents an overflow of the product.
     if (position > tableOffset_ || count > tableOffset_ ||
         count * unitSizes_[static_cast<std::size_t>(kind)] > tableOffset_ - position)
         return {};

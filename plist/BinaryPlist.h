@@ -1,6 +1,6 @@
-// Reading access to the objects of a binary property list, without building a tree of them. What the objects
-// mean is the caller's business (ArchiveReader). The layout is the published one of version "bplist00"; see
-// docs/file-format.md.
+// Reading access to the objects of a binary property list, without building a tree of them. The meaning of
+// the objects is defined by the reader of the file (ArchiveReader). The layout is the published one of
+// version "bplist00"; see docs/file-format.md.
 #pragma once
 
 #include "base/Error.h"
@@ -16,46 +16,53 @@
 
 namespace tabulon {
 
-/// Looks at bytes that it does not own. Every access is checked: an object that lies outside the object area,
-/// reaches into the offset table or has an unknown marker comes back as Kind::Damaged, and nothing is read
-/// beyond the data.
+/// Refers to bytes that it does not own; they must outlive it and all objects from it. Every access is
+/// checked: an object that begins outside the object area, extends into the offset table or has an unknown
+/// marker is returned as Kind::Damaged, and no byte beyond the data is read. Constant time unless a function
+/// says otherwise. Safe for use by several threads at once.
 class BinaryPlist {
 public:
+    /// The kinds of objects.
     enum class Kind : std::uint8_t {
-        Damaged,
-        Null,
+        Damaged, ///< not an object, or not one inside the object area
+        Null,    ///< also an integer that does not fit into 64 bits
         Boolean,
         Integer,
         Real,
         Date,
         Data,
-        Ascii,
-        Utf16,
+        Ascii, ///< a text of one byte a character; bytes above 127 are possible in a damaged file
+        Utf16, ///< a text in UTF-16, high bytes first
         Utf8,
-        Uid,
+        Uid,   ///< the number of an object in an archive
         Array, ///< arrays and sets
         Dictionary,
     };
 
-    /// One object: its kind, and a number or a piece of the data. Two words, so that it travels in registers.
+    /// One object: its kind, and a number or a part of the data. Two words, so that it is passed in
+    /// registers.
     class Object {
     public:
-        constexpr Object() = default; ///< Damaged
+        constexpr Object() = default; ///< constructs Damaged
         constexpr explicit Object(Kind kind, std::uint64_t value = 0)
             : head_(static_cast<std::uint64_t>(kind)), value_(value) {}
         Object(Kind kind, double number) : Object(kind, std::bit_cast<std::uint64_t>(number)) {}
-        /// Requires a count that fits into the data, and so into 56 bits.
+        /// Requires: `count` units fit into the data, and so `count` fits into 56 bits.
         Object(Kind kind, std::uint64_t count, const std::uint8_t* bytes)
             : head_(static_cast<std::uint64_t>(kind) | count << 8), bytes_(bytes) {}
 
         Kind kind() const { return static_cast<Kind>(head_ & 0xFF); }
-        /// Boolean 0 or 1, Integer (64 bits, two's complement), Uid: the value.
+        /// Returns 0 or 1 of a Boolean, the 64 bits (two's complement) of an Integer, or the number of a Uid.
+        /// Requires: one of these kinds.
         std::uint64_t value() const { return value_; }
-        /// Real: the number. Date: seconds since 2001-01-01 00:00 UTC.
+        /// Returns the number of a Real, or the seconds since 2001-01-01 00:00 UTC of a Date. Requires: one
+        /// of these kinds.
         double real() const { return std::bit_cast<double>(value_); }
-        /// Texts and Data: units (bytes, or 2-byte units for Utf16). Array: elements. Dictionary: pairs.
+        /// Returns the number of bytes of Ascii, Utf8 and Data, of 2-byte units of Utf16, of elements of an
+        /// Array, or of pairs of a Dictionary; 0 for the other kinds.
         std::uint64_t count() const { return head_ >> 8; }
-        /// The text's or data's bytes, or the references of a container (keys first, then values).
+        /// Returns the bytes of a text or of Data, or the references of a container: of a Dictionary all keys
+        /// and then all values. Requires: one of these kinds.
         const std::uint8_t* bytes() const { return bytes_; }
 
     private:
@@ -66,37 +73,42 @@ public:
         };
     };
 
-    /// Checks magic, trailer and tables. Fails with a sentence when this is not a whole binary property list.
+    /// Returns access to `data`, after a check of magic, trailer and table sizes. The objects are not
+    /// checked. Fails with a sentence, without a code, if this is not a whole binary property list of a known
+    /// version.
     static Result<BinaryPlist> open(std::string_view data);
 
+    /// Returns the number of objects.
     std::uint64_t objectCount() const { return objectCount_; }
+    /// Returns the number of the top object, which is below `objectCount`.
     std::uint64_t topObject() const { return topObject_; }
+    /// Returns the size of a reference in bytes, 1 to 8.
     std::size_t referenceSize() const { return referenceSize_; }
 
-    /// Object number `id`; Damaged when the number is out of range.
+    /// Returns object number `id`, or Damaged if the number is out of range or the object does not fit.
     Object object(std::uint64_t id) const {
         const std::uint8_t* const bytes = objectBytes(id);
         if (!bytes)
             return {};
         const auto position = static_cast<std::uint64_t>(bytes - data_);
         const std::uint8_t marker = *bytes;
-        // References are half of an archive: they go straight through.
+        // Half of the objects of an archive are uids, so they are decoded first.
         if ((marker & 0xF8) == 0x80 && fits(position + 1, (marker & 7) + 1))
             return Object(Kind::Uid, bigEndian(data_ + position + 1, (marker & 7) + 1));
         return objectAt(position, marker);
     }
 
-    /// Reference number `index` of a container: an object number, not yet checked. Requires an index below
-    /// the count of an Array, or below twice the count of a Dictionary.
+    /// Returns reference number `index` of a container. It is an object number, which may be out of range.
+    /// Requires: `index` is below the count of an Array, or below twice the count of a Dictionary.
     std::uint64_t reference(Object container, std::uint64_t index) const {
         return word(container.bytes() + index * referenceSize_) >> referenceShift_;
     }
 
-    // Quick looks at the objects that documents are full of: short texts, and dates, which are dictionaries
-    // of a few pairs with a number. Each gives Damaged, or nothing, for everything that `object` has to look
-    // at.
+    // Fast forms of `object` for the most frequent objects of documents: short texts, and dates, which are
+    // dictionaries of a few pairs with a number. Where one returns Damaged or `nullopt`, the caller must ask
+    // `object`.
 
-    /// A text in ASCII or UTF-16 of fewer than 256 units.
+    /// Returns a text in ASCII or UTF-16 of fewer than 256 units, or Damaged for every other object.
     Object shortText(std::uint64_t id) const {
         const std::uint8_t* const at = objectBytes(id);
         const unsigned high = at ? *at & 0xF0U : 0;
@@ -112,7 +124,7 @@ public:
         return Object(high == 0x60 ? Kind::Utf16 : Kind::Ascii, count, units);
     }
 
-    /// A dictionary of fewer than 15 pairs.
+    /// Returns a dictionary of fewer than 15 pairs, or Damaged for every other object.
     Object shortDictionary(std::uint64_t id) const {
         const std::uint8_t* const at = objectBytes(id);
         const std::uint64_t count = at ? *at & 0x0FU : 0;
@@ -122,7 +134,7 @@ public:
         return Object(Kind::Dictionary, count, at + 1);
     }
 
-    /// The number of a Real of eight bytes.
+    /// Returns the number of a Real of eight bytes, or `nullopt` for every other object.
     std::optional<double> longReal(std::uint64_t id) const {
         const std::uint8_t* const at = objectBytes(id);
         if (!at || *at != 0x23 || !fits(static_cast<std::uint64_t>(at + 1 - data_), 8))
@@ -130,7 +142,8 @@ public:
         return std::bit_cast<double>(word(at + 1));
     }
 
-    /// Whether two containers have the same references in their first `count` places.
+    /// Returns true if the first `count` references of two containers are equal. Linear in `count`. Requires:
+    /// both have at least `count` references.
     bool sameReferences(Object a, Object b, std::uint64_t count) const {
         const std::uint64_t size = count * referenceSize_;
         if (size == 0)
@@ -140,38 +153,43 @@ public:
         return std::memcmp(a.bytes(), b.bytes(), size) == 0;
     }
 
-    /// Where the references of a container begin, in bytes from the begin of the file.
+    /// Returns the position of a container's first reference, in bytes from the beginning of the data.
+    /// Requires: an Array or a Dictionary.
     std::size_t positionOf(Object container) const {
         return static_cast<std::size_t>(container.bytes() - data_);
     }
-    /// Whether another object begins inside the text with this number or where it does, or the text inside
-    /// another one: no writer lays texts over one another. Linear in the number of objects. Requires the
-    /// number of a text.
+    /// Returns true if another object begins where text `id` begins or inside it, or if the nearest object
+    /// that begins before it is a text that extends into it. No writer stores texts that overlap, so this
+    /// shows damage. Linear in the number of objects. Requires: `id` is the number of a text.
     bool isOverlapped(std::uint64_t id) const;
-    /// Where an object begins, in bytes from the begin of the file; 0 when there is none.
+    /// Returns the position of object `id`, in bytes from the beginning of the data, or 0 if the number is
+    /// out of range or the object does not begin in the object area.
     std::size_t beginOf(std::uint64_t id) const {
         const std::uint8_t* const bytes = objectBytes(id);
         return bytes ? static_cast<std::size_t>(bytes - data_) : 0;
     }
-    /// Where the objects end and the offset table begins.
+    /// Returns the position in bytes at which the objects end and the offset table begins.
     std::size_t endOfObjects() const { return tableOffset_; }
-    /// The bytes that a container's references occupy.
+    /// Returns the size in bytes of all references of a container. Requires: an Array or a Dictionary.
     std::uint64_t referenceBytes(Object container) const {
         return container.count() * referenceSize_ * (container.kind() == Kind::Dictionary ? 2 : 1);
     }
 
+    /// Returns true for Ascii, Utf16 and Utf8.
     static bool isText(Object object) {
         return object.kind() == Kind::Ascii || object.kind() == Kind::Utf16 || object.kind() == Kind::Utf8;
     }
-    /// Requires a text object, or data that holds UTF-8. Malformed parts become U+FFFD.
+    /// Returns the text of a text object, or the content of Data as UTF-8; never null. Malformed parts become
+    /// U+FFFD. Linear in the size of the text. Requires: a text or Data.
     static Text text(Object object);
-    /// True when the object is a text of exactly these ASCII characters.
+    /// Returns true if the object is a text of exactly these ASCII characters; false for every other kind.
     static bool textEquals(Object object, std::string_view ascii);
 
 private:
     static constexpr std::size_t kHeaderSize = 8;
 
-    /// Where the object begins; null when the number is out of range.
+    /// Returns the address of the object's marker, or nullptr if the number is out of range or the object
+    /// does not begin in the object area.
     const std::uint8_t* objectBytes(std::uint64_t id) const {
         if (id >= objectCount_)
             return nullptr;
@@ -179,7 +197,8 @@ private:
         return position < kHeaderSize || position >= tableOffset_ ? nullptr : data_ + position;
     }
     Object objectAt(std::uint64_t position, std::uint8_t marker) const;
-    // The first of the eight bytes a word reads are the number; the trailer keeps the rest inside the data.
+    // A word reads eight bytes, of which the first ones are the number. The others are inside the data,
+    // because the trailer follows.
     static unsigned shiftFor(std::size_t width) { return static_cast<unsigned>(64 - 8 * width); }
     static std::uint64_t bigEndian(const std::uint8_t* bytes, std::size_t width) {
         return word(bytes) >> shiftFor(width);
@@ -206,7 +225,7 @@ private:
     std::size_t referenceSize_ = 0;
     unsigned offsetShift_ = 0;
     unsigned referenceShift_ = 0;
-    std::array<std::uint8_t, 16> unitSizes_{}; // by kind: the bytes of one unit, element or pair
+    std::array<std::uint8_t, 16> unitSizes_{}; // by kind: the size in bytes of one unit, element or pair
 };
 
 } // namespace tabulon

@@ -11,7 +11,7 @@
 namespace tabulon {
 namespace {
 
-// The widths that writers of the format use: 1, 2, 4 or 8 bytes.
+// Returns the size of a number in bytes: 1, 2, 4 or 8, as other writers of the format use them.
 std::size_t widthFor(std::uint64_t value) {
     if (value <= 0xFF)
         return 1;
@@ -24,7 +24,7 @@ std::uint8_t logarithm(std::size_t width) {
     return static_cast<std::uint8_t>(std::countr_zero(width));
 }
 
-// Puts UTF-8 as UTF-16, high bytes first, where there is room for two bytes for each one; gives the end.
+// Writes UTF-8 as UTF-16, high bytes first, and returns the end. Requires: room for two bytes for each byte.
 char* putUtf16(std::string_view utf8, char* out) {
     const auto put = [&out](std::uint32_t unit) {
         *out++ = static_cast<char>(unit >> 8);
@@ -53,7 +53,8 @@ PlistWriter::PlistWriter(std::uint64_t mostObjects, std::size_t bytes)
     bytes_ = "bplist00";
 }
 
-// Puts a big-endian number; writes eight bytes whatever its width, and gives its end.
+// Writes the low `width` bytes of a number, high bytes first, and returns their end. Requires: room for eight
+// bytes, all of which are overwritten.
 char* PlistWriter::put(char* at, std::uint64_t value, std::size_t width) {
     std::uint64_t word = value << (64 - 8 * width);
     if constexpr (std::endian::native == std::endian::little)
@@ -62,8 +63,8 @@ char* PlistWriter::put(char* at, std::uint64_t value, std::size_t width) {
     return at + width;
 }
 
-// Room for so many bytes in the block, which goes to the file when it is full: appending each object to the
-// file by itself would take most of a save.
+// Returns room for `size` bytes in the block, which is appended to the file when it is full. Appending each
+// object by itself would take most of the time of a save.
 char* PlistWriter::room(std::size_t size) {
     if (block_.size() - used_ < size)
         flush();
@@ -116,7 +117,7 @@ void PlistWriter::appendMarker(std::uint8_t kind, std::uint64_t count) {
     endAt(put(at, count, width));
 }
 
-// A marker byte and the number behind it.
+// Writes an object of a marker byte and a number after it.
 std::uint64_t PlistWriter::writeNumber(std::uint8_t marker, std::uint64_t value, std::size_t width) {
     const std::uint64_t id = begin();
     char* at = room(9);

@@ -1,5 +1,5 @@
-// The byte layout of a binary property list, object by object. The caller decides what objects there are and
-// refers to them by number; docs/file-format.md gives the layout.
+// Writing of a binary property list, object by object. The caller decides which objects there are and refers
+// to them by number. docs/file-format.md describes the layout.
 #pragma once
 
 #include <array>
@@ -12,30 +12,38 @@
 
 namespace tabulon {
 
-/// Appends objects to a growing file. Each `write…` gives the number of the object it wrote; numbers count
-/// from 0.
+/// Appends objects to a file in memory. Each `write…` returns the number of the object that it has written.
+/// The numbers are consecutive from 0. Nothing is shared: equal values that are written twice are two
+/// objects. Throws std::bad_alloc when memory is exhausted.
 class PlistWriter {
 public:
-    /// `mostObjects` is an upper bound for the number of objects, `bytes` a guess of the file's size.
+    /// `mostObjects` determines the size of references; memory for so many offsets is reserved. `bytes` is an
+    /// estimate of the file's size. Requires: no more than `mostObjects` objects will be written.
     PlistWriter(std::uint64_t mostObjects, std::size_t bytes);
 
     std::uint64_t writeNull();
     std::uint64_t writeBoolean(bool value);
+    /// Writes an integer of 1, 2, 4 or 8 bytes; a negative one has 8 bytes.
     std::uint64_t writeInteger(std::int64_t value);
+    /// Writes a real number of eight bytes.
     std::uint64_t writeReal(double value);
-    /// `seconds` since 2001-01-01 00:00 UTC.
+    /// Writes a date, in seconds since 2001-01-01 00:00 UTC.
     std::uint64_t writeDate(double seconds);
     std::uint64_t writeData(std::string_view bytes);
-    /// UTF-8 in; ASCII or UTF-16 in the file. What is not UTF-8 becomes U+FFFD.
+    /// Writes a UTF-8 text as ASCII, or as UTF-16 if it contains other characters. Malformed parts become
+    /// U+FFFD.
     std::uint64_t writeText(std::string_view utf8);
     std::uint64_t writeUid(std::uint64_t value);
-    /// Elements by number; they may be written later.
+    /// Writes an array of the objects with these numbers, which may be written later.
     std::uint64_t writeArray(const std::vector<std::uint64_t>& elements);
-    /// `count` elements with consecutive numbers from `first`.
+    /// Writes an array of `count` objects with consecutive numbers from `first` on, which may be written
+    /// later.
     std::uint64_t writeArrayOfConsecutive(std::uint64_t first, std::uint64_t count);
-    /// The keys of dictionaries that come often, laid out once. Made by the writer that it is used with.
+    /// The keys of a dictionary as bytes, prepared once for many dictionaries. Used only with the writer that
+    /// made it.
     class Keys {
     public:
+        /// Returns the number of keys.
         std::size_t count() const { return count_; }
 
     private:
@@ -43,23 +51,29 @@ public:
         std::string bytes_;
         std::size_t count_ = 0;
     };
+    /// Returns the keys with these object numbers, prepared for `writeDictionary`.
     Keys layOutKeys(std::initializer_list<std::uint64_t> keys) const {
         return layOutKeys(keys.begin(), keys.size());
     }
+    /// Returns the `count` keys with the object numbers at `keys`. `keys` may be nullptr if `count` is 0.
     Keys layOutKeys(const std::uint64_t* keys, std::size_t count) const;
-    /// As many values, by number, as there are keys.
+    /// Writes a dictionary of `keys` and the objects with the numbers `values`, which may be written later.
+    /// Requires: as many values as keys.
     std::uint64_t writeDictionary(const Keys& keys, std::initializer_list<std::uint64_t> values) {
         return writeDictionary(keys, values.begin());
     }
     std::uint64_t writeDictionary(const Keys& keys, const std::uint64_t* values);
 
+    /// Returns the number of objects written.
     std::uint64_t objectCount() const { return offsets_.size(); }
 
-    /// Appends the offset table and the trailer and gives the whole file. The writer is used up.
+    /// Appends the offset table and the trailer, and returns the whole file. The writer must not be used
+    /// afterwards. Requires: `topObject` and all numbers in containers are numbers of objects that were
+    /// written.
     std::string finish(std::uint64_t topObject);
 
 private:
-    static constexpr std::size_t kSmall = 1024; // texts up to here go by the block
+    static constexpr std::size_t kSmall = 1024; // bytes of the longest text that is written through the block
 
     std::uint64_t begin() {
         offsets_.push_back(bytes_.size() + used_);
@@ -78,9 +92,9 @@ private:
     std::uint64_t writeNumber(std::uint8_t marker, std::uint64_t value, std::size_t width);
 
     std::string bytes_;
-    std::array<char, 8 * kSmall> block_; // what comes after them
-    std::size_t used_ = 0;               // of the block
-    std::string units_;                  // of the text that is being written; its memory is kept
+    std::array<char, 8 * kSmall> block_; // the end of the file, not yet in `bytes_`
+    std::size_t used_ = 0;               // bytes of the block
+    std::string units_;                  // buffer for UTF-16, reused for each text
     std::vector<std::uint64_t> offsets_;
     std::size_t referenceSize_;
 };

@@ -1,4 +1,5 @@
-// A property list of either form, binary or XML, behind one reading access.
+// Reading of a property list in either form, binary or XML. The forms themselves are in BinaryPlist.h and
+// XmlPlist.h.
 #pragma once
 
 #include "base/Error.h"
@@ -12,31 +13,35 @@
 
 namespace tabulon {
 
-/// Holds the binary form itself where the file has the other one.
+/// Refers to the bytes of a binary file, or owns the binary form of an XML file. Movable, not copyable.
 class PropertyList {
 public:
     using Object = BinaryPlist::Object;
     using Kind = BinaryPlist::Kind;
 
-    /// `data` must outlive the list. Fails with a sentence for what is neither form or damaged. `progress`,
-    /// which may be null, is told how far the XML form is read.
+    /// Opens the property list in `data`, which must outlive it. Fails with a sentence, without a code, if
+    /// `data` is neither form or is damaged. `progress` may be nullptr; it is used for the XML form only.
+    /// Fails with `cancelledByUser` if the user cancels.
     static Result<PropertyList> open(std::string_view data, Progress* progress = nullptr);
 
+    /// Returns the binary form, valid as long as this object.
     const BinaryPlist& binary() const { return plist_; }
-    /// Whether the file is of the XML form, which shows damage by itself: its lists and texts are whole.
+    /// Returns true if the file has the XML form. A file of this form that could be opened has whole
+    /// containers and texts, because the parser detects other damage.
     bool isXml() const { return converted_ != nullptr; }
-    /// The bytes of the binary form.
+    /// Returns the size of the binary form in bytes.
     std::size_t size() const { return size_; }
+    /// Returns the top object; it may be Damaged.
     Object top() const { return plist_.object(plist_.topObject()); }
 
-    /// The (last) value under a key of ASCII characters; Damaged where there is none or `dictionary` is no
-    /// dictionary. Linear in the size of the dictionary.
+    /// Returns the value of `key`, the last one if the key is repeated. Returns Damaged if there is none or
+    /// if `dictionary` is no dictionary. Linear in the size of the dictionary. Requires: `key` is ASCII.
     Object value(Object dictionary, std::string_view key) const;
-    /// Element `index` of an Array, below its count.
+    /// Returns element `index` of an Array; it may be Damaged. Requires: `index` is below the count.
     Object element(Object array, std::uint64_t index) const {
         return plist_.object(plist_.reference(array, index));
     }
-    /// The text under a key, null for anything else.
+    /// Returns the text of `key`, or null if there is no value or it is no text. Linear like `value`.
     Text text(Object dictionary, std::string_view key) const;
 
 private:
@@ -44,10 +49,12 @@ private:
 
     BinaryPlist plist_;
     std::size_t size_ = 0;
-    std::unique_ptr<const std::string> converted_; // what `plist_` looks into, unless that is the file
+    std::unique_ptr<const std::string> converted_; // the binary form of an XML file, else nullptr
 };
 
-/// True when data begins as XML does, in any of its encodings.
+/// Returns true if `data` begins with a byte-order mark that `byteOrderMarkOf` knows, or with "<" after
+/// optional white space. So it recognises XML in UTF-8 and little-endian UTF-16 and UTF-32, in big-endian
+/// UTF-16 with a byte-order mark, and in encodings that contain ASCII.
 bool looksLikeXml(std::string_view data);
 
 } // namespace tabulon

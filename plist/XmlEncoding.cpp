@@ -13,7 +13,8 @@ namespace {
 
 constexpr std::size_t kMostConvertedBytes = std::size_t{1} << 30;
 
-// The encoding that the declaration of an ASCII-compatible file names; empty where it names none.
+// Returns the encoding in the XML declaration of a file whose encoding contains ASCII; empty if there is
+// none.
 std::string declaredEncoding(std::string_view xml) {
     constexpr std::string_view kKey = "encoding";
     if (!xml.starts_with("<?xml"))
@@ -30,7 +31,8 @@ std::string declaredEncoding(std::string_view xml) {
                                          : std::string(declaration.substr(at + 1, end - at - 1));
 }
 
-// What the parser reads by itself; the first three as what the bytes show them to be.
+// Returns true for the encodings that the parser knows. For those of Unicode it goes by the bytes of the
+// file, not by the name.
 bool parserReads(const std::string& encoding) {
     static constexpr std::array<std::string_view, 7> kNames = {"utf-8", "utf-16",     "utf-32", "us-ascii",
                                                                "ascii", "iso-8859-1", "latin1"};

@@ -14,7 +14,7 @@
 namespace tabulon {
 namespace {
 
-// The text of an element: its character data and CDATA sections joined.
+// Returns the text of an element: its character data and CDATA sections, joined.
 std::string textOf(const pugi::xml_node& element) {
     std::string text;
     for (const pugi::xml_node& part : element.children())
@@ -59,7 +59,7 @@ std::optional<double> realFrom(std::string_view text) {
     return value;
 }
 
-// "2026-11-21T10:30:00Z", whole seconds, as the format has it.
+// Parses "2026-11-21T10:30:00Z", the only form of dates in the format, in whole seconds.
 std::optional<double> dateFrom(std::string_view text) {
     text = trimmed(text);
     int fields[6] = {};
@@ -140,8 +140,8 @@ private:
     std::vector<Container> open_;
 };
 
-// An element that is about to be converted is a container that stays open, or one object at once. One on top
-// is the last object.
+// Opens a container, or writes any other element as one object and adds it to the open container. Returns
+// false for an element that is not part of the format. Without an open container the object is the top one.
 bool Converter::begin(const pugi::xml_node& element) {
     const std::string_view name = element.name();
     const bool isDictionary = name == "dict";
@@ -171,7 +171,8 @@ std::optional<std::uint64_t> Converter::uid(const pugi::xml_node& dictionary) {
     return plist_.writeUid(static_cast<std::uint64_t>(*number));
 }
 
-// A number that cannot be read becomes null, a value of the wrong kind: what reads the list decides about it.
+// Writes a number or a date. One that cannot be parsed becomes Null: the reader of the list decides whether a
+// value of the wrong kind is an error.
 std::uint64_t Converter::number(std::string_view name, const std::string& text) {
     if (name == "integer") {
         const auto value = integerFrom(text);

@@ -1,4 +1,4 @@
-// The XML form of a property list → its binary form, so that one reader serves both.
+// Conversion of the XML form of a property list to its binary form, so that one reader is used for both.
 #pragma once
 
 #include "base/Error.h"
@@ -9,11 +9,14 @@
 
 namespace tabulon {
 
-/// The same objects as a binary property list for BinaryPlist. A dictionary of the one key "CF$UID" becomes a
-/// uid, as archives in XML have it. Encodings by byte-order mark or declaration as XML has them; entities
-/// other than XML's own are not expanded. Fails with a sentence for what is not well-formed or not a property
-/// list. Linear, not recursive.
-/// `progress` may be null.
+/// Returns the objects of `xml`, an XML property list, as a binary property list.
+///
+/// The encoding is determined as in `xmlForParser`. Entities other than the five of XML are not expanded. A
+/// dictionary whose only key is "CF$UID", with an integer that is not negative, becomes a uid, which is the
+/// form of uids in XML archives. A number or date that cannot be parsed becomes Null.
+///
+/// Fails with a sentence if `xml` is not well-formed or is no property list. `progress` may be nullptr; fails
+/// with `cancelledByUser` if the user cancels. Linear; not recursive in the conversion.
 Result<std::string> binaryPlistFromXml(std::string_view xml, Progress* progress = nullptr);
 
 } // namespace tabulon
