@@ -25,7 +25,7 @@ std::vector<std::string_view> partsOf(std::string_view host) {
     return parts;
 }
 
-// A number in base 8, 10 or 16; the largest where it is larger.
+// Returns a number in base 8, 10 or 16, or `nullopt`. A number above 64 bits becomes UINT64_MAX.
 std::optional<std::uint64_t> numberOf(std::string_view part) {
     if (part.empty())
         return std::nullopt;
@@ -46,7 +46,7 @@ std::optional<std::uint64_t> numberOf(std::string_view part) {
     return error == std::errc::result_out_of_range ? UINT64_MAX : number;
 }
 
-// The eight numbers of a version 6 address while they are read.
+// Parses the eight numbers ("pieces") of an IPv6 address.
 class PieceReader {
 public:
     explicit PieceReader(std::string_view text) : text_(text) {}
@@ -90,7 +90,7 @@ private:
         return true;
     }
 
-    // The last two numbers in the form of version 4: four decimal numbers without leading zeros.
+    // Parses the last two pieces in IPv4 form: four decimal numbers without leading zeros.
     bool readIPv4() {
         for (int part = 0; part < 4; ++part) {
             if (part > 0) {
@@ -112,13 +112,13 @@ private:
         return text_.empty();
     }
 
-    // "::" stands for one piece at the least.
+    // "::" replaces at least one piece.
     std::size_t used() const { return count_ + (gap_ == npos ? 0 : 1); }
 
     std::string_view text_;
     std::array<std::uint16_t, 8> pieces_{};
     std::size_t count_ = 0;
-    std::size_t gap_ = npos; // where "::" stood
+    std::size_t gap_ = npos; // the number of pieces before "::"
 };
 
 struct Run {
@@ -126,7 +126,7 @@ struct Run {
     std::size_t length = 0;
 };
 
-// The first of the longest runs of zeros.
+// Returns the first of the longest runs of zeros, or an empty run if none is longer than one.
 Run longestZeros(const std::array<std::uint16_t, 8>& pieces) {
     Run longest;
     Run run;

@@ -1,4 +1,4 @@
-// Hosts that are numbers, in all the ways that they can be written.
+// IP addresses as hosts, in all forms that the URL standard accepts. Host names are in UrlHost.h.
 #pragma once
 
 #include <optional>
@@ -7,13 +7,17 @@
 
 namespace tabulon::url {
 
-/// Whether a name ends in a number, so that it has to be an address of version 4.
+/// Returns true if the last label of `host` is a decimal, octal or hexadecimal number. The host is then
+/// either an IPv4 address or invalid. A dot at the end is ignored.
 bool endsInNumber(std::string_view host);
 
-/// "192.168.0.1" for that and for "0xC0.0250.1" and the like; nothing for what is none.
+/// Returns the IPv4 address of `host` in decimal form, such as "192.168.0.1", or `nullopt` if it is none.
+/// Accepts one to four numbers in decimal, octal ("0250") or hexadecimal ("0xC0") form; the last one fills
+/// the remaining bytes.
 std::optional<std::string> parseIPv4(std::string_view host);
 
-/// What stands between the brackets, in its shortest form; nothing for what is none.
+/// Returns the IPv6 address of `text` in its shortest form, with small letters, or `nullopt` if it is none.
+/// `text` and the result are without brackets.
 std::optional<std::string> parseIPv6(std::string_view text);
 
 } // namespace tabulon::url

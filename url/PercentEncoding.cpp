@@ -35,7 +35,7 @@ struct CloseConverter {
     void operator()(UConverter* converter) const { ucnv_close(converter); }
 };
 
-// Nothing where the encoding does not have the character.
+// Returns the character in the converter's encoding, or an empty text if the encoding does not contain it.
 std::string encoded(UConverter& converter, char32_t character) {
     std::array<UChar, 2> units{};
     std::int32_t length = 0;

@@ -16,7 +16,7 @@ std::string Url::text() const {
         if (port)
             text += ':' + std::to_string(*port);
     } else if (!isOpaque && path.starts_with("//")) {
-        text += "/."; // else the path would look like a host
+        text += "/."; // otherwise the path would be parsed as a host
     }
     text += path;
     if (query)

@@ -1,5 +1,5 @@
-// Addresses after the WHATWG's URL standard: a text → its parts → the text that browsers show and follow.
-// Nothing is fetched, and nothing is known here of pages and bookmarks.
+// Parsing and serialising of addresses by the WHATWG's URL standard. This folder does not access the network
+// and does not depend on pages or bookmarks.
 #pragma once
 
 #include <cstdint>
@@ -9,39 +9,43 @@
 
 namespace tabulon::url {
 
-/// An address in its parts, each already escaped as it is written.
+/// The parts of an address. Each is percent-encoded as in the address and therefore ASCII.
 struct Url {
     /// In lower case, without the colon.
     std::string scheme;
     std::string username;
     std::string password;
-    /// Absent where the address names no host; may be empty ("file:///").
+    /// `nullopt` if the address has no host. Empty in "file:///". An IPv6 address has its brackets.
     std::optional<std::string> host;
-    /// Absent where it is the scheme's own.
+    /// `nullopt` if the port is absent or is the scheme's default.
     std::optional<std::uint16_t> port;
-    /// Empty, or each segment with a slash in front; of an opaque path, what stands behind the colon.
+    /// Empty, or all segments with a slash before each. An opaque path is the text after the scheme's colon.
     std::string path;
-    /// Whether the path has no segments ("mailto:someone").
+    /// True if the path is a text without segments ("mailto:someone").
     bool isOpaque = false;
-    /// Without "?" and "#".
+    /// Without its "?"; `nullopt` if absent, which differs from empty.
     std::optional<std::string> query;
+    /// Without its "#"; `nullopt` if absent, which differs from empty.
     std::optional<std::string> fragment;
 
-    /// The whole address.
+    /// Returns the whole address.
     std::string text() const;
 };
 
-/// Parses `input`, UTF-8, which counts from `base` where it is relative. White space around it, and tabs and
-/// line ends within, do not count. Nothing comes back for what is no address, or is relative without a base
-/// that it could count from.
+/// Returns the parts of `input`, resolved against `base` if it is relative. Returns `nullopt` if `input` is
+/// no valid address, or is relative and there is no base against which it can be resolved. Linear.
 ///
-/// `queryEncoding` is ICU's name of the encoding that the query of an address of the web is written in, empty
-/// for UTF-8: forms of pages in that encoding expect it.
+/// `input` is UTF-8. White space and control characters at both ends, and tabs and line ends inside, are
+/// removed. `base` may be nullptr.
+///
+/// `queryEncoding` is the ICU name of the encoding for the query of http, https, ftp and file addresses;
+/// empty for UTF-8. Servers expect the encoding of the page that contains the address. With an encoding,
+/// `input` must be well-formed UTF-8.
 std::optional<Url> parse(std::string_view input, const Url* base = nullptr,
                          std::string_view queryEncoding = {});
 
-/// Whether the standard gives addresses of the scheme (in lower case) a host and a path in any case: http,
-/// https, ws, wss, ftp, file.
+/// Returns true for the schemes that the standard calls special: http, https, ws, wss, ftp and file. Their
+/// addresses always have a host and a path. Requires: `scheme` is in lower case, without the colon.
 bool isSpecial(std::string_view scheme);
 
 } // namespace tabulon::url

@@ -27,7 +27,7 @@ struct CloseIdna {
     void operator()(UIDNA* idna) const { uidna_close(idna); }
 };
 
-// What the standard does not mind.
+// The errors of IDNA that the URL standard ignores.
 constexpr std::uint32_t kToleratedErrors = UIDNA_ERROR_EMPTY_LABEL | UIDNA_ERROR_LABEL_TOO_LONG |
                                            UIDNA_ERROR_DOMAIN_NAME_TOO_LONG | UIDNA_ERROR_LEADING_HYPHEN |
                                            UIDNA_ERROR_TRAILING_HYPHEN | UIDNA_ERROR_HYPHEN_3_4;
@@ -57,7 +57,7 @@ std::optional<std::string> asciiByIdna(const std::string& domain) {
 }
 
 std::optional<std::string> asciiOf(const std::string& domain) {
-    // A name of the DNS has 253 characters; far longer ones would keep ICU busy for long.
+    // A DNS name has at most 253 characters. ICU takes very long for names that are far longer.
     constexpr std::size_t kLongest = std::size_t{16} << 10;
     if (isAscii(domain))
         return ascii::lowered(domain);

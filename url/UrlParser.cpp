@@ -32,7 +32,7 @@ bool beginsWithDriveLetter(std::string_view text) {
            (text.size() == 2 || std::string_view("/\\?#").find(text[2]) != npos);
 }
 
-// "/C:" and nothing else.
+// Returns true if the whole path is a drive letter, such as "/C:".
 bool isDrivePath(std::string_view path) {
     return path.size() == 3 && path[2] == ':' && isDriveLetter(path.substr(1));
 }
@@ -242,7 +242,7 @@ void UrlParser::pathStart(std::string_view rest) {
         queryAndFragment(rest);
 }
 
-// Begins behind the slash of the first segment.
+// Parses a path without the slash of its first segment.
 void UrlParser::path(std::string_view rest) {
     const std::size_t end = std::min(rest.find_first_of("?#"), rest.size());
     std::string_view segments = rest.substr(0, end);

@@ -1,18 +1,21 @@
-// The parsing of one address. The states of the standard are one function each; Url.h is what others use.
+// The parser of one address, with one function for each state of the standard. Other folders use Url.h.
 #pragma once
 
 #include "url/Url.h"
 
 namespace tabulon::url {
 
+/// Parses one address and is not used again.
 class UrlParser {
 public:
+    /// `queryEncoding` is that of `url::parse` and must outlive the parser.
     explicit UrlParser(std::string_view queryEncoding) : queryEncoding_(queryEncoding) {}
 
+    /// Returns the result of `url::parse`. Requires: the first call on this object.
     std::optional<Url> parse(std::string_view input, const Url* base);
 
 private:
-    // Each takes what is left of the input and gives whether it is an address.
+    // Each parses the rest of the input into `url_` and returns false if the address is invalid.
     bool withoutScheme(std::string_view rest, const Url* base);
     bool behindScheme(std::string_view rest, const Url* base);
     bool relative(std::string_view rest, const Url& base);
