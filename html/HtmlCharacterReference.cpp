@@ -11,8 +11,8 @@
 namespace tabulon::html {
 namespace {
 
-// What the numbers from 0x80 to 0x9F stand for: they are taken for windows-1252. 0 where they stand for
-// themselves.
+// The characters of the numbers 0x80 to 0x9F, which the standard decodes as windows-1252. 0 where that
+// encoding has no character, and the number is used itself.
 constexpr std::array<char16_t, 32> kWindows1252 = {
     0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
@@ -27,7 +27,7 @@ char32_t characterNumbered(std::uint32_t number) {
 }
 
 std::size_t readNumber(std::string_view source, std::string& text) {
-    std::size_t end = 2; // behind "&#"
+    std::size_t end = 2; // after "&#"
     const bool isHex = end < source.size() && (source[end] == 'x' || source[end] == 'X');
     const std::uint32_t base = isHex ? 16 : 10;
     const std::size_t begin = end += isHex;

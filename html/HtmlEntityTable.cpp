@@ -4,7 +4,7 @@ namespace tabulon::html {
 namespace {
 
 constexpr Entity kEntities[] = {
-#include "HtmlEntities.inc" // made of entities.txt
+#include "HtmlEntities.inc" // generated from entities.txt
 };
 
 } // namespace

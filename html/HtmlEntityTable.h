@@ -1,4 +1,5 @@
-// The named character references of HTML, as entities.txt lists them. HtmlCharacterReference.h decodes them.
+// The table of the named character references of HTML, generated from entities.txt. Decoding is in
+// HtmlCharacterReference.h.
 #pragma once
 
 #include <span>
@@ -6,17 +7,18 @@
 
 namespace tabulon::html {
 
+/// A named character reference of one or two characters.
 struct Entity {
     /// Without "&" and ";".
     std::string_view name;
     char32_t first;
     /// 0 for a reference to one character.
     char32_t second;
-    /// Whether the name counts without the semicolon too. No such name is longer than six bytes.
+    /// True if the name is also valid without the semicolon. Such a name has at most six bytes.
     bool isSemicolonOptional;
 };
 
-/// Returns all entities, sorted by the bytes of their names.
+/// Returns all entities, sorted by the bytes of their names. Valid as long as the program runs.
 std::span<const Entity> entities();
 
 } // namespace tabulon::html

@@ -1,5 +1,5 @@
-// The list of formatting elements (a, b, font …) that a page has opened and not ended: they are opened again
-// where another end tag closed them.
+// The standard's list of active formatting elements (a, b, font …): those that a page has opened and not
+// ended. The tree builder opens them again after another end tag has closed them.
 #pragma once
 
 #include "html/HtmlNode.h"
@@ -10,14 +10,18 @@
 
 namespace tabulon::html {
 
+/// A list of nodes that it does not own, and of markers. Searches are linear; `takeSteps` returns their cost,
+/// which the tree builder limits.
 class FormattingElements {
 public:
+    /// The index that a search returns if it finds no element.
     static constexpr std::size_t npos = static_cast<std::size_t>(-1);
 
     struct Entry {
-        /// Null for a marker: the border of a cell or an object, which nothing reaches across.
+        /// nullptr for a marker, the beginning of a cell, caption, object or template. Formatting does not
+        /// continue across it.
         Node* node = nullptr;
-        /// Equal for elements of equal attributes.
+        /// The `hashOf` of the element's attributes, which is equal for equal attributes.
         std::size_t attributes = 0;
     };
 
@@ -26,17 +30,21 @@ public:
     Entry& operator[](std::size_t index) { return entries_[index]; }
 
     void addMarker() { entries_.emplace_back(); }
+    /// Removes the entries after the last marker, and the marker. Without a marker, removes all entries.
     void clearToMarker();
-    /// Of four elements of the same tag and attributes without a marker between them the earliest goes.
+    /// Adds `node`, whose attributes have the hash `attributes`, at the end. If there are already three
+    /// entries of its tag and hash after the last marker, removes the first of these.
     void add(Node& node, std::size_t attributes);
+    /// Removes the entry at `index`. Requires: index < size().
     void removeAt(std::size_t index);
+    /// Inserts `entry` before the one at `index`. Requires: index <= size().
     void insertAt(std::size_t index, Entry entry);
-    /// The last one of the tag behind the last marker, or npos.
+    /// Returns the index of the last element of `tag` after the last marker, or npos.
     std::size_t lastOf(Tag tag) const;
-    /// The place of an element, or npos.
+    /// Returns the index of `node`, or npos.
     std::size_t indexOf(const Node& node) const;
 
-    /// How many entries were looked at since this was asked last.
+    /// Returns the number of entries that `add`, `lastOf` and `indexOf` have visited since the last call.
     std::size_t takeSteps() { return std::exchange(steps_, 0); }
 
 private:
@@ -44,7 +52,8 @@ private:
     mutable std::size_t steps_ = 0;
 };
 
-/// A number that does not depend on their order.
+/// Returns a hash of names and values that does not depend on the order of the attributes. Different
+/// attributes may have the same hash.
 std::size_t hashOf(const std::vector<Attribute>& attributes);
 
 } // namespace tabulon::html

@@ -1,5 +1,5 @@
-// The tree of a page as far as its links need it: elements and texts, without comments and without the
-// attributes that tell nothing of links.
+// The tree of a page, as far as the import of links needs it: elements and texts, without comments, and
+// without the attributes that do not belong to links.
 #pragma once
 
 #include "html/HtmlTag.h"
@@ -11,50 +11,61 @@
 
 namespace tabulon::html {
 
+/// The namespace of an element.
 enum class Namespace : std::uint8_t { Html, Svg, MathML };
 
-/// What a link, an area or a base with an address carries; absent where it has no such attribute.
+/// The attributes of a link, an area or a base with an address, with their references decoded; UTF-8. An
+/// absent attribute is `nullopt`.
 struct LinkAttributes {
     std::string href;
     std::optional<std::string> addDate;
     std::optional<std::string> lastModified;
 };
 
+/// A node of the tree. The links between nodes do not own; a Tree owns all nodes.
 struct Node {
     enum class Kind : std::uint8_t { Document, Element, Text };
 
     Kind kind = Kind::Element;
     Tag tag = Tag::Other;
     Namespace space = Namespace::Html;
-    /// MathML's annotation that holds HTML.
+    /// True for an "annotation-xml" of MathML whose content is HTML by its encoding.
     bool holdsHtml = false;
-    /// Whether the tree builder still has it open.
+    /// True while the element is on the tree builder's stack of open elements.
     bool isOpen = false;
     Node* parent = nullptr;
     Node* previous = nullptr;
     Node* next = nullptr;
     Node* first = nullptr;
     Node* last = nullptr;
-    /// A text's characters, or the name of an element whose tag is Other.
+    /// The characters of a text, or the name of an element whose tag is Other; UTF-8. Valid as long as the
+    /// tree and the page's source.
     std::string_view text;
-    /// Null where there is no address.
+    /// nullptr if the element is no a, area or base, or has no address. Owned by the tree.
     const LinkAttributes* link = nullptr;
 
+    /// Returns true for the HTML element of this tag.
     bool isHtml(Tag wanted) const { return tag == wanted && space == Namespace::Html; }
+    /// Returns the name of an element in lower case.
     std::string_view name() const { return tag == Tag::Other ? text : nameOf(tag); }
 };
 
-/// Owns the nodes of one page and everything that they refer to, but for the page's source.
+/// Owns the nodes of one page and everything that they refer to, except the page's source.
 class Tree {
 public:
     Tree() { document_->kind = Node::Kind::Document; }
 
+    /// Returns the root, which has no parent.
     Node& document() { return *document_; }
     const Node& document() const { return *document_; }
-    /// Valid as long as the tree; so is everything below.
+    // What these return is valid as long as the tree.
+    /// Returns a new node without a parent.
     Node& newNode() { return nodes_.emplace_back(); }
+    /// Stores `text` and returns it.
     std::string_view keep(std::string text) { return texts_.emplace_back(std::move(text)); }
+    /// Returns the stored texts, so that a tokenizer can add some.
     std::deque<std::string>& texts() { return texts_; }
+    /// Stores `link` and returns it.
     const LinkAttributes& keep(LinkAttributes link) { return links_.emplace_back(std::move(link)); }
 
 private:
@@ -64,11 +75,13 @@ private:
     Node* document_ = &nodes_.emplace_back();
 };
 
-/// Puts a node that has no parent into `parent`, in front of `before` or, where that is null, at the end.
+/// Inserts `child` into `parent`, before `before` or, if that is nullptr, at the end. Constant time.
+/// Requires: `child` has no parent, and `before` is a child of `parent`.
 void insert(Node& parent, Node& child, Node* before = nullptr);
-/// Takes a node out of its parent, if it has one.
+/// Removes `child` with everything in it from its parent. Does nothing if it has none. Constant time.
 void detach(Node& child);
-/// Moves all children to the end of another node; gives how many there were.
+/// Moves all children of `from` to the end of `to`, in order, and returns their number. Requires: `to` is not
+/// in `from`.
 std::size_t moveChildren(Node& from, Node& to);
 
 } // namespace tabulon::html

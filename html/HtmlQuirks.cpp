@@ -8,7 +8,7 @@
 namespace tabulon::html {
 namespace {
 
-// How the public identifiers begin, in lower case.
+// Beginnings of public identifiers, in lower case.
 constexpr auto kPublicBeginnings = std::to_array<std::string_view>({
     "+//silmaril//dtd html pro v0r11 19970101//",
     "-//as//dtd html 3.0 aswedit + extensions//",
@@ -73,7 +73,7 @@ constexpr auto kPublicIds = std::to_array<std::string_view>({
     "html",
 });
 
-// These only without a system identifier.
+// Beginnings that set quirks mode only without a system identifier.
 constexpr auto kPublicBeginningsAlone = std::to_array<std::string_view>({
     "-//w3c//dtd html 4.01 frameset//",
     "-//w3c//dtd html 4.01 transitional//",

@@ -1,11 +1,13 @@
-// Whether the document type of a page makes browsers lay it out, and cut its tables, as those of old did.
+// Quirks mode: the document types for which browsers build and lay out a page like old browsers. Here it only
+// affects tables in paragraphs.
 #pragma once
 
 #include "html/HtmlTokenizer.h"
 
 namespace tabulon::html {
 
-/// Requires a token of a document type.
+/// Returns true if `doctype` sets quirks mode by the standard's lists of identifiers. Requires: a token of a
+/// document type.
 bool isQuirky(const Token& doctype);
 
 } // namespace tabulon::html

@@ -1,4 +1,4 @@
-// The names of the elements that the building of a page knows by name, and what is special about each.
+// The names of the elements for which the tree builder has rules, and the properties of each.
 #pragma once
 
 #include <cstdint>
@@ -6,7 +6,7 @@
 
 namespace tabulon::html {
 
-/// Sorted by name; Other is every name without a rule of its own.
+/// Sorted by name. Other is every name that has no rule.
 enum class Tag : std::uint8_t {
     Other,
     A,
@@ -135,24 +135,25 @@ enum class Tag : std::uint8_t {
 
 inline constexpr std::size_t kTagCount = std::size_t{1} + static_cast<std::size_t>(Tag::Xmp);
 
-/// What HTML elements of a name have in common; several at once.
+/// Properties of the HTML elements of a tag, as bits.
 enum TagTrait : std::uint8_t {
     kSpecial = 1,        ///< ends the search for an open element of another name
-    kFormatting = 2,     ///< is opened again where it was closed too early
-    kBoundsScope = 4,    ///< hides what is open outside of it
-    kImpliedEnd = 8,     ///< may leave out its end tag
+    kFormatting = 2,     ///< is opened again after another end tag has closed it
+    kBoundsScope = 4,    ///< ends the normal scope
+    kImpliedEnd = 8,     ///< its end tag is optional
     kBlockEnd = 16,      ///< its end tag closes everything in it
-    kLeavesForeign = 32, ///< never stands in SVG or MathML
-    kHeadContent = 64,   ///< is read as in the head wherever it stands
+    kLeavesForeign = 32, ///< its start tag ends SVG and MathML
+    kHeadContent = 64,   ///< is processed by the rules of the head everywhere
     kHeading = 128,      ///< "h1" to "h6"
 };
 
-/// The tag of a name in lower case.
+/// Returns the tag of `name`, or Other. Requires: `name` is in lower case.
 Tag tagNamed(std::string_view name);
 
-/// The name of a tag; empty for Other.
+/// Returns the name of a tag in lower case; empty for Other.
 std::string_view nameOf(Tag tag);
 
+/// Returns true if the HTML elements of `tag` have the property `trait`; false for Other.
 bool has(Tag tag, TagTrait trait);
 
 } // namespace tabulon::html

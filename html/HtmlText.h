@@ -1,4 +1,4 @@
-// Questions about the texts of a page.
+// White space in the texts of a page.
 #pragma once
 
 #include "base/Ascii.h"
@@ -8,12 +8,13 @@
 
 namespace tabulon::html {
 
+/// Returns the white space that `text` begins with, as a part of `text`.
 inline std::string_view leadingBlanks(std::string_view text) {
     const auto end = std::ranges::find_if_not(text, ascii::isSpace);
     return text.substr(0, static_cast<std::size_t>(end - text.begin()));
 }
 
-/// Whether nothing but white space is in it.
+/// Returns true if `text` contains only white space; true for an empty text.
 inline bool isBlank(std::string_view text) {
     return leadingBlanks(text).size() == text.size();
 }

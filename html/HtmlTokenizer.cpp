@@ -21,7 +21,7 @@ void appendWithoutNul(std::string_view bytes, std::string& text) {
     }
 }
 
-// Appends the value with its references decoded.
+// Appends `raw` with its references decoded, and with U+FFFD for NUL if `replacesNul`.
 void appendDecoded(std::string_view raw, ReferencePlace place, bool replacesNul, std::string& text) {
     while (!raw.empty()) {
         const std::size_t plain = std::min(raw.find('&'), raw.size());
@@ -55,7 +55,7 @@ const Token& Tokenizer::next() {
             readMarkup();
         else
             readRaw();
-        // What gave no token went on to a place behind.
+        // Markup without a token ("</>") has moved the cursor, so the loop ends.
     } while (token_.kind == Token::Kind::End);
     return token_;
 }
@@ -66,7 +66,7 @@ void Tokenizer::readMarkup() {
     const char c = at(cursor_ + 1);
     if (ascii::isLetter(c)) {
         if (!readTag(Token::Kind::StartTag, cursor_ + 1))
-            cursor_ = source_.size(); // a tag that never ends is none
+            cursor_ = source_.size(); // a tag without an end is dropped
         return;
     }
     if (c == '!' && cursor_ + 1 < source_.size())
@@ -86,7 +86,7 @@ void Tokenizer::readMarkup() {
     }
 }
 
-// Begins with a character that is text, whatever it is.
+// Reads a text up to the next "<". The first character belongs to it even if it is "<".
 void Tokenizer::readText() {
     const std::size_t end = std::min(source_.find('<', cursor_ + 1), source_.size());
     const std::string_view raw = source_.substr(cursor_, end - cursor_);
@@ -139,7 +139,7 @@ void Tokenizer::readComment() {
         cursor_ = begin + 2;
         return;
     }
-    // "-->" may share its dashes with neither side of "<!--"; "--!>" ends a comment too.
+    // The dashes of "<!--" are not part of "-->", but "-->" may follow at once. "--!>" ends a comment too.
     for (std::size_t dash = source_.find("--", begin); dash != npos; dash = source_.find("--", dash + 1)) {
         const std::size_t behind = dash + 2;
         if (at(behind) == '>' || (at(behind) == '!' && at(behind + 1) == '>')) {
@@ -162,7 +162,7 @@ void Tokenizer::readDoctype() {
     token_.publicId.clear();
     token_.systemId.clear();
     token_.hasSystemId = false;
-    // A ">" inside the quotes of an identifier ends the document type, too.
+    // A ">" in the quotes of an identifier also ends the document type.
     const std::size_t end = std::min(source_.find('>', begin), source_.size());
     token_.forcesQuirks = end == source_.size();
     cursor_ = std::min(end + 1, source_.size());
@@ -182,7 +182,7 @@ void Tokenizer::readDoctypeIds(std::string_view rest) {
         while (!rest.empty() && ascii::isSpace(rest.front()))
             rest.remove_prefix(1);
     };
-    // Gives whether a whole quoted text stood there; half a one makes the document quirky.
+    // Returns true if a quoted text follows. One without its closing quote forces quirks mode.
     const auto quoted = [&](std::string& value) {
         skip();
         if (rest.empty() || (rest.front() != '"' && rest.front() != '\''))
@@ -233,7 +233,7 @@ void Tokenizer::skipSpaces() {
         ++cursor_;
 }
 
-// Gives false where the tag does not end.
+// Returns false if the tag has no end.
 bool Tokenizer::readAttributes() {
     token_.attributes.clear();
     token_.selfClosing = false;
@@ -257,7 +257,7 @@ bool Tokenizer::readAttributes() {
 }
 
 bool Tokenizer::readAttribute() {
-    // An equals sign in front belongs to the name.
+    // An equals sign as the first character belongs to the name.
     const std::size_t end = std::min(source_.find_first_of(" \t\n\f/>=", cursor_ + 1), source_.size());
     Attribute& attribute = token_.attributes.emplace_back();
     appendName(source_.substr(cursor_, end - cursor_), attribute.name);
@@ -287,7 +287,8 @@ bool Tokenizer::readValue(std::string& value) {
     return true;
 }
 
-// Of equal names the first counts. Few attributes are compared with each other, many through a set.
+// Keeps the first of attributes with equal names. Few are compared pairwise, many through a set, so that a
+// tag of very many attributes is linear too.
 void Tokenizer::removeRepeatedAttributes() {
     std::vector<Attribute>& all = token_.attributes;
     if (all.size() < 2)
@@ -310,7 +311,7 @@ void Tokenizer::removeRepeatedAttributes() {
     std::erase_if(all, [&](const Attribute& attribute) { return !seen.insert(attribute.name).second; });
 }
 
-// The text up to its end tag, then the end tag itself.
+// Reads the text up to the end tag or, if the text is empty, the end tag as markup.
 void Tokenizer::readRaw() {
     const std::size_t end = content_ == Content::Plain    ? source_.size()
                             : content_ == Content::Script ? scriptEnd()
@@ -343,7 +344,8 @@ std::size_t Tokenizer::rawEnd() const {
     return source_.size();
 }
 
-// In a comment a "<script" hides the next "</script".
+// Returns the position of the end tag. After "<script" in a comment, the next "</script" does not end the
+// script.
 std::size_t Tokenizer::scriptEnd() const {
     bool isComment = false;
     bool isHidden = false;
@@ -354,7 +356,7 @@ std::size_t Tokenizer::scriptEnd() const {
             isComment = isHidden = false;
         } else if (!isComment && rest.starts_with("<!--")) {
             isComment = true;
-            ++i; // its dashes may be those of "-->"
+            ++i; // "<!-->" ends the comment with the same dashes
         } else if (isComment && !isHidden && rest.front() == '<' && isNameAt(i + 1, "script")) {
             isHidden = true;
         } else if (isEndTagAt(i)) {

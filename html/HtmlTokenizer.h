@@ -1,5 +1,5 @@
-// The text of a page → its tags and texts, as browsers cut it. Which element a tag belongs to is
-// HtmlTreeBuilder.h's affair; comments leave no trace but the place where they stood.
+// The tokenizer of the WHATWG's HTML standard: divides the text of a page into tags, texts, comments and
+// document types. HtmlTreeBuilder.h builds elements from them. The content of comments is not kept.
 #pragma once
 
 #include "html/HtmlTag.h"
@@ -11,64 +11,72 @@
 
 namespace tabulon::html {
 
+/// An attribute of a tag; UTF-8.
 struct Attribute {
     /// In lower case.
     std::string name;
+    /// With its references decoded; empty if the attribute has no value.
     std::string value;
 };
 
+/// One token. A field that does not belong to the token's kind has an unspecified value.
 struct Token {
     enum class Kind { Doctype, StartTag, EndTag, Comment, Text, End };
 
     Kind kind = Kind::End;
     Tag tag = Tag::Other;
-    /// Of tags: whether they end with "/>".
+    /// Of tags: true if they end with "/>".
     bool selfClosing = false;
-    /// Of document types: whether they are broken; whether there is a system identifier, which may be empty.
+    /// Of document types: true if they are malformed.
     bool forcesQuirks = false;
+    /// Of document types: true if there is a system identifier, which may be empty.
     bool hasSystemId = false;
     /// Of tags and document types, in lower case.
     std::string name;
-    /// Of tags, in the order of the source, no name twice.
+    /// Of tags, in the order of the source. Of repeated names only the first is here.
     std::vector<Attribute> attributes;
-    /// Of texts: not empty, valid as long as the source and the kept texts. NUL is still in it where the tree
-    /// builder has to decide.
+    /// Of texts: not empty, valid as long as the source and the kept texts. NUL characters of markup are in
+    /// it, because the tree builder decides about them by its mode.
     std::string_view text;
-    /// Of document types.
+    /// Of document types; empty if absent.
     std::string publicId;
     std::string systemId;
 
-    /// Null where there is no such attribute.
+    /// Returns the value of the attribute `wanted`, in lower case, or nullptr if there is none. Valid as long
+    /// as the token.
     const std::string* attribute(std::string_view wanted) const;
 };
 
-/// How the text up to the next end tag is to be read.
+/// How the content of an element is tokenized, up to its end tag.
 enum class Content {
     Markup,
-    Rcdata,  ///< references count, tags do not
-    Rawtext, ///< neither counts
-    Script,  ///< neither counts, and a comment may hide the end tag
-    Plain,   ///< nothing ends it
+    Rcdata,  ///< text in which references are decoded
+    Rawtext, ///< text without references
+    Script,  ///< text without references, in which a comment can contain the end tag
+    Plain,   ///< text without references up to the end of the page
 };
 
+/// Never fails: malformed markup is tokenized as the standard says.
 class Tokenizer {
 public:
-    /// `source` is well-formed UTF-8 without carriage returns and outlives the tokenizer; so does `texts`,
-    /// where the texts are kept that do not stand in the source as they are.
+    /// `texts` receives the texts that differ from their bytes in the source, for example by decoded
+    /// references. Requires: `source` is well-formed UTF-8 without carriage returns, and both outlive the
+    /// tokenizer and its texts.
     Tokenizer(std::string_view source, std::deque<std::string>& texts) : source_(source), texts_(texts) {}
 
-    /// The next token, valid until the next call; an End for ever after the last one. Linear over all calls.
+    /// Returns the next token, valid until the next call. Returns End after the last token, and in all later
+    /// calls. All calls together are linear in the size of the source.
     const Token& next();
 
-    /// How many bytes of the source are gone through.
+    /// Returns the number of bytes of the source that have been tokenized.
     std::size_t position() const { return cursor_; }
 
-    /// How to go on behind the start tag that was given last.
+    /// Sets how the content of the element is tokenized whose start tag was returned last.
     void setContent(Content content) {
         content_ = content;
         endName_ = token_.name;
     }
-    /// Whether "<![CDATA[" begins a text, as it does in SVG and MathML.
+    /// Sets whether "<![CDATA[" begins a text, as in SVG and MathML, or a comment, as in HTML.
     void setAllowsCdata(bool allows) { allowsCdata_ = allows; }
 
 private:

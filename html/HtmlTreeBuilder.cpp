@@ -227,7 +227,7 @@ TreeBuilder::Step TreeBuilder::inHead(const Token& token) {
     return Step::Again;
 }
 
-// Again for what does not belong into a head.
+// Returns Again for an element that does not belong into a head.
 TreeBuilder::Step TreeBuilder::inHeadStart(const Token& token) {
     switch (token.tag) {
     case Tag::Html:
@@ -261,7 +261,7 @@ TreeBuilder::Step TreeBuilder::afterHead(const Token& token) {
         return Step::Done;
     case Token::Kind::Text:
         if (!leadingBlanks(token.text).empty())
-            return inHead(token); // which puts the blanks in front where they are, and no more
+            return inHead(token); // inserts the leading blanks and processes the rest in the current mode
         break;
     case Token::Kind::StartTag:
         if (token.tag == Tag::Html)
@@ -339,7 +339,7 @@ TreeBuilder::Step TreeBuilder::afterBody(const Token& token) {
     return Step::Again;
 }
 
-// Nothing but frames and blanks: no link ever stands here, but for those after "</noframes>", which is text.
+// Inserts only framesets and the text of noframes: a frameset contains no other elements with links.
 TreeBuilder::Step TreeBuilder::inFrameset(const Token& token) {
     if (token.kind == Token::Kind::End)
         return endOfPage(token);
@@ -428,7 +428,7 @@ TreeBuilder::Step TreeBuilder::inTemplate(const Token& token) {
     }
 }
 
-// By the innermost element that tells.
+// Sets the mode by the innermost open element that determines one.
 void TreeBuilder::resetMode() {
     struct Row {
         Tag tag;

@@ -1,6 +1,6 @@
-// The tags and texts of a page → its tree, as a browser with scripts switched on builds it, but without
-// running any. One .cpp a concern: this file's own (outside of the body), _body, _end (end tags of the body),
-// _tables, _foreign (SVG and MathML), _formatting.
+// The tree construction of the WHATWG's HTML standard, with scripting enabled but without running scripts.
+// The implementation is divided by groups of modes: HtmlTreeBuilder.cpp (outside of the body), _body, _end
+// (end tags of the body), _tables, _foreign (SVG and MathML), _formatting.
 #pragma once
 
 #include "base/Progress.h"
@@ -17,12 +17,14 @@ class TreeBuilder {
 public:
     enum class Outcome {
         Whole,
-        Entangled, ///< it would take more than a bounded number of steps for each byte
-        Cancelled, ///< by who watches the progress
+        Entangled, ///< the page needs more steps than the limit for its size
+        Cancelled, ///< by the user, through the progress
     };
 
-    /// Builds the tree of `source`, well-formed UTF-8 without carriage returns that outlives the tree; a tree
-    /// that is not whole holds what came before.
+    /// Builds the tree of `source` in `tree`. After an outcome other than Whole the tree contains what was
+    /// built until then. The number of steps is limited in proportion to the size of `source`, and so is the
+    /// nesting of elements. `progress` may be nullptr. Requires: `source` is well-formed UTF-8 without
+    /// carriage returns and outlives the tree, and the tree is new.
     static Outcome build(std::string_view source, Tree& tree, Progress* progress = nullptr);
 
 private:
@@ -48,9 +50,9 @@ private:
         AfterAfterBody,
         AfterAfterFrameset,
     };
-    /// Whether a token is dealt with, or has to be looked at again in the mode that is now.
+    /// Whether a token is processed, or must be processed again in the current mode.
     enum class Step : std::uint8_t { Done, Again };
-    /// Where a node goes: in front of `before`, or at the end where that is null.
+    /// Where a node is inserted: in `parent` before `before`, or at the end if that is nullptr.
     struct Place {
         Node* parent;
         Node* before;
@@ -158,10 +160,10 @@ private:
     void closeParagraph();
     bool popIfOpen(Tag tag);
 
-    /// What it takes to put one open element beside its place, or to make a node that no tag stands for.
+    /// The cost of moving one open element, and of a copy of an element, in steps.
     static constexpr std::size_t kStepsPerMove = 32;
     static constexpr std::size_t kStepsPerCopy = 64;
-    /// Counts steps that a page may make many of for one tag.
+    /// Subtracts steps from the limit, and stops at 0. Called where one tag can cause many steps.
     void spend(std::size_t steps);
 
     Tree& tree_;

@@ -1,4 +1,4 @@
-// The start tags and the texts of the body, and how nodes come into the tree.
+// The start tags and the texts of the body, and the insertion of nodes into the tree.
 #include "html/HtmlText.h"
 #include "html/HtmlTreeBuilder.h"
 
@@ -7,7 +7,7 @@
 namespace tabulon::html {
 namespace {
 
-// As deep as browsers nest elements; those that are deeper are put beside each other.
+// The limit of nesting in browsers. Deeper elements become siblings.
 constexpr std::size_t kDeepest = 512;
 
 bool isHeading(const Node& node) {
@@ -36,7 +36,7 @@ Node& TreeBuilder::newElement(const Token& token, Namespace space) {
     return node;
 }
 
-// Null without an address.
+// Returns nullptr if the token has no address.
 const LinkAttributes* TreeBuilder::linkOf(const Token& token) {
     const auto value = [&](std::string_view name) {
         const std::string* found = token.attribute(name);
@@ -82,7 +82,8 @@ void TreeBuilder::insertText(std::string_view text) {
     insert(*place.parent, node, place.before);
 }
 
-// In front of its table where a table cannot hold it.
+// Returns the place of a new node in `target`. Where a table does not allow the node, this is before the
+// table (the standard's foster parenting).
 TreeBuilder::Place TreeBuilder::placeFor(Node& target) const {
     if (!fosters_ || !isTablePart(target))
         return {&target, nullptr};
@@ -114,7 +115,7 @@ void TreeBuilder::closeParagraph() {
         open_.popTo(open_.lastIndexOf(Tag::P));
 }
 
-// Closes the innermost element of the tag where it is in scope.
+// Closes the innermost element of the tag, and returns true, if it is in scope.
 bool TreeBuilder::popIfOpen(Tag tag) {
     if (!open_.isInScope(tag))
         return false;
@@ -327,7 +328,7 @@ TreeBuilder::Step TreeBuilder::startForm(const Token& token) {
     return Step::Done;
 }
 
-// Closes the item before it, unless another element stands in between.
+// Closes an open item, unless a special element other than address, div and p is open inside it.
 TreeBuilder::Step TreeBuilder::startListItem(const Token& token, std::initializer_list<Tag> ends) {
     allowsFrameset_ = false;
     for (std::size_t index = open_.size(); index > 0; --index) {

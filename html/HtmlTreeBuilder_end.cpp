@@ -61,7 +61,7 @@ TreeBuilder::Step TreeBuilder::endBlock(Tag tag, Scope scope) {
     return Step::Done;
 }
 
-// The form itself ends, but not what is open in it.
+// Closes the form, but not the elements that are open in it.
 TreeBuilder::Step TreeBuilder::endForm() {
     if (open_.contains(Tag::Template))
         return endBlock(Tag::Form, Scope::Normal);
@@ -94,7 +94,7 @@ TreeBuilder::Step TreeBuilder::endObject(Tag tag) {
     return Step::Done;
 }
 
-// The innermost element of the name, unless a special one stands in between.
+// Closes the innermost element of the name, unless a special element is inside it.
 TreeBuilder::Step TreeBuilder::endAny(const Token& token) {
     for (std::size_t index = open_.size(); index > 0; --index) {
         const Node& node = open_[index - 1];

@@ -1,4 +1,4 @@
-// SVG and MathML within a page.
+// The rules for SVG and MathML in a page ("foreign content").
 #include "html/HtmlText.h"
 #include "html/HtmlTreeBuilder.h"
 

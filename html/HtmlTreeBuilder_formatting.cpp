@@ -1,10 +1,10 @@
-// Formatting elements: opened again where other elements closed them, and moved where their end tags come too
-// early.
+// Formatting elements: reopened after other elements have closed them, and moved when their end tag is before
+// that of a block inside them (the standard's adoption agency algorithm).
 #include "html/HtmlTreeBuilder.h"
 
 namespace tabulon::html {
 
-// Those behind the last one that is still open.
+// Opens copies of the formatting elements after the last one that is open and after the last marker.
 void TreeBuilder::reopenFormatting() {
     std::size_t index = formatting_.size();
     while (index > 0 && formatting_[index - 1].node && !formatting_[index - 1].node->isOpen)
@@ -28,7 +28,7 @@ TreeBuilder::Step TreeBuilder::startFormatting(const Token& token) {
     return Step::Done;
 }
 
-// A link ends the one before it.
+// A start tag "a" closes a link that is still open, because links cannot be nested.
 TreeBuilder::Step TreeBuilder::startLink(const Token& token) {
     if (const std::size_t entry = formatting_.lastOf(Tag::A); entry != FormattingElements::npos) {
         const Node& before = *formatting_[entry].node;
@@ -68,7 +68,7 @@ TreeBuilder::Step TreeBuilder::endFormatting(const Token& token) {
     return step;
 }
 
-// Gives whether there may be more to do.
+// Performs one round of the algorithm. Returns false if no further one is needed.
 bool TreeBuilder::endFormattingOnce(const Token& token, Step& step) {
     spend(kStepsPerCopy + formatting_.takeSteps());
     const std::size_t entry = formatting_.lastOf(token.tag);
@@ -97,8 +97,8 @@ bool TreeBuilder::endFormattingOnce(const Token& token, Step& step) {
     return true;
 }
 
-// The block at `furthest` leaves the formatting element at `index`, and what is in the block is formatted
-// anew.
+// Moves the block at `furthest` out of the formatting element at `index`, and the content of the block into a
+// copy of that element.
 void TreeBuilder::moveOutOf(std::size_t index, std::size_t furthest, std::size_t entry) {
     Node& element = open_[index];
     Node& common = open_[index - 1];
@@ -120,8 +120,8 @@ void TreeBuilder::moveOutOf(std::size_t index, std::size_t furthest, std::size_t
     open_.removeAt(open_.indexOf(element));
 }
 
-// Puts the block into copies of the formatting elements between, which are cut loose from the old ones, and
-// takes the other elements between out of the open ones. Gives the outermost.
+// Moves the block into copies of the formatting elements between both, which replace them, and closes the
+// other elements between. Returns the outermost copy, or the block if there is none.
 Node& TreeBuilder::moveUp(std::size_t index, std::size_t furthest, std::size_t& bookmark) {
     constexpr int kMostCopies = 3;
     const Node* const block = &open_[furthest];

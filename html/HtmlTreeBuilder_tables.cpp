@@ -1,4 +1,4 @@
-// Tables: what stands in them where it may not goes in front of them.
+// Tables. Content that a table does not allow is inserted before it.
 #include "html/HtmlText.h"
 #include "html/HtmlTreeBuilder.h"
 
@@ -143,7 +143,7 @@ TreeBuilder::Step TreeBuilder::inTableEnd(const Token& token) {
     return fostering(token);
 }
 
-// Again where there was one.
+// Returns Done if none is in scope, else Again, for the token that closes it.
 TreeBuilder::Step TreeBuilder::endTable() {
     if (!open_.isInScope(Tag::Table, Scope::Table))
         return Step::Done;
@@ -152,7 +152,7 @@ TreeBuilder::Step TreeBuilder::endTable() {
     return Step::Again;
 }
 
-// Blanks stay in the table if nothing else stands beside them.
+// Collects the texts in a table. They are inserted into the table if all are blank, else before it.
 TreeBuilder::Step TreeBuilder::inTableText(const Token& token) {
     if (token.kind == Token::Kind::Text) {
         std::string_view text = token.text;
@@ -280,7 +280,7 @@ TreeBuilder::Step TreeBuilder::inTableBody(const Token& token) {
     return inTable(token);
 }
 
-// Again where there was one.
+// Returns Done if none is in scope, else Again, for the token that closes it.
 TreeBuilder::Step TreeBuilder::endRow() {
     if (!open_.isInScope(Tag::Tr, Scope::Table))
         return Step::Done;
@@ -315,7 +315,7 @@ TreeBuilder::Step TreeBuilder::inRow(const Token& token) {
     return inTable(token);
 }
 
-// Again where there was one.
+// Returns Done if none is in scope, else Again, for the token that closes it.
 TreeBuilder::Step TreeBuilder::endCell() {
     const bool isTd = open_.isInScope(Tag::Td, Scope::Table);
     if (!isTd && !open_.isInScope(Tag::Th, Scope::Table))
