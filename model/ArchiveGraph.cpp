@@ -25,8 +25,7 @@ Class classNamed(const Graph::Object& name) {
 } // namespace
 
 Graph::Graph(const BinaryPlist& plist, std::size_t size)
-    // A small dictionary is looked at once for each of its keys; eight times is more than any whole file
-    // needs.
+    // A small dictionary is searched once for each of its keys. No whole file needs eight times its size.
     : plist_(plist), size_(size), budget_(8 * std::uint64_t{size} + 4096), keys_(plist.objectCount(), 0) {}
 
 bool Graph::damaged(std::string_view what) {
@@ -61,7 +60,7 @@ Key Graph::keyOf(std::uint64_t id) {
     return static_cast<Key>(keys_[id] - 1);
 }
 
-// Where in a dictionary's references the (last) value under `key` is, or kNowhere.
+// Returns the index of the last value of `key` among a dictionary's references, or kNowhere.
 std::uint64_t Graph::placeOf(Object dictionary, Key key) {
     if (dictionary.kind() != Kind::Dictionary || !chargeReferences(dictionary))
         return kNowhere;
@@ -82,7 +81,7 @@ Graph::Object Graph::archived(std::uint64_t uid) {
         return {};
     }
     const Object object = element(objects_, uid);
-    // No archive holds a null as such: its null is a number.
+    // In an archive null is an object number, not an object of the kind Null.
     if (object.kind() == Kind::Damaged || object.kind() == Kind::Null)
         damaged("an object of its archive is cut off or has an unknown kind.");
     return object;
@@ -114,7 +113,8 @@ Class Graph::resolveClass(std::uint64_t uid) {
     return kind;
 }
 
-// What holds the text of an archived object: the text itself, or the text or data inside a string object.
+// Returns the object with the text of an archived object: that object, or the text or data in a string
+// object.
 Graph::Object Graph::textBehind(Object object) {
     if (BinaryPlist::isText(object))
         return object;
@@ -142,7 +142,8 @@ Text Graph::text(std::uint64_t uid) {
     return longText(uid, object);
 }
 
-// Most long texts have one owner; only one that is asked for again, or a very long one, is worth keeping.
+// Most long texts belong to one node. Only a very long text, and one that is requested again, is kept for
+// sharing.
 Text Graph::longText(std::uint64_t uid, Object object) {
     longTextsSeen_.resize(plist_.objectCount());
     if (const auto id = plist_.reference(objects_, uid); !longTextsSeen_[id] && object.count() < kVeryLong) {
@@ -155,8 +156,8 @@ Text Graph::longText(std::uint64_t uid, Object object) {
     return shared;
 }
 
-// The number inside an archived date. Dates of one writer look alike: where keys and class are those of the
-// date before, so are the places.
+// Returns the number in an archived date. The dates of one writer have the same keys in the same order, so
+// the indices are those of the date before if keys and class are.
 Graph::Object Graph::timeOf(Object object) {
     if (object.kind() != Kind::Dictionary)
         return {};
@@ -200,7 +201,6 @@ Graph::Object Graph::arrayBehind(std::uint64_t uid) {
     return array.kind() == Kind::Array && chargeReferences(array) ? array : Object();
 }
 
-// Finds the parts of the archive and gives the uid of its root object.
 Result<std::uint64_t> Graph::open() {
     const Object top = plist_.object(plist_.topObject());
     const auto notAnArchive = failure("The file is a property list, but not a bookmark document.");

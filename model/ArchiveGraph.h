@@ -1,5 +1,5 @@
-// The objects of a keyed archive by number: its classes, texts, dates and arrays, each decoded once. What a
-// bookmark is made of is in ArchiveReader.cpp.
+// The objects of a keyed archive by number: its classes, texts, dates and arrays. The records of bookmarks
+// are read in ArchiveNodes.h.
 #pragma once
 
 #include "base/Date.h"
@@ -16,12 +16,13 @@
 
 namespace tabulon::archive {
 
+/// The classes of objects that the program knows.
 enum class Class : std::uint8_t { Unknown, Bookmark, FileVersion, Array, Date, String };
 
-/// Looks things up in the property list of an archive. Damage is noted, not thrown: after any call
-/// `isDamaged` tells whether something was wrong, and `damage` what. The bytes of all containers and texts
-/// looked at are counted against the size of the file, so that objects laid over one another cannot make the
-/// work grow beyond it.
+/// Access to the property list of an archive, which must outlive it. Damage is recorded and not returned:
+/// after any call `isDamaged` returns whether something was wrong, and `damage` returns what. The bytes of
+/// all containers and texts that are read are counted against a budget in proportion to the size of the file.
+/// So objects that overlap cannot make the work grow faster than the file.
 class Graph {
 public:
     using Object = BinaryPlist::Object;
@@ -30,84 +31,105 @@ public:
     /// `size` is that of the file in bytes.
     Graph(const BinaryPlist& plist, std::size_t size);
 
-    /// The size of the file in bytes.
+    /// Returns the size of the file in bytes.
     std::size_t size() const { return size_; }
 
-    /// Finds the parts of the archive and gives the number of its root object.
+    /// Finds the parts of the archive and returns the number of its root object. Fails with a sentence if
+    /// this is no keyed archive or its frame is damaged.
     Result<std::uint64_t> open();
 
-    /// The same for an archive whose frame is damaged: the objects are looked for, and the root is object 1.
-    /// Without any objects it is 0. Damage is forgotten.
+    /// Returns the number of the root object like `open`. If that fails, uses the longest array that begins
+    /// with
+    /// "$null" as the objects of the archive, and returns 1, or 0 if there is no such array with a second
+    /// element. Clears recorded damage. Linear in the number of objects.
     std::uint64_t openWhatIsLeft();
 
-    /// How many objects the archive has; their numbers are below that.
+    /// Returns the number of objects of the archive. Their numbers are below it.
     std::uint64_t objectCount() const { return objects_.count(); }
-    /// Object number `uid` of the archive. Damaged, and noted, when there is none or its bytes are wrong.
+    /// Returns object number `uid` of the archive. Records damage if there is none or its bytes are wrong,
+    /// and then returns Damaged; records it for a Null too, which no archive contains, and returns the Null.
     Object archived(std::uint64_t uid);
-    /// The number in the property list of object `uid`; that of no object when there is none.
+    /// Returns the number of archive object `uid` in the property list, or the number of objects there, which
+    /// is the number of no object, if `uid` is out of range.
     std::uint64_t idOfArchived(std::uint64_t uid) const {
         return uid < objects_.count() ? plist_.reference(objects_, uid) : plist_.objectCount();
     }
-    /// The class of an archived dictionary, by the first name in its ancestry that is known.
+    /// Returns the class of an archived dictionary: the first known name among its own and its ancestors'.
+    /// Returns Unknown for any other object.
     Class classOf(Object dictionary);
+    /// Returns the class that archive object `uid` describes.
     Class resolveClass(std::uint64_t uid);
-    /// Whether object number `uid` is the record of a bookmark.
+    /// Returns true if archive object `uid` is the record of a bookmark.
     bool isNode(std::uint64_t uid);
-    /// The references of an archived array; Damaged for anything else, which is noted only when the bytes are
-    /// wrong.
+    /// Returns the references of archived array `uid`, or Damaged if it is something else. Records damage
+    /// only if its bytes are wrong.
     Object arrayBehind(std::uint64_t uid);
-    /// The text or date with this number, null for number 0. Anything else is noted. A long text is shared
-    /// between those who ask for it after the first.
+    /// Returns the text with this number. Returns null for number 0. Records damage for anything else, and
+    /// returns null. Results for a very long text, and for a long text after the second call for it, share
+    /// their bytes.
     Text text(std::uint64_t uid);
+    /// Returns the date with this number. Returns null for number 0. Records damage for anything else, and
+    /// returns null.
     Date date(std::uint64_t uid);
 
-    /// The (last) value under `key`; Damaged, without a note, when there is none.
+    /// Returns the value of `key`, the last one if the key is repeated, or Damaged if there is none. A
+    /// missing key is not recorded as damage; a key or a value whose bytes are wrong is. Linear in the size
+    /// of the dictionary.
     Object find(Object dictionary, Key key);
-    /// The key that object `id` of the property list spells.
+    /// Returns the key whose name is object `id` of the property list, or Unknown for any other text. Records
+    /// damage if the object is no text.
     Key keyOf(std::uint64_t id);
-    /// Element `index` of a container's references, as an object; noted when its bytes are wrong.
+    /// Returns the object that reference `index` of a container names. Records damage if its bytes are wrong.
+    /// Requires: `index` as for `BinaryPlist::reference`.
     Object element(Object container, std::uint64_t index) {
         const Object object = plist_.object(plist_.reference(container, index));
         if (object.kind() == Kind::Damaged)
             damaged("a reference of its property list leads to nothing.");
         return object;
     }
+    /// Returns reference `index` of a container, the number of an object of the property list.
     std::uint64_t idAt(Object container, std::uint64_t index) const {
         return plist_.reference(container, index);
     }
+    /// Returns object `id` of the property list, without recording damage.
     Object object(std::uint64_t id) const { return plist_.object(id); }
-    /// Where the references of a container lie in the file.
+    /// Returns the position of a container's references in the file, in bytes.
     std::size_t positionOf(Object container) const { return plist_.positionOf(container); }
+    /// Returns key `index` of a dictionary, as `keyOf` does.
     Key keyAt(Object dictionary, std::uint64_t index) { return keyOf(plist_.reference(dictionary, index)); }
-    /// Whether another object lies over key `index` of a dictionary. Linear in the number of objects.
+    /// Returns true if another object overlaps key `index` of a dictionary. Linear in the number of objects.
     bool isKeyOverlapped(Object dictionary, std::uint64_t index) const {
         return plist_.isOverlapped(plist_.reference(dictionary, index));
     }
-    /// True when two dictionaries of as many pairs name the same keys in the same order.
+    /// Returns true if two dictionaries have the same keys in the same order. Requires: as many pairs in
+    /// both.
     bool sameKeys(Object a, Object b) const { return plist_.sameReferences(a, b, a.count()); }
-    /// Counts a container's references as looked at; false when that is more than the file can hold.
+    /// Subtracts a container's references from the budget. Records damage and returns false if it is used up.
     bool chargeReferences(Object container) {
         return container.count() <= kSmall || charge(plist_.referenceBytes(container));
     }
 
-    /// Notes damage (the first one counts) and gives false.
+    /// Records damage, of which only the first one is kept, and returns false. `what` continues the sentence
+    /// "The file is damaged:".
     bool damaged(std::string_view what);
+    /// Returns true if damage is recorded.
     bool isDamaged() const { return !problem_.empty(); }
-    /// For who reads on after damage. What was looked at stays counted.
+    /// Clears recorded damage, for a caller that continues after it. The budget is not restored.
     void forgetDamage() { problem_.clear(); }
+    /// Returns the recorded damage as an error. Requires: `isDamaged`.
     tl::unexpected<Error> damage() const { return failure("The file is damaged: " + problem_); }
 
 private:
-    /// Containers of no more elements and texts of no more units are not counted: looking at one is no more
-    /// work than reading the reference to it.
+    /// Containers with at most so many elements and texts with at most so many units are not counted: reading
+    /// one costs about as much as reading the reference to it.
     static constexpr std::uint64_t kSmall = 64;
 
-    /// Texts of so many units are shared from the first one on.
+    /// A text of so many units is shared from the first call on.
     static constexpr std::uint64_t kVeryLong = 4096;
 
     static constexpr std::uint64_t kNowhere = ~std::uint64_t{0};
 
-    /// A date, and where in its references class and time are.
+    /// A date, and the indices of class and time among its references.
     struct DateShape {
         Object like;
         std::uint64_t classPlace = 0;
@@ -129,10 +151,10 @@ private:
     const std::size_t size_;
     std::uint64_t budget_;
     std::vector<std::uint8_t>
-        keys_;       // by object number of the property list: the Key plus 1, 0 while not looked up
+        keys_;       // by object number of the property list: the Key plus 1, or 0 while unknown
     Object objects_; // the archive's "$objects"
     std::vector<bool> longTextsSeen_;                           // by object number of the property list
-    std::unordered_map<const std::uint8_t*, Text> sharedTexts_; // by where the text lies
+    std::unordered_map<const std::uint8_t*, Text> sharedTexts_; // by the address of the text
     DateShape date_;
     std::vector<std::pair<std::uint64_t, Class>> classes_;
     std::string problem_;

@@ -49,7 +49,8 @@ void NodeReader::Codes::give(Bookmark& node) const {
     node.linkIcon();
 }
 
-// What a value refers to. A list of children is never taken for missing: all that is below it would be lost.
+// Reads what a value refers to. A list of children that cannot be read is damage and not a missing list,
+// because everything below it would be lost.
 bool NodeReader::readReference(Bookmark& node, Key key, std::uint64_t uid) {
     switch (key) {
     case Key::Name:
@@ -87,8 +88,8 @@ bool NodeReader::readReference(Bookmark& node, Key key, std::uint64_t uid) {
     return !graph_.isDamaged();
 }
 
-// Value `id` in this column. Most of a node's values (null, small codes, the class) are the very objects that
-// the node before has in the same place; those that say nothing new then are settled.
+// Reads object `id`, the value in this column. Most values of a node (null, small codes, the class) are the
+// same objects as those of the node before. They are decoded once and then settled.
 bool NodeReader::readValue(Bookmark& node, Column& column, std::uint64_t id) {
     const Object value = graph_.object(id);
     const bool isReference =
@@ -122,7 +123,7 @@ bool NodeReader::lookUpKey(Object dictionary, std::uint64_t index) {
     const Key key = graph_.keyAt(dictionary, index);
     if (key > Key::Class)
         return !graph_.isDamaged();
-    // Of a key given twice the last value counts; of two lists of children none is to be lost.
+    // Of a repeated key the last value is used. Two lists of children are damage, because one would be lost.
     const auto again = std::erase_if(columns_, [key](const Column& column) { return column.key == key; });
     if (again > 0 && key == Key::Children)
         return graph_.damaged("a folder has two lists of children.");
@@ -132,7 +133,7 @@ bool NodeReader::lookUpKey(Object dictionary, std::uint64_t index) {
     return true;
 }
 
-// Whether one of the keys that are missing in a record may have become this one.
+// Returns true if this key may be a damaged form of a key that the record lacks.
 bool NodeReader::isMisspeltKey(Object dictionary, std::uint64_t index) {
     const Object key = graph_.element(dictionary, index);
     if (!BinaryPlist::isText(key) || key.count() > kLongestKey)
@@ -146,8 +147,8 @@ bool NodeReader::isMisspeltKey(Object dictionary, std::uint64_t index) {
     return layouts_ <= kMostSearches && graph_.isKeyOverlapped(dictionary, index);
 }
 
-// A key that damage has changed would otherwise be one that is not known, and its values missing in every
-// record.
+// Returns false if a key was changed by damage. It would otherwise be ignored as an unknown key, and its
+// values would be missing in every record.
 bool NodeReader::everyKeyIsSound(Object dictionary) {
     const bool isOrdinary = columns_.size() == kNodeKeyCount || columns_.size() == dictionary.count();
     if (isOrdinary || ++layouts_ > kMostLayouts)
@@ -158,8 +159,8 @@ bool NodeReader::everyKeyIsSound(Object dictionary) {
     return true;
 }
 
-// Gives `columns_` the keys of a node's dictionary. Nodes of one writer have the same ones in the same order,
-// so mostly these are those of the node before.
+// Sets `columns_` to the keys of a node's dictionary. The nodes of one writer have the same keys in the same
+// order, so these are usually the keys of the node before.
 bool NodeReader::lookUpKeys(Object dictionary) {
     if (dictionary.count() == like_.count() && graph_.sameKeys(dictionary, like_))
         return keysAreWhole_;
@@ -176,7 +177,7 @@ bool NodeReader::lookUpKeys(Object dictionary) {
     return keysAreWhole_;
 }
 
-// Notes in `isWhole` that something was damaged, and tells whether to go on all the same.
+// Sets `isWhole` to false after damage, and returns true if the record is read on.
 bool NodeReader::goesOnAfter(bool& isWhole) {
     isWhole = false;
     if (care_ == Care::Salvage)

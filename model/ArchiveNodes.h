@@ -1,5 +1,5 @@
-// A record of a keyed archive → one node: what its keys mean. Which records there are and how they hang
-// together is in ArchiveReader.cpp and ArchiveSalvage.cpp.
+// Reading of one record of a keyed archive into a node. ArchiveReader.cpp and ArchiveSalvage.cpp find the
+// records and build the tree.
 #pragma once
 
 #include "model/ArchiveGraph.h"
@@ -9,44 +9,45 @@
 
 namespace tabulon::archive {
 
-/// Reads records one after the other. Records of one writer are alike, so each one is compared with the one
-/// before it and only what differs is looked at.
+/// Reads records one after the other. The records of one writer are similar, so each one is compared with the
+/// one before it, and only the differences are decoded.
 class NodeReader {
 public:
     using Object = Graph::Object;
 
-    /// Whether a record is refused at its first damage, or read as far as it can be.
+    /// Strict refuses a record at its first damage; Salvage reads as much of it as possible.
     enum class Care { Strict, Salvage };
 
+    /// `graph` must outlive the reader.
     explicit NodeReader(Graph& graph, Care care = Care::Strict) : graph_(graph), care_(care) {}
 
-    /// Fills an empty node with everything but its children. Returns false when the record is damaged or is
-    /// no bookmark. With `Care::Strict` the graph then has the reason, and the node is not to be used. With
-    /// `Care::Salvage` the node has what could be read, also from a record whose class is lost, and the
-    /// graph's damage is forgotten.
+    /// Fills `node` with everything but its children. Returns false if the record is damaged or is no
+    /// bookmark. With `Care::Strict` the graph then has the reason, and the node must not be used. With
+    /// `Care::Salvage` the node has what could be read, even from a record whose class is lost, and the
+    /// graph's damage is cleared. Requires: an empty node.
     bool read(Bookmark& node, Object dictionary);
 
-    /// The list of children of the node that was read last: an Array, or Damaged for none.
+    /// Returns the list of children of the node that was read last: an Array, or Damaged if it has none.
     Object children() const { return children_; }
 
 private:
     using Kind = BinaryPlist::Kind;
 
     static constexpr std::uint64_t kNoId = ~std::uint64_t{0};
-    /// So many sets of keys are looked through for misspelt ones, and in so many of them the whole file is
-    /// searched for objects that lie over a key. No writer has more.
+    /// The most different sets of keys that are checked for misspelt keys, and the most for which the whole
+    /// file is searched for objects that overlap a key. No writer has more.
     static constexpr std::size_t kMostLayouts = 4096;
     static constexpr std::size_t kMostSearches = 8;
     static constexpr std::uint64_t kLongestKey = 32;
 
-    /// A key of the nodes that are being read.
+    /// A key of the current set of keys.
     struct Column {
         Key key;
-        std::uint64_t place;     // of its value among a dictionary's references
-        std::uint64_t settledId; // the value that needs no second look, or kNoId
+        std::uint64_t place;     // the index of its value among a dictionary's references
+        std::uint64_t settledId; // the object number of a value that is already decoded, or kNoId
     };
 
-    /// The plain numbers of a node.
+    /// The numbers of a node.
     struct Codes {
         std::uint8_t type = 0;
         std::uint8_t label = 0;
@@ -73,11 +74,11 @@ private:
 
     Graph& graph_;
     const Care care_;
-    Object like_; // the dictionary whose keys stand in `columns_`
+    Object like_; // the dictionary whose keys are in `columns_`
     std::vector<Column> columns_;
     bool keysAreWhole_ = true;
-    std::size_t layouts_ = 0; // different sets of keys so far
-    Codes codes_; // of the node that is being read, and of the one before where nothing else is said
+    std::size_t layouts_ = 0; // the number of different sets of keys until now
+    Codes codes_; // of the node that is being read; values that are settled are those of the node before
     Class class_ = Class::Unknown;
     Object children_;
 };

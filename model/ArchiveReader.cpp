@@ -1,4 +1,5 @@
-// The objects of the archive → nodes. What the archive is made of besides nodes is in ArchiveGraph.
+// Building of the tree from the objects of an archive. ArchiveGraph reads the objects, ArchiveNodes the
+// records.
 #include "model/ArchiveReader.h"
 
 #include "model/ArchiveGraph.h"
@@ -20,11 +21,11 @@ public:
         : graph_(graph), nodes_(graph), isNode_(graph.objectCount(), 0), isPlaceOfNode_(graph.size(), false) {
     }
 
-    /// The node with this number and everything below it.
+    /// Returns the node with this number and everything below it.
     Result<Ref<Bookmark>> readTree(std::uint64_t rootUid);
 
 private:
-    /// A node to be read, and the folder it goes into.
+    /// A node to be read, and its folder.
     struct Pending {
         Bookmark* parent;
         std::uint64_t uid;
@@ -37,7 +38,7 @@ private:
 
     Graph& graph_;
     archive::NodeReader nodes_;
-    std::vector<std::uint8_t> isNode_; // by uid: 1 for the objects that stand in the tree
+    std::vector<std::uint8_t> isNode_; // by uid: 1 for the objects that are in the tree
     std::vector<bool> isPlaceOfNode_;  // by position in the file
     std::vector<Pending> pending_;
 };
@@ -60,7 +61,7 @@ bool Reader::readChildren(Bookmark& node) {
     for (std::uint64_t i = 0; i < array.count(); ++i)
         if (!expectChild(node, graph_.element(array, i)))
             return false;
-    // The last one pending is read next.
+    // The last pending node is read next.
     std::reverse(pending_.end() - static_cast<std::ptrdiff_t>(array.count()), pending_.end());
     return true;
 }
@@ -76,7 +77,8 @@ bool Reader::readNode(Bookmark& node, std::uint64_t uid) {
     return readChildren(node);
 }
 
-// A record in no list of children is what is left of a list that was damaged: its loss is not to be saved.
+// Returns false if a record is in no list of children. Its list was damaged, and the next save would lose the
+// record.
 bool Reader::everyNodeIsReached() {
     for (std::uint64_t uid = 1; uid < isNode_.size(); ++uid)
         if (isNode_[uid] == 0 && graph_.isNode(uid))

@@ -1,5 +1,5 @@
-// All objects of the property list are looked at, whether something refers to them or not. A record is known
-// by its class or, where that is lost, by its keys.
+// All objects of the property list are tested, even if nothing refers to them. A record is recognised by its
+// class or, if the class is lost, by its keys.
 #include "model/ArchiveSalvage.h"
 
 #include "model/ArchiveGraph.h"
@@ -28,15 +28,15 @@ public:
 
 private:
     static constexpr std::uint32_t kNone = ~std::uint32_t{0};
-    /// So many keys of a bookmark make a record without a class one.
+    /// A record without a class is a bookmark if it has so many keys of one.
     static constexpr std::size_t kEnoughKeys = 4;
 
     struct Record {
         Ref<Bookmark> node;
-        Object children; // an Array, or Damaged for none
+        Object children; // an Array, or Damaged if there is none
         bool isWhole = false;
         bool isPlaced = false;
-        bool isListed = false; // by a folder that stands nowhere itself yet
+        bool isListed = false; // by another folder that is not placed
     };
 
     void readRecords();
@@ -53,12 +53,13 @@ private:
     const BinaryPlist& plist_;
     const BaseServices services_;
     NodeReader nodes_;
-    std::vector<std::uint32_t> recordOf_; // by object number of the property list: which record, or kNone
-    std::vector<bool> isTaken_;           // by position in the file
+    std::vector<std::uint32_t>
+        recordOf_;              // by object number of the property list: index of the record, or kNone
+    std::vector<bool> isTaken_; // by position in the file
     std::vector<Record> records_;
     std::uint64_t rootUid_ = 0;
-    std::uint64_t lost_ = 0; // children that lead to no record
-    std::uint64_t tops_ = 0; // records that no folder reaches
+    std::uint64_t lost_ = 0; // the number of children without a record
+    std::uint64_t tops_ = 0; // the number of records placed in the folder of recovered bookmarks
 };
 
 bool Salvager::isRecord(Object object) {
@@ -87,7 +88,7 @@ void Salvager::readRecords() {
     }
 }
 
-// The record that a folder's list names at this place; null when it leads to none.
+// Returns the record of child `index` of a folder, or nullptr if it is lost.
 Salvager::Record* Salvager::listed(const Record& folder, std::uint64_t index) {
     const Object reference = plist_.object(plist_.reference(folder.children, index));
     const std::uint64_t id =
@@ -95,7 +96,7 @@ Salvager::Record* Salvager::listed(const Record& folder, std::uint64_t index) {
     return id < recordOf_.size() && recordOf_[id] != kNone ? &records_[recordOf_[id]] : nullptr;
 }
 
-// Gives every folder from `top` down the children that its list names and that stand nowhere yet.
+// Adds to `top` and every folder below it the children in its list that are not placed yet.
 void Salvager::placeBelow(Record& top) {
     top.isPlaced = true;
     std::vector<Record*> folders{&top};
@@ -125,7 +126,7 @@ void Salvager::noteListed() {
                     child->isListed = true;
 }
 
-// The record that the archive's root names as the root folder, or null.
+// Returns the record of the root folder by the root of the archive, or nullptr.
 Salvager::Record* Salvager::masterRecord() {
     Record root;
     root.children = graph_.arrayBehind(rootUid_);
@@ -134,7 +135,8 @@ Salvager::Record* Salvager::masterRecord() {
     return isPair ? listed(root, 1) : nullptr;
 }
 
-// Where the root is lost: the folder that no other one lists and that has its name.
+// Returns the first folder named "Master" that is in no other folder's list, or nullptr. Used if the root is
+// lost.
 Salvager::Record* Salvager::firstCalledMaster() {
     noteListed();
     for (Record& record : records_)
@@ -149,7 +151,8 @@ void Salvager::placeTop(Record& top, Bookmark& recovered) {
     placeBelow(top);
 }
 
-// Folders that hold each other in a circle have no first one: any of them begins.
+// Places the records that are in no list of a folder, and then those of folders whose lists form a cycle. The
+// first record of a cycle becomes its top.
 void Salvager::placeTheRest(Bookmark& master) {
     Ref<Bookmark> recovered = Bookmark::init(Date::now(services_.clock));
     recovered->setItemName(services_.texts.text("RecoveredBookmarks"));
@@ -181,7 +184,7 @@ Result<Salvage> Salvager::run() {
     placeTheRest(*salvage.master);
     for (const Record& record : records_)
         salvage.readable += &record != root && record.isWhole ? 1 : 0;
-    // What no folder reaches is mostly what the lists have lost.
+    // Records in no list are usually those that the damaged lists have lost, so they are not counted twice.
     salvage.records = records_.size() - (root ? 1 : 0) + (lost_ > tops_ ? lost_ - tops_ : 0);
     return salvage;
 }

@@ -1,5 +1,5 @@
-// What is left of a document that the reader refuses: every bookmark whose record can be read, for an
-// untitled document. Sound files go through ArchiveReader.h.
+// Recovery of a damaged document: reads every bookmark whose record can be read, for an untitled document.
+// Undamaged files are read by ArchiveReader.h.
 #pragma once
 
 #include "base/BaseServices.h"
@@ -11,26 +11,26 @@
 
 namespace tabulon {
 
-/// The tree that was read in part. Both counts leave the root folder out; folders and separators count as
-/// bookmarks.
+/// The tree of a damaged document. Both counts include folders and separators, but not the root folder.
 struct Salvage {
-    /// The root folder "Master", expanded, no document set. Never null.
+    /// The root folder "Master", expanded, without a document. Never null.
     Ref<Bookmark> master;
-    /// Bookmarks of which everything could be read.
+    /// The number of bookmarks that could be read completely.
     std::uint64_t readable = 0;
-    /// Bookmarks that the file names, as far as that can be told: those in the tree, of which some lack what
-    /// could not be read, and those that a folder lists and that are lost. Not below `readable`.
+    /// An estimate of the number of bookmarks in the original file: those in the tree, some of which are
+    /// incomplete, and those in the lists of folders whose records are lost. At least `readable`.
     std::uint64_t records = 0;
 };
 
-/// Reads what can be read of a document that `readDocumentArchive` has refused: a keyed archive as a binary
-/// or XML property list with damage in it. Folders have the children that their lists still name, in their
-/// order; a bookmark that two lists name is in the first one. Those that no folder reaches come, with what is
-/// below them, into a folder "RecoveredBookmarks" (by key) at the end.
+/// Returns as much as possible of a document that `readDocumentArchive` has refused: a damaged keyed archive,
+/// as a binary or XML property list. Folders have the children that their lists still contain, in their
+/// order. A bookmark that is in the lists of several folders is in one of these folders. Bookmarks in no list
+/// are, with everything below them, in a folder at the end whose name is the text of the key
+/// "RecoveredBookmarks".
 ///
-/// Fails with a sentence when the container itself cannot be read (its tables are cut off, its XML is
-/// malformed) or no bookmark is in it. Time and memory are linear in the size of `data`; nothing is kept of
-/// it.
+/// Fails with a sentence if the property list itself cannot be read (its tables are cut off, its XML is
+/// malformed) or no bookmark is in it. Time and memory are linear in the size of `data`. The tree does not
+/// refer to `data`.
 Result<Salvage> salvageDocumentArchive(std::string_view data, const BaseServices& services);
 
 } // namespace tabulon

@@ -1,5 +1,5 @@
-// One pass over the tree counts, a second one writes. Objects are numbered as they are met: the children of a
-// folder get consecutive numbers, so that their list can be written before they are.
+// One pass over the tree counts the objects, a second one writes them. The children of a folder have
+// consecutive numbers, so that their list can be written before them.
 #include "model/ArchiveWriter.h"
 
 #include "model/ArchiveKeys.h"
@@ -19,7 +19,8 @@ namespace {
 
 using archive::Key;
 
-/// In bytes. Of longer texts equal ones are found wherever they stand.
+/// The size in bytes from which every text is written only once. Shorter texts are compared with recent ones
+/// only.
 constexpr std::size_t kLongText = 256;
 
 constexpr std::size_t kVersionClass = 0;
@@ -49,7 +50,7 @@ struct Extent {
         for (const Date date :
              {node.itemDateAdded(), node.itemDateModified(), node.itemLastChecked(), node.itemLastOpened()})
             fields += date.isNull() ? 0 : 2;
-        // The node and its reference, what its fields refer to, its list of children, five codes.
+        // The node and its reference, the objects of its fields, its list of children, five codes.
         objects += 2 + 2 * fields + 3 + 5;
         bytes += 300 + 40 * fields;
     }
@@ -68,7 +69,7 @@ Extent extentOf(const Bookmark& root) {
 class Writer {
 public:
     explicit Writer(const Extent& extent) : plist_(extent.objects, extent.bytes) {
-        objects_.reserve(extent.objects / 2); // each has a reference beside it
+        objects_.reserve(extent.objects / 2); // each object has a reference, which is not in the vector
         for (std::size_t key = 0; key < archive::kKeyCount; ++key)
             keys_[key] = plist_.writeText(archive::kKeyNames[key]);
         objects_.push_back(plist_.writeText("$null"));
@@ -87,7 +88,7 @@ private:
     struct Level {
         ChildList::iterator next;
         ChildList::iterator end;
-        std::uint64_t uid; // of the node that comes next
+        std::uint64_t uid; // of the next node
     };
 
     std::uint64_t key(Key name) const { return keys_[static_cast<std::size_t>(name)]; }
@@ -122,15 +123,15 @@ private:
     PlistWriter::Keys nodeKeys_;
     PlistWriter::Keys dateKeys_;
     PlistWriter::Keys arrayKeys_;
-    std::array<std::uint64_t, kClasses.size()> classes_{}; // 0 while not written
+    std::array<std::uint64_t, kClasses.size()> classes_{}; // the reference to each, or 0 if not written yet
     std::map<std::int64_t, std::uint64_t> integers_;
     std::array<std::uint64_t, 256> bytes_{};
     std::unordered_map<std::string_view, std::uint64_t> longTexts_; // the reference to each
-    std::unordered_map<const char*, std::uint64_t> sharedTexts_;    // the same, by where the text lies
+    std::unordered_map<const char*, std::uint64_t> sharedTexts_; // the reference, by the address of the text
     static constexpr unsigned kSlotBits = 12;
     struct Recent {
         std::string_view text;
-        std::uint64_t reference = 0; // 0 for none
+        std::uint64_t reference = 0; // 0 for no text
 
         bool isOf(std::string_view other) const { return reference != 0 && text == other; }
     };
@@ -138,7 +139,7 @@ private:
         Recent latest;
         Recent other;
     };
-    std::vector<Slot> recentTexts_{std::size_t{1} << kSlotBits}; // short texts, by a hash of theirs
+    std::vector<Slot> recentTexts_{std::size_t{1} << kSlotBits}; // short texts, by their hash
     std::uint64_t null_ = 0;
     std::uint64_t false_ = 0;
     std::uint64_t true_ = 0;
@@ -152,7 +153,7 @@ std::uint64_t Writer::integer(std::int64_t value) {
     return id;
 }
 
-// The reference to a class, whose description is written where it is first asked for.
+// Returns the reference to a class. The first call for a class writes its description.
 std::uint64_t Writer::classReference(std::size_t name) {
     std::uint64_t& reference = classes_[name];
     if (reference != 0)
@@ -171,9 +172,9 @@ std::uint64_t Writer::classReference(std::size_t name) {
 std::uint64_t Writer::textReference(const Text& text) {
     if (text.isNull())
         return null_;
-    // A text is written once, however many nodes have it: else a small file whose nodes share one would grow
-    // beyond all bounds when it is saved again. It is the text that decides, not whether its bytes are shared
-    // in memory, so that the same tree gives the same file.
+    // A long text is written once, for all nodes that have it. Otherwise a small file whose nodes share a
+    // long text would become very large when it is saved again. Equal texts are found by content and not by
+    // shared memory, so that the same tree always has the same file.
     if (text.view().size() >= kLongText)
         return longTextReference(text);
     Slot& slot = recentTexts_[slotFor(text.view())];
@@ -185,7 +186,7 @@ std::uint64_t Writer::textReference(const Text& text) {
     return slot.latest.reference;
 }
 
-// A text that is shared in memory is looked at once, however many nodes have it.
+// Returns the reference to a long text. The content of a text that is shared in memory is hashed only once.
 std::uint64_t Writer::longTextReference(const Text& text) {
     std::uint64_t* const shared = text.isShared() ? &sharedTexts_[text.view().data()] : nullptr;
     if (shared && *shared != 0)
@@ -204,8 +205,8 @@ std::uint64_t Writer::newText(std::string_view text) {
     return plist_.writeUid(uid);
 }
 
-// Looking up each short text among all would take longer than writing it; its slot is that of few others. All
-// of the text counts: texts of one pattern differ in their middle only.
+// Returns the slot for a short text. A look-up among all short texts would take longer than writing the text
+// again. The hash covers the whole text, because texts of one pattern may differ only in the middle.
 std::size_t Writer::slotFor(std::string_view text) {
     constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15u;
     std::uint64_t hash = text.size();

@@ -1,5 +1,5 @@
-// The two baskets of a document: top-level items that are known by their names alone, in the language of the
-// moment. How they are shown, and what is put into them when, is the business of the layers above.
+// The two baskets of a document: top-level items that are identified by their names in the current language.
+// The layers above show them and put bookmarks into them.
 #pragma once
 
 #include "base/Localization.h"
@@ -10,19 +10,21 @@
 
 namespace tabulon {
 
-/// What the baskets are called, as keys of the program's texts: the one that receives bookmarks from outside,
-/// and the one that receives bookmarks that are removed.
+/// The keys of the baskets' names among the program's texts: the one that receives bookmarks from outside,
+/// and the one that receives removed bookmarks.
 inline constexpr std::string_view kDropBasket = "DropBasket";
 inline constexpr std::string_view kWasteBasket = "WasteBasket";
 
 /// The label of a basket that the program makes.
 inline constexpr std::uint8_t kBasketLabel = 2;
 
-/// The first child of `root` whose name is `name`, as the language of `texts` compares, whatever its case;
-/// null for none. Its kind does not count: a link or a separator of that name is the basket.
+/// Returns the first child of `root` whose name equals `name`, UTF-8, ignoring case by the rules of the
+/// locale of `texts`; nullptr if there is none. The kind of the child does not matter: a link or a separator
+/// of this name is the basket. Linear in the number of children. The tree owns the result.
 Bookmark* searchBasket(const Bookmark& root, std::string_view name, const Localization& texts);
 
-/// A new empty folder of that name with the label of baskets, in no tree, of the document of `root`.
+/// Returns a new empty folder with this name, UTF-8, the label of baskets and the added-date `now`. It
+/// belongs to the document of `root`, but has no parent.
 Ref<Bookmark> createBasket(const std::string& name, const Bookmark& root, Date now);
 
 } // namespace tabulon

@@ -31,7 +31,7 @@ Ref<Bookmark> Bookmark::initWithDictionary(const BookmarkDictionary& dictionary,
 
 namespace {
 
-// Everything of a shallow copy but the object itself.
+// Sets all fields of a shallow copy.
 void copyInto(Bookmark& copy, const Bookmark& source) {
     copy.setItemName(source.itemName());
     copy.setItemURL(source.itemURL());
@@ -139,8 +139,8 @@ void Bookmark::handleShowHier(std::uint8_t byte) {
 }
 
 void* Bookmark::operator new(std::size_t size) {
-    // Nodes made one after the other mostly lie so: whoever reads a file has the eighth next one near by
-    // then.
+    // Nodes that are made one after the other are usually adjacent in memory. This prefetches the memory of
+    // the eighth next one.
     char* block = static_cast<char*>(::operator new(size));
     const std::size_t ahead = 8 * size;
     __builtin_prefetch(block + ahead, 1);

@@ -1,5 +1,5 @@
-// The one node of every bookmark tree: a folder, a link or a separator. What its codes mean is in LinkType.h,
-// how it is stored in ArchiveReader.h and ArchiveWriter.h.
+// The node of every bookmark tree: a folder, a link or a separator. LinkType.h defines its codes;
+// ArchiveReader.h and ArchiveWriter.h store it.
 #pragma once
 
 #include "base/BaseServices.h"
@@ -19,22 +19,22 @@ namespace tabulon {
 class Bookmark;
 class Document;
 
-/// Where a node keeps its place among its siblings.
+/// The link of a node to the list of its siblings; see ChunkedList.
 struct SiblingLink {
     static void*& chunk(Bookmark& node);
     static std::uint16_t& place(Bookmark& node);
 };
 
-/// Where a node keeps its place among the visible rows of the outline that shows its tree.
+/// The link of a node to the visible rows of the outline that shows its tree; see ChunkedList.
 struct RowLink {
     static void*& chunk(Bookmark& node);
     static std::uint16_t& place(Bookmark& node);
 };
 
-/// The children of one node in their order. Change it through the node.
+/// The children of one node, in order. Only the node changes it.
 using ChildList = ChunkedList<Bookmark, SiblingLink>;
 
-/// Names and texts a new node is filled with; null fields stay null.
+/// The texts of a new node; each may be null.
 struct BookmarkDictionary {
     Text name;
     Text url;
@@ -42,28 +42,34 @@ struct BookmarkDictionary {
     Text tags;
 };
 
-/// A node. Counted by `Ref`; a parent owns its children, `parent` and the document are plain back references.
-/// When a parent is freed, children that live on lose it, and when a document is freed, its nodes lose it. A
-/// node that left its parent's list still points there: whoever keeps it for long gives it another parent or
-/// null. Identity is the object: there is no equality. No operation recurses, so a tree may be nested to any
-/// depth.
+/// A node, counted by `Ref`. A parent owns one count of each child; parent and document are references
+/// without a count. When a parent or a document is destroyed, the reference of each remaining child or node
+/// becomes nullptr. A node that was removed from its parent's list keeps its parent; a caller that keeps the
+/// node must set another parent or nullptr. A node that is destroyed is removed from the rows of its outline.
+///
+/// Nodes are compared by address; there is no equality of content other than `isIdentical`. No operation is
+/// recursive, so a tree may be nested to any depth. All nodes of a tree stay on one thread. Texts are UTF-8.
 class Bookmark {
 public:
     // Construction and copying
 
-    /// A link with the added-date `now` and the icon of web pages; everything else zero or null.
+    /// Returns a link with the added-date `now` and the icon of web pages. All other fields are zero or null.
     static Ref<Bookmark> init(Date now);
-    /// All zero: no dates, no icon. For readers, which fill everything in.
+    /// Returns a node whose fields are all zero or null, also dates and icon. For readers, which set every
+    /// field.
     static Ref<Bookmark> initEmpty();
-    /// As `init`, with the dictionary's texts, classified by `determineType`.
+    /// Returns a node like `init` with the dictionary's texts, classified by `determineType`.
     static Ref<Bookmark> initWithDictionary(const BookmarkDictionary& dictionary, Date now);
-    /// Shallow copy: texts, dates, codes (the browser's low 8 bits), folder state, icon and document. A
-    /// folder's copy is an empty folder; the copy has no parent.
+    /// Returns a shallow copy: texts, dates, codes (of the browser the low 8 bits), folder state, icon and
+    /// document. The copy of a folder is an empty folder. The copy has no parent.
     static Ref<Bookmark> initWithBookmark(const Bookmark& source);
-    /// Takes over what a person edits: texts (null clears), modified date, type, flags, label, status,
-    /// browser (low 8 bits). Folder state, the other dates, icon, children, parent and document stay.
+    /// Copies the fields that the user edits: texts (null too), modified date, type, flags, label, status and
+    /// the low 8 bits of the browser. Folder state, the other dates, icon, children, parent and document are
+    /// unchanged.
     void setWithBookmark(const Bookmark& source);
 
+    /// Adds and removes a count; see Ref. `release` destroys the node with its last count, and its children
+    /// that have no other count, in time linear in their number.
     void retain() noexcept { ++references_; }
     void release() noexcept {
         if (--references_ == 0)
@@ -90,76 +96,89 @@ public:
     void setItemLastChecked(Date date) { lastChecked_ = date; }
     void setItemLastOpened(Date date) { lastOpened_ = date; }
 
-    /// Stamps the last-opened date and tells the document of a change, if the setting "LastOpened" is on.
+    /// Sets the last-opened date to the current time and records a change in the document. Does nothing if
+    /// the setting "LastOpened" is off.
     void opened(const BaseServices& services);
 
     // Tree
 
-    /// Appends `child` and makes this node its parent. A node without a child list gets one; it does not
-    /// become a folder by that.
+    /// Appends `child` and makes this node its parent. Makes a child list if there is none; the node does not
+    /// become a folder by this. The child is not removed from the list of its former parent, and its document
+    /// does not change.
     void addChild(Ref<Bookmark> child);
-    /// The same at index 0.
+    /// Inserts `child` at index 0, otherwise like `addChild`.
     void addBegin(Ref<Bookmark> child);
-    /// The same at `index`, which is at most the number of children.
+    /// Inserts `child` at `index`, otherwise like `addChild`. Requires: `index` is at most the number of
+    /// children.
     void insertChild(std::size_t index, Ref<Bookmark> child);
-    /// Null when there are no children.
+    /// Returns the first child, or nullptr if there are no children.
     Bookmark* getChild() const { return children_ ? children_->front() : nullptr; }
+    /// Returns the last child, or nullptr if there are no children.
     Bookmark* getLast() const { return children_ ? children_->back() : nullptr; }
-    /// Drops the last child, if there is one.
+    /// Removes the last child. Does nothing if there are no children.
     void removeLast();
-    /// Leaves the parent's list, every occurrence; `parent` stays as it was. Without a parent it logs "parent
-    /// is nil" and does nothing. The caller holds a Ref if the node is to live on.
+    /// Removes every occurrence of this node from its parent's list; the parent itself is kept. Logs "parent
+    /// is nil" and does nothing else if there is no parent. Destroys the node unless the caller has a Ref.
     void remove(SystemLog& log);
-    /// Leaves the parent's list at the first place where it stands; `parent` stays as it was. Nothing happens
-    /// without a parent or when the parent's list does not hold it.
+    /// Removes the first occurrence of this node from its parent's list; the parent itself is kept. Does
+    /// nothing if there is no parent or the parent's list does not contain the node. Destroys the node unless
+    /// the caller has a Ref.
     void detachMe();
-    /// The child list, or null for a node that has none.
+    /// Returns the child list, or nullptr if the node has none. Valid until the node gets another list.
     const ChildList* getChildren() const { return children_.get(); }
-    /// Replaces the list by these nodes (a list is made in any case). Their `parent` is not touched.
+    /// Replaces the child list by a list of these nodes, which may be empty. The parents of the nodes do not
+    /// change.
     void setChildren(const std::vector<Ref<Bookmark>>& children);
-    /// Gives the node an empty list in place of the one it has, ready for `count` children.
+    /// Replaces the child list by an empty one with room for `count` children. Children without another count
+    /// are destroyed; the others keep their parent.
     void makeChildList(std::size_t count = 0);
 
     bool hasChildren() const { return children_ && !children_->empty(); }
     bool childLess() const { return !folder_ || !hasChildren(); }
     bool isFolder() const { return folder_; }
     bool isSeparator() const { return type_ == kSeparatorType; }
-    /// Makes the node a folder with a new empty list and the folder's icon.
+    /// Makes the node a folder with the icon of folders and a new empty child list; see `makeChildList`.
     void makeParent();
     Bookmark* getParent() const { return parent_; }
     Bookmark* parent() const { return parent_; }
     void setParent(Bookmark* parent) { parent_ = parent; }
-    /// True when `node` is this node or lies below it.
+    /// Returns true if `node` is this node or is below it, by the parents. Linear in the depth of `node`.
     bool offSpring(const Bookmark& node) const;
-    /// Number of ancestors: 0 for the root.
+    /// Returns the number of ancestors, 0 for the root. Linear in it.
     int getLevel() const;
-    /// The next sibling, or null after the last one and without a parent. Constant time.
+    /// Returns the next sibling, or nullptr after the last one, without a parent, and for a node that its
+    /// parent's list does not contain. Constant time, except in a list that shares nodes; see ChunkedList.
     Bookmark* nextBookmark() const {
         return parent_ && parent_->children_ ? parent_->children_->next(*this) : nullptr;
     }
-    /// True when a direct child has exactly the URL of `node`; null matches nothing.
+    /// Returns true if a direct child has the URL of `node`, byte by byte. Returns false if that is null.
     bool containsURL(const Bookmark& node) const;
-    /// Same name (null never matches), URL, note, tags, type, flags, browser (this node's full value against
-    /// the low 8 bits of the other's), label and status. Dates, folder state, children and icon do not count.
+    /// Returns true if both have the same name, URL, note, tags, type, flags, browser, label and status. Of
+    /// the browsers, this node's full value is compared with the low 8 bits of the other's. Returns false if
+    /// the name is null. Dates, folder state, children and icon are not compared.
     bool isIdentical(const Bookmark& node) const;
 
-    /// Sets the document on this node and, through folders, on everything below it. Null clears it.
+    /// Sets the document of this node and, if it is a folder, of its children and so on. `document` may be
+    /// nullptr.
     void setDocument(Document* document);
+    /// Returns the document, or nullptr if there is none or it no longer exists. Not owned.
     Document* getDocument() const { return document_ ? document_->document : nullptr; }
 
     // Codes and flags
 
     std::uint8_t getType() const { return type_; }
-    /// Stores the code and, where the code has an icon, that icon.
+    /// Sets the type and, if the type has an icon, the icon.
     void setType(std::uint8_t type);
-    /// Classifies the node by the scheme of its URL and gives the type code; see LinkType.h.
+    /// Sets type and icon by the URL (see `typeForURL`) and returns the type. Changes nothing if no rule
+    /// matches, and for queries and separators. Returns 0 and changes nothing for folders and without a URL.
     std::uint8_t determineType();
-    /// Computes the icon anew from folder state and type.
+    /// Sets the icon by folder state and type; for types without an icon it is that of web pages.
     void linkIcon();
     ItemIcon itemIcon() const { return icon_; }
     void setItemIcon(ItemIcon icon) { icon_ = icon; }
     bool itemQuery() const { return type_ == kQueryType; }
-    /// Ignored on a folder. Yes makes the node a query, no a web page that is then classified.
+    /// Makes the node a query, or a web page that is then classified by `determineType`. Does nothing for a
+    /// folder.
     void setItemQuery(bool query);
 
     std::uint8_t getLabel() const { return label_; }
@@ -169,6 +188,7 @@ public:
     void setStatus(std::uint8_t status) { status_ = status; }
     std::uint8_t getFlags() const { return flags_; }
     void setFlags(std::uint8_t flags) { flags_ = flags; }
+    // The bits of the flags.
     bool getReload() const { return (flags_ & 1) != 0; }
     bool getPassword() const { return (flags_ & 2) != 0; }
     bool getLocked() const { return (flags_ & 4) != 0; }
@@ -176,30 +196,33 @@ public:
     void setItemLocked(bool locked);
     bool getAutoTab() const { return autoTab_; }
     void setAutoTab(bool autoTab) { autoTab_ = autoTab; }
+    /// True for a folder that is shown expanded.
     bool showHier() const { return openFolder_; }
     void setShowHier(bool shown) { openFolder_ = shown; }
 
-    /// The low 8 bits of the browser index.
+    /// Returns the low 8 bits of the browser index.
     std::uint8_t getBrowser() const { return static_cast<std::uint8_t>(browser_); }
     void setBrowser(std::uint32_t browser) { browser_ = browser; }
-    /// The whole browser index, as stored in files.
+    /// Returns the whole browser index, as stored in files.
     std::int64_t itemBrowser() const { return browser_; }
     void setItemBrowser(std::int64_t browser) { browser_ = browser; }
-    /// The bundle identifier of the browser that opens this link; see LinkType.h.
+    /// Returns the bundle identifier of the browser that opens this link; see `browserID` in LinkType.h.
     std::string getBrowserID(std::string_view defaultHandler) const {
         return browserID(browser_, defaultHandler);
     }
 
-    /// From one byte of a classic file: low nibble flags, high nibble status.
+    /// Sets flags and status from a byte of a classic file: the flags are its low nibble, the status is its
+    /// high nibble.
     void handleFlags(std::uint8_t byte);
-    /// From one byte of a classic file: bit 0 expanded, bit 1 auto-tab (set, never cleared), label 8 minus
-    /// the high nibble (0 stays 0, the arithmetic is that of a byte), browser the low nibble, overlap
-    /// included.
+    /// Sets four fields from a byte of a classic file. Bit 0 sets expanded and bit 1 sets auto-tab; neither
+    /// is cleared. The label is 8 minus the high nibble, modulo 256, or 0 for a nibble of 0. The browser is
+    /// the low nibble, which contains both bits.
     void handleShowHier(std::uint8_t byte);
 
-    /// For readers: the folder flag alone, without a list or an icon.
+    /// Sets the folder flag only, not the list or the icon. For readers.
     void setItemFolder(bool folder) { folder_ = folder; }
 
+    /// Returns true if this is a Bookmark2.
     bool isBookmark2() const { return bookmark2_; }
 
     static void* operator new(std::size_t size);
@@ -250,14 +273,15 @@ private:
 
 static_assert(sizeof(void*) != 8 || sizeof(Bookmark) == 128, "a node fills a size class of the allocator");
 
-/// A search result: a copy of a node that points back, without owning, to the node it was found as.
+/// A search result: a copy of a node, with a reference to the original.
 class Bookmark2 : public Bookmark {
 public:
-    /// As `Bookmark::init`, with a null `originalID`.
+    /// Returns a node like `Bookmark::init`, without an original.
     static Ref<Bookmark2> init(Date now);
-    /// A shallow copy of `source` with a null `originalID`.
+    /// Returns a shallow copy like `Bookmark::initWithBookmark`, without an original.
     static Ref<Bookmark2> initWithBookmark(const Bookmark& source);
 
+    /// Returns the node that was found, or nullptr. Not owned; it is not reset when that node is destroyed.
     Bookmark* originalID() const { return originalID_; }
     void setOriginalID(Bookmark* original) { originalID_ = original; }
 
@@ -269,8 +293,8 @@ private:
     Bookmark* originalID_ = nullptr;
 };
 
-/// A copy of the whole subtree: `initWithBookmark` for each node, children appended in order. The copy has no
-/// parent.
+/// Returns a copy of the whole subtree: `initWithBookmark` for each node, with the children of folders in
+/// order. The children of a node that is no folder are not copied. The copy has no parent.
 Ref<Bookmark> deepCopy(const Bookmark& source);
 
 inline void*& SiblingLink::chunk(Bookmark& node) {

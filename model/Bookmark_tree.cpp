@@ -56,7 +56,8 @@ void Bookmark::detachMe() {
 }
 
 void Bookmark::setChildren(const std::vector<Ref<Bookmark>>& children) {
-    // Held by the argument, the nodes outlive the old list even when it holds the same ones.
+    // The argument has a count of each node, so nodes that are also in the old list are not destroyed with
+    // it.
     makeChildList(children.size());
     for (const Ref<Bookmark>& child : children) {
         child->retain();
@@ -133,7 +134,7 @@ Ref<Bookmark> deepCopy(const Bookmark& source) {
     return top;
 }
 
-// Drops the child list. Children that nobody else holds are appended to `dying`, the others lose their
+// Removes the child list. Children without another count are appended to `dying`; the others keep their
 // parent.
 void Bookmark::releaseChildrenInto(std::vector<Bookmark*>& dying) noexcept {
     if (!children_)

@@ -25,7 +25,7 @@ bool countryIsJapan(const std::string& locale) {
     return U_SUCCESS(status) && std::string_view(country) == "JP";
 }
 
-// Legacy bytes → UTF-8, by ICU's converter of that name.
+// Converts a legacy encoding to UTF-8, by ICU's converter of this name.
 class Decoder {
 public:
     explicit Decoder(const char* encoding) : converter_(ucnv_open(encoding, &status_)) {
@@ -42,7 +42,7 @@ public:
         const char* from = bytes.data();
         const char* end = from + bytes.size();
         while (from < end) {
-            // ASCII stands for itself; the converter would swap some control characters.
+            // ASCII is copied, because the converter would exchange some control characters.
             if (static_cast<unsigned char>(*from) < 0x80) {
                 text += *from++;
                 continue;
@@ -69,9 +69,11 @@ public:
         : data_(data), now_(Date::now(services.clock)),
           decoder_(countryIsJapan(services.texts.locale()) ? "Shift_JIS" : "macintosh") {}
 
-    /// False when a record runs past the end of the data, or a text does not end where its length says.
+    /// Reads all records into `root`. Returns false if one extends beyond the end of the data, or a text does
+    /// not end with a zero byte.
     bool readChain(Bookmark& root);
-    /// Whether room for a record is left behind the chain, with something in it: a chain that was cut short.
+    /// Returns true if the data after the last record has room for another one and is not all zeros. The
+    /// chain of records is then damaged.
     bool leavesRecords() const {
         return has(kRecordSize) && data_.find_first_not_of('\0', position_) != std::string_view::npos;
     }
@@ -110,7 +112,7 @@ Ref<Bookmark> Reader::nodeFrom(const Record& record) const {
         node->makeParent();
     node->handleFlags(record.byte(19));
     node->handleShowHier(record.byte(17));
-    // Last: a folder without records of its own carries its type's icon until the document is read anew.
+    // Last, so that a folder without children has the icon of its type until the document is read again.
     node->setType(record.byte(15));
     if (const Date added = date(record.word(40)); !added.isNull())
         node->setItemDateAdded(added);
@@ -119,8 +121,8 @@ Ref<Bookmark> Reader::nodeFrom(const Record& record) const {
     return node;
 }
 
-// `length` bytes of text and one zero byte. The text ends at its first zero byte; only a length of 0 leaves
-// it null.
+// Reads `length` bytes of text and one zero byte. The text ends at its first zero byte. It is null only for a
+// length of 0.
 bool Reader::readText(std::size_t length, Text& text) {
     if (!has(length + 1) || data_[position_ + length] != '\0')
         return false;
@@ -154,7 +156,7 @@ bool Reader::readTexts(const Record& record, Bookmark& node) {
             return false;
         const auto low = static_cast<std::uint8_t>(data_[position_]);
         ++position_;
-        // The note's length is split: its high byte stands in the record.
+        // The length of the note is divided: its high byte is in the record.
         if (!readText(std::size_t{record.byte(14)} << 8 | low, note))
             return false;
     }

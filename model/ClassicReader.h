@@ -1,5 +1,5 @@
-// Bytes of a classic document → nodes. The classic layout is packed, big-endian, and read only: the next save
-// writes the current format. docs/file-format.md gives it byte by byte.
+// Reading of a classic document, in a packed big-endian layout that is never written: the next save writes
+// the current format. docs/file-format.md describes the layout byte by byte.
 #pragma once
 
 #include "base/BaseServices.h"
@@ -10,18 +10,18 @@
 
 namespace tabulon {
 
-/// The first two bytes, as a big-endian number, are below 4: a file of the classic layout. False for data of
-/// fewer than two bytes.
+/// Returns true if `data` has the classic layout: its first two bytes, as a big-endian number, are below 4.
+/// Returns false for fewer than two bytes.
 bool classicFile(std::string_view data);
 
-/// Reads a classic document into a new root folder "Master". Texts are Shift-JIS when the country of the
-/// services' locale is JP, Mac OS Roman otherwise; undecodable bytes become U+FFFD. Nodes without a date of
-/// their own carry the time of the reading, as every new node does.
+/// Returns a new root folder "Master", expanded, with the bookmarks of a classic document. Texts are decoded
+/// as Shift-JIS if the country of the services' locale is JP, else as Mac OS Roman; malformed bytes become
+/// U+FFFD. A node without an added-date in the file has the current time of the services.
 ///
-/// Fails with ErrorDomain::OSStatus, code 256: for empty and short data, a header that says there are no
-/// bookmarks or has too high a version (both with the title and text of their alert), records that run past
-/// the end, texts without their zero byte, and bytes behind the last record that may be more of them. Nothing
-/// is read beyond the data, and the work is linear in its size.
+/// Fails with ErrorDomain::OSStatus, code 256, for data shorter than the header, a header with no bookmarks
+/// or with too high a version (both with the title and message of their alert), records that extend beyond
+/// the end, texts without their zero byte, and bytes after the last record that may be more records. Reads
+/// nothing beyond the data. Linear in its size.
 Result<Ref<Bookmark>> readClassic(std::string_view data, const BaseServices& services);
 
 } // namespace tabulon

@@ -1,6 +1,5 @@
-// One bookmark document: the tree it owns, what it knows of its file, and whether it has unsaved changes.
-// Reading and writing bytes is here; files, windows and the tasks of a save are the business of the layers
-// above.
+// One bookmark document: its tree, the name of its file, and the number of unsaved changes. It is converted
+// from and to bytes here; the layers above handle files, windows and the steps of a save.
 #pragma once
 
 #include "base/BaseServices.h"
@@ -21,75 +20,86 @@ inline constexpr std::string_view kDocumentExtension = "tbln";
 /// What `updateChangeCount` records.
 enum class ChangeKind { Done, Undone, Cleared };
 
-/// What shows a document. One at a time; implemented above the model. Every call comes on the document's
-/// thread.
+/// The view of a document, implemented above the model. A document has at most one. All functions are called
+/// on the document's thread.
 class DocumentPresenter {
 public:
     virtual ~DocumentPresenter() = default;
 
-    /// The document has another tree, or the tree was changed from outside: show it anew.
+    /// Shows `master`, which is another tree or was changed by another object than the presenter.
     virtual void setMaster(Bookmark& master) = 0;
-    /// The document's name, file or edited state changed.
+    /// Called after a change of the document's name, file or edited state.
     virtual void documentStateChanged() = 0;
 };
 
+/// Paths are in the file system's encoding; texts are UTF-8. Used on one thread.
 class Document {
 public:
-    /// A new document with an empty root folder "Master", expanded, without a file and without changes. The
-    /// services must live longer than the document.
+    /// Constructs a document with an empty root folder "Master", expanded, without a file and without
+    /// changes. The services must outlive the document.
     explicit Document(const BaseServices& services);
     ~Document();
     Document(const Document&) = delete;
     Document& operator=(const Document&) = delete;
 
-    /// The root folder; never null.
+    /// Returns the root folder, which the document owns.
     Bookmark& getMaster() const { return *fMaster_; }
-    /// Replaces the tree and sets the document reference on every node of the new one.
+    /// Replaces the tree, sets the document of every node of the new one, and resets the drop folder. Does
+    /// not call the presenter and does not record a change. Linear in the size of the tree. Requires: not
+    /// null.
     void setMaster(Ref<Bookmark> master);
 
-    /// Makes a root folder of what a file has as one: named "Master", expanded, and a folder with a list of
-    /// children whatever the file says.
+    /// Makes a node from a file a valid root: a folder named "Master", expanded, with the icon of folders.
+    /// Makes a child list if there is none.
     static void makeMaster(Bookmark& root);
 
-    /// The folder of this tree that receives dropped and captured bookmarks, or null.
+    /// Returns the folder of this tree that receives dropped and captured bookmarks, or nullptr.
     Bookmark* getDropFolder() const { return fDropFolder_.get(); }
     void setDropFolder(Bookmark* folder) { fDropFolder_ = Ref<Bookmark>(folder); }
 
-    /// The document as the bytes of its file.
+    /// Returns the document as the bytes of a file in the current format, for every `type`.
     std::string dataOfType(std::string_view type) const;
-    /// Replaces the tree by the one in `data`, of the current or the classic format (see ArchiveReader.h and
-    /// ClassicReader.h for what is taken and refused). On failure
-    /// the document keeps its tree. The presenter is not told: the caller decides when to show the new tree.
+    /// Replaces the tree by the one in `data`, in the current or the classic format. Fails with the errors of
+    /// `readDocumentArchive` and `readClassic`, and then keeps the tree. Does not call the presenter, since
+    /// the caller decides when the new tree is shown.
     Result<void> readFromDataOfType(std::string_view data, std::string_view type);
 
-    /// The type identifier of what the document was read from; a classic file is of the current type from
-    /// then on.
+    /// Returns the type identifier with which the document was read. For a classic file it is the current
+    /// type.
     const std::string& fileType() const { return fileType_; }
 
-    /// Documents are saved in place by themselves; when is DocumentController's affair.
+    /// Returns true: documents are saved automatically, at times that DocumentController decides.
     static constexpr bool autosavesInPlace() { return true; }
 
+    /// Adds 1 to the change count, subtracts 1, or sets it to 0. Calls the presenter if the edited state
+    /// changes.
     void updateChangeCount(ChangeKind change);
-    /// Called after each change that is recorded, done or undone; not when the document becomes clean.
+    /// Sets a function that is called after each Done and Undone, but not after Cleared. May be empty.
     void setChangeObserver(std::function<void()> observer) { changeObserver_ = std::move(observer); }
+    /// Returns true if the change count is not 0.
     bool isDocumentEdited() const { return changeCount_ != 0; }
-    /// Changes since the document was last clean; may be negative after undoing.
+    /// Returns the number of changes since the document was last clean; negative if changes before that were
+    /// undone.
     long changeCount() const { return changeCount_; }
 
-    /// The path of the document's file in the file system's encoding; empty for a document without a file.
+    /// Returns the path of the document's file; empty for a document without a file.
     const std::string& fileName() const { return fileName_; }
+    /// Sets the path, removes the display name that was set, and calls the presenter.
     void setFileName(std::string path);
-    /// What people call the document: the name that was set, else the file's name without extension, else
-    /// "Untitled".
+    /// Returns the name for the user: the one that was set, else the file's name without extension, else the
+    /// text of the key "Untitled".
     std::string displayName() const;
+    /// Sets the name for the user, until the next `setFileName`, and calls the presenter. Empty removes it.
     void setDisplayName(std::string name);
 
-    /// Null when nothing shows the document. Not owned.
+    /// Returns the presenter, or nullptr if the document is not shown. Not owned.
     DocumentPresenter* presenter() const { return presenter_; }
     void setPresenter(DocumentPresenter* presenter) { presenter_ = presenter; }
-    /// Hands the tree to the presenter again, after a change that did not come through it.
+    /// Calls `setMaster` of the presenter with the current tree, after a change by another object. Does
+    /// nothing without a presenter.
     void updateUI();
 
+    /// Returns the anchor by which nodes refer to this document; never null.
     const Ref<DocumentAnchor>& anchor() const { return anchor_; }
 
 private:

@@ -1,4 +1,4 @@
-// The thread by which nodes hang on a document without owning it.
+// A weak reference from nodes to their document.
 #pragma once
 
 #include <cstdint>
@@ -7,9 +7,10 @@ namespace tabulon {
 
 class Document;
 
-/// Counted, one for each document. The document makes it and clears `document` when it goes, so that a node
-/// that outlives its document (a copied one, a search result) finds nothing instead of a dangling pointer.
+/// One counted object for each document. The document sets `document` to nullptr when it is destroyed, so
+/// that a node that outlives it (a copy, a search result) has no dangling pointer. The count is not atomic.
 struct DocumentAnchor {
+    /// The document, or nullptr after its destruction.
     Document* document = nullptr;
 
     void retain() noexcept { ++references; }

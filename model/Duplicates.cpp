@@ -11,8 +11,8 @@
 namespace tabulon {
 namespace {
 
-// Eight bytes at a time, the letters A to Z among them as small ones. The high bit of each byte tells whether
-// it is one of those.
+// Returns eight bytes with the letters A to Z replaced by small ones. In `capital` the high bit of each byte
+// is set for these letters.
 std::uint64_t smallLetters(std::uint64_t bytes) {
     constexpr std::uint64_t kOnes = 0x0101010101010101u;
     constexpr std::uint64_t kHighBits = kOnes << 7;
@@ -23,7 +23,7 @@ std::uint64_t smallLetters(std::uint64_t bytes) {
     return bytes | (capital >> 2);
 }
 
-// `count` is at most 8; missing bytes are zero.
+// Returns `count` bytes, at most 8, with small letters. Missing bytes are zero.
 std::uint64_t load(const char* bytes, std::size_t count) {
     std::uint64_t value = 0;
     std::memcpy(&value, bytes, count);
@@ -36,8 +36,8 @@ std::uint64_t mix(std::uint64_t a, std::uint64_t b) {
     return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64);
 }
 
-// Texts that are equal but for the case of ASCII letters have one hash. The seed differs from scan to scan,
-// so that nobody can make a document whose URLs all collide.
+// Returns a hash that ignores the case of ASCII letters. Each scan has another seed, so that a document
+// cannot be made in which all URLs collide.
 std::uint64_t foldedHash(std::string_view text, std::uint64_t seed) {
     constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15u;
     std::uint64_t hash = seed ^ text.size();
@@ -55,10 +55,10 @@ struct Link {
     Bookmark* item;
 };
 
-// Most of the time goes into waiting for memory: what is needed a little later is asked for early.
+// The number of items by which memory is prefetched. The scan spends most of its time waiting for memory.
 constexpr std::size_t kAhead = 16;
 
-// A text of so many bytes that many links share is hashed once.
+// The size in bytes from which a text that links share in memory is hashed only once.
 constexpr std::size_t kLong = 256;
 
 std::vector<Link> linksWithURL(const Bookmark& root) {
@@ -66,7 +66,7 @@ std::vector<Link> linksWithURL(const Bookmark& root) {
     const std::uint64_t seed = (std::uint64_t{random()} << 32) | random() | 1;
     std::vector<Link> links;
     std::size_t hashed = 0;
-    std::unordered_map<const char*, std::uint64_t> sharedHashes; // of long texts, by where they lie
+    std::unordered_map<const char*, std::uint64_t> sharedHashes; // of long texts, by their address
     const auto hashNext = [&] {
         Link& link = links[hashed++];
         const Text& url = link.item->itemURL();
@@ -111,8 +111,7 @@ bool equalIgnoringAsciiCase(std::string_view a, std::string_view b) {
 
 std::vector<Bookmark*> findDuplicates(const Bookmark& root) {
     const std::vector<Link> links = linksWithURL(root);
-    // The first link of each URL, in a table that is at most half full: a link looks from the place that its
-    // hash names on until it meets its like or a gap.
+    // A hash table with linear probing of the first link of each URL, at most half full.
     std::vector<Link> firsts(std::bit_ceil(2 * links.size() + 1), Link{0, nullptr});
     const std::size_t mask = firsts.size() - 1;
     std::vector<Bookmark*> duplicates;

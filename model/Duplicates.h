@@ -1,5 +1,5 @@
-// The duplicate scan: which links of a tree have the URL of an earlier one. It works on the tree alone; rows
-// and alerts are the business of the layers above.
+// The duplicate scan, which finds the links of a tree that have the URL of an earlier one. The layers above
+// update rows and show alerts.
 #pragma once
 
 #include "model/Bookmark.h"
@@ -9,20 +9,21 @@
 
 namespace tabulon {
 
-/// The items that are no folders and whose URL an earlier one has, in document order. URLs are the same when
-/// their bytes are, the case of ASCII letters apart; two empty ones are the same, a null one is like no
-/// other. Nothing else of an item counts, separators take part. Items below what is no folder are not looked
-/// at. The work is linear in the bytes of the URLs.
+/// Returns the items below `root` that are no folders and have the URL of an earlier one, in document order.
+/// URLs are compared byte by byte, ignoring the case of ASCII letters. Empty URLs are equal; a null URL
+/// equals no other. Separators are compared too. Items below an item that is no folder are ignored. Linear in
+/// the bytes of the URLs on average. The tree owns the results.
 std::vector<Bookmark*> findDuplicates(const Bookmark& root);
 
-/// True when the texts differ in nothing but the case of ASCII letters.
+/// Returns true if `a` and `b` are equal, ignoring the case of ASCII letters. Compares eight bytes at a time.
 bool equalIgnoringAsciiCase(std::string_view a, std::string_view b);
 
-/// Gives every duplicate the status for it, and gives them. Earlier marks stay.
+/// Sets the status of all duplicates to kDuplicateStatus, and returns the result of `findDuplicates`. Items
+/// that are no duplicates keep their status.
 std::vector<Bookmark*> markDuplicates(const Bookmark& root);
 
-/// Takes the status of duplicates from every item that has it and is no folder, and gives those items, in
-/// document order. Other statuses stay.
+/// Sets kDuplicateStatus back to kNoStatus for every item that is no folder, and returns these items in
+/// document order. Other statuses are unchanged.
 std::vector<Bookmark*> clearDuplicateStatus(const Bookmark& root);
 
 } // namespace tabulon

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kAhead = 16;
 
-// The next sibling of the node or of its nearest ancestor that has one.
+// Returns the next sibling of the node or of its nearest ancestor that has one, or nullptr.
 Bookmark* afterSubtree(const Bookmark& node) {
     for (const Bookmark* each = &node; each; each = each->getParent())
         if (Bookmark* next = each->nextBookmark())
@@ -20,7 +20,7 @@ Bookmark* afterSubtree(const Bookmark& node) {
     return nullptr;
 }
 
-// The next node in document order.
+// Returns the next node in document order, or nullptr.
 Bookmark* following(const Bookmark& node) {
     Bookmark* inside = node.isFolder() ? node.getChild() : nullptr;
     return inside ? inside : afterSubtree(node);
@@ -93,8 +93,8 @@ std::optional<Finder::Start> Finder::goOn(const Bookmark& root, std::size_t node
         return std::nullopt;
     const Search search = std::move(*ongoing_);
     ongoing_.reset();
-    phases_.initSearch(); // another window may have gone on with its own search meanwhile
-    // The match may have gone from the node since it was looked at, and from all behind it.
+    phases_.initSearch(); // a search in another window may have changed them
+    // The texts of the node, and of those after it, may have changed since they were tested.
     Bookmark* const match = search.first ? findFrom(search.first.get()) : nullptr;
     if (match)
         setFoundBookmark(match);
@@ -126,7 +126,7 @@ Bookmark* Finder::findFurther() {
     return found_.get();
 }
 
-// The phases that are pending are those of the first node; every node after it is looked at as a whole.
+// Returns the first node from `start` on with a match. Of `start` only the pending texts are tested.
 Bookmark* Finder::findFrom(Bookmark* start) {
     for (Bookmark* node = start; node;) {
         if (test(*node))

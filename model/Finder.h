@@ -1,5 +1,5 @@
-// Finding in one document: counting matches and stepping from one to the next, in document order. It works on
-// the tree alone; the find bar and what is shown of a match are the business of the layers above.
+// The search in one document: counts the matches and steps from one to the next, in document order. The
+// layers above have the find bar and show the matches.
 #pragma once
 
 #include "model/Bookmark.h"
@@ -15,58 +15,64 @@ namespace tabulon {
 
 class Collation;
 
-/// Which texts of the node at hand are still to be looked at, and where the last match was: the name or the
-/// URL, then the tags, then the note. One value for all windows, so that finding in one of them changes where
-/// the others go on.
+/// The texts of the current node that are not tested yet, and the text of the last match. The order is: name
+/// and URL, tags, note. All windows share one value, so a search in one window changes where the others
+/// continue.
 struct FindPhases {
     bool namePending = true;
     bool tagsPending = true;
     bool notePending = true;
     bool foundInNote = false;
     bool foundInTags = false;
-    /// Tags are looked at together with name and URL: the column of tags is shown.
+    /// True if tags are tested together with name and URL, because the column of tags is shown.
     bool tagsWithName = false;
 
-    /// As at the start of a search; `tagsWithName` stays.
+    /// Resets all fields for a new search, except `tagsWithName`.
     void initSearch();
 };
 
-/// What was searched for in one document, and the node where that was found last. A text matches that
-/// contains the search string, ignoring case and diacritics as the language does; a null text never does.
+/// The search string of one document and the node of the last match. A text matches if it contains the search
+/// string in the sense of `Collation::standardContains`; a null text never matches. Texts are UTF-8.
 class Finder {
 public:
-    /// Both must live longer.
+    /// Both must outlive the finder.
     Finder(FindPhases& phases, const Collation& collation) : phases_(phases), collation_(collation) {}
 
     const std::string& searchString() const { return searchString_; }
     void setSearchString(std::string text);
-    /// Null when nothing is found, or no longer. The root stands for the place before the first node.
+    /// Returns the node of the last match, or nullptr if there is none. The root means: before the first
+    /// node. The node may have been removed from the tree.
     Bookmark* foundBookmark() const { return found_.get(); }
     void setFoundBookmark(Bookmark* node) { found_ = Ref<Bookmark>(node); }
 
-    /// Begins a search and goes to its first match; where there is none the node that was found before stays.
-    /// Gives how many matches there are below `root`: for each node one in name and URL, one in the tags
-    /// (unless they count as the name) and one in the note. `matched` tells whether there is a first match.
+    /// The result of a search.
     struct Start {
+        /// The number of matches below the root: for each node one for name and URL, one for the tags (unless
+        /// they are tested with the name) and one for the note.
         std::size_t count = 0;
+        /// True if there is a first match, which is the found node.
         bool matched = false;
     };
+    /// Starts a search below `root`, moves to its first match and returns the result. Without a match the
+    /// node that was found before is kept. Linear in the bytes of the texts.
     Start findText(const Bookmark& root, std::string text);
 
-    /// The same in portions, so that a window stays alive meanwhile: `begin`, then `goOn` until it gives the
-    /// result. Between two portions anything may happen to the tree; where the place that was reached has
-    /// left it, the search begins again.
+    /// Starts a search like `findText` that is performed in portions, so that a window can process events
+    /// between them. The caller must call `goOn` until that returns a result. The tree may change between two
+    /// portions; if the node that was reached is removed, the search starts again.
     void begin(const Bookmark& root, std::string text);
-    /// Looks at up to `nodes` more nodes, at least one. None before the last one, and where nothing has
-    /// begun.
+    /// Tests up to `nodes` more nodes. Returns the result after the last node, `nullopt` before that and if
+    /// no search was started. Requires: nodes >= 1, and the same root as in `begin`.
     std::optional<Start> goOn(const Bookmark& root, std::size_t nodes);
 
-    /// Goes on to the next match, which may be in another text of the same node; null behind the last one. A
-    /// match in the tags leaves out the note of its node. After the last match, and when the node that was
-    /// found has left the tree, it begins again with the root itself. Requires a search string.
+    /// Moves to the next match and returns its node, or nullptr after the last match. The match may be in
+    /// another text of the same node. After a match in the tags the note of the node is skipped. Without a
+    /// found node, which is the case after the last match, and if it was removed from the tree, starts again
+    /// with the root itself. Requires: a search string.
     Bookmark* findNext(Bookmark& root);
-    /// The same for a tree that is as it was when the last match was found, which is there: it is not looked
-    /// for, which would take longer the deeper it stands.
+    /// Moves to the next match like `findNext`, but without testing whether the found node is in the tree,
+    /// which takes time in proportion to its depth. Requires: a found node, in a tree that has not changed
+    /// since.
     Bookmark* findFurther();
 
 private:
@@ -83,15 +89,15 @@ private:
     const Collation& collation_;
     std::string searchString_;
     TextSearch search_;
-    /// Whether long texts match that many nodes may share, by where they lie. Each is kept, so that no other
-    /// comes to lie there.
+    /// Whether long shared texts match, by their address. Each text is kept, so that its address is not
+    /// reused.
     mutable std::unordered_map<const char*, std::pair<Text, bool>> longTexts_;
     Ref<Bookmark> found_;
-    /// A search that goes on.
+    /// A search that is performed in portions.
     struct Search {
         std::size_t count = 0;
         Ref<Bookmark> first{}; ///< the first node with a match
-        Ref<Bookmark> next{};  ///< the node to go on with; null behind the last one
+        Ref<Bookmark> next{};  ///< the node to continue with; null after the last one
     };
     std::optional<Search> ongoing_;
 };

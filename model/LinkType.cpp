@@ -18,7 +18,7 @@ constexpr std::array<ItemIcon, 12> kIcons = {
 constexpr std::array<std::string_view, 6> kStatusImages = {
     "", "validStatus", "movedStatus", "brokenStatus", "unknownStatus", "duplicateStatus"};
 
-// In the order of the tests. "finder:" is the spelling in use.
+// In the order of the tests. "finder:" is the spelling that documents contain.
 constexpr auto kPrefixes = std::to_array<std::pair<std::string_view, std::uint8_t>>({
     {"http:", kWebType},      {"https:", kWebType},     {"HTTP:", kWebType},      {"HTTPS:", kWebType},
     {"mailto:", kMailType},   {"MAILTO:", kMailType},   {"ftp:", kFTPType},       {"ftps:", kFTPType},

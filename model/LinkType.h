@@ -1,5 +1,5 @@
-// The meaning of the one-byte codes of a bookmark: link types with their icons, label colours, status marks,
-// browsers. Pure tables and functions; the node is in Bookmark.h.
+// The codes of a bookmark: link types with their icons, label colours, status marks and browsers, as tables
+// and pure functions. The node is in Bookmark.h.
 #pragma once
 
 #include <cstdint>
@@ -9,6 +9,7 @@
 
 namespace tabulon {
 
+// Link types. Other codes are possible in files.
 inline constexpr std::uint8_t kWebType = 0;
 inline constexpr std::uint8_t kFTPType = 1;
 inline constexpr std::uint8_t kGopherType = 2;
@@ -21,7 +22,7 @@ inline constexpr std::uint8_t kUnknownType = 9;
 inline constexpr std::uint8_t kSeparatorType = 10;
 inline constexpr std::uint8_t kFileType = 11;
 
-// Link status: what is known of a link. Other codes have no mark.
+// Link statuses, the result of a check or of the duplicate scan. Other codes have no mark.
 inline constexpr std::uint8_t kNoStatus = 0;
 inline constexpr std::uint8_t kValidStatus = 1;
 inline constexpr std::uint8_t kMovedStatus = 2;
@@ -45,20 +46,20 @@ enum class ItemIcon : std::uint8_t {
     Folder,
 };
 
-/// The image's name ("httpType", "folder", …); empty for None.
+/// Returns the name of the icon's image ("httpType", "folder", …); empty for None.
 std::string_view imageName(ItemIcon icon);
 
-/// The icon of a link type code; None for the codes that have no icon (6, 10 and above 11).
+/// Returns the icon of a link type, or None for the codes without an icon (6, 10 and above 11).
 ItemIcon iconForType(std::uint8_t type);
 
-/// The image name of a status mark ("validStatus", …); empty for 0 and above 5.
+/// Returns the name of the image of a status mark ("validStatus", …); empty for 0 and above 5.
 std::string_view statusImageName(std::uint8_t status);
 
-/// The type that the scheme of `url` gives: a case-sensitive test of prefixes that are all lower or all upper
-/// case, and mail for anything else with an "@". Nothing when no rule matches.
+/// Returns the type of a link by the scheme of its URL, which must be all lower case or all upper case. For
+/// every other text with an "@" it is kMailType. Returns `nullopt` if no rule matches.
 std::optional<std::uint8_t> typeForURL(std::string_view url);
 
-/// Components from 0 to 1, sRGB.
+/// A colour in sRGB, with components from 0 to 1.
 struct LabelColor {
     double red = 0;
     double green = 0;
@@ -68,12 +69,12 @@ struct LabelColor {
     friend bool operator==(const LabelColor&, const LabelColor&) = default;
 };
 
-/// The colour of a label number; black for 0 and from 12 up.
+/// Returns the colour of a label; black for 0 and from 12 on.
 LabelColor labelColor(std::uint8_t label);
 
-/// The bundle identifier of browser `index`. Indexes without a browser follow `defaultHandler`, the
-/// identifier of the system's default browser; without one (empty), or where it is spelled
-/// "com.apple.safari", "com.apple.Safari".
+/// Returns the bundle identifier of browser `index`. For an index without a browser it is `defaultHandler`,
+/// the identifier of the system's default browser; for an empty one and for "com.apple.safari" it is
+/// "com.apple.Safari".
 std::string browserID(std::int64_t index, std::string_view defaultHandler);
 
 } // namespace tabulon

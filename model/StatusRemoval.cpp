@@ -12,7 +12,7 @@ bool isNamed(std::uint8_t status, const RemovalOptions& options) {
            (status == kBrokenStatus && options.broken) || (status == kUnknownStatus && options.unknown);
 }
 
-// `basket` may be null.
+// Returns the links that are removed, in document order. `basket` may be nullptr.
 std::vector<Ref<Bookmark>> candidates(const Bookmark& root, const RemovalOptions& options,
                                       const Bookmark* basket) {
     std::vector<Ref<Bookmark>> items;
@@ -45,10 +45,10 @@ Removal removeByStatus(Bookmark& root, const RemovalOptions& options, const Loca
     for (const Ref<Bookmark>& item : removal.items) {
         item->detachMe();
         if (!options.move) {
-            item->setParent(nullptr); // its folder may be freed before it
+            item->setParent(nullptr); // its folder may be destroyed before it
             continue;
         }
-        if (item.get() == basket) // a link of the basket's name, which cannot go into itself
+        if (item.get() == basket) // a link with the basket's name, which cannot be moved into itself
             basket = searchBasket(root, basketName, texts);
         if (!basket) {
             const Ref<Bookmark> made = createBasket(basketName, root, now);

@@ -1,6 +1,5 @@
-// Removing links by their status: the links that a check or the duplicate scan has marked are deleted or
-// moved into the Waste Basket. It works on the tree alone; questions, rows and change counts are the business
-// of the layers above.
+// The removal of links by their status: links that a check or the duplicate scan has marked are deleted or
+// moved to the Waste Basket. The layers above ask the user, update rows and count changes.
 #pragma once
 
 #include "base/Localization.h"
@@ -13,7 +12,8 @@
 
 namespace tabulon {
 
-/// Which links go, and whether they go into the Waste Basket instead of altogether.
+/// The statuses of the links that are removed, and whether these are moved to the Waste Basket and not
+/// deleted.
 struct RemovalOptions {
     bool duplicates = false;
     bool broken = false;
@@ -21,35 +21,35 @@ struct RemovalOptions {
     bool move = false;
 };
 
-/// From the settings "DuplicateLinks", "BrokenLinks", "UnknownLinks" and "MoveLinks".
+/// Returns the options by the settings "DuplicateLinks", "BrokenLinks", "UnknownLinks" and "MoveLinks".
 RemovalOptions removalOptions(const UserDefaults& defaults);
 
-/// What one pass has done. It keeps the links alive that were deleted.
+/// The result of a removal. It owns a count of each removed link.
 struct Removal {
     /// The links that were deleted or moved, in document order.
     std::vector<Ref<Bookmark>> items;
-    /// Their places before.
+    /// Their positions before the removal.
     std::vector<RemovedItem> places;
-    /// The pass had to make the Waste Basket.
+    /// True if the removal has made the Waste Basket.
     bool madeBasket = false;
 };
 
-/// Deletes the links below `root` whose status the options name, which have no parent then, or moves each to
-/// the top of the Waste Basket, so that later ones come above earlier ones. A missing basket is made at the
-/// end of the top level, at `now`. Folders are not removed; links directly in the basket stay and do not
-/// count when links are moved.
+/// Deletes the links below `root` with a status of the options, or moves each to index 0 of the Waste Basket,
+/// which reverses their order. A deleted link has no parent afterwards. If there is no basket, makes one with
+/// the added-date `now` at the end of the top level. Folders are never removed. When links are moved, those
+/// directly in the basket are not part of the result.
 Removal removeByStatus(Bookmark& root, const RemovalOptions& options, const Localization& texts, Date now);
 
-/// What is told after a pass that has removed so many links.
+/// Returns the message about a removal of `count` links, UTF-8.
 std::string removalSummary(const RemovalOptions& options, std::size_t count, const Localization& texts);
 
-/// The Waste Basket where it stands at the top level, but not as the last item; else null. It is moved to the
-/// end before links are marked, so that of two equal links the one in it is the duplicate.
+/// Returns the Waste Basket if it is a child of `root` other than the last one, else nullptr. The basket
+/// should be last when duplicates are marked: of two equal links the one in the basket is then the duplicate.
 Bookmark* misplacedWasteBasket(const Bookmark& root, const Localization& texts);
-/// Moves it there, if there is one.
+/// Moves the Waste Basket to the end of the top level. Does nothing if there is none, or it is there.
 void moveWasteBasketDown(Bookmark& root, const Localization& texts);
 
-/// Takes the status from every item that is no folder.
+/// Sets the status of every item below `root` that is no folder to kNoStatus.
 void clearMarks(const Bookmark& root);
 
 } // namespace tabulon

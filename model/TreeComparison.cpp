@@ -25,9 +25,10 @@ std::uint8_t editedFields(const Bookmark& a, const Bookmark& b, LongTexts& texts
     return fields;
 }
 
-// The members of the longest sequence of `places` that ascends: these keep their order, all others moved.
+// Returns which elements are in the longest ascending subsequence of `places`. These nodes keep their order,
+// all others were moved.
 std::vector<bool> inLongestAscent(const std::vector<std::size_t>& places) {
-    std::vector<std::size_t> tails; // tails[n]: where the best ascent of length n + 1 ends
+    std::vector<std::size_t> tails; // tails[n]: the end of the best ascent of length n + 1
     std::vector<std::size_t> previous(places.size());
     for (std::size_t index = 0; index < places.size(); ++index) {
         const auto at = std::ranges::lower_bound(tails, places[index], {},
@@ -45,7 +46,7 @@ std::vector<bool> inLongestAscent(const std::vector<std::size_t>& places) {
     return members;
 }
 
-// The children of `after` that stayed in the partner of their folder, but not in their order.
+// Adds to `moved` the children of `after` that are in the same folder as before, but not in the same order.
 void collectReordered(const Bookmark& before, const Bookmark& after, const TreeComparison& comparison,
                       std::unordered_set<const Bookmark*>& moved) {
     if (!before.getChildren() || !after.getChildren())

@@ -9,14 +9,14 @@
 namespace tabulon {
 namespace {
 
-// What two nodes must have in common, from the strongest evidence to the weakest.
+// The properties that two nodes must have in common, from the strongest evidence to the weakest.
 enum class Likeness { Content, Main, Name, DateAdded };
 
 bool isSameKind(const Bookmark& a, const Bookmark& b) {
     return a.isFolder() == b.isFolder() && a.isSeparator() == b.isSeparator();
 }
 
-// The text that people know an item by.
+// Returns the text that identifies an item for the user.
 const Text& mainText(const Bookmark& node) {
     return node.isFolder() ? node.itemName() : node.itemURL();
 }
@@ -76,7 +76,7 @@ private:
                texts_.areEqual(a.itemNote(), b.itemNote()) && texts_.areEqual(a.itemTags(), b.itemTags());
     }
 
-    // Covers all that is compared: links of one name and URL may be many, and differ in their notes only.
+    // Covers all that is compared, because many links may have one name and URL and different notes.
     std::size_t hashOfContent(const Bookmark& node) const {
         if (node.isSeparator())
             return 1;
@@ -111,7 +111,7 @@ private:
         Comparer comparer;
         bool operator()(const Bookmark* a, const Bookmark* b) const { return comparer.isAlike(*a, *b); }
     };
-    // Nodes that are alike, in their order. Those before `next` are taken.
+    // Nodes that are alike, in order. Those before `next` are paired.
     struct Queue {
         std::vector<Bookmark*> nodes;
         std::size_t next = 0;
@@ -144,7 +144,8 @@ private:
         pairWithinFolders(paired, likeness);
     }
 
-    // Folders that are paired on the way are gone into as well, with the stronger evidence first.
+    // Pairs the children of paired folders, also of folders that are paired meanwhile. For those the stronger
+    // evidence is used first.
     void pairWithinFolders(std::size_t first, Likeness likeness) {
         const std::size_t known = folders_.size();
         for (std::size_t index = first; index < folders_.size(); ++index) {

@@ -1,4 +1,5 @@
-// Pairs of nodes that are the same item in two states of one tree. Only TreeComparison uses it.
+// Pairing of the nodes that are the same item in two states of one tree. Only for TreeComparison, which has
+// the rules.
 #pragma once
 
 #include "model/Bookmark.h"
@@ -8,8 +9,8 @@
 
 namespace tabulon {
 
-/// Both directions of every pair, the roots included. See TreeComparison for the rules. `texts` compares
-/// the texts of both trees.
+/// Returns both directions of every pair, those of the roots included. `texts` compares the texts of both
+/// trees. The nodes are not owned.
 std::unordered_map<const Bookmark*, Bookmark*> pairsOf(const Bookmark& before, const Bookmark& after,
                                                        LongTexts& texts);
 

@@ -15,7 +15,8 @@ public:
                 chosen_.emplace(difference.before, &difference);
     }
 
-    // In the order of the tree before, so that folders and the items before an item are there already.
+    // In the order of the tree before, so that the folder and the items before an item are restored before
+    // it.
     std::size_t run() {
         const Bookmark* previous = nullptr;
         const Bookmark* parent = &before_;
@@ -78,7 +79,7 @@ private:
         return *partnerOf(*folder);
     }
 
-    // After the item that was before `node`, as far as that is in the folder.
+    // Returns the index after the nearest item that was before `node` and is in the folder, or 0.
     std::size_t indexFor(const Bookmark* previous, const Bookmark& folder) const {
         for (; previous; previous = previousSibling(*previous)) {
             const Bookmark* live = partnerOf(*previous);

@@ -1,4 +1,4 @@
-// Taking back chosen differences between two states of a tree.
+// Reverting of chosen differences between two states of a tree.
 #pragma once
 
 #include "model/TreeComparison.h"
@@ -7,14 +7,17 @@
 
 namespace tabulon {
 
-/// Makes the tree after as the tree before was, for the chosen differences only: what was removed is inserted
-/// again as a copy, with everything below it that was removed too; what was renamed, edited or moved is as it
-/// was. What was added stays. An item goes into the folder that it was in, or the nearest folder above that
-/// one which still exists, after the item that was before it, or first. An item is never moved into itself.
-/// The copies belong to the document of `after`. Returns how many nodes were inserted or changed.
+/// Reverts the chosen differences in the tree `after`. A removed item is inserted again as a copy, with
+/// everything below it that was also removed. A renamed, edited or moved item becomes as it was before. Added
+/// items stay.
 ///
-/// `comparison` is one of `before` and `after`, and its differences are what `chosen` lists; afterwards it
-/// describes the tree no more.
+/// An item is inserted into its folder of before, or into the nearest ancestor of this folder that exists,
+/// after the item that was before it, or first. An item is never moved into itself; it then stays where it
+/// is. The copies belong to the document of `after`.
+///
+/// Returns the number of inserted nodes and of chosen differences of nodes that exist. Requires: `comparison`
+/// is that of `before` and `after`, and `chosen` contains differences of it. The comparison is invalid
+/// afterwards.
 std::size_t putBack(std::span<const TreeDifference> chosen, const TreeComparison& comparison,
                     const Bookmark& before, Bookmark& after);
 

@@ -16,7 +16,7 @@
 namespace tabulon {
 namespace {
 
-// The first bytes of a key as one number that compares like them. Most keys differ there.
+// Returns the first eight bytes of a key as a number that has the same order. Most keys differ in them.
 std::uint64_t headOf(std::string_view key) {
     std::uint64_t head = 0;
     for (std::size_t i = 0; i < 8; ++i)
@@ -24,12 +24,12 @@ std::uint64_t headOf(std::string_view key) {
     return head;
 }
 
-// A number whose order is that of the dates, and one beyond them for those that are missing.
+// Returns a number that has the order of the dates, and a larger one for missing dates.
 std::uint64_t numberOf(Date date) {
     if (date.isNull() || std::isnan(date.referenceSeconds()))
         return ~std::uint64_t{0};
     constexpr std::uint64_t kSign = std::uint64_t{1} << 63;
-    const double seconds = date.referenceSeconds() + 0.0; // of two zeros neither is before the other
+    const double seconds = date.referenceSeconds() + 0.0; // makes -0 equal to 0
     const auto bits = std::bit_cast<std::uint64_t>(seconds);
     return (bits & kSign) != 0 ? ~bits : bits | kSign;
 }
@@ -60,7 +60,7 @@ bool isByDate(SortKey key) {
     return key == SortKey::DateAdded || key == SortKey::DateModified || key == SortKey::DateLastOpened;
 }
 
-// Sorts one folder after the other, with room that is made once.
+// Sorts one folder after the other, with the same buffers.
 class Sorter {
 public:
     Sorter(SortKey key, SortDirection direction, const Collation& collation)
@@ -122,7 +122,7 @@ private:
         }
         const Text& text = textOf(child, key_);
         entry.missing = text.isNull();
-        // Many nodes may share one long text; its key is made once.
+        // Many nodes may share one long text. Its key is computed only once.
         Key* const shared =
             text.isShared() && text.view().size() >= kLong ? &sharedKeys_[text.view().data()] : nullptr;
         const Key key = shared && shared->size > 0 ? *shared : newKey(text);
@@ -163,7 +163,7 @@ private:
     const SortDirection direction_;
     const Collation& collation_;
     std::string keys_;
-    std::unordered_map<const char*, Key> sharedKeys_; // by where the text lies
+    std::unordered_map<const char*, Key> sharedKeys_; // by the address of the text
     std::vector<Entry> entries_;
 };
 

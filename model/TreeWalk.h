@@ -1,4 +1,4 @@
-// The one way to walk a tree: depth first in child order, without recursion, whatever the depth.
+// The traversal of a tree, depth first and without recursion, for trees of any depth.
 #pragma once
 
 #include "model/Bookmark.h"
@@ -7,9 +7,11 @@
 
 namespace tabulon {
 
-/// Calls `enter(node)` for every node below `root` in document order; the children of a node follow when
-/// `enter` gave true for it. `leave(node)` is called after the children of each entered node that gave true
-/// and has a child list. The tree must not change during the walk.
+/// Calls `enter(node)` for every node below `root` in document order. The children of a node are visited only
+/// if `enter` returns true for it. `leave(node)` is called after the children of each node for which `enter`
+/// has returned true and which has a child list. The children of `root` are always visited; `root` itself is
+/// not. Linear; the memory is linear in the depth. Requires: the callbacks do not change the lists of
+/// children.
 template <class Enter, class Leave>
 void walkBelow(const Bookmark& root, Enter enter, Leave leave) {
     struct Level {
@@ -37,21 +39,23 @@ void walkBelow(const Bookmark& root, Enter enter, Leave leave) {
     }
 }
 
+/// Calls `enter(node)` for every node below `root`, as above, and nothing after its children.
 template <class Enter>
 void walkBelow(const Bookmark& root, Enter enter) {
     walkBelow(root, enter, [](Bookmark&) {});
 }
 
-/// Asks for the texts of a node that is looked at a little later: walks over many nodes wait for memory most
-/// of the time.
+/// Prefetches the texts of a node that will be read soon, because walks over many nodes spend most of their
+/// time waiting for memory.
 inline void prefetchTexts(const Bookmark& node) {
     for (const Text* text : {&node.itemName(), &node.itemURL(), &node.itemNote(), &node.itemTags()})
         if (!text->isNull())
             text->prefetch();
 }
 
-/// Whether the node is `root` or stands below it. A node that has left its parent's list still points there,
-/// and so does what is below it.
+/// Returns true if `node` is `root` or below it, by the parents and their lists of children. The lists are
+/// necessary because a node that was removed from its parent's list keeps its parent. Linear in the depth of
+/// `node`.
 inline bool isInTree(const Bookmark& node, const Bookmark& root) {
     const Bookmark* each = &node;
     while (each != &root) {
