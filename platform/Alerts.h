@@ -1,4 +1,4 @@
-// Modal alerts: a message, an explanation and some buttons. Choosing files is in Panels.h.
+// Modal alerts: a message, an explanation and some buttons. Panels for files are in Panels.h.
 #pragma once
 
 #include <string>
@@ -8,9 +8,11 @@ namespace tabulon {
 
 class Document;
 
+/// The importance of an alert, which determines its icon.
 enum class AlertStyle { Informational, Warning, Critical };
 
-/// What a button is, beyond its title: Cancel is also chosen by Escape and by closing the alert.
+/// The purpose of a button. Escape and closing the alert choose the Cancel button. A Destructive button
+/// performs an operation that cannot be undone.
 enum class AlertButtonRole { Accept, Cancel, Destructive };
 
 struct AlertButton {
@@ -18,43 +20,46 @@ struct AlertButton {
     AlertButtonRole role = AlertButtonRole::Accept;
 };
 
-/// The response of the first button; the second one's is one more, and so on.
+/// The response of the first button. The response of each further button is one more.
 inline constexpr int kAlertFirstButton = 1000;
 
-/// Texts are UTF-8 and shown as they are, never as markup. There is at least one button; the first one is
-/// chosen by Return. Without a Cancel button, Escape and closing choose the last one.
+/// Texts are UTF-8 and never parsed as markup. Return chooses the first button. Without a Cancel button,
+/// Escape and closing the alert choose the last button. Requires: at least one button.
 struct Alert {
     AlertStyle style = AlertStyle::Informational;
     std::string message = {};
     std::string informative = {};
     std::vector<AlertButton> buttons = {};
-    /// The alert belongs to this document's window; null for the whole application.
+    /// The document in whose window the alert is shown; nullptr for the whole application. Not owned.
     const Document* document = nullptr;
-    /// Return chooses the Cancel button rather than the first one: what the first one does cannot be taken
-    /// back.
+    /// True if Return chooses the Cancel button, or the last one if there is none, and not the first. For
+    /// alerts whose first button cannot be undone.
     bool cancelIsDefault = false;
 };
 
-/// The answer to an alert with a box to say that it is not to come again.
+/// The answer to an alert with a check box that suppresses it in future.
 struct SuppressibleAnswer {
-    /// As that of `runModal`.
+    /// The result of `runModal`.
     int response = kAlertFirstButton;
+    /// True if the user has checked the box.
     bool suppressed = false;
 };
 
+/// Called on the main thread.
 class Alerts {
 public:
     virtual ~Alerts() = default;
 
-    /// Shows the alert and waits for an answer: `kAlertFirstButton` plus the button's index.
+    /// Shows the alert, waits for the answer and returns `kAlertFirstButton` plus the index of the chosen
+    /// button. Events are processed while it waits, so other commands and timers may run.
     virtual int runModal(const Alert& alert) = 0;
 
-    /// The same with a check box of this title.
+    /// Shows the alert with a check box of this title, UTF-8, and otherwise does the same as `runModal`.
     virtual SuppressibleAnswer runModalSuppressible(const Alert& alert, const std::string& boxTitle) = 0;
 
-    /// Whether an alert of this document waits for its answer; of any, or of the whole application, for null.
-    /// An alert of a document leaves the windows of the others usable, so commands may run meanwhile. What
-    /// runs then must leave the document open.
+    /// Returns true while an alert of this document waits for its answer; for nullptr, while any alert does.
+    /// The windows of other documents stay usable meanwhile, so commands may run. They must not close the
+    /// document of the alert.
     virtual bool isAskingAbout(const Document* document) const = 0;
 };
 

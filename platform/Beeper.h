@@ -1,4 +1,4 @@
-// The alert sound: what somebody wants cannot be done here.
+// The alert sound, for commands that cannot be performed.
 #pragma once
 
 namespace tabulon {
@@ -7,6 +7,7 @@ class Beeper {
 public:
     virtual ~Beeper() = default;
 
+    /// Plays the alert sound of the desktop and returns at once.
     virtual void beep() = 0;
 };
 

@@ -1,4 +1,4 @@
-// Where the browsers of this computer keep their bookmarks.
+// The files in which the browsers of this computer store bookmarks. Reading these files is in formats/.
 #pragma once
 
 #include <string>
@@ -12,14 +12,14 @@ class BrowserStores {
 public:
     virtual ~BrowserStores() = default;
 
-    /// The files in which a browser keeps bookmarks, of all its profiles and packagings; the one that was
-    /// written last comes first, since a browser that has moved from one packaging to another leaves a stale
-    /// copy behind. Empty for a browser that is not there. `browser` is its identifier, such as
-    /// "com.google.Chrome".
+    /// Returns the files with bookmarks of all profiles and packages of a browser. The order is by the time
+    /// of the last change, latest first, because a browser that was changed from one package to another
+    /// leaves an outdated file. Returns an empty list for a browser that is unknown or not installed.
+    /// `browser` is its identifier, such as "com.google.Chrome". Reads the folders of the disk in every call.
     virtual std::vector<std::string> bookmarkFiles(std::string_view browser) = 0;
 
-    /// The folder in which files that come from elsewhere mostly are: the user's downloads, else the
-    /// documents, else the home folder.
+    /// Returns the folder in which files from other sources usually are: the user's downloads if it exists,
+    /// else the documents, else the home folder.
     virtual std::string folderOfForeignFiles() = 0;
 };
 

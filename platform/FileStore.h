@@ -1,5 +1,5 @@
-// Files as the program needs them: read whole, written whole or not at all. Everything that touches the disk
-// goes through here, so that a test can fill the disk or take a folder away.
+// Reading and atomic writing of whole files. All access of the program to the disk uses this interface, so
+// that tests can simulate a full disk or a missing folder.
 #pragma once
 
 #include "base/Error.h"
@@ -13,77 +13,89 @@
 
 namespace tabulon {
 
-/// What tells one state of a file from another: which file it is, and how it was when someone looked.
+/// The identity and state of a file at one time. Two values differ if the file was replaced or changed
+/// between them.
 struct FileIdentity {
     std::uint64_t device = 0;
     std::uint64_t inode = 0;
+    /// In bytes.
     std::uint64_t size = 0;
-    /// Nanoseconds since 1970-01-01 00:00 UTC.
+    /// The last change, in nanoseconds since 1970-01-01 00:00 UTC.
     std::int64_t modified = 0;
 
     friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
 };
 
-/// What a path leads to, symbolic links followed.
+/// The kind of the object at a path, after symbolic links.
 enum class PathKind {
-    Nothing, ///< not there, or hidden from the user
+    Nothing, ///< does not exist, or the user has no access to it
     File,
     Folder,
     Other, ///< a device, a pipe or a socket: reading it may never end
 };
 
+/// Paths are in the file system's encoding. Errors have ErrorDomain::Posix, errno as their code, and a
+/// sentence that names the file. All operations block the calling thread.
 class FileStore {
 public:
     virtual ~FileStore() = default;
 
-    /// The whole content of the file at `path`, which is in the file system's encoding. A pipe or a device is
-    /// refused, or read to its end, which may be long in coming; one that gives ever more fails with EFBIG.
-    /// Fails with errno and a sentence that names the file.
+    /// Returns the whole content of the file at `path`. Symbolic links are followed. Fails with EFBIG for a
+    /// file above the limit of the store. A pipe or a device is refused with ENODEV or read to its end, which
+    /// may take very long; an endless one fails with EFBIG.
     virtual Result<std::string> readFile(const std::string& path) = 0;
 
-    /// The first `size` bytes of that content, or all of it where there are no more. Fails like `readFile`,
-    /// but not because the rest is too much.
+    /// Returns the first `size` bytes of the content, or all of it if it is shorter. Fails like `readFile`,
+    /// but not because of the size of the file.
     virtual Result<std::string> readBeginning(const std::string& path, std::size_t size) = 0;
 
-    /// Replaces the file at `path`, or makes it: the bytes go to a temporary file in the same folder, are
-    /// flushed to the disk and renamed over the old file, whose permissions, access control list and extended
-    /// attributes they keep, and its owner and group, where the system allows it; where it does not, nobody
-    /// may do more with it than before. A symbolic link of this user or of the system's is followed to its
-    /// target, which need not be there; one of another user is refused. A device or a pipe is written into or
-    /// refused. On failure the old file is untouched and no temporary file stays; the error has errno and a
-    /// sentence that names the file.
+    /// Replaces the content of the file at `path`, or makes the file. After a failure the old file is
+    /// unchanged and there is no temporary file.
+    ///
+    /// The bytes are written to a temporary file in the same folder, flushed to the disk, and renamed to the
+    /// old file. The new file has the permissions, access control list and extended attributes of the old
+    /// one, and its owner and group if the system allows it. If not, no user has more access than before.
+    ///
+    /// A symbolic link of this user or of the system is followed to its target, which need not exist. A link
+    /// of another user is refused with EPERM. A device or a pipe is refused with ENODEV, or the bytes are
+    /// written to it.
     virtual Result<void> writeFileAtomically(const std::string& path, std::string_view bytes) = 0;
 
-    /// The same for the file that was opened by this path: a link is followed to it whomever it belongs to.
+    /// Does the same as `writeFileAtomically`, but follows the symbolic links of every user. For a file that
+    /// was opened by this path.
     virtual Result<void> writeBack(const std::string& path, std::string_view bytes) {
         return writeFileAtomically(path, bytes);
     }
 
+    /// Returns true if there is a file, folder or other object at `path`, after symbolic links.
     virtual bool fileExists(const std::string& path) = 0;
 
+    /// Returns the kind of the object at `path`.
     virtual PathKind kindOf(const std::string& path) = 0;
 
-    /// How the file at `path` is now, symbolic links followed; nothing when there is none or it cannot be
-    /// looked at.
+    /// Returns the current identity of the file at `path`, after symbolic links. Returns `nullopt` if it does
+    /// not exist or the user has no access to it.
     virtual std::optional<FileIdentity> identityOf(const std::string& path) = 0;
 
-    /// Makes a copy of the file at `from`, with the care of `writeFileAtomically` and the access of the
-    /// original, so that what others must not read stays so. A symbolic link at `to` is replaced, not
-    /// followed.
+    /// Makes a copy of the file at `from`, atomically like `writeFileAtomically`. The copy has the
+    /// permissions of the original, so that no other user can read more than before. A symbolic link at `to`
+    /// is replaced, not followed.
     virtual Result<void> copyFile(const std::string& from, const std::string& to) = 0;
 
-    /// Removes the file at `path`; no error when there is none.
+    /// Removes the file at `path`. Does nothing if there is none. A symbolic link is removed itself.
     virtual Result<void> removeFile(const std::string& path) = 0;
 
-    /// Makes the folder and those above it that are missing; readable by the user alone where it makes them.
+    /// Makes the folder at `path` and missing folders above it. Only the user can read a folder that is made
+    /// here.
     virtual Result<void> makeFolder(const std::string& path) = 0;
 
-    /// The names of the files in a folder, sorted; empty when it cannot be read.
+    /// Returns the names of the entries of a folder, sorted by their bytes; empty if it cannot be read. An
+    /// entry of the disk may be a folder too.
     virtual std::vector<std::string> namesInFolder(const std::string& path) = 0;
 };
 
-/// True when both paths lead to one file, whatever they are spelled like and whatever links are in between.
-/// Of files that are not there it can only compare the spelling.
+/// Returns true if both paths name the same file, after symbolic links. If a file does not exist, compares
+/// the paths byte by byte.
 bool isSameFile(FileStore& files, const std::string& a, const std::string& b);
 
 } // namespace tabulon

@@ -1,5 +1,5 @@
-// Folders and files that the user chose once and the program comes back to, and the folders that every user
-// has.
+// Folders and files that the user has chosen and that the program uses again, and the standard folders of the
+// user.
 #pragma once
 
 #include <optional>
@@ -13,17 +13,17 @@ class FolderReferences {
 public:
     virtual ~FolderReferences() = default;
 
-    /// What is kept under a settings key such as "BackupFolderBookmark", if it is there now. Nothing when
-    /// nothing was chosen, or when the folder is gone.
+    /// Returns the path that is stored for a settings key such as "BackupFolderBookmark". Returns `nullopt`
+    /// if none is stored, or if there is no file or folder at the path at present.
     virtual std::optional<std::string> resolve(std::string_view key) = 0;
 
-    /// Keeps a path under the key.
+    /// Stores a path for the key, for this run of the program and later ones.
     virtual void store(std::string_view key, const std::string& path) = 0;
 
-    /// The user's folder for documents; nothing when there is none.
+    /// Returns the user's folder for documents, or `nullopt` if it does not exist.
     virtual std::optional<std::string> documentsFolder() = 0;
 
-    /// The folder for what the program keeps by itself, which need not exist.
+    /// Returns the folder for the program's own data, such as versions of documents. It may not exist yet.
     virtual std::string stateFolder() = 0;
 };
 

@@ -1,4 +1,4 @@
-// The modifier keys that are held down while a command runs.
+// The modifier keys that are pressed while a command runs.
 #pragma once
 
 namespace tabulon {
@@ -7,7 +7,7 @@ class Keyboard {
 public:
     virtual ~Keyboard() = default;
 
-    /// On Linux Alt.
+    /// Returns true if the Option key is pressed at this moment. On Linux it is Alt.
     virtual bool isOptionDown() = 0;
 };
 

@@ -1,4 +1,4 @@
-// Panels in which the user names files to open or to write. They read and write nothing themselves.
+// Panels in which the user chooses files to open or to write. They do not read or write the files.
 #pragma once
 
 #include <functional>
@@ -11,64 +11,76 @@ namespace tabulon {
 
 class Document;
 
-/// A kind of file that a panel offers: what people call it and its extensions without dots; without
-/// extensions every file is of the kind.
+/// A kind of file that a panel offers.
 struct FileKind {
+    /// The name of the kind for the user.
     std::string label = {};
+    /// The extensions without dots; the first one is the default. If empty, every file is of this kind.
     std::vector<std::string> extensions = {};
 };
 
+/// The options of a panel that opens files.
 struct OpenPanel {
+    /// The title of the panel.
     std::string message = {};
+    /// The title of the button that accepts.
     std::string prompt = {};
-    /// Where to start; empty for the folder of the last panel that opened files.
+    /// The folder that is shown first; empty for the folder of the last panel that opened files. If it does
+    /// not exist, the home folder is shown.
     std::string directory = {};
-    /// The file that is selected at first; empty for none.
+    /// The file that is selected first; empty for none.
     std::string selectedFile = {};
-    /// Only files of these kinds can be chosen; empty lets every file be chosen.
+    /// The kinds of files that can be chosen; empty if every file can be chosen.
     std::vector<FileKind> kinds = {};
     bool allowsMultipleSelection = false;
-    /// The panel belongs to this document's window; null for the whole application.
+    /// The document in whose window the panel is shown; nullptr for the whole application. Not owned.
     const Document* document = nullptr;
 };
 
-/// What an options area does to the save panel that it sits in.
+/// The functions of a save panel for the options area in it.
 class SavePanelControl {
 public:
     virtual ~SavePanelControl() = default;
 
-    /// From now on this is the kind of file that the panel offers; a name that has another extension gets the
-    /// new one. The user may still type any other.
+    /// Sets the kind of file that the panel offers, and replaces another extension in the name by that of
+    /// `kind`. The user can still type any extension. Requires: `kind` has an extension.
     virtual void setAllowedFileType(const FileKind& kind) = 0;
 };
 
-/// An area of options in a save panel. Its view is found by its class.
+/// An area of options in a save panel. The platform makes the view, by the class of the accessory.
 class PanelAccessory {
 public:
     virtual ~PanelAccessory() = default;
 
-    /// The panel that it sits in now, or null when that is gone. Not owned.
+    /// Sets the panel that contains the area, or nullptr when the panel is closed. Not owned.
     virtual void setPanel(SavePanelControl* panel) = 0;
-    /// Its view was made. A panel that cannot show it never calls this.
+    /// Called after the view was made. Not called by a panel that cannot show the area.
     virtual void viewDidLoad() = 0;
 };
 
+/// The options of a panel that chooses a file to write.
 struct SavePanel {
+    /// The title of the panel.
     std::string message = {};
+    /// The title of the button that accepts.
     std::string prompt = {};
-    /// Where to start; empty for the folder of the last panel that named a file to write.
+    /// The folder that is shown first; empty for the folder of the last panel that chose a file to write. If
+    /// it does not exist, the home folder is shown.
     std::string directory = {};
-    /// Without an extension; the panel adds the one of `kind` when the user types none. Where no file can
-    /// have the name the panel offers one like it.
+    /// The name that is shown first, without an extension. The panel replaces characters that a file name
+    /// cannot have, and cuts a name that is too long.
     std::string proposedName = {};
+    /// The kind of file; its first extension is added to a name without one. Requires: it has an extension.
     FileKind kind = {};
-    /// Null for none.
+    /// The options area; nullptr if there is none. The panel shares the ownership until it is closed.
     std::shared_ptr<PanelAccessory> accessory = {};
+    /// The document in whose window the panel is shown; nullptr for the whole application. Not owned.
     const Document* document = nullptr;
 };
 
-/// Both panels return at once; `done` is called when the user has finished, on the main thread, exactly once.
-/// Paths are absolute and in the file system's encoding; texts are UTF-8.
+/// Both functions show a panel and return. `done` is called exactly once, on the main thread, when the user
+/// has finished; the platform of tests calls it before the function returns. Paths are absolute and in the
+/// file system's encoding; texts are UTF-8.
 class Panels {
 public:
     using OpenDone = std::function<void(const std::vector<std::string>& paths)>;
@@ -76,9 +88,11 @@ public:
 
     virtual ~Panels() = default;
 
-    /// An empty list means cancelled.
+    /// Shows a panel that opens files. Passes the chosen paths to `done`, or an empty list if the user
+    /// cancels.
     virtual void beginOpenPanel(const OpenPanel& panel, OpenDone done) = 0;
-    /// Nothing means cancelled. The panel has asked already before an existing file is named.
+    /// Shows a panel that chooses a file to write. Passes the path to `done`, or `nullopt` if the user
+    /// cancels. The panel itself asks whether an existing file is to be replaced.
     virtual void beginSavePanel(const SavePanel& panel, SaveDone done) = 0;
 };
 

@@ -1,5 +1,5 @@
-// What is copied and dragged between programs, in the forms that the desktop knows, and the clipboard that
-// keeps it. What the forms mean is in window/MimeItems.h.
+// The clipboard, and the data of drags between programs, as bytes by media type. window/MimeItems.h converts
+// them from and to bookmarks.
 #pragma once
 
 #include <map>
@@ -10,17 +10,19 @@
 
 namespace tabulon {
 
-/// One thing in several forms: bytes by media type ("text/uri-list"). Texts in "text/plain" are UTF-8.
+/// The same data in several forms: bytes by media type ("text/uri-list"). The form "text/plain" is UTF-8.
 class MimeContent {
 public:
+    /// Sets or replaces a form.
     void set(std::string_view type, std::string bytes) {
         forms_.insert_or_assign(std::string(type), std::move(bytes));
     }
-    /// Null where there is no such form.
+    /// Returns the bytes of a form, or nullptr if there is no such form. Valid until the form is set again.
     const std::string* get(std::string_view type) const {
         const auto found = forms_.find(type);
         return found == forms_.end() ? nullptr : &found->second;
     }
+    /// Returns all forms, by media type.
     const std::map<std::string, std::string, std::less<>>& forms() const { return forms_; }
 
 private:
@@ -31,17 +33,20 @@ class Pasteboard {
 public:
     virtual ~Pasteboard() = default;
 
-    /// The general pasteboard's text, UTF-8; nothing when it holds none. A list of addresses is no text.
+    /// Returns the text of the clipboard, UTF-8, or `nullopt` if it has no form "text/plain". A list of
+    /// addresses in another form is no text.
     virtual std::optional<std::string> string() = 0;
-    /// What it holds, in those of these forms that it has.
+    /// Returns the content of the clipboard in those of `types` that it has. May wait some seconds for the
+    /// program that owns the clipboard; forms that do not arrive in time are missing.
     virtual MimeContent content(std::span<const std::string_view> types) = 0;
+    /// Replaces the content of the clipboard by all forms of `content`.
     virtual void setContent(const MimeContent& content) = 0;
 
-    /// A drag of `content` begins in this program. The program that it is dropped on may fetch it after the
-    /// drag has ended.
+    /// Announces a drag of `content` from this program. The target program may request the content after the
+    /// end of the drag, so it is kept until the next drag.
     virtual void dragBegins(const MimeContent& content) = 0;
-    /// What the drag of another program over this one carries, in those of these forms that the toolkit does
-    /// not hand on as they are; for all others the toolkit is to be asked.
+    /// Returns the content of a drag from another program over a window of this one, in those of `types` that
+    /// the toolkit does not return correctly. The caller gets all other forms from the toolkit.
     virtual MimeContent draggedContent(std::span<const std::string_view> types) = 0;
 };
 

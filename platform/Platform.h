@@ -1,4 +1,4 @@
-// The desktop services in one struct, handed in at construction to everything in window/ and app/.
+// The desktop services in one struct, which the constructors in window/ and app/ take.
 #pragma once
 
 #include "base/BaseServices.h"
@@ -17,7 +17,8 @@
 
 namespace tabulon {
 
-/// References only: whoever builds one keeps the services alive longer than everything that was given it.
+/// References to the services; owns none of them. Requires: the services outlive every object that holds a
+/// copy of this struct.
 struct Platform {
     BaseServices base;
     Alerts& alerts;
@@ -32,7 +33,7 @@ struct Platform {
     Keyboard& keyboard;
     Pasteboard& pasteboard;
     Workspace& workspace;
-    /// What the program remembers by itself between runs (recent documents, column widths), apart from the
+    /// Values that the program stores between runs (recent documents, column widths) and that are not
     /// settings.
     UserDefaults& state;
 };

@@ -1,5 +1,4 @@
-// Bars that show how far a piece of work is, with a button to cancel it. The work itself knows Progress.h
-// alone.
+// Panels with a progress bar and a button that cancels. The operation itself only uses base/Progress.h.
 #pragma once
 
 #include "base/Progress.h"
@@ -11,26 +10,27 @@ namespace tabulon {
 
 class Document;
 
+/// The texts of a panel, UTF-8.
 struct ProgressPanel {
-    /// What is being done, UTF-8: "Exporting “Links”".
+    /// The name of the operation: "Exporting “Links”".
     std::string message = {};
     /// The title of the button that cancels.
     std::string cancel = {};
-    /// The panel belongs to this document's window; null for the whole application.
+    /// The document in whose window the panel is shown; nullptr for the whole application. Not owned.
     const Document* document = nullptr;
 };
 
 class ProgressPanels {
 public:
-    /// Work that takes no longer than this shows nothing; in seconds.
+    /// The seconds after which the panel is shown. A shorter operation has no panel.
     static constexpr double kPatience = 0.5;
 
     virtual ~ProgressPanels() = default;
 
-    /// For work that begins now and is done when the returned object is destroyed; then the panel goes. It
-    /// comes up from inside `goOn` when the work has taken longer than `kPatience`. As long as it is there
-    /// the user can do nothing but cancel, and no timer and no request from outside is served: what the work
-    /// holds stays as it is.
+    /// Returns the progress of an operation that begins now and ends when the object is destroyed, which also
+    /// closes the panel. `goOn` shows the panel after `kPatience` and processes events. While the panel is
+    /// shown, the user can only cancel, and neither timers nor requests from other processes are handled. So
+    /// the data of the operation does not change. The object must not outlive this one. Never nullptr.
     [[nodiscard]] virtual std::unique_ptr<Progress> begin(const ProgressPanel& panel) = 0;
 };
 

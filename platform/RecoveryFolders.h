@@ -1,5 +1,5 @@
-// Where documents without a file are kept while the program runs, so that they are there again after a crash.
-// What is written there is the caller's affair.
+// Folders in which documents without a file are stored while the program runs, so that they can be restored
+// after a crash. The caller decides what is written there.
 #pragma once
 
 #include "base/Error.h"
@@ -9,16 +9,18 @@
 
 namespace tabulon {
 
-/// Each run of the program has a folder of its own, which other runs keep away from until it ends. Paths are
+/// Each run of the program has a folder that other runs do not use until this run has ended. Paths are
 /// absolute and in the file system's encoding.
 class RecoveryFolders {
 public:
     virtual ~RecoveryFolders() = default;
 
-    /// The folder of this run, made when it is asked for first. Fails with a sentence when it cannot be made.
+    /// Returns the folder of this run. Makes it in the first call, and again if it was removed. Fails with
+    /// ErrorDomain::Posix, errno and a sentence if it cannot be made.
     virtual Result<std::string> ownFolder() = 0;
 
-    /// The folders of runs that have ended and left files behind. They belong to this run from then on.
+    /// Returns the folders that runs which have ended did not remove, usually because documents are in them;
+    /// a folder may be empty. They belong to this run afterwards and are not returned again.
     virtual std::vector<std::string> adoptAbandonedFolders() = 0;
 };
 

@@ -1,5 +1,5 @@
-// One running program per session: who is the first, and how a later start hands over what it was asked for.
-// What is done with it is decided in app/.
+// A single running process per session: determines which process is the first, and passes the requests of
+// later processes to it. The requests are handled in app/.
 #pragma once
 
 #include <chrono>
@@ -9,49 +9,54 @@
 
 namespace tabulon {
 
-/// What a start of the program, or the desktop, asks of the running one.
+/// A request to the running process, from a later start of the program or from the desktop.
 struct LaunchRequest {
     enum class Kind { Activate, Open, NewDocument };
 
     Kind kind = Kind::Activate;
     /// For Open: absolute URIs.
     std::vector<std::string> uris = {};
-    /// What the desktop gave out for the user's action, so that a window may come to the front: a token
-    /// (Wayland) and a startup identifier (X11); empty for none.
+    /// The token (Wayland) that the desktop has issued for the user's action, with which a window may be
+    /// raised; empty if there is none.
     std::string activationToken = {};
+    /// The startup identifier (X11) for the same purpose; empty if there is none.
     std::string startupId = {};
 };
 
+/// Used on the main thread.
 class SingleInstance {
 public:
     enum class Role {
-        First,  ///< this one runs; later starts find it
-        Second, ///< another one runs
-        Alone,  ///< there is no way to tell
+        First,  ///< this process is the first; later processes find it
+        Second, ///< another process is the first
+        Alone,  ///< processes cannot find each other, for example without a session bus
     };
     enum class Answer {
-        Taken,   ///< the first one does what was asked
-        Gone,    ///< it has ended
-        Silent,  ///< no answer yet
-        Refused, ///< what has the name does not understand
+        Taken,   ///< the first process has accepted the request
+        Gone,    ///< the first process has ended
+        Silent,  ///< there is no answer yet
+        Refused, ///< the process that has the program's name does not know the request
     };
 
     virtual ~SingleInstance() = default;
 
-    /// Asks to be the first. Of several that ask at the same moment one becomes it.
+    /// Tries to make this process the first, and returns its role. If several processes try at the same time,
+    /// exactly one becomes the first.
     virtual Role claim() = 0;
 
-    /// Sends the request to the first one, without waiting. Only after `claim` gave Second.
+    /// Sends the request to the first process and does not wait. Requires: `claim` has returned Second.
     virtual void handOver(const LaunchRequest& request) = 0;
 
-    /// Waits for the answer to what was handed over; may be called again after Silent.
+    /// Waits up to `patience` for the answer to the request and returns it, or Silent. May be called again
+    /// after Silent. May process events. Requires: `handOver` was called.
     virtual Answer waitForAnswer(std::chrono::milliseconds patience) = 0;
 
-    /// Is the first one no longer: the next start runs by itself, and requests on their way find nobody.
+    /// Ends the role of the first process: the next start becomes the first, and requests that are still on
+    /// their way fail with Gone. Does nothing for the other roles.
     virtual void release() = 0;
 
-    /// Called from the main loop for each request that comes to the first one. Whoever sent it has its answer
-    /// when this returns.
+    /// Called from the main loop for each request to the first process. The sender gets its answer when this
+    /// returns. If empty, requests are answered and ignored.
     std::function<void(LaunchRequest)> requested;
 };
 

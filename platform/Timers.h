@@ -1,4 +1,4 @@
-// Timers on the main loop.
+// Timers of the main loop. The current time is in base/Clock.h.
 #pragma once
 
 #include <functional>
@@ -6,23 +6,23 @@
 
 namespace tabulon {
 
-/// Destroying it stops it.
+/// A running timer. Its destruction stops it.
 class Timer {
 public:
     virtual ~Timer() = default;
 };
 
-/// Work is called on the main thread, never from inside the call that made its timer. It may destroy its own
-/// timer. Intervals are in seconds.
+/// `work` is called on the main thread, never during the call that makes its timer. It may destroy its own
+/// timer. Intervals are in seconds. Calls may be late.
 class Timers {
 public:
     using Work = std::function<void()>;
 
     virtual ~Timers() = default;
 
-    /// Calls `work` once, after `seconds`.
+    /// Returns a timer that calls `work` once, after `seconds`.
     [[nodiscard]] virtual std::unique_ptr<Timer> after(double seconds, Work work) = 0;
-    /// Calls `work` every `seconds`.
+    /// Returns a timer that calls `work` every `seconds`, first after `seconds`. Requires: seconds > 0.
     [[nodiscard]] virtual std::unique_ptr<Timer> every(double seconds, Work work) = 0;
 };
 

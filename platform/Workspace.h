@@ -1,4 +1,4 @@
-// The applications of the desktop.
+// The default applications of the desktop.
 #pragma once
 
 #include <optional>
@@ -6,16 +6,17 @@
 
 namespace tabulon {
 
+/// An application as the desktop shows it.
 struct Application {
-    std::string name; ///< as the desktop shows it, UTF-8
-    std::string icon; ///< a name of the icon theme or an absolute path; empty for none
+    std::string name; ///< UTF-8
+    std::string icon; ///< a name of the icon theme or an absolute path; empty if there is none
 };
 
 class Workspace {
 public:
     virtual ~Workspace() = default;
 
-    /// The application that opens pages of the web; none where the desktop knows none.
+    /// Returns the application that opens "http" addresses, or `nullopt` if the desktop has none.
     virtual std::optional<Application> defaultBrowser() = 0;
 };
 

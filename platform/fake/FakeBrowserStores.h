@@ -1,4 +1,4 @@
-// Browsers in memory.
+// An in-memory version of the browsers' bookmark files.
 #pragma once
 
 #include "platform/BrowserStores.h"
@@ -7,7 +7,7 @@
 
 namespace tabulon {
 
-/// Returns the files that were put in.
+/// Returns the files in `files`.
 class FakeBrowserStores : public BrowserStores {
 public:
     std::vector<std::string> bookmarkFiles(std::string_view browser) override {
@@ -17,8 +17,9 @@ public:
     }
     std::string folderOfForeignFiles() override { return "/home/downloads"; }
 
-    /// How often a browser's files were asked for.
+    /// The number of calls of `bookmarkFiles`.
     int lookUps = 0;
+    /// By the identifier of the browser.
     std::map<std::string, std::vector<std::string>, std::less<>> files;
 };
 

@@ -1,4 +1,4 @@
-// In-memory doubles of the desktop services: alerts and panels that answer what a test told them to.
+// In-memory versions of the desktop services for tests, such as alerts and panels with prepared answers.
 #pragma once
 
 #include "platform/Alerts.h"
@@ -23,8 +23,8 @@
 
 namespace tabulon {
 
-/// Keeps every alert shown and answers with the button titles laid in, in order; an alert without an answer
-/// laid in gets its first button.
+/// Stores every alert and returns the prepared answers, in order. An alert without a prepared answer returns
+/// its first button.
 class FakeAlerts : public Alerts {
 public:
     int runModal(const Alert& alert) override;
@@ -37,16 +37,20 @@ public:
         return document ? std::ranges::count(asking_, document) > 0 : !asking_.empty();
     }
 
-    /// The next alert is answered with the button of this title, which it must have.
+    /// Adds the title of a button as the answer to a later alert. That alert throws std::logic_error if it
+    /// has no such button.
     void answer(std::string buttonTitle) { answers_.push_back(std::move(buttonTitle)); }
 
+    /// All alerts, in order.
     std::vector<Alert> shown;
+    /// The titles of the check boxes of suppressible alerts, in order.
     std::vector<std::string> boxTitles;
-    /// Whether the user ticks the box.
+    /// True if the user checks the box.
     bool suppresses = false;
-    /// Called while an alert is shown, before its answer.
+    /// Called while an alert is shown, before its answer. May be empty.
     std::function<void()> whileShown;
-    /// Called as well: the time that the user takes, in which timers fire.
+    /// Called after `whileShown`, to let the time pass that the user needs, so that timers are called. May be
+    /// empty.
     std::function<void()> timePasses;
 
 private:
@@ -54,30 +58,37 @@ private:
     std::deque<std::string> answers_;
 };
 
-/// Keeps every panel shown and names the files laid in, in order; a panel without an answer is cancelled.
-/// With `keepOpen` open panels stay until `closeAll` cancels them.
+/// Stores every panel and returns the prepared files, in order. A panel without a prepared answer is
+/// cancelled. `done` is called before the panel's function returns.
 class FakePanels : public Panels {
 public:
     void beginOpenPanel(const OpenPanel& panel, OpenDone done) override;
     void beginSavePanel(const SavePanel& panel, SaveDone done) override;
 
+    /// Adds the answer to a later open panel.
     void chooseFiles(std::vector<std::string> paths) { openAnswers_.push_back(std::move(paths)); }
+    /// Adds the answer to a later save panel.
     void nameFile(std::string path) { saveAnswers_.push_back(std::move(path)); }
 
+    /// Cancels all panels that `keepOpen` has kept.
     void closeAll();
 
-    /// Called while a save panel is shown, before its answer.
+    /// Called while a save panel is shown, before its answer. May be empty.
     std::function<void()> whileSaving;
 
-    /// What the user does in the options area of a save panel, before the answer. The kinds of file that the
-    /// area sets go to `allowedKinds`.
+    /// Called with the options area of a save panel, before the answer, to do what the user does there. May
+    /// be empty.
     std::function<void(PanelAccessory& accessory)> useAccessory;
-    /// False for panels that cannot show one.
+    /// False for panels that cannot show an options area.
     bool showsAccessories = true;
+    /// The kinds of file that options areas have set, in order.
     std::vector<FileKind> allowedKinds;
 
+    /// True if open panels stay open until `closeAll`.
     bool keepOpen = false;
+    /// All open panels, in order.
     std::vector<OpenPanel> openPanels;
+    /// All save panels, in order.
     std::vector<SavePanel> savePanels;
 
 private:
@@ -86,24 +97,28 @@ private:
     std::deque<std::string> saveAnswers_;
 };
 
-/// Keeps what was told of every piece of work, and cancels the work after some steps where a test wants that.
+/// Stores the reports of every operation, and can cancel operations.
 class FakeProgressPanels : public ProgressPanels {
 public:
+    /// One operation.
     struct Work {
         ProgressPanel panel;
+        /// The fractions that were reported, in order.
         std::vector<double> fractions;
+        /// True after the operation has ended.
         bool done = false;
     };
 
     std::unique_ptr<Progress> begin(const ProgressPanel& panel) override;
 
-    /// `goOn` says no from this call on; none for never.
+    /// The number of calls of `goOn` in an operation that return true; later ones return false. `nullopt` if
+    /// no operation is cancelled.
     std::optional<std::size_t> cancelAfter;
-    /// In the order of their beginnings. A deque: work in progress stays in its place.
+    /// All operations, in the order of their beginning. A deque, because each Progress refers to its element.
     std::deque<Work> works;
 };
 
-/// Folders in memory; what is kept under a key is there as long as it is not in `gone`.
+/// Stores folders in memory. A folder exists unless its path is in `gone`.
 class FakeFolderReferences : public FolderReferences {
 public:
     std::optional<std::string> resolve(std::string_view key) override;
@@ -111,13 +126,15 @@ public:
     std::optional<std::string> documentsFolder() override { return documents; }
     std::string stateFolder() override { return state; }
 
+    /// Settings key → path.
     std::map<std::string, std::string, std::less<>> kept;
+    /// Paths that do not exist.
     std::set<std::string> gone;
     std::optional<std::string> documents = "/home/documents";
     std::string state = "/home/state";
 };
 
-/// Holds what was laid in.
+/// A clipboard in memory.
 class FakePasteboard : public Pasteboard {
 public:
     std::optional<std::string> string() override {
@@ -142,35 +159,38 @@ public:
         held.set("text/plain", std::move(text));
     }
 
+    /// The content of the clipboard.
     MimeContent held;
+    /// The number of calls of `setContent`.
     int changes = 0;
-    /// What the last drag from here carries.
+    /// The content of the last drag from this program; `nullopt` before the first one.
     std::optional<MimeContent> dragged;
-    /// What `draggedContent` returns.
+    /// The result of `draggedContent`, for all types.
     MimeContent offered;
 };
 
+/// Returns the state in `option`.
 class FakeKeyboard : public Keyboard {
 public:
     bool isOptionDown() override { return option; }
     bool option = false;
 };
 
-/// Gives what was laid in.
+/// Returns the application in `browser`.
 class FakeWorkspace : public Workspace {
 public:
     std::optional<Application> defaultBrowser() override { return browser; }
     std::optional<Application> browser = Application{.name = "Web", .icon = "web-browser"};
 };
 
-/// Counts.
+/// Counts the calls.
 class FakeBeeper : public Beeper {
 public:
     void beep() override { ++beeps; }
     int beeps = 0;
 };
 
-/// Gives what was laid in.
+/// Returns the folder in `own`, and the folders in `abandoned` once.
 class FakeRecoveryFolders : public RecoveryFolders {
 public:
     Result<std::string> ownFolder() override { return own; }

@@ -1,4 +1,4 @@
-// All desktop services in memory, ready to be handed on.
+// All desktop services in memory, for tests.
 #pragma once
 
 #include "platform/Platform.h"
@@ -10,8 +10,10 @@
 
 namespace tabulon {
 
+/// One service of each kind. An alert advances the clock and the timers.
 struct FakePlatform {
-    /// How long the user takes to answer an alert, in seconds: long enough for the timers of a change.
+    /// The seconds that the user needs to answer an alert. The timers that a change starts are called in this
+    /// time.
     static constexpr double kSecondsOfAnAlert = 5;
 
     FakePlatform() {
@@ -38,8 +40,9 @@ struct FakePlatform {
     FakeWorkspace workspace;
     MemoryUserDefaults state;
 
+    /// Returns references to these services, valid as long as this object.
     Platform platform() { return platformIn(base.texts); }
-    /// The same with texts of another language.
+    /// Returns references to these services and to other texts, which must also outlive the result.
     Platform platformIn(Localization& texts) {
         return {{base.clock, base.defaults, texts, base.log},
                 alerts,

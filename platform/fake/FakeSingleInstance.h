@@ -1,4 +1,4 @@
-// Other running programs as a test wants them.
+// A version of the single-instance service for tests, with prepared roles and answers of other processes.
 #pragma once
 
 #include "platform/SingleInstance.h"
@@ -8,7 +8,8 @@
 
 namespace tabulon {
 
-/// Gives the roles and answers laid in, in order; the last of each holds on.
+/// Returns the prepared roles and answers, in order. The last one of each is returned again and again. Does
+/// not wait.
 class FakeSingleInstance : public SingleInstance {
 public:
     Role claim() override {
@@ -22,11 +23,17 @@ public:
     }
     void release() override { released = true; }
 
+    /// Not empty.
     std::deque<Role> roles = {Role::First};
+    /// Not empty.
     std::deque<Answer> answers = {Answer::Taken};
+    /// The number of calls of `claim`.
     int claims = 0;
+    /// The requests that were sent, in order.
     std::vector<LaunchRequest> handedOver;
+    /// The sum of the times for which `waitForAnswer` was called.
     std::chrono::milliseconds waited{0};
+    /// True after `release`.
     bool released = false;
 
 private:

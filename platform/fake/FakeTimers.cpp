@@ -37,7 +37,7 @@ void FakeTimers::advance(double seconds) {
             entries_.erase(next);
         work();
     }
-    now_ = std::max(now_, end); // time may have passed in what was called
+    now_ = std::max(now_, end); // work may have advanced the time further
 }
 
 } // namespace tabulon

@@ -1,4 +1,4 @@
-// Timers that a test moves by hand.
+// Timers whose time a test advances.
 #pragma once
 
 #include "platform/Timers.h"
@@ -8,6 +8,7 @@
 
 namespace tabulon {
 
+/// The timers must not outlive this object.
 class FakeTimers : public Timers {
 public:
     std::unique_ptr<Timer> after(double seconds, Work work) override {
@@ -17,16 +18,16 @@ public:
         return add(seconds, seconds, std::move(work));
     }
 
-    /// Lets time pass: calls what is due, in the order of its time.
+    /// Advances the time and calls the work that is due, in the order of its time. Work may call this again.
     void advance(double seconds);
-    /// How many timers run.
+    /// Returns the number of running timers.
     std::size_t running() const { return entries_.size(); }
 
 private:
     struct Entry {
         std::uint64_t number;
         double due;
-        double interval; // 0 for once
+        double interval; // 0 for a timer that is called once
         Work work;
     };
     class Handle;

@@ -4,7 +4,7 @@
 
 namespace tabulon {
 
-// The path itself, or where the links from it lead.
+// Returns the path itself, or the end of the chain of links that begins there.
 const std::string& MemoryFileStore::target(const std::string& path) const {
     const auto link = links.find(path);
     return link == links.end() ? path : target(link->second);
@@ -58,7 +58,7 @@ std::optional<FileIdentity> MemoryFileStore::identityOf(const std::string& path)
     const auto found = files.find(target(path));
     if (found == files.end())
         return std::nullopt;
-    // There is no clock in here: another content is another time.
+    // There is no clock, so the time is derived from the content.
     const auto time = static_cast<std::int64_t>(std::hash<std::string>()(found->second));
     const auto moved = firstNames_.find(found->first);
     return FileIdentity{

@@ -1,4 +1,4 @@
-// Files in memory, and the ways in which a disk can fail.
+// Files in memory, with the failures of a disk, for tests.
 #pragma once
 
 #include "platform/FileStore.h"
@@ -10,6 +10,8 @@
 
 namespace tabulon {
 
+/// The public members are the disk; a test changes them directly. Differs from a disk in these points: a copy
+/// follows a link at its destination, and the names in a folder are those of files only.
 class MemoryFileStore : public FileStore {
 public:
     Result<std::string> readFile(const std::string& path) override;
@@ -23,34 +25,36 @@ public:
     Result<void> makeFolder(const std::string& path) override;
     std::vector<std::string> namesInFolder(const std::string& path) override;
 
-    /// Renames a file as another program does: it stays the same file.
+    /// Renames a file like another process: its identity does not change. Requires: there is a file at
+    /// `from`, which was not moved before.
     void move(const std::string& from, const std::string& to);
 
     /// Path → content.
     std::map<std::string, std::string, std::less<>> files;
-    /// Path → the path that a symbolic link there leads to.
+    /// Path of a symbolic link → its target, an absolute path. Without cycles.
     std::map<std::string, std::string, std::less<>> links;
-    /// Paths of folders that are there besides those that the files are in.
+    /// Paths of folders, in addition to the folders of the files.
     std::set<std::string, std::less<>> folders;
     /// Paths of devices and pipes.
     std::set<std::string, std::less<>> devices;
-    /// From now on every write fails as on a full disk.
+    /// True if every write fails with ENOSPC.
     bool diskFull = false;
-    /// Reading paths that begin with this fails for lack of permission; empty for none.
+    /// Reads of paths that begin with this text fail with EACCES; empty if none does.
     std::string unreadable;
-    /// Writes to paths that begin with this fail for lack of permission; empty for none.
+    /// Writes to paths that begin with this text fail with EACCES; empty if none does.
     std::string unwritable;
+    /// The number of writes that succeeded.
     int writes = 0;
-    /// How often the whole content of a path was read.
+    /// Path → the number of calls of `readFile`, also of those that failed.
     std::map<std::string, int, std::less<>> reads;
-    /// Called before each write that succeeds.
+    /// Called with the path before each write that succeeds. May be empty.
     std::function<void(const std::string& path)> willWrite;
 
 private:
     Result<std::string> contentOf(const std::string& path) const;
     const std::string& target(const std::string& path) const;
 
-    std::map<std::string, std::string, std::less<>> firstNames_; // of files that were moved
+    std::map<std::string, std::string, std::less<>> firstNames_; // path of a moved file → the path before
 };
 
 } // namespace tabulon
