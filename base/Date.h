@@ -9,7 +9,7 @@
 namespace tabulon {
 
 /// Seconds since 2001-01-01 00:00 UTC as a double, or null. All bits of a double are kept, those of
-/// infinities and NaNs too. One NaN pattern represents null; as a number of seconds it is replaced by another
+/// infinities and NaNs too. One NaN pattern represents null; `fromReferenceSeconds` replaces it by another
 /// NaN.
 class Date {
 public:

@@ -22,9 +22,10 @@ public:
     };
 
     /// Builds the tree of `source` in `tree`. After an outcome other than Whole the tree contains what was
-    /// built until then. The number of steps is limited in proportion to the size of `source`, and so is the
-    /// nesting of elements. `progress` may be nullptr. Requires: `source` is well-formed UTF-8 without
-    /// carriage returns and outlives the tree, and the tree is new.
+    /// built until then. Linear: the number of steps is limited by a constant and a constant number for each
+    /// byte. With more than 512 open elements a new one becomes a sibling of its parent. `progress` may be
+    /// nullptr. Requires: `source` is well-formed UTF-8 without carriage returns and outlives the tree, and
+    /// the tree is new.
     static Outcome build(std::string_view source, Tree& tree, Progress* progress = nullptr);
 
 private:
@@ -60,11 +61,15 @@ private:
 
     TreeBuilder(std::string_view source, Tree& tree);
 
+    /// Processes all tokens.
     Outcome run(ProgressSteps steps);
     void process(const Token& token);
     Step dispatch(const Token& token);
     Step inMode(Mode mode, const Token& token);
     bool isForeign(const Token& token) const;
+
+    // The functions `in…`, `before…` and `after…` process a token in the mode of their name. `start…` and
+    // `end…` process the start tag and the end tag of the elements of their name.
 
     // Outside of the body.
     Step initial(const Token& token);
@@ -147,16 +152,25 @@ private:
     Node& moveUp(std::size_t index, std::size_t furthest, std::size_t& bookmark);
 
     // Nodes.
+    /// Returns a new element without a parent.
     Node& newElement(const Token& token, Namespace space);
     const LinkAttributes* linkOf(const Token& token);
+    /// Returns a new HTML element with the tag and link of `node`, without a parent.
     Node& cloneOf(const Node& node);
+    /// Inserts an element at the current place and opens it.
     Node& insertElement(const Token& token, Namespace space = Namespace::Html);
+    /// Inserts and opens an HTML element without attributes.
     Node& insertNamed(Tag tag);
+    /// Inserts an element that has no content, and does not leave it open.
     void insertVoid(const Token& token);
+    /// Inserts a text at the current place. Does nothing if it is empty.
     void insertText(std::string_view text);
     Place placeFor(Node& target) const;
+    /// Inserts an element, as a sibling of its parent if the elements are nested too deep.
     void attach(Node& node, Place place);
+    /// Closes the innermost elements as long as their end tag is optional and their tag is not `except`.
     void closeImpliedEnds(Tag except = Tag::Other);
+    /// Closes an open paragraph if it is in button scope.
     void closeParagraph();
     bool popIfOpen(Tag tag);
 

@@ -53,9 +53,8 @@ private:
     const BinaryPlist& plist_;
     const BaseServices services_;
     NodeReader nodes_;
-    std::vector<std::uint32_t>
-        recordOf_;              // by object number of the property list: index of the record, or kNone
-    std::vector<bool> isTaken_; // by position in the file
+    std::vector<std::uint32_t> recordOf_; // by object number of the property list: record index, or kNone
+    std::vector<bool> isTaken_;           // by position in the file
     std::vector<Record> records_;
     std::uint64_t rootUid_ = 0;
     std::uint64_t lost_ = 0; // the number of children without a record

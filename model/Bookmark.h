@@ -76,7 +76,7 @@ public:
             destroy(this);
     }
 
-    // Texts and dates
+    // Texts and dates. Each may be null. The setters do not record a change in the document.
 
     const Text& itemName() const { return name_; }
     const Text& itemURL() const { return url_; }
@@ -188,7 +188,7 @@ public:
     void setStatus(std::uint8_t status) { status_ = status; }
     std::uint8_t getFlags() const { return flags_; }
     void setFlags(std::uint8_t flags) { flags_ = flags; }
-    // The bits of the flags.
+    // The bits of the flags: 1 reload, 2 password, 4 locked.
     bool getReload() const { return (flags_ & 1) != 0; }
     bool getPassword() const { return (flags_ & 2) != 0; }
     bool getLocked() const { return (flags_ & 4) != 0; }

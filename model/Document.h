@@ -17,7 +17,7 @@ namespace tabulon {
 inline constexpr std::string_view kDocumentType = "com.tabulon.bookmarks";
 inline constexpr std::string_view kDocumentExtension = "tbln";
 
-/// What `updateChangeCount` records.
+/// A change to the change count: one more change, one change undone, or the document is clean.
 enum class ChangeKind { Done, Undone, Cleared };
 
 /// The view of a document, implemented above the model. A document has at most one. All functions are called

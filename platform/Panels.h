@@ -54,7 +54,8 @@ public:
 
     /// Sets the panel that contains the area, or nullptr when the panel is closed. Not owned.
     virtual void setPanel(SavePanelControl* panel) = 0;
-    /// Called after the view was made. Not called by a panel that cannot show the area.
+    /// Called after the view was made, before or after `setPanel`. Not called if the panel cannot show the
+    /// area.
     virtual void viewDidLoad() = 0;
 };
 

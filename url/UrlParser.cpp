@@ -130,7 +130,8 @@ bool UrlParser::relative(std::string_view rest, const Url& base) {
         queryAndFragment(rest);
         return true;
     }
-    url_.path.assign(base.path, 0, base.path.rfind('/')); // its last segment may be long
+    // Without a copy of the last segment, which may be long.
+    url_.path.assign(base.path, 0, base.path.rfind('/'));
     path(rest);
     return true;
 }
