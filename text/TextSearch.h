@@ -26,6 +26,7 @@ public:
 
     /// Returns whether the folded form of `text` contains the part, if this is certain without folding.
     /// Returns `nullopt` if the folded forms of non-ASCII characters decide it. `text` need not be folded.
+    /// Not valid for LetterI::Turkish, where the small letter of I is not i.
     std::optional<bool> isIn(std::string_view text) const;
     /// Returns true if `text` contains the bytes of the part. Requires: no capital ASCII letters in `text`.
     bool inSmallLetters(std::string_view text) const;
