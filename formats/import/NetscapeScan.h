@@ -1,4 +1,4 @@
-// One run of the tag scanner over one file: the tokens and what each does. What lives on between runs is in
+// One run of the tag scanner over one file: the actions of the tokens. The state between runs is in
 // NetscapeScanner.h.
 #pragma once
 
@@ -16,24 +16,25 @@
 
 namespace tabulon {
 
-/// Scans once. Every token's action gives the place where the search for the next token begins, and that
-/// place always lies behind the token.
+/// Scans a file once. The action of each token returns the offset at which the search for the next token
+/// begins; it is always greater than the offset of the token.
 class NetscapeScan {
 public:
-    /// `bytes` and `lastItem` must outlive this object. `lastItem` is the item that a description belongs to;
-    /// it may be null and is kept up to date.
+    /// The arguments must outlive this object. `bytes` should be UTF-8; malformed parts are decoded to
+    /// U+FFFD. `lastItem` is the item that a description belongs to. It may be null, and is set to each new
+    /// item.
     NetscapeScan(std::string_view bytes, const BaseServices& services, Ref<Bookmark>& lastItem);
 
-    /// The root folder with everything that was found, up to where the user cancelled. Call it once.
-    /// `progress` may be null.
+    /// Returns the root folder with all items, or with those before the user cancelled. `progress` may be
+    /// `nullptr`. Linear, without recursion. To be called once.
     Ref<Bookmark> run(Progress* progress = nullptr);
 
-    /// How many bytes were searched and decoded, those counted twice that were gone over twice: at most a
-    /// small multiple of the file, whatever it holds.
+    /// Returns the number of bytes that were searched and decoded, each counted as often as it was read. It
+    /// is at most a small multiple of the file, whatever the file contains.
     std::size_t examined() const { return bytes_.examined(); }
 
 private:
-    // Each gives the next cursor, or npos where the scan ends.
+    // Each returns the next cursor, or npos where the scan ends.
     std::size_t act(const NetscapeToken& token);
     std::size_t appendSeparator(std::size_t start);
     std::size_t beginList(std::size_t start);
