@@ -1,5 +1,5 @@
-// The one running program of a session, found over the session's message bus: the name com.tabulon.Tabulon
-// and the desktop's interface for applications (org.freedesktop.Application) at /com/tabulon/Tabulon.
+// The single instance of a session, found by name on the session's message bus: com.tabulon.Tabulon, which
+// provides the desktop's interface for applications (org.freedesktop.Application) at /com/tabulon/Tabulon.
 #pragma once
 
 #include "platform/SingleInstance.h"
@@ -11,7 +11,8 @@
 
 namespace tabulon {
 
-/// Requires an application object. Without a session bus it is always alone.
+/// The single instance on the message bus. Without a session bus `claim` returns Alone. Requires: an
+/// application object.
 class DBusInstance : public QObject, public SingleInstance {
     Q_OBJECT
 

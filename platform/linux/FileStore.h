@@ -1,4 +1,4 @@
-// The real file store, over the POSIX calls.
+// The file store of the POSIX system calls, and the standard streams.
 #pragma once
 
 #include "platform/FileStore.h"
@@ -9,12 +9,14 @@
 
 namespace tabulon {
 
-/// What becomes of devices, pipes and sockets. The command-line tool uses those that it is told to, and waits
-/// for the other end; the desktop program refuses them, because nothing in it may wait.
+/// Whether devices, pipes and sockets are used as files. The command-line tool uses those it is given, and
+/// waits for the other end. The desktop program must not wait, and refuses them with ENODEV.
 enum class SpecialFiles { Refused, Used };
 
+/// The files of the system. See platform/FileStore.h for the contracts.
 class PosixFileStore : public FileStore {
 public:
+    /// `limits` are those of reading a whole file.
     explicit PosixFileStore(SpecialFiles special = SpecialFiles::Refused, const ReadLimits& limits = {})
         : special_(special), limits_(limits) {}
     Result<std::string> readFile(const std::string& path) override;
@@ -36,11 +38,12 @@ private:
     const ReadLimits limits_;
 };
 
-/// Everything that standard input holds. Fails with EFBIG where that is more than 64 MiB from a device or 2
-/// GiB from a pipe.
+/// Returns the bytes of standard input up to its end. Fails with errno and a sentence; with EFBIG for 64 MiB
+/// from a device, 2 GiB from a pipe, or more than 4 GiB from a file.
 Result<std::string> readStandardInput();
 
-/// Writes to standard output and flushes it; fails when the reader has gone or the disk behind it is full.
+/// Writes `bytes` to standard output, unbuffered. Fails with errno and a sentence, for example with EPIPE
+/// where its reader has ended, or ENOSPC where the disk is full.
 Result<void> writeStandardOutput(std::string_view bytes);
 
 } // namespace tabulon

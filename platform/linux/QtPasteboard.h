@@ -1,4 +1,4 @@
-// The desktop's clipboard.
+// The desktop's clipboard, and the content of drags.
 #pragma once
 
 #include "platform/Pasteboard.h"
@@ -6,7 +6,8 @@
 
 namespace tabulon {
 
-/// Under X11 lists of links with titles go past the toolkit both ways. Requires the application object.
+/// The clipboard of Qt. On X11, lists of links with titles ("text/x-moz-url") bypass Qt in both directions,
+/// since it converts them. Requires: the application object. See platform/Pasteboard.h for the contracts.
 class QtPasteboard : public Pasteboard {
 public:
     std::optional<std::string> string() override;
