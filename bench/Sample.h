@@ -15,8 +15,8 @@ struct Sample {
 
     Ref<Bookmark> tree;
     TreeSize size;
-    std::string archive;
-    std::string html;
+    std::string archive; ///< the tree as a document
+    std::string html;    ///< the tree as a bookmark file
 };
 
 /// The number of runs, and whether targets are judged.

@@ -17,8 +17,8 @@ enum class Verdict {
 /// One measurement, as text.
 struct Row {
     std::string work;
-    std::string ours;
-    std::string reference;
+    std::string ours;      ///< the result of Tabulon
+    std::string reference; ///< the result of the reference, with its name
     std::string ratio;
     std::string target;
     Verdict verdict = Verdict::None;

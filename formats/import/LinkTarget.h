@@ -38,6 +38,8 @@ public:
     const LinkTarget* next(std::size_t from);
 
 private:
+    /// Returns the target with the address at `begin`, which is not made again if it is that of the last
+    /// target.
     const LinkTarget* withAddressAt(std::size_t anchor, std::size_t begin);
 
     const ScannedBytes& bytes_;

@@ -44,16 +44,23 @@ private:
     std::size_t appendLink(std::size_t start);
     std::size_t appendFolder(std::size_t start);
 
+    /// The name of a link, and the next cursor.
     struct LinkName {
         Text text;
         std::size_t next = 0;
     };
+    /// Returns the name of the link, or `nullopt` where the bytes end before it does.
     std::optional<LinkName> nameOf(const LinkTarget& target);
+    /// Returns the name in a range of bytes, or "Untitled" where it is empty.
     Text nameBetween(std::size_t from, std::size_t to);
+    /// Returns the name of a folder; "Favourites" for a toolbar folder of a browser.
     Text folderName(std::size_t from, std::size_t to);
 
+    /// Sets the dates of the tag at `start`; null where it has none.
     void readDates(Bookmark& item, std::size_t start, std::size_t next) const;
+    /// Appends the link with the name. A link named "-" becomes a separator.
     void appendNamed(Ref<Bookmark> link, Text name);
+    /// Appends the item to the current folder, and sets it as the last item.
     void append(Ref<Bookmark> item);
 
     const BaseServices& services_;
@@ -64,6 +71,7 @@ private:
     Ref<Bookmark>& lastItem_;
     Date now_;
     Text untitled_;
+    /// The current folder. Not owned: it is in the tree.
     Bookmark* folder_ = nullptr;
 };
 

@@ -28,7 +28,9 @@ public:
     std::optional<NetscapeToken> next(std::size_t from);
 
 private:
+    /// Searches for the next tokens from `from` on.
     void lookAhead(std::size_t from);
+    /// Returns the kind of the token at `start`, which is no separator.
     NetscapeToken::Kind kindOf(std::size_t start) const;
 
     const ScannedBytes& bytes_;

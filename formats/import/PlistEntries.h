@@ -70,9 +70,13 @@ private:
     static constexpr std::uint64_t kShort = 8; // units; sharing such a text costs as much as a copy
     static constexpr std::uint64_t kLongestKey = 32;
 
+    /// Returns the object, and reports damage where it cannot be read.
     Object object(std::uint64_t id);
+    /// Returns whether the object `key` is a text that is a misspelling of `known`.
     bool isMisspeltKey(std::uint64_t key, std::string_view known);
+    /// Returns for each object whether it can be reached from the top object.
     std::vector<bool> reachableObjects();
+    /// Returns whether an object, or the end of the objects, follows immediately after `dictionary`.
     bool endsWhereAnotherBegins(Object dictionary);
 
     const PropertyList& list_;

@@ -17,15 +17,25 @@ class DBusInstance : public QObject, public SingleInstance {
     Q_OBJECT
 
 public:
+    /// Creates the adaptor whose calls invoke `requested`. Registers nothing yet.
     DBusInstance();
+    /// Calls `release`.
     ~DBusInstance() override;
 
+    /// Registers the object and then the name. Returns Alone without a session bus, or where the bus refuses
+    /// one of them. Waits for the bus.
     Role claim() override;
+    /// Sends `request` and returns immediately. The call has no time limit. Requires: `claim` returned
+    /// Second.
     void handOver(const LaunchRequest& request) override;
+    /// Runs an event loop until the answer arrives, but no longer than `patience`. Requires: `handOver` was
+    /// called.
     Answer waitForAnswer(std::chrono::milliseconds patience) override;
+    /// Releases the name and then the object. Does nothing without a session bus.
     void release() override;
 
 private:
+    /// The request that was sent.
     std::optional<QDBusPendingCall> call_;
 };
 

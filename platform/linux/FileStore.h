@@ -19,16 +19,28 @@ public:
     /// `limits` are those of reading a whole file.
     explicit PosixFileStore(SpecialFiles special = SpecialFiles::Refused, const ReadLimits& limits = {})
         : special_(special), limits_(limits) {}
+    /// Returns the bytes of a file. Fails with EFBIG where a limit is exceeded.
     Result<std::string> readFile(const std::string& path) override;
+    /// Returns the first `size` bytes of a file, or all of a smaller one.
     Result<std::string> readBeginning(const std::string& path, std::size_t size) override;
+    /// Replaces a file; a link of another user is refused with EPERM. Writes directly to a device or a pipe
+    /// where they are used.
     Result<void> writeFileAtomically(const std::string& path, std::string_view bytes) override;
+    /// Replaces a file as `writeFileAtomically`, and follows every link.
     Result<void> writeBack(const std::string& path, std::string_view bytes) override;
+    /// Returns whether the target of `path` exists, of any kind.
     bool fileExists(const std::string& path) override;
+    /// Returns the kind of the target of `path`.
     PathKind kindOf(const std::string& path) override;
+    /// Returns the identity of the target of `path`, or `nullopt` where it cannot be read.
     std::optional<FileIdentity> identityOf(const std::string& path) override;
+    /// Copies a file with its access. A link at `to` is replaced.
     Result<void> copyFile(const std::string& from, const std::string& to) override;
+    /// Removes a file or link. Succeeds where there is none.
     Result<void> removeFile(const std::string& path) override;
+    /// Creates a folder, and those above it, with the mode 0700. Succeeds where it exists.
     Result<void> makeFolder(const std::string& path) override;
+    /// Returns the sorted names in a folder; empty where it cannot be read.
     std::vector<std::string> namesInFolder(const std::string& path) override;
 
 private:

@@ -53,13 +53,18 @@ public:
     void tellProblemsTo(std::function<void(const SettingsProblem&)> tell);
 
 private:
+    /// Returns the text of the file without damaged lines, or `nullopt` where it cannot be read.
     std::optional<SettingsText> readText();
     enum class Chance { OneOfMany, Last };
+    /// Writes the changes. At the last chance it writes even while the lock is busy.
     void writeChanges(Chance chance);
+    /// Calls `writeSoon` unless a write is due.
     void askForWrite();
     std::optional<SettingsText> withoutDamage(SettingsText text, const std::string& bytes);
     void change(std::string_view key, std::optional<std::string> value);
+    /// Takes the values of the file, and its identity.
     void takeIn(const SettingsText& text);
+    /// Reports a problem, or stores it until `tellProblemsTo` is called.
     void report(SettingsProblem problem);
 
     FileStore& files_;

@@ -19,12 +19,17 @@ using WindowFinder = std::function<QWidget*(const Document* document)>;
 /// Alerts that run nested event loops. See platform/Alerts.h for the contracts.
 class QtAlerts : public Alerts {
 public:
+    /// `windowFor` returns the window to which an alert belongs.
     explicit QtAlerts(WindowFinder windowFor) : windowFor_(std::move(windowFor)) {}
+    /// Runs an event loop until the user answers. Returns `kAlertFirstButton` plus the index of the button.
+    /// An alert with a document's window disables that window only.
     int runModal(const Alert& alert) override;
+    /// Runs the same with a check box.
     SuppressibleAnswer runModalSuppressible(const Alert& alert, const std::string& boxTitle) override;
 
     /// Returns whether an alert is open.
     bool isShowing() const { return !showing_.empty(); }
+    /// Returns whether an alert about `document` is open, or any alert for `nullptr`.
     bool isAskingAbout(const Document* document) const override;
     /// Called when the last open alert has ended, before its `runModal` returns. May be empty.
     std::function<void()> lastOneEnded;

@@ -17,13 +17,17 @@ namespace tabulon {
 /// one. See platform/Panels.h for the contracts.
 class QtPanels : public Panels {
 public:
+    /// `windowFor` returns the window to which a panel belongs. The first panel starts in the desktop's
+    /// folder for documents.
     explicit QtPanels(WindowFinder windowFor);
 
     /// Makes the view of an options area, which the panel then owns. May be empty, and may return `nullptr`;
     /// the panel then has no area.
     std::function<QWidget*(const std::shared_ptr<PanelAccessory>& accessory)> makeAccessoryView;
 
+    /// Opens a dialog and returns. `done` is called from the main loop after the dialog has ended.
     void beginOpenPanel(const OpenPanel& panel, OpenDone done) override;
+    /// Opens a dialog and returns, as `beginOpenPanel`. The proposed name is made a valid file name.
     void beginSavePanel(const SavePanel& panel, SaveDone done) override;
 
 private:

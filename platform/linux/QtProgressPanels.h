@@ -10,7 +10,10 @@ namespace tabulon {
 /// contracts.
 class QtProgressPanels : public ProgressPanels {
 public:
+    /// `windowFor` returns the window to which a panel belongs.
     explicit QtProgressPanels(WindowFinder windowFor) : windowFor_(std::move(windowFor)) {}
+    /// Returns the progress of an operation that begins. Its `goOn` opens the panel after `kPatience`, and
+    /// then handles events every 40 milliseconds. Requires: this object outlives the result.
     std::unique_ptr<Progress> begin(const ProgressPanel& panel) override;
 
     /// Returns whether a panel is open. Events are then handled from inside an operation, and its data must

@@ -12,7 +12,9 @@ public:
     /// and that of `every` skips the interval. An empty function counts as false.
     explicit QtTimers(std::function<bool()> mustWait = nullptr) : mustWait_(std::move(mustWait)) {}
 
+    /// Calls `work` once after `seconds`, which are rounded down to milliseconds.
     std::unique_ptr<Timer> after(double seconds, Work work) override;
+    /// Calls `work` every `seconds`, which are rounded down to milliseconds.
     std::unique_ptr<Timer> every(double seconds, Work work) override;
 
 private:

@@ -19,6 +19,7 @@ public:
 private:
     void watchSignals(const std::function<void()>& ending);
 
+    /// Passes signals to the main loop.
     int pipe_[2] = {-1, -1};
 };
 

@@ -31,11 +31,17 @@ public:
 private:
     using Transfer = std::pair<xcb_window_t, xcb_atom_t>; // the requesting window, and its property
 
+    /// Returns the list of a selection; empty where it is not ours or has none.
     QByteArray listOf(xcb_atom_t selection) const;
+    /// Answers a request. Returns false for a request that is left to Qt.
     bool answer(const xcb_selection_request_event_t& request);
+    /// Sends a list, in pieces where it does not fit into one request.
     void send(const xcb_selection_request_event_t& request, const QByteArray& list);
+    /// Sends the next piece after the one before was read. Returns false for a window without a transfer.
     bool sendNextPiece(const xcb_property_notify_event_t& change);
+    /// Ends the transfers to a window that was destroyed.
     void forget(xcb_window_t window);
+    /// Returns the number of bytes that fit into one request.
     int largestPiece() const;
 
     xcb_connection_t* const connection_;

@@ -26,11 +26,13 @@ public:
     std::vector<std::string> adoptAbandonedFolders() override;
 
 private:
+    /// A folder of this run, and its lock.
     struct Held {
         std::string path;
         std::unique_ptr<FolderLock> lock;
     };
 
+    /// Creates and locks a folder for this run.
     Result<std::string> makeOwn();
 
     const std::string parent_;
