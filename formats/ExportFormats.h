@@ -20,7 +20,8 @@ struct ExportFormat {
     std::string_view titleKey;
     /// The extension of its files, in lower case and without a dot.
     std::string_view extension;
-    /// The keys of the settings that `write` reads and that a panel offers.
+    /// The keys of the settings that an export panel offers for the format. `write` reads all of them but
+    /// `SaveAsHTML`, which applies to saving.
     std::span<const std::string_view> options;
     /// Returns the bytes of a file, UTF-8, with the children of `master`, written according to the settings.
     /// `progress` may be `nullptr`; it is not owned. Fails with `cancelledByUser()` after `progress` has

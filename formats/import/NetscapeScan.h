@@ -30,7 +30,7 @@ public:
     Ref<Bookmark> run(Progress* progress = nullptr);
 
     /// Returns the number of bytes that were searched and decoded, each counted as often as it was read. It
-    /// is at most a small multiple of the file, whatever the file contains.
+    /// is at most a constant multiple of the file's size, whatever the file contains.
     std::size_t examined() const { return bytes_.examined(); }
 
 private:

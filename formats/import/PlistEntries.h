@@ -32,15 +32,16 @@ public:
         return object(list_.binary().reference(array, index));
     }
     /// Returns the value of `key` (ASCII) in `dictionary`, the last one where it is there twice. Returns an
-    /// object of the kind Damaged, and reports no damage, where there is none or `dictionary` is no
-    /// dictionary. Linear in the size of the dictionary.
+    /// object of the kind Damaged where there is none, or `dictionary` is no dictionary, without a report.
+    /// Reports damage where a key is no text or the value cannot be read. Linear in the size of the
+    /// dictionary.
     Object value(Object dictionary, std::string_view key);
     /// Returns the Array of an entry's children, or an object of the kind Damaged where it has none. Reports
     /// damage where the children are of another kind.
     Object children(Object entry);
-    /// Returns the text of `key`, or a null text where there is none. Many entries may share a text, or have
-    /// texts that overlap. Each text is made once. Reports damage where all together would have more than a
-    /// small multiple of the size of the list.
+    /// Returns the text of `key`, or a null text where the value is no text. Many entries may share a text,
+    /// or have texts that overlap; a long text is made once. Reports damage where all together would have
+    /// more than a small multiple of the size of the list.
     Text text(Object entry, std::string_view key);
 
     /// Reports that a folder contains a value that is no bookmark. Does nothing for XML.

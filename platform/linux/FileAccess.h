@@ -31,8 +31,8 @@ FileAccess accessOf(const std::string& path, const struct stat& status);
 
 /// Sets `access` on an open file, as far as the system allows. No user gets more rights than the old file
 /// granted: without its group, group and others get the rights that both had; without its access control
-/// list, group and others get none. Does nothing on a file system without permissions. Requires: a file that
-/// only the user can access.
+/// list, group and others get none. On a file system without permissions these are not changed. Requires: a
+/// file that only the user can access.
 void takeAccess(int descriptor, const FileAccess& access);
 
 } // namespace tabulon
