@@ -1,4 +1,4 @@
-// Opening and saving a document, in memory: no disk is measured.
+// Opening and saving a document in memory. No disk access is measured.
 #include "bench/Measure.h"
 #include "bench/Plist.h"
 #include "bench/Rows.h"
@@ -11,7 +11,7 @@ namespace tabulon::bench {
 Row openRow(const Sample& sample, const Effort& effort) {
     require(writeDocumentArchive(*opened(sample.archive)) == sample.archive,
             "an opened document is another document");
-    // libplist as other programs have it, without the allocator of this one.
+    // libplist with the system's allocator, as in other programs.
     const ParsedElsewhere theirs =
         parsedBy("'" TABULON_LIBPLIST_PARSE "'", ".tbln", sample.archive, effort.runs);
     require(theirs.count == sample.size.nodes + 1, "libplist sees other nodes");
@@ -30,7 +30,7 @@ Row openRow(const Sample& sample, const Effort& effort) {
 Row saveRow(const Sample& sample, const Effort& effort) {
     require(writeDocumentArchive(*sample.tree) == sample.archive, "two archives of one tree differ");
 
-    // A document that was opened, as those are that people save.
+    // A document that was opened, as is usual before a save.
     const Ref<Bookmark> tree = opened(sample.archive);
     const double ours = fastest(effort.runs, [&] { return writeDocumentArchive(*tree); });
     const double reading = fastest(effort.runs, [&] { return opened(sample.archive); });

@@ -11,12 +11,13 @@ namespace tabulon::bench {
 
 namespace {
 
-/// SplitMix64: tiny, good enough, and the same everywhere, unlike the distributions of the standard library.
+/// SplitMix64: small, of sufficient quality, and equal on all machines, unlike the distributions of the
+/// standard library.
 class Dice {
 public:
     explicit Dice(std::uint64_t seed) : state_(seed) {}
 
-    /// A number below `limit`.
+    /// Returns a number less than `limit`.
     std::uint64_t below(std::uint64_t limit) {
         state_ += 0x9E3779B97F4A7C15u;
         std::uint64_t z = state_;
@@ -58,7 +59,7 @@ constexpr Words kHebrew = {"חדשות",  "מזג אוויר", "מילון",   "
 constexpr Words kHindi = {"समाचार", "मौसम", "शब्दकोश", "इतिहास", "नक्शा", "व्यंजन",
                           "पुस्तक",   "बाग",  "रेल",     "गाइड",   "संगीत", "कला"};
 
-/// One row a script; how often each comes is said by how often it stands here.
+/// One row for each script. A script is chosen as often as it is repeated here.
 constexpr std::array<const Words*, 20> kScripts = {&kEnglish,  &kEnglish, &kEnglish, &kEnglish, &kEnglish,
                                                    &kEnglish,  &kEnglish, &kGerman,  &kGerman,  &kFrench,
                                                    &kFrench,   &kPolish,  &kRussian, &kRussian, &kGreek,
@@ -90,7 +91,7 @@ public:
         root->makeParent();
         root->setItemName("Master");
         root->setShowHier(true);
-        // Two flat folders hold a fifth of everything; the rest is a tree.
+        // Two flat folders contain a fifth of all links; the rest is a tree.
         addFlatFolder(*root, links / 10);
         addFlatFolder(*root, links / 10);
         std::size_t made = links / 10 * 2;
@@ -168,7 +169,7 @@ private:
         return Date::fromUnixSeconds(static_cast<double>(unixSeconds));
     }
 
-    /// From `least` to `most` words of one script.
+    /// Returns from `least` to `most` words of one script.
     std::string words(std::uint64_t least, std::uint64_t most) {
         const bool hindi = dice_.percent(4);
         const Words& script = hindi ? kHindi : *kScripts[dice_.below(kScripts.size())];

@@ -1,4 +1,4 @@
-// Finding and putting in order, on the tree alone.
+// Finding, sorting and the search for duplicates, on the tree alone.
 #include "bench/Measure.h"
 #include "bench/Rows.h"
 #include "model/Duplicates.h"
@@ -21,7 +21,7 @@ namespace tabulon::bench {
 namespace {
 
 constexpr double kMostOfFinding = 0.010 / 100'000;     // seconds per node
-constexpr double kMostOfLongFinding = 0.100 / 1e6;     // the same in a large document
+constexpr double kMostOfLongFinding = 0.100 / 1e6;     // seconds per node, in a large document
 constexpr std::size_t kLinksOfLargeDocument = 909'000; // about a million nodes
 
 std::vector<std::string> lowerCasedURLs(const Bookmark& root) {
@@ -39,7 +39,8 @@ std::vector<std::string> lowerCasedURLs(const Bookmark& root) {
     return urls;
 }
 
-/// The names that are sorted with each other: folders and the rest of each folder. Separators have none.
+/// Returns the names that are sorted with each other: the folders, and the other nodes, of each folder.
+/// Separators have none.
 std::vector<std::vector<std::string_view>> namesByGroup(const Bookmark& root) {
     std::vector<const Bookmark*> folders{&root};
     walkBelow(root, [&folders](const Bookmark& node) {
@@ -87,7 +88,7 @@ void requireSorted(const Bookmark& tree, const icu::Collator& collator,
     const auto expected = sortedIcuKeys(collator, groups);
     const auto names = namesByGroup(tree);
     std::size_t compared = 0;
-    // The folders come in another order now: groups are found again by their first keys.
+    // The folders are in another order after sorting. Groups are identified by their keys.
     std::map<std::vector<IcuKey>, int> counts;
     for (const auto& group : expected)
         ++counts[group];
@@ -146,7 +147,7 @@ double secondsOfFinding(const Bookmark& tree, int runs) {
     return fastest(runs, find);
 }
 
-// Judges the time of finding by `most` seconds a node, beside one pass over the texts.
+// Compares the time of finding with `most` seconds for each node, and with one pass over the texts.
 static Row rowOfFinding(const Bookmark& tree, std::string_view target, double most, const Effort& effort) {
     std::string texts;
     std::size_t nodes = 0;

@@ -1,5 +1,5 @@
-// How the time per node grows with the tree. A work that is linear stays near 1 × until the caches are left
-// behind.
+// The growth of the time per node with the size of the tree. For a linear operation the factor stays near 1
+// until the data exceed the caches.
 #include "bench/Measure.h"
 #include "bench/Rows.h"
 #include "formats/export/PlainText.h"
@@ -18,7 +18,7 @@ namespace {
 
 constexpr double kMostGrowth = 1.5;
 
-/// As people sort: by the names, in the order of their language.
+/// Sorting as users do: by name, in the order of the language.
 std::string sortedText(const Bookmark& tree, const Collation& collation) {
     return exportToText(tree, {.name = true,
                                .url = true,
@@ -30,7 +30,7 @@ std::string sortedText(const Bookmark& tree, const Collation& collation) {
         .value();
 }
 
-/// Seconds per node of the works on one tree.
+/// Seconds per node of the operations on one tree.
 std::vector<double> perNode(std::size_t links, int runs) {
     const Sample sample(links);
     require(sizeOf(*opened(sample.archive)).nodes == sample.size.nodes, "an opened document has other nodes");

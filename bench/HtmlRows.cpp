@@ -1,4 +1,4 @@
-// Bookmark HTML in and out, in memory.
+// Import and export of bookmark HTML in memory.
 #include "bench/Measure.h"
 #include "bench/Rows.h"
 #include "model/TreeWalk.h"
@@ -13,8 +13,9 @@ std::string seconds(Date date) {
     return date.isNull() ? "" : fmt::format("{}", date.unixSeconds());
 }
 
-/// All that a bookmark file can hold of a tree. A separator has nothing there. The white space after a note
-/// is left out: the scanner takes a line's end and the next line's indent for a part of it.
+/// Returns the values of a tree that a bookmark file can contain. A separator has no values there. White
+/// space after a note is left out: the scanner reads the end of the line and the next line's indent as a part
+/// of the note.
 std::string essence(const Bookmark& root) {
     std::string text;
     const auto enter = [&text](Bookmark& node) {

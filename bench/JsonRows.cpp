@@ -1,4 +1,4 @@
-// Browsers' JSON in, in memory. The file is the corpus as Chromium writes it, made here.
+// Import of browsers' JSON in memory. The file is the corpus in the form that Chromium writes, made here.
 #include "bench/Measure.h"
 #include "bench/Rows.h"
 #include "formats/import/ChromiumJSON.h"
@@ -35,8 +35,8 @@ std::string timestamp(Date date) {
                          : fmt::format("\"{:.0f}000000\"", date.unixSeconds() + kSecondsFrom1601To1970);
 }
 
-/// Writes as the browser does: keys in alphabetical order, three blanks a level, a folder's keys after its
-/// children.
+/// Writes the form of the browser: keys in alphabetical order, an indent of three spaces, a folder's keys
+/// after its children.
 class ChromiumWriter {
 public:
     std::string write(const Bookmark& root) {
@@ -119,7 +119,7 @@ private:
     bool first_ = true;
 };
 
-/// All that the browser's file can hold of what is below a folder.
+/// Returns the values below a folder that the browser's file can contain.
 std::string essence(const Bookmark& parent) {
     const auto seconds = [](Date date) {
         return date.isNull() ? std::string() : fmt::format("{}", date.unixSeconds());

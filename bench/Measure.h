@@ -1,5 +1,4 @@
-// Clocks and scales: how long a piece of work takes, how much memory the process holds. What is measured and
-// against what is in the *Rows.cpp files.
+// Measurement of processor time and memory. The *Rows.cpp files define what is measured, and the references.
 #pragma once
 
 #include <cstddef>
@@ -7,12 +6,12 @@
 
 namespace tabulon::bench {
 
-/// Seconds of processor time that this process has used, in user and kernel. All work here is done by one
-/// thread, so it is the time that somebody waits on a machine with nothing else to do.
+/// Returns the processor time of this process in seconds, user and kernel. All operations use one thread, so
+/// it is the time that they take on an idle machine.
 double processorSeconds();
 
-/// Processor seconds of the fastest of `runs` calls of `work`, the measure that other programs on the machine
-/// disturb least. What `work` returns is destroyed after the clock has stopped.
+/// Returns the processor time in seconds of the fastest of `runs` calls of `work`, which other processes
+/// disturb least. What `work` returns is destroyed after the clock has stopped. Returns infinity for no runs.
 template <class Work>
 double fastest(int runs, Work work) {
     double best = std::numeric_limits<double>::infinity();
@@ -25,7 +24,8 @@ double fastest(int runs, Work work) {
     return best;
 }
 
-/// Bytes of memory that the process has for itself (files it has mapped do not count), from /proc.
+/// Returns the bytes of resident anonymous memory of the process, from /proc; mapped files do not count.
+/// Returns 0 where that cannot be read.
 std::size_t residentAnonymousBytes();
 
 } // namespace tabulon::bench

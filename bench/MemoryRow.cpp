@@ -1,6 +1,6 @@
-// Memory of an opened document: what a process of its own has more after opening it than before, the file's
-// bytes mapped and not counted. So the tree, the allocator's gaps and whatever the reader leaves behind all
-// count.
+// The memory of an opened document: the difference between the memory of a process after opening it and
+// before. The bytes of the file are mapped and do not count. The tree, the allocator's gaps and everything
+// that the reader keeps do.
 #include "bench/Measure.h"
 #include "bench/Rows.h"
 

@@ -1,5 +1,5 @@
-// Every measurement of the library, one function a row. Each checks its answer and ends the program when it
-// is wrong.
+// The measurements of the library, one function for each row. Each checks its result and ends the program
+// when it is wrong.
 #pragma once
 
 #include "bench/Sample.h"
@@ -33,20 +33,22 @@ Row textScanRow(const Sample& sample, const Effort& effort);
 Row duplicatesRow(const Sample& sample, const Effort& effort);
 Row sortRow(const Sample& sample, const Effort& effort);
 Row findRow(const Sample& sample, const Effort& effort);
-/// The same in a tree of its own with a million nodes; in the sample's where nothing is judged.
+/// Measures the same in a tree of about a million nodes, or in that of `sample` where nothing is judged.
 Row findInLargeDocumentRow(const Sample& sample, const Effort& effort);
-/// Processor seconds of sorting copies of the tree by name, of the fastest run.
+/// Returns the processor time in seconds of sorting a copy of the tree by name, of the fastest run.
 double secondsOfSorting(const Bookmark& tree, int runs);
-/// The same of looking for a text that is not there.
+/// Returns the processor time in seconds of finding a text that does not occur, of the fastest run.
 double secondsOfFinding(const Bookmark& tree, int runs);
 
 // MemoryRow.cpp
 Row memoryRow(const Sample& sample, const Effort& effort);
-/// What a child process of memoryRow does: opens the document in `path` and prints how much memory that took.
+/// Opens the document in `path` and prints the bytes of memory that it takes. Returns the exit status. Called
+/// in a child process of `memoryRow`.
 int printMemoryOfDocument(const char* path);
 
 // GrowthRows.cpp
-/// The works on trees with each number of links in `sizes`, ascending and at least two, per node.
+/// Measures the operations per node on trees with each number of links in `sizes`. Requires: at least two
+/// numbers, in ascending order.
 std::vector<Row> growthRows(const std::vector<std::size_t>& sizes, const Effort& effort);
 
 } // namespace tabulon::bench

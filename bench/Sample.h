@@ -1,4 +1,4 @@
-// A corpus in every form that is measured, and what the measurements share.
+// The corpus in all forms that are measured, and functions that the measurements share.
 #pragma once
 
 #include "bench/Corpus.h"
@@ -9,34 +9,36 @@
 
 namespace tabulon::bench {
 
+/// A tree with `links` links, and its files.
 struct Sample {
     explicit Sample(std::size_t links);
 
     Ref<Bookmark> tree;
     TreeSize size;
-    std::string archive;
-    std::string html;
+    std::string archive; ///< the tree as a document
+    std::string html;    ///< the tree as a bookmark file
 };
 
-/// How seriously to measure.
+/// The number of runs, and whether targets are judged.
 struct Effort {
     int runs = 7;
-    /// False in a run that only proves that everything works: the figures are shown, the targets are not
+    /// False in a run that only tests the benchmarks: the figures are printed, and the targets are not
     /// judged.
     bool judged = true;
 };
 
-/// Met or missed by `reached`, when it is judged.
+/// Returns Met if `reached`, else Missed, or None where targets are not judged.
 Verdict verdict(const Effort& effort, bool reached);
 
-/// The tree in a bookmark file.
+/// Returns the tree in a bookmark file.
 Ref<Bookmark> scanned(std::string_view html);
-/// The tree in a document's bytes, which have to be readable.
+/// Returns the tree in a document's bytes. Ends the program where they cannot be read.
 Ref<Bookmark> opened(std::string_view archive);
-/// The tree as a bookmark file, in the tree's order.
+/// Returns the tree as a bookmark file, in the order of the tree.
 std::string exported(const Bookmark& tree);
 
-/// A file that lives as long as the object, in the folder for temporary files.
+/// A file in the folder for temporary files, which the destructor removes. Ends the program where it cannot
+/// be written.
 class TemporaryFile {
 public:
     TemporaryFile(std::string_view extension, std::string_view bytes);
@@ -50,17 +52,18 @@ private:
     std::string path_;
 };
 
-/// What a program of bench/ that reads a file with another parser found.
+/// The result of a program that parses a file with another parser.
 struct ParsedElsewhere {
     double seconds = 0; ///< of processor time, the fastest run
     std::size_t count = 0;
 };
 
-/// Runs `program FILE RUNS` on a file of these bytes; zeros where it fails. `program` is a shell command.
+/// Runs `program FILE RUNS` on a file with these bytes, and returns the numbers that it prints, or zeros
+/// where it fails. `program` is a shell command.
 ParsedElsewhere parsedBy(const std::string& program, std::string_view extension, std::string_view bytes,
                          int runs);
 
-/// The standard output of a shell command; empty when it fails.
+/// Returns the standard output of a shell command, or an empty string where it fails.
 std::string outputOf(const std::string& command);
 
 } // namespace tabulon::bench

@@ -1,4 +1,4 @@
-// The result table: one row a measurement, printed as Markdown for terminal and docs alike.
+// The table of results: one row for each measurement, printed as Markdown for terminal and document.
 #pragma once
 
 #include <string>
@@ -7,28 +7,31 @@
 
 namespace tabulon::bench {
 
+/// Whether a target was met.
 enum class Verdict {
-    None, ///< nothing was promised, or the corpus is too small to judge by
+    None, ///< there is no target, or the corpus is too small
     Met,
     Missed,
 };
 
+/// One measurement, as text.
 struct Row {
     std::string work;
-    std::string ours;
-    std::string reference;
+    std::string ours;      ///< the result of Tabulon
+    std::string reference; ///< the result of the reference, with its name
     std::string ratio;
     std::string target;
     Verdict verdict = Verdict::None;
 };
 
-/// The table with its two heading lines, every line ended by a line feed.
+/// Returns the table with its two heading lines, every line ended by a line feed.
 std::string markdown(const std::vector<Row>& rows);
 
-/// "12.3 ms".
+/// Returns a time in milliseconds as text, such as "12.3 ms".
 std::string milliseconds(double seconds);
 
-/// Ends the program with a sentence: a benchmark with a wrong answer has nothing to say.
+/// Ends the program with `sentence` and status 1 unless `right`. A benchmark with a wrong result must not
+/// print times.
 void require(bool right, std::string_view sentence);
 
 } // namespace tabulon::bench

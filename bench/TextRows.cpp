@@ -1,4 +1,4 @@
-// Plain text in and out, in memory.
+// Scanning of plain text in memory.
 #include "bench/Measure.h"
 #include "bench/Rows.h"
 #include "formats/import/TextScanner.h"
@@ -18,8 +18,8 @@ Ref<Bookmark> scannedText(std::string_view text) {
     return readText(text, {services.services()}).value();
 }
 
-/// The names and notes of a tree, line by line: prose in a dozen scripts, with colons and slashes, and
-/// without a link.
+/// Returns the names and notes of a tree, line by line: prose in a dozen scripts, with colons and slashes,
+/// and without a link.
 std::string proseOf(const Bookmark& root) {
     std::string prose;
     walkBelow(root, [&prose](const Bookmark& node) {

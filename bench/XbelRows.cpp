@@ -1,4 +1,5 @@
-// XBEL in and out, in memory. The file that is read has the dates that other programs write, ours has none.
+// Import and export of XBEL in memory. The file to import has the dates that other programs write; the export
+// has none.
 #include "bench/Measure.h"
 #include "bench/Rows.h"
 #include "formats/export/XBEL.h"
@@ -30,7 +31,7 @@ std::string element(const char* name, const Text& text) {
     return text.isEmpty() ? "" : fmt::format("<{0}>{1}</{0}>\n", name, escapeXmlEntities(text.view()));
 }
 
-/// As other programs write it: dates, valid separators, everything escaped once.
+/// Returns the tree in the form that other programs write: dates, valid separators, everything escaped once.
 std::string xbelOf(const Bookmark& root) {
     std::string file =
         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE xbel>\n<xbel version=\"1.0\">\n";
@@ -55,7 +56,7 @@ std::string xbelOf(const Bookmark& root) {
     return file + "</xbel>\n";
 }
 
-/// All that the file can hold of what is below a folder.
+/// Returns the values below a folder that the file can contain.
 std::string essence(const Bookmark& root) {
     const auto seconds = [](Date date) {
         return date.isNull() ? std::string() : fmt::format("{}", date.unixSeconds());

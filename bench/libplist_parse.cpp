@@ -1,5 +1,5 @@
 // libplist_parse FILE RUNS: reads a document's archive with libplist and prints the fastest time in processor
-// seconds and the number of nodes. It has nothing of Tabulon in it, not even its allocator.
+// seconds and the number of nodes. It contains no code of Tabulon, and not its allocator.
 #include "bench/Measure.h"
 #include "bench/Plist.h"
 
@@ -12,8 +12,8 @@ using namespace tabulon::bench;
 
 namespace {
 
-/// Objects of the archive that have a URL key: every node has. By iterator, since libplist looks for an index
-/// from the front of a list.
+/// Returns the number of objects of the archive with a URL key, which every node has. Uses an iterator:
+/// libplist searches for an index from the beginning of a list.
 std::size_t nodesIn(plist_t archive) {
     const plist_t objects = plist_dict_get_item(archive, "$objects");
     plist_array_iter iterator = nullptr;

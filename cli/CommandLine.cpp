@@ -1,4 +1,4 @@
-// Arguments → verb. CLI11 reads them; help and usage errors are its texts.
+// Arguments → verb. CLI11 parses them, and writes help and usage errors.
 #include "cli/CommandLine.h"
 
 #include "cli/NodePath.h"
@@ -16,7 +16,7 @@
 namespace tabulon::cli {
 namespace {
 
-// What the arguments ask for.
+// The parsed arguments.
 struct Request {
     std::vector<std::string> defaults;
     std::string locale;
@@ -275,9 +275,9 @@ void addGlobalOptions(CLI::App& app, Request& request) {
     app.footer("Exit status: 0 done, 1 the operation failed, 2 wrong usage.");
 }
 
-// Gives the status of a failed operation.
+// Writes the message and returns the status of a failed operation.
 int complain(const Environment& environment, std::string_view message) {
-    // Names of files can hold anything.
+    // The message may contain a file name, which may contain control characters.
     environment.writeStandardError("tabulon-cli: " + onOneLine(message) + "\n");
     return kFailed;
 }
@@ -328,7 +328,7 @@ int run(const std::vector<std::string>& arguments, const Environment& environmen
     addCompare(app, request);
     addVersions(app, request);
     try {
-        // CLI11 takes the arguments last first.
+        // CLI11 takes the arguments in reverse order.
         app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
         return perform(request, environment);
     } catch (const CLI::ParseError& error) {

@@ -1,5 +1,5 @@
-// The command-line tool: what it was asked for, and the verbs that do it. One file per verb; none prints by
-// itself.
+// The command-line tool: its environment and its entry. Each verb has a file of its own; only the streams of
+// the environment are written.
 #pragma once
 
 #include "base/Clock.h"
@@ -12,26 +12,30 @@
 
 namespace tabulon::cli {
 
-/// What the tool touches of the world outside. References must live through the run.
+/// The services and streams that the tool uses. Objects referred to are not owned and must outlive the run.
 struct Environment {
     FileStore& files;
     Clock& clock;
     SystemLog& log;
-    /// The name of the locale that holds when the command line names none, such as "de_DE.UTF-8".
+    /// The name of the locale that is used unless the command line names one, such as "de_DE.UTF-8".
     std::string locale;
-    /// Where the desktop program keeps its own files, such as versions of documents.
+    /// The absolute path of the folder for the desktop program's own files, such as versions of documents.
     std::string stateFolder;
+    /// Returns all bytes of standard input.
     std::function<Result<std::string>()> readStandardInput;
+    /// Writes all bytes to standard output.
     std::function<Result<void>(std::string_view)> writeStandardOutput;
+    /// Writes text to standard error. It may wait for its reader.
     std::function<void(std::string_view)> writeStandardError;
 };
 
+/// Exit statuses: success, a failed operation, wrong usage.
 inline constexpr int kDone = 0;
 inline constexpr int kFailed = 1;
 inline constexpr int kWrongUsage = 2;
 
-/// Runs the tool with the arguments after the program's name and gives its exit status. A command that fails
-/// writes one line to standard error and no output.
+/// Runs the tool and returns its exit status. `arguments` are those after the program's name. A command that
+/// fails writes one line to standard error. It writes no output, except where writing fails.
 int run(const std::vector<std::string>& arguments, const Environment& environment);
 
 } // namespace tabulon::cli

@@ -1,4 +1,4 @@
-// `compare`: what changed from one document to another, one line a change.
+// `compare`: the changes from one document to another, one line for each.
 #include "cli/JsonTree.h"
 #include "cli/Lines.h"
 #include "cli/NodePath.h"
@@ -19,7 +19,7 @@
 namespace tabulon::cli {
 namespace {
 
-// The place of each node among its siblings, for paths of single nodes.
+// The index of each node in its list, for the paths of single nodes.
 class Places {
 public:
     explicit Places(const Bookmark& root) : root_(root) {
@@ -39,13 +39,13 @@ public:
         return fmt::format("{}", fmt::join(indexes, "/"));
     }
 
-    // Without making it: in a deep tree all paths together are longer than the document by far.
+    // Does not make the path: in a deep tree, all paths together are much longer than the document.
     std::size_t lengthOfPath(const Bookmark& node) const { return places_.at(&node).lengthOfPath; }
 
 private:
     struct Place {
         std::size_t index = 0;
-        std::size_t lengthOfPath = 0; // in bytes, with a slash at the end
+        std::size_t lengthOfPath = 0; // in bytes, including a slash at the end
     };
 
     void number(const Bookmark& parent) {
@@ -79,11 +79,11 @@ std::vector<std::string> namesOfFields(std::uint8_t fields, const char* quote) {
     return names;
 }
 
-// One line of the listing: a node with several marks has several.
+// One line of the listing. A node with several changes has several lines.
 struct Change {
     const char* kind;
     const TreeDifference& difference;
-    const Bookmark& node; // the one after, or, of what was removed, before
+    const Bookmark& node; // the node after the change; the one before it if it was removed
 };
 
 class Listing {
@@ -91,7 +91,7 @@ public:
     Listing(const Session& session, const Bookmark& before, const Bookmark& after)
         : lines_(session), before_(before), after_(after), limitBefore_(before), limitAfter_(after) {}
 
-    // Fails, with nothing printed, when the lines are more than one of the documents allows.
+    // Prints the changes. Fails, and prints no line, where the lines exceed the limits of both documents.
     Result<void> print(const TreeComparison& comparison, bool asJson) {
         std::uint64_t bytes = 0;
         forEachChange(comparison, [&](const Change& change) {
@@ -107,12 +107,12 @@ public:
     }
 
 private:
-    // Until `visit` returns false.
+    // Calls `visit` with each change until it returns false.
     template <class Visit>
     static void forEachChange(const TreeComparison& comparison, const Visit& visit) {
         for (const TreeDifference& difference : comparison.differences()) {
             const Bookmark* node = difference.isRemoved() ? difference.before : difference.after;
-            if (!node) // one of the two is always there
+            if (!node) // cannot happen: one of them is set
                 continue;
             for (const char* kind : kindsOf(difference))
                 if (!visit(Change{kind, difference, *node}))
@@ -135,7 +135,7 @@ private:
         return kinds;
     }
 
-    // Of the texts and paths that stand in the change's line.
+    // Returns the bytes of the texts and paths in the change's line.
     std::uint64_t bytesOf(const Change& change) const {
         const Bookmark* before = change.difference.before;
         const Bookmark* after = change.difference.after;
@@ -192,7 +192,7 @@ private:
     OutputLimit limitAfter_;
 };
 
-// Version control hands /dev/null on for a file that is not there.
+// Version control passes /dev/null for a file that does not exist.
 Result<std::unique_ptr<Document>> readOrEmpty(const Session& session, const std::string& path) {
     if (path == "/dev/null")
         return std::make_unique<Document>(session.services);

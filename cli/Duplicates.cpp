@@ -1,4 +1,4 @@
-// `duplicates`: the links of a document whose URL an earlier one has.
+// `duplicates`: the links of a document whose URL is that of an earlier link.
 #include "model/Duplicates.h"
 
 #include "cli/NodeList.h"

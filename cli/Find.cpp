@@ -1,4 +1,4 @@
-// `find`: what the find bar of a window counts and steps through, once round.
+// `find`: the matches that the find bar of a window counts, and the nodes that it visits in one round.
 #include "base/Settings.h"
 #include "cli/NodeList.h"
 #include "cli/PlainText.h"
@@ -18,13 +18,13 @@ std::string lineFor(const Bookmark& node, const std::string& path) {
 
 struct Findings {
     std::size_t count = 0;
-    std::vector<const Bookmark*> visits; // in document order, some more than once
+    std::vector<const Bookmark*> visits; // in document order, some repeated
 };
 
 Findings findIn(Bookmark& root, const std::string& text, const BaseServices& services) {
     if (text.empty())
         return {};
-    // A window that shows the column of tags looks at them together with the names.
+    // A window with the column of tags searches names and tags together.
     FindPhases phases{.tagsWithName = valueOf(services.defaults, settings::kAddTagsColumn)};
     const Collation collation(services.texts.locale());
     Finder finder(phases, collation);

@@ -146,14 +146,14 @@ struct Pending {
     element object;
 };
 
-// The children of one node, appended empty and put on the list of what is to be filled.
+// Appends the children of one node, without their values, and adds them to `pending`.
 Result<void> readChildren(Bookmark& node, element value, std::vector<Pending>& pending) {
     if (value.is_null())
         return {};
     simdjson::dom::array array;
     if (value.get_array().get(array) != simdjson::SUCCESS)
         return wrongKind("children", "an array or null");
-    // The nodes of a first list are waiting to be filled; they cannot go.
+    // `pending` refers to the children of the first list, so they cannot be replaced.
     if (node.getChildren())
         return failure("A node has “children” twice.");
     node.makeChildList(array.size());
@@ -238,7 +238,7 @@ Result<Ref<Bookmark>> treeFromJson(std::string_view json) {
     json = withoutUtf8Mark(json);
     simdjson::dom::parser parser;
     const simdjson::padded_string padded(json);
-    // Any nesting that fits into the file; the parser's default stops at 1,024.
+    // Any depth that the file can contain. The parser's default is 1,024.
     if (parser.allocate(padded.size(), padded.size() / 2 + 1024) != simdjson::SUCCESS)
         return failure("There is not enough memory to read the JSON.");
     element top;

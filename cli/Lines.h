@@ -1,4 +1,4 @@
-// Long listings on their way to standard output: nothing is gathered beyond a piece of it.
+// Buffered output of listings of any length to standard output.
 #pragma once
 
 #include "cli/Verbs.h"
@@ -7,16 +7,18 @@
 
 namespace tabulon::cli {
 
+/// Writes lines to standard output in pieces of about one megabyte.
 class Lines {
 public:
-    /// The session must live longer.
+    /// The session must outlive this object.
     explicit Lines(const Session& session) : session_(session) {}
 
-    /// Adds a line, which has no line feed. False once the output can take no more; then `finish` tells why.
+    /// Adds a line. `line` contains no line feed. Returns false after the output has failed; `finish` then
+    /// returns the error.
     bool add(const std::string& line);
-    /// Adds the JSON of a node without its children, with its path.
+    /// Adds a line with the JSON of a node without its children, with its path as "path". Returns as `add`.
     bool addJson(const Bookmark& node, const std::string& path);
-    /// To be called once, at the end.
+    /// Writes the rest. Returns the first error of the output. To be called once, at the end.
     Result<void> finish();
 
 private:

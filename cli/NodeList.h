@@ -1,4 +1,4 @@
-// Some nodes of a document, one line each.
+// Lists of nodes of a document, with their paths.
 #pragma once
 
 #include "cli/Lines.h"
@@ -9,11 +9,12 @@
 
 namespace tabulon::cli {
 
-/// Adds a node's line; false once the output can take no more.
+/// Adds the line of a node. Returns false if no further lines are to be added.
 using AddLine = std::function<bool(const Bookmark& node, const std::string& path)>;
 
-/// Calls `add` for each of the nodes, which are in document order, some perhaps more than once. Fails, with
-/// nothing added, when their texts and paths are more than `OutputLimit` has for the document.
+/// Calls `add` for each of `nodes` until it returns false. Requires: `nodes` are below `root` and in document
+/// order; a node may be repeated. Fails with a sentence, before any call, where their texts and paths exceed
+/// the `OutputLimit` of the document. Linear in the size of the document and the paths.
 Result<void> addNodes(const Bookmark& root, const std::vector<const Bookmark*>& nodes, const AddLine& add);
 
 } // namespace tabulon::cli

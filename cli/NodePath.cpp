@@ -11,7 +11,8 @@
 namespace tabulon::cli {
 namespace {
 
-// Takes the first index off the path; nothing for one that no list is long enough for.
+// Removes the first index from the path and returns it, or `nullopt` for a number that does not fit into 64
+// bits.
 std::optional<std::size_t> takeIndex(std::string_view& path) {
     const std::string_view digits = path.substr(0, path.find('/'));
     path.remove_prefix(std::min(path.size(), digits.size() + 1));
@@ -42,8 +43,8 @@ const Bookmark* nodeAt(const Bookmark& root, std::string_view path) {
 
 void walkWithPaths(const Bookmark& root,
                    const std::function<bool(const Bookmark& node, const std::string& path)>& visit) {
-    // One path grows and shrinks with the walk: a level is the index of its next node, and how long the path
-    // of its parent is, with the slash behind it.
+    // One path is extended and cut during the walk. A level is the index of its next node, and the length of
+    // its parent's path with a slash.
     struct Level {
         std::size_t next;
         std::size_t prefix;

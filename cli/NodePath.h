@@ -1,6 +1,5 @@
-// Where a node stands in its document, as the tool's users write it: child indexes from the root on, joined
-// by
-// "/" (0/3/1). The path of the root itself is empty.
+// The paths of nodes in a document, as the tool's users write them: child indexes from the root on, joined by
+// "/" (0/3/1). The path of the root is empty.
 #pragma once
 
 #include "model/Bookmark.h"
@@ -11,13 +10,15 @@
 
 namespace tabulon::cli {
 
+/// Returns whether `text` has the form of a path.
 bool isNodePath(std::string_view text);
 
-/// The node at the path, which must be one; null when there is none.
+/// Returns the node at the path, or `nullptr`. Requires: `isNodePath(path)`.
 const Bookmark* nodeAt(const Bookmark& root, std::string_view path);
 
-/// Calls `visit` with every node below `root` and its path, in document order, as long as it gives true. What
-/// stands below a node that is no folder is visited too.
+/// Calls `visit` with every node below `root` and its path, in document order, until it returns false.
+/// Children of nodes that are no folders are visited, too. The path is valid during the call. Without
+/// recursion.
 void walkWithPaths(const Bookmark& root,
                    const std::function<bool(const Bookmark& node, const std::string& path)>& visit);
 

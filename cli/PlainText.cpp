@@ -7,7 +7,7 @@ std::uint8_t byteAt(std::string_view text, std::size_t at) {
     return at < text.size() ? static_cast<std::uint8_t>(text[at]) : 0;
 }
 
-// How many bytes at `at` are one such character; 0 for any other.
+// Returns the number of bytes of such a character at `at`, or 0 for any other character.
 std::size_t drivingCharacter(std::string_view text, std::size_t at) {
     const std::uint8_t first = byteAt(text, at);
     const std::uint8_t second = byteAt(text, at + 1);

@@ -1,4 +1,4 @@
-// Texts of doubtful origin on their way to a terminal.
+// Untrusted texts for the output to a terminal.
 #pragma once
 
 #include <string>
@@ -6,12 +6,12 @@
 
 namespace tabulon::cli {
 
-/// `utf8` with a space in place of every character that could break the line or drive the terminal: control
-/// characters, line and paragraph separators, marks that turn the direction of writing.
+/// Returns `utf8` with a space for every character that could break the line or control the terminal: control
+/// characters, line and paragraph separators, and marks that change the direction of writing.
 std::string onOneLine(std::string_view utf8);
 
-/// `utf8` with control characters as backslash escapes: \n, \r, \t, else the code in two hexadecimal digits
-/// (\x1b). Everything else stays as it is, backslashes too.
+/// Returns `utf8` with control characters as backslash escapes: \n, \r, \t, else the code in two hexadecimal
+/// digits (\x1b). All other bytes are copied, including backslashes.
 std::string escapingControls(std::string_view utf8);
 
 } // namespace tabulon::cli

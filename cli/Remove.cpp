@@ -1,4 +1,4 @@
-// `remove`: the links of some statuses leave a document or move into its Waste Basket.
+// `remove`: removes the links of some statuses from a document, or moves them into its Waste Basket.
 #include "cli/Verbs.h"
 
 namespace tabulon::cli {

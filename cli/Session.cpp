@@ -1,4 +1,4 @@
-// What the verbs share: reading and writing the files of one run.
+// Reading and writing of the files of one run.
 #include "cli/Verbs.h"
 
 namespace tabulon::cli {

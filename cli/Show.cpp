@@ -1,4 +1,4 @@
-// `show`: the tree for people, one line a node. The JSON of `show --json` is in JsonTree.
+// `show`: the tree as text, one line for each node. The JSON of `show --json` is in JsonTree.
 #include "cli/JsonTree.h"
 #include "cli/PlainText.h"
 #include "cli/Verbs.h"
@@ -10,7 +10,7 @@
 namespace tabulon::cli {
 namespace {
 
-// A deep tree stays readable, and its listing linear in size.
+// The limit keeps a deep tree readable, and its listing linear in size.
 constexpr int kDeepestIndent = 32;
 
 void appendLine(std::string& out, const Bookmark& node, int level) {

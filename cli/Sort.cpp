@@ -1,4 +1,4 @@
-// `sort`: a document with its whole tree in another order.
+// `sort`: sorts the whole tree of a document.
 #include "cli/Verbs.h"
 #include "text/Collation.h"
 

@@ -1,4 +1,4 @@
-// `versions`: the versions of a document that the desktop program has kept, and bringing one back.
+// `versions`: the versions of a document that the desktop program has stored, and their restoration.
 #include "app/VersionStore.h"
 #include "cli/Lines.h"
 #include "cli/Verbs.h"
@@ -16,7 +16,7 @@ VersionStore storeOf(const Session& session) {
             session.environment.stateFolder + "/versions"};
 }
 
-// The store knows documents by absolute paths.
+// The store identifies documents by absolute paths.
 Result<std::vector<DocumentVersion>> versionsOf(const Session& session, const std::string& document) {
     const std::string path = std::filesystem::absolute(document).lexically_normal().string();
     std::vector<DocumentVersion> versions = storeOf(session).versionsOf(path);

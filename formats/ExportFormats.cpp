@@ -12,7 +12,7 @@
 namespace tabulon {
 namespace {
 
-// The collation to sort with, if the settings want that.
+// Returns the collation of the user's language, or `nullopt` where the settings say not to sort.
 std::optional<Collation> sorting(const BaseServices& services) {
     if (!valueOf(services.defaults, settings::kExportSortName))
         return std::nullopt;

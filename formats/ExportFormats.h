@@ -1,5 +1,5 @@
-// The one list of formats that a document is exported to: menus, panels, the command line and the tests go by
-// it.
+// The formats that a document can be exported to. Menus, panels, the command line and the tests read this
+// list.
 #pragma once
 
 #include "base/BaseServices.h"
@@ -14,26 +14,29 @@
 namespace tabulon {
 
 struct ExportFormat {
-    /// As on the command line.
+    /// The name on the command line, ASCII.
     std::string_view name;
-    /// The key of what people call it.
+    /// The key of the localized name that the user sees.
     std::string_view titleKey;
-    /// Of its files, without a dot.
+    /// The extension of its files, in lower case and without a dot.
     std::string_view extension;
-    /// The keys of the settings that say how it is written.
+    /// The keys of the settings that an export panel offers for the format. `write` reads all of them but
+    /// `SaveAsHTML`, which applies to saving.
     std::span<const std::string_view> options;
-    /// The whole file for the children of `master`, as the settings say. `progress` is told how far it is;
-    /// null when nobody watches. Fails with a sentence.
+    /// Returns the bytes of a file, UTF-8, with the children of `master`, written according to the settings.
+    /// `progress` may be `nullptr`; it is not owned. Fails with `cancelledByUser()` after `progress` has
+    /// cancelled the export, and with a sentence where the file would be too large.
     Result<std::string> (*write)(const Bookmark& master, const BaseServices& services, Progress* progress);
 };
 
-/// In the order in which they are offered: HTML, XBEL, text.
+/// Returns all formats in the order in which they are offered: HTML, XBEL, text. The list is constant.
 std::span<const ExportFormat> exportFormats();
 
-/// The format that a file of this extension is written in: what is neither "html" nor "xbel" is text.
+/// Returns the format that files of this extension are written in: text for every extension but "html" and
+/// "xbel". `extension` is without a dot; letter case counts.
 const ExportFormat& exportFormatForExtension(std::string_view extension);
 
-/// Null when there is none of that name.
+/// Returns the format whose name on the command line is `name`, or `nullptr`.
 const ExportFormat* exportFormatNamed(std::string_view name);
 
 } // namespace tabulon

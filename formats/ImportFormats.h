@@ -1,5 +1,5 @@
-// The one list of formats that documents are imported from: what reads them. The application's commands, the
-// command line and the tests use it.
+// The formats that documents can be imported from, each with its reader. The application's commands, the
+// command line and the tests use this list.
 #pragma once
 
 #include "base/Error.h"
@@ -11,25 +11,26 @@
 
 namespace tabulon {
 
-/// What a tree without children means to the user.
+/// How the user is informed about a file that yields a tree without children.
 enum class EmptyImport {
-    IsTold,      ///< there is no link in the file
-    IsADocument, ///< an empty list of bookmarks
+    IsTold,      ///< a message says that the file contains no link
+    IsADocument, ///< a document without bookmarks is made, without a message
 };
 
 struct ImportFormat {
-    /// The name on the command line.
+    /// The name on the command line, ASCII.
     std::string_view name;
     EmptyImport empty = EmptyImport::IsADocument;
-    /// Returns the tree "Master" of the bookmarks in `bytes`, without children when there are none. Fails
-    /// with a sentence, or with `cancelledByUser`, also for a file about which nothing is to be reported.
+    /// Returns the root folder "Master" with the bookmarks in `bytes`, without children where there are none.
+    /// The tree keeps no reference to `bytes`. Fails with a sentence, or with `cancelledByUser()` for a
+    /// cancelled import and for a file about which the user is to see no message.
     Result<Ref<Bookmark>> (*read)(std::string_view bytes, const ReadOptions& options);
 };
 
-/// Returns all formats in the order in which they are offered.
+/// Returns all formats in the order in which they are offered. The list is constant.
 std::span<const ImportFormat> importFormats();
 
-/// Returns the format of that name, or `nullptr`.
+/// Returns the format whose name on the command line is `name`, or `nullptr`.
 const ImportFormat* importFormatNamed(std::string_view name);
 
 } // namespace tabulon

@@ -1,4 +1,4 @@
-// The options that every reader of another format takes.
+// The options of the readers of other formats.
 #pragma once
 
 #include "base/BaseServices.h"
@@ -8,15 +8,17 @@ namespace tabulon {
 
 class NetscapeScanner;
 
-/// What is referred to must outlive the call of the reader.
+/// The objects referred to are not owned and must outlive the call of the reader.
 struct ReadOptions {
     BaseServices services;
-    /// Receives how far the reader is, and may cancel it; `nullptr` for neither.
+    /// Receives the progress of the reader and may cancel it; may be `nullptr`.
     Progress* progress = nullptr;
-    /// Scans bookmark HTML and keeps its last item for the next file; `nullptr` for a scanner of this call's
-    /// own.
+    /// The scanner for bookmark HTML, which keeps its last item for the next file. Where it is `nullptr`, the
+    /// reader uses a new scanner.
     NetscapeScanner* netscape = nullptr;
 
+    /// Returns true when the user has cancelled. Reports the progress as complete. To be called at the end of
+    /// the work.
     bool isCancelled() const { return progress && !progress->goOn(1); }
 };
 

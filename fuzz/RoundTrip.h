@@ -1,4 +1,4 @@
-// What must hold for every tree that a reader accepts.
+// The check that every tree accepted by a reader can be written and read as a document.
 #pragma once
 
 #include "model/ArchiveReader.h"
@@ -8,7 +8,7 @@
 
 namespace tabulon {
 
-/// Ends the program unless the tree, written as a document and read again, is the same document.
+/// Aborts the program unless the tree, written as a document and read again, is the same document.
 inline void requireRoundTrip(const Bookmark& master) {
     const std::string written = writeDocumentArchive(master);
     const Result<Ref<Bookmark>> again = readDocumentArchive(written);

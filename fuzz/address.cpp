@@ -1,5 +1,5 @@
-// Three lines of any bytes as a base, an encoding and an address: what is an address is the same when it is
-// read again, and comes back from a link file as it was.
+// Any bytes in three lines as a base, an encoding and an address. An address that was parsed is parsed again
+// to the same, and is read back unchanged from a link file.
 #include "formats/export/LinkFile.h"
 #include "plist/PropertyList.h"
 #include "url/Url.h"

@@ -1,4 +1,5 @@
-// Any bytes as a document: they are read or refused, and what was read is written and read again to the same.
+// Any bytes as a document. They are read or refused, and a document that was read is written and read again
+// to the same.
 #include "fuzz/RoundTrip.h"
 
 #include <cstdint>

@@ -1,5 +1,5 @@
-// Any bytes as a damaged document: what is left of it is a sound document, of no more bookmarks than it
-// counts; and what the reader accepts is left whole.
+// Any bytes as a damaged document. The result is a valid document with no more bookmarks than are counted.
+// From a document that the reader accepts, no bookmark is lost.
 #include "fuzz/RoundTrip.h"
 #include "model/ArchiveSalvage.h"
 #include "model/TreeWalk.h"
@@ -31,7 +31,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     tabulon::requireRoundTrip(*left->master);
     const std::uint64_t nodes = nodesBelow(*left->master);
-    // The folder of those that no folder reaches may be among the nodes.
+    // The folder of bookmarks without a folder may be among the nodes.
     if (left->readable > left->records || nodes > left->records + 1 || nodes * 3 > 4 * size + 64)
         std::abort();
     return 0;

@@ -1,5 +1,5 @@
-// Any bytes as a browser's JSON: they are read or refused, the same as sound or damaged as another parser
-// finds them, and what was read is a sound document.
+// Any bytes as a browser's JSON. They are read or refused, both as another parser accepts or refuses them,
+// and a tree that was read is a valid document.
 #include "formats/import/ChromiumJSON.h"
 #include "fuzz/RoundTrip.h"
 #include "platform/fake/FakeBaseServices.h"
@@ -10,8 +10,7 @@
 
 namespace {
 
-// Wherever the other parser has a tree of an object, there is one here too; half surrogate pairs are refused
-// here alone.
+// Where the other parser accepts an object, so does the reader, except for unpaired surrogates.
 void requireReadable(std::string_view bytes, const tabulon::Error& error) {
     simdjson::dom::parser parser;
     simdjson::dom::object object;
@@ -20,8 +19,8 @@ void requireReadable(std::string_view bytes, const tabulon::Error& error) {
         std::abort();
 }
 
-// What is accepted is a tree to the other parser too, but for numbers and depths that are too large for it
-// and the byte-order mark.
+// What the reader accepts, the other parser accepts, except for large numbers, deep nesting and the
+// byte-order mark.
 void requireSound(std::string_view bytes) {
     if (bytes.starts_with("\xEF\xBB\xBF"))
         bytes.remove_prefix(3);

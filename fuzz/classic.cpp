@@ -1,5 +1,5 @@
-// Any bytes as a classic document, in both encodings: they are read or refused, and what was read is written
-// as a current document and read again to the same.
+// Any bytes as a classic document, in both encodings. They are read or refused, and a document that was read
+// is written as a current document and read again to the same.
 #include "fuzz/RoundTrip.h"
 #include "model/ClassicReader.h"
 #include "platform/fake/FakeBaseServices.h"

@@ -1,5 +1,5 @@
-// Any document, written in every other format: no more than the limit says, and our own readers take what our
-// writers give.
+// Any document, exported to every format. No file is larger than twice the limit, and the XBEL reader accepts
+// the exported XBEL.
 #include "formats/ExportFormats.h"
 #include "formats/import/XBELReader.h"
 #include "fuzz/RoundTrip.h"
@@ -18,7 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::uint64_t most = std::max(OutputLimit::kAlways, OutputLimit::kFactor * bytesHeldBy(**master));
     for (const ExportFormat& format : exportFormats()) {
         const auto written = format.write(**master, fake.services(), nullptr);
-        // One more node may be written before the limit is looked at.
+        // One more node may be written before the limit is checked.
         if (written && written->size() > 2 * most)
             std::abort();
         if (written && format.name == "xbel" && !readXBEL(*written, {fake.services()}))

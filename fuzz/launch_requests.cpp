@@ -1,6 +1,6 @@
-// Any bytes as what a stranger asks of the running program over the message bus: calls with any number of
-// texts as addresses, tokens and startup identifiers. Nothing is written to the files of the user, and no
-// more windows and alerts come up than there were addresses and calls.
+// Any bytes as requests to the running program over the message bus: calls with any number of texts as
+// addresses, tokens and startup identifiers. The files of the user are not changed, and there are no more
+// windows and alerts than addresses and calls.
 #include "app/AppDelegate.h"
 #include "model/ArchiveWriter.h"
 #include "platform/fake/FakePlatform.h"
@@ -39,8 +39,7 @@ std::vector<std::string> split(std::string_view text, char separator) {
     }
 }
 
-// The first byte of a call decides its kind, and its sixth bit whether the main loop runs before the next
-// one.
+// The first byte of a call is its kind; its sixth bit says whether the main loop runs before the next call.
 LaunchRequest requestOf(std::string_view call) {
     const unsigned kind = call.empty() ? 0 : static_cast<unsigned char>(call[0]);
     std::vector<std::string> texts = split(call.substr(std::min<std::size_t>(call.size(), 1)), kBetweenTexts);
@@ -82,7 +81,7 @@ struct Program : FakePlatform {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    GTEST_FLAG_SET(break_on_failure, true); // for what the windows in memory expect
+    GTEST_FLAG_SET(break_on_failure, true); // for the expectations of the windows in memory
     Program program;
     std::size_t uris = 0;
     const std::vector<std::string> calls = split({reinterpret_cast<const char*>(data), size}, kBetweenCalls);

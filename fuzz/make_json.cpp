@@ -1,5 +1,5 @@
-// Any bytes as the JSON of a tree: they are read or refused, what was read is a sound document of no more
-// nodes than the bytes can spell, and its own JSON is the same tree.
+// Any bytes as the JSON of a tree. They are read or refused. A tree that was read is a valid document with no
+// more nodes than the bytes can contain, and its JSON is read to the same tree.
 #include "cli/JsonTree.h"
 #include "fuzz/RoundTrip.h"
 

@@ -1,5 +1,5 @@
-// A number and any bytes as what another program has copied or drags: the bytes in the media type of that
-// number, or in all of them. What is read from it is no more than a small multiple.
+// A number and any bytes as content that another program has copied or drags: the bytes in the media type of
+// that number, or in all types. What is read is not larger than a small multiple.
 #include "platform/fake/FakeBaseServices.h"
 #include "platform/fake/MemoryFileStore.h"
 #include "window/MimeItems.h"

@@ -1,4 +1,4 @@
-// Any bytes as a bookmark file: they are scanned in linear time into a sound tree, whose export is scanned
+// Any bytes as a bookmark file. They are scanned in linear time into a valid tree, whose export is scanned
 // again.
 #include "formats/export/NetscapeHTML.h"
 #include "formats/import/NetscapeScan.h"
@@ -12,8 +12,8 @@ namespace {
 
 using namespace tabulon;
 
-// A folder's name reaches back up to 512 bytes from its closing tag, and a folder takes eleven bytes: so much
-// for the bytes of names gone over again, once to find them and once to decode them. The rest are the other
+// A folder's name begins up to 512 bytes before its closing tag, and a folder takes eleven bytes: so often
+// the bytes of names are examined again, once to find them and once to decode them. The rest is for the other
 // searches.
 constexpr std::size_t kMostPasses = 512 / 11 + 20;
 
@@ -22,7 +22,7 @@ void require(bool condition) {
         std::abort();
 }
 
-// Every node costs the file at least the four bytes of its tag.
+// Every node takes at least the four bytes of its tag.
 void requireSoundTree(const Bookmark& root, std::size_t size) {
     std::size_t nodes = 0;
     walkBelow(root, [&](const Bookmark& node) {

@@ -1,5 +1,5 @@
-// Any bytes as a page: its links are read, or refused with a sentence, and the tree of them is a sound
-// document. An address that was read is the same when it is read again.
+// Any bytes as a page. Its links are read, or refused with a sentence, and their tree is a valid document. An
+// address that was read is parsed again to the same.
 #include "formats/import/PageBookmarks.h"
 #include "fuzz/RoundTrip.h"
 #include "platform/fake/FakeBaseServices.h"

@@ -1,5 +1,5 @@
 // Any bytes as the property list of a bookmark on a pasteboard, in each type that is read, and as a browser's
-// list of links: a sound document, or nothing.
+// list of links. The result is a valid document or empty.
 #include "fuzz/RoundTrip.h"
 #include "platform/fake/FakeBaseServices.h"
 #include "window/BookmarkPasteboard.h"

@@ -1,4 +1,5 @@
-// Any bytes as a browser's property list: they are read or refused, and what was read is a sound document.
+// Any bytes as a browser's property list. They are read or refused, and a tree that was read is a valid
+// document.
 #include "formats/import/PlistBookmarks.h"
 #include "fuzz/RoundTrip.h"
 #include "platform/fake/FakeBaseServices.h"

@@ -1,5 +1,5 @@
-// Any bytes as a settings file: what was read is there again after it was written, also when a value was set.
-// The values count as lists of recent documents and as file URIs, too.
+// Any bytes as a settings file. Values that were read are read again after writing, also after a value was
+// set. The values are used as lists of recent documents and as file URIs, too.
 #include "app/RecentDocuments.h"
 #include "platform/fake/FakeBaseServices.h"
 #include "platform/linux/SettingsText.h"

@@ -1,4 +1,4 @@
-// Any bytes as a text that may hold links: it is scanned, and the tree of its links is a sound document.
+// Any bytes as a text with links. It is scanned, and the tree of its links is a valid document.
 #include "formats/import/TextScanner.h"
 #include "fuzz/RoundTrip.h"
 #include "platform/fake/FakeBaseServices.h"

@@ -1,4 +1,4 @@
-// Any bytes as XBEL: they are read or refused, and what was read is a sound document.
+// Any bytes as XBEL. They are read or refused, and a tree that was read is a valid document.
 #include "formats/import/XBELReader.h"
 #include "fuzz/RoundTrip.h"
 #include "platform/fake/FakeBaseServices.h"

@@ -1,7 +1,7 @@
-// The allocation operators of the programs, by mimalloc: a block carries no header and sizes come in fine
-// steps, which saves a fifth of the memory of a loaded document. Sanitizer builds use the ordinary allocator,
-// so that they see every block. mimalloc brings operators of its own, which end the process when memory runs
-// out; these throw.
+// The allocation operators of the programs, built on mimalloc. Its blocks have no header and its size classes
+// are close to each other, which saves a fifth of the memory of a loaded document. Sanitizer builds use the
+// ordinary allocator, so that they see every block. mimalloc's own operators end the process when memory is
+// exhausted; these throw.
 #include <mimalloc.h>
 
 #include <cstdint>
@@ -22,8 +22,8 @@ void* allocateBlock(std::size_t size) {
     return block;
 }
 
-// Large pages under a block of megabytes, such as the bytes of a whole file: getting those page by page takes
-// longer than filling them.
+// Uses large pages for blocks of megabytes, such as the bytes of a whole file: allocating small pages one by
+// one takes longer than filling them.
 [[gnu::noinline]] void* allocateLargeBlock(std::size_t size) {
     void* block = allocateBlock(size);
 #if defined(MADV_HUGEPAGE)

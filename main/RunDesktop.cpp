@@ -31,7 +31,7 @@
 namespace tabulon {
 namespace {
 
-// A service that nobody asks anything goes again.
+// A service that receives no request ends after this time.
 constexpr double kServicePatience = 10; // seconds
 
 void writeFromMainLoop(FileUserDefaults& defaults) {
@@ -53,10 +53,10 @@ public:
 
     void stop() override {
         instance_.release();
-        // Not quit(): that closes the windows first, and they ask.
+        // quit() would close the windows first, and they would ask about changes.
         QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
     }
-    // While a progress panel shows no timer fires, and so nothing begins either.
+    // An open progress panel stops all timers, so no request is performed either.
     bool mustWait() const override { return alerts_.isShowing(); }
     void willPerform(const LaunchRequest& request) override { beginActivation(request); }
     void didPerform(const LaunchRequest& request, const Document* current) override {

@@ -1,13 +1,12 @@
-// The desktop program as the one that runs: the services, the windows and the application delegate, put
-// together.
+// The desktop program: its services, windows and application delegate.
 #pragma once
 
 #include "app/LaunchArguments.h"
 
 namespace tabulon {
 
-/// Runs until the application ends, and gives the program's exit status. Requires an application object;
-/// `instance` is the first or alone.
+/// Runs the application until it ends, and returns the program's exit status. Requires: an application
+/// object, and an `instance` whose `claim` returned First or Alone.
 int runDesktop(const LaunchArguments& arguments, SingleInstance& instance);
 
 } // namespace tabulon

@@ -1,4 +1,4 @@
-// The command-line tool's entry: the real services, nothing else.
+// The entry of the command-line tool, with the services of the system.
 #include "cli/CommandLine.h"
 #include "platform/linux/FileStore.h"
 #include "platform/linux/Process.h"
@@ -11,7 +11,7 @@ int main(int argc, char** argv) {
     tabulon::prepareProcess();
     tabulon::PosixFileStore files(tabulon::SpecialFiles::Used);
     tabulon::SystemClock clock;
-    tabulon::SilentLog log; // standard error is for what went wrong
+    tabulon::SilentLog log; // standard error is for failures
     const tabulon::cli::Environment environment{
         files,
         clock,
@@ -20,7 +20,7 @@ int main(int argc, char** argv) {
         tabulon::stateFolder(),
         tabulon::readStandardInput,
         tabulon::writeStandardOutput,
-        // Unlike a log line this may wait for its reader.
+        // Unlike a log line, an error message may wait for its reader.
         [](std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); },
     };
     return tabulon::cli::run({argv + 1, argv + argc}, environment);

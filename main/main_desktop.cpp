@@ -1,4 +1,4 @@
-// The desktop program's entry: arguments, the display, and whether another one runs already.
+// The entry of the desktop program: arguments, the display, and the search for a running instance.
 #include "app/Launch.h"
 #include "base/EnglishTexts.h"
 #include "main/RunDesktop.h"
@@ -35,8 +35,8 @@ void writeLine(const QString& message) {
     writeStandardError("tabulon: " + message.toLocal8Bit().toStdString() + "\n");
 }
 
-// Qt ends the program where it cannot reach a display; the user gets a sentence instead of a core dump.
-// What Qt's own parts say of the desktop or of fonts helps nobody who runs the program.
+// Qt aborts the program where it cannot reach a display; the user sees a sentence instead of a core dump.
+// Messages of Qt's own modules about the desktop or fonts are of no use to the user and are dropped.
 void tellWhyQtGivesUp(QtMsgType type, const QMessageLogContext& context, const QString& message) {
     if (type == QtFatalMsg) {
         writeStandardError(kNoDisplay);
@@ -49,13 +49,13 @@ void tellWhyQtGivesUp(QtMsgType type, const QMessageLogContext& context, const Q
         writeLine(message);
 }
 
-// Gives the program's exit status.
+// Returns the program's exit status.
 int launch(const LaunchArguments& arguments) {
     DBusInstance instance;
     if (arguments.purpose == LaunchArguments::Purpose::Serve) {
         if (instance.claim() == SingleInstance::Role::First)
             return runDesktop(arguments, instance);
-        return 0; // another one has come first and gets the message
+        return 0; // another instance was first and receives the request
     }
     QtAlerts alerts([](const Document*) { return nullptr; });
     switch (decideLaunch(instance, arguments.request, alerts, EnglishLocalization())) {
@@ -69,7 +69,7 @@ int launch(const LaunchArguments& arguments) {
     return 1;
 }
 
-// Answers that need no display.
+// Prints the help or the version, which need no display, and ends the program.
 void answerAtOnce(const LaunchArguments& arguments) {
     if (arguments.purpose == LaunchArguments::Purpose::ShowHelp)
         std::fputs(launchUsage().data(), stdout);
@@ -99,7 +99,7 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName("com.tabulon.Tabulon");
     QApplication::setQuitOnLastWindowClosed(false);
     Q_INIT_RESOURCE(tabulon);
-    LaunchArguments arguments = readArguments(argc, argv); // Qt has taken its own
+    LaunchArguments arguments = readArguments(argc, argv); // without those that Qt has removed
     if (arguments.purpose == LaunchArguments::Purpose::Complain) {
         writeStandardError("tabulon: " + arguments.problem + "\n\n" + std::string(launchUsage()));
         return 2;

@@ -22,7 +22,7 @@ public:
     explicit Writer(std::size_t most) : most_(most) {}
 
     std::string write(const Bookmark& root) {
-        appendText({}); // of no profile, so that nothing there is moved
+        appendText({}); // no profile: the browser copies and does not move
         const std::size_t entries = appendNumberOfEntries(root);
         int depth = 0;
         walkBelow(

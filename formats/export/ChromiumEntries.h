@@ -1,5 +1,5 @@
-// Tree → bookmarks as Chromium's manager and bar take them of the clipboard and of drags
-// ("chromium/x-bookmark-entries"). The form is described in formats/import/ChromiumEntries.h.
+// Tree → "chromium/x-bookmark-entries", the format in which the bookmark manager and the bookmark bar of
+// Chromium read the clipboard and drags. The bytes are described in formats/import/ChromiumEntries.h.
 #pragma once
 
 #include "model/Bookmark.h"
@@ -9,9 +9,12 @@
 
 namespace tabulon {
 
-/// Returns what is in the folder `root`: its links with a scheme, and its folders. Empty where nothing of
-/// that is there, where it would be more than `most` bytes, or where folders are nested so deep that the
-/// browser, which reads them by recursion, could run out of its stack. Linear, without recursion.
+/// Returns the contents of the folder `root`: its folders, and its links whose address has a scheme.
+/// Separators are left out.
+///
+/// Returns an empty string where `root` contains no such node, where the result would have more than `most`
+/// bytes, or where nodes are nested more than 200 folders deep: the browser parses them recursively and could
+/// exhaust its stack. Linear, without recursion.
 std::string exportToChromiumEntries(const Bookmark& root, std::size_t most);
 
 } // namespace tabulon

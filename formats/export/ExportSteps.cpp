@@ -14,13 +14,13 @@ std::size_t nodesBelow(const Bookmark& master) {
     return count;
 }
 
-// Not every node has to be written, nor sorted only once.
+// An upper limit: some nodes are not written, and not every list is sorted.
 std::size_t stepsOf(const Bookmark& master, ExportOrder order) {
-    constexpr std::size_t kStepsOfSorting = 4; // the key and its place in the order
+    constexpr std::size_t kStepsOfSorting = 4; // three for the key, one for sorting it
     return nodesBelow(master) * (order == ExportOrder::Sorted ? 1 + kStepsOfSorting : 1);
 }
 
-constexpr std::size_t kStride = 4096; // steps; a few milliseconds
+constexpr std::size_t kStride = 4096; // steps; they take a few milliseconds
 
 } // namespace
 

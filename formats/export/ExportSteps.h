@@ -1,4 +1,4 @@
-// How far an export is: counts what is done of it and tells a Progress now and then.
+// Counts the steps of an export and reports them to a Progress.
 #pragma once
 
 #include "base/Progress.h"
@@ -8,25 +8,26 @@
 
 namespace tabulon {
 
+/// Whether an export sorts the nodes of each list.
 enum class ExportOrder { AsInTheTree, Sorted };
 
 /// The steps of one export.
 class ExportSteps {
 public:
-    /// For an export of what is below `master`. Without a `progress`, which is not owned, counting costs next
-    /// to nothing.
+    /// Prepares an export of the nodes below `master`. `progress` may be `nullptr` and is not owned. With a
+    /// `progress` all nodes are counted first, in linear time; without one, each step is an addition.
     ExportSteps(Progress* progress, const Bookmark& master, ExportOrder order);
 
-    /// One more node is written.
+    /// Counts one node that has been written.
     void nodeWritten() { take(1); }
-    /// One more node has its key for sorting, which takes about three times as long as writing it.
+    /// Counts one node whose sort key has been made, which takes about three times as long as writing it.
     void keyMade() { take(3); }
-    /// So many keys more are in order, roughly.
+    /// Counts `count` keys that have been sorted, approximately.
     void keysSorted(std::size_t count) { take(count); }
-    /// Nothing was finished, but time has passed.
+    /// Reports the progress, unchanged, where time has passed without a step.
     void tell() { cancelled_ = cancelled_ || !progress_.tell(taken_); }
 
-    /// The user has cancelled: the export is to end.
+    /// Returns true after the user has cancelled. The export then has to end.
     bool isCancelled() const { return cancelled_; }
 
 private:

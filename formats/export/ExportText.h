@@ -1,4 +1,4 @@
-// The small steps that the text-like exports share.
+// Functions that the exports to text formats share.
 #pragma once
 
 #include <string>
@@ -6,11 +6,11 @@
 
 namespace tabulon {
 
-/// Appends `level` tab characters; none for 0 and less.
+/// Appends `level` tab characters. Does nothing if `level` is 0 or negative.
 void doIndent(std::string& text, int level);
 
-/// A note on one line: double quotes become apostrophes; tabs, line feeds and carriage returns one space
-/// each.
+/// Returns a note as one line: double quotes become apostrophes; each tab, line feed and carriage return
+/// becomes one space. All other bytes are copied.
 std::string tidyPart(std::string_view text);
 
 } // namespace tabulon

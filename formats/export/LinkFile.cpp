@@ -18,7 +18,8 @@ constexpr std::string_view kEnd = "</string>\n"
                                   "</dict>\n"
                                   "</plist>\n";
 
-// The control characters but tab, line feed and carriage return, and the two code points that are none.
+// Returns false for text that no XML document can contain: control characters but tab, line feed and carriage
+// return, and the code points U+FFFE and U+FFFF.
 bool fitsIntoXml(std::string_view utf8) {
     const auto isControl = [](char c) {
         return static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\n' && c != '\r';
@@ -47,7 +48,7 @@ Result<std::string> exportToLinkFile(const Bookmark& link) {
     if (!fitsIntoXml(url))
         return failure("The URL has control characters, which a link file cannot hold.");
     std::string text(kBeginning);
-    // A reader of XML takes a carriage return for a line feed where it stands as itself.
+    // Written as itself, a carriage return is read back as a line feed.
     for (std::size_t at = 0; at < url.size();) {
         const std::string_view line = url.substr(at, url.find('\r', at) - at);
         appendXmlEscaped(text, line);

@@ -1,4 +1,4 @@
-// One link → the small file that desktops keep for a link: a property list in XML with the one key "URL".
+// One link → the file in which desktops store a link: an XML property list with the one key "URL".
 #pragma once
 
 #include "base/Error.h"
@@ -9,12 +9,12 @@
 
 namespace tabulon {
 
-/// The extension of the link's file, without a dot, by its type: "mailloc" for mail, "ftploc" for FTP,
-/// "webloc" for any other.
+/// Returns the extension of the link's file, without a dot, by the type of the link: "mailloc" for mail,
+/// "ftploc" for FTP, "webloc" for all other types.
 std::string_view linkFileExtension(const Bookmark& link);
 
-/// The whole file, UTF-8. Fails with a sentence for a node without a URL or with an empty one, and where the
-/// URL has characters that XML cannot hold.
+/// Returns the bytes of the file, UTF-8. Fails with a sentence if the URL of `link` is null or empty, or if
+/// it contains characters that XML cannot represent.
 Result<std::string> exportToLinkFile(const Bookmark& link);
 
 } // namespace tabulon

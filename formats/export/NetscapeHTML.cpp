@@ -28,9 +28,9 @@ constexpr std::string_view kHeader =
     "<TITLE>Bookmarks</TITLE>\n"
     "<H1>Bookmarks</H1>\n";
 
-// A date in whole seconds, truncated toward zero, with every digit: an importer's arithmetic can give dates
-// that no integer type holds, and those come back from the file as they were. An infinite date and one that
-// is no number count as 0.
+// Appends a date in seconds since 1970, truncated toward zero. All digits are written: an importer's
+// arithmetic can produce dates that no integer type holds, and these are read back unchanged. Infinities, NaN
+// and null are written as 0.
 void appendDate(std::string& text, Date date) {
     constexpr double kLimit = 9223372036854775808.0; // 2^63
     constexpr std::size_t kMostDigits = std::numeric_limits<double>::max_exponent10 + 2;
@@ -43,7 +43,7 @@ void appendDate(std::string& text, Date date) {
     text.append(digits, written.ptr);
 }
 
-// Whether a link has a line of its own, besides that of its note.
+// Returns whether a link is written. Its note is written in any case.
 bool isWritten(const Bookmark& link) {
     return !link.itemURL().isNull() && !link.itemName().isNull();
 }
@@ -52,9 +52,9 @@ tl::unexpected<Error> tooLarge() {
     return failure("The bookmarks are too many or too long for one HTML file.");
 }
 
-// One export. The open lists are a stack: `levels_` has for each the place in `pending_` below which its own
-// nodes begin, so its size is the level of the nodes in the innermost list. `pending_` has the nodes still to
-// be written, the next one last.
+// One export. The open lists are a stack: `levels_` contains, for each, the index in `pending_` at which its
+// nodes begin. The size of `levels_` is the indent of the nodes in the innermost list. `pending_` contains
+// the nodes that are not written yet, the next one last.
 class HTMLExport {
 public:
     HTMLExport(const Bookmark& master, const HTMLExportOptions& options)
@@ -175,7 +175,7 @@ private:
     std::vector<std::size_t> levels_;
 };
 
-// The tabs on the lines of a node that stands at `level`, those of its list included.
+// Returns the number of tabs on the lines of a node at `level`, including the lines of its list.
 std::uint64_t indentsOf(const Bookmark& node, std::uint64_t level) {
     if (node.isSeparator())
         return node.isFolder() && node.hasChildren() ? 3 * level : level;

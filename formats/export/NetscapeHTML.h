@@ -12,22 +12,28 @@
 
 namespace tabulon {
 
-/// No file is larger. The indents grow with the square of the depth, and nodes can share a long text: without
-/// a limit, a small document could fill any memory.
+/// The limit on the size of a file in bytes. Indents grow with the square of the depth, and nodes can share a
+/// long text: without a limit, the export of a small document could exhaust the memory.
 inline constexpr std::size_t kMostHTMLBytes = std::size_t{1} << 31;
 
 struct HTMLExportOptions {
-    /// Sort every level by name with this collation; null keeps the tree's order. Not owned.
+    /// Sorts every list by name with this collation; `nullptr` keeps the order of the tree. Not owned.
     const Collation* sortByName = nullptr;
+    /// The limit of this export, in bytes.
     std::size_t mostBytes = kMostHTMLBytes;
-    /// Told how far the export is; null when nobody watches. Not owned.
+    /// Receives the progress and may cancel the export; may be `nullptr`. Not owned.
     Progress* progress = nullptr;
 };
 
-/// The whole file for the children of `master`, UTF-8, every line ended by a line feed. Tags, label, browser,
-/// flags, status, last-checked and last-opened dates are not written. Linear (n log n when sorting), without
-/// recursion. Fails with a sentence when the file would be larger than `mostBytes`; before any work when its
-/// indents alone are.
+/// Returns the bytes of a file with the children of `master`, UTF-8, every line ended by a line feed.
+///
+/// Folders are written with name and dates, links with address, name, dates and note. An address is written
+/// unchanged, without escaping. A link whose address or name is null is left out, but for its note. Tags,
+/// label, browser, flags, status, last-checked and last-opened dates are not written.
+///
+/// Linear (n log n when sorting), without recursion. Fails with a sentence where the file would have more
+/// than `mostBytes` (before any other work where its indents alone have more), or more than `OutputLimit`
+/// allows. Fails with `cancelledByUser()` after `progress` has cancelled.
 Result<std::string> exportToHTML(const Bookmark& master, const HTMLExportOptions& options);
 
 } // namespace tabulon

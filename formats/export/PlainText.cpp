@@ -51,7 +51,7 @@ private:
         order(first);
     }
 
-    // Everything below `folder` that is no folder, depth first.
+    // Adds all nodes below `folder` that are no folders, depth first.
     void addFlattened(const Bookmark& folder) {
         walkBelow(folder, [this](const Bookmark& node) {
             if (!node.isFolder())
@@ -61,7 +61,8 @@ private:
         order(0);
     }
 
-    // Puts the nodes from `first` on into the order in which they are taken off again, last first.
+    // Sorts the nodes from `first` on where the options say so, and reverses them: the last one is written
+    // first.
     void order(std::size_t first) {
         if (options_.sort)
             sortNodes(std::span(pending_).subspan(first), *options_.sort, steps_,
@@ -90,7 +91,7 @@ private:
     ExportSteps steps_;
     OutputLimit limit_{master_};
     std::string text_;
-    std::vector<const Bookmark*> pending_; // the next one last
+    std::vector<const Bookmark*> pending_; // to be written, the next one last
 };
 
 } // namespace

@@ -1,4 +1,4 @@
-// Tree → tab-separated text, one line a node. The scanner that finds links in any text is
+// Tree → tab-separated text, one line for each node. The scanner that finds links in any text is
 // import/TextScanner.h.
 #pragma once
 
@@ -12,29 +12,36 @@
 
 namespace tabulon {
 
-/// No file is larger: nodes can share a long text, and so a small document could fill any memory.
+/// The limit on the size of a file in bytes: nodes can share a long text, so without a limit the export of a
+/// small document could exhaust the memory.
 inline constexpr std::size_t kMostTextBytes = std::size_t{1} << 31;
 
 struct TextExportOptions {
-    /// The columns that are written, in this order. All but the note end with a tab, also when they are
-    /// empty.
+    /// The columns, written in this order. A tab follows each but the note, also where the column is empty.
     bool name = false;
     bool url = false;
     bool tags = false;
     bool note = false;
-    /// Only the links and separators, as one list.
+    /// Writes the links and separators of all folders as one list, without lines for the folders.
     bool skipFolders = false;
+    /// Writes no lines for separators.
     bool skipSeparators = false;
-    /// Sort each list by name, or by URL where names are not written; null keeps the tree's order. Not owned.
+    /// Sorts each list by name, or by URL where names are not written; `nullptr` keeps the order of the tree.
+    /// Not owned.
     const Collation* sort = nullptr;
+    /// The limit of this export, in bytes.
     std::size_t mostBytes = kMostTextBytes;
-    /// Told how far the export is; null when nobody watches. Not owned.
+    /// Receives the progress and may cancel the export; may be `nullptr`. Not owned.
     Progress* progress = nullptr;
 };
 
-/// The text for the children of `master`, UTF-8, every line ended by a line feed: a folder's line, then those
-/// of its children; nothing tells the depth. Linear (n log n when sorting), without recursion. Fails with a
-/// sentence when the text would be larger than `mostBytes`.
+/// Returns the text for the children of `master`, UTF-8, every line ended by a line feed. The line of a
+/// folder is followed by those of its children, without a mark of the depth. Line breaks and tabs are
+/// replaced by spaces in notes only; in the other columns they are written unchanged.
+///
+/// Linear (n log n when sorting), without recursion. Fails with a sentence where the text would have more
+/// than `mostBytes`, or more than `OutputLimit` allows. Fails with `cancelledByUser()` after `progress` has
+/// cancelled.
 Result<std::string> exportToText(const Bookmark& master, const TextExportOptions& options);
 
 } // namespace tabulon

@@ -13,12 +13,12 @@ namespace {
 
 using KeyedNode = std::pair<std::string_view, const Bookmark*>;
 
-// The keys of texts. Many nodes may share one long text; its key is made once.
+// Makes sort keys. Nodes may share one long text, whose key is made once.
 class Keys {
 public:
     explicit Keys(const Collation& collation) : collation_(collation) {}
 
-    /// Valid as long as this object.
+    /// Returns the sort key of `text`. It is valid as long as this object.
     std::string_view keyFor(const Text& text) {
         if (!text.isShared() || text.view().size() < kLong)
             return made(text);
@@ -33,13 +33,13 @@ private:
 
     const Collation& collation_;
     std::deque<std::string> keys_;
-    std::unordered_map<const char*, std::string_view> shared_; // by where the text lies
+    std::unordered_map<const char*, std::string_view> shared_; // by the address of the text's bytes
 };
 
-// So many keys are sorted in about a hundredth of a second.
+// The number of keys that are sorted in about a hundredth of a second.
 constexpr std::size_t kBlock = 32768;
 
-// A stable sort that hears of being cancelled: blocks, and then ever larger runs of them.
+// Sorts stably and checks for cancellation between the blocks and between the merges of ever longer runs.
 void sortByKey(std::vector<KeyedNode>& keyed, ExportSteps& steps) {
     const auto place = [&](std::size_t index) {
         return keyed.begin() + static_cast<std::ptrdiff_t>(std::min(index, keyed.size()));

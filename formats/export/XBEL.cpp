@@ -22,7 +22,8 @@ constexpr std::string_view kHeader = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>
                                      "<xbel version=\"1.0\">\n";
 constexpr std::string_view kEnd = "</xbel>\n";
 
-// One export. The open lists are a stack; `pending_` has the nodes still to be written, the next one last.
+// One export. The open lists are a stack; `pending_` contains the nodes that are not written yet, the next
+// one last.
 class XBELExport {
 public:
     XBELExport(const Bookmark& master, const XBELExportOptions& options)
@@ -54,7 +55,7 @@ public:
     }
 
 private:
-    // The indent of the nodes in the innermost list: none at the top.
+    // Returns the indent of the nodes in the innermost list: 0 at the top.
     int indent() const { return static_cast<int>(lists_.size()) - 1; }
 
     void beginList(const Bookmark& folder) {
@@ -103,8 +104,8 @@ private:
         }
         text_ += ">\n";
         writeTitle(link);
-        // Escaped before and after the note becomes one line: so a link's note is escaped twice, a folder's
-        // once.
+        // Escaped before and after the note becomes one line, as readers of these files expect: the note of a
+        // link is escaped twice, that of a folder once.
         if (!link.itemNote().isEmpty())
             element("desc", escapeXmlEntities(tidyPart(escapeXmlEntities(link.itemNote().view()))));
         if (!link.itemTags().isEmpty())
@@ -151,10 +152,10 @@ private:
     OutputLimit limit_{master_};
     std::string text_;
     std::vector<const Bookmark*> pending_;
-    std::vector<std::size_t> lists_; // for each open list where in `pending_` its own nodes begin
+    std::vector<std::size_t> lists_; // for each open list, the index in `pending_` of its first node
 };
 
-// At least so many tabs stand in front of the lines of all nodes: each has two lines of its own.
+// Returns a lower limit on the number of tabs in the file. Each node has at least two indented lines.
 std::uint64_t leastIndentsBelow(const Bookmark& master) {
     std::uint64_t indent = 0;
     std::uint64_t tabs = 0;

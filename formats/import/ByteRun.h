@@ -1,4 +1,4 @@
-// The bytes before a certain one: where they end and what is among them, in one go.
+// A run of bytes up to a given byte: where it ends, and whether given bytes are in it, found in one pass.
 #pragma once
 
 #include "base/ByteBlock.h"
@@ -10,16 +10,16 @@
 
 namespace tabulon {
 
-/// Sixty-four bytes are looked at in one step, so that most runs take the same one or two: where the length
-/// of each decides how often a loop goes round, guessing that wrong takes longer than looking.
+/// Sixty-four bytes that are examined in one step. Most runs then take one or two steps: a branch that
+/// depends on the length of each run would be mispredicted often, which costs more than the examination.
 class ByteWindow {
 public:
     static constexpr std::ptrdiff_t kSize = 64;
 
-    /// All of the bytes must be readable as long as the window is used.
+    /// Requires: `kSize` bytes at `bytes` that stay readable while the window is used.
     explicit ByteWindow(const char* bytes) : bytes_(bytes) {}
 
-    /// Where one of `Bytes` stands, that of the first byte lowest.
+    /// Returns a mask with a bit for each byte that is one of `Bytes`; the lowest bit is for the first byte.
     template <char... Bytes>
     std::uint64_t placesOf() const {
         std::uint64_t places = 0;
@@ -36,19 +36,20 @@ private:
 
 struct ByteRun {
     const char* begin = nullptr;
-    /// Where the byte stands that ends the run, or null where it was not found.
+    /// The position of the byte that ends the run, or `nullptr` where it was not found.
     const char* end = nullptr;
-    /// Whether an "&" stands before it.
+    /// Whether the run contains an "&".
     bool hasReferences = false;
-    /// Whether one of the marks stands before it.
+    /// Whether the run contains one of the marks.
     bool isMarked = false;
 
-    /// Those of the run. Requires an end.
+    /// Returns the bytes of the run. Requires: `end` is not `nullptr`.
     std::string_view bytes() const { return {begin, end}; }
 };
 
-/// The run from `from` to the first `Stop`, marked when one of `Marks` is in it. What is so near to `limit`,
-/// the end of all bytes, that no window fits before that is not looked at.
+/// Returns the run from `from` to the first `Stop`, marked when it contains one of `Marks`. `limit` is the
+/// end of all bytes. Only whole windows are examined: `end` is `nullptr` where the first `Stop` is in the
+/// last incomplete window before `limit`, or missing. Linear.
 template <char Stop, char... Marks>
 ByteRun runTo(const char* from, const char* limit) {
     std::uint64_t references = 0;

@@ -45,7 +45,7 @@ public:
 private:
     struct Level {
         Bookmark* folder;
-        std::size_t missing; // of what is in it
+        std::size_t missing; // the number of its entries that follow
     };
 
     std::string_view takeFilledUp(std::size_t size) {

@@ -1,4 +1,5 @@
-// Bookmarks as Chromium's manager and bar copy and drag them ("chromium/x-bookmark-entries") → tree.
+// "chromium/x-bookmark-entries", the format in which the bookmark manager and the bookmark bar of Chromium
+// copy and drag bookmarks → tree.
 #pragma once
 
 #include "base/Date.h"
@@ -8,14 +9,17 @@
 
 namespace tabulon {
 
-/// Returns a root folder with the bookmarks; null for bytes that are no such list, whole.
+/// Returns a root folder with the bookmarks, or `nullptr` for bytes that are no such list or end too early.
+/// Bytes after the list are ignored. `now` is the date of all new nodes.
 ///
-/// Numbers are four bytes, low byte first; a text is its length and its units, filled up to four bytes. The
-/// list is the number of bytes that follow, the path of a profile, the number of bookmarks, and these:
-/// whether it is a link, its address (UTF-8), its title (UTF-16), eight bytes of an identifier, the number of
-/// its remarks, each two texts in UTF-8; of a folder then the number of what is in it, and that.
+/// Numbers have four bytes, low byte first. A text is its length in units, then the units, then zero bytes up
+/// to a multiple of four bytes. The list is: the number of bytes that follow, the path of a profile (UTF-8),
+/// the number of entries, and the entries. An entry is: a number that is 0 for a folder, its address (UTF-8),
+/// its title (UTF-16), an identifier of eight bytes, the number of its remarks, and for each remark two texts
+/// (UTF-8). A folder continues with the number of its children, and the children.
 ///
-/// Linear, without recursion. Nothing is named or classified.
+/// Malformed text is decoded to U+FFFD. The types of links are not determined, and empty names stay empty.
+/// Linear, without recursion.
 Ref<Bookmark> readChromiumEntries(std::string_view bytes, Date now);
 
 } // namespace tabulon

@@ -14,7 +14,7 @@ namespace {
 
 using Step = JsonSteps::Step;
 
-// The root folders that files have, in Opera's order.
+// The root folders of the files, in Opera's order.
 enum Root : std::size_t { kBar, kUserRoot, kTrash, kOther, kSynced, kNoRoot };
 
 // What an array or object of the file is.
@@ -25,10 +25,10 @@ enum class NodeKind { PassedOver, Link, Folder };
 // An open array or object.
 struct Frame {
     Role role = Role::PassedOver;
-    /// The root or node that it is or belongs to. Not owned.
+    /// The root or node that this array or object is, or belongs to. Not owned.
     Bookmark* node = nullptr;
     NodeKind kind = NodeKind::PassedOver;
-    /// A node that stands in no list yet, because what it is may be said last.
+    /// A node that is not in the tree yet: its type may be the last of its keys.
     Ref<Bookmark> pending = {};
 };
 
@@ -40,19 +40,20 @@ Root rootNamed(Role role, std::string_view key) {
     return kNoRoot;
 }
 
-// No dates are none here, not now.
+// A date that is absent in the file is null, not the present one.
 Ref<Bookmark> newNode() {
     return Bookmark::init({});
 }
 
-// Goes through a file once. A node takes in what the file says of it as it comes, each key as it comes last,
-// and becomes a folder with the first list of children; what it is in the end is decided when all is known.
+// Reads a file in one pass. Each value is stored in its node when it is read, so the last of equal keys
+// counts. A node becomes a folder with its first list of children. Whether it is a link or a folder is
+// decided at its end.
 class TreeReader {
 public:
     TreeReader(std::string_view bytes, const BaseServices& services, Progress* progress)
         : steps_(bytes), progress_(progress, bytes.size()), untitled_(services.texts.text("Untitled")) {}
 
-    /// To be called once.
+    /// Reads the whole file. To be called once.
     Result<void> run() {
         while (progress_.goOn(steps_.position())) {
             switch (steps_.next()) {
@@ -84,7 +85,7 @@ public:
     bool hasRoots() const { return hasRoots_; }
     bool has(Root root) const { return static_cast<bool>(roots_[root]); }
 
-    /// The folder for a root, with both dates; empty when the file has no such root.
+    /// Returns the folder for a root, with both dates; an empty one where the file has no such root.
     Ref<Bookmark> folder(Root root) const {
         Ref<Bookmark> folder = has(root) ? roots_[root] : newNode();
         if (!folder->isFolder())
@@ -129,7 +130,8 @@ private:
         return {Role::Children, outer.node};
     }
 
-    // A text, or something else, which counts as nothing; either replaces what an equal key before gave.
+    // Takes a string, or `nullopt` for a value of another kind, which counts as absent. Either replaces the
+    // value of an equal key before.
     void take(Frame& frame, std::optional<std::string_view> text) {
         const std::string_view key = steps_.key();
         switch (frame.role) {
@@ -226,7 +228,7 @@ private:
     bool hasRoots_ = false;
 };
 
-// Has `fill` put the roots of a reader that has run into the new "Master".
+// Returns the new "Master", to which `fill` adds the roots. Requires: `reader` has run.
 template <class Fill>
 Result<Ref<Bookmark>> makeTree(const TreeReader& reader, const BaseServices& services, Fill fill) {
     if (!reader.hasRoots())
@@ -246,7 +248,7 @@ Ref<Bookmark> barOf(const TreeReader& reader, const BaseServices& services) {
     return bar;
 }
 
-// The first kilobyte of the line: what people keep as bookmarks is not for a log.
+// The line is cut at one kilobyte, so that the log does not contain all bookmarks of the user.
 std::string logLine(std::string_view bytes) {
     constexpr std::size_t kMostLogged = 1024;
     std::string line = "dictionary : " + minifiedJson(bytes);
@@ -283,7 +285,7 @@ Result<Ref<Bookmark>> readOperaBookmarks(std::string_view bytes, const ReadOptio
         for (const Root root : {kBar, kUserRoot, kTrash, kOther, kSynced}) {
             Ref<Bookmark> folder = root == kBar ? barOf(reader, services) : reader.folder(root);
             folder->setItemDateModified({});
-            // The wrong root decides about the last one.
+            // A quirk that is kept: without "other" the "synced" root is empty.
             if (root == kSynced && !reader.has(kOther))
                 folder->makeParent();
             master.addChild(std::move(folder));

@@ -1,4 +1,5 @@
-// Bookmarks that the browsers of Chromium's family, and Opera, keep in JSON files named "Bookmarks".
+// The JSON files named "Bookmarks" in which the browsers of Chromium's family, and Opera, store bookmarks →
+// tree.
 #pragma once
 
 #include "base/Error.h"
@@ -9,25 +10,29 @@
 
 namespace tabulon {
 
-/// The new root folder "Master" with the browser's root folders in it. Chromium's are two, the bar
-/// ("Favourites", label 1) and "Other Bookmarks"; Opera's are five: bar, user root, trash, other, synced.
-/// They are made whether the file has them or not. The synced root of Opera is filled only when there is an
-/// "other" root; Chromium's is passed over.
+/// Returns the root folder "Master" with the browser's root folders in it. Chromium has two: the bar
+/// ("Favourites", label 1) and "Other Bookmarks". Opera has five: bar, user root, trash, other, synced. They
+/// are made whether the file contains them or not. Opera's "synced" root is empty unless the file has an
+/// "other" root; that of Chromium is ignored.
 ///
-/// Keys may come in any order, of equal ones the last counts. A value of an unexpected kind counts as absent;
-/// so does a timestamp that is no string. Dates that are absent are null.
+/// Keys may be in any order; of equal keys the last one counts. A value of an unexpected kind counts as
+/// absent, and so does a timestamp that is no string. The types of links are determined. Absent dates are
+/// null.
 ///
-/// Fails with a sentence for what is no JSON anywhere, is no UTF-8, or is nested more than a million levels
-/// deep. A sound file without "roots" fails with kUserCancelledError of the Cocoa domain: nothing is
-/// imported, and no alert is shown for it. Linear, without recursion. What Opera's file holds goes to the
-/// log, as one line.
+/// Fails with a sentence for bytes that are not valid JSON from beginning to end, are no UTF-8, or are nested
+/// more than a million levels deep. Fails with `cancelledByUser()` after the progress has cancelled. A valid
+/// file without "roots" fails with kUserCancelledError of the Cocoa domain: nothing is imported, and no alert
+/// is shown. Linear, without recursion. `readOperaBookmarks` logs one line with the beginning of the file's
+/// JSON, or that there is none.
 Result<Ref<Bookmark>> readChromiumBookmarks(std::string_view bytes, const ReadOptions& options);
 Result<Ref<Bookmark>> readOperaBookmarks(std::string_view bytes, const ReadOptions& options);
 
-/// The moment of a timestamp as these files have it: microseconds since 1601-01-01 00:00 UTC in decimal, the
-/// fraction of the second dropped. Null for an empty text and "0". The number is read from the beginning
-/// (white space and a sign may come first), stops at what is no digit and stays within 64 bits. The
-/// arithmetic is that of unsigned 64-bit integers: moments before 1970 come out far in the future.
+/// Returns the date of a timestamp: microseconds since 1601-01-01 00:00 UTC in decimal digits. The fraction
+/// of the second is dropped. Returns the null date for an empty text and for "0".
+///
+/// White space and a sign may precede the digits. Parsing ends at the first byte that is no digit; a number
+/// that does not fit into 64 bits is limited to the nearest one that does. The arithmetic is that of unsigned
+/// 64-bit integers, so a moment before 1970 becomes a date in the far future.
 Date dateOfChromium(std::string_view timestamp);
 
 } // namespace tabulon

@@ -1,5 +1,5 @@
-// The search for "meta" tags that name an encoding: simpler than the reading of a page, which needs the
-// encoding already, and looked for as browsers do.
+// The search for "meta" tags that name an encoding, by the algorithm of browsers. Parsing the page would need
+// the encoding first.
 #include "base/Ascii.h"
 #include "formats/import/EncodingNames.h"
 #include "formats/import/TextDecoding.h"
@@ -19,7 +19,7 @@ struct Attribute {
     std::string value;
 };
 
-// What stands behind "charset=" in the content of a meta tag.
+// Returns the value after "charset=" in the content of a meta tag, or `nullopt`.
 std::optional<std::string_view> charsetIn(std::string_view content) {
     const std::string lowered = ascii::lowered(content);
     for (std::size_t at = lowered.find("charset"); at != npos; at = lowered.find("charset", at)) {
@@ -60,7 +60,7 @@ public:
     }
 
 private:
-    // Goes on behind what begins here; gives what it tells.
+    // Skips the tag or comment that begins here. Returns the encoding if it is a meta tag that names one.
     std::optional<std::string_view> step() {
         if (rest_.starts_with("<!--")) {
             const std::size_t end = rest_.find("-->", 2);
@@ -101,7 +101,7 @@ private:
         return needsContentType && !isContentType ? std::nullopt : converter;
     }
 
-    // All up to the end of the tag, in lower case; of equal names the first counts.
+    // Returns all attributes up to the end of the tag, in lower case. Of equal names the first one counts.
     std::vector<Attribute> readAttributes() {
         std::vector<Attribute> attributes;
         for (;;) {

@@ -11,8 +11,8 @@ struct Row {
     std::string_view labels;
 };
 
-// A text that declares itself as UTF-16 could be read as far as that, so that it cannot be; it counts as
-// UTF-8.
+// A text in UTF-16 could not be searched for its declaration. One that declares UTF-16 is therefore in
+// another encoding, and counts as UTF-8.
 constexpr Row kRows[] = {
     {"", "unicode-1-1-utf-8 utf-16 utf-16be utf-16le utf-8 utf8"},
     {"Big5-HKSCS", "big5 big5-hkscs cn-big5 csbig5 x-x-big5"},

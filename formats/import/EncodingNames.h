@@ -1,4 +1,4 @@
-// The names that pages have for encodings, as browsers take them, and what ICU calls the same.
+// The labels of encodings in web pages, and the names of these encodings in ICU.
 #pragma once
 
 #include <optional>
@@ -6,10 +6,12 @@
 
 namespace tabulon {
 
-/// ICU's name of the encoding that browsers take for `label`, in any case and with blanks around it; empty
-/// for UTF-8. Many names stand for more than they say: "iso-8859-1" and "ascii" for windows-1252, "gb2312"
-/// for GB 18030. Nothing for a name that is no encoding of a page, and for the one of them that ICU does not
-/// have (ISO-8859-16).
+/// Returns ICU's name of the encoding that browsers use for `label`, or an empty view for UTF-8. Letter case,
+/// and ASCII white space around the label, do not count.
+///
+/// Some labels select another encoding than they name, as in browsers: "iso-8859-1" and "ascii" windows-1252,
+/// "gb2312" GB 18030, "utf-16" UTF-8. Returns `nullopt` for a label that browsers do not know, and for
+/// ISO-8859-16, which ICU does not have. The name is constant.
 std::optional<std::string_view> converterForLabel(std::string_view label);
 
 } // namespace tabulon

@@ -1,5 +1,5 @@
-// simdjson's On-Demand parser does the work. It takes the caller's word for values that are passed over, so
-// every scalar is checked here.
+// The reader is built on simdjson's On-Demand parser, which does not validate values that are passed over.
+// Therefore every scalar is validated here.
 #include "formats/import/JsonSteps.h"
 
 #include "base/Text.h"
@@ -23,7 +23,8 @@ const char* withoutSpaceBefore(const char* end) {
     return end;
 }
 
-// A token reaches up to the next one; it is never all white space.
+// Returns a token without the white space after it. simdjson's tokens extend to the next token; none is white
+// space alone.
 std::string_view withoutSpaceAfter(std::string_view token) {
     const char* const end = withoutSpaceBefore(token.data() + token.size());
     return {token.data(), static_cast<std::size_t>(end - token.data())};
@@ -79,7 +80,7 @@ JsonSteps::Step JsonSteps::next() {
     if (!started_)
         return start();
     if (levels_.empty())
-        // Out of bounds is where it ought to be after the last value.
+        // After the last value of a valid document the parser is out of bounds.
         return document_.current_location().error() == simdjson::OUT_OF_BOUNDS ? Step::Finished
                                                                                : fail(simdjson::TAPE_ERROR);
     Level& level = levels_.back();
@@ -106,7 +107,7 @@ JsonSteps::Step JsonSteps::next() {
 
 JsonSteps::Step JsonSteps::start() {
     started_ = true;
-    // The depth matters to builds with the library's own checks.
+    // simdjson checks the depth in its development builds.
     if (const error_code error = parser_.allocate(size_, kDeepest + 2))
         return fail(error);
     if (const error_code error = parser_.iterate(bytes_, size_, allocated_).get(document_))
@@ -142,7 +143,7 @@ JsonSteps::Step JsonSteps::enter(simdjson::simdjson_result<Container> result) {
 }
 
 JsonSteps::Step JsonSteps::takeField(Field& field) {
-    // Between the key and its value there is a colon and white space, nothing else.
+    // Between a key and its value there are a colon and white space only.
     const char* const begin = field.key().raw();
     const char* const colon = withoutSpaceBefore(field.value().raw_json_token().data()) - 1;
     const char* const quote = withoutSpaceBefore(colon) - 1;
@@ -156,7 +157,7 @@ JsonSteps::Step JsonSteps::takeField(Field& field) {
     return take(field.value());
 }
 
-// One search goes along with the steps: names are short and hardly any has escapes.
+// The next backslash is cached: texts are short, and few have escapes.
 bool JsonSteps::hasEscapes(std::string_view string) {
     if (nextEscape_ < string.data()) {
         const char* const end = bytes_ + size_;
@@ -177,7 +178,7 @@ JsonSteps::Step JsonSteps::take(Value& value) {
     case '"':
         return takeString(value, token);
     default:
-        // Moving on passes over a scalar that is no string as one token.
+        // The parser skips every other scalar as one token.
         return isNumber(token) || token == "true" || token == "false" || token == "null"
                    ? Step::Other
                    : fail(simdjson::TAPE_ERROR);
@@ -192,7 +193,7 @@ JsonSteps::Step JsonSteps::takeString(Value& value, std::string_view token) {
         escaped ? value.get_string().get(string_) : value.get_raw_json_string().get(passed);
     if (error)
         return fail(error);
-    // Half a surrogate pair would come out as bytes that are no text.
+    // An unpaired surrogate is unescaped to bytes that are no UTF-8.
     return escaped && !isValidUtf8(string_) ? fail(simdjson::STRING_ERROR) : Step::String;
 }
 

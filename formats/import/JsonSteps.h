@@ -1,4 +1,4 @@
-// A JSON document, value by value in the order of the file. What the values mean is not here.
+// A reader of JSON documents, value by value in the order of the file. The meaning of the values is not here.
 #pragma once
 
 #include "base/Error.h"
@@ -11,41 +11,43 @@
 
 namespace tabulon {
 
-/// Goes once through a JSON document and looks at all of it, so that a document with a flaw anywhere is told
-/// from a sound one. UTF-8, with or without a byte-order mark. Keys come as they stand, duplicates included.
-/// Numbers may be of any size. Nothing recurses.
+/// Reads a JSON document in one pass and validates all of it, so that an error anywhere is found. The
+/// document is UTF-8, with or without a byte-order mark, and its top value is an object or array. All keys
+/// are reported, including duplicates. Numbers may be of any size. Linear, without recursion.
 class JsonSteps {
 public:
-    /// The deepest nesting of arrays and objects that is read.
+    /// The limit on the nesting of arrays and objects.
     static constexpr std::size_t kDeepest = 1'000'000;
 
     enum class Step {
-        Object, ///< an object begins; its values follow, and an End
-        Array,  ///< the same of an array
+        Object, ///< an object begins; its values and an End follow
+        Array,  ///< an array begins; its elements and an End follow
         End,
         String,
         Other,    ///< a number, true, false or null
-        Finished, ///< nothing follows, and the document is sound
-        Failed,   ///< nothing follows; `error` tells why
+        Finished, ///< the end of a valid document
+        Failed,   ///< the document is invalid; `error()` has the reason
     };
 
-    /// Copies `bytes`.
+    /// Copies `bytes`. Errors are reported by the steps.
     explicit JsonSteps(std::string_view bytes);
     ~JsonSteps();
     JsonSteps(const JsonSteps&) = delete;
     JsonSteps& operator=(const JsonSteps&) = delete;
 
+    /// Moves to the next step and returns it. After Finished and Failed it returns the same again.
     Step next();
 
-    /// The key of the value of the last step (not of an End); empty in an array and at the top. Lives as long
-    /// as this object.
+    /// Returns the key of the value of the last step, UTF-8 without escapes; empty for an element of an array
+    /// and for the top value. Not defined after an End. Valid as long as this object.
     std::string_view key() const { return key_; }
-    /// The text of the last step, a String: valid UTF-8 that lives as long as this object.
+    /// Returns the text of the last step, valid UTF-8 without escapes. Valid as long as this object.
+    /// Requires: the last step was a String.
     std::string_view string() const { return string_; }
-    /// Where in the bytes the value of the last step begins; grows with the steps. An End is where the last
-    /// value was.
+    /// Returns the offset in bytes at which the value of the last step begins; it never decreases. After an
+    /// End it is the offset of the last value.
     std::size_t position() const { return position_; }
-    /// A sentence.
+    /// Returns the reason as a sentence. Requires: the last step was Failed.
     Error error() const;
 
 private:
@@ -71,13 +73,13 @@ private:
     std::size_t size_;
     std::size_t allocated_;
     char* bytes_;
-    /// The first backslash from some place before the last step on, or the end.
+    /// The first backslash at or after a place before the last step, or the end of the bytes.
     const char* nextEscape_;
     simdjson::ondemand::parser parser_;
     simdjson::ondemand::document document_;
     std::vector<Level> levels_;
     bool started_ = false;
-    /// The last step stands in an array or object that has to be moved on.
+    /// Whether the iterator of the innermost array or object is to be advanced first.
     bool betweenValues_ = false;
     std::string_view key_;
     std::string_view string_;
@@ -85,7 +87,8 @@ private:
     simdjson::error_code error_ = simdjson::SUCCESS;
 };
 
-/// A sound JSON document without the white space between its values.
+/// Returns a JSON document without the white space between its values. Requires: valid JSON; the result for
+/// other bytes is not defined, and may be empty.
 std::string minifiedJson(std::string_view bytes);
 
 } // namespace tabulon

@@ -22,7 +22,8 @@ std::optional<LinkFileContent> contentWith(Text url, Text name) {
     return LinkFileContent{std::move(url), std::move(name)};
 }
 
-// The two forms that are sections with keys; names of shortcuts' sections and keys have any letter case.
+// The two formats that consist of sections with keys. In shortcuts, the names of sections and keys are
+// case-insensitive.
 struct Sections {
     enum class Section { None, Shortcut, DesktopEntry, Other };
 

@@ -1,4 +1,4 @@
-// Files that hold one link: property lists (".webloc", ".mailloc", ".ftploc"), internet shortcuts (".url")
+// Files that contain one link: property lists (".webloc", ".mailloc", ".ftploc"), internet shortcuts (".url")
 // and links of the desktop (".desktop").
 #pragma once
 
@@ -10,14 +10,15 @@
 namespace tabulon {
 
 struct LinkFileContent {
-    /// As it stands in the file; never null or empty.
+    /// The address as written in the file; never null or empty.
     Text url = {};
-    /// Null where the file has none.
+    /// The name; null where the file has none.
     Text name = {};
 };
 
-/// What the file holds, told by its content; nothing for a file that holds no link or is damaged. Of equal
-/// keys the first counts. Bytes that are no UTF-8 are read as `Text::fromBytes` does. Linear.
+/// Returns the link in a file, whose kind is detected from its content, not from its name. Returns `nullopt`
+/// for a damaged file, and for one without an address. Of equal keys in a shortcut or a desktop entry the
+/// first one counts. Bytes that are no UTF-8 are decoded as by `Text::fromBytes`. Linear.
 std::optional<LinkFileContent> readLinkFile(std::string_view bytes);
 
 } // namespace tabulon

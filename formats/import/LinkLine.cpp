@@ -8,7 +8,7 @@
 namespace tabulon {
 namespace {
 
-// Goes over the parts of the line one after the other. Each step is false where the line is in another form.
+// Reads the parts of the line in order. Each step returns false where the line has another form.
 class LinkLineReader {
 public:
     explicit LinkLineReader(std::string_view bytes)
@@ -22,11 +22,11 @@ public:
         return std::nullopt;
     }
 
-    // How many bytes were gone over.
+    // Returns the number of bytes that were read.
     std::size_t reached() const { return static_cast<std::size_t>(at_ - begin_); }
 
 private:
-    // Whether all bytes are there that may be looked at before the next run: no more than two dates take.
+    // Returns whether all bytes exist that may be read before the next run: no more than two dates take.
     bool hasRoom() const { return limit_ - at_ >= 64; }
 
     template <std::size_t Size>
@@ -43,7 +43,7 @@ private:
         return run;
     }
 
-    // A date's name has an underscore, and it counts wherever in the line it stands.
+    // The name of a date attribute contains an underscore, and the scanner accepts it anywhere in the line.
     bool readAddress() {
         if (*at_ == '#')
             return false;
@@ -93,7 +93,7 @@ private:
         return !bytes.empty() && bytes.size() <= kLongestLinkName && !isBlank(bytes.front());
     }
 
-    // A second date behind the place that was reached would be the link's.
+    // Returns whether the scanner would accept a date after this place as the second one of the link.
     bool mayHaveDate() const { return line_.modified.isNull(); }
 
     const char* const begin_;

@@ -1,5 +1,5 @@
-// A link of a bookmark file in the form that browsers give it, read in one go. NetscapeScan.h reads links in
-// every form, and comes to the same for these, only slower.
+// The fast path for links of a bookmark file in the form that browsers write, read in one pass.
+// NetscapeScan.h reads links of every form, and reads these to the same result.
 #pragma once
 
 #include "base/Date.h"
@@ -10,26 +10,30 @@
 
 namespace tabulon {
 
-/// Of a longer name the rest is cut off, in bytes.
+/// The limit on a link's name in bytes. The rest of a longer name is cut off.
 inline constexpr std::size_t kLongestLinkName = 1024;
 
-/// What such a line says.
+/// The parts of such a link.
 struct LinkLine {
     std::string_view address;
     std::string_view name;
-    bool addressHasReferences = false; ///< an "&" is in it
+    bool addressHasReferences = false; ///< whether it contains an "&"
     bool nameHasReferences = false;
     Date added;
     Date modified;
-    /// How many bytes it takes with the white space before it, up to the end of its "</A>".
+    /// The number of bytes from the white space before the link to the end of its "</A>".
     std::size_t size = 0;
 };
 
-/// The link at `from` or behind the white space there, if it is written so, with dates of ten digits, more
-/// attributes or none, and a name on one line without tags and without white space before it:
+/// Returns the link at `from`, or after white space there, if it has exactly this form: an address that does
+/// not begin with "#", dates of ten digits each, of which the second may be missing, further attributes or
+/// none, and a name of 1 to `kLongestLinkName` bytes on one line that contains no tags and does not begin
+/// with white space:
 ///     <DT><A HREF="address" ADD_DATE="…" LAST_MODIFIED="…" …>name</A>
-/// The second date may be missing. Nothing for every other form, where a date might stand in a text, and at
-/// the end of the file. The views are parts of the file, still with their references.
+///
+/// Returns `nullopt` for every other form, for a link whose texts may contain another date, and near the end
+/// of the file. The views refer to the scanned bytes, whose references ("&amp;") are not replaced. Linear in
+/// the bytes examined, which are counted in `bytes`. Requires: `from` is at most the size of `bytes`.
 std::optional<LinkLine> linkLineAt(const ScannedBytes& bytes, std::size_t from);
 
 } // namespace tabulon

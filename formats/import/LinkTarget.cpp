@@ -4,8 +4,8 @@
 
 namespace tabulon {
 
-// Linear over all calls: no "<A" is passed twice, since the scan goes on behind the one found last; the other
-// searches start at ever later places and remember their answers.
+// Linear over all calls: each "<A" is passed once, since the scan continues after the last one found, and the
+// other searches start at increasing offsets and cache their results.
 const LinkTarget* LinkTargets::next(std::size_t from) {
     for (;;) {
         const std::size_t anchor = bytes_.find("<A", from);

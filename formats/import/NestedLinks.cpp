@@ -86,7 +86,7 @@ private:
     const Date now_;
     const Ref<Bookmark> root_;
     std::vector<Folder> folders_;
-    std::string text_; // since the last link or name began
+    std::string text_; // since the last link or "dt" began, or the last link ended
 };
 
 } // namespace

@@ -1,5 +1,5 @@
-// A fragment of HTML with links in nested lists → tree. It is what a browser's bookmark manager puts on the
-// clipboard beside its own form; files of bookmarks are NetscapeScanner.h's.
+// A fragment of HTML with links in nested lists → tree. A browser's bookmark manager puts it on the clipboard
+// together with its own format. Bookmark files are read by NetscapeScanner.h.
 #pragma once
 
 #include "base/Date.h"
@@ -10,10 +10,13 @@
 
 namespace tabulon {
 
-/// Returns a root folder with the links ("a" with an "href"), separators ("hr") and folders ("dl", named by
-/// the text of its first "dt") of `html` (UTF-8; malformed parts count as U+FFFD), each in the list that it
-/// stands in. Addresses and texts stay as they stand; links are classified. Linear, without recursion. Fails
-/// with a sentence for tags that are too entangled for that.
+/// Returns a root folder with the links ("a" with an "href"), separators ("hr") and folders ("dl") of `html`,
+/// each in the list that contains it. `html` is UTF-8; malformed parts count as U+FFFD. `now` is the date of
+/// all new nodes.
+///
+/// A folder's name is the text of its first "dt", without a link in it and the text before that link.
+/// Addresses are not resolved, and the white space of texts is kept. The types of links are determined.
+/// Linear, without recursion. Fails with a sentence for tags that cannot be parsed in linear time.
 Result<Ref<Bookmark>> readNestedLinks(std::string_view html, Date now);
 
 } // namespace tabulon

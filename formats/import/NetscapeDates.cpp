@@ -19,7 +19,7 @@ struct Number {
     std::size_t digits;
 };
 
-// The decimal number that `text` begins with; the largest one where it is too large.
+// Returns the decimal number at the beginning of `text`, limited to the largest one.
 Number numberIn(std::string_view text) {
     constexpr std::size_t kAlwaysFits = 18; // digits
     std::uint64_t value = 0;
@@ -36,7 +36,7 @@ Number numberIn(std::string_view text) {
             static_cast<std::size_t>(end - text.data())};
 }
 
-// The date whose attribute's name ends before `value`.
+// Returns the date whose quoted value begins at `value`.
 Date dateAt(const ScannedBytes& bytes, std::size_t value) {
     if (bytes.at(value) != '"')
         return Date();
@@ -50,7 +50,7 @@ Date dateAt(const ScannedBytes& bytes, std::size_t value) {
 
 } // namespace
 
-// Eight digits at once, and the last two with them.
+// Converts eight digits in one step, and then the last two.
 std::optional<std::uint64_t> tenDigits(const char* bytes) {
     static_assert(std::endian::native == std::endian::little);
     constexpr std::uint64_t kEach = 0x0101010101010101u;
@@ -63,7 +63,7 @@ std::optional<std::uint64_t> tenDigits(const char* bytes) {
     const std::uint64_t last = digitsFrom(bytes + 2);
     if (((first + kEach * (0x7F - 9)) | first | (last + kEach * (0x7F - 9)) | last) & kEach * 0x80)
         return std::nullopt;
-    // Numbers of two digits at bytes 0, 2, 4 and 6, then these times a million, 10000, 100 and 1.
+    // First numbers of two digits in bytes 0, 2, 4 and 6; then these times a million, 10000, 100 and 1.
     constexpr std::uint64_t kFirstAndThird = 0x000000FF000000FFu;
     first = first * 10 + (first >> 8);
     first = ((first & kFirstAndThird) * (100 + (std::uint64_t{1000000} << 32)) +
@@ -72,8 +72,8 @@ std::optional<std::uint64_t> tenDigits(const char* bytes) {
     return first * 100 + (last >> 48 & 0xFF) * 10 + (last >> 56);
 }
 
-// Both names have one underscore: that byte is rare, unlike their letters in the icons that browsers write
-// into links. No name begins before `start`: the "<" that stands there would be in it.
+// Both names contain one underscore. That byte is rare, unlike the letters, in the icons that browsers write
+// into links. No name begins before `start`, because it would contain the "<" there.
 NetscapeDates netscapeDates(const ScannedBytes& bytes, std::size_t start, std::size_t next) {
     constexpr std::size_t kAdd = 3; // letters before the underscore
     constexpr std::size_t kLast = 4;

@@ -1,4 +1,4 @@
-// The two dates that a tag of a bookmark file can carry.
+// The two dates in the attributes of a bookmark file's tag.
 #pragma once
 
 #include "base/Date.h"
@@ -9,8 +9,8 @@
 
 namespace tabulon {
 
-/// The number that the ten bytes at `bytes` make, as nearly all dates of our days are written; nothing where
-/// one of them is no digit.
+/// Returns the decimal number in the ten bytes at `bytes`, or `nullopt` where one of them is no digit. Dates
+/// since 2001 have ten digits. Requires: ten readable bytes.
 std::optional<std::uint64_t> tenDigits(const char* bytes);
 
 struct NetscapeDates {
@@ -18,10 +18,13 @@ struct NetscapeDates {
     Date modified;
 };
 
-/// The dates from ADD_DATE and LAST_MODIFIED of a tag that begins at `start`; `next` is where the scan goes
-/// on behind it. Of each attribute the first one counts, if it begins between the two places, both included.
-/// Its value stands in double quotes and begins with a whole number of seconds since 1970: 0 without a digit,
-/// the largest 64-bit number where it is larger. Null without the attribute or its quotes.
+/// Returns the dates from ADD_DATE and LAST_MODIFIED of a tag that begins at `start`; `next` is the offset at
+/// which the scan continues. Of each attribute the first one between both offsets counts; its name may begin
+/// at `next` itself.
+///
+/// A value is in double quotes and begins with a whole number of seconds since 1970. It is 0 without a digit,
+/// and the largest 64-bit number where it is larger. A date is null without its attribute or without the
+/// quotes.
 NetscapeDates netscapeDates(const ScannedBytes& bytes, std::size_t start, std::size_t next);
 
 } // namespace tabulon

@@ -71,7 +71,8 @@ std::size_t NetscapeScan::appendSeparator(std::size_t start) {
     return start + std::string_view("<HR>").size();
 }
 
-// A list belongs to the item before it, whatever that is: after a link its items hang under the link.
+// A list belongs to the item before it, of any kind: the items of a list after a link become children of the
+// link.
 std::size_t NetscapeScan::beginList(std::size_t start) {
     if (Bookmark* last = folder_->getLast())
         folder_ = last;
@@ -144,7 +145,7 @@ std::optional<NetscapeScan::LinkName> NetscapeScan::nameOf(const LinkTarget& tar
     return LinkName{nameBetween(tagEnd + 1, closing), closing + 4};
 }
 
-// The name without the tags around it (whole ones: a lone "<" or ">" belongs to the name) and on one line.
+// Returns the name without the tags around it, on one line. A single "<" or ">" is part of the name.
 Text NetscapeScan::nameBetween(std::size_t from, std::size_t to) {
     while (from < to && bytes_.at(from) == '<') {
         const std::size_t tagEnd = bytes_.find('>', from, to);

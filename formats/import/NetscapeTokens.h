@@ -1,5 +1,4 @@
-// The tags of a bookmark file that the tag scanner acts on, one after the other. What each does is in
-// NetscapeScan.h.
+// The tags of a bookmark file that the tag scanner acts on. The actions are in NetscapeScan.h.
 #pragma once
 
 #include "formats/import/ScannedBytes.h"
@@ -12,27 +11,31 @@ struct NetscapeToken {
     enum class Kind { Separator, ListStart, ListEnd, Description, Link, Heading, Unknown };
 
     Kind kind = Kind::Unknown;
-    /// Where its "<" stands.
+    /// The offset of its "<".
     std::size_t start = 0;
 };
 
-/// A file is a row of tokens: "<HR>", "</DL>" and everything that begins with "<D"; bytes at fixed places
-/// behind it tell what kind of "<D" it is. What stands between tokens is not looked at.
+/// Finds the tokens of a file: "<HR>", "</DL>" and everything that begins with "<D". The bytes at fixed
+/// offsets after a "<D" determine its kind. Bytes between tokens are ignored.
 class NetscapeTokens {
 public:
+    /// `bytes` must outlive this object.
     explicit NetscapeTokens(const ScannedBytes& bytes) : bytes_(bytes) {}
 
-    /// The first token at or after `from`, which never goes back. Nothing when neither a "<D" nor a "</DL>"
-    /// follows: a separator counts only before one of them.
+    /// Returns the first token at or after `from`. Returns `nullopt` where neither a "<D" nor a "</DL>"
+    /// follows: a separator counts only before one of them. Requires: `from` is not less than in the call
+    /// before. Linear over all calls.
     std::optional<NetscapeToken> next(std::size_t from);
 
 private:
+    /// Searches for the next tokens from `from` on.
     void lookAhead(std::size_t from);
+    /// Returns the kind of the token at `start`, which is no separator.
     NetscapeToken::Kind kindOf(std::size_t start) const;
 
     const ScannedBytes& bytes_;
-    // Where the last look ahead began, and what it came to: the first "<HR>" and the first other token behind
-    // it. Both stay right until the scan has passed them.
+    // The offset at which the last search began, and its results: the first token after it that is no "<HR>",
+    // and the first "<HR>" before that token. They are valid until the scan has passed them.
     std::size_t from_ = ScannedBytes::npos;
     std::size_t separator_ = 0;
     std::size_t tag_ = 0;

@@ -10,7 +10,8 @@
 namespace tabulon {
 namespace {
 
-// The whole number that a text begins with, 0 without one, the nearest one of 64 bits where it is too large.
+// Returns the whole number at the beginning of a text, or 0. A number that does not fit into 64 bits is
+// limited to the nearest one that does.
 std::int64_t integerValue(std::string_view text) {
     while (!text.empty() && (ascii::isSpace(text.front()) || text.front() == '\v'))
         text.remove_prefix(1);

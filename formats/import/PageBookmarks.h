@@ -1,5 +1,4 @@
-// The links of a page → a tree: addresses, names, dates. A document and its title are made by the
-// application.
+// The links of a page → tree: addresses, names and dates. The application makes the document and its title.
 #pragma once
 
 #include "base/Error.h"
@@ -12,7 +11,7 @@
 
 namespace tabulon {
 
-/// The links of one page as lists of equal order.
+/// The links of one page as lists in the same order.
 struct PageBookmarks {
     std::vector<Text> urls;
     std::vector<Text> names;
@@ -24,31 +23,34 @@ struct PageBookmarks {
 /// Returns whether a page begins with the document type of Netscape bookmark files.
 bool isNetscapeFile(std::string_view page);
 
-/// Returns the values of `links`, split. `domain` comes before addresses that begin with "/"; it is null for
-/// none. The dates are taken when `netscapeFile` is true; a link without a date gets the present one.
+/// Returns the values of `links`, split into lists. `domain` is prepended to each address that begins with
+/// "/"; it may be null. The lists of dates are filled only if `netscapeFile` is true. A link without a date
+/// has the present one, and a date that is no number is 1970-01-01 00:00 UTC.
 PageBookmarks pageBookmarks(const PageLinks& links, bool netscapeFile, const Text& domain,
                             const BaseServices& services);
 
-/// Returns the new root folder "Master" with a link for each pair of a name and an address: a pair of empty
-/// texts is skipped, an empty name becomes "Untitled", what the longer list has more is dropped, and the kind
-/// of link is not determined. Returns `nullptr` when one of the lists is empty.
+/// Returns the root folder "Master" with a link for each pair of a name and an address. A pair of empty texts
+/// is skipped, an empty name becomes "Untitled", and the surplus of the longer list is dropped. The types of
+/// links are not determined. Returns `nullptr` where one of the lists is empty.
 Ref<Bookmark> newDocumentFromArraysLinks(const std::vector<Text>& names, const std::vector<Text>& urls,
                                          const BaseServices& services);
 
-/// Returns the tree of `newDocumentFromArraysLinks` with the dates, which go to the links by their place in
-/// the tree.
+/// Returns the tree of `newDocumentFromArraysLinks` with the dates of the page: each date is set on the link
+/// at the same index in the tree. Returns `nullptr` as that function does.
 Ref<Bookmark> treeOfPage(const PageBookmarks& page, const BaseServices& services);
 
-/// Returns the addresses, those that begin with "/" after `domain`, which is null for none.
+/// Returns the addresses, with `domain` before each that begins with "/"; unchanged where `domain` is null.
 std::vector<Text> adaptURLsDomain(const std::vector<Text>& urls, const Text& domain);
 
-/// Returns the names without their leading white space.
+/// Returns the names without their leading white space (tab, line feed, form feed, carriage return, space).
 std::vector<Text> adaptNames(const std::vector<Text>& names);
 
-/// Returns the values that a script joined, each followed by a form feed: so the last one is always empty.
+/// Returns the parts of `joined` between form feeds. It has one more element than there are form feeds, so
+/// the last one of values that are each followed by a form feed is empty. Requires: UTF-8.
 std::vector<Text> separatedAtFormFeeds(std::string_view joined);
 
-/// Returns the tree of a file with a page, whose encoding is detected. Fails as `readPageLinks`.
+/// Returns the tree of the links of the page in `bytes`, whose encoding is detected by `decodeText`. Fails as
+/// `readPageLinks`.
 Result<Ref<Bookmark>> readPageFile(std::string_view bytes, const ReadOptions& options);
 
 } // namespace tabulon

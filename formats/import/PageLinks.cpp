@@ -15,17 +15,17 @@ using html::Tag;
 
 constexpr char kFormFeed = '\f';
 
-// Every link may repeat its base.
+// Each link may repeat its base.
 constexpr std::size_t kLongestBase = std::size_t{16} << 10;
 
 struct Link {
     const Node* node;
-    /// Where its text stands in the text of all links.
+    /// The range of its text in the text of all links.
     std::size_t begin = 0;
     std::size_t end = 0;
 };
 
-/// What one walk over a tree finds.
+/// The result of one walk over a tree.
 struct Findings {
     std::vector<Link> links;
     /// The text inside of any link; links that are nested share it.
@@ -77,8 +77,8 @@ private:
     std::vector<std::size_t> open_;
 };
 
-// What the addresses of the page count from. A base that is no address of a place counts for nothing; after
-// one that is no address at all, nothing counts from anything.
+// Returns the base of the page's addresses. A base that has no path for relative addresses, or is too long,
+// is ignored. Returns `nullopt` for a base that cannot be parsed: no address is relative to it.
 std::optional<url::Url> baseOf(const Findings& findings, std::string_view queryEncoding) {
     std::optional<url::Url> blank = url::parse("about:blank");
     if (!findings.base)

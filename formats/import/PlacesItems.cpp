@@ -15,7 +15,7 @@ using Step = JsonSteps::Step;
 constexpr std::string_view kContainer = "text/x-moz-place-container";
 constexpr std::string_view kSeparator = "text/x-moz-place-separator";
 
-// No line feed stands in a text of JSON, so that one between two objects can be told.
+// A string in JSON contains no line feed, so every line feed is between two values.
 std::string arrayOf(std::string_view places) {
     std::string array = "[";
     while (!places.empty()) {
@@ -66,7 +66,7 @@ private:
     enum class Role { PassedOver, List, Item };
     struct Frame {
         Role role = Role::PassedOver;
-        /// The item, or the folder that the list is of.
+        /// The item, or the folder to which the list belongs.
         Ref<Bookmark> node = {};
         std::string type = {};
     };
@@ -114,7 +114,7 @@ private:
         if (done.type == kContainer && !node.isFolder())
             node.makeParent();
         if (node.isFolder())
-            node.setItemURL(nullptr); // of a folder that is a search
+            node.setItemURL(nullptr); // the address of a folder that is a search
         else if (done.type == kSeparator)
             node.setType(kSeparatorType);
         else if (node.itemURL().isEmpty())
@@ -152,7 +152,7 @@ std::vector<Ref<Bookmark>> takeChildren(const Bookmark& folder) {
     return children;
 }
 
-// The folders of `places` are empty; those of `nested` have what is in them.
+// Returns the items of `places`, with the contents of `nested` in those folders that are empty.
 Ref<Bookmark> merged(const Bookmark& places, const Bookmark& nested, Date now) {
     const std::vector<Ref<Bookmark>> items = takeChildren(places);
     const std::vector<Ref<Bookmark>> lists = takeChildren(nested);

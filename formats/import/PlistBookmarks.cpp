@@ -14,28 +14,28 @@ using Kind = PlistEntries::Kind;
 
 constexpr std::size_t kProgressStride = 4096; // entries and their keys
 
-/// What became of an entry that is no folder.
+/// The result of reading an entry that is no folder.
 enum class Entry {
     Link,
-    Skipped, // as the browser means it
+    Skipped, // not a bookmark: an entry that the browser computes
     Empty,   // neither name nor address
 };
 
-// What one browser's entries mean.
+// The meaning of one browser's entries.
 class EntryReader {
 public:
     EntryReader(PlistEntries& list, const BaseServices& services) : list_(list), services_(services) {}
     virtual ~EntryReader() = default;
 
-    /// Fills a folder, which is one already.
+    /// Sets the values of `folder`. Requires: it is a folder.
     virtual void fillFolder(Object entry, Bookmark& folder) const = 0;
-    /// Fills a link, unless the entry is to be dropped.
+    /// Sets the values of `link`, unless the result is not Entry::Link.
     virtual Entry fillLink(Object entry, Bookmark& link) const = 0;
-    /// Notes damage where an entry of any kind has keys that no program writes so.
+    /// Reports damage where the keys of an entry are such as no program writes.
     virtual void requireSoundKeys(Object entry) const = 0;
-    /// Notes damage where an entry of that kind has more to it than it seems.
+    /// Reports damage where an entry that was read as Entry::Empty contains more.
     virtual void requireEmpty(Object entry) const = 0;
-    /// Notes damage where there are entries that no folder holds.
+    /// Reports damage where the list has entries in no folder.
     virtual void requireNoneLost() const = 0;
 
 protected:
@@ -43,7 +43,7 @@ protected:
     Text untitledUnless(const Text& name) const {
         return name.isEmpty() ? Text(services_.texts.text("Untitled")) : name;
     }
-    /// The folder that people have at hand.
+    /// Makes `folder` the favourites.
     void makeFavourites(Bookmark& folder) const {
         folder.setItemName(services_.texts.text("Favourites"));
         folder.setLabel(1);
@@ -93,7 +93,7 @@ public:
 
     void requireEmpty(Object entry) const override {
         const Object names = list_.value(entry, "URIDictionary");
-        // Here, too, an address may be under an empty key.
+        // Safari stores the address of some links under an empty key.
         if (names.kind() == Kind::Dictionary && names.count() > 0 &&
             list_.value(names, "").kind() == Kind::Damaged)
             list_.requireNone(names, {"title"});
@@ -156,7 +156,7 @@ private:
         return value.kind() == Kind::Date ? Date::fromReferenceSeconds(value.real()) : Date();
     }
 
-    // Of numbers all but zero, of texts those that begin as a yes or a number does.
+    // Returns whether a number is not zero, or a text begins as a yes or as such a number.
     static bool isTrue(Object value) {
         switch (value.kind()) {
         case Kind::Boolean:
@@ -233,9 +233,8 @@ private:
             levels_.push_back({children, 0, &parent});
     }
 
-    // Counts what looking at an entry costs, the dictionary included that entries may hold. Each entry of a
-    // sound list is looked at once; entries that lie in many folders, or in themselves, are too many at some
-    // point.
+    // Counts the cost of reading an entry, including the dictionary in it. A valid list is within the budget,
+    // since each entry is read once. Entries that are in many folders, or contain themselves, exceed it.
     bool charge(Object entry) {
         const std::uint64_t cost = 1 + entry.count() + list_.value(entry, "URIDictionary").count();
         if (cost > budget_)
@@ -277,7 +276,7 @@ private:
 template <class Entries>
 Result<Ref<Bookmark>> readBookmarks(std::string_view bytes, const BaseServices& services,
                                     Progress* progress) {
-    // The XML form takes longer to be read than what it holds.
+    // Parsing XML takes longer than reading its entries.
     const double opened = looksLikeXml(bytes) ? 0.75 : 0;
     PartialProgress opening(progress, 0, opened);
     PartialProgress walking(progress, opened, 1);

@@ -55,7 +55,7 @@ Text PlistEntries::text(Object entry, std::string_view key) {
     return shared = BinaryPlist::text(found);
 }
 
-// Writers leave no gaps: what follows a dictionary that was cut short are references.
+// Writers leave no gaps between objects. Where a dictionary was cut short, its references continue.
 bool PlistEntries::endsWhereAnotherBegins(Object dictionary) {
     const BinaryPlist& plist = list_.binary();
     if (begins_.empty()) {

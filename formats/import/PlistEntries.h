@@ -1,6 +1,6 @@
-// The entries of a browser's property list, with an eye on damage: what is damaged does not count as missing,
-// since the bookmarks below it would be missing too. Only binary lists are searched for traces of damage that
-// left a sound list behind; in XML such an entry is what its writer wrote. What entries mean is in
+// The entries of a browser's property list, with detection of damage. A damaged value must not count as
+// absent, since the bookmarks below it would be absent too. Only binary lists are searched for damage that
+// leaves a valid list; in XML such an entry is as it was written. The meaning of entries is in
 // PlistBookmarks.cpp.
 #pragma once
 
@@ -14,62 +14,76 @@
 
 namespace tabulon {
 
-/// Reading access to a list that must outlive it. What is wrong is noted, the first thing that is.
+/// Reads a property list and collects the first damage that is reported. Functions that report damage set
+/// `isDamaged()` and continue.
 class PlistEntries {
 public:
     using Object = PropertyList::Object;
     using Kind = PropertyList::Kind;
 
+    /// `list` must outlive this object.
     explicit PlistEntries(const PropertyList& list)
         : list_(list), budget_(8 * std::uint64_t{list.size()} + 4096) {}
 
-    /// The top dictionary, or whatever else is there.
+    /// Returns the top object, of any kind.
     Object top() { return object(list_.binary().topObject()); }
-    /// Element `index` of an Array, below its count.
+    /// Returns element `index` of `array`. Requires: an Array, and `index` is less than its count.
     Object element(Object array, std::uint64_t index) {
         return object(list_.binary().reference(array, index));
     }
-    /// The (last) value under a key of ASCII characters; Damaged, without a note, where there is none or
-    /// `dictionary` is no dictionary. Linear in the size of the dictionary.
+    /// Returns the value of `key` (ASCII) in `dictionary`, the last one where it is there twice. Returns an
+    /// object of the kind Damaged where there is none, or `dictionary` is no dictionary, without a report.
+    /// Reports damage where a key is no text or the value cannot be read. Linear in the size of the
+    /// dictionary.
     Object value(Object dictionary, std::string_view key);
-    /// The list of an entry's children, or Damaged where it has none. One that is no list is noted.
+    /// Returns the Array of an entry's children, or an object of the kind Damaged where it has none. Reports
+    /// damage where the children are of another kind.
     Object children(Object entry);
-    /// The text under a key, null for anything else. Entries may share one, or texts that overlap, a million
-    /// times: each is made once, and all together take no more than a small multiple of the list; more is
-    /// noted.
+    /// Returns the text of `key`, or a null text where the value is no text. Many entries may share a text,
+    /// or have texts that overlap; a long text is made once. Reports damage where all together would have
+    /// more than a small multiple of the size of the list.
     Text text(Object entry, std::string_view key);
 
-    /// Notes that a folder lists something that is no bookmark; does nothing for XML.
+    /// Reports that a folder contains a value that is no bookmark. Does nothing for XML.
     void noteForeignEntry();
-    /// For an entry that has none of these keys, as it seems: notes that it has one of them misspelt or with
-    /// something of the wrong kind under it, or that it is cut off. Whatever else it has is its writer's.
+    /// Reports damage if an entry has one of `keys`, even misspelt, or is cut off. To be called for an entry
+    /// that seemed to have none of them, which happens when their values are of the wrong kind. Other keys
+    /// are ignored. Does nothing for XML.
     void requireNone(Object entry, std::initializer_list<std::string_view> keys);
-    /// For an entry without these keys: notes that it has one of them misspelt. The keys are mostly the same
-    /// texts in all entries.
+    /// Reports damage if a key of `entry` is a misspelling of one of `keys`. Does nothing for XML.
     void requireNoneMisspelt(Object entry, std::initializer_list<std::string_view> keys);
-    /// Notes that an entry has one key twice, or a list under a misspelt "Children" or one of `noLists`.
+    /// Reports damage if an entry has a key twice, or has a list as the value of a misspelt "Children" or of
+    /// one of `noLists`. Does nothing for XML.
     void requireSoundKeys(Object entry, std::span<const std::string_view> noLists);
-    /// Notes that there are dictionaries with `enough` of these keys, or a list of children, that nothing
-    /// refers to which can be reached from the top. What the top refers to under other keys is its writer's.
+    /// Reports damage if a dictionary that cannot be reached from the top object has `enough` of `keys`, or a
+    /// list of children. Dictionaries that are reachable under other keys are ignored. Linear in the size of
+    /// the list. Does nothing for XML.
     void requireNoneLost(std::initializer_list<std::string_view> keys, std::ptrdiff_t enough);
 
+    /// Returns whether damage was reported.
     bool isDamaged() const { return !problem_.empty(); }
+    /// Returns the first damage that was reported, as a sentence. Requires: `isDamaged()`.
     tl::unexpected<Error> damage() const { return failure("The file is damaged: " + problem_); }
+    /// Reports damage. `what` is the end of a sentence; only that of the first call is kept.
     void damaged(std::string_view what);
 
 private:
-    static constexpr std::uint64_t kShort = 8; // no longer than what a shared text takes itself
+    static constexpr std::uint64_t kShort = 8; // units; sharing such a text costs as much as a copy
     static constexpr std::uint64_t kLongestKey = 32;
 
+    /// Returns the object, and reports damage where it cannot be read.
     Object object(std::uint64_t id);
+    /// Returns whether the object `key` is a text that is a misspelling of `known`.
     bool isMisspeltKey(std::uint64_t key, std::string_view known);
+    /// Returns for each object whether it can be reached from the top object.
     std::vector<bool> reachableObjects();
+    /// Returns whether an object, or the end of the objects, follows immediately after `dictionary`.
     bool endsWhereAnotherBegins(Object dictionary);
 
     const PropertyList& list_;
-    std::unordered_map<const std::uint8_t*, Text> texts_; // by where they lie
+    std::unordered_map<const std::uint8_t*, Text> texts_; // by the address of their bytes in the list
     std::uint64_t budget_;                                // units of texts
-    std::vector<bool> begins_;                            // by position in the file, once they were asked for
+    std::vector<bool> begins_;                            // by offset in the file; empty until the first use
     std::string problem_;
 };
 

@@ -1,5 +1,5 @@
-// The bytes of a file that is being scanned: searches that never leave them and count what they cost. What is
-// searched for, and in which order, is the scanner's affair.
+// The bytes of a file that is scanned: bounded searches that count the bytes they examine. The scanner
+// decides what to search for.
 #pragma once
 
 #include <algorithm>
@@ -9,12 +9,13 @@
 
 namespace tabulon {
 
-/// What may stand around a name or a tag.
+/// Returns whether `c` is a character that may surround a name or a tag.
 constexpr bool isBlank(char c) {
     return c == ' ' || c == '\t' || c == '\n' || c == '\r';
 }
 
-/// Positions count from the first byte; every position may lie beyond the end, where nothing is found.
+/// The bytes of a file, with searches in them. Positions are offsets in bytes. Every position may be beyond
+/// the end, where no search finds anything, unless a function requires otherwise.
 class ScannedBytes {
 public:
     static constexpr std::size_t npos = std::string_view::npos;
@@ -23,19 +24,19 @@ public:
     explicit ScannedBytes(std::string_view bytes) : bytes_(bytes) {}
 
     std::size_t size() const { return bytes_.size(); }
-    /// The byte at `position`, or a zero byte beyond the end.
+    /// Returns the byte at `position`, or a zero byte beyond the end.
     char at(std::size_t position) const { return position < bytes_.size() ? bytes_[position] : '\0'; }
-    /// Whether a literal stands at `position`.
+    /// Returns whether the bytes at `position` are `pattern`.
     template <std::size_t Size>
     bool startsAt(std::size_t position, const char (&pattern)[Size]) const {
         constexpr std::size_t length = Size - 1;
         return position < bytes_.size() && bytes_.size() - position >= length &&
                std::memcmp(bytes_.data() + position, pattern, length) == 0;
     }
-    /// Requires from <= to <= size().
+    /// Returns the bytes from `from` to before `to`. Requires: from <= to <= size().
     std::string_view range(std::size_t from, std::size_t to) const { return bytes_.substr(from, to - from); }
 
-    /// The first place at or after `from` and before `to` where `byte` stands, or npos.
+    /// Returns the first position of `byte` at or after `from` and before `to`, or npos. Linear.
     std::size_t find(char byte, std::size_t from, std::size_t to = npos) const {
         const std::size_t end = std::min(to, bytes_.size());
         if (from >= end)
@@ -50,7 +51,8 @@ public:
         examined_ += (place ? found + 1 : end) - from;
         return found;
     }
-    /// The same for a literal that stands whole before `to`.
+    /// Returns the first position of `pattern` at or after `from`, or npos where it does not end before or at
+    /// `to`.
     template <std::size_t Size>
     std::size_t find(const char (&pattern)[Size], std::size_t from, std::size_t to = npos) const {
         constexpr std::size_t length = Size - 1;
@@ -59,20 +61,20 @@ public:
             found = find(pattern[0], found + 1, to);
         return found;
     }
-    /// The last place at or after `from` and before `to` where `byte` stands, or npos. Requires
-    /// from <= to <= size().
+    /// Returns the last position of `byte` at or after `from` and before `to`, or npos. Requires: from <= to
+    /// <= size().
     std::size_t findBackwards(char byte, std::size_t to, std::size_t from) const {
         const std::size_t found = range(from, to).rfind(byte);
         countExamined(found == npos ? from : from + found, to + 1);
         return found == npos ? npos : from + found;
     }
 
-    /// Counts the bytes of a range that were looked at by other means than these searches.
+    /// Counts the bytes of a range that other code has examined.
     void countExamined(std::size_t from, std::size_t to) const {
         const std::size_t end = std::min(to, bytes_.size());
         examined_ += end > from ? end - from : 0;
     }
-    /// How many bytes were gone over so far, those counted twice that were gone over twice.
+    /// Returns the number of bytes examined, each counted as often as it was examined.
     std::size_t examined() const { return examined_; }
 
 private:
@@ -80,11 +82,11 @@ private:
     mutable std::size_t examined_ = 0;
 };
 
-/// Remembers the last answer of a forward search: what is found at p from s is found from everywhere in
-/// between. So searches from ever later places go over no byte twice.
+/// Caches the last result of a forward search. The result p of a search from s is also that of a search from
+/// every position between s and p. So searches from increasing positions examine each byte once.
 class RememberedSearch {
 public:
-    /// The answer of `search(from)`, which is called only where it is not known yet.
+    /// Returns the result of `search(from)`, which is called only if the result is not cached.
     template <class Search>
     std::size_t find(std::size_t from, Search search) {
         if (from < from_ || from > found_) {
@@ -95,7 +97,7 @@ public:
     }
 
 private:
-    std::size_t from_ = 1; // later than the answer: nothing is remembered yet
+    std::size_t from_ = 1; // greater than `found_`: nothing is cached yet
     std::size_t found_ = 0;
 };
 

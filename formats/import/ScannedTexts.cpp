@@ -9,7 +9,7 @@
 
 namespace tabulon {
 
-// Nearly every file is UTF-8 from end to end, which is known at once for all its texts.
+// Nearly every file is UTF-8 as a whole. One validation then serves all its texts.
 ScannedTexts::ScannedTexts(const ScannedBytes& bytes)
     : bytes_(bytes), isUtf8_(simdjson::validate_utf8(bytes.range(0, bytes.size()))) {
     bytes.countExamined(0, bytes.size());

@@ -1,4 +1,4 @@
-// The texts that stand in the bytes of a file that is being scanned: decoding and unescaping.
+// The texts in the bytes of a file that is scanned: decoding and unescaping.
 #pragma once
 
 #include "base/Text.h"
@@ -10,21 +10,22 @@ namespace tabulon {
 /// Makes texts of ranges of one file.
 class ScannedTexts {
 public:
-    /// Goes over the whole file once.
+    /// Validates the whole file once. `bytes` must outlive this object.
     explicit ScannedTexts(const ScannedBytes& bytes);
 
-    /// Whether the whole file is UTF-8.
+    /// Returns whether the whole file is UTF-8.
     bool isUtf8() const { return isUtf8_; }
 
-    /// What the bytes of the range stand for: decoded as UTF-8, each malformed part one U+FFFD, and
-    /// unescaped. Requires from <= to <= size.
+    /// Returns the text in a range of bytes: UTF-8 in which each malformed part is decoded to one U+FFFD,
+    /// with XML's references replaced. Requires: from <= to <= size.
     Text text(std::size_t from, std::size_t to) const;
 
-    /// The same with every line feed and carriage return among the bytes taken for a blank.
+    /// Returns the same text with a space for every line feed and carriage return in the bytes. Those that
+    /// references stand for are kept.
     Text line(std::size_t from, std::size_t to) const;
 
 private:
-    // No character reaches over `position`; true only in a file that is UTF-8 from end to end.
+    // Returns whether no character extends over `position`. False for a file that is not UTF-8.
     bool isBorder(std::size_t position) const {
         return isUtf8_ && !utf8::isContinuation(bytes_.at(position));
     }

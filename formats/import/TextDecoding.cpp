@@ -15,7 +15,7 @@ namespace {
 
 constexpr const char* kLastResort = "windows-1252";
 
-// A name that ICU does not know is taken for UTF-8's.
+// A name that ICU does not know counts as UTF-8.
 std::string converted(std::string_view bytes, const std::string& encoding) {
     std::optional<std::string> text = utf8FromEncoding(bytes, encoding);
     return text ? *std::move(text) : decodeUtf8Leniently(bytes);
@@ -31,7 +31,8 @@ struct CloseDetector {
     void operator()(uchardet_t detector) const { uchardet_delete(detector); }
 };
 
-// What the bytes look like; the beginning of a long text tells as much as the whole.
+// Returns ICU's name of the encoding that is detected from the bytes. The beginning of a long text is
+// sufficient.
 std::string detectedEncoding(std::string_view bytes) {
     constexpr std::size_t kEnough = std::size_t{1} << 20;
     const std::unique_ptr<uchardet, CloseDetector> detector(uchardet_new());
@@ -40,7 +41,7 @@ std::string detectedEncoding(std::string_view bytes) {
         return kLastResort;
     uchardet_data_end(detector.get());
     const auto converter = converterForLabel(uchardet_get_charset(detector.get()));
-    // It is not UTF-8: that was looked at before.
+    // The bytes are not UTF-8, which was checked before.
     return converter && !converter->empty() ? std::string(*converter) : kLastResort;
 }
 

@@ -1,5 +1,5 @@
-// The bytes of a file → text, with the encoding found out. For files that are read as text; readers of
-// formats with an encoding of their own do not come here.
+// The bytes of a file → text, with detection of the encoding. For files that are read as text; formats with
+// an encoding of their own do not use it.
 #pragma once
 
 #include <string>
@@ -8,25 +8,27 @@
 namespace tabulon {
 
 struct DecodedText {
-    /// UTF-8 without a byte-order mark; what cannot be decoded is U+FFFD.
+    /// UTF-8 without a byte-order mark, with U+FFFD for each part that cannot be decoded.
     std::string text;
-    /// ICU's name of the encoding that the bytes are in; empty for UTF-8 and UTF-16.
+    /// ICU's name of the encoding of the bytes; empty for UTF-8 and UTF-16.
     std::string encoding;
 };
 
 enum class TextKind { Plain, Html };
 
-/// Decodes by the byte-order mark; else, for HTML, by what the page says of itself in its first 1024 bytes;
-/// else as UTF-8 where the bytes are well-formed UTF-8; else by what the bytes look like; else as
-/// windows-1252. Every file can be decoded. Linear.
+/// Returns the text of `bytes`, in the first of these encodings that applies: the one of the byte-order mark;
+/// for HTML the one that the page declares in its first 1024 bytes; UTF-8 where the bytes are well-formed;
+/// the one that is detected from the bytes; windows-1252. Never fails. Linear.
 DecodedText decodeText(std::string_view bytes, TextKind kind);
 
-/// What a page says of its encoding in its first 1024 bytes: ICU's name, empty for UTF-8 and where it says
-/// nothing that is known; `found` tells the two apart.
+/// The encoding that a page declares in its first 1024 bytes.
 struct DeclaredEncoding {
+    /// False where the page declares no encoding that is known.
     bool found = false;
+    /// ICU's name of the encoding; empty for UTF-8.
     std::string converter;
 };
+/// Returns the declaration in the "meta" tags of `page`, in any encoding that extends ASCII.
 DeclaredEncoding declaredEncoding(std::string_view page);
 
 } // namespace tabulon

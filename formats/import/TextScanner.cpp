@@ -11,7 +11,7 @@ namespace tabulon {
 namespace {
 
 constexpr std::size_t npos = ScannedBytes::npos;
-/// How far before an "@" the beginning of its word is looked for.
+/// The limit on the bytes before an "@" that are searched for the beginning of its word.
 constexpr std::size_t kReach = 512;
 
 constexpr std::string_view kDelimiters("\0\t\n\r \"'(),;<>", 13);
@@ -27,7 +27,8 @@ bool isDelimiter(char c) {
     return kIsDelimiter[static_cast<unsigned char>(c)];
 }
 
-// How many bytes before "://" a scheme begins, guessed from its third letter from the end and its last one.
+// Returns the number of bytes from the beginning of a scheme to "://", guessed from the scheme's third letter
+// from the end and its last one.
 std::size_t schemeLength(char third, char last) {
     switch (ascii::lower(third)) {
     case 'a':
@@ -65,8 +66,8 @@ public:
     }
 
 private:
-    // Appends the link of the first marker from the cursor on, if it has one. Gives the next cursor, npos
-    // where there is no marker.
+    // Appends the link of the first marker from the cursor on, if it has one. Returns the next cursor, or
+    // npos where there is no marker.
     std::size_t scanOne(Bookmark& root, std::size_t cursor) {
         const std::size_t scheme = findScheme(cursor);
         const std::size_t mailto = findMailto(cursor);
@@ -85,7 +86,7 @@ private:
         return scheme_.find(cursor, [this](std::size_t from) { return bytes_.find("://", from); });
     }
 
-    // By its last byte, since its letters may be of either case.
+    // Searches for the colon, since the letters may be of either case.
     std::size_t findMailto(std::size_t cursor) {
         return mailto_.find(cursor, [this](std::size_t from) {
             constexpr std::string_view kLetters = "mailto";
@@ -99,7 +100,7 @@ private:
         });
     }
 
-    // Where the word of an "@" begins, no earlier than the cursor.
+    // Returns the position at which the word of an "@" begins, not before the cursor.
     std::size_t startOfWord(std::size_t at, std::size_t cursor) const {
         const std::size_t least = at - std::min(kReach - 1, at);
         for (std::size_t start = at; start > std::max(cursor, least); --start)
@@ -116,7 +117,7 @@ private:
         return reaches ? append(root, start) : marker + std::string_view("://").size();
     }
 
-    // Appends the link from `start` to the next delimiter; gives what is behind that.
+    // Appends the link from `start` to the next delimiter. Returns the position after that.
     std::size_t append(Bookmark& root, std::size_t start) {
         std::size_t end = start;
         while (end < bytes_.size() && !isDelimiter(bytes_.at(end)))

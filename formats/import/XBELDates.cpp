@@ -12,12 +12,12 @@
 namespace tabulon {
 namespace {
 
-// Reads the numbers of a date in its usual form, one after the other.
+// Reads the numbers of a date in its usual form, in order.
 class Fields {
 public:
     explicit Fields(std::string_view text) : text_(text) {}
 
-    // As many digits as `count` says, then `separator` unless that is 0.
+    // Reads `count` digits, then `separator` unless it is 0.
     int number(std::size_t count, char separator) {
         int value = 0;
         for (std::size_t i = 0; i < count; ++i) {
@@ -29,7 +29,7 @@ public:
             fits_ = take() == separator && fits_;
         return value;
     }
-    // "Z", or hours and minutes with a sign; in seconds.
+    // Reads "Z", or a sign, hours and minutes. Returns seconds.
     int offset() {
         const char sign = take();
         if (sign == 'Z')
@@ -50,7 +50,7 @@ private:
     bool fits_ = true;
 };
 
-// What nearly every file has, read without the calendar of a library.
+// The fast path for the form in nearly every file: it creates no calendar of ICU.
 std::optional<Date> usualDate(std::string_view text) {
     Fields fields(text);
     const int year = fields.number(4, '-');
@@ -63,7 +63,7 @@ std::optional<Date> usualDate(std::string_view text) {
     const std::chrono::year_month_day date{std::chrono::year(year),
                                            std::chrono::month(static_cast<unsigned>(month)),
                                            std::chrono::day(static_cast<unsigned>(day))};
-    // Before 1583 the calendar was another one.
+    // ICU uses the Julian calendar for earlier dates.
     if (!fields.fitted() || year < 1583 || !date.ok() || hour > 23 || minute > 59 || second > 59)
         return std::nullopt;
     const auto days = std::chrono::sys_days(date).time_since_epoch().count();
@@ -71,7 +71,7 @@ std::optional<Date> usualDate(std::string_view text) {
                                  offset);
 }
 
-// Any other spelling that the pattern allows.
+// Any other form that the pattern accepts.
 Date unusualDate(std::string_view text) {
     UErrorCode status = U_ZERO_ERROR;
     icu::SimpleDateFormat format(icu::UnicodeString(u"yyyy-MM-dd'T'HH:mm:ssZZZZZ"),

@@ -13,11 +13,12 @@ namespace {
 
 using pugi::xml_node;
 
-// Every top-level node counts, and a comment in front of a text hides the text.
+// All kinds of nodes are parsed: top-level nodes are counted, and a text after a comment is not the first
+// child.
 constexpr unsigned kParseFlags = pugi::parse_default | pugi::parse_declaration | pugi::parse_doctype |
                                  pugi::parse_comments | pugi::parse_pi;
 
-// The text of an element whose first child is a text, else null.
+// Returns the text of an element whose first child is a text, else null.
 Text firstText(xml_node element) {
     const xml_node first = element.first_child();
     return first.type() == pugi::node_pcdata ? Text::fromBytes(first.value()) : Text();
@@ -32,8 +33,8 @@ xml_node firstElementIn(xml_node parent) {
     return parent.find_child([](xml_node child) { return child.type() == pugi::node_element; });
 }
 
-// U+0000 is in no XML, but in texts, which our own export writes to the letter: the replacement character
-// stands for it.
+// XML cannot contain U+0000, but the text of a bookmark can, and the export writes it unchanged. It is read
+// as U+FFFD.
 void replaceZeros(std::string& utf8) {
     if (utf8.find('\0') == std::string::npos)
         return;
@@ -45,7 +46,7 @@ void replaceZeros(std::string& utf8) {
 
 class XBELWalk {
 public:
-    /// `size` is that of the file in bytes.
+    /// `size` is the size of the file in bytes.
     XBELWalk(const BaseServices& services, std::size_t size, Progress* progress)
         : now_(Date::now(services.clock)), progress_(progress, size) {}
 
@@ -70,7 +71,7 @@ public:
     }
 
 private:
-    /// What is left of a list of siblings, and the folder that it fills.
+    /// The rest of a list of siblings, and the folder to which it is added.
     struct List {
         xml_node next;
         Bookmark* folder;
@@ -85,7 +86,7 @@ private:
     void take(xml_node element, Bookmark& folder) {
         const std::string_view name = element.name();
         if (name == "xbel") {
-            // The rest of the list that it stands in is never read.
+            // The rest of the list that contains it is not read.
             lists_.back().next = element.first_child();
         } else if (name == "title") {
             folder.setItemName(firstText(element));

@@ -9,11 +9,17 @@
 
 namespace tabulon {
 
-/// The new root folder "Master" with what stands in the "xbel" element, which is looked for from the second
-/// top-level node on (the first is normally the XML declaration). Encodings by byte-order mark or declaration
-/// as XML has them; malformed UTF-8 decodes to U+FFFD. Elements that XBEL has and this program has not are
-/// passed over, so are tags of any owner but ".../tags". Dates that cannot be read are none. Fails with a
-/// sentence for what is no XML or has no second top-level node. Linear, without recursion.
+/// Returns the root folder "Master" with the bookmarks, folders and separators of an XBEL file. They are read
+/// from the second top-level node on (the first is normally the XML declaration). At an "xbel" element its
+/// children are read in place of the nodes after it. A "title" in it replaces the name "Master".
+///
+/// A link has its address, title, note, tags and dates; folders have their title only. Tags are read from
+/// metadata whose owner ends with "/tags" or is "tags". A date that cannot be parsed is null. Other elements
+/// of XBEL are ignored. The types of links are determined.
+///
+/// The encoding is that of the byte-order mark or the XML declaration; malformed UTF-8 is decoded to U+FFFD.
+/// Fails with a sentence for bytes that are empty, are no XML, or have no second top-level node. Fails with
+/// `cancelledByUser()` after the progress has cancelled. Linear, without recursion.
 Result<Ref<Bookmark>> readXBEL(std::string_view bytes, const ReadOptions& options);
 
 } // namespace tabulon

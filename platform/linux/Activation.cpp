@@ -1,6 +1,7 @@
-// On Wayland Qt takes the token from the environment. On X11 a program that the user is not working in may
-// not simply raise itself; a request that carries the time of the user's action, and says that the user asked
-// for it, is granted. The message that a start has been dealt with is the startup-notification protocol's.
+// On Wayland Qt takes the token from the environment. On X11 a window manager refuses a program that raises
+// itself while the user works in another one. It grants a request with the time of the user's action and the
+// mark that the user is its source. The message that a start is complete is that of the startup-notification
+// protocol.
 #include "platform/linux/Activation.h"
 
 #include "platform/linux/X11.h"
@@ -36,7 +37,7 @@ void sendToRoot(xcb_connection_t* connection, const xcb_client_message_event_t& 
     xcb_send_event(connection, 0, rootWindow(connection), mask, reinterpret_cast<const char*>(&event));
 }
 
-// "…_TIME<milliseconds>" at the end of a startup identifier; 0, which stands for now, without it.
+// Returns the time in milliseconds after "_TIME" in a startup identifier, or 0, the current time, without it.
 xcb_timestamp_t timeOf(std::string_view startupId) {
     constexpr std::string_view kMark = "_TIME";
     xcb_timestamp_t time = XCB_CURRENT_TIME;
@@ -53,7 +54,8 @@ void activateX11Window(xcb_connection_t* connection, const QWidget& window, xcb_
     sendToRoot(connection, event, XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
 }
 
-// The text goes out in pieces of twenty bytes, the first one marked as such, with a zero at its end.
+// Sends the text with a zero byte at its end in pieces of twenty bytes, the first one in a message of its own
+// type.
 void tellStartIsDone(xcb_connection_t* connection, const std::string& startupId) {
     std::string text = "remove: ID=\"";
     for (const char c : startupId) {
@@ -85,7 +87,8 @@ void readActivation(LaunchRequest& request) {
 }
 
 void beginActivation(const LaunchRequest& request) {
-    // Qt takes it out again with the first window that uses it, which may be one that is not shown yet.
+    // Set for each request: Qt removes it with the first window that uses it, which may be one that is not
+    // shown.
     const std::string& token = request.activationToken.empty() ? request.startupId : request.activationToken;
     if (token.empty())
         qunsetenv(kTokenVariable);

@@ -1,4 +1,5 @@
-// Coming to the front on behalf of what the user did in another program: a second start, a file manager.
+// Activation: raising a window on behalf of the user's action in another program, such as a second start or a
+// file manager.
 #pragma once
 
 #include "platform/SingleInstance.h"
@@ -7,15 +8,17 @@ class QWidget;
 
 namespace tabulon {
 
-/// What the desktop gave this start of the program for the user's action. Must be called before there is an
-/// application object, which takes it out of the environment.
+/// Sets the activation token and the startup identifier of `request` from the environment; both are empty
+/// where the desktop set none. Must be called before there is an application object, which removes them from
+/// the environment.
 void readActivation(LaunchRequest& request);
 
-/// Called before a request is performed: windows that come to the front from now on do it in its name.
+/// Prepares the activation of a request: windows raised from now on use its token. To be called before the
+/// request is performed.
 void beginActivation(const LaunchRequest& request);
 
-/// Called after it: sees to it that `window` (null for none) is in front, and tells the desktop that the
-/// start has been dealt with.
+/// Raises `window`, which may be `nullptr`, and reports to the desktop that the start is complete. To be
+/// called after the request is performed. Does nothing on displays other than X11.
 void endActivation(const LaunchRequest& request, QWidget* window);
 
 } // namespace tabulon

@@ -1,5 +1,5 @@
-// org.freedesktop.Application as the message bus sees it: its calls become requests. Whatever comes in is as
-// doubtful as any input; what it leads to is decided elsewhere.
+// The interface org.freedesktop.Application on the message bus. Its calls become requests. Arguments are
+// untrusted input; other code decides what a request does.
 #pragma once
 
 #include "platform/SingleInstance.h"
@@ -12,19 +12,23 @@
 
 namespace tabulon {
 
+/// The D-Bus adaptor of an object. Each call invokes `requested` with a request, on the main thread.
 class ApplicationAdaptor : public QDBusAbstractAdaptor {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    /// Lives as long as `object`, which is what the bus sees.
+    /// `object` is exported on the bus and owns the adaptor.
     ApplicationAdaptor(QObject* object, std::function<void(LaunchRequest)> requested)
         : QDBusAbstractAdaptor(object), requested_(std::move(requested)) {}
 
 public slots:
+    /// Requests that the program comes to the front. `platform_data` may contain an activation token and a
+    /// startup identifier.
     void Activate(const QVariantMap& platform_data);
+    /// Requests that files are opened. `uris` are passed on unchecked, in UTF-8.
     void Open(const QStringList& uris, const QVariantMap& platform_data);
-    /// Knows the actions of the desktop entry; others are passed over.
+    /// Requests an action of the desktop entry ("new-document"). Does nothing for other names.
     void ActivateAction(const QString& action_name, const QVariantList& parameter,
                         const QVariantMap& platform_data);
 

@@ -18,7 +18,7 @@ constexpr auto kName = "com.tabulon.Tabulon";
 constexpr auto kPath = "/com/tabulon/Tabulon";
 constexpr auto kInterface = "org.freedesktop.Application";
 
-// Where there is none, asking for it would start one, and leave it running.
+// A request for a session bus that does not run would start one that is never ended.
 bool hasSessionBus() {
     return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ||
            QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/bus");
@@ -50,7 +50,8 @@ QDBusMessage messageFor(const LaunchRequest& request) {
     return method("Activate") << platformData;
 }
 
-// A program that ends gives its name back before its object goes.
+// Returns whether an error means that the program has ended. A program that ends releases its name before its
+// object.
 bool tellsThatItIsGone(QDBusError::ErrorType error) {
     switch (error) {
     case QDBusError::NoReply:
@@ -76,7 +77,7 @@ DBusInstance::~DBusInstance() {
     DBusInstance::release();
 }
 
-// The object is there before the name is, so that nobody who finds the name finds nothing behind it.
+// The object is registered before the name, so that a process that finds the name also finds the object.
 SingleInstance::Role DBusInstance::claim() {
     if (!hasSessionBus())
         return Role::Alone;

@@ -1,5 +1,5 @@
-// The one running program of a session, found over the session's message bus: the name com.tabulon.Tabulon
-// and the desktop's interface for applications (org.freedesktop.Application) at /com/tabulon/Tabulon.
+// The single instance of a session, found by name on the session's message bus: com.tabulon.Tabulon, which
+// provides the desktop's interface for applications (org.freedesktop.Application) at /com/tabulon/Tabulon.
 #pragma once
 
 #include "platform/SingleInstance.h"
@@ -11,20 +11,31 @@
 
 namespace tabulon {
 
-/// Requires an application object. Without a session bus it is always alone.
+/// The single instance on the message bus. Without a session bus `claim` returns Alone. Requires: an
+/// application object.
 class DBusInstance : public QObject, public SingleInstance {
     Q_OBJECT
 
 public:
+    /// Creates the adaptor whose calls invoke `requested`. Registers nothing yet.
     DBusInstance();
+    /// Calls `release`.
     ~DBusInstance() override;
 
+    /// Registers the object and then the name. Returns Alone without a session bus, or where the bus refuses
+    /// one of them. Waits for the bus.
     Role claim() override;
+    /// Sends `request` and returns immediately. The call has no time limit. Requires: `claim` returned
+    /// Second.
     void handOver(const LaunchRequest& request) override;
+    /// Runs an event loop until the answer arrives, but no longer than `patience`. Requires: `handOver` was
+    /// called.
     Answer waitForAnswer(std::chrono::milliseconds patience) override;
+    /// Releases the name and then the object. Does nothing without a session bus.
     void release() override;
 
 private:
+    /// The request that was sent.
     std::optional<QDBusPendingCall> call_;
 };
 

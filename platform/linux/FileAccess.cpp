@@ -31,15 +31,14 @@ std::optional<std::string> attribute(const std::string& path, const char* name) 
     return value;
 }
 
-// Without the owner's rights: members of the old group are among the others now, and those of the new one
-// were.
+// Returns the permissions for a file of another group. Members of the old group are among the others then,
+// and members of the new group were.
 mode_t withoutGroup(mode_t permissions) {
     const mode_t both = permissions & (permissions >> 3) & 07;
     return (permissions & kOwnersPermissions) | both << 3 | both;
 }
 
-// Gives the file to whom the old one belonged, as far as the system allows it. True when it is the old
-// group's.
+// Sets the owner and the group as far as the system allows. Returns true if the group is that of `access`.
 bool takeOwner(int descriptor, const FileAccess& access) {
     constexpr auto kSameOwner = static_cast<uid_t>(-1);
     if (::fchown(descriptor, access.owner, access.group) == 0 ||
@@ -50,9 +49,9 @@ bool takeOwner(int descriptor, const FileAccess& access) {
 }
 
 void takePermissions(int descriptor, mode_t permissions) {
-    // What the folder lays down for new files is not what the old file had.
+    // The folder's default list for new files is not that of the old file.
     [[maybe_unused]] const int removed = ::fremovexattr(descriptor, kAccessList);
-    // A file system that refuses this has no permissions to keep.
+    // Fails on file systems without permissions.
     [[maybe_unused]] const int changed = ::fchmod(descriptor, permissions);
 }
 
@@ -74,14 +73,14 @@ FileAccess accessOf(const std::string& path, const struct stat& status) {
 }
 
 void takeAccess(int descriptor, const FileAccess& access) {
-    // First: a file that may not be written any more takes no attributes.
+    // Attributes first: they cannot be set on a file without write permission.
     for (const auto& [name, value] : access.attributes)
         [[maybe_unused]] const int kept =
             ::fsetxattr(descriptor, name.c_str(), value.data(), value.size(), 0);
     const bool hasGroup = takeOwner(descriptor, access);
     if (access.list.empty())
         return takePermissions(descriptor, hasGroup ? access.permissions : withoutGroup(access.permissions));
-    // The list has the permissions of all.
+    // The list includes the permission bits.
     const bool hasList =
         hasGroup && ::fsetxattr(descriptor, kAccessList, access.list.data(), access.list.size(), 0) == 0;
     if (!hasList)

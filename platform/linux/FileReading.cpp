@@ -8,7 +8,7 @@
 namespace tabulon {
 namespace {
 
-// Reads into `bytes`, from `filled` on, until they are full or the file ends. Returns errno.
+// Reads into `bytes` from index `filled` on, until they are full or the file ends. Returns 0, or errno.
 int readInto(int descriptor, std::string& bytes, std::size_t& filled) {
     while (filled < bytes.size()) {
         const ssize_t got = ::read(descriptor, bytes.data() + filled, bytes.size() - filled);
@@ -33,11 +33,11 @@ int readAll(int descriptor, std::string& bytes, const ReadLimits& limits) {
     const bool isFile = S_ISREG(status.st_mode);
     if (isFile && static_cast<std::size_t>(status.st_size) > limits.file)
         return EFBIG;
-    // Some files, such as those of /proc, are longer than they say.
+    // The files of /proc report size 0.
     const std::size_t most = S_ISCHR(status.st_mode)        ? limits.device
                              : isFile && status.st_size > 0 ? limits.file
                                                             : limits.pipe;
-    // One byte more than the size, so that the end is seen without growing.
+    // With one byte more than the size, the end is found without growing.
     bytes.resize(isFile && status.st_size > 0 ? static_cast<std::size_t>(status.st_size) + 1 : kStep);
     std::size_t filled = 0;
     while (true) {

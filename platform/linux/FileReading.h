@@ -1,4 +1,4 @@
-// Reading open files, whole or their beginning.
+// Reading of open files: the whole file or its beginning.
 #pragma once
 
 #include <cstddef>
@@ -6,19 +6,23 @@
 
 namespace tabulon {
 
-/// How many bytes are too many, in powers of two: of a file, which is read into memory whole, and of what
-/// does not tell its size, whose end may never come.
+/// The numbers of bytes that are too many, powers of two. Files are read into memory. Pipes and devices have
+/// no size in advance and may never end.
 struct ReadLimits {
+    /// For regular files.
     std::size_t file = std::size_t{1} << 32;
+    /// For pipes and sockets, and for regular files of size 0, such as those of /proc.
     std::size_t pipe = std::size_t{1} << 31;
+    /// For character devices.
     std::size_t device = std::size_t{1} << 26;
 };
 
-/// Reads what is left of an open file, pipe or device. Returns errno, EFBIG where there is too much: what
-/// does not tell its size may have no end.
+/// Replaces `bytes` by the rest of an open file, pipe or device. Waits for the other end of a pipe. Returns
+/// 0, or errno; EFBIG where a limit is reached. `bytes` is undefined after an error.
 int readAll(int descriptor, std::string& bytes, const ReadLimits& limits);
 
-/// Reads the next `size` bytes, or as many as there are. Returns errno.
+/// Replaces `bytes` by the next `size` bytes, or by fewer where the file ends. Returns 0, or errno; `bytes`
+/// is then what was read before.
 int readSome(int descriptor, std::string& bytes, std::size_t size);
 
 } // namespace tabulon

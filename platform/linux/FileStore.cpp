@@ -33,7 +33,7 @@ tl::unexpected<Error> problem(std::string_view what, const std::string& path, in
                    ErrorDomain::Posix, code);
 }
 
-// Gives errno, 0 when everything was written.
+// Returns 0 when everything was written, or errno.
 int writeAll(int descriptor, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
@@ -53,8 +53,9 @@ std::string folderOf(const std::string& path) {
     return slash == 0 ? "/" : path.substr(0, slash);
 }
 
-// The file that a chain of symbolic links leads to, also when that file is not there yet; the path itself
-// when there is no link, or the links lead round in a circle. Nothing where one of them is another user's.
+// Returns the file to which a chain of symbolic links leads; it need not exist. Returns the path itself where
+// it is no link, or the links form a circle. Returns `nullopt` where a link belongs to another user and
+// `links` is Refused.
 std::optional<std::string> target(const std::string& path, LinksOfOthers links) {
     constexpr int kMostLinks = 40;
     std::string file = path;
@@ -75,19 +76,20 @@ std::optional<std::string> target(const std::string& path, LinksOfOthers links) 
     return path;
 }
 
-// What a file is written with when there is none yet at its path.
+// Returns the permissions of a new file.
 mode_t modeOfNewFiles() {
     const mode_t mask = ::umask(0);
     ::umask(mask);
     return 0666 & ~mask;
 }
 
-// Some file systems cannot flush.
+// EINVAL: some file systems cannot flush.
 int flush(int descriptor) {
     return ::fsync(descriptor) == 0 || errno == EINVAL ? 0 : errno;
 }
 
-// Writes the bytes to the file, which takes over the access of another one where there is one. Returns errno.
+// Writes the bytes to the file and sets `access` on it, or the permissions of a new file. Returns 0, or
+// errno.
 int fill(const TemporaryFile& temporary, std::string_view bytes, const std::optional<FileAccess>& access) {
     if (!temporary.isOpen())
         return errno;
@@ -101,8 +103,8 @@ int fill(const TemporaryFile& temporary, std::string_view bytes, const std::opti
     return flush(descriptor);
 }
 
-// Puts a new file with the bytes in the place of `file`. Some systems let a file be made without a name and
-// refuse it one later: there the bytes are written once more. Returns errno.
+// Replaces `file` by a new file with the bytes. Some systems create a file without a name and refuse to name
+// it later; there the bytes are written again. Returns 0, or errno.
 int putInPlace(const std::string& file, std::string_view bytes, const std::optional<FileAccess>& access) {
     {
         TemporaryFile temporary(folderOf(file), TemporaryFile::Name::AtLast);
@@ -130,7 +132,7 @@ tl::unexpected<Error> refusal(std::string_view what, const std::string& path, st
 
 constexpr std::string_view kIsNoFile = "It is a device or a pipe, not a file";
 
-// The open file of this process that a path such as "/dev/stdout" stands for.
+// Returns the descriptor of this process that a path such as "/dev/stdout" names, or `nullopt`.
 std::optional<int> descriptorNamed(std::string_view path) {
     if (path == "/dev/stdout")
         return STDOUT_FILENO;
@@ -146,7 +148,7 @@ std::optional<int> descriptorNamed(std::string_view path) {
     return std::nullopt;
 }
 
-// A device or a pipe: there is nothing to replace.
+// Writes to a device or a pipe, which cannot be replaced.
 Result<void> writeInto(const std::string& path, std::string_view bytes) {
     const Descriptor descriptor(::open(path.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC));
     const int code = descriptor.isOpen() ? writeAll(descriptor.get(), bytes) : errno;
@@ -192,9 +194,9 @@ Result<std::string> PosixFileStore::readBeginning(const std::string& path, std::
     return read(path, size);
 }
 
-// The whole file where there is no `size`.
+// Reads the whole file where `size` is `nullopt`.
 Result<std::string> PosixFileStore::read(const std::string& path, std::optional<std::size_t> size) {
-    // Opening a pipe waits for its writer.
+    // Without O_NONBLOCK, opening a pipe waits for its writer.
     const int waiting = special_ == SpecialFiles::Used ? 0 : O_NONBLOCK;
     const Descriptor descriptor(::open(path.c_str(), O_RDONLY | O_NOCTTY | O_CLOEXEC | waiting));
     struct stat status = {};

@@ -1,4 +1,4 @@
-// The real file store, over the POSIX calls.
+// The file store of the POSIX system calls, and the standard streams.
 #pragma once
 
 #include "platform/FileStore.h"
@@ -9,24 +9,38 @@
 
 namespace tabulon {
 
-/// What becomes of devices, pipes and sockets. The command-line tool uses those that it is told to, and waits
-/// for the other end; the desktop program refuses them, because nothing in it may wait.
+/// Whether devices, pipes and sockets are used as files. The command-line tool uses those it is given, and
+/// waits for the other end. The desktop program must not wait, and refuses them with ENODEV.
 enum class SpecialFiles { Refused, Used };
 
+/// The files of the system. See platform/FileStore.h for the contracts.
 class PosixFileStore : public FileStore {
 public:
+    /// `limits` are those of reading a whole file.
     explicit PosixFileStore(SpecialFiles special = SpecialFiles::Refused, const ReadLimits& limits = {})
         : special_(special), limits_(limits) {}
+    /// Returns the bytes of a file. Fails with EFBIG where a limit is exceeded.
     Result<std::string> readFile(const std::string& path) override;
+    /// Returns the first `size` bytes of a file, or all of a smaller one.
     Result<std::string> readBeginning(const std::string& path, std::size_t size) override;
+    /// Replaces a file; a link of another user is refused with EPERM. Writes directly to a device or a pipe
+    /// where they are used.
     Result<void> writeFileAtomically(const std::string& path, std::string_view bytes) override;
+    /// Replaces a file as `writeFileAtomically`, and follows every link.
     Result<void> writeBack(const std::string& path, std::string_view bytes) override;
+    /// Returns whether the target of `path` exists, of any kind.
     bool fileExists(const std::string& path) override;
+    /// Returns the kind of the target of `path`.
     PathKind kindOf(const std::string& path) override;
+    /// Returns the identity of the target of `path`, or `nullopt` where it cannot be read.
     std::optional<FileIdentity> identityOf(const std::string& path) override;
+    /// Copies a file with its access. A link at `to` is replaced.
     Result<void> copyFile(const std::string& from, const std::string& to) override;
+    /// Removes a file or link. Succeeds where there is none.
     Result<void> removeFile(const std::string& path) override;
+    /// Creates a folder, and those above it, with the mode 0700. Succeeds where it exists.
     Result<void> makeFolder(const std::string& path) override;
+    /// Returns the sorted names in a folder; empty where it cannot be read.
     std::vector<std::string> namesInFolder(const std::string& path) override;
 
 private:
@@ -36,11 +50,12 @@ private:
     const ReadLimits limits_;
 };
 
-/// Everything that standard input holds. Fails with EFBIG where that is more than 64 MiB from a device or 2
-/// GiB from a pipe.
+/// Returns the bytes of standard input up to its end. Fails with errno and a sentence; with EFBIG for 64 MiB
+/// from a device, 2 GiB from a pipe, or more than 4 GiB from a file.
 Result<std::string> readStandardInput();
 
-/// Writes to standard output and flushes it; fails when the reader has gone or the disk behind it is full.
+/// Writes `bytes` to standard output, unbuffered. Fails with errno and a sentence, for example with EPIPE
+/// where its reader has ended, or ENOSPC where the disk is full.
 Result<void> writeStandardOutput(std::string_view bytes);
 
 } // namespace tabulon

@@ -18,7 +18,7 @@ std::string folderOf(const std::string& path) {
     return std::filesystem::path(path).parent_path().string();
 }
 
-// A name beside the file that nothing has yet.
+// Returns an unused name in the folder of the file.
 std::string nameForDamagedFile(FileStore& files, const std::string& path) {
     std::string name = path + ".damaged";
     for (int number = 2; files.kindOf(name) != PathKind::Nothing && number <= kMostKeptFiles; ++number)
@@ -90,7 +90,8 @@ void FileUserDefaults::takeIn(const SettingsText& text) {
     identity_ = files_.identityOf(path_);
 }
 
-// The file as it is now, free of damage; nothing when it cannot be had, which is reported.
+// Returns the file as it is, without damaged lines. Returns `nullopt` where it cannot be read, and reports
+// that.
 std::optional<SettingsText> FileUserDefaults::readText() {
     const auto trouble = [this](std::string reason) {
         report({SettingsProblem::Kind::Unreadable, path_, {}, std::move(reason)});
@@ -112,7 +113,7 @@ std::optional<SettingsText> FileUserDefaults::readText() {
                                        : withoutDamage(std::move(text), *bytes);
 }
 
-// Puts the damaged file aside, under a name of its own, before the lines that make sense take its place.
+// Copies the damaged file to a new name, and then replaces it by its readable lines.
 std::optional<SettingsText> FileUserDefaults::withoutDamage(SettingsText text, const std::string& bytes) {
     const std::string keptAs = nameForDamagedFile(files_, path_);
     Result<void> done = files_.writeFileAtomically(keptAs, bytes);
@@ -160,7 +161,7 @@ void FileUserDefaults::tellProblemsTo(std::function<void(const SettingsProblem&)
         tell_(problem);
 }
 
-// The same trouble at every try is told once.
+// The same problem at every attempt is reported once.
 void FileUserDefaults::report(SettingsProblem problem) {
     if (problem.kind != SettingsProblem::Kind::Damaged && lastTrouble_ == problem.kind)
         return;

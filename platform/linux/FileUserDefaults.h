@@ -1,4 +1,4 @@
-// Settings in a file that people can read and edit. What the file looks like is SettingsText's affair.
+// Settings in a text file that the user can read and edit. SettingsText.h defines its format.
 #pragma once
 
 #include "base/UserDefaults.h"
@@ -13,62 +13,70 @@
 
 namespace tabulon {
 
-/// Changes hold at once and reach the file a little later, many at a time: `write` puts them into the file as
-/// it is then, so that what other programs or people changed in it meanwhile stays. The file is replaced as a
-/// whole.
+/// Settings in a file. A change is in force immediately and is written later, together with others. `write`
+/// applies the changes to the file as it is then, so that changes by other programs are kept. The file is
+/// replaced atomically.
 ///
-/// Nothing in it is lost: a damaged file is put aside before what can be read of it is written anew; one that
-/// cannot be read is never written over; changes that cannot be written are kept and tried again with the
-/// next change and at the end.
+/// No value is lost. A damaged file is copied to another name before its readable lines replace it. A file
+/// that cannot be read is never replaced. Changes that cannot be written are kept, and written with the next
+/// change or by the destructor.
 class FileUserDefaults : public UserDefaults {
 public:
-    /// Larger files are no settings; they are left alone.
+    /// The limit on the size of the file in bytes. A larger file counts as one that cannot be read.
     static constexpr std::size_t kLargestFile = std::size_t{16} << 20;
 
-    /// Reads the file at `path`, which need not be there; it is made with its folder by the first write.
-    /// `files` must live longer.
+    /// Reads the file at `path`, which need not exist. The first write creates it, and its folder. `files`
+    /// must outlive this object.
     FileUserDefaults(FileStore& files, std::string path);
-    /// Writes what is not written yet.
+    /// Writes the changes. Waits up to two seconds for the lock of another program, and then writes without
+    /// it.
     ~FileUserDefaults() override;
     FileUserDefaults(const FileUserDefaults&) = delete;
     FileUserDefaults& operator=(const FileUserDefaults&) = delete;
 
+    /// Returns the value, else the registered default, else `nullopt`.
     std::optional<std::string> stringForKey(std::string_view key) const override;
     void setStringForKey(std::string_view key, std::string value) override;
     void removeKey(std::string_view key) override;
+    /// Reads the file again if it was changed. Changes that are not written stay in force.
     void refresh() override;
 
-    /// Called at the first change after a write: whoever has a main loop sees to it that `write` is called
-    /// soon. Without it changes are written at the end only.
+    /// Called at the first change after a write, to have the main loop call `write` soon. If it is empty,
+    /// changes are written by the destructor only.
     std::function<void()> writeSoon;
 
-    /// Writes the changes, if there are any. While another program is writing for longer than a moment they
-    /// stay unwritten, and `writeSoon` is called again.
+    /// Writes the changes, if there are any. If another program holds the lock on the folder for longer than
+    /// `FolderLock::kPatience`, they stay unwritten and `writeSoon` is called again. Problems are reported.
     void write();
 
-    /// `tell` is called once for each problem, also for those met before.
+    /// Sets the function that is called once for each problem, and calls it for the problems before.
     void tellProblemsTo(std::function<void(const SettingsProblem&)> tell);
 
 private:
+    /// Returns the text of the file without damaged lines, or `nullopt` where it cannot be read.
     std::optional<SettingsText> readText();
     enum class Chance { OneOfMany, Last };
+    /// Writes the changes. At the last chance it writes even while the lock is busy.
     void writeChanges(Chance chance);
+    /// Calls `writeSoon` unless a write is due.
     void askForWrite();
     std::optional<SettingsText> withoutDamage(SettingsText text, const std::string& bytes);
     void change(std::string_view key, std::optional<std::string> value);
+    /// Takes the values of the file, and its identity.
     void takeIn(const SettingsText& text);
+    /// Reports a problem, or stores it until `tellProblemsTo` is called.
     void report(SettingsProblem problem);
 
     FileStore& files_;
     const std::string path_;
-    SettingsText::Values values_; // as they are in the file
+    SettingsText::Values values_; // as in the file
     std::map<std::string, std::optional<std::string>, std::less<>>
-        changes_;                          // not written yet; nothing: removed
-    std::optional<FileIdentity> identity_; // of the file that the values are from
+        changes_;                          // not written yet; `nullopt` removes the key
+    std::optional<FileIdentity> identity_; // of the file from which the values were read
     bool writeIsDue_ = false;
     std::function<void(const SettingsProblem&)> tell_;
     std::vector<SettingsProblem> untold_;
-    std::optional<SettingsProblem::Kind> lastTrouble_; // Unreadable or Unwritable, told already
+    std::optional<SettingsProblem::Kind> lastTrouble_; // Unreadable or Unwritable, reported already
 };
 
 } // namespace tabulon

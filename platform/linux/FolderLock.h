@@ -1,5 +1,4 @@
-// A lock that programs hold on a folder while they change a file in it. It keeps apart only those that ask
-// for it.
+// An advisory lock on a folder, held while a file in it is changed. It excludes only programs that use it.
 #pragma once
 
 #include <chrono>
@@ -7,22 +6,24 @@
 
 namespace tabulon {
 
-/// Held as long as the object lives. It leaves no file behind, and the system releases it when the program
-/// ends.
+/// A lock that is held until the object is destroyed. It creates no file, and the system releases it when the
+/// process ends.
 class FolderLock {
 public:
+    /// The usual limit on waiting for another program.
     static constexpr std::chrono::milliseconds kPatience{300};
 
-    /// Waits until the folder is free, but no longer than `patience`: a program that hangs must not hold up
-    /// all others. Where the folder cannot be locked (it is not there, its file system has no locks) it is
-    /// not held.
+    /// Locks `folder`. Waits until the lock is free, but no longer than `patience`, so that a program that
+    /// hangs does not stop all others. Where the folder cannot be locked (it does not exist, its file system
+    /// has no locks) the lock is neither held nor busy.
     explicit FolderLock(const std::string& folder, std::chrono::milliseconds patience = kPatience);
     ~FolderLock();
     FolderLock(const FolderLock&) = delete;
     FolderLock& operator=(const FolderLock&) = delete;
 
+    /// Returns whether this object holds the lock.
     bool isHeld() const { return state_ == State::Held; }
-    /// Another program holds it still.
+    /// Returns whether another holder had the lock until `patience` was over.
     bool isBusy() const { return state_ == State::Busy; }
 
 private:

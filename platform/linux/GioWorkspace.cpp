@@ -14,7 +14,7 @@ struct Free {
     void operator()(char* text) const { g_free(text); }
 };
 
-// The first name of a themed icon, the path of one that is a file.
+// Returns the first name of a themed icon, the path of a file icon, or an empty string.
 std::string iconOf(GAppInfo* application) {
     GIcon* icon = g_app_info_get_icon(application);
     if (!icon)

@@ -1,4 +1,4 @@
-// The applications as GIO finds them in the desktop entries.
+// The applications that GIO finds in the desktop entries.
 #pragma once
 
 #include "platform/Workspace.h"
@@ -7,6 +7,8 @@ namespace tabulon {
 
 class GioWorkspace : public Workspace {
 public:
+    /// Returns the default application for the scheme "http", or `nullopt`. The name is UTF-8; the icon is
+    /// the name of a themed icon or the path of a file, or empty.
     std::optional<Application> defaultBrowser() override;
 };
 

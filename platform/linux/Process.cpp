@@ -12,7 +12,7 @@
 namespace tabulon {
 namespace {
 
-// Unlike SIG_IGN this is not inherited by the programs that are started.
+// Unlike SIG_IGN, a handler is not inherited by the programs that are started.
 void doNothing(int /*number*/) {}
 
 void survive(int number) {
@@ -29,14 +29,15 @@ void prepareProcess() {
     survive(SIGXFSZ);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         if (::fcntl(stream, F_GETFD) < 0 && errno == EBADF)
-            // The lowest free number is taken. The mode is the wrong one, so that reading or writing fails.
+            // `open` uses the lowest free number. The mode is the wrong one, so that reading or writing
+            // fails.
             [[maybe_unused]]
             const int opened = ::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
 }
 
 void writeStandardError(std::string_view text) {
     while (!text.empty()) {
-        // A pipe that takes anything takes this much without waiting.
+        // A pipe that is ready takes this much without waiting.
         const std::size_t size = std::min<std::size_t>(text.size(), PIPE_BUF);
         pollfd stream{STDERR_FILENO, POLLOUT, 0};
         if (::poll(&stream, 1, 0) != 1 || (stream.revents & POLLOUT) == 0)

@@ -1,18 +1,18 @@
-// What a program arranges for itself before it does anything else.
+// The preparation of the process, and output that cannot end or block it.
 #pragma once
 
 #include <string_view>
 
 namespace tabulon {
 
-/// Keeps the process from being ended, or misled, by where its output goes. A reader that has gone and a
-/// limit on the size of files become errors of the write, for this process alone: programs that it starts
-/// have the system's own behaviour. Standard streams that are closed become ones that fail, so that no
-/// document is opened under their numbers.
+/// Makes the process robust against the state of its standard streams. A write to a pipe without a reader, or
+/// beyond the limit on file sizes, fails instead of ending the process; programs that it starts have the
+/// system's default. Standard streams that are closed are opened such that they fail, so that no document
+/// gets their numbers. To be called first.
 void prepareProcess();
 
-/// Writes to standard error what fits there now. A line that cannot be written is dropped: it may be a closed
-/// stream, a full disk, or a pipe whose reader has gone or does not read.
+/// Writes to standard error as much of `text` as fits there without waiting. The rest is dropped where the
+/// stream is closed, the disk is full, or a pipe has no reader or a full buffer.
 void writeStandardError(std::string_view text);
 
 } // namespace tabulon

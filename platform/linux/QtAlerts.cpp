@@ -39,13 +39,13 @@ QMessageBox::ButtonRole roleFor(AlertButtonRole role) {
     return QMessageBox::AcceptRole;
 }
 
-// The box takes what looks like markup for markup; names of files and bookmarks are not.
+// A message box interprets text that looks like markup. Names of files and bookmarks are plain text.
 QString plain(const std::string& text) {
     const QString string = QString::fromStdString(text);
     return Qt::mightBeRichText(string) ? "<span>" + string.toHtmlEscaped() + "</span>" : string;
 }
 
-// A letter of its own for each button, so that none is out of reach of the keyboard.
+// Sets a mnemonic that no other button has, so that the keyboard reaches each button.
 QString withMnemonic(const std::string& title, QString& taken) {
     QString text = QString::fromStdString(title).replace('&', "&&");
     for (qsizetype i = 0; i < text.size(); ++i) {
@@ -57,7 +57,7 @@ QString withMnemonic(const std::string& title, QString& taken) {
     return text;
 }
 
-// What it does cannot be taken back: its title is red, in a shade that is good to read on the button.
+// The title of a button whose effect cannot be undone is red, in a shade with enough contrast.
 void makeRed(QAbstractButton& button) {
     QPalette palette = button.palette();
     const bool isDark = palette.color(QPalette::Button).lightness() < 128;
@@ -67,7 +67,7 @@ void makeRed(QAbstractButton& button) {
     button.setPalette(palette);
 }
 
-// The message stands out, the explanation has lines of a length that is good to read.
+// The message is bold, and the explanation has lines of readable length.
 void layOut(QMessageBox& box) {
     if (auto* message = box.findChild<QLabel*>("qt_msgbox_label")) {
         QFont bold = message->font();
@@ -78,7 +78,7 @@ void layOut(QMessageBox& box) {
         grid->addItem(new QSpacerItem(kSmallestWidth, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
-// While a later alert waits for its answer, this one cannot be closed either.
+// A disabled alert, which waits for a later one, cannot be closed.
 class AlertBox : public QMessageBox {
 public:
     using QMessageBox::QMessageBox;

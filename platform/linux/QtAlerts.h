@@ -1,4 +1,4 @@
-// Alerts as message boxes.
+// Alerts as message boxes of Qt.
 #pragma once
 
 #include "platform/Alerts.h"
@@ -12,19 +12,26 @@ class QMessageBox;
 
 namespace tabulon {
 
-/// The window that shows a document; for null, or when there is none, the one in front, or null.
+/// Returns the window that shows `document`. For `nullptr`, or a document without a window, it returns the
+/// active window, or `nullptr`. The window is not owned.
 using WindowFinder = std::function<QWidget*(const Document* document)>;
 
+/// Alerts that run nested event loops. See platform/Alerts.h for the contracts.
 class QtAlerts : public Alerts {
 public:
+    /// `windowFor` returns the window to which an alert belongs.
     explicit QtAlerts(WindowFinder windowFor) : windowFor_(std::move(windowFor)) {}
+    /// Runs an event loop until the user answers. Returns `kAlertFirstButton` plus the index of the button.
+    /// An alert with a document's window disables that window only.
     int runModal(const Alert& alert) override;
+    /// Runs the same with a check box.
     SuppressibleAnswer runModalSuppressible(const Alert& alert, const std::string& boxTitle) override;
 
-    /// True while an alert waits for its answer.
+    /// Returns whether an alert is open.
     bool isShowing() const { return !showing_.empty(); }
+    /// Returns whether an alert about `document` is open, or any alert for `nullptr`.
     bool isAskingAbout(const Document* document) const override;
-    /// Called when none does any more, before `runModal` returns.
+    /// Called when the last open alert has ended, before its `runModal` returns. May be empty.
     std::function<void()> lastOneEnded;
 
 private:
@@ -35,7 +42,8 @@ private:
         QMessageBox* box;
         const Document* document;
     };
-    /// The last one runs in the innermost event loop, so it is answered first.
+    /// The open alerts. The last one runs in the innermost event loop and must end first, so the others are
+    /// disabled.
     std::vector<Shown> showing_;
 };
 

@@ -9,6 +9,7 @@ namespace tabulon {
 
 class QtBeeper : public Beeper {
 public:
+    /// Plays the desktop's alert sound.
     void beep() override { QApplication::beep(); }
 };
 

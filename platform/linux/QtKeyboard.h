@@ -1,4 +1,4 @@
-// The modifier keys as the window system has them now, not as they were at the last event.
+// The current state of the modifier keys in the window system, not that of the last event.
 #pragma once
 
 #include "platform/Keyboard.h"
@@ -9,6 +9,7 @@ namespace tabulon {
 
 class QtKeyboard : public Keyboard {
 public:
+    /// Returns whether the Alt key is down.
     bool isOptionDown() override {
         return QGuiApplication::queryKeyboardModifiers().testFlag(Qt::AltModifier);
     }

@@ -21,9 +21,9 @@ QString nameFilter(const FileKind& kind) {
     return QString::fromStdString(kind.label) + " (" + patterns.join(' ') + ")";
 }
 
-// Calls `done` with the chosen paths, or none, when the dialog has ended. The dialog deletes itself; what
-// `done` does may take long and handle events, so it is called when nothing of the dialog is running any
-// more.
+// Calls `done` with the chosen paths, or an empty list, after the dialog has ended. The dialog deletes
+// itself. `done` may take long and handle events, so it is called from the main loop, when no function of the
+// dialog runs.
 void run(QFileDialog* dialog, QString& lastFolder, Panels::OpenDone done) {
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     QObject::connect(dialog, &QFileDialog::finished,
@@ -38,8 +38,8 @@ void run(QFileDialog* dialog, QString& lastFolder, Panels::OpenDone done) {
                          QMetaObject::invokeMethod(
                              qApp,
                              [window, done, paths] {
-                                 // A question that the panel asked ends in the same moment: some window
-                                 // managers then give the keyboard to nobody.
+                                 // If a question of the panel ends at the same time, some window managers
+                                 // leave no window active.
                                  if (window)
                                      window->activateWindow();
                                  done(paths);
@@ -54,7 +54,7 @@ void setKind(QFileDialog& dialog, const FileKind& kind) {
     dialog.setDefaultSuffix(QString::fromStdString(kind.extensions.front()));
 }
 
-// A name that a file can have: without slashes and line breaks, and not longer than file systems take.
+// Returns a valid file name: without slashes and control characters, and short enough for file systems.
 QString fileName(const std::string& proposed, const FileKind& kind) {
     constexpr qsizetype kMostBytes = 240;
     QString name = QString::fromStdString(proposed).replace('/', '-');
@@ -66,7 +66,7 @@ QString fileName(const std::string& proposed, const FileKind& kind) {
     return name + "." + QString::fromStdString(kind.extensions.front());
 }
 
-// A save panel with an area of options below the name of the file.
+// A save panel with an options area below the file name.
 class OptionsPanel : public QFileDialog, public SavePanelControl {
 public:
     OptionsPanel(QWidget* parent, const SavePanel& panel, const QString& folder)
@@ -75,11 +75,11 @@ public:
     }
     ~OptionsPanel() override { accessory_->setPanel(nullptr); }
 
-    // The dialog gives the name its new extension.
+    // The dialog replaces the extension of the name.
     void setAllowedFileType(const FileKind& kind) override { setKind(*this, kind); }
 
-    // The area has the menu of the formats: that of the file types goes. The keyboard reaches the area
-    // between the name and the buttons.
+    // Adds the area. It contains the menu of formats, so the dialog's own menu of file types is hidden. In
+    // the tab order the area is between the name and the buttons.
     void show(QWidget* area) {
         auto* grid = qobject_cast<QGridLayout*>(layout());
         if (!grid || !area)
@@ -110,13 +110,13 @@ QtPanels::QtPanels(WindowFinder windowFor)
 
 QString QtPanels::startFolder(const std::string& wanted, const QString& last) {
     const QString folder = wanted.empty() ? last : QFile::decodeName(wanted.c_str());
-    return QFileInfo(folder).isDir() ? folder : QDir::homePath(); // else its name is taken for a file's
+    return QFileInfo(folder).isDir() ? folder : QDir::homePath(); // else its name becomes the file name
 }
 
 void QtPanels::beginOpenPanel(const OpenPanel& panel, OpenDone done) {
     auto* dialog = new QFileDialog(windowFor_(panel.document), QString::fromStdString(panel.message),
                                    startFolder(panel.directory, lastFolder_));
-    dialog->setOption(QFileDialog::ReadOnly); // nobody makes folders where files are only opened
+    dialog->setOption(QFileDialog::ReadOnly); // no new folders where files are only opened
     dialog->setFileMode(panel.allowsMultipleSelection ? QFileDialog::ExistingFiles
                                                       : QFileDialog::ExistingFile);
     dialog->setLabelText(QFileDialog::Accept, QString::fromStdString(panel.prompt));

@@ -1,4 +1,4 @@
-// Open and save panels as file dialogs: the desktop's own where it has them.
+// Open and save panels as file dialogs: those of the desktop where it provides them.
 #pragma once
 
 #include "platform/Panels.h"
@@ -13,15 +13,21 @@ class QFileDialog;
 
 namespace tabulon {
 
-/// Panels with an options area are Qt's own: the desktop's have no room for one.
+/// File dialogs. A panel with an options area is Qt's own dialog, since those of the desktop cannot contain
+/// one. See platform/Panels.h for the contracts.
 class QtPanels : public Panels {
 public:
+    /// `windowFor` returns the window to which a panel belongs. The first panel starts in the desktop's
+    /// folder for documents.
     explicit QtPanels(WindowFinder windowFor);
 
-    /// Makes the view of an options area, whose parent is the panel. Null, here or from it, for none.
+    /// Makes the view of an options area, which the panel then owns. May be empty, and may return `nullptr`;
+    /// the panel then has no area.
     std::function<QWidget*(const std::shared_ptr<PanelAccessory>& accessory)> makeAccessoryView;
 
+    /// Opens a dialog and returns. `done` is called from the main loop after the dialog has ended.
     void beginOpenPanel(const OpenPanel& panel, OpenDone done) override;
+    /// Opens a dialog and returns, as `beginOpenPanel`. The proposed name is made a valid file name.
     void beginSavePanel(const SavePanel& panel, SaveDone done) override;
 
 private:
@@ -30,7 +36,7 @@ private:
 
     WindowFinder windowFor_;
     QString lastFolder_;
-    QString lastSaveFolder_; // apart, or a document would be saved beside the files of a browser
+    QString lastSaveFolder_; // separate: documents are not saved where a browser's files are opened
 };
 
 } // namespace tabulon

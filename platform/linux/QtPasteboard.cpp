@@ -16,11 +16,11 @@ namespace {
 constexpr std::string_view kLinkListType = "text/x-moz-url";
 using Clock = std::chrono::steady_clock;
 using Deadline = Clock::time_point;
-constexpr auto kPatience = std::chrono::seconds(4); // the toolkit waits five seconds for each form
+constexpr auto kPatience = std::chrono::seconds(4); // for all types; Qt waits five seconds for each
 
 constexpr std::size_t kLargestLinkList = std::size_t{1} << 28;
 
-// Qt under X11 takes such a list of another program for a list of URIs.
+// Qt on X11 reads such a list of another program as a list of URIs.
 void replaceLinkList(MimeContent& content, const char* selection) {
     if (const auto list = x11::readSelection(selection, kLinkListType.data(), kLargestLinkList))
         content.set(kLinkListType, *list);
@@ -44,7 +44,7 @@ MimeContent QtPasteboard::content(std::span<const std::string_view> types) {
     const QMimeData* held = QGuiApplication::clipboard()->mimeData();
     if (!held)
         return known;
-    // Asked once: a program that does not answer is waited for each time.
+    // Read once: each request to a program that does not answer waits for the limit.
     const QStringList formats = held->formats();
     const Deadline deadline = Clock::now() + kPatience;
     for (const std::string_view type : types)
@@ -70,7 +70,7 @@ MimeContent QtPasteboard::draggedContent(std::span<const std::string_view> types
 }
 
 void QtPasteboard::setContent(const MimeContent& content) {
-    auto* data = new QMimeData; // the clipboard takes it over
+    auto* data = new QMimeData; // owned by the clipboard
     for (const auto& [type, bytes] : content.forms())
         data->setData(typeName(type), QByteArray::fromStdString(bytes));
     QGuiApplication::clipboard()->setMimeData(data);

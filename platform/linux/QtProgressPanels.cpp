@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kSmallestWidth = 360;
 constexpr int kSteps = 1000;
-constexpr qint64 kPause = 40; // milliseconds between two looks at what the user does
+constexpr qint64 kPause = 40; // milliseconds between two updates that handle events
 
 class ProgressDialog : public QDialog {
 public:
@@ -78,7 +78,7 @@ private:
         dialog_ = std::make_unique<ProgressDialog>(panel_, owner_.windowFor_(panel_.document));
         QObject::connect(dialog_.get(), &QDialog::rejected, [this] { cancelled_ = true; });
         ++owner_.showing_;
-        dialog_->show(); // not open(), which would leave other windows free
+        dialog_->show(); // open() would leave other windows enabled
     }
 
     QtProgressPanels& owner_;

@@ -1,4 +1,4 @@
-// Progress panels as small dialogs that take all input of the program.
+// Progress panels as application-modal dialogs.
 #pragma once
 
 #include "platform/ProgressPanels.h"
@@ -6,13 +6,18 @@
 
 namespace tabulon {
 
+/// Progress panels that handle events from inside `Progress::goOn`. See platform/ProgressPanels.h for the
+/// contracts.
 class QtProgressPanels : public ProgressPanels {
 public:
+    /// `windowFor` returns the window to which a panel belongs.
     explicit QtProgressPanels(WindowFinder windowFor) : windowFor_(std::move(windowFor)) {}
+    /// Returns the progress of an operation that begins. Its `goOn` opens the panel after `kPatience`, and
+    /// then handles events every 40 milliseconds. Requires: this object outlives the result.
     std::unique_ptr<Progress> begin(const ProgressPanel& panel) override;
 
-    /// True while a panel is on the screen: events are handled from inside the work then, and nobody may
-    /// touch what it works on.
+    /// Returns whether a panel is open. Events are then handled from inside an operation, and its data must
+    /// not be changed.
     bool isShowing() const { return showing_ > 0; }
 
 private:

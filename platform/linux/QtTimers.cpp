@@ -7,7 +7,7 @@
 namespace tabulon {
 namespace {
 
-constexpr auto kPause = std::chrono::milliseconds(50); // after which work that had to wait is tried again
+constexpr auto kPause = std::chrono::milliseconds(50); // until postponed work is tried again
 
 class QtTimer : public Timer {
 public:

@@ -5,12 +5,16 @@
 
 namespace tabulon {
 
+/// Timers of the main thread's event loop. See platform/Timers.h for the contracts.
 class QtTimers : public Timers {
 public:
-    /// What becomes due while `mustWait` says so is done a little later; null for never.
+    /// While `mustWait` returns true, no work is called: that of `after` is postponed until it returns false,
+    /// and that of `every` skips the interval. An empty function counts as false.
     explicit QtTimers(std::function<bool()> mustWait = nullptr) : mustWait_(std::move(mustWait)) {}
 
+    /// Calls `work` once after `seconds`, which are rounded down to milliseconds.
     std::unique_ptr<Timer> after(double seconds, Work work) override;
+    /// Calls `work` every `seconds`, which are rounded down to milliseconds.
     std::unique_ptr<Timer> every(double seconds, Work work) override;
 
 private:

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::array kEndingSignals = {SIGTERM, SIGINT, SIGHUP};
 
-// A signal handler may do no more than write to a pipe. Only it and the one SessionEvents know this.
+// A signal handler may write to a pipe, but not much else. Used by the handler and the one SessionEvents.
 volatile std::sig_atomic_t signalPipe = -1;
 
 void noteSignal(int number) {

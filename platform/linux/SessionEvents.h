@@ -1,4 +1,4 @@
-// What the desktop tells a program about its life: another program comes to the front, the session ends.
+// Events of the program's life: its deactivation, and the end of the session.
 #pragma once
 
 #include <QObject>
@@ -7,18 +7,19 @@
 
 namespace tabulon {
 
-/// Calls come on the main thread, from the main loop.
+/// Reports events of the session. Functions are called on the main thread, from the main loop.
 class SessionEvents : public QObject {
 public:
-    /// `deactivated`: no window of the program is in front any more. `ending`: the session ends, or somebody
-    /// ends the program with SIGTERM, SIGINT or SIGHUP; it may come more than once. Requires an application
-    /// object, and to be the only one of its kind.
+    /// `deactivated` is called when no window of the program is active any more. `ending` is called when the
+    /// session ends, or the process receives SIGTERM, SIGINT or SIGHUP; it may be called more than once.
+    /// Requires: an application object, and no other object of this class.
     SessionEvents(std::function<void()> deactivated, const std::function<void()>& ending);
     ~SessionEvents() override;
 
 private:
     void watchSignals(const std::function<void()>& ending);
 
+    /// Passes signals to the main loop.
     int pipe_[2] = {-1, -1};
 };
 

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::string_view kBlank = " \t";
 constexpr std::string_view kOurSection = "[General]";
-// Takes the place of a section's line that cannot be read, so that its keys stay apart from ours.
+// Replaces the heading of a section that cannot be read, so that its keys do not become ours.
 constexpr std::string_view kDamagedSection = "[Damaged]";
 
 std::string_view trimmed(std::string_view text) {
@@ -34,7 +34,7 @@ std::string hexEscape(char c) {
     return fmt::format("\\x{:02X}", static_cast<unsigned>(static_cast<unsigned char>(c)));
 }
 
-// `special` are further characters that cannot stand there as they are.
+// Returns `text` with escapes. `special` are further characters to escape.
 std::string escape(std::string_view text, std::string_view special) {
     const bool escapeHighBytes = !isValidUtf8(text);
     std::string escaped;
@@ -56,7 +56,7 @@ std::string escape(std::string_view text, std::string_view special) {
     return escaped;
 }
 
-// A first or last character out of `special` as an escape; the others may stand.
+// Returns `text` with its first and last character escaped if they are in `special`.
 std::string withSafeEnds(std::string text, std::string_view special) {
     if (!text.empty() && special.find(text.back()) != std::string_view::npos)
         text = text.substr(0, text.size() - 1) + hexEscape(text.back());
@@ -73,7 +73,7 @@ std::optional<char> byteOf(std::string_view digits) {
     return static_cast<char>(byte);
 }
 
-// A backslash before anything else stands for itself.
+// Replaces escapes. A backslash before another character is kept.
 std::string unescape(std::string_view text) {
     constexpr std::string_view kLetters = "ntr\\\"";
     constexpr std::string_view kMeanings = "\n\t\r\\\"";
@@ -106,8 +106,8 @@ std::string lineFor(std::string_view key, std::string_view value) {
 } // namespace
 
 SettingsText::SettingsText(std::string_view bytes) {
-    // Some editors write another mark before the one that is there; one that stayed would be written first,
-    // and read as a mark.
+    // Some editors add a second mark. If it were kept, it would be the first bytes of the file that is
+    // written.
     while (byteOrderMarkOf(bytes) == ByteOrderMark::Utf8)
         bytes = withoutUtf8Mark(bytes);
     bool ours = true;

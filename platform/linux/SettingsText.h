@@ -1,5 +1,5 @@
-// The text of a settings file, and changes to it that leave everything else as it stands: comments, unknown
-// keys, other sections, the order of lines. Reading and writing the file is FileUserDefaults' affair.
+// The text of a settings file, and changes that keep everything else in it: comments, unknown keys, other
+// sections, the order of lines. FileUserDefaults.h reads and writes the file.
 #pragma once
 
 #include <map>
@@ -9,32 +9,39 @@
 
 namespace tabulon {
 
-/// Lines `KEY = VALUE` in a section [General], which need not be named. Lines that begin with # or ; are
-/// comments; lines of other sections are none of ours. Where a key stands twice, its last line counts. A
-/// value may stand in quotation marks. In keys and values \n, \t, \r, \\, \" and \xHH (a byte) stand for what
-/// cannot be there as it is, so that every value survives, whatever bytes it has.
+/// A text of lines `KEY = VALUE` in the section [General], whose heading may be missing. Lines that begin
+/// with # or ; are comments. Lines of other sections are kept and not read. Where a key is set twice, its
+/// last line counts. A value may be in quotation marks. In keys and values the escapes \n, \t, \r, \\, \" and
+/// \xHH (a byte) stand for characters that a line cannot contain, so every value is read back unchanged,
+/// whatever its bytes.
 class SettingsText {
 public:
     using Values = std::map<std::string, std::string, std::less<>>;
 
     SettingsText() = default;
-    /// Any bytes. Lines that make no sense (no key, no UTF-8, control characters) are counted and left out.
+    /// Parses `bytes`, which may be any; byte-order marks are removed. Lines that cannot be read (without a
+    /// key, not in UTF-8, with control characters) are counted and dropped. The heading of a section that
+    /// cannot be read is replaced. Linear.
     explicit SettingsText(std::string_view bytes);
 
+    /// Returns the number of lines that could not be read.
     std::size_t unreadableLines() const { return unreadableLines_; }
+    /// Returns the values of the section [General], without quotation marks and escapes.
     const Values& values() const { return values_; }
 
-    /// `key` is not empty.
+    /// Sets a value: replaces the last line of the key, or adds one at the end of the section. Any bytes.
+    /// Requires: `key` is not empty.
     void set(std::string_view key, std::string_view value);
+    /// Removes all lines of a key in the section. Does nothing for an unknown key.
     void remove(std::string_view key);
 
-    /// The whole file.
+    /// Returns the whole file. Each line ends with a line feed.
     std::string bytes() const;
 
 private:
     struct Line {
         std::string text;
-        std::string key;  // empty for a line that sets nothing of ours
+        std::string key;  // empty for a line without a key of our section
         bool ours = true; // in our section
     };
 

@@ -1,4 +1,4 @@
-// The real clock, the real log and what the environment says of the user's language.
+// The system's clock, the log and the locale of the environment.
 #pragma once
 
 #include "base/Clock.h"
@@ -9,26 +9,29 @@
 
 namespace tabulon {
 
+/// The system's clock.
 class SystemClock : public Clock {
 public:
+    /// Returns seconds since 2001-01-01 00:00 UTC.
     double secondsSinceReferenceDate() const override;
+    /// Returns an empty string, which means the system's time zone.
     std::string timeZone() const override { return {}; }
 };
 
-/// Lines on standard error, as far as it takes them.
+/// Writes lines to standard error, as far as it takes them without waiting.
 class StandardErrorLog : public SystemLog {
 public:
     void log(std::string_view line) override;
 };
 
-/// Keeps nothing.
+/// Discards all lines.
 class SilentLog : public SystemLog {
 public:
     void log(std::string_view /*line*/) override {}
 };
 
-/// The name of the locale that the environment asks for (LC_ALL, LC_COLLATE, LANG), such as "de_DE.UTF-8";
-/// empty when it asks for none.
+/// Returns the name of the environment's locale (LC_ALL, else LC_COLLATE, else LANG), such as "de_DE.UTF-8";
+/// empty where none is set.
 std::string environmentLocale();
 
 } // namespace tabulon

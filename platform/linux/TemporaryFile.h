@@ -1,4 +1,4 @@
-// The file that is filled before it takes the place of another one.
+// The temporary file that is written before it replaces another one.
 #pragma once
 
 #include <unistd.h>
@@ -7,9 +7,10 @@
 
 namespace tabulon {
 
-/// An open file that closes itself.
+/// Owns a file descriptor and closes it.
 class Descriptor {
 public:
+    /// Takes ownership of `number`; a negative one is no open file.
     explicit Descriptor(int number) : number_(number) {}
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
@@ -17,6 +18,7 @@ public:
         if (number_ >= 0)
             ::close(number_);
     }
+    /// Closes the descriptor and takes ownership of `number`.
     void reset(int number) {
         if (number_ >= 0)
             ::close(number_);
@@ -29,25 +31,26 @@ private:
     int number_;
 };
 
-/// It has no name at first where the file system can do that, so that a program that is killed leaves nothing
-/// behind. Only the user can use it until somebody grants more. It goes unless it was renamed.
+/// A temporary file of the user's. Where the file system allows it, it has no name at first, so that a
+/// process that is killed leaves no file. Its mode is 0600. The destructor removes it unless it was renamed.
 class TemporaryFile {
 public:
     enum class Name { AtLast, AtOnce };
-    /// With `Name::AtOnce` it has a name from the beginning, also where it need not.
+    /// Creates a file in `folder`. With `Name::AtOnce` it always has a name.
     TemporaryFile(const std::string& folder, Name name);
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
     ~TemporaryFile();
 
     int descriptor() const { return descriptor_.get(); }
-    /// False when none could be made; errno says why.
+    /// Returns false where the file could not be created; errno has the reason.
     bool isOpen() const { return descriptor_.isOpen(); }
 
-    /// Gives it a name next to the file that it is to replace; does nothing for one that has a name. Returns
-    /// errno: some systems refuse to name an open file.
+    /// Creates a name for the file in its folder. Does nothing for a file with a name. Returns 0, or errno:
+    /// some systems refuse to name an open file.
     int giveName();
-    /// Takes the place of the file at `path`, a symbolic link included. Requires a name. Returns errno.
+    /// Renames the file to `path`, and replaces a file or symbolic link there. Returns 0, or errno. Requires:
+    /// a name.
     int rename(const std::string& path);
 
 private:

@@ -1,5 +1,5 @@
-// What the X11 parts of the desktop services share: the toolkit's connection, atoms, the root window. Empty
-// on other displays.
+// Functions that the X11 parts of the desktop services share: the toolkit's connection, atoms, the root
+// window.
 #pragma once
 
 #include <xcb/xcb.h>
@@ -17,12 +17,15 @@ struct Free {
 template <class Reply>
 using Owned = std::unique_ptr<Reply, Free>;
 
-/// The toolkit's connection; nullptr where the display is not X11. Requires the application object.
+/// Returns the toolkit's connection, or `nullptr` on displays other than X11. Not owned. Requires: the
+/// application object.
 xcb_connection_t* connection();
 
+/// Returns the root window of the first screen.
 xcb_window_t rootWindow(xcb_connection_t* connection);
 
-/// The atom of that name, made where it is missing; XCB_ATOM_NONE when the server does not answer.
+/// Returns the atom of that name, which is created if it is missing, or XCB_ATOM_NONE where the server does
+/// not answer. Waits for the server.
 xcb_atom_t atom(xcb_connection_t* connection, std::string_view name);
 
 } // namespace tabulon::x11

@@ -12,10 +12,10 @@
 namespace tabulon {
 namespace {
 
-constexpr int kRequestHeader = 100; // bytes, with room to spare
+constexpr int kRequestHeader = 100; // bytes, generously
 constexpr auto kType = "text/x-moz-url";
 
-// Browsers take addresses without titles from a list of URIs, wherever one is offered.
+// Browsers prefer a list of URIs, which has no titles, wherever one is offered.
 bool prefersUriLists(xcb_connection_t* connection, xcb_window_t window) {
     constexpr std::uint32_t kSize = 64; // in units of four bytes
     const auto cookie = xcb_get_property(connection, 0, window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 0, kSize);
@@ -44,7 +44,7 @@ void notify(xcb_connection_t* connection, const xcb_selection_request_event_t& r
     xcb_flush(connection);
 }
 
-// When it takes a piece, and when it goes.
+// Selects the events for property changes, which request the next piece, and for the window's destruction.
 void watch(xcb_connection_t* connection, xcb_window_t window, bool watches) {
     const std::uint32_t events =
         watches ? XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY : XCB_EVENT_MASK_NO_EVENT;
@@ -99,7 +99,7 @@ QByteArray X11LinkLists::listOf(xcb_atom_t selection) const {
 bool X11LinkLists::answer(const xcb_selection_request_event_t& request) {
     if (request.selection == drag_ && request.target == uris_ && !dragged_.isEmpty() &&
         prefersUriLists(connection_, request.requestor)) {
-        notify(connection_, request, XCB_ATOM_NONE); // it asks for the list with titles next
+        notify(connection_, request, XCB_ATOM_NONE); // it requests the list with titles next
         return true;
     }
     if (request.target != links_)
@@ -117,7 +117,7 @@ int X11LinkLists::largestPiece() const {
     return static_cast<int>(size) - kRequestHeader;
 }
 
-// A list that does not fit into one request goes piece by piece, each when the one before was taken.
+// A list that does not fit into one request is sent in pieces, each after the one before was read.
 void X11LinkLists::send(const xcb_selection_request_event_t& request, const QByteArray& list) {
     const xcb_atom_t property = request.property == XCB_ATOM_NONE ? request.target : request.property;
     if (list.size() <= largestPiece()) {
@@ -137,7 +137,7 @@ void X11LinkLists::forget(xcb_window_t window) {
     std::erase_if(transfers_, [window](const auto& each) { return each.first.first == window; });
 }
 
-// The last piece is an empty one.
+// An empty piece is the end of the list.
 bool X11LinkLists::sendNextPiece(const xcb_property_notify_event_t& change) {
     const auto found = transfers_.find({change.window, change.atom});
     if (found == transfers_.end())

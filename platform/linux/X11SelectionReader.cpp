@@ -12,7 +12,7 @@ namespace {
 
 using Time = std::chrono::steady_clock::time_point;
 
-constexpr auto kPatience = std::chrono::seconds(2); // with each piece
+constexpr auto kPatience = std::chrono::seconds(2); // for each piece
 constexpr auto kPatienceInAll = std::chrono::seconds(10);
 constexpr std::uint32_t kPiece = 1 << 18; // in units of four bytes
 
@@ -73,8 +73,8 @@ private:
         return false;
     }
 
-    // Appends what the property holds and deletes it, which asks for the next piece. Returns its type;
-    // nullopt when there is too much.
+    // Appends the value of the property and deletes it, which requests the next piece. Returns its type, or
+    // `nullopt` where there is too much.
     std::optional<xcb_atom_t> takeProperty(std::string& bytes) {
         xcb_atom_t type = XCB_ATOM_NONE;
         std::uint32_t offset = 0;

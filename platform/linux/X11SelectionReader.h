@@ -1,4 +1,4 @@
-// Reading a selection of another X11 program as it is, past the toolkit, which changes some types on the way.
+// Reading of a selection of another X11 program without the toolkit, which converts some types.
 #pragma once
 
 #include <cstddef>
@@ -7,10 +7,11 @@
 
 namespace tabulon::x11 {
 
-/// Returns the bytes that the owner of `selection` ("CLIPBOARD", "XdndSelection") has for `target`. Returns
-/// nullopt when it has none, does not answer or go on within two seconds, takes more than ten in all, or
-/// sends more than `largest` bytes. Asks on a connection of its own, so no event of the toolkit is handled
-/// meanwhile. Requires that the owner is another process: this one could not answer.
+/// Returns the bytes of `selection` ("CLIPBOARD", "XdndSelection") in the type `target`. Returns `nullopt`
+/// where its owner does not provide the type, does not answer or continue within two seconds, takes more than
+/// ten seconds in all, or sends more than `largest` bytes. Uses a connection of its own, so no event of the
+/// toolkit is handled meanwhile. Requires: the owner is another process, since this one cannot answer while
+/// it waits.
 std::optional<std::string> readSelection(const char* selection, const char* target, std::size_t largest);
 
 } // namespace tabulon::x11

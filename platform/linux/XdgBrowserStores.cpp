@@ -12,11 +12,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Where a browser's user data is in each packaging; empty where there is no such packaging.
+/// The folder of a browser's user data in each packaging; empty where there is no such packaging.
 struct BrowserFolders {
     std::string_view browser;
-    std::string_view native; // below the folder for settings
-    std::string_view snap;   // below the home folder, as the next
+    std::string_view native; // relative to the folder for settings
+    std::string_view snap;   // relative to the home folder, like `flatpak`
     std::string_view flatpak;
 };
 
@@ -64,7 +64,7 @@ struct Found {
     fs::file_time_type written;
 };
 
-// The file counts when it is there and can be looked at.
+// Adds the file if it exists and its date can be read.
 void look(const fs::path& path, std::vector<Found>& found) {
     std::error_code problem;
     if (!fs::is_regular_file(path, problem))
@@ -76,8 +76,8 @@ void look(const fs::path& path, std::vector<Found>& found) {
 
 } // namespace
 
-// Profiles are folders directly in a browser's data ("Default", "Profile 2", "x1y2z3.default-release"); Opera
-// has its only one in the folder itself.
+// Profiles are folders in the folder of a browser's data ("Default", "Profile 2", "x1y2z3.default-release").
+// The only profile of Opera is that folder itself.
 std::vector<std::string> XdgBrowserStores::bookmarkFiles(std::string_view browser) {
     const std::string_view name = browser == kFirefox ? "places.sqlite" : "Bookmarks";
     std::vector<Found> found;

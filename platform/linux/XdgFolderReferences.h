@@ -1,4 +1,4 @@
-// User-chosen folders, kept as plain paths in the settings.
+// Folders that the user has chosen, stored as paths in the settings.
 #pragma once
 
 #include "base/UserDefaults.h"
@@ -7,16 +7,19 @@
 
 namespace tabulon {
 
+/// Stores paths in the settings. See platform/FolderReferences.h for the contracts.
 class XdgFolderReferences : public FolderReferences {
 public:
-    /// Both must live longer.
+    /// The arguments must outlive this object.
     XdgFolderReferences(UserDefaults& defaults, FileStore& files) : defaults_(defaults), files_(files) {}
 
+    /// Returns the stored path, or `nullopt` where it is not absolute or does not exist.
     std::optional<std::string> resolve(std::string_view key) override;
     void store(std::string_view key, const std::string& path) override;
-    /// The desktop's folder for documents (XDG user directories), if it is there.
+    /// Returns the desktop's folder for documents (XDG user directories), or `nullopt` where it does not
+    /// exist.
     std::optional<std::string> documentsFolder() override;
-    /// `stateFolder()` of XdgFolders.h.
+    /// Returns `stateFolder()` of XdgFolders.h.
     std::string stateFolder() override;
 
 private:

@@ -8,13 +8,13 @@
 namespace tabulon {
 namespace {
 
-// A relative path in the variable counts as none.
+// A relative path in the variable is ignored, as the rules for these variables require.
 std::string baseFolder(const char* variable, const char* fallback) {
     const char* value = std::getenv(variable);
     return value && *value == '/' ? value : homeFolder() + "/" + fallback;
 }
 
-// What stands between the quotation marks of a line KEY="VALUE", as a shell would take it.
+// Returns the text between the quotation marks of a line KEY="VALUE", with the shell's escapes.
 std::string shellValue(std::string_view quoted) {
     std::string value;
     if (quoted.starts_with("$HOME")) {
@@ -31,7 +31,7 @@ std::string shellValue(std::string_view quoted) {
     return value;
 }
 
-// A folder by the desktop's list of the user's folders, else `fallback` in the home folder.
+// Returns a folder from the desktop's list, else `fallback` in the home folder.
 std::string userFolder(FileStore& files, const std::string& key, std::string_view fallback) {
     const std::string start = "\n" + key + "=\"";
     const Result<std::string> list = files.readFile(configFolder() + "/user-dirs.dirs");

@@ -1,4 +1,5 @@
-// Where the desktop wants a program's files, and where the user keeps documents.
+// The folders that the desktop specifies for a program's files and for the user's documents. All paths are
+// absolute and in the file system's encoding.
 #pragma once
 
 #include "platform/FileStore.h"
@@ -7,23 +8,24 @@
 
 namespace tabulon {
 
-/// The user's home folder. In the file system's encoding, like all paths.
+/// Returns the user's home folder: `$HOME` if it is absolute, else that of the user database, else "/".
 std::string homeFolder();
 
-/// `$XDG_CONFIG_HOME`, else `~/.config`: the settings of all programs.
+/// Returns the folder for the settings of all programs: `$XDG_CONFIG_HOME`, or `~/.config` where that is not
+/// absolute.
 std::string configFolder();
 
-/// `$XDG_CONFIG_HOME/tabulon` (else `~/.config/tabulon`): the settings.
+/// Returns the folder for this program's settings: `tabulon` in `configFolder()`.
 std::string settingsFolder();
 
-/// `$XDG_STATE_HOME/tabulon` (else `~/.local/state/tabulon`): what the program remembers by itself.
+/// Returns the folder for this program's state: `$XDG_STATE_HOME/tabulon`, or `~/.local/state/tabulon`.
 std::string stateFolder();
 
-/// The user's folder for documents by the desktop's list of such folders (`user-dirs.dirs`), else
-/// `~/Documents`. It need not be there.
+/// Returns the user's folder for documents from the desktop's list of folders (`user-dirs.dirs`), else
+/// `~/Documents`. It need not exist.
 std::string documentsFolder(FileStore& files);
 
-/// The same for what is downloaded, else `~/Downloads`.
+/// Returns the user's folder for downloads from the same list, else `~/Downloads`. It need not exist.
 std::string downloadsFolder(FileStore& files);
 
 } // namespace tabulon

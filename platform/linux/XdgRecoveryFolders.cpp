@@ -34,7 +34,7 @@ Result<std::string> XdgRecoveryFolders::makeOwn() {
     std::error_code error;
     fs::create_directories(parent_, error);
     fs::permissions(parent_, fs::perms::owner_all, error);
-    // Another run may take a new folder for an abandoned one in the moment before it is locked.
+    // Another run may adopt a new folder before it is locked here.
     for (int attempt = 0; attempt < 3; ++attempt) {
         std::string path = parent_ + "/run-XXXXXX";
         if (!mkdtemp(path.data()))

@@ -1,4 +1,5 @@
-// Recovery folders below the state folder, one for each run, told apart by locks that end with the process.
+// Recovery folders, one for each run of the program. A folder is in use while its lock is held, which ends
+// with the process.
 #pragma once
 
 #include "platform/RecoveryFolders.h"
@@ -10,22 +11,28 @@
 
 namespace tabulon {
 
-/// Folders that are empty at the end go with the object.
+/// Creates and adopts recovery folders. The destructor removes those that are empty. See
+/// platform/RecoveryFolders.h for the contracts.
 class XdgRecoveryFolders : public RecoveryFolders {
 public:
-    /// `parent` is the folder that holds those of all runs; made when it is needed.
+    /// `parent` is the folder of the recovery folders of all runs. It is created with the first of them.
     explicit XdgRecoveryFolders(std::string parent);
     ~XdgRecoveryFolders() override;
 
+    /// Returns the path of this run's folder, which is created if it is missing. Fails with errno and a
+    /// sentence.
     Result<std::string> ownFolder() override;
+    /// Returns the sorted paths of the folders whose lock is free, and locks them for this run.
     std::vector<std::string> adoptAbandonedFolders() override;
 
 private:
+    /// A folder of this run, and its lock.
     struct Held {
         std::string path;
         std::unique_ptr<FolderLock> lock;
     };
 
+    /// Creates and locks a folder for this run.
     Result<std::string> makeOwn();
 
     const std::string parent_;
