@@ -1,5 +1,5 @@
-// The options area of the export panel as widgets. Which options a format has, and what they stand for, is
-// window/AccessoryViewController.h's affair.
+// The options area of the export panel as widgets. Which options a format has, and their settings, are in
+// window/AccessoryViewController.h.
 #pragma once
 
 #include "base/Localization.h"
@@ -18,10 +18,13 @@ class QLayout;
 
 namespace tabulon {
 
+/// The area. It makes the panel higher by the options of a format when that is chosen.
 class ExportOptions : public QWidget {
     Q_OBJECT
 
 public:
+    /// Loads `controller` and makes the widgets. Shares the ownership of `controller`. Requires: `texts`
+    /// outlives this object.
     ExportOptions(std::shared_ptr<AccessoryViewController> controller, const Localization& texts);
 
 private:
@@ -42,7 +45,8 @@ private:
     QList<std::pair<QCheckBox*, const CheckBox*>> boxes_;
 };
 
-/// The view of `accessory`, or null for one that has none here.
+/// Returns a new view of `accessory`, owned by the caller, or `nullptr` if there is none. Requires: `texts`
+/// outlives the view.
 QWidget* makeAccessoryView(const std::shared_ptr<PanelAccessory>& accessory, const Localization& texts);
 
 } // namespace tabulon

@@ -47,7 +47,7 @@ QString oneLine(std::string_view utf8) {
 }
 
 QString oneLine(std::string_view utf8, int width) {
-    // No letter takes less than a pixel for each of its bytes.
+    // A letter is at least one pixel wide for each of its bytes.
     const std::size_t room = kSmallestRoom + static_cast<std::size_t>(std::max(width, 0));
     if (utf8.size() <= room)
         return oneLine(utf8);

@@ -1,5 +1,6 @@
-// The outline in a window: rows of one height over a flat model, so that everything it does takes the time of
-// the rows on the screen and not of all rows. Split by concern: _painting, _input, _editing, _dragging.
+// The outline in a window: rows of one height over a flat model, so that the time of every operation depends
+// on the rows on the screen and not on all rows. The code is split by concern: _painting, _input, _editing,
+// _dragging.
 #pragma once
 
 #include "window/CellContent.h"
@@ -22,44 +23,53 @@ class OutlineHeader;
 class OutlineModel;
 class ViewController;
 
+/// The view of the rows. It reports what the user does to the controller, and makes no decisions.
 class OutlineWidget : public QAbstractItemView, public OutlineView {
     Q_OBJECT
 
 public:
-    /// The controller must live until `detach`. `columnTitles` are those of Name, URL and Tags.
+    /// `columnTitles` are those of Name, URL and Tags. Requires: the controller exists until `detach` is
+    /// called.
     OutlineWidget(ViewController& controller, const QStringList& columnTitles, QWidget* parent);
 
-    /// Shows nothing from now on and leaves the controller alone.
+    /// Detaches the view from the controller, and shows no rows after that.
     void detach();
 
-    /// Column widths and places.
+    /// Returns the header, with the widths and places of the columns.
     OutlineHeader& header() const { return *header_; }
 
-    /// The controller that it shows; null once detached.
+    /// Returns the controller, or `nullptr` after `detach`.
     ViewController* controller() const { return controller_; }
-    /// Expands a collapsed folder and collapses an expanded one; leaves other rows alone.
+    /// Expands a collapsed folder and collapses an expanded one. Does nothing for other rows.
     void toggleRow(std::size_t row);
 
-    // What the field of a cell that is edited asks.
+    // Called by the field of a cell that is edited.
 
+    /// Returns the text of the cell as it is stored.
     QString fieldText(const QModelIndex& index) const;
+    /// Returns the place of the field in the viewport.
     QRect fieldRect(const QModelIndex& index) const;
+    /// Reports to the controller that the field has ended with this text.
     void endField(const QModelIndex& index, const QString& text);
 
     /// Selects the row alone, makes it the current one and scrolls to it.
     void goToRow(std::size_t row);
 
-    // Drops that come in elsewhere in the window: whether this drag is of interest, offering it and taking it
-    // at a spot, and its end.
+    // Drops on other parts of the window, which are passed to the outline.
 
+    /// Reads the items of a drag that enters, and returns whether they can be dropped on an outline.
     bool beginDragOver(const QDropEvent& event);
+    /// Accepts or ignores the event, as the controller decides about a drop at `spot`, and returns whether it
+    /// was accepted.
     bool offerDrop(QDropEvent* event, const DropSpot& spot);
+    /// Performs a drop at `spot`, if the controller accepts it, and ends the drag over the outline.
     void performDrop(QDropEvent* event, const DropSpot& spot);
+    /// Ends the drag over the outline: releases its items and removes the mark of the drop's place.
     void endDragOver();
-    /// How long a drag rests on a collapsed folder before that opens, in milliseconds.
+    /// How long a drag rests on a collapsed folder before that is expanded, in milliseconds.
     static constexpr int kSpringDelay = 700;
 
-    /// The context menu is gone: commands act on the selected rows again.
+    /// Called when the context menu was closed. Commands act on the selected rows again.
     void contextMenuDidClose();
 
     // OutlineView
@@ -95,8 +105,9 @@ public:
     void keyboardSearch(const QString& search) override;
 
 signals:
-    /// A context menu is wanted at this place on the screen. The row under the pointer is the controller's
-    /// clicked row until `contextMenuDidClose`; there is none when a key asks for the menu.
+    /// Emitted when a context menu is to be opened at this place on the screen. The row under the pointer is
+    /// the controller's clicked row until `contextMenuDidClose` is called. There is no clicked row if the
+    /// menu was requested by a key.
     void contextMenuWanted(const QPoint& place);
 
 protected:
@@ -128,7 +139,7 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    // Where the parts of a Name cell stand, in the viewport.
+    // The places of the parts of a Name cell, in the viewport.
     struct NameCellLayout {
         QRect triangle;
         QRect status;
@@ -190,14 +201,14 @@ private:
     Qt::SortOrder sortOrder_ = Qt::AscendingOrder;
     int iconSize_ = 16;
     QPersistentModelIndex edited_;
-    int changesOfController_ = 0;              // that go on: the selection changes without the user
-    std::vector<PasteboardItem> draggedItems_; // over this outline
+    int changesOfController_ = 0;              // changes of the rows or the selection that are in progress
+    std::vector<PasteboardItem> draggedItems_; // of the drag over this outline
     const Outline* dragSource_ = nullptr;
     std::optional<DropSpot> dropSpot_;
     QBasicTimer springTimer_;
     QString typed_;
     QElapsedTimer sinceTyped_;
-    mutable QHash<QByteArrayView, QIcon> icons_; // by names that live as long as the program
+    mutable QHash<QByteArrayView, QIcon> icons_; // by names, which are static
 };
 
 } // namespace tabulon

@@ -1,5 +1,5 @@
-// The panel of a document's versions: the list by date, what changed since the chosen one, and the buttons
-// that open it or put it back. It decides nothing.
+// The panel of a document's versions: the list by date, the differences from the chosen version, and the
+// buttons that open or restore it. The controller makes all decisions.
 #pragma once
 
 #include "app/VersionsController.h"
@@ -19,11 +19,12 @@ namespace tabulon {
 
 class DifferencesModel;
 
+/// The panel, as a sheet. It shares the ownership of its controller.
 class VersionsSheet : public QDialog, private VersionsPanel {
     Q_OBJECT
 
 public:
-    /// Deletes itself when it is closed.
+    /// Creates the panel and passes it to `setPanel`. It deletes itself when it is closed.
     VersionsSheet(std::shared_ptr<VersionsController> controller, QWidget* window);
     ~VersionsSheet() override;
 
