@@ -125,7 +125,7 @@ void AppDelegate::terminate() {
         terminating_ = false;
         if (closed &&
             requestQueue_
-                .hasMore()) // what was to be opened has kept the last document from ending the program
+                .hasMore()) // closing the last document does not stop the program while requests wait
             end();
     });
 }

@@ -29,7 +29,7 @@ struct Source {
     DocumentController& documents;
 };
 
-// One menu: its fixed rows, and the function that completes them, or null.
+// One menu: its fixed rows, and the function that completes them, or `nullptr`.
 struct Entry {
     std::string_view titleKey;
     std::span<const Row> rows = {};

@@ -37,7 +37,8 @@ public:
     std::uint64_t size() const { return size_; }
     double newest() const { return entries_.back().kept; }
 
-    // Returns the place of the version whose removal leaves the shortest gap; of equal ones the oldest.
+    // Returns the place of the version whose removal leaves the shortest gap; of equal ones, and of two
+    // versions, the older one.
     std::size_t leastMissed() const {
         std::size_t best = 0;
         double smallest = std::numeric_limits<double>::infinity();

@@ -27,8 +27,8 @@ std::vector<std::size_t> versionsTooClose(std::span<const KeptVersion> versions,
 
 /// Returns the indexes of versions to remove, in ascending order, so that the others take at most `limit`
 /// bytes. The next one is always from the document that takes the most space and has more than one version:
-/// the version with the shortest time between its neighbours, never the document's newest one. When each
-/// document has one version left, the oldest of them is removed.
+/// the version with the shortest time between its neighbours, of two versions the older one, and never the
+/// document's newest one. When each document has one version left, the oldest of them is removed.
 std::vector<std::size_t> versionsOverLimit(std::span<const KeptVersion> versions, std::uint64_t limit);
 
 } // namespace tabulon

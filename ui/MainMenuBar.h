@@ -40,12 +40,19 @@ signals:
     void menuWillOpen();
 
 private:
+    /// Records which widget had the keyboard whenever the bar takes it.
     void noteKeyboardBefore();
+    /// Records the widget that commands of an opened menu act on.
     void noteTarget();
+    /// Runs the action of an item on that widget, or else on the rows or the application.
     void perform(const MenuItem& item);
+    /// Adds the menu at this place, with its items that have keys.
     void addMenuAt(std::size_t place, QSet<QChar>& takenLetters);
+    /// Builds the content of a menu that is about to be shown.
     void refill(QMenu* menu, std::size_t place);
+    /// Adds these items to a menu.
     void fill(QMenu* menu, const std::vector<MenuItem>& items);
+    /// Adds one item to a menu.
     void add(QMenu* menu, const MenuItem& item, const QString& title);
 
     const MainMenu& content_;

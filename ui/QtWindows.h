@@ -30,10 +30,12 @@ public:
     QWidget* windowFor(const Document* document) const;
 
 private:
+    /// The window as the controllers own it.
     class Window;
 
     AppDelegate* app_ = nullptr;
     const Platform* platform_ = nullptr;
+    /// The windows that exist. Not owned.
     std::vector<DocumentMainWindow*> windows_;
 };
 

@@ -75,7 +75,7 @@ QString toolTipText(std::string_view utf8) {
         std::ranges::any_of(lines, [](const QString& line) { return line.size() > kShortLine; });
     return QString("<p style=\"white-space:%1\">%2</p>")
         .arg(QString(wraps ? "pre-wrap" : "pre"),
-             text.toHtmlEscaped()); // wrapping would break short lines as well
+             text.toHtmlEscaped()); // "pre-wrap" would break short lines as well
 }
 
 QColor readableColor(const LabelColor& color, const QColor& base, const QColor& text) {

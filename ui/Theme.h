@@ -26,10 +26,13 @@ public:
     explicit Theme(ColorScheme scheme);
 
 private slots:
+    /// Called when a setting of the desktop has changed.
     void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 
 private:
+    /// Requests the desktop's colour scheme, and its later changes.
     void askPortal();
+    /// Sets the palette of the application.
     void apply(bool dark);
 };
 

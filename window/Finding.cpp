@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t kPortion = 20'000; // nodes, searched in a few milliseconds
 constexpr double kEditingPause = 0.25;   // seconds
 
-// The first `count` characters of UTF-8 text, or all of it.
+// Returns the first `count` characters of UTF-8 text, or all of it.
 std::string_view firstCharacters(std::string_view text, std::size_t count) {
     std::size_t end = 0;
     while (end < text.size()) {

@@ -196,8 +196,8 @@ void GetInfoController::keepChange() {
         saveBookmark();
 }
 
-// A panel beside its window is open while the user or a command changes the rows. Returns whether a field has
-// to be shown anew.
+// A panel beside its window is open while the user or a command changes the rows. Returns whether the panel
+// has to show the fields again.
 bool GetInfoController::takeOverChanges() {
     bool isTaken = false;
     const auto take = [&](auto get, auto set) {
@@ -206,7 +206,7 @@ bool GetInfoController::takeOverChanges() {
         if (now == before)
             return;
         std::invoke(set, *known_, now);
-        if (std::invoke(get, *duplicate_) != before) // changed here as well
+        if (std::invoke(get, *duplicate_) != before) // also changed in the panel
             return;
         std::invoke(set, *duplicate_, now);
         isTaken = true;

@@ -33,7 +33,7 @@ class InfoPanel {
 public:
     virtual ~InfoPanel() = default;
 
-    /// Shows the contents of the fields anew, after a change of the item or of its fields.
+    /// Shows the contents of the fields again, after a change of the item or of its fields.
     virtual void reloadFields() = 0;
     /// Enables and disables the four buttons.
     virtual void setButtons(const InfoButtons& buttons) = 0;
@@ -153,14 +153,24 @@ public:
     void selectTags(const std::string& string);
 
 private:
+    /// Makes `node` the original and fills the panel, if there is one.
     void show(Bookmark& node);
+    /// Shows the fields, selects the name and updates the buttons. Requires: isShown().
     void fillPanel();
+    /// Shows the fields and the title. Requires: isShown().
     void showFields();
+    /// Copies values that were changed in the tree, but not in the panel, to the working copy. Returns
+    /// whether there were any.
     bool takeOverChanges();
+    /// Returns whether the node is in the outline's tree. The time is linear in its depth.
     bool isInTree(const Bookmark& node) const;
+    /// Saves a change and selects the item's row. Does nothing after `outlineIsGone`.
     void doneBookmark();
+    /// Writes the working copy to the original, with the modification date, and makes the document dirty.
     void saveBookmark();
+    /// Saves a change and shows `target`. Beeps if it is `nullptr` or not in the tree.
     void step(Bookmark* target);
+    /// Enables the buttons of the items that can be shown.
     void updateButtons();
 
     Outline* outline_; ///< null after `outlineIsGone`

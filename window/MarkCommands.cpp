@@ -93,7 +93,7 @@ void MarkCommands::deleteSheetExecute() {
     deleteBookmarksConditionalCommand(removalOptions(platform_.base.defaults));
 }
 
-// All rows are laid out anew once, even if a single link is removed.
+// All rows are laid out again once, even if a single link is removed.
 Removal MarkCommands::deleteBookmarksConditional(const RemovalOptions& options) {
     const std::vector<Bookmark*> selected = outline_.selectedItems();
     Removal removal;

@@ -33,7 +33,6 @@ std::string oneLine(std::string_view text) {
 // Writes the lists of links. All of them are left out if one is too long.
 class LinkListWriter {
 public:
-    /// A link itself, or all links below a folder, in their order.
     // Adds a link, or all links below a folder in their order.
     void add(const Bookmark& node) {
         if (!node.isFolder())

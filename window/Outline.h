@@ -161,11 +161,11 @@ private:
     std::vector<PointerObserver*> pointerObservers_;
     std::optional<std::size_t> hoveredRow_;
     std::optional<std::size_t> clickedRow_;
-    bool changesManyRows_ = false; // the rows are laid out anew at the end
+    bool changesManyRows_ = false; // the rows are laid out again at the end
 };
 
 /// While it exists, `insertChild` and `removeItem` change the tree without the rows. Its destructor lays out
-/// all rows anew, once, with none selected. It has no effect for a `count` up to `kRowsHandledSingly`.
+/// all rows again, once, with none selected. It has no effect for a `count` up to `kRowsHandledSingly`.
 /// Requires: the caller holds the nodes that it removes until then, and no other ManyRows of the outline
 /// exists.
 class Outline::ManyRows {

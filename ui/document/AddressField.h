@@ -27,8 +27,10 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    /// Shows the address, percent-encoded or as it is.
     void showAddress(bool coded);
 
+    /// The address as it is.
     QString address_;
 };
 

@@ -72,10 +72,15 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    /// Restores the stored columns, and stores what the user changes.
     void rememberColumns();
+    /// Gives the window the size of the last one that the user has resized, as far as the screen has room.
     void restoreGeometryOfLastWindow();
+    /// Returns whether a drop is inserted into the document, and not opened as files.
     bool takesLinks(const QDropEvent& event) const;
+    /// Opens dropped files. With `intoDocument`, files that cannot be opened become bookmarks.
     void takeFiles(const std::vector<std::string>& files, bool intoDocument);
+    /// Makes the document the current one.
     void becomeKey();
 
     ViewController* controller_;

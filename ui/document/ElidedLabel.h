@@ -24,7 +24,9 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// Returns the area inside the margins.
     QRect textArea() const;
+    /// Returns whether the text does not fit.
     bool isCut() const;
 };
 

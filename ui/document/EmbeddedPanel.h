@@ -28,7 +28,9 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// Emits `left` when the keyboard moves from the panel to another widget.
     void keyboardMoved(QWidget* from, QWidget* to);
+    /// Places the panel in its window.
     void place();
 
     QDialog& panel_;

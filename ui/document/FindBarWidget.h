@@ -42,18 +42,27 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// Creates the button with the menu of recent searches.
     QWidget* makeRecentsButton(const Localization& texts);
+    /// Fills the menu when it is opened.
     void fillRecents(QMenu* menu, const Localization& texts);
+    /// Restarts the pause after which the text is searched for.
     void textWasEdited();
+    /// Searches for the text of the field.
     void searchNow();
+    /// Stores the recent search and searches for it, or selects the next match.
     void returnWasPressed();
+    /// Runs the controller's command, which hides the bar.
     void hideBar();
 
     FindBarController* controller_;
     Finding& finding_;
+    /// The widgets are owned by this one.
     LineField* field_;
     QLabel* matches_;
+    /// Runs while the user types.
     QTimer pause_;
+    /// Whether the user has typed since the last search.
     bool editing_ = false;
 };
 

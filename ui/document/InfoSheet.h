@@ -55,12 +55,18 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    /// Creates the fields and their labels.
     void makeFields(QFormLayout* form, const Localization& texts);
+    /// Creates the row of buttons.
     QWidget* makeButtons(const Localization& texts);
+    /// Creates a button, with a shortcut, that runs a step of the controller.
     QToolButton* stepButton(Qt::ArrowType arrow, const QString& title, const QKeySequence& key,
                             void (GetInfoController::*step)());
+    /// Connects the fields to the controller.
     void reportChanges();
+    /// Moves the keyboard to `field`, unless the window around the panel has it.
     void takeKeyboard(QWidget* field);
+    /// Saves a change if the panel is shown.
     void keepChange();
 
     std::shared_ptr<GetInfoController> controller_;

@@ -70,9 +70,13 @@ public:
 
 private:
     OutlineWidget* outline() const;
+    /// Returns the title of a column, created if need be.
     QAccessibleInterface* title(Column column) const;
+    /// Returns a cell, created if need be.
     QAccessibleInterface* cell(int row, Column column) const;
+    /// Registers a part, which Qt owns after that, and returns it.
     QAccessibleInterface* keep(qint64 key, QAccessibleInterface* made) const;
+    /// Deletes the parts from this key on.
     void forgetFrom(qint64 firstKey);
 
     mutable QHash<qint64, QAccessible::Id> children_; // by row and column, titles as row -1

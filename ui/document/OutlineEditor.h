@@ -26,10 +26,13 @@ public:
                               const QModelIndex& index) const override;
 
 private:
+    /// Reports the text of the field and closes it.
     void end(QWidget& field);
+    /// Keeps the field open until the keyboard has left the menu bar.
     void keepWhileMenuBarHasKeyboard(QWidget& field);
 
     OutlineWidget& outline_;
+    /// Exists while a field waits for the menu bar.
     QMetaObject::Connection keyboardMoves_;
 };
 

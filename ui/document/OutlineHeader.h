@@ -67,13 +67,20 @@ protected:
     void paintSection(QPainter* painter, const QRect& rect, int section) const override;
 
 private:
+    /// Sets all widths and emits `laidOut`.
     void layOutAnew();
+    /// Sets the widths of all columns for `width_`.
     void arrange();
+    /// Returns the nearest width that leaves the smallest width for each other column.
     int fitting(int width) const;
+    /// Called when a column was resized; takes over what the user did.
     void sectionWasResized(int section, int oldWidth, int newWidth);
+    /// Makes the column to the right of URL narrower by `change`.
     void resizeBesideURL(int change);
+    /// Sets the width of Name or Tags and reports it.
     void setWidth(Column column, int width);
 
+    /// The width of all columns together.
     int width_ = 0;
     std::optional<int> nameWidth_;
     int tagsWidth_ = 0;

@@ -43,7 +43,7 @@ private:
     const Column column_;
 };
 
-/// The title of a column.
+/// The title of a column. It is valid while the column is shown.
 class OutlineTitle : public OutlinePart {
 public:
     using OutlinePart::OutlinePart;
@@ -88,8 +88,11 @@ public:
 
 private:
     QModelIndex index() const;
+    /// Returns what the cell shows. Requires: isValid().
     CellContent content() const;
+    /// Returns the node of the row. Requires: isValid().
     const Bookmark& item() const;
+    /// Returns whether the cell represents a folder's row. Requires: isValid().
     bool isFolder() const;
 
     const int row_;

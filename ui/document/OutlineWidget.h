@@ -150,19 +150,32 @@ private:
     };
     enum class Depth { ItemAlone, WithChildren };
 
+    /// Returns the row at this height of the viewport, in pixels. It may be beyond the last one.
     int rowAtY(int y) const;
+    /// Returns the place of a cell in the viewport.
     QRect cellRect(int row, int column) const;
+    /// Returns the place of a row in the viewport, as wide as all columns and the viewport.
     QRect rowRect(int row) const;
+    /// Sets the model of the view and the header; `nullptr` for none.
     void showModel(QAbstractItemModel* model);
+    /// Reports the event to screen readers, for the first of the items.
     void tellAccessibility(QAccessible::Event type, const QItemSelection& items);
+    /// Connects the header's signals to the controller.
     void connectHeader();
+    /// Computes the font, the height of the rows and the size of images from the settings.
     void applyFont();
+    /// Returns the number of pixels in 1/72 inch of this screen.
     double pixelsPerPoint() const;
+    /// Returns the index of the row's first cell.
     QModelIndex indexOfRow(int row) const;
+    /// Makes another row the current one, if it is one of these, before they are removed.
     void moveCursorFrom(int first, int last);
+    /// Returns the row that becomes the current one then, or -1.
     int rowInPlaceOf(int first, int last) const;
 
+    /// Returns the places of the parts of a Name cell. Parts that `cell` does not have are empty.
     NameCellLayout layOutNameCell(int row, const CellContent& cell) const;
+    /// Returns the part of a cell that is inside its margins.
     QRect textArea(int row, Column column) const;
     void paintRow(QPainter& painter, int row) const;
     void paintNameCell(QPainter& painter, int row, bool selected) const;
@@ -170,42 +183,64 @@ private:
     void paintSeparator(QPainter& painter, const QRect& area, int left, bool selected) const;
     void paintTriangle(QPainter& painter, const QRect& rect, bool expanded, const QColor& color) const;
     void paintText(QPainter& painter, const QRect& rect, const ColoredText& text, const QColor& color) const;
+    /// Paints the background of a text in a label's colour, if it needs one.
     void paintGround(QPainter& painter, const QRect& rect, const QString& text,
                      const LabelColor& color) const;
     void paintImage(QPainter& painter, const QRect& rect, std::string_view name) const;
+    /// Paints the image with all of its parts in this colour.
     void paintTintedImage(QPainter& painter, const QRect& rect, std::string_view name,
                           const QColor& color) const;
+    /// Returns the image of this name, which is cached. Requires: the name is static.
     const QIcon& icon(std::string_view name) const;
+    /// Returns the colour of a text in the Name column.
     QColor textColor(const ColoredText& text, bool selected) const;
+    /// Returns the colour of a text in the other columns.
     QColor secondaryTextColor(const ColoredText& text, bool selected) const;
+    /// Returns whether the row is selected.
     bool rowIsSelected(int row) const;
+    /// Returns the colours of the active window while the rows have the keyboard, else those of an inactive
+    /// one.
     QPalette::ColorGroup colorGroup() const;
 
+    /// Returns the picture of the selected rows that follows the pointer during a drag.
     QPixmap pictureOfSelection() const;
+    /// Returns the place of a drop at this point of the viewport.
     DropSpot dropSpotAt(const QPoint& point) const;
+    /// Marks the place of a drop, or removes the mark.
     void showDropSpot(std::optional<DropSpot> spot);
     void paintDropSpot(QPainter& painter) const;
+    /// Returns the row of the folder whose triangle is at this point of the viewport.
     std::optional<std::size_t> hitTriangle(const QPoint& point) const;
+    /// Returns the tool tip at this point of the viewport, or an empty text.
     QString toolTipAt(const QPoint& point) const;
+    /// Expands or collapses the item of a row, alone or with everything below it.
     void setExpanded(std::size_t row, bool expanded, Depth depth);
+    /// Handles a key that expands, collapses or moves in the tree. Returns whether it is one.
     bool handleTreeKey(int key);
+    /// Selects a row if none is selected. Returns whether it did.
     bool showCursor(int key);
 
     ViewController* controller_;
     OutlineModel* rows_;
     OutlineHeader* header_;
     OutlineFont font_;
+    /// As the settings say, in points of 1/72 inch.
     double rowHeightInPoints_ = 0;
+    /// In pixels.
     int rowHeight_ = 23;
     int sortedSection_ = -1;
     Qt::SortOrder sortOrder_ = Qt::AscendingOrder;
+    /// In pixels.
     int iconSize_ = 16;
+    /// The cell that was edited last. It is being edited while it has a field.
     QPersistentModelIndex edited_;
     int changesOfController_ = 0;              // changes of the rows or the selection that are in progress
     std::vector<PasteboardItem> draggedItems_; // of the drag over this outline
+    /// The outline that the drag over this one began in, or `nullptr`.
     const Outline* dragSource_ = nullptr;
     std::optional<DropSpot> dropSpot_;
     QBasicTimer springTimer_;
+    /// The beginning of a name that the user types to find a row.
     QString typed_;
     QElapsedTimer sinceTyped_;
     mutable QHash<QByteArrayView, QIcon> icons_; // by names, which are static

@@ -30,6 +30,7 @@ signals:
     void actionRequested();
 
 private:
+    /// The widgets are owned by this one.
     ElidedLabel* label_;
     QPushButton* button_;
 };

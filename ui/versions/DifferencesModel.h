@@ -32,9 +32,11 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 private:
+    /// Returns the text of a cell.
     QString textOf(const QModelIndex& index) const;
 
     const VersionsController& controller_;
+    /// The state of the check box, by row.
     std::vector<bool> checked_;
 };
 

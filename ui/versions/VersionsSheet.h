@@ -29,20 +29,33 @@ public:
     ~VersionsSheet() override;
 
 private:
+    /// Shows the counts of a version, which are known from then on.
     void reloadVersion(std::size_t index) override;
+    /// Shows the differences of the chosen version, or why it cannot be read.
     void reloadDifferences() override;
     void dismiss() override;
 
+    /// Returns a text of the program in the user's language.
     QString text(const char* key) const;
+    /// Fills the list of versions.
     void makeVersions();
+    /// Sets up the list of differences.
     void makeDifferences();
+    /// Creates the widget with both lists.
     QWidget* makeLists();
+    /// Creates the widget that is shown if there are no versions.
     QWidget* makeEmptyState();
+    /// Creates the buttons.
     void makeButtons();
+    /// Creates a button that runs `slot`.
     QPushButton* makeButton(const char* key, void (VersionsSheet::*slot)());
+    /// Enables the buttons that can be used.
     void updateButtons();
+    /// Puts the checked differences back.
     void putBackChecked();
+    /// Restores the whole version.
     void putBackAll();
+    /// Opens the chosen version as an untitled document.
     void openChosen();
 
     const std::shared_ptr<VersionsController> controller_;
@@ -51,6 +64,7 @@ private:
     DifferencesModel* model_;
     QLabel* headline_;
     QDialogButtonBox* buttons_;
+    /// The letters that are mnemonics already.
     QSet<QChar> mnemonics_;
     QPushButton* open_ = nullptr;
     QPushButton* putBack_ = nullptr;
