@@ -57,17 +57,25 @@ public:
 
 private:
     bool mustWait() const override { return host_.mustWait(); }
+    /// Performs a request, with what the desktop requires around it.
     void performRequest(const LaunchRequest& request) override;
+    /// Stops the program, unless requests wait.
     void noDocumentIsOpen() override;
     void grabAllHTML(const std::string& html) override { importCommands_.grabAllHTML(html); }
     void showMarks(bool /*shown*/) override { documentController_.showMarksInEveryWindow(); }
 
     void addActions();
+    /// Performs a request, the first one as the start of the program.
     void perform(const LaunchRequest& request);
+    /// Runs once, before the first request.
     void startUp();
+    /// Stops the program.
     void end();
+    /// Opens an untitled document or shows the open panel.
     void openWithoutRequest();
+    /// Brings the window of the current document to the front, if there is one.
     void bringCurrentDocumentToFront();
+    /// Shows the program's name and version.
     void showAboutPanel();
 
     const Platform platform_;
@@ -80,8 +88,11 @@ private:
     ActionTable actions_;
     MainMenu mainMenu_;
     ResponderChain responders_;
+    /// Whether `startUp` has run.
     bool launched_ = false;
+    /// Whether the program stops; requests are no longer performed.
     bool ended_ = false;
+    /// Whether `terminate` is asking about documents.
     bool terminating_ = false;
 };
 

@@ -182,50 +182,96 @@ private:
     enum class FileAnswer { Overwrite, DropMine, SaveAs, Cancel };
     enum class Before { Saving, Closing };
 
+    /// Adds the actions to the table.
     void addActions();
+    /// Adds the actions that concern windows.
     void addWindowActions();
+    /// Returns the entry of an open document, or `nullptr`. The pointer `&document` is only compared, so the
+    /// document may have been closed.
     OpenDocument* find(const Document& document) const;
+    /// Makes controller and window, appends the document to the list and shows it. Returns `nullptr` if no
+    /// window can be made.
     Document* makeWindowControllers(std::unique_ptr<OpenDocument> opened);
+    /// Closes an open document without a question, and removes its copies.
     void remove(const Document& document);
+    /// Stores the window's frame under the name of the document's file.
     void saveFrameUsingName(const OpenDocument& opened);
+    /// Restores the frame that is stored under that name.
     void restoreWindowFrame(const OpenDocument& opened);
+    /// Writes the document because the user has asked for it, and removes its revert point.
     Result<void> write(Document& document, const std::string& path);
+    /// Writes the document to its own file for an automatic save.
     Result<void> writeByItself(Document& document);
+    /// Runs the save tasks, keeps the version that is replaced, and writes `bytes` to `path`, which becomes
+    /// the document's file. Fails with the error of the file store; then the document and the file are as
+    /// they were.
     Result<void> writeBytes(Document& document, const std::string& path, const std::string& bytes);
+    /// Writes the document as `write` does. Returns false, after an alert, if that fails.
     bool writeOrAlert(Document& document, const std::string& path);
+    /// Returns whether an alert about the document is shown.
     bool isAlertUp(const OpenDocument& opened) const;
+    /// Postpones a question or a report until no alert about the document is shown.
     void askLater(OpenDocument& opened);
+    /// Calls `show`, which shows an alert about the document. The document may be closed by it.
     void whileAlertIsUp(const Document& document, const std::function<void()>& show);
+    /// Shows the alert and returns the response.
     int ask(const Alert& alert);
+    /// Shows the alert about a failed save.
     void failedSaveAlert(const Document& document, const std::string& path, const Error& error);
+    /// Returns what is done with the document's file. Asks only if another program has changed it.
     FileAnswer askAboutFile(const Document& document, Before before);
+    /// Asks once, about a file that was changed or, if `isThere` is false, is missing.
     FileAnswer chooseForFile(const Document& document, bool isThere, Before before);
     enum class RevertTo { UsersVersion, File };
+    /// Asks whether to revert, and returns the source; `nullopt` if the user cancels.
     std::optional<RevertTo> askToRevert(const Document& document);
+    /// Reads the document from its file again. Returns false, after an alert, if that fails.
     bool revertToContentsOfURL(Document& document);
+    /// Restores the document and its file from the revert point, or as `revertToContentsOfURL` does if its
+    /// copy is missing. Returns false, after an alert, if that fails.
     bool revertToUsersVersion(Document& document);
+    /// Replaces the tree by that of `bytes`. Returns false, after an alert, if that fails.
     bool showReverted(Document& document, const Result<std::string>& bytes);
+    /// Stores the identity of the document's file.
     void noteFile(Document& document);
+    /// Returns another open document with the file at `path`, or `nullptr`.
     const Document* otherDocumentOfFile(const Document& document, const std::string& path) const;
+    /// Called after each change of the document; begins the pause before an automatic save.
     void noteChange(OpenDocument& opened);
+    /// Begins the pause, which is longer for a document that takes long to save.
     void startAutosaveTimer(OpenDocument& opened);
+    /// Ends the pause: saves the document, or begins another pause if there were further changes.
     void autosaveTimerFired(OpenDocument& opened);
+    /// Saves a document that has changes, to its file or to a copy.
     void autosave(OpenDocument& opened, Moment moment);
+    /// Ends editing in every window and saves every document that has changes.
     void autosaveAll(Moment moment);
+    /// Calls `save` and stores how long it took.
     Result<void> timed(OpenDocument& opened, const std::function<Result<void>()>& save);
+    /// Saves a document to its file, or to a copy if the file cannot be written or was changed.
     void autosaveFile(OpenDocument& opened, Moment moment);
+    /// Saves a document whose file another program has changed to a copy, and asks what is done with the
+    /// file.
     void autosaveBesideFile(OpenDocument& opened, const std::optional<FileIdentity>& identity, Moment moment);
+    /// Reports a failed automatic save, unless the user knows of it.
     void noteAutosave(OpenDocument& opened, std::string_view failureKey, const Result<void>& saved);
+    /// Opens one copy, or adds it to `refusals`.
     void recover(const UnsavedDocuments::Copy& copy, Refusals& refusals);
+    /// Saves the document, or asks about it. Calls `done` with whether it may be closed.
     void askToSave(Document& document, const Done& done);
+    /// Does so for a document with a file.
     void saveBeforeClosing(Document& document, const Done& done);
+    /// Asks what is done with a document that could not be saved before it is closed.
     void askAfterFailedSave(Document& document, const Error& error, const Done& done);
+    /// Calls `askToSave` for the pending documents and for those that are changed meanwhile; then `done`.
     void reviewFrom(std::vector<Document*> pending, const Done& done);
+    /// Returns the documents whose changes have not been saved or given up.
     std::vector<Document*> documentsToReview() const;
 
     const Platform platform_;
     DocumentWindowMaker& windows_;
     LastDocumentObserver& observer_;
+    /// Shared by all document windows.
     SharedState shared_;
     RecentDocuments recentDocuments_;
     UnsavedDocuments unsaved_;
@@ -233,7 +279,9 @@ private:
     VersionStore versions_;
     ActionTable actions_;
     std::vector<std::unique_ptr<OpenDocument>> documents_;
+    /// `nullptr` if no document is open.
     Document* current_ = nullptr;
+    /// `nullptr` for none. Only compared, never read.
     const Document* untouched_ = nullptr;
     std::map<const Document*, long> givenUp_; // change counts at which the user gave them up
     bool asking_ = false;                     // a question about a document's file is shown

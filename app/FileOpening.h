@@ -52,11 +52,16 @@ public:
 
 private:
     void addActions();
+    /// Reads the file and opens it, or keeps a refusal. Returns whether it has a window then.
     bool openContent(const std::string& path);
+    /// Opens a bookmark document, or keeps a refusal with the offer to open what can be read.
     bool openDocument(const std::string& path, std::string_view bytes,
                       const std::optional<FileIdentity>& identity);
+    /// Opens a file of another program, or keeps a refusal.
     bool openImported(const ImportFormat& format, const std::string& path, std::string_view bytes);
+    /// Returns the error to report for a file that cannot be read.
     Error missingFile(const std::string& path, const Error& error);
+    /// Opens the chosen files.
     void openPanelDidClose(const std::vector<std::string>& paths);
 
     const Platform platform_;
@@ -65,6 +70,7 @@ private:
     RequestQueue& queue_;
     LastDocumentObserver& observer_;
     ActionTable actions_;
+    /// The files refused since the last alert.
     Refusals refusals_;
     bool openPanelIsShown_ = false;
 };

@@ -51,17 +51,25 @@ public:
     void scanClipboard();
 
 private:
+    /// Returns the files that panels enable while filters are set; empty for all files.
     std::vector<FileKind> kindsThatPanelsEnable() const;
+    /// Shows the alert that the source has for a file of another format, if it has one.
     void failureAlert(const ImportSource& source, const std::string& path, const Error& error);
+    /// Begins the progress of an import, as a panel of the current document.
     std::unique_ptr<Progress> beginProgressFor(const std::string& name);
+    /// Reads `bytes` with the source of that format and opens the result.
     Document* scan(std::string_view format, std::string_view bytes, const std::string& name);
+    /// Opens the tree with the title that the source has. Returns `nullptr`, after an alert, if an empty tree
+    /// is reported, and if no window can be made.
     Document* showImported(const ImportSource& source, Ref<Bookmark> root);
+    /// Shows the alert that names another way to import from Firefox.
     void firefoxAlert();
 
     const Platform platform_;
     DocumentController& documents_;
     ActionTable actions_;
     NetscapeScanner scanner_;
+    /// The filters that are set.
     std::set<PanelFilter> panelFilters_;
 };
 

@@ -8,8 +8,8 @@
 
 namespace tabulon {
 
-/// The list. Paths are absolute and in the file system's encoding, with any bytes. Each function reads the
-/// stored list again, so that several running processes see each other's files.
+/// The list. Paths are absolute and in the file system's encoding, with any bytes. The stored list is read
+/// again each time, so that several running processes see each other's files.
 class RecentDocuments {
 public:
     /// The largest number of files in the list.
@@ -28,6 +28,7 @@ public:
     void clear();
 
 private:
+    /// Replaces the stored list.
     void store(const std::vector<std::string>& paths);
 
     UserDefaults& state_;

@@ -45,17 +45,22 @@ private:
     static constexpr std::size_t kMostLines = 8;
     static constexpr std::size_t kMostOffers = 64;
 
+    /// A refused file.
     struct Refusal {
         std::string location;
         Error error;
+        /// Whether the file was read and contains no link.
         bool isEmpty = false;
     };
     void add(Refusal refusal);
+    /// Returns the alert about a single file.
     static Alert alertAboutOne(const Refusal& refusal, const Localization& texts);
+    /// Returns the alert about `count` files, of which the first are listed.
     static Alert alertAboutSeveral(const std::vector<Refusal>& first, std::size_t count,
                                    const Localization& texts);
 
     std::vector<Refusal> first_; // at most kMostLines
+    /// The number of all files since the last alert.
     std::size_t count_ = 0;
     std::vector<MakeOffer> makeOffers_; // at most kMostOffers
 };

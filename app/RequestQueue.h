@@ -49,7 +49,9 @@ public:
     bool wasUsed() const { return used_; }
 
 private:
+    /// Returns the queue whose first request is performed next, or `nullptr`.
     std::deque<LaunchRequest>* next();
+    /// Performs one request.
     void performNext();
 
     RequestPerformer& performer_;
@@ -57,7 +59,9 @@ private:
     std::unique_ptr<Timer> timer_;
     std::deque<LaunchRequest> opened_; // by the user, in the program
     std::deque<LaunchRequest> pending_;
+    /// Whether a request is being performed.
     bool performing_ = false;
+    /// Whether a request has arrived from outside.
     bool used_ = false;
 };
 

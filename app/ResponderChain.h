@@ -28,6 +28,7 @@ public:
     bool performMenuItem(const MenuItem& item) const;
 
 private:
+    /// Returns the first table with the action, or `nullptr`.
     const ActionTable* responderTo(std::string_view action) const;
 
     const DocumentController& documents_;

@@ -39,6 +39,7 @@ public:
     static bool isCopy(std::string_view fileName) { return fileName.ends_with(kExtension); }
 
 private:
+    /// Copies the document's file and returns the path of the copy.
     Result<std::string> copy(const Document& document);
 
     static constexpr std::string_view kExtension = ".revert";
@@ -47,6 +48,7 @@ private:
     RecoveryFolders& folders_;
     SystemLog& log_;
     std::map<const Document*, std::string> paths_;
+    /// The number in the name of the last copy.
     int lastNumber_ = 0;
 };
 

@@ -42,11 +42,13 @@ public:
     std::string putAside(const std::string& path);
 
 private:
+    /// Returns the path of the document's copy, which need not exist.
     Result<std::string> pathFor(const Document& document);
 
     FileStore& files_;
     RecoveryFolders& folders_;
     std::map<const Document*, std::string> paths_;
+    /// The number in the name of the last copy.
     int lastNumber_ = 0;
 };
 

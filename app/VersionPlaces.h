@@ -68,12 +68,14 @@ public:
     std::set<std::string> forgetUnused(const std::set<std::string>& used);
 
 private:
+    /// A document that another one began as a copy of, and when (milliseconds since 1970).
     struct Origin {
         std::string identifier;
         std::uint64_t copied = 0;
 
         friend bool operator==(const Origin&, const Origin&) = default;
     };
+    /// The record of one document.
     struct Place {
         std::string identifier;
         std::optional<FileIdentity> identity = {};
@@ -83,12 +85,19 @@ private:
         friend bool operator==(const Place&, const Place&) = default;
     };
 
+    /// Returns all records, cached or read from the folder.
     std::vector<Place> places() const { return known_ ? *known_ : readPlaces(); }
+    /// Reads all records.
     std::vector<Place> readPlaces() const;
+    /// Reads one record; `nullopt` if it is damaged or missing.
     std::optional<Place> readPlace(const std::string& name) const;
+    /// Returns the record of a document, or an empty one.
     Place placeOf(const std::string& identifier) const;
+    /// Writes a record, if it has changed.
     Result<void> writePlace(const Place& place);
+    /// Returns the path of a record.
     std::string fileOf(const std::string& identifier) const;
+    /// Returns the documents that have exactly the file at `path`.
     std::vector<std::string> withFile(const std::vector<Place>& all, const std::string& path) const;
 
     FileStore& files_;

@@ -79,17 +79,28 @@ public:
     void noteBackup(const std::string& path, const std::string& backup);
 
 private:
+    /// Returns the size of all versions together, in bytes.
     std::uint64_t limit() const;
+    /// Returns the current time in seconds since 1970-01-01 00:00 UTC.
     double now() const;
+    /// Returns the file names of a document's versions.
     std::vector<std::string> versionNamesOf(const std::string& identifier) const;
+    /// Keeps the content of the file at `path` as a version of that document.
     Result<void> keepFileOf(const std::string& identifier, const std::string& path);
+    /// Keeps `bytes` as a version. `saved` is in seconds since 1970-01-01 00:00 UTC.
     Result<void> keep(const std::string& identifier, const std::string& path, std::string_view bytes,
                       double saved);
+    /// Returns a time for a new version of the document that is later than its newest one.
     double nextTime(const std::string& path) const;
+    /// Returns the path of the record of the document's backup.
     std::string backupFileOf(const std::string& identifier) const;
+    /// Returns the file names of the document's versions with this compressed content.
     std::vector<std::string> equalVersions(const std::string& identifier, std::string_view frame) const;
+    /// Removes the versions that the rules give up.
     void thinOut();
+    /// Removes the records of documents without versions whose file is missing.
     void forgetDocumentsWithoutVersions();
+    /// Removes those of the files whose index is in `indexes`.
     void remove(const std::vector<std::string>& names, const std::vector<std::size_t>& indexes);
 
     FileStore& files_;

@@ -100,13 +100,22 @@ public:
     void putBackAll();
 
 private:
+    /// Returns the document of a version. Returns `nullptr` and sets `problem` if it cannot be read.
     std::unique_ptr<Document> read(const DocumentVersion& version, std::string& problem) const;
+    /// Compares the next version whose counts are not known.
     void countNext();
+    /// Calls `countNext` from the main loop.
     void startCounting();
+    /// Compares the chosen version with the document and updates the panel.
     void compareChosen();
+    /// Keeps the document as a version if no file has its state. Returns false, after an alert, if that
+    /// fails.
     bool keepPresentState();
+    /// Closes the panel.
     void finish();
+    /// Returns the name of the document that shows the chosen version.
     std::string nameOfVersion() const;
+    /// Returns the text about a moved item.
     std::string moveText(const TreeDifference& difference) const;
 
     Document& document_;
@@ -118,7 +127,9 @@ private:
     std::vector<VersionRow> rows_;
     std::unique_ptr<Timer> timer_;
     std::optional<std::size_t> chosen_;
+    /// The document of the chosen version; null if it cannot be read.
     std::unique_ptr<Document> version_;
+    /// Of `version_` and the document; `nullopt` if there is no version, and after a restore.
     std::optional<TreeComparison> comparison_;
     long comparedAt_ = 0; // the document's change count at the comparison
 };

@@ -68,6 +68,7 @@ public:
     CheckBox saveCopyHTML;   ///< "SaveAsHTML"
 
 private:
+    /// Hides the boxes of options that the format does not have.
     void showOptionsOf(std::size_t index);
 
     const BaseServices services_;

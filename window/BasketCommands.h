@@ -44,7 +44,9 @@ public:
     void DropBookmarkAtRoot(Ref<Bookmark> item);
 
 private:
+    /// Returns the basket whose name is the text of this key. A missing one is inserted.
     Bookmark& basketOfKey(std::string_view key);
+    /// Clears the selection, inserts the item as the first one of the folder and makes the document dirty.
     void addFirst(Ref<Bookmark> item, Bookmark& folder);
 
     Outline& outline_;

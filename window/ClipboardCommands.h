@@ -57,7 +57,9 @@ public:
     static bool readSelectionFromPasteboard(const PasteboardItem& pasteboard);
 
 private:
+    /// Returns the bookmark that `string` describes, or `nullptr` if the URL is empty.
     Ref<Bookmark> bookmarkOfText(std::string_view string) const;
+    /// Inserts a bookmark for each line of `text` that describes one.
     void splitBookmarks(std::string_view text);
 
     Outline& outline_;

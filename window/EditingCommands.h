@@ -76,7 +76,10 @@ public:
     void labelBookmark(std::uint8_t label);
 
 private:
+    /// Inserts the item as the first child of `anchor` if it is expanded or the root, else after it. Selects
+    /// its row.
     void insertAtAnchor(Bookmark& anchor, Ref<Bookmark> item);
+    /// Does what `addNewItems` does, with the rows laid out once.
     void addManyNewItems(const std::vector<Ref<Bookmark>>& items);
 
     Outline& outline_;

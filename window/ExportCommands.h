@@ -48,9 +48,14 @@ public:
     void saveBookmarkFile(const Bookmark& link, const std::function<void(bool confirmed)>& done = nullptr);
 
 private:
+    /// Returns the document in the format of this name. `progress` may be `nullptr`. Requires: the format
+    /// exists.
     Result<std::string> exportTo(std::string_view format, Progress* progress = nullptr) const;
+    /// Writes the document in the format of the path's extension.
     void exportToFile(const std::string& path);
+    /// Writes the file. A failure is only logged.
     void writeOrLog(const std::string& path, std::string_view bytes);
+    /// Runs `saveBookmarkFile` for the last link, then for the others.
     void saveBookmarkFiles(std::vector<Ref<Bookmark>> links);
 
     Outline& outline_;

@@ -59,9 +59,13 @@ public:
 
 private:
     void selectionDidChange(SelectedBy cause) override;
+    /// Sets the modification date and makes the document dirty.
     void fieldDidChange(Bookmark& item);
+    /// Begins to edit a cell of the current row, if it can be edited.
     void editCurrentRow(Column column);
+    /// Begins the pause, if the setting and the pointer allow it.
     void scheduleAutoEdit();
+    /// Begins to edit after the pause, if the keyboard is still in the rows.
     void autoEdit(Column column);
 
     Outline& outline_;

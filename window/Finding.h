@@ -75,8 +75,11 @@ public:
     std::optional<std::size_t> rowWithPrefix(const std::string& prefix, std::size_t start) const;
 
 private:
+    /// Searches up to `nodes` further nodes, and ends the search or continues it later.
     void goOn(std::size_t nodes);
+    /// Continues the search after a pause.
     void goOnAfter(double seconds);
+    /// Calls the observers if the match is in tags or note.
     void showMatch();
 
     Outline& outline_;

@@ -65,7 +65,9 @@ public:
     void deleteDuplicatesExecute();
 
 private:
+    /// Stores the setting and updates every window.
     void setShowMarks(bool shown);
+    /// Removes the links, with their rows. Keeps the selection if no link was moved.
     Removal deleteBookmarksConditional(const RemovalOptions& options);
 
     Outline& outline_;

@@ -115,8 +115,8 @@ public:
     void changeSelectedExpansion(ExpansionChange change);
     /// Changes every folder of the document, whether the change is a Plus one or not.
     void changeWholeExpansion(ExpansionChange change);
-    /// Expands the folders that the node is in, so that it has a row. Does nothing if the node is not in the
-    /// tree.
+    /// Expands the folders that the node is in, so that it has a row. Rows do not change if the node is not
+    /// in the tree.
     void reveal(const Bookmark& node);
     /// Records `changes` changes on the document if the setting "RememberDesktop" is on.
     void rememberDesktop(std::size_t changes);
@@ -143,13 +143,22 @@ public:
     void nodesDidLeave();
 
 private:
+    /// Returns the items of the selected rows from `from` on and below `to`.
     std::vector<Bookmark*> selectedItems(std::size_t from, std::size_t to) const;
+    /// Resets the rows under the pointer and calls the observers' `rowsWillChange`.
     void forgetRowsUnderPointer();
+    /// Calls the observers.
     void rowsDidChange();
+    /// Changes one item, with the rows and the change count.
     void changeExpansion(Bookmark& item, ExpansionChange change);
+    /// Replaces the rows of the subtree of the item in `row`, which has `shownBefore` of them, and keeps
+    /// their selection.
     void replaceRowsBelow(std::size_t row, std::size_t shownBefore);
+    /// Lays out all rows again, selects the same items, and keeps the current row visible.
     void reloadKeepingSelection();
+    /// Returns the row of a new child of `folder` before it is inserted; `nullopt` if it will have none.
     std::optional<std::size_t> rowForNewChild(const Bookmark& folder, std::size_t index) const;
+    /// Inserts the rows of the item and of what is shown below it, from `row` on.
     void insertRowsOf(Bookmark& item, std::size_t row);
 
     Document& document_;
@@ -159,7 +168,9 @@ private:
     std::vector<RowObserver*> rowObservers_;
     std::vector<SelectionObserver*> selectionObservers_;
     std::vector<PointerObserver*> pointerObservers_;
+    /// The row under the pointer.
     std::optional<std::size_t> hoveredRow_;
+    /// The row of an open context menu.
     std::optional<std::size_t> clickedRow_;
     bool changesManyRows_ = false; // the rows are laid out again at the end
 };

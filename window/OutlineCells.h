@@ -28,6 +28,7 @@ public:
     Text toolTipForCell(Column column, std::size_t row) const;
 
 private:
+    /// Returns the content of a cell in the Name column.
     CellContent nameCell(const Bookmark& item, const std::optional<LabelColor>& color) const;
 
     const Outline& outline_;

@@ -59,10 +59,16 @@ public:
     DragOperation dragOperation() const { return dragOperation_; }
 
 private:
+    /// Returns the place before a row.
     DropSpot spotBefore(std::size_t row) const;
+    /// Returns the place after a row, at this level if possible.
     DropSpot spotBehind(std::size_t row, int level) const;
+    /// Returns the place in the tree that a drop is inserted at; `nullopt` if there is none.
     std::optional<ChildPlace> placeOfDrop(Bookmark* item, std::optional<std::size_t> childIndex) const;
+    /// Returns the node to insert for a dragged item, or `nullptr` to skip it. Adjusts `place` if the node is
+    /// moved from before it.
     Ref<Bookmark> droppedNode(const DragInfo& drag, const PasteboardItem& dragged, ChildPlace& place);
+    /// Selects those of the nodes that have rows.
     void selectDropped(const std::vector<Ref<Bookmark>>& dropped);
 
     Outline& outline_;

@@ -55,8 +55,10 @@ private:
     FieldEditing& fields_;
     const Collation& collation_;
     const Platform platform_;
+    /// The pause before the question.
     std::unique_ptr<Timer> sortQuestion_;
     std::map<Column, SortDirection> sortPrototypes_; ///< the first direction of each column that sorts
+    /// The column that the document was sorted by last; `nullopt` for none.
     std::optional<std::pair<Column, SortDirection>> sortedBy_;
 };
 

@@ -51,6 +51,7 @@ public:
     void documentDidSave();
 
 private:
+    /// What `countsText` shows. Separators are not counted.
     struct Counts {
         std::size_t bookmarks = 0;
         std::size_t folders = 0;
@@ -64,24 +65,34 @@ private:
     void pointerIsOver(std::optional<std::size_t> row) override;
     void pointerDidLeave() override;
 
+    /// Shows the item's address.
     void showAddress(Bookmark& item);
+    /// Counts the whole tree.
     Counts countNodes() const;
+    /// Removes the status, if there is one, and updates the line soon.
     void statusIsOutOfDate();
+    /// Shows `text` if it differs from what is shown.
     void show(std::string text);
+    /// Removes the status and its button. What the line shows stays until `refresh`.
     void forgetStatus();
+    /// Calls `refresh` from the main loop, once for several calls.
     void refreshSoon();
+    /// Replaces a status that was removed, or the address of an item without a row.
     void refresh();
 
     Outline& outline_;
     const Platform platform_;
     DocumentWindow* window_ = nullptr;
+    /// What the line shows.
     std::string text_;
     std::string status_; ///< empty for no status
     Action action_;
     std::string actionTitle_;
+    /// Whether the status ends when the document is saved.
     bool endsWithSave_ = false;
     bool isStale_ = false;         ///< the line shows a status that was removed
     std::optional<Counts> counts_; ///< `nullopt` after a change of the tree
+    /// The item whose address the line shows.
     Ref<Bookmark> spokenOf_;
     std::unique_ptr<Timer> refresh_;
 };

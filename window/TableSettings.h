@@ -61,7 +61,9 @@ public:
     void tagsColumnDidResize(double width);
 
 private:
+    /// Returns whether a step stays within the two limits.
     bool canMoveTableFontSize(FontSizeStep step) const;
+    /// Sets the font size of the URL field, if it takes this size.
     void fitURLField(double fontSize);
 
     Outline& outline_;

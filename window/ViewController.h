@@ -79,6 +79,7 @@ public:
 
 private:
     ActionTable actions_;
+    /// The order of texts in the user's language.
     const Collation collation_;
     Outline outline_;
     Finding finding_;
