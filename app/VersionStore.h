@@ -33,8 +33,8 @@ struct DocumentVersion {
 /// versions. Paths are absolute and in the file system's encoding.
 class VersionStore {
 public:
-    /// `folder` need not exist. `defaults` has the setting "VersionsLimit": the size in megabytes of all
-    /// versions together; 0 keeps no versions. Requires: the arguments outlive this object.
+    /// `folder` need not exist. `defaults` has the setting "VersionsLimit": the most megabytes that all
+    /// versions together may take; 0 keeps no versions. Requires: the arguments outlive this object.
     VersionStore(FileStore& files, const Clock& clock, const UserDefaults& defaults, std::string folder);
 
     /// Returns whether versions are kept.
@@ -79,7 +79,7 @@ public:
     void noteBackup(const std::string& path, const std::string& backup);
 
 private:
-    /// Returns the size of all versions together, in bytes.
+    /// Returns the most bytes that all versions together may take.
     std::uint64_t limit() const;
     /// Returns the current time in seconds since 1970-01-01 00:00 UTC.
     double now() const;

@@ -138,7 +138,8 @@ public:
     void done();
     /// Stores the panel's frame and closes the panel without saving. Does nothing if there is no panel.
     void cancel();
-    /// Saves a change and keeps the panel open. Does nothing if the node is no longer in the tree.
+    /// Saves a change and keeps the panel open. An item whose name is null always counts as changed. Does
+    /// nothing if the node is no longer in the tree.
     void keepChange();
     /// Called after nodes were removed from the tree. Closes the panel, without saving, if the shown node is
     /// no longer in the tree; otherwise updates it.

@@ -52,11 +52,14 @@ std::vector<PasteboardItem> pasteboardItems(const MimeContent& content, const Mi
 /// In bytes.
 inline constexpr std::uint64_t kLargestLinkFile = 1 << 20;
 
-/// Returns the items, each with the record of a live node, in the types that other programs read: their texts
-/// joined by line feeds; the links of the nodes, and of the folders among them, as a list of URIs, as
-/// Mozilla's list with titles, and as HTML; and the nodes as XBEL and as Chromium's entries. All three lists
-/// are left out if one of them has more than `kLargestMimeForm` bytes. So is XBEL of more bytes; the entries
-/// have a smaller limit of their own.
+/// Returns the items, each with the record of a live node, in the types that other programs read:
+/// - The private type, with all items.
+/// - Their texts, joined by line feeds.
+/// - The links among the nodes and in folders among them, as a list of URIs, as Mozilla's list with titles,
+///   and as HTML. All three lists are left out if one of them has more than `kLargestMimeForm` bytes.
+/// - The nodes as XBEL, which is left out if it has more bytes than that, and as Chromium's entries, which
+///   have a smaller limit.
+/// Types without content are left out. An item without a live node adds its text only.
 MimeContent mimeContent(const std::vector<PasteboardItem>& items, const NodeRecords& records);
 /// In bytes.
 inline constexpr std::size_t kLargestMimeForm = std::size_t{1} << 28;
