@@ -39,11 +39,11 @@ void AppDelegate::performRequest(const LaunchRequest& request) {
     host_.didPerform(request, documentController_.currentDocument());
 }
 
-// The first request starts the program: it opens what an earlier run could not save and what the request
-// names. Later ones open files or a new document, or bring the current one to the front. When there is no
-// document then, an untitled one is opened, or the open panel is shown. While more requests wait, the alert
-// about refused files and the front window are left to the last one. Nothing is done after the end of the
-// session.
+// The first request starts the program: it opens the copies that an earlier run has left, and what the
+// request names. Later ones open files or a new document, or bring the current one to the front. If no
+// document is open then, an untitled one is opened, or the open panel is shown. While more requests wait, the
+// alert about refused files and the front window are left to the last one. After the end of the session no
+// request is performed.
 void AppDelegate::perform(const LaunchRequest& request) {
     if (ended_)
         return;
@@ -63,7 +63,7 @@ void AppDelegate::perform(const LaunchRequest& request) {
     }
     if (!requestQueue_.hasMore())
         fileOpening_.tellRefusals();
-    if (ended_ || requestQueue_.hasMore()) // the alert waited for its answer
+    if (ended_ || requestQueue_.hasMore()) // these may have changed while the alert was shown
         return;
     if (documentController_.documents().empty())
         openWithoutRequest();
@@ -116,7 +116,7 @@ void AppDelegate::end() {
 void AppDelegate::terminate() {
     if (terminating_)
         return;
-    if (platform_.alerts.isAskingAbout(nullptr)) // it waits for its answer first
+    if (platform_.alerts.isAskingAbout(nullptr)) // the alert has to be answered first
         return platform_.beeper.beep();
     if (documentController_.documents().empty())
         return end();
@@ -125,7 +125,7 @@ void AppDelegate::terminate() {
         terminating_ = false;
         if (closed &&
             requestQueue_
-                .hasMore()) // what was to be opened has kept the last document from ending the program
+                .hasMore()) // closing the last document does not stop the program while requests wait
             end();
     });
 }

@@ -1,5 +1,5 @@
-// The application: the one object that lives for the whole run. It is composed of the documents, the menus,
-// and what opens and imports files, and it decides how the program starts and ends.
+// The application: the one object that exists for the whole run. It is composed of the documents, the menus,
+// and the classes that open and import files. It decides how the program starts and ends.
 #pragma once
 
 #include "app/DocumentController.h"
@@ -19,14 +19,15 @@
 
 namespace tabulon {
 
+/// The application. One exists in each process.
 class AppDelegate : private RequestPerformer, private LastDocumentObserver, private SharedCommands {
 public:
-    /// Performs the requests that reach `instance`. `version` is shown to the user. What is passed in must
-    /// outlive this object.
+    /// Performs the requests that reach `instance`. `version` is shown in the About panel. Requires: the
+    /// arguments and the services of `platform` outlive this object.
     AppDelegate(const Platform& platform, DocumentWindowMaker& windows, SingleInstance& instance,
                 ProgramHost& host, std::string version);
 
-    // Its parts
+    // The parts. They exist as long as the application.
 
     DocumentController& documentController() { return documentController_; }
     FileOpening& fileOpening() { return fileOpening_; }
@@ -37,32 +38,44 @@ public:
 
     // Start and end
 
-    /// Starts the program with the files at these paths or URIs, or none.
+    /// Starts the program: opens the copies of unsaved documents, then the files at these paths or URIs. If
+    /// no document is open then, opens an untitled one, or shows the open panel, as the setting
+    /// "OpenUntitled" says.
     void applicationDidFinishLaunching(const std::vector<std::string>& locations);
-    /// Returns the setting "OpenUntitled", true when it has no value.
+    /// Returns the setting "OpenUntitled", or true if it has no value.
     bool applicationShouldOpenUntitledFile() const;
-    /// Saves what has changes, because another program comes to the front.
+    /// Saves all documents with changes. Called when the user switches to another program.
     void applicationWillResignActive() { documentController_.autosaveAllDocuments(); }
-    /// Saves what has changes and ends without a question, because the session ends or the system ends the
-    /// program. Documents without a file are opened again by the next start.
+    /// Saves all documents with changes and stops the program without a question. Documents without a file
+    /// are saved to copies, which the next start opens. Called when the session ends or the system terminates
+    /// the program.
     void sessionWillEnd();
-    /// Closes everything, asking about unsaved changes, and ends the program unless the user cancels, also
-    /// when it is about to open more.
+    /// Closes all documents, with questions about unsaved changes, and stops the program unless the user
+    /// cancels. Requests that have not been performed are dropped. Beeps, and does nothing, while an alert
+    /// waits for its answer.
     void terminate();
 
 private:
     bool mustWait() const override { return host_.mustWait(); }
+    /// Performs a request, with what the desktop requires around it.
     void performRequest(const LaunchRequest& request) override;
+    /// Stops the program, unless requests wait.
     void noDocumentIsOpen() override;
     void grabAllHTML(const std::string& html) override { importCommands_.grabAllHTML(html); }
     void showMarks(bool /*shown*/) override { documentController_.showMarksInEveryWindow(); }
 
     void addActions();
+    /// Performs a request, the first one as the start of the program.
     void perform(const LaunchRequest& request);
+    /// Runs once, before the first request.
     void startUp();
+    /// Stops the program.
     void end();
+    /// Opens an untitled document or shows the open panel.
     void openWithoutRequest();
+    /// Brings the window of the current document to the front, if there is one.
     void bringCurrentDocumentToFront();
+    /// Shows the program's name and version.
     void showAboutPanel();
 
     const Platform platform_;
@@ -75,8 +88,11 @@ private:
     ActionTable actions_;
     MainMenu mainMenu_;
     ResponderChain responders_;
+    /// Whether `startUp` has run.
     bool launched_ = false;
+    /// Whether the program stops; requests are no longer performed.
     bool ended_ = false;
+    /// Whether `terminate` is asking about documents.
     bool terminating_ = false;
 };
 

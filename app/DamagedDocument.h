@@ -1,4 +1,4 @@
-// What can be offered to the user instead of a document that is damaged. The file stays as it is.
+// What the user is offered when a document is damaged. The file is not changed.
 #pragma once
 
 #include "base/BaseServices.h"
@@ -14,12 +14,12 @@ namespace tabulon {
 struct Remains {
     /// The root folder of a tree without a document. Never null.
     Ref<Bookmark> master;
-    /// "311 of 312 bookmarks could be read."
+    /// A sentence for the user, such as "311 of 312 bookmarks could be read."
     std::string sentence;
 };
 
-/// Reads what is left of the document with these bytes. Returns nullopt when no bookmark is left in it
-/// (ArchiveSalvage.h).
+/// Reads what can be read of the document with these bytes (ArchiveSalvage.h). Returns `nullopt` if no
+/// bookmark can be read.
 std::optional<Remains> remainsOfDocument(std::string_view bytes, const BaseServices& services);
 
 } // namespace tabulon

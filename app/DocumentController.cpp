@@ -1,4 +1,4 @@
-// The list of open documents: making, finding, opening. Saving and closing are in
+// The list of open documents: creating, finding and opening them. Saving and closing are in
 // DocumentController_saving.cpp and DocumentController_closing.cpp.
 #include "app/DocumentController.h"
 
@@ -40,7 +40,7 @@ void DocumentController::addActions() {
 }
 
 void DocumentController::addWindowActions() {
-    // An item may have been made before its document was closed.
+    // The document of an item may have been closed since the item was made.
     const auto windowOf = [this](const MenuItem& item) -> DocumentWindow* {
         const auto* document = std::get_if<Document*>(&item.representedObject);
         return document && *document ? getWindow(**document) : nullptr;

@@ -1,5 +1,5 @@
-// Documents that save themselves: those with a file in place, those without one, or with one that cannot be
-// written now, to a copy that a crash leaves behind.
+// Automatic saving: documents with a file to that file; documents without one, or with one that cannot be
+// written, to a copy that the next start opens.
 #include "app/DocumentController.h"
 #include "window/SharedAlerts.h"
 
@@ -9,8 +9,8 @@
 namespace tabulon {
 namespace {
 
-// A document that takes long to save is left in peace for longer, but not for hours because somebody set the
-// clock while it was saved.
+// A document that takes long to save is saved less often. The limit is for a clock that was set while it was
+// saved.
 constexpr double kPausePerSecondOfSaving = 20;
 constexpr double kLongestPause = 60; // seconds
 
@@ -30,7 +30,7 @@ void DocumentController::startAutosaveTimer(OpenDocument& opened) {
     autosave.timer = platform_.timers.after(pause, [this, &opened] { autosaveTimerFired(opened); });
 }
 
-// Starting the timer anew with each change would cost more than many a change does: it looks back instead.
+// The timer is not restarted with each change, because that would cost more than many changes do.
 void DocumentController::autosaveTimerFired(OpenDocument& opened) {
     if (opened.autosave.changedSinceStart && opened.autosave.postponements < kMostPostponements) {
         ++opened.autosave.postponements;
@@ -45,7 +45,7 @@ void DocumentController::autosave(OpenDocument& opened, Moment moment) {
     if (!opened.document.isDocumentEdited())
         return;
     if (opened.isAskedToRevert && moment != Moment::End) {
-        opened.autosave.deferred = true; // the file stays as it is until the user has decided
+        opened.autosave.deferred = true; // the file is not written before the user has decided
         (void)unsaved_.keep(opened.document);
     } else if (opened.document.fileName().empty())
         noteAutosave(opened, "CouldNotKeep", timed(opened, [&] { return unsaved_.keep(opened.document); }));
@@ -53,7 +53,7 @@ void DocumentController::autosave(OpenDocument& opened, Moment moment) {
         autosaveFile(opened, moment);
 }
 
-// Notes how long saving takes, without the time that the user needs to answer.
+// Stores how long saving takes. Questions to the user are not part of `save`.
 Result<void> DocumentController::timed(OpenDocument& opened, const std::function<Result<void>()>& save) {
     const double begin = platform_.base.clock.secondsSinceReferenceDate();
     Result<void> saved = save();
@@ -73,13 +73,13 @@ void DocumentController::autosaveFile(OpenDocument& opened, Moment moment) {
         noteAutosave(opened, "CouldNotSave", written);
 }
 
-// The file is not as the document left it. Until the user has decided, a copy keeps the changes. The user is
-// asked about each state of the file once, and about one file at a time; a save by hand asks again.
+// Another program has changed the file. A copy keeps the changes until the user has decided. The user is
+// asked about each state of the file once, and about one file at a time; a save by command asks again.
 void DocumentController::autosaveBesideFile(OpenDocument& opened, const std::optional<FileIdentity>& identity,
                                             Moment moment) {
     const Document& document = opened.document;
     noteAutosave(opened, "CouldNotKeep", timed(opened, [&] { return unsaved_.keep(document); }));
-    if (!find(document)) // closed while an alert told of a failure
+    if (!find(document)) // closed while an alert reported a failure
         return;
     const bool wasAsked = opened.autosave.asked && opened.autosave.askedAbout == identity;
     if (moment != Moment::Pause || asking_ || wasAsked)
@@ -95,7 +95,8 @@ bool DocumentController::isAlertUp(const OpenDocument& opened) const {
     return opened.alertsUp > 0 || platform_.alerts.isAskingAbout(&opened.document);
 }
 
-// The end of an alert of the rows is not known here: saving by itself tries again after its pause.
+// The end of an alert that a command of the outline shows is not reported here, so automatic saving tries
+// again after its pause.
 void DocumentController::askLater(OpenDocument& opened) {
     if (opened.alertsUp > 0)
         opened.autosave.deferred = true;
@@ -103,8 +104,7 @@ void DocumentController::askLater(OpenDocument& opened) {
         noteChange(opened);
 }
 
-// Shows an alert about the document. Saving by itself brings up no other one over it: what it has to tell
-// comes afterwards.
+// Shows an alert about the document. Automatic saving shows no other alert meanwhile; it reports afterwards.
 void DocumentController::whileAlertIsUp(const Document& document, const std::function<void()>& show) {
     if (OpenDocument* opened = find(document))
         ++opened->alertsUp;
@@ -114,14 +114,14 @@ void DocumentController::whileAlertIsUp(const Document& document, const std::fun
         noteChange(*opened);
 }
 
-// The response. Requires an alert about a document.
+// Shows the alert and returns the response. Requires: the alert has a document.
 int DocumentController::ask(const Alert& alert) {
     int response = 0;
     whileAlertIsUp(*alert.document, [&] { response = platform_.alerts.runModal(alert); });
     return response;
 }
 
-// A failure is told once, until saving has worked again.
+// A failure is reported once, until saving has succeeded again.
 void DocumentController::noteAutosave(OpenDocument& opened, std::string_view failureKey,
                                       const Result<void>& saved) {
     const bool isNews = !saved && !opened.autosave.failureTold;
@@ -139,7 +139,7 @@ void DocumentController::noteAutosave(OpenDocument& opened, std::string_view fai
     });
 }
 
-// An alert of one document leaves the others usable: they may be closed meanwhile.
+// While an alert of one document is shown, the others can be used, and may be closed.
 void DocumentController::autosaveAll(Moment moment) {
     for (const Document* document : documents()) {
         OpenDocument* opened = find(*document);

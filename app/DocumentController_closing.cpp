@@ -19,7 +19,7 @@ Alert savingQuestion(const Localization& texts, const Document& document) {
 
 } // namespace
 
-// Tells whether the document may go: it was saved, or the user gives its changes up.
+// Calls `done` with whether the document may be closed: it was saved, or the user gives its changes up.
 void DocumentController::askToSave(Document& document, const Done& done) {
     if (!document.isDocumentEdited())
         return done(true);
@@ -39,7 +39,8 @@ void DocumentController::askToSave(Document& document, const Done& done) {
     }
 }
 
-// A document with a file is saved without a question, unless the file is not as it was or cannot be written.
+// A document with a file is saved without a question, unless another program has changed the file or it
+// cannot be written.
 void DocumentController::saveBeforeClosing(Document& document, const Done& done) {
     if (platform_.files.identityOf(document.fileName()) != find(document)->identity)
         find(document)->window->makeKeyAndOrderFront();
@@ -53,7 +54,7 @@ void DocumentController::saveBeforeClosing(Document& document, const Done& done)
     case FileAnswer::Cancel:
         return done(false);
     }
-    if (documents_.size() > 1) // another one may keep the program, and with it this one, from ending
+    if (documents_.size() > 1) // if closing another one is cancelled, this one stays open
         revertPoints_.keep(document);
     const Result<void> written = writeByItself(document);
     if (written)
@@ -118,8 +119,8 @@ void DocumentController::closeAllDocuments(const Done& done) {
     });
 }
 
-// Those with changes that the user has not given up. While a question about one was up he may have changed
-// another.
+// Returns the documents with changes that the user has not given up. While the question about one was shown,
+// another may have been changed.
 std::vector<Document*> DocumentController::documentsToReview() const {
     std::vector<Document*> result = documents();
     std::erase_if(result, [this](const Document* document) {

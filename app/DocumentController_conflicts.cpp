@@ -1,4 +1,4 @@
-// The file under a document: noticing that another program changed it.
+// Files that another program has changed while their documents are open.
 #include "app/DocumentController.h"
 #include "window/SharedAlerts.h"
 
@@ -6,8 +6,8 @@
 
 namespace tabulon {
 
-// What to do with a file that is not as the document left it. Nothing is overwritten without this answer, and
-// what the file became while the question was up is asked about again.
+// Returns what is done with a file that another program has changed. The file is not overwritten without this
+// answer. If the file has changed again while the question was shown, the question is repeated.
 DocumentController::FileAnswer DocumentController::askAboutFile(const Document& document, Before before) {
     while (true) {
         const auto identity = platform_.files.identityOf(document.fileName());

@@ -1,4 +1,4 @@
-// Going back to what a document was when the user opened it or last saved it himself.
+// Restoring the state that a document had when the user opened it or last saved it.
 #include "app/DocumentController.h"
 #include "base/Settings.h"
 #include "window/SharedAlerts.h"
@@ -26,7 +26,7 @@ void DocumentController::revertDocument(Document& document) {
         revertToContentsOfURL(document);
 }
 
-// What the file became while the question was up is asked about again.
+// Asks again if the file has changed while the question was shown.
 std::optional<DocumentController::RevertTo> DocumentController::askToRevert(const Document& document) {
     const Localization& texts = platform_.base.texts;
     while (const OpenDocument* opened = find(document)) {
@@ -75,11 +75,11 @@ bool DocumentController::revertToContentsOfURL(Document& document) {
     return true;
 }
 
-// The file gets the user's version back to the byte; what it held until then goes to the backup. Where it
-// cannot be written the document stays changed, and saving by itself tries again.
+// The file is restored byte by byte, and its content until then is kept as a save keeps it. If the file
+// cannot be written the document stays changed, and automatic saving tries again.
 bool DocumentController::revertToUsersVersion(Document& document) {
     const Result<std::string> bytes = revertPoints_.read(document);
-    if (!bytes) { // the copy is gone; the versions have what it was
+    if (!bytes) { // the copy is missing, but the store of versions has its content
         revertPoints_.forget(document);
         return revertToContentsOfURL(document);
     }

@@ -1,5 +1,5 @@
-// Writing documents: to their own file, to another one. A failed write leaves the document changed
-// and the file as it was.
+// Writing documents to their own file or to another one. After a failed write the document stays changed, and
+// the file is as it was.
 #include "app/DocumentController.h"
 #include "app/SaveTasks.h"
 #include "window/SharedAlerts.h"
@@ -16,7 +16,7 @@ std::string folderOf(const Document& document) {
 
 } // namespace
 
-// A save that the user has asked for: Revert to Saved goes back to it.
+// A save that the user has asked for. Revert to Saved restores it.
 Result<void> DocumentController::write(Document& document, const std::string& path) {
     Result<void> written = writeBytes(document, path, document.dataOfType(kDocumentType));
     if (written)
@@ -24,7 +24,7 @@ Result<void> DocumentController::write(Document& document, const std::string& pa
     return written;
 }
 
-// A save in place that he has not asked for.
+// An automatic save in place.
 Result<void> DocumentController::writeByItself(Document& document) {
     return writeBytes(document, document.fileName(), document.dataOfType(kDocumentType));
 }
@@ -61,7 +61,7 @@ bool DocumentController::writeOrAlert(Document& document, const std::string& pat
     return written.has_value();
 }
 
-// What the user knows is not told again by the next save that the program makes by itself.
+// The user knows of this failure, so the next automatic save does not report it again.
 void DocumentController::failedSaveAlert(const Document& document, const std::string& path,
                                          const Error& error) {
     if (path == document.fileName())
@@ -85,7 +85,7 @@ void DocumentController::saveDocument(Document& document, const Done& done) {
     }
 }
 
-// The frame follows the file: it is kept under the file's name without extension.
+// The frame is stored under the file's name without extension.
 void DocumentController::saveFrameUsingName(const OpenDocument& opened) {
     platform_.state.setStringForKey("NSWindow Frame " + nameWithoutExtension(opened.document.fileName()),
                                     opened.window->frame());
@@ -125,7 +125,7 @@ void DocumentController::saveDocumentAs(Document& document, const Done& done) {
             });
             return done(false);
         }
-        // Another program may have changed its own file while the panel was up.
+        // Another program may have changed the document's file while the panel was shown.
         if (isSameFile(platform_.files, document.fileName(), *path))
             return saveDocument(document, done);
         done(writeOrAlert(document, *path));

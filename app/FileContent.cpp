@@ -18,7 +18,7 @@ namespace tabulon {
 namespace {
 
 constexpr std::size_t kBytesLookedAt = 4096;
-// Of files that may be opened: more than documents need, and than most links take.
+// Enough to recognize documents and most link files.
 constexpr std::size_t kBeginning = 65536;
 
 std::string_view withoutSpace(std::string_view bytes) {
@@ -26,18 +26,18 @@ std::string_view withoutSpace(std::string_view bytes) {
     return bytes.substr(static_cast<std::size_t>(start - bytes.begin()));
 }
 
-// The file without a byte-order mark and leading white space.
+// Returns the file without a byte-order mark and leading white space.
 std::string_view withoutMark(std::string_view bytes) {
     return withoutSpace(withoutUtf8Mark(bytes));
 }
 
-// The beginning of the file in lower case.
+// Returns the beginning of the file in lower case.
 std::string beginning(std::string_view bytes) {
     return ascii::lowered(withoutMark(bytes).substr(0, kBytesLookedAt));
 }
 
-// The end of the XML declaration or comment that the text begins with; nothing where it begins with neither,
-// or where that does not end.
+// Returns the end of the XML declaration or comment that the text begins with; `nullopt` if it begins with
+// neither, or it has no end.
 std::optional<std::size_t> endOfAside(std::string_view text) {
     for (const auto& [begin, end] : {std::pair<std::string_view, std::string_view>("<!--", "-->"),
                                      std::pair<std::string_view, std::string_view>("<?", "?>")})
@@ -47,7 +47,7 @@ std::optional<std::size_t> endOfAside(std::string_view text) {
     return std::nullopt;
 }
 
-// The file from its document type or first element on: what stands in front of them may be of any length.
+// Returns the file from its document type or first element on: what is before them may be of any length.
 std::string_view withoutAsides(std::string_view bytes) {
     std::string_view rest = withoutMark(bytes);
     while (const auto end = endOfAside(rest))
@@ -70,10 +70,10 @@ bool isArchive(std::string_view bytes) {
     return hasAny(bytes, {"$objects"}) && hasAny(bytes, {"$top"});
 }
 
-// How many entries of a list are looked at, of its top and of the folder there.
+// How many entries are examined, of the top of a list and of the folder in it.
 constexpr std::uint64_t kEntriesLookedAt = 100;
 
-// What the keys of a dictionary say about the program that wrote it; Unknown where they say nothing.
+// Returns the kind that the keys of a dictionary indicate, or Unknown.
 FileContent contentByKeys(const BinaryPlist& list, BinaryPlist::Object dictionary) {
     FileContent content;
     const std::uint64_t count = dictionary.kind() == BinaryPlist::Kind::Dictionary ? dictionary.count() : 0;
@@ -93,7 +93,7 @@ FileContent contentByKeys(const BinaryPlist& list, BinaryPlist::Object dictionar
     return content;
 }
 
-// By the keys of the top dictionary, then by those of its children.
+// Examines the keys of the top dictionary, then those of its children.
 FileContent contentByEntries(const BinaryPlist& list) {
     const BinaryPlist::Object top = list.object(list.topObject());
     FileContent content = contentByKeys(list, top);
@@ -111,8 +111,8 @@ FileContent contentByEntries(const BinaryPlist& list) {
     return content;
 }
 
-// For a list that cannot be read, or whose first entries say nothing: in both forms keys appear in the bytes
-// unchanged. A list of no known kind is read as a document, which says what is wrong with it.
+// For a list that cannot be parsed, or whose first entries do not decide. Keys are stored unchanged in both
+// forms of lists. A list of no known kind is read as a document, whose reader reports what is wrong with it.
 FileContent contentByBytes(std::string_view bytes) {
     if (isArchive(bytes) || !hasAny(bytes, {"Children"}))
         return kDocument;
@@ -139,7 +139,8 @@ bool isXMLList(std::string_view text) {
     return text.starts_with("<plist") || (isXML(text) && hasAny(text, {"<plist", "<!doctype plist"}));
 }
 
-// What follows a tag that the text begins with, white space and paragraphs left out.
+// Returns what follows the tag that the text begins with, without white space and paragraph tags; empty if
+// the tag has no end.
 std::string_view afterTag(std::string_view text) {
     const std::size_t end = text.find_first_of("<>", 1);
     if (end == std::string_view::npos || text[end] == '<')
@@ -155,8 +156,8 @@ bool startsWithTag(std::string_view text, std::string_view tag) {
            (ascii::isSpace(text[tag.size()]) || text[tag.size()] == '>');
 }
 
-// Whether the file has an entry of a bookmark file: a link or a folder right in the term of a list. The lists
-// of other pages have text there.
+// Returns whether the file has an entry of a bookmark file: a link or a folder at the beginning of a list's
+// term. The lists of other pages have text there.
 bool hasBookmarkEntry(std::string_view bytes) {
     for (std::size_t at = bytes.find('<'); at != std::string_view::npos; at = bytes.find('<', at + 1)) {
         const std::string_view tag = bytes.substr(at);
@@ -169,7 +170,7 @@ bool hasBookmarkEntry(std::string_view bytes) {
     return false;
 }
 
-// A bookmark file says so, or has its entries; any other page has links.
+// A bookmark file has its document type or its entries. Any other page is imported for its links.
 FileContent contentOfHTML(std::string_view text, std::string_view bytes) {
     const bool isBookmarkFile = hasAny(text, {"<!doctype netscape-bookmark"}) || hasBookmarkEntry(bytes);
     return imported(isBookmarkFile ? "html" : "html-links");
@@ -190,8 +191,8 @@ FileContent contentByExtension(const std::string& path, std::string_view bytes) 
     return extension == ".xbel" ? imported("xbel") : FileContent();
 }
 
-// Whether the rest of a file may say something else: a list may be a link, and of other programs' files some
-// say late what they are.
+// Returns whether the rest of a file may change the decision: a list may be a link file, and some files of
+// other programs are recognized late.
 bool leavesOpen(std::string_view start) {
     const std::string_view rest = withoutAsides(start);
     if (rest.starts_with("<!--") || rest.starts_with("<?"))
@@ -202,7 +203,7 @@ bool leavesOpen(std::string_view start) {
     return text.size() < kBytesLookedAt || (text.starts_with('{') && !hasAny(start, {"\"roots\""}));
 }
 
-// By how the text begins, which may be that of the file or of its document type or first element.
+// `text` is the beginning of the file, or of its document type or first element.
 FileContent contentByBeginning(const std::string& text, std::string_view bytes) {
     if (isXMLList(text))
         return contentOfList(bytes);

@@ -1,5 +1,5 @@
-// What a file holds that the user wants opened: told by its content first, by its extension where the content
-// says nothing.
+// The kind of a file that the user opens: determined by its content, and by its extension if the content does
+// not decide.
 #pragma once
 
 #include "formats/ImportFormats.h"
@@ -10,21 +10,23 @@
 
 namespace tabulon {
 
+/// The kind of a file.
 struct FileContent {
+    /// A bookmark document, a bookmark file of another program or a page, or neither.
     enum class Kind { Document, Import, Unknown };
 
     Kind kind = Kind::Unknown;
-    /// For Import: what reads it.
+    /// The format that reads it, for Import; else `nullptr`.
     const ImportFormat* format = nullptr;
 };
 
-/// `path` is in the file system's encoding. The file need not be sound: what begins like a file of a kind is
-/// one of them. Linear.
+/// Returns the kind of the file with the content `bytes` at `path`, which is in the file system's encoding. A
+/// damaged file has the kind that it begins like. The time is linear in the size of the file.
 FileContent contentOfFile(std::string_view bytes, const std::string& path);
 
-/// Whether the file at `path` is one that is opened, and not one that holds a single link. A file that cannot
-/// be read, or is not there, is one where it is called like a document, because opening it says what is
-/// wrong. Reads more than the beginning only of files whose beginning leaves it open.
+/// Returns whether the file at `path` is of a kind that is opened, and not a file of a single link. A file
+/// that cannot be read, or is missing, is one if its extension is that of documents, because opening it
+/// reports the error. Reads more than the beginning only if the beginning does not decide.
 bool isOpenable(FileStore& files, const std::string& path);
 
 } // namespace tabulon

@@ -13,7 +13,7 @@
 namespace tabulon {
 namespace {
 
-// Returns nullopt for what is no file of this computer.
+// Returns `nullopt` for a location that is no file of this computer.
 std::optional<std::string> pathOf(const std::string& location) {
     std::optional<std::string> path =
         location.starts_with('/') ? std::optional(location) : pathOfFileUri(location);
@@ -71,7 +71,7 @@ bool FileOpening::open(const std::string& location) {
     case PathKind::Other:
         return refuse("IsNoFile");
     case PathKind::File:
-    case PathKind::Nothing: // which is told by reading it
+    case PathKind::Nothing: // reading it reports the error
         break;
     }
     return documents_.showDocumentOfFile(*path) || openContent(*path);
@@ -106,7 +106,7 @@ bool FileOpening::openDocument(const std::string& path, std::string_view bytes,
     return document.value_or(nullptr) != nullptr;
 }
 
-// The file is named by the user, so that the document is called after it.
+// The document has the name of the file, because the user has chosen that name.
 bool FileOpening::openImported(const ImportFormat& format, const std::string& path, std::string_view bytes) {
     Result<Ref<Bookmark>> root = imports_.read(format, bytes, lastPathComponent(path));
     if (!root) {
@@ -125,8 +125,8 @@ bool FileOpening::openImported(const ImportFormat& format, const std::string& pa
     return true;
 }
 
-// The recent documents forget a file that is gone, but not one whose folder is gone too: its disk may come
-// back.
+// Removes a missing file from the recent documents. It stays if its folder is missing, too: its disk may be
+// connected later.
 Error FileOpening::missingFile(const std::string& path, const Error& error) {
     if (error.domain != ErrorDomain::Posix || (error.code != ENOENT && error.code != ENOTDIR))
         return error;

@@ -11,15 +11,15 @@
 namespace tabulon {
 namespace {
 
-// Whether "</A>" stands in the text, in any letter case.
+// Returns whether the text contains "</A>", in any letter case.
 bool holdsEndOfLink(std::string_view text) {
     constexpr std::string_view kEnd = "</a>";
     const auto same = [](char a, char b) { return ascii::lower(a) == b; };
     return std::search(text.begin(), text.end(), kEnd.begin(), kEnd.end(), same) != text.end();
 }
 
-// Whether a panel for these kinds enables the file. Dialogs take a name of any extension that is typed, or
-// spelled with other letters.
+// Returns whether a panel for these kinds enables the file. Dialogs accept a typed name with any extension,
+// and with one in other letter case.
 bool isEnabled(const std::string& path, const std::vector<FileKind>& kinds) {
     const std::string extension = std::filesystem::path(path).extension().string();
     const auto has = [&](const FileKind& kind) {
@@ -40,7 +40,7 @@ ImportCommands::ImportCommands(const Platform& platform, DocumentController& doc
         actions_.add(action, [this](const MenuItem&) { firefoxAlert(); });
 }
 
-// What the panels enable while filters are set, as one kind; everything where none is.
+// Returns what the panels enable while filters are set, as one kind; empty if none is set.
 std::vector<FileKind> ImportCommands::kindsThatPanelsEnable() const {
     FileKind kind;
     const auto add = [&](PanelFilter filter, std::string_view labelKey) {
@@ -84,7 +84,7 @@ void ImportCommands::importFile(const ImportSource& source, const std::string& p
     if (!source.fileName.empty() && lastPathComponent(path) != source.fileName)
         return importErrorAlert(platform_, texts.format(source.messageKey, std::string(source.fileName)));
     const Result<std::string> bytes =
-        platform_.files.kindOf(path) == PathKind::Other // its end may never come
+        platform_.files.kindOf(path) == PathKind::Other // reading it may never end
             ? failure("It is no file.")
             : platform_.files.readFile(path);
     if (!bytes) {

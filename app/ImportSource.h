@@ -1,4 +1,4 @@
-// The sources that the Import menu offers: their titles, panels and alerts. What reads them is
+// The sources that the Import menu offers: their titles, panels and alerts. The readers are in
 // formats/ImportFormats.h.
 #pragma once
 
@@ -9,41 +9,45 @@
 
 namespace tabulon {
 
-/// How the user is told that a file is not of the format.
+/// How a file of another format is reported to the user.
 enum class ImportFailure {
     IsSilent,
-    IsDetailed,  ///< with the error's code and reason
-    IsLocalized, ///< by the text of the key `failureText`
-    IsFixed,     ///< by `failureText` itself
+    IsDetailed,  ///< by an alert with the error's code and reason
+    IsLocalized, ///< by an alert with the text of the key `failureText`
+    IsFixed,     ///< by an alert with `failureText` itself
 };
 
-/// The files that a source's panel enables. A panel enables those of every filter that is set, and one that
-/// keeps its filter leaves it set when it closes.
+/// The files that a source's panel enables. A panel enables those of every filter that is set. A source that
+/// keeps its filter leaves it set after its panel is closed.
 enum class PanelFilter { None, HTML, XBEL };
 
+/// One source of the Import menu.
 struct ImportSource {
-    /// The name of what reads the files, as `importFormatNamed` knows it.
+    /// The name of the format that reads the files (`importFormatNamed`).
     std::string_view format;
     /// The key of the menu's title.
     std::string_view titleKey;
+    /// The name of the operation.
     std::string_view action;
     /// The key of the panel's message, a format for `fileName`.
     std::string_view messageKey;
-    /// The exact name that the files have; empty for any.
+    /// The name that the files must have; empty for any name.
     std::string_view fileName = {};
-    /// The identifier of the browser that the files belong to; empty for none.
+    /// The identifier of the browser that writes the files; empty for a source that is no browser.
     std::string_view browser = {};
-    /// The name of the source in the title of the new window; empty for the title that every new document
-    /// has.
+    /// The name of the source in the title of the new window; empty for the title of a new document.
     std::string_view name = {};
-    /// The title of the new window, whatever the language; empty for a title made of `name`, or the usual
-    /// one.
+    /// The title of the new window in every language; empty for a title with `name`, or that of a new
+    /// document.
     std::string_view title = {};
     PanelFilter filter = PanelFilter::None;
+    /// Whether the filter stays set after the panel is closed.
     bool keepsFilter = false;
     ImportFailure failure = ImportFailure::IsSilent;
+    /// The text, or its key, for `failure`.
     std::string_view failureText = {};
-    /// Whether a file that cannot be read at all is reported like one of another format.
+    /// Whether a file that cannot be read is reported like one of another format. Otherwise it is not
+    /// reported.
     bool tellsUnreadable = false;
 };
 

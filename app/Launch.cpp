@@ -44,7 +44,7 @@ LaunchDecision decideLaunch(SingleInstance& instance, const LaunchRequest& reque
         if (answer == SingleInstance::Answer::Refused)
             return LaunchDecision::Run;
     }
-    // It comes and goes faster than it can be asked.
+    // Other processes start and end faster than they can be asked.
     return LaunchDecision::Run;
 }
 

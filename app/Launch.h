@@ -1,4 +1,4 @@
-// Whether this start of the program runs, or leaves its work to one that runs already.
+// The decision whether this start of the program runs, or leaves its request to a process that runs already.
 #pragma once
 
 #include "base/Localization.h"
@@ -7,18 +7,19 @@
 
 namespace tabulon {
 
+/// What the program does after it was started.
 enum class LaunchDecision {
-    Run,        ///< as the first, or beside another one
-    HandedOver, ///< the running one does it: end with success
-    Cancelled,  ///< the running one does not answer, and the user gave up
+    Run,        ///< run, as the first process or beside another one
+    HandedOver, ///< exit with success: the running process has the request
+    Cancelled,  ///< exit: the running process does not respond, and the user cancelled
 };
 
-/// How long the running program may take to answer before the user is asked what to do.
+/// How long the running process may take to respond before the user is asked.
 inline constexpr std::chrono::seconds kLaunchPatience{5};
 
-/// Without a way to find others it runs. One that is just ending is waited out and followed. One that does
-/// not answer may only be busy: the user decides whether to wait on, to open another one beside it or to give
-/// up.
+/// Passes `request` to the running process, if there is one, and returns what this process does. If the
+/// running process is just ending, the attempt is repeated. If it does not respond, an alert asks whether to
+/// wait, to run beside it, or to cancel. Returns Run if other processes cannot be found.
 LaunchDecision decideLaunch(SingleInstance& instance, const LaunchRequest& request, Alerts& alerts,
                             const Localization& texts);
 

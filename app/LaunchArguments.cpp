@@ -8,7 +8,8 @@ namespace {
 
 using Purpose = LaunchArguments::Purpose;
 
-// A path from the root on. Double slashes and "." go; ".." stays, for what is before it may be a link.
+// Returns an absolute path without double slashes and "." components. A ".." stays, because the component
+// before it may be a symbolic link.
 std::string absolutePath(const std::string& path, const std::string& workingFolder) {
     const std::string whole = path.starts_with('/') ? path : workingFolder + "/" + path;
     std::string result;

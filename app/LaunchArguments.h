@@ -1,4 +1,4 @@
-// What the desktop program was started with: options and files.
+// The arguments that the desktop program was started with: options and files.
 #pragma once
 
 #include "platform/SingleInstance.h"
@@ -8,30 +8,33 @@
 
 namespace tabulon {
 
+/// The parsed arguments.
 struct LaunchArguments {
+    /// What the program is started for.
     enum class Purpose {
         Run,
-        Serve, ///< started by the message bus: what to do comes as a message
+        Serve, ///< started by the message bus, which sends the request later
         ShowHelp,
         ShowVersion,
-        Complain, ///< about `problem`
+        Complain, ///< print `problem` and exit
     };
 
     Purpose purpose = Purpose::Run;
-    /// A sentence that tells what is wrong with the arguments.
+    /// A sentence on what is wrong with the arguments; empty unless the purpose is Complain.
     std::string problem = {};
-    /// As it was given.
+    /// "system", "light" or "dark".
     std::string theme = "system";
-    /// What this start asks for: new document, files, or neither.
+    /// The request of this start: a new document, files, or neither.
     LaunchRequest request = {};
 };
 
-/// `arguments` are those after the program's name; relative paths begin at `workingFolder`, which is empty
-/// when there is none. Files are named by paths or URIs.
+/// Returns the parsed arguments. `arguments` are those after the program's name. Files are paths or URIs in
+/// the file system's encoding; a relative path is relative to `workingFolder`, which is empty if there is
+/// none.
 LaunchArguments parseLaunchArguments(const std::vector<std::string>& arguments,
                                      const std::string& workingFolder);
 
-/// The text of --help.
+/// Returns the text that "--help" prints.
 std::string_view launchUsage();
 
 } // namespace tabulon

@@ -15,7 +15,7 @@
 namespace tabulon {
 namespace {
 
-// A separator has no title. A row without an action is completed by its menu.
+// One fixed row. A separator has no title. A row without an action is completed by its menu.
 struct Row {
     std::string_view titleKey = {};
     std::string_view action = {};
@@ -23,13 +23,13 @@ struct Row {
     KeyModifiers modifiers = {};
 };
 
-// What the menus show besides their fixed rows.
+// What the functions that complete menus read.
 struct Source {
     const Platform& platform;
     DocumentController& documents;
 };
 
-// One menu: its fixed rows, and the function that completes them, or null.
+// One menu: its fixed rows, and the function that completes them, or `nullptr`.
 struct Entry {
     std::string_view titleKey;
     std::span<const Row> rows = {};
@@ -134,7 +134,7 @@ constexpr auto kCleanUp = std::to_array<Row>({
     {"MenuMoveDelete", "moveDeleteSheet:"},
 });
 
-// Desktops have keys of their own for minimizing windows and for switching between them.
+// Desktops have their own keys for minimizing windows and for switching between them.
 constexpr auto kWindow = std::to_array<Row>({{"MenuMinimize", "performMiniaturize:"}});
 
 constexpr auto kHelp = std::to_array<Row>({{"MenuAbout", "orderFrontStandardAboutPanel:"}});
@@ -175,7 +175,7 @@ void completeLabel(Menu& menu, const Source& source) {
     }
 }
 
-// A browser whose bookmarks are on this computer is marked.
+// A browser whose bookmark file is on this computer has a mark.
 MenuItem importItem(const ImportSource& source, const Platform& platform) {
     MenuItem item = command(platform.base.texts, source.titleKey, source.action);
     if (source.browser.empty())

@@ -13,10 +13,10 @@ namespace tabulon {
 
 class DocumentController;
 
-/// A menu is named by its place in the bar, from 0 on.
+/// The content of the menu bar. A menu is identified by its place in the bar, from 0 on.
 class MainMenu {
 public:
-    /// What is passed in must outlive this object.
+    /// Requires: `documents` and the services of `platform` outlive this object.
     MainMenu(const Platform& platform, DocumentController& documents)
         : platform_(platform), documents_(documents) {}
 
@@ -26,13 +26,13 @@ public:
     /// Returns the title of a menu. Requires: `place < count()`.
     std::string title(std::size_t place) const;
 
-    /// Builds one menu as it is to be shown now, with its submenus. The Open Recent list is read from the
-    /// state file, and the Import menu looks for the browsers' files; the other menus read nothing from the
-    /// disk. Requires: `place < count()`.
+    /// Returns one menu as it is to be shown, with its submenus. The Open Recent list is read from the state
+    /// file, and the Import menu looks for the browsers' files; the other menus do not read the disk.
+    /// Requires: `place < count()`.
     Menu menu(std::size_t place) const;
 
-    /// Returns the items of a menu that have a key equivalent. They are the same at any time, so that keys
-    /// work before the menu is opened. Reads nothing from the disk. Requires: `place < count()`.
+    /// Returns the items of a menu that have a key equivalent. They are always the same, so that keys work
+    /// before the menu is opened. The disk is not read. Requires: `place < count()`.
     std::vector<MenuItem> itemsWithKeys(std::size_t place) const;
 
 private:

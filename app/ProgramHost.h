@@ -1,4 +1,4 @@
-// The program around the application: its main loop, and what the desktop needs around each request.
+// The program around the application: its main loop, and what the desktop requires around each request.
 #pragma once
 
 #include "platform/SingleInstance.h"
@@ -7,6 +7,7 @@ namespace tabulon {
 
 class Document;
 
+/// Implemented by the desktop program.
 class ProgramHost {
 public:
     virtual ~ProgramHost() = default;
@@ -15,12 +16,12 @@ public:
     virtual void stop() = 0;
 
     /// Returns true while no request from outside may be performed, such as while an alert waits for an
-    /// answer. When that is over the program calls `RequestQueue::performSoon`.
+    /// answer. The host calls `RequestQueue::performSoon` when that has ended.
     virtual bool mustWait() const = 0;
 
-    /// Called before each request, so that windows may come to the front.
+    /// Called before each request, so that the desktop lets windows come to the front.
     virtual void willPerform(const LaunchRequest& request) = 0;
-    /// Called after each request. `current` is the current document then, or `nullptr`.
+    /// Called after each request. `current` is the current document at that time, or `nullptr`.
     virtual void didPerform(const LaunchRequest& request, const Document* current) = 0;
 };
 

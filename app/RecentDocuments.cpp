@@ -1,5 +1,5 @@
-// The list is stored as one text: paths separated by spaces, with every byte that is not a plain character
-// written as a percent sign and two hexadecimal digits.
+// The list is stored as one text: paths separated by spaces, percent-encoded except for printable ASCII
+// characters other than "%".
 #include "app/RecentDocuments.h"
 
 #include "text/PercentCoding.h"

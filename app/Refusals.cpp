@@ -8,7 +8,7 @@
 namespace tabulon {
 namespace {
 
-// What an alert calls it.
+// Returns the name of the file in an alert.
 std::string nameOf(const std::string& location) {
     return location.starts_with('/') && location != "/" ? lastPathComponent(location)
                                                         : decodeUtf8Leniently(location);

@@ -18,8 +18,8 @@ void RequestQueue::open(const std::vector<std::string>& locations) {
     performSoon();
 }
 
-// Each file is a request of its own: between two of them the main loop runs, so that the end of the session
-// need not wait for all.
+// Each file is a request of its own. The main loop runs between two of them, so the end of the session need
+// not wait for all.
 void RequestQueue::add(LaunchRequest request) {
     const std::vector<std::string> uris = std::exchange(request.uris, {});
     for (std::size_t i = 0; i + 1 < uris.size(); ++i)
@@ -35,14 +35,14 @@ void RequestQueue::performSoon() {
 }
 
 // Returns the queue whose first request is performed next: the user's files before requests from outside.
-// Null where both are empty or the requests from outside must wait.
+// Returns `nullptr` if both are empty, or requests from outside must wait.
 std::deque<LaunchRequest>* RequestQueue::next() {
     if (!opened_.empty())
         return &opened_;
     return pending_.empty() || performer_.mustWait() ? nullptr : &pending_;
 }
 
-// Performing may show an alert, while which more requests come and this is called again.
+// Performing may show an alert. While it is shown more requests may arrive, and this is called again.
 void RequestQueue::performNext() {
     std::deque<LaunchRequest>* const requests = performing_ ? nullptr : next();
     if (!requests)

@@ -1,4 +1,4 @@
-// The way from a menu item to the code of its action.
+// The search for the code of a menu item's action.
 #pragma once
 
 #include "window/ActionTable.h"
@@ -11,21 +11,24 @@ namespace tabulon {
 
 class DocumentController;
 
-/// An action is looked for in the outline controller of the current window, then in the documents' table,
+/// An action is searched for in the outline controller of the current document, then in the documents' table,
 /// then in those of the application.
 class ResponderChain {
 public:
-    /// Actions of the application are looked for in the order of `application`. What is passed in must
-    /// outlive this object.
+    /// The tables of the application are searched in the order of `application`. Requires: `documents` and
+    /// the tables outlive this object.
     ResponderChain(const DocumentController& documents, std::vector<const ActionTable*> application);
 
-    /// Returns true when the item's action is there and enabled now, or when the item only holds a submenu.
+    /// Returns whether the item's action exists and is enabled. An item without an action is enabled if it
+    /// has a submenu.
     bool validateMenuItem(const MenuItem& item) const;
 
-    /// Runs the item's action. Returns false, and runs nothing, when the action is not there or not enabled.
+    /// Runs the item's action and returns true. Returns false, and runs no action, if it does not exist or is
+    /// not enabled.
     bool performMenuItem(const MenuItem& item) const;
 
 private:
+    /// Returns the first table with the action, or `nullptr`.
     const ActionTable* responderTo(std::string_view action) const;
 
     const DocumentController& documents_;

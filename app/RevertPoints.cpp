@@ -19,7 +19,7 @@ void RevertPoints::keep(const Document& document) {
                              path.error().message));
 }
 
-// The path of the copy.
+// Returns the path of the new copy.
 Result<std::string> RevertPoints::copy(const Document& document) {
     Result<std::string> folder = folders_.ownFolder();
     if (!folder)

@@ -1,6 +1,5 @@
-// What Revert to Saved goes back to: the file of a document as the user opened it or last saved it himself,
-// where the program has saved over it since. When a copy is made and when it goes is DocumentController's
-// concern.
+// The states that Revert to Saved restores: the file of a document as the user opened it or last saved it, if
+// the program has saved over it since. DocumentController decides when a copy is made and removed.
 #pragma once
 
 #include "base/SystemLog.h"
@@ -14,31 +13,33 @@
 
 namespace tabulon {
 
-/// The copies are files in this run's recovery folder, so that they need no memory. They last as long as this
-/// object: the copies of a run that was killed are removed by the next one.
+/// The copies are files in this process's recovery folder, so that they need no memory. The destructor
+/// removes them; copies of a process that was killed are removed by the next one.
 class RevertPoints {
 public:
-    /// What is handed in must live longer.
+    /// Requires: the arguments outlive this object.
     RevertPoints(FileStore& files, RecoveryFolders& folders, SystemLog& log)
         : files_(files), folders_(folders), log_(log) {}
     RevertPoints(const RevertPoints&) = delete;
     RevertPoints& operator=(const RevertPoints&) = delete;
     ~RevertPoints();
 
-    /// Copies the document's file, to be called before the program saves over it. Does nothing where there is
-    /// a copy already: the first one is what the user left. A copy that cannot be made is left out and
-    /// logged, because saving matters more.
+    /// Copies the document's file. Called before the program saves over it automatically. Does nothing if
+    /// there is a copy already, because the first one is what the user has left. A failure is only logged:
+    /// saving matters more.
     void keep(const Document& document);
+    /// Returns whether there is a copy of the document's file.
     bool has(const Document& document) const { return paths_.contains(&document); }
-    /// The bytes of the copy. Requires one.
+    /// Returns the bytes of the copy. Fails with the error of the file store. Requires: has(document).
     Result<std::string> read(const Document& document);
     /// Removes the document's copy, if there is one.
     void forget(const Document& document);
 
-    /// Whether a file in a recovery folder is such a copy.
+    /// Returns whether a file of this name in a recovery folder is such a copy.
     static bool isCopy(std::string_view fileName) { return fileName.ends_with(kExtension); }
 
 private:
+    /// Copies the document's file and returns the path of the copy.
     Result<std::string> copy(const Document& document);
 
     static constexpr std::string_view kExtension = ".revert";
@@ -47,6 +48,7 @@ private:
     RecoveryFolders& folders_;
     SystemLog& log_;
     std::map<const Document*, std::string> paths_;
+    /// The number in the name of the last copy.
     int lastNumber_ = 0;
 };
 

@@ -17,7 +17,7 @@ std::string backupName(const std::string& path, const BaseServices& services) {
            "." + (extension.empty() ? extension : extension.substr(1));
 }
 
-// Keeps a file at the backup's place that is no backup of the document; fails where it would be lost.
+// Keeps a file at the backup's path that is no backup of the document. Fails if that file would be lost.
 Result<void> keepForeignFile(const std::string& file, const std::string& backup, const Platform& platform,
                              VersionStore& versions) {
     if (!platform.files.fileExists(backup) || versions.isBackupOf(file, backup))

@@ -1,5 +1,5 @@
 // What a save does besides writing the document: the dated backup and the HTML copy. Neither can make the
-// save fail; their errors are told to nobody.
+// save fail, and their errors are not reported to the user.
 #pragma once
 
 #include "app/VersionStore.h"
@@ -9,17 +9,18 @@
 
 namespace tabulon {
 
-/// Copies the document's file as it is on disk, the version that the save is about to replace, to
-/// "NAME-yyyy-MM-dd.EXTENSION" in the backup folder, else in the folder for documents; with neither, or for a
-/// document without a file, it does nothing. One backup a document and day: a later one replaces it. A file
-/// at its path that is not such a backup of this document goes into `versions` first; where that fails there
-/// is no backup.
+/// Copies the document's file, which the save is about to replace, to "NAME-yyyy-MM-dd.EXTENSION" in the
+/// backup folder, or else in the folder for documents. Does nothing without a folder, and for a document
+/// without a file. There is one backup for each document and day: a later one replaces it. If the backup's
+/// path has a file that is no such backup of this document, that file is first kept in `versions`; if that
+/// fails, it is logged and no backup is made.
 void makeBackup(const Document& document, const Platform& platform, VersionStore& versions);
 
-/// Writes the document as HTML to the file that was chosen for it; without one it does nothing.
+/// Writes the document as HTML to the file that the user has chosen for it. Does nothing without such a file,
+/// and if the document cannot be written as HTML.
 void saveCopyHTML(const ViewController& controller, const Platform& platform);
 
-/// Both, as the settings "MakeBackups" and "SaveAsHTML" say, in this order.
+/// Runs both, in this order, as the settings "MakeBackups" and "SaveAsHTML" say.
 void runSaveTasks(const ViewController& controller, const Platform& platform, VersionStore& versions);
 
 } // namespace tabulon

@@ -1,4 +1,4 @@
-// What the user is told about the settings file.
+// Reports about problems with the settings file.
 #pragma once
 
 #include "platform/Platform.h"
@@ -7,10 +7,11 @@
 
 namespace tabulon {
 
-/// One modal alert: what happened to the file, where it is now, and what holds.
+/// Shows a modal alert: what happened to the file, and where a damaged one is stored or why the file cannot
+/// be used.
 void settingsProblemAlert(const Platform& platform, const SettingsProblem& problem);
 
-/// The same as a line for the log.
+/// Returns the same as a line in English for the log.
 std::string settingsProblemLine(const SettingsProblem& problem);
 
 } // namespace tabulon

@@ -10,10 +10,10 @@
 namespace tabulon {
 namespace {
 
-// Few enough bytes for any file system, with room for number and extension.
+// In bytes: within the limit of every file system, with room for number and extension.
 constexpr std::size_t kLongestName = 180;
 
-// A display name as part of a file's name: what cannot stand there stands percent-coded.
+// Returns a display name as part of a file's name. Characters that are not allowed in it are percent-encoded.
 std::string fileNameOf(std::string_view name) {
     std::string fileName;
     std::size_t end = 0; // of the last whole character that there is room for
@@ -34,7 +34,7 @@ std::string extension() {
     return "." + std::string(kDocumentExtension);
 }
 
-// The name behind the number.
+// Returns the name after the number.
 std::string displayNameIn(const std::string& path) {
     const std::string name = nameWithoutExtension(path);
     const std::size_t blank = name.find(' ');
@@ -66,7 +66,7 @@ void UnsavedDocuments::forget(const Document& document) {
     const auto known = paths_.find(&document);
     if (known == paths_.end())
         return;
-    // A copy that cannot be removed comes back at the next start: a question too many, but nothing lost.
+    // A copy that cannot be removed is opened again by the next start; no changes are lost by that.
     (void)files_.removeFile(known->second);
     paths_.erase(known);
 }
@@ -75,7 +75,7 @@ std::vector<UnsavedDocuments::Copy> UnsavedDocuments::abandonedCopies() {
     std::vector<Copy> copies;
     for (const std::string& folder : folders_.adoptAbandonedFolders())
         for (const std::string& name : files_.namesInFolder(folder))
-            if (RevertPoints::isCopy(name)) // ends with the run that could go back to it
+            if (RevertPoints::isCopy(name)) // only the process that made it could restore it
                 (void)files_.removeFile(fmt::format("{}/{}", folder, name));
             else if (name.ends_with(extension()))
                 copies.push_back({fmt::format("{}/{}", folder, name), displayNameIn(name)});

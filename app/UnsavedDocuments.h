@@ -1,5 +1,5 @@
-// Copies of documents that have no file yet, or one that cannot be written now, kept so that they are there
-// again after a crash or a cut of power. When they are written is DocumentController's affair.
+// Copies of documents that have no file, or one that cannot be written, from which they are restored after a
+// crash or a power failure. DocumentController decides when they are written.
 #pragma once
 
 #include "model/Document.h"
@@ -12,37 +12,43 @@
 
 namespace tabulon {
 
-/// Each copy is a whole document file named "NUMBER NAME.tbln" after the document's display name.
+/// The copies of this process. Each is a whole document file named "NUMBER NAME.tbln", with the document's
+/// display name. Paths are in the file system's encoding.
 class UnsavedDocuments {
 public:
-    /// A copy that a run of the program left behind.
+    /// A copy that another process has left.
     struct Copy {
         std::string path;
-        /// What the document was called.
+        /// The display name of the document.
         std::string displayName;
     };
 
-    /// What is handed in must live longer.
+    /// Requires: the arguments outlive this object.
     UnsavedDocuments(FileStore& files, RecoveryFolders& folders) : files_(files), folders_(folders) {}
 
-    /// Writes the document's copy anew.
+    /// Writes the document's copy, or replaces it. Fails with the error of the file store or the recovery
+    /// folders.
     Result<void> keep(const Document& document);
-    /// Removes the document's copy, if there is one.
+    /// Removes the document's copy, if there is one. Errors are ignored.
     void forget(const Document& document);
 
-    /// What runs left behind that ended without asking about their documents.
+    /// Returns the copies of processes that ended without asking about their documents. Their folders belong
+    /// to this process after that.
     std::vector<Copy> abandonedCopies();
-    /// From now on the copy at `path` is that of `document`.
+    /// Makes the copy at `path` that of `document`.
     void adopt(const Document& document, const std::string& path) { paths_[&document] = path; }
-    /// Gives a copy that cannot be read a name under which it is not found again, and gives that name.
+    /// Renames a copy that cannot be read, so that it is not found again, and returns its new path. Returns
+    /// `path` if that fails.
     std::string putAside(const std::string& path);
 
 private:
+    /// Returns the path of the document's copy, which need not exist.
     Result<std::string> pathFor(const Document& document);
 
     FileStore& files_;
     RecoveryFolders& folders_;
     std::map<const Document*, std::string> paths_;
+    /// The number in the name of the last copy.
     int lastNumber_ = 0;
 };
 

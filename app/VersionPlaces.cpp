@@ -13,7 +13,7 @@ constexpr std::string_view kSuffix = ".place";
 constexpr std::size_t kDigits = 16;
 constexpr double kMilliseconds = 1000;
 
-// FNV-1a with 64 bits. It only has to spread.
+// FNV-1a with 64 bits. Collisions are resolved by `newIdentifier`.
 std::uint64_t hashOf(std::string_view text) {
     std::uint64_t hash = 0xcbf29ce484222325u;
     for (const char c : text)
@@ -98,7 +98,7 @@ std::vector<VersionPlaces::Place> VersionPlaces::readPlaces() const {
     return found;
 }
 
-// The documents that have the very file at the path, those first that were known there.
+// Returns the documents that have exactly the file at the path, those first that were known at that path.
 std::vector<std::string> VersionPlaces::withFile(const std::vector<Place>& all,
                                                  const std::string& path) const {
     const std::optional<FileIdentity> identity = files_.identityOf(path);

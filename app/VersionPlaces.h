@@ -1,5 +1,5 @@
-// Which document a file is, for the store of versions: a document keeps its history when its file is renamed,
-// moved, linked or saved anew.
+// The identity of documents for the store of versions: a document keeps its history when its file is renamed,
+// moved, linked or saved again.
 #pragma once
 
 #include "platform/FileStore.h"
@@ -11,24 +11,24 @@
 
 namespace tabulon {
 
-/// Each document of the store has an identifier, 16 hexadecimal digits, and a file "IDENTIFIER.place" with
-/// what was last known of its file: one line of device, inode, size and time of change in decimal digits (0
-/// where there was no file) and, for each document that it began as a copy of, that one's identifier and the
-/// time of the copy in milliseconds since 1970; then the path. Paths are absolute and in the file system's
-/// encoding.
+/// Each document of the store has an identifier, 16 hexadecimal digits, and a file "IDENTIFIER.place". Its
+/// first line has the device, inode, size and time of change of the document's file in decimal digits (0 if
+/// there was no file); then, for each document that it began as a copy of, that document's identifier and the
+/// time of the copy in milliseconds since 1970. The path follows the line. Paths are absolute and in the file
+/// system's encoding.
 class VersionPlaces {
 public:
-    /// A document whose versions are versions of a file, as far as they were kept until `until` (seconds
-    /// since 1970-01-01 00:00 UTC).
+    /// A document whose versions are versions of a file, if they were kept until `until` (seconds since
+    /// 1970-01-01 00:00 UTC).
     struct Source {
         std::string identifier;
         double until = 0;
     };
 
-    /// The folder need not exist. What is handed in must live longer.
+    /// The folder need not exist. Requires: `files` outlives this object.
     VersionPlaces(FileStore& files, std::string folder) : files_(files), folder_(std::move(folder)) {}
 
-    /// Until it goes, the records are kept in memory: what another program writes meanwhile is not seen.
+    /// While it exists, the records are cached in memory, and changes by other programs are not seen.
     class ReadOnce {
     public:
         explicit ReadOnce(VersionPlaces& places) : places_(places) { places_.known_ = places_.readPlaces(); }
@@ -40,40 +40,42 @@ public:
         VersionPlaces& places_;
     };
 
-    /// Returns the documents whose versions are those of the file at `path`, which may be gone: the one with
-    /// exactly that file (also after it was renamed or moved) or the one whose path leads to it; else those
-    /// that were last known at that path; and the documents that these were copied from. Empty for an unknown
-    /// file.
+    /// Returns the documents whose versions are those of the file at `path`, which may be missing: the
+    /// documents with exactly that file, also after it was renamed or moved, or linked from the path; if
+    /// there are none, those that were last known at that path; and the documents that these were copied
+    /// from. Returns an empty list for an unknown file.
     std::vector<Source> sourcesOf(const std::string& path) const;
 
-    /// Returns the identifier of the document whose file is at `path`. Where another file is at the path than
-    /// the one that was known there, that may have been moved and keep its document: the new file becomes a
-    /// copy of it at the time `now`. A document that is not known gets an identifier, by which `note` makes
-    /// it known. Where there is no file the document last known at the path is meant.
+    /// Returns the identifier of the document whose file is at `path`, or was last if there is no file. If
+    /// the path now has another file than before, the new file is recorded as a copy, at the time `now`, of
+    /// the document that was known there, because that may have been moved and keeps its own identifier. An
+    /// unknown document gets a new identifier, which `note` records.
     std::string identifierFor(const std::string& path, double now);
-    /// Returns an identifier that no document has.
+    /// Returns an identifier that no document has. It depends on `path`.
     std::string newIdentifier(const std::string& path) const;
 
-    /// Records that the document's file is at `path` as it is now.
+    /// Records that the document's file is at `path`, as it is. Fails with the error of the file store.
     Result<void> note(const std::string& identifier, const std::string& path);
-    /// The same for an identifier that is not known yet; does nothing for a known one.
+    /// Does the same for an identifier that has no record, and nothing for any other.
     Result<void> noteNew(const std::string& identifier, const std::string& path);
-    /// The same as `note`; from now on the versions of the document with its file at `source`, as they were
-    /// at the time `now`, are versions of this one, too.
+    /// Does the same as `note`. The versions of the document with its file at `source`, as far as they were
+    /// kept until `now`, become versions of this document, too.
     Result<void> noteCopy(const std::string& identifier, const std::string& path, const std::string& source,
                           double now);
 
-    /// Removes the records of documents that are not `used`, whose file is at their path no more, and that no
-    /// document with a record left began as a copy of. Returns the identifiers of the others.
+    /// Removes the record of each document that is not in `used`, whose file is no longer at its path, and
+    /// that no remaining document began as a copy of. Returns the identifiers of the remaining ones.
     std::set<std::string> forgetUnused(const std::set<std::string>& used);
 
 private:
+    /// A document that another one began as a copy of, and when (milliseconds since 1970).
     struct Origin {
         std::string identifier;
         std::uint64_t copied = 0;
 
         friend bool operator==(const Origin&, const Origin&) = default;
     };
+    /// The record of one document.
     struct Place {
         std::string identifier;
         std::optional<FileIdentity> identity = {};
@@ -83,12 +85,19 @@ private:
         friend bool operator==(const Place&, const Place&) = default;
     };
 
+    /// Returns all records, cached or read from the folder.
     std::vector<Place> places() const { return known_ ? *known_ : readPlaces(); }
+    /// Reads all records.
     std::vector<Place> readPlaces() const;
+    /// Reads one record; `nullopt` if it is damaged or missing.
     std::optional<Place> readPlace(const std::string& name) const;
+    /// Returns the record of a document, or an empty one.
     Place placeOf(const std::string& identifier) const;
+    /// Writes a record, if it has changed.
     Result<void> writePlace(const Place& place);
+    /// Returns the path of a record.
     std::string fileOf(const std::string& identifier) const;
+    /// Returns the documents that have exactly the file at `path`.
     std::vector<std::string> withFile(const std::vector<Place>& all, const std::string& path) const;
 
     FileStore& files_;

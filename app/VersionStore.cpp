@@ -41,7 +41,7 @@ double VersionStore::now() const {
     return Date::now(clock_).unixSeconds();
 }
 
-// A new document at a path without a file has nothing to do with one that was there before.
+// A new document at a path without a file does not continue the document that was there before.
 Result<void> VersionStore::willReplace(const std::string& path, const std::string& fileBefore) {
     if (!isOn())
         return {};
@@ -108,8 +108,9 @@ std::vector<std::string> VersionStore::versionNamesOf(const std::string& identif
     return names;
 }
 
-// Now, or a millisecond after the newest version where the clock was set back a little, so that the order
-// stays. A version from the far future says that the clock was wrong then.
+// Returns the current time, or a millisecond after the newest version if the clock was set back a little, so
+// that the order stays. A version from more than a day in the future is ignored, because the clock was wrong
+// then.
 double VersionStore::nextTime(const std::string& path) const {
     double time = now();
     for (const DocumentVersion& version : versionsOf(path)) {

@@ -15,7 +15,7 @@ constexpr double kDay = 24 * kHour;
 constexpr double kWeek = 7 * kDay;
 constexpr double kMonth = 30 * kDay;
 
-// The period that holds one version at this age; 0 where all stay.
+// Returns the period in seconds of which one version stays at this age; 0 if all stay.
 double periodAt(double age) {
     if (age < kHour)
         return 0;
@@ -37,7 +37,8 @@ public:
     std::uint64_t size() const { return size_; }
     double newest() const { return entries_.back().kept; }
 
-    // The one whose absence leaves the smallest gap; the oldest of two.
+    // Returns the place of the version whose removal leaves the shortest gap; of equal ones, and of two
+    // versions, the older one.
     std::size_t leastMissed() const {
         std::size_t best = 0;
         double smallest = std::numeric_limits<double>::infinity();
@@ -69,7 +70,8 @@ private:
     std::uint64_t size_ = 0;
 };
 
-// The document to take a version from: the largest with several versions, else the one not used for longest.
+// Returns the document to remove a version from: the largest of those with several versions, else the one
+// whose version is oldest.
 History& sourceOf(std::vector<History>& histories) {
     const auto rank = [](const History& history) {
         const bool hasSeveral = history.count() > 1;

@@ -42,7 +42,7 @@ void VersionsController::startCounting() {
     timer_ = platform_.timers.after(0, [this] { countNext(); });
 }
 
-// One version at a time: comparing a large one takes longer than an event should wait for several.
+// One version at a time, because comparing a large one may take long enough to delay events.
 void VersionsController::countNext() {
     const auto next =
         std::ranges::find_if(rows_, [](const VersionRow& row) { return !row.counts && row.problem.empty(); });
@@ -150,8 +150,8 @@ void VersionsController::openChosen() {
         finish();
 }
 
-// What no file has is a version, too, before the tree is changed: what was not saved yet, and what another
-// program has replaced in the file.
+// A state of the document that no file has is kept as a version before the tree is changed: unsaved changes,
+// and a saved state that another program has replaced in the file.
 bool VersionsController::keepPresentState() {
     if (!document_.isDocumentEdited() && fileIsAsLeft_())
         return true;

@@ -93,16 +93,16 @@ void ExportOptions::showState() {
     textOptions_->setVisible(controller_->addedHeight() > 0);
 }
 
-// So that the list of files keeps its height.
+// The panel grows with the area, so that its list of files keeps its height.
 void ExportOptions::growWindow(int added) {
     QWidget* panel = window();
     if (panel->layout())
-        panel->layout()->activate(); // a window that is to shrink has to know that it may
+        panel->layout()->activate(); // updates the smallest size of the window
     const int wanted = panel->height() + added;
     panel->resize(panel->width(), std::min(wanted, panel->screen()->availableSize().height()));
 }
 
-// In pixels of this screen.
+// Returns the height in pixels of this screen.
 int ExportOptions::addedHeight() const {
     return static_cast<int>(std::lround(controller_->addedHeight() * logicalDpiY() / kPointsOfAnInch));
 }

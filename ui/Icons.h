@@ -1,4 +1,4 @@
-// The program's own images by name, drawn for 16 points and sharp at every size.
+// The program's own images by name. They are drawn for 16 points, and are sharp at every size.
 #pragma once
 
 #include "model/LinkType.h"
@@ -9,10 +9,10 @@
 
 namespace tabulon {
 
-/// The image of resources/icons with this name; a null icon for an empty name.
+/// Returns the image of resources/icons with this name, or a null icon for an empty name.
 QIcon iconNamed(std::string_view name);
 
-/// A disc in the colour of a label, with a rim that shows on any ground.
+/// Returns a disc in the colour of a label, with a rim that can be seen on every background.
 QIcon labelSwatch(const LabelColor& color);
 
 } // namespace tabulon

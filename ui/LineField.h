@@ -1,5 +1,5 @@
-// A field of one line: a text that is pasted brings no line ends, and the menu bar leaves the selection
-// alone.
+// A text field of one line. Line ends in pasted text are replaced, and the selection stays while the menu bar
+// has the keyboard.
 #pragma once
 
 #include <QFocusEvent>
@@ -10,16 +10,18 @@
 
 namespace tabulon {
 
-/// Keeps its selection while the menu bar has the keyboard, as under any other menu: Cut and Copy are for it.
+/// Keeps its selection while the menu bar has the keyboard, as under any other menu, because Cut and Copy act
+/// on it.
 class LineField : public QLineEdit {
 public:
+    /// `parent` owns the field.
     explicit LineField(QWidget* parent) : QLineEdit(parent) {
-        // Where the validator changes what was typed, the field counts as untouched.
+        // A text that the validator has changed does not count as modified otherwise.
         connect(this, &QLineEdit::textEdited, this, [this] { setModified(true); });
     }
 
-    /// Shows the text as it is. Unless that has line ends itself, which are kept, those of what is pasted
-    /// from then on become spaces, and are dropped at the end.
+    /// Shows the text as it is. If it has no line ends, line ends in text that is pasted later become spaces,
+    /// and those at its end are removed. If it has some, it is edited with them.
     void showText(const QString& text) {
         setValidator(nullptr);
         setText(text);
@@ -36,7 +38,7 @@ protected:
     }
 
 private:
-    // A carriage return and a line feed are one line end.
+    // A carriage return with a line feed after it is one line end.
     class OneLine : public QValidator {
     public:
         State validate(QString& text, int& position) const override {

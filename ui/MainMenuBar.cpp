@@ -43,7 +43,7 @@ QList<QKeySequence> keySequences(const MenuItem& item) {
     const QKeySequence sequence = keySequence(item);
     if (sequence.isEmpty())
         return {};
-    if (item.keyEquivalent == "+") // on many keyboards it is typed with Shift from the key of "="
+    if (item.keyEquivalent == "+") // on many keyboards "+" is the key of "=" with Shift
         return {sequence, keySequence(MenuItem{.keyEquivalent = "=", .modifiers = item.modifiers})};
     return {sequence};
 }
@@ -63,7 +63,7 @@ void MainMenuBar::addMenuAt(std::size_t place, QSet<QChar>& takenLetters) {
     fill(menu, content_.itemsWithKeys(place));
     enableAll(menu);
     connect(menu, &QMenu::aboutToShow, this, [=, this] { refill(menu, place); });
-    // Once it is closed every key must be able to reach its item again.
+    // After the menu is closed, every key must reach its item again.
     connect(menu, &QMenu::aboutToHide, this, [=, this] {
         QTimer::singleShot(0, menu, [=, this] {
             enableAll(menu);
@@ -82,7 +82,7 @@ void MainMenuBar::noteKeyboardBefore() {
     });
 }
 
-// Reached by keys the bar has the keyboard itself, and hands it back before an item runs.
+// When a menu is opened by keys, the bar has the keyboard itself, and returns it before an item runs.
 void MainMenuBar::noteTarget() {
     QWidget* keyboard = QApplication::focusWidget();
     target_ = keyboard == this ? keyboardBefore_.data() : keyboard;
@@ -131,12 +131,13 @@ void MainMenuBar::add(QMenu* menu, const MenuItem& item, const QString& title) {
     connect(action, &QAction::triggered, this, [this, item] { perform(item); });
 }
 
-// An item of an open menu acts on what it was enabled for; a key acts on what has the keyboard now.
+// An item of an open menu acts on the widget for which it was enabled; a key acts on the one that has the
+// keyboard.
 void MainMenuBar::perform(const MenuItem& item) {
     const bool hasTarget = std::exchange(hasTarget_, false);
     willPerform_();
     if (hasTarget && target_.isNull() && isTextFieldCommand(item.action))
-        return; // its field is gone, and the rows were not meant
+        return; // its field was destroyed, and the command is not for the rows
     if (!performInTextField(item.action, hasTarget ? target_.data() : QApplication::focusWidget()))
         responders_.performMenuItem(item);
 }

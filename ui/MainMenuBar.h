@@ -1,5 +1,4 @@
-// The main menu drawn as a menu bar. What it contains is MainMenu's, and what may be chosen now
-// ResponderChain's.
+// The main menu as a menu bar. MainMenu decides what it contains, and ResponderChain which items are enabled.
 #pragma once
 
 #include "window/Menu.h"
@@ -19,42 +18,51 @@ namespace tabulon {
 class MainMenu;
 class ResponderChain;
 
-/// The key sequence of a menu item; empty for none.
+/// Returns the key sequence of a menu item, empty for an item without one.
 QKeySequence keySequence(const MenuItem& item);
 
-/// The same with the other keys that do as well; the first one is shown.
+/// Returns all key sequences that choose the item; the first one is shown in the menu.
 QList<QKeySequence> keySequences(const MenuItem& item);
 
-/// A menu is filled when it is about to be shown. Until then it holds only its items with keys, so that these
-/// work from the beginning. An item that is chosen is validated again before its action runs.
+/// A menu is filled when it is about to be shown. Until then it contains only its items with keys, so that
+/// these keys work from the beginning. An item that is chosen is validated again before its action runs.
+/// Commands for text act on the text field that has the keyboard, if there is one.
 class MainMenuBar : public QMenuBar {
     Q_OBJECT
 
 public:
-    /// `content` and `responders` must outlive this object. `willPerform` is called before an item's action
-    /// runs.
+    /// `willPerform` is called before an item's action runs. Requires: `content` and `responders` outlive
+    /// this object.
     MainMenuBar(const MainMenu& content, const ResponderChain& responders, std::function<void()> willPerform);
 
 signals:
+    /// Emitted before a menu is filled.
     void menuWillOpen();
 
 private:
+    /// Records which widget had the keyboard whenever the bar takes it.
     void noteKeyboardBefore();
+    /// Records the widget that commands of an opened menu act on.
     void noteTarget();
+    /// Runs the action of an item on that widget, or else on the rows or the application.
     void perform(const MenuItem& item);
+    /// Adds the menu at this place, with its items that have keys.
     void addMenuAt(std::size_t place, QSet<QChar>& takenLetters);
+    /// Builds the content of a menu that is about to be shown.
     void refill(QMenu* menu, std::size_t place);
+    /// Adds these items to a menu.
     void fill(QMenu* menu, const std::vector<MenuItem>& items);
+    /// Adds one item to a menu.
     void add(QMenu* menu, const MenuItem& item, const QString& title);
 
     const MainMenu& content_;
     const ResponderChain& responders_;
     std::function<void()> willPerform_;
-    /// What had the keyboard when the menu that is open was opened. Null when that is gone, and while
-    /// `hasTarget_` is false, because no menu is open.
+    /// The widget that had the keyboard when the open menu was opened. Null after that widget was destroyed,
+    /// and while `hasTarget_` is false, because no menu is open.
     QPointer<QWidget> target_;
     bool hasTarget_ = false;
-    /// What had the keyboard before the bar took it; null when that is gone.
+    /// The widget that had the keyboard before the bar; null after it was destroyed.
     QPointer<QWidget> keyboardBefore_;
     bool tookKeyboard_ = false;
 };

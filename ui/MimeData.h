@@ -1,4 +1,4 @@
-// Content in several forms between Qt and the rest of the program.
+// Content in several media types, between Qt and the rest of the program.
 #pragma once
 
 #include "platform/Pasteboard.h"
@@ -11,13 +11,14 @@
 
 namespace tabulon {
 
-/// Those of the forms that are there.
+/// Returns a copy of the data in those of these types that it has.
 MimeContent mimeContentOf(const QMimeData& data, std::span<const std::string_view> types);
 
-/// How to take what another program drags: copied or linked to. Whoever offers it to be moved would delete it
-/// then; IgnoreAction where it offers nothing else.
+/// Returns how a drag of another program is accepted: copied, or else linked to; IgnoreAction if it offers
+/// neither. Moving is not accepted, because the other program would delete its data.
 Qt::DropAction actionThatKeepsTheSource(const QDropEvent& event);
 
+/// Returns the content as data for Qt.
 std::unique_ptr<QMimeData> makeMimeData(const MimeContent& content);
 
 } // namespace tabulon

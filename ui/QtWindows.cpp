@@ -14,8 +14,8 @@
 
 namespace tabulon {
 
-/// What the controllers hold: when it goes, the real window is hidden at once and deleted when no event of
-/// its own is being handled any more.
+/// The window as controllers own it. Its destructor hides the real window at once; that is deleted after all
+/// of its own events were handled.
 class QtWindows::Window : public DocumentWindow {
 public:
     Window(QtWindows& owner, DocumentMainWindow* window) : owner_(owner), window_(window) {
@@ -23,7 +23,7 @@ public:
     }
     ~Window() override {
         std::erase(owner_.windows_, window_);
-        qDeleteAll(window_->findChildren<VersionsSheet*>()); // while there is the document that they compare
+        qDeleteAll(window_->findChildren<VersionsSheet*>()); // before their document is destroyed
         window_->detach();
         window_->hide();
         window_->deleteLater();

@@ -1,4 +1,4 @@
-// What a screen has for a window.
+// The space that a screen has for a window.
 #pragma once
 
 #include <QSize>
@@ -7,8 +7,9 @@ class QWidget;
 
 namespace tabulon {
 
-/// The most that fits on the window's screen, besides the desktop's own bars and the window's border and
-/// title, whose sizes are known only when it is shown.
+/// Returns the largest size of the window that fits on its screen, in pixels: without the desktop's own bars,
+/// and without border and title, whose sizes are estimated from the style because they are known only when
+/// the window is shown.
 QSize roomOnScreen(const QWidget& window);
 
 } // namespace tabulon

@@ -47,7 +47,7 @@ QString oneLine(std::string_view utf8) {
 }
 
 QString oneLine(std::string_view utf8, int width) {
-    // No letter takes less than a pixel for each of its bytes.
+    // A letter is at least one pixel wide for each of its bytes.
     const std::size_t room = kSmallestRoom + static_cast<std::size_t>(std::max(width, 0));
     if (utf8.size() <= room)
         return oneLine(utf8);
@@ -75,7 +75,7 @@ QString toolTipText(std::string_view utf8) {
         std::ranges::any_of(lines, [](const QString& line) { return line.size() > kShortLine; });
     return QString("<p style=\"white-space:%1\">%2</p>")
         .arg(QString(wraps ? "pre-wrap" : "pre"),
-             text.toHtmlEscaped()); // wrapping would break short lines as well
+             text.toHtmlEscaped()); // "pre-wrap" would break short lines as well
 }
 
 QColor readableColor(const LabelColor& color, const QColor& base, const QColor& text) {

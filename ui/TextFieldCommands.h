@@ -1,4 +1,4 @@
-// Commands of the Edit menu that are meant for the text field that the user types in, and not for the rows.
+// Commands of the Edit menu that act on the text field that has the keyboard, and not on the rows.
 #pragma once
 
 #include <string_view>
@@ -7,14 +7,14 @@ class QWidget;
 
 namespace tabulon {
 
-/// Runs `action` ("cut:", "copy:", "paste:", "delete:" or "selectAll:") on `keyboard` where that is a text
-/// field. False, and nothing done, for another action, another widget or null.
+/// Runs `action` ("cut:", "copy:", "paste:", "delete:" or "selectAll:") on `keyboard` and returns true.
+/// Returns false and does nothing for another action, and if `keyboard` is `nullptr` or no text field.
 bool performInTextField(std::string_view action, QWidget* keyboard);
 
-/// Whether it is one of these actions.
+/// Returns whether the action is one of these.
 bool isTextFieldCommand(std::string_view action);
 
-/// Whether `keyboard` is such a field and the action one of these.
+/// Returns whether the action is one of these and `keyboard` is a text field.
 bool textFieldTakes(std::string_view action, const QWidget* keyboard);
 
 } // namespace tabulon

@@ -22,7 +22,7 @@ constexpr auto kAppearance = "org.freedesktop.appearance";
 constexpr auto kColorScheme = "color-scheme";
 constexpr uint kPrefersDark = 1;
 
-// What can be used is told from what cannot be used now.
+// Disabled texts have the colour `faint`.
 void setTextColors(QPalette& palette, const QColor& text, const QColor& faint) {
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(role, text);
@@ -61,8 +61,8 @@ QPalette darkPalette() {
     return palette;
 }
 
-// Fusion frames check boxes and radio buttons in a shade darker than the window, which nobody sees on a dark
-// one.
+// Draws visible frames of check boxes and radio buttons on dark windows: Fusion draws them in a shade that is
+// darker than the window.
 class VisibleBoxes : public QProxyStyle {
 public:
     VisibleBoxes() : QProxyStyle("fusion") {}
@@ -88,12 +88,12 @@ public:
     }
 };
 
-// Without a platform theme Qt falls back to Fusion and its fixed palette.
+// Returns whether the platform's theme sets the palette. Without one Qt uses Fusion and its fixed palette.
 bool platformHasPalette() {
     return !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORMTHEME") || QApplication::style()->name() != "fusion";
 }
 
-// Where there is none, asking for it would start one, and leave it running.
+// Returns whether there is a session bus. Connecting without one would start a bus, and leave it running.
 bool hasSessionBus() {
     return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ||
            QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/bus");
@@ -139,7 +139,7 @@ void Theme::askPortal() {
     auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(read), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         const QDBusPendingReply<QDBusVariant> reply = *watcher;
-        if (reply.isValid()) // the value comes wrapped once more
+        if (reply.isValid()) // the value is a variant in a variant
             apply(reply.value().variant().value<QDBusVariant>().variant().toUInt() == kPrefersDark);
         watcher->deleteLater();
     });

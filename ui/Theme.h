@@ -1,5 +1,5 @@
-// Light or dark: what the user asked for on the command line, else what the desktop says. Only the palette is
-// set here; everything that draws goes by the palette.
+// Light or dark colours: as the command line says, or else the desktop's settings. Only the palette is set
+// here; all drawing uses the palette.
 #pragma once
 
 #include <QDBusVariant>
@@ -9,25 +9,30 @@
 
 namespace tabulon {
 
+/// The scheme that the user asks for; System follows the desktop.
 enum class ColorScheme { System, Light, Dark };
 
-/// Nothing for a name other than "system", "light" and "dark".
+/// Returns the scheme named "system", "light" or "dark"; `nullopt` for any other name.
 std::optional<ColorScheme> colorSchemeNamed(const QString& name);
 
-/// Where the platform's own theme gives a palette (KDE, GTK), System keeps it. Elsewhere it asks the
-/// desktop's settings portal, without waiting for the answer, and follows changes.
+/// Sets the palette of the application. Where the platform's own theme has a palette (KDE, GTK), System keeps
+/// it. Elsewhere System begins with light colours, asks the desktop's settings portal, without waiting for
+/// the answer, and follows changes.
 class Theme : public QObject {
     Q_OBJECT
 
 public:
-    /// Needs the application object, and must go before it.
+    /// Requires: the application object exists, and outlives this object.
     explicit Theme(ColorScheme scheme);
 
 private slots:
+    /// Called when a setting of the desktop has changed.
     void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 
 private:
+    /// Requests the desktop's colour scheme, and its later changes.
     void askPortal();
+    /// Sets the palette of the application.
     void apply(bool dark);
 };
 

@@ -1,5 +1,5 @@
-// The options area of the export panel: a menu of formats and check boxes that stand for settings. What it
-// looks like is ui/'s affair, running the panel the outline controller's.
+// The options area of the export panel: a menu of formats, and check boxes for settings. Its view is in ui/;
+// ExportCommands runs the panel.
 #pragma once
 
 #include "base/BaseServices.h"
@@ -13,41 +13,50 @@ namespace tabulon {
 
 struct ExportFormat;
 
-/// The kind of the format's files, as a panel offers it.
+/// Returns the kind of the format's files for a panel: the format's title in the user's language and its one
+/// extension.
 FileKind exportFileKind(const ExportFormat& format, const Localization& texts);
 
+/// The state of one check box.
 struct CheckBox {
+    /// Whether the box is ticked.
     bool on = false;
-    /// The chosen format has no such option.
+    /// Whether the box is hidden, because the chosen format does not have the option.
     bool hidden = false;
 };
 
+/// The state of the options area. Nothing is stored in the settings before `savePreferences`.
 class AccessoryViewController : public PanelAccessory {
 public:
-    /// The services must live longer.
+    /// Requires: the services outlive this object.
     explicit AccessoryViewController(const BaseServices& services) : services_(services) {}
 
-    /// Sets every check box from its setting; the first format is chosen.
+    /// Sets every check box from its setting, chooses the first format, and hides the boxes of options that
+    /// this format does not have. Writes a line to the log.
     void viewDidLoad() override;
-    /// What people call the formats, in the order of the menu.
+    /// Returns the titles of the formats in the user's language, in the order of the menu.
     std::vector<std::string> exportTypes() const;
-    /// The format at `index` of the menu was chosen: the panel names files accordingly, and the check boxes
-    /// that the format has no use for are hidden.
+    /// Hides the check boxes of options that the format at `index` of the menu does not have, and changes the
+    /// file kind of the panel to that of the format. Requires: index < exportTypes().size().
     void exportTypeSelected(std::size_t index);
-    /// Writes every check box back to its setting, if the view was loaded at all.
+    /// Stores every check box in its setting. Does nothing if `viewDidLoad` was never called.
     void savePreferences();
 
+    /// Returns the panel that contains the area, or `nullptr` while there is none. Not owned.
     SavePanelControl* panel() const { return panel_; }
+    /// Sets the panel that contains the area; `nullptr` when the panel is closed. Does not take ownership.
     void setPanel(SavePanelControl* panel) override { panel_ = panel; }
 
+    /// Returns whether `viewDidLoad` was called.
     bool loaded() const { return loaded_; }
 
-    /// How much higher the area is than with the first format alone, in points of 1/72 inch: 100 as long as
-    /// the options of text are shown, else 0.
+    /// Returns how much higher the area is than with the first format, in points of 1/72 inch:
+    /// `kTextOptionsHeight` while the options of text files are shown, else 0.
     double addedHeight() const { return addedHeight_; }
     static constexpr double kTextOptionsHeight = 100;
 
-    // The check boxes. The view shows them, and sets `on` when the user ticks one.
+    // The check boxes. The view shows them, and sets `on` when the user clicks one. The comment names the
+    // setting.
 
     CheckBox exportName;     ///< "ExportName"
     CheckBox exportURL;      ///< "ExportURL"
@@ -59,6 +68,7 @@ public:
     CheckBox saveCopyHTML;   ///< "SaveAsHTML"
 
 private:
+    /// Hides the boxes of options that the format does not have.
     void showOptionsOf(std::size_t index);
 
     const BaseServices services_;

@@ -14,7 +14,7 @@ bool ActionTable::validateMenuItem(const MenuItem& item) const {
 }
 
 void ActionTable::perform(const MenuItem& sender) const {
-    // A copy: the operation may end the responder that owns this table.
+    // A copy, because the operation may destroy the responder that owns this table.
     const Perform operation = entries_.find(sender.action)->second.perform;
     if (willPerform_)
         willPerform_();

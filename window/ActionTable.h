@@ -1,4 +1,4 @@
-// Operations by name: how a menu item finds the code that it stands for.
+// Operations by name: the code that runs when a menu item is chosen.
 #pragma once
 
 #include "window/Menu.h"
@@ -11,24 +11,27 @@
 
 namespace tabulon {
 
-/// The operations of one responder. Names are those of the operations, colon included ("expandAll:").
+/// The operations of one responder. Names are those of the operations, with the colon ("expandAll:").
 class ActionTable {
 public:
     using Perform = std::function<void(const MenuItem& sender)>;
     using Validate = std::function<bool(const MenuItem& item)>;
 
-    /// Without `validate` the action is always enabled.
+    /// Adds the action, or replaces the one of that name. Without `validate` the action is always enabled.
+    /// The functions are stored: what they refer to must exist until the table is used for the last time.
     void add(std::string_view action, Perform perform, Validate validate = nullptr);
 
-    /// Called before each action runs.
+    /// Sets the function that is called before each action runs. Replaces the one that was set before.
     void setWillPerform(std::function<void()> willPerform) { willPerform_ = std::move(willPerform); }
 
+    /// Returns whether the table has an action of that name.
     bool contains(std::string_view action) const { return entries_.contains(action); }
 
-    /// True when the table has the item's action and it is enabled now.
+    /// Returns whether the table has the item's action and the action is enabled.
     bool validateMenuItem(const MenuItem& item) const;
 
-    /// Runs the item's action, which the table must contain.
+    /// Runs the item's action, whether it is enabled or not. The action may destroy this table. Requires:
+    /// contains(sender.action).
     void perform(const MenuItem& sender) const;
 
 private:

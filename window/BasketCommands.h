@@ -1,5 +1,6 @@
-// Items that arrive from elsewhere: they go to the top of a folder, most often of a basket, and a new basket
-// goes to the end of the document. Baskets are top-level items known by their names alone (model/Baskets.h).
+// Commands that insert items from outside the outline: at the top of a folder, most often of a basket. A new
+// basket is inserted at the end of the document. Baskets are top-level items that are found by their names
+// (model/Baskets.h).
 #pragma once
 
 #include "base/BaseServices.h"
@@ -12,30 +13,40 @@ namespace tabulon {
 
 class Outline;
 
-/// Requires of every item that arrives: it is in no tree.
+/// The functions that insert an item make the document dirty, once for each item. Requires of every item
+/// passed in: it is in no tree.
 class BasketCommands {
 public:
-    /// What is handed in must live longer.
+    /// Requires: `outline` and the services outlive this object.
     BasketCommands(Outline& outline, const BaseServices& services) : outline_(outline), services_(services) {}
 
-    /// Returns the basket of that name, or null.
+    /// Returns the first top-level item of that name, whatever its kind, or `nullptr`. Case is ignored as the
+    /// user's language does.
     Bookmark* SearchBasket(const std::string& name) const;
-    /// Returns a new basket, not yet in the tree.
+    /// Returns a new empty folder of that name with the label of baskets. It is in no tree.
     Ref<Bookmark> CreateBasket(const std::string& name) const;
-    /// Inserts the item as the last one of the top level and clears the selection.
+    /// Clears the selection and inserts the item as the last one of the top level.
     void DropBasketAtEnd(Ref<Bookmark> item);
-    /// Returns the basket. A missing one is made, at the end.
+    /// Returns the basket that receives bookmarks from outside. A missing one is inserted at the end of the
+    /// top level.
     Bookmark& DropBasketExists();
+    /// Returns the Waste Basket. A missing one is inserted at the end of the top level.
     Bookmark& WasteBasketExists();
-    /// Inserts the item as the first one of the folder. Its row is selected alone where the folder is
-    /// expanded, else the selection is cleared; in the Waste Basket it is always cleared.
+    /// Runs `DropBookmarkIn` with the basket of `DropBasketExists`.
     void AddToBasket(Ref<Bookmark> item);
+    /// Clears the selection and inserts the item as the first one of the Waste Basket. A missing basket is
+    /// inserted.
     void AddToWaste(Ref<Bookmark> item);
+    /// Inserts the item as the first one of the folder. Its row becomes the only selected one; where the
+    /// folder is not expanded, or not visible, the selection is cleared.
     void DropBookmarkIn(Ref<Bookmark> item, Bookmark& folder);
+    /// Inserts the item as the first one of the top level and selects its row alone.
     void DropBookmarkAtRoot(Ref<Bookmark> item);
 
 private:
+    /// Returns the basket whose name is the text of this key. A missing one is inserted.
     Bookmark& basketOfKey(std::string_view key);
+    /// Clears the selection, inserts the item as the first one of the folder and makes the document dirty.
     void addFirst(Ref<Bookmark> item, Bookmark& folder);
 
     Outline& outline_;

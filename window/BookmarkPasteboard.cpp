@@ -15,9 +15,9 @@ namespace {
 
 using Kind = PropertyList::Kind;
 
-constexpr std::size_t kLongestAnchorTags = 16; // what a copy format puts around URL and name
+constexpr std::size_t kLongestAnchorTags = 16; // the longest text that a copy format adds to URL and name
 
-// A list that is not there is as good as a damaged one.
+// A missing list counts as a damaged one.
 Result<PropertyList> listIn(const PasteboardItem& item, std::string_view type) {
     const std::string* bytes = item.get(type);
     return PropertyList::open(bytes ? std::string_view(*bytes) : std::string_view());
@@ -27,7 +27,7 @@ bool isInteger(PropertyList::Object object, std::uint64_t value) {
     return object.kind() == Kind::Integer && object.value() == value;
 }
 
-// Whether the statistics of a drag out of Safari tell of one bookmark.
+// Returns whether the statistics of a drag from Safari count exactly one bookmark and no single folder.
 bool isSingle(const PasteboardItem& item) {
     const auto list = listIn(item, kSafariStatisticsType);
     return list && isInteger(list->value(list->top(), "TotalCount"), 1) &&
@@ -53,7 +53,7 @@ Ref<Bookmark> onlyBookmark(const PropertyList& list, const ItemReading& reading)
     return makeBookmark(std::move(name), list.text(entry, "URLString"), reading.now);
 }
 
-// Entries are not descended into.
+// Nested lists of entries are not read.
 Ref<Bookmark> folderOfBookmarks(const PropertyList& list, const ItemReading& reading) {
     Ref<Bookmark> folder = Bookmark::init(reading.now);
     folder->makeParent();
@@ -70,7 +70,7 @@ Ref<Bookmark> folderOfBookmarks(const PropertyList& list, const ItemReading& rea
     return folder;
 }
 
-// Null for an item that has no list of Safari's.
+// Returns `nullptr` for an item without a list of Safari, and for an empty list of a single bookmark.
 Ref<Bookmark> readSafariList(const PasteboardItem& item, const ItemReading& reading) {
     const auto list = listIn(item, kSafariListType);
     if (!list || list->top().kind() != Kind::Array)

@@ -1,5 +1,5 @@
-// Bookmarks and pasteboard items: what is put on a pasteboard for a node, and which node an item becomes.
-// Pure rules; the commands around them are in ClipboardCommands and OutlineDragging.
+// Bookmarks and pasteboard items: the values that a node has on a pasteboard, and the node that is made of an
+// item. Rules without state; the commands that use them are in ClipboardCommands and OutlineDragging.
 #pragma once
 
 #include "base/SystemLog.h"
@@ -20,45 +20,58 @@ namespace tabulon {
 inline constexpr std::int64_t kCopyURL = 0;
 inline constexpr std::int64_t kCopyURLInBrackets = 1;
 inline constexpr std::int64_t kCopyNameAndURL = 2;
-/// An HTML anchor; names and URLs stand in it as they are.
+/// An HTML anchor. Name and URL are inserted in it without escaping.
 inline constexpr std::int64_t kCopyHTML = 3;
 
-/// The node as text: null for a node without a URL. Every unknown format is that of the URL alone.
+/// Returns the node as text in that format, or null if the node's URL is null. An unknown format counts as
+/// `kCopyURL`.
 Text copyText(const Bookmark& node, std::int64_t copyFormat);
 
-/// One item: the record, and the text where the node has one.
+/// Returns an item with the record, and with the text of `copyText` where that is not null.
 PasteboardItem pasteboardItemForBookmark(const Bookmark& node, std::string record, std::int64_t copyFormat);
 
-/// An item for each node that is copied or dragged, with its record in `list`, which is cleared first. Nodes
-/// may share one long text: where the texts would have more than `kLargestTexts` bytes in all, no item has
-/// one.
+/// Clears `list`, adds the nodes to it, and returns an item with a record for each node, in their order. The
+/// items have the texts of `copyText` as well. No item has a text where the names and URLs of all nodes, with
+/// a few bytes for each, exceed `kLargestTexts` bytes: many nodes may share one long text.
 std::vector<PasteboardItem> pasteboardItemsForBookmarks(const std::vector<Ref<Bookmark>>& nodes,
                                                         NodeRecords& records, NodeRecords::List list,
                                                         std::int64_t copyFormat);
 inline constexpr std::size_t kLargestTexts = std::size_t{1} << 28;
 
+/// What `pasteboardItemToBookmark` needs besides the item.
 struct ItemReading {
+    /// Contains the live nodes that records name.
     const NodeRecords& records;
-    /// The name of what has none, and the added-date of what is made.
+    /// The name of a new node where the item has none.
     Text untitled;
+    /// The added-date of a new node.
     Date now;
-    /// Is handed the HTML of an item that is nothing else.
+    /// Called with the HTML (UTF-8) of an item that has no other value to make a node of. May be empty.
     std::function<void(const std::string& html)> grabAllHTML;
 };
 
-/// The node that an item stands for: a live node itself where it has a record of one, else a new one, in no
-/// tree. Null where it stands for none; nothing is classified but by `initWithDictionary`. Values that are
-/// damaged count as missing.
+/// Returns the node that an item represents, or `nullptr`. The first value that can be read decides:
+/// - The record of a live node: that node itself.
+/// - A list of Safari: a bookmark if its statistics count one bookmark, else a folder with its entries. An
+///   entry without title and URL is skipped, and none is classified.
+/// - The URL of a file of this computer: a link with the file's name and a URL of its path, not
+///   percent-encoded. A "webloc" or "mailloc" file only names the link of one of the next two values.
+/// - A URL, else a text, as the link's URL. Its name is the title of the item, else `untitled`.
+/// - HTML: calls `grabAllHTML` and returns `nullptr`.
+/// A new node is in no tree. Damaged values count as missing.
 Ref<Bookmark> pasteboardItemToBookmark(const PasteboardItem& item, const ItemReading& reading);
 
-// The form in which a bookmark can write and read itself, apart from all records: the archive of the node
-// with what is below it (model/ArchiveWriter.h). The outline's own copies and drags do not use it.
+// The archive of a node with its subtree (model/ArchiveWriter.h), by which a bookmark can be written and read
+// without records. The outline's own copies and drags do not use it.
 
+/// Returns the types that `pasteboardPropertyListForType` writes.
 std::vector<std::string_view> writableTypesForPasteboard();
+/// Returns the types that a bookmark can be read from.
 std::vector<std::string_view> readableTypesForPasteboard();
-/// Empty for a type that is not among the writable ones.
+/// Returns the archive of the node, or an empty string if `type` is not one of the writable types.
 std::string pasteboardPropertyListForType(const Bookmark& node, std::string_view type);
-/// Notes the type in the log. Null for bytes that are no such archive.
+/// Returns the node of an archive, in no tree, or `nullptr` if `bytes` are no such archive. `type` is only
+/// written to the log.
 Ref<Bookmark> initWithPasteboardPropertyListOfType(std::string_view bytes, std::string_view type,
                                                    SystemLog& log);
 

@@ -1,4 +1,4 @@
-// What one cell of the outline shows, as a value: computed by the controller, drawn by the view.
+// What one cell of the outline shows, as a value: the controller computes it, the view draws it.
 #pragma once
 
 #include "base/Text.h"
@@ -11,48 +11,52 @@
 
 namespace tabulon {
 
+/// The columns of the outline, in the order of their numbers. The user may show them in another order.
 enum class Column { Name, URL, Tags };
 
+/// How the view draws a cell.
 enum class CellKind {
-    None,      ///< nothing at all
+    None,      ///< an empty cell
     NameView,  ///< icon, name, status mark, indicator
     Separator, ///< a horizontal line
     URLView,
     TagsView,
 };
 
-/// A text with a colour over its whole length, or in the view's own text colour.
+/// A text with one colour over its whole length; `nullopt` for the view's own text colour.
 struct ColoredText {
     Text string;
     std::optional<LabelColor> color;
 };
 
-/// `string` in `color` over its whole length.
+/// Returns `string` in `color` over its whole length.
 inline ColoredText colarizeItemColor(Text string, const LabelColor& color) {
     return {std::move(string), color};
 }
 
-/// Image names are those of resources/icons; an empty name is no image. Null tool tips are none.
+/// What a cell shows. Image names are those of resources/icons; an empty name is no image. A null tool tip is
+/// no tool tip.
 struct CellContent {
     CellKind kind = CellKind::None;
     ColoredText text;
-    /// Whether a person may edit the text in place.
+    /// Whether the user may edit the text in place.
     bool editable = false;
 
-    // The rest is filled for NameView alone.
+    // The members below are set for NameView only.
 
     std::string_view icon;
     Text iconToolTip;
-    /// Whether there is room for a status mark in front of the icon, and which one stands there.
+    /// Whether there is room for a status mark before the icon, whether or not there is a mark in it.
     bool statusShown = false;
+    /// The image of the status mark; empty for a status without one.
     std::string_view statusImage;
-    /// The colour of the label of a selected row, whose text does not have it.
+    /// The colour of a selected row's label, because the text of a selected row is not drawn in it.
     std::optional<LabelColor> labelMark;
     std::string_view indicatorImage;
     Text indicatorToolTip;
 };
 
-/// `name` is empty for the system's own font; the size is in points of 1/72 inch.
+/// The font of the cells. `name` is empty for the system's own font; `size` is in points of 1/72 inch.
 struct OutlineFont {
     std::string name;
     double size = 0;

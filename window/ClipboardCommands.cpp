@@ -12,7 +12,7 @@
 namespace tabulon {
 namespace {
 
-// A pasteboard of one item comes with an empty second one now and then.
+// Some programs add an empty second item to a single one.
 std::size_t itemCount(const std::vector<PasteboardItem>& items) {
     return items.size() == 2 && items[1].values().empty() ? 1 : items.size();
 }

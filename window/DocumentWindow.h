@@ -1,4 +1,4 @@
-// A document's window as the controllers see it. How it looks is ui/'s affair.
+// A document's window as the controllers use it. How it looks is decided in ui/.
 #pragma once
 
 #include "window/FindBar.h"
@@ -12,45 +12,54 @@ namespace tabulon {
 class GetInfoController;
 class MoveDeleteController;
 
-/// Texts are UTF-8. Destroying the object closes the window without a question.
+/// A document's window. Texts are UTF-8. Destroying the object closes the window without a question.
 class DocumentWindow {
 public:
     virtual ~DocumentWindow() = default;
 
+    /// Returns the view of the rows. It exists as long as the window.
     virtual OutlineView& outline() = 0;
 
-    /// `path` is the document's file in the file system's encoding, empty for none; `edited` shows the edited
-    /// mark.
+    /// Shows the title. `path` is the document's file in the file system's encoding, empty for a document
+    /// without a file; `edited` says whether the window shows the mark of unsaved changes.
     virtual void setTitle(const std::string& name, const std::string& path, bool edited) = 0;
+    /// Shows `text` in the URL field, in one line.
     virtual void setURLFieldText(const std::string& text) = 0;
-    /// Shows a button of this title beside the URL field, which `description` explains; none for an empty
-    /// title. Pressing it is the status line's `performAction`.
+    /// Shows a button with this title beside the URL field, or hides it if `title` is empty. `description` is
+    /// the button's tool tip and its description for screen readers. The button calls
+    /// `StatusLine::performAction`.
     virtual void setURLFieldAction(const std::string& title, const std::string& description) = 0;
-    /// The URL field takes the system's font in this size, in points of 1/72 inch.
+    /// Shows the URL field in the system's font in this size, in points of 1/72 inch.
     virtual void setURLFieldFontSize(double size) = 0;
-    /// True shows the help for an empty document in place of the rows.
+    /// Shows the help for an empty document instead of the rows, or the rows again.
     virtual void showEmptyState(bool empty) = 0;
 
+    /// Returns the view of the find bar. It exists as long as the window.
     virtual FindBar& findBar() = 0;
 
-    /// The sheet calls `viewDidLoad` when it comes up, and `done` and `execute` unless it is cancelled.
+    /// Shows the sheet that removes links by their marks, and returns at once. The sheet calls `viewDidLoad`
+    /// when it opens, and `done` and then `execute` unless it is cancelled. It shares the ownership of the
+    /// controller.
     virtual void presentMoveDelete(std::shared_ptr<MoveDeleteController> controller) = 0;
-    /// The panel takes part in `setPanel` as long as it is there.
+    /// Shows the info panel, which passes itself to `setPanel`, and returns at once. The panel shares the
+    /// ownership of the controller.
     virtual void presentInfo(std::shared_ptr<GetInfoController> controller) = 0;
-    /// What the marks of links mean.
+    /// Shows a sheet that explains the marks of links, and returns at once.
     virtual void presentLegenda() = 0;
 
-    /// Place and size of the window as a text that `setFrame` of any window understands; what it does not
-    /// understand is passed over.
+    /// Returns the place and size of the window, in a text form that `setFrame` of every window reads.
     virtual std::string frame() const = 0;
+    /// Moves and resizes the window as far as the screens allow. Does nothing if `frame` is not in that form.
     virtual void setFrame(const std::string& frame) = 0;
 
-    /// Whether the window is the one that the user works with. False while an alert or a sheet is in front.
+    /// Returns whether the window is the active one. False while an alert or a sheet is active.
     virtual bool isKeyWindow() const = 0;
 
+    /// Shows the window for the first time.
     virtual void show() = 0;
+    /// Shows the window, minimized or not, raises it and makes it the active one.
     virtual void makeKeyAndOrderFront() = 0;
-    /// Puts the window away as the desktop does; `makeKeyAndOrderFront` brings it back.
+    /// Minimizes the window. `makeKeyAndOrderFront` restores it.
     virtual void performMiniaturize() = 0;
 };
 

@@ -1,4 +1,4 @@
-// A drag over an outline, as OutlineDragging sees it.
+// A drag over an outline, in the values that OutlineDragging uses.
 #pragma once
 
 #include "window/PasteboardItem.h"
@@ -16,30 +16,31 @@ enum class DragOperation {
     None,
     Copy,
     Move,
-    Delete, ///< the drag has ended in the trash
+    Delete, ///< the drag ended in the trash
 };
 
-/// Where a drop would go, and what shows that.
+/// The place that a drop would be inserted at, and how the view marks it.
 struct DropSpot {
-    /// The target; null for the root.
+    /// The target; `nullptr` for the root.
     Bookmark* item = nullptr;
-    /// Before which of its children; nothing for the target itself.
+    /// The index of the target's child before which the drop is inserted; `nullopt` for the target itself.
     std::optional<std::size_t> childIndex = {};
-    /// The row that is the target, or before which a line shows where the drop goes (the number of rows:
-    /// behind the last one); nothing for the ground.
+    /// The row of the target, or the row before which a line marks the place (the number of rows: after the
+    /// last one); `nullopt` for the area without rows.
     std::optional<std::size_t> row = {};
-    /// How deep the line stands; 0 for the top level.
+    /// The depth of the line; 0 for the top level.
     int level = 0;
 
     friend bool operator==(const DropSpot&, const DropSpot&) = default;
 };
 
+/// A drag while it is over an outline.
 struct DragInfo {
-    /// The outline that the drag began in; null when that was none of this program.
+    /// The outline that the drag began in; `nullptr` if it began in no outline of this program.
     const Outline* source;
-    /// Whether the key is held that makes a copy of a move.
+    /// Whether the key is held that turns a move into a copy.
     bool copies;
-    /// What is dragged, as long as the drag lasts.
+    /// The dragged items. They exist until the drag ends.
     const std::vector<PasteboardItem>& items;
 };
 

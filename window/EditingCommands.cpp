@@ -9,7 +9,7 @@
 namespace tabulon {
 namespace {
 
-// Inside an expanded folder as its first child, after anything else as its next sibling.
+// Returns the place of the first child for an expanded folder, and of the next sibling for anything else.
 ChildPlace placeAfter(Bookmark& anchor, const Bookmark& master) {
     if (isExpanded(anchor) || &anchor == &master)
         return {&anchor, 0};
@@ -73,7 +73,8 @@ void EditingCommands::addNewItems(const std::vector<Ref<Bookmark>>& items) {
     }
 }
 
-// As one `addNewData` after the other, each of which selects its row, so that the next goes after it.
+// Has the result of one `addNewData` after the other: each selects its row, so that the next item is inserted
+// after it.
 void EditingCommands::addManyNewItems(const std::vector<Ref<Bookmark>>& items) {
     const std::optional<std::size_t> current = outline_.view().selectedRow();
     Bookmark* anchor = current ? &outline_.itemAtRow(*current) : &outline_.getMaster();
@@ -130,7 +131,7 @@ void EditingCommands::deleteSelection() {
     std::vector<RemovedItem> places = placesOf(items);
     {
         const Outline::ManyRows rows(outline_, items.size());
-        // From below: what is in a folder goes before the folder.
+        // From the last to the first, so that an item in a folder is removed before the folder.
         for (auto item = items.rbegin(); item != items.rend(); ++item)
             outline_.removeItem(**item);
     }
@@ -186,7 +187,7 @@ void EditingCommands::moveDown() {
     std::vector<RemovedItem> place = placesOf({item});
     outline_.removeItem(*item);
     outline_.makeDirty();
-    // An expanded folder whose rows were the last ones has nothing to go behind, and is gone.
+    // An expanded folder whose rows were the last ones has no row to be inserted after, and stays removed.
     if (*row < outline_.numberOfRows())
         return insertNewData(item, *row);
     didDelete(std::move(place));

@@ -1,5 +1,5 @@
-// Expanding and collapsing in the tree: the flags of folders. The rows that this shows or hides are the
-// outline's.
+// Expanding and collapsing in the tree: the flags of folders. The rows that are shown or hidden by it are
+// changed by the outline.
 #pragma once
 
 #include "model/Bookmark.h"
@@ -8,14 +8,15 @@
 
 namespace tabulon {
 
-/// What expanding and collapsing changes: the item alone, or (Plus) the item and every folder below it.
+/// What is changed: the item alone, or (Plus) the item and every folder below it.
 enum class ExpansionChange { Expand, ExpandPlus, Collapse, CollapsePlus };
 
-/// Returns the number of folders that changed. Items that are no folders, or are in the wanted state already,
-/// are skipped.
+/// Applies the change and returns the number of folders that it changed. Items that are no folders, or are in
+/// the wanted state already, are skipped.
 std::size_t applyExpansion(Bookmark& item, ExpansionChange change);
 
-/// Changes every folder below `top`, whether Plus or not, and returns the number of those that changed.
+/// Applies the change to every folder below `top`, whether it is a Plus one or not, and returns the number of
+/// folders that it changed. The time is linear in the number of nodes below `top`.
 std::size_t applyExpansionBelow(Bookmark& top, ExpansionChange change);
 
 } // namespace tabulon

@@ -77,7 +77,7 @@ void ExportCommands::exportText() {
         });
 }
 
-// The format is taken from the extension in the end, whatever the menu says.
+// The extension decides about the format, because the user may have typed another one than the menu's.
 void ExportCommands::exportToFile(const std::string& path) {
     const ExportFormat& format = exportFormatForExtension(extensionOf(path));
     if (isOptionOf(format, settings::kSaveAsHTML) && valueOf(platform_.base.defaults, settings::kSaveAsHTML))
@@ -108,7 +108,7 @@ void ExportCommands::saveBookmark() {
     saveBookmarkFiles(std::move(links));
 }
 
-// The last one first, one panel after the other, until one is cancelled.
+// Begins with the last one: `links` is in reverse order.
 void ExportCommands::saveBookmarkFiles(std::vector<Ref<Bookmark>> links) {
     if (links.empty())
         return;

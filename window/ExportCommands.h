@@ -1,5 +1,5 @@
-// The document in other formats, and single links as files: the commands with their panels, and what they
-// write. The formats themselves are in formats/.
+// Writing the document in other formats, and single links as files: the commands with their panels. The
+// formats themselves are in formats/.
 #pragma once
 
 #include "base/Error.h"
@@ -20,40 +20,47 @@ class Outline;
 /// Adds the actions "exportText:" and "saveBookmark:".
 class ExportCommands {
 public:
-    /// What is handed in must live longer.
+    /// Requires: the arguments and the services of `platform` outlive this object. Panels may outlive it.
     ExportCommands(Outline& outline, const Platform& platform, ActionTable& actions);
 
-    // The document as the text of a file. The settings say how (formats/ExportFormats.h). Fails for a tree
-    // that is nested too deep or too large for such a file.
+    // The document as the bytes of a file, in the form that the settings say (formats/ExportFormats.h). The
+    // functions fail for a tree that is nested too deep or is too large for the format.
 
-    /// Returns a Netscape bookmark file.
+    /// Returns a Netscape bookmark file in UTF-8.
     Result<std::string> exportToHTML() const;
+    /// Returns an XBEL file in UTF-8.
     Result<std::string> exportToXBEL() const;
-    /// Returns tab-separated text.
+    /// Returns tab-separated text in UTF-8.
     Result<std::string> exportToText() const;
 
-    /// Asks in a panel for a file and for options, which become settings, and writes the document in the
-    /// format that the file's extension names. A file in HTML becomes that of the HTML copies where the
-    /// setting "SaveAsHTML" is on. An alert says that the format cannot hold the document; a file that cannot
-    /// be written is only logged.
+    /// Asks in a panel for a file and for options, and writes the document in the format of the file's
+    /// extension. The options are stored in the settings even if the panel is cancelled. Where the setting
+    /// "SaveAsHTML" is on, an HTML file becomes the file of the HTML copies. Shows an alert if the format
+    /// cannot hold the document. A file that cannot be written is only logged.
     void exportText();
-    /// Asks for a file for each selected bookmark that has a URL, in the order of the rows, until one panel
+    /// Runs `saveBookmarkFile` for each selected item that has a URL, in the order of the rows, until a panel
     /// is cancelled.
     void saveBookmark();
-    /// Asks for a file and writes the link into it (formats/export/LinkFile.h). `done`, if any, is called
-    /// with whether the user has confirmed. Does nothing without a URL. A file that cannot be written is only
-    /// logged.
+    /// Asks for a file and writes the link into it (formats/export/LinkFile.h). Returns before the panel is
+    /// closed; then `done`, if there is one, is called with whether the user chose a file. Does nothing, and
+    /// does not call `done`, if the item has no URL. Shows an alert if the URL cannot be written in that
+    /// format. A file that cannot be written is only logged.
     void saveBookmarkFile(const Bookmark& link, const std::function<void(bool confirmed)>& done = nullptr);
 
 private:
+    /// Returns the document in the format of this name. `progress` may be `nullptr`. Requires: the format
+    /// exists.
     Result<std::string> exportTo(std::string_view format, Progress* progress = nullptr) const;
+    /// Writes the document in the format of the path's extension.
     void exportToFile(const std::string& path);
+    /// Writes the file. A failure is only logged.
     void writeOrLog(const std::string& path, std::string_view bytes);
+    /// Runs `saveBookmarkFile` for the last link, then for the others.
     void saveBookmarkFiles(std::vector<Ref<Bookmark>> links);
 
     Outline& outline_;
     const Platform platform_;
-    /// For panels that may end after the document's window.
+    /// Lets a panel that outlives this object find out.
     const std::shared_ptr<const bool> life_ = std::make_shared<const bool>(true);
 };
 

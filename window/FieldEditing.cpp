@@ -110,7 +110,7 @@ void FieldEditing::selectionDidChange(SelectedBy cause) {
         scheduleAutoEdit();
 }
 
-// A click on the row that is selected already edits nothing: the selection has not changed.
+// A click on a row that is selected already does not change the selection, and so edits no cell.
 void FieldEditing::scheduleAutoEdit() {
     autoEdit_.reset();
     if (!valueOf(platform_.base.defaults, settings::kAutoEdit) || !outline_.view().selectedRow() ||
@@ -120,7 +120,7 @@ void FieldEditing::scheduleAutoEdit() {
         autoEdit_ = platform_.timers.after(kAutoEditPause, [this, column] { autoEdit(*column); });
 }
 
-// Meanwhile another window may have come to the front, or the user may type elsewhere.
+// Within the pause another window may have become active, or the keyboard may have moved to another field.
 void FieldEditing::autoEdit(Column column) {
     autoEdit_.reset();
     if (!window_.getWindow()->isKeyWindow() || !outline_.view().hasKeyboard())

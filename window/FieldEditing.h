@@ -1,5 +1,5 @@
-// Editing an item's texts in place: what the fields of a row do when they end, and how editing begins, by
-// command or, where the setting "AutoEdit" is on, a moment after a click.
+// Editing an item's texts in place: taking over what was typed, and beginning to edit, by command or, where
+// the setting "AutoEdit" is on, half a second after a click.
 #pragma once
 
 #include "platform/Platform.h"
@@ -17,41 +17,55 @@ class Bookmark;
 class Outline;
 class WindowController;
 
-/// Adds the action "editBookmark:". Ends editing before every action of the table.
+/// Adds the action "editBookmark:". Ends editing in place before every action of the table.
 class FieldEditing : private SelectionObserver {
 public:
-    /// What is handed in must live longer.
+    /// Requires: the arguments and the services of `platform` outlive this object.
     FieldEditing(Outline& outline, const WindowController& window, const Platform& platform,
                  ActionTable& actions);
 
+    /// Returns whether the cell can be edited: the URL of everything but folders and locked items, and the
+    /// other columns of everything but separators.
     static bool shouldEdit(Column column, const Bookmark& item);
 
-    /// The field has ended with this text. A text that is another one than before is taken over, with the
-    /// date of the change.
+    /// Sets the name of the row's item to `string` (UTF-8) and its modification date, and makes the document
+    /// dirty. Does nothing if the name has not changed; a null name and an empty one are the same.
     void endNameEdit(std::size_t row, const std::string& string);
+    /// Does the same with the URL, and classifies the item.
     void endURLEdit(std::size_t row, const std::string& string);
+    /// Does the same with the tags.
     void endTagsEdit(std::size_t row, const std::string& string);
 
-    /// Begins with the current row's name; shows the no-selection alert without one.
+    /// Begins to edit the current row's name. Shows the no-selection alert if no row is selected. Does
+    /// nothing for a separator.
     void editBookmark();
-    /// The same for one field, without an alert.
+    /// Begins to edit the current row's name. Does nothing if no row is selected, or the cell cannot be
+    /// edited.
     void editNameBookmark();
+    /// Does the same with the URL.
     void editURLBookmark();
+    /// Does the same with the tags. Does nothing while the tags column is not shown.
     void editTagsBookmark();
-    /// Begins to edit the cell, which must be one that can be edited. Editing that goes on ends first, and
-    /// none begins by itself any more.
+    /// Ends editing in place, cancels automatic editing, and begins to edit the cell of the item that has
+    /// this row. Requires: the cell can be edited.
     void beginEditing(Column column, std::size_t row);
+    /// Ends editing in place if a row is selected. What was typed is taken over.
     void endEdit();
-    /// Keeps editing from beginning by itself for the selection made before.
+    /// Cancels the automatic editing that a click has scheduled.
     void cancelAutoEdit() { autoEdit_.reset(); }
-    /// Ends editing in place, if it goes on, and takes over what was typed.
+    /// Ends editing in place and takes over what was typed. Cancels automatic editing. Does nothing before
+    /// the outline has a view.
     void commitEditing();
 
 private:
     void selectionDidChange(SelectedBy cause) override;
+    /// Sets the modification date and makes the document dirty.
     void fieldDidChange(Bookmark& item);
+    /// Begins to edit a cell of the current row, if it can be edited.
     void editCurrentRow(Column column);
+    /// Begins the pause, if the setting and the pointer allow it.
     void scheduleAutoEdit();
+    /// Begins to edit after the pause, if the keyboard is still in the rows.
     void autoEdit(Column column);
 
     Outline& outline_;

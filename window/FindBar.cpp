@@ -39,7 +39,7 @@ void FindBarController::controlTextDidBeginEditing() {
     bar_->setMatchesLabel("");
 }
 
-// One line each: a search field has no line breaks.
+// Stored as lines, because a search field has no line breaks.
 std::vector<std::string> FindBarController::recentSearches() const {
     std::vector<std::string> recents;
     const std::string kept = platform_.state.stringForKey(kRecentsKey).value_or("");

@@ -11,10 +11,10 @@
 namespace tabulon {
 namespace {
 
-constexpr std::size_t kPortion = 20'000; // nodes that are searched in a few milliseconds
+constexpr std::size_t kPortion = 20'000; // nodes, searched in a few milliseconds
 constexpr double kEditingPause = 0.25;   // seconds
 
-// The first `count` characters of UTF-8 text, or all of it.
+// Returns the first `count` characters of UTF-8 text, or all of it.
 std::string_view firstCharacters(std::string_view text, std::size_t count) {
     std::size_t end = 0;
     while (end < text.size()) {
@@ -62,7 +62,7 @@ void Finding::goOn(std::size_t nodes) {
         observer->searchDidEnd(start->count);
 }
 
-// A match that is selected would end the editing of another cell.
+// Pauses while a cell is edited, because selecting a match would end that.
 void Finding::goOnAfter(double seconds) {
     search_ = platform_.timers.after(
         seconds, [this] { outline_.view().isEditing() ? goOnAfter(kEditingPause) : goOn(kPortion); });
@@ -86,7 +86,7 @@ void Finding::selectBookmark(Bookmark& node) {
     showMatch();
 }
 
-// What was found where no cell shows it.
+// Reports a match in a text that no cell shows.
 void Finding::showMatch() {
     if ((!phases_.foundInTags && !phases_.foundInNote) || !outline_.hasSelection())
         return;

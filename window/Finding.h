@@ -1,5 +1,5 @@
-// Finding in the document (model/Finder.h): the first match, the next one, and showing it. The find bar and
-// the info panel use it alike.
+// Finding in the document (model/Finder.h): selecting the first match and the next one. The find bar and the
+// info panel use it.
 #pragma once
 
 #include "model/Finder.h"
@@ -20,53 +20,66 @@ class Outline;
 /// The text of a node that no cell shows and in which a match was found.
 enum class FoundIn { Note, Tags };
 
-/// Is called in the order in which the observers were added, and overrides only the functions that it needs.
+/// Receives the results of searches. Observers are called in the order in which they were added. An observer
+/// overrides only the functions that it needs.
 class FindObserver {
 public:
     virtual ~FindObserver() = default;
 
-    /// A search begun by `Finding::search` has come to its end with so many matches.
+    /// Called when a search of `Finding::search` has ended; `count` is the number of matches.
     virtual void searchDidEnd(std::size_t /*count*/) {}
-    /// The node found has been selected; `match` is the place in the text that contains it.
+    /// Called when a node has been selected because of a match in its note or tags. `match` is the part of
+    /// that text that matches, in UTF-8.
     virtual void foundOutsideRows(FoundIn /*text*/, const std::string& /*match*/) {}
 };
 
+/// The search of one document.
 class Finding {
 public:
-    /// What is handed in must live longer.
+    /// Requires: the arguments and the services of `platform` outlive this object.
     Finding(Outline& outline, const Platform& platform, FindPhases& phases, const Collation& collation);
 
-    /// The observer must live as long as this is used.
+    /// Adds an observer. Requires: it exists until the last call of another function.
     void addObserver(FindObserver& observer) { observers_.push_back(&observer); }
 
+    /// Returns the text of the last search, empty before the first one.
     const std::string& searchString() const { return finder_.searchString(); }
+    /// Sets the text that `findNext` searches for.
     void setSearchString(std::string text) { finder_.setSearchString(std::move(text)); }
+    /// Returns the node of the last match, or `nullptr`.
     Bookmark* foundBookmark() const { return finder_.foundBookmark(); }
+    /// Sets the node that `findNext` continues after.
     void setFoundBookmark(Bookmark* node) { finder_.setFoundBookmark(node); }
 
-    /// Goes to the first match and returns the number of all.
+    /// Cancels a search that has not ended, selects the first match of `string` (UTF-8) if there is one, and
+    /// returns the number of all matches. The time is linear in the number of nodes.
     std::size_t findText(const std::string& string);
-    /// The same in portions: in a large document it returns before the end, and goes on while the main loop
-    /// is idle. While a cell is edited it waits. The observers are called with the number.
+    /// Searches as `findText` does, but in portions of some milliseconds. In a large document it returns
+    /// before the search has ended, and continues while the main loop is idle. It pauses while a cell is
+    /// edited. The observers receive the number of matches.
     void search(const std::string& string);
-    /// Ends a search that still goes on, without a result.
+    /// Cancels a search that has not ended. The observers are not called.
     void cancelSearch() { search_.reset(); }
-    /// Goes to the next match. A search that still goes on comes to its end before. Beeps without a search
-    /// string and after the last match.
+    /// Selects the next match. A search that has not ended is completed first. Beeps if there is no search
+    /// string, and after the last match.
     void findNext();
 
-    /// Selects the node's row alone and scrolls to it; collapsed folders above it are expanded. A node
-    /// without a row leaves the selection as it is. The observers are called for what was found in tags or
+    /// Expands the folders that the node is in, selects its row alone and scrolls to it. If the node still
+    /// has no row, the selection stays as it is. The observers are called if the last match was in tags or
     /// note.
     void selectBookmark(Bookmark& node);
 
-    /// Returns the first row from `start` on, going round, whose name begins with `prefix`, ignoring case.
-    /// For typing ahead.
+    /// Returns the first row whose name begins with `prefix` (UTF-8), ignoring case. The rows are tried from
+    /// `start` to the last one, then from the first one on. Returns `nullopt` if there is none, and for an
+    /// empty prefix.
     std::optional<std::size_t> rowWithPrefix(const std::string& prefix, std::size_t start) const;
 
 private:
+    /// Searches up to `nodes` further nodes, and ends the search or continues it later.
     void goOn(std::size_t nodes);
+    /// Continues the search after a pause.
     void goOnAfter(double seconds);
+    /// Calls the observers if the match is in tags or note.
     void showMatch();
 
     Outline& outline_;
@@ -75,7 +88,7 @@ private:
     const Collation& collation_;
     Finder finder_;
     std::vector<FindObserver*> observers_;
-    std::unique_ptr<Timer> search_; ///< the next portion of a search
+    std::unique_ptr<Timer> search_; ///< the next portion of a search; null when none has to continue
 };
 
 } // namespace tabulon

@@ -30,7 +30,8 @@ constexpr std::array<Browser, 9> kBrowsers = {{{"Safari", 10},
                                                {"Edge", 19}}};
 constexpr int kFirstBrowser = 2;
 
-// What the field holds now. A text like the original one is that, also where it is missing.
+// Returns the new value of a field. A text that equals the original one returns the original, which may be
+// null.
 Text typed(const std::string& text, const Text& original) {
     return text == original.view() ? original : Text(text);
 }
@@ -140,7 +141,7 @@ void GetInfoController::previous() {
     step(index != ChildList::npos && index > 0 ? siblings->at(index - 1) : nullptr);
 }
 
-// Null for nowhere.
+// `nullptr` if there is no item to go to.
 void GetInfoController::step(Bookmark* target) {
     doneBookmark();
     if (!target || !isInTree(*target)) {
@@ -156,7 +157,7 @@ bool GetInfoController::canFindNext() const {
     return outline_ && !finding_.searchString().empty();
 }
 
-// What is found in tags or note comes here by itself.
+// A match in tags or note is shown by the search itself, before `editBookmark` is reached.
 void GetInfoController::findNext() {
     doneBookmark();
     if (!outline_)
@@ -195,8 +196,8 @@ void GetInfoController::keepChange() {
         saveBookmark();
 }
 
-// Beside its window the panel is up while the user or a command changes the rows. Returns whether a field
-// shows something else now.
+// A panel beside its window is open while the user or a command changes the rows. Returns whether the panel
+// has to show the fields again.
 bool GetInfoController::takeOverChanges() {
     bool isTaken = false;
     const auto take = [&](auto get, auto set) {
@@ -205,7 +206,7 @@ bool GetInfoController::takeOverChanges() {
         if (now == before)
             return;
         std::invoke(set, *known_, now);
-        if (std::invoke(get, *duplicate_) != before) // changed here as well
+        if (std::invoke(get, *duplicate_) != before) // also changed in the panel
             return;
         std::invoke(set, *duplicate_, now);
         isTaken = true;

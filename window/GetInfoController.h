@@ -1,5 +1,5 @@
 // The info panel of one document window: it shows all fields of one item, edits a copy of it, and writes that
-// back when the user leaves the item. What it looks like is ui/'s affair.
+// copy back when the user leaves the item. How the panel looks is decided in ui/.
 #pragma once
 
 #include "model/Bookmark.h"
@@ -14,125 +14,173 @@ namespace tabulon {
 class Finding;
 class Outline;
 
-/// The four ways out of an item.
+/// Which of the four buttons that show another item are enabled.
 struct InfoButtons {
+    /// To the item's folder.
     bool up = false;
+    /// To the first child.
     bool down = false;
+    /// To the next sibling.
     bool right = false;
+    /// To the previous sibling.
     bool left = false;
 
     friend bool operator==(const InfoButtons&, const InfoButtons&) = default;
 };
 
-/// What the controller needs of the view. The view asks the controller for the fields' contents.
+/// The view of the panel. It reads the fields' contents from the controller. Texts are UTF-8.
 class InfoPanel {
 public:
     virtual ~InfoPanel() = default;
 
-    /// Another item is shown, or its fields have changed.
+    /// Shows the contents of the fields again, after a change of the item or of its fields.
     virtual void reloadFields() = 0;
+    /// Enables and disables the four buttons.
     virtual void setButtons(const InfoButtons& buttons) = 0;
+    /// Shows the title.
     virtual void setTitle(const std::string& title) = 0;
-    /// All of the name is selected.
+    /// Selects all of the name.
     virtual void selectName() = 0;
-    /// The first place of `string` in the note or the tags is selected, ignoring case, and comes into view.
+    /// Selects the first occurrence of `string` in the note, ignoring case, or the whole note if there is
+    /// none, and scrolls to it.
     virtual void selectNote(const std::string& string) = 0;
+    /// Selects the first occurrence of `string` in the tags, ignoring case, or all tags if there is none.
     virtual void selectTags(const std::string& string) = 0;
-    /// Place and size as a text that `setFrame` understands; what it does not understand is passed over.
+    /// Returns the place and size of the panel, in a text form that `setFrame` reads.
     virtual std::string frame() const = 0;
+    /// Moves and resizes the panel as far as the screens allow. Does nothing if `frame` is not in that form.
     virtual void setFrame(const std::string& frame) = 0;
+    /// Closes the panel.
     virtual void dismiss() = 0;
-    /// It comes to the front and has the keyboard.
+    /// Raises the panel and moves the keyboard to it.
     virtual void bringToFront() = 0;
 };
 
+/// The controller of the panel. The panel shares its ownership, so it may outlive the window.
 class GetInfoController {
 public:
-    /// The outline and its search must live longer, or `outlineIsGone` is called.
+    /// Requires: `outline` and `finding` exist until `outlineIsGone` is called, and the services of
+    /// `platform` outlive this object.
     GetInfoController(Outline& outline, Finding& finding, const Platform& platform)
         : outline_(&outline), finding_(finding), platform_(platform) {}
 
+    /// Detaches the controller from the outline and its search, which are destroyed after that. Changes are
+    /// not saved any more.
     void outlineIsGone() { outline_ = nullptr; }
 
-    /// Shows `node`. A change of the one that was shown is saved first.
+    /// Shows `node`. Saves a change of the item that was shown before. Selects the node's row if the panel is
+    /// shown.
     void editBookmark(Bookmark& node);
-    /// The view is there: it gets its frame, its title and the fields.
+    /// Sets the panel, restores its frame and fills it in; `nullptr` when the panel is closed. Does not take
+    /// ownership. Requires: an item is shown.
     void setPanel(InfoPanel* panel);
+    /// Returns whether there is a panel.
     bool isShown() const { return panel_ != nullptr; }
-    /// Requires that it is shown.
+    /// Raises the panel and moves the keyboard to it. Requires: isShown().
     void bringToFront() { panel_->bringToFront(); }
 
-    /// The node that is shown. Null only before the first one.
+    /// Returns the node that is shown, or `nullptr` before the first call of `editBookmark`.
     Bookmark* original() const { return original_.get(); }
 
-    // The fields: those of the working copy. Texts are UTF-8; a missing one is shown empty, and stays missing
-    // until something is typed.
+    // The fields are those of a working copy. Texts are UTF-8. A missing text is shown as an empty one, and
+    // stays missing until it is changed.
 
+    /// Returns the working copy.
     const Bookmark& duplicate() const { return *duplicate_; }
+    /// Sets the name of the working copy.
     void setName(const std::string& text);
+    /// Sets the URL of the working copy. It is not classified.
     void setURL(const std::string& text);
+    /// Sets the note of the working copy.
     void setNote(const std::string& text);
+    /// Sets the tags of the working copy.
     void setTags(const std::string& text);
+    /// Sets the label of the working copy.
     void setLabel(std::uint8_t label) { duplicate_->setLabel(label); }
+    /// Locks or unlocks the working copy and updates the fields of the panel. Requires: isShown().
     void setLocked(bool locked);
-    /// A locked item's URL is not edited, and a folder has none.
+    /// Returns whether the URL can be edited: not that of a locked item.
     bool isURLEditable() const { return !duplicate_->getLocked(); }
+    /// Returns whether the URL field is enabled: not for a folder, which has no URL.
     bool isURLEnabled() const { return !duplicate_->isFolder(); }
 
     // The browser that the item opens in
 
-    static constexpr int kBrowserSeparator = 1; ///< this index of the menu is a line
-    /// The menu's items; the one of the line is empty.
+    static constexpr int kBrowserSeparator = 1; ///< the index of the separator line in the menu
+    /// Returns the menu's items: the default browser, the separator line as an empty value, then the known
+    /// browsers.
     std::vector<Application> browserItems() const;
+    /// Returns the index of the working copy's browser in the menu.
     int browserMenuIndex() const { return getBrowserMenuIndex(duplicate_->getBrowser()); }
-    /// The user has chosen this item of the menu.
+    /// Sets the browser of the working copy to the one at this index of the menu.
     void openWith(int index);
+    /// Returns the value that is stored for the browser at this index of the menu; 0 for the default browser
+    /// and any index without a browser.
     static std::uint32_t getBrowserValue(int index);
+    /// Returns the index in the menu of the browser with this stored value; 0 for an unknown value.
     static int getBrowserMenuIndex(std::uint32_t value);
 
-    // What the user does. Each step saves a change first, and beeps where there is nowhere to go.
+    // What the user does. A step saves a change first. It beeps if there is no item to go to.
 
+    /// Shows the item's folder. A top-level item has none to show.
     void up();
+    /// Shows the first child.
     void down();
+    /// Shows the next sibling.
     void next();
+    /// Shows the previous sibling.
     void previous();
-    /// Goes on with the search of the document's find bar, and shows where it was found.
+    /// Saves a change, continues the search of the find bar, and shows the item of the next match.
     void findNext();
+    /// Returns whether there is a search to continue.
     bool canFindNext() const;
-    /// Saves a change, keeps the frame and dismisses the panel.
+    /// Stores the panel's frame, saves a change and closes the panel. Does nothing if there is no panel.
     void done();
-    /// The same without the change.
+    /// Stores the panel's frame and closes the panel without saving. Does nothing if there is no panel.
     void cancel();
-    /// Saves a change and stays: the user goes on elsewhere while the panel is up. A node that has left the
-    /// tree is not changed.
+    /// Saves a change and keeps the panel open. An item whose name is null always counts as changed. Does
+    /// nothing if the node is no longer in the tree.
     void keepChange();
-    /// Nodes have left the tree. A panel whose node is among them is dismissed without its change.
+    /// Called after nodes were removed from the tree. Closes the panel, without saving, if the shown node is
+    /// no longer in the tree; otherwise updates it.
     void nodesDidLeave();
-    /// The tree was changed, perhaps the node that is shown: the fields that the user has left alone show
-    /// what it has now. Where he has changed the same field here, his change stays.
+    /// Called after the tree was changed. Fields that the user has not changed in the panel show the node's
+    /// values again; the others keep what was typed.
     void nodesDidChange();
 
+    /// Runs `InfoPanel::selectNote` if there is a panel.
     void selectNote(const std::string& string);
+    /// Runs `InfoPanel::selectTags` if there is a panel.
     void selectTags(const std::string& string);
 
 private:
+    /// Makes `node` the original and fills the panel, if there is one.
     void show(Bookmark& node);
+    /// Shows the fields, selects the name and updates the buttons. Requires: isShown().
     void fillPanel();
+    /// Shows the fields and the title. Requires: isShown().
     void showFields();
+    /// Copies values that were changed in the tree, but not in the panel, to the working copy. Returns
+    /// whether there were any.
     bool takeOverChanges();
+    /// Returns whether the node is in the outline's tree. The time is linear in its depth.
     bool isInTree(const Bookmark& node) const;
+    /// Saves a change and selects the item's row. Does nothing after `outlineIsGone`.
     void doneBookmark();
+    /// Writes the working copy to the original, with the modification date, and makes the document dirty.
     void saveBookmark();
+    /// Saves a change and shows `target`. Beeps if it is `nullptr` or not in the tree.
     void step(Bookmark* target);
+    /// Enables the buttons of the items that can be shown.
     void updateButtons();
 
-    Outline* outline_; ///< null when the window is gone
+    Outline* outline_; ///< null after `outlineIsGone`
     Finding& finding_;
     const Platform platform_;
     InfoPanel* panel_ = nullptr;
     Ref<Bookmark> original_;
     Ref<Bookmark> duplicate_;
-    Ref<Bookmark> known_; // the node as the working copy knows it, to tell who has changed a field
+    Ref<Bookmark> known_; // the node's values when they were copied last
 };
 
 } // namespace tabulon

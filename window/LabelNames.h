@@ -6,7 +6,7 @@
 
 namespace tabulon {
 
-/// By label number; 0 is none.
+/// The keys by label number; number 0 is no label.
 inline constexpr std::array<std::string_view, 12> kLabelNameKeys = {
     "LabelNone",  "LabelOrange", "LabelRed",    "LabelMagenta", "LabelLightBlue", "LabelBlue",
     "LabelGreen", "LabelBrown",  "LabelPurple", "LabelGray",    "LabelYellow",    "LabelCyan"};

@@ -24,7 +24,7 @@ std::vector<std::string_view> linesOfList(std::string_view text) {
     return lines;
 }
 
-// White space may stand in it, but for its beginning: some programs do not escape it.
+// White space is allowed after the first character of the address, because some programs do not escape it.
 bool isAddress(std::string_view line) {
     const std::size_t scheme = schemeLength(line);
     return scheme > 0 && scheme + 1 < line.size() &&
@@ -44,7 +44,7 @@ std::string inOneLine(std::string_view text) {
     return line;
 }
 
-// The values of a list in which each is followed by a form feed.
+// Removes the first value of a list in which a form feed follows each value, and returns it.
 std::string_view takeValue(std::string_view& list) {
     const std::string_view value = list.substr(0, list.find('\f'));
     list.remove_prefix(std::min(value.size() + 1, list.size()));
@@ -119,7 +119,7 @@ std::vector<NamedLink> linksOfHtml(std::string_view html) {
     while (!targets.empty()) {
         const std::string_view target = takeValue(targets);
         const std::string_view text = takeValue(texts);
-        // What leads from a page to itself counts from this address where the page has none.
+        // In a page without an address, links to the page itself are resolved against this one.
         if (isAddress(target) && !target.starts_with("about:blank"))
             links.push_back({std::string(target), inOneLine(text)});
     }

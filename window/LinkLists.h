@@ -1,5 +1,5 @@
-// The lists of links that programs hand each other, as texts: reading them, and telling an address from a
-// text. Which list counts when there are several is MimeItems.h's.
+// The lists of links that programs pass to each other, as texts: parsing them, and telling an address from
+// other text. Which list is used when there are several is decided in MimeItems.h.
 #pragma once
 
 #include <string>
@@ -8,36 +8,40 @@
 
 namespace tabulon {
 
+/// A link of a list. Texts are UTF-8.
 struct NamedLink {
+    /// The address, as in the list.
     std::string url;
-    /// Empty for none.
+    /// Empty for a link without a title.
     std::string title;
 };
 
-/// A text in Mozilla's own types: UTF-16 in the order of the machine, with or without a byte-order mark, and
-/// in some programs with a zero at the end.
+/// Returns a text of Mozilla's own types as UTF-8. Such a text is UTF-16 in the byte order of the machine,
+/// with or without a byte-order mark; what follows a zero is ignored.
 std::string utf8OfMozilla(std::string_view bytes);
 
-/// "text/x-moz-url": lines of address and title in turn. A line that is no address where one is due belongs
-/// to the title before it.
+/// Returns the links of "text/x-moz-url": UTF-16 lines with address and title in turn. Where an address is
+/// expected, a line that is none is appended to the title before it.
 std::vector<NamedLink> linksOfMozillaList(std::string_view bytes);
 
-/// The same lines as UTF-8, in "_NETSCAPE_URL".
+/// Returns the links of such lines in UTF-8, as in "_NETSCAPE_URL".
 std::vector<NamedLink> linksOfPairs(std::string_view text);
 
-/// "text/uri-list": lines, of which those that begin with "#" and those that are no address do not count.
+/// Returns the links of "text/uri-list", without titles. Lines that begin with "#", and lines that are no
+/// address, are skipped.
 std::vector<NamedLink> linksOfUriList(std::string_view list);
 
-/// Returns the file URIs of a list of URIs that is one of files, as drags carry it ("text/uri-list"). Empty
-/// where any other address is in the list: then it is one of links.
+/// Returns the file URIs of a "text/uri-list" that has files only. Returns an empty list if it has any other
+/// address, or none.
 std::vector<std::string> fileUrisIn(std::string_view uriList);
 
-/// The links of HTML (UTF-8) that lead to whole addresses, named by their texts in one line. None for what is
-/// too large (`kLargestSelection`), too entangled to be read, or would become sixteen times as much.
+/// Returns the links of HTML (UTF-8) that lead to absolute addresses, each with its text in one line as the
+/// title. Returns an empty list for HTML of more than `kLargestSelection` bytes, for HTML that cannot be
+/// parsed (`readPageLinks`), and where addresses and texts together are more than sixteen times its size.
 std::vector<NamedLink> linksOfHtml(std::string_view html);
 inline constexpr std::size_t kLargestSelection = std::size_t{1} << 26;
 
-/// Whether the text is an address, which begins with a scheme, or one with "://" or "mailto:" stands in it.
+/// Returns whether the text begins with an address, that is with a scheme, or contains "://" or "mailto:".
 bool hasAddress(std::string_view text);
 
 } // namespace tabulon

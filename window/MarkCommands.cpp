@@ -93,7 +93,7 @@ void MarkCommands::deleteSheetExecute() {
     deleteBookmarksConditionalCommand(removalOptions(platform_.base.defaults));
 }
 
-// The rows are laid out anew in one go, the first one too.
+// All rows are laid out again once, even if a single link is removed.
 Removal MarkCommands::deleteBookmarksConditional(const RemovalOptions& options) {
     const std::vector<Bookmark*> selected = outline_.selectedItems();
     Removal removal;
@@ -103,7 +103,7 @@ Removal MarkCommands::deleteBookmarksConditional(const RemovalOptions& options) 
                                  Date::now(platform_.base.clock));
     }
     const bool arrived = options.move && !removal.items.empty();
-    if (!arrived) // what arrives in a basket takes the selection with it
+    if (!arrived) // links that were moved clear the selection
         outline_.selectItems(selected);
     return removal;
 }
@@ -112,7 +112,7 @@ void MarkCommands::deleteBookmarksConditionalCommand(const RemovalOptions& optio
     shared_.removedLinks = 0;
     Removal removal = deleteBookmarksConditional(options);
     const std::size_t count = shared_.removedLinks = removal.items.size();
-    // A link that goes into the basket is a change of its own, and so is the basket.
+    // Each link that was moved into the basket counts as a change of its own, and so does a new basket.
     const std::size_t arrivals = options.move ? count + std::size_t{removal.madeBasket} : 0;
     for (std::size_t changes = count > 0 ? arrivals + 1 : 0; changes > 0; --changes)
         outline_.makeDirty();
@@ -140,7 +140,7 @@ void MarkCommands::deleteDuplicatesCommand() {
         deleteDuplicatesExecute();
 }
 
-// Whatever the settings say: duplicates alone, and not into the Waste Basket.
+// The options are fixed: duplicates alone, deleted and not moved.
 void MarkCommands::deleteDuplicatesExecute() {
     clearDuplicateStatus(outline_.getMaster());
     markDuplicates(outline_.getMaster());

@@ -1,5 +1,5 @@
-// Marks, which are what is known of links (model/LinkType.h): showing them, finding duplicates, removing
-// links by their status. Marking makes no change of the document.
+// Marks, which show the status of links (model/LinkType.h): showing them, finding duplicates, and removing
+// links by their status. Setting marks is no change of the document.
 #pragma once
 
 #include "model/StatusRemoval.h"
@@ -17,7 +17,7 @@ class StatusLine;
 class WindowController;
 struct SharedState;
 
-/// The classes that the commands use.
+/// The objects that the commands use.
 struct MarkParts {
     Outline& outline;
     EditingCommands& editing;
@@ -30,31 +30,44 @@ struct MarkParts {
 /// "moveDeleteSheet:".
 class MarkCommands {
 public:
-    /// What is handed in must live longer.
+    /// Requires: the parts, the arguments and the services of `platform` outlive this object. The sheet may
+    /// outlive it.
     MarkCommands(const MarkParts& parts, const Platform& platform, SharedState& shared, ActionTable& actions);
 
-    /// Shows the marks in every window, or hides them.
+    /// Switches the setting "ShowMarks", and shows or hides the marks in every window.
     void showMarks();
+    /// Switches the setting "ShowMarks" on and shows the marks in every window, if it is off.
     void enableMarks();
-    /// Draws all rows anew after a change of the setting "ShowMarks".
+    /// Redraws all rows, after a change of the setting "ShowMarks".
     void showMarksView();
-    /// Marks every link whose URL an earlier one has (model/Duplicates.h).
+    /// Marks every link that has the URL of an earlier one (model/Duplicates.h), removes the mark from all
+    /// others, shows the marks, and reports the number in the status line. Runs `moveWasteDown` first, and
+    /// does nothing if the user cancels.
     void findDuplicates();
+    /// Removes the marks of all links.
     void clearMarks();
-    /// Asks whether the Waste Basket may be moved to the end where it is elsewhere, and moves it. Returns the
-    /// response, or the first button where there is nothing to ask.
+    /// Returns `kAlertFirstButton` if the Waste Basket is missing or is the last top-level item. Otherwise
+    /// asks whether it may be moved to the end, moves it if the user agrees, and returns the response.
     int moveWasteDown();
-    /// Asks in a sheet which marked links are removed, and how; then runs `deleteSheetExecute`.
+    /// Asks in a sheet which marked links are removed, and how. Returns at once; `deleteSheetExecute` runs
+    /// when the user has confirmed.
     void moveDeleteSheet();
+    /// Removes links as the settings of that sheet say. Runs `moveWasteDown` first, and does nothing if the
+    /// user cancels.
     void deleteSheetExecute();
-    /// Removes links by their status (model/StatusRemoval.h) and shows their number in an alert.
+    /// Deletes links by their status, or moves them into the Waste Basket (model/StatusRemoval.h), and shows
+    /// their number in an alert. Links that were deleted can be put back from the status line. Stores the
+    /// number in the shared state.
     void deleteBookmarksConditionalCommand(const RemovalOptions& options);
-    /// Deletes all duplicates, after a question.
+    /// Asks whether all duplicates may be deleted, and runs `deleteDuplicatesExecute` if the user agrees.
     void deleteDuplicatesCommand();
+    /// Marks all duplicates anew and deletes them. The settings of the sheet are not used.
     void deleteDuplicatesExecute();
 
 private:
+    /// Stores the setting and updates every window.
     void setShowMarks(bool shown);
+    /// Removes the links, with their rows. Keeps the selection if no link was moved.
     Removal deleteBookmarksConditional(const RemovalOptions& options);
 
     Outline& outline_;
@@ -64,7 +77,7 @@ private:
     const WindowController& window_;
     const Platform platform_;
     SharedState& shared_;
-    /// For the sheet, which may end after the document's window.
+    /// Lets a sheet that outlives this object find out.
     const std::shared_ptr<const bool> life_ = std::make_shared<const bool>(true);
 };
 

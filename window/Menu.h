@@ -1,5 +1,5 @@
-// A menu as a plain tree of values. The application builds it, a view draws it and hands chosen items back;
-// which code an action's name stands for is the affair of the responders (window/ActionTable.h).
+// A menu as a plain tree of values. The application builds it, and a view draws it and reports the item that
+// was chosen. Responders find the code of an action by its name (window/ActionTable.h).
 #pragma once
 
 #include "model/Bookmark.h"
@@ -15,12 +15,14 @@ namespace tabulon {
 class Document;
 struct MenuItem;
 
+/// A menu. The title is UTF-8 in the user's language.
 struct Menu {
     std::string title = {};
     std::vector<MenuItem> items;
 };
 
-/// The keys that go with a key equivalent. On Linux Command is Ctrl, Option is Alt, Control is the Super key.
+/// The modifier keys of a key equivalent. On Linux Command is Ctrl, Option is Alt, and Control is the Super
+/// key.
 struct KeyModifiers {
     bool command = true;
     bool option = false;
@@ -30,29 +32,34 @@ struct KeyModifiers {
     friend bool operator==(const KeyModifiers&, const KeyModifiers&) = default;
 };
 
-/// What an item stands for: nothing, a path in the file system's encoding, a node, or an open document.
+/// What an item represents: no object, a path in the file system's encoding, a node, or an open document (not
+/// owned).
 using RepresentedObject = std::variant<std::monostate, std::string, Ref<Bookmark>, Document*>;
 
 /// One line of a menu. Texts are UTF-8 in the user's language, ready to be shown.
 struct MenuItem {
     std::string title = {};
-    /// The operation's name, such as "newDocument:"; empty for an item that does nothing itself.
+    /// The operation's name, such as "newDocument:"; empty for an item without an action.
     std::string action = {};
-    /// One character (a capital letter means Shift as well) or the name of a key without one: "Left",
-    /// "Right", "Up", "Down", "Delete", "F2"; empty for none.
+    /// One character (a capital letter includes Shift) or the name of a key without a character: "Left",
+    /// "Right", "Up", "Down", "Delete", "F2". Empty for an item without a key.
     std::string keyEquivalent = {};
     KeyModifiers modifiers = {};
+    /// A number that the action interprets.
     int tag = 0;
     RepresentedObject representedObject = {};
-    /// The name of an image; empty for none.
+    /// The name of an image of resources/icons; empty for no image.
     std::string imageName = {};
     std::string toolTip = {};
+    /// Whether the item has a check mark.
     bool checked = false;
-    /// The colour of the title where it is not the menu's own.
+    /// The label colour that the item is shown with; `nullopt` for no colour.
     std::optional<LabelColor> color = {};
     std::optional<Menu> submenu = {};
+    /// Whether the line is a separator; then all other members are ignored.
     bool separator = false;
 
+    /// Returns a separator.
     static MenuItem makeSeparator() {
         MenuItem item;
         item.separator = true;

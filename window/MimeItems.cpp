@@ -19,7 +19,7 @@ namespace {
 
 // Files
 
-// Nothing for a file that holds no link or cannot be read.
+// Returns `nullopt` for a file that contains no link, is too large or cannot be read.
 std::optional<LinkFileContent> linkInFile(const std::string& path, FileStore& files) {
     const auto identity = files.kindOf(path) == PathKind::File ? files.identityOf(path) : std::nullopt;
     if (!identity || identity->size > kLargestLinkFile)
@@ -42,7 +42,7 @@ PasteboardItem fileItem(const std::string& uri, FileStore& files) {
     const auto link = linkInFile(path.string(), files);
     if (!link)
         return item;
-    if (!isList) { // the desktop's own forms stand for the link that they hold
+    if (!isList) { // these files are replaced by the link that they contain
         item = {};
         item.set(kURLNameType,
                  (link->name.isEmpty() ? Text::fromBytes(path.stem().string()) : link->name).string());
@@ -53,7 +53,7 @@ PasteboardItem fileItem(const std::string& uri, FileStore& files) {
 
 // Texts
 
-// Line ends become line feeds, by which texts are taken apart.
+// Removes the carriage return of each line end, because texts are split at line feeds.
 std::string withLineFeeds(std::string text) {
     std::size_t size = 0;
     for (std::size_t i = 0; i < text.size(); ++i)
@@ -95,7 +95,7 @@ PasteboardItem linkItem(const NamedLink& link) {
     return item;
 }
 
-// The clipboard tool of Wayland offers any text that it is handed as plain text, too.
+// The clipboard tool of Wayland offers every text that it receives as plain text, too.
 bool textIsTheList(const MimeContent& content) {
     const std::string* text = content.get("text/plain");
     const std::string* mozilla = content.get("text/x-moz-url");
@@ -117,7 +117,7 @@ std::vector<PasteboardItem> linkItems(const MimeContent& content, FileStore& fil
     return items;
 }
 
-// Whether the text is the addresses of the links, one on each line.
+// Returns whether the text consists of the addresses of the links, one on each line.
 bool isListOf(std::string_view text, const std::vector<NamedLink>& links) {
     std::size_t next = 0;
     for (const std::string_view line : linesOf(text)) {
@@ -130,7 +130,8 @@ bool isListOf(std::string_view text, const std::vector<NamedLink>& links) {
     return next == links.size();
 }
 
-// The text and the HTML of one thing. What was selected in a page has its addresses in the HTML alone.
+// Returns the text and the HTML as one item, or the links of the HTML: a selection in a page has its
+// addresses in the HTML alone.
 std::vector<PasteboardItem> textItems(const MimeContent& content) {
     PasteboardItem item;
     setTextAndHtml(item, content);

@@ -1,5 +1,5 @@
-// Pasteboard items as the desktop's programs hand them on: trees and lists of links in the media types that
-// browsers, file managers and editors write and read, and a private one for the items as they are.
+// Pasteboard items in the types of the desktop's programs: trees and lists of links in the media types that
+// browsers, file managers and editors write and read, and a private type for the items as they are.
 #pragma once
 
 #include "base/BaseServices.h"
@@ -16,44 +16,52 @@
 
 namespace tabulon {
 
+/// The private type. Only the process that wrote it can read it.
 inline constexpr std::string_view kItemsMimeType = "application/x-tabulon-items";
 
-/// The types that `pasteboardItems` looks at.
+/// The types that `pasteboardItems` reads.
 inline constexpr std::array<std::string_view, 9> kReadMimeTypes = {
     kItemsMimeType,       "text/x-moz-url",   "text/uri-list",
     "_NETSCAPE_URL",      "text/plain",       "text/html",
     "application/x-xbel", "text/x-moz-place", "chromium/x-bookmark-entries"};
 
+/// What `pasteboardItems` needs besides the content.
 struct MimeReading {
-    /// What is read of another program's tree goes into the list `Received`, which is cleared first.
+    /// Receives the nodes of another program's tree in the list `Received`, which is cleared first.
     NodeRecords& records;
+    /// Reads link files.
     FileStore& files;
     const BaseServices& services;
 };
 
-/// Returns the items in what another program, or this one, has copied or drags; none where there is nothing
-/// to read.
-///
-/// - Items of this process come back as they were; those of another one count as missing, so that what stands
-///   beside them is read.
-/// - A tree of another program (ReceivedTree.h) is an item with the record of a live node for each of its
+/// Returns the items in what a program, this one included, has copied or drags. Returns an empty list if the
+/// content has nothing that can be read. The first of these that is found is used:
+/// - The private type: the items of this process as they were. Those of another process are ignored.
+/// - A tree of another program (ReceivedTree.h): an item with the record of a live node for each of its
 ///   topmost nodes.
-/// - Files of a list of URIs are items with the file's URL each; those that are link files ("webloc",
-///   "mailloc"; at most `kLargestLinkFile` bytes, read from `files`) have the URL in them as well.
-/// - Links (LinkLists.h: text/x-moz-url; else a list of URIs, where _NETSCAPE_URL may have the title of a
-///   single one) are items with a URL, and the title where there is one. One link alone has the text beside
-///   it, too.
-/// - Otherwise text and HTML are one item, with line feeds for line ends; but where the HTML has links and
-/// the
-///   text beside it has no address, or their addresses alone, each link is an item.
+/// - Links (LinkLists.h), from "text/x-moz-url", else from "text/uri-list", where "_NETSCAPE_URL" may have
+///   the title of a single link, else from "_NETSCAPE_URL". A link is an item with a URL, and the title if
+///   there is one. A single link has the text and the HTML of the content as well.
+/// - The URL of a file among these links is an item with the URL of the file. A "webloc" or "mailloc" file of
+///   at most `kLargestLinkFile` bytes has the URL that it contains as well. A "url" or "desktop" file of that
+///   size that contains a link is an item with that link instead.
+/// - Text and HTML: one item. Where the HTML has links, and the text has no address or only the addresses of
+///   these links, each link is an item instead.
+/// In texts, a carriage return before a line feed is removed.
 std::vector<PasteboardItem> pasteboardItems(const MimeContent& content, const MimeReading& reading);
+/// In bytes.
 inline constexpr std::uint64_t kLargestLinkFile = 1 << 20;
 
-/// The items, each with the record of a live node, for every program: their texts line by line, for the nodes
-/// with a URL and all links in folders a list of URIs, Mozilla's list of links with titles, and HTML, and the
-/// nodes as XBEL and as Chromium's entries. Lists and XBEL of more than `kLargestMimeForm` bytes are left
-/// out.
+/// Returns the items, each with the record of a live node, in the types that other programs read:
+/// - The private type, with all items.
+/// - Their texts, joined by line feeds.
+/// - The links among the nodes and in folders among them, as a list of URIs, as Mozilla's list with titles,
+///   and as HTML. All three lists are left out if one of them has more than `kLargestMimeForm` bytes.
+/// - The nodes as XBEL, which is left out if it has more bytes than that, and as Chromium's entries, which
+///   have a smaller limit.
+/// Types without content are left out. An item without a live node adds its text only.
 MimeContent mimeContent(const std::vector<PasteboardItem>& items, const NodeRecords& records);
+/// In bytes.
 inline constexpr std::size_t kLargestMimeForm = std::size_t{1} << 28;
 
 } // namespace tabulon

@@ -1,4 +1,4 @@
-// What other programs are handed of items: texts, lists of links, and a tree.
+// Writing pasteboard items in the types of other programs: texts, lists of links, and trees.
 #include "base/LittleEndian.h"
 #include "formats/export/ChromiumEntries.h"
 #include "formats/export/XBEL.h"
@@ -30,10 +30,10 @@ std::string oneLine(std::string_view text) {
     return line;
 }
 
-// The lists of links. One that would be too long is left out whole.
+// Writes the lists of links. All of them are left out if one is too long.
 class LinkListWriter {
 public:
-    /// A link itself, or all links below a folder, in their order.
+    // Adds a link, or all links below a folder in their order.
     void add(const Bookmark& node) {
         if (!node.isFolder())
             return addLink(node);

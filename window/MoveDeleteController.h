@@ -1,5 +1,5 @@
-// The sheet in which the user says what becomes of marked links: check boxes that stand for settings, and a
-// button that says what it does. What it looks like is ui/'s affair.
+// The sheet in which the user chooses what is done with marked links: check boxes for settings, and a button
+// whose title says what it does. The view is in ui/.
 #pragma once
 
 #include "base/BaseServices.h"
@@ -9,22 +9,25 @@
 
 namespace tabulon {
 
+/// The state of the sheet. The view and the callback share its ownership.
 class MoveDeleteController {
 public:
-    /// `deleteSheetExecute` is called when the user has chosen and the sheet is gone. The services must live
-    /// longer.
+    /// Sets the function that `execute` calls. Requires: the services outlive this object.
     MoveDeleteController(const BaseServices& services, std::function<void()> deleteSheetExecute)
         : services_(services), deleteSheetExecute_(std::move(deleteSheetExecute)) {}
 
     /// Sets the boxes from their settings.
     void viewDidLoad();
-    /// The title of the OK button: whether links are moved or deleted.
+    /// Returns the title of the OK button in the user's language: whether links are moved or deleted.
     std::string okTitle() const;
-    /// Stores the boxes in their settings. The view dismisses itself and then calls `execute`.
+    /// Stores the boxes in their settings. The view calls it when the user confirms, closes itself and then
+    /// calls `execute`.
     void done();
+    /// Removes the links.
     void execute() { deleteSheetExecute_(); }
 
-    // The check boxes. The view shows them, and sets them when the user does.
+    // The check boxes. The view shows them, and sets them when the user clicks. The comment names the
+    // setting.
 
     bool duplicateLinks = false; ///< "DuplicateLinks"
     bool brokenLinks = false;    ///< "BrokenLinks"

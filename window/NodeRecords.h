@@ -1,5 +1,5 @@
-// The private records by which pasteboard items name live nodes of this process, and the list of copied nodes
-// that all windows share. Nothing here is ever written to a file.
+// The private records by which pasteboard items name live nodes of this process, and the lists of nodes that
+// all windows share. They are never written to a file.
 #pragma once
 
 #include "model/Bookmark.h"
@@ -12,27 +12,30 @@
 
 namespace tabulon {
 
-/// Nodes are kept alive from `add` to the next `clear` of their list; a record of a list that was cleared
-/// names nothing for ever.
+/// Nodes are kept alive from `add` to the next `clear` of their list. A record of a list that was cleared
+/// never names a node again.
 class NodeRecords {
 public:
     enum class List {
         Copied,
         Dragged,
-        Received, ///< what was last read of another program, in no document's tree
+        Received, ///< the last tree of another program, in no document
     };
 
+    /// Generates the token.
     NodeRecords();
 
+    /// Releases the nodes of the list and makes their records invalid.
     void clear(List list);
-    /// The record of the node: 8 bytes.
+    /// Appends the node to the list and returns its record of 8 bytes.
     std::string add(List list, Ref<Bookmark> node);
-    /// The node that a record names, that very one; null for everything else.
+    /// Returns the node that the record names, itself and not a copy, or `nullptr` for any other bytes.
     Ref<Bookmark> find(std::string_view record) const;
-    /// The nodes of a list in their order.
+    /// Returns the nodes of a list in the order in which they were added.
     const std::vector<Ref<Bookmark>>& nodes(List list) const { return at(list).nodes; }
 
-    /// Tells the records of this process from those of others: bytes that nobody can guess.
+    /// Returns 32 random hexadecimal digits, by which the process recognizes its own records among those of
+    /// other processes.
     const std::string& token() const { return token_; }
 
 private:

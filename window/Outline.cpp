@@ -103,7 +103,7 @@ void Outline::mouseExited() {
         observer->pointerDidLeave();
 }
 
-// Another item may have that row afterwards.
+// After the change another item may have that row.
 void Outline::forgetRowsUnderPointer() {
     hoveredRow_.reset();
     clickedRow_.reset();
@@ -128,8 +128,8 @@ void Outline::changeExpansion(Bookmark& item, ExpansionChange change) {
     currentRowDidChange();
 }
 
-// The rows below `row` still are as they were, `shownBefore` of them belonging to its item; the tree has
-// changed.
+// Requires: the tree has changed, the rows below `row` have not, and `shownBefore` of them belong to its
+// item.
 void Outline::replaceRowsBelow(std::size_t row, std::size_t shownBefore) {
     forgetRowsUnderPointer();
     const std::vector<Bookmark*> selected = selectedItems(row + 1, row + 1 + shownBefore);
@@ -194,7 +194,7 @@ void Outline::reloadKeepingSelection() {
     currentRowDidChange();
 }
 
-// Everything above the node is expanded, the outermost folder last: its rows come in one go.
+// The outermost folder is expanded last, so that all rows are inserted at once.
 void Outline::reveal(const Bookmark& node) {
     Bookmark* ancestor = node.getParent();
     std::size_t changes = 0;
@@ -255,7 +255,7 @@ void Outline::insertRowsOf(Bookmark& item, std::size_t row) {
     rowsDidChange();
 }
 
-// The item loses its parent: its folder may be freed before it.
+// The parent is reset, because the folder may be freed before the item.
 void Outline::removeItem(Bookmark& item) {
     const Ref<Bookmark> held(&item);
     const std::optional<std::size_t> row = changesManyRows_ ? std::nullopt : rowForItem(item);

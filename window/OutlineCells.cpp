@@ -14,7 +14,7 @@ Text textOrEmpty(const Text& text) {
     return text.isNull() ? Text("") : text;
 }
 
-// The colour of a row's texts: its label's while it is not selected.
+// Returns the colour of a row's texts: that of its label while the row is not selected.
 std::optional<LabelColor> textColor(const Bookmark& item, bool selected) {
     if (item.getLabel() == 0 || selected)
         return std::nullopt;

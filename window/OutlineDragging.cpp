@@ -44,8 +44,8 @@ DropSpot OutlineDragging::spotBefore(std::size_t row) const {
             .level = outline_.levelForRow(row)};
 }
 
-// Into an expanded folder as its first child; else behind the row's item, or behind a folder that ends with
-// it where the pointer stands further to the left.
+// Returns the place of the first child for an expanded folder. For any other item returns the place after it,
+// or after a folder that ends with it if the pointer is further to the left.
 DropSpot OutlineDragging::spotBehind(std::size_t row, int level) const {
     Bookmark* item = &outline_.itemAtRow(row);
     int itemLevel = outline_.levelForRow(row);
@@ -65,7 +65,7 @@ DropSpot OutlineDragging::spotBehind(std::size_t row, int level) const {
 DropSpot OutlineDragging::dropSpot(std::optional<std::size_t> row, double fraction, int level) const {
     if (!row)
         return {};
-    // A bookmark takes no drop: its halves are what is before and behind it.
+    // A drop is never made on a bookmark: its upper half is before it, its lower half after it.
     const bool isFolder = outline_.itemAtRow(*row).isFolder();
     if (fraction < (isFolder ? 0.25 : 0.5))
         return spotBefore(*row);
@@ -101,7 +101,7 @@ DragOperation OutlineDragging::validateDrop(const DragInfo& drag, Bookmark* item
     return dragOperation_;
 }
 
-// Nothing where no drop is taken.
+// Returns `nullopt` if there is no such place.
 std::optional<ChildPlace> OutlineDragging::placeOfDrop(Bookmark* item,
                                                        std::optional<std::size_t> childIndex) const {
     Bookmark& target = item ? *item : outline_.getMaster();
@@ -118,8 +118,8 @@ std::optional<ChildPlace> OutlineDragging::placeOfDrop(Bookmark* item,
     return ChildPlace{parent, parent->getChildren()->indexOf(target) + 1};
 }
 
-// The node that goes into the tree for a dragged one, which leaves its place where it is moved. Null for one
-// that has left the tree meanwhile, or would go into itself.
+// Returns the node to insert for a dragged item; a node that is moved has been removed from its place.
+// Returns `nullptr` for a node that is no longer in the tree, or would be moved into itself.
 Ref<Bookmark> OutlineDragging::droppedNode(const DragInfo& drag, const PasteboardItem& dragged,
                                            ChildPlace& place) {
     Ref<Bookmark> node = items_.bookmarkOf(dragged);
@@ -129,7 +129,7 @@ Ref<Bookmark> OutlineDragging::droppedNode(const DragInfo& drag, const Pasteboar
         return deepCopy(*node);
     const std::string* record = dragged.get(kItemType);
     if (!record || !records_.find(*record))
-        return node; // made of the item just now
+        return node; // just made of the item
     if (!isInTree(*node, outline_.getMaster()) || (node->hasChildren() && node->offSpring(*place.folder)))
         return nullptr;
     const Bookmark& parent = *node->getParent();
@@ -178,7 +178,7 @@ MimeContent OutlineDragging::contentForDrag(const std::vector<PasteboardItem>& i
 }
 
 std::vector<PasteboardItem> OutlineDragging::itemsInForeignDrag(MimeContent content) const {
-    // Asking a program a second time takes a while, and it may not answer.
+    // Requesting the types again takes a while, and the other program may not respond.
     if (!content.get("text/x-moz-url") && !content.get("text/uri-list"))
         return items_.itemsIn(content);
     const MimeContent unchanged = platform_.pasteboard.draggedContent(kReadMimeTypes);

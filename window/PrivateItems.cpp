@@ -18,7 +18,7 @@ class PrivateReader {
 public:
     explicit PrivateReader(std::string_view bytes) : reader_(bytes) {}
 
-    /// None where the bytes are not whole.
+    // Returns an empty list if the bytes end too early.
     std::vector<PasteboardItem> items() {
         std::vector<PasteboardItem> items;
         for (std::size_t count = reader_.number(); reader_.isWhole() && count > 0; --count) {

@@ -1,4 +1,4 @@
-// Pasteboard items as bytes for this process alone: the form in which they come back as they were.
+// Pasteboard items as bytes for this process alone: the form that is read back without loss.
 #pragma once
 
 #include "window/PasteboardItem.h"
@@ -9,10 +9,11 @@
 
 namespace tabulon {
 
-/// The items behind the token of the process.
+/// Returns the bytes of `token`, followed by the items.
 std::string privateForm(const std::vector<PasteboardItem>& items, const std::string& token);
 
-/// The items of such bytes without the token; none where the bytes are not whole.
+/// Returns the items of such bytes, which begin after the token. Returns an empty list if the bytes end too
+/// early.
 std::vector<PasteboardItem> itemsOfPrivateForm(std::string_view bytes);
 
 } // namespace tabulon

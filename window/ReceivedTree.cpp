@@ -13,13 +13,13 @@
 namespace tabulon {
 namespace {
 
-// Empty for what is not there, or is too large.
+// Returns an empty text for a form that is missing or too large.
 std::string_view formOf(const MimeContent& content, std::string_view type) {
     const std::string* bytes = content.get(type);
     return bytes && bytes->size() <= kLargestReceivedTree ? std::string_view(*bytes) : std::string_view();
 }
 
-// Some programs leave out the declaration, without which a file is no XBEL.
+// Some programs leave out the declaration, which the reader requires.
 Ref<Bookmark> treeOfXBEL(std::string_view bytes, const BaseServices& services) {
     if (bytes.empty())
         return nullptr;
@@ -39,8 +39,8 @@ std::size_t numberOfLinks(const Bookmark& root) {
     return links;
 }
 
-// Newer versions of Firefox do not write what is in a folder. Where it is not in the HTML either, the list of
-// links may have it, though without the folder.
+// Newer versions of Firefox do not write the content of folders. If it is not in the HTML either, the list of
+// links may have it, but without the folder.
 Ref<Bookmark> treeOfPlaces(const MimeContent& content, const BaseServices& services) {
     const std::string_view places = formOf(content, kPlacesType);
     if (places.empty())

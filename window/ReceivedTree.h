@@ -1,5 +1,5 @@
 // Trees of bookmarks that other programs copy and drag: "application/x-xbel", Firefox's "text/x-moz-place",
-// Chromium's "chromium/x-bookmark-entries".
+// and Chromium's "chromium/x-bookmark-entries".
 #pragma once
 
 #include "base/BaseServices.h"
@@ -18,11 +18,12 @@ inline constexpr std::string_view kPlacesType = "text/x-moz-place";
 inline constexpr std::string_view kChromiumType = "chromium/x-bookmark-entries";
 inline constexpr std::array kTreeTypes = {kXbelType, kPlacesType, kChromiumType};
 
-/// Of what is larger the next form is read, in bytes.
+/// In bytes. A larger form is skipped.
 inline constexpr std::size_t kLargestReceivedTree = std::size_t{1} << 26;
 
-/// A root folder with what was copied or dragged; null where none of these forms is there, can be read, and
-/// has anything in it. Links are classified; what has no name is called as new links are.
+/// Returns a root folder with what was copied or dragged, from the first of these forms that can be parsed
+/// and is not empty; `nullptr` if there is none. Links are classified. Nodes without a name have the default
+/// name of new links. A list of Firefox is skipped if "text/x-moz-url" has more links than it.
 Ref<Bookmark> receivedTree(const MimeContent& content, const BaseServices& services);
 
 } // namespace tabulon

@@ -1,5 +1,6 @@
-// The alerts that many commands share, and the panel of their long work. Which command shows which is the
-// commands' affair.
+// The alerts that many commands share, and the panel of long operations. Texts are UTF-8 and shown as they
+// are. Alerts are modal: the functions return after the user has closed them. An alert with a `document` is a
+// sheet of the document's window; with `nullptr` it belongs to the whole application.
 #pragma once
 
 #include "base/Error.h"
@@ -10,51 +11,52 @@
 
 namespace tabulon {
 
-/// One modal alert with an "OK" button; for a document it is its window's. Texts are shown as given.
+/// Shows an informational alert with an "OK" button.
 void informationAlert(const Platform& platform, const std::string& message, const std::string& informative,
                       const Document* document = nullptr);
 
-/// Critical, with an "OK" button; for a document it is its window's. Texts are shown as given.
+/// Shows a critical alert with an "OK" button.
 void criticalAlert(const Platform& platform, std::string message, std::string informative,
                    const Document* document = nullptr);
 
-/// Critical: the text of "ImportError" with `informative` below it.
+/// Shows a critical alert with the text of "ImportError" and `informative` below it.
 void importErrorAlert(const Platform& platform, const std::string& informative);
 
-/// Critical, for a file that another program's format reader refused: "Code : <code>, <file name>." with the
-/// error's description and its reason, one space between them.
+/// Shows a critical alert for a file that could not be parsed: "Code : <code>, <file name>." and, below it,
+/// `description` and `reason` with one space between them.
 void detailedErrorAlert(const Platform& platform, long code, const std::string& fileName,
                         const std::string& description, const std::string& reason);
 
-/// Tells that a scan found nothing.
+/// Shows an alert that a scan has found no addresses.
 void noURLs(const Platform& platform);
 
-/// Asks the user to select something, or a folder, before choosing the command again, in a sheet of the
-/// document's window.
+/// Shows an alert that asks the user to select an item before choosing the command again.
 void noSelection(const Platform& platform, const Document& document);
+/// Shows an alert that asks the user to select a folder before choosing the command again.
 void noSelectedFolder(const Platform& platform, const Document& document);
 
-/// Tells that the work with the file at `path` failed: the text of `key`, a format for the file's name, and
-/// the error's sentence. An error with a title of its own is shown under that. Shows nothing for an error
-/// that says "cancelled by the user". `document`, if there is one, gets the alert as its sheet.
+/// Shows a critical alert that an operation with the file at `path` has failed, with the message of `error`.
+/// Its title is that of the error, or else the text of `key`, a format for the file's name. Shows no alert if
+/// the user has cancelled the operation. `path` is in the file system's encoding.
 void fileErrorAlert(const Platform& platform, std::string_view key, const std::string& path,
                     const Error& error, const Document* document = nullptr);
 
-/// The same for a failed write: what failed is followed by what the user can do.
+/// Does the same for a failed write, with the text of `writeErrorText`.
 void writeErrorAlert(const Platform& platform, std::string_view key, const std::string& path,
                      const Error& error, const Document* document = nullptr);
 
-/// The sentences of such an alert.
+/// Returns the message of `error`, followed by advice on what the user can do if the error is one of the
+/// operating system.
 std::string writeErrorText(const Localization& texts, const Error& error);
 
-/// The last component of a path, as text for people.
+/// Returns the last component of a path as UTF-8. Bytes that are not UTF-8 are replaced.
 std::string lastPathComponent(const std::string& path);
 
-/// The same without its extension.
+/// Returns the same without its extension.
 std::string nameWithoutExtension(const std::string& path);
 
-/// Begins work that may take long: the text of `key`, a format for the name of what is worked on, and a
-/// button to cancel. `document`, if there is one, gets the panel as its sheet.
+/// Begins a long operation and returns its progress. The panel that shows it has the text of `key`, a format
+/// for `name`, and a button to cancel. It closes when the returned object is destroyed.
 [[nodiscard]] std::unique_ptr<Progress> beginProgress(const Platform& platform, std::string_view key,
                                                       const std::string& name,
                                                       const Document* document = nullptr);

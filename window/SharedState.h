@@ -1,4 +1,4 @@
-// What the document windows of one run of the program have in common. The application owns it.
+// What the document windows of one process share. The application owns it.
 #pragma once
 
 #include "model/Finder.h"
@@ -9,7 +9,7 @@
 
 namespace tabulon {
 
-/// The commands of the application that document windows call.
+/// The operations of the application that document windows call.
 class SharedCommands {
 public:
     virtual ~SharedCommands() = default;
@@ -19,14 +19,18 @@ public:
     virtual void showMarks(bool shown) = 0;
 };
 
+/// The state that document windows share.
 struct SharedState {
-    /// `commands` must outlive this object.
+    /// Requires: `commands` outlives this object.
     explicit SharedState(SharedCommands& commands) : application(commands) {}
 
+    /// The application's operations.
     SharedCommands& application;
+    /// The nodes that were copied, are dragged, or were received from another program.
     NodeRecords records;
+    /// Where the last search of any window has stopped within a node.
     FindPhases findPhases;
-    /// How many links the last removal by status took.
+    /// The number of links that the last removal by status has removed.
     std::size_t removedLinks = 0;
 };
 

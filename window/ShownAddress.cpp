@@ -9,7 +9,7 @@
 namespace tabulon {
 namespace {
 
-// The bytes of the control that `text` begins with, or 0.
+// Returns the number of bytes of the control that `text` begins with, or 0.
 std::size_t controlLength(std::string_view text) {
     if (text.starts_with("\u061C"))
         return 2;

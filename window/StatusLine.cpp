@@ -51,7 +51,8 @@ void StatusLine::performAction() {
     }
 }
 
-// Shows nothing for a folder. Once the item has no row any more the line shows the status, else the counts.
+// Shows an empty line for a folder. When the item has lost its row, the line shows the status, else the
+// counts.
 void StatusLine::showAddress(Bookmark& item) {
     spokenOf_ = Ref<Bookmark>(&item);
     show(item.isFolder() ? std::string() : shownAddressLine(item.itemURL()).string());
@@ -82,7 +83,7 @@ std::string StatusLine::countsText() {
            texts.format("%d folders", counts_->folders);
 }
 
-// The pointer is over no row: the status, else the current row's address, else the counts.
+// Shows the status, else the current row's address, else the counts.
 void StatusLine::pointerDidLeave() {
     if (!status_.empty()) {
         spokenOf_ = nullptr;
@@ -119,7 +120,7 @@ void StatusLine::treeDidChange() {
     statusIsOutOfDate();
 }
 
-// The line changes a moment later, once for many changes.
+// The line is updated by a timer, once for many changes.
 void StatusLine::statusIsOutOfDate() {
     if (status_.empty())
         return;
@@ -141,7 +142,7 @@ void StatusLine::forgetStatus() {
     window_->setURLFieldAction({}, {});
 }
 
-// The row that the line speaks of may be among them.
+// The row whose address is shown may be among them.
 void StatusLine::rowsWillChange() {
     if (spokenOf_)
         refreshSoon();

@@ -1,6 +1,6 @@
 // The outline controller: one for each document window. It composes the outline (Outline), the window
-// (WindowController) and the classes that carry the commands, each of which adds its own actions to the
-// table. It holds no rules of its own: a new concern is a class over Outline and a line here.
+// (WindowController) and the classes with the commands, each of which adds its own actions to the table. It
+// has no rules of its own: a new feature is a class over Outline and a line here.
 #pragma once
 
 #include "model/Document.h"
@@ -29,20 +29,22 @@ namespace tabulon {
 
 class DocumentWindow;
 
-/// The document and the shared state must live longer than the controller.
+/// The controller of one document window.
 class ViewController : public DocumentPresenter {
 public:
-    /// Becomes the document's presenter and lays out its tree.
+    /// Becomes the document's presenter and lays out its tree. Requires: the document, the shared state and
+    /// the services of `platform` outlive this object.
     ViewController(Document& document, const Platform& platform, SharedState& shared);
+    /// Leaves the document without a presenter.
     ~ViewController() override;
     ViewController(const ViewController&) = delete;
     ViewController& operator=(const ViewController&) = delete;
 
-    /// The window that shows this controller, made for it; it must be there from before the first command to
-    /// after the last. Fills in what the window shows besides rows.
+    /// Sets the window that was made for this controller, and fills in what it shows besides rows. Requires:
+    /// the window exists from before the first command until after the last.
     void setWindow(DocumentWindow* window);
 
-    /// The operations that menus reach by name.
+    /// Returns the operations that menus run by name.
     const ActionTable& actions() const { return actions_; }
 
     // DocumentPresenter
@@ -50,11 +52,11 @@ public:
     void setMaster(Bookmark& master) override;
     void documentStateChanged() override;
 
-    /// Prepares for the end of the window: takes over what was typed in a cell, saves the change of an info
-    /// panel that is up and dismisses it.
+    /// Ends editing in place and takes over what was typed. Saves the change of an open info panel and closes
+    /// it. Called before the window is closed.
     void finishEditing();
 
-    // The parts
+    // The parts. They exist as long as the controller.
 
     Outline& outline() { return outline_; }
     const Outline& outline() const { return outline_; }
@@ -77,6 +79,7 @@ public:
 
 private:
     ActionTable actions_;
+    /// The order of texts in the user's language.
     const Collation collation_;
     Outline outline_;
     Finding finding_;

@@ -1,6 +1,6 @@
-// The rows of an outline: the nodes below the root whose ancestors are all expanded, in document order. Row
-// and node find each other quickly; showing and hiding a subtree is one operation on a range. Nothing here
-// changes the tree.
+// The rows of an outline: the nodes below the root whose ancestors are all expanded, in document order. A
+// row's node and a node's row are found without a search through the rows. A subtree is shown or hidden by
+// one operation on a range of rows. The tree is not changed here.
 #pragma once
 
 #include "base/ChunkedList.h"
@@ -12,32 +12,36 @@
 
 namespace tabulon {
 
-/// True for a folder that is shown with its children.
+/// Returns whether the node is a folder that is shown with its children.
 inline bool isExpanded(const Bookmark& node) {
     return node.isFolder() && node.showHier();
 }
 
-/// The rows that follow `node` when it is shown and expanded: its children and, for those that are expanded,
-/// theirs.
+/// Returns the rows that follow `node` when it has a row and is expanded: its children and, below those that
+/// are expanded, theirs.
 std::vector<Bookmark*> shownBelow(const Bookmark& node);
 
-/// How many those are, without listing them.
+/// Returns the number of these rows without listing them. The time is linear in that number.
 std::size_t shownCountBelow(const Bookmark& node);
 
-/// A node stands in the rows of one outline at a time. The rows keep their root alive, and with it every node
-/// of the tree: a node that leaves the tree leaves the rows first.
+/// The rows of one outline. A node may be in the rows of one outline at a time. The rows keep their root
+/// alive, and with it every node of the tree. Requires: a node is removed from the rows before it is removed
+/// from the tree.
 class VisibleRows {
 public:
-    /// Shows the tree of `root`; the root itself is no row.
+    /// Replaces all rows by those of the tree of `root`. The root itself has no row.
     void show(Ref<Bookmark> root);
 
+    /// Returns the number of rows.
     std::size_t size() const { return rows_.size(); }
-    /// Requires row < size().
+    /// Returns the node of a row. Requires: row < size().
     Bookmark& at(std::size_t row) const { return *rows_.at(row); }
-    /// Nothing for a node that has no row.
+    /// Returns the row of the node, or `nullopt` if it has none.
     std::optional<std::size_t> rowOf(const Bookmark& node) const;
 
+    /// Inserts rows before `row`, or at the end if row == size().
     void insert(std::size_t row, std::span<Bookmark* const> nodes) { rows_.insertRange(row, nodes); }
+    /// Removes `count` rows from `row` on.
     void erase(std::size_t row, std::size_t count) { rows_.eraseRange(row, count); }
 
 private:

@@ -64,7 +64,7 @@ void WindowController::getInfo() {
     Bookmark& item = items.size() > 1 && current ? outline_.itemAtRow(*current) : *items.front();
     if (info_ && info_->isShown()) {
         info_->editBookmark(item);
-        if (!window_->findBar().hasKeyboard()) // else the user types on
+        if (!window_->findBar().hasKeyboard()) // so that the user can go on typing
             info_->bringToFront();
         return;
     }

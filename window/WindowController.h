@@ -21,7 +21,7 @@ class Outline;
 /// "legendaSheet:".
 class WindowController : private RowObserver, private FindObserver {
 public:
-    /// What is handed in must live longer.
+    /// Requires: the arguments and the services of `platform` outlive this object.
     WindowController(Outline& outline, Finding& finding, const Platform& platform, ActionTable& actions);
     ~WindowController() override;
     WindowController(const WindowController&) = delete;
@@ -29,24 +29,27 @@ public:
 
     /// Sets the window, which must exist from before the first command until after the last.
     void setWindow(DocumentWindow* window);
+    /// Returns the window, or `nullptr` before `setWindow`.
     DocumentWindow* getWindow() const { return window_; }
 
     // The title
 
-    /// The window shows `title` instead of the document's name until the document has a file.
+    /// Shows `title` instead of the document's name, until the document has a file.
     void setWindowTitle(std::string title);
+    /// Returns the title that the window shows.
     std::string windowTitle() const;
-    /// The document's name, file or edited state has changed.
+    /// Updates the title. Called when the document's name, file or edited state has changed.
     void documentStateChanged();
 
+    /// Returns the controller of the find bar.
     FindBarController& findBar() { return findBar_; }
 
     // The info panel (GetInfoController.h)
 
-    /// Shows the clicked row's item where that is not selected, else the current row's; shows the
-    /// no-selection alert without one. A panel that is up goes to that item.
+    /// Shows the item that a command acts on in the info panel; of several items, the current row's. Shows
+    /// the no-selection alert if there is no item. A panel that is open shows the item instead of its own.
     void getInfo();
-    /// Saves the change of a panel that is up and dismisses it.
+    /// Saves the change of an open panel and closes it. Does nothing if no panel is open.
     void dismissInfo();
 
     /// Shows a sheet that explains the marks of links.
@@ -65,7 +68,7 @@ private:
     DocumentWindow* window_ = nullptr;
     FindBarController findBar_;
     std::shared_ptr<GetInfoController> info_;
-    std::string windowTitle_; ///< empty where it is the document's name
+    std::string windowTitle_; ///< empty if the window shows the document's name
 };
 
 } // namespace tabulon

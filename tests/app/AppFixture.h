@@ -38,14 +38,14 @@ protected:
     bool perform(const char* action) { return app.responders().performMenuItem(MenuItem{.action = action}); }
     bool enabled(const char* action) { return app.responders().validateMenuItem(MenuItem{.action = action}); }
 
-    /// The menu of this title as it is shown when it is opened; empty when there is none.
+    /// Returns the menu of this title as it is shown when it is opened, or an empty one if there is none.
     Menu menuNamed(const std::string& title) {
         for (std::size_t place = 0; place < MainMenu::count(); ++place)
             if (app.mainMenu().title(place) == title)
                 return app.mainMenu().menu(place);
         return {};
     }
-    /// Every item of the menu bar, those of submenus included.
+    /// Returns every item of the menu bar, including those of submenus.
     std::vector<MenuItem> menuItems() {
         std::vector<MenuItem> items;
         for (std::size_t place = 0; place < MainMenu::count(); ++place)
@@ -59,7 +59,7 @@ protected:
         timers.advance(0);
     }
 
-    /// How many files there are besides those that the program keeps for itself.
+    /// Returns the number of files besides those that the program keeps for itself.
     std::size_t filesOfTheUser() const {
         return static_cast<std::size_t>(std::ranges::count_if(
             files.files, [this](const auto& file) { return !file.first.starts_with(folders.state + "/"); }));

@@ -1,4 +1,4 @@
-// Documents that save themselves, and what is there again after a crash.
+// Automatic saving, and what is restored after a crash.
 #include "tests/app/AppFixture.h"
 
 namespace tabulon {

@@ -1,4 +1,4 @@
-// Closing documents and quitting: what is asked, and what becomes of each answer.
+// Closing documents and quitting: what is asked, and what each answer does.
 #include "tests/app/AppFixture.h"
 
 namespace tabulon {
@@ -6,7 +6,7 @@ namespace {
 
 class ClosingTest : public AppTest {
 protected:
-    // Each answer takes longer than the pause after which a document saves itself.
+    // Each answer takes longer than the pause of automatic saving.
     ClosingTest() {
         alerts.whileShown = [this] { timers.advance(DocumentController::kAutosavePause + 1); };
     }

@@ -1,4 +1,4 @@
-// What the program offers for a document that it refuses.
+// What the program offers for a document that it refuses to open.
 #include "app/DamagedDocument.h"
 
 #include "model/TreeWalk.h"
@@ -15,7 +15,7 @@ const std::string kPath = "/home/Links.tbln";
 
 class DamagedDocumentTest : public AppTest {
 protected:
-    // A document of links, one reference of which leads nowhere any more.
+    // A document of links with one reference to a missing object.
     std::string damagedBytes(int links = 40) {
         const Ref<Bookmark> master = Bookmark::init(base.now());
         master->setItemName("Master");
@@ -29,7 +29,7 @@ protected:
         std::string bytes = writeDocumentArchive(*master);
         const std::size_t name = bytes.find("link " + std::to_string(links / 2));
         EXPECT_NE(name, std::string::npos);
-        bytes[name - 1] = '\x0f'; // no kind of object is written so
+        bytes[name - 1] = '\x0f'; // no object has this marker
         return bytes;
     }
     static std::size_t linksIn(const Document& document) {
@@ -101,7 +101,7 @@ TEST_F(DamagedDocumentTest, whatIsLeftOfADamagedCopyOfACrashIsOffered) {
 TEST_F(DamagedDocumentTest, ofSeveralFilesOneAlertTellsAndOpensWhatIsLeftOfAll) {
     std::vector<std::string> paths;
     paths.reserve(10);
-    for (int i = 0; i < 10; ++i) // more than the alert names
+    for (int i = 0; i < 10; ++i) // more than the alert lists
         paths.push_back("/home/Links " + std::to_string(i) + ".tbln");
     for (const std::string& path : paths)
         files.files[path] = damagedBytes();

@@ -1,5 +1,5 @@
-// Each command of the main menu while the document is about to save itself and a name is being typed:
-// whatever the command does, what was typed and what was changed before is in the file a moment later.
+// Each command of the main menu while the document is about to be saved automatically and a name is being
+// typed. Whatever the command does, what was typed and what was changed before is in the file a moment later.
 #include "model/TreeWalk.h"
 #include "tests/app/AppFixture.h"
 
@@ -16,7 +16,7 @@ namespace {
 using testing::Contains;
 using testing::Not;
 
-// A program of its own for each command.
+// Each command is tested in a program of its own.
 class Running : public AppTest {
 public:
     Running() {
@@ -34,7 +34,7 @@ public:
         }
         files.files[kPath] = writeDocumentArchive(*master);
         app.applicationDidFinishLaunching({kPath});
-        alerts.timePasses = [] {}; // of what comes first
+        alerts.timePasses = [] {}; // no time passes in alerts before `choose`
     }
 
     std::vector<MenuItem> commands() {
@@ -43,7 +43,7 @@ public:
         return items;
     }
 
-    // Changes the last row, and lets almost all of the pause pass before the first one is renamed.
+    // Changes the last row, and lets almost all of the pause pass before the first row is renamed.
     void typeWhileASaveIsDue() {
         Document& document = *onlyDocument();
         window_ = &windowOf(document);
@@ -65,7 +65,8 @@ public:
         app.responders().performMenuItem(item);
         timers.advance(kSecondsOfAnAlert);
         const std::vector<Document*> all = documents().documents();
-        // What a command has opened a field for is still being typed; another program in front ends that.
+        // The text of a field that a command has opened is still being typed. Activating another program ends
+        // that.
         app.applicationWillResignActive();
         isOpen_ = !all.empty() && all.front()->fileName() == kPath;
         if (isOpen_) {
@@ -76,7 +77,7 @@ public:
     bool isOpen() const { return isOpen_; }
     const std::vector<Alert>& questions() const { return alerts.shown; }
 
-    // With their labels.
+    // Each name is followed by its label.
     std::vector<std::string> namesInFile() {
         Document read(base.services());
         EXPECT_TRUE(read.readFromDataOfType(*files.readFile(kPath), kDocumentType));
@@ -97,7 +98,7 @@ private:
 };
 
 TEST(DueTimersTest, everyCommandKeepsWhatWasTypedAndWhatWasToBeSaved) {
-    // These take the row that was typed in away, or the change.
+    // These commands remove the row that was edited, or its change.
     const std::set<std::string> removing = {"cut:", "delete:", "revertDocumentToSaved:"};
     const std::vector<MenuItem> items = Running().commands();
     EXPECT_GT(items.size(), 60u);

@@ -1,4 +1,4 @@
-// What files are told to be, by their content and by their names.
+// The kinds of files, by their content and by their names.
 #include "app/FileContent.h"
 
 #include "model/ArchiveWriter.h"
@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// "document", the name of the format that reads it, or "unknown".
+// Returns "document", the name of the format that reads the file, or "unknown".
 std::string kindOf(std::string_view bytes, const std::string& path) {
     const FileContent content = contentOfFile(bytes, path);
     switch (content.kind) {
@@ -33,7 +33,7 @@ std::string kindOf(std::string_view bytes, const std::string& path) {
 std::string kindInCorpus(const std::string& name) {
     std::ifstream file(fs::path(TABULON_CORPUS_DIR) / name, std::ios::binary);
     EXPECT_TRUE(file) << name;
-    // Under a name that says nothing.
+    // The name does not decide.
     return kindOf(std::string(std::istreambuf_iterator<char>(file), {}), "/a");
 }
 

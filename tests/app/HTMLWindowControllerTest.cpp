@@ -1,4 +1,4 @@
-// The document that is made of a page's links: its title, and where the page comes from.
+// The document that is made of a page's links: its title, and the program that the page is from.
 #include "app/HTMLWindowController.h"
 
 #include "tests/app/AppFixture.h"

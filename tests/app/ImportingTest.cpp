@@ -1,4 +1,4 @@
-// The commands of the Import menu: their panels, alerts, silences and documents.
+// The commands of the Import menu: their panels, their alerts, failures without an alert, and documents.
 #include "tests/app/AppFixture.h"
 
 #include <algorithm>
@@ -9,7 +9,7 @@ namespace {
 
 class ImportingTest : public AppTest {
 protected:
-    /// Runs the command; the user chooses this file in its panel.
+    /// Runs the command and chooses this file in its panel.
     void import(const char* action, const std::string& path) {
         panels.chooseFiles({path});
         EXPECT_TRUE(perform(action)) << action;
@@ -33,7 +33,7 @@ protected:
         EXPECT_TRUE(alerts.shown.empty());
         EXPECT_TRUE(documents().documents().empty());
     }
-    /// The only document there is: its window's title.
+    /// Returns the title of the window of the only document.
     std::string title() { return onlyDocument() ? windowOf(*onlyDocument()).title : "no document"; }
     void closeAll() {
         alerts.answer(base.texts.text("DontSave"));

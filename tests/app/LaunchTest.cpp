@@ -1,4 +1,4 @@
-// Who runs: the first start, a later one, one beside a program that hangs.
+// Which process runs: the first start, a later one, or one beside a process that does not respond.
 #include "app/Launch.h"
 
 #include "base/EnglishTexts.h"

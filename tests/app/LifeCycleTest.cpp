@@ -1,4 +1,4 @@
-// What a save does besides saving, what happens when another program touches the file, going back.
+// What a save does besides writing the document, files that another program changes, and reverting.
 #include "tests/app/AppFixture.h"
 
 namespace tabulon {

@@ -9,7 +9,7 @@
 
 namespace tabulon {
 
-/// Remembers its windows as long as they live, and can have none to give.
+/// Keeps a list of its windows while they exist, and can refuse to make one.
 class MemoryWindowMaker : public DocumentWindowMaker {
 public:
     std::unique_ptr<DocumentWindow> makeWindow(ViewController& controller) override {

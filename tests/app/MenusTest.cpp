@@ -1,4 +1,4 @@
-// The main menu, the recent files, the shared alerts, and how files are told apart.
+// The main menu, the recent files, the shared alerts, and the kinds of files.
 #include "tests/app/AppFixture.h"
 #include "window/SharedAlerts.h"
 
@@ -31,7 +31,7 @@ TEST_F(MenusTest, EveryItemHasATitleAndWorks) {
         EXPECT_FALSE(item.title.empty());
         EXPECT_FALSE(item.title.starts_with("Menu")) << "a text is missing: " << item.title;
         if (item.action != "clearRecentDocuments:" && item.action != "addBookmark:" &&
-            !item.action.starts_with("sortBy")) { // which want a folder
+            !item.action.starts_with("sortBy")) { // these require a folder
             EXPECT_TRUE(app.responders().validateMenuItem(item)) << item.title;
         }
     }
@@ -49,7 +49,7 @@ TEST_F(MenusTest, NoTwoItemsShareAKey) {
                 keys.contains("w") && keys.contains("q"));
 }
 
-// Records the keys of the texts that are asked for.
+// Records the keys of the texts that are requested.
 class RecordingTexts : public EnglishLocalization {
 public:
     std::string text(std::string_view key) const override {

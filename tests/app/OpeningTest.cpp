@@ -144,7 +144,7 @@ TEST_F(OpeningTest, XBELBehindALongCommentOpens) {
 
 TEST_F(OpeningTest, FileOfAnotherTypeIsRefusedWithoutAnAlert) {
     std::string bytes = documentBytes("a");
-    // The version record holds the file type as these four bytes.
+    // The version record contains the file type as these four bytes.
     const auto type = bytes.find("\x54\x62\x6C\x6E");
     ASSERT_NE(type, std::string::npos);
     bytes[type] = 'X';

@@ -1,4 +1,4 @@
-// What comes from outside: later starts, the desktop. And how it waits its turn.
+// Requests from outside, by later starts and the desktop, and the order in which they are performed.
 #include "tests/app/AppFixture.h"
 
 namespace tabulon {

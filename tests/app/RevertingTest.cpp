@@ -1,4 +1,4 @@
-// Revert to Saved: what it goes back to, and what happens while its question is up.
+// Revert to Saved: what it restores, and what happens while its question is shown.
 #include "tests/app/AppFixture.h"
 
 #include <algorithm>
@@ -42,7 +42,7 @@ protected:
         perform("revertDocumentToSaved:");
     }
 
-    // Two links, the name of the second one lost.
+    // Two links; the name of the second one cannot be read.
     std::string damagedDocument() {
         const Ref<Bookmark> master = Bookmark::init(base.now());
         master->makeParent();
@@ -52,7 +52,7 @@ protected:
             master->addChild(link);
         }
         std::string bytes = writeDocumentArchive(*master);
-        bytes[bytes.find("damaged name") - 1] = '\x0f'; // no kind of object is written so
+        bytes[bytes.find("damaged name") - 1] = '\x0f'; // no object has this marker
         return bytes;
     }
     // Changes the document, then damages its file. Returns the damaged file.

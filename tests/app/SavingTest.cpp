@@ -1,4 +1,4 @@
-// Saving, saving under another name, the HTML copy, and what a full disk leaves behind.
+// Saving, saving under another name, the HTML copy, and the state after a write to a full disk.
 #include "tests/app/AppFixture.h"
 
 namespace tabulon {

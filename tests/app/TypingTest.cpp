@@ -1,4 +1,4 @@
-// What is being typed when the application saves, closes or ends: it is in the file.
+// Text that is being typed when the application saves, closes or ends is in the file.
 #include "tests/app/AppFixture.h"
 
 #include <functional>
@@ -8,7 +8,7 @@ namespace {
 
 class TypingTest : public AppTest {
 protected:
-    /// Opens a document of one link, whose name is being replaced.
+    /// Opens a document of one link and begins to replace its name.
     Document& openAndType() {
         files.writeFileAtomically(kPath, documentBytes("old"));
         app.applicationDidFinishLaunching({kPath});

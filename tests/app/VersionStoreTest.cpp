@@ -19,7 +19,7 @@ const std::string kPath = "/home/Links.tbln";
 
 class VersionStoreTest : public testing::Test, protected FakePlatform {
 protected:
-    // What a save does.
+    // Does what a save does.
     void replace(const std::string& path, const std::string& content) {
         base.clock.advance(1);
         EXPECT_TRUE(store.willReplace(path, path));
@@ -113,7 +113,7 @@ TEST_F(VersionStoreTest, severalSavesInOneMillisecondAreAllKept) {
 TEST_F(VersionStoreTest, aRenamedFileKeepsItsVersions) {
     files.files[kPath] = "1";
     replace(kPath, "2");
-    // As rename does it: another path, the same file.
+    // As after a rename: another path, the same file.
     files.links["/home/Renamed.tbln"] = kPath;
     EXPECT_THAT(contents("/home/Renamed.tbln"), ElementsAre("1"));
     store.noteOpened("/home/Renamed.tbln");

@@ -1,4 +1,4 @@
-// Which kept versions go with age and over the limit.
+// The kept versions that are removed because of their age or the limit.
 #include "app/VersionThinning.h"
 
 #include <gmock/gmock.h>
@@ -46,7 +46,7 @@ TEST(VersionThinningTest, olderOnesStayOncePerWeek) {
 }
 
 TEST(VersionThinningTest, aVersionThatStaysKeepsStayingAsTimePasses) {
-    // One version a minute for three days; thinned every ten minutes as a working program does.
+    // One version a minute for three days, thinned out every ten minutes as in a running program.
     std::vector<KeptVersion> versions;
     for (double minute = 0; minute < 3 * 24 * 60; ++minute) {
         const double now = kNow + minute * 60;

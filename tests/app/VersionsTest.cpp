@@ -1,4 +1,4 @@
-// Versions as the application keeps them at each save, and the panel that puts them back.
+// Versions as the application keeps them at each save, and the panel that restores them.
 #include "app/VersionsController.h"
 #include "model/ArchiveReader.h"
 #include "tests/app/AppFixture.h"
@@ -32,7 +32,7 @@ protected:
 
     Document& document() { return *documents().documents().front(); }
     Bookmark& onlyLink() { return *document().getMaster().getChild(); }
-    // Names it anew and saves.
+    // Renames the link and saves.
     void saveAs(const char* name) {
         onlyLink().setItemName(name);
         document().updateChangeCount(ChangeKind::Done);

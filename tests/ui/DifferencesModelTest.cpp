@@ -13,7 +13,8 @@ class DifferencesModelTest : public AppTest {
 protected:
     static constexpr const char* kPath = "/home/Links.tbln";
 
-    // The last column of the only difference, where the document has this address since the version.
+    // Returns the text in the last column of the only difference: the document has this address, and the
+    // version has another.
     QString shown(const char* address) {
         files.files[kPath] = documentBytes("link");
         app.fileOpening().openFile(kPath);

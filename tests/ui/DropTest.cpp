@@ -1,4 +1,4 @@
-// Files dropped on a document's window: which are taken, and how.
+// Files dropped on a document's window: which are accepted, and how.
 #include "app/AppDelegate.h"
 #include "model/ArchiveWriter.h"
 #include "platform/fake/FakePlatform.h"
@@ -22,13 +22,13 @@ protected:
         windows.connectTo(app, services);
         app.applicationDidFinishLaunching({});
         Document& untitled = *app.documentController().currentDocument();
-        untitled.updateChangeCount(ChangeKind::Done); // so that it stays
+        untitled.updateChangeCount(ChangeKind::Done); // so that it is not closed
         window = windows.windowFor(&untitled);
         files.files["/home/a.tbln"] = writeDocumentArchive(untitled.getMaster());
         files.files["/home/\xE9.tbln"] = files.files["/home/a.tbln"];
     }
 
-    // What becomes of a drag over the window and its drop: the action that its source is told.
+    // Returns the action that the source of a drag over the window is told after its drop.
     Qt::DropAction drop(const char* uris, Qt::DropActions possible, Qt::DropAction proposed) {
         QMimeData data;
         data.setData("text/uri-list", uris);

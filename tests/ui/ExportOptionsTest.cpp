@@ -1,4 +1,4 @@
-// The options area of the export panel in the real panel: what is shown for which format, the name of the
+// The options area of the export panel in the real panel: what is shown for each format, the name of the
 // file, the keyboard.
 #include "ui/ExportOptions.h"
 
@@ -65,7 +65,7 @@ protected:
                 return *box;
         throw std::logic_error("no box " + title.toStdString());
     }
-    // The dialog deletes itself; the answer comes from the main loop.
+    // The dialog deletes itself, and reports the answer from the main loop.
     void accept() {
         const int before = answers;
         QMetaObject::invokeMethod(dialog(), "accept");

@@ -1,4 +1,4 @@
-// What a field of one line does with texts that have several.
+// Texts of several lines in a field of one line.
 #include "ui/LineField.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The menu bar: keys of items, letters that reach them, what is enabled.
+// The menu bar: keys of items, mnemonics, and which items are enabled.
 #include "ui/MainMenuBar.h"
 
 #include "app/AppDelegate.h"

@@ -1,4 +1,4 @@
-// What screen readers are told of the outline.
+// What the outline reports to screen readers.
 #include "ui/document/OutlineAccessible.h"
 
 #include "tests/ui/OutlineFixture.h"

@@ -1,4 +1,4 @@
-// The columns of the outline: widths, places, the tags column; font and row height.
+// The columns of the outline: widths, places, the tags column, the font and the row height.
 #include "tests/ui/OutlineFixture.h"
 
 #include <QApplication>
@@ -22,7 +22,7 @@ protected:
             sum += width(column);
         return sum;
     }
-    // As a hand on the border to the right of the column does.
+    // Drags the right border of the column with the mouse.
     void drag(Column column, int change) {
         header().resizeSection(OutlineHeader::sectionOf(column), width(column) + change);
     }

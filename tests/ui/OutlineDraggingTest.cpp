@@ -1,4 +1,4 @@
-// Drags over the rows of the outline: where they drop, what opens and what shows where.
+// Drags over the rows of the outline: where they drop, which folders are expanded, and what is marked.
 #include "tests/ui/OutlineFixture.h"
 #include "ui/MimeData.h"
 #include "window/MimeItems.h"
@@ -18,7 +18,7 @@ protected:
         widget().resize(600, 300);
         widget().show();
     }
-    /// The middle of a row, or as far down in it as `fraction` says.
+    /// Returns the middle of a row, or the point at `fraction` of its height.
     QPoint place(int row, double fraction = 0.5) {
         const QRect rect = widget().visualRect(widget().model()->index(row, 0));
         return {rect.left() + 60, rect.top() + static_cast<int>(rect.height() * fraction)};

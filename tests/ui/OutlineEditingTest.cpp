@@ -1,4 +1,5 @@
-// Editing in place in the real outline: the field, its keys, what it gives back; and the keys that delete.
+// Editing in place in the real outline: the field, its keys, the text that it reports, and the keys that
+// delete.
 #include "tests/ui/OutlineFixture.h"
 
 #include <QApplication>
@@ -22,9 +23,9 @@ protected:
         widget().setFocus();
         QApplication::setActiveWindow(&widget());
     }
-    /// The field that is there now, or null.
+    /// Returns the field that is open, or `nullptr`.
     QLineEdit* field() {
-        QCoreApplication::processEvents(); // a field sees Return before it ends
+        QCoreApplication::processEvents(); // a field receives Return before it ends
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QLineEdit* found = nullptr;
         for (QLineEdit* candidate : widget().viewport()->findChildren<QLineEdit*>())
@@ -156,7 +157,7 @@ TEST_F(OutlineEditingTest, whatIsTypedSurvivesRowsThatComeAndGo) {
     open();
     ASSERT_TRUE(edit(Column::Name, 0));
     QTest::keyClicks(field(), "typed");
-    controller->expanding().expandAll(); // lays the rows out anew where folders change
+    controller->expanding().expandAll(); // lays out all rows again
     controller->expanding().collapseAll();
     if (field())
         QTest::keyClick(field(), Qt::Key_Return);

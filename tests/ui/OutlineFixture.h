@@ -1,4 +1,4 @@
-// A document in a real outline on a screen in memory, with Qt's own tester watching its model.
+// A document in a real outline on a screen in memory. Qt's own tester checks its model.
 #pragma once
 
 #include "tests/window/WindowFixture.h"
@@ -48,10 +48,10 @@ public:
 
 class OutlineTest : public WindowTest {
 protected:
-    /// Closes the window of before.
+    /// Closes the window that was open before.
     void openWidget() {
         closeWidget();
-        document.setMaster(Ref<Bookmark>(&document.getMaster())); // who stands in the tree belongs to it
+        document.setMaster(Ref<Bookmark>(&document.getMaster())); // sets the document of every node
         controller = std::make_unique<ViewController>(document, platform(), shared);
         widgetWindow = std::make_unique<WidgetWindow>(*controller);
         controller->setWindow(widgetWindow.get());

@@ -1,5 +1,5 @@
-// Random expanding, collapsing, selecting and replacing, in the real outline, with Qt's model tester watching
-// and the rows compared with a fresh flattening after every step.
+// Random expanding, collapsing, selecting and replacing in the real outline. Qt's model tester checks the
+// model, and the rows are compared with a new flattening by `shownBelow` after every step.
 #include "tests/ui/OutlineFixture.h"
 
 #include <random>
@@ -9,7 +9,7 @@ namespace {
 
 class OutlineMutationTest : public OutlineTest, public testing::WithParamInterface<unsigned> {
 protected:
-    // A tree of folders and links, nested at random.
+    // Returns a tree of folders and links that are nested at random.
     Ref<Bookmark> randomTree() {
         Ref<Bookmark> root = makeFolder("Master");
         folders = {root.get()};
@@ -76,8 +76,8 @@ protected:
             return turnFolder();
         }
     }
-    // Who is selected must be who was, as far as they are still shown; an expanded folder's rows are all
-    // there.
+    // Checks that the rows are those of a new flattening, each with its name, and that no selected row is
+    // beyond the last one.
     void check() {
         const std::vector<Bookmark*> wanted = shownBelow(document.getMaster());
         ASSERT_EQ(static_cast<std::size_t>(widget().model()->rowCount()), wanted.size());

@@ -1,5 +1,5 @@
 // How long the commands take in an outline of very many rows, in the real widget: with all rows of a large
-// document, and with one row of a huge one.
+// document selected, and with one row of a huge one.
 #include "tests/ProcessorTime.h"
 #include "tests/ui/OutlineFixture.h"
 
@@ -11,7 +11,7 @@ namespace {
 
 class OutlineScaleTest : public OutlineTest {
 protected:
-    /// Expanded folders of links, on the screen.
+    /// Shows expanded folders of links on the screen.
     void openFolders(int folderCount, int linksEach) {
         for (int f = 0; f < folderCount; ++f) {
             Bookmark& folder = add(makeFolder("folder"));
@@ -19,7 +19,7 @@ protected:
                 add(makeLink("a link with a name", "https://example.org/a/page"), &folder);
         }
         openWidget();
-        tester.reset(); // it looks at every row
+        tester.reset(); // the tester reads every row
         widget().grab();
     }
     void openLinks(int links) {
@@ -41,7 +41,8 @@ protected:
     }
 };
 
-// Limits are several times what it takes, so that they hold where a test is slowed down by what watches it.
+// The limits are several times the measured times, so that they hold on a busy machine or under a checking
+// tool.
 
 TEST_F(OutlineScaleTest, AHundredThousandRowsAreLabelledCopiedPastedAndDeletedInASecondEach) {
     openFolders(1000, 99);
@@ -111,7 +112,7 @@ protected:
         openFolders(1000, 1000);
         ASSERT_EQ(controller->outline().numberOfRows(), 1001000u);
     }
-    /// Selects a row, runs the edit, and that several times: the one in the middle counts.
+    /// Selects a row and runs the edit, several times. The median counts.
     template <class Edit>
     void expectWithinAFrame(const char* name, Edit edit) {
         std::vector<double> taken;

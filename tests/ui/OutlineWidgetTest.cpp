@@ -235,7 +235,7 @@ TEST_F(ContextMenuTest, WithoutAMenuThereIsNoClickedRow) {
     EXPECT_EQ(actedOn(), (Names{"a", "b"}));
 }
 
-// Tool tips show names that are cut. The mark of a label takes room from the name of a selected row alone.
+// Tool tips show names that are elided. The mark of a label takes room from the name of a selected row only.
 TEST_F(OutlineWidgetTest, ALabelMakesANameNoLongerUnlessItsRowIsSelected) {
     Bookmark& item = add(makeLink("a"));
     openWidget();
@@ -323,12 +323,12 @@ TEST_F(OutlineWidgetTest, DetachedWidgetPaintsNothingAndDoesNotFall) {
     EXPECT_TRUE(widget().indexAt({10, 10}).row() < 0);
 }
 
-// Every cell is full of text that is far too long for it, some of it in a script that is shaped.
+// Every cell has a text that is far too long for it, some of it in a script that needs shaping.
 TEST_F(OutlineWidgetTest, EndlessTextsArePaintedWithoutAWait) {
     std::string text;
     for (int i = 0; i < 20000; ++i)
         text += i % 3 == 0 ? "\u0646\u0635 " : "word ";
-    const Text address("https://" + std::string(5'000'000, 'x')); // which all have
+    const Text address("https://" + std::string(5'000'000, 'x')); // shared by all rows
     for (int i = 0; i < 200; ++i) {
         Bookmark& link = add(makeLink(text.c_str()));
         link.setItemTags(text.c_str());
@@ -359,10 +359,10 @@ protected:
                 add(makeLink("a link with a name"), &folder);
         }
         openWidget();
-        tester.reset(); // it looks at every row
+        tester.reset(); // the tester reads every row
     }
 
-    // Runs the step, paints what it changed, prints and checks the time.
+    // Runs the step, paints what it has changed, prints the time and checks it.
     template <class Step>
     void expectWithin(const char* name, int milliseconds, Step step) {
         QElapsedTimer timer;
@@ -375,8 +375,8 @@ protected:
     }
 };
 
-// The limits are many times what it takes, so that a busy machine does not fail them; what they catch is a
-// step that has become linear where it must not be, or worse than linear.
+// The limits are many times the measured times, so that a busy machine does not exceed them. They detect a
+// step that has become linear in the number of rows, or worse.
 TEST_F(MillionRowsTest, OpenScrollExpandAndSelectWithoutAWait) {
     expectWithin("first paint", 500, [] {});
     expectWithin("expand one of 1,000 links", 200,

@@ -1,4 +1,4 @@
-// The panels for files: the folders that they begin in.
+// The panels for files: the folders in which they begin.
 #include "platform/linux/QtPanels.h"
 
 #include <gtest/gtest.h>
@@ -36,7 +36,7 @@ protected:
         panels.beginSavePanel({.directory = directory, .proposedName = "Links", .kind = {"Links", {"tbln"}}},
                               [](const std::optional<std::string>&) {});
     }
-    // The folder that the panel shows.
+    // Returns the folder that the panel shows.
     static QString folderThenCancel() {
         const QString shown = dialog()->directory().absolutePath();
         end("reject");

@@ -1,4 +1,4 @@
-// The real progress panel: when it comes up, what the user can do, what waits meanwhile.
+// The real progress panel: when it is shown, what the user can do, and what waits until it is closed.
 #include "platform/linux/QtProgressPanels.h"
 #include "platform/linux/QtTimers.h"
 
@@ -25,7 +25,7 @@ protected:
         return nullptr;
     }
 
-    // Works for so long, or until it is cancelled; tells whether it was not.
+    // Works for this time, or until it is cancelled. Returns false if it was cancelled.
     static bool work(Progress& progress, qint64 milliseconds, double fraction = 0.5) {
         QElapsedTimer clock;
         clock.start();

@@ -1,4 +1,4 @@
-// The palettes of the two themes: what has to be told apart, and what has to be readable.
+// The palettes of the two themes: colours that must differ, and texts that must be readable.
 #include "ui/Theme.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-// A program for other tests: a window that offers files to be dragged out of it: drag_source ACTIONS URI…,
-// where ACTIONS is "copy", "move" or both with a comma. When the drag is over it prints what became of it and
-// ends.
+// A program for other tests: a window from which files can be dragged. It is called as drag_source ACTIONS
+// URI…, where ACTIONS is "copy", "move" or both with a comma. When the drag has ended it prints the action
+// that was performed, and exits.
 #include <QApplication>
 #include <QDrag>
 #include <QMimeData>
@@ -20,12 +20,12 @@ protected:
     void mousePressEvent(QMouseEvent*) override {
         auto* files = new QMimeData;
         files->setData("text/uri-list", uris_);
-        auto* drag = new QDrag(this); // which goes when the files have been fetched
+        auto* drag = new QDrag(this); // deleted by Qt after the files were fetched
         drag->setMimeData(files);
         const Qt::DropAction preferred = actions_.testFlag(Qt::MoveAction) ? Qt::MoveAction : Qt::CopyAction;
         const Qt::DropAction result = drag->exec(actions_, preferred);
         std::puts(result == Qt::CopyAction ? "copy" : result == Qt::MoveAction ? "move" : "nothing");
-        // The files are fetched after the drag is over.
+        // The files may be fetched after the drag has ended.
         QTimer::singleShot(2000, qApp, [] { QCoreApplication::exit(0); });
     }
 

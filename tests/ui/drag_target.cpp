@@ -1,6 +1,6 @@
-// A program for other tests: a window that takes what is dropped on it, and prints each form of it as a line:
-// the media type, a space, the bytes in hexadecimal. Then it ends. It speaks the X drag protocol itself,
-// since toolkits change some types on the way.
+// A program for other tests: a window that accepts a drop and prints each of its types as a line: the media
+// type, a space, the bytes in hexadecimal. Then it exits. It implements the X drag protocol itself, because
+// toolkits change some types.
 #include <xcb/xcb.h>
 
 #include <algorithm>
@@ -46,7 +46,7 @@ public:
         xcb_flush(connection_);
     }
 
-    // Returns whether something was dropped.
+    // Returns whether a drop has arrived.
     bool run() {
         while (const Event event{xcb_wait_for_event(connection_)}) {
             if ((event->response_type & 0x7F) != XCB_CLIENT_MESSAGE)
@@ -57,7 +57,7 @@ public:
                 enter(message);
             else if (message.type == atom("XdndPosition"))
                 tell(data[0], "XdndStatus",
-                     {window_, 1, 0, 0, atom("XdndActionCopy")}); // it may be dropped here
+                     {window_, 1, 0, 0, atom("XdndActionCopy")}); // the window accepts the drop
             else if (message.type == atom("XdndDrop"))
                 return drop(data[0], data[2]);
         }

@@ -1,5 +1,4 @@
-// The baskets, and items that arrive from elsewhere: the tree, the rows, the selection and the changes
-// counted.
+// The baskets, and items from outside: the tree, the rows, the selection and the change count.
 #include "model/Baskets.h"
 
 #include "tests/window/WindowFixture.h"

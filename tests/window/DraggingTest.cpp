@@ -1,4 +1,5 @@
-// Drags out of an outline and drops into one: what is allowed, where it lands, what is moved and what copied.
+// Drags from an outline and drops on one: what is allowed, where it is inserted, what is moved and what is
+// copied.
 #include "tests/window/WindowFixture.h"
 
 namespace tabulon {
@@ -22,7 +23,7 @@ protected:
     DragOperation validate(Bookmark* item, std::optional<std::size_t> index) {
         return controller->dragging().validateDrop(info(), item, index);
     }
-    /// As a view does it: only what was validated is dropped.
+    /// Drops only what was validated, as a view does.
     bool drop(Bookmark* item, std::optional<std::size_t> index) {
         return validate(item, index) != DragOperation::None &&
                controller->dragging().acceptDrop(info(), item, index);

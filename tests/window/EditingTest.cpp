@@ -1,4 +1,4 @@
-// New items, deleting, moving by a row, labels: the tree, the rows, the selection and the changes counted.
+// New items, deleting, moving by a row, labels: the tree, the rows, the selection and the change count.
 #include "tests/window/WindowFixture.h"
 
 namespace tabulon {
@@ -19,8 +19,8 @@ protected:
         return text;
     }
     std::string tree() { return treeText(document.getMaster()); }
-    /// Builds and opens the tree of such a text: small letters are links, capital ones expanded folders, with
-    /// an underscore in front collapsed ones.
+    /// Builds and opens the tree of such a text: small letters are links, capital letters are expanded
+    /// folders, and collapsed ones with an underscore before the letter.
     void build(const std::string& text) {
         std::vector<Bookmark*> parents{&document.getMaster()};
         bool collapsed = false;

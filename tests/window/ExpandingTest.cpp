@@ -1,4 +1,4 @@
-// Expanding and collapsing: rows, flags, change counts, the selection that survives.
+// Expanding and collapsing: rows, flags, change counts, and the selection that is kept.
 #include "tests/window/WindowFixture.h"
 
 namespace tabulon {

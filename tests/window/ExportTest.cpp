@@ -1,5 +1,5 @@
 // The Export command with its options area, and single links as files: what the panels offer, what is
-// written, what is remembered.
+// written, and what is stored.
 #include "formats/ExportFormats.h"
 #include "tests/window/WindowFixture.h"
 #include "window/AccessoryViewController.h"

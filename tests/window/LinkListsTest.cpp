@@ -1,4 +1,4 @@
-// The lists of links that programs hand each other.
+// The lists of links that programs pass to each other.
 #include "window/LinkLists.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Marks: showing them, the duplicate scan with its question, removals, what is asked and told.
+// Marks: showing them, the duplicate scan with its question, removals, questions and reports.
 #include "model/Baskets.h"
 #include "tests/window/WindowFixture.h"
 
@@ -8,7 +8,7 @@ namespace {
 class MarksTest : public WindowTest {
 protected:
     MarksTest() {
-        alerts.whileShown = [this] { timers.advance(10); }; // before the answer
+        alerts.whileShown = [this] { timers.advance(10); }; // before the user answers
         application.onShowMarks = [this](bool isShown) {
             shownEverywhere.push_back(isShown);
             controller->marks().showMarksView();
@@ -236,7 +236,7 @@ TEST_F(MarksTest, theSheetsWayDoesNotScan) {
     addLink("a", "u");
     addLink("b", "u");
     open();
-    shared.removedLinks = 7; // of the pass before
+    shared.removedLinks = 7; // of an earlier removal
     controller->marks().deleteSheetExecute();
     EXPECT_EQ(rowNames(), (Names{"a", "b"}));
     ASSERT_EQ(alerts.shown.size(), 1u);

@@ -1,5 +1,5 @@
-// A document window in memory. Its outline keeps its own copy of the rows, changed by nothing but what the
-// controller reports, so that a wrong report shows as a wrong row.
+// A document window in memory. Its outline keeps its own copy of the rows, which only the controller's
+// reports change, so that a wrong report appears as a wrong row.
 #pragma once
 
 #include "window/DocumentWindow.h"
@@ -44,7 +44,7 @@ public:
         pending_ = range;
         for (std::size_t row = range.first; row < range.first + range.count; ++row) {
             selected.erase(rows[row]);
-            if (edited && edited->second == rows[row]) // its field goes with it
+            if (edited && edited->second == rows[row]) // its field is removed with it
                 edited.reset();
         }
     }
@@ -101,7 +101,7 @@ public:
     std::optional<Column> columnUnderPointer() const override { return pointer; }
     void addTagsColumn(std::size_t index, double width) override {
         EXPECT_FALSE(tagsColumn) << "the column is shown already";
-        tagsColumn = std::min<std::size_t>(index, 2); // Name and URL are always there
+        tagsColumn = std::min<std::size_t>(index, 2); // Name and URL are always shown
         tagsWidth = width;
     }
     void removeTagsColumn() override { tagsColumn.reset(); }
@@ -127,7 +127,7 @@ public:
     std::vector<Bookmark*> rows;
     std::set<Bookmark*> selected;
     std::optional<std::pair<Column, Bookmark*>> edited;
-    /// What the user has typed into the field; nothing for a field left as it was.
+    /// What the user has typed into the field; `nullopt` for a field that was not changed.
     std::optional<std::string> typed;
     int editingsBegun = 0;
     int editingsEnded = 0;

@@ -8,7 +8,7 @@ namespace {
 
 using Reports = std::vector<std::string>;
 
-// Writes down what is reported, after a name of its own.
+// Records what is reported, each time after its own name.
 class Recorder : public RowObserver, public SelectionObserver, public PointerObserver {
 public:
     Recorder(std::string name, Outline& outline, Reports& reports)

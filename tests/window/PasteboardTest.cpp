@@ -1,4 +1,4 @@
-// Copy, cut and paste, the records of live nodes, and what pasteboard items become.
+// Copy, cut and paste, the records of live nodes, and the nodes made of pasteboard items.
 #include "model/LinkType.h"
 #include "tests/window/WindowFixture.h"
 #include "window/BookmarkPasteboard.h"

@@ -1,5 +1,5 @@
-// Thousands of random commands on a random tree: after each it is one tree, the rows are those that a fresh
-// flattening gives, and the document saved and read again is the same.
+// Thousands of random commands on a random tree. After each command the tree is sound, the rows are those of
+// a new flattening by `shownBelow`, and the document is the same after it was saved and read.
 #include "model/ArchiveReader.h"
 #include "model/ArchiveWriter.h"
 #include "model/TreeWalk.h"
@@ -66,7 +66,7 @@ protected:
         command(*controller);
     }
 
-    // Onto a row, between two rows, or onto the ground; as a move or as a copy.
+    // On a row, between two rows, or on the area without rows; as a move or as a copy.
     void dragSomewhere() {
         const std::vector<PasteboardItem> items = controller->dragging().beginDraggingSession();
         const DragInfo drag{.source = below(6) == 0 ? nullptr : &controller->outline(),
@@ -84,7 +84,7 @@ protected:
         controller->dragging().draggingSessionEnded(DragOperation::Move);
     }
 
-    // Copies of copies grow without end.
+    // Copies of copies would grow without limit.
     bool isTooLarge() { return shownBelow(document.getMaster()).size() > 3000; }
 
     void checkTree() {

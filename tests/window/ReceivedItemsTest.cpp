@@ -1,4 +1,4 @@
-// Trees and lists of links between programs: what is read of others, and what they are handed.
+// Trees and lists of links between programs: what is read from others, and what is written for them.
 #include "formats/import/XBELReader.h"
 #include "tests/BriefTree.h"
 #include "tests/window/WindowFixture.h"
@@ -206,7 +206,7 @@ TEST_F(ReceivedItemsTest, listsThatWouldBeTooLongAreLeftOut) {
     Bookmark& folder = add(makeFolder("f", false));
     const std::string url = "https://" + std::string(std::size_t{1} << 20, 'x');
     const Ref<Bookmark> first = makeLink("l", url.c_str());
-    for (int i = 0; i < 200; ++i) { // the text is shared
+    for (int i = 0; i < 200; ++i) { // all nodes share the text
         const Ref<Bookmark> link = makeLink("l", "");
         link->setItemURL(first->itemURL());
         add(link, &folder);

@@ -8,7 +8,7 @@ class SortingTest : public WindowTest {
 protected:
     using Names = std::vector<std::string>;
     SortingTest() {
-        alerts.whileShown = [this] { timers.advance(10); }; // before the answer
+        alerts.whileShown = [this] { timers.advance(10); }; // before the user answers
     }
     void perform(const char* action, int tag = 0) {
         const MenuItem item{.action = action, .tag = tag};
@@ -18,7 +18,7 @@ protected:
     bool enabled(const char* action) {
         return controller->actions().validateMenuItem(MenuItem{.action = action});
     }
-    /// b, F(z, y), A at the top level.
+    /// The tree has b, F(z, y) and A at the top level.
     void plant() {
         add(makeLink("b", "1"));
         folder = &add(makeFolder("F"));

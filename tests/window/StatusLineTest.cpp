@@ -1,4 +1,4 @@
-// The line below the outline: what commands show there, how long, and putting back what was deleted.
+// The line below the outline: what commands show in it, how long, and putting back what was deleted.
 #include "tests/window/WindowFixture.h"
 #include "window/ShownAddress.h"
 

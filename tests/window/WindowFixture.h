@@ -42,13 +42,13 @@ protected:
         return separator;
     }
 
-    /// Adds below `parent`, or at the top level; before `open()`.
+    /// Adds the node below `parent`, or at the top level. Called before `open()`.
     Bookmark& add(const Ref<Bookmark>& node, Bookmark* parent = nullptr) {
         (parent ? *parent : document.getMaster()).addChild(node);
         return *node;
     }
 
-    /// Closes the window of before.
+    /// Closes the window that was open before.
     void open() {
         window.reset();
         controller.reset();

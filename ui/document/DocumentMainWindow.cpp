@@ -42,7 +42,7 @@ QStringList columnTitles(const Localization& texts) {
     return {toQString(texts.text("Name")), toQString(texts.text("URL")), toQString(texts.text("Tags"))};
 }
 
-// Whether the drag carries nodes of a bookmark manager, whose addresses may be those of files.
+// Returns whether the drag has nodes of a bookmark manager, whose addresses may be those of files.
 bool carriesBookmarks(const QMimeData& data) {
     return std::ranges::any_of(data.formats(), [](const QString& type) {
         return type == toQString(kItemsMimeType) || type.startsWith(toQString(kPlacesType)) ||
@@ -51,7 +51,8 @@ bool carriesBookmarks(const QMimeData& data) {
     });
 }
 
-// As they come: a QUrl has no room for names that are not UTF-8. None where bookmarks are dragged.
+// Returns the URIs of the dropped files, unparsed, because a QUrl cannot represent names that are not UTF-8.
+// Returns an empty list if bookmarks are dragged.
 std::vector<std::string> droppedFiles(const QDropEvent& event) {
     const QMimeData& data = *event.mimeData();
     if (carriesBookmarks(data))
@@ -59,7 +60,7 @@ std::vector<std::string> droppedFiles(const QDropEvent& event) {
     return fileUrisIn(data.data("text/uri-list").toStdString());
 }
 
-// Opening copies.
+// Accepts dropped files as a copy.
 void acceptFiles(QDropEvent* event) {
     const Qt::DropAction action = actionThatKeepsTheSource(*event);
     if (action == Qt::IgnoreAction || droppedFiles(*event).empty())
@@ -161,14 +162,14 @@ void DocumentMainWindow::setURLFieldFontSize(double points) {
 void DocumentMainWindow::showEmptyState(bool empty) {
     QWidget* shown = empty ? static_cast<QWidget*>(emptyState_) : outline_;
     if (pages_->currentWidget() == shown)
-        return; // the keyboard stays where the user types
+        return; // the keyboard stays where it is
     pages_->setCurrentWidget(shown);
     if (!findBar_->hasKeyboard())
         shown->setFocus();
 }
 
 void DocumentMainWindow::bringToFront() {
-    setWindowState(windowState() & ~Qt::WindowMinimized); // as large as it was
+    setWindowState(windowState() & ~Qt::WindowMinimized); // without changing whether it is maximized
     show();
     raise();
     activateWindow();
@@ -196,7 +197,7 @@ void DocumentMainWindow::becomeKey() {
         app_.documentController().windowDidBecomeKey(*shown);
 }
 
-// The window itself goes when its document does; until then it stays.
+// The window is closed when its document is; until then the event is ignored.
 void DocumentMainWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     if (Document* shown = document())
@@ -217,7 +218,7 @@ void DocumentMainWindow::resizeEvent(QResizeEvent* event) {
     state_.setIntegerForKey(kHeightKey, height());
 }
 
-// Files beside the rows are opened; links, and files that are none to open, go into an empty document.
+// Files that are dropped beside the rows are opened. Links are inserted if the document is empty.
 bool DocumentMainWindow::takesLinks(const QDropEvent& event) const {
     return pages_->currentWidget() == emptyState_ && droppedFiles(event).empty();
 }
@@ -246,7 +247,7 @@ void DocumentMainWindow::dropEvent(QDropEvent* event) {
     acceptFiles(event);
     if (!event->isAccepted())
         return;
-    // Later, so that an alert does not hold up the program that the files come from.
+    // Later, because an alert would block the program that the files are from.
     const bool isEmpty = pages_->currentWidget() == emptyState_;
     QTimer::singleShot(0, this, [this, isEmpty, files = droppedFiles(*event)] {
         if (controller_)
@@ -254,7 +255,8 @@ void DocumentMainWindow::dropEvent(QDropEvent* event) {
     });
 }
 
-// What the program cannot open becomes bookmarks where the document is empty, as among the rows of any other.
+// Files that the program cannot open become bookmarks if the document is empty, as they do among the rows of
+// any document.
 void DocumentMainWindow::takeFiles(const std::vector<std::string>& files, bool intoDocument) {
     std::vector<std::string> opened;
     std::string uris;

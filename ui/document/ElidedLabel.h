@@ -1,18 +1,22 @@
-// One line of text that never widens its window: what does not fit ends in an ellipsis, and the tool tip has
-// all of it.
+// One line of text that never widens its window: a text that does not fit ends with an ellipsis, and its tool
+// tip has all of it.
 #pragma once
 
 #include <QLabel>
 
 namespace tabulon {
 
+/// The label. Its text is plain, without markup.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 
 public:
+    /// `parent` owns the label.
     explicit ElidedLabel(QWidget* parent);
 
+    /// Returns the height of one line. The width is ignored by layouts.
     QSize sizeHint() const override;
+    /// Returns the same height with the width 0.
     QSize minimumSizeHint() const override;
 
 protected:
@@ -20,7 +24,9 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// Returns the area inside the margins.
     QRect textArea() const;
+    /// Returns whether the text does not fit.
     bool isCut() const;
 };
 

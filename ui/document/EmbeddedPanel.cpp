@@ -67,7 +67,7 @@ void EmbeddedPanel::keyboardMoved(QWidget* from, QWidget* to) {
         emit left();
 }
 
-// Above the status line, and as large as it wants to be where the window has the room.
+// Places the panel above the status line, in its own size as far as the window has room.
 void EmbeddedPanel::place() {
     const auto* window = qobject_cast<QMainWindow*>(panel_.parentWidget());
     const QRect area = (window ? window->centralWidget()->geometry() : panel_.parentWidget()->rect())

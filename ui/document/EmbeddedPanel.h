@@ -6,31 +6,35 @@
 
 namespace tabulon {
 
-/// Returns whether this desktop moves the keyboard to each new window whatever the program asks for, as
-/// Wayland's do.
+/// Returns whether this desktop moves the keyboard to each new window, whatever the program requests. Wayland
+/// desktops do.
 bool newWindowsTakeTheKeyboard();
 
+/// Shows a dialog inside its parent window.
 class EmbeddedPanel : public QObject {
     Q_OBJECT
 
 public:
-    /// Makes `panel`, which is not shown yet, a part of its parent window, at the lower right. Its shortcuts
-    /// and mnemonics go, since the window has its own. Owned by the panel.
+    /// Makes `panel` a part of its parent window, at the lower right, and removes its shortcuts and
+    /// mnemonics, because the window has its own. `panel` owns this object. Requires: `panel` has a parent
+    /// window and is not shown yet.
     explicit EmbeddedPanel(QDialog& panel);
 
 signals:
-    /// The keyboard has left the panel.
+    /// Emitted when the keyboard has left the panel.
     void left();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// Emits `left` when the keyboard moves from the panel to another widget.
     void keyboardMoved(QWidget* from, QWidget* to);
+    /// Places the panel in its window.
     void place();
 
     QDialog& panel_;
-    QPointer<QWidget> before_; // what had the keyboard before the panel
+    QPointer<QWidget> before_; // the widget that had the keyboard before the panel
 };
 
 } // namespace tabulon

@@ -38,7 +38,7 @@ EmptyState::EmptyState(const Localization& texts, QWidget* parent) : QWidget(par
     text->setFixedWidth(kTextWidth);
     text->setMinimumHeight(text->heightForWidth(kTextWidth));
     auto* open = new QPushButton(toQString(texts.text("MenuOpen")), this);
-    open->setAutoDefault(true); // Return presses it as Space does
+    open->setAutoDefault(true); // Return presses the button, as Space does
     setFocusProxy(open);
     connect(open, &QPushButton::clicked, this, &EmptyState::openRequested);
 

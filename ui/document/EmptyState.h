@@ -1,4 +1,5 @@
-// What a window shows in place of the rows of an empty document: what the program is for and what to press.
+// What a window shows instead of the rows of an empty document: the purpose of the program, and a button to
+// open a file.
 #pragma once
 
 #include "base/Localization.h"
@@ -7,14 +8,16 @@
 
 namespace tabulon {
 
+/// The page of an empty document.
 class EmptyState : public QWidget {
     Q_OBJECT
 
 public:
+    /// The texts are read once. `parent` owns the widget.
     EmptyState(const Localization& texts, QWidget* parent);
 
 signals:
-    /// The user pressed the button for opening a file.
+    /// Emitted when the user has pressed the button to open a file.
     void openRequested();
 };
 

@@ -16,7 +16,7 @@
 namespace tabulon {
 namespace {
 
-// Long enough not to search for every letter of a word, too short to be noticed.
+// Long enough not to search for each letter of a word, short enough not to be noticed.
 constexpr auto kPause = std::chrono::milliseconds(180);
 constexpr int kFieldWidth = 34; // average characters
 constexpr int kMargin = 6;
@@ -130,12 +130,12 @@ void FindBarWidget::textWasEdited() {
 
 void FindBarWidget::searchNow() {
     pause_.stop();
-    editing_ = false; // what is typed after that is another search
+    editing_ = false; // text that is typed after that is another search
     if (controller_)
         controller_->doSearch(field_->text().toStdString());
 }
 
-// What was typed is searched for first; then Return goes on from match to match.
+// Searches for text that was typed in the last moment. Otherwise Return selects the next match.
 void FindBarWidget::returnWasPressed() {
     if (!controller_)
         return;

@@ -1,5 +1,5 @@
 // The find bar above the outline: a search field with its recent searches, the number of matches, a button
-// for the next one. It reports what the user types to the find bar's controller, when the user pauses.
+// for the next match. It reports the search text to the find bar's controller when the user pauses typing.
 #pragma once
 
 #include "window/FindBar.h"
@@ -14,14 +14,16 @@ namespace tabulon {
 
 class LineField;
 
+/// The find bar. It is hidden at first.
 class FindBarWidget : public QWidget, public FindBar {
     Q_OBJECT
 
 public:
+    /// Requires: `controller` and `finding` exist until `detach` is called, and `texts` outlives this object.
     FindBarWidget(FindBarController& controller, Finding& finding, const Localization& texts,
                   QWidget* parent);
 
-    /// Leaves the controller alone from now on.
+    /// Detaches the bar from the controller.
     void detach();
 
     bool isFindBarShown() const override { return !isHidden(); }
@@ -32,7 +34,7 @@ public:
     void setMatchesLabel(const std::string& text) override;
 
 signals:
-    /// The bar goes: whoever had the keyboard before gets it again.
+    /// Emitted when the bar is hidden. The window then moves the keyboard to the rows or the empty state.
     void closed();
 
 protected:
@@ -40,18 +42,27 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// Creates the button with the menu of recent searches.
     QWidget* makeRecentsButton(const Localization& texts);
+    /// Fills the menu when it is opened.
     void fillRecents(QMenu* menu, const Localization& texts);
+    /// Restarts the pause after which the text is searched for.
     void textWasEdited();
+    /// Searches for the text of the field.
     void searchNow();
+    /// Stores the recent search and searches for it, or selects the next match.
     void returnWasPressed();
+    /// Runs the controller's command, which hides the bar.
     void hideBar();
 
     FindBarController* controller_;
     Finding& finding_;
+    /// The widgets are owned by this one.
     LineField* field_;
     QLabel* matches_;
+    /// Runs while the user types.
     QTimer pause_;
+    /// Whether the user has typed since the last search.
     bool editing_ = false;
 };
 

@@ -28,22 +28,24 @@ namespace {
 
 constexpr QSize kFirstSize(460, 420);
 
-// The place of the first match that differs in nothing but case; -1 for none.
+// Returns the place of the first match, ignoring case, or -1.
 qsizetype placeOf(const QString& text, const QString& part) {
     return text.indexOf(part, 0, Qt::CaseInsensitive);
 }
 
-// A line edit turns line breaks into spaces; a text that has some must come back as it was.
+// Returns the text as fields show it: unchanged, because fields keep the line breaks of the text that they
+// show.
 QString asShown(const Text& text) {
     return toQString(text.view());
 }
 
-// What is in a field, to the letter: `toPlainText` makes plain spaces of those that do not break.
+// Returns the exact text of a field. `toPlainText` would replace no-break spaces by plain ones.
 QString rawText(const QPlainTextEdit& field) {
     return field.document()->toRawText().replace(QChar::ParagraphSeparator, '\n');
 }
 
-// Shift and Return put a line separator, which only a text that has some keeps.
+// Returns the text that was typed. Shift and Return insert a line separator, which becomes a line feed unless
+// the original text has line separators.
 QString typedText(const QPlainTextEdit& field, const Text& original) {
     QString text = rawText(field);
     if (!asShown(original).contains(QChar::LineSeparator))
@@ -58,7 +60,7 @@ LineField* makeField(QWidget* parent) {
     return field;
 }
 
-// What is selected looks the same whether or not the keyboard is at the field.
+// The selection looks the same whether or not the field has the keyboard.
 void keepHighlight(QWidget& field) {
     QPalette palette = field.palette();
     for (const QPalette::ColorRole role : {QPalette::Highlight, QPalette::HighlightedText})
@@ -92,7 +94,7 @@ InfoSheet::InfoSheet(std::shared_ptr<GetInfoController> controller, const Locali
 }
 
 InfoSheet::~InfoSheet() {
-    if (controller_->isShown()) // it goes with its window
+    if (controller_->isShown()) // the panel is destroyed with its window
         controller_->setPanel(nullptr);
 }
 
@@ -173,7 +175,7 @@ QToolButton* InfoSheet::stepButton(Qt::ArrowType arrow, const QString& title, co
 }
 
 void InfoSheet::reportChanges() {
-    // Text that was only shown, not typed, may differ from what it stands for.
+    // Only typed text is reported: a text that is only shown may differ from the stored one.
     connect(name_, &QLineEdit::textEdited, this,
             [this](const QString& text) { controller_->setName(text.toStdString()); });
     connect(url_, &AddressField::addressEdited, this,
@@ -218,7 +220,7 @@ void InfoSheet::setButtons(const InfoButtons& buttons) {
 }
 
 void InfoSheet::setTitle(const std::string& title) {
-    setWindowTitle(oneLine(title).replace("[*]", "[*][*]")); // else Qt's place for the edited mark
+    setWindowTitle(oneLine(title).replace("[*]", "[*][*]")); // otherwise Qt inserts the mark of changes
 }
 
 void InfoSheet::selectName() {
@@ -226,14 +228,14 @@ void InfoSheet::selectName() {
     name_->selectAll();
 }
 
-// Within its window the panel leaves the keyboard where it is.
+// Within its window the panel does not take the keyboard from the window.
 void InfoSheet::takeKeyboard(QWidget* field) {
     if (isWindow() || isAncestorOf(QApplication::focusWidget()))
         field->setFocus();
 }
 
-// What is found comes up while the user still types or goes on with Return: none of that may replace it. So
-// the keyboard goes to the button for the next match.
+// A match is shown while the user may still be typing or pressing Return, and none of these keys may replace
+// it. So the keyboard moves to the button for the next match.
 void InfoSheet::selectNote(const std::string& string) {
     const QString part = toQString(string);
     const qsizetype place = placeOf(rawText(*note_), part);
@@ -262,7 +264,7 @@ std::string InfoSheet::frame() const {
     return frameText(geometry());
 }
 
-// Where the screen of before is gone the desktop finds a place.
+// If the stored place is on no screen, the desktop places the panel.
 void InfoSheet::setFrame(const std::string& frame) {
     const auto place = frameIn(frame);
     if (!place)
@@ -298,7 +300,7 @@ void InfoSheet::closeEvent(QCloseEvent* event) {
     QDialog::closeEvent(event);
 }
 
-// Beside its window it can be left without being closed.
+// A panel beside its window can lose the keyboard without being closed.
 void InfoSheet::changeEvent(QEvent* event) {
     QDialog::changeEvent(event);
     const bool isLeft = event->type() == QEvent::ActivationChange && !isActiveWindow();

@@ -1,5 +1,5 @@
 // The info panel as a sheet of a document window. It shows the fields of the controller's working copy and
-// tells it of every change.
+// reports every change to the controller.
 #pragma once
 
 #include "window/GetInfoController.h"
@@ -20,18 +20,20 @@ class LineField;
 
 class AddressField;
 
+/// The panel. It shares the ownership of its controller.
 class InfoSheet : public QDialog, public InfoPanel {
     Q_OBJECT
 
 public:
-    /// Goes by itself when it is closed. The texts must live longer.
+    /// Creates the panel and passes it to `setPanel`. It deletes itself when it is closed. Requires: `texts`
+    /// outlives this object.
     InfoSheet(std::shared_ptr<GetInfoController> controller, const Localization& texts, QWidget* window);
     ~InfoSheet() override;
 
-    /// Comes up as a sheet, which blocks the window.
+    /// Shows the panel as a sheet, which blocks the window.
     void present();
-    /// Comes up beside the window, which keeps the keyboard; within it where a new window would take the
-    /// keyboard.
+    /// Shows the panel beside the window, which keeps the keyboard. On desktops where a new window would take
+    /// the keyboard, shows it within the window.
     void presentBeside();
 
     void reloadFields() override;
@@ -46,19 +48,25 @@ public:
     void bringToFront() override;
 
 protected:
-    /// Escape discards the change.
+    /// Called for Escape: closes the panel without saving.
     void reject() override;
-    /// The close button saves it.
+    /// Called for the close button: saves a change and closes the panel.
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
+    /// Creates the fields and their labels.
     void makeFields(QFormLayout* form, const Localization& texts);
+    /// Creates the row of buttons.
     QWidget* makeButtons(const Localization& texts);
+    /// Creates a button, with a shortcut, that runs a step of the controller.
     QToolButton* stepButton(Qt::ArrowType arrow, const QString& title, const QKeySequence& key,
                             void (GetInfoController::*step)());
+    /// Connects the fields to the controller.
     void reportChanges();
+    /// Moves the keyboard to `field`, unless the window around the panel has it.
     void takeKeyboard(QWidget* field);
+    /// Saves a change if the panel is shown.
     void keepChange();
 
     std::shared_ptr<GetInfoController> controller_;
@@ -74,7 +82,7 @@ private:
     QToolButton* left_ = nullptr;
     QToolButton* right_ = nullptr;
     QPushButton* findNext_ = nullptr;
-    bool loading_ = false; // what changes now is not the user's doing
+    bool loading_ = false; // fields are changed by the program
 };
 
 } // namespace tabulon

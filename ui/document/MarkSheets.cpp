@@ -69,8 +69,8 @@ QCheckBox* addBox(QDialog* sheet, const BoxPlace& place, bool& value, const std:
     return box;
 }
 
-// Return moves marked links, which can be taken back, but never deletes them. Without a mark to look for
-// there is nothing to do.
+// Return may move marked links, which can be undone by hand, but never deletes them. The OK button is
+// disabled if no mark is chosen.
 void updateRemovalButtons(const MoveDeleteController& controller, QPushButton& ok, QPushButton& cancel) {
     ok.setText(toQString(controller.okTitle()));
     ok.setEnabled(controller.duplicateLinks || controller.brokenLinks || controller.unknownLinks);

@@ -186,7 +186,7 @@ void OutlineAccessible::forgetFrom(qint64 firstKey) {
     }
 }
 
-// What stands above a change is as it was; all else is asked for anew.
+// Parts above the change are still right. All others are created again when they are requested.
 void OutlineAccessible::modelChange(QAccessibleTableModelChangeEvent* event) {
     using Event = QAccessibleTableModelChangeEvent;
     if (event->modelChangeType() == Event::RowsInserted || event->modelChangeType() == Event::RowsRemoved)

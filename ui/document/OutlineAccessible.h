@@ -1,5 +1,5 @@
-// What screen readers are told of the outline: a tree of items that know their row and column, their texts
-// and whether they are selected and expanded. How the outline looks and what keys do is the widget's.
+// The outline for screen readers: a tree of items with their row and column, their texts, and whether they
+// are selected and expanded. The widget itself handles painting and keys.
 #pragma once
 
 #include "window/CellContent.h"
@@ -11,15 +11,18 @@ namespace tabulon {
 
 class OutlineWidget;
 
-/// Lets Qt find `OutlineAccessible` for every outline; once is enough, more does no harm.
+/// Installs the factory by which Qt finds `OutlineAccessible` for every outline. Further calls have no
+/// effect.
 void installOutlineAccessibility();
 
-/// The number, among the children that `OutlineAccessible` reports, of a cell in a column that is shown.
+/// Returns the index, among the children of `OutlineAccessible`, of a cell. Requires: the column is shown.
 int accessibleChild(const OutlineWidget& outline, int row, Column column);
 
-/// The children are the titles of the columns shown, then the cells row by row, made as they are asked for.
+/// The children are the titles of the columns that are shown, then the cells row by row. They are created
+/// when they are requested.
 class OutlineAccessible : public QAccessibleWidget, public QAccessibleTableInterface {
 public:
+    /// Requires: `outline` outlives this object.
     explicit OutlineAccessible(OutlineWidget* outline);
     ~OutlineAccessible() override;
     OutlineAccessible(const OutlineAccessible&) = delete;
@@ -31,16 +34,19 @@ public:
     int childCount() const override;
     QAccessibleInterface* child(int index) const override;
     int indexOfChild(const QAccessibleInterface* child) const override;
+    /// Returns the cell at this place on the screen, or `nullptr`.
     QAccessibleInterface* childAt(int x, int y) const override;
+    /// Returns the Name cell of the current row, or `nullptr`.
     QAccessibleInterface* focusChild() const override;
 
     // QAccessibleTableInterface. Columns count as they are shown, from left to right.
 
     QAccessibleInterface* caption() const override { return nullptr; }
     QAccessibleInterface* summary() const override { return nullptr; }
+    /// Returns the cell, or `nullptr` if there is no such row or column.
     QAccessibleInterface* cellAt(int row, int column) const override;
     int selectedCellCount() const override;
-    /// Those on the screen: all of them may be millions.
+    /// Returns the selected cells on the screen only, because all of them may be millions.
     QList<QAccessibleInterface*> selectedCells() const override;
     QString columnDescription(int column) const override;
     QString rowDescription(int) const override { return {}; }
@@ -49,21 +55,28 @@ public:
     int columnCount() const override;
     int rowCount() const override;
     QList<int> selectedColumns() const override { return {}; }
-    /// Those on the screen.
+    /// Returns the selected rows on the screen only.
     QList<int> selectedRows() const override;
     bool isColumnSelected(int) const override { return false; }
     bool isRowSelected(int row) const override;
+    /// Selects the row alone.
     bool selectRow(int row) override;
     bool selectColumn(int) override { return false; }
+    /// Removes the row from the selection.
     bool unselectRow(int row) override;
     bool unselectColumn(int) override { return false; }
+    /// Releases the parts whose row or text may have changed.
     void modelChange(QAccessibleTableModelChangeEvent* event) override;
 
 private:
     OutlineWidget* outline() const;
+    /// Returns the title of a column, created if need be.
     QAccessibleInterface* title(Column column) const;
+    /// Returns a cell, created if need be.
     QAccessibleInterface* cell(int row, Column column) const;
+    /// Registers a part, which Qt owns after that, and returns it.
     QAccessibleInterface* keep(qint64 key, QAccessibleInterface* made) const;
+    /// Deletes the parts from this key on.
     void forgetFrom(qint64 firstKey);
 
     mutable QHash<qint64, QAccessible::Id> children_; // by row and column, titles as row -1

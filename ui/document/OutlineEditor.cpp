@@ -12,13 +12,13 @@
 namespace tabulon {
 namespace {
 
-// A key that it has no use for would go on to the rows.
+// A key that the field does not use must not reach the rows.
 class CellField : public LineField {
 public:
     explicit CellField(QWidget* parent) : LineField(parent) {
         setFrame(false);
         setMaxLength(std::numeric_limits<int>::max());
-        setAcceptDrops(false); // what is dropped goes between the rows
+        setAcceptDrops(false); // drops are inserted between the rows
     }
 
 protected:
@@ -43,7 +43,7 @@ QWidget* OutlineEditor::createEditor(QWidget* parent, const QStyleOptionViewItem
 void OutlineEditor::setEditorData(QWidget* editor, const QModelIndex& index) const {
     auto* field = static_cast<LineField*>(editor);
     if (field->isModified())
-        return; // the row shows something else now, but what is typed is the user's
+        return; // keeps what was typed although the row has changed
     field->showText(outline_.fieldText(index));
     field->selectAll();
 }
@@ -59,7 +59,7 @@ void OutlineEditor::end(QWidget& field) {
     emit closeEditor(&field, NoHint);
 }
 
-// From the bar the keyboard comes back to the field, or goes elsewhere, which ends the field as ever.
+// From the bar the keyboard returns to the field, or moves elsewhere, which ends the field.
 void OutlineEditor::keepWhileMenuBarHasKeyboard(QWidget& field) {
     disconnect(keyboardMoves_);
     keyboardMoves_ = connect(qApp, &QApplication::focusChanged, &field,
@@ -83,7 +83,7 @@ bool OutlineEditor::eventFilter(QObject* object, QEvent* event) {
     const int key = isPress ? static_cast<QKeyEvent*>(event)->key() : 0;
     if (!field || (key != Qt::Key_Return && key != Qt::Key_Enter))
         return QStyledItemDelegate::eventFilter(object, event);
-    end(*field); // Qt would end it later, after the rows have seen the key as well
+    end(*field); // Qt would end it later, after the rows have received the key
     return true;
 }
 

@@ -1,4 +1,4 @@
-// The field that stands in for a cell while its text is edited in place.
+// The field that is shown over a cell while its text is edited in place.
 #pragma once
 
 #include <QStyledItemDelegate>
@@ -7,13 +7,14 @@ namespace tabulon {
 
 class OutlineWidget;
 
-/// Fields tell the outline, which owns this object, where they stand and what they end with. A field that the
-/// user has left as it was ends without a word. No key that is pressed in a field reaches the rows. A field
-/// stays open while the menu bar has the keyboard: what is chosen there may be meant for its text.
+/// Creates the fields, places them and reports their texts to the outline. A field that the user has not
+/// changed ends without a report. Keys that are pressed in a field do not reach the rows. A field stays open
+/// while the menu bar has the keyboard, because a command chosen there may act on its text.
 class OutlineEditor : public QStyledItemDelegate {
     Q_OBJECT
 
 public:
+    /// `outline` owns this object.
     explicit OutlineEditor(OutlineWidget& outline);
 
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
@@ -25,10 +26,13 @@ public:
                               const QModelIndex& index) const override;
 
 private:
+    /// Reports the text of the field and closes it.
     void end(QWidget& field);
+    /// Keeps the field open until the keyboard has left the menu bar.
     void keepWhileMenuBarHasKeyboard(QWidget& field);
 
     OutlineWidget& outline_;
+    /// Exists while a field waits for the menu bar.
     QMetaObject::Connection keyboardMoves_;
 };
 

@@ -51,7 +51,7 @@ void OutlineHeader::arrange() {
     resizeSection(kURL, std::max(kSmallestColumn, width_ - sectionSize(kName) - tags));
 }
 
-// The nearest width that leaves the other columns theirs.
+// Returns the nearest width that leaves the smallest width for each other column.
 int OutlineHeader::fitting(int width) const {
     const int others = isSectionHidden(kTags) ? 1 : 2;
     return std::max(kSmallestColumn, std::min(width, width_ - others * kSmallestColumn));
@@ -114,7 +114,7 @@ void OutlineHeader::sectionWasResized(int section, int oldWidth, int newWidth) {
     if (arranging_ || width_ == 0)
         return;
     if (!nameWidth_)
-        nameWidth_ = sectionSize(kName); // one border moves, and no other with it
+        nameWidth_ = sectionSize(kName); // so that only this border moves
     if (section == kURL)
         resizeBesideURL(newWidth - oldWidth);
     else
@@ -122,7 +122,7 @@ void OutlineHeader::sectionWasResized(int section, int oldWidth, int newWidth) {
     layOutAnew();
 }
 
-// URL grows at the cost of the column to its right.
+// A change of URL's right border changes the width of the column to its right.
 void OutlineHeader::resizeBesideURL(int change) {
     const std::vector<Column> shown = shownColumns();
     const auto next = std::ranges::find(shown, Column::URL) + 1;
@@ -130,7 +130,7 @@ void OutlineHeader::resizeBesideURL(int change) {
         setWidth(*next, sectionSize(sectionOf(*next)) - change);
 }
 
-// The style puts the title where it likes; here it stands above the texts.
+// The title is drawn by `paintSection`, aligned with the texts below it.
 void OutlineHeader::initStyleOptionForIndex(QStyleOptionHeader* option, int section) const {
     QHeaderView::initStyleOptionForIndex(option, section);
     option->text.clear();

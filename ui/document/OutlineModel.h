@@ -1,6 +1,6 @@
-// The controller's rows as a flat table: one row a visible node, one column each for name, URL and tags,
-// whether the tags are shown or not. How deep a row stands is asked of the controller by whoever paints it; a
-// table stays quick where a tree of indexes would not.
+// The controller's rows as a flat table: one row for each visible node, and one column each for name, URL and
+// tags, whether the tags are shown or not. The depth of a row is not in the model; the view asks the
+// controller for it. A table of this size stays fast, unlike a tree of indexes.
 #pragma once
 
 #include "window/CellContent.h"
@@ -12,31 +12,43 @@ namespace tabulon {
 
 class ViewController;
 
-/// Gives texts for accessibility, copying and Qt's own needs; cells are painted from the controller's
+/// Returns texts for accessibility, copying and Qt's own use. Cells are painted from the controller's
 /// CellContent.
 class OutlineModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    /// The controller must live longer. `columnTitles` are in the order of Column.
+    /// `columnTitles` are in the order of Column. Requires: the controller outlives this object.
     OutlineModel(ViewController& controller, QStringList columnTitles, QObject* parent);
 
+    /// Returns the column of a section.
     static Column columnAt(int section) { return static_cast<Column>(section); }
 
+    /// Returns the number of rows, which changes with the `did` functions below.
     int rowCount(const QModelIndex& parent = {}) const override;
+    /// Returns 3.
     int columnCount(const QModelIndex& parent = {}) const override;
+    /// Returns the text of a cell in one line, for display and for accessibility.
     QVariant data(const QModelIndex& index, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
+    /// Returns the title of a column and its alignment.
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
-    // The changes that OutlineView reports.
+    // Changes of the rows, called by the view as OutlineView reports them.
 
+    /// Called before all rows are replaced.
     void willReload() { beginResetModel(); }
+    /// Called after all rows were replaced.
     void didReload();
+    /// Called before these rows are inserted.
     void willInsert(RowRange rows);
+    /// Called after the rows were inserted.
     void didInsert();
+    /// Called before these rows are removed.
     void willRemove(RowRange rows);
+    /// Called after the rows were removed.
     void didRemove();
+    /// Reports that the content of these rows has changed.
     void didChange(RowRange rows);
 
 private:

@@ -1,4 +1,4 @@
-// The parts of the outline that screen readers are told of: the titles of its columns and its cells.
+// The parts of the outline for screen readers: the titles of its columns and its cells.
 #pragma once
 
 #include "ui/document/OutlineWidget.h"
@@ -11,12 +11,14 @@ namespace tabulon {
 
 class Bookmark;
 
-/// What titles and cells have in common: they have no children and cannot be written to. A part outlives what
-/// it stands for; then it is not valid, and says nothing.
+/// What titles and cells have in common: they have no children and cannot be changed. A part may outlive its
+/// row or column. It is not valid then, and its texts are empty.
 class OutlinePart : public QAccessibleInterface {
 public:
+    /// `outline` is not owned, and may be destroyed before this object.
     OutlinePart(OutlineWidget* outline, Column column) : outline_(outline), column_(column) {}
 
+    /// Returns the column of the part.
     Column column() const { return column_; }
 
     QObject* object() const override { return nullptr; }
@@ -28,9 +30,11 @@ public:
     void setText(QAccessible::Text, const QString&) override {}
 
 protected:
+    /// Returns whether the outline exists and shows the column.
     bool isColumnShown() const;
-    /// How many columns stand to the left.
+    /// Returns the number of shown columns to the left of this one.
     int place() const;
+    /// Returns the number of the column in the model and the header.
     int section() const { return static_cast<int>(column_); }
 
     const QPointer<OutlineWidget> outline_;
@@ -39,7 +43,7 @@ private:
     const Column column_;
 };
 
-/// The title of a column.
+/// The title of a column. It is valid while the column is shown.
 class OutlineTitle : public OutlinePart {
 public:
     using OutlinePart::OutlinePart;
@@ -51,12 +55,13 @@ public:
     QRect rect() const override;
 };
 
-/// A cell. The one in the Name column stands for the row: it is expanded and collapsed, and its description
-/// is what the indicator beside the name tells.
+/// A cell. The cell in the Name column also represents the row: it can be expanded and collapsed, and its
+/// description is the tool tip of the indicator beside the name.
 class OutlineCell : public OutlinePart,
                     public QAccessibleTableCellInterface,
                     public QAccessibleActionInterface {
 public:
+    /// Creates the cell of this row and column.
     OutlineCell(OutlineWidget* outline, int row, Column column) : OutlinePart(outline, column), row_(row) {}
 
     bool isValid() const override;
@@ -75,15 +80,19 @@ public:
     bool isSelected() const override;
     QAccessibleInterface* table() const override { return parent(); }
 
-    /// Toggling expands and collapses, focusing selects the row.
+    /// Returns the actions of the cell: toggling expands and collapses a folder, focusing selects the row
+    /// alone.
     QStringList actionNames() const override;
     void doAction(const QString& name) override;
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
 private:
     QModelIndex index() const;
+    /// Returns what the cell shows. Requires: isValid().
     CellContent content() const;
+    /// Returns the node of the row. Requires: isValid().
     const Bookmark& item() const;
+    /// Returns whether the cell represents a folder's row. Requires: isValid().
     bool isFolder() const;
 
     const int row_;

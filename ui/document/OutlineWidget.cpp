@@ -1,4 +1,4 @@
-// Construction, geometry, selection and what the controller asks of the view.
+// Construction, geometry and selection of the outline, and the functions of OutlineView.
 #include "ui/document/OutlineWidget.h"
 
 #include "ui/document/OutlineAccessible.h"
@@ -16,7 +16,7 @@ namespace {
 
 constexpr double kPointsPerInch = 72;
 constexpr int kSmallestIcon = 16;
-constexpr double kLargestFont = 500; // whatever the settings say
+constexpr double kLargestFont = 500; // limits of the settings
 constexpr double kLargestRow = 1000;
 constexpr double kLargestColumn = 10000;
 
@@ -71,7 +71,7 @@ void OutlineWidget::connectHeader() {
         if (!controller_)
             return;
         controller_->sorting().headerClicked(static_cast<Column>(section));
-        // A click turns the arrow by itself, also where it does not sort.
+        // The header turns the arrow at each click, even if the click does not sort.
         header_->setSortIndicator(sortedSection_, sortOrder_);
     });
     connect(header_, &OutlineHeader::tagsWidthChanged, this,
@@ -118,7 +118,7 @@ void OutlineWidget::setTableFont(const OutlineFont& font, double rowHeight) {
     font_ = font;
     rowHeightInPoints_ = rowHeight;
     applyFont();
-    verticalScrollBar()->setValue(topRow * rowHeight_); // what one read stays in sight
+    verticalScrollBar()->setValue(topRow * rowHeight_); // the same rows stay visible
 }
 
 void OutlineWidget::addTagsColumn(std::size_t index, double width) {
@@ -134,8 +134,8 @@ std::optional<std::size_t> OutlineWidget::tagsColumnIndex() const {
 }
 
 void OutlineWidget::willReloadData() {
-    endEditing();               // the field would go, and what was typed with it
-    showDropSpot(std::nullopt); // its item may go
+    endEditing();               // before the field is destroyed with what was typed
+    showDropSpot(std::nullopt); // its item may be removed
     ++changesOfController_;
     rows_->willReload();
 }
@@ -165,7 +165,7 @@ void OutlineWidget::willRemoveRows(RowRange rows) {
     rows_->willRemove(rows);
 }
 
-// Qt would go on with the row above, and scroll to where that is before the rows are gone.
+// Qt would make the row above the current one, and scroll to its place before the rows are removed.
 void OutlineWidget::moveCursorFrom(int first, int last) {
     const int current = currentIndex().row();
     if (current < first || current > last)
@@ -176,7 +176,8 @@ void OutlineWidget::moveCursorFrom(int first, int last) {
     setAutoScroll(scrolls);
 }
 
-// The row that takes the place of rows that go; their folder when nothing is left of what it shows.
+// Returns the row that becomes the current one when these rows are removed: the row after them, or the row
+// before them if they are the last rows or all the rows of the folder above them.
 int OutlineWidget::rowInPlaceOf(int first, int last) const {
     const auto parentOf = [this](int row) {
         return controller_->outline().itemAtRow(static_cast<std::size_t>(row)).getParent();
@@ -335,7 +336,7 @@ void OutlineWidget::currentChanged(const QModelIndex& current, const QModelIndex
     tellAccessibility(QAccessible::Focus, QItemSelection(current, current));
 }
 
-// Of many rows screen readers hear the first.
+// Reports the first row only to screen readers.
 void OutlineWidget::tellAccessibility(QAccessible::Event type, const QItemSelection& items) {
     if (!QAccessible::isActive() || !controller_ || items.isEmpty() || !items.first().isValid())
         return;

@@ -1,5 +1,6 @@
-// The outline in a window: rows of one height over a flat model, so that everything it does takes the time of
-// the rows on the screen and not of all rows. Split by concern: _painting, _input, _editing, _dragging.
+// The outline in a window: rows of one height over a flat model, so that the time of every operation depends
+// on the rows on the screen and not on all rows. The code is split by concern: _painting, _input, _editing,
+// _dragging.
 #pragma once
 
 #include "window/CellContent.h"
@@ -22,44 +23,53 @@ class OutlineHeader;
 class OutlineModel;
 class ViewController;
 
+/// The view of the rows. It reports what the user does to the controller, and makes no decisions.
 class OutlineWidget : public QAbstractItemView, public OutlineView {
     Q_OBJECT
 
 public:
-    /// The controller must live until `detach`. `columnTitles` are those of Name, URL and Tags.
+    /// `columnTitles` are those of Name, URL and Tags. Requires: the controller exists until `detach` is
+    /// called.
     OutlineWidget(ViewController& controller, const QStringList& columnTitles, QWidget* parent);
 
-    /// Shows nothing from now on and leaves the controller alone.
+    /// Detaches the view from the controller, and shows no rows after that.
     void detach();
 
-    /// Column widths and places.
+    /// Returns the header, with the widths and places of the columns.
     OutlineHeader& header() const { return *header_; }
 
-    /// The controller that it shows; null once detached.
+    /// Returns the controller, or `nullptr` after `detach`.
     ViewController* controller() const { return controller_; }
-    /// Expands a collapsed folder and collapses an expanded one; leaves other rows alone.
+    /// Expands a collapsed folder and collapses an expanded one. Does nothing for other rows.
     void toggleRow(std::size_t row);
 
-    // What the field of a cell that is edited asks.
+    // Called by the field of a cell that is edited.
 
+    /// Returns the text of the cell as it is stored.
     QString fieldText(const QModelIndex& index) const;
+    /// Returns the place of the field in the viewport.
     QRect fieldRect(const QModelIndex& index) const;
+    /// Reports to the controller that the field has ended with this text.
     void endField(const QModelIndex& index, const QString& text);
 
     /// Selects the row alone, makes it the current one and scrolls to it.
     void goToRow(std::size_t row);
 
-    // Drops that come in elsewhere in the window: whether this drag is of interest, offering it and taking it
-    // at a spot, and its end.
+    // Drops on other parts of the window, which are passed to the outline.
 
+    /// Reads the items of a drag that enters, and returns whether they can be dropped on an outline.
     bool beginDragOver(const QDropEvent& event);
+    /// Accepts or ignores the event, as the controller decides about a drop at `spot`, and returns whether it
+    /// was accepted.
     bool offerDrop(QDropEvent* event, const DropSpot& spot);
+    /// Performs a drop at `spot`, if the controller accepts it, and ends the drag over the outline.
     void performDrop(QDropEvent* event, const DropSpot& spot);
+    /// Ends the drag over the outline: releases its items and removes the mark of the drop's place.
     void endDragOver();
-    /// How long a drag rests on a collapsed folder before that opens, in milliseconds.
+    /// How long a drag rests on a collapsed folder before that is expanded, in milliseconds.
     static constexpr int kSpringDelay = 700;
 
-    /// The context menu is gone: commands act on the selected rows again.
+    /// Called when the context menu was closed. Commands act on the selected rows again.
     void contextMenuDidClose();
 
     // OutlineView
@@ -95,8 +105,9 @@ public:
     void keyboardSearch(const QString& search) override;
 
 signals:
-    /// A context menu is wanted at this place on the screen. The row under the pointer is the controller's
-    /// clicked row until `contextMenuDidClose`; there is none when a key asks for the menu.
+    /// Emitted when a context menu is to be opened at this place on the screen. The row under the pointer is
+    /// the controller's clicked row until `contextMenuDidClose` is called. There is no clicked row if the
+    /// menu was requested by a key.
     void contextMenuWanted(const QPoint& place);
 
 protected:
@@ -128,7 +139,7 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    // Where the parts of a Name cell stand, in the viewport.
+    // The places of the parts of a Name cell, in the viewport.
     struct NameCellLayout {
         QRect triangle;
         QRect status;
@@ -139,19 +150,32 @@ private:
     };
     enum class Depth { ItemAlone, WithChildren };
 
+    /// Returns the row at this height of the viewport, in pixels. It may be beyond the last one.
     int rowAtY(int y) const;
+    /// Returns the place of a cell in the viewport.
     QRect cellRect(int row, int column) const;
+    /// Returns the place of a row in the viewport, as wide as all columns and the viewport.
     QRect rowRect(int row) const;
+    /// Sets the model of the view and the header; `nullptr` for none.
     void showModel(QAbstractItemModel* model);
+    /// Reports the event to screen readers, for the first of the items.
     void tellAccessibility(QAccessible::Event type, const QItemSelection& items);
+    /// Connects the header's signals to the controller.
     void connectHeader();
+    /// Computes the font, the height of the rows and the size of images from the settings.
     void applyFont();
+    /// Returns the number of pixels in 1/72 inch of this screen.
     double pixelsPerPoint() const;
+    /// Returns the index of the row's first cell.
     QModelIndex indexOfRow(int row) const;
+    /// Makes another row the current one, if it is one of these, before they are removed.
     void moveCursorFrom(int first, int last);
+    /// Returns the row that becomes the current one then, or -1.
     int rowInPlaceOf(int first, int last) const;
 
+    /// Returns the places of the parts of a Name cell. Parts that `cell` does not have are empty.
     NameCellLayout layOutNameCell(int row, const CellContent& cell) const;
+    /// Returns the part of a cell that is inside its margins.
     QRect textArea(int row, Column column) const;
     void paintRow(QPainter& painter, int row) const;
     void paintNameCell(QPainter& painter, int row, bool selected) const;
@@ -159,45 +183,67 @@ private:
     void paintSeparator(QPainter& painter, const QRect& area, int left, bool selected) const;
     void paintTriangle(QPainter& painter, const QRect& rect, bool expanded, const QColor& color) const;
     void paintText(QPainter& painter, const QRect& rect, const ColoredText& text, const QColor& color) const;
+    /// Paints the background of a text in a label's colour, if it needs one.
     void paintGround(QPainter& painter, const QRect& rect, const QString& text,
                      const LabelColor& color) const;
     void paintImage(QPainter& painter, const QRect& rect, std::string_view name) const;
+    /// Paints the image with all of its parts in this colour.
     void paintTintedImage(QPainter& painter, const QRect& rect, std::string_view name,
                           const QColor& color) const;
+    /// Returns the image of this name, which is cached. Requires: the name is static.
     const QIcon& icon(std::string_view name) const;
+    /// Returns the colour of a text in the Name column.
     QColor textColor(const ColoredText& text, bool selected) const;
+    /// Returns the colour of a text in the other columns.
     QColor secondaryTextColor(const ColoredText& text, bool selected) const;
+    /// Returns whether the row is selected.
     bool rowIsSelected(int row) const;
+    /// Returns the colours of the active window while the rows have the keyboard, else those of an inactive
+    /// one.
     QPalette::ColorGroup colorGroup() const;
 
+    /// Returns the picture of the selected rows that follows the pointer during a drag.
     QPixmap pictureOfSelection() const;
+    /// Returns the place of a drop at this point of the viewport.
     DropSpot dropSpotAt(const QPoint& point) const;
+    /// Marks the place of a drop, or removes the mark.
     void showDropSpot(std::optional<DropSpot> spot);
     void paintDropSpot(QPainter& painter) const;
+    /// Returns the row of the folder whose triangle is at this point of the viewport.
     std::optional<std::size_t> hitTriangle(const QPoint& point) const;
+    /// Returns the tool tip at this point of the viewport, or an empty text.
     QString toolTipAt(const QPoint& point) const;
+    /// Expands or collapses the item of a row, alone or with everything below it.
     void setExpanded(std::size_t row, bool expanded, Depth depth);
+    /// Handles a key that expands, collapses or moves in the tree. Returns whether it is one.
     bool handleTreeKey(int key);
+    /// Selects a row if none is selected. Returns whether it did.
     bool showCursor(int key);
 
     ViewController* controller_;
     OutlineModel* rows_;
     OutlineHeader* header_;
     OutlineFont font_;
+    /// As the settings say, in points of 1/72 inch.
     double rowHeightInPoints_ = 0;
+    /// In pixels.
     int rowHeight_ = 23;
     int sortedSection_ = -1;
     Qt::SortOrder sortOrder_ = Qt::AscendingOrder;
+    /// In pixels.
     int iconSize_ = 16;
+    /// The cell that was edited last. It is being edited while it has a field.
     QPersistentModelIndex edited_;
-    int changesOfController_ = 0;              // that go on: the selection changes without the user
-    std::vector<PasteboardItem> draggedItems_; // over this outline
+    int changesOfController_ = 0;              // changes of the rows or the selection that are in progress
+    std::vector<PasteboardItem> draggedItems_; // of the drag over this outline
+    /// The outline that the drag over this one began in, or `nullptr`.
     const Outline* dragSource_ = nullptr;
     std::optional<DropSpot> dropSpot_;
     QBasicTimer springTimer_;
+    /// The beginning of a name that the user types to find a row.
     QString typed_;
     QElapsedTimer sinceTyped_;
-    mutable QHash<QByteArrayView, QIcon> icons_; // by names that live as long as the program
+    mutable QHash<QByteArrayView, QIcon> icons_; // by names, which are static
 };
 
 } // namespace tabulon

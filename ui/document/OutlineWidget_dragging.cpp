@@ -1,5 +1,5 @@
-// Drags out of the rows and over them: the picture that goes with the pointer, where a drop would go, folders
-// that open under a drag, scrolling at the edges. What may be dropped is the controller's affair.
+// Drags from the rows and over them: the picture at the pointer, the mark of a drop's place, folders that are
+// expanded under a drag, and scrolling at the edges. The controller decides what may be dropped.
 #include "ui/MimeData.h"
 #include "ui/document/OutlineHeader.h"
 #include "ui/document/OutlineModel.h"
@@ -24,7 +24,7 @@ DragOperation operationOf(Qt::DropAction result, bool endedHere) {
         return DragOperation::Copy;
     if (result != Qt::MoveAction && result != Qt::TargetMoveAction)
         return DragOperation::None;
-    return endedHere ? DragOperation::Move : DragOperation::Delete; // the trash takes things away
+    return endedHere ? DragOperation::Move : DragOperation::Delete; // only the trash accepts a move
 }
 
 } // namespace
@@ -34,7 +34,7 @@ void OutlineWidget::startDrag(Qt::DropActions) {
         return;
     endEditing();
     const std::vector<PasteboardItem> items = controller_->dragging().beginDraggingSession();
-    auto* drag = new QDrag(this); // which goes when it is over
+    auto* drag = new QDrag(this); // deleted by Qt after the drag
     drag->setMimeData(makeMimeData(controller_->dragging().contentForDrag(items)).release());
     drag->setPixmap(pictureOfSelection());
     drag->setHotSpot(QPoint(iconSize_ / 2, rowHeight_ / 2));
@@ -46,7 +46,7 @@ void OutlineWidget::startDrag(Qt::DropActions) {
             operationOf(result, qobject_cast<QWidget*>(drag->target())));
 }
 
-// The names of the first rows, each with its icon, one below the other.
+// Returns a picture of the names of the first rows, each with its icon, one below the other.
 QPixmap OutlineWidget::pictureOfSelection() const {
     std::vector<std::size_t> rows;
     for (const RowRange& range : selectedRows())
@@ -114,7 +114,7 @@ DropSpot OutlineWidget::dropSpotAt(const QPoint& point) const {
                                             (point.x() - left) / (iconSize_ + 2) - 1);
 }
 
-// What would be done at the spot; the event is told. Alt makes a copy as in menus, Ctrl as on other desktops.
+// Alt turns a move into a copy as in menus, and Ctrl as on other desktops.
 bool OutlineWidget::offerDrop(QDropEvent* event, const DropSpot& spot) {
     event->ignore();
     if (!controller_ || draggedItems_.empty())
@@ -176,7 +176,7 @@ void OutlineWidget::dropEvent(QDropEvent* event) {
         performDrop(event, dropSpotAt(event->position().toPoint()));
 }
 
-// A folder that a drag rests on opens.
+// Expands the folder that a drag rests on.
 void OutlineWidget::timerEvent(QTimerEvent* event) {
     if (event->timerId() != springTimer_.timerId())
         return QAbstractItemView::timerEvent(event);

@@ -1,4 +1,4 @@
-// Editing in place: which cell, where its field stands, and where Tab goes from there.
+// Editing in place: the cell that is edited, the place of its field, and the cell that Tab edits next.
 #include "ui/Strings.h"
 #include "ui/document/OutlineHeader.h"
 #include "ui/document/OutlineModel.h"
@@ -17,7 +17,7 @@ constexpr int kFieldMargin = 2; // between a field's edge and its text
 } // namespace
 
 void OutlineWidget::editCell(Column column, std::size_t row) {
-    // Whoever holds a button is selecting or dragging.
+    // While a mouse button is held the user selects or drags.
     if (QApplication::mouseButtons() != Qt::NoButton)
         return;
     const QModelIndex index = rows_->index(static_cast<int>(row), OutlineHeader::sectionOf(column));
@@ -29,7 +29,7 @@ void OutlineWidget::editCell(Column column, std::size_t row) {
 
 void OutlineWidget::endEditing() {
     if (QWidget* field = edited_.isValid() ? indexWidget(edited_) : nullptr) {
-        QGuiApplication::inputMethod()->commit(); // a word that is being composed is typed as well
+        QGuiApplication::inputMethod()->commit(); // includes a word that is being composed
         commitData(field);
         closeEditor(field, QAbstractItemDelegate::NoHint);
     }
@@ -46,7 +46,7 @@ bool OutlineWidget::hasKeyboard() const {
     return !keyboard || keyboard == this || isAncestorOf(keyboard);
 }
 
-// While the user types elsewhere, in the find field, the pointer only lies about.
+// While the keyboard is in another field, such as the find field, the place of the pointer has no meaning.
 std::optional<Column> OutlineWidget::columnUnderPointer() const {
     if (!hasKeyboard())
         return std::nullopt;
@@ -91,7 +91,7 @@ void OutlineWidget::endField(const QModelIndex& index, const QString& text) {
     }
 }
 
-// Tab goes from the name to the address and back.
+// Tab moves from the name to the URL and back.
 void OutlineWidget::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
     const QPersistentModelIndex edited = edited_;
     QAbstractItemView::closeEditor(editor, QAbstractItemDelegate::NoHint);

@@ -1,4 +1,4 @@
-// What the user does with mouse and keyboard, and tool tips.
+// Mouse, keyboard and tool tips of the outline.
 #include "ui/Strings.h"
 #include "ui/document/OutlineHeader.h"
 #include "ui/document/OutlineModel.h"
@@ -56,7 +56,7 @@ void OutlineWidget::toggleRow(std::size_t row) {
 }
 
 void OutlineWidget::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::RightButton) // a row can be worked on without losing the selection
+    if (event->button() == Qt::RightButton) // keeps the selection
         return event->accept();
     if (controller_ && event->button() == Qt::LeftButton) {
         if (const auto row = hitTriangle(event->position().toPoint())) {
@@ -148,7 +148,7 @@ QString OutlineWidget::toolTipAt(const QPoint& point) const {
 
 void OutlineWidget::keyPressEvent(QKeyEvent* event) {
     const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-    if (event->isAutoRepeat() && endsField(event->key())) // held since it ended a field
+    if (event->isAutoRepeat() && endsField(event->key())) // the key is held since it ended a field
         return event->accept();
     if (controller_ && plain && movesTheCursor(event->key()) && showCursor(event->key()))
         return event->accept();
@@ -162,7 +162,7 @@ void OutlineWidget::keyPressEvent(QKeyEvent* event) {
     QAbstractItemView::keyPressEvent(event);
 }
 
-// While nothing is selected nobody sees where the current row is: the first key selects it.
+// While no row is selected the current row cannot be seen. The first key selects it.
 bool OutlineWidget::showCursor(int key) {
     const int rows = rows_->rowCount();
     if (selectionModel()->hasSelection() || rows == 0)

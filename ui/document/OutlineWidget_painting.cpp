@@ -1,4 +1,4 @@
-// How rows look: selection, disclosure triangle, images, texts, separator lines.
+// Painting the rows of the outline: selection, triangles of folders, images, texts, separator lines.
 #include "ui/Icons.h"
 #include "ui/Strings.h"
 #include "ui/document/OutlineHeader.h"
@@ -15,9 +15,9 @@ namespace {
 
 constexpr int kLeftMargin = 4;
 constexpr int kGap = OutlineHeader::kMargin;
-constexpr int kRoomForName = 160; // is left in the column however deep a row stands
+constexpr int kRoomForName = 160; // in pixels, kept free in the column at any depth
 constexpr double kSecondaryFaintness = 0.32;
-constexpr int kGroundMargin = 4;     // beside a text that has a ground of its own
+constexpr int kGroundMargin = 4;     // beside a text with its own background
 constexpr double kTriangleUnit = 16; // the triangle is drawn for a box of this size
 
 } // namespace
@@ -173,7 +173,7 @@ void OutlineWidget::paintText(QPainter& painter, const QRect& rect, const Colore
     painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
 }
 
-// A label's colour that is lost on the ground of the rows gets one of its own.
+// A label's colour that cannot be seen on the background of the rows has a background of its own.
 void OutlineWidget::paintGround(QPainter& painter, const QRect& rect, const QString& text,
                                 const LabelColor& color) const {
     const std::optional<QColor> ground = groundForLabel(color, palette().color(QPalette::Base));
@@ -196,7 +196,7 @@ void OutlineWidget::paintImage(QPainter& painter, const QRect& rect, std::string
     icon(name).paint(&painter, rect);
 }
 
-// A blue image on a blue selection cannot be seen.
+// A coloured image cannot be seen on a selection of the same colour.
 void OutlineWidget::paintTintedImage(QPainter& painter, const QRect& rect, std::string_view name,
                                      const QColor& color) const {
     if (name.empty())

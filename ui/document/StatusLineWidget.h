@@ -1,5 +1,4 @@
-// The line below the outline: one line of text, and beside it a button while there is something to do about
-// it.
+// The line below the outline: one line of text, and a button beside it while there is a further action.
 #pragma once
 
 #include <QWidget>
@@ -10,21 +9,28 @@ namespace tabulon {
 
 class ElidedLabel;
 
+/// The line. The button is hidden at first.
 class StatusLineWidget : public QWidget {
     Q_OBJECT
 
 public:
+    /// `parent` owns the widget.
     explicit StatusLineWidget(QWidget* parent);
 
+    /// Shows the text, which has one line. What does not fit is replaced by an ellipsis.
     void setText(const QString& text);
+    /// Sets the font of the text.
     void setTextFont(const QFont& font);
-    /// An empty title hides the button. `description` is its tool tip and its description for screen readers.
+    /// Shows a button with this title, or hides it if the title is empty. `description` is its tool tip and
+    /// its description for screen readers.
     void setAction(const QString& title, const QString& description);
 
 signals:
+    /// Emitted when the user has pressed the button.
     void actionRequested();
 
 private:
+    /// The widgets are owned by this one.
     ElidedLabel* label_;
     QPushButton* button_;
 };

@@ -1,4 +1,4 @@
-// The rows of the list of differences: a check box and the item's name, what changed, and its address.
+// The rows of the list of differences: a check box and the item's name, what has changed, and its address.
 #pragma once
 
 #include <QAbstractTableModel>
@@ -9,29 +9,34 @@ namespace tabulon {
 
 class VersionsController;
 
+/// The model of the list. Its rows are the controller's differences.
 class DifferencesModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    /// The controller must live longer.
+    /// Requires: the controller outlives this object.
     DifferencesModel(const VersionsController& controller, QObject* parent);
 
-    /// The controller's differences are others now. Those that can be put back and were removed are checked.
+    /// Reads the controller's differences again. Items that were removed since the version are checked.
     void reload();
-    /// The checked rows, in ascending order.
+    /// Returns the checked rows in ascending order.
     std::vector<std::size_t> checkedRows() const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    /// Returns the texts of a row, and the state of its check box if it can be put back.
     QVariant data(const QModelIndex& index, int role) const override;
+    /// Sets the check box of a row. Returns false for everything else.
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 private:
+    /// Returns the text of a cell.
     QString textOf(const QModelIndex& index) const;
 
     const VersionsController& controller_;
+    /// The state of the check box, by row.
     std::vector<bool> checked_;
 };
 

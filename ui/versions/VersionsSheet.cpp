@@ -154,7 +154,6 @@ void VersionsSheet::dismiss() {
     accept();
 }
 
-// The panel goes before anything else comes up; what it asked for lives on its own until then.
 void VersionsSheet::openChosen() {
     controller_->openChosen();
 }

@@ -1,5 +1,5 @@
-// The panel of a document's versions: the list by date, what changed since the chosen one, and the buttons
-// that open it or put it back. It decides nothing.
+// The panel of a document's versions: the list by date, the differences from the chosen version, and the
+// buttons that open or restore it. The controller makes all decisions.
 #pragma once
 
 #include "app/VersionsController.h"
@@ -19,29 +19,43 @@ namespace tabulon {
 
 class DifferencesModel;
 
+/// The panel, as a sheet. It shares the ownership of its controller.
 class VersionsSheet : public QDialog, private VersionsPanel {
     Q_OBJECT
 
 public:
-    /// Deletes itself when it is closed.
+    /// Creates the panel and passes it to `setPanel`. It deletes itself when it is closed.
     VersionsSheet(std::shared_ptr<VersionsController> controller, QWidget* window);
     ~VersionsSheet() override;
 
 private:
+    /// Shows the counts of a version, which are known from then on.
     void reloadVersion(std::size_t index) override;
+    /// Shows the differences of the chosen version, or why it cannot be read.
     void reloadDifferences() override;
     void dismiss() override;
 
+    /// Returns a text of the program in the user's language.
     QString text(const char* key) const;
+    /// Fills the list of versions.
     void makeVersions();
+    /// Sets up the list of differences.
     void makeDifferences();
+    /// Creates the widget with both lists.
     QWidget* makeLists();
+    /// Creates the widget that is shown if there are no versions.
     QWidget* makeEmptyState();
+    /// Creates the buttons.
     void makeButtons();
+    /// Creates a button that runs `slot`.
     QPushButton* makeButton(const char* key, void (VersionsSheet::*slot)());
+    /// Enables the buttons that can be used.
     void updateButtons();
+    /// Puts the checked differences back.
     void putBackChecked();
+    /// Restores the whole version.
     void putBackAll();
+    /// Opens the chosen version as an untitled document.
     void openChosen();
 
     const std::shared_ptr<VersionsController> controller_;
@@ -50,6 +64,7 @@ private:
     DifferencesModel* model_;
     QLabel* headline_;
     QDialogButtonBox* buttons_;
+    /// The letters that are mnemonics already.
     QSet<QChar> mnemonics_;
     QPushButton* open_ = nullptr;
     QPushButton* putBack_ = nullptr;
