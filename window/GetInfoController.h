@@ -122,6 +122,7 @@ private:
     bool takeOverChanges();
     bool isInTree(const Bookmark& node) const;
     void doneBookmark();
+    void dismissPanel();
     void saveBookmark();
     void step(Bookmark* target);
     void updateButtons();
