@@ -171,17 +171,22 @@ void GetInfoController::findNext() {
 void GetInfoController::done() {
     if (!panel_)
         return;
-    platform_.state.setStringForKey(kFrameKey, panel_->frame());
     doneBookmark();
-    InfoPanel* panel = std::exchange(panel_, nullptr);
-    panel->dismiss();
+    dismissPanel();
 }
 
 void GetInfoController::cancel() {
     if (!panel_)
         return;
-    duplicate_ = Bookmark::initWithBookmark(*original_);
-    done();
+    if (outline_)
+        outline_->selectRowOf(*original_);
+    dismissPanel();
+}
+
+void GetInfoController::dismissPanel() {
+    platform_.state.setStringForKey(kFrameKey, panel_->frame());
+    InfoPanel* panel = std::exchange(panel_, nullptr);
+    panel->dismiss();
 }
 
 bool GetInfoController::isInTree(const Bookmark& node) const {

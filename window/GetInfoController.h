@@ -167,6 +167,8 @@ private:
     bool isInTree(const Bookmark& node) const;
     /// Saves a change and selects the item's row. Does nothing after `outlineIsGone`.
     void doneBookmark();
+    /// Stores the panel's frame and closes the panel.
+    void dismissPanel();
     /// Writes the working copy to the original, with the modification date, and makes the document dirty.
     void saveBookmark();
     /// Saves a change and shows `target`. Beeps if it is `nullptr` or not in the tree.

@@ -431,6 +431,18 @@ TEST_F(GetInfoTest, cancellingGivesTheChangeUp) {
     EXPECT_EQ(state.stringForKey("Get Info Window"), "5 6 7 8");
 }
 
+TEST_F(GetInfoTest, cancellingChangesNoItemWithoutAName) {
+    plant();
+    c->setItemName({});
+    const Date modified = c->itemDateModified();
+    GetInfoController& info = getInfo();
+    base.clock.advance(60);
+    info.cancel();
+    EXPECT_TRUE(c->itemDateModified() == modified);
+    EXPECT_EQ(document.changeCount(), 0);
+    EXPECT_EQ(panel().dismissals, 1);
+}
+
 TEST_F(GetInfoTest, whatTheRowsChangeWhileThePanelIsUpStays) {
     plant();
     c->setLabel(1);

@@ -85,7 +85,7 @@ bool OutlineWidget::beginDragOver(const QDropEvent& event) {
     draggedItems_ = event.source() ? controller_->items().itemsIn(content)
                                    : controller_->dragging().itemsInForeignDrag(std::move(content));
     const auto* from = qobject_cast<const OutlineWidget*>(event.source());
-    dragSource_ = from ? &from->controller()->outline() : nullptr;
+    dragSource_ = from && from->controller() ? &from->controller()->outline() : nullptr;
     return OutlineDragging::isDragOfInterest(draggedItems_);
 }
 
