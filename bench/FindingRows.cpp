@@ -103,6 +103,26 @@ void requireSorted(const Bookmark& tree, const icu::Collator& collator,
     require(compared == size.nodes - size.separators, "the sorted tree has other nodes");
 }
 
+// Compares the time of finding with `most` seconds for each node, and with one pass over the texts.
+Row rowOfFinding(const Bookmark& tree, std::string_view target, double most, const Effort& effort) {
+    std::string texts;
+    const std::size_t nodes = sizeOf(tree).nodes;
+    walkBelow(tree, [&texts](const Bookmark& node) {
+        for (const Text& text : {node.itemName(), node.itemURL(), node.itemTags(), node.itemNote()})
+            texts += text.view();
+        return true;
+    });
+    const double ours = secondsOfFinding(tree, effort.runs);
+    const double pass = fastest(effort.runs, [&] { return std::string(texts); });
+    return {fmt::format("find in {} nodes, ignoring case and accents", nodes),
+            milliseconds(ours),
+            fmt::format("copying the {:.0f} MB of their texts: {}", static_cast<double>(texts.size()) / 1e6,
+                        milliseconds(pass)),
+            fmt::format("{:.1f} × as long", ours / pass),
+            std::string(target),
+            verdict(effort, ours <= most * static_cast<double>(nodes))};
+}
+
 } // namespace
 
 double secondsOfSorting(const Bookmark& tree, int runs) {
@@ -145,27 +165,6 @@ double secondsOfFinding(const Bookmark& tree, int runs) {
     const auto find = [&] { return finder.findText(tree, "no such text").count; };
     require(find() == 0, "a text was found that is not there");
     return fastest(runs, find);
-}
-
-// Compares the time of finding with `most` seconds for each node, and with one pass over the texts.
-static Row rowOfFinding(const Bookmark& tree, std::string_view target, double most, const Effort& effort) {
-    std::string texts;
-    std::size_t nodes = 0;
-    walkBelow(tree, [&](const Bookmark& node) {
-        ++nodes;
-        for (const Text& text : {node.itemName(), node.itemURL(), node.itemTags(), node.itemNote()})
-            texts += text.view();
-        return true;
-    });
-    const double ours = secondsOfFinding(tree, effort.runs);
-    const double pass = fastest(effort.runs, [&] { return std::string(texts); });
-    return {fmt::format("find in {} nodes, ignoring case and accents", nodes),
-            milliseconds(ours),
-            fmt::format("copying the {:.0f} MB of their texts: {}", static_cast<double>(texts.size()) / 1e6,
-                        milliseconds(pass)),
-            fmt::format("{:.1f} × as long", ours / pass),
-            std::string(target),
-            verdict(effort, ours <= most * static_cast<double>(nodes))};
 }
 
 Row findRow(const Sample& sample, const Effort& effort) {
