@@ -35,7 +35,7 @@ public:
     /// already, by whatever path, is brought to the front. Returns whether it has a window then. A refusal is
     /// kept for `tellRefusals`.
     bool open(const std::string& location);
-    /// Shows one alert that lists the files refused since the last call. Shows no alert if there are none.
+    /// Shows one alert that lists the files refused since the last call. Does nothing if no file was refused.
     void tellRefusals() { refusals_.tell(platform_); }
 
     /// Opens one file as `open` does, and shows the alert if it is refused. Returns whether it has a window

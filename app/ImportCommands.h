@@ -41,7 +41,8 @@ public:
     /// Opens the bookmarks of a Netscape bookmark file called `name`. Returns `nullptr` if it cannot be read,
     /// and, after an alert, if it has no bookmark.
     Document* scanNetscape(std::string_view bytes, const std::string& name = {});
-    /// Opens the links found in any text. Returns `nullptr`, after an alert, if there are none.
+    /// Opens a document with the links that a text contains. Shows an alert and returns `nullptr` if it
+    /// contains no link.
     Document* scanTextData(std::string_view bytes);
     /// Opens the links of a page that was copied (UTF-8). Returns `nullptr` if it cannot be parsed or has no
     /// links.

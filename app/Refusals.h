@@ -27,7 +27,7 @@ public:
         /// Called if the user accepts.
         std::function<void()> accept;
     };
-    /// Returns the offer, or `nullopt` if there is none.
+    /// Returns the offer, or `nullopt` if nothing of the file can be read.
     using MakeOffer = std::function<std::optional<Offer>()>;
     /// Does the same, with an offer. `makeOffer` is called by `tell`, before the alert is shown. One button
     /// accepts the offers of all files. Only the first `kMostOffers` files may have one, because each offer
@@ -37,7 +37,7 @@ public:
     void addEmpty(const std::string& location, const Localization& texts);
 
     /// Shows one alert about the files added since the last call, as a list if there are several, and returns
-    /// after it was closed. Shows no alert if there are none. With a `document`, the alert is a sheet of its
+    /// after it was closed. Does nothing if no file was added. With a `document`, the alert is a sheet of its
     /// window.
     void tell(const Platform& platform, const Document* document = nullptr);
 

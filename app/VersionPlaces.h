@@ -42,8 +42,8 @@ public:
 
     /// Returns the documents whose versions are those of the file at `path`, which may be missing: the
     /// documents with exactly that file, also after it was renamed or moved, or linked from the path; if
-    /// there are none, those that were last known at that path; and the documents that these were copied
-    /// from. Returns an empty list for an unknown file.
+    /// no document has that file, those that were last known at that path; and the documents that these were
+    /// copied from. Returns an empty list for an unknown file.
     std::vector<Source> sourcesOf(const std::string& path) const;
 
     /// Returns the identifier of the document whose file is at `path`, or was last if there is no file. If

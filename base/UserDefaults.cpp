@@ -20,8 +20,8 @@ bool isYes(std::string_view text) {
     return equalIgnoringCase(text, "yes") || equalIgnoringCase(text, "true");
 }
 
-// Returns the number that the text begins with, or 0 if there is none. The decimal separator is a point in
-// every locale.
+// Returns the number at the beginning of the text, or 0 if the text does not begin with a number. The decimal
+// separator is a point in every locale.
 double leadingNumber(std::string_view text) {
     double number = 0;
     std::from_chars(text.data(), text.data() + text.size(), number);
