@@ -11,8 +11,6 @@ namespace {
 
 using testing::HasSubstr;
 
-const std::string kPath = "/home/Links.tbln";
-
 class DamagedDocumentTest : public AppTest {
 protected:
     // A document of links with one reference to a missing object.
