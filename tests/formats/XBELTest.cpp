@@ -7,9 +7,9 @@ namespace tabulon {
 namespace {
 
 const std::string kXbelHeader = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                            "<!DOCTYPE xbel>\n"
-                            "<!-- Created by Tabulon - https://tabulon.example/ -->\n"
-                            "<xbel version=\"1.0\">\n";
+                                "<!DOCTYPE xbel>\n"
+                                "<!-- Created by Tabulon - https://tabulon.example/ -->\n"
+                                "<xbel version=\"1.0\">\n";
 
 class XBEL : public TreeTest {
 protected:
