@@ -176,7 +176,7 @@ TEST_F(KilledTest, whatRevertingWentBackToEndsWithTheRun) {
     EXPECT_EQ(copies(), 0u);
     const auto documents = next.app.documentController().documents();
     ASSERT_EQ(documents.size(), 1u);
-    EXPECT_FALSE(next.app.documentController().canRevert(*documents.front()));
+    EXPECT_FALSE(next.app.responders().validateMenuItem(MenuItem{.action = "revertDocumentToSaved:"}));
 }
 
 TEST_F(KilledTest, aRunThatIsAliveKeepsItsDocumentsToItself) {
