@@ -24,6 +24,8 @@ public:
 
     /// Returns the section of a column.
     static constexpr int sectionOf(Column column) { return static_cast<int>(column); }
+    /// Returns the column of a section.
+    static constexpr Column columnAt(int section) { return static_cast<Column>(section); }
 
     /// `parent` owns the header.
     explicit OutlineHeader(QWidget* parent);

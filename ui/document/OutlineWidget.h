@@ -3,15 +3,15 @@
 // _dragging.
 #pragma once
 
+#include "ui/document/OutlinePainter.h"
+#include "ui/document/OutlineRowsView.h"
 #include "window/CellContent.h"
 #include "window/DragInfo.h"
 #include "window/OutlineView.h"
 
-#include <QAbstractItemView>
 #include <QAccessible>
 #include <QBasicTimer>
 #include <QElapsedTimer>
-#include <QHash>
 #include <QPersistentModelIndex>
 
 #include <optional>
@@ -19,12 +19,11 @@
 
 namespace tabulon {
 
-class OutlineHeader;
 class OutlineModel;
 class ViewController;
 
 /// The view of the rows. It reports what the user does to the controller, and makes no decisions.
-class OutlineWidget : public QAbstractItemView, public OutlineView {
+class OutlineWidget : public OutlineRowsView, public OutlineView {
     Q_OBJECT
 
 public:
@@ -34,9 +33,6 @@ public:
 
     /// Detaches the view from the controller, and shows no rows after that.
     void detach();
-
-    /// Returns the header, with the widths and places of the columns.
-    OutlineHeader& header() const { return *header_; }
 
     /// Returns the controller, or `nullptr` after `detach`.
     ViewController* controller() const { return controller_; }
@@ -51,9 +47,6 @@ public:
     QRect fieldRect(const QModelIndex& index) const;
     /// Reports to the controller that the field has ended with this text.
     void endField(const QModelIndex& index, const QString& text);
-
-    /// Selects the row alone, makes it the current one and scrolls to it.
-    void goToRow(std::size_t row);
 
     // Drops on other parts of the window, which are passed to the outline.
 
@@ -99,9 +92,6 @@ public:
 
     // QAbstractItemView
 
-    QRect visualRect(const QModelIndex& index) const override;
-    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
-    QModelIndex indexAt(const QPoint& point) const override;
     void keyboardSearch(const QString& search) override;
 
 signals:
@@ -112,16 +102,8 @@ signals:
 
 protected:
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
-    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
-    int horizontalOffset() const override;
-    int verticalOffset() const override;
-    bool isIndexHidden(const QModelIndex& index) const override;
-    void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;
-    QRegion visualRegionForSelection(const QItemSelection& selection) const override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
-    void updateGeometries() override;
-    void scrollContentsBy(int dx, int dy) override;
     void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     bool viewportEvent(QEvent* event) override;
@@ -139,25 +121,8 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    // The places of the parts of a Name cell, in the viewport.
-    struct NameCellLayout {
-        QRect triangle;
-        QRect status;
-        QRect icon;
-        QRect text;
-        QRect indicator;
-        QRect labelMark;
-    };
     enum class Depth { ItemAlone, WithChildren };
 
-    /// Returns the row at this height of the viewport, in pixels. It may be beyond the last one.
-    int rowAtY(int y) const;
-    /// Returns the place of a cell in the viewport.
-    QRect cellRect(int row, int column) const;
-    /// Returns the place of a row in the viewport, as wide as all columns and the viewport.
-    QRect rowRect(int row) const;
-    /// Sets the model of the view and the header; `nullptr` for none.
-    void showModel(QAbstractItemModel* model);
     /// Reports the event to screen readers, for the first of the items.
     void tellAccessibility(QAccessible::Event type, const QItemSelection& items);
     /// Connects the header's signals to the controller.
@@ -166,49 +131,19 @@ private:
     void applyFont();
     /// Returns the number of pixels in 1/72 inch of this screen.
     double pixelsPerPoint() const;
-    /// Returns the index of the row's first cell.
-    QModelIndex indexOfRow(int row) const;
     /// Makes another row the current one, if it is one of these, before they are removed.
     void moveCursorFrom(int first, int last);
     /// Returns the row that becomes the current one then, or -1.
     int rowInPlaceOf(int first, int last) const;
 
-    /// Returns the places of the parts of a Name cell. Parts that `cell` does not have are empty.
-    NameCellLayout layOutNameCell(int row, const CellContent& cell) const;
-    /// Returns the part of a cell that is inside its margins.
-    QRect textArea(int row, Column column) const;
-    void paintRow(QPainter& painter, int row) const;
-    void paintNameCell(QPainter& painter, int row, bool selected) const;
-    void paintTextCell(QPainter& painter, int row, Column column, bool selected) const;
-    void paintSeparator(QPainter& painter, const QRect& area, int left, bool selected) const;
-    void paintTriangle(QPainter& painter, const QRect& rect, bool expanded, const QColor& color) const;
-    void paintText(QPainter& painter, const QRect& rect, const ColoredText& text, const QColor& color) const;
-    /// Paints the background of a text in a label's colour, if it needs one.
-    void paintGround(QPainter& painter, const QRect& rect, const QString& text,
-                     const LabelColor& color) const;
-    void paintImage(QPainter& painter, const QRect& rect, std::string_view name) const;
-    /// Paints the image with all of its parts in this colour.
-    void paintTintedImage(QPainter& painter, const QRect& rect, std::string_view name,
-                          const QColor& color) const;
-    /// Returns the image of this name, which is cached. Requires: the name is static.
-    const QIcon& icon(std::string_view name) const;
-    /// Returns the colour of a text in the Name column.
-    QColor textColor(const ColoredText& text, bool selected) const;
-    /// Returns the colour of a text in the other columns.
-    QColor secondaryTextColor(const ColoredText& text, bool selected) const;
+    /// Returns the places of the parts of a row's Name cell.
+    NameCellParts nameCell(int row, bool selected) const;
     /// Returns whether the row is selected.
     bool rowIsSelected(int row) const;
-    /// Returns the colours of the active window while the rows have the keyboard, else those of an inactive
-    /// one.
-    QPalette::ColorGroup colorGroup() const;
-
-    /// Returns the picture of the selected rows that follows the pointer during a drag.
-    QPixmap pictureOfSelection() const;
     /// Returns the place of a drop at this point of the viewport.
     DropSpot dropSpotAt(const QPoint& point) const;
     /// Marks the place of a drop, or removes the mark.
     void showDropSpot(std::optional<DropSpot> spot);
-    void paintDropSpot(QPainter& painter) const;
     /// Returns the row of the folder whose triangle is at this point of the viewport.
     std::optional<std::size_t> hitTriangle(const QPoint& point) const;
     /// Returns the tool tip at this point of the viewport, or an empty text.
@@ -222,16 +157,12 @@ private:
 
     ViewController* controller_;
     OutlineModel* rows_;
-    OutlineHeader* header_;
+    const OutlinePainter painter_;
     OutlineFont font_;
     /// As the settings say, in points of 1/72 inch.
     double rowHeightInPoints_ = 0;
-    /// In pixels.
-    int rowHeight_ = 23;
     int sortedSection_ = -1;
     Qt::SortOrder sortOrder_ = Qt::AscendingOrder;
-    /// In pixels.
-    int iconSize_ = 16;
     /// The cell that was edited last. It is being edited while it has a field.
     QPersistentModelIndex edited_;
     int changesOfController_ = 0;              // changes of the rows or the selection that are in progress
@@ -243,7 +174,6 @@ private:
     /// The beginning of a name that the user types to find a row.
     QString typed_;
     QElapsedTimer sinceTyped_;
-    mutable QHash<QByteArrayView, QIcon> icons_; // by names, which are static
 };
 
 } // namespace tabulon

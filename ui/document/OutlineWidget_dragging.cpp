@@ -1,23 +1,16 @@
 // Drags from the rows and over them: the picture at the pointer, the mark of a drop's place, folders that are
 // expanded under a drag, and scrolling at the edges. The controller decides what may be dropped.
 #include "ui/MimeData.h"
-#include "ui/document/OutlineHeader.h"
-#include "ui/document/OutlineModel.h"
 #include "ui/document/OutlineWidget.h"
 #include "window/MimeItems.h"
 #include "window/ViewController.h"
 
 #include <QDrag>
 #include <QDragEnterEvent>
-#include <QPainter>
 #include <QPointer>
 
 namespace tabulon {
 namespace {
-
-constexpr int kMostRowsInPicture = 8;
-constexpr int kWidestPicture = 320;
-constexpr int kLineWidth = 2;
 
 DragOperation operationOf(Qt::DropAction result, bool endedHere) {
     if (result == Qt::CopyAction)
@@ -36,45 +29,14 @@ void OutlineWidget::startDrag(Qt::DropActions) {
     const std::vector<PasteboardItem> items = controller_->dragging().beginDraggingSession();
     auto* drag = new QDrag(this); // deleted by Qt after the drag
     drag->setMimeData(makeMimeData(controller_->dragging().contentForDrag(items)).release());
-    drag->setPixmap(pictureOfSelection());
-    drag->setHotSpot(QPoint(iconSize_ / 2, rowHeight_ / 2));
+    drag->setPixmap(painter_.pictureOfRows(selectedRows()));
+    drag->setHotSpot(QPoint(geometry().iconSize() / 2, geometry().rowHeight() / 2));
     const QPointer<OutlineWidget> alive(this);
     const Qt::DropAction result =
         drag->exec(Qt::CopyAction | Qt::MoveAction | Qt::LinkAction, Qt::MoveAction);
     if (alive && controller_)
         controller_->dragging().draggingSessionEnded(
             operationOf(result, qobject_cast<QWidget*>(drag->target())));
-}
-
-// Returns a picture of the names of the first rows, each with its icon, one below the other.
-QPixmap OutlineWidget::pictureOfSelection() const {
-    std::vector<std::size_t> rows;
-    for (const RowRange& range : selectedRows())
-        for (std::size_t i = 0; i < range.count && rows.size() < kMostRowsInPicture; ++i)
-            rows.push_back(range.first + i);
-    const QSize size(std::min(kWidestPicture, header_->sectionSize(OutlineHeader::sectionOf(Column::Name))),
-                     rowHeight_ * static_cast<int>(rows.size()));
-    QPixmap picture(size * devicePixelRatioF());
-    picture.setDevicePixelRatio(devicePixelRatioF());
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setOpacity(0.8);
-    painter.setFont(font());
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        const CellContent cell = controller_->cells().viewForTableColumn(Column::Name, rows[i], true);
-        const QRect area(0, static_cast<int>(i) * rowHeight_, size.width(), rowHeight_);
-        painter.fillRect(area, palette().color(QPalette::Highlight));
-        if (cell.kind == CellKind::Separator) {
-            paintSeparator(painter, area, 4, true);
-            continue;
-        }
-        const QColor color = palette().color(QPalette::HighlightedText);
-        const QRect image(4, area.top() + (rowHeight_ - iconSize_) / 2, iconSize_, iconSize_);
-        paintTintedImage(painter, image, cell.icon, color);
-        paintText(painter, area.adjusted(iconSize_ + 10, 0, -4, 0), {.string = cell.text.string, .color = {}},
-                  color);
-    }
-    return picture;
 }
 
 bool OutlineWidget::beginDragOver(const QDropEvent& event) {
@@ -104,14 +66,13 @@ void OutlineWidget::showDropSpot(std::optional<DropSpot> spot) {
 }
 
 DropSpot OutlineWidget::dropSpotAt(const QPoint& point) const {
-    const int row = rowAtY(point.y());
-    if (row < 0 || row >= rows_->rowCount())
+    const int row = geometry().rowAtY(point.y());
+    if (row < 0 || row >= rowCount())
         return {};
-    const double fraction =
-        static_cast<double>(point.y() - rowRect(row).top()) / static_cast<double>(rowHeight_);
-    const int left = cellRect(row, OutlineHeader::sectionOf(Column::Name)).left();
+    const QRect name = geometry().cellRect(row, Column::Name);
+    const double fraction = static_cast<double>(point.y() - name.top()) / name.height();
     return controller_->dragging().dropSpot(static_cast<std::size_t>(row), fraction,
-                                            (point.x() - left) / (iconSize_ + 2) - 1);
+                                            (point.x() - name.left()) / geometry().indentation() - 1);
 }
 
 // Alt turns a move into a copy as in menus, and Ctrl as on other desktops.
@@ -186,25 +147,6 @@ void OutlineWidget::timerEvent(QTimerEvent* event) {
     Bookmark& folder = *dropSpot_->item;
     showDropSpot(std::nullopt);
     controller_->outline().expandItem(folder);
-}
-
-void OutlineWidget::paintDropSpot(QPainter& painter) const {
-    if (!dropSpot_)
-        return;
-    const QColor color = palette().color(QPalette::Active, QPalette::Highlight);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(color, kLineWidth));
-    if (!dropSpot_->row || (dropSpot_->item && !dropSpot_->childIndex)) {
-        const QRect area = dropSpot_->row ? rowRect(static_cast<int>(*dropSpot_->row)) : viewport()->rect();
-        painter.drawRoundedRect(area.adjusted(1, 1, -1, -1), 4, 4);
-        return;
-    }
-    const int y = static_cast<int>(*dropSpot_->row) * rowHeight_ - verticalOffset();
-    const QRect name = cellRect(0, OutlineHeader::sectionOf(Column::Name));
-    const int indent = (iconSize_ + 2) * (dropSpot_->level + 1);
-    const int x = name.left() + std::min(indent, std::max(0, name.width() - iconSize_));
-    painter.drawEllipse(QPoint(x, y), 3, 3);
-    painter.drawLine(x + 3, y, rowRect(0).right(), y);
 }
 
 } // namespace tabulon

@@ -65,13 +65,17 @@ QString OutlineWidget::fieldText(const QModelIndex& index) const {
     return toQString(text.view());
 }
 
+NameCellParts OutlineWidget::nameCell(int row, bool selected) const {
+    const auto number = static_cast<std::size_t>(row);
+    return geometry().nameCell(row, controller_->outline().levelForRow(number),
+                               controller_->cells().viewForTableColumn(Column::Name, number, selected));
+}
+
 QRect OutlineWidget::fieldRect(const QModelIndex& index) const {
     const Column column = OutlineModel::columnAt(index.column());
-    QRect area = textArea(index.row(), column);
+    QRect area = geometry().textArea(index.row(), column);
     if (column == Column::Name) {
-        const CellContent cell =
-            controller_->cells().viewForTableColumn(column, static_cast<std::size_t>(index.row()), true);
-        area.setLeft(layOutNameCell(index.row(), cell).text.left());
+        area.setLeft(nameCell(index.row(), true).text.left());
     }
     return area.adjusted(-kFieldMargin, 0, 0, 0);
 }

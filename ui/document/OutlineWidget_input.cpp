@@ -36,7 +36,9 @@ std::optional<std::size_t> OutlineWidget::hitTriangle(const QPoint& point) const
         return std::nullopt;
     const auto row = static_cast<std::size_t>(index.row());
     const bool hit = controller_->outline().itemAtRow(row).isFolder() &&
-                     layOutNameCell(index.row(), {}).triangle.contains(point);
+                     geometry()
+                         .nameCell(index.row(), controller_->outline().levelForRow(row), {})
+                         .triangle.contains(point);
     return hit ? std::optional(row) : std::nullopt;
 }
 
@@ -130,9 +132,10 @@ QString OutlineWidget::toolTipAt(const QPoint& point) const {
     const Column column = OutlineModel::columnAt(index.column());
     const CellContent cell =
         controller_->cells().viewForTableColumn(column, row, selectionModel()->isSelected(index));
-    QRect textRect = textArea(index.row(), column);
+    QRect textRect = geometry().textArea(index.row(), column);
     if (cell.kind == CellKind::NameView) {
-        const NameCellLayout layout = layOutNameCell(index.row(), cell);
+        const NameCellParts layout =
+            geometry().nameCell(index.row(), controller_->outline().levelForRow(row), cell);
         if (layout.icon.contains(point) && !cell.iconToolTip.isEmpty())
             return toolTipText(cell.iconToolTip.view());
         if (layout.indicator.contains(point) && !cell.indicatorToolTip.isEmpty())
@@ -173,11 +176,6 @@ bool OutlineWidget::showCursor(int key) {
     return true;
 }
 
-void OutlineWidget::goToRow(std::size_t row) {
-    selectionModel()->setCurrentIndex(indexOfRow(static_cast<int>(row)),
-                                      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-}
-
 bool OutlineWidget::handleTreeKey(int key) {
     if (!currentIndex().isValid())
         return false;
@@ -211,41 +209,6 @@ bool OutlineWidget::handleTreeKey(int key) {
     default:
         return false;
     }
-}
-
-QModelIndex OutlineWidget::moveCursor(CursorAction action, Qt::KeyboardModifiers) {
-    const int last = controller_ ? rows_->rowCount() - 1 : -1;
-    if (last < 0)
-        return {};
-    const int current = currentIndex().isValid() ? currentIndex().row() : -1;
-    const int page = std::max(1, viewport()->height() / rowHeight_ - 1);
-    int row = current;
-    switch (action) {
-    case MoveUp:
-    case MovePrevious:
-        row = current - 1;
-        break;
-    case MoveDown:
-    case MoveNext:
-        row = current + 1;
-        break;
-    case MovePageUp:
-        row = current - page;
-        break;
-    case MovePageDown:
-        row = current + page;
-        break;
-    case MoveHome:
-        row = 0;
-        break;
-    case MoveEnd:
-        row = last;
-        break;
-    case MoveLeft:
-    case MoveRight:
-        break;
-    }
-    return indexOfRow(std::clamp(row, 0, last));
 }
 
 void OutlineWidget::keyboardSearch(const QString& search) {
