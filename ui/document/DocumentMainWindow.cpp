@@ -226,24 +226,24 @@ bool DocumentMainWindow::takesLinks(const QDropEvent& event) const {
 void DocumentMainWindow::dragEnterEvent(QDragEnterEvent* event) {
     if (!takesLinks(*event))
         acceptFiles(event);
-    else if (!outline_->beginDragOver(*event) || !outline_->offerDrop(event, {}))
+    else if (!outline_->drops().begin(*event) || !outline_->drops().offer(event, {}))
         event->ignore();
 }
 
 void DocumentMainWindow::dragMoveEvent(QDragMoveEvent* event) {
     if (takesLinks(*event))
-        outline_->offerDrop(event, {});
+        outline_->drops().offer(event, {});
     else
         acceptFiles(event);
 }
 
 void DocumentMainWindow::dragLeaveEvent(QDragLeaveEvent*) {
-    outline_->endDragOver();
+    outline_->drops().end();
 }
 
 void DocumentMainWindow::dropEvent(QDropEvent* event) {
     if (takesLinks(*event))
-        return outline_->performDrop(event, {});
+        return outline_->drops().perform(event, {});
     acceptFiles(event);
     if (!event->isAccepted())
         return;

@@ -1,4 +1,4 @@
-// Construction, selection and painting of the outline, and the functions of OutlineView.
+// Construction of the outline, the functions of OutlineView, the selection, and editing in place.
 #include "ui/document/OutlineWidget.h"
 
 #include "ui/document/OutlineAccessible.h"
@@ -8,8 +8,8 @@
 #include "window/ViewController.h"
 
 #include <QApplication>
-#include <QPaintEvent>
-#include <QPainter>
+#include <QCursor>
+#include <QInputMethod>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
@@ -41,11 +41,17 @@ RowSet toRowSet(const QItemSelection& selection) {
 OutlineWidget::OutlineWidget(ViewController& controller, const QStringList& columnTitles, QWidget* parent)
     : OutlineRowsView(parent), controller_(&controller),
       rows_(new OutlineModel(controller, columnTitles, this)),
-      painter_({*this, header(), geometry(), controller.outline(), controller.cells()}) {
+      painter_({*this, header(), geometry(), controller.outline(), controller.cells()}),
+      drops_(*this, {controller.outline(), controller.dragging(), controller.items()}),
+      keys_(*this,
+            {controller.outline(), controller.editing(), controller.expanding(), controller.finding()}),
+      pointer_(*this, controller.outline(), controller.cells()) {
     installOutlineAccessibility();
     setObjectName("outline");
     setEditTriggers(NoEditTriggers);
-    setItemDelegate(new OutlineEditor(*this));
+    setItemDelegate(
+        new OutlineEditor(*this, {controller.outline(), controller.cells(), controller.fields()}));
+    connect(&drops_, &OutlineDrops::markChanged, viewport(), qOverload<>(&QWidget::update));
     setMouseTracking(true);
     setDragEnabled(true);
     setAcceptDrops(true);
@@ -113,8 +119,8 @@ std::optional<std::size_t> OutlineWidget::tagsColumnIndex() const {
 }
 
 void OutlineWidget::willReloadData() {
-    endEditing();               // before the field is destroyed with what was typed
-    showDropSpot(std::nullopt); // its item may be removed
+    endEditing();              // before the field is destroyed with what was typed
+    drops_.mark(std::nullopt); // its item may be removed
     ++changesOfController_;
     rows_->willReload();
 }
@@ -139,7 +145,7 @@ void OutlineWidget::didInsertRows() {
 
 void OutlineWidget::willRemoveRows(RowRange rows) {
     ++changesOfController_;
-    showDropSpot(std::nullopt);
+    drops_.mark(std::nullopt);
     moveCursorFrom(static_cast<int>(rows.first), static_cast<int>(rows.first + rows.count) - 1);
     rows_->willRemove(rows);
 }
@@ -222,6 +228,60 @@ void OutlineWidget::scrollRowToVisible(std::size_t row) {
     scrollTo(indexOfRow(static_cast<int>(row)));
 }
 
+void OutlineWidget::editCell(Column column, std::size_t row) {
+    // While a mouse button is held the user selects or drags.
+    if (QApplication::mouseButtons() != Qt::NoButton)
+        return;
+    const QModelIndex index = rows_->index(static_cast<int>(row), OutlineHeader::sectionOf(column));
+    endEditing();
+    scrollTo(index);
+    edited_ = index;
+    edit(index);
+}
+
+void OutlineWidget::endEditing() {
+    if (QWidget* field = edited_.isValid() ? indexWidget(edited_) : nullptr) {
+        QGuiApplication::inputMethod()->commit(); // includes a word that is being composed
+        commitData(field);
+        closeEditor(field, QAbstractItemDelegate::NoHint);
+    }
+}
+
+bool OutlineWidget::isEditing() const {
+    return edited_.isValid() && indexWidget(edited_);
+}
+
+bool OutlineWidget::hasKeyboard() const {
+    if (QApplication::activePopupWidget()) // a menu takes the keys
+        return false;
+    const QWidget* keyboard = window()->focusWidget();
+    return !keyboard || keyboard == this || isAncestorOf(keyboard);
+}
+
+// While the keyboard is in another field, such as the find field, the place of the pointer has no meaning.
+std::optional<Column> OutlineWidget::columnUnderPointer() const {
+    if (!hasKeyboard())
+        return std::nullopt;
+    const QModelIndex index = indexAt(viewport()->mapFromGlobal(QCursor::pos()));
+    if (!index.isValid() || selectedRow() != static_cast<std::size_t>(index.row()))
+        return std::nullopt;
+    return OutlineHeader::columnAt(index.column());
+}
+
+// Tab moves from the name to the URL and back.
+void OutlineWidget::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+    const QPersistentModelIndex edited = edited_;
+    QAbstractItemView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+    const bool goesOn =
+        hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem;
+    if (!goesOn || !edited.isValid() || !controller_)
+        return;
+    const auto row = static_cast<std::size_t>(edited.row());
+    const bool toURL = OutlineHeader::columnAt(edited.column()) == Column::Name &&
+                       FieldEditing::shouldEdit(Column::URL, controller_->outline().itemAtRow(row));
+    controller_->fields().beginEditing(toURL ? Column::URL : Column::Name, row);
+}
+
 void OutlineWidget::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     QAbstractItemView::selectionChanged(selected, deselected);
     if (controller_)
@@ -245,32 +305,8 @@ void OutlineWidget::tellAccessibility(QAccessible::Event type, const QItemSelect
     QAccessible::updateAccessibility(&event);
 }
 
-void OutlineWidget::paintEvent(QPaintEvent* event) {
-    QPainter painter(viewport());
-    if (!controller_)
-        return;
-    const bool focus = hasFocus();
-    const bool framesCurrent = focus && selectionModel()->hasSelection();
-    const int first = std::max(0, geometry().rowAtY(event->rect().top()));
-    const int last = std::min(rowCount() - 1, geometry().rowAtY(event->rect().bottom()));
-    for (int row = first; row <= last; ++row)
-        painter_.paintRow(painter, row,
-                          {.selected = rowIsSelected(row),
-                           .framed = framesCurrent && currentIndex().row() == row,
-                           .colors = focus && isActiveWindow() ? QPalette::Active : QPalette::Inactive});
-    if (dropSpot_)
-        painter_.paintDropSpot(painter, *dropSpot_);
-}
-
 bool OutlineWidget::rowIsSelected(int row) const {
     return selectionModel()->isSelected(indexOfRow(row));
-}
-
-void OutlineWidget::changeEvent(QEvent* event) {
-    QAbstractItemView::changeEvent(event);
-    const bool looks = event->type() == QEvent::StyleChange || event->type() == QEvent::ApplicationFontChange;
-    if (looks && controller_)
-        applyFont();
 }
 
 } // namespace tabulon

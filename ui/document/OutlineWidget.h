@@ -1,21 +1,18 @@
-// The outline in a window: rows of one height over a flat model, so that the time of every operation depends
-// on the rows on the screen and not on all rows. The code is split by concern: _painting, _input, _editing,
-// _dragging.
+// The outline in a document window: the view of the rows of its controller. It composes the classes for
+// places, painting, keys, the pointer, drops and fields, and passes the events of Qt to them.
 #pragma once
 
+#include "ui/document/OutlineDrops.h"
+#include "ui/document/OutlineKeys.h"
 #include "ui/document/OutlinePainter.h"
+#include "ui/document/OutlinePointer.h"
 #include "ui/document/OutlineRowsView.h"
-#include "window/CellContent.h"
-#include "window/DragInfo.h"
 #include "window/OutlineView.h"
 
 #include <QAccessible>
-#include <QBasicTimer>
-#include <QElapsedTimer>
 #include <QPersistentModelIndex>
 
 #include <optional>
-#include <string_view>
 
 namespace tabulon {
 
@@ -36,31 +33,11 @@ public:
 
     /// Returns the controller, or `nullptr` after `detach`.
     ViewController* controller() const { return controller_; }
-    /// Expands a collapsed folder and collapses an expanded one. Does nothing for other rows.
-    void toggleRow(std::size_t row);
-
-    // Called by the field of a cell that is edited.
-
-    /// Returns the text of the cell as it is stored.
-    QString fieldText(const QModelIndex& index) const;
-    /// Returns the place of the field in the viewport.
-    QRect fieldRect(const QModelIndex& index) const;
-    /// Reports to the controller that the field has ended with this text.
-    void endField(const QModelIndex& index, const QString& text);
-
-    // Drops on other parts of the window, which are passed to the outline.
-
-    /// Reads the items of a drag that enters, and returns whether they can be dropped on an outline.
-    bool beginDragOver(const QDropEvent& event);
-    /// Accepts or ignores the event, as the controller decides about a drop at `spot`, and returns whether it
-    /// was accepted.
-    bool offerDrop(QDropEvent* event, const DropSpot& spot);
-    /// Performs a drop at `spot`, if the controller accepts it, and ends the drag over the outline.
-    void performDrop(QDropEvent* event, const DropSpot& spot);
-    /// Ends the drag over the outline: releases its items and removes the mark of the drop's place.
-    void endDragOver();
-    /// How long a drag rests on a collapsed folder before that is expanded, in milliseconds.
-    static constexpr int kSpringDelay = 700;
+    /// Returns the drag over the outline, for drops on other parts of the window.
+    OutlineDrops& drops() { return drops_; }
+    /// Expands a collapsed folder and collapses an expanded one. Does nothing for other rows. Requires: the
+    /// row exists.
+    void toggleRow(std::size_t row) { keys_.toggleRow(row); }
 
     /// Called when the context menu was closed. Commands act on the selected rows again.
     void contextMenuDidClose();
@@ -118,11 +95,8 @@ protected:
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
-    void timerEvent(QTimerEvent* event) override;
 
 private:
-    enum class Depth { ItemAlone, WithChildren };
-
     /// Reports the event to screen readers, for the first of the items.
     void tellAccessibility(QAccessible::Event type, const QItemSelection& items);
     /// Connects the header's signals to the controller.
@@ -135,29 +109,15 @@ private:
     void moveCursorFrom(int first, int last);
     /// Returns the row that becomes the current one then, or -1.
     int rowInPlaceOf(int first, int last) const;
-
-    /// Returns the places of the parts of a row's Name cell.
-    NameCellParts nameCell(int row, bool selected) const;
     /// Returns whether the row is selected.
     bool rowIsSelected(int row) const;
-    /// Returns the place of a drop at this point of the viewport.
-    DropSpot dropSpotAt(const QPoint& point) const;
-    /// Marks the place of a drop, or removes the mark.
-    void showDropSpot(std::optional<DropSpot> spot);
-    /// Returns the row of the folder whose triangle is at this point of the viewport.
-    std::optional<std::size_t> hitTriangle(const QPoint& point) const;
-    /// Returns the tool tip at this point of the viewport, or an empty text.
-    QString toolTipAt(const QPoint& point) const;
-    /// Expands or collapses the item of a row, alone or with everything below it.
-    void setExpanded(std::size_t row, bool expanded, Depth depth);
-    /// Handles a key that expands, collapses or moves in the tree. Returns whether it is one.
-    bool handleTreeKey(int key);
-    /// Selects a row if none is selected. Returns whether it did.
-    bool showCursor(int key);
 
     ViewController* controller_;
     OutlineModel* rows_;
     const OutlinePainter painter_;
+    OutlineDrops drops_;
+    OutlineKeys keys_;
+    OutlinePointer pointer_;
     OutlineFont font_;
     /// As the settings say, in points of 1/72 inch.
     double rowHeightInPoints_ = 0;
@@ -165,15 +125,7 @@ private:
     Qt::SortOrder sortOrder_ = Qt::AscendingOrder;
     /// The cell that was edited last. It is being edited while it has a field.
     QPersistentModelIndex edited_;
-    int changesOfController_ = 0;              // changes of the rows or the selection that are in progress
-    std::vector<PasteboardItem> draggedItems_; // of the drag over this outline
-    /// The outline that the drag over this one began in, or `nullptr`.
-    const Outline* dragSource_ = nullptr;
-    std::optional<DropSpot> dropSpot_;
-    QBasicTimer springTimer_;
-    /// The beginning of a name that the user types to find a row.
-    QString typed_;
-    QElapsedTimer sinceTyped_;
+    int changesOfController_ = 0; // changes of the rows or the selection that are in progress
 };
 
 } // namespace tabulon
