@@ -114,12 +114,15 @@ DocumentMainWindow::DocumentMainWindow(ViewController& controller, AppDelegate& 
 void DocumentMainWindow::rememberColumns() {
     OutlineHeader& header = outline_->header();
     if (const auto width = state_.integerForKey(kNameColumnKey); width > 0)
-        header.setNameWidth(static_cast<int>(std::min<std::int64_t>(width, kWidestColumn)));
-    header.setURLFirst(state_.boolForKey(kURLFirstKey));
-    connect(&header, &OutlineHeader::nameWidthChanged, this,
-            [this](int width) { state_.setIntegerForKey(kNameColumnKey, width); });
-    connect(&header, &OutlineHeader::columnsMoved, this,
-            [this, &header] { state_.setBoolForKey(kURLFirstKey, header.isURLFirst()); });
+        header.setWidth(Column::Name, static_cast<int>(std::min<std::int64_t>(width, kWidestColumn)));
+    header.setBefore(Column::URL, Column::Name, state_.boolForKey(kURLFirstKey));
+    connect(&header, &OutlineHeader::widthChanged, this, [this](Column column, int width) {
+        if (column == Column::Name)
+            state_.setIntegerForKey(kNameColumnKey, width);
+    });
+    connect(&header, &OutlineHeader::columnsMoved, this, [this, &header] {
+        state_.setBoolForKey(kURLFirstKey, header.isBefore(Column::URL, Column::Name));
+    });
 }
 
 void DocumentMainWindow::restoreGeometryOfLastWindow() {

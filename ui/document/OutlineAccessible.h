@@ -70,6 +70,10 @@ public:
 
 private:
     OutlineWidget* outline() const;
+    /// Returns the smallest key of a row, or for row -1 that of the titles.
+    qint64 firstKeyOf(qint64 row) const;
+    /// Returns the key of a cell in `children_`, or for row -1 that of a title.
+    qint64 keyOf(qint64 row, Column column) const;
     /// Returns the title of a column, created if need be.
     QAccessibleInterface* title(Column column) const;
     /// Returns a cell, created if need be.

@@ -34,8 +34,8 @@ protected:
     bool isColumnShown() const;
     /// Returns the number of shown columns to the left of this one.
     int place() const;
-    /// Returns the number of the column in the model and the header.
-    int section() const { return static_cast<int>(column_); }
+    /// Returns the number of the column in the model and the header. Requires: the outline exists.
+    int section() const;
 
     const QPointer<OutlineWidget> outline_;
 

@@ -9,8 +9,9 @@
 
 namespace tabulon {
 
-OutlineRowsView::OutlineRowsView(QWidget* parent)
-    : QAbstractItemView(parent), header_(new OutlineHeader(this)), geometry_(*header_, *this) {
+OutlineRowsView::OutlineRowsView(OutlineColumns columns, QWidget* parent)
+    : QAbstractItemView(parent), header_(new OutlineHeader(std::move(columns), this)),
+      geometry_(*header_, *this) {
     setFrameShape(QFrame::NoFrame);
     setSelectionBehavior(SelectRows);
     setSelectionMode(ExtendedSelection);

@@ -2,6 +2,7 @@
 // the selection by mouse and keys. It does not know what the rows show.
 #pragma once
 
+#include "ui/document/OutlineColumns.h"
 #include "ui/document/OutlineGeometry.h"
 
 #include <QAbstractItemView>
@@ -18,7 +19,8 @@ class OutlineRowsView : public QAbstractItemView {
     Q_OBJECT
 
 public:
-    explicit OutlineRowsView(QWidget* parent);
+    /// `parent` owns the view.
+    OutlineRowsView(OutlineColumns columns, QWidget* parent);
 
     /// Sets the model of the rows and of the header, which is not owned; `nullptr` for none.
     void showModel(QAbstractItemModel* model);

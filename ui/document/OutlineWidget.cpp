@@ -39,8 +39,8 @@ RowSet toRowSet(const QItemSelection& selection) {
 } // namespace
 
 OutlineWidget::OutlineWidget(ViewController& controller, const QStringList& columnTitles, QWidget* parent)
-    : OutlineRowsView(parent), controller_(&controller),
-      rows_(new OutlineModel(controller, columnTitles, this)),
+    : OutlineRowsView(documentColumns(columnTitles), parent), controller_(&controller),
+      rows_(new OutlineModel(controller, header().columns(), this)),
       painter_({*this, header(), geometry(), controller.outline(), controller.cells()}),
       drops_(*this, {controller.outline(), controller.dragging(), controller.items()}),
       keys_(*this,
@@ -56,7 +56,6 @@ OutlineWidget::OutlineWidget(ViewController& controller, const QStringList& colu
     setDragEnabled(true);
     setAcceptDrops(true);
     showModel(rows_);
-    header().hideTags();
     connectHeader();
     applyFont();
 }
@@ -67,12 +66,14 @@ void OutlineWidget::connectHeader() {
     connect(&header(), &QHeaderView::sectionClicked, this, [this](int section) {
         if (!controller_)
             return;
-        controller_->sorting().headerClicked(static_cast<Column>(section));
+        controller_->sorting().headerClicked(header().columnAt(section));
         // The header turns the arrow at each click, even if the click does not sort.
         header().setSortIndicator(sortedSection_, sortOrder_);
     });
-    connect(&header(), &OutlineHeader::tagsWidthChanged, this,
-            [this](int width) { controller_->table().tagsColumnDidResize(width / pixelsPerPoint()); });
+    connect(&header(), &OutlineHeader::widthChanged, this, [this](Column column, int width) {
+        if (column == Column::Tags)
+            controller_->table().tagsColumnDidResize(width / pixelsPerPoint());
+    });
 }
 
 void OutlineWidget::detach() {
@@ -92,7 +93,7 @@ void OutlineWidget::applyFont() {
 }
 
 void OutlineWidget::showSortIndicator(std::optional<Column> column, SortDirection direction) {
-    sortedSection_ = column ? OutlineHeader::sectionOf(*column) : -1;
+    sortedSection_ = column ? header().sectionOf(*column) : -1;
     sortOrder_ = direction == SortDirection::Ascending ? Qt::AscendingOrder : Qt::DescendingOrder;
     header().setSortIndicatorShown(column.has_value());
     header().setSortIndicator(sortedSection_, sortOrder_);
@@ -107,15 +108,16 @@ void OutlineWidget::setTableFont(const OutlineFont& font, double rowHeight) {
 }
 
 void OutlineWidget::addTagsColumn(std::size_t index, double width) {
-    header().showTags(index, static_cast<int>(std::clamp(width, 0.0, kLargestColumn) * pixelsPerPoint()));
+    const double points = std::clamp(width, 0.0, kLargestColumn);
+    header().showColumn(Column::Tags, index, static_cast<int>(points * pixelsPerPoint()));
 }
 
 void OutlineWidget::removeTagsColumn() {
-    header().hideTags();
+    header().hideColumn(Column::Tags);
 }
 
 std::optional<std::size_t> OutlineWidget::tagsColumnIndex() const {
-    return header().tagsIndex();
+    return header().placeOf(Column::Tags);
 }
 
 void OutlineWidget::willReloadData() {
@@ -232,7 +234,7 @@ void OutlineWidget::editCell(Column column, std::size_t row) {
     // While a mouse button is held the user selects or drags.
     if (QApplication::mouseButtons() != Qt::NoButton)
         return;
-    const QModelIndex index = rows_->index(static_cast<int>(row), OutlineHeader::sectionOf(column));
+    const QModelIndex index = rows_->index(static_cast<int>(row), header().sectionOf(column));
     endEditing();
     scrollTo(index);
     edited_ = index;
@@ -265,7 +267,7 @@ std::optional<Column> OutlineWidget::columnUnderPointer() const {
     const QModelIndex index = indexAt(viewport()->mapFromGlobal(QCursor::pos()));
     if (!index.isValid() || selectedRow() != static_cast<std::size_t>(index.row()))
         return std::nullopt;
-    return OutlineHeader::columnAt(index.column());
+    return header().columnAt(index.column());
 }
 
 // Tab moves from the name to the URL and back.
@@ -277,7 +279,7 @@ void OutlineWidget::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditH
     if (!goesOn || !edited.isValid() || !controller_)
         return;
     const auto row = static_cast<std::size_t>(edited.row());
-    const bool toURL = OutlineHeader::columnAt(edited.column()) == Column::Name &&
+    const bool toURL = header().columnAt(edited.column()) == Column::Name &&
                        FieldEditing::shouldEdit(Column::URL, controller_->outline().itemAtRow(row));
     controller_->fields().beginEditing(toURL ? Column::URL : Column::Name, row);
 }
