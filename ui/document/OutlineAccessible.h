@@ -31,7 +31,10 @@ public:
     // QAccessibleInterface
 
     void* interface_cast(QAccessible::InterfaceType type) override;
+    /// Returns the number of titles and cells, 0 after the outline was detached.
     int childCount() const override;
+    /// Returns the title or cell, created if need be; `nullptr` for an index that is not below
+    /// `childCount()`.
     QAccessibleInterface* child(int index) const override;
     int indexOfChild(const QAccessibleInterface* child) const override;
     /// Returns the cell at this place on the screen, or `nullptr`.

@@ -20,7 +20,9 @@ enum class ColumnWidth {
 
 /// A column of an outline.
 struct OutlineColumn {
+    /// The same wherever the user moves the column.
     Column identifier;
+    /// In the user's language.
     QString title;
     ColumnWidth width = ColumnWidth::Set;
     /// The share of the width that the columns with `ColumnWidth::Set` leave; used for `ColumnWidth::Share`

@@ -27,11 +27,18 @@ public:
     /// `view` owns this object. Requires: the parts of `texts` exist while the view has a model.
     OutlineEditor(OutlineRowsView& view, const Texts& texts);
 
+    /// Returns a new field in the font of the rows. `parent` owns it.
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;
+    /// Shows the text of the cell as it is stored, with all of it selected. Does nothing if the user has
+    /// changed the field.
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
+    /// Passes the text of the field to FieldEditing. Does nothing if the user has not changed the field or
+    /// the view has no model.
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
+    /// Ends the field at Return, and keeps it open while the keyboard is in the menu bar.
     bool eventFilter(QObject* object, QEvent* event) override;
+    /// Places the field over the cell, from the beginning of its text to its end.
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
 

@@ -14,9 +14,11 @@ class OutlineHeader;
 
 /// The places of the parts of a Name cell, in the viewport. A part that the cell does not have is empty.
 struct NameCellParts {
+    /// As high as the row. A press here expands and collapses a folder.
     QRect triangle;
     QRect status;
     QRect icon;
+    /// As wide as the name, or as the room for it.
     QRect text;
     QRect indicator;
     QRect labelMark;
@@ -49,7 +51,8 @@ public:
     QRect cellRect(int row, Column column) const;
     /// Returns the part of a cell that is inside its margins.
     QRect textArea(int row, Column column) const;
-    /// Returns the places of the parts of a row's Name cell. `level` is 0 for the top level.
+    /// Returns the places of the parts of a row's Name cell. `level` is 0 for the top level. Deeper rows are
+    /// indented as long as names keep some room. The time does not depend on the length of the name.
     NameCellParts nameCell(int row, int level, const CellContent& cell) const;
     /// Returns the place of an image that begins at `left` in a row's `area`, in the middle of its height.
     QRect imageRect(int left, const QRect& area) const;

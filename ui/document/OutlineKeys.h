@@ -22,9 +22,13 @@ class OutlineKeys {
 public:
     /// What the keys run.
     struct Commands {
+        /// Expands and collapses.
         Outline& outline;
+        /// Deletes the selected items.
         EditingCommands& editing;
+        /// Toggles a folder by Return.
         ExpandCommands& expanding;
+        /// Finds a row by the beginning of its name.
         Finding& finding;
     };
 
@@ -37,7 +41,8 @@ public:
     /// Goes to the next row whose name begins with the letters that were typed in quick succession, of which
     /// `text` is the last. The same letter again goes to the next such row.
     void type(const QString& text);
-    /// Expands a collapsed folder and collapses an expanded one. Does nothing for other rows.
+    /// Expands a collapsed folder and collapses an expanded one. Does nothing for other rows. Requires: the
+    /// row exists.
     void toggleRow(std::size_t row);
 
 private:

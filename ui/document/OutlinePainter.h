@@ -38,17 +38,23 @@ class OutlinePainter {
 public:
     /// What is painted, and where.
     struct Parts {
+        /// Has the palette, the font and the pixel ratio.
         const QAbstractScrollArea& area;
+        /// Has the columns that are shown.
         const OutlineHeader& header;
+        /// Has the places.
         const OutlineGeometry& geometry;
+        /// Has the items and their levels.
         const Outline& outline;
+        /// Has what the cells show.
         const OutlineCells& cells;
     };
 
     /// Requires: the parts outlive this object.
     explicit OutlinePainter(const Parts& parts) : parts_(parts) {}
 
-    /// Paints a row in all columns that are shown. Requires: the outline has the row.
+    /// Paints a row in all columns that are shown. The time does not depend on the lengths of the texts.
+    /// Requires: the outline has the row.
     void paintRow(QPainter& painter, int row, const RowLook& look) const;
     /// Paints the mark of a drop's place: a frame around its row or all rows, or a line between two rows.
     void paintDropSpot(QPainter& painter, const DropSpot& spot) const;
@@ -59,12 +65,15 @@ public:
 private:
     void paintNameCell(QPainter& painter, int row, const RowLook& look) const;
     void paintTextCell(QPainter& painter, int row, Column column, const RowLook& look) const;
+    /// Paints the line of a separator from `left` to the end of `area`.
     void paintSeparator(QPainter& painter, const QRect& area, int left, const QColor& color) const;
     void paintTriangle(QPainter& painter, const QRect& rect, bool expanded, const QColor& color) const;
+    /// Paints a text in one line, with an ellipsis where it does not fit.
     void paintText(QPainter& painter, const QRect& rect, const ColoredText& text, const QColor& color) const;
     /// Paints the background of a text in a label's colour, if it needs one.
     void paintGround(QPainter& painter, const QRect& rect, const QString& text,
                      const LabelColor& color) const;
+    /// Does nothing for an empty name or place.
     void paintImage(QPainter& painter, const QRect& rect, std::string_view name) const;
     /// Paints the image with all of its parts in this colour.
     void paintTintedImage(QPainter& painter, const QRect& rect, std::string_view name,

@@ -42,17 +42,25 @@ public:
 
     // QAbstractItemView
 
+    /// Returns the place of a cell in the viewport, visible or not; empty for an invalid index.
     QRect visualRect(const QModelIndex& index) const override;
+    /// Scrolls vertically, as the hint says. Does nothing for an invalid index.
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+    /// Returns the cell at a point of the viewport, or an invalid index where there is none.
     QModelIndex indexAt(const QPoint& point) const override;
 
 protected:
+    /// Returns the first cell of the row that the current one moves to, or an invalid index without rows. A
+    /// page is one row less than the viewport shows.
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     int horizontalOffset() const override;
     int verticalOffset() const override;
     bool isIndexHidden(const QModelIndex&) const override { return false; }
+    /// Selects the rows that the rectangle of the viewport touches, as a single range.
     void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;
+    /// Returns the visible part of the selected rows. Linear in the number of ranges.
     QRegion visualRegionForSelection(const QItemSelection& selection) const override;
+    /// Sets the ranges of the scroll bars, and the place and the widths of the header.
     void updateGeometries() override;
     void scrollContentsBy(int dx, int dy) override;
 

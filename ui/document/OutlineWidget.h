@@ -51,24 +51,32 @@ public:
     void willRemoveRows(RowRange rows) override;
     void didRemoveRows() override;
     void reloadRows(RowRange rows) override;
+    /// Sorts the ranges of the selection, however many rows they have.
     RowSet selectedRows() const override;
     std::optional<std::size_t> selectedRow() const override;
     void selectRows(const RowSet& rows) override;
     void selectAll() override;
+    /// Does not scroll horizontally.
     void scrollRowToVisible(std::size_t row) override;
+    /// Does nothing while a mouse button is held, because the user selects or drags.
     void editCell(Column column, std::size_t row) override;
+    /// Includes a word that an input method is composing.
     void endEditing() override;
     bool isEditing() const override;
+    /// False while a menu is open.
     bool hasKeyboard() const override;
     std::optional<Column> columnUnderPointer() const override;
+    /// Limits the width to 10,000 points.
     void addTagsColumn(std::size_t index, double width) override;
     void removeTagsColumn() override;
     std::optional<std::size_t> tagsColumnIndex() const override;
     void showSortIndicator(std::optional<Column> column, SortDirection direction) override;
+    /// Limits the font to 500 points and the row to 1,000. The first row on the screen stays there.
     void setTableFont(const OutlineFont& font, double rowHeight) override;
 
     // QAbstractItemView
 
+    /// Goes to the next row whose name begins with what was typed.
     void keyboardSearch(const QString& search) override;
 
 signals:
@@ -78,9 +86,11 @@ signals:
     void contextMenuWanted(const QPoint& place);
 
 protected:
+    /// Closes the field. If Tab has ended it, edits the URL after a name, or else the name.
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    /// Takes over a new font of the application or a new style.
     void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     bool viewportEvent(QEvent* event) override;
@@ -90,6 +100,8 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    /// Runs a drag of the selected rows, and returns when it has ended. The widget may be destroyed
+    /// meanwhile.
     void startDrag(Qt::DropActions supportedActions) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
@@ -112,6 +124,7 @@ private:
     /// Returns whether the row is selected.
     bool rowIsSelected(int row) const;
 
+    /// `nullptr` after `detach`. The members below refer to its parts and do not use them after that.
     ViewController* controller_;
     OutlineModel* rows_;
     const OutlinePainter painter_;
