@@ -4,9 +4,6 @@
 namespace tabulon {
 namespace {
 
-constexpr double kPause = DocumentController::kAutosavePause;
-const std::string kPath = "/home/Links.tbln";
-
 class AutosaveTest : public AppTest {
 protected:
     Document& openDocument(const std::string& path = kPath) {
