@@ -28,7 +28,8 @@ namespace {
 constexpr std::size_t kLinks = 910'000; // a million nodes
 constexpr int kTurns = 3;
 constexpr int kPages = 1'000;
-constexpr int kEdits = 11;
+constexpr int kRenames = 201;
+constexpr int kInserts = 11;
 constexpr double kTarget = 2; // × in one work; no work may take longer
 /// A node's link to its row in the own outline: a pointer and a place (RowLink), in every tree.
 constexpr double kBytesOfRowLink = sizeof(void*) + sizeof(std::uint16_t);
@@ -92,20 +93,21 @@ double secondsOf(Work work) {
     return processorSeconds() - begin;
 }
 
-/// Returns the median of the times of `work`, which is called with 0 and the following numbers.
+/// Returns the median of the times of `work`, which is called with each number below `times`.
 template <class Work>
-double medianOf(Work work) {
+double medianOf(int times, Work work) {
     std::vector<double> seconds;
-    for (int i = 0; i < kEdits; ++i)
+    for (int i = 0; i < times; ++i)
         seconds.push_back(secondsOf([&] { work(i); }));
-    std::ranges::nth_element(seconds, seconds.begin() + kEdits / 2);
-    return seconds[kEdits / 2];
+    std::ranges::sort(seconds);
+    return seconds[seconds.size() / 2];
 }
 
 /// Returns the seconds for one page, on pages that are evenly distributed from the top to the bottom.
 double secondsOfAPage(QAbstractItemView& view, PaintCounter& counter) {
     QScrollBar& bar = *view.verticalScrollBar();
     const int pages = std::min(kPages, bar.maximum() / bar.pageStep());
+    require(pages > 0, "the tree is too small to be scrolled");
     const double seconds = secondsOf([&] {
         for (int page = 0; page < pages; ++page) {
             bar.setValue(static_cast<int>(static_cast<qint64>(bar.maximum()) * (page + 1) / pages));
@@ -148,18 +150,18 @@ Figures measure(bool own, std::size_t links) {
     measured->show(link);
     counter.paint();
     const QImage picture = view.grab().toImage();
-    figures.rename = medianOf([&](int i) {
+    figures.rename = medianOf(kRenames, [&](int i) {
         measured->rename(link, fmt::format("renamed {}", i));
         counter.paint();
     });
     require(view.grab().toImage() != picture, "a view does not show the new name");
     Bookmark& folder = *link.getParent();
     const std::size_t place = folder.getChildren()->indexOf(link);
-    figures.insert = medianOf([&](int) {
+    figures.insert = medianOf(kInserts, [&](int) {
         measured->insert(folder, place, Bookmark::init(Date()));
         counter.paint();
     });
-    requireRows(view, nodes + kEdits);
+    requireRows(view, nodes + kInserts);
     return figures;
 }
 

@@ -106,7 +106,8 @@ void OutlineKeys::goLeft(std::size_t row) {
 }
 
 void OutlineKeys::type(const QString& text) {
-    if (text.isEmpty() || view_.rowCount() == 0)
+    const int rows = view_.rowCount();
+    if (text.isEmpty() || rows == 0)
         return;
     const bool goesOn =
         sinceTyped_.isValid() && sinceTyped_.elapsed() < QApplication::keyboardInputInterval();
@@ -115,7 +116,7 @@ void OutlineKeys::type(const QString& text) {
     sinceTyped_.start();
     const int current = std::max(0, view_.currentIndex().row());
     const bool lookFurther = view_.selectionModel()->hasSelection() && typed_ == text;
-    const auto start = static_cast<std::size_t>((current + (lookFurther ? 1 : 0)) % view_.rowCount());
+    const auto start = static_cast<std::size_t>((current + (lookFurther ? 1 : 0)) % rows);
     if (const auto row = commands_.finding.rowWithPrefix(typed_.toStdString(), start))
         view_.goToRow(*row);
 }

@@ -223,7 +223,7 @@ void OutlineWidget::selectRows(const RowSet& rows) {
 
 void OutlineWidget::selectAll() {
     const QScopedValueRollback change(changesOfController_, changesOfController_ + 1);
-    QAbstractItemView::selectAll();
+    OutlineRowsView::selectAll();
 }
 
 void OutlineWidget::scrollRowToVisible(std::size_t row) {
@@ -273,7 +273,7 @@ std::optional<Column> OutlineWidget::columnUnderPointer() const {
 // Tab moves from the name to the URL and back.
 void OutlineWidget::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
     const QPersistentModelIndex edited = edited_;
-    QAbstractItemView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+    OutlineRowsView::closeEditor(editor, QAbstractItemDelegate::NoHint);
     const bool goesOn =
         hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem;
     if (!goesOn || !edited.isValid() || !controller_)
@@ -285,7 +285,7 @@ void OutlineWidget::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditH
 }
 
 void OutlineWidget::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
-    QAbstractItemView::selectionChanged(selected, deselected);
+    OutlineRowsView::selectionChanged(selected, deselected);
     if (controller_)
         controller_->outline().selectionDidChange(changesOfController_ > 0 ? SelectedBy::Program
                                                                            : SelectedBy::User);
@@ -294,7 +294,7 @@ void OutlineWidget::selectionChanged(const QItemSelection& selected, const QItem
 }
 
 void OutlineWidget::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    QAbstractItemView::currentChanged(current, previous);
+    OutlineRowsView::currentChanged(current, previous);
     tellAccessibility(QAccessible::Focus, QItemSelection(current, current));
 }
 

@@ -25,7 +25,7 @@ DragOperation operationOf(Qt::DropAction result, bool endedHere) {
 } // namespace
 
 void OutlineWidget::changeEvent(QEvent* event) {
-    QAbstractItemView::changeEvent(event);
+    OutlineRowsView::changeEvent(event);
     const bool looks = event->type() == QEvent::StyleChange || event->type() == QEvent::ApplicationFontChange;
     if (looks && controller_)
         applyFont();
