@@ -36,13 +36,14 @@ ARROWS = {
     "cli": _UPPER | {"window", "app", "platform/fake"},
     "main": _UPPER | {"window", "app", "ui", "cli", "platform/fake", "platform/linux"},
     "bench": _PROOF,
+    "bench/ui": _PROOF | {"ui", "bench"},
     "fuzz": _PROOF | {"tests"},
     "tests": _PROOF | {"bench", "fuzz"},
     "tests/ui": _PROOF | {"ui", "tests"},
 }
 
 # The rooms that may include Qt or any other part of a desktop.
-TOOLKIT_ROOMS = {"ui", "main", "platform/linux", "tests/ui"}
+TOOLKIT_ROOMS = {"ui", "main", "platform/linux", "bench/ui", "tests/ui"}
 TOOLKIT_HEADER = re.compile(r"^(Q[A-Za-z]|X11/|xcb/|dbus/|gio/|glib|gtk/|wayland-)")
 
 # What the build makes and one source includes.
@@ -56,8 +57,8 @@ def room_of(path):
     parts = Path(path).parts
     if parts[0] == "platform" and len(parts) > 2:
         return f"platform/{parts[1]}"
-    if parts[:2] == ("tests", "ui"):
-        return "tests/ui"
+    if parts[:2] in (("tests", "ui"), ("bench", "ui")):
+        return "/".join(parts[:2])
     return parts[0] if parts[0] in SOURCE_FOLDERS else None
 
 

@@ -15,7 +15,7 @@ protected:
         openWidget();
     }
     OutlineHeader& header() { return widget().header(); }
-    int width(Column column) { return header().sectionSize(OutlineHeader::sectionOf(column)); }
+    int width(Column column) { return header().sectionSize(header().sectionOf(column)); }
     int total() {
         int sum = 0;
         for (const Column column : header().shownColumns())
@@ -24,10 +24,10 @@ protected:
     }
     // Drags the right border of the column with the mouse.
     void drag(Column column, int change) {
-        header().resizeSection(OutlineHeader::sectionOf(column), width(column) + change);
+        header().resizeSection(header().sectionOf(column), width(column) + change);
     }
     void move(Column column, int place) {
-        header().moveSection(header().visualIndex(OutlineHeader::sectionOf(column)), place);
+        header().moveSection(header().visualIndex(header().sectionOf(column)), place);
     }
     using Columns = std::vector<Column>;
 };
@@ -62,14 +62,14 @@ TEST_F(OutlineColumnsTest, TagsColumnIsBackAtItsPlaceInTheNextWindow) {
         openWidget();
         move(Column::Tags, place);
         openWidget();
-        EXPECT_EQ(header().tagsIndex(), static_cast<std::size_t>(place));
+        EXPECT_EQ(header().placeOf(Column::Tags), static_cast<std::size_t>(place));
     }
 }
 
 TEST_F(OutlineColumnsTest, AddingTheTagsColumnIsNoMoveByTheUser) {
     base.defaults.setIntegerForKey("TagsIndex", 9);
     controller->table().addTagsColumn();
-    EXPECT_EQ(header().tagsIndex(), 2u);
+    EXPECT_EQ(header().placeOf(Column::Tags), 2u);
     EXPECT_EQ(base.defaults.integerForKey("TagsIndex"), 9);
 }
 
@@ -118,9 +118,9 @@ TEST_F(OutlineColumnsTest, BorderBetweenURLAndTagsResizesTags) {
 }
 
 TEST_F(OutlineColumnsTest, WideNameColumnLeavesRoomForTheOthersInANarrowWindow) {
-    header().setNameWidth(3000);
+    header().setWidth(Column::Name, 3000);
     EXPECT_EQ(width(Column::URL), OutlineHeader::kSmallestColumn);
-    EXPECT_EQ(header().nameWidth(), 3000) << "it comes back in a wide window";
+    EXPECT_EQ(header().widthOf(Column::Name), 3000) << "it comes back in a wide window";
 }
 
 TEST_F(OutlineColumnsTest, NamesAndTrianglesWorkWhereverTheNameColumnStands) {
@@ -128,7 +128,7 @@ TEST_F(OutlineColumnsTest, NamesAndTrianglesWorkWhereverTheNameColumnStands) {
     add(makeLink("inside"), &add(makeFolder("outer", false)));
     openWidget();
     move(Column::Name, 1);
-    EXPECT_TRUE(header().isURLFirst());
+    EXPECT_TRUE(header().isBefore(Column::URL, Column::Name));
     const QRect name = cell(1, Column::Name);
     EXPECT_GT(name.left(), 300);
     QTest::mouseClick(widget().viewport(), Qt::LeftButton, {}, QPoint(name.left() + 12, name.center().y()));

@@ -104,10 +104,10 @@ TEST_F(OutlineDraggingTest, aFolderOpensUnderADragThatRests) {
     data.setText("https://new/");
     ASSERT_TRUE(enter(place(0)));
     moveTo(place(0));
-    QTest::qWait(OutlineWidget::kSpringDelay / 3);
+    QTest::qWait(OutlineDrops::kSpringDelay / 3);
     moveTo(place(0) + QPoint(3, 0));
     EXPECT_FALSE(folder.showHier()) << "a drag that passes by opens nothing";
-    EXPECT_TRUE(QTest::qWaitFor([&] { return folder.showHier(); }, 3 * OutlineWidget::kSpringDelay));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return folder.showHier(); }, 3 * OutlineDrops::kSpringDelay));
     EXPECT_EQ(names(), (Names{"f", "inside"}));
     EXPECT_EQ(drop(place(1, 0.9)), Qt::CopyAction);
     EXPECT_EQ(names(), (Names{"f", "inside", "Untitled"}));
@@ -121,7 +121,7 @@ TEST_F(OutlineDraggingTest, aDragThatLeavesOpensNothing) {
     moveTo(place(0));
     QDragLeaveEvent leave;
     QApplication::sendEvent(widget().viewport(), &leave);
-    QTest::qWait(OutlineWidget::kSpringDelay * 3 / 2);
+    QTest::qWait(OutlineDrops::kSpringDelay * 3 / 2);
     EXPECT_FALSE(folder.showHier());
 }
 

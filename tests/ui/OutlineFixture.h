@@ -76,7 +76,7 @@ protected:
         return names;
     }
     QRect cell(int row, Column column) {
-        return widget().visualRect(widget().model()->index(row, OutlineHeader::sectionOf(column)));
+        return widget().visualRect(widget().model()->index(row, widget().header().sectionOf(column)));
     }
     int currentRow() { return widget().currentIndex().row(); }
 

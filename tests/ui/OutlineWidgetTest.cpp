@@ -293,7 +293,7 @@ TEST_F(OutlineWidgetTest, NameTakesNearlyHalfUntilItIsResized) {
     openWidget();
     const auto nameWidth = [this] { return widget().visualRect(widget().model()->index(0, 0)).width(); };
     EXPECT_NEAR(nameWidth(), 900 * 0.45, 10);
-    widget().header().setNameWidth(300);
+    widget().header().setWidth(Column::Name, 300);
     EXPECT_EQ(nameWidth(), 300);
     widget().resize(1200, 600);
     EXPECT_EQ(nameWidth(), 300);

@@ -114,12 +114,15 @@ DocumentMainWindow::DocumentMainWindow(ViewController& controller, AppDelegate& 
 void DocumentMainWindow::rememberColumns() {
     OutlineHeader& header = outline_->header();
     if (const auto width = state_.integerForKey(kNameColumnKey); width > 0)
-        header.setNameWidth(static_cast<int>(std::min<std::int64_t>(width, kWidestColumn)));
-    header.setURLFirst(state_.boolForKey(kURLFirstKey));
-    connect(&header, &OutlineHeader::nameWidthChanged, this,
-            [this](int width) { state_.setIntegerForKey(kNameColumnKey, width); });
-    connect(&header, &OutlineHeader::columnsMoved, this,
-            [this, &header] { state_.setBoolForKey(kURLFirstKey, header.isURLFirst()); });
+        header.setWidth(Column::Name, static_cast<int>(std::min<std::int64_t>(width, kWidestColumn)));
+    header.setBefore(Column::URL, Column::Name, state_.boolForKey(kURLFirstKey));
+    connect(&header, &OutlineHeader::widthChanged, this, [this](Column column, int width) {
+        if (column == Column::Name)
+            state_.setIntegerForKey(kNameColumnKey, width);
+    });
+    connect(&header, &OutlineHeader::columnsMoved, this, [this, &header] {
+        state_.setBoolForKey(kURLFirstKey, header.isBefore(Column::URL, Column::Name));
+    });
 }
 
 void DocumentMainWindow::restoreGeometryOfLastWindow() {
@@ -226,24 +229,24 @@ bool DocumentMainWindow::takesLinks(const QDropEvent& event) const {
 void DocumentMainWindow::dragEnterEvent(QDragEnterEvent* event) {
     if (!takesLinks(*event))
         acceptFiles(event);
-    else if (!outline_->beginDragOver(*event) || !outline_->offerDrop(event, {}))
+    else if (!outline_->drops().begin(*event) || !outline_->drops().offer(event, {}))
         event->ignore();
 }
 
 void DocumentMainWindow::dragMoveEvent(QDragMoveEvent* event) {
     if (takesLinks(*event))
-        outline_->offerDrop(event, {});
+        outline_->drops().offer(event, {});
     else
         acceptFiles(event);
 }
 
 void DocumentMainWindow::dragLeaveEvent(QDragLeaveEvent*) {
-    outline_->endDragOver();
+    outline_->drops().end();
 }
 
 void DocumentMainWindow::dropEvent(QDropEvent* event) {
     if (takesLinks(*event))
-        return outline_->performDrop(event, {});
+        return outline_->drops().perform(event, {});
     acceptFiles(event);
     if (!event->isAccepted())
         return;

@@ -8,12 +8,6 @@
 namespace tabulon {
 namespace {
 
-constexpr qint64 kColumns = 3;
-
-qint64 keyOf(qint64 row, Column column) {
-    return (row + 1) * kColumns + static_cast<qint64>(column);
-}
-
 QAccessibleInterface* makeInterface(const QString&, QObject* object) {
     auto* outline = qobject_cast<OutlineWidget*>(object);
     return outline ? new OutlineAccessible(outline) : nullptr;
@@ -29,6 +23,14 @@ int accessibleChild(const OutlineWidget& outline, int row, Column column) {
     const std::vector<Column> shown = outline.header().shownColumns();
     const auto columns = static_cast<int>(shown.size());
     return columns + row * columns + static_cast<int>(std::ranges::find(shown, column) - shown.begin());
+}
+
+qint64 OutlineAccessible::firstKeyOf(qint64 row) const {
+    return (row + 1) * static_cast<qint64>(outline()->header().columns().size());
+}
+
+qint64 OutlineAccessible::keyOf(qint64 row, Column column) const {
+    return firstKeyOf(row) + outline()->header().sectionOf(column);
 }
 
 OutlineAccessible::OutlineAccessible(OutlineWidget* outline)
@@ -105,7 +107,7 @@ QAccessibleInterface* OutlineAccessible::childAt(int x, int y) const {
     const QModelIndex index = outline()->indexAt(outline()->viewport()->mapFromGlobal(QPoint(x, y)));
     if (!index.isValid())
         return nullptr;
-    return cell(index.row(), static_cast<Column>(index.column()));
+    return cell(index.row(), outline()->header().columnAt(index.column()));
 }
 
 QAccessibleInterface* OutlineAccessible::focusChild() const {
@@ -190,9 +192,9 @@ void OutlineAccessible::forgetFrom(qint64 firstKey) {
 void OutlineAccessible::modelChange(QAccessibleTableModelChangeEvent* event) {
     using Event = QAccessibleTableModelChangeEvent;
     if (event->modelChangeType() == Event::RowsInserted || event->modelChangeType() == Event::RowsRemoved)
-        forgetFrom(keyOf(event->firstRow(), Column::Name));
+        forgetFrom(firstKeyOf(event->firstRow()));
     else if (event->modelChangeType() != Event::DataChanged)
-        forgetFrom(keyOf(0, Column::Name));
+        forgetFrom(firstKeyOf(0));
 }
 
 } // namespace tabulon

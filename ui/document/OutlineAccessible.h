@@ -31,7 +31,10 @@ public:
     // QAccessibleInterface
 
     void* interface_cast(QAccessible::InterfaceType type) override;
+    /// Returns the number of titles and cells, 0 after the outline was detached.
     int childCount() const override;
+    /// Returns the title or cell, created if need be; `nullptr` for an index that is not below
+    /// `childCount()`.
     QAccessibleInterface* child(int index) const override;
     int indexOfChild(const QAccessibleInterface* child) const override;
     /// Returns the cell at this place on the screen, or `nullptr`.
@@ -70,6 +73,10 @@ public:
 
 private:
     OutlineWidget* outline() const;
+    /// Returns the smallest key of a row, or for row -1 that of the titles.
+    qint64 firstKeyOf(qint64 row) const;
+    /// Returns the key of a cell in `children_`, or for row -1 that of a title.
+    qint64 keyOf(qint64 row, Column column) const;
     /// Returns the title of a column, created if need be.
     QAccessibleInterface* title(Column column) const;
     /// Returns a cell, created if need be.

@@ -1,7 +1,12 @@
 #include "ui/document/OutlineEditor.h"
 
 #include "ui/LineField.h"
-#include "ui/document/OutlineWidget.h"
+#include "ui/Strings.h"
+#include "ui/document/OutlineHeader.h"
+#include "ui/document/OutlineRowsView.h"
+#include "window/FieldEditing.h"
+#include "window/Outline.h"
+#include "window/OutlineCells.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -11,6 +16,8 @@
 
 namespace tabulon {
 namespace {
+
+constexpr int kFieldMargin = 2; // between a field's edge and its text
 
 // A key that the field does not use must not reach the rows.
 class CellField : public LineField {
@@ -30,13 +37,14 @@ protected:
 
 } // namespace
 
-OutlineEditor::OutlineEditor(OutlineWidget& outline) : QStyledItemDelegate(&outline), outline_(outline) {}
+OutlineEditor::OutlineEditor(OutlineRowsView& view, const Texts& texts)
+    : QStyledItemDelegate(&view), view_(view), texts_(texts) {}
 
 QWidget* OutlineEditor::createEditor(QWidget* parent, const QStyleOptionViewItem&,
                                      const QModelIndex& index) const {
     auto* field = new CellField(parent);
-    field->setFont(outline_.font());
-    field->setAccessibleName(outline_.model()->headerData(index.column(), Qt::Horizontal).toString());
+    field->setFont(view_.font());
+    field->setAccessibleName(view_.model()->headerData(index.column(), Qt::Horizontal).toString());
     return field;
 }
 
@@ -44,14 +52,45 @@ void OutlineEditor::setEditorData(QWidget* editor, const QModelIndex& index) con
     auto* field = static_cast<LineField*>(editor);
     if (field->isModified())
         return; // keeps what was typed although the row has changed
-    field->showText(outline_.fieldText(index));
+    field->showText(storedText(index));
     field->selectAll();
 }
 
 void OutlineEditor::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const {
     const auto* field = static_cast<QLineEdit*>(editor);
-    if (field->isModified())
-        outline_.endField(index, field->text());
+    if (!field->isModified() || !view_.model())
+        return;
+    const auto row = static_cast<std::size_t>(index.row());
+    const std::string text = field->text().toStdString();
+    switch (view_.header().columnAt(index.column())) {
+    case Column::Name:
+        return texts_.fields.endNameEdit(row, text);
+    case Column::URL:
+        return texts_.fields.endURLEdit(row, text);
+    case Column::Tags:
+        return texts_.fields.endTagsEdit(row, text);
+    }
+}
+
+QString OutlineEditor::storedText(const QModelIndex& index) const {
+    const Bookmark& item = texts_.outline.itemAtRow(static_cast<std::size_t>(index.row()));
+    const Column column = view_.header().columnAt(index.column());
+    const Text& text = column == Column::Name  ? item.itemName()
+                       : column == Column::URL ? item.itemURL()
+                                               : item.itemTags();
+    return toQString(text.view());
+}
+
+QRect OutlineEditor::fieldRect(const QModelIndex& index) const {
+    const Column column = view_.header().columnAt(index.column());
+    QRect area = view_.geometry().textArea(index.row(), column);
+    if (column == Column::Name) {
+        const auto row = static_cast<std::size_t>(index.row());
+        const CellContent cell = texts_.cells.viewForTableColumn(column, row, true);
+        area.setLeft(
+            view_.geometry().nameCell(index.row(), texts_.outline.levelForRow(row), cell).text.left());
+    }
+    return area.adjusted(-kFieldMargin, 0, 0, 0);
 }
 
 void OutlineEditor::end(QWidget& field) {
@@ -89,7 +128,7 @@ bool OutlineEditor::eventFilter(QObject* object, QEvent* event) {
 
 void OutlineEditor::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem&,
                                          const QModelIndex& index) const {
-    editor->setGeometry(outline_.fieldRect(index));
+    editor->setGeometry(fieldRect(index));
 }
 
 } // namespace tabulon

@@ -7,16 +7,9 @@
 #include <algorithm>
 
 namespace tabulon {
-namespace {
 
-constexpr double kNameShare = 0.45;
-constexpr int kName = OutlineHeader::sectionOf(Column::Name);
-constexpr int kURL = OutlineHeader::sectionOf(Column::URL);
-constexpr int kTags = OutlineHeader::sectionOf(Column::Tags);
-
-} // namespace
-
-OutlineHeader::OutlineHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
+OutlineHeader::OutlineHeader(OutlineColumns columns, QWidget* parent)
+    : QHeaderView(Qt::Horizontal, parent), columns_(std::move(columns)), widths_(columns_.size()) {
     setSectionsClickable(true);
     setSectionsMovable(true);
     setHighlightSections(false);
@@ -26,6 +19,20 @@ OutlineHeader::OutlineHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, pare
         if (!arranging_)
             emit columnsMoved();
     });
+}
+
+int OutlineHeader::sectionOf(Column column) const {
+    return static_cast<int>(std::ranges::find(columns_, column, &OutlineColumn::identifier) -
+                            columns_.begin());
+}
+
+void OutlineHeader::setModel(QAbstractItemModel* model) {
+    QHeaderView::setModel(model);
+    if (!model)
+        return;
+    for (const OutlineColumn& column : columns_)
+        if (column.hideable)
+            hideColumn(column.identifier);
 }
 
 void OutlineHeader::layOut(int width) {
@@ -40,94 +47,109 @@ void OutlineHeader::layOutAnew() {
     emit laidOut();
 }
 
+// Columns with a share divide what those with a width of their own leave.
 void OutlineHeader::arrange() {
     const QScopedValueRollback arranging(arranging_, true);
-    const int tags = isSectionHidden(kTags) ? 0 : fitting(tagsWidth_);
-    const int share = static_cast<int>((width_ - tags) * kNameShare);
-    const int name = std::min(fitting(nameWidth_.value_or(share)), width_ - tags - kSmallestColumn);
-    resizeSection(kName, std::max(kSmallestColumn, name));
-    if (tags > 0)
-        resizeSection(kTags, tags);
-    resizeSection(kURL, std::max(kSmallestColumn, width_ - sectionSize(kName) - tags));
+    int taken = 0;
+    for (const ColumnWidth kind : {ColumnWidth::Set, ColumnWidth::Share, ColumnWidth::Rest}) {
+        const int takenBefore = taken;
+        for (int section = 0; section < count(); ++section) {
+            if (columns_[static_cast<std::size_t>(section)].width != kind || isSectionHidden(section))
+                continue;
+            const int wanted = kind == ColumnWidth::Rest ? width_ - taken : wantedWidth(section, takenBefore);
+            resizeSection(section, std::max(kSmallestColumn, wanted));
+            taken += sectionSize(section);
+        }
+    }
 }
 
-// Returns the nearest width that leaves the smallest width for each other column.
+int OutlineHeader::wantedWidth(int section, int taken) const {
+    const auto number = static_cast<std::size_t>(section);
+    if (columns_[number].width == ColumnWidth::Set)
+        return fitting(widths_[number].value_or(0));
+    const int share = static_cast<int>((width_ - taken) * columns_[number].share);
+    return std::min(fitting(widths_[number].value_or(share)), width_ - taken - kSmallestColumn);
+}
+
 int OutlineHeader::fitting(int width) const {
-    const int others = isSectionHidden(kTags) ? 1 : 2;
+    const int others = static_cast<int>(shownColumns().size()) - 1;
     return std::max(kSmallestColumn, std::min(width, width_ - others * kSmallestColumn));
 }
 
-void OutlineHeader::setNameWidth(std::optional<int> width) {
-    nameWidth_ = width;
+void OutlineHeader::setWidth(Column column, std::optional<int> width) {
+    widths_[static_cast<std::size_t>(sectionOf(column))] = width;
     layOutAnew();
 }
 
-void OutlineHeader::showTags(std::size_t index, int width) {
+std::optional<int> OutlineHeader::widthOf(Column column) const {
+    return widths_[static_cast<std::size_t>(sectionOf(column))];
+}
+
+void OutlineHeader::showColumn(Column column, std::size_t index, int width) {
     const QScopedValueRollback arranging(arranging_, true);
-    tagsWidth_ = width;
-    setSectionHidden(kTags, false);
-    moveSection(visualIndex(kTags), static_cast<int>(std::min<std::size_t>(index, kTags)));
+    const int section = sectionOf(column);
+    widths_[static_cast<std::size_t>(section)] = width;
+    setSectionHidden(section, false);
+    moveSection(visualIndex(section), static_cast<int>(std::min(index, columns_.size() - 1)));
     layOutAnew();
 }
 
-void OutlineHeader::hideTags() {
-    setSectionHidden(kTags, true);
+void OutlineHeader::hideColumn(Column column) {
+    setSectionHidden(sectionOf(column), true);
     layOutAnew();
 }
 
-std::optional<std::size_t> OutlineHeader::tagsIndex() const {
-    if (isSectionHidden(kTags))
+std::optional<std::size_t> OutlineHeader::placeOf(Column column) const {
+    if (isSectionHidden(sectionOf(column)))
         return std::nullopt;
-    return static_cast<std::size_t>(visualIndex(kTags));
+    return static_cast<std::size_t>(visualIndex(sectionOf(column)));
 }
 
-bool OutlineHeader::isURLFirst() const {
-    return visualIndex(kURL) < visualIndex(kName);
+bool OutlineHeader::isBefore(Column column, Column other) const {
+    return visualIndex(sectionOf(column)) < visualIndex(sectionOf(other));
 }
 
-void OutlineHeader::setURLFirst(bool first) {
+void OutlineHeader::setBefore(Column column, Column other, bool before) {
     const QScopedValueRollback arranging(arranging_, true);
-    if (first != isURLFirst())
-        moveSection(visualIndex(kURL), visualIndex(kName));
+    if (before != isBefore(column, other))
+        moveSection(visualIndex(sectionOf(column)), visualIndex(sectionOf(other)));
 }
 
 std::vector<Column> OutlineHeader::shownColumns() const {
     std::vector<Column> columns;
     for (int place = 0; place < count(); ++place)
         if (const int section = logicalIndex(place); !isSectionHidden(section))
-            columns.push_back(static_cast<Column>(section));
+            columns.push_back(columnAt(section));
     return columns;
 }
 
-void OutlineHeader::setWidth(Column column, int width) {
-    width = fitting(width);
-    if (column == Column::Name) {
-        nameWidth_ = width;
-        emit nameWidthChanged(width);
-    } else if (column == Column::Tags) {
-        tagsWidth_ = width;
-        emit tagsWidthChanged(width);
-    }
+void OutlineHeader::takeWidth(Column column, int width) {
+    const int taken = fitting(width);
+    widths_[static_cast<std::size_t>(sectionOf(column))] = taken;
+    emit widthChanged(column, taken);
 }
 
 void OutlineHeader::sectionWasResized(int section, int oldWidth, int newWidth) {
     if (arranging_ || width_ == 0)
         return;
-    if (!nameWidth_)
-        nameWidth_ = sectionSize(kName); // so that only this border moves
-    if (section == kURL)
-        resizeBesideURL(newWidth - oldWidth);
+    for (std::size_t i = 0; i < columns_.size(); ++i) // so that only this border moves
+        if (columns_[i].width == ColumnWidth::Share && !widths_[i])
+            widths_[i] = sectionSize(static_cast<int>(i));
+    if (columns_[static_cast<std::size_t>(section)].width == ColumnWidth::Rest)
+        resizeBesideRest(newWidth - oldWidth);
     else
-        setWidth(static_cast<Column>(section), newWidth);
+        takeWidth(columnAt(section), newWidth);
     layOutAnew();
 }
 
-// A change of URL's right border changes the width of the column to its right.
-void OutlineHeader::resizeBesideURL(int change) {
+void OutlineHeader::resizeBesideRest(int change) {
+    const auto isRest = [this](Column column) {
+        return columns_[static_cast<std::size_t>(sectionOf(column))].width == ColumnWidth::Rest;
+    };
     const std::vector<Column> shown = shownColumns();
-    const auto next = std::ranges::find(shown, Column::URL) + 1;
+    const auto next = std::ranges::find_if(shown, isRest) + 1;
     if (next != shown.end())
-        setWidth(*next, sectionSize(sectionOf(*next)) - change);
+        takeWidth(*next, sectionSize(sectionOf(*next)) - change);
 }
 
 // The title is drawn by `paintSection`, aligned with the texts below it.

@@ -16,8 +16,8 @@ int lastOf(RowRange rows) {
 
 } // namespace
 
-OutlineModel::OutlineModel(ViewController& controller, QStringList columnTitles, QObject* parent)
-    : QAbstractTableModel(parent), controller_(controller), columnTitles_(std::move(columnTitles)),
+OutlineModel::OutlineModel(ViewController& controller, OutlineColumns columns, QObject* parent)
+    : QAbstractTableModel(parent), controller_(controller), columns_(std::move(columns)),
       rows_(static_cast<int>(controller.outline().numberOfRows())) {}
 
 int OutlineModel::rowCount(const QModelIndex& parent) const {
@@ -25,7 +25,7 @@ int OutlineModel::rowCount(const QModelIndex& parent) const {
 }
 
 int OutlineModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(columnTitles_.size());
+    return parent.isValid() ? 0 : static_cast<int>(columns_.size());
 }
 
 QVariant OutlineModel::data(const QModelIndex& index, int role) const {
@@ -50,10 +50,10 @@ Qt::ItemFlags OutlineModel::flags(const QModelIndex& index) const {
 }
 
 QVariant OutlineModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal)
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
         return {};
     if (role == Qt::DisplayRole)
-        return columnTitles_.value(section);
+        return columns_[static_cast<std::size_t>(section)].title;
     if (role == Qt::TextAlignmentRole)
         return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
     return {};

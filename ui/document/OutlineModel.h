@@ -1,9 +1,9 @@
-// The controller's rows as a flat table: one row for each visible node, and one column each for name, URL and
-// tags, whether the tags are shown or not. The depth of a row is not in the model; the view asks the
-// controller for it. A table of this size stays fast, unlike a tree of indexes.
+// The controller's rows as a flat table: one row for each visible node, and all columns, whether they are
+// shown or not. The depth of a row is not in the model; the view asks the controller for it. A table of this
+// size stays fast, unlike a tree of indexes.
 #pragma once
 
-#include "window/CellContent.h"
+#include "ui/document/OutlineColumns.h"
 #include "window/OutlineView.h"
 
 #include <QAbstractTableModel>
@@ -18,15 +18,12 @@ class OutlineModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    /// `columnTitles` are in the order of Column. Requires: the controller outlives this object.
-    OutlineModel(ViewController& controller, QStringList columnTitles, QObject* parent);
-
-    /// Returns the column of a section.
-    static Column columnAt(int section) { return static_cast<Column>(section); }
+    /// Requires: the controller outlives this object.
+    OutlineModel(ViewController& controller, OutlineColumns columns, QObject* parent);
 
     /// Returns the number of rows, which changes with the `did` functions below.
     int rowCount(const QModelIndex& parent = {}) const override;
-    /// Returns 3.
+    /// Returns the number of columns, shown or not.
     int columnCount(const QModelIndex& parent = {}) const override;
     /// Returns the text of a cell in one line, for display and for accessibility.
     QVariant data(const QModelIndex& index, int role) const override;
@@ -52,8 +49,11 @@ public:
     void didChange(RowRange rows);
 
 private:
+    /// Returns the column of a section.
+    Column columnAt(int section) const { return columns_[static_cast<std::size_t>(section)].identifier; }
+
     ViewController& controller_;
-    const QStringList columnTitles_;
+    const OutlineColumns columns_;
     int rows_ = 0;
     int changing_ = 0;
 };

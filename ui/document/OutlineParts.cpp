@@ -18,6 +18,10 @@ int OutlinePart::place() const {
     return static_cast<int>(std::ranges::find(columns, column_) - columns.begin());
 }
 
+int OutlinePart::section() const {
+    return outline_->header().sectionOf(column_);
+}
+
 QString OutlineTitle::text(QAccessible::Text kind) const {
     if (kind != QAccessible::Name || !isValid())
         return {};

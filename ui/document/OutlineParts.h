@@ -22,6 +22,7 @@ public:
     Column column() const { return column_; }
 
     QObject* object() const override { return nullptr; }
+    /// Returns the outline, or `nullptr` if it was destroyed.
     QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(outline_); }
     QAccessibleInterface* child(int) const override { return nullptr; }
     QAccessibleInterface* childAt(int, int) const override { return nullptr; }
@@ -34,8 +35,8 @@ protected:
     bool isColumnShown() const;
     /// Returns the number of shown columns to the left of this one.
     int place() const;
-    /// Returns the number of the column in the model and the header.
-    int section() const { return static_cast<int>(column_); }
+    /// Returns the number of the column in the model and the header. Requires: the outline exists.
+    int section() const;
 
     const QPointer<OutlineWidget> outline_;
 
@@ -66,7 +67,9 @@ public:
 
     bool isValid() const override;
     void* interface_cast(QAccessible::InterfaceType type) override;
+    /// Returns TreeItem for the Name column, Separator for that of a separator, else Cell.
     QAccessible::Role role() const override;
+    /// Returns the state of the row, with `invalid` if the cell is not valid.
     QAccessible::State state() const override;
     QString text(QAccessible::Text kind) const override;
     QRect rect() const override;
@@ -83,6 +86,7 @@ public:
     /// Returns the actions of the cell: toggling expands and collapses a folder, focusing selects the row
     /// alone.
     QStringList actionNames() const override;
+    /// Does nothing for a name that is not in `actionNames()`.
     void doAction(const QString& name) override;
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
 

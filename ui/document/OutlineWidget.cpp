@@ -1,4 +1,4 @@
-// Construction, geometry and selection of the outline, and the functions of OutlineView.
+// Construction of the outline, the functions of OutlineView, the selection, and editing in place.
 #include "ui/document/OutlineWidget.h"
 
 #include "ui/document/OutlineAccessible.h"
@@ -8,6 +8,8 @@
 #include "window/ViewController.h"
 
 #include <QApplication>
+#include <QCursor>
+#include <QInputMethod>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
@@ -15,7 +17,6 @@ namespace tabulon {
 namespace {
 
 constexpr double kPointsPerInch = 72;
-constexpr int kSmallestIcon = 16;
 constexpr double kLargestFont = 500; // limits of the settings
 constexpr double kLargestRow = 1000;
 constexpr double kLargestColumn = 10000;
@@ -38,54 +39,46 @@ RowSet toRowSet(const QItemSelection& selection) {
 } // namespace
 
 OutlineWidget::OutlineWidget(ViewController& controller, const QStringList& columnTitles, QWidget* parent)
-    : QAbstractItemView(parent), controller_(&controller),
-      rows_(new OutlineModel(controller, columnTitles, this)), header_(new OutlineHeader(this)) {
+    : OutlineRowsView(documentColumns(columnTitles), parent), controller_(&controller),
+      rows_(new OutlineModel(controller, header().columns(), this)),
+      painter_({*this, header(), geometry(), controller.outline(), controller.cells()}),
+      drops_(*this, {controller.outline(), controller.dragging(), controller.items()}),
+      keys_(*this,
+            {controller.outline(), controller.editing(), controller.expanding(), controller.finding()}),
+      pointer_(*this, controller.outline(), controller.cells()) {
     installOutlineAccessibility();
     setObjectName("outline");
-    setFrameShape(QFrame::NoFrame);
-    setSelectionBehavior(SelectRows);
-    setSelectionMode(ExtendedSelection);
     setEditTriggers(NoEditTriggers);
-    setItemDelegate(new OutlineEditor(*this));
-    setHorizontalScrollMode(ScrollPerPixel);
-    setVerticalScrollMode(ScrollPerPixel);
+    setItemDelegate(
+        new OutlineEditor(*this, {controller.outline(), controller.cells(), controller.fields()}));
+    connect(&drops_, &OutlineDrops::markChanged, viewport(), qOverload<>(&QWidget::update));
     setMouseTracking(true);
     setDragEnabled(true);
     setAcceptDrops(true);
     showModel(rows_);
-    header_->hideTags();
     connectHeader();
     applyFont();
 }
 
 void OutlineWidget::connectHeader() {
-    const auto columnsChanged = [this] {
-        updateGeometries();
-        viewport()->update();
-    };
-    connect(header_, &OutlineHeader::laidOut, this, columnsChanged);
-    connect(header_, &QHeaderView::sectionMoved, this, columnsChanged);
-    connect(header_, &OutlineHeader::columnsMoved, this,
+    connect(&header(), &OutlineHeader::columnsMoved, this,
             [this] { controller_->table().outlineViewColumnDidMove(); });
-    connect(header_, &QHeaderView::sectionClicked, this, [this](int section) {
+    connect(&header(), &QHeaderView::sectionClicked, this, [this](int section) {
         if (!controller_)
             return;
-        controller_->sorting().headerClicked(static_cast<Column>(section));
+        controller_->sorting().headerClicked(header().columnAt(section));
         // The header turns the arrow at each click, even if the click does not sort.
-        header_->setSortIndicator(sortedSection_, sortOrder_);
+        header().setSortIndicator(sortedSection_, sortOrder_);
     });
-    connect(header_, &OutlineHeader::tagsWidthChanged, this,
-            [this](int width) { controller_->table().tagsColumnDidResize(width / pixelsPerPoint()); });
+    connect(&header(), &OutlineHeader::widthChanged, this, [this](Column column, int width) {
+        if (column == Column::Tags)
+            controller_->table().tagsColumnDidResize(width / pixelsPerPoint());
+    });
 }
 
 void OutlineWidget::detach() {
     controller_ = nullptr;
     showModel(nullptr);
-}
-
-void OutlineWidget::showModel(QAbstractItemModel* model) {
-    header_->setModel(model);
-    QAbstractItemView::setModel(model);
 }
 
 double OutlineWidget::pixelsPerPoint() const {
@@ -96,46 +89,40 @@ void OutlineWidget::applyFont() {
     QFont font = font_.name.empty() ? QApplication::font() : QFont(QString::fromStdString(font_.name));
     if (font_.size > 0)
         font.setPointSizeF(std::min(font_.size, kLargestFont));
-    QAbstractItemView::setFont(font);
-    header_->setFont(QApplication::font());
-    const int textHeight = QFontMetrics(font).height();
-    iconSize_ = std::max(kSmallestIcon, textHeight * 9 / 10);
-    const int wantedHeight = qRound(std::min(rowHeightInPoints_, kLargestRow) * pixelsPerPoint());
-    rowHeight_ = std::max({wantedHeight, iconSize_ + 4, textHeight + 2});
-    OutlineWidget::updateGeometries();
-    viewport()->update();
+    setRowFont(font, qRound(std::min(rowHeightInPoints_, kLargestRow) * pixelsPerPoint()));
 }
 
 void OutlineWidget::showSortIndicator(std::optional<Column> column, SortDirection direction) {
-    sortedSection_ = column ? OutlineHeader::sectionOf(*column) : -1;
+    sortedSection_ = column ? header().sectionOf(*column) : -1;
     sortOrder_ = direction == SortDirection::Ascending ? Qt::AscendingOrder : Qt::DescendingOrder;
-    header_->setSortIndicatorShown(column.has_value());
-    header_->setSortIndicator(sortedSection_, sortOrder_);
+    header().setSortIndicatorShown(column.has_value());
+    header().setSortIndicator(sortedSection_, sortOrder_);
 }
 
 void OutlineWidget::setTableFont(const OutlineFont& font, double rowHeight) {
-    const int topRow = rowAtY(0);
+    const int topRow = geometry().rowAtY(0);
     font_ = font;
     rowHeightInPoints_ = rowHeight;
     applyFont();
-    verticalScrollBar()->setValue(topRow * rowHeight_); // the same rows stay visible
+    verticalScrollBar()->setValue(topRow * geometry().rowHeight()); // the same rows stay visible
 }
 
 void OutlineWidget::addTagsColumn(std::size_t index, double width) {
-    header_->showTags(index, static_cast<int>(std::clamp(width, 0.0, kLargestColumn) * pixelsPerPoint()));
+    const double points = std::clamp(width, 0.0, kLargestColumn);
+    header().showColumn(Column::Tags, index, static_cast<int>(points * pixelsPerPoint()));
 }
 
 void OutlineWidget::removeTagsColumn() {
-    header_->hideTags();
+    header().hideColumn(Column::Tags);
 }
 
 std::optional<std::size_t> OutlineWidget::tagsColumnIndex() const {
-    return header_->tagsIndex();
+    return header().placeOf(Column::Tags);
 }
 
 void OutlineWidget::willReloadData() {
-    endEditing();               // before the field is destroyed with what was typed
-    showDropSpot(std::nullopt); // its item may be removed
+    endEditing();              // before the field is destroyed with what was typed
+    drops_.mark(std::nullopt); // its item may be removed
     ++changesOfController_;
     rows_->willReload();
 }
@@ -160,7 +147,7 @@ void OutlineWidget::didInsertRows() {
 
 void OutlineWidget::willRemoveRows(RowRange rows) {
     ++changesOfController_;
-    showDropSpot(std::nullopt);
+    drops_.mark(std::nullopt);
     moveCursorFrom(static_cast<int>(rows.first), static_cast<int>(rows.first + rows.count) - 1);
     rows_->willRemove(rows);
 }
@@ -236,94 +223,69 @@ void OutlineWidget::selectRows(const RowSet& rows) {
 
 void OutlineWidget::selectAll() {
     const QScopedValueRollback change(changesOfController_, changesOfController_ + 1);
-    QAbstractItemView::selectAll();
+    OutlineRowsView::selectAll();
 }
 
 void OutlineWidget::scrollRowToVisible(std::size_t row) {
     scrollTo(indexOfRow(static_cast<int>(row)));
 }
 
-QModelIndex OutlineWidget::indexOfRow(int row) const {
-    return rows_->index(row, 0);
-}
-
-int OutlineWidget::rowAtY(int y) const {
-    return (y + verticalOffset()) / rowHeight_;
-}
-
-QRect OutlineWidget::rowRect(int row) const {
-    return {-horizontalOffset(), row * rowHeight_ - verticalOffset(),
-            std::max(header_->length(), viewport()->width()), rowHeight_};
-}
-
-QRect OutlineWidget::cellRect(int row, int column) const {
-    return {header_->sectionViewportPosition(column), row * rowHeight_ - verticalOffset(),
-            header_->sectionSize(column), rowHeight_};
-}
-
-QRect OutlineWidget::visualRect(const QModelIndex& index) const {
-    return index.isValid() && controller_ ? cellRect(index.row(), index.column()) : QRect();
-}
-
-void OutlineWidget::scrollTo(const QModelIndex& index, ScrollHint hint) {
-    if (!index.isValid() || !controller_)
+void OutlineWidget::editCell(Column column, std::size_t row) {
+    // While a mouse button is held the user selects or drags.
+    if (QApplication::mouseButtons() != Qt::NoButton)
         return;
-    executeDelayedItemsLayout();
-    const QRect rect = visualRect(index);
-    const int height = viewport()->height();
-    const bool visible = rect.top() >= 0 && rect.bottom() < height;
-    if (visible && hint == EnsureVisible)
+    const QModelIndex index = rows_->index(static_cast<int>(row), header().sectionOf(column));
+    endEditing();
+    scrollTo(index);
+    edited_ = index;
+    edit(index);
+}
+
+void OutlineWidget::endEditing() {
+    if (QWidget* field = edited_.isValid() ? indexWidget(edited_) : nullptr) {
+        QGuiApplication::inputMethod()->commit(); // includes a word that is being composed
+        commitData(field);
+        closeEditor(field, QAbstractItemDelegate::NoHint);
+    }
+}
+
+bool OutlineWidget::isEditing() const {
+    return edited_.isValid() && indexWidget(edited_);
+}
+
+bool OutlineWidget::hasKeyboard() const {
+    if (QApplication::activePopupWidget()) // a menu takes the keys
+        return false;
+    const QWidget* keyboard = window()->focusWidget();
+    return !keyboard || keyboard == this || isAncestorOf(keyboard);
+}
+
+// While the keyboard is in another field, such as the find field, the place of the pointer has no meaning.
+std::optional<Column> OutlineWidget::columnUnderPointer() const {
+    if (!hasKeyboard())
+        return std::nullopt;
+    const QModelIndex index = indexAt(viewport()->mapFromGlobal(QCursor::pos()));
+    if (!index.isValid() || selectedRow() != static_cast<std::size_t>(index.row()))
+        return std::nullopt;
+    return header().columnAt(index.column());
+}
+
+// Tab moves from the name to the URL and back.
+void OutlineWidget::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+    const QPersistentModelIndex edited = edited_;
+    OutlineRowsView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+    const bool goesOn =
+        hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem;
+    if (!goesOn || !edited.isValid() || !controller_)
         return;
-    int top = verticalScrollBar()->value() + rect.top();
-    if (hint == PositionAtBottom || (hint == EnsureVisible && rect.bottom() >= height))
-        top -= height - rowHeight_;
-    else if (hint == PositionAtCenter)
-        top -= (height - rowHeight_) / 2;
-    verticalScrollBar()->setValue(top);
-}
-
-QModelIndex OutlineWidget::indexAt(const QPoint& point) const {
-    if (!controller_ || point.y() + verticalOffset() < 0)
-        return {};
-    const int row = rowAtY(point.y());
-    const int column = header_->logicalIndexAt(point.x());
-    return row < rows_->rowCount() && column >= 0 ? rows_->index(row, column) : QModelIndex();
-}
-
-int OutlineWidget::horizontalOffset() const {
-    return horizontalScrollBar()->value();
-}
-
-int OutlineWidget::verticalOffset() const {
-    return verticalScrollBar()->value();
-}
-
-bool OutlineWidget::isIndexHidden(const QModelIndex&) const {
-    return false;
-}
-
-void OutlineWidget::setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) {
-    const int lastRow = rows_->rowCount() - 1;
-    const int top = std::max(0, rowAtY(std::max(rect.top(), -verticalOffset())));
-    const int bottom = std::min(lastRow, rowAtY(rect.bottom()));
-    QItemSelection selection;
-    if (controller_ && top <= bottom)
-        selection.select(rows_->index(top, 0), rows_->index(bottom, rows_->columnCount() - 1));
-    selectionModel()->select(selection, command);
-}
-
-QRegion OutlineWidget::visualRegionForSelection(const QItemSelection& selection) const {
-    QRegion region;
-    if (!controller_)
-        return region;
-    const QRect visible = viewport()->rect();
-    for (const QItemSelectionRange& range : selection)
-        region += rowRect(range.top()).united(rowRect(range.bottom())).intersected(visible);
-    return region;
+    const auto row = static_cast<std::size_t>(edited.row());
+    const bool toURL = header().columnAt(edited.column()) == Column::Name &&
+                       FieldEditing::shouldEdit(Column::URL, controller_->outline().itemAtRow(row));
+    controller_->fields().beginEditing(toURL ? Column::URL : Column::Name, row);
 }
 
 void OutlineWidget::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
-    QAbstractItemView::selectionChanged(selected, deselected);
+    OutlineRowsView::selectionChanged(selected, deselected);
     if (controller_)
         controller_->outline().selectionDidChange(changesOfController_ > 0 ? SelectedBy::Program
                                                                            : SelectedBy::User);
@@ -332,7 +294,7 @@ void OutlineWidget::selectionChanged(const QItemSelection& selected, const QItem
 }
 
 void OutlineWidget::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    QAbstractItemView::currentChanged(current, previous);
+    OutlineRowsView::currentChanged(current, previous);
     tellAccessibility(QAccessible::Focus, QItemSelection(current, current));
 }
 
@@ -345,35 +307,8 @@ void OutlineWidget::tellAccessibility(QAccessible::Event type, const QItemSelect
     QAccessible::updateAccessibility(&event);
 }
 
-void OutlineWidget::updateGeometries() {
-    const int headerHeight = header_->sizeHint().height();
-    setViewportMargins(0, headerHeight, 0, 0);
-    const int rows = controller_ ? rows_->rowCount() : 0;
-    const int height = viewport()->height();
-    verticalScrollBar()->setPageStep(height);
-    verticalScrollBar()->setSingleStep(rowHeight_);
-    verticalScrollBar()->setRange(0, std::max(0, rows * rowHeight_ - height));
-    const QRect area = viewport()->geometry(); // without the scroll bar, or with it
-    header_->setGeometry(area.left(), area.top() - headerHeight, area.width(), headerHeight);
-    header_->layOut(area.width());
-    horizontalScrollBar()->setPageStep(area.width());
-    horizontalScrollBar()->setSingleStep(rowHeight_);
-    horizontalScrollBar()->setRange(0, std::max(0, header_->length() - area.width()));
-    QAbstractItemView::updateGeometries();
-}
-
-void OutlineWidget::scrollContentsBy(int dx, int dy) {
-    if (dx != 0)
-        header_->setOffset(horizontalOffset());
-    scrollDirtyRegion(dx, dy);
-    viewport()->scroll(dx, dy);
-}
-
-void OutlineWidget::changeEvent(QEvent* event) {
-    QAbstractItemView::changeEvent(event);
-    const bool looks = event->type() == QEvent::StyleChange || event->type() == QEvent::ApplicationFontChange;
-    if (looks && controller_)
-        applyFont();
+bool OutlineWidget::rowIsSelected(int row) const {
+    return selectionModel()->isSelected(indexOfRow(row));
 }
 
 } // namespace tabulon
