@@ -3,7 +3,7 @@
 #include "cli/Lines.h"
 #include "cli/NodePath.h"
 #include "cli/PlainText.h"
-#include "cli/Verbs.h"
+#include "cli/VerbOptions.h"
 #include "model/OutputLimit.h"
 #include "model/TreeComparison.h"
 #include "model/TreeWalk.h"
@@ -18,6 +18,12 @@
 
 namespace tabulon::cli {
 namespace {
+
+struct Options {
+    std::string before;
+    std::string after;
+    bool asJson = false;
+};
 
 // The index of each node in its list, for the paths of single nodes.
 class Places {
@@ -199,19 +205,33 @@ Result<std::unique_ptr<Document>> readOrEmpty(const Session& session, const std:
     return session.readDocument(path);
 }
 
-} // namespace
-
-Result<void> compareDocuments(const Session& session, const std::string& before, const std::string& after,
-                              bool asJson) {
-    const auto old = readOrEmpty(session, before);
+// Prints the changes from one document to the other (TreeComparison.h), one line for each: its kind, the path
+// after the change (for a removed node: before), the name and the address.
+Result<void> compareDocuments(const Session& session, const Options& options) {
+    const auto old = readOrEmpty(session, options.before);
     if (!old)
         return tl::unexpected(old.error());
-    const auto now = readOrEmpty(session, after);
+    const auto now = readOrEmpty(session, options.after);
     if (!now)
         return tl::unexpected(now.error());
     const Bookmark& oldRoot = (*old)->getMaster();
     const Bookmark& newRoot = (*now)->getMaster();
-    return Listing(session, oldRoot, newRoot).print(TreeComparison(oldRoot, newRoot), asJson);
+    return Listing(session, oldRoot, newRoot).print(TreeComparison(oldRoot, newRoot), options.asJson);
+}
+
+} // namespace
+
+void addCompare(CLI::App& tool, Action& action) {
+    CLI::App* verb = tool.add_subcommand("compare", "List what changed from one document to another");
+    const auto options = std::make_shared<Options>();
+    addFlag(*verb, "--json", options->asJson, "Print one JSON object a line");
+    verb->add_option("OLD", options->before, "The document before, - for standard input")->required();
+    verb->add_option("NEW", options->after, "The document after, - for standard input")->required();
+    verb->callback([&action, options] {
+        if (options->before == "-" && options->after == "-")
+            throw CLI::ValidationError("OLD and NEW", "cannot both be standard input");
+        action = [options](const Session& session) { return compareDocuments(session, *options); };
+    });
 }
 
 } // namespace tabulon::cli

@@ -3,11 +3,24 @@
 
 #include "cli/NodeList.h"
 #include "cli/PlainText.h"
-#include "cli/Verbs.h"
+#include "cli/VerbOptions.h"
+#include "model/StatusRemoval.h"
 
 namespace tabulon::cli {
-Result<void> listDuplicates(const Session& session, const std::string& input, bool asJson) {
-    const auto document = session.readDocument(input);
+namespace {
+
+struct Options {
+    std::string input;
+    bool asJson = false;
+    bool mark = false;
+    bool deletes = false;
+    std::string output;
+};
+
+// Prints path, TAB and URL of every duplicate, or its JSON, one line for each. The Waste Basket counts as the
+// last item of the document: of two equal links, of which one is in it, that one is the duplicate.
+Result<void> listDuplicates(const Session& session, const Options& options) {
+    const auto document = session.readDocument(options.input);
     if (!document)
         return tl::unexpected(document.error());
     Bookmark& root = (*document)->getMaster();
@@ -17,32 +30,59 @@ Result<void> listDuplicates(const Session& session, const std::string& input, bo
     Lines lines(session);
     const auto added = addNodes(
         root, {duplicates.begin(), duplicates.end()}, [&](const Bookmark& node, const std::string& path) {
-            return asJson ? lines.addJson(node, path)
-                          : lines.add(path + '\t' + escapingControls(node.itemURL().view()));
+            return options.asJson ? lines.addJson(node, path)
+                                  : lines.add(path + '\t' + escapingControls(node.itemURL().view()));
         });
-    return added ? lines.finish() : failure(input + ": " + added.error().message);
+    return added ? lines.finish() : failure(options.input + ": " + added.error().message);
 }
 
-Result<void> writeDuplicates(const Session& session, const std::string& input, DuplicatesOutput kind,
-                             const std::string& output) {
-    const auto read = session.readDocument(input);
+// Writes the document with its duplicates marked, or without them and a summary to standard error.
+Result<void> writeDuplicates(const Session& session, const Options& options) {
+    const auto read = session.readDocument(options.input);
     if (!read)
         return tl::unexpected(read.error());
     Document& document = **read;
     const Localization& texts = session.services.texts;
-    if (kind == DuplicatesOutput::Marked)
+    if (options.mark)
         moveWasteBasketDown(document.getMaster(), texts);
     clearDuplicateStatus(document.getMaster());
     markDuplicates(document.getMaster());
-    if (kind == DuplicatesOutput::Marked)
-        return session.writeDocument(output, document);
+    if (options.mark)
+        return session.writeDocument(options.output, document);
     constexpr RemovalOptions kDuplicates{.duplicates = true};
     const Date now = Date::now(session.services.clock);
     const Removal removal = removeByStatus(document.getMaster(), kDuplicates, texts, now);
-    Result<void> done = session.writeDocument(output, document);
+    Result<void> done = session.writeDocument(options.output, document);
     if (done)
         session.inform(removalSummary(kDuplicates, removal.items.size(), texts));
     return done;
+}
+
+} // namespace
+
+void addDuplicates(CLI::App& tool, Action& action) {
+    CLI::App* verb =
+        tool.add_subcommand("duplicates", "List the links whose URL an earlier one of the document has");
+    const auto options = std::make_shared<Options>();
+    CLI::Option* json = addFlag(*verb, "--json", options->asJson, "List them as JSON");
+    CLI::Option* mark =
+        addFlag(*verb, "--mark", options->mark, "Write the document with them marked instead");
+    CLI::Option* deletes =
+        addFlag(*verb, "--delete", options->deletes, "Write the document without them instead");
+    mark->excludes(deletes)->excludes(json);
+    deletes->excludes(json);
+    addDocument(*verb, options->input);
+    CLI::Option* output = addDocumentOutput(*verb, options->output);
+    mark->needs(output);
+    deletes->needs(output);
+    verb->callback([&action, options, output] {
+        const bool writes = options->mark || options->deletes;
+        if (output->count() > 0 && !writes)
+            throw CLI::RequiresError("-o", "--mark or --delete");
+        action = [options, perform = writes ? writeDuplicates : listDuplicates](const Session& session) {
+            return perform(session, *options);
+        };
+    });
 }
 
 } // namespace tabulon::cli

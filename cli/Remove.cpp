@@ -1,21 +1,58 @@
 // `remove`: removes the links of some statuses from a document, or moves them into its Waste Basket.
-#include "cli/Verbs.h"
+#include "cli/VerbOptions.h"
+#include "model/StatusRemoval.h"
 
 namespace tabulon::cli {
+namespace {
 
-Result<void> removeFromDocument(const Session& session, const std::string& input,
-                                const RemovalOptions& options, const std::string& output) {
-    const auto document = session.readDocument(input);
+struct Options {
+    std::vector<std::string> statuses;
+    bool move = false;
+    std::string input;
+    std::string output;
+};
+
+RemovalOptions removalOptions(const Options& options) {
+    RemovalOptions removal{.move = options.move};
+    for (const std::string& status : options.statuses) {
+        removal.duplicates |= status == "duplicate";
+        removal.broken |= status == "broken";
+        removal.unknown |= status == "unknown";
+    }
+    return removal;
+}
+
+// Writes the document, and a summary to standard error.
+Result<void> removeFromDocument(const Session& session, const Options& options) {
+    const auto document = session.readDocument(options.input);
     if (!document)
         return tl::unexpected(document.error());
     const Localization& texts = session.services.texts;
     moveWasteBasketDown((*document)->getMaster(), texts);
     const Date now = Date::now(session.services.clock);
-    const Removal removal = removeByStatus((*document)->getMaster(), options, texts, now);
-    Result<void> done = session.writeDocument(output, **document);
+    const RemovalOptions kinds = removalOptions(options);
+    const Removal removal = removeByStatus((*document)->getMaster(), kinds, texts, now);
+    Result<void> done = session.writeDocument(options.output, **document);
     if (done)
-        session.inform(removalSummary(options, removal.items.size(), texts));
+        session.inform(removalSummary(kinds, removal.items.size(), texts));
     return done;
+}
+
+} // namespace
+
+void addRemove(CLI::App& tool, Action& action) {
+    CLI::App* verb = tool.add_subcommand("remove", "Write a document without the links of some statuses");
+    const auto options = std::make_shared<Options>();
+    verb->add_option("--status", options->statuses, "duplicate, broken, unknown or several, joined by commas")
+        ->type_name("STATUS")
+        ->delimiter(',')
+        ->allow_extra_args(false)
+        ->required()
+        ->check(CLI::IsMember({"duplicate", "broken", "unknown"}));
+    addFlag(*verb, "--move", options->move, "Move them into the Waste Basket instead");
+    addDocument(*verb, options->input);
+    addDocumentOutput(*verb, options->output)->required();
+    setAction(*verb, action, options, removeFromDocument);
 }
 
 } // namespace tabulon::cli

@@ -1,7 +1,7 @@
 // `show`: the tree as text, one line for each node. The JSON of `show --json` is in JsonTree.
 #include "cli/JsonTree.h"
 #include "cli/PlainText.h"
-#include "cli/Verbs.h"
+#include "cli/VerbOptions.h"
 #include "model/OutputLimit.h"
 #include "model/TreeWalk.h"
 
@@ -12,6 +12,11 @@ namespace {
 
 // The limit keeps a deep tree readable, and its listing linear in size.
 constexpr int kDeepestIndent = 32;
+
+struct Options {
+    bool asJson = false;
+    std::string input;
+};
 
 void appendLine(std::string& out, const Bookmark& node, int level) {
     out.append(2 * static_cast<std::size_t>(std::min(level, kDeepestIndent)), ' ');
@@ -29,8 +34,6 @@ void appendLine(std::string& out, const Bookmark& node, int level) {
     }
     out += '\n';
 }
-
-} // namespace
 
 Result<void> showForPeople(const Session& session, const std::string& input) {
     const auto document = session.readDocument(input);
@@ -66,6 +69,20 @@ Result<void> showAsJson(const Session& session, const std::string& input) {
     if (limit.isPassedBy(json.size()))
         return failure(input + ": " + OutputLimit::failure().value().message);
     return session.write("-", json + '\n');
+}
+
+Result<void> show(const Session& session, const Options& options) {
+    return options.asJson ? showAsJson(session, options.input) : showForPeople(session, options.input);
+}
+
+} // namespace
+
+void addShow(CLI::App& tool, Action& action) {
+    CLI::App* verb = tool.add_subcommand("show", "Print the tree of a document, one line a node");
+    const auto options = std::make_shared<Options>();
+    addFlag(*verb, "--json", options->asJson, "Print the whole tree as JSON instead");
+    addDocument(*verb, options->input);
+    setAction(*verb, action, options, show);
 }
 
 } // namespace tabulon::cli

@@ -1,15 +1,23 @@
 // `versions`: the versions of a document that the desktop program has stored, and their restoration.
 #include "app/VersionStore.h"
 #include "cli/Lines.h"
-#include "cli/Verbs.h"
+#include "cli/VerbOptions.h"
 #include "text/DateFormat.h"
 
 #include <fmt/format.h>
 
 #include <filesystem>
+#include <system_error>
 
 namespace tabulon::cli {
 namespace {
+
+struct Options {
+    bool asJson = false;
+    std::string document;
+    std::size_t number = 0;
+    std::string output;
+};
 
 VersionStore storeOf(const Session& session) {
     return {session.environment.files, session.environment.clock, session.services.defaults,
@@ -25,17 +33,17 @@ Result<std::vector<DocumentVersion>> versionsOf(const Session& session, const st
     return versions;
 }
 
-} // namespace
-
-Result<void> listVersions(const Session& session, const std::string& document, bool asJson) {
-    const auto versions = versionsOf(session, document);
+// Prints the stored versions of a document, newest first, with the numbers for `restoreVersion`. The document
+// need not exist. Fails where neither the document nor a version of it exists.
+Result<void> listVersions(const Session& session, const Options& options) {
+    const auto versions = versionsOf(session, options.document);
     if (!versions)
         return tl::unexpected(versions.error());
     Lines lines(session);
     for (std::size_t index = 0; index < versions->size(); ++index) {
         const DocumentVersion& version = (*versions)[index];
         const std::string line =
-            asJson
+            options.asJson
                 ? fmt::format(R"({{"version":{},"saved":{:.3f},"replaced":{:.3f}}})", index + 1,
                               version.saved.unixSeconds(), version.kept.unixSeconds())
                 : fmt::format("{}\t{}", index + 1,
@@ -47,16 +55,36 @@ Result<void> listVersions(const Session& session, const std::string& document, b
     return lines.finish();
 }
 
-Result<void> restoreVersion(const Session& session, const std::string& document, std::size_t number,
-                            const std::string& output) {
-    const auto versions = versionsOf(session, document);
+// Writes the bytes of a stored version. Fails for a number that is not in the list.
+Result<void> restoreVersion(const Session& session, const Options& options) {
+    const auto versions = versionsOf(session, options.document);
     if (!versions)
         return tl::unexpected(versions.error());
-    if (number < 1 || number > versions->size())
-        return failure(
-            fmt::format("There is no version {} of “{}”: {} are kept.", number, document, versions->size()));
-    const Result<std::string> bytes = storeOf(session).read((*versions)[number - 1]);
-    return bytes ? session.write(output, *bytes) : Result<void>(tl::unexpected(bytes.error()));
+    if (options.number < 1 || options.number > versions->size())
+        return failure(fmt::format("There is no version {} of “{}”: {} are kept.", options.number,
+                                   options.document, versions->size()));
+    const Result<std::string> bytes = storeOf(session).read((*versions)[options.number - 1]);
+    return bytes ? session.write(options.output, *bytes) : Result<void>(tl::unexpected(bytes.error()));
+}
+
+} // namespace
+
+void addVersions(CLI::App& tool, Action& action) {
+    CLI::App* verb = tool.add_subcommand("versions", "List the kept versions of a document, newest first");
+    const auto options = std::make_shared<Options>();
+    CLI::Option* json = addFlag(*verb, "--json", options->asJson, "Print one JSON object a line");
+    verb->add_option("DOCUMENT", options->document, "The document's file, which may be gone")->required();
+    CLI::Option* restore =
+        verb->add_option("--restore", options->number, "Write the version of this number instead")
+            ->type_name("N")
+            ->excludes(json);
+    CLI::Option* output = addDocumentOutput(*verb, options->output);
+    restore->needs(output);
+    output->needs(restore);
+    verb->callback([&action, options, restore] {
+        action = [options, perform = restore->count() > 0 ? restoreVersion : listVersions](
+                     const Session& session) { return perform(session, *options); };
+    });
 }
 
 } // namespace tabulon::cli
