@@ -20,7 +20,7 @@ const Node* nextOf(const Node& node) {
 /// Returns the names and texts below the body, each with one dot for each of its ancestors below the body.
 std::string bodyOf(std::string_view source) {
     Tree tree;
-    EXPECT_EQ(TreeBuilder::build(source, tree), TreeBuilder::Outcome::Whole);
+    EXPECT_EQ(buildTree(source, tree), BuildOutcome::Whole);
     std::string result;
     for (const Node* node = &tree.document(); node; node = nextOf(*node)) {
         int depth = -1;
@@ -57,7 +57,7 @@ TEST(HtmlTreeBuilder, formattingIsReopenedAfterAMisnestedEnd) {
 
 TEST(HtmlTreeBuilder, linksKeepTheirAttributes) {
     Tree tree;
-    ASSERT_EQ(TreeBuilder::build("<a HREF='u' ADD_DATE=1>x</a>", tree), TreeBuilder::Outcome::Whole);
+    ASSERT_EQ(buildTree("<a HREF='u' ADD_DATE=1>x</a>", tree), BuildOutcome::Whole);
     const LinkAttributes* link = nullptr;
     for (const Node* node = &tree.document(); node; node = nextOf(*node))
         if (node->isHtml(Tag::A))
@@ -74,7 +74,7 @@ TEST(HtmlTreeBuilder, buildingCanBeCancelled) {
     for (int i = 0; i < 200000; ++i)
         page += "<p>a";
     test::CountingProgress progress(1);
-    EXPECT_EQ(TreeBuilder::build(page, tree, &progress), TreeBuilder::Outcome::Cancelled);
+    EXPECT_EQ(buildTree(page, tree, &progress), BuildOutcome::Cancelled);
     EXPECT_EQ(progress.fractions.size(), 1u);
 }
 
