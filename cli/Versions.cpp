@@ -26,7 +26,11 @@ VersionStore storeOf(const Session& session) {
 
 // The store identifies documents by absolute paths.
 Result<std::vector<DocumentVersion>> versionsOf(const Session& session, const std::string& document) {
-    const std::string path = std::filesystem::absolute(document).lexically_normal().string();
+    std::error_code error;
+    const std::filesystem::path absolute = std::filesystem::absolute(document, error);
+    if (error)
+        return failure("The file “" + document + "” cannot be found: " + error.message() + ".");
+    const std::string path = absolute.lexically_normal().string();
     std::vector<DocumentVersion> versions = storeOf(session).versionsOf(path);
     if (versions.empty() && !session.environment.files.fileExists(path))
         return failure("The file “" + document + "” does not exist, and no versions of it are kept.");
