@@ -60,17 +60,22 @@ int perform(const Action& action, const GlobalOptions& options, const Environmen
     return finish(action(session), environment);
 }
 
+// Returns the reason why the arguments are wrong, without a full stop.
+std::string problemOf(const CLI::App& tool, const CLI::ParseError& error) {
+    const std::vector<std::string> unknown = tool.remaining();
+    if (!tool.get_subcommands().empty() || unknown.empty())
+        return error.what();
+    return (unknown.front().starts_with('-') ? "There is no option " : "There is no command ") +
+           unknown.front();
+}
+
 // Prints the help or the version that the arguments ask for, or the reason why they are wrong.
 int explain(const CLI::App& tool, const CLI::ParseError& error, const Environment& environment) {
     std::ostringstream help;
     std::ostringstream problems;
     if (tool.exit(error, help, problems) == 0)
         return finish(environment.writeStandardOutput(help.str()), environment);
-    const std::vector<std::string> unknown = tool.remaining();
-    const std::string problem = tool.get_subcommands().empty() && !unknown.empty()
-                                    ? "There is no command " + unknown.front()
-                                    : error.what();
-    complain(environment, problem + " (tabulon-cli --help tells more)");
+    complain(environment, problemOf(tool, error) + " (see tabulon-cli --help)");
     return kWrongUsage;
 }
 

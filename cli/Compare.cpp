@@ -222,11 +222,11 @@ Result<void> compareDocuments(const Session& session, const Options& options) {
 } // namespace
 
 void addCompare(CLI::App& tool, Action& action) {
-    CLI::App* verb = tool.add_subcommand("compare", "List what changed from one document to another");
+    CLI::App* verb = tool.add_subcommand("compare", "List the changes from one document to another");
     const auto options = std::make_shared<Options>();
-    addFlag(*verb, "--json", options->asJson, "Print one JSON object a line");
-    verb->add_option("OLD", options->before, "The document before, - for standard input")->required();
-    verb->add_option("NEW", options->after, "The document after, - for standard input")->required();
+    addFlag(*verb, "--json", options->asJson, "Print each change as a JSON object");
+    verb->add_option("OLD", options->before, "The old document, - for standard input")->required();
+    verb->add_option("NEW", options->after, "The new document, - for standard input")->required();
     verb->callback([&action, options] {
         if (options->before == "-" && options->after == "-")
             throw CLI::ValidationError("OLD and NEW", "cannot both be standard input");

@@ -61,14 +61,13 @@ Result<void> writeDuplicates(const Session& session, const Options& options) {
 } // namespace
 
 void addDuplicates(CLI::App& tool, Action& action) {
-    CLI::App* verb =
-        tool.add_subcommand("duplicates", "List the links whose URL an earlier one of the document has");
+    CLI::App* verb = tool.add_subcommand("duplicates", "List the links whose URL is that of an earlier link");
     const auto options = std::make_shared<Options>();
-    CLI::Option* json = addFlag(*verb, "--json", options->asJson, "List them as JSON");
+    CLI::Option* json = addFlag(*verb, "--json", options->asJson, "Print each link as a JSON object");
     CLI::Option* mark =
-        addFlag(*verb, "--mark", options->mark, "Write the document with them marked instead");
+        addFlag(*verb, "--mark", options->mark, "Write the document with the duplicates marked instead");
     CLI::Option* deletes =
-        addFlag(*verb, "--delete", options->deletes, "Write the document without them instead");
+        addFlag(*verb, "--delete", options->deletes, "Write the document without the duplicates instead");
     mark->excludes(deletes)->excludes(json);
     deletes->excludes(json);
     addDocument(*verb, options->input);

@@ -64,7 +64,7 @@ Result<void> findInDocument(const Session& session, const Options& options) {
 void addFind(CLI::App& tool, Action& action) {
     CLI::App* verb = tool.add_subcommand("find", "Find a text in a document, as the find bar does");
     const auto options = std::make_shared<Options>();
-    addFlag(*verb, "--json", options->asJson, "Print JSON");
+    addFlag(*verb, "--json", options->asJson, "Print each line as a JSON object");
     verb->add_option("TEXT", options->text, "The text to find, ignoring case and accents")->required();
     addDocument(*verb, options->input);
     setAction(*verb, action, options, findInDocument);

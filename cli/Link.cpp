@@ -36,7 +36,8 @@ std::string faultOfPath(const std::string& path) {
 void addLink(CLI::App& tool, Action& action) {
     CLI::App* verb = tool.add_subcommand("link", "Write one bookmark of a document as a single-link file");
     const auto options = std::make_shared<Options>();
-    verb->add_option("--path", options->path, "Where it stands: child indexes joined by /, such as 0/3/1")
+    verb->add_option("--path", options->path,
+                     "The path of the bookmark: child indexes joined by /, such as 0/3/1")
         ->type_name("PATH")
         ->required()
         ->check(faultOfPath);

@@ -41,15 +41,17 @@ Result<void> removeFromDocument(const Session& session, const Options& options) 
 } // namespace
 
 void addRemove(CLI::App& tool, Action& action) {
-    CLI::App* verb = tool.add_subcommand("remove", "Write a document without the links of some statuses");
+    CLI::App* verb =
+        tool.add_subcommand("remove", "Write a document without the links of the given statuses");
     const auto options = std::make_shared<Options>();
-    verb->add_option("--status", options->statuses, "duplicate, broken, unknown or several, joined by commas")
+    verb->add_option("--status", options->statuses,
+                     "duplicate, broken or unknown, or several of these joined by commas")
         ->type_name("STATUS")
         ->delimiter(',')
         ->allow_extra_args(false)
         ->required()
         ->check(CLI::IsMember({"duplicate", "broken", "unknown"}));
-    addFlag(*verb, "--move", options->move, "Move them into the Waste Basket instead");
+    addFlag(*verb, "--move", options->move, "Move the links into the Waste Basket instead");
     addDocument(*verb, options->input);
     addDocumentOutput(*verb, options->output)->required();
     setAction(*verb, action, options, removeFromDocument);

@@ -78,7 +78,7 @@ Result<void> show(const Session& session, const Options& options) {
 } // namespace
 
 void addShow(CLI::App& tool, Action& action) {
-    CLI::App* verb = tool.add_subcommand("show", "Print the tree of a document, one line a node");
+    CLI::App* verb = tool.add_subcommand("show", "Print the tree of a document, one line for each node");
     const auto options = std::make_shared<Options>();
     addFlag(*verb, "--json", options->asJson, "Print the whole tree as JSON instead");
     addDocument(*verb, options->input);

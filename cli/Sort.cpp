@@ -40,11 +40,11 @@ Result<void> sortDocument(const Session& session, const Options& options) {
 void addSort(CLI::App& tool, Action& action) {
     CLI::App* verb = tool.add_subcommand("sort", "Write a document with its whole tree sorted");
     const auto options = std::make_shared<Options>();
-    verb->add_option("--by", options->key, "What to sort by")
+    verb->add_option("--by", options->key, "The property to sort by")
         ->type_name("KEY")
         ->required()
         ->check(CLI::IsMember(sortKeys()));
-    addFlag(*verb, "--descending", options->descending, "The other way round; folders stay first");
+    addFlag(*verb, "--descending", options->descending, "Sort in descending order; folders stay first");
     addDocument(*verb, options->input);
     addDocumentOutput(*verb, options->output)->required();
     setAction(*verb, action, options, sortDocument);

@@ -65,8 +65,8 @@ Result<void> restoreVersion(const Session& session, const Options& options) {
     if (!versions)
         return tl::unexpected(versions.error());
     if (options.number < 1 || options.number > versions->size())
-        return failure(fmt::format("There is no version {} of “{}”: {} are kept.", options.number,
-                                   options.document, versions->size()));
+        return failure(fmt::format("There is no version {} of “{}”. The number of kept versions is {}.",
+                                   options.number, options.document, versions->size()));
     const Result<std::string> bytes = storeOf(session).read((*versions)[options.number - 1]);
     return bytes ? session.write(options.output, *bytes) : Result<void>(tl::unexpected(bytes.error()));
 }
@@ -76,10 +76,11 @@ Result<void> restoreVersion(const Session& session, const Options& options) {
 void addVersions(CLI::App& tool, Action& action) {
     CLI::App* verb = tool.add_subcommand("versions", "List the kept versions of a document, newest first");
     const auto options = std::make_shared<Options>();
-    CLI::Option* json = addFlag(*verb, "--json", options->asJson, "Print one JSON object a line");
-    verb->add_option("DOCUMENT", options->document, "The document's file, which may be gone")->required();
+    CLI::Option* json = addFlag(*verb, "--json", options->asJson, "Print each version as a JSON object");
+    verb->add_option("DOCUMENT", options->document, "The file of the document, which need not exist")
+        ->required();
     CLI::Option* restore =
-        verb->add_option("--restore", options->number, "Write the version of this number instead")
+        verb->add_option("--restore", options->number, "Write the version with this number instead")
             ->type_name("N")
             ->excludes(json);
     CLI::Option* output = addDocumentOutput(*verb, options->output);
