@@ -1,5 +1,7 @@
 // The tree of a page, by the tree construction of the WHATWG's HTML standard, with scripting enabled but
-// without running scripts.
+// without running scripts. The rules are those of 2025, when the content of "select" became that of the body.
+// Not implemented: declarative shadow roots (2024), because links in shadow trees do not count as links of a
+// page. The other differences from the standard are in docs/formats.md.
 #pragma once
 
 #include "base/Progress.h"
