@@ -1,6 +1,7 @@
 // Automatic saving: documents with a file to that file; documents without one, or with one that cannot be
 // written, to a copy that the next start opens.
 #include "app/DocumentController.h"
+#include "base/Utf8.h"
 #include "window/SharedAlerts.h"
 
 #include <algorithm>

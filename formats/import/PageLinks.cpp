@@ -1,6 +1,7 @@
 #include "formats/import/PageLinks.h"
 
 #include "base/Text.h"
+#include "base/Utf8.h"
 #include "html/HtmlTreeBuilder.h"
 #include "url/Url.h"
 
