@@ -2,8 +2,12 @@
 #include "cli/CommandLine.h"
 
 #include "cli/PlainText.h"
-#include "cli/VerbOptions.h"
+#include "cli/Verbs.h"
 #include "platform/fake/FakeBaseServices.h"
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
 
 #include <sstream>
 
@@ -11,7 +15,7 @@ namespace tabulon::cli {
 namespace {
 
 // In the order of the help.
-constexpr void (*kVerbs[])(CLI::App& tool, Action& action) = {
+constexpr void (*kVerbs[])(Tool tool) = {
     addImport, addExport, addShow, addMake,    addLink,     addDuplicates,
     addRemove, addSort,   addFind, addCompare, addVersions,
 };
@@ -27,15 +31,15 @@ std::string faultOfSetting(const std::string& text) {
     return equals == std::string::npos || equals == 0 ? "must be KEY=VALUE" : "";
 }
 
-void addGlobalOptions(CLI::App& tool, GlobalOptions& options) {
-    tool.set_version_flag("--version", "tabulon-cli " TABULON_VERSION);
-    tool.add_option("--default", options.defaults, "Set one user default for this run")
+void addGlobalOptions(CLI::App& parser, GlobalOptions& options) {
+    parser.set_version_flag("--version", "tabulon-cli " TABULON_VERSION);
+    parser.add_option("--default", options.defaults, "Set one user default for this run")
         ->type_name("KEY=VALUE")
         ->allow_extra_args(false)
         ->check(faultOfSetting);
-    tool.add_option("--locale", options.locale, "The language of collation and texts")->type_name("NAME");
-    tool.require_subcommand(1);
-    tool.footer("Exit status: 0 done, 1 the operation failed, 2 wrong usage.");
+    parser.add_option("--locale", options.locale, "The language of collation and texts")->type_name("NAME");
+    parser.require_subcommand(1);
+    parser.footer("Exit status: 0 done, 1 the operation failed, 2 wrong usage.");
 }
 
 // Writes the message and returns the status of a failed operation.
@@ -61,21 +65,21 @@ int perform(const Action& action, const GlobalOptions& options, const Environmen
 }
 
 // Returns the reason why the arguments are wrong, without a full stop.
-std::string problemOf(const CLI::App& tool, const CLI::ParseError& error) {
-    const std::vector<std::string> unknown = tool.remaining();
-    if (!tool.get_subcommands().empty() || unknown.empty())
+std::string problemOf(const CLI::App& parser, const CLI::ParseError& error) {
+    const std::vector<std::string> unknown = parser.remaining();
+    if (!parser.get_subcommands().empty() || unknown.empty())
         return error.what();
     return (unknown.front().starts_with('-') ? "There is no option " : "There is no command ") +
            unknown.front();
 }
 
 // Prints the help or the version that the arguments ask for, or the reason why they are wrong.
-int explain(const CLI::App& tool, const CLI::ParseError& error, const Environment& environment) {
+int explain(const CLI::App& parser, const CLI::ParseError& error, const Environment& environment) {
     std::ostringstream help;
     std::ostringstream problems;
-    if (tool.exit(error, help, problems) == 0)
+    if (parser.exit(error, help, problems) == 0)
         return finish(environment.writeStandardOutput(help.str()), environment);
-    complain(environment, problemOf(tool, error) + " (see tabulon-cli --help)");
+    complain(environment, problemOf(parser, error) + " (see tabulon-cli --help)");
     return kWrongUsage;
 }
 
@@ -84,16 +88,16 @@ int explain(const CLI::App& tool, const CLI::ParseError& error, const Environmen
 int run(const std::vector<std::string>& arguments, const Environment& environment) {
     GlobalOptions options;
     Action action;
-    CLI::App tool("Reads, writes and converts bookmark documents.", "tabulon-cli");
-    addGlobalOptions(tool, options);
+    CLI::App parser("Reads, writes and converts bookmark documents.", "tabulon-cli");
+    addGlobalOptions(parser, options);
     for (const auto addVerb : kVerbs)
-        addVerb(tool, action);
+        addVerb({parser, action});
     try {
         // CLI11 takes the arguments in reverse order.
-        tool.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+        parser.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
         return perform(action, options, environment);
     } catch (const CLI::ParseError& error) {
-        return explain(tool, error, environment);
+        return explain(parser, error, environment);
     } catch (const std::bad_alloc&) {
         return complain(environment, "There is not enough memory for this operation.");
     }

@@ -3,7 +3,7 @@
 #include "cli/Lines.h"
 #include "cli/NodePath.h"
 #include "cli/PlainText.h"
-#include "cli/VerbOptions.h"
+#include "cli/Verbs.h"
 #include "model/OutputLimit.h"
 #include "model/TreeComparison.h"
 #include "model/TreeWalk.h"
@@ -221,16 +221,15 @@ Result<void> compareDocuments(const Session& session, const Options& options) {
 
 } // namespace
 
-void addCompare(CLI::App& tool, Action& action) {
-    CLI::App* verb = tool.add_subcommand("compare", "List the changes from one document to another");
+void addCompare(Tool tool) {
+    Verb verb(tool, "compare", "List the changes from one document to another");
     const auto options = std::make_shared<Options>();
-    addFlag(*verb, "--json", options->asJson, "Print each change as a JSON object");
-    verb->add_option("OLD", options->before, "The old document, - for standard input")->required();
-    verb->add_option("NEW", options->after, "The new document, - for standard input")->required();
-    verb->callback([&action, options] {
-        if (options->before == "-" && options->after == "-")
-            throw CLI::ValidationError("OLD and NEW", "cannot both be standard input");
-        action = [options](const Session& session) { return compareDocuments(session, *options); };
+    verb.flag("--json", options->asJson, "Print each change as a JSON object");
+    verb.argument("OLD", options->before, "The old document, - for standard input");
+    verb.argument("NEW", options->after, "The new document, - for standard input");
+    verb.setAction(options, compareDocuments, [options] {
+        const bool isTwice = options->before == "-" && options->after == "-";
+        return isTwice ? "OLD and NEW cannot both be standard input" : "";
     });
 }
 

@@ -3,7 +3,7 @@
 
 #include "cli/NodeList.h"
 #include "cli/PlainText.h"
-#include "cli/VerbOptions.h"
+#include "cli/Verbs.h"
 #include "model/StatusRemoval.h"
 
 namespace tabulon::cli {
@@ -58,29 +58,31 @@ Result<void> writeDuplicates(const Session& session, const Options& options) {
     return done;
 }
 
+bool writes(const Options& options) {
+    return options.mark || options.deletes;
+}
+
+Result<void> performDuplicates(const Session& session, const Options& options) {
+    return writes(options) ? writeDuplicates(session, options) : listDuplicates(session, options);
+}
+
 } // namespace
 
-void addDuplicates(CLI::App& tool, Action& action) {
-    CLI::App* verb = tool.add_subcommand("duplicates", "List the links whose URL is that of an earlier link");
+void addDuplicates(Tool tool) {
+    Verb verb(tool, "duplicates", "List the links whose URL is that of an earlier link");
     const auto options = std::make_shared<Options>();
-    CLI::Option* json = addFlag(*verb, "--json", options->asJson, "Print each link as a JSON object");
-    CLI::Option* mark =
-        addFlag(*verb, "--mark", options->mark, "Write the document with the duplicates marked instead");
-    CLI::Option* deletes =
-        addFlag(*verb, "--delete", options->deletes, "Write the document without the duplicates instead");
-    mark->excludes(deletes)->excludes(json);
-    deletes->excludes(json);
-    addDocument(*verb, options->input);
-    CLI::Option* output = addDocumentOutput(*verb, options->output);
-    mark->needs(output);
-    deletes->needs(output);
-    verb->callback([&action, options, output] {
-        const bool writes = options->mark || options->deletes;
-        if (output->count() > 0 && !writes)
-            throw CLI::RequiresError("-o", "--mark or --delete");
-        action = [options, perform = writes ? writeDuplicates : listDuplicates](const Session& session) {
-            return perform(session, *options);
-        };
+    const Option json = verb.flag("--json", options->asJson, "Print each link as a JSON object");
+    Option mark = verb.flag("--mark", options->mark, "Write the document with the duplicates marked instead");
+    Option deletes =
+        verb.flag("--delete", options->deletes, "Write the document without the duplicates instead");
+    mark.excludes(deletes).excludes(json);
+    deletes.excludes(json);
+    verb.document(options->input);
+    const Option output = verb.documentOutput(options->output);
+    mark.needs(output);
+    deletes.needs(output);
+    verb.setAction(options, performDuplicates, [options, output] {
+        return output.isGiven() && !writes(*options) ? "-o requires --mark or --delete" : "";
     });
 }
 

@@ -1,5 +1,5 @@
 // `export`: a document → a file of another format.
-#include "cli/VerbOptions.h"
+#include "cli/Verbs.h"
 #include "formats/ExportFormats.h"
 
 namespace tabulon::cli {
@@ -24,15 +24,13 @@ Result<void> exportFile(const Session& session, const Options& options) {
 
 } // namespace
 
-void addExport(CLI::App& tool, Action& action) {
-    CLI::App* verb = tool.add_subcommand("export", "Write a document in another format");
+void addExport(Tool tool) {
+    Verb verb(tool, "export", "Write a document in another format");
     const auto options = std::make_shared<Options>();
-    verb->add_option("--to", options->format, "The format to write")
-        ->required()
-        ->check(CLI::IsMember(namesOf(exportFormats())));
-    addDocument(*verb, options->input);
-    addFileOutput(*verb, options->output)->capture_default_str();
-    setAction(*verb, action, options, exportFile);
+    verb.option("--to", options->format, "The format to write").required().oneOf(namesOf(exportFormats()));
+    verb.document(options->input);
+    verb.fileOutput(options->output).showDefault();
+    verb.setAction(options, exportFile);
 }
 
 } // namespace tabulon::cli

@@ -2,7 +2,7 @@
 #include "base/Settings.h"
 #include "cli/NodeList.h"
 #include "cli/PlainText.h"
-#include "cli/VerbOptions.h"
+#include "cli/Verbs.h"
 #include "model/Finder.h"
 #include "text/Collation.h"
 
@@ -61,13 +61,13 @@ Result<void> findInDocument(const Session& session, const Options& options) {
 
 } // namespace
 
-void addFind(CLI::App& tool, Action& action) {
-    CLI::App* verb = tool.add_subcommand("find", "Find a text in a document, as the find bar does");
+void addFind(Tool tool) {
+    Verb verb(tool, "find", "Find a text in a document, as the find bar does");
     const auto options = std::make_shared<Options>();
-    addFlag(*verb, "--json", options->asJson, "Print each line as a JSON object");
-    verb->add_option("TEXT", options->text, "The text to find, ignoring case and accents")->required();
-    addDocument(*verb, options->input);
-    setAction(*verb, action, options, findInDocument);
+    verb.flag("--json", options->asJson, "Print each line as a JSON object");
+    verb.argument("TEXT", options->text, "The text to find, ignoring case and accents");
+    verb.document(options->input);
+    verb.setAction(options, findInDocument);
 }
 
 } // namespace tabulon::cli

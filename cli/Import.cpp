@@ -1,5 +1,5 @@
 // `import`: a file of another format → a document.
-#include "cli/VerbOptions.h"
+#include "cli/Verbs.h"
 #include "formats/ImportFormats.h"
 
 namespace tabulon::cli {
@@ -30,16 +30,13 @@ Result<void> importFile(const Session& session, const Options& options) {
 
 } // namespace
 
-void addImport(CLI::App& tool, Action& action) {
-    CLI::App* verb =
-        tool.add_subcommand("import", "Read a file of another format and write it as a document");
+void addImport(Tool tool) {
+    Verb verb(tool, "import", "Read a file of another format and write it as a document");
     const auto options = std::make_shared<Options>();
-    verb->add_option("--from", options->format, "The format of INPUT")
-        ->required()
-        ->check(CLI::IsMember(namesOf(importFormats())));
-    verb->add_option("INPUT", options->input, "The file to read, - for standard input")->required();
-    addDocumentOutput(*verb, options->output)->capture_default_str();
-    setAction(*verb, action, options, importFile);
+    verb.option("--from", options->format, "The format of INPUT").required().oneOf(namesOf(importFormats()));
+    verb.argument("INPUT", options->input, "The file to read, - for standard input");
+    verb.documentOutput(options->output).showDefault();
+    verb.setAction(options, importFile);
 }
 
 } // namespace tabulon::cli

@@ -1,6 +1,6 @@
 // `link`: one bookmark of a document → a single-link file.
 #include "cli/NodePath.h"
-#include "cli/VerbOptions.h"
+#include "cli/Verbs.h"
 #include "formats/export/LinkFile.h"
 
 namespace tabulon::cli {
@@ -33,17 +33,16 @@ std::string faultOfPath(const std::string& path) {
 
 } // namespace
 
-void addLink(CLI::App& tool, Action& action) {
-    CLI::App* verb = tool.add_subcommand("link", "Write one bookmark of a document as a single-link file");
+void addLink(Tool tool) {
+    Verb verb(tool, "link", "Write one bookmark of a document as a single-link file");
     const auto options = std::make_shared<Options>();
-    verb->add_option("--path", options->path,
-                     "The path of the bookmark: child indexes joined by /, such as 0/3/1")
-        ->type_name("PATH")
-        ->required()
-        ->check(faultOfPath);
-    addDocument(*verb, options->input);
-    addFileOutput(*verb, options->output)->required();
-    setAction(*verb, action, options, exportLink);
+    verb.option("--path", options->path, "The path of the bookmark: child indexes joined by /, such as 0/3/1")
+        .type("PATH")
+        .required()
+        .check(faultOfPath);
+    verb.document(options->input);
+    verb.fileOutput(options->output).required();
+    verb.setAction(options, exportLink);
 }
 
 } // namespace tabulon::cli

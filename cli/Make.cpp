@@ -1,6 +1,6 @@
 // `make`: the JSON of `show --json` → a document.
 #include "cli/JsonTree.h"
-#include "cli/VerbOptions.h"
+#include "cli/Verbs.h"
 
 namespace tabulon::cli {
 namespace {
@@ -24,12 +24,12 @@ Result<void> makeFromJson(const Session& session, const Options& options) {
 
 } // namespace
 
-void addMake(CLI::App& tool, Action& action) {
-    CLI::App* verb = tool.add_subcommand("make", "Build a document from the JSON that show --json prints");
+void addMake(Tool tool) {
+    Verb verb(tool, "make", "Build a document from the JSON that show --json prints");
     const auto options = std::make_shared<Options>();
-    verb->add_option("INPUT", options->input, "The JSON file to read, - for standard input")->required();
-    addDocumentOutput(*verb, options->output)->required();
-    setAction(*verb, action, options, makeFromJson);
+    verb.argument("INPUT", options->input, "The JSON file to read, - for standard input");
+    verb.documentOutput(options->output).required();
+    verb.setAction(options, makeFromJson);
 }
 
 } // namespace tabulon::cli

@@ -1,5 +1,5 @@
 // `remove`: removes the links of some statuses from a document, or moves them into its Waste Basket.
-#include "cli/VerbOptions.h"
+#include "cli/Verbs.h"
 #include "model/StatusRemoval.h"
 
 namespace tabulon::cli {
@@ -40,21 +40,18 @@ Result<void> removeFromDocument(const Session& session, const Options& options) 
 
 } // namespace
 
-void addRemove(CLI::App& tool, Action& action) {
-    CLI::App* verb =
-        tool.add_subcommand("remove", "Write a document without the links of the given statuses");
+void addRemove(Tool tool) {
+    Verb verb(tool, "remove", "Write a document without the links of the given statuses");
     const auto options = std::make_shared<Options>();
-    verb->add_option("--status", options->statuses,
-                     "duplicate, broken or unknown, or several of these joined by commas")
-        ->type_name("STATUS")
-        ->delimiter(',')
-        ->allow_extra_args(false)
-        ->required()
-        ->check(CLI::IsMember({"duplicate", "broken", "unknown"}));
-    addFlag(*verb, "--move", options->move, "Move the links into the Waste Basket instead");
-    addDocument(*verb, options->input);
-    addDocumentOutput(*verb, options->output)->required();
-    setAction(*verb, action, options, removeFromDocument);
+    verb.list("--status", options->statuses,
+              "duplicate, broken or unknown, or several of these joined by commas")
+        .type("STATUS")
+        .required()
+        .oneOf({"duplicate", "broken", "unknown"});
+    verb.flag("--move", options->move, "Move the links into the Waste Basket instead");
+    verb.document(options->input);
+    verb.documentOutput(options->output).required();
+    verb.setAction(options, removeFromDocument);
 }
 
 } // namespace tabulon::cli

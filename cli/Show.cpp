@@ -1,7 +1,7 @@
 // `show`: the tree as text, one line for each node. The JSON of `show --json` is in JsonTree.
 #include "cli/JsonTree.h"
 #include "cli/PlainText.h"
-#include "cli/VerbOptions.h"
+#include "cli/Verbs.h"
 #include "model/OutputLimit.h"
 #include "model/TreeWalk.h"
 
@@ -77,12 +77,12 @@ Result<void> show(const Session& session, const Options& options) {
 
 } // namespace
 
-void addShow(CLI::App& tool, Action& action) {
-    CLI::App* verb = tool.add_subcommand("show", "Print the tree of a document, one line for each node");
+void addShow(Tool tool) {
+    Verb verb(tool, "show", "Print the tree of a document, one line for each node");
     const auto options = std::make_shared<Options>();
-    addFlag(*verb, "--json", options->asJson, "Print the whole tree as JSON instead");
-    addDocument(*verb, options->input);
-    setAction(*verb, action, options, show);
+    verb.flag("--json", options->asJson, "Print the whole tree as JSON instead");
+    verb.document(options->input);
+    verb.setAction(options, show);
 }
 
 } // namespace tabulon::cli

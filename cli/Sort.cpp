@@ -1,9 +1,9 @@
 // `sort`: sorts the whole tree of a document.
-#include "cli/VerbOptions.h"
+#include "cli/Verbs.h"
 #include "model/TreeSort.h"
 #include "text/Collation.h"
 
-#include <map>
+#include <algorithm>
 
 namespace tabulon::cli {
 namespace {
@@ -15,14 +15,21 @@ struct Options {
     std::string output;
 };
 
-const std::map<std::string, SortKey>& sortKeys() {
-    static const std::map<std::string, SortKey> keys = {{"name", SortKey::Name},
-                                                        {"url", SortKey::URL},
-                                                        {"tags", SortKey::Tags},
-                                                        {"added", SortKey::DateAdded},
-                                                        {"modified", SortKey::DateModified},
-                                                        {"opened", SortKey::DateLastOpened}};
-    return keys;
+struct NamedKey {
+    const char* name;
+    SortKey key;
+};
+
+// In the order of the help.
+constexpr NamedKey kKeys[] = {
+    {"added", SortKey::DateAdded}, {"modified", SortKey::DateModified},
+    {"name", SortKey::Name},       {"opened", SortKey::DateLastOpened},
+    {"tags", SortKey::Tags},       {"url", SortKey::URL},
+};
+
+// Requires: the name is in `kKeys`.
+SortKey keyNamed(const std::string& name) {
+    return std::ranges::find(kKeys, name, &NamedKey::name)->key;
 }
 
 Result<void> sortDocument(const Session& session, const Options& options) {
@@ -31,23 +38,20 @@ Result<void> sortDocument(const Session& session, const Options& options) {
         return tl::unexpected(document.error());
     const Collation collation(session.services.texts.locale());
     const auto direction = options.descending ? SortDirection::Descending : SortDirection::Ascending;
-    sortFolder((*document)->getMaster(), sortKeys().at(options.key), direction, collation);
+    sortFolder((*document)->getMaster(), keyNamed(options.key), direction, collation);
     return session.writeDocument(options.output, **document);
 }
 
 } // namespace
 
-void addSort(CLI::App& tool, Action& action) {
-    CLI::App* verb = tool.add_subcommand("sort", "Write a document with its whole tree sorted");
+void addSort(Tool tool) {
+    Verb verb(tool, "sort", "Write a document with its whole tree sorted");
     const auto options = std::make_shared<Options>();
-    verb->add_option("--by", options->key, "The property to sort by")
-        ->type_name("KEY")
-        ->required()
-        ->check(CLI::IsMember(sortKeys()));
-    addFlag(*verb, "--descending", options->descending, "Sort in descending order; folders stay first");
-    addDocument(*verb, options->input);
-    addDocumentOutput(*verb, options->output)->required();
-    setAction(*verb, action, options, sortDocument);
+    verb.option("--by", options->key, "The property to sort by").type("KEY").required().oneOf(namesOf(kKeys));
+    verb.flag("--descending", options->descending, "Sort in descending order; folders stay first");
+    verb.document(options->input);
+    verb.documentOutput(options->output).required();
+    verb.setAction(options, sortDocument);
 }
 
 } // namespace tabulon::cli

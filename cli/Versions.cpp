@@ -1,7 +1,7 @@
 // `versions`: the versions of a document that the desktop program has stored, and their restoration.
 #include "app/VersionStore.h"
 #include "cli/Lines.h"
-#include "cli/VerbOptions.h"
+#include "cli/Verbs.h"
 #include "text/DateFormat.h"
 
 #include <fmt/format.h>
@@ -15,7 +15,7 @@ namespace {
 struct Options {
     bool asJson = false;
     std::string document;
-    std::size_t number = 0;
+    std::optional<std::size_t> number; // of the version to restore
     std::string output;
 };
 
@@ -60,36 +60,36 @@ Result<void> listVersions(const Session& session, const Options& options) {
 }
 
 // Writes the bytes of a stored version. Fails for a number that is not in the list.
-Result<void> restoreVersion(const Session& session, const Options& options) {
+Result<void> restoreVersion(const Session& session, const Options& options, std::size_t number) {
     const auto versions = versionsOf(session, options.document);
     if (!versions)
         return tl::unexpected(versions.error());
-    if (options.number < 1 || options.number > versions->size())
+    if (number < 1 || number > versions->size())
         return failure(fmt::format("There is no version {} of “{}”. The number of kept versions is {}.",
-                                   options.number, options.document, versions->size()));
-    const Result<std::string> bytes = storeOf(session).read((*versions)[options.number - 1]);
+                                   number, options.document, versions->size()));
+    const Result<std::string> bytes = storeOf(session).read((*versions)[number - 1]);
     return bytes ? session.write(options.output, *bytes) : Result<void>(tl::unexpected(bytes.error()));
+}
+
+Result<void> performVersions(const Session& session, const Options& options) {
+    return options.number ? restoreVersion(session, options, *options.number)
+                          : listVersions(session, options);
 }
 
 } // namespace
 
-void addVersions(CLI::App& tool, Action& action) {
-    CLI::App* verb = tool.add_subcommand("versions", "List the kept versions of a document, newest first");
+void addVersions(Tool tool) {
+    Verb verb(tool, "versions", "List the kept versions of a document, newest first");
     const auto options = std::make_shared<Options>();
-    CLI::Option* json = addFlag(*verb, "--json", options->asJson, "Print each version as a JSON object");
-    verb->add_option("DOCUMENT", options->document, "The file of the document, which need not exist")
-        ->required();
-    CLI::Option* restore =
-        verb->add_option("--restore", options->number, "Write the version with this number instead")
-            ->type_name("N")
-            ->excludes(json);
-    CLI::Option* output = addDocumentOutput(*verb, options->output);
-    restore->needs(output);
-    output->needs(restore);
-    verb->callback([&action, options, restore] {
-        action = [options, perform = restore->count() > 0 ? restoreVersion : listVersions](
-                     const Session& session) { return perform(session, *options); };
-    });
+    const Option json = verb.flag("--json", options->asJson, "Print each version as a JSON object");
+    verb.argument("DOCUMENT", options->document, "The file of the document, which need not exist");
+    Option restore = verb.option("--restore", options->number, "Write the version with this number instead")
+                         .type("N")
+                         .excludes(json);
+    Option output = verb.documentOutput(options->output);
+    restore.needs(output);
+    output.needs(restore);
+    verb.setAction(options, performVersions);
 }
 
 } // namespace tabulon::cli
