@@ -1,6 +1,7 @@
 #include "app/DocumentController.h"
 
 #include "app/DamagedDocument.h"
+#include "base/Utf8.h"
 #include "window/SharedAlerts.h"
 
 #include <algorithm>
