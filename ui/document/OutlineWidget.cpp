@@ -304,8 +304,9 @@ bool OutlineWidget::isIndexHidden(const QModelIndex&) const {
 
 void OutlineWidget::setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) {
     const int lastRow = rows_->rowCount() - 1;
-    const int top = std::max(0, rowAtY(std::max(rect.top(), -verticalOffset())));
-    const int bottom = std::min(lastRow, rowAtY(rect.bottom()));
+    const QRect area = rect.normalized(); // Qt passes it from where the selection began, also upwards
+    const int top = std::max(0, rowAtY(std::max(area.top(), -verticalOffset())));
+    const int bottom = std::min(lastRow, rowAtY(area.bottom()));
     QItemSelection selection;
     if (controller_ && top <= bottom)
         selection.select(rows_->index(top, 0), rows_->index(bottom, rows_->columnCount() - 1));
@@ -345,7 +346,12 @@ void OutlineWidget::tellAccessibility(QAccessible::Event type, const QItemSelect
     QAccessible::updateAccessibility(&event);
 }
 
+// Setting the margins lays out the viewport, and a viewport of another size calls this function again. Where
+// that happens during a layout, each would undo the layout of the other without an end.
 void OutlineWidget::updateGeometries() {
+    if (updatesGeometries_)
+        return;
+    const QScopedValueRollback updates(updatesGeometries_, true);
     const int headerHeight = header_->sizeHint().height();
     setViewportMargins(0, headerHeight, 0, 0);
     const int rows = controller_ ? rows_->rowCount() : 0;

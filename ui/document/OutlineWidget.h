@@ -234,7 +234,8 @@ private:
     int iconSize_ = 16;
     /// The cell that was edited last. It is being edited while it has a field.
     QPersistentModelIndex edited_;
-    int changesOfController_ = 0;              // changes of the rows or the selection that are in progress
+    int changesOfController_ = 0; // changes of the rows or the selection that are in progress
+    bool updatesGeometries_ = false;
     std::vector<PasteboardItem> draggedItems_; // of the drag over this outline
     /// The outline that the drag over this one began in, or `nullptr`.
     const Outline* dragSource_ = nullptr;
