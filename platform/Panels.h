@@ -54,8 +54,7 @@ public:
 
     /// Sets the panel that contains the area, or nullptr when the panel is closed. Not owned.
     virtual void setPanel(SavePanelControl* panel) = 0;
-    /// Called after the view was made, before or after `setPanel`. Not called if the panel cannot show the
-    /// area.
+    /// Called after the view was made, before `setPanel`. Not called if the panel cannot show the area.
     virtual void viewDidLoad() = 0;
 };
 
