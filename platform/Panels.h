@@ -43,7 +43,7 @@ public:
     virtual ~SavePanelControl() = default;
 
     /// Sets the kind of file that the panel offers, and replaces another extension in the name by that of
-    /// `kind`. The user can still type any extension. Requires: `kind` has an extension.
+    /// `kind`, if it has one. The user can still type any extension.
     virtual void setAllowedFileType(const FileKind& kind) = 0;
 };
 
