@@ -187,7 +187,7 @@ protected:
     // Each item is pasted into the one before if that is an expanded folder, else after it.
     Bookmark* lastPasted(Bookmark& first) {
         Bookmark* last = &first;
-        for (std::size_t i = 1; i < copied_; ++i)
+        for (std::size_t i = 1; i < copied_ && last; ++i)
             last = last->isFolder() && last->showHier() ? last->getChild() : last->nextBookmark();
         return last;
     }
