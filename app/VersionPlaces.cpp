@@ -9,7 +9,7 @@
 namespace tabulon {
 namespace {
 
-constexpr std::string_view kSuffix = ".place";
+constexpr std::string_view kPlaceSuffix = ".place";
 constexpr std::size_t kDigits = 16;
 constexpr double kMilliseconds = 1000;
 
@@ -32,7 +32,7 @@ bool takeNumber(std::string_view& line, Number& number) {
 } // namespace
 
 std::string VersionPlaces::fileOf(const std::string& identifier) const {
-    return folder_ + "/" + identifier + std::string(kSuffix);
+    return folder_ + "/" + identifier + std::string(kPlaceSuffix);
 }
 
 std::optional<VersionPlaces::Place> VersionPlaces::readPlace(const std::string& name) const {
@@ -44,7 +44,7 @@ std::optional<VersionPlaces::Place> VersionPlaces::readPlace(const std::string& 
     if (!takeNumber(line, identity.device) || !takeNumber(line, identity.inode) ||
         !takeNumber(line, identity.size) || !takeNumber(line, identity.modified))
         return std::nullopt;
-    Place place{.identifier = name.substr(0, name.size() - kSuffix.size())};
+    Place place{.identifier = name.substr(0, name.size() - kPlaceSuffix.size())};
     while (line.starts_with(' ')) {
         Origin origin{std::string(line.substr(1, kDigits)), 0};
         line.remove_prefix(std::min(line.size(), kDigits + 1));
@@ -65,7 +65,7 @@ VersionPlaces::Place VersionPlaces::placeOf(const std::string& identifier) const
         const auto place = std::ranges::find(*known_, identifier, &Place::identifier);
         return place == known_->end() ? Place{.identifier = identifier} : *place;
     }
-    return readPlace(identifier + std::string(kSuffix)).value_or(Place{.identifier = identifier});
+    return readPlace(identifier + std::string(kPlaceSuffix)).value_or(Place{.identifier = identifier});
 }
 
 Result<void> VersionPlaces::writePlace(const Place& place) {
@@ -92,7 +92,7 @@ Result<void> VersionPlaces::writePlace(const Place& place) {
 std::vector<VersionPlaces::Place> VersionPlaces::readPlaces() const {
     std::vector<Place> found;
     for (const std::string& name : files_.namesInFolder(folder_))
-        if (name.ends_with(kSuffix))
+        if (name.ends_with(kPlaceSuffix))
             if (std::optional<Place> place = readPlace(name))
                 found.push_back(std::move(*place));
     return found;

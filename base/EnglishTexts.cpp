@@ -37,9 +37,9 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"BookmarkHTMLFiles", "HTML bookmark files"},
     {"Bookmarks", "Bookmarks"},
     {"BookmarksReadable",
-     "%@ of %@ bookmarks could be read. They open as an untitled document; the file stays as it is."},
+     "%@ of %@ bookmarks could be read. They open as an untitled document. The file is not changed."},
     {"BookmarksReadable:one",
-     "%@ of %@ bookmark could be read. It opens as an untitled document; the file stays as it is."},
+     "%@ of %@ bookmark could be read. It opens as an untitled document. The file is not changed."},
     {"BrokenLinks", "Broken"},
     {"BrowserFound", "Found on this computer: %@"},
     {"Cancel", "Cancel"},
@@ -52,7 +52,7 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"CouldNotKeepVersion", "The present state of “%@” could not be kept"},
     {"CouldNotOpen", "“%@” could not be opened"},
     {"CouldNotOpenFiles", "%@ files could not be opened"},
-    {"CouldNotRecover", "What was not saved of “%@” could not be recovered"},
+    {"CouldNotRecover", "The unsaved changes of “%@” could not be recovered"},
     {"CouldNotSave", "“%@” could not be saved"},
     {"Default", "Default"},
     {"Delete", "Delete"},
@@ -80,14 +80,14 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"DuplicatesDeleted:one", "%@ was deleted."},
     {"DuplicatesMoved", "%@ were moved to the Waste Basket."},
     {"DuplicatesMoved:one", "%@ was moved to the Waste Basket."},
-    {"DuplicatesWarning", "Every link is deleted whose address an earlier one has. They do not go to the "
-                          "Waste Basket; Put Back restores them until the next change."},
+    {"DuplicatesWarning", "Every link with the same address as an earlier link is deleted. Deleted links do "
+                          "not go to the Waste Basket. Put Back restores them until the next change."},
     {"EmptyDocument", "No bookmarks yet"},
     {"EmptyDocumentText", "Press Ctrl+O to open a bookmark document, or a bookmark file that a browser "
                           "exported as HTML. You can also drop such a file here."},
     {"EmptyFolder", "Untitled Folder"},
     {"EmptyScan", "No links found"},
-    {"ErrorImportBookmarks", "The file holds no bookmarks that can be read."},
+    {"ErrorImportBookmarks", "The file contains no bookmarks that can be read."},
     {"Export", "Export"},
     {"ExportColumns", "For each bookmark, write:"},
     {"ExportFile", "Export the bookmarks to a file"},
@@ -101,23 +101,22 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"Exporting", "Exporting “%@”"},
     {"Favourites", "Favourites"},
     {"FileChanged", "“%@” was changed by another program"},
-    {"FileChangedClosingText",
-     "Since it was read or saved here, another program has changed the file. Save yours under another name, "
-     "keep yours and lose that one, or close without saving and lose yours."},
+    {"FileChangedClosingText", "Another program has changed the file since it was read or saved here. You "
+                               "can save your version under another name, replace the changed file with your "
+                               "version, or close without saving and lose your changes."},
     {"FileChangedText",
-     "Since it was read or saved here, another program has changed the file. Save yours under another name, "
-     "keep yours and lose that one, or reload the file and lose yours."},
+     "Another program has changed the file since it was read or saved here. You can save your version under "
+     "another name, replace the changed file with your version, or reload the file and lose your changes."},
     {"FileGone", "“%@” is no longer there"},
-    {"FileGoneClosingText", "The file was moved, renamed or removed. Save it again in its old place, or "
-                            "under another name, or close "
-                            "without saving and lose what is in this window."},
+    {"FileGoneClosingText",
+     "The file was moved, renamed or removed. You can save it again in its old place or under another name, "
+     "or close without saving and lose the content of this window."},
     {"FileGoneText",
-     "The file was moved, renamed or removed. Save it again in its old place, or under another name."},
-    {"FilesReadable", "%d of them can be read in part. What is left of them opens as untitled documents; the "
-                      "files stay as they are."},
-    {"FilesReadable:one",
-     "%d of them can be read in part. What is left of it opens as an untitled document; the "
-     "file stays as it is."},
+     "The file was moved, renamed or removed. You can save it again in its old place or under another name."},
+    {"FilesReadable", "%d of them can be read in part. The bookmarks that can be read open as untitled "
+                      "documents. The files are not changed."},
+    {"FilesReadable:one", "%d of them can be read in part. The bookmarks that can be read open as an "
+                          "untitled document. The file is not changed."},
     {"FindPlaceholder", "Find in this document"},
     {"FormatHTML", "Bookmark HTML"},
     {"FormatText", "Plain text"},
@@ -127,7 +126,7 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"ImportedBookmarks", "Imported from %@"},
     {"Importing", "Importing “%@”"},
     {"InfoBrowser", "Opens in:"},
-    {"InfoDown", "First in the folder"},
+    {"InfoDown", "First item in the folder"},
     {"InfoLabel", "Label:"},
     {"InfoLocked", "Locked"},
     {"InfoName", "Name:"},
@@ -136,7 +135,7 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"InfoPrevious", "Previous"},
     {"InfoTags", "Tags:"},
     {"InfoURL", "URL:"},
-    {"InfoUp", "Folder around it"},
+    {"InfoUp", "Enclosing folder"},
     {"IsFolder", "It is a folder. Open the files in it instead."},
     {"IsNoFile", "It is a device or a pipe, not a file."},
     {"ItemsDeleted", "%@ deleted"},
@@ -153,10 +152,10 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"LabelPurple", "Purple"},
     {"LabelRed", "Red"},
     {"LabelYellow", "Yellow"},
-    {"LegendBroken", "Broken: nothing was found at the address."},
+    {"LegendBroken", "Broken: no page was found at the address."},
     {"LegendDuplicate", "Duplicate: a link further up in the document has the same address."},
-    {"LegendMoved", "Moved: the address leads on to another one."},
-    {"LegendText", "The mark in front of a link tells what is known of it."},
+    {"LegendMoved", "Moved: the address redirects to another one."},
+    {"LegendText", "The mark in front of a link shows the result of its last check."},
     {"LegendUnknown", "Unknown: it could not be determined whether the link works."},
     {"LegendValid", "Valid: the link was checked and works."},
     {"LinkFiles", "Link files"},
@@ -244,9 +243,8 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"Name", "Name"},
     {"No", "No"},
     {"NoAnswer", "Tabulon is running, but does not answer"},
-    {"NoAnswerText",
-     "It may be busy. You can wait for it, or open another Tabulon beside it. What is not saved in the one "
-     "that does not answer is not seen in the other."},
+    {"NoAnswerText", "It may be busy. You can wait for it, or open another Tabulon. The other one does not "
+                     "show changes that the first one has not saved."},
     {"NoSelection", "Nothing is selected"},
     {"NoSuchFile", "There is no such file in “%@”. It may have been moved, renamed or removed."},
     {"NoSuchFolder", "Its folder “%@” is not there. It may be on a disk that is not connected."},
@@ -270,7 +268,7 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"Revert", "Revert “%@” to the saved version?"},
     {"RevertButton", "Revert"},
     {"RevertChangedText",
-     "Another program has changed the file. It is read as that left it; your own changes are lost."},
+     "Another program has changed the file. The changed file is read, and your own changes are lost."},
     {"RevertText", "All changes since you opened the file or last saved it yourself are lost."},
     {"Save", "Save"},
     {"SaveAgain", "Save"},
@@ -287,20 +285,18 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"SelectXBEL", "Select a bookmark file in XBEL format"},
     {"Separator", "Separator"},
     {"SettingsDamaged", "The settings file was damaged"},
-    {"SettingsDamagedText",
-     "What could be read of it still holds; the other settings are as they were at first. The "
-     "damaged file is now “%@”."},
+    {"SettingsDamagedText", "The settings that could be read were kept. The others have their default "
+                            "values. The damaged file was renamed to “%@”."},
     {"SettingsUnreadable", "The settings could not be read"},
-    {"SettingsUnreadableText", "%@ The file was left as it is. Until it can be read, changes to the settings "
-                               "hold only until Tabulon ends."},
+    {"SettingsUnreadableText", "%@ The file was not changed. Until it can be read, changes to the settings "
+                               "are lost when Tabulon ends."},
     {"SettingsUnwritable", "The settings could not be saved"},
-    {"SettingsUnwritableText",
-     "%@ Changes to the settings hold until Tabulon ends. It tries again to save them with the "
-     "next change."},
+    {"SettingsUnwritableText", "%@ Changes to the settings are lost when Tabulon ends, unless they can be "
+                               "saved together with the next change."},
     {"SkipFolders", "Folders"},
     {"SkipSeparators", "Separators"},
     {"SortByName", "Sort the document by clicking column titles?"},
-    {"SortByNameInfo", "A click then sorts all folders by that column, in the order that the document keeps. "
+    {"SortByNameInfo", "A click then sorts all folders by that column, and the document keeps the new order. "
                        "This cannot be undone."},
     {"Tags", "Tags"},
     {"TagsLabel", "Tags: %@"},

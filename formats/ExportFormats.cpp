@@ -54,7 +54,7 @@ constexpr auto kTextOptions = std::to_array<std::string_view>(
      settings::kExportNote.key, settings::kExportSortName.key, settings::kSkipFolders.key,
      settings::kSkipSeparators.key});
 
-constexpr auto kFormats = std::to_array<ExportFormat>({
+constexpr auto kExportFormats = std::to_array<ExportFormat>({
     {"html", "FormatHTML", "html", kHTMLOptions, writeHTML},
     {"xbel", "FormatXBEL", "xbel", kXBELOptions, writeXBEL},
     {"text", "FormatText", "txt", kTextOptions, writeText},
@@ -63,17 +63,17 @@ constexpr auto kFormats = std::to_array<ExportFormat>({
 } // namespace
 
 std::span<const ExportFormat> exportFormats() {
-    return kFormats;
+    return kExportFormats;
 }
 
 const ExportFormat& exportFormatForExtension(std::string_view extension) {
-    const auto found = std::ranges::find(kFormats, extension, &ExportFormat::extension);
-    return found == kFormats.end() ? kFormats.back() : *found;
+    const auto found = std::ranges::find(kExportFormats, extension, &ExportFormat::extension);
+    return found == kExportFormats.end() ? kExportFormats.back() : *found;
 }
 
 const ExportFormat* exportFormatNamed(std::string_view name) {
-    const auto found = std::ranges::find(kFormats, name, &ExportFormat::name);
-    return found == kFormats.end() ? nullptr : &*found;
+    const auto found = std::ranges::find(kExportFormats, name, &ExportFormat::name);
+    return found == kExportFormats.end() ? nullptr : &*found;
 }
 
 } // namespace tabulon

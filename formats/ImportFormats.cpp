@@ -15,7 +15,7 @@ namespace {
 
 using enum EmptyImport;
 
-constexpr auto kFormats = std::to_array<ImportFormat>({
+constexpr auto kImportFormats = std::to_array<ImportFormat>({
     {"safari", IsADocument, readSafariBookmarks},
     {"chrome", IsADocument, readChromiumBookmarks},
     {"chromium", IsADocument, readChromiumBookmarks},
@@ -33,12 +33,12 @@ constexpr auto kFormats = std::to_array<ImportFormat>({
 } // namespace
 
 std::span<const ImportFormat> importFormats() {
-    return kFormats;
+    return kImportFormats;
 }
 
 const ImportFormat* importFormatNamed(std::string_view name) {
-    const auto found = std::ranges::find(kFormats, name, &ImportFormat::name);
-    return found == kFormats.end() ? nullptr : &*found;
+    const auto found = std::ranges::find(kImportFormats, name, &ImportFormat::name);
+    return found == kImportFormats.end() ? nullptr : &*found;
 }
 
 } // namespace tabulon

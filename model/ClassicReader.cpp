@@ -63,9 +63,9 @@ private:
     UConverter* converter_;
 };
 
-class Reader {
+class RecordReader {
 public:
-    Reader(std::string_view data, const BaseServices& services)
+    RecordReader(std::string_view data, const BaseServices& services)
         : data_(data), now_(Date::now(services.clock)),
           decoder_(countryIsJapan(services.texts.locale()) ? "Shift_JIS" : "macintosh") {}
 
@@ -106,7 +106,7 @@ private:
     Decoder decoder_;
 };
 
-Ref<Bookmark> Reader::nodeFrom(const Record& record) const {
+Ref<Bookmark> RecordReader::nodeFrom(const Record& record) const {
     Ref<Bookmark> node = Bookmark::init(now_);
     if (record.byte(16) != 0)
         node->makeParent();
@@ -123,7 +123,7 @@ Ref<Bookmark> Reader::nodeFrom(const Record& record) const {
 
 // Reads `length` bytes of text and one zero byte. The text ends at its first zero byte. It is null only for a
 // length of 0.
-bool Reader::readText(std::size_t length, Text& text) {
+bool RecordReader::readText(std::size_t length, Text& text) {
     if (!has(length + 1) || data_[position_ + length] != '\0')
         return false;
     if (length > 0) {
@@ -134,7 +134,7 @@ bool Reader::readText(std::size_t length, Text& text) {
     return true;
 }
 
-bool Reader::readLongText(Text& text) {
+bool RecordReader::readLongText(Text& text) {
     if (!has(2))
         return false;
     const auto high = static_cast<std::uint8_t>(data_[position_]);
@@ -143,7 +143,7 @@ bool Reader::readLongText(Text& text) {
     return readText(std::size_t{high} << 8 | low, text);
 }
 
-bool Reader::readTexts(const Record& record, Bookmark& node) {
+bool RecordReader::readTexts(const Record& record, Bookmark& node) {
     Text name;
     Text url;
     Text note;
@@ -166,7 +166,7 @@ bool Reader::readTexts(const Record& record, Bookmark& node) {
     return true;
 }
 
-bool Reader::readChain(Bookmark& root) {
+bool RecordReader::readChain(Bookmark& root) {
     struct Level {
         Bookmark* folder;
         bool continues;
@@ -217,7 +217,7 @@ Result<Ref<Bookmark>> readClassic(std::string_view data, const BaseServices& ser
     master->setItemName("Master");
     master->makeParent();
     master->setShowHier(true);
-    Reader reader(data, services);
+    RecordReader reader(data, services);
     if (!reader.readChain(*master))
         return classicFailure("The file is damaged: it ends in the middle of a bookmark.");
     if (reader.leavesRecords())

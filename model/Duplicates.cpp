@@ -56,7 +56,7 @@ struct Link {
 };
 
 // The number of items by which memory is prefetched. The scan spends most of its time waiting for memory.
-constexpr std::size_t kAhead = 16;
+constexpr std::size_t kLinksAhead = 16;
 
 // The size in bytes from which a text that links share in memory is hashed only once.
 constexpr std::size_t kLong = 256;
@@ -85,7 +85,7 @@ std::vector<Link> linksWithURL(const Bookmark& root) {
         if (!item.itemURL().isNull()) {
             item.itemURL().prefetch();
             links.push_back({0, &item});
-            if (links.size() - hashed > kAhead)
+            if (links.size() - hashed > kLinksAhead)
                 hashNext();
         }
         return false;
@@ -116,8 +116,8 @@ std::vector<Bookmark*> findDuplicates(const Bookmark& root) {
     const std::size_t mask = firsts.size() - 1;
     std::vector<Bookmark*> duplicates;
     for (std::size_t i = 0; i < links.size(); ++i) {
-        if (i + kAhead < links.size())
-            __builtin_prefetch(&firsts[links[i + kAhead].hash & mask]);
+        if (i + kLinksAhead < links.size())
+            __builtin_prefetch(&firsts[links[i + kLinksAhead].hash & mask]);
         const Link& link = links[i];
         std::size_t place = link.hash & mask;
         const auto isLike = [&link](const Link& first) {

@@ -10,7 +10,7 @@
 namespace tabulon {
 namespace {
 
-constexpr std::size_t kAhead = 16;
+constexpr std::size_t kNodesAhead = 16;
 
 // Returns the next sibling of the node or of its nearest ancestor that has one, or nullptr.
 Bookmark* afterSubtree(const Bookmark& node) {
@@ -77,16 +77,16 @@ std::optional<Finder::Start> Finder::goOn(const Bookmark& root, std::size_t node
     const auto hasLeft = [&root](const Ref<Bookmark>& node) { return node && !isInTree(*node, root); };
     if (hasLeft(ongoing_->next) || hasLeft(ongoing_->first))
         ongoing_ = Search{.next = Ref<Bookmark>(root.getChild())};
-    std::array<Bookmark*, kAhead> ahead{};
+    std::array<Bookmark*, kNodesAhead> ahead{};
     Bookmark* node = ongoing_->next.get();
     std::size_t entered = 0;
     for (; node && entered < nodes; node = following(*node)) {
         prefetchTexts(*node);
-        if (Bookmark* due = std::exchange(ahead[entered++ % kAhead], node))
+        if (Bookmark* due = std::exchange(ahead[entered++ % kNodesAhead], node))
             look(*due);
     }
-    for (std::size_t i = 0; i < kAhead; ++i)
-        if (Bookmark* due = ahead[(entered + i) % kAhead])
+    for (std::size_t i = 0; i < kNodesAhead; ++i)
+        if (Bookmark* due = ahead[(entered + i) % kNodesAhead])
             look(*due);
     ongoing_->next = Ref<Bookmark>(node);
     if (node)

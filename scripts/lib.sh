@@ -59,6 +59,12 @@ need_packages() {
     rm -f "$log"
 }
 
+# Lets ccache serve one build folder from another: paths in the tree are hashed relative to the build folder. A base
+# folder of the user's own settings is kept.
+if [ -z "$(ccache --get-config base_dir 2>/dev/null)" ]; then
+    export CCACHE_BASEDIR=$ROOT CCACHE_NOHASHDIR=1
+fi
+
 # build_preset PRESET [TARGET…]: configures the preset's folder build/PRESET the first time and builds the targets,
 # or everything. Quiet unless something is built or fails.
 build_preset() {

@@ -10,8 +10,6 @@
 namespace tabulon::url {
 namespace {
 
-constexpr std::size_t npos = std::string_view::npos;
-
 std::string withoutNoise(std::string_view input) {
     const auto isEdge = [](char c) { return static_cast<unsigned char>(c) <= ' '; };
     while (!input.empty() && isEdge(input.front()))
@@ -29,7 +27,7 @@ bool isDriveLetter(std::string_view text) {
 
 bool beginsWithDriveLetter(std::string_view text) {
     return isDriveLetter(text.substr(0, 2)) &&
-           (text.size() == 2 || std::string_view("/\\?#").find(text[2]) != npos);
+           (text.size() == 2 || std::string_view("/\\?#").find(text[2]) != std::string_view::npos);
 }
 
 // Returns true if the whole path is a drive letter, such as "/C:".
@@ -194,7 +192,7 @@ bool UrlParser::fileHost(std::string_view rest) {
 bool UrlParser::authority(std::string_view rest) {
     const std::size_t end = std::min(rest.find_first_of(isSpecial_ ? "/\\?#" : "/?#"), rest.size());
     std::string_view text = rest.substr(0, end);
-    if (const std::size_t at = text.rfind('@'); at != npos) {
+    if (const std::size_t at = text.rfind('@'); at != std::string_view::npos) {
         const std::string_view user = text.substr(0, at);
         text.remove_prefix(at + 1);
         if (text.empty())
@@ -211,14 +209,14 @@ bool UrlParser::authority(std::string_view rest) {
 
 bool UrlParser::hostAndPort(std::string_view text) {
     const std::size_t bracket = text.rfind(']');
-    const std::size_t colon = text.find(':', bracket == npos ? 0 : bracket);
+    const std::size_t colon = text.find(':', bracket == std::string_view::npos ? 0 : bracket);
     const std::string_view name = text.substr(0, colon);
-    if (name.empty() && (isSpecial_ || colon != npos))
+    if (name.empty() && (isSpecial_ || colon != std::string_view::npos))
         return false;
     url_.host = parseHost(name, isSpecial_);
     if (!url_.host)
         return false;
-    if (colon == npos || colon + 1 == text.size())
+    if (colon == std::string_view::npos || colon + 1 == text.size())
         return true;
     constexpr unsigned kLargest = 65535;
     unsigned number = 0;
@@ -249,8 +247,8 @@ void UrlParser::path(std::string_view rest) {
     std::string_view segments = rest.substr(0, end);
     for (;;) {
         const std::size_t slash = segments.find_first_of(isSpecial_ ? "/\\" : "/");
-        addSegment(segments.substr(0, slash), slash == npos);
-        if (slash == npos)
+        addSegment(segments.substr(0, slash), slash == std::string_view::npos);
+        if (slash == std::string_view::npos)
             break;
         segments.remove_prefix(slash + 1);
     }
@@ -276,7 +274,7 @@ void UrlParser::addSegment(std::string_view segment, bool isLast) {
 void UrlParser::shortenPath() {
     if (url_.scheme == "file" && isDrivePath(url_.path))
         return;
-    if (const std::size_t slash = url_.path.rfind('/'); slash != npos)
+    if (const std::size_t slash = url_.path.rfind('/'); slash != std::string_view::npos)
         url_.path.erase(slash);
 }
 
@@ -290,7 +288,8 @@ void UrlParser::opaquePath(std::string_view rest) {
 void UrlParser::queryAndFragment(std::string_view rest) {
     const std::size_t hash = rest.find('#');
     if (rest.starts_with('?')) {
-        const std::string_view query = rest.substr(1, hash == npos ? npos : hash - 1);
+        const std::string_view query =
+            rest.substr(1, hash == std::string_view::npos ? std::string_view::npos : hash - 1);
         std::string& text = url_.query.emplace();
         const bool isWeb = isSpecial_ && url_.scheme != "ws" && url_.scheme != "wss";
         if (queryEncoding_.empty() || !isWeb)
@@ -298,7 +297,7 @@ void UrlParser::queryAndFragment(std::string_view rest) {
         else
             appendEscapedIn(queryEncoding_, query, EscapeSet::Query, text);
     }
-    if (hash != npos)
+    if (hash != std::string_view::npos)
         appendEscaped(rest.substr(hash + 1), EscapeSet::Fragment, url_.fragment.emplace());
 }
 

@@ -1,6 +1,7 @@
 #include "formats/export/ChromiumEntries.h"
 
 #include "base/LittleEndian.h"
+#include "formats/ChromiumEntriesLayout.h"
 #include "model/TreeWalk.h"
 #include "text/UriScheme.h"
 
@@ -9,11 +10,9 @@
 namespace tabulon {
 namespace {
 
-constexpr std::size_t kUnit = 4;
-constexpr std::size_t kIdentifier = 8;
 constexpr int kDeepest = 200;
 
-bool isWritten(const Bookmark& node) {
+bool isCopied(const Bookmark& node) {
     return node.isFolder() || (!node.isSeparator() && schemeLength(node.itemURL().view()) > 0);
 }
 
@@ -29,7 +28,7 @@ public:
             root,
             [&](const Bookmark& node) {
                 fits_ = fits_ && bytes_.size() <= most_ && depth <= kDeepest;
-                if (!fits_ || !isWritten(node))
+                if (!fits_ || !isCopied(node))
                     return false;
                 appendEntry(node);
                 depth += node.isFolder() ? 1 : 0;
@@ -44,7 +43,9 @@ public:
     }
 
 private:
-    void fillUp() { bytes_.append((kUnit - bytes_.size() % kUnit) % kUnit, '\0'); }
+    void fillUp() {
+        bytes_.append((kChromiumEntryUnit - bytes_.size() % kChromiumEntryUnit) % kChromiumEntryUnit, '\0');
+    }
 
     void appendText(std::string_view utf8) {
         appendNumber(bytes_, utf8.size());
@@ -64,7 +65,7 @@ private:
         const ChildList* children = folder.getChildren();
         const auto entries = children ? static_cast<std::size_t>(std::count_if(
                                             children->begin(), children->end(),
-                                            [](const Bookmark* child) { return isWritten(*child); }))
+                                            [](const Bookmark* child) { return isCopied(*child); }))
                                       : 0;
         appendNumber(bytes_, entries);
         return entries;
@@ -74,7 +75,7 @@ private:
         appendNumber(bytes_, node.isFolder() ? 0 : 1);
         appendText(node.isFolder() ? std::string_view() : node.itemURL().view());
         appendTitle(node.itemName().view());
-        bytes_.append(kIdentifier, '\0');
+        bytes_.append(kChromiumIdentifierSize, '\0');
         appendNumber(bytes_, 0); // no remarks
         if (node.isFolder())
             appendNumberOfEntries(node);

@@ -44,7 +44,7 @@ void appendDate(std::string& text, Date date) {
 }
 
 // Returns whether a link is written. Its note is written in any case.
-bool isWritten(const Bookmark& link) {
+bool isWrittenAsLink(const Bookmark& link) {
     return !link.itemURL().isNull() && !link.itemName().isNull();
 }
 
@@ -138,7 +138,7 @@ private:
     }
 
     void writeLink(const Bookmark& link) {
-        if (isWritten(link)) {
+        if (isWrittenAsLink(link)) {
             doIndent(text_, level());
             text_ += "<DT><A HREF=\"";
             text_ += link.itemURL().view();
@@ -181,7 +181,7 @@ std::uint64_t indentsOf(const Bookmark& node, std::uint64_t level) {
         return node.isFolder() && node.hasChildren() ? 3 * level : level;
     if (node.isFolder())
         return (node.itemName().isEmpty() ? 0 : level) + (node.hasChildren() ? 2 * level : level + 1);
-    return (isWritten(node) ? level : 0) + (node.itemNote().isEmpty() ? 0 : level);
+    return (isWrittenAsLink(node) ? level : 0) + (node.itemNote().isEmpty() ? 0 : level);
 }
 
 std::uint64_t indentsBelow(const Bookmark& master) {

@@ -16,11 +16,11 @@
 namespace tabulon {
 namespace {
 
-constexpr std::string_view kHeader = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                                     "<!DOCTYPE xbel>\n"
-                                     "<!-- Created by Tabulon - https://tabulon.example/ -->\n"
-                                     "<xbel version=\"1.0\">\n";
-constexpr std::string_view kEnd = "</xbel>\n";
+constexpr std::string_view kXbelHeader = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                                         "<!DOCTYPE xbel>\n"
+                                         "<!-- Created by Tabulon - https://tabulon.example/ -->\n"
+                                         "<xbel version=\"1.0\">\n";
+constexpr std::string_view kXbelEnd = "</xbel>\n";
 
 // One export. The open lists are a stack; `pending_` contains the nodes that are not written yet, the next
 // one last.
@@ -32,10 +32,10 @@ public:
                  options.sortByName ? ExportOrder::Sorted : ExportOrder::AsInTheTree) {}
 
     Result<std::string> run() {
-        text_ = kHeader;
+        text_ = kXbelHeader;
         beginList(master_);
         while (!lists_.empty()) {
-            if (text_.size() + kEnd.size() > options_.mostBytes)
+            if (text_.size() + kXbelEnd.size() > options_.mostBytes)
                 return failure("The bookmarks are too many, too long or nested too deep for one XBEL file.");
             if (pending_.size() == lists_.back()) {
                 endList();
@@ -50,7 +50,7 @@ public:
             if (steps_.isCancelled())
                 return cancelledByUser();
         }
-        text_ += kEnd;
+        text_ += kXbelEnd;
         return std::move(text_);
     }
 

@@ -1,6 +1,7 @@
 #include "formats/import/ChromiumEntries.h"
 
 #include "base/LittleEndian.h"
+#include "formats/ChromiumEntriesLayout.h"
 
 #include <unicode/unistr.h>
 
@@ -12,9 +13,6 @@
 
 namespace tabulon {
 namespace {
-
-constexpr std::size_t kUnit = 4;
-constexpr std::size_t kIdentifier = 8;
 
 class Reader {
 public:
@@ -50,7 +48,7 @@ private:
 
     std::string_view takeFilledUp(std::size_t size) {
         const std::string_view part = reader_.take(size);
-        reader_.take((kUnit - size % kUnit) % kUnit);
+        reader_.take((kChromiumEntryUnit - size % kChromiumEntryUnit) % kChromiumEntryUnit);
         return part;
     }
     std::string_view bytes() { return takeFilledUp(reader_.number()); }
@@ -73,7 +71,7 @@ private:
             node->setItemURL(Text::fromBytes(url));
         else
             node->makeParent();
-        reader_.take(kIdentifier);
+        reader_.take(kChromiumIdentifierSize);
         for (std::size_t remarks = reader_.number(); reader_.isWhole() && remarks > 0; --remarks) {
             bytes();
             bytes();

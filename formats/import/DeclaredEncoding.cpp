@@ -12,7 +12,7 @@ namespace tabulon {
 namespace {
 
 constexpr std::size_t npos = std::string_view::npos;
-constexpr std::size_t kReach = 1024;
+constexpr std::size_t kMetaReach = 1024;
 
 struct Attribute {
     std::string name;
@@ -45,7 +45,7 @@ std::optional<std::string_view> charsetIn(std::string_view content) {
 
 class MetaSearch {
 public:
-    explicit MetaSearch(std::string_view page) : rest_(page.substr(0, kReach)) {}
+    explicit MetaSearch(std::string_view page) : rest_(page.substr(0, kMetaReach)) {}
 
     DeclaredEncoding run() {
         while (!rest_.empty()) {

@@ -12,8 +12,6 @@
 namespace tabulon {
 namespace {
 
-constexpr std::size_t npos = std::string_view::npos;
-
 struct Number {
     std::uint64_t value;
     std::size_t digits;
@@ -43,7 +41,7 @@ Date dateAt(const ScannedBytes& bytes, std::size_t value) {
     const Number number = numberIn(bytes.range(value + 1, bytes.size()));
     const std::size_t end = value + 1 + number.digits;
     bytes.countExamined(value, end);
-    if (bytes.at(end) != '"' && bytes.find('"', end) == npos)
+    if (bytes.at(end) != '"' && bytes.find('"', end) == std::string_view::npos)
         return Date();
     return Date::fromUnixSeconds(static_cast<double>(number.value));
 }
@@ -77,15 +75,16 @@ std::optional<std::uint64_t> tenDigits(const char* bytes) {
 NetscapeDates netscapeDates(const ScannedBytes& bytes, std::size_t start, std::size_t next) {
     constexpr std::size_t kAdd = 3; // letters before the underscore
     constexpr std::size_t kLast = 4;
-    std::size_t added = npos;
-    std::size_t modified = npos;
-    for (std::size_t mark = start; added == npos || modified == npos;) {
+    std::size_t added = std::string_view::npos;
+    std::size_t modified = std::string_view::npos;
+    for (std::size_t mark = start; added == std::string_view::npos || modified == std::string_view::npos;) {
         mark = bytes.find('_', mark + 1, next + kLast + 1);
-        if (mark == npos)
+        if (mark == std::string_view::npos)
             break;
-        if (added == npos && mark <= next + kAdd && bytes.startsAt(mark - kAdd, "ADD_DATE="))
+        if (added == std::string_view::npos && mark <= next + kAdd &&
+            bytes.startsAt(mark - kAdd, "ADD_DATE="))
             added = mark + std::string_view("_DATE=").size();
-        else if (modified == npos && bytes.startsAt(mark - kLast, "LAST_MODIFIED="))
+        else if (modified == std::string_view::npos && bytes.startsAt(mark - kLast, "LAST_MODIFIED="))
             modified = mark + std::string_view("_MODIFIED=").size();
     }
     return {dateAt(bytes, added), dateAt(bytes, modified)};

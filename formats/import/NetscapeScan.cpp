@@ -10,7 +10,6 @@
 namespace tabulon {
 namespace {
 
-constexpr std::size_t npos = ScannedBytes::npos;
 constexpr std::size_t kFolderNameReach = 512;
 
 bool isToolbarName(std::string_view name) {
@@ -88,8 +87,8 @@ std::size_t NetscapeScan::endList(std::size_t start) {
 std::size_t NetscapeScan::setNote(std::size_t start) {
     const std::size_t begin = start + 4;
     const std::size_t tag = bytes_.find('<', begin);
-    if (tag == npos)
-        return npos;
+    if (tag == ScannedBytes::npos)
+        return ScannedBytes::npos;
     const char before = bytes_.at(tag - 1);
     const std::size_t end = before == '\r' || before == '\n' ? tag - 1 : tag;
     if (end > begin && lastItem_)
@@ -113,10 +112,10 @@ std::size_t NetscapeScan::appendLinkLine(const LinkLine& line, std::size_t start
 std::size_t NetscapeScan::appendLink(std::size_t start) {
     const LinkTarget* target = targets_.next(start + 4);
     if (!target)
-        return npos;
+        return ScannedBytes::npos;
     auto name = nameOf(*target);
     if (!name)
-        return npos;
+        return ScannedBytes::npos;
     Ref<Bookmark> link = Bookmark::init(now_);
     link->setItemURL(target->address);
     if (target->type)
@@ -137,10 +136,10 @@ std::optional<NetscapeScan::LinkName> NetscapeScan::nameOf(const LinkTarget& tar
     if (bytes_.at(target.anchor + 2) != ' ')
         return LinkName{untitled_, target.anchor + 6};
     const std::size_t tagEnd = bytes_.find('>', target.addressEnd);
-    if (tagEnd == npos)
+    if (tagEnd == ScannedBytes::npos)
         return std::nullopt;
     const std::size_t closing = bytes_.find("</A>", tagEnd + 1);
-    if (closing == npos)
+    if (closing == ScannedBytes::npos)
         return std::nullopt;
     return LinkName{nameBetween(tagEnd + 1, closing), closing + 4};
 }
@@ -149,13 +148,13 @@ std::optional<NetscapeScan::LinkName> NetscapeScan::nameOf(const LinkTarget& tar
 Text NetscapeScan::nameBetween(std::size_t from, std::size_t to) {
     while (from < to && bytes_.at(from) == '<') {
         const std::size_t tagEnd = bytes_.find('>', from, to);
-        if (tagEnd == npos)
+        if (tagEnd == ScannedBytes::npos)
             break;
         from = tagEnd + 1;
     }
     while (from < to && bytes_.at(to - 1) == '>') {
         const std::size_t tag = bytes_.findBackwards('<', to, from);
-        if (tag == npos)
+        if (tag == ScannedBytes::npos)
             break;
         to = tag;
     }
@@ -168,18 +167,18 @@ Text NetscapeScan::nameBetween(std::size_t from, std::size_t to) {
 
 std::size_t NetscapeScan::appendFolder(std::size_t start) {
     const std::size_t closing = bytes_.find("</H", start + 5);
-    if (closing == npos)
-        return npos;
+    if (closing == ScannedBytes::npos)
+        return ScannedBytes::npos;
     const std::size_t reach = closing - std::min(closing, kFolderNameReach);
     const std::size_t tagEnd = bytes_.findBackwards('>', closing, reach);
-    if (tagEnd == npos)
-        return npos;
+    if (tagEnd == ScannedBytes::npos)
+        return ScannedBytes::npos;
     const std::size_t next = closing + 5;
     Ref<Bookmark> folder = Bookmark::init(now_);
     folder->makeParent();
     folder->setItemName(folderName(tagEnd + 1, closing));
     readDates(*folder, start, next);
-    folder->setAutoTab(bytes_.find("FOLDER_GROUP=\"true\"", start, next) != npos);
+    folder->setAutoTab(bytes_.find("FOLDER_GROUP=\"true\"", start, next) != ScannedBytes::npos);
     append(std::move(folder));
     return next;
 }

@@ -103,9 +103,9 @@ std::string withoutReturns(std::string text) {
 
 Result<PageLinks> linksOf(const Findings& findings, std::string_view queryEncoding, std::size_t mostBytes,
                           Progress* progress) {
-    constexpr std::size_t kStride = 256; // links
+    constexpr std::size_t kLinkStride = 256; // links
     PageLinks result;
-    ProgressSteps steps(progress, findings.links.size(), kStride);
+    ProgressSteps steps(progress, findings.links.size(), kLinkStride);
     std::size_t done = 0;
     const std::optional<url::Url> base = baseOf(findings, queryEncoding);
     for (const Link& link : findings.links) {

@@ -10,9 +10,8 @@
 namespace tabulon {
 namespace {
 
-constexpr std::size_t npos = ScannedBytes::npos;
 /// The limit on the bytes before an "@" that are searched for the beginning of its word.
-constexpr std::size_t kReach = 512;
+constexpr std::size_t kAddressReach = 512;
 
 constexpr std::string_view kDelimiters("\0\t\n\r \"'(),;<>", 13);
 
@@ -58,7 +57,7 @@ public:
         ProgressSteps steps(progress, bytes_.size());
         for (std::size_t cursor = 0; cursor < bytes_.size() && steps.goOn(cursor);) {
             const std::size_t next = scanOne(*root, cursor);
-            if (next == npos)
+            if (next == ScannedBytes::npos)
                 break;
             cursor = next;
         }
@@ -67,7 +66,7 @@ public:
 
 private:
     // Appends the link of the first marker from the cursor on, if it has one. Returns the next cursor, or
-    // npos where there is no marker.
+    // ScannedBytes::npos where there is no marker.
     std::size_t scanOne(Bookmark& root, std::size_t cursor) {
         const std::size_t scheme = findScheme(cursor);
         const std::size_t mailto = findMailto(cursor);
@@ -75,8 +74,8 @@ private:
         const std::size_t infoMac =
             infoMac_.find(cursor, [this](std::size_t from) { return bytes_.find("/info-mac/", from); });
         const std::size_t first = std::min({scheme, mailto, at, infoMac});
-        if (first == npos)
-            return npos;
+        if (first == ScannedBytes::npos)
+            return ScannedBytes::npos;
         if (first == scheme)
             return appendAfterScheme(root, scheme);
         return append(root, first == at ? startOfWord(at, cursor) : first);
@@ -90,19 +89,19 @@ private:
     std::size_t findMailto(std::size_t cursor) {
         return mailto_.find(cursor, [this](std::size_t from) {
             constexpr std::string_view kLetters = "mailto";
-            for (std::size_t colon = bytes_.find(':', from + kLetters.size()); colon != npos;
+            for (std::size_t colon = bytes_.find(':', from + kLetters.size()); colon != ScannedBytes::npos;
                  colon = bytes_.find(':', colon + 1)) {
                 const std::size_t start = colon - kLetters.size();
                 if (std::ranges::equal(bytes_.range(start, colon), kLetters, {}, ascii::lower))
                     return start;
             }
-            return npos;
+            return ScannedBytes::npos;
         });
     }
 
     // Returns the position at which the word of an "@" begins, not before the cursor.
     std::size_t startOfWord(std::size_t at, std::size_t cursor) const {
-        const std::size_t least = at - std::min(kReach - 1, at);
+        const std::size_t least = at - std::min(kAddressReach - 1, at);
         for (std::size_t start = at; start > std::max(cursor, least); --start)
             if (isDelimiter(bytes_.at(start - 1)))
                 return start;

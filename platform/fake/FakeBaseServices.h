@@ -42,6 +42,9 @@ public:
     void removeKey(std::string_view key) override;
     void refresh() override {}
 
+    /// Returns what was set, without the registered values.
+    const std::map<std::string, std::string, std::less<>>& values() const { return values_; }
+
 private:
     std::map<std::string, std::string, std::less<>> values_;
 };

@@ -14,10 +14,6 @@ namespace {
 constexpr int kMostKeptFiles = 100;
 constexpr std::chrono::milliseconds kLastPatience{2000};
 
-std::string folderOf(const std::string& path) {
-    return std::filesystem::path(path).parent_path().string();
-}
-
 // Returns an unused name in the folder of the file.
 std::string nameForDamagedFile(FileStore& files, const std::string& path) {
     std::string name = path + ".damaged";
@@ -80,7 +76,7 @@ void FileUserDefaults::refresh() {
     const auto identity = files_.identityOf(path_);
     if (identity && identity == identity_)
         return;
-    const FolderLock lock(folderOf(path_));
+    const FolderLock lock(std::filesystem::path(path_).parent_path().string());
     if (const auto text = readText())
         takeIn(*text);
 }
@@ -137,7 +133,7 @@ void FileUserDefaults::write() {
 void FileUserDefaults::writeChanges(Chance chance) {
     if (changes_.empty())
         return;
-    const std::string folder = folderOf(path_);
+    const std::string folder = std::filesystem::path(path_).parent_path().string();
     const Result<void> made = files_.makeFolder(folder);
     const FolderLock lock(folder, chance == Chance::Last ? kLastPatience : FolderLock::kPatience);
     if (lock.isBusy() && chance != Chance::Last)

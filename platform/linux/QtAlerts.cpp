@@ -13,7 +13,7 @@
 namespace tabulon {
 namespace {
 
-constexpr int kSmallestWidth = 420;
+constexpr int kSmallestAlertWidth = 420;
 
 QMessageBox::Icon iconFor(AlertStyle style) {
     switch (style) {
@@ -75,7 +75,7 @@ void layOut(QMessageBox& box) {
         message->setFont(bold);
     }
     if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
-        grid->addItem(new QSpacerItem(kSmallestWidth, 0), grid->rowCount(), 0, 1, grid->columnCount());
+        grid->addItem(new QSpacerItem(kSmallestAlertWidth, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
 // A disabled alert, which waits for a later one, cannot be closed.

@@ -16,7 +16,7 @@
 namespace tabulon {
 namespace {
 
-constexpr int kSmallestWidth = 360;
+constexpr int kSmallestPanelWidth = 360;
 constexpr int kSteps = 1000;
 constexpr qint64 kPause = 40; // milliseconds between two updates that handle events
 
@@ -25,7 +25,7 @@ public:
     ProgressDialog(const ProgressPanel& panel, QWidget* parent) : QDialog(parent), bar_(new QProgressBar) {
         setWindowTitle(QStringLiteral("Tabulon"));
         setWindowModality(Qt::ApplicationModal);
-        setMinimumWidth(kSmallestWidth);
+        setMinimumWidth(kSmallestPanelWidth);
         auto* message = new QLabel(QString::fromStdString(panel.message));
         message->setTextFormat(Qt::PlainText);
         message->setWordWrap(true);

@@ -7,7 +7,7 @@
 namespace tabulon {
 namespace {
 
-constexpr auto kPause = std::chrono::milliseconds(50); // until postponed work is tried again
+constexpr auto kRetryPause = std::chrono::milliseconds(50); // until postponed work is tried again
 
 class QtTimer : public Timer {
 public:
@@ -16,7 +16,7 @@ public:
         const auto due = [this, work = std::move(work), mustWait = std::move(mustWait)] {
             if (mustWait && mustWait()) {
                 if (timer_.isSingleShot())
-                    timer_.start(kPause);
+                    timer_.start(kRetryPause);
                 return;
             }
             const Timers::Work running = work; // a copy, since it may destroy the timer

@@ -15,6 +15,11 @@
 
 namespace tabulon {
 
+/// The document that most tests open or save.
+inline const std::string kPath = "/home/Links.tbln";
+/// How long a document waits after a change before it is saved by itself, in seconds.
+inline constexpr double kPause = AutosavePause::kSeconds;
+
 class AppTest : public testing::Test, protected FakePlatform {
 protected:
     std::string documentBytes(const char* linkName) {

@@ -11,8 +11,6 @@ namespace {
 
 using testing::HasSubstr;
 
-const std::string kPath = "/home/Links.tbln";
-
 class DamagedDocumentTest : public AppTest {
 protected:
     // A document of links with one reference to a missing object.
@@ -88,7 +86,7 @@ TEST_F(DamagedDocumentTest, whatIsLeftOfADamagedCopyOfACrashIsOffered) {
     alerts.answer("Open What Is Left");
     app.applicationDidFinishLaunching({});
     ASSERT_EQ(alerts.shown.size(), 1u);
-    EXPECT_EQ(alerts.shown[0].message, "What was not saved of “My links” could not be recovered");
+    EXPECT_EQ(alerts.shown[0].message, "The unsaved changes of “My links” could not be recovered");
     EXPECT_THAT(alerts.shown[0].informative, HasSubstr(" It is kept as “" + copy + ".damaged”. "));
     EXPECT_THAT(alerts.shown[0].informative, HasSubstr("39 of 40 bookmarks could be read."));
     ASSERT_TRUE(onlyDocument());
@@ -126,7 +124,8 @@ TEST_F(DamagedDocumentTest, ofSeveralFilesOneMayHaveSomethingLeft) {
     alerts.answer("Cancel");
     openFiles({kPath, "/home/Other.tbln"});
     ASSERT_EQ(alerts.shown.size(), 1u);
-    EXPECT_THAT(alerts.shown[0].informative, HasSubstr("1 of them can be read in part. What is left of it "));
+    EXPECT_THAT(alerts.shown[0].informative,
+                HasSubstr("1 of them can be read in part. The bookmarks that can be read open as an "));
     ASSERT_TRUE(onlyDocument());
     EXPECT_EQ(onlyDocument()->displayName(), "Untitled") << "the one of every start without a file";
     EXPECT_FALSE(onlyDocument()->isDocumentEdited());

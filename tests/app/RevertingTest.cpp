@@ -6,9 +6,6 @@
 namespace tabulon {
 namespace {
 
-constexpr double kPause = DocumentController::kAutosavePause;
-const std::string kPath = "/home/Links.tbln";
-
 class RevertingTest : public AppTest {
 protected:
     RevertingTest() { open(); }

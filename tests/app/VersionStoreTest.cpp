@@ -15,7 +15,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const std::string kPath = "/home/Links.tbln";
+const std::string kStoredPath = "/home/Links.tbln";
 
 class VersionStoreTest : public testing::Test, protected FakePlatform {
 protected:
@@ -26,7 +26,7 @@ protected:
         files.files[path] = content;
         store.didReplace(path, path);
     }
-    std::vector<std::string> contents(const std::string& path = kPath) {
+    std::vector<std::string> contents(const std::string& path = kStoredPath) {
         std::vector<std::string> result;
         for (const DocumentVersion& version : store.versionsOf(path))
             result.push_back(store.read(version).value_or("damaged"));
@@ -43,26 +43,26 @@ protected:
 };
 
 TEST_F(VersionStoreTest, everyReplacedVersionIsThereNewestFirst) {
-    files.files[kPath] = "1";
-    replace(kPath, "2");
-    replace(kPath, "3");
+    files.files[kStoredPath] = "1";
+    replace(kStoredPath, "2");
+    replace(kStoredPath, "3");
     EXPECT_THAT(contents(), ElementsAre("2", "1"));
-    EXPECT_EQ(files.files[kPath], "3");
+    EXPECT_EQ(files.files[kStoredPath], "3");
 }
 
 TEST_F(VersionStoreTest, aFirstSaveReplacesNothing) {
-    replace(kPath, "1");
+    replace(kStoredPath, "1");
     EXPECT_THAT(contents(), IsEmpty());
 }
 
 TEST_F(VersionStoreTest, equalContentIsKeptOnceWithItsLatestTime) {
-    files.files[kPath] = "1";
-    replace(kPath, "2");
-    const Date first = store.versionsOf(kPath).front().kept;
-    replace(kPath, "1");
-    replace(kPath, "2");
+    files.files[kStoredPath] = "1";
+    replace(kStoredPath, "2");
+    const Date first = store.versionsOf(kStoredPath).front().kept;
+    replace(kStoredPath, "1");
+    replace(kStoredPath, "2");
     EXPECT_THAT(contents(), ElementsAre("1", "2"));
-    EXPECT_GT(store.versionsOf(kPath).front().kept.unixSeconds(), first.unixSeconds());
+    EXPECT_GT(store.versionsOf(kStoredPath).front().kept.unixSeconds(), first.unixSeconds());
 }
 
 TEST_F(VersionStoreTest, nothingStaysOfADocumentThatIsGoneWithItsVersions) {
@@ -80,12 +80,12 @@ TEST_F(VersionStoreTest, nothingStaysOfADocumentThatIsGoneWithItsVersions) {
     files.files.erase("/home/gone.tbln");
     files.files.erase("/home/source.tbln");
     std::erase_if(files.files, [](const auto& file) { return file.first.ends_with(".zst"); });
-    files.files[kPath] = "1";
-    replace(kPath, "2");
+    files.files[kStoredPath] = "1";
+    replace(kStoredPath, "2");
     EXPECT_EQ(filesInStore(".place"), 4u) << "there, source (it has a copy), copy and the one just saved";
     EXPECT_EQ(filesInStore(".backup"), 2u);
     files.files.erase("/home/copy.tbln");
-    replace(kPath, "3");
+    replace(kStoredPath, "3");
     EXPECT_EQ(filesInStore(".place"), 2u);
     EXPECT_EQ(filesInStore(".backup"), 1u);
     EXPECT_TRUE(store.isBackupOf("/home/there.tbln", "/backups/b"));
@@ -95,26 +95,26 @@ TEST_F(VersionStoreTest, aDocumentThatIsGoneKeepsItsPlaceWhileItHasVersions) {
     files.files["/home/gone.tbln"] = "1";
     replace("/home/gone.tbln", "2");
     files.files.erase("/home/gone.tbln");
-    files.files[kPath] = "1";
-    replace(kPath, "2");
+    files.files[kStoredPath] = "1";
+    replace(kStoredPath, "2");
     EXPECT_THAT(contents("/home/gone.tbln"), ElementsAre("1"));
 }
 
 TEST_F(VersionStoreTest, severalSavesInOneMillisecondAreAllKept) {
-    files.files[kPath] = "1";
+    files.files[kStoredPath] = "1";
     for (const char* content : {"2", "3", "4"}) {
-        EXPECT_TRUE(store.willReplace(kPath, kPath));
-        files.files[kPath] = content;
-        store.didReplace(kPath, kPath);
+        EXPECT_TRUE(store.willReplace(kStoredPath, kStoredPath));
+        files.files[kStoredPath] = content;
+        store.didReplace(kStoredPath, kStoredPath);
     }
     EXPECT_THAT(contents(), ElementsAre("3", "2", "1"));
 }
 
 TEST_F(VersionStoreTest, aRenamedFileKeepsItsVersions) {
-    files.files[kPath] = "1";
-    replace(kPath, "2");
+    files.files[kStoredPath] = "1";
+    replace(kStoredPath, "2");
     // As after a rename: another path, the same file.
-    files.links["/home/Renamed.tbln"] = kPath;
+    files.links["/home/Renamed.tbln"] = kStoredPath;
     EXPECT_THAT(contents("/home/Renamed.tbln"), ElementsAre("1"));
     store.noteOpened("/home/Renamed.tbln");
     EXPECT_THAT(contents("/home/Renamed.tbln"), ElementsAre("1"));
@@ -130,65 +130,65 @@ TEST_F(VersionStoreTest, anotherDocumentOfTheSameNameHasItsOwn) {
 }
 
 TEST_F(VersionStoreTest, versionsOfAFileThatIsGoneAreFoundByItsPath) {
-    files.files[kPath] = "1";
-    replace(kPath, "2");
-    files.files.erase(kPath);
+    files.files[kStoredPath] = "1";
+    replace(kStoredPath, "2");
+    files.files.erase(kStoredPath);
     EXPECT_THAT(contents(), ElementsAre("1"));
 }
 
 TEST_F(VersionStoreTest, aDocumentSavedUnderAnotherNameBringsItsVersionsAlong) {
-    files.files[kPath] = "1";
-    replace(kPath, "2");
+    files.files[kStoredPath] = "1";
+    replace(kStoredPath, "2");
     base.clock.advance(1);
-    EXPECT_TRUE(store.willReplace("/home/Copy.tbln", kPath));
+    EXPECT_TRUE(store.willReplace("/home/Copy.tbln", kStoredPath));
     files.files["/home/Copy.tbln"] = "2 copied";
-    store.didReplace("/home/Copy.tbln", kPath);
+    store.didReplace("/home/Copy.tbln", kStoredPath);
     EXPECT_THAT(contents("/home/Copy.tbln"), ElementsAre("1"));
     replace("/home/Copy.tbln", "3 copied");
-    replace(kPath, "3");
+    replace(kStoredPath, "3");
     EXPECT_THAT(contents("/home/Copy.tbln"), ElementsAre("2 copied", "1")) << "from then on each has its own";
-    EXPECT_THAT(contents(kPath), ElementsAre("2", "1"));
+    EXPECT_THAT(contents(kStoredPath), ElementsAre("2", "1"));
 }
 
 TEST_F(VersionStoreTest, savingOverAnotherDocumentKeepsWhatWasThere) {
-    files.files[kPath] = "mine 1";
+    files.files[kStoredPath] = "mine 1";
     files.files["/home/Other.tbln"] = "other 1";
-    replace(kPath, "mine 2");
+    replace(kStoredPath, "mine 2");
     replace("/home/Other.tbln", "other 2");
     base.clock.advance(1);
-    EXPECT_TRUE(store.willReplace("/home/Other.tbln", kPath));
+    EXPECT_TRUE(store.willReplace("/home/Other.tbln", kStoredPath));
     files.files["/home/Other.tbln"] = "mine 3";
-    store.didReplace("/home/Other.tbln", kPath);
+    store.didReplace("/home/Other.tbln", kStoredPath);
     EXPECT_THAT(contents("/home/Other.tbln"), ElementsAre("other 2", "other 1", "mine 1"));
 }
 
 TEST_F(VersionStoreTest, aNewDocumentUnderTheNameOfOneThatWasMovedAwayHasNothingOfIt) {
-    files.files[kPath] = "old 1";
-    replace(kPath, "old 2");
-    files.move(kPath, "/home/Moved.tbln");
+    files.files[kStoredPath] = "old 1";
+    replace(kStoredPath, "old 2");
+    files.move(kStoredPath, "/home/Moved.tbln");
     base.clock.advance(1);
-    EXPECT_TRUE(store.willReplace(kPath, ""));
-    files.files[kPath] = "new 1";
-    store.didReplace(kPath, "");
-    replace(kPath, "new 2");
-    EXPECT_THAT(contents(kPath), ElementsAre("new 1"));
+    EXPECT_TRUE(store.willReplace(kStoredPath, ""));
+    files.files[kStoredPath] = "new 1";
+    store.didReplace(kStoredPath, "");
+    replace(kStoredPath, "new 2");
+    EXPECT_THAT(contents(kStoredPath), ElementsAre("new 1"));
     EXPECT_THAT(contents("/home/Moved.tbln"), ElementsAre("old 1"));
 }
 
 TEST_F(VersionStoreTest, whereAnotherProgramMadeANewFileTheMovedOneKeepsItsVersions) {
-    files.files[kPath] = "old 1";
-    replace(kPath, "old 2");
-    files.move(kPath, "/home/Moved.tbln");
-    files.files[kPath] = "theirs";
-    store.noteOpened(kPath);
-    replace(kPath, "mine");
-    EXPECT_THAT(contents(kPath), ElementsAre("theirs", "old 1"))
+    files.files[kStoredPath] = "old 1";
+    replace(kStoredPath, "old 2");
+    files.move(kStoredPath, "/home/Moved.tbln");
+    files.files[kStoredPath] = "theirs";
+    store.noteOpened(kStoredPath);
+    replace(kStoredPath, "mine");
+    EXPECT_THAT(contents(kStoredPath), ElementsAre("theirs", "old 1"))
         << "it may be the same document, written anew";
     store.noteOpened("/home/Moved.tbln");
     EXPECT_THAT(contents("/home/Moved.tbln"), ElementsAre("old 1"));
     replace("/home/Moved.tbln", "old 3");
     EXPECT_THAT(contents("/home/Moved.tbln"), ElementsAre("old 2", "old 1"));
-    EXPECT_THAT(contents(kPath), ElementsAre("theirs", "old 1"));
+    EXPECT_THAT(contents(kStoredPath), ElementsAre("theirs", "old 1"));
 }
 
 TEST_F(VersionStoreTest, aCopyOverACopyKeepsBothOrigins) {
@@ -198,11 +198,11 @@ TEST_F(VersionStoreTest, aCopyOverACopyKeepsBothOrigins) {
     replace("/home/b.tbln", "b2");
     for (const char* from : {"/home/a.tbln", "/home/b.tbln"}) {
         base.clock.advance(1);
-        EXPECT_TRUE(store.willReplace(kPath, from));
-        files.files[kPath] = std::string("copy of ") + from;
-        store.didReplace(kPath, from);
+        EXPECT_TRUE(store.willReplace(kStoredPath, from));
+        files.files[kStoredPath] = std::string("copy of ") + from;
+        store.didReplace(kStoredPath, from);
     }
-    EXPECT_THAT(contents(kPath), ElementsAre("copy of /home/a.tbln", "b1", "a1"));
+    EXPECT_THAT(contents(kStoredPath), ElementsAre("copy of /home/a.tbln", "b1", "a1"));
 }
 
 TEST_F(VersionStoreTest, theSizeOfTheStoreStaysBelowItsLimit) {
@@ -212,8 +212,8 @@ TEST_F(VersionStoreTest, theSizeOfTheStoreStaysBelowItsLimit) {
     for (int save = 0; save < 8; ++save) {
         for (char& c : content)
             c = static_cast<char>((noise = noise * 1664525 + 1013904223) >> 24);
-        files.files[kPath] = content;
-        EXPECT_TRUE(store.keepFile(kPath));
+        files.files[kStoredPath] = content;
+        EXPECT_TRUE(store.keepFile(kStoredPath));
         base.clock.advance(1);
         std::size_t size = 0;
         for (const auto& [path, bytes] : files.files)
@@ -226,24 +226,24 @@ TEST_F(VersionStoreTest, theSizeOfTheStoreStaysBelowItsLimit) {
 
 TEST_F(VersionStoreTest, aFileBeyondTheLimitIsNotReadAndFailsWithItsName) {
     base.defaults.setIntegerForKey("VersionsLimit", 1);
-    files.files[kPath] = std::string(1'000'001, 'x');
-    const Result<void> kept = store.keepFile(kPath);
+    files.files[kStoredPath] = std::string(1'000'001, 'x');
+    const Result<void> kept = store.keepFile(kStoredPath);
     ASSERT_FALSE(kept);
-    EXPECT_THAT(kept.error().message, testing::HasSubstr(kPath));
+    EXPECT_THAT(kept.error().message, testing::HasSubstr(kStoredPath));
     EXPECT_THAT(contents(), IsEmpty());
 }
 
 TEST_F(VersionStoreTest, aLimitOfZeroKeepsNothing) {
     base.defaults.setIntegerForKey("VersionsLimit", 0);
-    files.files[kPath] = "1";
-    replace(kPath, "2");
+    files.files[kStoredPath] = "1";
+    replace(kStoredPath, "2");
     EXPECT_EQ(files.files.size(), 1u);
 }
 
 TEST_F(VersionStoreTest, aStoreThatCannotBeWrittenFailsAndChangesNothing) {
     files.unwritable = "/state";
-    files.files[kPath] = "1";
-    EXPECT_FALSE(store.keepFile(kPath));
+    files.files[kStoredPath] = "1";
+    EXPECT_FALSE(store.keepFile(kStoredPath));
     EXPECT_EQ(files.files.size(), 1u);
 }
 
@@ -251,17 +251,17 @@ TEST_F(VersionStoreTest, otherFilesInTheFolderAreLeftAlone) {
     files.files["/state/versions/notes.txt"] = "mine";
     files.files["/state/versions/0000000000000000 yesterday.tbln.zst"] = "x";
     files.files["/state/versions/0000000000000000.place"] = "not a place";
-    files.files[kPath] = "1";
-    replace(kPath, "2");
+    files.files[kStoredPath] = "1";
+    replace(kStoredPath, "2");
     EXPECT_THAT(contents(), ElementsAre("1"));
     EXPECT_EQ(files.files["/state/versions/notes.txt"], "mine");
     EXPECT_EQ(files.files["/state/versions/0000000000000000 yesterday.tbln.zst"], "x");
 }
 
 TEST_F(VersionStoreTest, aDamagedVersionIsRefusedWithItsName) {
-    files.files[kPath] = std::string(1000, 'x');
-    replace(kPath, "2");
-    const DocumentVersion version = store.versionsOf(kPath).front();
+    files.files[kStoredPath] = std::string(1000, 'x');
+    replace(kStoredPath, "2");
+    const DocumentVersion version = store.versionsOf(kStoredPath).front();
     for (std::size_t place = 0; place < files.files[version.path].size(); ++place) {
         const std::string whole = files.files[version.path];
         files.files[version.path][place] ^= 1;
@@ -274,14 +274,14 @@ TEST_F(VersionStoreTest, aDamagedVersionIsRefusedWithItsName) {
 }
 
 TEST_F(VersionStoreTest, aBackupIsTheDocumentsUntilAnyoneElseWritesIt) {
-    files.files[kPath] = "1";
+    files.files[kStoredPath] = "1";
     files.files["/backups/Links.tbln"] = "1";
-    EXPECT_FALSE(store.isBackupOf(kPath, "/backups/Links.tbln"));
-    store.noteBackup(kPath, "/backups/Links.tbln");
-    EXPECT_TRUE(store.isBackupOf(kPath, "/backups/Links.tbln"));
+    EXPECT_FALSE(store.isBackupOf(kStoredPath, "/backups/Links.tbln"));
+    store.noteBackup(kStoredPath, "/backups/Links.tbln");
+    EXPECT_TRUE(store.isBackupOf(kStoredPath, "/backups/Links.tbln"));
     EXPECT_FALSE(store.isBackupOf("/home/Other.tbln", "/backups/Links.tbln"));
     files.files["/backups/Links.tbln"] = "written by somebody";
-    EXPECT_FALSE(store.isBackupOf(kPath, "/backups/Links.tbln"));
+    EXPECT_FALSE(store.isBackupOf(kStoredPath, "/backups/Links.tbln"));
 }
 
 TEST(VersionNamesTest, namesAreReadBackToTheMillisecond) {

@@ -10,8 +10,6 @@ namespace {
 
 using testing::ElementsAre;
 
-const std::string kPath = "/home/Links.tbln";
-
 class MemoryVersionsPanel : public VersionsPanel {
 public:
     void reloadVersion(std::size_t index) override { reloaded.push_back(index); }

@@ -4,6 +4,7 @@
 #include "formats/import/NetscapeScan.h"
 #include "formats/import/NetscapeScanner.h"
 #include "platform/fake/FakeBaseServices.h"
+#include "tests/RepeatedText.h"
 
 #include <gtest/gtest.h>
 #include <sys/mman.h>
@@ -16,14 +17,6 @@ namespace tabulon {
 namespace {
 
 constexpr std::size_t kMany = 100000;
-
-std::string repeated(const std::string& part, std::size_t times) {
-    std::string result;
-    result.reserve(part.size() * times);
-    for (std::size_t i = 0; i < times; ++i)
-        result += part;
-    return result;
-}
 
 class NetscapeScannerLimits : public testing::Test {
 protected:

@@ -3,6 +3,7 @@
 
 #include "tests/CountingProgress.h"
 #include "tests/ProcessorTime.h"
+#include "tests/RepeatedText.h"
 
 #include <gtest/gtest.h>
 
@@ -21,13 +22,6 @@ std::string targets(std::string_view page) {
 }
 std::string texts(std::string_view page) {
     return linksOf(page).texts;
-}
-
-std::string repeated(std::string_view part, std::size_t times) {
-    std::string text;
-    for (std::size_t i = 0; i < times; ++i)
-        text += part;
-    return text;
 }
 
 TEST(PageLinks, aPageWithoutLinksTellsNothing) {

@@ -6,24 +6,24 @@
 namespace tabulon {
 namespace {
 
-const std::string kHeader = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                            "<!DOCTYPE xbel>\n"
-                            "<!-- Created by Tabulon - https://tabulon.example/ -->\n"
-                            "<xbel version=\"1.0\">\n";
+const std::string kXbelHeader = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                                "<!DOCTYPE xbel>\n"
+                                "<!-- Created by Tabulon - https://tabulon.example/ -->\n"
+                                "<xbel version=\"1.0\">\n";
 
 class XBEL : public TreeTest {
 protected:
     // What stands between the header and the end of the root element.
     std::string body(const XBELExportOptions& options = {}) {
         const std::string xbel = exportToXBEL(*master, options).value();
-        EXPECT_TRUE(xbel.starts_with(kHeader));
+        EXPECT_TRUE(xbel.starts_with(kXbelHeader));
         EXPECT_TRUE(xbel.ends_with("</xbel>\n"));
-        return xbel.substr(kHeader.size(), xbel.size() - kHeader.size() - 8);
+        return xbel.substr(kXbelHeader.size(), xbel.size() - kXbelHeader.size() - 8);
     }
 };
 
 TEST_F(XBEL, emptyDocumentIsHeaderAndEnd) {
-    EXPECT_EQ(exportToXBEL(*master, {}).value(), kHeader + "</xbel>\n");
+    EXPECT_EQ(exportToXBEL(*master, {}).value(), kXbelHeader + "</xbel>\n");
     master->makeChildList();
     EXPECT_EQ(body(), "");
 }

@@ -77,24 +77,24 @@ TEST_F(FileStoreTest, aLinkWhoseTargetIsGoneStaysALinkAndItsTargetIsMadeAnew) {
 
 TEST_F(FileStoreTest, ownerAndGroupStayWhereTheSystemAllowsIt) {
     constexpr uid_t kOwner = 12345;
-    constexpr gid_t kGroup = 23456;
+    constexpr gid_t kOtherGroup = 23456;
     if (::geteuid() != 0)
         GTEST_SKIP() << "only root can make files of others";
     ASSERT_TRUE(files.writeFileAtomically(path("f"), "old"));
-    ASSERT_EQ(::chown(path("f").c_str(), kOwner, kGroup), 0);
+    ASSERT_EQ(::chown(path("f").c_str(), kOwner, kOtherGroup), 0);
     ASSERT_EQ(::chmod(path("f").c_str(), 0660), 0);
     ASSERT_EQ(::chmod(folder.c_str(), 0777), 0);
     ASSERT_TRUE(files.writeFileAtomically(path("f"), "root's"));
     struct stat status = {};
     ASSERT_EQ(::stat(path("f").c_str(), &status), 0);
     EXPECT_EQ(status.st_uid, kOwner);
-    EXPECT_EQ(status.st_gid, kGroup);
+    EXPECT_EQ(status.st_gid, kOtherGroup);
     const pid_t child = ::fork();
     ASSERT_GE(child, 0);
     if (child == 0) {
         // One of the group, who may write the file but not give it away.
-        constexpr uid_t kNobody = 65534;
-        if (::setgroups(1, &kGroup) != 0 || ::setgid(kNobody) != 0 || ::setuid(kNobody) != 0)
+        constexpr uid_t kNoUser = 65534;
+        if (::setgroups(1, &kOtherGroup) != 0 || ::setgid(kNoUser) != 0 || ::setuid(kNoUser) != 0)
             ::_exit(2);
         ::_exit(files.writeFileAtomically(path("f"), "a member's") ? 0 : 1);
     }
@@ -102,7 +102,7 @@ TEST_F(FileStoreTest, ownerAndGroupStayWhereTheSystemAllowsIt) {
     ASSERT_EQ(::waitpid(child, &childStatus, 0), child);
     EXPECT_EQ(childStatus, 0);
     ASSERT_EQ(::stat(path("f").c_str(), &status), 0);
-    EXPECT_EQ(status.st_gid, kGroup) << "the others of the group keep their access";
+    EXPECT_EQ(status.st_gid, kOtherGroup) << "the others of the group keep their access";
     EXPECT_EQ(status.st_mode & 0777, 0660u);
 }
 
@@ -268,8 +268,8 @@ TEST_F(FileStoreTest, readOnlyFolderKeepsTheOldFile) {
     ASSERT_GE(child, 0);
     if (child == 0) {
         // Root may write everywhere: be somebody else.
-        constexpr uid_t kNobody = 65534;
-        if (::geteuid() == 0 && ::setuid(kNobody) != 0)
+        constexpr uid_t kNoUser = 65534;
+        if (::geteuid() == 0 && ::setuid(kNoUser) != 0)
             ::_exit(2);
         const auto written = files.writeFileAtomically(path("f"), "new");
         ::_exit(!written && written.error().code == EACCES ? 0 : 1);

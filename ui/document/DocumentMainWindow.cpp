@@ -34,7 +34,7 @@ constexpr auto kWidthKey = "WindowWidth";
 constexpr auto kHeightKey = "WindowHeight";
 constexpr auto kNameColumnKey = "NameColumnWidth";
 constexpr auto kURLFirstKey = "URLColumnFirst";
-constexpr QSize kFirstSize(900, 600);
+constexpr QSize kFirstWindowSize(900, 600);
 constexpr QSize kSmallestSize(480, 320);
 constexpr int kWidestColumn = 10000;
 
@@ -125,7 +125,7 @@ void DocumentMainWindow::rememberColumns() {
 void DocumentMainWindow::restoreGeometryOfLastWindow() {
     const QSize kept(static_cast<int>(state_.integerForKey(kWidthKey)),
                      static_cast<int>(state_.integerForKey(kHeightKey)));
-    const QSize wanted = kept.isEmpty() ? kFirstSize : kept.expandedTo(kSmallestSize);
+    const QSize wanted = kept.isEmpty() ? kFirstWindowSize : kept.expandedTo(kSmallestSize);
     resize(wanted.boundedTo(roomOnScreen(*this)));
 }
 

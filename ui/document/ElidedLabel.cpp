@@ -8,7 +8,7 @@
 namespace tabulon {
 namespace {
 
-constexpr int kMargin = 8;
+constexpr int kLabelMargin = 8;
 constexpr int kRoomAboveAndBelow = 5;
 
 } // namespace
@@ -27,7 +27,7 @@ QSize ElidedLabel::minimumSizeHint() const {
 }
 
 QRect ElidedLabel::textArea() const {
-    return rect().adjusted(kMargin, 0, -kMargin, 0);
+    return rect().adjusted(kLabelMargin, 0, -kLabelMargin, 0);
 }
 
 bool ElidedLabel::isCut() const {

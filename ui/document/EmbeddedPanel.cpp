@@ -12,7 +12,7 @@
 namespace tabulon {
 namespace {
 
-constexpr int kMargin = 8; // between the panel and the edges of the window
+constexpr int kPanelMargin = 8; // between the panel and the edges of the window
 
 void removeShortcuts(QWidget& panel) {
     for (auto* button : panel.findChildren<QAbstractButton*>()) {
@@ -71,7 +71,7 @@ void EmbeddedPanel::keyboardMoved(QWidget* from, QWidget* to) {
 void EmbeddedPanel::place() {
     const auto* window = qobject_cast<QMainWindow*>(panel_.parentWidget());
     const QRect area = (window ? window->centralWidget()->geometry() : panel_.parentWidget()->rect())
-                           .adjusted(kMargin, kMargin, -kMargin, -4 * kMargin);
+                           .adjusted(kPanelMargin, kPanelMargin, -kPanelMargin, -4 * kPanelMargin);
     const QSize size = panel_.size().expandedTo(panel_.minimumSizeHint()).boundedTo(area.size());
     panel_.setGeometry(QRect(area.bottomRight() - QPoint(size.width() - 1, size.height() - 1), size));
 }

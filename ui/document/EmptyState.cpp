@@ -11,8 +11,8 @@
 namespace tabulon {
 namespace {
 
-constexpr int kImageSize = 72;
-constexpr int kTextWidth = 420;
+constexpr int kEmptyImageSize = 72;
+constexpr int kEmptyTextWidth = 420;
 
 QLabel* centredLabel(const std::string& text, QWidget* parent) {
     auto* label = new QLabel(toQString(text), parent);
@@ -28,15 +28,16 @@ EmptyState::EmptyState(const Localization& texts, QWidget* parent) : QWidget(par
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
     auto* image = new QLabel(this);
-    image->setPixmap(iconNamed("tabulon").pixmap(QSize(kImageSize, kImageSize), devicePixelRatioF()));
+    image->setPixmap(
+        iconNamed("tabulon").pixmap(QSize(kEmptyImageSize, kEmptyImageSize), devicePixelRatioF()));
     image->setAlignment(Qt::AlignCenter);
     QLabel* title = centredLabel(texts.text("EmptyDocument"), this);
     QFont large = title->font();
     large.setPointSizeF(large.pointSizeF() * 1.5);
     title->setFont(large);
     QLabel* text = centredLabel(texts.text("EmptyDocumentText"), this);
-    text->setFixedWidth(kTextWidth);
-    text->setMinimumHeight(text->heightForWidth(kTextWidth));
+    text->setFixedWidth(kEmptyTextWidth);
+    text->setMinimumHeight(text->heightForWidth(kEmptyTextWidth));
     auto* open = new QPushButton(toQString(texts.text("MenuOpen")), this);
     open->setAutoDefault(true); // Return presses the button, as Space does
     setFocusProxy(open);

@@ -19,7 +19,7 @@ namespace {
 // Long enough not to search for each letter of a word, short enough not to be noticed.
 constexpr auto kPause = std::chrono::milliseconds(180);
 constexpr int kFieldWidth = 34; // average characters
-constexpr int kMargin = 6;
+constexpr int kBarMargin = 6;
 
 QToolButton* textButton(const QString& title, QWidget* parent) {
     auto* button = new QToolButton(parent);
@@ -44,7 +44,7 @@ FindBarWidget::FindBarWidget(FindBarController& controller, Finding& finding, co
     QToolButton* next = textButton(toQString(texts.text("MenuFindNext")), this);
     QToolButton* close = textButton(toQString(texts.text("Done")), this);
     auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    layout->setContentsMargins(kBarMargin, kBarMargin, kBarMargin, kBarMargin);
     layout->addWidget(makeRecentsButton(texts));
     layout->addWidget(field_);
     layout->addWidget(next);

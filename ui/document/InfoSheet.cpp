@@ -26,7 +26,7 @@
 namespace tabulon {
 namespace {
 
-constexpr QSize kFirstSize(460, 420);
+constexpr QSize kFirstInfoSize(460, 420);
 
 // Returns the place of the first match, ignoring case, or -1.
 qsizetype placeOf(const QString& text, const QString& part) {
@@ -88,7 +88,7 @@ InfoSheet::InfoSheet(std::shared_ptr<GetInfoController> controller, const Locali
     makeFields(form, texts);
     layout->addLayout(form, 1);
     layout->addWidget(makeButtons(texts));
-    resize(kFirstSize.boundedTo(roomOnScreen(*this)));
+    resize(kFirstInfoSize.boundedTo(roomOnScreen(*this)));
     reportChanges();
     controller_->setPanel(this);
 }

@@ -17,9 +17,9 @@
 namespace tabulon {
 namespace {
 
-constexpr int kImageSize = 16;
-constexpr int kGap = 10;
-constexpr int kTextWidth = 52; // average characters
+constexpr int kSheetImageSize = 16;
+constexpr int kGapInSheet = 10;
+constexpr int kSheetTextWidth = 52; // average characters
 
 QDialog* sheetOf(QWidget* window, const QString& title) {
     auto* sheet = new QDialog(window, Qt::Sheet | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
@@ -48,7 +48,7 @@ QLabel* headline(const std::string& text, QWidget* parent) {
 QLabel* statusImage(std::uint8_t status, QWidget* parent) {
     auto* label = new QLabel(parent);
     label->setPixmap(iconNamed(statusImageName(status))
-                         .pixmap(QSize(kImageSize, kImageSize), parent->devicePixelRatioF()));
+                         .pixmap(QSize(kSheetImageSize, kSheetImageSize), parent->devicePixelRatioF()));
     return label;
 }
 
@@ -87,7 +87,7 @@ void presentMoveDelete(QWidget* window, const std::shared_ptr<MoveDeleteControll
     layout->addWidget(headline(texts.text("MoveDeleteText"), sheet));
     auto* grid = new QGridLayout;
     grid->setColumnStretch(1, 1);
-    grid->setHorizontalSpacing(kGap);
+    grid->setHorizontalSpacing(kGapInSheet);
     layout->addLayout(grid);
     auto* buttons = new QDialogButtonBox(sheet);
     QSet<QChar> taken;
@@ -98,9 +98,9 @@ void presentMoveDelete(QWidget* window, const std::shared_ptr<MoveDeleteControll
         addBox(sheet, place, controller->duplicateLinks, texts.text("DuplicateLinks"), kDuplicateStatus),
         addBox(sheet, place, controller->brokenLinks, texts.text("BrokenLinks"), kBrokenStatus),
         addBox(sheet, place, controller->unknownLinks, texts.text("UnknownLinks"), kUnknownStatus)};
-    grid->setRowMinimumHeight(grid->rowCount(), kGap);
+    grid->setRowMinimumHeight(grid->rowCount(), kGapInSheet);
     QCheckBox* moves = addBox(sheet, place, controller->moveLinks, texts.text("MoveLinks"), kNoStatus);
-    layout->addSpacing(kGap);
+    layout->addSpacing(kGapInSheet);
     layout->addWidget(buttons);
     const auto update = [=] { updateRemovalButtons(*controller, *ok, *cancel); };
     for (QCheckBox* box : boxes)
@@ -122,18 +122,18 @@ void presentLegenda(QWidget* window, const Localization& texts) {
     layout->addWidget(headline(texts.text("LegendText"), sheet));
     auto* grid = new QGridLayout;
     grid->setColumnStretch(1, 1);
-    grid->setHorizontalSpacing(kGap);
-    grid->setVerticalSpacing(kGap);
+    grid->setHorizontalSpacing(kGapInSheet);
+    grid->setVerticalSpacing(kGapInSheet);
     layout->addLayout(grid);
     static constexpr const char* kMeanings[] = {"LegendValid", "LegendMoved", "LegendBroken", "LegendUnknown",
                                                 "LegendDuplicate"};
     for (std::uint8_t status = kValidStatus; status <= kDuplicateStatus; ++status) {
         grid->addWidget(statusImage(status, sheet), status, 0, Qt::AlignTop);
         QLabel* meaning = plainLabel(texts.text(kMeanings[status - 1]), sheet);
-        meaning->setMinimumWidth(kTextWidth * meaning->fontMetrics().averageCharWidth());
+        meaning->setMinimumWidth(kSheetTextWidth * meaning->fontMetrics().averageCharWidth());
         grid->addWidget(meaning, status, 1);
     }
-    layout->addSpacing(kGap);
+    layout->addSpacing(kGapInSheet);
     auto* buttons = new QDialogButtonBox(sheet);
     buttons->addButton(toQString(texts.text("OK")), QDialogButtonBox::AcceptRole)->setDefault(true);
     layout->addWidget(buttons);

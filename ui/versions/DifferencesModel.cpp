@@ -7,7 +7,7 @@
 namespace tabulon {
 namespace {
 
-enum Column { kName, kWhat, kAddress, kColumns };
+enum DifferenceColumn { kNameColumn, kWhatColumn, kAddressColumn, kColumnCount };
 
 } // namespace
 
@@ -35,7 +35,7 @@ int DifferencesModel::rowCount(const QModelIndex& parent) const {
 }
 
 int DifferencesModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : kColumns;
+    return parent.isValid() ? 0 : kColumnCount;
 }
 
 QVariant DifferencesModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -49,10 +49,10 @@ QString DifferencesModel::textOf(const QModelIndex& index) const {
     const TreeDifference& difference = controller_.differences()[static_cast<std::size_t>(index.row())];
     const Bookmark& node = difference.after ? *difference.after : *difference.before;
     switch (index.column()) {
-    case kName:
+    case kNameColumn:
         return node.isSeparator() ? toQString(controller_.texts().text("Separator"))
                                   : oneLine(node.itemName().view());
-    case kWhat:
+    case kWhatColumn:
         return oneLine(controller_.differenceText(difference));
     default:
         return oneLine(shownAddressLine(node.itemURL()).view());
@@ -66,7 +66,7 @@ QVariant DifferencesModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
         return textOf(index);
     const bool hasBox =
-        index.column() == kName && VersionsController::canPutBack(controller_.differences()[row]);
+        index.column() == kNameColumn && VersionsController::canPutBack(controller_.differences()[row]);
     if (role == Qt::CheckStateRole && hasBox)
         return checked_[row] ? Qt::Checked : Qt::Unchecked;
     return {};
@@ -85,7 +85,7 @@ Qt::ItemFlags DifferencesModel::flags(const QModelIndex& index) const {
         return Qt::NoItemFlags;
     const TreeDifference& difference = controller_.differences()[static_cast<std::size_t>(index.row())];
     Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren;
-    if (index.column() == kName && VersionsController::canPutBack(difference))
+    if (index.column() == kNameColumn && VersionsController::canPutBack(difference))
         flags |= Qt::ItemIsUserCheckable;
     return flags;
 }

@@ -18,7 +18,7 @@
 namespace tabulon {
 namespace {
 
-constexpr QSize kFirstSize(900, 480);
+constexpr QSize kFirstSheetSize(900, 480);
 constexpr int kVersionsWidth = 360;
 constexpr int kDateWidth = 160;
 constexpr int kNameWidth = 180;
@@ -41,7 +41,7 @@ VersionsSheet::VersionsSheet(std::shared_ptr<VersionsController> controller, QWi
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(controller_->rows().empty() ? makeEmptyState() : makeLists(), 1);
     layout->addWidget(buttons_);
-    resize(kFirstSize.boundedTo(roomOnScreen(*this)));
+    resize(kFirstSheetSize.boundedTo(roomOnScreen(*this)));
     controller_->setPanel(this);
     updateButtons();
     versions_->setFocus();
@@ -95,7 +95,7 @@ QWidget* VersionsSheet::makeLists() {
     splitter->addWidget(versions_);
     splitter->addWidget(right);
     splitter->setStretchFactor(1, 1);
-    splitter->setSizes({kVersionsWidth, kFirstSize.width() - kVersionsWidth});
+    splitter->setSizes({kVersionsWidth, kFirstSheetSize.width() - kVersionsWidth});
     return splitter;
 }
 

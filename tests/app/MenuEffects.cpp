@@ -1,0 +1,231 @@
+#include "tests/app/MenuEffects.h"
+
+namespace tabulon {
+
+const std::vector<MenuCase>& menuCases() {
+    static const std::vector<MenuCase> kCases = {
+        {"File > New", "Ctrl+N", "first", "/home/chosen.html",
+         "front of Untitled: 0; tree of Untitled: Master+()"},
+        {"File > Open…", "Ctrl+O", "first", "/home/chosen.html",
+         "front of chosen: 1; open panel: “Open a bookmark document or an HTML bookmark file”; recent:  "
+         "/home/chosen.html /home/one.tbln /home/two.tbln; tree of chosen: Master+(Example); unsaved: "
+         "linkschosen"},
+        {"File > Open Recent > one.tbln", "", "first", "/home/chosen.html",
+         "front of one: 0; tree of one: Master+(one)"},
+        {"File > Open Recent > two.tbln", "", "first", "/home/chosen.html",
+         "front of two: 0; recent:  /home/two.tbln /home/one.tbln; tree of two: Master+(two)"},
+        {"File > Open Recent > Clear Menu", "", "first", "/home/chosen.html", "recent: "},
+        {"File > Save", "Ctrl+S", "first", "/home/chosen.html", "links.tbln: written; unsaved: "},
+        {"File > Save As…", "Ctrl+Shift+S", "first", "/home/chosen.html",
+         "front of links: ; front of named: 1; named: bplist00T; recent:  /home/named /home/one.tbln "
+         "/home/two.tbln; save panel: “Save the bookmarks as a document”links; tree of links: ; tree of "
+         "named: Master+(first Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(b d a c) "
+         "labelled:3 new Wide+()); unsaved: "},
+        {"File > Revert to Saved…", "", "first", "/home/chosen.html",
+         "alert: “Revert “links.tbln” to the saved version?”; selected: ; setting ShowMarks: NO; tree of "
+         "links: Master+(first Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(b d a c) "
+         "labelled:3 old Wide+()); unsaved: "},
+        {"File > Versions…", "", "first", "/home/chosen.html", "versions: shown"},
+        {"File > Export…", "", "first", "/home/chosen.html",
+         "named: first\thtt; save panel: “Export the bookmarks to a file”links; setting ExportName: YES; "
+         "setting ExportNote: YES; setting ExportSortName: NO; setting ExportTags: YES; setting ExportURL: "
+         "YES; setting SaveAsHTML: NO; setting SkipFolders: YES; setting SkipSeparators: YES"},
+        {"File > Close", "Ctrl+W", "first", "/home/chosen.html",
+         "front of links: ; links.tbln: written; selected: ; tree of links: ; unsaved: "},
+        {"File > Quit", "Ctrl+Q", "first", "/home/chosen.html",
+         "front of links: ; front of other: ; links.tbln: written; program: ended; selected: ; tree of "
+         "links: ; tree of other: ; unsaved: "},
+        {"Edit > Cut", "Ctrl+X", "first", "/home/chosen.html",
+         "clipboard: https://same.example/; selected: ; tree of links: Master+(Closed-(Inner-(deep)) "
+         "Open+(broken!3 Below+(low)) second Sort-(b d a c) labelled:3 new Wide+())"},
+        {"Edit > Copy", "Ctrl+C", "first", "/home/chosen.html", "clipboard: https://same.example/"},
+        {"Edit > Paste", "Ctrl+V", "first", "/home/chosen.html",
+         "selected: “Pasted”; tree of links: Master+(first Pasted Closed-(Inner-(deep)) Open+(broken!3 "
+         "Below+(low)) second Sort-(b d a c) labelled:3 new Wide+())"},
+        {"Edit > Delete", "", "first", "/home/chosen.html",
+         "selected: ; tree of links: Master+(Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second "
+         "Sort-(b d a c) labelled:3 new Wide+())"},
+        {"Edit > Select All", "Ctrl+A", "first", "/home/chosen.html",
+         "selected: “first”“Closed”“Open”“broken”“Below”“low”“second”“Sort”“labelled”“new”“Wide”"},
+        {"Edit > Find…", "Ctrl+F", "first", "/home/chosen.html", "find bar: shown"},
+        {"Edit > Find Next", "Ctrl+G", "first", "/home/chosen.html", "selected: “low”"},
+        {"View > Expand Folder", "Ctrl+Right", "Closed", "/home/chosen.html",
+         "tree of links: Master+(first Closed+(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(b d a "
+         "c) labelled:3 new Wide+())"},
+        {"View > Expand with Contents", "Ctrl+Shift+Right", "Closed", "/home/chosen.html",
+         "tree of links: Master+(first Closed+(Inner+(deep)) Open+(broken!3 Below+(low)) second Sort-(b d a "
+         "c) labelled:3 new Wide+())"},
+        {"View > Expand All", "Ctrl+Shift+E", "Closed", "/home/chosen.html",
+         "tree of links: Master+(first Closed+(Inner+(deep)) Open+(broken!3 Below+(low)) second Sort+(b d a "
+         "c) labelled:3 new Wide+())"},
+        {"View > Collapse Folder", "Ctrl+Left", "Open", "/home/chosen.html",
+         "tree of links: Master+(first Closed-(Inner-(deep)) Open-(broken!3 Below+(low)) second Sort-(b d a "
+         "c) labelled:3 new Wide+())"},
+        {"View > Collapse with Contents", "Ctrl+Shift+Left", "Open", "/home/chosen.html",
+         "tree of links: Master+(first Closed-(Inner-(deep)) Open-(broken!3 Below-(low)) second Sort-(b d a "
+         "c) labelled:3 new Wide+())"},
+        {"View > Collapse All", "Ctrl+Shift+L", "Open", "/home/chosen.html",
+         "tree of links: Master+(first Closed-(Inner-(deep)) Open-(broken!3 Below-(low)) second Sort-(b d a "
+         "c) labelled:3 new Wide-())"},
+        {"View > Zoom In", "Ctrl++", "first", "/home/chosen.html",
+         "setting FontSize: 12; setting RowHeight: 18"},
+        {"View > Zoom Out", "Ctrl+-", "first", "/home/chosen.html",
+         "setting FontSize: 10; setting RowHeight: 16"},
+        {"Bookmark > New Bookmark", "Ctrl+B", "first", "/home/chosen.html",
+         "editing: Untitled; selected: “Untitled”; tree of links: Master+(first Untitled "
+         "Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(b d a c) labelled:3 new Wide+())"},
+        {"Bookmark > New Bookmark in Folder", "Ctrl+Shift+B", "Closed", "/home/chosen.html",
+         "editing: Untitled; selected: “Untitled”; tree of links: Master+(first Closed+(Untitled "
+         "Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(b d a c) labelled:3 new Wide+())"},
+        {"Bookmark > New Folder", "Ctrl+Shift+N", "first", "/home/chosen.html",
+         "editing: Untitled Folder; selected: “Untitled Folder”; tree of links: Master+(first Untitled "
+         "Folder-() Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(b d a c) labelled:3 new "
+         "Wide+())"},
+        {"Bookmark > Insert Separator", "Ctrl+Shift+K", "first", "/home/chosen.html",
+         "selected: “---”; tree of links: Master+(first --- Closed-(Inner-(deep)) Open+(broken!3 "
+         "Below+(low)) second Sort-(b d a c) labelled:3 new Wide+())"},
+        {"Bookmark > Get Info", "Ctrl+I", "first", "/home/chosen.html", "info: first"},
+        {"Bookmark > Rename", "F2", "first", "/home/chosen.html", "editing: first"},
+        {"Bookmark > Move Up", "Ctrl+Up", "second", "/home/chosen.html",
+         "tree of links: Master+(first Closed-(Inner-(deep)) Open+(broken!3 Below+(second low)) Sort-(b d a "
+         "c) labelled:3 new Wide+())"},
+        {"Bookmark > Move Down", "Ctrl+Down", "second", "/home/chosen.html",
+         "tree of links: Master+(first Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) Sort-(b d a c) "
+         "second labelled:3 new Wide+())"},
+        {"Bookmark > Save Link as File…", "", "first", "/home/chosen.html",
+         "named: <?xml ver; save panel: “Save the link as a file”first"},
+        {"Sort > By Name", "", "Sort", "/home/chosen.html",
+         "tree of links: Master+(first Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(a b c "
+         "d) labelled:3 new Wide+())"},
+        {"Sort > By URL", "", "Sort", "/home/chosen.html",
+         "tree of links: Master+(first Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(c b d "
+         "a) labelled:3 new Wide+())"},
+        {"Sort > By Tags", "", "Sort", "/home/chosen.html",
+         "tree of links: Master+(first Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(b a d "
+         "c) labelled:3 new Wide+())"},
+        {"Sort > By Date Added", "", "Sort", "/home/chosen.html",
+         "tree of links: Master+(first Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(c d b "
+         "a) labelled:3 new Wide+())"},
+        {"Sort > By Date Modified", "", "Sort", "/home/chosen.html",
+         "tree of links: Master+(first Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(b a c "
+         "d) labelled:3 new Wide+())"},
+        {"Sort > By Date Last Opened", "", "Sort", "/home/chosen.html",
+         "tree of links: Master+(first Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(d b c "
+         "a) labelled:3 new Wide+())"},
+        {"Sort > Descending > By Name", "", "Sort", "/home/chosen.html",
+         "tree of links: Master+(first Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(d c b "
+         "a) labelled:3 new Wide+())"},
+        {"Sort > Descending > By URL", "", "Sort", "/home/chosen.html",
+         "tree of links: Master+(first Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(a d b "
+         "c) labelled:3 new Wide+())"},
+        {"Sort > Descending > By Tags", "", "Sort", "/home/chosen.html",
+         "tree of links: Master+(first Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(c d a "
+         "b) labelled:3 new Wide+())"},
+        {"Sort > Descending > By Date Added", "", "Sort", "/home/chosen.html",
+         "tree of links: Master+(first Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(a b d "
+         "c) labelled:3 new Wide+())"},
+        {"Sort > Descending > By Date Modified", "", "Sort", "/home/chosen.html",
+         "tree of links: Master+(first Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(d c a "
+         "b) labelled:3 new Wide+())"},
+        {"Sort > Descending > By Date Last Opened", "", "Sort", "/home/chosen.html",
+         "tree of links: Master+(first Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(a c b "
+         "d) labelled:3 new Wide+())"},
+        {"Clean Up > Show Marks", "", "first", "/home/chosen.html", "setting ShowMarks: YES"},
+        {"Clean Up > Clear Marks", "", "first", "/home/chosen.html",
+         "tree of links: Master+(first Closed-(Inner-(deep)) Open+(broken Below+(low)) second Sort-(b d a c) "
+         "labelled:3 new Wide+())"},
+        {"Clean Up > What the Marks Mean", "", "first", "/home/chosen.html", "legend: shown"},
+        {"Clean Up > Find Duplicates", "", "first", "/home/chosen.html",
+         "setting ShowMarks: YES; tree of links: Master+(first Closed-(Inner-(deep)) Open+(broken!3 "
+         "Below+(low)) second!5 Sort-(b d a c) labelled:3 new Wide+())"},
+        {"Clean Up > Delete Duplicates…", "", "first", "/home/chosen.html",
+         "alert: “Delete all duplicate links?”“1 bookmark was deleted.”; tree of links: Master+(first "
+         "Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) Sort-(b d a c) labelled:3 new Wide+())"},
+        {"Clean Up > Remove Marked Links…", "", "first", "/home/chosen.html", "removal: shown"},
+        {"Label > None", "", "labelled", "/home/chosen.html",
+         "tree of links: Master+(first Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(b d a "
+         "c) labelled new Wide+())"},
+        {"Label > Orange", "", "first", "/home/chosen.html",
+         "tree of links: Master+(first:1 Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(b d "
+         "a c) labelled:3 new Wide+())"},
+        {"Label > Red", "", "first", "/home/chosen.html",
+         "tree of links: Master+(first:2 Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(b d "
+         "a c) labelled:3 new Wide+())"},
+        {"Label > Magenta", "", "first", "/home/chosen.html",
+         "tree of links: Master+(first:3 Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(b d "
+         "a c) labelled:3 new Wide+())"},
+        {"Label > Light Blue", "", "first", "/home/chosen.html",
+         "tree of links: Master+(first:4 Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(b d "
+         "a c) labelled:3 new Wide+())"},
+        {"Label > Blue", "", "first", "/home/chosen.html",
+         "tree of links: Master+(first:5 Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(b d "
+         "a c) labelled:3 new Wide+())"},
+        {"Label > Dark Green", "", "first", "/home/chosen.html",
+         "tree of links: Master+(first:6 Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(b d "
+         "a c) labelled:3 new Wide+())"},
+        {"Label > Brown", "", "first", "/home/chosen.html",
+         "tree of links: Master+(first:7 Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(b d "
+         "a c) labelled:3 new Wide+())"},
+        {"Label > Purple", "", "first", "/home/chosen.html",
+         "tree of links: Master+(first:8 Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(b d "
+         "a c) labelled:3 new Wide+())"},
+        {"Label > Gray", "", "first", "/home/chosen.html",
+         "tree of links: Master+(first:9 Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(b d "
+         "a c) labelled:3 new Wide+())"},
+        {"Label > Yellow", "", "first", "/home/chosen.html",
+         "tree of links: Master+(first:10 Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(b d "
+         "a c) labelled:3 new Wide+())"},
+        {"Label > Cyan", "", "first", "/home/chosen.html",
+         "tree of links: Master+(first:11 Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(b d "
+         "a c) labelled:3 new Wide+())"},
+        {"Import > Safari…", "", "first", "/home/chosen.html",
+         "alert: “The bookmarks could not be imported”; open panel: “Please select the file "
+         "“Bookmarks.plist”.”/home/safari"},
+        {"Import > Chrome…", "", "first", "/home/chosen.html",
+         "alert: “The bookmarks could not be imported”; open panel: “Please select the file "
+         "“Bookmarks”.”/home/chrome"},
+        {"Import > Chromium…", "", "first", "/home/chosen.html",
+         "alert: “The bookmarks could not be imported”; open panel: “Please select the file "
+         "“Bookmarks”.”/home/chromium"},
+        {"Import > Vivaldi…", "", "first", "/home/chosen.html",
+         "alert: “The bookmarks could not be imported”; open panel: “Please select the file "
+         "“Bookmarks”.”/home/vivaldi"},
+        {"Import > Brave…", "", "first", "/home/chosen.html",
+         "alert: “The bookmarks could not be imported”; open panel: “Please select the file "
+         "“Bookmarks”.”/home/brave"},
+        {"Import > Edge…", "", "first", "/home/chosen.html",
+         "alert: “The bookmarks could not be imported”; open panel: “Please select the file "
+         "“Bookmarks”.”/home/edge"},
+        {"Import > Opera…", "", "first", "/home/chosen.html",
+         "alert: “The bookmarks could not be imported”; open panel: “Please select the file "
+         "“Bookmarks”.”/home/opera"},
+        {"Import > iCab…", "", "first", "/home/chosen.html",
+         "alert: “The bookmarks could not be imported”; open panel: “Please select the file “iCab 4 "
+         "Bookmarks”.”/home/icab"},
+        {"Import > Firefox…", "", "first", "/home/chosen.html",
+         "alert: “Direct Import of Firefox or Tor bookmarks is currently not supported.”"},
+        {"Import > Tor Browser…", "", "first", "/home/chosen.html",
+         "alert: “Direct Import of Firefox or Tor bookmarks is currently not supported.”"},
+        {"Import > Bookmarks HTML File…", "", "first", "/home/chosen.html",
+         "front of Untitled: 0; open panel: “Select a bookmark file in HTML format”; tree of Untitled: "
+         "Master+(Example); unsaved: linksUntitled"},
+        {"Import > Links of a Web Page…", "", "first", "/home/chosen.html",
+         "front of Imported Bookmarks: 0; open panel: “Select a web page in HTML format”; tree of Imported "
+         "Bookmarks: Master+(Example); unsaved: linksImported Bookmarks"},
+        {"Import > XBEL File…", "", "first", "/home/chosen.xbel",
+         "front of Untitled: 0; open panel: “Select a bookmark file in XBEL format”; tree of Untitled: "
+         "Master+(XBEL); unsaved: linksUntitled"},
+        {"Import > Links in a Text File…", "", "first", "/home/chosen.txt",
+         "front of Untitled: 0; open panel: “Select a text file”; tree of Untitled: Master+(Untitled); "
+         "unsaved: linksUntitled"},
+        {"Import > Links on the Clipboard", "", "first", "/home/chosen.html",
+         "front of Untitled: 0; tree of Untitled: Master+(Untitled); unsaved: linksUntitled"},
+        {"Window > Minimize", "", "first", "/home/chosen.html", "minimized: links"},
+        {"Window > other", "", "first", "/home/chosen.html", "front of other: 1"},
+        {"Window > links", "", "first", "/home/chosen.html", "front of links: 2"},
+        {"Help > About Tabulon", "", "first", "/home/chosen.html", "alert: “Tabulon”"},
+    };
+    return kCases;
+}
+
+} // namespace tabulon
