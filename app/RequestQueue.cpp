@@ -6,10 +6,12 @@ namespace tabulon {
 
 RequestQueue::RequestQueue(RequestPerformer& performer, SingleInstance& instance, Timers& timers)
     : performer_(performer), timers_(timers) {
-    instance.requested = [this](LaunchRequest request) {
-        used_ = true;
-        add(std::move(request));
-    };
+    instance.deliverTo(*this);
+}
+
+void RequestQueue::requestArrived(LaunchRequest request) {
+    used_ = true;
+    add(std::move(request));
 }
 
 void RequestQueue::open(const std::vector<std::string>& locations) {

@@ -26,9 +26,9 @@ public:
 };
 
 /// The queue. A request with several files is split into one for each file.
-class RequestQueue {
+class RequestQueue : private RequestReceiver {
 public:
-    /// Sets itself as the receiver of `instance`. Requires: the arguments outlive this object.
+    /// Becomes the receiver of the requests to `instance`. Requires: the arguments outlive this object.
     RequestQueue(RequestPerformer& performer, SingleInstance& instance, Timers& timers);
 
     /// Appends a request, as one from outside, and calls `performSoon`.
@@ -49,6 +49,7 @@ public:
     bool wasUsed() const { return used_; }
 
 private:
+    void requestArrived(LaunchRequest request) override;
     /// Returns the queue whose first request is performed next, or `nullptr`.
     std::deque<LaunchRequest>* next();
     /// Performs one request.

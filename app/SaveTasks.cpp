@@ -34,7 +34,7 @@ void makeBackup(const Document& document, const Platform& platform, VersionStore
     const std::string& file = document.fileName();
     if (file.empty())
         return;
-    std::optional<std::string> folder = platform.folders.resolve("BackupFolderBookmark");
+    std::optional<std::string> folder = platform.folders.resolve(settings::kBackupFolderBookmark.key);
     if (!folder)
         folder = platform.folders.documentsFolder();
     if (!folder)
@@ -47,7 +47,7 @@ void makeBackup(const Document& document, const Platform& platform, VersionStore
 }
 
 void saveCopyHTML(const ViewController& controller, const Platform& platform) {
-    const auto path = platform.folders.resolve("ExportHTMLBookmark");
+    const auto path = platform.folders.resolve(settings::kExportHTMLBookmark.key);
     if (!path)
         return;
     if (const Result<std::string> html = controller.exporting().exportToHTML())

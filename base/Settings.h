@@ -88,6 +88,8 @@ inline constexpr Setting<bool> kAddTagsColumnSearch{"AddTagsColumnSearch", "YES"
 inline constexpr Setting<bool> kAddURLColumnSearch{"AddURLColumnSearch", "YES"};
 inline constexpr Setting<bool> kAutoEdit{"AutoEdit", "YES"};
 inline constexpr Setting<bool> kAutoStartup{"AutoStartup", "YES"};
+/// The path of a folder, which FolderReferences resolves and stores.
+inline constexpr Setting<std::string_view> kBackupFolderBookmark{"BackupFolderBookmark"};
 inline constexpr Setting<bool> kBrokenLinks{"BrokenLinks"};
 inline constexpr Setting<bool> kColumnSort{"ColumnSort"};
 inline constexpr Setting<bool> kCommandK{"CommandK", "YES"};
@@ -98,6 +100,8 @@ inline constexpr Setting<bool> kCommandShiftU{"CommandShiftU", "NO"};
 inline constexpr Setting<std::int64_t> kCopyFormat{"CopyFormat", "0"};
 inline constexpr Setting<bool> kDockMenu{"DockMenu", "NO"};
 inline constexpr Setting<bool> kDuplicateLinks{"DuplicateLinks", "YES"};
+/// The path of a file, which FolderReferences resolves and stores.
+inline constexpr Setting<std::string_view> kExportHTMLBookmark{"ExportHTMLBookmark"};
 inline constexpr Setting<bool> kExportName{"ExportName", "YES"};
 inline constexpr Setting<bool> kExportNote{"ExportNote", "YES"};
 inline constexpr Setting<bool> kExportSortName{"ExportSortName", "NO"};

@@ -40,6 +40,11 @@ double secondsOfSorting(const Bookmark& tree, int runs);
 /// Returns the processor time in seconds of finding a text that does not occur, of the fastest run.
 double secondsOfFinding(const Bookmark& tree, int runs);
 
+// EditRows.cpp
+/// Measures single edits in a window with about a million nodes, or with those of `sample` where nothing is
+/// judged.
+Row editRow(const Sample& sample, const Effort& effort);
+
 // MemoryRow.cpp
 Row memoryRow(const Sample& sample, const Effort& effort);
 /// Opens the document in `path` and prints the bytes of memory that it takes. Returns the exit status. Called

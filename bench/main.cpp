@@ -41,6 +41,7 @@ constexpr Work kWorks[] = {
     {"sort", sortRow},
     {"find", findRow},
     {"find-large", findInLargeDocumentRow},
+    {"edit", editRow},
     {"memory", memoryRow},
 };
 

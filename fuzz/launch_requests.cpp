@@ -88,7 +88,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const std::string& call : calls) {
         LaunchRequest request = requestOf(call);
         uris += request.uris.size();
-        program.instance.requested(std::move(request));
+        program.instance.requestArrives(std::move(request));
         if (!call.empty() && (call[0] & 0x20) != 0)
             program.timers.advance(0);
     }

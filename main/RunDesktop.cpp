@@ -34,23 +34,50 @@ namespace {
 // A service that receives no request ends after this time.
 constexpr double kServicePatience = 10; // seconds
 
-void writeFromMainLoop(FileUserDefaults& defaults) {
-    constexpr auto kDelay = std::chrono::seconds(1);
-    defaults.writeSoon = [&defaults, kDelay] { QTimer::singleShot(kDelay, qApp, [&] { defaults.write(); }); };
-}
+constexpr auto kWriteDelay = std::chrono::seconds(1); // of settings
 
-void tellSettingsProblems(FileUserDefaults& defaults, const Platform& platform) {
-    defaults.tellProblemsTo([&platform](const SettingsProblem& problem) {
-        platform.base.log.log(settingsProblemLine(problem));
-        QTimer::singleShot(0, qApp, [&platform, problem] { settingsProblemAlert(platform, problem); });
-    });
-}
-
-class DesktopProgram : public ProgramHost {
+class DelayedWrites : public SettingsWriter {
 public:
-    DesktopProgram(SingleInstance& instance, const QtAlerts& alerts, const QtWindows& windows)
-        : instance_(instance), alerts_(alerts), windows_(windows) {}
+    void writeSoon(FileUserDefaults& defaults) override {
+        QTimer::singleShot(kWriteDelay, qApp, [&defaults] { defaults.write(); });
+    }
+};
 
+class AccessoryViews : public AccessoryViewMaker {
+public:
+    explicit AccessoryViews(const Localization& texts) : texts_(texts) {}
+    QWidget* makeAccessoryView(const std::shared_ptr<PanelAccessory>& accessory) override {
+        return tabulon::makeAccessoryView(accessory, texts_);
+    }
+
+private:
+    const Localization& texts_;
+};
+
+// The application with its services. They refer to each other, and are used only by `run`.
+class DesktopProgram : private ProgramHost, private AlertsObserver {
+public:
+    explicit DesktopProgram(SingleInstance& instance) : instance_(instance) {}
+
+    // Returns the exit status.
+    int run(const LaunchArguments& arguments) {
+        const SessionEvents session([this] { app_.applicationWillResignActive(); },
+                                    [this] { app_.sessionWillEnd(); });
+        state_.tellProblemsTo(
+            [this](const SettingsProblem& problem) { log_.log(settingsProblemLine(problem)); });
+        QTimer::singleShot(0, qApp, [&] {
+            if (arguments.purpose == LaunchArguments::Purpose::Run)
+                app_.requestQueue().add(arguments.request);
+            tellSettingsProblems();
+        });
+        const auto unused = timers_.after(kServicePatience, [&] {
+            if (arguments.purpose == LaunchArguments::Purpose::Serve && !app_.requestQueue().wasUsed())
+                stop();
+        });
+        return QApplication::exec();
+    }
+
+private:
     void stop() override {
         instance_.release();
         // quit() would close the windows first, and they would ask about changes.
@@ -62,74 +89,61 @@ public:
     void didPerform(const LaunchRequest& request, const Document* current) override {
         endActivation(request, windows_.windowFor(current));
     }
+    void lastAlertEnded() override { app_.requestQueue().performSoon(); }
 
-private:
+    WindowFinder windowFinder() const {
+        return [this](const Document* document) { return windows_.windowFor(document); };
+    }
+    void tellSettingsProblems() {
+        defaults_.tellProblemsTo([this](const SettingsProblem& problem) {
+            log_.log(settingsProblemLine(problem));
+            QTimer::singleShot(0, qApp, [this, problem] { settingsProblemAlert(platform_, problem); });
+        });
+    }
+
     SingleInstance& instance_;
-    const QtAlerts& alerts_;
-    const QtWindows& windows_;
+    SystemClock clock_;
+    StandardErrorLog log_;
+    EnglishLocalization texts_{environmentLocale()};
+    PosixFileStore files_;
+    DelayedWrites writes_;
+    FileUserDefaults defaults_{files_, settingsFolder() + "/tabulon.ini", &writes_};
+    FileUserDefaults state_{files_, stateFolder() + "/state.ini", &writes_};
+    XdgFolderReferences folders_{defaults_, files_};
+    QtWindows windows_{app_, platform_};
+    QtAlerts alerts_{windowFinder(), this};
+    AccessoryViews accessories_{texts_};
+    QtPanels panels_{windowFinder(), &accessories_};
+    QtProgressPanels progress_{windowFinder()};
+    XdgRecoveryFolders recovery_{stateFolder() + "/unsaved"};
+    XdgBrowserStores browsers_{files_};
+    QtBeeper beeper_;
+    QtKeyboard keyboard_;
+    QtPasteboard pasteboard_;
+    GioWorkspace workspace_;
+    QtTimers timers_{[this] { return progress_.isShowing(); }};
+    const Platform platform_{{clock_, defaults_, texts_, log_},
+                             alerts_,
+                             panels_,
+                             progress_,
+                             files_,
+                             folders_,
+                             recovery_,
+                             browsers_,
+                             timers_,
+                             beeper_,
+                             keyboard_,
+                             pasteboard_,
+                             workspace_,
+                             state_};
+    AppDelegate app_{platform_, windows_, instance_, *this, TABULON_VERSION};
 };
 
 } // namespace
 
 int runDesktop(const LaunchArguments& arguments, SingleInstance& instance) {
-    SystemClock clock;
-    StandardErrorLog log;
-    EnglishLocalization texts(environmentLocale());
-    PosixFileStore files;
-    FileUserDefaults defaults(files, settingsFolder() + "/tabulon.ini");
-    FileUserDefaults state(files, stateFolder() + "/state.ini");
-    writeFromMainLoop(defaults);
-    writeFromMainLoop(state);
-    XdgFolderReferences folders(defaults, files);
-    QtWindows windows;
-    const WindowFinder windowFor = [&windows](const Document* document) {
-        return windows.windowFor(document);
-    };
-    QtAlerts alerts(windowFor);
-    QtPanels panels(windowFor);
-    panels.makeAccessoryView = [&texts](const std::shared_ptr<PanelAccessory>& accessory) {
-        return makeAccessoryView(accessory, texts);
-    };
-    QtProgressPanels progress(windowFor);
-    XdgRecoveryFolders recovery(stateFolder() + "/unsaved");
-    XdgBrowserStores browsers(files);
-    QtBeeper beeper;
-    QtKeyboard keyboard;
-    QtPasteboard pasteboard;
-    GioWorkspace workspace;
-    QtTimers timers([&progress] { return progress.isShowing(); });
-    const Platform platform{{clock, defaults, texts, log},
-                            alerts,
-                            panels,
-                            progress,
-                            files,
-                            folders,
-                            recovery,
-                            browsers,
-                            timers,
-                            beeper,
-                            keyboard,
-                            pasteboard,
-                            workspace,
-                            state};
-    DesktopProgram program(instance, alerts, windows);
-    AppDelegate app(platform, windows, instance, program, TABULON_VERSION);
-    windows.connectTo(app, platform);
-    const SessionEvents session([&app] { app.applicationWillResignActive(); },
-                                [&app] { app.sessionWillEnd(); });
-    RequestQueue& queue = app.requestQueue();
-    alerts.lastOneEnded = [&queue] { queue.performSoon(); };
-    state.tellProblemsTo([&log](const SettingsProblem& problem) { log.log(settingsProblemLine(problem)); });
-    QTimer::singleShot(0, qApp, [&] {
-        if (arguments.purpose == LaunchArguments::Purpose::Run)
-            queue.add(arguments.request);
-        tellSettingsProblems(defaults, platform);
-    });
-    const auto unused = timers.after(kServicePatience, [&] {
-        if (arguments.purpose == LaunchArguments::Purpose::Serve && !queue.wasUsed())
-            program.stop();
-    });
-    return QApplication::exec();
+    DesktopProgram program(instance);
+    return program.run(arguments);
 }
 
 } // namespace tabulon

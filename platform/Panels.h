@@ -43,7 +43,7 @@ public:
     virtual ~SavePanelControl() = default;
 
     /// Sets the kind of file that the panel offers, and replaces another extension in the name by that of
-    /// `kind`. The user can still type any extension. Requires: `kind` has an extension.
+    /// `kind`, if it has one. The user can still type any extension.
     virtual void setAllowedFileType(const FileKind& kind) = 0;
 };
 
@@ -54,8 +54,7 @@ public:
 
     /// Sets the panel that contains the area, or nullptr when the panel is closed. Not owned.
     virtual void setPanel(SavePanelControl* panel) = 0;
-    /// Called after the view was made, before or after `setPanel`. Not called if the panel cannot show the
-    /// area.
+    /// Called after the view was made, before `setPanel`. Not called if the panel cannot show the area.
     virtual void viewDidLoad() = 0;
 };
 

@@ -3,8 +3,8 @@
 #pragma once
 
 #include <chrono>
-#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tabulon {
@@ -21,6 +21,14 @@ struct LaunchRequest {
     std::string activationToken = {};
     /// The startup identifier (X11) for the same purpose; empty if there is none.
     std::string startupId = {};
+};
+
+/// Receives the requests to the running process.
+class RequestReceiver {
+public:
+    virtual ~RequestReceiver() = default;
+    /// Called from the main loop for each request. The sender gets its answer when this returns.
+    virtual void requestArrived(LaunchRequest request) = 0;
 };
 
 /// Used on the main thread.
@@ -55,9 +63,19 @@ public:
     /// their way fail with Gone. Does nothing for the other roles.
     virtual void release() = 0;
 
-    /// Called from the main loop for each request to the first process. The sender gets its answer when this
-    /// returns. If empty, requests are answered and ignored.
-    std::function<void(LaunchRequest)> requested;
+    /// Passes the requests to the first process to `receiver` from now on. Requests before that are answered
+    /// and ignored. Requires: `receiver` exists as long as requests arrive.
+    void deliverTo(RequestReceiver& receiver) { receiver_ = &receiver; }
+
+protected:
+    /// Passes a request to the receiver, if there is one.
+    void deliver(LaunchRequest request) {
+        if (receiver_)
+            receiver_->requestArrived(std::move(request));
+    }
+
+private:
+    RequestReceiver* receiver_ = nullptr;
 };
 
 } // namespace tabulon

@@ -42,7 +42,7 @@ std::optional<std::int64_t> integerFrom(std::string_view text) {
     const char* end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, value, hexadecimal ? 16 : 10);
     constexpr std::uint64_t kLowest = std::uint64_t{1} << 63;
-    if (error != std::errc() || stop != end || (negative && value > kLowest))
+    if (error != std::errc() || stop != end || value > (negative ? kLowest : kLowest - 1))
         return std::nullopt;
     return static_cast<std::int64_t>(negative ? 0 - value : value);
 }
@@ -59,7 +59,8 @@ std::optional<double> realFrom(std::string_view text) {
     return value;
 }
 
-// Parses "2026-11-21T10:30:00Z", the only form of dates in the format, in whole seconds.
+// Parses "2026-11-21T10:30:00Z", the only form of dates in the format, in whole seconds. A leap second has
+// the number 60.
 std::optional<double> dateFrom(std::string_view text) {
     text = trimmed(text);
     int fields[6] = {};
@@ -74,7 +75,9 @@ std::optional<double> dateFrom(std::string_view text) {
     using namespace std::chrono;
     const year_month_day day{year(fields[0]), month(static_cast<unsigned>(fields[1])),
                              std::chrono::day(static_cast<unsigned>(fields[2]))};
-    if (!text.empty() || !day.ok())
+    const auto isBelow = [](int field, int limit) { return field >= 0 && field < limit; };
+    const bool isTime = isBelow(fields[3], 24) && isBelow(fields[4], 60) && isBelow(fields[5], 61);
+    if (!text.empty() || !day.ok() || !isTime)
         return std::nullopt;
     const double days = static_cast<double>(sys_days(day).time_since_epoch().count());
     return days * 86400 + fields[3] * 3600.0 + fields[4] * 60.0 + fields[5] - Date::kReferenceUnixSeconds;

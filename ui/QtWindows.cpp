@@ -41,13 +41,13 @@ public:
     void showEmptyState(bool empty) override { window_->showEmptyState(empty); }
     FindBar& findBar() override { return window_->findBar(); }
     void presentMoveDelete(std::shared_ptr<MoveDeleteController> controller) override {
-        tabulon::presentMoveDelete(window_, controller, owner_.platform_->base.texts);
+        tabulon::presentMoveDelete(window_, controller, owner_.platform_.base.texts);
     }
     void presentInfo(std::shared_ptr<GetInfoController> controller) override {
-        auto* sheet = new InfoSheet(std::move(controller), owner_.platform_->base.texts, window_);
+        auto* sheet = new InfoSheet(std::move(controller), owner_.platform_.base.texts, window_);
         window_->findBar().hasKeyboard() ? sheet->presentBeside() : sheet->present();
     }
-    void presentLegenda() override { tabulon::presentLegenda(window_, owner_.platform_->base.texts); }
+    void presentLegenda() override { tabulon::presentLegenda(window_, owner_.platform_.base.texts); }
     std::string frame() const override { return window_->frame(); }
     void setFrame(const std::string& frame) override { window_->setFrame(frame); }
     bool isKeyWindow() const override { return window_->isActiveWindow(); }
@@ -60,15 +60,13 @@ private:
     DocumentMainWindow* window_;
 };
 
-void QtWindows::connectTo(AppDelegate& app, const Platform& platform) {
-    app_ = &app;
-    platform_ = &platform;
+QtWindows::QtWindows(AppDelegate& app, const Platform& platform) : app_(app), platform_(platform) {
     QApplication::setWindowIcon(iconNamed("tabulon"));
 }
 
 std::unique_ptr<DocumentWindow> QtWindows::makeWindow(ViewController& controller) {
     return std::make_unique<Window>(
-        *this, new DocumentMainWindow(controller, *app_, platform_->base.texts, platform_->state));
+        *this, new DocumentMainWindow(controller, app_, platform_.base.texts, platform_.state));
 }
 
 void QtWindows::presentVersions(std::shared_ptr<VersionsController> controller) {

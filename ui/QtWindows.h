@@ -16,11 +16,13 @@ class DocumentMainWindow;
 /// Requires: it outlives every window that it has made.
 class QtWindows : public DocumentWindowMaker {
 public:
-    /// Sets the application and the platform that windows use, and the icon of the program. Called once,
-    /// before the first window is made. Requires: both outlive this object.
-    void connectTo(AppDelegate& app, const Platform& platform);
+    /// Sets the icon of the program. `app` and `platform` are used by the windows and may be made after this
+    /// object. Requires: both exist as long as a window.
+    QtWindows(AppDelegate& app, const Platform& platform);
+    QtWindows(const QtWindows&) = delete;
+    QtWindows& operator=(const QtWindows&) = delete;
 
-    /// Returns a new window, not shown yet. Never `nullptr`. Requires: `connectTo` was called.
+    /// Returns a new window, not shown yet. Never `nullptr`.
     std::unique_ptr<DocumentWindow> makeWindow(ViewController& controller) override;
     /// Shows the panel as a sheet and returns at once.
     void presentVersions(std::shared_ptr<VersionsController> controller) override;
@@ -33,8 +35,8 @@ private:
     /// The window as the controllers own it.
     class Window;
 
-    AppDelegate* app_ = nullptr;
-    const Platform* platform_ = nullptr;
+    AppDelegate& app_;
+    const Platform& platform_;
     /// The windows that exist. Not owned.
     std::vector<DocumentMainWindow*> windows_;
 };

@@ -81,7 +81,7 @@ void ExportCommands::exportText() {
 void ExportCommands::exportToFile(const std::string& path) {
     const ExportFormat& format = exportFormatForExtension(extensionOf(path));
     if (isOptionOf(format, settings::kSaveAsHTML) && valueOf(platform_.base.defaults, settings::kSaveAsHTML))
-        platform_.folders.store("ExportHTMLBookmark", path);
+        platform_.folders.store(settings::kExportHTMLBookmark.key, path);
     std::unique_ptr<Progress> progress =
         beginProgress(platform_, "Exporting", outline_.document().displayName(), &outline_.document());
     const Result<std::string> text = exportTo(format.name, progress.get());

@@ -2,6 +2,7 @@
 
 #include "base/Settings.h"
 #include "base/UserDefaults.h"
+#include "model/TreeWalk.h"
 
 #include <algorithm>
 
@@ -196,6 +197,8 @@ void Outline::reloadKeepingSelection() {
 
 // The outermost folder is expanded last, so that all rows are inserted at once.
 void Outline::reveal(const Bookmark& node) {
+    if (!isInTree(node, getMaster()))
+        return;
     Bookmark* ancestor = node.getParent();
     std::size_t changes = 0;
     for (; ancestor && ancestor != &getMaster() && !rowForItem(*ancestor); ancestor = ancestor->getParent()) {

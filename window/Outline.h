@@ -115,8 +115,8 @@ public:
     void changeSelectedExpansion(ExpansionChange change);
     /// Changes every folder of the document, whether the change is a Plus one or not.
     void changeWholeExpansion(ExpansionChange change);
-    /// Expands the folders that the node is in, so that it has a row. Rows do not change if the node is not
-    /// in the tree.
+    /// Expands the folders that the node is in, so that it has a row. Does nothing if the node is not in the
+    /// tree.
     void reveal(const Bookmark& node);
     /// Records `changes` changes on the document if the setting "RememberDesktop" is on.
     void rememberDesktop(std::size_t changes);

@@ -63,8 +63,8 @@ void FakePanels::beginSavePanel(const SavePanel& panel, SaveDone done) {
         whileSaving();
     if (panel.accessory && showsAccessories) {
         FakeSavePanel shown(allowedKinds);
-        panel.accessory->setPanel(&shown);
         panel.accessory->viewDidLoad();
+        panel.accessory->setPanel(&shown);
         if (useAccessory)
             useAccessory(*panel.accessory);
         panel.accessory->setPanel(nullptr);

@@ -22,6 +22,8 @@ public:
         return next(answers);
     }
     void release() override { released = true; }
+    /// Passes a request of another process to the receiver.
+    void requestArrives(LaunchRequest request) { deliver(std::move(request)); }
 
     /// Not empty.
     std::deque<Role> roles = {Role::First};

@@ -67,10 +67,7 @@ bool tellsThatItIsGone(QDBusError::ErrorType error) {
 } // namespace
 
 DBusInstance::DBusInstance() {
-    new ApplicationAdaptor(this, [this](LaunchRequest request) {
-        if (requested)
-            requested(std::move(request));
-    });
+    new ApplicationAdaptor(this, [this](LaunchRequest request) { deliver(std::move(request)); });
 }
 
 DBusInstance::~DBusInstance() {

@@ -17,7 +17,7 @@ class DBusInstance : public QObject, public SingleInstance {
     Q_OBJECT
 
 public:
-    /// Creates the adaptor whose calls invoke `requested`. Registers nothing yet.
+    /// Creates the adaptor whose calls are passed to the receiver. Registers nothing yet.
     DBusInstance();
     /// Calls `release`.
     ~DBusInstance() override;

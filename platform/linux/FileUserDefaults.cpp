@@ -24,8 +24,8 @@ std::string nameForDamagedFile(FileStore& files, const std::string& path) {
 
 } // namespace
 
-FileUserDefaults::FileUserDefaults(FileStore& files, std::string path)
-    : files_(files), path_(std::move(path)) {
+FileUserDefaults::FileUserDefaults(FileStore& files, std::string path, SettingsWriter* writer)
+    : files_(files), path_(std::move(path)), writer_(writer) {
     FileUserDefaults::refresh();
 }
 
@@ -66,10 +66,10 @@ void FileUserDefaults::change(std::string_view key, std::optional<std::string> v
 }
 
 void FileUserDefaults::askForWrite() {
-    if (writeIsDue_ || !writeSoon)
+    if (writeIsDue_ || !writer_)
         return;
     writeIsDue_ = true;
-    writeSoon();
+    writer_->writeSoon(*this);
 }
 
 void FileUserDefaults::refresh() {

@@ -13,6 +13,16 @@
 
 namespace tabulon {
 
+class FileUserDefaults;
+
+/// Has changes of settings written later, together.
+class SettingsWriter {
+public:
+    virtual ~SettingsWriter() = default;
+    /// Called at the first change after a write. Calls `defaults.write()` soon, from the main loop.
+    virtual void writeSoon(FileUserDefaults& defaults) = 0;
+};
+
 /// Settings in a file. A change is in force immediately and is written later, together with others. `write`
 /// applies the changes to the file as it is then, so that changes by other programs are kept. The file is
 /// replaced atomically.
@@ -25,9 +35,10 @@ public:
     /// The limit on the size of the file in bytes. A larger file counts as one that cannot be read.
     static constexpr std::size_t kLargestFile = std::size_t{16} << 20;
 
-    /// Reads the file at `path`, which need not exist. The first write creates it, and its folder. `files`
-    /// must outlive this object.
-    FileUserDefaults(FileStore& files, std::string path);
+    /// Reads the file at `path`, which need not exist. The first write creates it, and its folder. Without
+    /// `writer` changes are written by the destructor only. Requires: `files` and `writer` outlive this
+    /// object.
+    FileUserDefaults(FileStore& files, std::string path, SettingsWriter* writer = nullptr);
     /// Writes the changes. Waits up to two seconds for the lock of another program, and then writes without
     /// it.
     ~FileUserDefaults() override;
@@ -41,12 +52,8 @@ public:
     /// Reads the file again if it was changed. Changes that are not written stay in force.
     void refresh() override;
 
-    /// Called at the first change after a write, to have the main loop call `write` soon. If it is empty,
-    /// changes are written by the destructor only.
-    std::function<void()> writeSoon;
-
     /// Writes the changes, if there are any. If another program holds the lock on the folder for longer than
-    /// `FolderLock::kPatience`, they stay unwritten and `writeSoon` is called again. Problems are reported.
+    /// `FolderLock::kPatience`, they stay unwritten and the writer is called again. Problems are reported.
     void write();
 
     /// Sets the function that is called once for each problem, and calls it for the problems before.
@@ -58,7 +65,7 @@ private:
     enum class Chance { OneOfMany, Last };
     /// Writes the changes. At the last chance it writes even while the lock is busy.
     void writeChanges(Chance chance);
-    /// Calls `writeSoon` unless a write is due.
+    /// Calls the writer unless a write is due.
     void askForWrite();
     std::optional<SettingsText> withoutDamage(SettingsText text, const std::string& bytes);
     void change(std::string_view key, std::optional<std::string> value);
@@ -69,6 +76,7 @@ private:
 
     FileStore& files_;
     const std::string path_;
+    SettingsWriter* const writer_;
     SettingsText::Values values_; // as in the file
     std::map<std::string, std::optional<std::string>, std::less<>>
         changes_;                          // not written yet; `nullopt` removes the key

@@ -139,8 +139,8 @@ int QtAlerts::run(QMessageBox& box, const Alert& alert) {
     showing_.pop_back();
     if (!showing_.empty())
         showing_.back().box->setEnabled(true);
-    else if (lastOneEnded)
-        lastOneEnded();
+    else if (observer_)
+        observer_->lastAlertEnded();
     return kAlertFirstButton + static_cast<int>(buttons.indexOf(box.clickedButton()));
 }
 

@@ -16,11 +16,21 @@ namespace tabulon {
 /// active window, or `nullptr`. The window is not owned.
 using WindowFinder = std::function<QWidget*(const Document* document)>;
 
+/// Observes when all alerts have ended.
+class AlertsObserver {
+public:
+    virtual ~AlertsObserver() = default;
+    /// Called when the last open alert has ended, before its `runModal` returns.
+    virtual void lastAlertEnded() = 0;
+};
+
 /// Alerts that run nested event loops. See platform/Alerts.h for the contracts.
 class QtAlerts : public Alerts {
 public:
-    /// `windowFor` returns the window to which an alert belongs.
-    explicit QtAlerts(WindowFinder windowFor) : windowFor_(std::move(windowFor)) {}
+    /// `windowFor` returns the window to which an alert belongs. `observer` may be `nullptr`. Requires:
+    /// `observer` exists as long as alerts are shown.
+    explicit QtAlerts(WindowFinder windowFor, AlertsObserver* observer = nullptr)
+        : windowFor_(std::move(windowFor)), observer_(observer) {}
     /// Runs an event loop until the user answers. Returns `kAlertFirstButton` plus the index of the button.
     /// An alert with a document's window disables that window only.
     int runModal(const Alert& alert) override;
@@ -31,13 +41,12 @@ public:
     bool isShowing() const { return !showing_.empty(); }
     /// Returns whether an alert about `document` is open, or any alert for `nullptr`.
     bool isAskingAbout(const Document* document) const override;
-    /// Called when the last open alert has ended, before its `runModal` returns. May be empty.
-    std::function<void()> lastOneEnded;
 
 private:
     int run(QMessageBox& box, const Alert& alert);
 
     WindowFinder windowFor_;
+    AlertsObserver* const observer_;
     struct Shown {
         QMessageBox* box;
         const Document* document;

@@ -49,9 +49,14 @@ void run(QFileDialog* dialog, QString& lastFolder, Panels::OpenDone done) {
     dialog->open();
 }
 
+// Returns the default extension of the kind, or an empty text for a kind without extensions.
+QString extensionOf(const FileKind& kind) {
+    return kind.extensions.empty() ? QString() : QString::fromStdString(kind.extensions.front());
+}
+
 void setKind(QFileDialog& dialog, const FileKind& kind) {
     dialog.setNameFilter(nameFilter(kind));
-    dialog.setDefaultSuffix(QString::fromStdString(kind.extensions.front()));
+    dialog.setDefaultSuffix(extensionOf(kind));
 }
 
 // Returns a valid file name: without slashes and control characters, and short enough for file systems.
@@ -63,7 +68,8 @@ QString fileName(const std::string& proposed, const FileKind& kind) {
             c = ' ';
     while (QFile::encodeName(name).size() > kMostBytes)
         name.chop(name.back().isLowSurrogate() ? 2 : 1);
-    return name + "." + QString::fromStdString(kind.extensions.front());
+    const QString extension = extensionOf(kind);
+    return extension.isEmpty() ? name : name + "." + extension;
 }
 
 // A save panel with an options area below the file name.
@@ -103,8 +109,8 @@ private:
 
 } // namespace
 
-QtPanels::QtPanels(WindowFinder windowFor)
-    : windowFor_(std::move(windowFor)),
+QtPanels::QtPanels(WindowFinder windowFor, AccessoryViewMaker* views)
+    : windowFor_(std::move(windowFor)), views_(views),
       lastFolder_(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)),
       lastSaveFolder_(lastFolder_) {}
 
@@ -133,10 +139,10 @@ void QtPanels::beginOpenPanel(const OpenPanel& panel, OpenDone done) {
 QFileDialog* QtPanels::makeSaveDialog(const SavePanel& panel) const {
     QWidget* window = windowFor_(panel.document);
     const QString folder = startFolder(panel.directory, lastSaveFolder_);
-    if (!panel.accessory || !makeAccessoryView)
+    if (!panel.accessory || !views_)
         return new QFileDialog(window, QString::fromStdString(panel.message), folder);
     auto* dialog = new OptionsPanel(window, panel, folder);
-    dialog->show(makeAccessoryView(panel.accessory));
+    dialog->show(views_->makeAccessoryView(panel.accessory));
     return dialog;
 }
 

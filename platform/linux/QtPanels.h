@@ -6,24 +6,28 @@
 
 #include <QString>
 
-#include <functional>
 #include <memory>
 
 class QFileDialog;
 
 namespace tabulon {
 
+/// Makes the views of options areas.
+class AccessoryViewMaker {
+public:
+    virtual ~AccessoryViewMaker() = default;
+    /// Returns a new view of `accessory`, owned by the caller, or `nullptr` if there is none.
+    virtual QWidget* makeAccessoryView(const std::shared_ptr<PanelAccessory>& accessory) = 0;
+};
+
 /// File dialogs. A panel with an options area is Qt's own dialog, since those of the desktop cannot contain
 /// one. See platform/Panels.h for the contracts.
 class QtPanels : public Panels {
 public:
-    /// `windowFor` returns the window to which a panel belongs. The first panel starts in the desktop's
-    /// folder for documents.
-    explicit QtPanels(WindowFinder windowFor);
-
-    /// Makes the view of an options area, which the panel then owns. May be empty, and may return `nullptr`;
-    /// the panel then has no area.
-    std::function<QWidget*(const std::shared_ptr<PanelAccessory>& accessory)> makeAccessoryView;
+    /// `windowFor` returns the window to which a panel belongs. `views` makes the options areas; without it
+    /// panels have none. The first panel starts in the desktop's folder for documents. Requires: `views`
+    /// outlives this object.
+    explicit QtPanels(WindowFinder windowFor, AccessoryViewMaker* views = nullptr);
 
     /// Opens a dialog and returns. `done` is called from the main loop after the dialog has ended.
     void beginOpenPanel(const OpenPanel& panel, OpenDone done) override;
@@ -35,6 +39,7 @@ private:
     static QString startFolder(const std::string& wanted, const QString& last);
 
     WindowFinder windowFor_;
+    AccessoryViewMaker* const views_;
     QString lastFolder_;
     QString lastSaveFolder_; // separate: documents are not saved where a browser's files are opened
 };

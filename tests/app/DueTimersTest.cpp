@@ -47,12 +47,12 @@ public:
     void typeWhileASaveIsDue() {
         Document& document = *onlyDocument();
         window_ = &windowOf(document);
-        window_->outlineView.selected = {document.getMaster().getLast()};
+        window_->outlineView.clickOn({document.getMaster().getLast()});
         app.responders().performMenuItem(MenuItem{.action = "labelBookmark:", .tag = 2});
         timers.advance(AutosavePause::kSeconds - 0.1);
         EXPECT_EQ(namesInFile().front(), "first:0");
         EXPECT_EQ(namesInFile().back(), "last:0") << "it is not saved yet";
-        window_->outlineView.selected = {document.getMaster().getChild()};
+        window_->outlineView.clickOn({document.getMaster().getChild()});
         app.responders().performMenuItem(MenuItem{.action = "editBookmark:"});
         window_->outlineView.typed = "typed";
     }

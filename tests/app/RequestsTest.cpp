@@ -13,7 +13,7 @@ protected:
         files.files["/home/b.tbln"] = documentBytes("b");
     }
     void perform(LaunchRequest request) {
-        instance.requested(std::move(request));
+        instance.requestArrives(std::move(request));
         timers.advance(0);
     }
     using Paths = std::vector<std::string>;
@@ -52,8 +52,9 @@ TEST_F(RequestsTest, theFirstRequestMayNameFiles) {
 TEST_F(RequestsTest, aFloodBecomesOneAlertWithAList) {
     files.files["/home/damaged.tbln"] = documentBytes("a").substr(0, 100);
     for (int i = 0; i < 300; ++i)
-        instance.requested({.kind = Kind::Open, .uris = {"file:///home/missing" + std::to_string(i)}});
-    instance.requested({.kind = Kind::Open, .uris = {"file:///home/a.tbln", "file:///home/damaged.tbln"}});
+        instance.requestArrives({.kind = Kind::Open, .uris = {"file:///home/missing" + std::to_string(i)}});
+    instance.requestArrives(
+        {.kind = Kind::Open, .uris = {"file:///home/a.tbln", "file:///home/damaged.tbln"}});
     timers.advance(0);
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "301 files could not be opened");
@@ -70,7 +71,7 @@ TEST_F(RequestsTest, anUntitledDocumentComesOnlyWhenNothingOfTheFirstRequestCoul
 }
 
 TEST_F(RequestsTest, theMainLoopRunsBetweenTwoFiles) {
-    instance.requested({.kind = Kind::Open, .uris = {"file:///home/a.tbln", "file:///home/b.tbln"}});
+    instance.requestArrives({.kind = Kind::Open, .uris = {"file:///home/a.tbln", "file:///home/b.tbln"}});
     std::size_t before = 0;
     const auto end = timers.after(0, [&] { before = documents().documents().size(); });
     timers.advance(0);
@@ -107,7 +108,7 @@ TEST_F(RequestsTest, quittingIsServedBetweenTwoFilesThatTheUserOpens) {
 }
 
 TEST_F(RequestsTest, quittingIsServedBetweenTwoFilesFromOutside) {
-    instance.requested({.kind = Kind::Open, .uris = {"file:///home/a.tbln", "file:///home/b.tbln"}});
+    instance.requestArrives({.kind = Kind::Open, .uris = {"file:///home/a.tbln", "file:///home/b.tbln"}});
     quitBetweenTwoFiles();
 }
 
@@ -123,7 +124,7 @@ TEST_F(RequestsTest, severalFilesThatTheUserOpensAndThatAreRefusedAreOneAlert) {
 TEST_F(RequestsTest, whatTheUserOpensDoesNotWaitForAnAlertOfAnotherWindow) {
     app.applicationDidFinishLaunching({});
     host.waits = true;
-    instance.requested({.kind = Kind::Open, .uris = {"file:///home/b.tbln"}});
+    instance.requestArrives({.kind = Kind::Open, .uris = {"file:///home/b.tbln"}});
     app.fileOpening().openFiles({"/home/a.tbln"});
     timers.advance(0);
     EXPECT_EQ(pathsOfDocuments(), (Paths{"/home/a.tbln"}));
@@ -131,7 +132,7 @@ TEST_F(RequestsTest, whatTheUserOpensDoesNotWaitForAnAlertOfAnotherWindow) {
 
 TEST_F(RequestsTest, nothingIsOpenedAfterTheEndOfTheSession) {
     perform({.kind = Kind::Open, .uris = {"file:///home/a.tbln"}});
-    instance.requested({.kind = Kind::Open, .uris = {"file:///home/b.tbln", "file:///home/missing"}});
+    instance.requestArrives({.kind = Kind::Open, .uris = {"file:///home/b.tbln", "file:///home/missing"}});
     app.sessionWillEnd();
     timers.advance(0);
     EXPECT_TRUE(onlyDocument());
@@ -223,7 +224,7 @@ TEST_F(RequestsTest, aRequestThatComesWhileOneIsDoneIsDoneAfterwards) {
 }
 
 TEST_F(RequestsTest, aRequestIsAnsweredBeforeItIsDone) {
-    instance.requested({.kind = Kind::Open, .uris = {"file:///home/a.tbln"}});
+    instance.requestArrives({.kind = Kind::Open, .uris = {"file:///home/a.tbln"}});
     EXPECT_TRUE(documents().documents().empty());
     EXPECT_TRUE(app.requestQueue().wasUsed());
     timers.advance(0);
@@ -232,7 +233,7 @@ TEST_F(RequestsTest, aRequestIsAnsweredBeforeItIsDone) {
 
 TEST_F(RequestsTest, closingTheLastDocumentDoesNotEndTheProgramThatHasJustAcceptedAFile) {
     perform({.kind = Kind::Open, .uris = {"file:///home/a.tbln"}});
-    instance.requested({.kind = Kind::Open, .uris = {"file:///home/b.tbln"}});
+    instance.requestArrives({.kind = Kind::Open, .uris = {"file:///home/b.tbln"}});
     AppTest::perform("performClose:");
     EXPECT_EQ(host.stops, 0);
     timers.advance(0);

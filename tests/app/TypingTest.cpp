@@ -13,7 +13,7 @@ protected:
         files.writeFileAtomically(kPath, documentBytes("old"));
         app.applicationDidFinishLaunching({kPath});
         Document& document = *onlyDocument();
-        windowOf(document).outlineView.selected = {document.getMaster().getChild()};
+        windowOf(document).outlineView.clickOn({document.getMaster().getChild()});
         perform("editBookmark:");
         windowOf(document).outlineView.typed = "typed";
         return document;
@@ -84,7 +84,7 @@ TEST_F(TypingTest, theQuestionBeforeAReversion) {
     Document& document = openAndType();
     perform("newFolder:");
     perform("expandAll:");
-    windowOf(document).outlineView.selected = {document.getMaster().getLast()};
+    windowOf(document).outlineView.clickOn({document.getMaster().getLast()});
     perform("editBookmark:");
     windowOf(document).outlineView.typed = "typed again";
     alerts.answer("Cancel");

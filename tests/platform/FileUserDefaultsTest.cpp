@@ -19,6 +19,12 @@ namespace fs = std::filesystem;
 using Kind = SettingsProblem::Kind;
 using namespace std::string_literals;
 
+class CountingWriter : public SettingsWriter {
+public:
+    void writeSoon(FileUserDefaults&) override { ++asked; }
+    int asked = 0;
+};
+
 class FileUserDefaultsTest : public testing::Test {
 protected:
     void SetUp() override {
@@ -66,22 +72,21 @@ TEST_F(FileUserDefaultsTest, valuesHoldAtOnceAndInTheNextRun) {
 
 TEST_F(FileUserDefaultsTest, manyChangesAreOneWrite) {
     MemoryFileStore memory;
-    FileUserDefaults defaults(memory, "/settings");
-    int asked = 0;
-    defaults.writeSoon = [&] { ++asked; };
+    CountingWriter writer;
+    FileUserDefaults defaults(memory, "/settings", &writer);
     for (int i = 0; i < 1000; ++i)
         defaults.setIntegerForKey("WindowWidth", i);
-    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(writer.asked, 1);
     EXPECT_EQ(memory.writes, 0);
     defaults.write();
     EXPECT_EQ(memory.writes, 1);
     EXPECT_EQ(memory.files["/settings"], "[General]\nWindowWidth=999\n");
     defaults.setIntegerForKey("WindowWidth", 999);
-    EXPECT_EQ(asked, 1) << "the same value is no change";
+    EXPECT_EQ(writer.asked, 1) << "the same value is no change";
     defaults.write();
     EXPECT_EQ(memory.writes, 1);
     defaults.setIntegerForKey("WindowWidth", 5);
-    EXPECT_EQ(asked, 2);
+    EXPECT_EQ(writer.asked, 2);
 }
 
 TEST_F(FileUserDefaultsTest, whatPeopleAndOtherProgramsWriteStays) {
@@ -296,15 +301,14 @@ TEST_F(FileUserDefaultsTest, whileAnotherProgramWritesForLongChangesWaitAndTheEn
     write("a=1\n");
     const FolderLock hung((folder / "config").string());
     ASSERT_TRUE(hung.isHeld());
-    int asked = 0;
+    CountingWriter writer;
     {
-        FileUserDefaults defaults(files, path);
-        defaults.writeSoon = [&] { ++asked; };
+        FileUserDefaults defaults(files, path, &writer);
         defaults.setStringForKey("a", "2");
         const auto begin = std::chrono::steady_clock::now();
         defaults.write();
         EXPECT_LT(std::chrono::steady_clock::now() - begin, 10 * FolderLock::kPatience);
-        EXPECT_EQ(asked, 2);
+        EXPECT_EQ(writer.asked, 2);
         EXPECT_EQ(read(), "a=1\n");
     }
     EXPECT_EQ(read(), "a=2\n");

@@ -60,6 +60,22 @@ TEST(PropertyList, aDictionaryOfOneUidIsAUid) {
     EXPECT_EQ(list->top().value(), 4u);
 }
 
+TEST(PropertyList, aNumberOrDateThatDoesNotExistIsNull) {
+    const auto kindOf = [](const std::string& element) {
+        const std::string xml = xmlOf(element);
+        return PropertyList::open(xml)->top().kind();
+    };
+    EXPECT_EQ(kindOf("<integer>9223372036854775807</integer>"), Kind::Integer);
+    EXPECT_EQ(kindOf("<integer>-9223372036854775808</integer>"), Kind::Integer);
+    for (const char* number :
+         {"9223372036854775808", "-9223372036854775809", "0xFFFFFFFFFFFFFFFF", "1.5", ""})
+        EXPECT_EQ(kindOf("<integer>" + std::string(number) + "</integer>"), Kind::Null) << number;
+    EXPECT_EQ(kindOf("<date>2016-12-31T23:59:60Z</date>"), Kind::Date);
+    for (const char* date : {"2026-11-21T99:99:99Z", "2026-11-21T24:00:00Z", "2026-11-21T10:60:00Z",
+                             "2026-11-21T10:30:61Z", "2026-11-21T-1:30:00Z", "2026-02-30T10:30:00Z"})
+        EXPECT_EQ(kindOf("<date>" + std::string(date) + "</date>"), Kind::Null) << date;
+}
+
 TEST(PropertyList, otherBytesAreRefusedWithASentence) {
     for (const char* bytes : {"", "text", "bplist00", "<plist>", "<html/>", "<plist><thing/></plist>"}) {
         const Result<PropertyList> list = PropertyList::open(bytes);

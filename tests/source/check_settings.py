@@ -1,4 +1,4 @@
-"""Checks the settings of the tree at the given folder: check_settings.py FOLDER. Ends with 1 when there is a fault."""
+"""Checks the settings of the tree at the given folder: check_settings.py FOLDER. Ends with status 1 if there is a fault."""
 
 import sys
 from pathlib import Path

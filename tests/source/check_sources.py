@@ -1,4 +1,5 @@
-"""Reads the sources of the tree given as argument and fails when one breaks a rule of source_rules.py."""
+"""Checks the sources of the tree in a folder by the rules of source_rules.py: check_sources.py FOLDER. Fails if there is a
+fault."""
 
 import sys
 from pathlib import Path

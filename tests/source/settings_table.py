@@ -7,26 +7,27 @@ import re
 
 _SETTING = re.compile(r'\bSetting<[\w:]+> (\w+)\{"(\w+)"(?:,\s*"([^"]*)")?\}')
 _ENTRY = re.compile(r"\bentry\(settings::(\w+)\)")
-# What the program remembers by itself is no setting.
-_KEY_AS_TEXT = re.compile(r'(\w+)(?:\.|->)(?:\w+ForKey|removeKey)\(\s*"')
+# Values that the program stores without the user are no settings.
+_KEY_AS_TEXT = re.compile(r'(\w+)(?:\.|->)(?:\w+ForKey|removeKey|resolve|store)\(\s*"')
 _STATE = ("state", "state_")
 _KEY = re.compile(r"`(\w+)`")
 
 
 def settings(source):
-    """Constant -> (key, registered value) of Settings.h; the empty text for none."""
+    """Returns constant -> (key, registered value) of Settings.h; the empty text for none."""
     return {constant: (key, value) for constant, key, value in _SETTING.findall(source)}
 
 
 def registered(source):
-    """Key -> registered value of Settings.h."""
+    """Returns key -> registered value of Settings.h."""
     return {key: value for key, value in settings(source).values() if value}
 
 
 def documented(text):
-    """Key -> value at first of the table in settings.md; the empty text for none."""
-    values = {}
-    section = text.split("\n## Keys\n", 1)[1]
+    """Returns key -> first value of the tables in settings.md; the empty text for none. Folders have no first value."""
+    before, section = text.split("\n## Keys\n", 1)
+    folders = before.partition("\n## Folders chosen by the user\n")[2]
+    values = {key: "" for line in folders.splitlines() if line.startswith("| `") for key in _KEY.findall(line.split("|")[1])}
     for line in section.splitlines():
         cells = [cell.strip() for cell in line.split("|")]
         if len(cells) == 5 and cells[1].startswith("`"):
@@ -36,11 +37,11 @@ def documented(text):
 
 
 def table_faults(source, text):
-    """A sentence for each difference between Settings.h and docs/settings.md."""
+    """Yields a sentence for each difference between Settings.h and docs/settings.md."""
     program, manual = registered(source), documented(text)
     for key, value in sorted(settings(source).values()):
         if key not in manual:
-            yield f"docs/settings.md does not tell of {key}"
+            yield f"docs/settings.md does not describe {key}"
         elif manual[key] != value:
             yield f"docs/settings.md has {manual[key] or 'no value'} for {key}, the program {value or 'none'}"
     for key, value in manual.items():
@@ -49,7 +50,7 @@ def table_faults(source, text):
 
 
 def registration_faults(source, registration):
-    """A sentence for each registered value of Settings.h that RegisteredDefaults.cpp leaves out."""
+    """Yields a sentence for each registered value of Settings.h that RegisteredDefaults.cpp leaves out."""
     listed = set(_ENTRY.findall(registration))
     for constant, (key, value) in settings(source).items():
         if value and constant not in listed:
@@ -57,7 +58,7 @@ def registration_faults(source, registration):
 
 
 def text_faults(sources):
-    """A sentence for each place of the sources, a mapping of path -> text, that names a setting's key as a text."""
+    """Yields a sentence for each place of the sources, a mapping of path -> text, that names a setting's key as a text."""
     for path, text in sources.items():
         for match in _KEY_AS_TEXT.finditer(text):
             if match.group(1) not in _STATE:

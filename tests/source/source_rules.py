@@ -1,5 +1,5 @@
-"""What the sources of the tree have to look like: which folder may include which, how long a file may be, and that a
-file says what lives in it. Pure functions over a folder; check_sources.py runs them, test_source_rules.py tests them.
+"""The rules for the sources of the tree: which folder may include which, how long a file may be, and that a file says what
+it contains. Pure functions over a folder; check_sources.py runs them, test_source_rules.py tests them.
 """
 
 import re
@@ -53,7 +53,7 @@ _INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE
 
 
 def room_of(path):
-    """The room that a path relative to the tree's root belongs to, or None for a path outside the rooms."""
+    """Returns the room that a path relative to the tree's root belongs to, or None for a path outside the rooms."""
     parts = Path(path).parts
     if parts[0] == "platform" and len(parts) > 2:
         return f"platform/{parts[1]}"
@@ -63,7 +63,7 @@ def room_of(path):
 
 
 def sources(root):
-    """The C++ sources below `root`, as paths relative to it."""
+    """Returns the C++ sources below `root`, as paths relative to it."""
     for folder in SOURCE_FOLDERS:
         for path in sorted((root / folder).rglob("*")):
             if path.suffix in (".h", ".cpp") and path.is_file():
@@ -71,7 +71,7 @@ def sources(root):
 
 
 def include_faults(root, path):
-    """A sentence for every include of the file that points where no arrow goes."""
+    """Yields a sentence for every include of the file that no arrow allows."""
     room = room_of(path)
     text = (root / path).read_text(encoding="utf-8")
     for quoted, angled in _INCLUDE.findall(text):
@@ -102,16 +102,17 @@ def length_faults(root, path):
 
 
 def opening_faults(root, path):
-    """A file begins with a comment that says what lives in it. A .cpp beside its own header is spoken for by it."""
+    """Yields a sentence for a file that does not begin with a comment about its contents. A .cpp file beside its own header
+    needs none."""
     if path.suffix == ".cpp" and (root / path.with_suffix(".h")).is_file():
         return
     first = (root / path).read_text(encoding="utf-8").split("\n", 1)[0]
     if not re.match(r"// *\W?\w", first):
-        yield f"{path}: does not begin with a comment that says what lives here"
+        yield f"{path}: does not begin with a comment that says what the file contains"
 
 
 def faults(root):
-    """Every fault of the tree at `root`, one sentence each, in the order of the files."""
+    """Yields every fault of the tree at `root`, one sentence each, in the order of the files."""
     root = Path(root)
     found = []
     for path in sources(root):

@@ -1,4 +1,4 @@
-"""The checks of settings find what they are there to find."""
+"""Proves that the checks of settings can fail."""
 
 import unittest
 
@@ -10,8 +10,17 @@ inline constexpr Setting<std::string_view> kD{"D"};
 """
 
 
+FOLDERS = """
+## Folders chosen by the user
+
+| Key | Folder |
+|---|---|
+| `F` ° | a folder |
+"""
+
+
 def manual(*rows):
-    return "# Settings\n| `X` | not | counted |\n\n## Keys\n\n| Key | At first | What |\n|---|---|---|\n" + "\n".join(rows)
+    return "# Settings\n| `X` | not | counted |\n" + FOLDERS + "\n## Keys\n\n| Key | At first | What |\n|---|---|---|\n" + "\n".join(rows)
 
 
 class SettingsTableTest(unittest.TestCase):
@@ -21,7 +30,7 @@ class SettingsTableTest(unittest.TestCase):
     def test_the_tables_are_read(self):
         self.assertEqual(registered(SOURCE), {"A": "YES", "B": "11.0"})
         self.assertEqual(settings(SOURCE), {"kA": ("A", "YES"), "kB": ("B", "11.0"), "kD": ("D", "")})
-        self.assertEqual(documented(manual("| `A` °, `C` | YES | x |", "| `D` | | y |")), {"A": "YES", "C": "YES", "D": ""})
+        self.assertEqual(documented(manual("| `A` °, `C` | YES | x |", "| `D` | | y |")), {"F": "", "A": "YES", "C": "YES", "D": ""})
 
     def test_the_same_is_no_fault(self):
         self.assertEqual(self.faults_in("| `A` | YES | x |", "| `B` ° | 11.0 | y |", "| `C` | | z |"), [])
@@ -35,13 +44,19 @@ class SettingsTableTest(unittest.TestCase):
     def test_a_setting_that_the_manual_leaves_out_is_found(self):
         self.assertEqual(len(list(table_faults(SOURCE, manual("| `A` | YES | x |", "| `B` | 11.0 | y |")))), 1)
 
+    def test_a_folder_needs_a_row_in_either_table(self):
+        folders = 'Setting<std::string_view> kF{"F"};\nSetting<std::string_view> kG{"G"};'
+        self.assertEqual(list(table_faults(folders, manual())), ["docs/settings.md does not describe G"])
+        self.assertEqual(list(table_faults(folders, manual("| `G` | | g |"))), [])
+
     def test_a_value_that_is_not_registered_is_found(self):
         self.assertEqual(list(registration_faults(SOURCE, "entry(settings::kA), entry(settings::kB)")), [])
         self.assertEqual(list(registration_faults(SOURCE, "entry(settings::kA)")),
                          ["base/RegisteredDefaults.cpp leaves out kB"])
 
     def test_a_key_that_is_named_as_a_text_is_found(self):
-        for call in ('defaults.boolForKey("A")', 'defaults->setDoubleForKey("B", 1)', 'defaults_.removeKey("A")'):
+        for call in ('defaults.boolForKey("A")', 'defaults->setDoubleForKey("B", 1)', 'defaults_.removeKey("A")',
+                     'folders.resolve("F")', 'platform_.folders.store("F", path)'):
             self.assertEqual(len(list(text_faults({"app/File.cpp": call}))), 1, call)
         for call in ('state.stringForKey("A")', 'platform.state_.setBoolForKey("A", true)', "valueOf(defaults, settings::kA)",
                      "defaults.boolForKey(key)"):

@@ -1,4 +1,4 @@
-"""Proves that the source rules can fail: each rule meets a small tree that breaks it, and one that does not."""
+"""Proves that the source rules can fail: each rule is checked with a small tree that breaks it, and with one that does not."""
 
 import tempfile
 import unittest

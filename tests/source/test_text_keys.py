@@ -1,4 +1,4 @@
-"""The check of texts finds what it is there to find."""
+"""Proves that the check of texts can fail."""
 
 import unittest
 

@@ -30,17 +30,17 @@ _OTHER_KEYS = re.compile(
 
 
 def texts(source):
-    """The keys of the table in EnglishTexts.cpp."""
+    """Returns the keys of the table in EnglishTexts.cpp."""
     return set(_ENTRY.findall(source))
 
 
 def _without_comments(source):
-    """The source without comments and character literals."""
+    """Returns the source without comments and character literals."""
     return _TOKENS.sub(lambda match: match.group() if match.group().startswith('"') else " ", source)
 
 
 def _split(arguments):
-    """The arguments of a list, at the commas outside of brackets and literals."""
+    """Returns the arguments of a list, at the commas outside of brackets and literals."""
     parts, depth, current = [], 0, ""
     for token in re.findall(_LITERAL.replace("(", "(?:", 1) + r"|[^\"]", arguments):
         depth += (token in "([{" and len(token) == 1) - (token in ")]}" and len(token) == 1)
@@ -53,7 +53,7 @@ def _split(arguments):
 
 
 def _balanced(source, start):
-    """What is between the bracket at `start` and the one that closes it."""
+    """Returns the text between the bracket at `start` and the one that closes it."""
     depth = 0
     for match in re.compile(r'"(?:[^"\\\n]|\\.)*"|[()\[\]{}]').finditer(source, start):
         token = match.group()
@@ -69,7 +69,7 @@ def _literals(expression):
 
 
 def _key_parameters(source):
-    """Function -> places of its parameters that are keys."""
+    """Returns function -> places of its parameters that are keys."""
     places = {}
     for assigned, name, parameters in _FUNCTION.findall(source):
         function = assigned or name
@@ -80,7 +80,7 @@ def _key_parameters(source):
 
 
 def _key_members(source):
-    """Struct -> places of its members that are keys."""
+    """Returns struct -> places of its members that are keys."""
     places = {}
     for name, body in _STRUCT.findall(source):
         members = [line for line in body.split("\n") if line.rstrip().endswith(";") and "(" not in line.split("=")[0]]
@@ -110,7 +110,7 @@ def _keys_of_rows(source, structs):
 
 
 def used(sources):
-    """The keys that the sources, a mapping of path -> text, use: key -> path."""
+    """Returns the keys that the sources use, from a mapping of path -> text: key -> path."""
     plain = {path: _without_comments(text) for path, text in sources.items()}
     shared, structs = {}, {}
     for path, text in plain.items():
@@ -139,7 +139,7 @@ def _suffixes(sources):
 
 
 def faults(table, sources):
-    """A sentence for each difference between the table of texts and the sources."""
+    """Yields a sentence for each difference between the table of texts and the sources."""
     known = texts(table)
     for key, path in sorted(used(sources).items()):
         if key and key not in known:

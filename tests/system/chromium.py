@@ -1,7 +1,7 @@
 """A Chromium, without a window or on a display, driven over a pipe by the DevTools protocol: messages are JSON ended by a null
-byte. Only what the bookmark tests need: start, run a script in the bookmark manager's page, stop, keep the profile's file.
+byte. Contains only what the bookmark tests need: start, run a script in the bookmark manager's page, stop, keep the profile's file.
 
-As a program it makes the file tests/corpus/chromium-json/chromium anew: chromium.py FILE.
+Run as a program it writes the file tests/corpus/chromium-json/chromium again: chromium.py FILE.
 """
 
 import fcntl
@@ -44,12 +44,12 @@ _FILL = """
 
 
 def find():
-    """The path of a Chromium on this machine, or None."""
+    """Returns the path of a Chromium on this machine, or None."""
     return shutil.which("chromium") or shutil.which("chromium-browser")
 
 
 class Chromium:
-    """Use with `with`: a fresh profile each time, gone afterwards. With the `environment` of an X display it has a window there,
+    """A context with a new profile, which is removed at its end. With the `environment` of an X display it has a window there,
     with its bar of bookmarks.
     """
 
@@ -112,18 +112,18 @@ class Chromium:
         self._folder.cleanup()
 
     def fill(self, roots):
-        """Puts items (see above) into the roots of these identifiers and gives the browser's tree."""
+        """Puts items (see above) into the roots of these identifiers and returns the browser's tree."""
         return self.run(_FILL, roots)
 
     def bookmarks_file(self):
-        """Ends the browser, which writes the file at the latest then, and gives its bytes."""
+        """Ends the browser, which writes the file by then, and returns its bytes."""
         self.call("Browser.close", {})
         self._process.wait(self._patience)
         with open(os.path.join(self._folder.name, "profile", "Default", "Bookmarks"), "rb") as file:
             return file.read()
 
     def run(self, script, given=None):
-        """What the body of an async function, run with `given`, returns."""
+        """Runs the body of an async function with `given` and returns its result."""
         result = self.call("Runtime.evaluate", {
             "expression": f"(async given => {{ {script} }})({json.dumps(given)})",
             "awaitPromise": True, "returnByValue": True})

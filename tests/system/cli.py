@@ -1,4 +1,4 @@
-"""The command-line tool as a person runs it: a process with arguments, files and an exit status."""
+"""The command-line tool as users run it: a process with arguments, files and an exit status."""
 
 import json
 import os
@@ -10,12 +10,12 @@ TOOL = os.environ.get("TABULON_CLI", "")
 
 
 def run(*arguments, stdin=b"", timeout=300):
-    """Runs the tool and gives the finished process, whatever its status; output as bytes."""
+    """Runs the tool and returns the finished process, with its output as bytes, for every status."""
     return subprocess.run([TOOL, *arguments], input=stdin, capture_output=True, timeout=timeout, check=False)
 
 
 def done(*arguments, stdin=b""):
-    """Runs the tool, which has to succeed, and gives its standard output."""
+    """Runs the tool, which has to succeed, and returns its standard output."""
     process = run(*arguments, stdin=stdin)
     if process.returncode != 0:
         raise AssertionError(f"{arguments}: status {process.returncode}: {process.stderr.decode()}")
@@ -23,18 +23,18 @@ def done(*arguments, stdin=b""):
 
 
 def is_sanitized():
-    """Whether the tool was built with a sanitizer, which takes memory and address space for itself."""
+    """Returns whether the tool was built with a sanitizer, which takes memory and address space for itself."""
     with open(TOOL, "rb") as file:
         return b"__asan_init" in file.read()
 
 
 def show(path):
-    """The tree of a document, as `show --json` tells it."""
+    """Returns the tree of a document, as `show --json` prints it."""
     return json.loads(done("show", "--json", path))
 
 
 class TestCase(unittest.TestCase):
-    """A test with a folder of its own, gone afterwards."""
+    """A test with a folder of its own, which is removed at its end."""
 
     maxDiff = 2000
 
@@ -55,13 +55,13 @@ class TestCase(unittest.TestCase):
             return file.read()
 
     def make(self, tree, name="made.tbln"):
-        """A document with the tree, made by the tool; gives its path."""
+        """Creates a document with the tree by the tool and returns its path."""
         source = self.write(f"{name}.json", json.dumps(tree).encode())
         done("make", source, "-o", self.path(name))
         return self.path(name)
 
     def assert_same_tree(self, found, expected):
-        """As assertEqual, with a message that names the first node that differs instead of printing both trees."""
+        """Does the same as assertEqual, with a message that names the first node that differs instead of printing both trees."""
         pairs = [(found, expected, "")]
         while pairs:
             one, other, path = pairs.pop()

@@ -1,5 +1,5 @@
 """A Firefox, without a window or on a display, driven over Marionette, its own remote-control protocol: each message is a length, a
-colon and a JSON array. Only what the bookmark tests need: start, run a script with the browser's own rights, stop.
+colon and a JSON array. Contains only what the bookmark tests need: start, run a script with the browser's own rights, stop.
 """
 
 import json
@@ -34,12 +34,12 @@ user_pref("browser.safebrowsing.phishing.enabled", false);
 
 
 def find():
-    """The path of a Firefox on this machine, or None."""
+    """Returns the path of a Firefox on this machine, or None."""
     return shutil.which("firefox-esr") or shutil.which("firefox")
 
 
 class Firefox:
-    """Use with `with`: a fresh profile each time, gone afterwards. With the `environment` of a display it has a window there.
+    """A context with a new profile, which is removed at its end. With the `environment` of a display it has a window there.
     `preferences` are more lines for the profile.
     """
 
@@ -89,7 +89,7 @@ class Firefox:
         self._folder.cleanup()
 
     def run(self, script, *arguments):
-        """What the body of an async function, run with `arguments`, returns."""
+        """Runs the body of an async function with `arguments` and returns its result."""
         body = f"""
             const [resolve, given] = [arguments[arguments.length - 1], Array.from(arguments).slice(0, -1)];
             (async (...args) => {{ {script} }})(...given).then(

@@ -1,7 +1,7 @@
-"""GLib's own reader and writer of XBEL, which GTK keeps its list of recent files with: called through ctypes, since its
-constructor is not there for scripts.
+"""GLib's own reader and writer of XBEL, with which GTK stores its list of recent files. They are called through ctypes,
+since scripts cannot call the constructor.
 
-As a program it makes the file tests/corpus/xbel/glib anew: glib_bookmarks.py FILE.
+Run as a program it writes the file tests/corpus/xbel/glib again: glib_bookmarks.py FILE.
 """
 
 import ctypes
@@ -18,7 +18,7 @@ SAMPLE = [
 
 
 def find():
-    """The name of the library on this machine, or None."""
+    """Returns the name of the library on this machine, or None."""
     return ctypes.util.find_library("glib-2.0")
 
 
@@ -53,7 +53,7 @@ class BookmarkFile:
 
 
 def sample():
-    """The bytes of a file with the sample."""
+    """Returns the bytes of a file with the sample."""
     file = BookmarkFile()
     for bookmark in SAMPLE:
         file.add(*bookmark)

@@ -1,7 +1,7 @@
-"""KDE's bookmark editor without a window, whose library reads and writes XBEL. Only what the bookmark tests need: it
-takes in a file and writes its own, and it tells what it understands of a file.
+"""KDE's bookmark editor without a window, whose library reads and writes XBEL. Contains only what the bookmark tests need: the
+editor imports a file, writes its own, and shows what it reads from a file.
 
-As a program it makes the file tests/corpus/xbel/kde anew: kde.py FILE.
+Run as a program it writes the file tests/corpus/xbel/kde again: kde.py FILE.
 """
 
 import os
@@ -45,12 +45,12 @@ lines &amp; an ampersand</desc></bookmark>
 
 
 def find():
-    """Whether the editor, and the bus that it wants, are on this machine."""
+    """Returns whether the editor, and the bus that it needs, are installed."""
     return bool(shutil.which("keditbookmarks") and shutil.which("dbus-run-session"))
 
 
 class Editor:
-    """Use with `with`: a home of its own each time, gone afterwards."""
+    """A context with a home folder of its own, which is removed at its end."""
 
     def __enter__(self):
         self._folder = tempfile.TemporaryDirectory(prefix="tabulon-kde-")
@@ -61,16 +61,16 @@ class Editor:
         self._folder.cleanup()
 
     def import_html(self, html, xbel):
-        """Adds the bookmarks of a browser's file to the editor's own file `xbel`, which it makes where there is none."""
+        """Adds the bookmarks of a browser's file to the editor's own file `xbel`, which is created if it does not exist."""
         self._run("--importmoz", html, xbel)
 
     def import_xbel(self, other, xbel):
-        """The same for another XBEL file."""
+        """Does the same for another XBEL file."""
         self._run("--importkde3", other, xbel)
 
     def tell(self, xbel):
-        """What the editor understands of a file, by another of its formats: links as (name, address), folders as
-        (name, [items]); a separator is a link with a name of its own. Addresses come as it shows them, without
+        """Returns what the editor reads from a file, by another of its formats: links as (name, address), folders as
+        (name, [items]); a separator is a link with a name of its own. Addresses are as it shows them, without
         percent-encoding."""
         listing = os.path.join(self._folder.name, "listing.adr")
         self._run("--exportopera", listing, xbel)

@@ -1,5 +1,5 @@
-"""Keyed archives as Python's plistlib sees them: from the object table to the tree that `tabulon-cli show --json` prints,
-and back in the many ways that other writers have. Knows nothing of the program; that is the point of it.
+"""Keyed archives as Python's plistlib reads them: from the object table to the tree that `tabulon-cli show --json` prints,
+and back in the ways of other writers. It is independent of the program.
 """
 
 import plistlib
@@ -26,13 +26,13 @@ class Unreadable(Exception):
 
 
 def read(path):
-    """The property list in a file, binary or XML."""
+    """Returns the property list in a file, binary or XML."""
     with open(path, "rb") as file:
         return plistlib.load(file)
 
 
 def decode(archive):
-    """The two objects of a document archive, as (version record, root node): plain values, the node as in JSON."""
+    """Returns the two objects of a document archive, as (version record, root node): plain values, the node as in JSON."""
     if archive["$archiver"] != "NSKeyedArchiver" or archive["$version"] != 100000:
         raise Unreadable(f"{archive['$archiver']} {archive['$version']}")
     root = _decoded_objects(archive["$objects"])[_index(archive["$top"]["root"])]
@@ -41,7 +41,7 @@ def decode(archive):
 
 
 def _decoded_objects(objects):
-    """Every object of the table as its value. No recursion: the containers are made first and filled afterwards."""
+    """Returns every object of the table as its value. No recursion: the containers are made first and filled afterwards."""
     values = [_empty_value(objects, item) for item in objects]
     for item, value in zip(objects, values):
         if isinstance(value, list):
@@ -83,7 +83,7 @@ def _index(reference):
 
 
 class Writer:
-    """Builds archives in the ways that the options name. Give the result to plistlib."""
+    """Builds archives in the ways that the options name, for plistlib."""
 
     def __init__(self, *, seed=0, shuffle_keys=False, shuffle_objects=False, share=False, boxed_texts=False,
                  list_class="NSMutableArray", ancestry=("NSObject",), numbers_for_booleans=False, unknown_keys=False,
@@ -106,7 +106,7 @@ class Writer:
         return self._finished(top)
 
     def _node(self, node):
-        """Iterative, children before their parent: the references point backwards as well as forwards."""
+        """Adds the nodes of a tree without recursion, children before their parent: references point backwards and forwards."""
         finished = {}
         stack = [(node, False)]
         while stack:
@@ -190,7 +190,7 @@ class Writer:
         return {"$version": 100000, "$archiver": "NSKeyedArchiver", "$top": {"root": top}, "$objects": objects}
 
     def _shuffled(self, top):
-        """The table in another order; only "$null" keeps its place."""
+        """Returns the table in another order, in which only "$null" has the same place."""
         old_places = list(range(1, len(self._objects)))
         self._random.shuffle(old_places)
         old_places.insert(0, 0)

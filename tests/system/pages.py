@@ -1,4 +1,4 @@
-"""Pages and addresses made at random, for the comparison of the links that we find with those of a real browser: the same
+"""Random pages and addresses, for the comparison of the links that we find with those of a real browser: the same
 ones for the same seed.
 """
 
@@ -10,7 +10,7 @@ _TAGS = """a a a a a a b i u font nobr em strong code span small p p p div ul ol
     style script iframe noframes noembed xmp listing area map img image br hr wbr body html head frameset frame base meta link
     article section summary details dialog label fieldset legend x-y sarcasm plaintext embed param source track address main
     search menu nobr keygen address""".split()
-# What ends a page early comes seldom.
+# Tags that end a page early are rare.
 _RARE = {"plaintext", "frameset", "base", "template", "noscript", "style", "script", "iframe", "noframes", "xmp", "title",
          "textarea", "noembed"}
 _TEXTS = ["x", "y z", " ", "\n", "  \n ", "&amp;", "&lt", "&notit;", "&#x41;", "&#128;", "&#0;", "\0", "é", "天", "&hellip;",
@@ -47,7 +47,7 @@ ADDRESSES = [part for address in ADDRESSES if (part := address.strip(" \n"))] + 
 
 
 def page(seed):
-    """A page of tags in any order."""
+    """Returns a page of tags in any order."""
     dice = random.Random(seed)
     parts = [dice.choice(_DOCTYPES)]
     some = dice.sample(_TAGS, dice.randint(2, 9)) + ["a"]
@@ -78,7 +78,7 @@ def _start(dice, tag):
 
 
 def addresses(seed, count):
-    """Addresses, most of them damaged or put together of two."""
+    """Returns addresses, most of them damaged or combined from two."""
     dice = random.Random(seed)
     made = []
     for _ in range(count):
@@ -99,7 +99,7 @@ def addresses(seed, count):
 
 
 def page_of_addresses(given, base=None):
-    """A page with a link for each address."""
+    """Returns a page with a link for each address."""
     def quoted(text):
         return text.replace("&", "&amp;").replace('"', "&quot;")
     head = "" if base is None else f'<base href="{quoted(base)}">'

@@ -59,7 +59,7 @@ class WhatWeWrite(cli.TestCase):
 
 
 class WhatOthersWrite(cli.TestCase):
-    """One way of writing a test; each is read back whole."""
+    """A test for each way of writing; each file is read back whole."""
 
     def assert_reads(self, tree, form=plistlib.FMT_BINARY, **options):
         writer = keyed_archive.Writer(xml=form == plistlib.FMT_XML, **options)

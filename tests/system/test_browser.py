@@ -49,7 +49,7 @@ class BrowserTest(cli.TestCase):
         return self.browser.run(_IMPORT, html)
 
     def assert_imported(self, tree, *, folders, links, separators):
-        """Firefox has every node of `tree` in its place, and the test has looked at as many as it thinks."""
+        """Checks that Firefox has every node of `tree` in its place, and that the expected number of nodes was compared."""
         seen = {"folder": 0, "link": 0, "separator": 0}
         pairs = [(tree, self.imported_by_firefox(self.make(tree)), "")]
         while pairs:
@@ -117,7 +117,7 @@ class BrowserTest(cli.TestCase):
         return cli.show(document)
 
     def assert_items(self, nodes, items, place):
-        """Our nodes are Firefox's items, in order and all the way down."""
+        """Checks that our nodes are Firefox's items, in order and at every depth."""
         pairs = [(nodes, items, place)]
         while pairs:
             ours, theirs, path = pairs.pop()

@@ -1,4 +1,4 @@
-"""The bookmarks of a real Chromium: what its profile's file holds is what we import. Ends with status 77 where there is no
+"""The bookmarks of a real Chromium: what its profile's file contains is imported. Ends with status 77 where there is no
 Chromium, unless TABULON_REQUIRE_BROWSER is set.
 """
 
@@ -13,7 +13,7 @@ import trees
 
 
 def _items(nodes):
-    """Nodes of `trees` as items of `Chromium.fill`: it has neither separators nor notes."""
+    """Returns nodes of `trees` as items of `Chromium.fill`: it has neither separators nor notes."""
     return [[node["name"], _items(node["children"]) if node["folder"] else node["url"]]
             for node in nodes if node["type"] != 10]
 
@@ -38,7 +38,7 @@ class ChromiumTest(cli.TestCase):
         pairs = list(zip(ours["children"], (bar, other)))
         while pairs:
             node, theirs = pairs.pop()
-            # The browser tells milliseconds; its file and ours have whole seconds of the microseconds.
+            # The browser reports milliseconds; its file and ours have whole seconds of the microseconds.
             self.assertEqual(node["dateAdded"], theirs["dateAdded"] // 1000, theirs)
             self.assertEqual(node["folder"], "children" in theirs, theirs)
             if not node["folder"]:

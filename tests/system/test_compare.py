@@ -46,7 +46,7 @@ class GitDiff(cli.TestCase):
 
 
 class RandomEdits(cli.TestCase):
-    """Every link has an address of its own, so what an edit does can be foretold."""
+    """Random edits. Every link has an address of its own, so that the differences of an edit are known."""
 
     def test_what_was_done_is_what_is_listed(self):
         for seed in range(30):

@@ -1,5 +1,5 @@
 """Duplicates, removing, sorting and finding against their definitions, on random trees: every pair of links compared,
-Python's own sort, a look at every text of every node."""
+Python's own sort, a search of every text of every node."""
 
 import json
 import random
@@ -37,7 +37,7 @@ def random_tree(source):
 
 
 def places(root, prefix=""):
-    """The nodes that commands look at, with their paths, in document order."""
+    """Returns the nodes that commands visit, with their paths, in document order."""
     for index, child in enumerate(root["children"]):
         yield f"{prefix}{index}", child
         if child["folder"]:
@@ -62,7 +62,7 @@ def duplicates(root):
 
 
 def without(root, statuses, removed):
-    """A copy of the tree without the links of these statuses, which are added to `removed`."""
+    """Returns a copy of the tree without the links of these statuses, which are added to `removed`."""
     children = []
     for child in root["children"] or []:
         if root["folder"] and not child["folder"] and child["status"] in statuses:
@@ -88,8 +88,8 @@ def folded(text):
 
 
 def matches(children, part, prefix=""):
-    """How many there are, and the path of every visit. What stands below a link does not count, but is met right after
-    a match in its tags or its note."""
+    """Returns the number of matches and the path of every visit. Nodes below a link do not count, but are visited right
+    after a match in its tags or its note."""
     count, visits = 0, []
     for index, node in enumerate(children):
         path = f"{prefix}{index}"

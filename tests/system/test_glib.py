@@ -1,4 +1,4 @@
-"""XBEL as GLib writes it, the library behind GTK's list of recent files. Ends with status 77 where there is none."""
+"""XBEL as GLib writes it, whose format GTK uses for its list of recent files. Ends with status 77 if GLib is missing."""
 
 import sys
 import unittest

@@ -11,24 +11,24 @@ import cli
 import kde
 import trees
 
-_SEPARATOR = ("--- separator ---", "")  # as the editor tells of one
+_SEPARATOR = ("--- separator ---", "")  # in the form of `Editor.tell`
 
 
 def _told(nodes):
-    """Nodes as the editor should tell of them."""
+    """Returns nodes in the form of `Editor.tell`."""
     return [_SEPARATOR if node["type"] == 10
             else (node["name"] or "", _told(node["children"]) if node["folder"] else unquote(node["url"] or ""))
             for node in nodes]
 
 
 def _essence(nodes):
-    """What an XBEL file holds of nodes and what comes back of it."""
+    """Returns the nodes with those values that an XBEL file contains and that are read back."""
     return [(node["type"], node["name"], node["url"], node["note"], node["tags"],
              _essence(node["children"]) if node["folder"] else None) for node in nodes]
 
 
 def _tagged(seed, links):
-    """A random tree whose links have tags, too."""
+    """Returns a random tree whose links have tags, too."""
     root = trees.browsing(seed, links)
     for node, _ in trees.walk(root):
         if not node["folder"] and node["type"] != 10 and node["note"]:
@@ -75,7 +75,7 @@ class KDETest(cli.TestCase):
 
     def test_we_read_what_the_editor_tells_of_its_own_file(self):
         tree, theirs = trees.browsing(5, 300), self.path("theirs.xbel")
-        # It reads bookmark HTML by lines: what follows an empty folder, which is one line, comes into that.
+        # It reads bookmark HTML by lines: items after an empty folder, which is one line, are read into that.
         for node, _ in trees.walk(tree):
             if node["folder"] and not node["children"]:
                 node["children"].append(trees.link("only", "https://example.org/only"))

@@ -1,5 +1,5 @@
-"""Small documents that stand for very much: every command either writes a bounded multiple of what it read or fails with
-a sentence, and takes a bounded amount of memory while it does."""
+"""Small documents with a very large output: every command either writes a bounded multiple of what it read or fails with
+a sentence, and uses a bounded amount of memory."""
 
 import os
 import plistlib
@@ -43,7 +43,7 @@ class Memory(cli.TestCase):
         return self.write("small.tbln", plistlib.dumps(archive, fmt=plistlib.FMT_BINARY))
 
     def measured(self, arguments):
-        """Status, standard error, size of what was written, and the most memory that was resident."""
+        """Returns the status, standard error, the size of the output, and the largest amount of resident memory."""
         with open(self.path("out"), "wb") as out, open(self.path("error"), "wb") as error:
             process = subprocess.Popen([cli.TOOL, *arguments], stdin=subprocess.DEVNULL, stdout=out, stderr=error)
             _, status, usage = os.wait4(process.pid, 0)

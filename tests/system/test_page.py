@@ -1,4 +1,4 @@
-"""The links of a page: what we find in pages of all kinds is what a real Chromium tells of them when it runs the scripts that
+"""The links of a page: what is found in pages of all kinds is what a real Chromium returns when it runs the scripts that
 collect links. Ends with status 77 where there is no Chromium, unless TABULON_REQUIRE_BROWSER is set.
 """
 
@@ -40,9 +40,9 @@ _RUN = """
 
 
 # What Chromium does alone, against the standard and other browsers: it writes blanks and asterisks of host names as
-# escapes, reads escapes in brackets, keeps white space within data:, leaves hosts of other schemes as they stand where a
+# escapes, reads escapes in brackets, keeps white space within data:, leaves hosts of other schemes unchanged where a
 # character in them maps to another, takes backslashes in their paths for slashes when there are dots beside them, loses
-# the "/." in front of a path with two slashes, and treats "steam:" in its own way. Files: see test_addresses_of_files.
+# the "/." before a path with two slashes, and treats "steam:" in its own way. Files: see test_addresses_of_files.
 _CHROMIUMS_OWN = re.compile(r"^[a-z0-9.+-]+://[^/?#]*( |\u00a0|\*|%20|%2A)|\[[^]]*%|^\s*data:[^#]*[\t\n]|://[^/?#]*[\ufb00\u200d]|^steam:|"
                             r"^(?!https?:|ftp:|wss?:)[a-z0-9.+-]+:(.*\\|/\.)", re.IGNORECASE)
 
@@ -69,7 +69,7 @@ class PageTest(unittest.TestCase):
         return [texts[i:i + 4] for i in range(0, len(texts), 4)]
 
     def both(self, given):
-        """For each page what we tell and what they tell."""
+        """Yields each page with our links and the browser's."""
         for start in range(0, len(given), 200):
             some = given[start:start + 200]
             theirs, ours = self.theirs(some), self.ours([page.encode() for page in some])
@@ -94,7 +94,7 @@ class PageTest(unittest.TestCase):
         return f"{part} of {page[:1500]!r}\n  ours   {first[0]!r}\n  theirs {first[1]!r}"
 
     def assert_same_addresses(self, given, least):
-        """Compares the addresses of pairs of a base and addresses one by one, but for those that Chromium alone reads so."""
+        """Compares the addresses of pairs of a base and addresses one by one, without those that only Chromium parses so."""
         told = []
         compared = 0
         both = self.both([pages.page_of_addresses(addresses, base) for base, addresses in given])
@@ -114,7 +114,7 @@ class PageTest(unittest.TestCase):
         self.assert_same(self.both(given), 300)
 
     def test_files_in_other_encodings(self):
-        """Loaded as files, so that the browser decodes them; each has a base element."""
+        """Pages are loaded as files, so that the browser decodes them. Each has a base element."""
         files = [row for row in corpus() if os.path.basename(os.path.dirname(row[0])) == "encodings"]
         theirs = [self.theirs_of_file(path) for path, _ in files]
         self.navigate("about:blank")
@@ -159,7 +159,8 @@ class PageTest(unittest.TestCase):
         self.assert_same_addresses([(base, ["x", "/y", "", "?q", "//h", "https://h/"]) for base in NO_FILES], 800)
 
     def test_addresses_of_files(self):
-        """Those that name neither drives nor this machine: Chromium reads these differently on every system."""
+        """Tests addresses without drives and without the name of this machine, which Chromium parses differently on every
+        system."""
         given = ["file:///etc/passwd", "file:/etc", "file:etc", "file://host/x", "file:///a b/%41?q#f", "file:///ä/../x", "file:", "//h/x"]
         self.assert_same_addresses([(base, given) for base in (None, "file:///x/y?z", "file://h/x", "https://h/")], 32)
 
@@ -172,7 +173,7 @@ class PageTest(unittest.TestCase):
 
 
 def corpus():
-    """The path and the bytes of every file."""
+    """Returns the path and the bytes of every file."""
     for folder, _, names in sorted(os.walk(CORPUS)):
         for name in sorted(names):
             with open(os.path.join(folder, name), "rb") as file:

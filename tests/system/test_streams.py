@@ -1,4 +1,4 @@
-"""Inputs of the command-line tool that are no ordinary files: pipes, devices and folders."""
+"""Inputs of the command-line tool that are not ordinary files: pipes, devices and folders."""
 
 import os
 import resource

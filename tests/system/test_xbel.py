@@ -1,5 +1,5 @@
-"""Exported XBEL before a validating parser, libxml2's xmllint, with the document type of XBEL 1.0: what is valid, and what
-is not on purpose."""
+"""Exported XBEL, read by a validating parser, libxml2's xmllint, with the document type of XBEL 1.0: what is valid, and what
+is intentionally not."""
 
 import os
 import random
@@ -24,7 +24,7 @@ _TAGS_AFTER_NOTE = (
 
 
 def links(count, seed):
-    """Links and folders without anything of that: each has a URL, none has tags."""
+    """Returns links and folders without tags; each link has a URL."""
     generator = random.Random(seed)
     texts = [None, "", "plain", "a & b < c > d \" e ' f", "日本語", "🎈", "]]>", "<!-- x -->", "two\nlines", " "]
     root = trees.master([])
@@ -49,7 +49,7 @@ class Validation(cli.TestCase):
         return file
 
     def faults(self, file):
-        """What xmllint has against the file: line, element, sentence; the file has to be well-formed."""
+        """Returns the faults that xmllint finds: line, element, sentence. The file has to be well-formed."""
         process = subprocess.run(["xmllint", "--noout", "--nonet", "--dtdvalid", _DTD, file],
                                  capture_output=True, text=True, timeout=120, check=False)
         found = [_FAULT.match(line) for line in process.stderr.splitlines() if "does not validate" not in line]

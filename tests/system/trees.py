@@ -1,5 +1,5 @@
 """Trees for the system tests, in the form of `tabulon-cli show --json`: one that has every value of every field, and
-random ones that look like people's bookmarks."""
+random ones that resemble the bookmarks of users."""
 
 import random
 
@@ -34,7 +34,7 @@ def master(children):
 
 
 def every_value(control_characters=True):
-    """A tree in which every field has its ordinary, its empty, its null and its extreme values."""
+    """Returns a tree in which every field has its ordinary, its empty, its null and its extreme values."""
     texts = ["", "plain", "a & b < c > d \" e ' f", "日本語", "Ελληνικά", "العربية", "naïve café", "🎈 non-BMP 𝄞",
              "x" * 15, "y" * 255, "z" * 256, "w" * 70000, "two\nlines\tand a tab"]
     if control_characters:
@@ -67,7 +67,7 @@ _HOSTS = ("www.example.org", "news.example.com", "docs.example.net", "xn--bcher-
 
 
 def browsing(seed, links):
-    """A root whose tree holds only what a bookmark file can carry, with whole seconds."""
+    """Returns a root whose tree contains only what a bookmark file can express, with whole seconds."""
     source = random.Random(seed)
     root = master([])
     path = [root]
@@ -95,7 +95,7 @@ def browsing(seed, links):
 
 
 def walk(root):
-    """Every node below `root` with its depth, in document order."""
+    """Yields every node below `root` with its depth, in document order."""
     stack = [(child, 1) for child in reversed(root["children"] or [])]
     while stack:
         current, depth = stack.pop()

@@ -19,7 +19,6 @@ namespace {
 class DropTest : public testing::Test, protected FakePlatform {
 protected:
     void SetUp() override {
-        windows.connectTo(app, services);
         app.applicationDidFinishLaunching({});
         Document& untitled = *app.documentController().currentDocument();
         untitled.updateChangeCount(ChangeKind::Done); // so that it is not closed
@@ -59,7 +58,7 @@ protected:
     }
 
     const Platform services = platform();
-    QtWindows windows;
+    QtWindows windows{app, services};
     FakeSingleInstance instance;
     FakeProgramHost host;
     AppDelegate app{services, windows, instance, host, "1"};

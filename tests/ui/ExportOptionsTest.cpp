@@ -21,13 +21,8 @@
 namespace tabulon {
 namespace {
 
-class ExportOptionsTest : public testing::Test {
+class ExportOptionsTest : public testing::Test, private AccessoryViewMaker {
 protected:
-    ExportOptionsTest() {
-        panels.makeAccessoryView = [this](const std::shared_ptr<PanelAccessory>& accessory) {
-            return makeAccessoryView(accessory, base.texts);
-        };
-    }
     ~ExportOptionsTest() override { delete dialog(); }
 
     void open() {
@@ -74,9 +69,13 @@ protected:
         QCoreApplication::processEvents();
     }
 
+    QWidget* makeAccessoryView(const std::shared_ptr<PanelAccessory>& accessory) override {
+        return tabulon::makeAccessoryView(accessory, base.texts);
+    }
+
     FakeBaseServices base;
     QTemporaryDir folder;
-    QtPanels panels{[](const Document*) { return nullptr; }};
+    QtPanels panels{[](const Document*) { return nullptr; }, this};
     std::shared_ptr<AccessoryViewController> options =
         std::make_shared<AccessoryViewController>(base.services());
     std::optional<std::string> chosen;

@@ -131,6 +131,47 @@ TEST_F(OutlineWidgetTest, HomeEndAndPagesMoveTheCurrentRow) {
     EXPECT_EQ(widget().selectedRows(), (RowSet{{0, 2}}));
 }
 
+TEST_F(OutlineWidgetTest, SelectionIsExtendedUpwards) {
+    for (int i = 0; i < 10; ++i)
+        add(makeLink("link"));
+    openWidget();
+    press(Qt::Key_End);
+    press(Qt::Key_Home);
+    press(Qt::Key_End);
+    press(Qt::Key_Up, Qt::ShiftModifier);
+    EXPECT_EQ(widget().selectedRows(), (RowSet{{8, 2}}));
+    press(Qt::Key_Home, Qt::ShiftModifier);
+    EXPECT_EQ(widget().selectedRows(), (RowSet{{0, 10}}));
+    const auto clickRow = [this](int row, Qt::KeyboardModifiers modifiers) {
+        QTest::mouseClick(widget().viewport(), Qt::LeftButton, modifiers, cell(row, Column::URL).center());
+    };
+    clickRow(5, Qt::NoModifier);
+    clickRow(2, Qt::ShiftModifier);
+    EXPECT_EQ(widget().selectedRows(), (RowSet{{2, 4}}));
+}
+
+TEST_F(OutlineWidgetTest, ScrollBarsComeAndGoWithTheRows) {
+    for (int i = 0; i < 60; ++i)
+        add(makeLink("link"));
+    openWidget();
+    const auto expectBars = [this] {
+        QApplication::processEvents(); // a scroll bar is shown and hidden later
+        const int rows = widget().model()->rowCount();
+        const bool fits = rows * cell(0, Column::Name).height() <= widget().viewport()->height();
+        EXPECT_EQ(widget().verticalScrollBar()->isVisible(), !fits) << rows << " rows";
+        EXPECT_FALSE(widget().horizontalScrollBar()->isVisible()) << rows << " rows";
+    };
+    Outline& outline = controller->outline();
+    while (outline.numberOfRows() > 1) {
+        outline.removeItem(outline.itemAtRow(0));
+        expectBars();
+    }
+    while (outline.numberOfRows() < 60) {
+        outline.insertChild(document.getMaster(), 0, makeLink("link"));
+        expectBars();
+    }
+}
+
 TEST_F(OutlineWidgetTest, TypingSelectsTheNextNameThatBeginsSo) {
     for (const char* name : {"alpha", "beta", "Bravo"})
         add(makeLink(name));

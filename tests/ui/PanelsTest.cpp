@@ -77,5 +77,16 @@ TEST_F(PanelsTest, theSavePanelRemembersItsFolderApartFromThatOfImports) {
     EXPECT_EQ(folderThenCancel(), pathOf("saved"));
 }
 
+TEST_F(PanelsTest, aKindWithoutExtensionsAddsNoneToTheName) {
+    std::optional<std::string> chosen;
+    panels.beginSavePanel({.prompt = "Save",
+                           .directory = folder.path().toStdString(),
+                           .proposedName = "Any name",
+                           .kind = {.label = "Files", .extensions = {}}},
+                          [&](const std::optional<std::string>& path) { chosen = path; });
+    end("accept");
+    EXPECT_EQ(chosen, folder.path().toStdString() + "/Any name");
+}
+
 } // namespace
 } // namespace tabulon

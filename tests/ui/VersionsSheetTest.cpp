@@ -19,14 +19,13 @@ namespace {
 class VersionsSheetTest : public testing::Test, protected FakePlatform {
 protected:
     void SetUp() override {
-        windows.connectTo(app, services);
         const Document empty(base.services());
         files.files["/home/a.tbln"] = writeDocumentArchive(empty.getMaster());
         app.fileOpening().openFile("/home/a.tbln");
     }
 
     const Platform services = platform();
-    QtWindows windows;
+    QtWindows windows{app, services};
     FakeSingleInstance instance;
     FakeProgramHost host;
     AppDelegate app{services, windows, instance, host, "1"};

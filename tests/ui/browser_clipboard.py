@@ -1,7 +1,7 @@
 """Bookmarks copied between the real program and the bookmark manager of a real Firefox, both ways, a selection of a page in it, and a
 folder dragged to its toolbar: browser_clipboard.py TABULON TABULON_CLI.
 
-Ends with 77 where there is no display to be had, or no browser, unless TABULON_REQUIRE_BROWSER is set.
+Ends with status 77 without a display or a browser, unless TABULON_REQUIRE_BROWSER is set.
 """
 
 import os
@@ -40,7 +40,7 @@ for (const index of args[2]) tree.view.selection.toggleSelect(index);
 if (args[0] == "copy") tree.controller.copy(); else await tree.controller.paste();
 await rest(700);
 library.close();"""
-# It stands on the toolbar since that was empty.
+# It is on the toolbar, which was empty.
 NO_HINT = """const hint = document.getElementById("personal-toolbar-empty");
 if (hint) hint.hidden = true;"""
 CONTENT = """const item = node => node.children || node.type == "text/x-moz-place-container"
@@ -65,7 +65,7 @@ LINKS_OF_PAGE = [("One, “日本” & <b>", "https://one.example/?a=1&b=2"), ("
 
 
 def paste_page(session, path, browser):
-    """Copies the whole of the page in the front of `browser`, and pastes it."""
+    """Copies the whole front page of `browser`, and pastes it."""
     window = window_of(session, "Page of links")
     session.xdotool("windowactivate", "--sync", window, "mousemove", "--window", window, "300", "400", "click", "1")
 

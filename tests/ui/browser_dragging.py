@@ -1,7 +1,7 @@
 """Links dragged out of a real Firefox and a real Chromium into the real program, where they keep their titles:
 browser_dragging.py TABULON TABULON_CLI.
 
-Ends with 77 where there is no display to be had, or no browser, unless TABULON_REQUIRE_BROWSER is set.
+Ends with status 77 without a display or a browser, unless TABULON_REQUIRE_BROWSER is set.
 """
 
 import http.server
@@ -29,7 +29,7 @@ user_pref("browser.aboutwelcome.enabled", false);
 user_pref("browser.tabs.inTitlebar", 0);
 """
 BROWSER_PLACE, BROWSER_SIZE = (640, 50), (620, 650)
-# Where the first of such elements of Firefox's own window that can be seen stands on the screen.
+# The place on the screen of the first such element of Firefox's own window that is visible.
 CORNER_OF = """const boxes = [...document.querySelectorAll(args[0])].map(element => element.getBoundingClientRect());
 const box = boxes.find(each => each.width > 0);
 return [mozInnerScreenX + box.x, mozInnerScreenY + box.y].map(Math.round);"""
@@ -40,7 +40,7 @@ gBrowser.fixupAndLoadURIString(args[0], {triggeringPrincipal: Services.scriptSec
 
 
 def page(html=PAGE):
-    """The address of the page, which is served as long as the test runs."""
+    """Returns the address of the page, which is served as long as the test runs."""
     class Page(http.server.BaseHTTPRequestHandler):
         def do_GET(self):
             self.send_response(200)
@@ -68,7 +68,7 @@ def first_child(session, path):
 
 
 def arrives(session, path, what, start, title, url):
-    """A drag from `start` to the top of the outline becomes a bookmark of that name and address."""
+    """Checks that a drag from `start` to the top of the outline becomes a bookmark of that name and address."""
     def dragged():  # again and again: a browser on a slow machine is not ready for the first one
         drag(session, start, row(1), row(0, 0.1))
         time.sleep(0.3)

@@ -1,8 +1,8 @@
 """Bookmarks dragged between the real program and a real Chromium, to its bar and its bookmark manager and from them, and a selection of
 a page copied there: chromium_bookmarks.py TABULON TABULON_CLI.
 
-Chromium's manager takes several at once, its bar a single one, with what is in it. Ends with 77 where there is no
-display to be had, or no browser, unless TABULON_REQUIRE_BROWSER is set.
+Chromium's manager accepts several at once, its bar a single one, with its contents. Ends with status 77 without a
+display or a browser, unless TABULON_REQUIRE_BROWSER is set.
 """
 
 import json
@@ -20,7 +20,7 @@ from dragging import drag, open_one, place, row
 from session import check, run_session_tests
 
 ONE, TWO = ["One, “日本” & <b>", "https://one.example/?a=1&b=2"], ["Two", "https://two.example/"]
-# Where the page stands in the window, and the rows of its list in the page.
+# The place of the page in the window, and of the rows of its list in the page.
 GEOMETRY = """const list = document.querySelector("bookmarks-app")?.shadowRoot?.querySelector("bookmarks-list")?.shadowRoot;
 const rows = [...list?.querySelectorAll("bookmarks-item") ?? []].map(item => item.getBoundingClientRect());
 return [screenX + (outerWidth - innerWidth) / 2, screenY + outerHeight - innerHeight - (outerWidth - innerWidth) / 2,
@@ -107,7 +107,7 @@ def out_of_chromium(session, browser, manager):
 
 
 def tuples(node):
-    """As clipboard_bytes.py has them: a link as a tuple."""
+    """Returns items in the form of clipboard_bytes.py: a link as a tuple."""
     return [node[0], *map(tuples, node[1:])] if isinstance(node[-1], list) else tuple(node)
 
 

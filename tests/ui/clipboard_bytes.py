@@ -1,4 +1,4 @@
-"""What other programs get of the real program's clipboard, and what it makes of theirs, byte by byte:
+"""What other programs read from the real program's clipboard, and what it reads from theirs, byte by byte:
 clipboard_bytes.py TABULON TABULON_CLI.
 """
 
@@ -39,13 +39,13 @@ PIECES = 17 << 20  # more than one request of the X server can hold
 
 
 def given(session, target):
-    """The bytes that another program gets."""
+    """Returns the bytes that another program reads."""
     return subprocess.run(["xclip", "-selection", "clipboard", "-o", "-t", target], env=session.environment,
                           capture_output=True, timeout=30).stdout
 
 
 def give(session, target, content):
-    """Another program owns the clipboard from now on, with one form."""
+    """Makes another program own the clipboard, with one form."""
     subprocess.run(["xclip", "-selection", "clipboard", "-i", "-t", target], env=session.environment, input=content,
                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=30, check=True)
 
@@ -78,7 +78,7 @@ ALL = [A[::-1], B[::-1], FOLDER, C[::-1]]
 
 
 def check_forms(form, what, *links):
-    """What `form` has for each media type is the links, with their titles where the type has room for them."""
+    """Checks that `form` contains the links for each media type, with titles where the type has them."""
     check(form("text/x-moz-url") == mozilla(*links), f"{what}: addresses and titles")
     check(form("text/uri-list") == "".join(url + "\r\n" for url, _ in links).encode(), f"{what}: list of addresses")
     anchors = re.findall(r'<a href="([^"]*)">([^<]*)</a>', form("text/html").decode())
@@ -112,7 +112,7 @@ def what_is_given(session):
 
 
 def nodes(folder):
-    """What is in a folder: links as (name, address), folders as [name, …], separators as None."""
+    """Returns the contents of a folder: links as (name, address), folders as [name, …], separators as None."""
     return [[node["name"], *nodes(node)] if node["folder"] else (node["name"], node["url"]) if node["url"] else None
             for node in folder["children"] or []]
 

@@ -1,7 +1,7 @@
 """Works the real program in a virtual display with real keys: desktop_program.py TABULON TABULON_CLI.
 
 Opens an HTML file, expands and collapses, saves as a document, opens that again, saves it, exports it, starts without
-files, and meets a file that is no bookmark file. What happened is read from the files, with the command-line tool.
+files, and opens a file that is no bookmark file. The results are read from the files, with the command-line tool.
 """
 
 import json
@@ -24,7 +24,7 @@ class Failure(Exception):
 
 
 def wait_for(what, condition):
-    """The first true value of `condition()`."""
+    """Returns the first true value of `condition()`."""
     deadline = time.monotonic() + PATIENCE
     while time.monotonic() < deadline:
         value = condition()
@@ -58,7 +58,7 @@ class Desktop:
         with os.fdopen(reader) as numbers:
             display = numbers.readline().strip()
         self.environment.update(DISPLAY=f":{display}", QT_QPA_PLATFORM="xcb")
-        # A window that comes while the manager is starting may never be shown.
+        # A window that is opened while the manager starts may never be shown.
         ready = os.path.join(self.folder, "manager-is-ready")
         self.manager = subprocess.Popen(["openbox", "--startup", f"touch {ready}"], env=self.environment,
                                         stderr=subprocess.DEVNULL)
@@ -210,7 +210,7 @@ def export_html(desktop, path):
 
 
 def export_text_with_options(desktop, path):
-    """By letters alone: the format, sorted by name, without addresses, with folders."""
+    """Uses mnemonics only: the format, sorted by name, without addresses, with folders."""
     exported = os.path.join(desktop.folder, "saved.txt")
     desktop.start(path)
     desktop.window("saved .*Tabulon")

@@ -1,4 +1,4 @@
-"""What another program is handed when rows are dragged onto it, byte by byte:
+"""What another program receives when rows are dragged onto it, byte by byte:
 dragged_bytes.py TABULON TABULON_CLI DRAG_TARGET.
 """
 
@@ -21,7 +21,7 @@ def select(session, *rows):
 
 
 def dragged(session, *rows):
-    """The forms that the target got, by their types."""
+    """Returns the forms that the target received, by their types."""
     target = session.launch(program=sys.argv[3], stdout=subprocess.PIPE, text=True)
     window = wait_for("the target", lambda: session.xdotool("search", "--onlyvisible", "--name", "^drag target$"))
     session.xdotool("windowmove", "--sync", window, *map(str, TARGET))

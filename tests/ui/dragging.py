@@ -1,7 +1,7 @@
 """Rows dragged, copied and pasted in the real program with a real mouse and clipboard: dragging.py TABULON TABULON_CLI DRAG_SOURCE.
 
-Within a window, between two windows, into a folder that opens under the drag, and to and from other programs. What became of
-it is read from the saved files, with the command-line tool.
+Within a window, between two windows, into a folder that is expanded during the drag, and to and from other programs. The
+results are read from the saved files, with the command-line tool.
 """
 
 import os
@@ -38,14 +38,14 @@ def document(session, name, html=DOCUMENT):
 
 
 def outline(session, path):
-    """The saved tree as nested lists of names."""
+    """Returns the saved tree as nested lists of names."""
     def names(node):
         return [node["name"], [names(child) for child in node["children"]]] if node["folder"] else node["name"]
     return names(session.tree(path))[1]
 
 
 def saved_outline(session, path, expected):
-    """Saves the document in front until its file holds the tree that is expected."""
+    """Saves the document in front until its file contains the expected tree."""
     def saved():
         session.xdotool("key", "ctrl+s")
         time.sleep(0.2)
@@ -63,7 +63,7 @@ def place(session, title, x=FIRST_PLACE[0], y=FIRST_PLACE[1]):
 
 
 def row(number, fraction=0.5, x=FIRST_PLACE[0], y=FIRST_PLACE[1]):
-    """A point in the name of a row of a window that was placed."""
+    """Returns a point in the name of a row of a window that was placed."""
     return x + 100, y + FIRST_ROW + int(ROW_HEIGHT * (number + fraction))
 
 
@@ -76,7 +76,7 @@ def move_along(session, start, end):
 
 
 def drag(session, start, *places, rest=0.0, key=None):
-    """From one point over others, at each of which the drag rests; the key is held when the button is let go."""
+    """Drags from one point over others, with a pause at each. The key is held when the button is released."""
     session.xdotool("mousemove", str(start[0]), str(start[1]), "mousedown", "1")
     time.sleep(0.1)
     for end in places:

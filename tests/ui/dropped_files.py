@@ -13,7 +13,7 @@ ROWS, URL_FIELD = 400, 535
 
 
 def drag(session, actions, *uris, onto=ROWS):
-    """Drags the files out of a program onto the window in front; gives what that program was told."""
+    """Drags the files out of a program onto the window in front; returns the result that the program received."""
     source = session.launch(actions, *uris, program=sys.argv[3], stdout=subprocess.PIPE, text=True)
     wait_for("the source", lambda: session.xdotool("search", "--onlyvisible", "--name", "^drag source$"))
     time.sleep(0.5)

@@ -1,4 +1,4 @@
-"""What is being typed in the real program, with real keys, when something else happens: saving, closing, quitting, the end of
+"""Text that is being typed in the real program, with real keys, while something else happens: saving, closing, quitting, the end of
 the session, another command, a timer, the pointer over another row.
 """
 

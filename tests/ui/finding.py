@@ -1,4 +1,4 @@
-"""Finding and putting in order in the real program, with real keys: the find bar, the info panel, duplicates, sorting, a
+"""Finding and sorting in the real program, with real keys: the find bar, the info panel, duplicates, sorting, a
 click on a column's title. FINDING_PICTURES names a folder for pictures of the screen.
 """
 
@@ -50,7 +50,7 @@ def saved(desktop, document, condition):
 
 
 def answer(desktop, *keys):
-    """Waits for an alert, answers it with the keys, and waits until it is gone."""
+    """Waits for an alert, answers it with the keys, and waits until it is closed."""
     alert = desktop.window("^Tabulon$")
     desktop.press(*keys)
     wait_for("the end of the alert",

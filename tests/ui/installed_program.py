@@ -1,6 +1,6 @@
-"""What cmake --install and cpack lay out, judged by the desktop's own tools: installed_program.py TABULON TABULON_CLI BUILD_FOLDER.
+"""What cmake --install and cpack install, checked by the desktop's own tools: installed_program.py TABULON TABULON_CLI BUILD_FOLDER.
 
-The files are valid, documents are recognised with and without their extension and nothing else is, the message bus starts
+The files are valid, documents are recognized with and without their extension, other files are not, the message bus starts
 the program, and the Debian package has its dependencies and the paths of its place.
 """
 
@@ -30,7 +30,7 @@ def run(*command, **options):
 
 @functools.lru_cache
 def installed():
-    """The prefix that the program is installed in for all tests here; it goes with the process."""
+    """Returns the prefix of the installation for all tests here. It is removed at the end of the process."""
     folder = tempfile.TemporaryDirectory(prefix="tabulon-prefix-")
     installed.keep = folder
     run("cmake", "--install", sys.argv[3], "--prefix", folder.name)

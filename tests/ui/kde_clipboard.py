@@ -1,6 +1,6 @@
 """Bookmarks copied between the real program and KDE's bookmark editor, both ways: kde_clipboard.py TABULON TABULON_CLI.
 
-Ends with 77 where the editor is missing.
+Ends with status 77 if the editor is missing.
 """
 
 import os
@@ -20,7 +20,7 @@ BOOKMARKS = """<?xml version="1.0" encoding="UTF-8"?>
 
 
 def open_editor(session):
-    """The file that it has open; the first row is selected."""
+    """Starts the editor with the first row selected and returns its file."""
     path = os.path.join(session.folder, "bookmarks.xml")
     with open(path, "w", encoding="utf-8") as file:
         file.write(BOOKMARKS)
@@ -37,7 +37,7 @@ def in_front(session):
 
 
 def nodes(element):
-    """As clipboard_bytes.py has them."""
+    """Returns nodes in the form of clipboard_bytes.py."""
     return [[node.findtext("title"), *nodes(node)] if node.tag == "folder" else (node.findtext("title"), node.get("href"))
             for node in element if node.tag in ["folder", "bookmark"]]
 

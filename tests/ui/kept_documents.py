@@ -1,6 +1,6 @@
-"""What the real program keeps when it ends in a way that nobody chose: kept_documents.py TABULON TABULON_CLI.
+"""What the real program keeps when it is ended unexpectedly: kept_documents.py TABULON TABULON_CLI.
 
-It is killed, loses its file to another program, and puts its windows where they were.
+It is killed, another program changes its file, and its windows are restored to their places.
 """
 
 import os
@@ -16,7 +16,7 @@ UNSAVED = (".local", "state", "tabulon", "unsaved")
 
 
 def copies(session):
-    """The copies of documents in the state folder."""
+    """Returns the copies of documents in the state folder."""
     found = []
     for folder, _, names in os.walk(os.path.join(session.environment["HOME"], *UNSAVED)):
         found += [os.path.join(folder, name) for name in names if name.endswith(".tbln")]

@@ -1,4 +1,4 @@
-"""The commands of the main menu, each with what a document holds when it was chosen while the name of a row was being typed."""
+"""The commands of the main menu, each with the contents of a document after it was chosen while the name of a row was being typed."""
 
 from typing import NamedTuple
 
@@ -27,7 +27,7 @@ IN_FOLDER = ["pear!3", ["Sub-", "deep"]]
 
 
 def shape(node):
-    """Folders as lists that begin with the name and "+" or "-", links as names; with ":label" and "!status"."""
+    """Returns folders as lists that begin with the name and "+" or "-", links as names; with ":label" and "!status"."""
     marks = (f":{node['label']}" if node["label"] else "") + (f"!{node['status']}" if node["status"] else "")
     if node["folder"]:
         return [node["name"] + ("+" if node["openFolder"] else "-") + marks, *map(shape, node["children"])]
@@ -35,7 +35,7 @@ def shape(node):
 
 
 def tree(*top, name="Folder+", inside=None, kiwi=("kiwi",), sorted_name="Sorted-", in_sorted="bdac", last="last"):
-    """The shape of TREE, but for what is given; `top` is what comes before the first folder."""
+    """Returns the shape of TREE with these changes; `top` is before the first folder."""
     return [*top, [name, *(IN_FOLDER if inside is None else inside)], *kiwi, [sorted_name, *in_sorted], last]
 
 
@@ -116,19 +116,19 @@ OTHERS = [
 
 
 def labels():
-    """Each label; the first one takes that of the row away."""
+    """Returns a case for each label; the first one removes that of the row."""
     for label in range(12):
         yield Case(f"alt+l {'Down ' * label}Return", tree(f"typed:{label}" if label else "typed"))
 
 
 def imports():
-    """Of each browser: a panel, or a sentence for two of them."""
+    """Returns a case for each browser: a panel, or a sentence for two of them."""
     for browser in range(10):
         yield Case(f"alt+i {'Down ' * browser}Return", TYPED, after="Escape", window="^(Please select|Tabulon$)")
 
 
 def sorts():
-    """By each field, in both directions."""
+    """Returns a case for each field, in both directions."""
     for letter, order in [("b", "abcd"), ("y", "cbda"), ("t", "badc"), ("d", "cdba"), ("a", "bacd"), ("e", "dbca")]:
         yield Case(f"alt+s {letter}", tree("mango", sorted_name="typed-", in_sorted=order), SORTED)
         yield Case(f"alt+s s {letter}", tree("mango", sorted_name="typed-", in_sorted=order[::-1]), SORTED)

@@ -1,5 +1,5 @@
-"""A question of one document in the real program: the other windows stay usable, a second question comes up in one of them,
-quitting waits, what changes meanwhile is kept. QUESTIONS_PICTURES names a folder for pictures of the screen.
+"""A question of one document in the real program: the other windows stay usable, a second question is shown in one of them,
+quitting waits, and changes in the meantime are kept. QUESTIONS_PICTURES names a folder for pictures of the screen.
 """
 
 import os
@@ -31,7 +31,7 @@ def alerts(desktop):
 
 
 def ask(desktop, name, alerts_then):
-    """Deletes the duplicates of the document, as far as the question."""
+    """Deletes the duplicates of the document, up to the question."""
     desktop.window(f"{name}.* Tabulon")
     desktop.press("alt+c", "Up", "Up", "Return")
     wait_for(f"the question of {name}", lambda: len(alerts(desktop)) == alerts_then)

@@ -1,7 +1,7 @@
 """Reads the real program as a screen reader does: screen_reader.py TABULON TABULON_CLI.
 
 Over AT-SPI, on a message bus of its own: the outline's rows, which of them is focused and selected, which folders are
-expanded, the menus and the address field; and what is told when keys are pressed.
+expanded, the menus and the address field; and the events when keys are pressed.
 """
 
 import os

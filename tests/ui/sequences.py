@@ -1,6 +1,6 @@
-"""What people do in the real program, one thing in the middle of another, with real keys: each command of the main menu while a
-name is being typed and a question is up in another window, timers that are due, an info panel beside its window, a question that
-stays up, another program's clipboard: sequences.py TABULON TABULON_CLI.
+"""Commands in the real program during other operations, with real keys: each command of the main menu while a
+name is being typed and a question is shown in another window, timers that are due, an info panel beside its window, a question that
+stays open, another program's clipboard: sequences.py TABULON TABULON_CLI.
 """
 
 import os
@@ -58,13 +58,13 @@ def press(desktop, keys):
 
 
 def choose(desktop, keys):
-    """A command of the main menu; the keys go into the menus as they come up."""
+    """Chooses a command of the main menu with keys, which each menu receives when it is shown."""
     desktop.xdotool("key", "--delay", "25", *keys.split())
     time.sleep(0.05)
 
 
 def front(desktop):
-    """The title of the window that has the keyboard."""
+    """Returns the title of the window that has the keyboard."""
     return desktop.xdotool("getwindowfocus", "getwindowname")
 
 
@@ -78,7 +78,7 @@ def edit_row(desktop, number, text):
 
 
 def kept(desktop, *path):
-    """The file of settings or state, which is written a moment after the first change."""
+    """Returns the file of settings or state, which is written a moment after the first change."""
     try:
         with open(os.path.join(desktop.environment["HOME"], *path), encoding="utf-8") as file:
             return file.read()

@@ -44,13 +44,13 @@ class Session(Desktop):
         return process
 
     def run(self, *command, **options):
-        """What another program prints in this session."""
+        """Returns what another program prints in this session."""
         options = {"stdout": subprocess.PIPE, **options}
         return subprocess.run(command, env=self.environment, stderr=subprocess.DEVNULL, text=True, timeout=PATIENCE,
                               **options).stdout
 
     def second(self, *arguments, **options):
-        """Runs the program as somebody who starts it again; gives its exit status and the seconds it took."""
+        """Starts the program again and returns its exit status and the seconds until it ended."""
         begin = time.monotonic()
         process = self.launch(*arguments, **options)
         return process.wait(timeout=PATIENCE), time.monotonic() - begin
@@ -83,7 +83,7 @@ class Session(Desktop):
                  lambda: self.front_title() != title or self.xdotool("getwindowfocus", "getwindowname") == title)
 
     def document(self, name, source=None):
-        """A document at `name` in the session's folder: of the demo bookmarks, or a copy of `source`."""
+        """Creates a document at `name` in the session's folder: of the demo bookmarks, or a copy of `source`."""
         from desktop_program import DEMO
         path = os.path.join(self.folder, name)
         os.makedirs(os.path.dirname(path), exist_ok=True)
@@ -95,7 +95,7 @@ class Session(Desktop):
 
 
 def end(process):
-    """Ends a program the way a session does."""
+    """Ends a program as a session does."""
     process.send_signal(signal.SIGTERM)
     return process.wait(timeout=PATIENCE)
 

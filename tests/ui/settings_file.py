@@ -1,4 +1,4 @@
-"""The settings file of the real program: kept, shared, damaged, out of reach: settings_file.py TABULON TABULON_CLI."""
+"""The settings file of the real program: kept, shared, damaged, unreadable: settings_file.py TABULON TABULON_CLI."""
 
 import os
 

@@ -21,7 +21,7 @@ def make_document(desktop, name, tree=None):
 
 
 def damage(path, name):
-    """Loses what kind of object a short ASCII name is, so that its bookmark cannot be read."""
+    """Damages the marker of a short ASCII name, so that its bookmark cannot be read."""
     with open(path, "rb") as file:
         content = bytearray(file.read())
     content[content.index(bytes([0x50 + len(name)]) + name)] = 0x0F

@@ -1,7 +1,7 @@
 """The versions of a document in the real window: versions.py TABULON TABULON_CLI.
 
-Saves with real keys, opens the panel of versions from the menu, puts back what was deleted, and meets an open editor, a
-document without a file, a document that was renamed, and versions on a disk that lost them.
+Saves with real keys, opens the panel of versions from the menu, restores what was deleted, and does so with an open
+editor, a document without a file, a renamed document, and versions that were removed from the disk.
 """
 
 import glob

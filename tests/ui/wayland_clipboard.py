@@ -1,7 +1,7 @@
-"""What other programs get of the real program's clipboard under Wayland, and what it makes of theirs:
+"""What other programs read from the real program's clipboard under Wayland, and what it reads from theirs:
 wayland_clipboard.py TABULON TABULON_CLI.
 
-Ends with 77 where sway is missing, unless TABULON_REQUIRE_BROWSER is set.
+Ends with status 77 if sway is missing, unless TABULON_REQUIRE_BROWSER is set.
 """
 
 import time

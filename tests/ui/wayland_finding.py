@@ -1,6 +1,6 @@
 """The keyboard stays in the find field of the real program under Wayland: wayland_finding.py TABULON TABULON_CLI.
 
-Ends with 77 where sway is missing, unless TABULON_REQUIRE_BROWSER is set.
+Ends with status 77 if sway is missing, unless TABULON_REQUIRE_BROWSER is set.
 """
 
 from clipboard_bytes import bookmark_file
@@ -14,7 +14,7 @@ HTML = bookmark_file('<DT><A HREF="https://a.example/">First</A>\n',
 
 
 def find_in_notes(session, name):
-    """Opens a document, types a text of a note into the find field and on when the panel is up."""
+    """Opens a document, types a text of a note into the find field, and continues when the panel is shown."""
     path = document(session, name, HTML)
     session.launch(path)
     wait_for("the window", lambda: session.windows()[1] == f"{name} – Tabulon")

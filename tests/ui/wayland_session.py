@@ -37,15 +37,15 @@ class WaylandSession(Session):
         shutil.rmtree(self.sway_folder, ignore_errors=True)
 
     def type(self, *arguments):
-        """Presses keys in the window in front; each call is a keyboard of its own."""
+        """Presses keys in the front window. Each call uses a new keyboard."""
         subprocess.run(["wtype", "-s", "50", *arguments, "-s", "50"], env=self.environment, check=True, timeout=20)
 
     def given(self, media_type):
-        """The bytes that another program gets."""
+        """Returns the bytes that another program reads."""
         return subprocess.run(["wl-paste", "-n", "-t", media_type], env=self.environment, capture_output=True, timeout=20).stdout
 
     def give(self, media_type, content):
-        """Another program owns the clipboard from now on, with one form."""
+        """Makes another program own the clipboard, with one form."""
         subprocess.run(["wl-copy", "-t", media_type], env=self.environment, input=content, stdout=subprocess.DEVNULL,
                        stderr=subprocess.DEVNULL, check=True, timeout=20)
 
@@ -65,7 +65,7 @@ class WaylandSession(Session):
 
 
 def run_wayland_tests(tests):
-    """Runs the tests as `run_session_tests` does. Ends with 77 where sway is missing, unless TABULON_REQUIRE_BROWSER is set."""
+    """Runs the tests as `run_session_tests` does. Ends with status 77 if sway is missing, unless TABULON_REQUIRE_BROWSER is set."""
     if os.environ.get("TABULON_REQUIRE_BROWSER") and not shutil.which("sway"):
         print("there is no sway")
         sys.exit(1)

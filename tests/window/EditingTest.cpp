@@ -43,9 +43,10 @@ protected:
     }
     Bookmark& item(char name) { return *named_.at(name); }
     void select(const std::string& names) {
-        outline().selected.clear();
+        std::vector<Bookmark*> items;
         for (const char name : names)
-            outline().selected.insert(&item(name));
+            items.push_back(&item(name));
+        outline().clickOn(items);
     }
     /// The names of the selected rows.
     std::string selection() {
@@ -168,7 +169,6 @@ TEST_F(EditingTest, deleteWithoutASelectionAlerts) {
 TEST_F(EditingTest, deletingManyRowsIsTheSameAsDeletingFew) {
     open();
     std::vector<Bookmark*> kept;
-    outline().selected.clear();
     for (int i = 0; i < 1000; ++i) {
         const Ref<Bookmark> folder = makeFolder("folder");
         add(folder);
@@ -179,9 +179,9 @@ TEST_F(EditingTest, deletingManyRowsIsTheSameAsDeletingFew) {
             named_['z'] = &link;
     }
     open();
-    for (Bookmark* row : outline().rows)
-        if (std::ranges::find(kept, row) == kept.end())
-            outline().selected.insert(row);
+    std::vector<Bookmark*> others = outline().rows;
+    std::erase_if(others, [&](Bookmark* row) { return std::ranges::find(kept, row) != kept.end(); });
+    outline().clickOn(others);
     controller->editing().deleteSelection();
     ASSERT_EQ(document.getMaster().getChildren()->size(), kept.size());
     for (const Bookmark* folder : *document.getMaster().getChildren())

@@ -53,7 +53,7 @@ TEST_F(FieldsTest, tagsAreTakenOver) {
 }
 
 TEST_F(FieldsTest, aNewAddressIsClassifiedAndItsRowShownAnew) {
-    outline().selected = {link_};
+    select({link_});
     controller->fields().endURLEdit(0, "mailto:ada@example.org");
     EXPECT_EQ(link_->itemURL().view(), "mailto:ada@example.org");
     EXPECT_EQ(link_->getType(), kMailType);
@@ -77,7 +77,7 @@ TEST_F(FieldsTest, editBookmarkBeginsWithTheNameOrAlerts) {
     controller->fields().editBookmark();
     EXPECT_EQ(alerts.shown.size(), 1u);
     EXPECT_FALSE(outline().edited);
-    outline().selected = {folder_};
+    select({folder_});
     controller->fields().editBookmark();
     ASSERT_TRUE(outline().edited);
     EXPECT_EQ(*outline().edited, std::pair(Column::Name, folder_));
@@ -91,7 +91,7 @@ TEST_F(FieldsTest, theCommandsForOneFieldAreSilentWithoutARow) {
     EXPECT_TRUE(alerts.shown.empty());
     EXPECT_FALSE(outline().edited);
     EXPECT_EQ(outline().editingsBegun, 0);
-    outline().selected = {link_};
+    select({link_});
     controller->fields().editNameBookmark();
     controller->fields().endEdit();
     EXPECT_EQ(outline().editingsEnded, 1);
@@ -105,14 +105,14 @@ TEST_F(FieldsTest, theCommandsForOneFieldAreSilentWithoutARow) {
 }
 
 TEST_F(FieldsTest, theAddressOfAFolderIsNotEdited) {
-    outline().selected = {folder_};
+    select({folder_});
     controller->fields().editURLBookmark();
     EXPECT_FALSE(outline().edited);
 }
 
 TEST_F(FieldsTest, editingBeginsByItselfHalfASecondAfterTheSelectionChanges) {
     base.defaults.setBoolForKey("AutoEdit", true);
-    outline().selected = {link_};
+    select({link_});
     outline().pointer = Column::URL;
     controller->outline().selectionDidChange(SelectedBy::User);
     timers.advance(0.49);
@@ -124,7 +124,7 @@ TEST_F(FieldsTest, editingBeginsByItselfHalfASecondAfterTheSelectionChanges) {
 
 TEST_F(FieldsTest, editingDoesNotBeginByItselfOnceTheFindBarWasCalled) {
     base.defaults.setBoolForKey("AutoEdit", true);
-    outline().selected = {link_};
+    select({link_});
     outline().pointer = Column::Name;
     controller->outline().selectionDidChange(SelectedBy::User);
     controller->actions().perform(MenuItem{.action = "performFindPanelAction:"});
@@ -134,7 +134,7 @@ TEST_F(FieldsTest, editingDoesNotBeginByItselfOnceTheFindBarWasCalled) {
 
 TEST_F(FieldsTest, editingDoesNotBeginByItselfOnceAMenuWasOpened) {
     base.defaults.setBoolForKey("AutoEdit", true);
-    outline().selected = {link_};
+    select({link_});
     outline().pointer = Column::Name;
     controller->outline().selectionDidChange(SelectedBy::User);
     controller->fields().cancelAutoEdit();
@@ -149,7 +149,7 @@ TEST_F(FieldsTest, editingBeginsByItselfOnlyWhereItIsWanted) {
         timers.advance(1);
         return outline().edited.has_value();
     };
-    outline().selected = {link_};
+    select({link_});
     outline().pointer = Column::Name;
     EXPECT_TRUE(begins()) << "the setting is on at first";
     base.defaults.setBoolForKey("AutoEdit", false);
@@ -162,12 +162,12 @@ TEST_F(FieldsTest, editingBeginsByItselfOnlyWhereItIsWanted) {
     outline().pointer.reset();
     EXPECT_FALSE(begins()) << "the pointer is elsewhere";
     outline().pointer = Column::Name;
-    outline().selected.clear();
+    select({});
     EXPECT_FALSE(begins()) << "nothing is selected";
 }
 
 TEST_F(FieldsTest, editingThatIsDueBeginsOnlyWhereTheUserStillIs) {
-    outline().selected = {link_};
+    select({link_});
     outline().pointer = Column::URL;
     const auto begins = [this](const std::function<void()>& meanwhile) {
         controller->fields().commitEditing();
@@ -202,7 +202,7 @@ TEST_F(FieldsTest, rowsThatACommandSelectsAreNotEditedByThemselves) {
 }
 
 TEST_F(FieldsTest, aSecondCellEndsTheFirstAndTakesItOver) {
-    outline().selected = {link_};
+    select({link_});
     controller->fields().editNameBookmark();
     outline().typed = "typed";
     controller->fields().editURLBookmark();
@@ -214,12 +214,12 @@ TEST_F(FieldsTest, aSecondCellEndsTheFirstAndTakesItOver) {
 }
 
 TEST_F(FieldsTest, everyActionTakesOverWhatIsBeingTyped) {
-    outline().selected = {link_};
+    select({link_});
     int number = 0;
     for (const char* action :
          {"expandAll:", "collapseAll:", "zoomIn:", "copy:", "selectAll:", "showMarks:", "findNext:",
           "performFindPanelAction:", "sortByName:", "getInfo:", "moveUp:"}) {
-        outline().selected = {link_};
+        select({link_});
         controller->fields().editNameBookmark();
         const std::string text = "typed " + std::to_string(++number);
         outline().typed = text;
@@ -230,7 +230,7 @@ TEST_F(FieldsTest, everyActionTakesOverWhatIsBeingTyped) {
 }
 
 TEST_F(FieldsTest, aDropTakesOverWhatIsBeingTyped) {
-    outline().selected = {link_};
+    select({link_});
     controller->fields().editNameBookmark();
     outline().typed = "typed";
     PasteboardItem item;
@@ -243,7 +243,7 @@ TEST_F(FieldsTest, aDropTakesOverWhatIsBeingTyped) {
 }
 
 TEST_F(FieldsTest, beforeTheWindowGoesTheInfoPanelSavesItsChange) {
-    outline().selected = {link_};
+    select({link_});
     controller->window().getInfo();
     window->info->setNote("typed");
     controller->fields().commitEditing();

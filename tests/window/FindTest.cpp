@@ -230,7 +230,7 @@ TEST_F(LargeFindTest, findNextWaitsForTheFirstMatch) {
 TEST_F(LargeFindTest, itemsMayGoWhileItGoesOn) {
     bar().doSearch("hit");
     Bookmark* first = document.getMaster().getChild();
-    outline().selected.insert(outline().rows.begin(), outline().rows.end());
+    outline().selectAll();
     controller->editing().deleteSelection();
     ASSERT_FALSE(document.getMaster().hasChildren());
     controller->editing().addNewData(makeLink("another hit", "x"));

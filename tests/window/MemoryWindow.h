@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <optional>
 #include <set>
 #include <string>
@@ -42,11 +43,15 @@ public:
     void willRemoveRows(RowRange range) override {
         EXPECT_EQ(controller_.outline().numberOfRows(), rows.size());
         pending_ = range;
+        moveCurrentFrom(range);
+        std::size_t deselected = 0;
         for (std::size_t row = range.first; row < range.first + range.count; ++row) {
-            selected.erase(rows[row]);
+            deselected += selected.erase(rows[row]);
             if (edited && edited->second == rows[row]) // its field is removed with it
                 edited.reset();
         }
+        if (deselected > 0)
+            controller_.outline().selectionDidChange(SelectedBy::Program);
     }
     void didRemoveRows() override {
         rows.erase(rows.begin() + offset(),
@@ -64,18 +69,37 @@ public:
     }
     std::optional<std::size_t> selectedRow() const override {
         const RowSet set = selectedRows();
-        return set.empty() ? std::nullopt : std::optional(set.back().first + set.back().count - 1);
+        if (set.empty())
+            return std::nullopt;
+        const auto last =
+            std::find_if(order_.rbegin(), order_.rend(), [&](auto* item) { return selected.contains(item); });
+        const Bookmark* item = selected.contains(current) ? current : *last;
+        return static_cast<std::size_t>(std::ranges::find(rows, item) - rows.begin());
     }
     void selectRows(const RowSet& set) override {
-        selected.clear();
+        std::vector<Bookmark*> wanted;
         for (const RowRange& range : set)
             for (std::size_t row = range.first; row < range.first + range.count; ++row)
-                selected.insert(rows.at(row));
-        controller_.outline().selectionDidChange(SelectedBy::Program);
+                wanted.push_back(rows.at(row));
+        if (!wanted.empty() && std::ranges::find(wanted, current) == wanted.end())
+            current = wanted.back();
+        selectOnly(std::move(wanted));
     }
-    void selectAll() override {
-        selected.insert(rows.begin(), rows.end());
-        controller_.outline().selectionDidChange(SelectedBy::Program);
+    void selectAll() override { selectOnly(rows); }
+    /// Selects these items as the user does with a click on the first one and a click with Ctrl on each
+    /// other one. Makes no report.
+    void clickOn(const std::vector<Bookmark*>& items) {
+        selected = {items.begin(), items.end()};
+        order_ = items;
+        current = items.empty() ? current : items.back();
+    }
+    /// Selects or deselects the item as the user does by a click with Ctrl. Makes no report.
+    void clickWithControl(Bookmark& item) {
+        if (selected.erase(&item) == 0)
+            selected.insert(&item);
+        std::erase(order_, &item);
+        order_.push_back(&item);
+        current = &item;
     }
     void scrollRowToVisible(std::size_t row) override { scrolledTo = row; }
     void editCell(Column column, std::size_t row) override {
@@ -126,6 +150,9 @@ public:
 
     std::vector<Bookmark*> rows;
     std::set<Bookmark*> selected;
+    /// The item of the row with the cursor, `nullptr` without one. Its row is the current one if it is
+    /// selected.
+    Bookmark* current = nullptr;
     std::optional<std::pair<Column, Bookmark*>> edited;
     /// What the user has typed into the field; `nullopt` for a field that was not changed.
     std::optional<std::string> typed;
@@ -145,15 +172,36 @@ public:
 
 private:
     std::ptrdiff_t offset() const { return static_cast<std::ptrdiff_t>(pending_.first); }
+    void selectOnly(std::vector<Bookmark*> items) {
+        order_ = std::move(items);
+        const std::set<Bookmark*> before = std::exchange(selected, {order_.begin(), order_.end()});
+        if (selected != before)
+            controller_.outline().selectionDidChange(SelectedBy::Program);
+    }
+    // Moves the cursor from rows that will be removed to the row after them, or to the row before them if
+    // they are the last rows or all the rows of the folder above them.
+    void moveCurrentFrom(RowRange range) {
+        const std::size_t end = range.first + range.count;
+        if (std::find(rows.begin() + offset(), rows.begin() + static_cast<std::ptrdiff_t>(end), current) ==
+            rows.begin() + static_cast<std::ptrdiff_t>(end))
+            return;
+        const Bookmark* parent = rows[range.first]->getParent();
+        Bookmark* before = range.first > 0 ? rows[range.first - 1] : nullptr;
+        Bookmark* after = end < rows.size() ? rows[end] : nullptr;
+        const bool isWholeFolder = before == parent && !(after && after->getParent() == parent);
+        current = after && !isWholeFolder ? after : before;
+    }
     void copyRows() {
         rows.clear();
         selected.clear();
+        current = nullptr;
         for (std::size_t row = 0; row < controller_.outline().numberOfRows(); ++row)
             rows.push_back(&controller_.outline().itemAtRow(row));
     }
 
     ViewController& controller_;
     RowRange pending_{0, 0};
+    std::vector<Bookmark*> order_; // the selected items in the order in which they were selected, and others
 };
 
 class MemoryFindBar : public FindBar {

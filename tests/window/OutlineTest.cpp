@@ -97,6 +97,25 @@ TEST_F(OutlineTest, ExpandingReportsTheCurrentRowAndNoChangeOfTheTree) {
                                 "currentRowDidChange with 2 rows, 0 changes"}));
 }
 
+TEST_F(OutlineTest, RevealExpandsTheFoldersOfANodeInTheTreeOnly) {
+    Bookmark& outer = add(makeFolder("outer", false));
+    Bookmark& inner = add(makeFolder("inner", false), &outer);
+    const Ref<Bookmark> link(&add(makeLink("l"), &inner));
+    const Ref<Bookmark> elsewhere = makeFolder("elsewhere", false);
+    elsewhere->addChild(makeLink("other"));
+    open();
+    rows().reveal(*elsewhere->getChild());
+    EXPECT_FALSE(elsewhere->showHier());
+    link->detachMe(); // keeps its parent
+    rows().reveal(*link);
+    EXPECT_FALSE(outer.showHier() || inner.showHier());
+    EXPECT_EQ(document.changeCount(), 0);
+    inner.addChild(link);
+    rows().reveal(*link);
+    EXPECT_EQ(rows().rowForItem(*link), 2u);
+    EXPECT_EQ(document.changeCount(), 2);
+}
+
 TEST_F(OutlineTest, SelectionIsReportedWithItsCause) {
     Bookmark& link = add(makeLink("l"));
     open();

@@ -51,7 +51,7 @@ TEST_F(StatusLineTest, largeNumbersHaveSeparators) {
 TEST_F(StatusLineTest, whatWasDeletedIsPutBackInItsPlacesAsOneChange) {
     for (const auto& items : std::vector<std::vector<Bookmark*>>{
              {first_}, {inside_}, {folder_}, {first_, folder_, inside_}, {first_, folder_, inside_, last_}}) {
-        outline().selected = {items.begin(), items.end()};
+        select(items);
         controller->editing().deleteSelection();
         document.updateChangeCount(ChangeKind::Cleared);
         pressPutBack();

@@ -65,7 +65,7 @@ protected:
             names.push_back(row->isSeparator() ? "—" : row->itemName().string());
         return names;
     }
-    void select(std::initializer_list<Bookmark*> items) { outline().selected = items; }
+    void select(const std::vector<Bookmark*>& items) { outline().clickOn(items); }
 
     FakeSharedCommands application;
     SharedState shared{application};

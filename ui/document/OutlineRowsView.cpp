@@ -3,6 +3,7 @@
 #include "ui/document/OutlineHeader.h"
 
 #include <QApplication>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -117,8 +118,9 @@ int OutlineRowsView::verticalOffset() const {
 }
 
 void OutlineRowsView::setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) {
-    const int top = std::max(0, geometry_.rowAtY(std::max(rect.top(), -verticalOffset())));
-    const int bottom = std::min(rowCount() - 1, geometry_.rowAtY(rect.bottom()));
+    const QRect area = rect.normalized(); // Qt passes it from where the selection began, also upwards
+    const int top = std::max(0, geometry_.rowAtY(std::max(area.top(), -verticalOffset())));
+    const int bottom = std::min(rowCount() - 1, geometry_.rowAtY(area.bottom()));
     QItemSelection selection;
     if (top <= bottom)
         selection.select(indexOfRow(top), model()->index(bottom, model()->columnCount() - 1));
@@ -136,7 +138,12 @@ QRegion OutlineRowsView::visualRegionForSelection(const QItemSelection& selectio
     return region;
 }
 
+// Setting the margins lays out the viewport, and a viewport of another size calls this function again. Where
+// that happens during a layout, each would undo the layout of the other without an end.
 void OutlineRowsView::updateGeometries() {
+    if (updatesGeometries_)
+        return;
+    const QScopedValueRollback updates(updatesGeometries_, true);
     const int headerHeight = header_->sizeHint().height();
     setViewportMargins(0, headerHeight, 0, 0);
     const int rowHeight = geometry_.rowHeight();

@@ -67,6 +67,7 @@ protected:
 private:
     OutlineHeader* header_;
     OutlineGeometry geometry_;
+    bool updatesGeometries_ = false;
 };
 
 } // namespace tabulon
