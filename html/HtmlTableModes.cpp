@@ -187,7 +187,7 @@ Step TableModes::inCaption(const Token& token) {
     }
     if ((token.kind == Token::Kind::StartTag && isPart(token.tag)) || (isEnd && token.tag == Tag::Table))
         return endCaption();
-    if (isEnd && (isIgnoredEnd(token.tag)))
+    if (isEnd && isIgnoredEnd(token.tag))
         return Step::Done;
     return body_.process(token);
 }
