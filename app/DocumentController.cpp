@@ -1,8 +1,7 @@
-// The list of open documents: creating, finding and opening them. Saving and closing are in
-// DocumentController_saving.cpp and DocumentController_closing.cpp.
 #include "app/DocumentController.h"
 
 #include "app/DamagedDocument.h"
+#include "base/Utf8.h"
 #include "window/SharedAlerts.h"
 
 #include <algorithm>
@@ -11,11 +10,13 @@ namespace tabulon {
 
 DocumentController::DocumentController(const Platform& platform, DocumentWindowMaker& windows,
                                        LastDocumentObserver& observer, SharedCommands& commands)
-    : platform_(platform), windows_(windows), observer_(observer), shared_(commands),
-      recentDocuments_(platform.state), unsaved_(platform.files, platform.recovery),
-      revertPoints_(platform.files, platform.recovery, platform.base.log),
-      versions_(platform.files, platform.base.clock, platform.base.defaults,
-                platform.folders.stateFolder() + "/versions") {
+    : platform_(platform), windows_(windows), observer_(observer), shared_(commands), stores_(platform),
+      list_(platform.files), alerts_(platform.alerts, list_), conflicts_(platform, list_, alerts_),
+      writing_(platform, stores_, alerts_),
+      reverting_(platform, {list_, stores_, alerts_, writing_, *this, commands}),
+      saving_(platform, {list_, alerts_, conflicts_, writing_, reverting_}),
+      autosaving_(platform, {list_, stores_, alerts_, conflicts_, writing_, saving_}),
+      closing_(platform, {list_, stores_, alerts_, conflicts_, writing_, saving_}) {
     addActions();
 }
 
@@ -27,10 +28,11 @@ void DocumentController::addActions() {
     actions_.add(
         "saveDocument:", [=, this](const MenuItem&) { saveDocument(*current_, nothing); }, hasDocument);
     actions_.add(
-        "saveDocumentAs:", [=, this](const MenuItem&) { saveDocumentAs(*current_, nothing); }, hasDocument);
+        "saveDocumentAs:", [=, this](const MenuItem&) { saving_.saveDocumentAs(*current_, nothing); },
+        hasDocument);
     actions_.add(
-        "revertDocumentToSaved:", [this](const MenuItem&) { revertDocument(*current_); },
-        [this](const MenuItem&) { return current_ && canRevert(*current_); });
+        "revertDocumentToSaved:", [this](const MenuItem&) { reverting_.revertDocument(*current_); },
+        [this](const MenuItem&) { return current_ && reverting_.canRevert(*current_); });
     actions_.add(
         "browseVersions:", [this](const MenuItem&) { browseVersions(*current_); },
         [this](const MenuItem&) { return current_ && !current_->fileName().empty(); });
@@ -54,30 +56,17 @@ void DocumentController::addWindowActions() {
 }
 
 void DocumentController::showMarksInEveryWindow() {
-    for (const auto& opened : documents_)
-        opened->controller->marks().showMarksView();
-}
-
-std::vector<Document*> DocumentController::documents() const {
-    std::vector<Document*> result;
-    for (const auto& opened : documents_)
-        result.push_back(&opened->document);
-    return result;
-}
-
-DocumentController::OpenDocument* DocumentController::find(const Document& document) const {
-    const auto found =
-        std::ranges::find_if(documents_, [&](const auto& opened) { return &opened->document == &document; });
-    return found == documents_.end() ? nullptr : found->get();
+    for (const Document* document : documents())
+        getViewController(*document)->marks().showMarksView();
 }
 
 DocumentWindow* DocumentController::getWindow(const Document& document) const {
-    OpenDocument* opened = find(document);
+    const OpenDocument* opened = list_.find(document);
     return opened ? opened->window.get() : nullptr;
 }
 
 ViewController* DocumentController::getViewController(const Document& document) const {
-    OpenDocument* opened = find(document);
+    OpenDocument* opened = list_.find(document);
     return opened ? &*opened->controller : nullptr;
 }
 
@@ -86,12 +75,13 @@ Document* DocumentController::makeWindowControllers(std::unique_ptr<OpenDocument
     opened->window = windows_.makeWindow(*opened->controller);
     if (!opened->window)
         return nullptr;
-    documents_.push_back(std::move(opened));
-    OpenDocument& shown = *documents_.back();
+    OpenDocument& shown = list_.add(std::move(opened));
     shown.controller->setWindow(shown.window.get());
-    shown.document.setChangeObserver([this, &shown] { noteChange(shown); });
+    shown.pause.emplace(platform_.timers,
+                        [this, &shown] { autosaving_.save(shown, Autosaving::Moment::Pause); });
+    shown.document.setChangeObserver([&shown] { shown.pause->noteChange(); });
     if (!shown.document.fileName().empty())
-        restoreWindowFrame(shown);
+        restoreWindowFrame(shown, platform_.state);
     current_ = &shown.document;
     shown.window->show();
     return &shown.document;
@@ -105,7 +95,7 @@ void DocumentController::closeUntouchedDocument() {
     for (const Document* document : documents()) {
         const bool untouched =
             document == untouched_ && !document->isDocumentEdited() && document->fileName().empty();
-        if (untouched && documents_.size() > 1 && !platform_.alerts.isAskingAbout(document))
+        if (untouched && list_.size() > 1 && !platform_.alerts.isAskingAbout(document))
             remove(*document);
     }
     untouched_ = nullptr;
@@ -120,8 +110,8 @@ Result<Document*> DocumentController::openDocument(const std::string& path, std:
     opened->document.setFileName(path);
     Document* document = makeWindowControllers(std::move(opened));
     if (document) {
-        recentDocuments_.note(path);
-        versions_.noteOpened(path);
+        stores_.recent.note(path);
+        stores_.versions.noteOpened(path);
     }
     return document;
 }
@@ -158,13 +148,85 @@ std::optional<Refusals::Offer> DocumentController::offerRemains(const Result<std
 }
 
 bool DocumentController::showDocumentOfFile(const std::string& path) {
-    const auto found = std::ranges::find_if(documents_, [&](const auto& opened) {
-        return isSameFile(platform_.files, opened->document.fileName(), path);
+    const OpenDocument* opened = list_.findFile(path);
+    if (opened)
+        opened->window->makeKeyAndOrderFront();
+    return opened != nullptr;
+}
+
+void DocumentController::browseVersions(Document& document) {
+    if (document.fileName().empty())
+        return;
+    list_.find(document)->controller->fields().commitEditing();
+    const auto open = [this](const Ref<Bookmark>& root, const std::string& name) {
+        return openUntitled(root, name) != nullptr;
+    };
+    const auto fileIsAsLeft = [this, &document] {
+        return platform_.files.identityOf(document.fileName()) == list_.find(document)->identity;
+    };
+    windows_.presentVersions(
+        std::make_shared<VersionsController>(document, stores_.versions, platform_, open, fileIsAsLeft));
+}
+
+void DocumentController::closeDocument(Document& document, const Done& done) {
+    list_.find(document)->controller->finishEditing();
+    closing_.ask(document, [this, &document, done](bool mayGo) {
+        if (mayGo && list_.find(document))
+            remove(document);
+        done(mayGo);
     });
-    if (found == documents_.end())
-        return false;
-    (*found)->window->makeKeyAndOrderFront();
-    return true;
+}
+
+void DocumentController::closeAllDocuments(const Done& done) {
+    for (const Document* document : documents())
+        list_.find(*document)->controller->finishEditing();
+    closing_.askAboutAll([this, done](bool mayGo) {
+        if (mayGo)
+            for (const Document* document : documents())
+                remove(*document);
+        done(mayGo);
+    });
+}
+
+void DocumentController::remove(const Document& document) {
+    stores_.unsaved.forget(document);
+    stores_.revertPoints.forget(document);
+    const std::unique_ptr<OpenDocument> closing = list_.take(document);
+    if (current_ == &document)
+        current_ = list_.size() == 0 ? nullptr : &list_.last().document;
+    if (list_.size() == 0)
+        observer_.noDocumentIsOpen();
+}
+
+void DocumentController::recoverUnsavedDocuments() {
+    Refusals refusals;
+    for (const UnsavedDocuments::Copy& copy : stores_.unsaved.abandonedCopies())
+        recover(copy, refusals);
+    refusals.tell(platform_);
+}
+
+void DocumentController::recover(const UnsavedDocuments::Copy& copy, Refusals& refusals) {
+    auto opened = std::make_unique<OpenDocument>(platform_.base);
+    const Result<std::string> bytes = platform_.files.readFile(copy.path);
+    const Result<void> read = bytes ? opened->document.readFromDataOfType(*bytes, kDocumentType)
+                                    : Result<void>(tl::unexpected(bytes.error()));
+    if (!read) {
+        const std::string aside = stores_.unsaved.putAside(copy.path);
+        const Localization& texts = platform_.base.texts;
+        Error error = read.error();
+        error.title = texts.format("CouldNotRecover", copy.displayName);
+        error.message += " " + texts.format("CopyKept", decodeUtf8Leniently(aside));
+        return refusals.add(aside, error, [this, aside, name = copy.displayName] {
+            return offerRemains(platform_.files.readFile(aside), name);
+        });
+    }
+    opened->document.setDisplayName(copy.displayName);
+    Document* document = makeWindowControllers(std::move(opened));
+    if (!document)
+        return;
+    stores_.unsaved.adopt(*document, copy.path);
+    document->updateChangeCount(ChangeKind::Done);
+    getViewController(*document)->statusLine().showStatusUntilSaved(platform_.base.texts.text("Recovered"));
 }
 
 } // namespace tabulon

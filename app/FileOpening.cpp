@@ -4,6 +4,7 @@
 #include "app/FileContent.h"
 #include "app/ImportCommands.h"
 #include "app/RequestQueue.h"
+#include "base/Utf8.h"
 #include "text/FileUri.h"
 #include "window/SharedAlerts.h"
 

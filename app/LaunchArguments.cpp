@@ -1,6 +1,6 @@
 #include "app/LaunchArguments.h"
 
-#include "base/Text.h"
+#include "base/Utf8.h"
 #include "text/FileUri.h"
 
 namespace tabulon {

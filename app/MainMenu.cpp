@@ -3,6 +3,7 @@
 #include "app/DocumentController.h"
 #include "app/ImportSource.h"
 #include "base/Settings.h"
+#include "base/Utf8.h"
 #include "window/LabelNames.h"
 #include "window/SharedAlerts.h"
 

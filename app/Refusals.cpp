@@ -1,6 +1,6 @@
 #include "app/Refusals.h"
 
-#include "base/Text.h"
+#include "base/Utf8.h"
 #include "window/SharedAlerts.h"
 
 #include <utility>

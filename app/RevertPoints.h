@@ -1,5 +1,5 @@
 // The states that Revert to Saved restores: the file of a document as the user opened it or last saved it, if
-// the program has saved over it since. DocumentController decides when a copy is made and removed.
+// the program has saved over it since. Autosaving and ClosingQuestions make the copies.
 #pragma once
 
 #include "base/SystemLog.h"

@@ -1,6 +1,7 @@
 #include "app/SettingsAlerts.h"
 
 #include "base/Text.h"
+#include "base/Utf8.h"
 
 namespace tabulon {
 namespace {

@@ -1,5 +1,5 @@
 // Copies of documents that have no file, or one that cannot be written, from which they are restored after a
-// crash or a power failure. DocumentController decides when they are written.
+// crash or a power failure. Autosaving decides when they are written.
 #pragma once
 
 #include "model/Document.h"

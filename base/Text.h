@@ -90,14 +90,4 @@ private:
     Block* block_ = nullptr;
 };
 
-/// Returns `bytes` with each maximal malformed part replaced by one U+FFFD, which is valid UTF-8. Valid input
-/// is returned unchanged. Linear.
-std::string decodeUtf8Leniently(std::string_view bytes);
-
-/// Returns true if no byte is above 127; true for empty bytes.
-bool isAscii(std::string_view bytes);
-
-/// Returns true if `bytes` is well-formed UTF-8; true for empty bytes.
-bool isValidUtf8(std::string_view bytes);
-
 } // namespace tabulon

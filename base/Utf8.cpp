@@ -1,6 +1,66 @@
 #include "base/Utf8.h"
 
-namespace tabulon::utf8 {
+#include <unicode/utf8.h>
+
+#include <cstring>
+
+namespace tabulon {
+namespace {
+
+// Returns the position of the first byte that is not ASCII, or the size.
+std::size_t asciiPrefix(std::string_view bytes) {
+    const auto isAsciiAt = [&bytes](std::size_t at) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, bytes.data() + at, 8);
+        return (word & 0x8080808080808080u) == 0;
+    };
+    std::size_t i = 0;
+    while (i + 8 <= bytes.size() && isAsciiAt(i))
+        i += 8;
+    // The last word may overlap the one before, which is cheaper than testing the rest byte by byte.
+    if (i > 0 && i + 8 > bytes.size() && isAsciiAt(bytes.size() - 8))
+        return bytes.size();
+    while (i < bytes.size() && static_cast<unsigned char>(bytes[i]) < 0x80)
+        ++i;
+    return i;
+}
+
+} // namespace
+
+bool isAscii(std::string_view bytes) {
+    return asciiPrefix(bytes) == bytes.size();
+}
+
+bool isValidUtf8(std::string_view bytes) {
+    const auto* data = reinterpret_cast<const std::uint8_t*>(bytes.data());
+    std::size_t i = asciiPrefix(bytes);
+    while (i < bytes.size()) {
+        UChar32 character = 0;
+        U8_NEXT(data, i, bytes.size(), character);
+        if (character < 0)
+            return false;
+    }
+    return true;
+}
+
+std::string decodeUtf8Leniently(std::string_view bytes) {
+    const auto* data = reinterpret_cast<const std::uint8_t*>(bytes.data());
+    std::string result;
+    result.reserve(bytes.size());
+    std::size_t i = 0;
+    while (i < bytes.size()) {
+        const std::size_t start = i;
+        UChar32 character = 0;
+        U8_NEXT(data, i, bytes.size(), character);
+        if (character < 0)
+            result += "\xEF\xBF\xBD";
+        else
+            result.append(bytes.substr(start, i - start));
+    }
+    return result;
+}
+
+namespace utf8 {
 
 char32_t next(std::string_view text, std::size_t& position) {
     const auto lead = static_cast<unsigned char>(text[position++]);
@@ -19,4 +79,5 @@ std::string_view prefix(std::string_view text, std::size_t limit) {
     return text.substr(0, limit);
 }
 
-} // namespace tabulon::utf8
+} // namespace utf8
+} // namespace tabulon

@@ -1,5 +1,4 @@
-// Encoding and decoding of single characters in UTF-8, and the boundaries between them. Validation is in
-// base/Text.h.
+// UTF-8: validation, encoding and decoding, and the boundaries between characters.
 #pragma once
 
 #include <array>
@@ -8,7 +7,19 @@
 #include <string>
 #include <string_view>
 
-namespace tabulon::utf8 {
+namespace tabulon {
+
+/// Returns true if no byte is above 127; true for empty bytes. Linear.
+bool isAscii(std::string_view bytes);
+
+/// Returns true if `bytes` is well-formed UTF-8; true for empty bytes. Linear.
+bool isValidUtf8(std::string_view bytes);
+
+/// Returns `bytes` with each maximal malformed part replaced by one U+FFFD, which is valid UTF-8. Valid input
+/// is returned unchanged. Linear.
+std::string decodeUtf8Leniently(std::string_view bytes);
+
+namespace utf8 {
 
 /// A character in UTF-8: one to four bytes.
 struct Encoded {
@@ -55,4 +66,5 @@ constexpr bool isContinuation(char byte) {
 /// The result is a part of `text`. Requires: well-formed UTF-8.
 std::string_view prefix(std::string_view text, std::size_t limit);
 
-} // namespace tabulon::utf8
+} // namespace utf8
+} // namespace tabulon

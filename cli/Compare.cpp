@@ -19,6 +19,12 @@
 namespace tabulon::cli {
 namespace {
 
+struct Options {
+    std::string before;
+    std::string after;
+    bool asJson = false;
+};
+
 // The index of each node in its list, for the paths of single nodes.
 class Places {
 public:
@@ -199,19 +205,32 @@ Result<std::unique_ptr<Document>> readOrEmpty(const Session& session, const std:
     return session.readDocument(path);
 }
 
-} // namespace
-
-Result<void> compareDocuments(const Session& session, const std::string& before, const std::string& after,
-                              bool asJson) {
-    const auto old = readOrEmpty(session, before);
+// Prints the changes from one document to the other (TreeComparison.h), one line for each: its kind, the path
+// after the change (for a removed node: before), the name and the address.
+Result<void> compareDocuments(const Session& session, const Options& options) {
+    const auto old = readOrEmpty(session, options.before);
     if (!old)
         return tl::unexpected(old.error());
-    const auto now = readOrEmpty(session, after);
+    const auto now = readOrEmpty(session, options.after);
     if (!now)
         return tl::unexpected(now.error());
     const Bookmark& oldRoot = (*old)->getMaster();
     const Bookmark& newRoot = (*now)->getMaster();
-    return Listing(session, oldRoot, newRoot).print(TreeComparison(oldRoot, newRoot), asJson);
+    return Listing(session, oldRoot, newRoot).print(TreeComparison(oldRoot, newRoot), options.asJson);
+}
+
+} // namespace
+
+void addCompare(Tool tool) {
+    Verb verb(tool, "compare", "List the changes from one document to another");
+    const auto options = std::make_shared<Options>();
+    verb.flag("--json", options->asJson, "Print each change as a JSON object");
+    verb.argument("OLD", options->before, "The old document, - for standard input");
+    verb.argument("NEW", options->after, "The new document, - for standard input");
+    verb.setAction(options, compareDocuments, [options] {
+        const bool isTwice = options->before == "-" && options->after == "-";
+        return isTwice ? "OLD and NEW cannot both be standard input" : "";
+    });
 }
 
 } // namespace tabulon::cli

@@ -9,6 +9,12 @@
 namespace tabulon::cli {
 namespace {
 
+struct Options {
+    std::string text;
+    std::string input;
+    bool asJson = false;
+};
+
 std::string lineFor(const Bookmark& node, const std::string& path) {
     std::string line = path + '\t' + onOneLine(node.itemName().view());
     if (!node.itemURL().isEmpty())
@@ -36,22 +42,32 @@ Findings findIn(Bookmark& root, const std::string& text, const BaseServices& ser
     return findings;
 }
 
-} // namespace
-
-Result<void> findInDocument(const Session& session, const std::string& text, const std::string& input,
-                            bool asJson) {
-    const auto document = session.readDocument(input);
+// Prints the number of matches of the text, and the nodes that finding visits in one round, one line for
+// each. The empty text has no match.
+Result<void> findInDocument(const Session& session, const Options& options) {
+    const auto document = session.readDocument(options.input);
     if (!document)
         return tl::unexpected(document.error());
     Bookmark& root = (*document)->getMaster();
-    const Findings findings = findIn(root, text, session.services);
+    const Findings findings = findIn(root, options.text, session.services);
     Lines lines(session);
-    lines.add(asJson ? "{\"matches\": " + std::to_string(findings.count) + "}"
-                     : session.services.texts.format("%d matches", findings.count));
+    lines.add(options.asJson ? "{\"matches\": " + std::to_string(findings.count) + "}"
+                             : session.services.texts.format("%d matches", findings.count));
     const auto added = addNodes(root, findings.visits, [&](const Bookmark& node, const std::string& path) {
-        return asJson ? lines.addJson(node, path) : lines.add(lineFor(node, path));
+        return options.asJson ? lines.addJson(node, path) : lines.add(lineFor(node, path));
     });
-    return added ? lines.finish() : failure(input + ": " + added.error().message);
+    return added ? lines.finish() : failure(options.input + ": " + added.error().message);
+}
+
+} // namespace
+
+void addFind(Tool tool) {
+    Verb verb(tool, "find", "Find a text in a document, as the find bar does");
+    const auto options = std::make_shared<Options>();
+    verb.flag("--json", options->asJson, "Print each line as a JSON object");
+    verb.argument("TEXT", options->text, "The text to find, ignoring case and accents");
+    verb.document(options->input);
+    verb.setAction(options, findInDocument);
 }
 
 } // namespace tabulon::cli

@@ -1,7 +1,7 @@
 // Buffered output of listings of any length to standard output.
 #pragma once
 
-#include "cli/Verbs.h"
+#include "cli/Session.h"
 
 #include <string>
 

@@ -4,19 +4,45 @@
 #include "formats/export/LinkFile.h"
 
 namespace tabulon::cli {
+namespace {
 
-Result<void> exportLink(const Session& session, const std::string& input, const std::string& path,
-                        const std::string& output) {
-    const auto document = session.readDocument(input);
+struct Options {
+    std::string path;
+    std::string input;
+    std::string output;
+};
+
+// Fails also where the document has no node at the path, or the node has no URL.
+Result<void> exportLink(const Session& session, const Options& options) {
+    const auto document = session.readDocument(options.input);
     if (!document)
         return tl::unexpected(document.error());
-    const Bookmark* node = nodeAt((*document)->getMaster(), path);
+    const Bookmark* node = nodeAt((*document)->getMaster(), options.path);
     if (!node)
-        return failure(input + ": There is no node at the path " + path + ".");
+        return failure(options.input + ": There is no node at the path " + options.path + ".");
     const Result<std::string> bytes = exportToLinkFile(*node);
     if (!bytes)
-        return failure(input + ": " + bytes.error().message);
-    return session.write(output, *bytes);
+        return failure(options.input + ": " + bytes.error().message);
+    return session.write(options.output, *bytes);
+}
+
+// Returns what is wrong with the form of a path, or an empty text.
+std::string faultOfPath(const std::string& path) {
+    return isNodePath(path) ? "" : "must be child indexes joined by /, such as 0/3/1";
+}
+
+} // namespace
+
+void addLink(Tool tool) {
+    Verb verb(tool, "link", "Write one bookmark of a document as a single-link file");
+    const auto options = std::make_shared<Options>();
+    verb.option("--path", options->path, "The path of the bookmark: child indexes joined by /, such as 0/3/1")
+        .type("PATH")
+        .required()
+        .check(faultOfPath);
+    verb.document(options->input);
+    verb.fileOutput(options->output).required();
+    verb.setAction(options, exportLink);
 }
 
 } // namespace tabulon::cli

@@ -1,5 +1,5 @@
 // Reading and writing of the files of one run.
-#include "cli/Verbs.h"
+#include "cli/Session.h"
 
 namespace tabulon::cli {
 

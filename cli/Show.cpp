@@ -13,6 +13,11 @@ namespace {
 // The limit keeps a deep tree readable, and its listing linear in size.
 constexpr int kDeepestIndent = 32;
 
+struct Options {
+    bool asJson = false;
+    std::string input;
+};
+
 void appendLine(std::string& out, const Bookmark& node, int level) {
     out.append(2 * static_cast<std::size_t>(std::min(level, kDeepestIndent)), ' ');
     if (node.isSeparator()) {
@@ -29,8 +34,6 @@ void appendLine(std::string& out, const Bookmark& node, int level) {
     }
     out += '\n';
 }
-
-} // namespace
 
 Result<void> showForPeople(const Session& session, const std::string& input) {
     const auto document = session.readDocument(input);
@@ -66,6 +69,20 @@ Result<void> showAsJson(const Session& session, const std::string& input) {
     if (limit.isPassedBy(json.size()))
         return failure(input + ": " + OutputLimit::failure().value().message);
     return session.write("-", json + '\n');
+}
+
+Result<void> show(const Session& session, const Options& options) {
+    return options.asJson ? showAsJson(session, options.input) : showForPeople(session, options.input);
+}
+
+} // namespace
+
+void addShow(Tool tool) {
+    Verb verb(tool, "show", "Print the tree of a document, one line for each node");
+    const auto options = std::make_shared<Options>();
+    verb.flag("--json", options->asJson, "Print the whole tree as JSON instead");
+    verb.document(options->input);
+    verb.setAction(options, show);
 }
 
 } // namespace tabulon::cli

@@ -1,5 +1,6 @@
 // Any bytes as a bookmark file. They are scanned in linear time into a valid tree, whose export is scanned
 // again.
+#include "base/Utf8.h"
 #include "formats/export/NetscapeHTML.h"
 #include "formats/import/NetscapeScan.h"
 #include "model/TreeWalk.h"

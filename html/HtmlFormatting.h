@@ -25,7 +25,6 @@ public:
         std::size_t attributes = 0;
     };
 
-    bool isEmpty() const { return entries_.empty(); }
     std::size_t size() const { return entries_.size(); }
     Entry& operator[](std::size_t index) { return entries_[index]; }
 

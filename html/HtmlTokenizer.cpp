@@ -46,7 +46,7 @@ const std::string* Token::attribute(std::string_view wanted) const {
     return found == attributes.end() ? nullptr : &found->value;
 }
 
-const Token& Tokenizer::next() {
+Token& Tokenizer::next() {
     do {
         token_.kind = Token::Kind::End;
         if (isAtEnd())

@@ -45,6 +45,11 @@ struct Token {
     /// Returns the value of the attribute `wanted`, in lower case, or nullptr if there is none. Valid as long
     /// as the token.
     const std::string* attribute(std::string_view wanted) const;
+
+    /// Returns true for a start tag of `wanted`.
+    bool isStart(Tag wanted) const { return kind == Kind::StartTag && tag == wanted; }
+    /// Returns true for an end tag of `wanted`.
+    bool isEnd(Tag wanted) const { return kind == Kind::EndTag && tag == wanted; }
 };
 
 /// How the content of an element is tokenized, up to its end tag.
@@ -64,9 +69,9 @@ public:
     /// tokenizer and its texts.
     Tokenizer(std::string_view source, std::deque<std::string>& texts) : source_(source), texts_(texts) {}
 
-    /// Returns the next token, valid until the next call. Returns End after the last token, and in all later
-    /// calls. All calls together are linear in the size of the source.
-    const Token& next();
+    /// Returns the next token, valid until the next call. The caller may change it. Returns End after the
+    /// last token, and in all later calls. All calls together are linear in the size of the source.
+    Token& next();
 
     /// Returns the number of bytes of the source that have been tokenized.
     std::size_t position() const { return cursor_; }

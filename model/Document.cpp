@@ -1,5 +1,6 @@
 #include "model/Document.h"
 
+#include "base/Utf8.h"
 #include "model/ArchiveReader.h"
 #include "model/ArchiveWriter.h"
 #include "model/ClassicReader.h"

@@ -82,8 +82,6 @@ public:
     std::uint64_t objectCount() const { return objectCount_; }
     /// Returns the number of the top object, which is below `objectCount`.
     std::uint64_t topObject() const { return topObject_; }
-    /// Returns the size of a reference in bytes, 1 to 8.
-    std::size_t referenceSize() const { return referenceSize_; }
 
     /// Returns object number `id`, or Damaged if the number is out of range or the object does not fit.
     Object object(std::uint64_t id) const {

@@ -1,6 +1,6 @@
 #include "plist/PlistWriter.h"
 
-#include "base/Text.h"
+#include "base/Utf8.h"
 
 #include <unicode/utf16.h>
 #include <unicode/utf8.h>

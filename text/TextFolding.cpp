@@ -1,7 +1,7 @@
 #include "text/TextFolding.h"
 
 #include "base/Ascii.h"
-#include "base/Text.h"
+#include "base/Utf8.h"
 
 #include <unicode/normalizer2.h>
 #include <unicode/stringpiece.h>

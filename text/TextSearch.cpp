@@ -2,7 +2,7 @@
 
 #include "base/Ascii.h"
 #include "base/ByteBlock.h"
-#include "base/Text.h"
+#include "base/Utf8.h"
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,6 @@
-// Parsing and serialising of addresses by the WHATWG's URL standard. This folder does not access the network
-// and does not depend on pages or bookmarks.
+// Parsing and serialising of addresses by the WHATWG's URL standard as of its commit fde3f74. The differences
+// from it are in docs/formats.md. This folder does not access the network and does not depend on pages or
+// bookmarks.
 #pragma once
 
 #include <cstdint>

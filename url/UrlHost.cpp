@@ -1,7 +1,7 @@
 #include "url/UrlHost.h"
 
 #include "base/Ascii.h"
-#include "base/Text.h"
+#include "base/Utf8.h"
 #include "text/PercentCoding.h"
 #include "url/IpAddress.h"
 #include "url/PercentEncoding.h"

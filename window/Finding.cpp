@@ -37,14 +37,6 @@ Finding::Finding(Outline& outline, const Platform& platform, FindPhases& phases,
     : outline_(outline), platform_(platform), phases_(phases), collation_(collation),
       finder_(phases, collation) {}
 
-std::size_t Finding::findText(const std::string& string) {
-    cancelSearch();
-    const Finder::Start start = finder_.findText(outline_.getMaster(), string);
-    if (start.matched)
-        selectBookmark(*finder_.foundBookmark());
-    return start.count;
-}
-
 void Finding::search(const std::string& string) {
     cancelSearch();
     finder_.begin(outline_.getMaster(), string);

@@ -51,12 +51,11 @@ public:
     /// Sets the node that `findNext` continues after.
     void setFoundBookmark(Bookmark* node) { finder_.setFoundBookmark(node); }
 
-    /// Cancels a search that has not ended, selects the first match of `string` (UTF-8) if there is one, and
-    /// returns the number of all matches. The time is linear in the number of nodes.
-    std::size_t findText(const std::string& string);
-    /// Searches as `findText` does, but in portions of some milliseconds. In a large document it returns
-    /// before the search has ended, and continues while the main loop is idle. It pauses while a cell is
-    /// edited. The observers receive the number of matches.
+    /// Cancels a search that has not ended, and searches the document for `string` (UTF-8) in portions of
+    /// some milliseconds. In a large document it returns before the search has ended, and continues while the
+    /// main loop is idle. It pauses while a cell is edited. At the end it selects the first match if there is
+    /// one, and the observers receive the number of all matches. The whole time is linear in the number of
+    /// nodes.
     void search(const std::string& string);
     /// Cancels a search that has not ended. The observers are not called.
     void cancelSearch() { search_.reset(); }

@@ -1,6 +1,6 @@
 #include "window/SharedAlerts.h"
 
-#include "base/Text.h"
+#include "base/Utf8.h"
 
 #include <cerrno>
 #include <filesystem>

@@ -2,7 +2,7 @@
 // Therefore every scalar is validated here.
 #include "formats/import/JsonSteps.h"
 
-#include "base/Text.h"
+#include "base/Utf8.h"
 #include "text/ByteOrderMark.h"
 
 #include <algorithm>

@@ -95,7 +95,7 @@ Result<Ref<Bookmark>> readNestedLinks(std::string_view html, Date now) {
     std::string source = Text::fromBytes(html).string();
     std::erase(source, '\r');
     html::Tree tree;
-    if (html::TreeBuilder::build(source, tree) != html::TreeBuilder::Outcome::Whole)
+    if (html::buildTree(source, tree) != html::BuildOutcome::Whole)
         return failure("The tags of the page are too entangled to be read.");
     return NestedLinksWalk(now).run(tree.document());
 }

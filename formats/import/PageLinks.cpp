@@ -1,6 +1,7 @@
 #include "formats/import/PageLinks.h"
 
 #include "base/Text.h"
+#include "base/Utf8.h"
 #include "html/HtmlTreeBuilder.h"
 #include "url/Url.h"
 
@@ -137,10 +138,10 @@ Result<PageLinks> readPageLinks(std::string_view page, std::string_view queryEnc
     PartialProgress building(progress, 0, kBuilding);
     PartialProgress collecting(progress, kBuilding, 1);
     html::Tree tree;
-    const html::TreeBuilder::Outcome outcome = html::TreeBuilder::build(source, tree, &building);
-    if (outcome == html::TreeBuilder::Outcome::Cancelled)
+    const html::BuildOutcome outcome = html::buildTree(source, tree, &building);
+    if (outcome == html::BuildOutcome::Cancelled)
         return cancelledByUser();
-    if (outcome == html::TreeBuilder::Outcome::Entangled)
+    if (outcome == html::BuildOutcome::Entangled)
         return failure("The tags of the page are too entangled to be read.");
     return linksOf(LinkWalk().run(tree.document()), queryEncoding, kMostRepeatedBytes + 16 * source.size(),
                    &collecting);

@@ -1,6 +1,6 @@
 #include "formats/import/TextDecoding.h"
 
-#include "base/Text.h"
+#include "base/Utf8.h"
 #include "formats/import/EncodingNames.h"
 #include "text/ByteOrderMark.h"
 #include "text/EncodingConversion.h"

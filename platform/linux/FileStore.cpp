@@ -1,6 +1,6 @@
 #include "platform/linux/FileStore.h"
 
-#include "base/Text.h"
+#include "base/Utf8.h"
 #include "platform/linux/FileAccess.h"
 #include "platform/linux/FileReading.h"
 #include "platform/linux/TemporaryFile.h"

@@ -1,7 +1,7 @@
 #include "platform/linux/SettingsText.h"
 
 #include "base/Ascii.h"
-#include "base/Text.h"
+#include "base/Utf8.h"
 #include "text/ByteOrderMark.h"
 
 #include <fmt/format.h>

@@ -18,7 +18,7 @@ namespace tabulon {
 /// The document that most tests open or save.
 inline const std::string kPath = "/home/Links.tbln";
 /// How long a document waits after a change before it is saved by itself, in seconds.
-inline constexpr double kPause = DocumentController::kAutosavePause;
+inline constexpr double kPause = AutosavePause::kSeconds;
 
 class AppTest : public testing::Test, protected FakePlatform {
 protected:

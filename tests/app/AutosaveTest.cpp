@@ -59,7 +59,7 @@ TEST_F(AutosaveTest, FurtherChangesPutSavingOffButNotForEver) {
         change(document, "3");
         timers.advance(1);
     }
-    EXPECT_LE(waited, kPause * (DocumentController::kMostPostponements + 1) + 1);
+    EXPECT_LE(waited, kPause * (AutosavePause::kMostPostponements + 1) + 1);
 }
 
 TEST_F(AutosaveTest, DocumentsThatTakeLongToSaveAreSavedLessOften) {

@@ -8,7 +8,7 @@ class ClosingTest : public AppTest {
 protected:
     // Each answer takes longer than the pause of automatic saving.
     ClosingTest() {
-        alerts.whileShown = [this] { timers.advance(DocumentController::kAutosavePause + 1); };
+        alerts.whileShown = [this] { timers.advance(AutosavePause::kSeconds + 1); };
     }
 
     Document& untitled(bool changed) {

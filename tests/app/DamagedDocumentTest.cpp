@@ -124,7 +124,8 @@ TEST_F(DamagedDocumentTest, ofSeveralFilesOneMayHaveSomethingLeft) {
     alerts.answer("Cancel");
     openFiles({kPath, "/home/Other.tbln"});
     ASSERT_EQ(alerts.shown.size(), 1u);
-    EXPECT_THAT(alerts.shown[0].informative, HasSubstr("1 of them can be read in part. What is left of it "));
+    EXPECT_THAT(alerts.shown[0].informative,
+                HasSubstr("1 of them can be read in part. The bookmarks that can be read open as an "));
     ASSERT_TRUE(onlyDocument());
     EXPECT_EQ(onlyDocument()->displayName(), "Untitled") << "the one of every start without a file";
     EXPECT_FALSE(onlyDocument()->isDocumentEdited());

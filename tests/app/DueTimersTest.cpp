@@ -49,7 +49,7 @@ public:
         window_ = &windowOf(document);
         window_->outlineView.selected = {document.getMaster().getLast()};
         app.responders().performMenuItem(MenuItem{.action = "labelBookmark:", .tag = 2});
-        timers.advance(DocumentController::kAutosavePause - 0.1);
+        timers.advance(AutosavePause::kSeconds - 0.1);
         EXPECT_EQ(namesInFile().front(), "first:0");
         EXPECT_EQ(namesInFile().back(), "last:0") << "it is not saved yet";
         window_->outlineView.selected = {document.getMaster().getChild()};

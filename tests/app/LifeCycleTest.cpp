@@ -302,14 +302,14 @@ TEST_F(LifeCycleTest, AFullDiskThatHasRoomAgainTakesTheNextSaveOfBothDocuments) 
     files.diskFull = true;
     change(first, "1");
     change(second, "2");
-    timers.advance(DocumentController::kAutosavePause);
+    timers.advance(AutosavePause::kSeconds);
     EXPECT_EQ(alerts.shown.size(), 2u) << "each file once";
     alerts.answer("OK");
     documents().saveDocument(second, [](bool) {});
     files.diskFull = false;
     change(first, "3");
     change(second, "4");
-    timers.advance(DocumentController::kAutosavePause);
+    timers.advance(AutosavePause::kSeconds);
     EXPECT_EQ(nameIn("/home/A.tbln"), "3");
     EXPECT_EQ(nameIn("/home/B.tbln"), "4");
     EXPECT_EQ(alerts.shown.size(), 3u);

@@ -77,7 +77,7 @@ TEST_F(OpeningTest, BookmarkFilesOfOtherProgramsBecomeUntitledDocumentsNamedAfte
         EXPECT_EQ(windowOf(document).title, name);
         perform("saveDocument:");
         EXPECT_EQ(panels.savePanels.back().proposedName, name) << "the panel";
-        timers.advance(DocumentController::kAutosavePause);
+        timers.advance(AutosavePause::kSeconds);
         EXPECT_TRUE(std::ranges::any_of(files.files, [&](const auto& file) {
             return file.first.starts_with("/state/") &&
                    file.first.ends_with(std::string(" ") + name + ".tbln");

@@ -95,7 +95,7 @@ TEST_F(TypingTest, theQuestionBeforeAReversion) {
 TEST_F(TypingTest, anotherProgramInFrontEndsEditingAndATimerDoesNot) {
     Document& document = openAndType();
     document.updateChangeCount(ChangeKind::Done);
-    timers.advance(DocumentController::kAutosavePause);
+    timers.advance(AutosavePause::kSeconds);
     EXPECT_EQ(nameInFile(), "old");
     EXPECT_FALSE(document.isDocumentEdited());
     EXPECT_TRUE(windowOf(document).outlineView.edited);

@@ -55,14 +55,6 @@ TEST(Text, malformedPartsBecomeReplacementCharacters) {
     EXPECT_FALSE(Text::fromBytes("").isNull());
 }
 
-TEST(Text, asciiAndValidity) {
-    EXPECT_TRUE(isAscii(""));
-    EXPECT_TRUE(isAscii(std::string(100, 'x')));
-    EXPECT_FALSE(isAscii("x0123456789012345678901234567890123456789 ü"));
-    EXPECT_TRUE(isValidUtf8("0123456789 ü 日本"));
-    EXPECT_FALSE(isValidUtf8("0123456789 \xFC"));
-}
-
 TEST(Date, noneIsNoNumber) {
     EXPECT_TRUE(Date().isNull());
     EXPECT_FALSE(Date::fromReferenceSeconds(std::numeric_limits<double>::quiet_NaN()).isNull());

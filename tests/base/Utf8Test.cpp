@@ -1,8 +1,6 @@
 // UTF-8: what is valid, what bytes a character has, and where characters begin.
 #include "base/Utf8.h"
 
-#include "base/Text.h"
-
 #include <gtest/gtest.h>
 
 namespace tabulon {
@@ -10,6 +8,15 @@ namespace {
 
 constexpr char32_t kBorders[] = {0,      0x7F,   0x80,   0x7FF,   0x800,   0xD7FF,
                                  0xE000, 0xFFFD, 0xFFFF, 0x10000, 0x10FFFF};
+
+TEST(Utf8, asciiAndValidity) {
+    EXPECT_TRUE(isAscii(""));
+    EXPECT_TRUE(isAscii(std::string(100, 'x')));
+    EXPECT_FALSE(isAscii("x0123456789012345678901234567890123456789 ü"));
+    EXPECT_TRUE(isValidUtf8(""));
+    EXPECT_TRUE(isValidUtf8("0123456789 ü 日本"));
+    EXPECT_FALSE(isValidUtf8("0123456789 \xFC"));
+}
 
 TEST(Utf8, aByteAboveAsciiIsFoundAtEveryPlace) {
     for (std::size_t size = 1; size < 40; ++size) {

@@ -279,8 +279,18 @@ TEST_F(CommandLineTest, wrongUsageIsStatusTwo) {
     expectWrongUsage({"--default", "=x", "show", "d.tbln"});
 }
 
+TEST_F(CommandLineTest, wrongUsageNamesTheFault) {
+    expectWrongUsage({"frobnicate"});
+    EXPECT_EQ(tool.error, "tabulon-cli: There is no command frobnicate (see tabulon-cli --help)\n");
+    expectWrongUsage({"--frobnicate"});
+    EXPECT_EQ(tool.error, "tabulon-cli: There is no option --frobnicate (see tabulon-cli --help)\n");
+    expectWrongUsage({"show"});
+    EXPECT_EQ(tool.error, "tabulon-cli: INPUT is required (see tabulon-cli --help)\n");
+}
+
 TEST_F(CommandLineTest, helpAndVersion) {
-    for (const char* verb : {"import", "export", "show", "make", "link"}) {
+    for (const char* verb :
+         {"import", "export", "show", "make", "link", "duplicates", "remove", "sort", "find"}) {
         EXPECT_EQ(tool.run({verb, "--help"}), 0);
         EXPECT_THAT(tool.out, HasSubstr(verb));
         EXPECT_THAT(tool.out, HasSubstr("INPUT"));

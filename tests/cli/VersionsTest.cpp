@@ -109,5 +109,12 @@ TEST_F(VersionsTest, aVersionThatIsNotKeptWritesNothing) {
     EXPECT_EQ(run({"versions", "/home/Links.tbln", "--restore", "x", "-o", "/out.tbln"}), 2);
 }
 
+TEST_F(VersionsTest, anEmptyFileNameIsAFailure) {
+    EXPECT_EQ(run({"versions", ""}), 1);
+    EXPECT_EQ(error, "tabulon-cli: The file “” cannot be found: Invalid argument.\n");
+    EXPECT_EQ(run({"versions", "", "--restore", "1", "-o", "/out.tbln"}), 1);
+    EXPECT_FALSE(files.files.contains("/out.tbln"));
+}
+
 } // namespace
 } // namespace tabulon

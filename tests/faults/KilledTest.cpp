@@ -104,7 +104,7 @@ TEST_F(KilledTest, documentsWithoutAFileAreThereAgainAfterFiftyKills) {
             for (int number = lastSeen + 1;; ++number) {
                 const auto begin = Clock::now();
                 change(document, number);
-                run.fakes.timers.advance(2 * DocumentController::kAutosavePause);
+                run.fakes.timers.advance(2 * AutosavePause::kSeconds);
                 if (!run.fakes.alerts.shown.empty())
                     return 1;
                 if (number == lastSeen + 1)
@@ -134,7 +134,7 @@ TEST_F(KilledTest, changesThatTheirFileDidNotTakeAreThereAgain) {
         write(file, 2);
         change(document, 3);
         run.fakes.alerts.answer("Cancel");
-        run.fakes.timers.advance(2 * DocumentController::kAutosavePause);
+        run.fakes.timers.advance(2 * AutosavePause::kSeconds);
         tellReady(ready, Clock::now());
         ::pause();
         return 0;
@@ -158,7 +158,7 @@ TEST_F(KilledTest, whatRevertingWentBackToEndsWithTheRun) {
         ProgramRun run(folder);
         Document& document = run.open(file);
         change(document, 2);
-        run.fakes.timers.advance(2 * DocumentController::kAutosavePause);
+        run.fakes.timers.advance(2 * AutosavePause::kSeconds);
         tellReady(ready, Clock::now());
         ::pause();
         return 0;
@@ -176,7 +176,7 @@ TEST_F(KilledTest, whatRevertingWentBackToEndsWithTheRun) {
     EXPECT_EQ(copies(), 0u);
     const auto documents = next.app.documentController().documents();
     ASSERT_EQ(documents.size(), 1u);
-    EXPECT_FALSE(next.app.documentController().canRevert(*documents.front()));
+    EXPECT_FALSE(next.app.responders().validateMenuItem(MenuItem{.action = "revertDocumentToSaved:"}));
 }
 
 TEST_F(KilledTest, aRunThatIsAliveKeepsItsDocumentsToItself) {
@@ -184,7 +184,7 @@ TEST_F(KilledTest, aRunThatIsAliveKeepsItsDocumentsToItself) {
     first.app.applicationDidFinishLaunching({});
     Document& document = *first.app.documentController().documents().front();
     change(document, 7);
-    first.fakes.timers.advance(DocumentController::kAutosavePause);
+    first.fakes.timers.advance(AutosavePause::kSeconds);
     const int status = statusOf(start([&] {
         ProgramRun second(folder);
         second.app.applicationDidFinishLaunching({});

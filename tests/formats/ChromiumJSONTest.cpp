@@ -1,6 +1,7 @@
 // Bookmarks of Chromium's family and of Opera, rule by rule.
 #include "formats/import/ChromiumJSON.h"
 
+#include "base/Utf8.h"
 #include "formats/ImportFormats.h"
 #include "model/ArchiveWriter.h"
 #include "platform/fake/FakeBaseServices.h"

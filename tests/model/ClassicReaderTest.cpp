@@ -1,6 +1,7 @@
 // The reader of classic documents, over files built byte by byte.
 #include "model/ClassicReader.h"
 
+#include "base/Utf8.h"
 #include "model/Document.h"
 #include "platform/fake/FakeBaseServices.h"
 #include "tests/model/TreeShape.h"

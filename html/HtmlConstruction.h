@@ -1,0 +1,122 @@
+// The construction of one page's tree: the state that the rules of all insertion modes share, and the steps
+// that they are made of. The rules of each group of modes are in a class of their own.
+#pragma once
+
+#include "html/HtmlFormatting.h"
+#include "html/HtmlNode.h"
+#include "html/HtmlOpenElements.h"
+#include "html/HtmlTokenizer.h"
+
+#include <string_view>
+
+namespace tabulon::html {
+
+/// The insertion modes of the standard.
+enum class Mode : std::uint8_t {
+    Initial,
+    BeforeHtml,
+    BeforeHead,
+    InHead,
+    AfterHead,
+    InBody,
+    Text,
+    InTable,
+    InTableText,
+    InCaption,
+    InColumnGroup,
+    InTableBody,
+    InRow,
+    InCell,
+    InTemplate,
+    AfterBody,
+    InFrameset,
+    AfterFrameset,
+    AfterAfterBody,
+    AfterAfterFrameset,
+};
+
+/// What follows after a token has been processed.
+enum class Step : std::uint8_t {
+    Done,   ///< the next token
+    Again,  ///< the same token, in the current mode
+    AsHtml, ///< the same token, in the current mode, but not by the rules of SVG and MathML
+};
+
+/// Where a node is inserted: in `parent` before `before`, or at the end if that is nullptr.
+struct Place {
+    Node* parent;
+    Node* before;
+};
+
+/// Refers to the tree and the page's source, which must outlive it. Constant time unless a function says
+/// otherwise.
+class Construction {
+public:
+    /// The costs of moving one open element, and of a copy of an element, in steps.
+    static constexpr std::size_t kStepsPerMove = 32;
+    static constexpr std::size_t kStepsPerCopy = 64;
+
+    Construction(std::string_view source, Tree& treeToBuild);
+
+    // What the modes share.
+    Tree& tree;
+    Tokenizer tokenizer;
+    OpenElements open;
+    FormattingElements formatting;
+    Mode mode = Mode::Initial;
+    Node* head = nullptr; ///< nullptr before the head
+    Node* form = nullptr; ///< the form whose end tag has not been read; nullptr if there is none
+    bool isQuirky = false;
+    bool allowsFrameset = true; ///< a frameset can still replace the body
+    bool fosters = false;       ///< content that a table does not allow is inserted before it
+    bool skipsNewline = false;  ///< a line feed at the beginning of the next text is ignored
+    bool isStopped = false;
+
+    /// Stops at the end of the page.
+    void stop() { isStopped = true; }
+    /// Subtracts steps from the limit, and stops at 0. Called where one tag can cause many steps.
+    void spend(std::size_t steps);
+    /// Returns true if the limit was reached: a constant, and a constant number of steps for each byte of the
+    /// source.
+    bool isOverLimit() const { return stepsLeft_ == 0; }
+
+    // Insertion.
+    /// Inserts an element at the current place and opens it.
+    Node& insertElement(const Token& token, Namespace space = Namespace::Html);
+    /// Inserts and opens an HTML element without attributes.
+    Node& insertNamed(Tag tag);
+    /// Inserts an element that has no content, and does not leave it open.
+    void insertVoid(const Token& token);
+    /// Inserts a text at the current place. Does nothing if it is empty.
+    void insertText(std::string_view text);
+    /// Inserts the white space that a text begins with, and removes it from the token. Returns true if the
+    /// text is empty then. Linear in the white space.
+    bool insertBlanks(Token& text);
+    /// Returns `text` without NUL characters, valid as long as the tree. Linear.
+    std::string_view withoutNuls(std::string_view text);
+    /// Returns a new HTML element with the tag and link of `node`, without a parent.
+    Node& cloneOf(const Node& node);
+    /// Returns the place of a new node in `target`. While `fosters` is set, and if `target` is a part of a
+    /// table, this is before the table.
+    Place placeFor(Node& target) const;
+    /// Inserts an element, as a sibling of its parent if the elements are nested too deep.
+    void attach(Node& node, Place place);
+
+    // Ends of elements.
+    /// Closes the innermost elements as long as their end tag is optional and their tag is not `except`.
+    void closeImpliedEnds(Tag except = Tag::Other);
+    /// Closes an open paragraph if it is in button scope.
+    void closeParagraph();
+    /// Closes the innermost element of the tag, and returns true, if it is in `scope`.
+    bool closeInScope(Tag tag, Scope scope = Scope::Normal);
+    /// Closes the innermost element of the token's name, unless a special element is inside it.
+    void closeNamed(const Token& token);
+
+private:
+    Node& newElement(const Token& token, Namespace space);
+    const LinkAttributes* linkOf(const Token& token);
+
+    std::size_t stepsLeft_;
+};
+
+} // namespace tabulon::html
