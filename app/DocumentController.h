@@ -57,7 +57,7 @@ public:
     /// Requires: the arguments and the services of `platform` outlive this object.
     DocumentController(const Platform& platform, DocumentWindowMaker& windows, LastDocumentObserver& observer,
                        SharedCommands& commands);
-    ~DocumentController();
+    ~DocumentController() override;
 
     /// Returns the actions saveDocument:, saveDocumentAs:, revertDocumentToSaved:, browseVersions:,
     /// performClose: and performMiniaturize:, all for the current document, and makeKeyAndOrderFront: for the

@@ -21,15 +21,15 @@ struct NamedKey {
 };
 
 // In the order of the help.
-constexpr NamedKey kKeys[] = {
+constexpr NamedKey kOrders[] = {
     {"added", SortKey::DateAdded}, {"modified", SortKey::DateModified},
     {"name", SortKey::Name},       {"opened", SortKey::DateLastOpened},
     {"tags", SortKey::Tags},       {"url", SortKey::URL},
 };
 
-// Requires: the name is in `kKeys`.
+// Requires: the name is in `kOrders`.
 SortKey keyNamed(const std::string& name) {
-    return std::ranges::find(kKeys, name, &NamedKey::name)->key;
+    return std::ranges::find(kOrders, name, &NamedKey::name)->key;
 }
 
 Result<void> sortDocument(const Session& session, const Options& options) {
@@ -47,7 +47,10 @@ Result<void> sortDocument(const Session& session, const Options& options) {
 void addSort(Tool tool) {
     Verb verb(tool, "sort", "Write a document with its whole tree sorted");
     const auto options = std::make_shared<Options>();
-    verb.option("--by", options->key, "The property to sort by").type("KEY").required().oneOf(namesOf(kKeys));
+    verb.option("--by", options->key, "The property to sort by")
+        .type("KEY")
+        .required()
+        .oneOf(namesOf(kOrders));
     verb.flag("--descending", options->descending, "Sort in descending order; folders stay first");
     verb.document(options->input);
     verb.documentOutput(options->output).required();

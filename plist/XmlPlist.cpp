@@ -6,6 +6,7 @@
 
 #include <pugixml.hpp>
 
+#include <algorithm>
 #include <charconv>
 #include <chrono>
 #include <optional>
@@ -59,8 +60,8 @@ std::optional<double> realFrom(std::string_view text) {
     return value;
 }
 
-// Parses "2026-11-21T10:30:00Z", the only form of dates in the format, in whole seconds. A leap second has
-// the number 60.
+// Parses "2026-11-21T10:30:00Z", the only form of dates in the format, in whole seconds. A time beyond
+// its day goes on into the next one, as browsers write and read it.
 std::optional<double> dateFrom(std::string_view text) {
     text = trimmed(text);
     int fields[6] = {};
@@ -75,9 +76,7 @@ std::optional<double> dateFrom(std::string_view text) {
     using namespace std::chrono;
     const year_month_day day{year(fields[0]), month(static_cast<unsigned>(fields[1])),
                              std::chrono::day(static_cast<unsigned>(fields[2]))};
-    const auto isBelow = [](int field, int limit) { return field >= 0 && field < limit; };
-    const bool isTime = isBelow(fields[3], 24) && isBelow(fields[4], 60) && isBelow(fields[5], 61);
-    if (!text.empty() || !day.ok() || !isTime)
+    if (!text.empty() || !day.ok() || std::ranges::any_of(fields, [](int field) { return field < 0; }))
         return std::nullopt;
     const double days = static_cast<double>(sys_days(day).time_since_epoch().count());
     return days * 86400 + fields[3] * 3600.0 + fields[4] * 60.0 + fields[5] - Date::kReferenceUnixSeconds;

@@ -28,7 +28,7 @@ void FindBarController::doSearch(const std::string& text) {
     finding_.cancelSearch();
     bar_->setMatchesLabel("");
     if (!text.empty())
-        finding_.search(text);
+        finding_.findText(text);
 }
 
 void FindBarController::searchDidEnd(std::size_t count) {

@@ -47,7 +47,7 @@ public:
     /// Hides the bar and cancels a search that has not ended. Beeps if the bar is hidden.
     void hideFindView();
     /// Cancels a search that has not ended, clears the number of matches, and begins to search for `text`
-    /// (`Finding::search`). The number of matches is shown when the search ends. An empty text only cancels
+    /// (`Finding::findText`). The number of matches is shown when the search ends. An empty text only cancels
     /// and clears.
     void doSearch(const std::string& text);
     /// Clears the number of matches. Called when the user begins to change the search text.

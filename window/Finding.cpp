@@ -37,7 +37,7 @@ Finding::Finding(Outline& outline, const Platform& platform, FindPhases& phases,
     : outline_(outline), platform_(platform), phases_(phases), collation_(collation),
       finder_(phases, collation) {}
 
-void Finding::search(const std::string& string) {
+void Finding::findText(const std::string& string) {
     cancelSearch();
     finder_.begin(outline_.getMaster(), string);
     goOn(kPortion);

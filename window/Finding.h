@@ -26,7 +26,7 @@ class FindObserver {
 public:
     virtual ~FindObserver() = default;
 
-    /// Called when a search of `Finding::search` has ended; `count` is the number of matches.
+    /// Called when a search of `Finding::findText` has ended; `count` is the number of matches.
     virtual void searchDidEnd(std::size_t /*count*/) {}
     /// Called when a node has been selected because of a match in its note or tags. `match` is the part of
     /// that text that matches, in UTF-8.
@@ -56,7 +56,7 @@ public:
     /// main loop is idle. It pauses while a cell is edited. At the end it selects the first match if there is
     /// one, and the observers receive the number of all matches. The whole time is linear in the number of
     /// nodes.
-    void search(const std::string& string);
+    void findText(const std::string& string);
     /// Cancels a search that has not ended. The observers are not called.
     void cancelSearch() { search_.reset(); }
     /// Selects the next match. A search that has not ended is completed first. Beeps if there is no search

@@ -336,7 +336,7 @@ TEST_F(InfoSheetTest, typingOnReplacesNothingThatWasFound) {
 
 TEST_F(InfoSheetTest, returnGoesOnFromWhatWasFound) {
     link->nextBookmark()->setItemName("another hit");
-    controller->finding().search("hit");
+    controller->finding().findText("hit");
     ASSERT_EQ(controller->finding().foundBookmark(), link);
     info->selectNote("hit");
     QTest::keyClick(sheet->focusWidget(), Qt::Key_Return);

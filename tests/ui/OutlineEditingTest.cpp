@@ -271,7 +271,7 @@ TEST_F(OutlineEditingTest, whatAMatchSelectsIsNotEditedByItself) {
     base.defaults.setBoolForKey("AutoEdit", true);
     open();
     QCursor::setPos(widget().viewport()->mapToGlobal(cell(0, Column::Name).center()));
-    controller->finding().search("link");
+    controller->finding().findText("link");
     EXPECT_EQ(widget().selectedRow(), 0u);
     timers.advance(0.51);
     EXPECT_FALSE(field());

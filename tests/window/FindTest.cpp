@@ -125,7 +125,7 @@ TEST_F(FindTest, aMatchInCollapsedFoldersIsRevealed) {
     add(makeFolder("beside", false), &inner);
     Bookmark& link = add(makeLink("hit", "x"), &inner);
     open();
-    controller->finding().search("hit");
+    controller->finding().findText("hit");
     EXPECT_EQ(rowNames(), (Names{"outer", "inner", "beside", "hit"}));
     EXPECT_TRUE(outer.showHier() && inner.showHier());
     EXPECT_EQ(outline().selected, std::set<Bookmark*>{&link});
@@ -138,7 +138,7 @@ TEST_F(FindTest, withoutRememberDesktopRevealingLeavesTheDocumentClean) {
     Bookmark& outer = add(makeFolder("outer", false));
     add(makeLink("hit", "x"), &outer);
     open();
-    controller->finding().search("hit");
+    controller->finding().findText("hit");
     EXPECT_EQ(rowNames(), (Names{"outer", "hit"}));
     EXPECT_EQ(document.changeCount(), 0);
 }
@@ -148,7 +148,7 @@ TEST_F(FindTest, theRootHasNoRowAndLeavesTheSelection) {
     Bookmark& a = add(makeLink("a", "x"));
     Bookmark& b = add(makeLink("master", "x"));
     open();
-    controller->finding().search("master");
+    controller->finding().findText("master");
     controller->finding().findNext();
     EXPECT_EQ(beeper.beeps, 1);
     select({&a});
@@ -163,7 +163,7 @@ TEST_F(FindTest, afterTheFoundItemWasDeletedItBeginsAgain) {
     Bookmark& a = add(makeLink("a hit", "x"));
     Bookmark& b = add(makeLink("b hit", "x"));
     open();
-    controller->finding().search("hit");
+    controller->finding().findText("hit");
     controller->finding().findNext();
     select({&b});
     controller->editing().deleteSelection();

@@ -239,7 +239,7 @@ TEST_F(GetInfoTest, aMatchInTheNoteOpensItWithTheNoteHighlighted) {
         std::size_t matches = 0;
     } observer;
     controller->finding().addObserver(observer);
-    controller->finding().search("hit");
+    controller->finding().findText("hit");
     EXPECT_EQ(observer.matches, 3u);
     EXPECT_FALSE(window->info) << "the first match is in the name";
     controller->finding().findNext();
@@ -256,7 +256,7 @@ TEST_F(GetInfoTest, aMatchInTheNoteOpensItWithTheNoteHighlighted) {
 TEST_F(GetInfoTest, whatIsHighlightedHasTheAccentsOfTheNote) {
     plant();
     a->setItemNote("her Résumé");
-    controller->finding().search("resume");
+    controller->finding().findText("resume");
     ASSERT_TRUE(window->info);
     EXPECT_EQ(panel().selectedNote, "Résumé");
 }
@@ -265,7 +265,7 @@ TEST_F(GetInfoTest, aMatchInTheTagsOpensItWithTheTagsHighlighted) {
     plant();
     controller->outline().collapseItem(*folder);
     b->setItemTags("a hit");
-    controller->finding().search("hit");
+    controller->finding().findText("hit");
     ASSERT_TRUE(window->info);
     EXPECT_EQ(window->info->original(), b);
     EXPECT_EQ(panel().selectedTags, "hit");
@@ -275,7 +275,7 @@ TEST_F(GetInfoTest, aPanelThatIsUpGoesToTheNextMatchAndSaves) {
     plant();
     a->setItemNote("hit");
     b->setItemNote("hit");
-    controller->finding().search("hit");
+    controller->finding().findText("hit");
     GetInfoController& info = *window->info;
     info.setName("changed");
     controller->finding().findNext();
@@ -292,7 +292,7 @@ TEST_F(GetInfoTest, findNextInThePanelShowsWhereItWasFound) {
     GetInfoController& without = getInfo();
     EXPECT_FALSE(without.canFindNext()) << "nothing was searched for";
     without.done();
-    controller->finding().search("hit");
+    controller->finding().findText("hit");
     GetInfoController& info = *window->info;
     EXPECT_EQ(info.original(), a);
     EXPECT_TRUE(info.canFindNext());
@@ -315,7 +315,7 @@ TEST_F(GetInfoTest, findNextInThePanelDoesNotGoToTheRoot) {
     plant();
     document.getMaster().setItemName("a hit");
     c->setItemName("hit");
-    controller->finding().search("hit");
+    controller->finding().findText("hit");
     controller->finding().findNext();
     GetInfoController& info = getInfo();
     info.findNext();
@@ -369,7 +369,7 @@ TEST_F(GetInfoTest, aNodeThatOutlivesItsFolderHasNoParent) {
     plant();
     select({a});
     GetInfoController& info = getInfo();
-    controller->finding().search("a.example");
+    controller->finding().findText("a.example");
     controller->editing().deleteSelection();
     EXPECT_EQ(a->getParent(), nullptr);
     select({folder});
