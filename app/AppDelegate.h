@@ -40,7 +40,7 @@ public:
 
     /// Starts the program: opens the copies of unsaved documents, then the files at these paths or URIs. If
     /// no document is open then, opens an untitled one, or shows the open panel, as the setting
-    /// "OpenUntitled" says.
+    /// "OpenUntitled" says. Returns after an alert about files that could not be opened was closed.
     void applicationDidFinishLaunching(const std::vector<std::string>& locations);
     /// Returns the setting "OpenUntitled", or true if it has no value.
     bool applicationShouldOpenUntitledFile() const;
@@ -62,8 +62,10 @@ private:
     /// Stops the program, unless requests wait.
     void noDocumentIsOpen() override;
     void grabAllHTML(const std::string& html) override { importCommands_.grabAllHTML(html); }
+    /// The setting is the same for all windows, so all of them are drawn again.
     void showMarks(bool /*shown*/) override { documentController_.showMarksInEveryWindow(); }
 
+    /// Adds the actions newDocument:, terminate: and orderFrontStandardAboutPanel: to the table.
     void addActions();
     /// Performs a request, the first one as the start of the program.
     void perform(const LaunchRequest& request);
@@ -71,7 +73,7 @@ private:
     void startUp();
     /// Stops the program.
     void end();
-    /// Opens an untitled document or shows the open panel.
+    /// Opens an untitled document or shows the open panel. Stops the program if no window can be made.
     void openWithoutRequest();
     /// Brings the window of the current document to the front, if there is one.
     void bringCurrentDocumentToFront();
@@ -81,6 +83,7 @@ private:
     const Platform platform_;
     ProgramHost& host_;
     const std::string version_;
+    /// The parts refer to those before them, so that the order of the members matters.
     DocumentController documentController_;
     ImportCommands importCommands_;
     RequestQueue requestQueue_;

@@ -23,9 +23,10 @@ public:
 
     /// Called after each change of the document: begins the pause, or postpones its end. Constant time.
     void noteChange();
-    /// Ends the pause without a call of `due`.
+    /// Ends the pause without a call of `due`. The next change begins a new one.
     void end();
-    /// Stores how long the last save took, in seconds.
+    /// Stores how long the last save took, in seconds. The next pause takes twenty times as long, but at
+    /// least `kSeconds` and at most a minute.
     void noteSaving(double seconds) { lastSeconds_ = seconds; }
 
 private:
@@ -38,8 +39,11 @@ private:
     std::function<void()> due_;
     /// `nullptr` while there is no pause.
     std::unique_ptr<Timer> timer_;
+    /// Whether the document was changed again during this pause.
     bool changedSinceStart_ = false;
+    /// How often the end of the pause was postponed.
     int postponements_ = 0;
+    /// How long the last save took; 0 before the first one.
     double lastSeconds_ = 0;
 };
 

@@ -30,7 +30,7 @@ public:
 
     /// Calls `done` with whether the document may be closed: it has no changes, was saved, or the user gives
     /// its changes up. A document with a file is saved without a question if that is possible. Requires: the
-    /// document is open.
+    /// document is open. `done` may be called before this returns, or later when a panel closes.
     void ask(Document& document, const SavingDone& done);
     /// Does the same for all open documents, one after the other, the last one first. Documents that are
     /// changed while a question is shown are asked about again. Calls `done` with false as soon as one may
@@ -42,12 +42,13 @@ private:
     void saveBeforeClosing(Document& document, const SavingDone& done);
     /// Asks what is done with a document that could not be saved.
     void askAfterFailedSave(Document& document, const Error& error, const SavingDone& done);
-    /// Shows an alert whose buttons are: save in some way, close without saving, cancel.
+    /// Shows an alert whose buttons are: save in some way, close without saving, cancel. Calls `done` with
+    /// false if the document was closed while the alert was shown.
     void choose(Document& document, const Alert& alert, const SavingDone& done,
                 void (Saving::*save)(Document&, const SavingDone&));
     /// Asks about the pending documents and those that are changed meanwhile; then calls `done`.
     void reviewFrom(std::vector<Document*> pending, const SavingDone& done);
-    /// Returns the documents with changes that the user has not given up.
+    /// Returns the documents with changes that the user has not given up. They are owned by the list.
     std::vector<Document*> documentsToReview() const;
 
     const Platform platform_;

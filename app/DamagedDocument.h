@@ -14,7 +14,7 @@ namespace tabulon {
 struct Remains {
     /// The root folder of a tree without a document. Never null.
     Ref<Bookmark> master;
-    /// A sentence for the user, such as "311 of 312 bookmarks could be read."
+    /// A sentence for the user, such as "311 of 312 bookmarks could be read." UTF-8, in the user's language.
     std::string sentence;
 };
 

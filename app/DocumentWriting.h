@@ -42,7 +42,9 @@ public:
     /// Requires: the document has a file.
     Result<void> writeByItself(OpenDocument& opened);
     /// Runs the save tasks, keeps the version that is replaced, and writes `bytes` to `path`, which becomes
-    /// the document's file. Fails with the error of the file store.
+    /// the document's file. The document has no changes after that. Fails with the error of the file store;
+    /// then the document has the same file and changes as before. A failure of a save task or of keeping the
+    /// version does not make it fail.
     Result<void> writeBytes(OpenDocument& opened, const std::string& path, const std::string& bytes);
     /// Shows the alert about a failed save. The document may be closed while it is shown. The next automatic
     /// save does not report the failure again.
@@ -54,9 +56,10 @@ private:
     DocumentAlerts& alerts_;
 };
 
-/// Stores the window's frame under the name of the document's file without extension.
+/// Stores the window's frame under the name of the document's file without extension. Documents of the same
+/// name share one frame. Requires: the document has a window.
 void saveFrameUsingName(const OpenDocument& opened, UserDefaults& state);
-/// Restores the frame that is stored under that name, if there is one.
+/// Restores the frame that is stored under that name, if there is one. Requires: the document has a window.
 void restoreWindowFrame(const OpenDocument& opened, const UserDefaults& state);
 
 } // namespace tabulon

@@ -20,21 +20,22 @@ struct LaunchArguments {
     };
 
     Purpose purpose = Purpose::Run;
-    /// A sentence on what is wrong with the arguments; empty unless the purpose is Complain.
+    /// A sentence on what is wrong with the arguments, UTF-8; empty unless the purpose is Complain.
     std::string problem = {};
-    /// "system", "light" or "dark".
+    /// "system", "light" or "dark". Of several themes the last one counts.
     std::string theme = "system";
-    /// The request of this start: a new document, files, or neither.
+    /// The request of this start: a new document, files as URIs, or neither. Files take precedence over a new
+    /// document.
     LaunchRequest request = {};
 };
 
 /// Returns the parsed arguments. `arguments` are those after the program's name. Files are paths or URIs in
 /// the file system's encoding; a relative path is relative to `workingFolder`, which is empty if there is
-/// none.
+/// none. Fails by the purpose Complain, for an unknown option or theme. Reads no file.
 LaunchArguments parseLaunchArguments(const std::vector<std::string>& arguments,
                                      const std::string& workingFolder);
 
-/// Returns the text that "--help" prints.
+/// Returns the text that "--help" prints, with a line feed at its end. Valid as long as the program runs.
 std::string_view launchUsage();
 
 } // namespace tabulon

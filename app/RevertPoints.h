@@ -30,16 +30,19 @@ public:
     void keep(const Document& document);
     /// Returns whether there is a copy of the document's file.
     bool has(const Document& document) const { return paths_.contains(&document); }
-    /// Returns the bytes of the copy. Fails with the error of the file store. Requires: has(document).
+    /// Returns the bytes of the copy. Fails with the error of the file store, for example if the copy was
+    /// removed. Requires: has(document).
     Result<std::string> read(const Document& document);
-    /// Removes the document's copy, if there is one.
+    /// Removes the document's copy, if there is one. Errors are ignored. The document is only compared, never
+    /// read.
     void forget(const Document& document);
 
     /// Returns whether a file of this name in a recovery folder is such a copy.
     static bool isCopy(std::string_view fileName) { return fileName.ends_with(kExtension); }
 
 private:
-    /// Copies the document's file and returns the path of the copy.
+    /// Copies the document's file and returns the path of the copy. Fails with the error of the recovery
+    /// folders or the file store.
     Result<std::string> copy(const Document& document);
 
     static constexpr std::string_view kExtension = ".revert";
@@ -47,6 +50,7 @@ private:
     FileStore& files_;
     RecoveryFolders& folders_;
     SystemLog& log_;
+    /// The path of each document's copy, in the file system's encoding. The documents are not owned.
     std::map<const Document*, std::string> paths_;
     /// The number in the name of the last copy.
     int lastNumber_ = 0;

@@ -59,9 +59,11 @@ private:
     /// Asks whether to revert, and returns the source; `nullopt` if the user cancels.
     std::optional<RevertTo> ask(const Document& document);
     /// Restores the document and its file from the revert point, or as `revertToContentsOfURL` does if its
-    /// copy is missing. Returns false, after an alert, if that fails.
+    /// copy is missing. Returns false, after an alert, if that fails. If only the file cannot be written, the
+    /// document is restored and has a change.
     bool revertToUsersVersion(Document& document);
-    /// Replaces the tree by that of `bytes`. Returns false, after an alert, if that fails.
+    /// Replaces the tree by that of `bytes`, and hides the marks of links in every window. Returns false,
+    /// after an alert, if that fails; then the document is as it was, or was closed.
     bool show(Document& document, const Result<std::string>& bytes);
 
     const Platform platform_;

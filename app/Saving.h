@@ -32,14 +32,17 @@ public:
 
     /// Saves the document to its file, or asks for one as `saveDocumentAs` does. If another program has
     /// changed, moved or removed the file since it was read or written, the user first decides what is done.
-    /// Requires: the document is open.
+    /// Requires: the document is open. `done` is called before this returns, or later if a panel asks for a
+    /// file.
     void saveDocument(Document& document, const SavingDone& done);
     /// Asks in a panel for a file and saves the document to it. Refuses, with an alert, a file that another
-    /// open document has. Requires: the document is open.
+    /// open document has. Calls `done` when the panel has closed, with false if the document was closed
+    /// meanwhile. Requires: the document is open.
     void saveDocumentAs(Document& document, const SavingDone& done);
 
 private:
-    /// Saves the document to the file that was chosen in the panel.
+    /// Saves the document to the file at `path`, which was chosen in the panel. Requires: the document is
+    /// open.
     void saveTo(Document& document, const std::string& path, const SavingDone& done);
 
     const Platform platform_;

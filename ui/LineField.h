@@ -14,7 +14,9 @@ namespace tabulon {
 /// on it.
 class LineField : public QLineEdit {
 public:
-    /// `parent` owns the field.
+    /// Creates an empty field that does not replace line ends until `showText` is called. `parent` owns the
+    /// field. The text counts as modified (`isModified`) when the user edits it, and as unmodified after
+    /// `showText`.
     explicit LineField(QWidget* parent) : QLineEdit(parent) {
         // A text that the validator has changed does not count as modified otherwise.
         connect(this, &QLineEdit::textEdited, this, [this] { setModified(true); });
@@ -30,6 +32,7 @@ public:
     }
 
 protected:
+    /// Handles the menu bar like a popup menu. For it, QLineEdit keeps the selection.
     void focusOutEvent(QFocusEvent* event) override {
         if (event->reason() != Qt::MenuBarFocusReason)
             return QLineEdit::focusOutEvent(event);
@@ -38,7 +41,8 @@ protected:
     }
 
 private:
-    // A carriage return with a line feed after it is one line end.
+    // Replaces each line end by a space, and removes those at the end of the text. A carriage return with a
+    // line feed after it is one line end. Accepts every text.
     class OneLine : public QValidator {
     public:
         State validate(QString& text, int& position) const override {
@@ -50,6 +54,7 @@ private:
         }
     };
 
+    /// Used as the validator while the text that was shown last has no line ends.
     OneLine oneLine_;
 };
 

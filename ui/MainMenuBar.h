@@ -18,10 +18,12 @@ namespace tabulon {
 class MainMenu;
 class ResponderChain;
 
-/// Returns the key sequence of a menu item, empty for an item without one.
+/// Returns the key sequence of a menu item, empty for an item without one. Command is the Ctrl key, Option
+/// the Alt key and Control the Meta key. A capital letter requires Shift.
 QKeySequence keySequence(const MenuItem& item);
 
-/// Returns all key sequences that choose the item; the first one is shown in the menu.
+/// Returns all key sequences that choose the item; the first one is shown in the menu. "+" is chosen by "="
+/// too. Empty for an item without a key.
 QList<QKeySequence> keySequences(const MenuItem& item);
 
 /// A menu is filled when it is about to be shown. Until then it contains only its items with keys, so that
@@ -31,8 +33,8 @@ class MainMenuBar : public QMenuBar {
     Q_OBJECT
 
 public:
-    /// `willPerform` is called before an item's action runs. Requires: `content` and `responders` outlive
-    /// this object.
+    /// `willPerform` is called before an item's action runs, and must not be empty. The window that the bar
+    /// is added to owns the bar. Requires: `content` and `responders` outlive this object.
     MainMenuBar(const MainMenu& content, const ResponderChain& responders, std::function<void()> willPerform);
 
 signals:
@@ -44,15 +46,18 @@ private:
     void noteKeyboardBefore();
     /// Records the widget that commands of an opened menu act on.
     void noteTarget();
-    /// Runs the action of an item on that widget, or else on the rows or the application.
+    /// Runs the action of an item on that widget, or else on the rows or the application. The action may show
+    /// alerts, and may close the window of the bar.
     void perform(const MenuItem& item);
-    /// Adds the menu at this place, with its items that have keys.
+    /// Adds the menu at this place, with its items that have keys. Adds the letter of its mnemonic to
+    /// `takenLetters`.
     void addMenuAt(std::size_t place, QSet<QChar>& takenLetters);
-    /// Builds the content of a menu that is about to be shown.
+    /// Replaces the content of a menu that is about to be shown. `place` is its place in `content_`.
     void refill(QMenu* menu, std::size_t place);
     /// Adds these items to a menu.
     void fill(QMenu* menu, const std::vector<MenuItem>& items);
-    /// Adds one item to a menu.
+    /// Adds one item to a menu: a separator, a submenu or an action. `title` contains the mark of its
+    /// mnemonic.
     void add(QMenu* menu, const MenuItem& item, const QString& title);
 
     const MainMenu& content_;
@@ -61,9 +66,11 @@ private:
     /// The widget that had the keyboard when the open menu was opened. Null after that widget was destroyed,
     /// and while `hasTarget_` is false, because no menu is open.
     QPointer<QWidget> target_;
+    /// Whether a menu is open that was opened while a widget had the keyboard.
     bool hasTarget_ = false;
     /// The widget that had the keyboard before the bar; null after it was destroyed.
     QPointer<QWidget> keyboardBefore_;
+    /// Whether a widget had the keyboard when the bar took it.
     bool tookKeyboard_ = false;
 };
 

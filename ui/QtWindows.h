@@ -13,7 +13,7 @@ namespace tabulon {
 class AppDelegate;
 class DocumentMainWindow;
 
-/// Requires: it outlives every window that it has made.
+/// Creates the windows and keeps a list of them. Requires: it outlives every window that it has made.
 class QtWindows : public DocumentWindowMaker {
 public:
     /// Sets the icon of the program. `app` and `platform` are used by the windows and may be made after this
@@ -22,9 +22,10 @@ public:
     QtWindows(const QtWindows&) = delete;
     QtWindows& operator=(const QtWindows&) = delete;
 
-    /// Returns a new window, not shown yet. Never `nullptr`.
+    /// Returns a new window, not shown yet. Never `nullptr`. Destroying it hides the window on the screen at
+    /// once. Its widgets are deleted later by the main loop, because one of their events may be in progress.
     std::unique_ptr<DocumentWindow> makeWindow(ViewController& controller) override;
-    /// Shows the panel as a sheet and returns at once.
+    /// Shows the panel as a sheet of the document's window and returns at once. The window owns the panel.
     void presentVersions(std::shared_ptr<VersionsController> controller) override;
 
     /// Returns the window of `document`; the active window if `document` is `nullptr` or has no window;
@@ -37,7 +38,7 @@ private:
 
     AppDelegate& app_;
     const Platform& platform_;
-    /// The windows that exist. Not owned.
+    /// The windows that exist, in the order in which they were made. Not owned.
     std::vector<DocumentMainWindow*> windows_;
 };
 

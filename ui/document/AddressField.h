@@ -7,7 +7,7 @@
 
 namespace tabulon {
 
-/// The field.
+/// The field. Addresses may have any length.
 class AddressField : public LineField {
     Q_OBJECT
 
@@ -15,7 +15,7 @@ public:
     /// `parent` owns the field.
     explicit AddressField(QWidget* parent);
 
-    /// Shows the address. Does not emit `addressEdited`.
+    /// Shows the address (UTF-8). Does not emit `addressEdited`. Null is shown as an empty text.
     void setAddress(const Text& address);
 
 signals:
@@ -23,14 +23,16 @@ signals:
     void addressEdited(const QString& address);
 
 protected:
+    /// Shows the address as it is, before the user edits it.
     void focusInEvent(QFocusEvent* event) override;
+    /// Shows the address percent-encoded, unless the field's own menu takes the keyboard.
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    /// Shows the address, percent-encoded or as it is.
+    /// Shows the address, percent-encoded if `coded` is true. Keeps the cursor if the text stays the same.
     void showAddress(bool coded);
 
-    /// The address as it is.
+    /// The address as it is, with what the user has typed.
     QString address_;
 };
 

@@ -14,13 +14,15 @@ public:
     /// `parent` owns the label.
     explicit ElidedLabel(QWidget* parent);
 
-    /// Returns the height of one line. The width is ignored by layouts.
+    /// Returns the height of one line with a few pixels above and below it. The width is ignored by layouts.
     QSize sizeHint() const override;
     /// Returns the same height with the width 0.
     QSize minimumSizeHint() const override;
 
 protected:
+    /// Sets the tool tip when it is requested: the whole text, or an empty one if all of the text is shown.
     bool event(QEvent* event) override;
+    /// Paints a line at the upper edge and as much of the text as fits.
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -10,7 +10,8 @@ namespace tabulon {
 /// desktops do.
 bool newWindowsTakeTheKeyboard();
 
-/// Shows a dialog inside its parent window.
+/// Shows a dialog inside its parent window. The dialog stays at the lower right when the window is resized,
+/// and becomes smaller where the window has too little room.
 class EmbeddedPanel : public QObject {
     Q_OBJECT
 
@@ -21,18 +22,23 @@ public:
     explicit EmbeddedPanel(QDialog& panel);
 
 signals:
-    /// Emitted when the keyboard has left the panel.
+    /// Emitted when the keyboard has left the panel for another widget, or for another program.
     void left();
 
 protected:
+    /// Places the panel after its window was resized, and paints its frame. When the panel is hidden while it
+    /// has the keyboard, returns the keyboard to the widget that had it before. Returns false: no event is
+    /// consumed.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    /// Emits `left` when the keyboard moves from the panel to another widget.
+    /// Emits `left` when the keyboard moves out of the panel. Records `from` when it moves into the panel.
+    /// Either may be `nullptr`.
     void keyboardMoved(QWidget* from, QWidget* to);
-    /// Places the panel in its window.
+    /// Places the panel in its window, above the status line.
     void place();
 
+    /// Owns this object.
     QDialog& panel_;
     QPointer<QWidget> before_; // the widget that had the keyboard before the panel
 };

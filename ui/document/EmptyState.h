@@ -8,12 +8,12 @@
 
 namespace tabulon {
 
-/// The page of an empty document.
+/// The page of an empty document. Its button receives the keyboard when the page does.
 class EmptyState : public QWidget {
     Q_OBJECT
 
 public:
-    /// The texts are read once. `parent` owns the widget.
+    /// Creates the page. `texts` is used only during the construction. `parent` owns the widget.
     EmptyState(const Localization& texts, QWidget* parent);
 
 signals:

@@ -36,7 +36,8 @@ struct OutlineColumn {
 /// column has `ColumnWidth::Rest`.
 using OutlineColumns = std::vector<OutlineColumn>;
 
-/// Returns the columns of a document: Name, URL and, hideable, Tags. `titles` are in this order.
+/// Returns the columns of a document: Name, URL and, hideable, Tags. `titles` are in this order; a missing
+/// title is empty.
 inline OutlineColumns documentColumns(const QStringList& titles) {
     return {
         {.identifier = Column::Name, .title = titles.value(0), .width = ColumnWidth::Share, .share = 0.45},

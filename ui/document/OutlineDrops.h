@@ -50,11 +50,12 @@ public:
     /// it was accepted. Ignores it if `begin` has read no items. The event's drop action is set; it is never
     /// a move of items that the outline only copies, since their source might delete them.
     bool offer(QDropEvent* event, const DropSpot& spot);
-    /// Offers a drop at the event's place over the rows, and marks that place if it was accepted.
+    /// Offers a drop at the event's place over the rows, and marks that place if it was accepted. A drag that
+    /// rests on a collapsed folder expands it after `kSpringDelay`.
     void moveOverRows(QDropEvent* event);
     /// Performs a drop at `spot` if it is accepted, else ignores the event. Ends the drag over the outline.
     void perform(QDropEvent* event, const DropSpot& spot);
-    /// Performs a drop at the event's place over the rows.
+    /// Performs a drop at the event's place over the rows, as `perform` does. Does nothing without a model.
     void performOverRows(QDropEvent* event);
     /// Ends the drag over the outline: releases its items and removes the mark.
     void end();
@@ -69,17 +70,20 @@ signals:
     void markChanged();
 
 private:
-    /// Returns the place of a drop at this point of the viewport.
+    /// Returns the place of a drop at this point of the viewport: the root if there is no row.
     DropSpot spotAt(const QPoint& point) const;
     /// Expands the folder that the drag rests on.
     void expandMarkedFolder();
 
     const OutlineRowsView& view_;
     const Targets targets_;
+    /// The items of the drag; empty while there is no drag.
     std::vector<PasteboardItem> items_;
     /// The outline that the drag began in, or `nullptr`.
     const Outline* source_ = nullptr;
+    /// Its item is not owned.
     std::optional<DropSpot> markedSpot_;
+    /// Runs while the drag rests on a collapsed folder.
     QTimer spring_;
 };
 

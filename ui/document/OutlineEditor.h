@@ -17,7 +17,7 @@ class OutlineEditor : public QStyledItemDelegate {
     Q_OBJECT
 
 public:
-    /// Whose texts are edited.
+    /// Whose texts are edited, and where the new texts are reported.
     struct Texts {
         const Outline& outline;
         const OutlineCells& cells;
@@ -36,18 +36,20 @@ public:
     /// Passes the text of the field to FieldEditing. Does nothing if the user has not changed the field or
     /// the view has no model.
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
-    /// Ends the field at Return, and keeps it open while the keyboard is in the menu bar.
+    /// Ends the field at Return, and keeps it open while the keyboard is in the menu bar. Returns whether the
+    /// event was consumed.
     bool eventFilter(QObject* object, QEvent* event) override;
     /// Places the field over the cell, from the beginning of its text to its end.
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
 
 private:
-    /// Returns the text of the cell as it is stored.
+    /// Returns the text of the cell as it is stored, which may have line breaks. Requires: the view has a
+    /// model.
     QString storedText(const QModelIndex& index) const;
     /// Returns the place of the field in the viewport.
     QRect fieldRect(const QModelIndex& index) const;
-    /// Reports the text of the field and closes it.
+    /// Reports the text of the field and closes it. The view deletes the field later.
     void end(QWidget& field);
     /// Keeps the field open until the keyboard has left the menu bar.
     void keepWhileMenuBarHasKeyboard(QWidget& field);

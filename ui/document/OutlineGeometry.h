@@ -16,10 +16,13 @@ class OutlineHeader;
 struct NameCellParts {
     /// As high as the row. A press here expands and collapses a folder.
     QRect triangle;
+    /// The square place of the status mark.
     QRect status;
+    /// The square place of the icon. Every cell has it.
     QRect icon;
     /// As wide as the name, or as the room for it.
     QRect text;
+    /// The square places of the images after the name.
     QRect indicator;
     QRect labelMark;
 };
@@ -34,7 +37,7 @@ public:
         : header_(header), area_(area) {}
 
     /// Sets the height of the rows and the size of images for `font`. Rows are higher than `rowHeight` where
-    /// the font or its images need it.
+    /// the font or its images need it. Images are at least 16 pixels high.
     void setFont(const QFont& font, int rowHeight);
     /// Returns the height of every row.
     int rowHeight() const { return rowHeight_; }
@@ -43,7 +46,8 @@ public:
     /// Returns the distance between one level of the tree and the next.
     int indentation() const { return iconSize_ + 2; }
 
-    /// Returns the row at this height of the viewport. It may be beyond the last one.
+    /// Returns the row at this height of the viewport. It may be beyond the last one, and is 0 or negative
+    /// above the first one.
     int rowAtY(int y) const;
     /// Returns the place of a row, as wide as all columns and at least as the viewport.
     QRect rowRect(int row) const;

@@ -36,7 +36,8 @@ public:
     void setModel(QAbstractItemModel* model) override;
 
     /// Divides `width` among the columns. No column becomes narrower than the smallest width, so they may be
-    /// wider than `width` together.
+    /// wider than `width` together. Does nothing without a model, and if they were divided for this width
+    /// before.
     void layOut(int width);
 
     /// Sets the width of a column that does not take the rest; `nullopt` for its share.
@@ -48,7 +49,8 @@ public:
     void showColumn(Column column, std::size_t index, int width);
     /// Hides a column.
     void hideColumn(Column column);
-    /// Returns the place of a column from the left, or `nullopt` while it is hidden.
+    /// Returns the place of a column from the left, or `nullopt` while it is hidden. Hidden columns to its
+    /// left count.
     std::optional<std::size_t> placeOf(Column column) const;
 
     /// Moves a column to the place of `other` if it is not on the wanted side of it: before it or, for false,

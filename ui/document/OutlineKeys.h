@@ -38,8 +38,9 @@ public:
     /// Performs the key if it is one of the outline, and returns whether it is. A Return that is repeated
     /// while it is held does nothing and counts as one, because it may have ended a field.
     bool press(const QKeyEvent& event);
-    /// Goes to the next row whose name begins with the letters that were typed in quick succession, of which
-    /// `text` is the last. The same letter again goes to the next such row.
+    /// Selects the next row whose name begins with the letters that were typed in quick succession, of which
+    /// `text` is the last. The same letter again selects the next such row. After the last row the search
+    /// continues with the first one. Does nothing if no name begins so.
     void type(const QString& text);
     /// Expands a collapsed folder and collapses an expanded one. Does nothing for other rows. Requires: the
     /// row exists.
@@ -48,16 +49,16 @@ public:
 private:
     /// Handles a key that expands, collapses or moves in the tree. Returns whether it is one.
     bool pressTreeKey(int key);
-    /// Expands the folder, or goes to its first child if it is expanded.
+    /// Expands the folder, or selects its first child if it is expanded.
     void goRight(std::size_t row);
-    /// Collapses the folder, or goes to the row that the item is in if it is not expanded.
+    /// Collapses the folder, or selects the row of the folder that the item is in if it is not expanded.
     void goLeft(std::size_t row);
     /// Selects a row if none is selected. Returns whether it did.
     bool showCursor(int key);
 
     OutlineRowsView& view_;
     const Commands commands_;
-    /// The beginning of a name, as typed.
+    /// The beginning of a name, as typed. Valid while the user types in quick succession.
     QString typed_;
     QElapsedTimer sinceTyped_;
 };

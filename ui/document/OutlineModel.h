@@ -27,6 +27,7 @@ public:
     int columnCount(const QModelIndex& parent = {}) const override;
     /// Returns the text of a cell in one line, for display and for accessibility.
     QVariant data(const QModelIndex& index, int role) const override;
+    /// Every cell can be dragged. A cell can be edited where FieldEditing allows it.
     Qt::ItemFlags flags(const QModelIndex& index) const override;
     /// Returns the title of a column and its alignment.
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
@@ -54,7 +55,9 @@ private:
 
     ViewController& controller_;
     const OutlineColumns columns_;
+    /// The number of rows that Qt knows of. It differs from the controller's during a change.
     int rows_ = 0;
+    /// The number of rows of the change that has begun.
     int changing_ = 0;
 };
 

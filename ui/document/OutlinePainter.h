@@ -58,24 +58,27 @@ public:
     void paintRow(QPainter& painter, int row, const RowLook& look) const;
     /// Paints the mark of a drop's place: a frame around its row or all rows, or a line between two rows.
     void paintDropSpot(QPainter& painter, const DropSpot& spot) const;
-    /// Returns the picture that follows the pointer during a drag: the names of the first few of the rows,
+    /// Returns the picture that follows the pointer during a drag: the names of the first eight rows at most,
     /// one below the other, each with its icon. Requires: `rows` is not empty.
     QPixmap pictureOfRows(const RowSet& rows) const;
 
 private:
+    /// Paints the triangle, the images and the text of a Name cell, or the line of a separator.
     void paintNameCell(QPainter& painter, int row, const RowLook& look) const;
+    /// Paints the text of a cell in another column.
     void paintTextCell(QPainter& painter, int row, Column column, const RowLook& look) const;
     /// Paints the line of a separator from `left` to the end of `area`.
     void paintSeparator(QPainter& painter, const QRect& area, int left, const QColor& color) const;
+    /// Paints the triangle of a folder in the middle of `rect`, pointing down if `expanded` is true.
     void paintTriangle(QPainter& painter, const QRect& rect, bool expanded, const QColor& color) const;
     /// Paints a text in one line, with an ellipsis where it does not fit.
     void paintText(QPainter& painter, const QRect& rect, const ColoredText& text, const QColor& color) const;
     /// Paints the background of a text in a label's colour, if it needs one.
     void paintGround(QPainter& painter, const QRect& rect, const QString& text,
                      const LabelColor& color) const;
-    /// Does nothing for an empty name or place.
+    /// Paints the image of this name. Does nothing for an empty name or place.
     void paintImage(QPainter& painter, const QRect& rect, std::string_view name) const;
-    /// Paints the image with all of its parts in this colour.
+    /// Paints the image with all of its parts in this colour. Does nothing for an empty name.
     void paintTintedImage(QPainter& painter, const QRect& rect, std::string_view name,
                           const QColor& color) const;
     /// Paints a row of the picture of a drag.
@@ -84,9 +87,11 @@ private:
     const QIcon& icon(std::string_view name) const;
     /// Returns a colour of the area's palette.
     QColor color(QPalette::ColorRole role) const;
-    /// Returns the colour of a text in the Name column.
+    /// Returns the colour of a text in the Name column: that of its label, or that of a selection if the row
+    /// is selected.
     QColor textColor(const ColoredText& text, const RowLook& look) const;
-    /// Returns the colour of a text in the other columns.
+    /// Returns the colour of a text in the other columns, which is fainter unless the text has a label's
+    /// colour or the row is selected.
     QColor secondaryTextColor(const ColoredText& text, const RowLook& look) const;
 
     const Parts parts_;

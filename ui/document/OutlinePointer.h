@@ -24,13 +24,14 @@ public:
 
     /// Returns the row at this point, or `nullopt` if there is none.
     std::optional<std::size_t> rowAt(const QPoint& point) const;
-    /// Returns the row of the folder whose triangle is at this point, or `nullopt` if there is none.
+    /// Returns the row of the folder whose triangle is at this point, or `nullopt` if there is none. The area
+    /// of a triangle is as high as the row.
     std::optional<std::size_t> triangleAt(const QPoint& point) const;
     /// Expands or collapses the folder whose triangle the left button is pressed on, with Alt together with
     /// everything below it. Returns false and does nothing if there is no triangle.
     bool pressTriangle(const QMouseEvent& event);
-    /// Returns the tool tip at this point: that of the image under it, else that of the cell, else the cell's
-    /// text if it is cut off. Empty if there is none.
+    /// Returns the tool tip at this point, as escaped rich text: that of the image under it, else that of the
+    /// cell, else the cell's text if it is cut off. Empty if there is none.
     QString toolTipAt(const QPoint& point) const;
 
 private:

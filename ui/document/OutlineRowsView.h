@@ -22,10 +22,11 @@ public:
     /// `parent` owns the view.
     OutlineRowsView(OutlineColumns columns, QWidget* parent);
 
-    /// Sets the model of the rows and of the header, which is not owned; `nullptr` for none.
+    /// Sets the model of the rows and of the header, which is not owned; `nullptr` for none. Clears the
+    /// selection.
     void showModel(QAbstractItemModel* model);
 
-    /// Returns the header, with the widths and places of the columns.
+    /// Returns the header, with the widths and places of the columns. It exists as long as the view.
     OutlineHeader& header() const { return *header_; }
     /// Returns the places of rows and cells.
     const OutlineGeometry& geometry() const { return geometry_; }
@@ -35,7 +36,7 @@ public:
 
     /// Returns the number of rows, 0 without a model.
     int rowCount() const { return model() ? model()->rowCount() : 0; }
-    /// Returns the index of the row's first cell.
+    /// Returns the index of the row's first cell. Requires: the view has a model.
     QModelIndex indexOfRow(int row) const { return model()->index(row, 0); }
     /// Selects the row alone, makes it the current one and scrolls to it. Requires: the row exists.
     void goToRow(std::size_t row);
@@ -53,6 +54,7 @@ protected:
     /// Returns the first cell of the row that the current one moves to, or an invalid index without rows. A
     /// page is one row less than the viewport shows.
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    /// Both offsets are in pixels, from the beginning of all columns and rows.
     int horizontalOffset() const override;
     int verticalOffset() const override;
     bool isIndexHidden(const QModelIndex&) const override { return false; }
@@ -62,11 +64,14 @@ protected:
     QRegion visualRegionForSelection(const QItemSelection& selection) const override;
     /// Sets the ranges of the scroll bars, and the place and the widths of the header.
     void updateGeometries() override;
+    /// Moves the painted rows by so many pixels, and the header with them.
     void scrollContentsBy(int dx, int dy) override;
 
 private:
+    /// Owned by this widget.
     OutlineHeader* header_;
     OutlineGeometry geometry_;
+    /// True during `updateGeometries`, which would otherwise call itself.
     bool updatesGeometries_ = false;
 };
 

@@ -24,8 +24,8 @@ class OutlineWidget : public OutlineRowsView, public OutlineView {
     Q_OBJECT
 
 public:
-    /// `columnTitles` are those of Name, URL and Tags. Requires: the controller exists until `detach` is
-    /// called.
+    /// `columnTitles` are those of Name, URL and Tags. `parent` owns the widget. Requires: the controller
+    /// exists until `detach` is called.
     OutlineWidget(ViewController& controller, const QStringList& columnTitles, QWidget* parent);
 
     /// Detaches the view from the controller, and shows no rows after that.
@@ -36,7 +36,7 @@ public:
     /// Returns the drag over the outline, for drops on other parts of the window.
     OutlineDrops& drops() { return drops_; }
     /// Expands a collapsed folder and collapses an expanded one. Does nothing for other rows. Requires: the
-    /// row exists.
+    /// row exists, and `detach` was not called.
     void toggleRow(std::size_t row) { keys_.toggleRow(row); }
 
     /// Called when the context menu was closed. Commands act on the selected rows again.
@@ -44,14 +44,18 @@ public:
 
     // OutlineView
 
+    /// Ends editing in place first, which takes over what was typed.
     void willReloadData() override;
     void didReloadData() override;
     void willInsertRows(RowRange rows) override;
     void didInsertRows() override;
+    /// If one of the rows is the current one, makes a row beside them the current one: the row after them, or
+    /// the row before them if they were the last or all rows of a folder.
     void willRemoveRows(RowRange rows) override;
     void didRemoveRows() override;
+    /// Reports the first of the rows to screen readers.
     void reloadRows(RowRange rows) override;
-    /// Sorts the ranges of the selection, however many rows they have.
+    /// Sorts the ranges of the selection. The time does not depend on the number of rows in them.
     RowSet selectedRows() const override;
     std::optional<std::size_t> selectedRow() const override;
     void selectRows(const RowSet& rows) override;
@@ -62,12 +66,14 @@ public:
     void editCell(Column column, std::size_t row) override;
     /// Includes a word that an input method is composing.
     void endEditing() override;
+    /// Returns whether a field is shown over a cell.
     bool isEditing() const override;
     /// False while a menu is open.
     bool hasKeyboard() const override;
     std::optional<Column> columnUnderPointer() const override;
     /// Limits the width to 10,000 points.
     void addTagsColumn(std::size_t index, double width) override;
+    /// The other columns take its width.
     void removeTagsColumn() override;
     std::optional<std::size_t> tagsColumnIndex() const override;
     void showSortIndicator(std::optional<Column> column, SortDirection direction) override;
@@ -76,7 +82,7 @@ public:
 
     // QAbstractItemView
 
-    /// Goes to the next row whose name begins with what was typed.
+    /// Selects the next row whose name begins with what was typed. Does nothing after `detach`.
     void keyboardSearch(const QString& search) override;
 
 signals:
@@ -88,16 +94,27 @@ signals:
 protected:
     /// Closes the field. If Tab has ended it, edits the URL after a name, or else the name.
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+    /// Reports the selection to the controller, and to screen readers.
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    /// Reports the current row to screen readers.
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     /// Takes over a new font of the application or a new style.
     void changeEvent(QEvent* event) override;
+    /// Paints the rows that the event concerns, and the mark of a drop's place. Paints no rows after
+    /// `detach`.
     void paintEvent(QPaintEvent* event) override;
+    /// Shows the tool tip when it is requested.
     bool viewportEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    /// Keeps the selection for the right button. A press on a triangle expands or collapses its folder and
+    /// selects nothing.
     void mousePressEvent(QMouseEvent* event) override;
+    /// Toggles a folder. A double click on a triangle counts as two presses.
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    /// Reports the row under the pointer to the controller.
     void mouseMoveEvent(QMouseEvent* event) override;
+    /// Ends editing in place and emits `contextMenuWanted`. Ignores the event if no slot is connected to
+    /// that.
     void contextMenuEvent(QContextMenuEvent* event) override;
     void leaveEvent(QEvent* event) override;
     /// Runs a drag of the selected rows, and returns when it has ended. The widget may be destroyed
@@ -126,6 +143,7 @@ private:
 
     /// `nullptr` after `detach`. The members below refer to its parts and do not use them after that.
     ViewController* controller_;
+    /// Owned by this widget.
     OutlineModel* rows_;
     const OutlinePainter painter_;
     OutlineDrops drops_;

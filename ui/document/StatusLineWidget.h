@@ -17,7 +17,7 @@ public:
     /// `parent` owns the widget.
     explicit StatusLineWidget(QWidget* parent);
 
-    /// Shows the text, which has one line. What does not fit is replaced by an ellipsis.
+    /// Shows the text, which has one line and no markup. What does not fit is replaced by an ellipsis.
     void setText(const QString& text);
     /// Sets the font of the text.
     void setTextFont(const QFont& font);

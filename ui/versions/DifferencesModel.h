@@ -17,18 +17,22 @@ public:
     /// Requires: the controller outlives this object.
     DifferencesModel(const VersionsController& controller, QObject* parent);
 
-    /// Reads the controller's differences again. Items that were removed since the version are checked.
+    /// Reads the controller's differences again. Items that were removed since the version are checked, and
+    /// no others.
     void reload();
-    /// Returns the checked rows in ascending order.
+    /// Returns the checked rows in ascending order. Linear in the number of rows.
     std::vector<std::size_t> checkedRows() const;
 
+    /// Returns the number of differences when `reload` was called last.
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
+    /// Returns the title of a column.
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     /// Returns the texts of a row, and the state of its check box if it can be put back.
     QVariant data(const QModelIndex& index, int role) const override;
     /// Sets the check box of a row. Returns false for everything else.
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+    /// Only the first cell of a difference that can be put back has a check box.
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 private:

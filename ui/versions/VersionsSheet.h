@@ -24,8 +24,10 @@ class VersionsSheet : public QDialog, private VersionsPanel {
     Q_OBJECT
 
 public:
-    /// Creates the panel and passes it to `setPanel`. It deletes itself when it is closed.
+    /// Creates the panel and passes it to `setPanel`. `window` owns it, and it deletes itself when it is
+    /// closed. Requires: `controller` is not `nullptr`.
     VersionsSheet(std::shared_ptr<VersionsController> controller, QWidget* window);
+    /// Calls `setPanel(nullptr)`.
     ~VersionsSheet() override;
 
 private:
@@ -33,6 +35,7 @@ private:
     void reloadVersion(std::size_t index) override;
     /// Shows the differences of the chosen version, or why it cannot be read.
     void reloadDifferences() override;
+    /// The main loop deletes the panel after that.
     void dismiss() override;
 
     /// Returns a text of the program in the user's language.
@@ -41,13 +44,13 @@ private:
     void makeVersions();
     /// Sets up the list of differences.
     void makeDifferences();
-    /// Creates the widget with both lists.
+    /// Returns a new widget with both lists, owned by this one.
     QWidget* makeLists();
-    /// Creates the widget that is shown if there are no versions.
+    /// Hides both lists and returns the text that is shown if there are no versions, owned by this widget.
     QWidget* makeEmptyState();
     /// Creates the buttons.
     void makeButtons();
-    /// Creates a button that runs `slot`.
+    /// Returns a new button that runs `slot`. `key` is the key of its title. Owned by the row of buttons.
     QPushButton* makeButton(const char* key, void (VersionsSheet::*slot)());
     /// Enables the buttons that can be used.
     void updateButtons();
@@ -59,6 +62,7 @@ private:
     void openChosen();
 
     const std::shared_ptr<VersionsController> controller_;
+    /// The widgets and the model are owned by this object.
     QTreeWidget* versions_;
     QTreeView* differences_;
     DifferencesModel* model_;
@@ -66,6 +70,7 @@ private:
     QDialogButtonBox* buttons_;
     /// The letters that are mnemonics already.
     QSet<QChar> mnemonics_;
+    /// `nullptr` only during the construction.
     QPushButton* open_ = nullptr;
     QPushButton* putBack_ = nullptr;
     QPushButton* putBackAll_ = nullptr;
