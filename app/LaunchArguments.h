@@ -31,7 +31,7 @@ struct LaunchArguments {
 
 /// Returns the parsed arguments. `arguments` are those after the program's name. Files are paths or URIs in
 /// the file system's encoding; a relative path is relative to `workingFolder`, which is empty if there is
-/// none. Fails by the purpose Complain, for an unknown option or theme. Reads no file.
+/// none. The purpose is Complain for an option or theme that does not exist. Reads no file.
 LaunchArguments parseLaunchArguments(const std::vector<std::string>& arguments,
                                      const std::string& workingFolder);
 

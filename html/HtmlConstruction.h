@@ -48,14 +48,18 @@ struct Place {
     Node* before;
 };
 
-/// Refers to the tree and the page's source, which must outlive it. Constant time unless a function says
-/// otherwise.
+/// Refers to the tree and the page's source, which must outlive it. Inserting an element is linear in the
+/// size of its tag, closing elements in their number; other functions take constant time unless they say
+/// otherwise. Functions that use the current place require that an element is open, except `insertElement`
+/// and `insertNamed`, which begin the tree.
 class Construction {
 public:
-    /// The costs of moving one open element, and of a copy of an element, in steps.
+    /// The cost of moving one open element on the stack, in steps.
     static constexpr std::size_t kStepsPerMove = 32;
+    /// The cost of copying an element.
     static constexpr std::size_t kStepsPerCopy = 64;
 
+    /// Requires: `source` is well-formed UTF-8 without carriage returns, and `treeToBuild` is new.
     Construction(std::string_view source, Tree& treeToBuild);
 
     // What the modes share.
@@ -63,43 +67,51 @@ public:
     Tokenizer tokenizer;
     OpenElements open;
     FormattingElements formatting;
+    /// The mode by whose rules the next token is processed.
     Mode mode = Mode::Initial;
     Node* head = nullptr; ///< nullptr before the head
     Node* form = nullptr; ///< the form whose end tag has not been read; nullptr if there is none
+    /// Whether the page is in quirks mode (HtmlQuirks.h).
     bool isQuirky = false;
     bool allowsFrameset = true; ///< a frameset can still replace the body
     bool fosters = false;       ///< content that a table does not allow is inserted before it
     bool skipsNewline = false;  ///< a line feed at the beginning of the next text is ignored
+    /// Whether no further token is processed.
     bool isStopped = false;
 
     /// Stops at the end of the page.
     void stop() { isStopped = true; }
-    /// Subtracts steps from the limit, and stops at 0. Called where one tag can cause many steps.
+    /// Subtracts steps from the limit, and stops at 0. Called where one tag can cause many steps. Does not
+    /// interrupt the caller, which reads `isStopped` in its loops.
     void spend(std::size_t steps);
     /// Returns true if the limit was reached: a constant, and a constant number of steps for each byte of the
     /// source.
     bool isOverLimit() const { return stepsLeft_ == 0; }
 
-    // Insertion.
-    /// Inserts an element at the current place and opens it.
+    /// Inserts an element at the current place, or into the document if no element is open, and opens it. Its
+    /// link is kept if it is an HTML a, area or base with an address. Owned by the tree, as are all nodes.
     Node& insertElement(const Token& token, Namespace space = Namespace::Html);
     /// Inserts and opens an HTML element without attributes.
     Node& insertNamed(Tag tag);
     /// Inserts an element that has no content, and does not leave it open.
     void insertVoid(const Token& token);
-    /// Inserts a text at the current place. Does nothing if it is empty.
+    /// Inserts a text at the current place. Does nothing if it is empty. Requires: `text` is valid as long as
+    /// the tree.
     void insertText(std::string_view text);
     /// Inserts the white space that a text begins with, and removes it from the token. Returns true if the
     /// text is empty then. Linear in the white space.
     bool insertBlanks(Token& text);
     /// Returns `text` without NUL characters, valid as long as the tree. Linear.
     std::string_view withoutNuls(std::string_view text);
-    /// Returns a new HTML element with the tag and link of `node`, without a parent.
+    /// Returns a new HTML element with the name and link of `node`, without a parent and without children. It
+    /// is not open.
     Node& cloneOf(const Node& node);
     /// Returns the place of a new node in `target`. While `fosters` is set, and if `target` is a part of a
-    /// table, this is before the table.
+    /// table, this is before the table. It is in a template if one is open inside the table, and in the
+    /// element around the table if the table has no parent.
     Place placeFor(Node& target) const;
-    /// Inserts an element, as a sibling of its parent if the elements are nested too deep.
+    /// Inserts an element at the place. If more than 512 elements are open, an element at the end of its
+    /// parent becomes a sibling of the parent, as in browsers. Requires: `node` has no parent.
     void attach(Node& node, Place place);
 
     // Ends of elements.
@@ -107,15 +119,20 @@ public:
     void closeImpliedEnds(Tag except = Tag::Other);
     /// Closes an open paragraph if it is in button scope.
     void closeParagraph();
-    /// Closes the innermost element of the tag, and returns true, if it is in `scope`.
+    /// Closes the innermost element of the tag with everything in it, and returns true, if it is in `scope`.
+    /// Returns false, and closes no element, if it is not.
     bool closeInScope(Tag tag, Scope scope = Scope::Normal);
-    /// Closes the innermost element of the token's name, unless a special element is inside it.
+    /// Closes the innermost element of the token's name with everything in it, unless a special element is
+    /// inside it. Linear in the number of elements inside it; they are subtracted from the limit.
     void closeNamed(const Token& token);
 
 private:
+    /// Returns a new element for the token, without a parent.
     Node& newElement(const Token& token, Namespace space);
+    /// Returns the token's link, which the tree owns, or nullptr if the token has no address.
     const LinkAttributes* linkOf(const Token& token);
 
+    /// The number of steps until the limit.
     std::size_t stepsLeft_;
 };
 

@@ -5,18 +5,20 @@
 
 namespace tabulon::html {
 
-/// Each function processes a token in the mode of its name.
+/// Each function processes a token in the mode of its name and returns what follows. All of them close the
+/// innermost template at the end of the page, or stop if there is none.
 class EndModes {
 public:
     /// The objects must outlive this one.
     EndModes(Construction& state, BodyMode& body, HeadModes& head, Templates& templates)
         : state_(state), body_(body), head_(head), templates_(templates) {}
 
-    /// Also of the mode AfterAfterBody.
+    /// Also of the mode AfterAfterBody. White space is processed as in the body. Other content continues in
+    /// the mode InBody.
     Step afterBody(const Token& token);
     /// Inserts only framesets and the text of noframes: a frameset contains no other elements with links.
     Step inFrameset(const Token& token);
-    /// Also of the mode AfterAfterFrameset.
+    /// Also of the mode AfterAfterFrameset. Inserts only the text of noframes.
     Step afterFrameset(const Token& token);
 
 private:

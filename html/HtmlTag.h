@@ -6,7 +6,8 @@
 
 namespace tabulon::html {
 
-/// Sorted by name. Other is every name that has no rule.
+/// The names for which there are rules, sorted by name. Other is every name that has no rule. The order is
+/// that of the table in HtmlTag.cpp.
 enum class Tag : std::uint8_t {
     Other,
     A,
@@ -133,9 +134,10 @@ enum class Tag : std::uint8_t {
     Xmp,
 };
 
+/// The number of tags, with Other.
 inline constexpr std::size_t kTagCount = std::size_t{1} + static_cast<std::size_t>(Tag::Xmp);
 
-/// Properties of the HTML elements of a tag, as bits.
+/// Properties of the HTML elements of a tag, as bits. They do not apply to elements of SVG and MathML.
 enum TagTrait : std::uint8_t {
     kSpecial = 1,        ///< ends the search for an open element of another name
     kFormatting = 2,     ///< is opened again after another end tag has closed it
@@ -147,10 +149,10 @@ enum TagTrait : std::uint8_t {
     kHeading = 128,      ///< "h1" to "h6"
 };
 
-/// Returns the tag of `name`, or Other. Requires: `name` is in lower case.
+/// Returns the tag of `name`, or Other. Logarithmic in the number of tags. Requires: `name` is in lower case.
 Tag tagNamed(std::string_view name);
 
-/// Returns the name of a tag in lower case; empty for Other.
+/// Returns the name of a tag in lower case; empty for Other. Valid as long as the program runs.
 std::string_view nameOf(Tag tag);
 
 /// Returns true if the HTML elements of `tag` have the property `trait`; false for Other.

@@ -5,13 +5,16 @@
 
 namespace tabulon::html {
 
+/// The rules for the content of a template, until its first start tag.
 class TemplateMode {
 public:
     /// The objects must outlive this one.
     TemplateMode(BodyMode& body, HeadModes& head, Templates& templates)
         : body_(body), head_(head), templates_(templates) {}
 
-    /// Processes a token. Requires: a template is open.
+    /// Processes a token. Inserts texts and the elements of the head. Returns Again for any other start tag,
+    /// after it has set the mode that its element needs: that of the body, or of a part of a table. Ignores
+    /// end tags other than that of the template. Requires: a template is open.
     Step process(const Token& token);
 
 private:

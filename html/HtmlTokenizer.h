@@ -23,7 +23,9 @@ struct Attribute {
 struct Token {
     enum class Kind { Doctype, StartTag, EndTag, Comment, Text, End };
 
+    /// Determines which of the fields below have a value.
     Kind kind = Kind::End;
+    /// Of tags: Other for a name without rules.
     Tag tag = Tag::Other;
     /// Of tags: true if they end with "/>".
     bool selfClosing = false;
@@ -42,8 +44,9 @@ struct Token {
     std::string publicId;
     std::string systemId;
 
-    /// Returns the value of the attribute `wanted`, in lower case, or nullptr if there is none. Valid as long
-    /// as the token.
+    /// Returns the value of the attribute with the name `wanted`, or nullptr if there is none. Valid as long
+    /// as the token is unchanged. Linear in the number of attributes. Requires: `wanted` is in lower case,
+    /// and the token is a tag.
     const std::string* attribute(std::string_view wanted) const;
 
     /// Returns true for a start tag of `wanted`.
@@ -73,18 +76,22 @@ public:
     /// last token, and in all later calls. All calls together are linear in the size of the source.
     Token& next();
 
-    /// Returns the number of bytes of the source that have been tokenized.
+    /// Returns the number of bytes of the source that have been tokenized. Never decreases.
     std::size_t position() const { return cursor_; }
 
-    /// Sets how the content of the element is tokenized whose start tag was returned last.
+    /// Sets how the content of the element is tokenized whose start tag was returned last. From its end tag
+    /// on, the source is markup again. Requires: `next` has returned a start tag last.
     void setContent(Content content) {
         content_ = content;
         endName_ = token_.name;
     }
-    /// Sets whether "<![CDATA[" begins a text, as in SVG and MathML, or a comment, as in HTML.
+    /// Sets whether "<![CDATA[" begins a text, as in SVG and MathML, or a comment, as in HTML. It is a
+    /// comment at first.
     void setAllowsCdata(bool allows) { allowsCdata_ = allows; }
 
 private:
+    /// Each of these functions reads from `cursor_` on, moves it to the end of what it has read, and sets
+    /// `token_`. Markup that is no token, such as "</>", only moves the cursor.
     void readMarkup();
     void readText();
     void readRaw();
@@ -94,26 +101,37 @@ private:
     void readBogusComment();
     void readDoctype();
     void readDoctypeIds(std::string_view rest);
+    /// These return false if the tag has no end before the end of the source.
     bool readTag(Token::Kind kind, std::size_t nameBegin);
     bool readAttributes();
     bool readAttribute();
     bool readValue(std::string& value);
+    /// Appends a name in lower case, with U+FFFD for each NUL.
     void appendName(std::string_view bytes, std::string& name);
+    /// Keeps the first of attributes with equal names. Linear in the number of attributes.
     void removeRepeatedAttributes();
+    /// Returns the position of the end tag `endName_`, or the size of the source if there is none.
     std::size_t rawEnd() const;
+    /// Does the same for a script, in which a comment can contain the end tag.
     std::size_t scriptEnd() const;
     bool isEndTagAt(std::size_t position) const;
+    /// Returns true if `name` is there, in either case, with a character after it that ends a name.
     bool isNameAt(std::size_t position, std::string_view name) const;
+    /// Sets a text as the token, unless it is empty. Decodes its references, and replaces NUL by U+FFFD, as
+    /// requested.
     void giveText(std::string_view raw, bool decodes, bool replacesNul);
     void skipSpaces();
 
+    /// Returns the byte at a position, or NUL after the end of the source.
     char at(std::size_t position) const { return position < source_.size() ? source_[position] : '\0'; }
     bool isAtEnd() const { return cursor_ >= source_.size(); }
 
     std::string_view source_;
     std::deque<std::string>& texts_;
+    /// The position of the next byte to be read.
     std::size_t cursor_ = 0;
     Content content_ = Content::Markup;
+    /// The name whose end tag ends the content; valid unless that is markup.
     std::string endName_;
     bool allowsCdata_ = false;
     Token token_;
