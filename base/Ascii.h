@@ -35,7 +35,7 @@ constexpr int hexValue(char c) {
     return lower(c) >= 'a' && lower(c) <= 'f' ? lower(c) - 'a' + 10 : -1;
 }
 /// Returns `text` without the characters of `blanks` at its beginning and end. The result is a part of
-/// `text`, empty where `text` contains only blanks.
+/// `text`, empty where `text` contains only blanks. Linear.
 constexpr std::string_view trimmed(std::string_view text, std::string_view blanks) {
     const std::size_t first = text.find_first_not_of(blanks);
     if (first == std::string_view::npos)
@@ -49,12 +49,13 @@ inline std::string lowered(std::string_view text) {
     std::ranges::transform(result, result.begin(), lower);
     return result;
 }
-/// Returns true if `text` begins with `prefix`, ignoring the case of ASCII letters.
+/// Returns true if `text` begins with `prefix`, ignoring the case of ASCII letters. True for an empty prefix.
 inline bool startsWithIgnoringCase(std::string_view text, std::string_view prefix) {
     return text.size() >= prefix.size() &&
            std::ranges::equal(text.substr(0, prefix.size()), prefix, {}, lower, lower);
 }
-/// Returns true if `a` and `b` are equal, ignoring the case of ASCII letters.
+/// Returns true if `a` and `b` are equal, ignoring the case of ASCII letters. Other bytes are compared as
+/// they are.
 inline bool equalsIgnoringCase(std::string_view a, std::string_view b) {
     return std::ranges::equal(a, b, {}, lower, lower);
 }

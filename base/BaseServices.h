@@ -13,8 +13,10 @@ namespace tabulon {
 /// copy of this struct.
 struct BaseServices {
     Clock& clock;
+    /// The settings, not the state that the program stores by itself.
     UserDefaults& defaults;
     Localization& texts;
+    /// Receives failures that are not reported to the user.
     SystemLog& log;
 };
 

@@ -37,7 +37,7 @@ inline ByteBlock equalBytes(ByteBlock a, ByteBlock b) {
 }
 
 /// Returns the highest bit of each byte; that of the first byte becomes bit 0. Of a comparison these are the
-/// positions where it is true, of a text the bytes that are not ASCII.
+/// positions where it is true, of a text the bytes that are not ASCII. Bits 16 to 31 are 0.
 inline std::uint32_t highBits(ByteBlock block) {
 #if defined(__SSE2__)
     return static_cast<std::uint32_t>(_mm_movemask_epi8(std::bit_cast<__m128i>(block)));

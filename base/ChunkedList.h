@@ -58,6 +58,7 @@ public:
         using difference_type = std::ptrdiff_t;
 
         iterator() = default;
+        /// Returns the item, never nullptr. Requires: the iterator is of a list and not its end.
         Item* operator*() const { return list_->chunks_[number_].chunk->items()[place_]; }
         iterator& operator++() {
             if (++place_ == list_->chunks_[number_].chunk->size()) {
@@ -87,6 +88,7 @@ public:
     ChunkedList() = default;
     ChunkedList(const ChunkedList&) = delete;
     ChunkedList& operator=(const ChunkedList&) = delete;
+    /// Clears the links of all items. The items are not destroyed.
     ~ChunkedList() { clear(); }
 
     std::size_t size() const { return size_; }
@@ -139,6 +141,7 @@ public:
     }
 
     /// Sizes the chunks for `count` items that will be added by `append`. Does nothing if the list has items.
+    /// The list does not grow by this, and may get more items or fewer.
     void reserve(std::size_t count) {
         if (empty() && count > 0) {
             chunks_.reserve((count + kMaximum - 1) / kMaximum);
@@ -197,7 +200,7 @@ public:
     }
 
     /// Inserts the items, in their order, before the item at `index` or at the end. Linear in the number of
-    /// items and of chunks. Requires: index <= size().
+    /// items, and in the number of chunks for every 512 of them. Requires: index <= size().
     void insertRange(std::size_t index, std::span<Item* const> items) {
         if (items.size() <= 16) {
             for (Item* item : items)
@@ -257,11 +260,13 @@ public:
     }
 
 private:
+    /// The number of a chunk, and a position in it.
     struct Place {
         std::size_t number;
         std::size_t place;
     };
 
+    /// Returns a chunk without items, which the caller owns. Its `list` is not set.
     static Chunk* newChunkOfCapacity(std::size_t capacity) {
         auto* chunk = static_cast<Chunk*>(std::malloc(sizeof(Chunk) + capacity * sizeof(Item*)));
         if (!chunk)
@@ -276,21 +281,26 @@ private:
         chunk->list = this;
         return chunk;
     }
+    /// Clears the links of the chunk's items and frees it.
     static void freeChunk(Chunk* chunk) {
         for (std::size_t i = 0; i < chunk->size(); ++i)
             unlink(*chunk->items()[i], chunk, i);
         std::free(chunk);
     }
 
+    /// Stores `item` at a position of the chunk, and the link to it in the item. The position must exist.
     static void place(Item& item, Chunk* chunk, std::size_t at) {
         chunk->items()[at] = &item;
         Link::chunk(item) = chunk;
         Link::place(item) = static_cast<std::uint16_t>(at);
     }
+    /// Clears the item's link if it names this position. An item in several lists may have the link to
+    /// another one.
     static void unlink(Item& item, Chunk* chunk, std::size_t at) {
         if (Link::chunk(item) == chunk && Link::place(item) == at)
             Link::chunk(item) = nullptr;
     }
+    /// Sets the links of the chunk's items from a position on.
     static void relink(Chunk* chunk, std::size_t from) {
         for (std::size_t i = from; i < chunk->size(); ++i)
             place(*chunk->items()[i], chunk, i);
@@ -305,11 +315,13 @@ private:
         }
     }
 
+    /// Returns the chunk of this list that the item's link names, or nullptr.
     Chunk* chunkOf(const Item& item) const {
         auto* chunk = static_cast<Chunk*>(Link::chunk(const_cast<Item&>(item)));
         return chunk && chunk->list == this ? chunk : nullptr;
     }
 
+    /// Returns the first index of `item`, or npos. Does not use its link. Linear.
     std::size_t searchFor(const Item& item) const {
         std::size_t index = 0;
         for (const Item* each : *this) {
@@ -320,15 +332,19 @@ private:
         return npos;
     }
 
+    /// Makes `start` valid for the chunks up to this number. Linear in the number of chunks that it was not
+    /// valid for.
     void orderUpTo(std::size_t number) const {
         for (; ordered_ <= number; ++ordered_)
             chunks_[ordered_].start =
                 ordered_ == 0 ? 0 : chunks_[ordered_ - 1].start + chunks_[ordered_ - 1].chunk->size();
     }
+    /// Returns the index of the first item of a chunk.
     std::size_t startOf(std::size_t number) const {
         orderUpTo(number);
         return chunks_[number].start;
     }
+    /// Returns the position of the item at `index`. Requires: index < size().
     Place locate(std::size_t index) const {
         if (chunks_.size() == 1)
             return {0, index};
@@ -339,17 +355,21 @@ private:
         const auto number = static_cast<std::size_t>(after - chunks_.begin()) - 1;
         return {number, index - chunks_[number].start};
     }
+    /// Marks `start` as not valid for the chunks after this one.
     void changedAfter(std::size_t number) { ordered_ = std::min(ordered_, number + 1); }
 
+    /// Sets the numbers of the chunks from `from` on, and marks their `start` as not valid.
     void renumber(std::size_t from) {
         for (std::size_t i = from; i < chunks_.size(); ++i)
             chunks_[i].chunk->number = static_cast<std::uint32_t>(i);
         ordered_ = std::min(ordered_, from);
     }
+    /// Inserts a chunk without items before the chunk `number`. Linear in the number of chunks after it.
     void addChunk(std::size_t number, std::size_t capacity) {
         chunks_.insert(chunks_.begin() + static_cast<std::ptrdiff_t>(number), Entry{newChunk(capacity), 0});
         renumber(number);
     }
+    /// Frees the chunks from `from` up to, not including, `to`, and clears the links of their items.
     void removeChunks(std::size_t from, std::size_t to) {
         for (std::size_t i = from; i < to; ++i)
             freeChunk(chunks_[i].chunk);
@@ -375,6 +395,8 @@ private:
         replaceChunk(number, larger);
         return larger;
     }
+    /// Moves the items of a chunk into `replacement`, which takes its number, and frees the old one.
+    /// Requires: `replacement` has no items and enough room.
     void replaceChunk(std::size_t number, Chunk* replacement) {
         Chunk* old = chunks_[number].chunk;
         replacement->number = static_cast<std::uint32_t>(number);
@@ -382,11 +404,13 @@ private:
         chunks_[number].chunk = replacement;
         std::free(old);
     }
+    /// Appends items of `from` to `to`. Requires: they are the last ones of `from`, or all are moved.
     static void moveItems(Chunk* from, std::size_t first, std::size_t count, Chunk* to) {
         for (std::size_t i = 0; i < count; ++i)
             place(*from->items()[first + i], to, to->count++);
         from->count = static_cast<std::uint16_t>(from->size() - count);
     }
+    /// Moves the items from the position `at` on into a new chunk after this one.
     void split(std::size_t number, std::size_t at) {
         addChunk(number + 1, kMaximum);
         Chunk* chunk = chunks_[number].chunk;
@@ -402,6 +426,7 @@ private:
         split(number, at);
         return number + 1;
     }
+    /// Joins a chunk that has few items with the next one if the result is at most half full.
     void joinWithNext(std::size_t number) {
         Chunk* chunk = chunks_[number].chunk;
         if (chunk->size() >= kMaximum / 8 || number + 1 >= chunks_.size())
@@ -416,10 +441,13 @@ private:
         changedAfter(number);
     }
 
+    /// The chunks in order, none of them empty.
     mutable std::vector<Entry> chunks_;
     std::size_t size_ = 0;
+    /// The number of items that `reserve` was called for.
     std::size_t expected_ = 0;
     mutable std::size_t ordered_ = 0; // the number of chunks, from the first on, whose `start` is valid
+    /// Whether an item was added that was in a list before. Look-ups do not use links then.
     bool shared_ = false;
 };
 

@@ -9,7 +9,8 @@ class Clock {
 public:
     virtual ~Clock() = default;
 
-    /// Returns the seconds since 2001-01-01 00:00 UTC, with their fraction.
+    /// Returns the seconds since 2001-01-01 00:00 UTC, with their fraction. The value may decrease when the
+    /// clock of the computer is set.
     virtual double secondsSinceReferenceDate() const = 0;
 
     /// Returns the IANA name of the user's time zone, such as "Europe/Berlin"; empty for the time zone of the

@@ -34,6 +34,7 @@ public:
     /// Returns the current time of `clock`.
     static Date now(const Clock& clock) { return fromReferenceSeconds(clock.secondsSinceReferenceDate()); }
 
+    /// Returns true for null only, not for a NaN or an infinity.
     bool isNull() const noexcept { return bits() == kNullBits; }
     /// Returns the seconds since 2001-01-01 00:00 UTC; they may be infinite or NaN. Requires: not null.
     double referenceSeconds() const noexcept { return seconds_; }
@@ -48,6 +49,7 @@ private:
 
     std::uint64_t bits() const noexcept { return std::bit_cast<std::uint64_t>(seconds_); }
 
+    /// The seconds after 2001-01-01 00:00 UTC, or the pattern of null.
     double seconds_ = std::bit_cast<double>(kNullBits);
 };
 

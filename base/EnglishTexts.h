@@ -18,7 +18,9 @@ class EnglishLocalization : public Localization {
 public:
     /// `locale` is the name of a locale in any form that `localeIdentifier` accepts.
     explicit EnglishLocalization(std::string_view locale = "en_US") : locale_(localeIdentifier(locale)) {}
+    /// Linear in the size of the table.
     std::string text(std::string_view key) const override;
+    /// Returns the locale of the constructor, as `localeIdentifier` returns it.
     std::string locale() const override { return locale_; }
 
 private:

@@ -22,6 +22,7 @@ inline constexpr int kUserCancelledError = 3072;
 /// Describes a failure to the program (domain and code) and to the user (message and title).
 struct Error {
     ErrorDomain domain = ErrorDomain::None;
+    /// A number of the domain; 0 for ErrorDomain::None.
     int code = 0;
     /// One English sentence with a full stop, UTF-8. It names the cause in terms that the user can act on.
     std::string message;
@@ -36,7 +37,8 @@ inline constexpr int kPropertyListReadCorruptError = 3840;
 template <class T>
 using Result = tl::expected<T, Error>;
 
-/// Returns an error that converts to a failed Result of any type. The title is empty.
+/// Returns an error that converts to a failed Result of any type. The title is empty. `message` is one
+/// sentence, UTF-8.
 inline tl::unexpected<Error> failure(std::string message, ErrorDomain domain = ErrorDomain::None,
                                      int code = 0) {
     return tl::unexpected<Error>(Error{domain, code, std::move(message), {}});

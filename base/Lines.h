@@ -8,8 +8,9 @@
 namespace tabulon {
 
 /// Returns the lines of `text` without their line feeds, empty lines included. A line feed at the end of
-/// `text` ends the last line and does not begin another one. A carriage return before a line feed is part of
-/// its line. The lines are parts of `text` and valid as long as its bytes. Linear.
+/// `text` ends the last line and does not begin another one. An empty text has no lines. A carriage return
+/// before a line feed is part of its line. The lines are parts of `text` and valid as long as its bytes.
+/// Linear.
 inline std::vector<std::string_view> linesOf(std::string_view text) {
     std::vector<std::string_view> lines;
     while (!text.empty()) {

@@ -20,9 +20,10 @@ class LittleEndianReader {
 public:
     explicit LittleEndianReader(std::string_view bytes) : rest_(bytes) {}
 
-    /// Returns the next `size` bytes as a part of the sequence.
+    /// Returns the next `size` bytes as a part of the sequence. Returns an empty part if there are fewer.
     std::string_view take(std::size_t size);
-    /// Returns the next four bytes as an unsigned number, low byte first.
+    /// Returns the next four bytes as an unsigned number, low byte first. Returns 0 if there are fewer;
+    /// `isWhole` distinguishes that from a stored 0.
     std::size_t number();
     /// Returns false after a read beyond the end.
     bool isWhole() const { return whole_; }

@@ -20,12 +20,13 @@ public:
     virtual std::string locale() const = 0;
 
     /// Returns the text for `key` with its first "%@" replaced by `argument`. A text without "%@" is returned
-    /// unchanged.
+    /// unchanged. A "%@" in `argument` is not replaced.
     std::string format(std::string_view key, std::string_view argument) const {
         return filled(key, {argument});
     }
 
-    /// Returns the text for `key` with its first two "%@" replaced by `first` and `second`, in this order.
+    /// Returns the text for `key` with its first two "%@" replaced by `first` and `second`, in this order. A
+    /// "%@" in an argument is not replaced.
     std::string format(std::string_view key, std::string_view first, std::string_view second) const {
         return filled(key, {first, second});
     }
@@ -48,6 +49,7 @@ public:
     }
 
 private:
+    /// Replaces each "%@" by the next argument. The search continues after what was inserted.
     std::string filled(std::string_view key, std::initializer_list<std::string_view> arguments) const {
         std::string result = text(key);
         std::size_t from = 0;

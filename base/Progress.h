@@ -36,7 +36,8 @@ public:
     /// Reports that `done` of `total` is done, if a stride has passed since the last report; otherwise
     /// returns true. Returns false if the user has cancelled, as `Progress::goOn` does.
     [[nodiscard]] bool goOn(std::size_t done) { return !progress_ || done < next_ || tell(done); }
-    /// Reports in any case, for a step that has taken long. Returns as `goOn` does.
+    /// Reports in any case, for a step that has taken long. The next report of `goOn` is a stride after this
+    /// one. Returns as `goOn` does.
     [[nodiscard]] bool tell(std::size_t done) {
         next_ = done + stride_;
         return !progress_ ||
@@ -47,6 +48,7 @@ private:
     Progress* progress_;
     std::size_t total_;
     std::size_t stride_;
+    /// The amount from which on `goOn` reports again.
     std::size_t next_ = 0;
 };
 
@@ -56,6 +58,7 @@ public:
     /// `whole` may be nullptr and must outlive this object. Requires: 0 <= begin <= end <= 1.
     PartialProgress(Progress* whole, double begin, double end) : whole_(whole), begin_(begin), end_(end) {}
 
+    /// Returns true without a report if `whole` is nullptr.
     [[nodiscard]] bool goOn(double fraction) override {
         return !whole_ || whole_->goOn(begin_ + fraction * (end_ - begin_));
     }

@@ -26,7 +26,9 @@ public:
         return ref;
     }
     Ref(const Ref& other) noexcept : Ref(other.object_) {}
+    /// Takes over the count of `other`, which is null afterwards.
     Ref(Ref&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
+    /// Releases the previous object, which may destroy it. Assigning a reference to itself is allowed.
     Ref& operator=(Ref other) noexcept {
         std::swap(object_, other.object_);
         return *this;
@@ -36,8 +38,10 @@ public:
             object_->release();
     }
 
-    /// Returns the object, or nullptr. The caller gets no count of its own.
+    /// Returns the object, or nullptr. The caller gets no count of its own, so the pointer is valid as long
+    /// as some reference to the object.
     T* get() const noexcept { return object_; }
+    /// Requires, also for `->`: not null.
     T& operator*() const noexcept { return *object_; }
     T* operator->() const noexcept { return object_; }
     explicit operator bool() const noexcept { return object_ != nullptr; }

@@ -12,7 +12,8 @@
 
 namespace tabulon {
 
-/// One setting. `Value` is bool, std::int64_t, double, or std::string_view for a text.
+/// One setting. `Value` is bool, std::int64_t, double, or std::string_view for a text. A registered number has
+/// no sign.
 template <class Value>
 struct Setting {
     /// `registeredValue` is the value, as text, that applies until the user sets another one; empty if there
@@ -24,7 +25,9 @@ struct Setting {
             throw "The registered value is not of the setting's type.";
     }
 
+    /// The key in the file of the settings. ASCII.
     std::string_view key;
+    /// The registered value as text; empty for none.
     std::string_view registered;
 
 private:
@@ -40,7 +43,7 @@ private:
     }
 };
 
-/// Returns the value that was set, else the registered one, else false or 0.
+/// Returns the value that was set, else the registered one, else false.
 inline bool valueOf(const UserDefaults& defaults, const Setting<bool>& setting) {
     return defaults.boolForKey(setting.key);
 }
@@ -52,7 +55,8 @@ inline std::int64_t valueOf(const UserDefaults& defaults, const Setting<std::int
 inline double valueOf(const UserDefaults& defaults, const Setting<double>& setting) {
     return defaults.doubleForKey(setting.key);
 }
-/// Returns the text that was set, UTF-8, else the registered one, else an empty text.
+/// Returns the text that was set, else the registered one, else an empty text. A path is in the file system's
+/// encoding, every other text is UTF-8.
 inline std::string valueOf(const UserDefaults& defaults, const Setting<std::string_view>& setting) {
     return defaults.stringForKey(setting.key).value_or("");
 }
@@ -97,6 +101,7 @@ inline constexpr Setting<bool> kCommandM{"CommandM", "YES"};
 inline constexpr Setting<bool> kCommandOptionK{"CommandOptionK", "NO"};
 inline constexpr Setting<bool> kCommandOptionU{"CommandOptionU", "YES"};
 inline constexpr Setting<bool> kCommandShiftU{"CommandShiftU", "NO"};
+/// 0 to 3: address, address in brackets, name and address, HTML.
 inline constexpr Setting<std::int64_t> kCopyFormat{"CopyFormat", "0"};
 inline constexpr Setting<bool> kDockMenu{"DockMenu", "NO"};
 inline constexpr Setting<bool> kDuplicateLinks{"DuplicateLinks", "YES"};
@@ -107,7 +112,9 @@ inline constexpr Setting<bool> kExportNote{"ExportNote", "YES"};
 inline constexpr Setting<bool> kExportSortName{"ExportSortName", "NO"};
 inline constexpr Setting<bool> kExportTags{"ExportTags", "YES"};
 inline constexpr Setting<bool> kExportURL{"ExportURL", "YES"};
+/// The name of a font family; empty for the font of the desktop.
 inline constexpr Setting<std::string_view> kFontName{"FontName"};
+/// In points of 1/72 inch.
 inline constexpr Setting<double> kFontSize{"FontSize", "11.0"};
 inline constexpr Setting<bool> kHideWindows{"HideWindows", "NO"};
 inline constexpr Setting<bool> kHistoryShow{"HistoryShow", "NO"};
@@ -117,6 +124,7 @@ inline constexpr Setting<bool> kLastOpened{"LastOpened", "NO"};
 inline constexpr Setting<bool> kMakeBackups{"MakeBackups", "YES"};
 inline constexpr Setting<bool> kMarkFolder{"MarkFolder", "YES"};
 inline constexpr Setting<bool> kMoveLinks{"MoveLinks", "YES"};
+/// In milliseconds.
 inline constexpr Setting<std::int64_t> kToolTipDelay{"NSInitialToolTipDelay"};
 inline constexpr Setting<bool> kOpenInBrowser{"OpenInBrowser", "YES"};
 inline constexpr Setting<bool> kOpenInCurrent{"OpenInCurrent", "YES"};
@@ -125,6 +133,7 @@ inline constexpr Setting<bool> kOpenInNewTab{"OpenInNewTab", "NO"};
 inline constexpr Setting<bool> kOpenInNewWindow{"OpenInNewWindow", "NO"};
 inline constexpr Setting<bool> kOpenUntitled{"OpenUntitled", "YES"};
 inline constexpr Setting<bool> kRememberDesktop{"RememberDesktop", "YES"};
+/// In points of 1/72 inch. Rows are higher where the font needs it.
 inline constexpr Setting<double> kRowHeight{"RowHeight", "17.0"};
 inline constexpr Setting<bool> kSaveAsHTML{"SaveAsHTML", "NO"};
 inline constexpr Setting<bool> kSharedMenu{"SharedMenu", "YES"};
@@ -137,9 +146,12 @@ inline constexpr Setting<bool> kSkipSeparators{"SkipSeparators", "YES"};
 inline constexpr Setting<bool> kSkipWindow{"SkipWindow", "NO"};
 inline constexpr Setting<bool> kSortImmediately{"SortImmediately", "NO"};
 inline constexpr Setting<bool> kSuppressColumnSortSheet{"SuppressColumnSortSheet"};
+/// The place of the tags column among the columns, from 0.
 inline constexpr Setting<std::int64_t> kTagsIndex{"TagsIndex", "1"};
+/// In points of 1/72 inch.
 inline constexpr Setting<double> kTagsWidth{"TagsWidth", "100.0"};
 inline constexpr Setting<bool> kUnknownLinks{"UnknownLinks"};
+/// In megabytes of 1,000,000 bytes; 0 stores no versions.
 inline constexpr Setting<std::int64_t> kVersionsLimit{"VersionsLimit", "1000"};
 
 } // namespace settings

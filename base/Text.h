@@ -31,7 +31,9 @@ public:
     /// Returns a copy of `bytes`, in which each maximal malformed part is replaced by one U+FFFD. Never null.
     static Text fromBytes(std::string_view bytes);
 
+    /// Shares the bytes of `other`.
     Text(const Text& other) noexcept : block_(other.block_) { retain(); }
+    /// Takes over the bytes of `other`, which is null afterwards.
     Text(Text&& other) noexcept : block_(std::exchange(other.block_, nullptr)) {}
     Text& operator=(Text other) noexcept {
         std::swap(block_, other.block_);
@@ -39,6 +41,7 @@ public:
     }
     ~Text() { release(); }
 
+    /// Returns true for null; false for an empty text.
     bool isNull() const noexcept { return block_ == nullptr; }
     /// Returns true for null and for a text of 0 bytes.
     bool isEmpty() const noexcept { return block_ == nullptr || block_->size == 0; }
@@ -57,7 +60,8 @@ public:
         __builtin_prefetch(reinterpret_cast<const char*>(block_) + 64);
     }
 
-    /// Returns true if the bytes are equal. Null equals only null.
+    /// Returns true if the bytes are equal. Null equals only null. Linear, but constant for texts that share
+    /// their bytes and for texts of different sizes.
     friend bool operator==(const Text& a, const Text& b) noexcept {
         return a.block_ == b.block_ || (a.block_ && b.block_ && a.view() == b.view());
     }
@@ -72,6 +76,7 @@ public:
 private:
     explicit Text(std::size_t size); // leaves the bytes uninitialised
 
+    /// The header of the bytes, which follow it in the same allocation.
     struct Block {
         std::uint32_t references;
         std::uint32_t size;
@@ -85,8 +90,10 @@ private:
         if (block_ && --block_->references == 0)
             destroy(block_);
     }
+    /// Frees the block. Requires: no text refers to it.
     static void destroy(Block* block) noexcept;
 
+    /// nullptr for null.
     Block* block_ = nullptr;
 };
 

@@ -16,7 +16,7 @@ bool isAscii(std::string_view bytes);
 bool isValidUtf8(std::string_view bytes);
 
 /// Returns `bytes` with each maximal malformed part replaced by one U+FFFD, which is valid UTF-8. Valid input
-/// is returned unchanged. Linear.
+/// is returned unchanged. Linear. The result may have up to three times as many bytes.
 std::string decodeUtf8Leniently(std::string_view bytes);
 
 namespace utf8 {
@@ -48,13 +48,14 @@ constexpr Encoded encoded(char32_t character) {
     return {{first(0xF0, 18), last(12), last(6), last(0)}, 4};
 }
 
-/// Appends the bytes of `character`. Requires: at most U+10FFFF.
+/// Appends the bytes of `character`. Requires: at most U+10FFFF. A surrogate is encoded like any other
+/// number.
 inline void append(std::string& text, char32_t character) {
     text += encoded(character).view();
 }
 
-/// Returns the character at `position` and moves `position` to the next one, or to the end. Requires:
-/// well-formed UTF-8, in which `position` is the beginning of a character.
+/// Returns the character at `position` and moves `position` to the next one, or to the end. Constant time.
+/// Requires: well-formed UTF-8, in which `position` is the beginning of a character, and not the end.
 char32_t next(std::string_view text, std::size_t& position);
 
 /// Returns true for the second and later bytes of a character.
@@ -63,7 +64,7 @@ constexpr bool isContinuation(char byte) {
 }
 
 /// Returns the longest beginning of `text` with at most `limit` bytes that does not end inside a character.
-/// The result is a part of `text`. Requires: well-formed UTF-8.
+/// The result is a part of `text`, and may be empty. Constant time. Requires: well-formed UTF-8.
 std::string_view prefix(std::string_view text, std::size_t limit);
 
 } // namespace utf8
