@@ -30,7 +30,7 @@ public:
                        UserDefaults& state);
 
     /// Detaches the window from the controller. Called before the controller is destroyed; the window is
-    /// hidden and deleted after that. Events that arrive between do nothing.
+    /// hidden and deleted after that.
     void detach();
 
     /// Returns the view of the rows, which exists as long as the window.
@@ -72,7 +72,7 @@ protected:
     void changeEvent(QEvent* event) override;
     /// Stores the size for the next window, unless the window is hidden, maximized or on the full screen.
     void resizeEvent(QResizeEvent* event) override;
-    /// Accepts links over the empty state, and files elsewhere beside the rows.
+    /// Accepts files, and over the empty state links as well.
     void dragEnterEvent(QDragEnterEvent* event) override;
     /// Accepts the same as `dragEnterEvent`.
     void dragMoveEvent(QDragMoveEvent* event) override;
