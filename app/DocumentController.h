@@ -64,11 +64,13 @@ public:
     /// document that the menu item represents.
     const ActionTable& actions() const { return actions_; }
 
-    /// Returns the open documents in the order in which they were opened. Not owned by the caller.
+    /// Returns the open documents in the order in which they were opened. Not owned by the caller; each is
+    /// valid until it is closed.
     std::vector<Document*> documents() const { return list_.documents(); }
-    /// Returns the window of `document`, or `nullptr` if it is not open.
+    /// Returns the window of `document`, or `nullptr` if it is not open. Valid until the document is closed.
     DocumentWindow* getWindow(const Document& document) const;
-    /// Returns the outline controller of `document`, or `nullptr` if it is not open.
+    /// Returns the outline controller of `document`, or `nullptr` if it is not open. Valid until the document
+    /// is closed.
     ViewController* getViewController(const Document& document) const;
     /// Returns the document whose window is or was last the active one, or `nullptr` if no document is open.
     Document* currentDocument() const { return current_; }
@@ -88,6 +90,7 @@ public:
     /// window can be made. Fails with the error of the reader, opens no document and shows no alert.
     Result<Document*> openDocument(const std::string& path, std::string_view bytes,
                                    const std::optional<FileIdentity>& identity);
+    /// Shares the ownership of `root`, and expands it.
     Document* openUntitled(const Ref<Bookmark>& root, const std::string& name) override;
     /// Opens `root`, whose name is "Master", as a new untitled document with the default title and unsaved
     /// changes. Returns `nullptr` if no window can be made.
@@ -139,9 +142,11 @@ private:
     /// Makes controller and window, appends the document to the list and shows it. Returns `nullptr` if no
     /// window can be made.
     Document* makeWindowControllers(std::unique_ptr<OpenDocument> opened);
-    /// Closes an open document without a question, and removes its copies.
+    /// Closes an open document without a question, and removes its copies. Makes the document that was opened
+    /// last the current one if this one was. Calls the observer after the last document.
     void remove(const Document& document);
-    /// Opens one copy, or adds it to `refusals`.
+    /// Opens one copy as an untitled document with changes. Renames a copy that cannot be read, and adds it
+    /// to `refusals`.
     void recover(const UnsavedDocuments::Copy& copy, Refusals& refusals);
 
     const Platform platform_;

@@ -51,6 +51,7 @@ public:
     void openDocumentPanel();
 
 private:
+    /// Adds the actions to the table.
     void addActions();
     /// Reads the file and opens it, or keeps a refusal. Returns whether it has a window then.
     bool openContent(const std::string& path);
@@ -59,9 +60,10 @@ private:
                       const std::optional<FileIdentity>& identity);
     /// Opens a file of another program, or keeps a refusal.
     bool openImported(const ImportFormat& format, const std::string& path, std::string_view bytes);
-    /// Returns the error to report for a file that cannot be read.
+    /// Returns the error to report for a file that cannot be read. Removes a missing file from the recent
+    /// documents, unless its folder is missing too.
     Error missingFile(const std::string& path, const Error& error);
-    /// Opens the chosen files.
+    /// Opens the chosen files; none if the user has cancelled. Calls the observer if no document is open.
     void openPanelDidClose(const std::vector<std::string>& paths);
 
     const Platform platform_;
@@ -72,6 +74,7 @@ private:
     ActionTable actions_;
     /// The files refused since the last alert.
     Refusals refusals_;
+    /// True from the call of `openDocumentPanel` until the panel closes.
     bool openPanelIsShown_ = false;
 };
 

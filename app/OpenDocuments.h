@@ -49,7 +49,8 @@ public:
     /// Requires: `files` outlives this object.
     explicit OpenDocuments(FileStore& files) : files_(files) {}
 
-    /// Returns the documents in the order in which they were added. Not owned by the caller.
+    /// Returns the documents in the order in which they were added. Not owned by the caller; each is valid
+    /// until it is taken from the list. Linear.
     std::vector<Document*> documents() const;
     /// Returns the number of documents.
     std::size_t size() const { return list_.size(); }
@@ -57,14 +58,16 @@ public:
     /// compared, so the document may have been closed. Linear in the number of documents.
     OpenDocument* find(const Document& document) const;
     /// Returns the entry of a document with the file at `path`, whatever path it was opened by, or `nullptr`.
-    /// Documents other than `except` are looked at.
+    /// Documents other than `except` are compared, which may be `nullptr`. Reads the file system for each of
+    /// them, but no content.
     OpenDocument* findFile(const std::string& path, const Document* except = nullptr) const;
     /// Returns the last entry. Requires: size() > 0.
     OpenDocument& last() const { return *list_.back(); }
 
     /// Appends a document and returns its entry.
     OpenDocument& add(std::unique_ptr<OpenDocument> opened);
-    /// Removes a document from the list and returns its entry. Requires: the document is open.
+    /// Removes a document from the list and returns its entry. The document, its window and its controller
+    /// exist until the caller destroys the entry. Requires: the document is open.
     std::unique_ptr<OpenDocument> take(const Document& document);
 
 private:

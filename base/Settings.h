@@ -12,8 +12,8 @@
 
 namespace tabulon {
 
-/// One setting. `Value` is bool, std::int64_t, double, or std::string_view for a text. A registered number has
-/// no sign.
+/// One setting. `Value` is bool, std::int64_t, double, or std::string_view for a text. A registered number
+/// has no sign.
 template <class Value>
 struct Setting {
     /// `registeredValue` is the value, as text, that applies until the user sets another one; empty if there
