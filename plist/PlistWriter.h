@@ -54,10 +54,11 @@ public:
 
     private:
         friend class PlistWriter;
-        std::string bytes_;
+        std::string bytes_; // the references as they are written
         std::size_t count_ = 0;
     };
-    /// Returns the keys with these object numbers, prepared for `writeDictionary`.
+    /// Returns the keys with these object numbers, prepared for `writeDictionary`. Neither their kind nor
+    /// repeated keys are checked.
     Keys layOutKeys(std::initializer_list<std::uint64_t> keys) const {
         return layOutKeys(keys.begin(), keys.size());
     }
