@@ -80,8 +80,9 @@ public:
             destroy(this);
     }
 
-    // Texts and dates. Each may be null. The setters check nothing: the URL of a file may be any text, and a
-    // date may be in the future. Texts are shared with their copies, and dates have fractions of a second.
+    // Texts and dates. Each may be null. The setters do not check them: the URL of a file may be any text,
+    // and a date may be in the future. Texts are shared with their copies, and dates have fractions of a
+    // second.
 
     const Text& itemName() const { return name_; }
     const Text& itemURL() const { return url_; }

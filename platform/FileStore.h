@@ -56,8 +56,7 @@ public:
     /// The bytes are written to a temporary file in the same folder, flushed to the disk, and renamed to the
     /// old file. The new file has the permissions, access control list and extended attributes of the old
     /// one, and its owner and group if the system allows it. If not, no user has more access than before. A
-    /// file that did not exist has the permissions that the process gives to new files. Missing folders are
-    /// not made.
+    /// file that did not exist has the permissions of new files of the process. Missing folders are not made.
     ///
     /// A symbolic link of this user or of the system is followed to its target, which need not exist. A link
     /// of another user is refused with EPERM. A device or a pipe is refused with ENODEV, or the bytes are

@@ -26,7 +26,7 @@ public:
         : QDBusAbstractAdaptor(object), requested_(std::move(requested)) {}
 
 public slots:
-    /// Requests that the program comes to the front. `platform_data` may contain an activation token and a
+    /// Requests that a window of the program is raised. `platform_data` may contain an activation token and a
     /// startup identifier.
     void Activate(const QVariantMap& platform_data);
     /// Requests that files are opened. `uris` are passed on unchecked, in UTF-8.

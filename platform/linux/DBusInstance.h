@@ -23,7 +23,8 @@ public:
     ~DBusInstance() override;
 
     /// Registers the object and then the name. Returns Alone without a session bus, or where the bus refuses
-    /// one of them. Waits for the bus. Registers nothing unless it returns First.
+    /// one of them. Waits for the bus. Both stay registered only if it returns
+    /// First.
     Role claim() override;
     /// Sends `request` and returns immediately. The call has no time limit. Requires: `claim` returned
     /// Second.
