@@ -39,9 +39,8 @@ public:
     Result<std::uint64_t> open();
 
     /// Returns the number of the root object like `open`. If that fails, uses the longest array that begins
-    /// with
-    /// "$null" as the objects of the archive, and returns 1, or 0 if there is no such array with a second
-    /// element. Clears recorded damage. Linear in the number of objects.
+    /// with "$null" as the objects of the archive, and returns 1, or 0 if there is no such array with a
+    /// second element. Clears recorded damage. Linear in the number of objects.
     std::uint64_t openWhatIsLeft();
 
     /// Returns the number of objects of the archive. Their numbers are below it.

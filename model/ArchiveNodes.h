@@ -58,28 +58,36 @@ private:
         bool openFolder = false;
         bool autoTab = false;
 
+        /// Sets the number of a key to the low bits of `value`. Does nothing for keys of other values.
         void set(Key key, std::uint64_t value);
+        /// Sets all numbers of `node`, and its icon by them.
         void give(Bookmark& node) const;
     };
 
+    // The functions that look up keys or read values return false after damage, which is recorded in the
+    // graph. With `Care::Salvage` it may be cleared again.
+
     bool lookUpKeys(Object dictionary);
+    /// Adds a column for key `index` if it is a key of a node.
     bool lookUpKey(Object dictionary, std::uint64_t index);
     bool isMisspeltKey(Object dictionary, std::uint64_t index);
     bool everyKeyIsSound(Object dictionary);
+    /// Reads the values of all columns. With `Care::Salvage` a damaged value is null or 0, and the others are
+    /// read.
     bool readValues(Bookmark& node, Object dictionary);
     bool readValue(Bookmark& node, Column& column, std::uint64_t id);
     bool readCode(Key key, Object value);
     bool readReference(Bookmark& node, Key key, std::uint64_t uid);
     bool goesOnAfter(bool& isWhole);
 
-    Graph& graph_;
+    Graph& graph_; // not owned
     const Care care_;
     Object like_; // the dictionary whose keys are in `columns_`
     std::vector<Column> columns_;
-    bool keysAreWhole_ = true;
-    std::size_t layouts_ = 0; // the number of different sets of keys until now
+    bool keysAreWhole_ = true; // false if a key of `like_` is damaged
+    std::size_t layouts_ = 0;  // the number of different sets of keys until now
     Codes codes_; // of the node that is being read; values that are settled are those of the node before
-    Class class_ = Class::Unknown;
+    Class class_ = Class::Unknown; // of the node that is being read
     Object children_;
 };
 

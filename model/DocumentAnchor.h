@@ -13,12 +13,14 @@ struct DocumentAnchor {
     /// The document, or nullptr after its destruction.
     Document* document = nullptr;
 
+    /// Adds and removes a count; see Ref. `release` destroys the anchor with its last count.
     void retain() noexcept { ++references; }
     void release() noexcept {
         if (--references == 0)
             delete this;
     }
 
+    /// The number of counts. A new anchor has one, for `Ref::adopt`.
     std::uint32_t references = 1;
 };
 

@@ -39,10 +39,12 @@ public:
     Finder(FindPhases& phases, const Collation& collation) : phases_(phases), collation_(collation) {}
 
     const std::string& searchString() const { return searchString_; }
+    /// Sets the search string only: the found node and the phases are unchanged.
     void setSearchString(std::string text);
     /// Returns the node of the last match, or nullptr if there is none. The root means: before the first
     /// node. The node may have been removed from the tree.
     Bookmark* foundBookmark() const { return found_.get(); }
+    /// Sets the found node, which may be nullptr. The finder has a count of it.
     void setFoundBookmark(Bookmark* node) { found_ = Ref<Bookmark>(node); }
 
     /// The result of a search.

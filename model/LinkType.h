@@ -9,20 +9,22 @@
 
 namespace tabulon {
 
-// Link types. Other codes are possible in files.
-inline constexpr std::uint8_t kWebType = 0;
-inline constexpr std::uint8_t kFTPType = 1;
-inline constexpr std::uint8_t kGopherType = 2;
-inline constexpr std::uint8_t kMailType = 3;
-inline constexpr std::uint8_t kNewsType = 4;
-inline constexpr std::uint8_t kTelnetType = 5;
-inline constexpr std::uint8_t kFingerType = 7;
-inline constexpr std::uint8_t kQueryType = 8;
-inline constexpr std::uint8_t kUnknownType = 9;
-inline constexpr std::uint8_t kSeparatorType = 10;
-inline constexpr std::uint8_t kFileType = 11;
+// Link types, with the schemes for which `typeForURL` returns them. Files store these numbers, and other
+// codes are possible in files.
+inline constexpr std::uint8_t kWebType = 0;        ///< http, https; also the type of a new node
+inline constexpr std::uint8_t kFTPType = 1;        ///< ftp, ftps
+inline constexpr std::uint8_t kGopherType = 2;     ///< only from files
+inline constexpr std::uint8_t kMailType = 3;       ///< mailto; any other URL with an "@"
+inline constexpr std::uint8_t kNewsType = 4;       ///< news, nntp
+inline constexpr std::uint8_t kTelnetType = 5;     ///< telnet, rlogin, tn3270
+inline constexpr std::uint8_t kFingerType = 7;     ///< whois, and finger in its spelling "finder"
+inline constexpr std::uint8_t kQueryType = 8;      ///< a link that the user has made a query
+inline constexpr std::uint8_t kUnknownType = 9;    ///< only from files
+inline constexpr std::uint8_t kSeparatorType = 10; ///< a separator, which is no link
+inline constexpr std::uint8_t kFileType = 11;      ///< file
 
-// Link statuses, the result of a check or of the duplicate scan. Other codes have no mark.
+// Link statuses, the result of a check or of the duplicate scan. Files store these numbers. Other codes have
+// no mark. The program itself sets kNoStatus and kDuplicateStatus; the others are from files.
 inline constexpr std::uint8_t kNoStatus = 0;
 inline constexpr std::uint8_t kValidStatus = 1;
 inline constexpr std::uint8_t kMovedStatus = 2;
@@ -46,7 +48,8 @@ enum class ItemIcon : std::uint8_t {
     Folder,
 };
 
-/// Returns the name of the icon's image ("httpType", "folder", …); empty for None.
+/// Returns the name of the icon's image ("httpType", "folder", …); empty for None. This view and that of
+/// `statusImageName` are valid as long as the program runs.
 std::string_view imageName(ItemIcon icon);
 
 /// Returns the icon of a link type, or None for the codes without an icon (6, 10 and above 11).
@@ -56,7 +59,8 @@ ItemIcon iconForType(std::uint8_t type);
 std::string_view statusImageName(std::uint8_t status);
 
 /// Returns the type of a link by the scheme of its URL, which must be all lower case or all upper case. For
-/// every other text with an "@" it is kMailType. Returns `nullopt` if no rule matches.
+/// every other text with an "@" it is kMailType. Returns `nullopt` if no rule matches. `url` may be any
+/// text; white space before the scheme is not skipped.
 std::optional<std::uint8_t> typeForURL(std::string_view url);
 
 /// A colour in sRGB, with components from 0 to 1.
@@ -69,7 +73,7 @@ struct LabelColor {
     friend bool operator==(const LabelColor&, const LabelColor&) = default;
 };
 
-/// Returns the colour of a label; black for 0 and from 12 on.
+/// Returns the colour of a label, opaque; black for 0 and from 12 on.
 LabelColor labelColor(std::uint8_t label);
 
 /// Returns the bundle identifier of browser `index`. For an index without a browser it is `defaultHandler`,

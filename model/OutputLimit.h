@@ -19,7 +19,7 @@ std::uint64_t bytesHeldBy(const Bookmark& root);
 class OutputLimit {
 public:
     static constexpr std::uint64_t kFactor = 16;
-    /// In bytes.
+    /// The limit for a small tree, in bytes.
     static constexpr std::uint64_t kAlways = std::uint64_t{64} << 20;
 
     /// The tree must outlive this object and must not change meanwhile.
@@ -34,8 +34,8 @@ public:
 private:
     bool isReallyPassedBy(std::uint64_t bytes);
 
-    const Bookmark& root_;
-    std::uint64_t allowed_ = kAlways;
+    const Bookmark& root_;            // not owned
+    std::uint64_t allowed_ = kAlways; // in bytes; too low until the size of the tree is known
     bool isKnown_ = false;
 };
 

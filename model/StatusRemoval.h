@@ -35,9 +35,9 @@ struct Removal {
 };
 
 /// Deletes the links below `root` with a status of the options, or moves each to index 0 of the Waste Basket,
-/// which reverses their order. A deleted link has no parent afterwards. If there is no basket, makes one with
-/// the added-date `now` at the end of the top level. Folders are never removed. When links are moved, those
-/// directly in the basket are not part of the result.
+/// which reverses their order. A deleted link has no parent afterwards. If there is a link to move and no
+/// basket, makes one with the added-date `now` at the end of the top level. Folders are never removed. When
+/// links are moved, those directly in the basket are not part of the result.
 Removal removeByStatus(Bookmark& root, const RemovalOptions& options, const Localization& texts, Date now);
 
 /// Returns the message about a removal of `count` links, UTF-8.

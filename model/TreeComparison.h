@@ -27,14 +27,20 @@ struct TreeDifference {
     Bookmark* before = nullptr;
     /// The node in the tree after, or nullptr for a node that was removed. Not owned.
     Bookmark* after = nullptr;
+    /// True if the folder differs, or the order among the items that stayed in the folder. Of these as few as
+    /// possible count as moved.
     bool moved = false;
+    /// True if the names differ. Null and empty are different names.
     bool renamed = false;
     std::uint8_t edited = 0; ///< ChangedField bits
+
+    // For a node that was added or removed the other fields are false and 0.
 
     bool isAdded() const { return before == nullptr; }
     bool isRemoved() const { return after == nullptr; }
 };
 
+/// The numbers of differences below the roots. Folders, links and separators count alike.
 struct DifferenceCounts {
     std::size_t added = 0;
     std::size_t removed = 0;
@@ -63,13 +69,14 @@ public:
     /// Returns the numbers of differences.
     const DifferenceCounts& counts() const { return counts_; }
 
-    /// Returns the node of the other tree with which `node` is paired, or nullptr.
+    /// Returns the node of the other tree with which `node` is paired, or nullptr, also for a node of neither
+    /// tree. `node` may be of either tree, also a root. Not owned.
     Bookmark* partnerOf(const Bookmark& node) const;
 
 private:
     void collectDifferences(const Bookmark& before, const Bookmark& after, LongTexts& texts);
 
-    std::unordered_map<const Bookmark*, Bookmark*> partners_;
+    std::unordered_map<const Bookmark*, Bookmark*> partners_; // both directions of every pair
     std::vector<TreeDifference> differences_;
     DifferenceCounts counts_;
 };

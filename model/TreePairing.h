@@ -9,8 +9,9 @@
 
 namespace tabulon {
 
-/// Returns both directions of every pair, those of the roots included. `texts` compares the texts of both
-/// trees. The nodes are not owned.
+/// Returns both directions of every pair, those of the roots included. A node without a partner has no entry.
+/// `texts` compares the texts of both trees, which must outlive it. The nodes are not owned, and the trees
+/// are not changed.
 std::unordered_map<const Bookmark*, Bookmark*> pairsOf(const Bookmark& before, const Bookmark& after,
                                                        LongTexts& texts);
 

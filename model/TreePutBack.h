@@ -8,12 +8,14 @@
 namespace tabulon {
 
 /// Reverts the chosen differences in the tree `after`. A removed item is inserted again as a copy, with
-/// everything below it that was also removed. A renamed, edited or moved item becomes as it was before. Added
-/// items stay.
+/// everything below it that was also removed. A moved item returns to its place. A renamed or edited item
+/// gets the fields that `Bookmark::setWithBookmark` copies, and auto-tab. Added items stay.
 ///
 /// An item is inserted into its folder of before, or into the nearest ancestor of this folder that exists,
 /// after the item that was before it, or first. An item is never moved into itself; it then stays where it
 /// is. The copies belong to the document of `after`.
+///
+/// Neither updates rows nor records a change in the document.
 ///
 /// Returns the number of inserted nodes and of chosen differences of nodes that exist. Requires: `comparison`
 /// is that of `before` and `after`, and `chosen` contains differences of it. The comparison is invalid

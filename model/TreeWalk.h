@@ -9,13 +9,14 @@ namespace tabulon {
 
 /// Calls `enter(node)` for every node below `root` in document order. The children of a node are visited only
 /// if `enter` returns true for it. `leave(node)` is called after the children of each node for which `enter`
-/// has returned true and which has a child list. The children of `root` are always visited; `root` itself is
-/// not. Linear; the memory is linear in the depth. Requires: the callbacks do not change the lists of
-/// children.
+/// has returned true and which has a child list, even an empty one. The children of `root` are always
+/// visited; `root` itself is not. Linear; the memory is linear in the depth. Requires: the callbacks neither
+/// change a list of children that is being walked nor destroy a node of the tree. They may change all other
+/// fields, walk another tree, and throw.
 template <class Enter, class Leave>
 void walkBelow(const Bookmark& root, Enter enter, Leave leave) {
     struct Level {
-        Bookmark* node;
+        Bookmark* node; // nullptr for `root`, which is not left
         ChildList::iterator next;
         ChildList::iterator end;
     };
@@ -39,14 +40,15 @@ void walkBelow(const Bookmark& root, Enter enter, Leave leave) {
     }
 }
 
-/// Calls `enter(node)` for every node below `root`, as above, and nothing after its children.
+/// Calls `enter(node)` for every node below `root` under the same rules, without a callback after the
+/// children of a node.
 template <class Enter>
 void walkBelow(const Bookmark& root, Enter enter) {
     walkBelow(root, enter, [](Bookmark&) {});
 }
 
 /// Prefetches the texts of a node that will be read soon, because walks over many nodes spend most of their
-/// time waiting for memory.
+/// time waiting for memory. Does not read the texts. To be called some nodes before they are read.
 inline void prefetchTexts(const Bookmark& node) {
     for (const Text* text : {&node.itemName(), &node.itemURL(), &node.itemNote(), &node.itemTags()})
         if (!text->isNull())
@@ -55,7 +57,8 @@ inline void prefetchTexts(const Bookmark& node) {
 
 /// Returns true if `node` is `root` or below it, by the parents and their lists of children. The lists are
 /// necessary because a node that was removed from its parent's list keeps its parent. Linear in the depth of
-/// `node`.
+/// `node`, in lists that share no nodes. Requires: each parent on the way exists or is
+/// nullptr, also that of a removed node.
 inline bool isInTree(const Bookmark& node, const Bookmark& root) {
     const Bookmark* each = &node;
     while (each != &root) {

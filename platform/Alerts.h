@@ -15,7 +15,9 @@ enum class AlertStyle { Informational, Warning, Critical };
 /// performs an operation that cannot be undone.
 enum class AlertButtonRole { Accept, Cancel, Destructive };
 
+/// A button of an alert.
 struct AlertButton {
+    /// UTF-8. An "&" in it is an ordinary character.
     std::string title = {};
     AlertButtonRole role = AlertButtonRole::Accept;
 };

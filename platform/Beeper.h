@@ -3,6 +3,7 @@
 
 namespace tabulon {
 
+/// Called on the main thread.
 class Beeper {
 public:
     virtual ~Beeper() = default;

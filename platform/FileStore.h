@@ -1,5 +1,6 @@
-// Reading and atomic writing of whole files. All access of the program to the disk uses this interface, so
-// that tests can simulate a full disk or a missing folder.
+// Reading and atomic writing of whole files. The layers above read and write files only by this interface, so
+// that tests can simulate a full disk or a missing folder. The searches for browsers' files and for recovery
+// folders have interfaces of their own.
 #pragma once
 
 #include "base/Error.h"
@@ -46,7 +47,7 @@ public:
     virtual Result<std::string> readFile(const std::string& path) = 0;
 
     /// Returns the first `size` bytes of the content, or all of it if it is shorter. Fails like `readFile`,
-    /// but not because of the size of the file.
+    /// but not because of the size of the file. May take memory for `size` bytes, also for a shorter file.
     virtual Result<std::string> readBeginning(const std::string& path, std::size_t size) = 0;
 
     /// Replaces the content of the file at `path`, or makes the file. After a failure the old file is
@@ -54,7 +55,8 @@ public:
     ///
     /// The bytes are written to a temporary file in the same folder, flushed to the disk, and renamed to the
     /// old file. The new file has the permissions, access control list and extended attributes of the old
-    /// one, and its owner and group if the system allows it. If not, no user has more access than before.
+    /// one, and its owner and group if the system allows it. If not, no user has more access than before. A
+    /// file that did not exist has the permissions of new files of the process. Missing folders are not made.
     ///
     /// A symbolic link of this user or of the system is followed to its target, which need not exist. A link
     /// of another user is refused with EPERM. A device or a pipe is refused with ENODEV, or the bytes are
@@ -70,7 +72,7 @@ public:
     /// Returns true if there is a file, folder or other object at `path`, after symbolic links.
     virtual bool fileExists(const std::string& path) = 0;
 
-    /// Returns the kind of the object at `path`.
+    /// Returns the kind of the object at `path`, after symbolic links.
     virtual PathKind kindOf(const std::string& path) = 0;
 
     /// Returns the current identity of the file at `path`, after symbolic links. Returns `nullopt` if it does
@@ -79,14 +81,16 @@ public:
 
     /// Makes a copy of the file at `from`, atomically like `writeFileAtomically`. The copy has the
     /// permissions of the original, so that no other user can read more than before. A symbolic link at `to`
-    /// is replaced, not followed.
+    /// is replaced, not followed. Fails like `readFile` for `from`, also because of its size.
     virtual Result<void> copyFile(const std::string& from, const std::string& to) = 0;
 
-    /// Removes the file at `path`. Does nothing if there is none. A symbolic link is removed itself.
+    /// Removes the file at `path`. Does nothing if there is none. A symbolic link is removed itself. Fails
+    /// for a folder.
     virtual Result<void> removeFile(const std::string& path) = 0;
 
     /// Makes the folder at `path` and missing folders above it. Only the user can read a folder that is made
-    /// here.
+    /// here. Does nothing if an object of any kind exists at `path`. After a failure some of the folders
+    /// above may have been made.
     virtual Result<void> makeFolder(const std::string& path) = 0;
 
     /// Returns the names of the entries of a folder, sorted by their bytes; empty if it cannot be read. An

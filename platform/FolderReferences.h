@@ -17,7 +17,8 @@ public:
     /// if none is stored, or if there is no file or folder at the path at present.
     virtual std::optional<std::string> resolve(std::string_view key) = 0;
 
-    /// Stores a path for the key, for this run of the program and later ones.
+    /// Stores a path for the key, for this run of the program and later ones. Whether it exists is tested
+    /// when it is resolved.
     virtual void store(std::string_view key, const std::string& path) = 0;
 
     /// Returns the user's folder for documents, or `nullopt` if it does not exist.

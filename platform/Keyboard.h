@@ -3,6 +3,7 @@
 
 namespace tabulon {
 
+/// Called on the main thread.
 class Keyboard {
 public:
     virtual ~Keyboard() = default;

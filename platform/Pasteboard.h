@@ -17,7 +17,8 @@ public:
     void set(std::string_view type, std::string bytes) {
         forms_.insert_or_assign(std::string(type), std::move(bytes));
     }
-    /// Returns the bytes of a form, or nullptr if there is no such form. Valid until the form is set again.
+    /// Returns the bytes of a form, or nullptr if there is no such form. Types are compared byte by byte.
+    /// Valid until the form is set again, or this object is destroyed.
     const std::string* get(std::string_view type) const {
         const auto found = forms_.find(type);
         return found == forms_.end() ? nullptr : &found->second;
@@ -29,17 +30,18 @@ private:
     std::map<std::string, std::string, std::less<>> forms_;
 };
 
+/// Called on the main thread. Types are ASCII.
 class Pasteboard {
 public:
     virtual ~Pasteboard() = default;
 
     /// Returns the text of the clipboard, UTF-8, or `nullopt` if it has no form "text/plain". A list of
-    /// addresses in another form is no text.
+    /// addresses in another form is no text. May wait like `content`.
     virtual std::optional<std::string> string() = 0;
     /// Returns the content of the clipboard in those of `types` that it has. May wait some seconds for the
     /// program that owns the clipboard; forms that do not arrive in time are missing.
     virtual MimeContent content(std::span<const std::string_view> types) = 0;
-    /// Replaces the content of the clipboard by all forms of `content`.
+    /// Replaces the content of the clipboard by all forms of `content`, of which a copy is kept.
     virtual void setContent(const MimeContent& content) = 0;
 
     /// Announces a drag of `content` from this program. The target program may request the content after the

@@ -18,8 +18,14 @@
 namespace tabulon {
 
 /// References to the services; owns none of them. Requires: the services outlive every object that holds a
-/// copy of this struct.
+/// copy of this struct, and are used on the main thread only.
+///
+/// A function of `alerts` processes events before it returns, so commands and timers may run, which may
+/// change or close documents other than that of the alert. A progress of `progress` processes events too, but
+/// then no command and no timer runs. `panels` and `timers` return at once, and call the caller's functions
+/// later from the main loop.
 struct Platform {
+    /// Clock, settings, texts and log. Its `defaults` are the settings that the user can change.
     BaseServices base;
     Alerts& alerts;
     Panels& panels;

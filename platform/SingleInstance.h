@@ -27,7 +27,9 @@ struct LaunchRequest {
 class RequestReceiver {
 public:
     virtual ~RequestReceiver() = default;
-    /// Called from the main loop for each request. The sender gets its answer when this returns.
+    /// Called from the main loop for each request, also while an alert or a progress panel processes events.
+    /// The sender gets its answer when this returns, so it must not wait for the user. The request is input
+    /// of another process: its texts may be any UTF-8.
     virtual void requestArrived(LaunchRequest request) = 0;
 };
 
@@ -49,7 +51,7 @@ public:
     virtual ~SingleInstance() = default;
 
     /// Tries to make this process the first, and returns its role. If several processes try at the same time,
-    /// exactly one becomes the first.
+    /// exactly one becomes the first. May be called again, unless it has returned First.
     virtual Role claim() = 0;
 
     /// Sends the request to the first process and does not wait. Requires: `claim` has returned Second.
@@ -75,7 +77,7 @@ protected:
     }
 
 private:
-    RequestReceiver* receiver_ = nullptr;
+    RequestReceiver* receiver_ = nullptr; // not owned; nullptr until `deliverTo`
 };
 
 } // namespace tabulon

@@ -6,7 +6,7 @@
 
 namespace tabulon {
 
-/// A running timer. Its destruction stops it.
+/// A running timer. Its destruction stops it. Must not outlive the Timers that made it.
 class Timer {
 public:
     virtual ~Timer() = default;
@@ -20,9 +20,11 @@ public:
 
     virtual ~Timers() = default;
 
-    /// Returns a timer that calls `work` once, after `seconds`.
+    /// Returns a timer that calls `work` once, after `seconds`; for 0 as soon as the main loop runs. Never
+    /// nullptr. Requires: seconds >= 0.
     [[nodiscard]] virtual std::unique_ptr<Timer> after(double seconds, Work work) = 0;
-    /// Returns a timer that calls `work` every `seconds`, first after `seconds`. Requires: seconds > 0.
+    /// Returns a timer that calls `work` every `seconds`, first after `seconds`. Never nullptr. Requires:
+    /// seconds > 0.
     [[nodiscard]] virtual std::unique_ptr<Timer> every(double seconds, Work work) = 0;
 };
 

@@ -12,6 +12,7 @@ struct Application {
     std::string icon; ///< a name of the icon theme or an absolute path; empty if there is none
 };
 
+/// Called on the main thread.
 class Workspace {
 public:
     virtual ~Workspace() = default;

@@ -18,8 +18,10 @@ namespace tabulon {
 
 /// Refers to bytes that it does not own; they must outlive it and all objects from it. Every access is
 /// checked: an object that begins outside the object area, extends into the offset table or has an unknown
-/// marker is returned as Kind::Damaged, and no byte beyond the data is read. Constant time unless a function
-/// says otherwise. Safe for use by several threads at once.
+/// marker is returned as Kind::Damaged, and no byte beyond the data is read. Only the object itself is
+/// checked: the references in a container may be out of range, or lead to the container again. A copy refers
+/// to the same bytes. Constant time unless a function says otherwise. Safe for use by several threads at
+/// once.
 class BinaryPlist {
 public:
     /// The kinds of objects.
@@ -40,14 +42,17 @@ public:
     };
 
     /// One object: its kind, and a number or a part of the data. Two words, so that it is passed in
-    /// registers.
+    /// registers. An object with bytes is valid as long as the data.
     class Object {
     public:
         constexpr Object() = default; ///< constructs Damaged
+        /// Constructs an object without bytes. `value` are the 64 bits of its number, 0 for Null.
         constexpr explicit Object(Kind kind, std::uint64_t value = 0)
             : head_(static_cast<std::uint64_t>(kind)), value_(value) {}
+        /// Constructs a Real or a Date.
         Object(Kind kind, double number) : Object(kind, std::bit_cast<std::uint64_t>(number)) {}
-        /// Requires: `count` units fit into the data, and so `count` fits into 56 bits.
+        /// Constructs a text, Data or a container, whose first unit or reference is at `bytes`. Requires:
+        /// `count` units fit into the data, and so `count` fits into 56 bits.
         Object(Kind kind, std::uint64_t count, const std::uint8_t* bytes)
             : head_(static_cast<std::uint64_t>(kind) | count << 8), bytes_(bytes) {}
 
@@ -83,7 +88,9 @@ public:
     /// Returns the number of the top object, which is below `objectCount`.
     std::uint64_t topObject() const { return topObject_; }
 
-    /// Returns object number `id`, or Damaged if the number is out of range or the object does not fit.
+    /// Returns object number `id`. Returns Damaged if the number is out of range, or the object does not fit
+    /// between the header and the offset table. Every object whose count is not 0 therefore has all of its
+    /// bytes.
     Object object(std::uint64_t id) const {
         const std::uint8_t* const bytes = objectBytes(id);
         if (!bytes)
@@ -103,8 +110,8 @@ public:
     }
 
     // Fast forms of `object` for the most frequent objects of documents: short texts, and dates, which are
-    // dictionaries of a few pairs with a number. Where one returns Damaged or `nullopt`, the caller must ask
-    // `object`.
+    // dictionaries of a few pairs with a number. Where one returns Damaged or `nullopt`, the object may be
+    // sound, and the caller must use `object`.
 
     /// Returns a text in ASCII or UTF-16 of fewer than 256 units, or Damaged for every other object.
     Object shortText(std::uint64_t id) const {
@@ -178,9 +185,11 @@ public:
         return object.kind() == Kind::Ascii || object.kind() == Kind::Utf16 || object.kind() == Kind::Utf8;
     }
     /// Returns the text of a text object, or the content of Data as UTF-8; never null. Malformed parts become
-    /// U+FFFD. Linear in the size of the text. Requires: a text or Data.
+    /// U+FFFD, and a text above `Text::kMaximumSize` is cut. Copies the bytes, so the result does not refer
+    /// to the data. Linear in the size of the text. Requires: a text or Data.
     static Text text(Object object);
     /// Returns true if the object is a text of exactly these ASCII characters; false for every other kind.
+    /// Linear in the size of `ascii` at most.
     static bool textEquals(Object object, std::string_view ascii);
 
 private:
@@ -197,7 +206,11 @@ private:
     Object objectAt(std::uint64_t position, std::uint8_t marker) const;
     // A word reads eight bytes, of which the first ones are the number. The others are inside the data,
     // because the trailer follows.
+    /// Returns the number of bits by which a word is shifted right to get the number in its first `width`
+    /// bytes. Requires: 1 <= width <= 8.
     static unsigned shiftFor(std::size_t width) { return static_cast<unsigned>(64 - 8 * width); }
+    /// Returns the number in the first `width` bytes, high bytes first. Requires: 1 <= width <= 8, and eight
+    /// readable bytes.
     static std::uint64_t bigEndian(const std::uint8_t* bytes, std::size_t width) {
         return word(bytes) >> shiftFor(width);
     }
@@ -210,18 +223,19 @@ private:
     }
     Object sized(Kind kind, std::uint64_t position, std::uint8_t marker) const;
     Object number(std::uint64_t position, std::uint8_t marker) const;
+    /// Returns true if `size` bytes from `position` on end before the offset table. Both may have any value.
     bool fits(std::uint64_t position, std::uint64_t size) const {
         return position <= tableOffset_ && size <= tableOffset_ - position;
     }
 
-    const std::uint8_t* data_ = nullptr;
-    const std::uint8_t* table_ = nullptr;
-    std::uint64_t tableOffset_ = 0; // also the end of the object area
+    const std::uint8_t* data_ = nullptr;  // not owned
+    const std::uint8_t* table_ = nullptr; // the offset table in the data: offsets of objects, by number
+    std::uint64_t tableOffset_ = 0;       // in bytes; also the end of the object area
     std::uint64_t objectCount_ = 0;
     std::uint64_t topObject_ = 0;
-    std::size_t offsetSize_ = 0;
-    std::size_t referenceSize_ = 0;
-    unsigned offsetShift_ = 0;
+    std::size_t offsetSize_ = 0;    // the width of an offset, 1 to 8 bytes
+    std::size_t referenceSize_ = 0; // the width of a reference, 1 to 8 bytes
+    unsigned offsetShift_ = 0;      // see `shiftFor`
     unsigned referenceShift_ = 0;
     std::array<std::uint8_t, 16> unitSizes_{}; // by kind: the size in bytes of one unit, element or pair
 };

@@ -13,15 +13,17 @@
 
 namespace tabulon {
 
-/// Refers to the bytes of a binary file, or owns the binary form of an XML file. Movable, not copyable.
+/// Refers to the bytes of a binary file, or owns the binary form of an XML file. Movable, not copyable. The
+/// objects that were read before a move stay valid.
 class PropertyList {
 public:
     using Object = BinaryPlist::Object;
     using Kind = BinaryPlist::Kind;
 
     /// Opens the property list in `data`, which must outlive it. Fails with a sentence, without a code, if
-    /// `data` is neither form or is damaged. `progress` may be nullptr; it is used for the XML form only.
-    /// Fails with `cancelledByUser` if the user cancels.
+    /// `data` is empty, is neither form or is damaged. Objects of a binary file are checked when they are
+    /// read. `progress` may be nullptr; it is used for the XML form only. Fails with `cancelledByUser` if the
+    /// user cancels.
     static Result<PropertyList> open(std::string_view data, Progress* progress = nullptr);
 
     /// Returns the binary form, valid as long as this object.

@@ -13,8 +13,8 @@ namespace tabulon {
 ///
 /// The encoding is determined as in `xmlForParser`. Entities other than the five of XML are not expanded. A
 /// dictionary whose only key is "CF$UID", with an integer that is not negative, becomes a uid, which is the
-/// form of uids in XML archives. A number or date that cannot be parsed, and
-/// an integer beyond 64 bits with a sign, become Null. A time beyond its day goes on into the next one.
+/// form of uids in XML archives. A number or date that cannot be parsed, and an integer beyond 64 bits with a
+/// sign, become Null. A time of 24 hours or more is counted into the days after its date.
 ///
 /// Fails with a sentence if `xml` is not well-formed or is no property list. `progress` may be nullptr; fails
 /// with `cancelledByUser` if the user cancels. Linear; not recursive in the conversion.

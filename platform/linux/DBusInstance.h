@@ -23,7 +23,8 @@ public:
     ~DBusInstance() override;
 
     /// Registers the object and then the name. Returns Alone without a session bus, or where the bus refuses
-    /// one of them. Waits for the bus.
+    /// one of them. Waits for the bus. Both stay registered only if it returns
+    /// First.
     Role claim() override;
     /// Sends `request` and returns immediately. The call has no time limit. Requires: `claim` returned
     /// Second.
@@ -31,11 +32,11 @@ public:
     /// Runs an event loop until the answer arrives, but no longer than `patience`. Requires: `handOver` was
     /// called.
     Answer waitForAnswer(std::chrono::milliseconds patience) override;
-    /// Releases the name and then the object. Does nothing without a session bus.
+    /// Releases the name and then the object. Does nothing without a session bus. Waits for the bus.
     void release() override;
 
 private:
-    /// The request that was sent.
+    /// The request that was sent last; `nullopt` before the first one.
     std::optional<QDBusPendingCall> call_;
 };
 

@@ -13,7 +13,9 @@ namespace tabulon {
 /// waits for the other end. The desktop program must not wait, and refuses them with ENODEV.
 enum class SpecialFiles { Refused, Used };
 
-/// The files of the system. See platform/FileStore.h for the contracts.
+/// The files of the system. See platform/FileStore.h for the contracts. A relative path is relative to the
+/// working directory. Not for several threads at once, since a write reads the process's umask by changing it
+/// for a moment.
 class PosixFileStore : public FileStore {
 public:
     /// `limits` are those of reading a whole file.
@@ -24,7 +26,8 @@ public:
     /// Returns the first `size` bytes of a file, or all of a smaller one.
     Result<std::string> readBeginning(const std::string& path, std::size_t size) override;
     /// Replaces a file; a link of another user is refused with EPERM. Writes directly to a device or a pipe
-    /// where they are used.
+    /// where they are used, also to an open descriptor named "/dev/stdout" or "/dev/fd/3"; such a target may
+    /// have received some of the bytes after a failure.
     Result<void> writeFileAtomically(const std::string& path, std::string_view bytes) override;
     /// Replaces a file as `writeFileAtomically`, and follows every link.
     Result<void> writeBack(const std::string& path, std::string_view bytes) override;

@@ -19,7 +19,8 @@ class FileUserDefaults;
 class SettingsWriter {
 public:
     virtual ~SettingsWriter() = default;
-    /// Called at the first change after a write. Calls `defaults.write()` soon, from the main loop.
+    /// Called at the first change after a write. Calls `defaults.write()` soon, from the main loop and not
+    /// during this call. Requires: `defaults` exists until then.
     virtual void writeSoon(FileUserDefaults& defaults) = 0;
 };
 
@@ -27,9 +28,9 @@ public:
 /// applies the changes to the file as it is then, so that changes by other programs are kept. The file is
 /// replaced atomically.
 ///
-/// No value is lost. A damaged file is copied to another name before its readable lines replace it. A file
-/// that cannot be read is never replaced. Changes that cannot be written are kept, and written with the next
-/// change or by the destructor.
+/// No value is lost. A damaged file is copied to another name before its readable lines replace it; of more
+/// than 100 such copies, a new one replaces the last. A file that cannot be read is never replaced. Changes
+/// that cannot be written are kept, and written with the next change or by the destructor.
 class FileUserDefaults : public UserDefaults {
 public:
     /// The limit on the size of the file in bytes. A larger file counts as one that cannot be read.
@@ -47,16 +48,22 @@ public:
 
     /// Returns the value, else the registered default, else `nullopt`.
     std::optional<std::string> stringForKey(std::string_view key) const override;
+    /// Sets the value and calls the writer, unless a write is due or `key` already has this value.
     void setStringForKey(std::string_view key, std::string value) override;
+    /// Removes the value and calls the writer as `setStringForKey` does.
     void removeKey(std::string_view key) override;
-    /// Reads the file again if it was changed. Changes that are not written stay in force.
+    /// Reads the file again if it was changed. Changes that are not written stay in force. Waits up to
+    /// `FolderLock::kPatience` for another program that writes. Where the file cannot be read, the values of
+    /// before stay in force, and the problem is reported.
     void refresh() override;
 
     /// Writes the changes, if there are any. If another program holds the lock on the folder for longer than
     /// `FolderLock::kPatience`, they stay unwritten and the writer is called again. Problems are reported.
     void write();
 
-    /// Sets the function that is called once for each problem, and calls it for the problems before.
+    /// Sets the function that is called once for each problem, and calls it for the problems before. The same
+    /// problem at the next attempt is not reported again. Requires: `tell` is not empty, and what it uses
+    /// exists as long as this object, whose destructor may call it.
     void tellProblemsTo(std::function<void(const SettingsProblem&)> tell);
 
 private:
@@ -75,9 +82,9 @@ private:
     void report(SettingsProblem problem);
 
     FileStore& files_;
-    const std::string path_;
-    SettingsWriter* const writer_;
-    SettingsText::Values values_; // as in the file
+    const std::string path_;       // in the file system's encoding
+    SettingsWriter* const writer_; // not owned; may be nullptr
+    SettingsText::Values values_;  // as in the file
     std::map<std::string, std::optional<std::string>, std::less<>>
         changes_;                          // not written yet; `nullopt` removes the key
     std::optional<FileIdentity> identity_; // of the file from which the values were read

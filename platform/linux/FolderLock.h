@@ -7,7 +7,7 @@
 namespace tabulon {
 
 /// A lock that is held until the object is destroyed. It creates no file, and the system releases it when the
-/// process ends.
+/// process ends. Two locks of one process on one folder exclude each other too.
 class FolderLock {
 public:
     /// The usual limit on waiting for another program.
@@ -29,7 +29,7 @@ public:
 private:
     enum class State { None, Held, Busy };
 
-    int descriptor_;
+    int descriptor_; // of the folder; negative if it could not be opened
     State state_ = State::None;
 };
 

@@ -5,6 +5,7 @@
 
 namespace tabulon {
 
+/// See platform/Workspace.h for the contracts.
 class GioWorkspace : public Workspace {
 public:
     /// Returns the default application for the scheme "http", or `nullopt`. The name is UTF-8; the icon is

@@ -13,7 +13,7 @@ class QMessageBox;
 namespace tabulon {
 
 /// Returns the window that shows `document`. For `nullptr`, or a document without a window, it returns the
-/// active window, or `nullptr`. The window is not owned.
+/// active window, or `nullptr`. The window is not owned. Called when an alert or a panel is shown.
 using WindowFinder = std::function<QWidget*(const Document* document)>;
 
 /// Observes when all alerts have ended.
@@ -32,7 +32,8 @@ public:
     explicit QtAlerts(WindowFinder windowFor, AlertsObserver* observer = nullptr)
         : windowFor_(std::move(windowFor)), observer_(observer) {}
     /// Runs an event loop until the user answers. Returns `kAlertFirstButton` plus the index of the button.
-    /// An alert with a document's window disables that window only.
+    /// An alert with a document's window disables that window only. While alerts are nested, an outer one
+    /// returns after the inner ones have ended. Requires: the window of the alert exists until then.
     int runModal(const Alert& alert) override;
     /// Runs the same with a check box.
     SuppressibleAnswer runModalSuppressible(const Alert& alert, const std::string& boxTitle) override;
@@ -43,10 +44,12 @@ public:
     bool isAskingAbout(const Document* document) const override;
 
 private:
+    /// Fills and shows the box, and returns the response.
     int run(QMessageBox& box, const Alert& alert);
 
     WindowFinder windowFor_;
-    AlertsObserver* const observer_;
+    AlertsObserver* const observer_; // not owned; may be nullptr
+    /// An open alert. Neither pointer is owned; `document` is nullptr for the whole application.
     struct Shown {
         QMessageBox* box;
         const Document* document;

@@ -7,6 +7,7 @@
 
 namespace tabulon {
 
+/// See platform/Beeper.h for the contracts. Requires: the application object.
 class QtBeeper : public Beeper {
 public:
     /// Plays the desktop's alert sound.

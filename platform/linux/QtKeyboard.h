@@ -7,6 +7,7 @@
 
 namespace tabulon {
 
+/// See platform/Keyboard.h for the contracts. Requires: the application object.
 class QtKeyboard : public Keyboard {
 public:
     /// Returns whether the Alt key is down.

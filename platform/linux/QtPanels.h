@@ -26,7 +26,7 @@ class QtPanels : public Panels {
 public:
     /// `windowFor` returns the window to which a panel belongs. `views` makes the options areas; without it
     /// panels have none. The first panel starts in the desktop's folder for documents. Requires: `views`
-    /// outlives this object.
+    /// outlives this object, and this object outlives its open panels.
     explicit QtPanels(WindowFinder windowFor, AccessoryViewMaker* views = nullptr);
 
     /// Opens a dialog and returns. `done` is called from the main loop after the dialog has ended.
@@ -35,11 +35,13 @@ public:
     void beginSavePanel(const SavePanel& panel, SaveDone done) override;
 
 private:
+    /// Returns a new dialog, which is not shown yet, with the options area if there is one.
     QFileDialog* makeSaveDialog(const SavePanel& panel) const;
+    /// Returns `wanted`, or `last` if that is empty; the home folder if this is no folder.
     static QString startFolder(const std::string& wanted, const QString& last);
 
     WindowFinder windowFor_;
-    AccessoryViewMaker* const views_;
+    AccessoryViewMaker* const views_; // not owned; may be nullptr
     QString lastFolder_;
     QString lastSaveFolder_; // separate: documents are not saved where a browser's files are opened
 };

@@ -10,7 +10,7 @@ namespace tabulon {
 /// contracts.
 class QtProgressPanels : public ProgressPanels {
 public:
-    /// `windowFor` returns the window to which a panel belongs.
+    /// `windowFor` returns the window to which a panel belongs, and is called when the panel is opened.
     explicit QtProgressPanels(WindowFinder windowFor) : windowFor_(std::move(windowFor)) {}
     /// Returns the progress of an operation that begins. Its `goOn` opens the panel after `kPatience`, and
     /// then handles events every 40 milliseconds. Requires: this object outlives the result.
@@ -24,7 +24,7 @@ private:
     class Work;
 
     WindowFinder windowFor_;
-    int showing_ = 0;
+    int showing_ = 0; // the number of open panels
 };
 
 } // namespace tabulon

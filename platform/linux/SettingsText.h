@@ -10,18 +10,19 @@
 namespace tabulon {
 
 /// A text of lines `KEY = VALUE` in the section [General], whose heading may be missing. Lines that begin
-/// with # or ; are comments. Lines of other sections are kept and not read. Where a key is set twice, its
-/// last line counts. A value may be in quotation marks. In keys and values the escapes \n, \t, \r, \\, \" and
-/// \xHH (a byte) stand for characters that a line cannot contain, so every value is read back unchanged,
-/// whatever its bytes.
+/// with # or ; are comments. Lines of this form in other sections are kept, but are no values here. Where a
+/// key is set twice, its last line counts. A value may be in quotation marks. In keys and values the escapes
+/// \n, \t, \r, \\, \" and \xHH (a byte) represent characters that a line cannot contain, so every value is
+/// read back unchanged, whatever its bytes.
 class SettingsText {
 public:
     using Values = std::map<std::string, std::string, std::less<>>;
 
     SettingsText() = default;
     /// Parses `bytes`, which may be any; byte-order marks are removed. Lines that cannot be read (without a
-    /// key, not in UTF-8, with control characters) are counted and dropped. The heading of a section that
-    /// cannot be read is replaced. Linear.
+    /// key, not in UTF-8, with control characters) are counted and dropped, in every section. The heading of
+    /// a section that cannot be read is counted and replaced, by [General] if only its end is missing and
+    /// else by [Damaged]. Linear.
     explicit SettingsText(std::string_view bytes);
 
     /// Returns the number of lines that could not be read.
@@ -35,7 +36,7 @@ public:
     /// Removes all lines of a key in the section. Does nothing for an unknown key.
     void remove(std::string_view key);
 
-    /// Returns the whole file. Each line ends with a line feed.
+    /// Returns the whole file, UTF-8. Each line ends with a line feed, also one that had CR LF before.
     std::string bytes() const;
 
 private:
@@ -45,7 +46,9 @@ private:
         bool ours = true; // in our section
     };
 
+    /// Adds a line. `ours` is true in the section [General], and is set by a heading.
     void readLine(std::string_view text, bool& ours);
+    /// Returns the index for a new line of the section: after its last line, before blank lines at its end.
     std::size_t endOfOurSection() const;
 
     std::vector<Line> lines_;

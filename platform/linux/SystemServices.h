@@ -12,13 +12,14 @@ namespace tabulon {
 /// The system's clock.
 class SystemClock : public Clock {
 public:
-    /// Returns seconds since 2001-01-01 00:00 UTC.
+    /// Returns seconds since 2001-01-01 00:00 UTC, by the computer's clock, which may be set back.
     double secondsSinceReferenceDate() const override;
     /// Returns an empty string, which means the system's time zone.
     std::string timeZone() const override { return {}; }
 };
 
-/// Writes lines to standard error, as far as it takes them without waiting.
+/// Writes lines to standard error after "tabulon: ", as far as it takes them without waiting. The rest is
+/// dropped.
 class StandardErrorLog : public SystemLog {
 public:
     void log(std::string_view line) override;

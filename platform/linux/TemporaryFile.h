@@ -24,6 +24,7 @@ public:
             ::close(number_);
         number_ = number;
     }
+    /// Returns the number, which stays owned by this object; negative for no open file.
     int get() const { return number_; }
     bool isOpen() const { return number_ >= 0; }
 
@@ -35,28 +36,32 @@ private:
 /// process that is killed leaves no file. Its mode is 0600. The destructor removes it unless it was renamed.
 class TemporaryFile {
 public:
+    /// Whether the file gets its name by `giveName` if the file system allows it, or when it is created.
     enum class Name { AtLast, AtOnce };
-    /// Creates a file in `folder`. With `Name::AtOnce` it always has a name.
+    /// Creates a file in `folder`, for writing. The name begins with ".tabulon-". With `Name::AtOnce` it
+    /// always has a name. If the file cannot be created, `isOpen` returns false.
     TemporaryFile(const std::string& folder, Name name);
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
     ~TemporaryFile();
 
+    /// Returns the descriptor, which stays owned by this object.
     int descriptor() const { return descriptor_.get(); }
-    /// Returns false where the file could not be created; errno has the reason.
+    /// Returns false where the file could not be created; after the constructor errno has the reason.
     bool isOpen() const { return descriptor_.isOpen(); }
 
     /// Creates a name for the file in its folder. Does nothing for a file with a name. Returns 0, or errno:
-    /// some systems refuse to name an open file.
+    /// some systems refuse to name an open file. Requires: `isOpen`.
     int giveName();
-    /// Renames the file to `path`, and replaces a file or symbolic link there. Returns 0, or errno. Requires:
-    /// a name.
+    /// Renames the file to `path`, and replaces a file or symbolic link there. Returns 0, or errno; the file
+    /// then keeps its temporary name and is removed by the destructor. Requires: a name, and `path` in the
+    /// same file system.
     int rename(const std::string& path);
 
 private:
-    std::string name_;
+    std::string name_; // a path; a pattern for one while the file has no name
     Descriptor descriptor_;
-    bool hasName_ = false;
+    bool hasName_ = false; // false too after `rename`, which ends the ownership of the file
 };
 
 } // namespace tabulon

@@ -10,10 +10,11 @@
 
 namespace tabulon::x11 {
 
-/// Frees what xcb has allocated.
+/// Frees what xcb has allocated with malloc: replies, events and errors.
 struct Free {
     void operator()(void* memory) const { std::free(memory); }
 };
+/// A reply or an event that its owner frees; may be nullptr, as a reply is if the server does not answer.
 template <class Reply>
 using Owned = std::unique_ptr<Reply, Free>;
 
@@ -21,11 +22,11 @@ using Owned = std::unique_ptr<Reply, Free>;
 /// application object.
 xcb_connection_t* connection();
 
-/// Returns the root window of the first screen.
+/// Returns the root window of the first screen. Constant time. Requires: a connection without an error.
 xcb_window_t rootWindow(xcb_connection_t* connection);
 
 /// Returns the atom of that name, which is created if it is missing, or XCB_ATOM_NONE where the server does
-/// not answer. Waits for the server.
+/// not answer. Waits for the server. `name` is ASCII.
 xcb_atom_t atom(xcb_connection_t* connection, std::string_view name);
 
 } // namespace tabulon::x11

@@ -44,13 +44,13 @@ private:
     /// Returns the number of bytes that fit into one request.
     int largestPiece() const;
 
-    xcb_connection_t* const connection_;
+    xcb_connection_t* const connection_; // not owned; nullptr on other displays, where there are no atoms
     xcb_atom_t clipboard_ = XCB_ATOM_NONE;
     xcb_atom_t drag_ = XCB_ATOM_NONE;
     xcb_atom_t links_ = XCB_ATOM_NONE;
     xcb_atom_t uris_ = XCB_ATOM_NONE;
     xcb_atom_t incremental_ = XCB_ATOM_NONE;
-    QByteArray dragged_;
+    QByteArray dragged_;                       // the list of the last drag; empty if it had none
     std::map<Transfer, QByteArray> transfers_; // the bytes that are not sent yet
 };
 

@@ -15,6 +15,7 @@ public:
 
     /// Returns the stored path, or `nullopt` where it is not absolute or does not exist.
     std::optional<std::string> resolve(std::string_view key) override;
+    /// Sets the setting `key` to the path.
     void store(std::string_view key, const std::string& path) override;
     /// Returns the desktop's folder for documents (XDG user directories), or `nullopt` where it does not
     /// exist.

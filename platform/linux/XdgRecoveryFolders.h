@@ -15,14 +15,17 @@ namespace tabulon {
 /// platform/RecoveryFolders.h for the contracts.
 class XdgRecoveryFolders : public RecoveryFolders {
 public:
-    /// `parent` is the folder of the recovery folders of all runs. It is created with the first of them.
+    /// `parent` is the folder of the recovery folders of all runs, an absolute path. It is created with the
+    /// first of them, and only the user can read it.
     explicit XdgRecoveryFolders(std::string parent);
+    /// Removes the folders of this run that are empty, also adopted ones, and releases all locks.
     ~XdgRecoveryFolders() override;
 
     /// Returns the path of this run's folder, which is created if it is missing. Fails with errno and a
     /// sentence.
     Result<std::string> ownFolder() override;
-    /// Returns the sorted paths of the folders whose lock is free, and locks them for this run.
+    /// Returns the sorted paths of the folders whose lock is free, and locks them for this run. Does not
+    /// wait. A folder that cannot be locked, for example on a file system without locks, counts as free.
     std::vector<std::string> adoptAbandonedFolders() override;
 
 private:
@@ -36,8 +39,8 @@ private:
     Result<std::string> makeOwn();
 
     const std::string parent_;
-    std::string own_;
-    std::vector<Held> held_;
+    std::string own_;        // the folder of this run; empty before the first call of `ownFolder`
+    std::vector<Held> held_; // own and adopted folders
 };
 
 } // namespace tabulon
