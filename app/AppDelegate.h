@@ -93,7 +93,7 @@ private:
     ResponderChain responders_;
     /// Whether `startUp` has run.
     bool launched_ = false;
-    /// Whether the program stops; requests are no longer performed.
+    /// Whether the program stops. Requests are not performed then.
     bool ended_ = false;
     /// Whether `terminate` is asking about documents.
     bool terminating_ = false;

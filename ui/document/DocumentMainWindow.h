@@ -85,7 +85,7 @@ protected:
 private:
     /// Restores the stored columns, and stores what the user changes.
     void rememberColumns();
-    /// Gives the window the size of the last one that the user has resized, as far as the screen has room.
+    /// Resizes the window to the size of the last one that the user has resized, within its screen.
     void restoreGeometryOfLastWindow();
     /// Returns whether a drop is inserted into the document, and not opened as files: links on the empty
     /// state.
