@@ -83,7 +83,7 @@ private:
     const Platform platform_;
     ProgramHost& host_;
     const std::string version_;
-    /// The parts refer to those before them, so that the order of the members matters.
+    /// Each part refers to parts before it, so the order of the members is that of their construction.
     DocumentController documentController_;
     ImportCommands importCommands_;
     RequestQueue requestQueue_;

@@ -19,8 +19,8 @@ namespace tabulon {
 struct OpenDocument {
     explicit OpenDocument(const BaseServices& services) : document(services) {}
 
-    // The order of the members matters: the window is destroyed before its controller, and the controller
-    // before its document.
+    // In the order of construction: the window is destroyed before its controller, and the controller before
+    // its document.
 
     Document document;
     /// The identity of the file when it was read or written last; `nullopt` without a file.

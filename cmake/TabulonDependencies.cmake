@@ -1,4 +1,4 @@
-# The libraries the project stands on, looked up once. Each is a package of Debian 12.
+# The libraries that the project uses, looked up once. Each is a package of Debian 12.
 
 find_package(ICU REQUIRED COMPONENTS uc i18n)
 find_package(fmt REQUIRED)

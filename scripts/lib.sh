@@ -15,7 +15,7 @@ die() {
     exit 1
 }
 
-# as_root COMMAND…: as it is for root, through sudo for anybody else.
+# as_root COMMAND…: runs the command as root, through sudo if the user is not root.
 as_root() {
     if [ "$(id -u)" -eq 0 ]; then
         "$@"

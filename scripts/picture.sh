@@ -12,7 +12,7 @@ shift
 work=$(mktemp -d)
 started=()
 clean_up() {
-    # The last one first: a program whose display goes away complains.
+    # The last one first, because a program whose display ends prints errors.
     local index
     for ((index = ${#started[@]} - 1; index >= 0; index--)); do
         kill "${started[index]}" 2>/dev/null || true

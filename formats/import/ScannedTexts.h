@@ -21,7 +21,7 @@ public:
     Text text(std::size_t from, std::size_t to) const;
 
     /// Returns the same text with a space for every line feed and carriage return in the bytes. Those that
-    /// references stand for are kept.
+    /// are written as references are kept.
     Text line(std::size_t from, std::size_t to) const;
 
 private:

@@ -1,4 +1,4 @@
-// Each command of the main menu does what its title says, and no other command could stand in its place.
+// Each command of the main menu changes what its title says, and no other command changes the same.
 #include "tests/app/MenuEffects.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// The list behind children and rows, against a plain vector.
+// The list of children and rows, compared with a plain vector.
 #include "base/ChunkedList.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The program is killed at moments that nobody chose.
+// The program is killed at random moments.
 #include "tests/faults/FaultFixture.h"
 
 #include <algorithm>

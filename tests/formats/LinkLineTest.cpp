@@ -1,5 +1,5 @@
-// The usual form of a link: what is taken for it, what is left to the general rules, and runs of bytes. That
-// both come to the same is LiteralScannerTest's affair.
+// The usual form of a link: what is taken for it, what is left to the general rules, and runs of bytes.
+// LiteralScannerTest checks that both have the same results.
 #include "formats/import/LinkLine.h"
 
 #include "formats/import/ByteRun.h"

@@ -1,5 +1,5 @@
-// The rules of the tag scanner a second time, word for word and one byte at a time: slow, plain, and sharing
-// nothing with the real one, so that the two can be held against each other on any input.
+// A reference implementation of the tag scanner: the rules one by one, byte by byte, slow, and without code
+// of the scanner, so that the two can be compared on random input.
 #pragma once
 
 #include "tests/formats/TreeText.h"
@@ -14,7 +14,7 @@ public:
     /// `now` in seconds since 1970.
     explicit LiteralScanner(double now) : now_(now) {}
 
-    /// The lines of the tree that `bytes` give. The last item lives on until the next scan.
+    /// Returns the lines of the tree that `bytes` contain. The last item exists until the next scan.
     std::vector<TreeLine> scan(const std::string& bytes);
 
 private:

@@ -1,4 +1,4 @@
-// What a page tells of its links.
+// The links of a page, with their texts and addresses.
 #include "formats/import/PageLinks.h"
 
 #include "tests/CountingProgress.h"

@@ -14,7 +14,7 @@ protected:
         master->setItemName("Master");
     }
 
-    // Nodes have no dates unless a test gives them some.
+    // Nodes have no dates unless a test sets them.
     static Bookmark& add(Bookmark& parent, Ref<Bookmark> child) {
         parent.addChild(child);
         return *child;
@@ -40,7 +40,7 @@ protected:
         separator->setType(kSeparatorType);
         return add(parent, std::move(separator));
     }
-    /// A chain of `depth` folders below the master; gives the innermost.
+    /// Adds a chain of `depth` folders below the master, and returns the innermost one.
     Bookmark& nest(int depth) {
         Bookmark* folder = master.get();
         for (int i = 0; i < depth; ++i)

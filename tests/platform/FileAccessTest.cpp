@@ -1,4 +1,4 @@
-// What a save keeps of who may do what with a file, and what it grants nobody.
+// The owner and the permissions of a file after a save: those that are kept, and those that no save adds.
 #include "platform/linux/FileAccess.h"
 
 #include "tests/platform/FileStoreFixture.h"

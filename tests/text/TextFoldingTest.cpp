@@ -1,4 +1,5 @@
-// What the table of characters gives is what ICU gives for the whole text, whatever stands beside what.
+// Folding by the table of characters has the same result as folding of the whole text by ICU, for all
+// neighbours.
 #include "text/TextFolding.h"
 
 #include "base/Ascii.h"
