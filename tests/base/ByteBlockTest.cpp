@@ -1,4 +1,4 @@
-// Sixteen bytes at once answer as sixteen bytes one by one.
+// Tests that the operations on blocks of sixteen bytes have the same results as loops over the bytes.
 #include "base/ByteBlock.h"
 
 #include <gtest/gtest.h>

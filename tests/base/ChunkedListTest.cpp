@@ -1,4 +1,4 @@
-// The list of children and rows, compared with a plain vector.
+// Compares the chunked list of children and rows with a `std::vector`.
 #include "base/ChunkedList.h"
 
 #include <gtest/gtest.h>

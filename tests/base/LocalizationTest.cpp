@@ -1,4 +1,4 @@
-// The program's texts, and what a locale's name comes to.
+// Tests the English texts and the conversion of locale names to locale identifiers.
 #include "base/EnglishTexts.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The shared text and the date.
+// Tests `Text` and `Date`.
 #include "base/Text.h"
 
 #include "base/Date.h"
@@ -60,7 +60,7 @@ TEST(Date, noneIsNoNumber) {
     EXPECT_FALSE(Date::fromReferenceSeconds(std::numeric_limits<double>::quiet_NaN()).isNull());
     EXPECT_FALSE(Date::fromReferenceSeconds(0).isNull());
     EXPECT_EQ(Date(), Date());
-    // The pattern of null itself, come from a file, is a date like any other.
+    // The bit pattern of the null date, read from a file, is not a null date.
     EXPECT_FALSE(Date::fromReferenceSeconds(std::bit_cast<double>(0x7FF87AB000000001u)).isNull());
     EXPECT_EQ(sizeof(Date), 8u);
 }

@@ -1,4 +1,4 @@
-// Settings: registered values, conversions.
+// Tests the settings: registered values, typed access and conversions of texts.
 #include "base/Settings.h"
 #include "platform/fake/FakeBaseServices.h"
 

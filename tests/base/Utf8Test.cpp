@@ -1,4 +1,5 @@
-// UTF-8: what is valid, what bytes a character has, and where characters begin.
+// Tests the UTF-8 functions: validation, replacement of malformed parts, encoding of characters, character
+// boundaries.
 #include "base/Utf8.h"
 
 #include <gtest/gtest.h>
