@@ -1,4 +1,4 @@
-// The marks that files begin with.
+// Tests the detection and removal of byte-order marks.
 #include "text/ByteOrderMark.h"
 
 #include <gtest/gtest.h>

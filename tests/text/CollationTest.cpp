@@ -1,4 +1,4 @@
-// Order, sort keys and "standard contains", in several languages and under odd locale names.
+// Tests the order, sort keys and "standard contains" in several languages and with unusual locale names.
 #include "text/Collation.h"
 
 #include "tests/ProcessorTime.h"
@@ -195,7 +195,7 @@ TEST(StandardMatch, isThePieceAsItStands) {
     EXPECT_EQ(english.standardMatch("text", ""), "");
 }
 
-// Whatever the bytes are, the match is a piece of the text, between characters where it is valid.
+// The match is a view into the text, also where the bytes are malformed.
 TEST(StandardMatch, isAPieceOfAnyText) {
     const Collation english("en");
     std::mt19937 random(7);
@@ -244,7 +244,7 @@ TEST(CollationTurkish, theTwoLettersIAreToldApart) {
 
 TEST(CollationMarks, longRunsOfThemTakeLinearTime) {
     const Collation collation("en_US");
-    // Accents in the order that is the worst to sort, and marks that stay: nuktas behind viramas.
+    // Accents in the order that takes longest to sort, and marks that folding keeps: nuktas after viramas.
     for (const auto& [high, low] : {std::pair("\u0301", "\u0323"), std::pair("\u094D", "\u093C")}) {
         const auto seconds = [&](int marks) {
             std::string text = "e";
@@ -257,7 +257,7 @@ TEST(CollationMarks, longRunsOfThemTakeLinearTime) {
             return time.seconds();
         };
         seconds(1000);
-        // Ten times as much; a hundred times the time if it grew with the square.
+        // The text is ten times as long. Quadratic time would be a hundred times as long.
         const double small = seconds(20000);
         EXPECT_LT(seconds(200000), 40 * small + 0.1);
     }

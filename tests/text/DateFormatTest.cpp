@@ -1,4 +1,4 @@
-// Dates as people write them.
+// Tests the display form of dates: time zone, locale, null dates and dates out of range.
 #include "text/DateFormat.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Texts in other encodings.
+// Tests the conversion of bytes in other encodings to UTF-8.
 #include "text/EncodingConversion.h"
 
 #include <gtest/gtest.h>

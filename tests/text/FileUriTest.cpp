@@ -1,4 +1,4 @@
-// File paths as URIs and back.
+// Tests the conversion of file paths to URIs and back.
 #include "text/FileUri.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Bytes as percent escapes and back.
+// Tests percent-encoding and percent-decoding of bytes.
 #include "text/PercentCoding.h"
 
 #include "base/Ascii.h"

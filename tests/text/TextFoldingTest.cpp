@@ -1,5 +1,5 @@
-// Folding by the table of characters has the same result as folding of the whole text by ICU, for all
-// neighbours.
+// Tests that folding with the character table has the same result as folding of the whole text by ICU, for
+// characters in any context.
 #include "text/TextFolding.h"
 
 #include "base/Ascii.h"
@@ -34,13 +34,14 @@ bool isCharacter(char32_t code) {
     return code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
 }
 
+// Returns `text` folded by ICU alone.
 std::string byICU(const std::string& text) {
     std::string folded;
     appendFoldedByICU(folded, text);
     return folded;
 }
 
-// The text with one byte 0x80 for everything in a row that is not ASCII.
+// Returns `text` in lower case, with each run of bytes outside ASCII replaced by one byte 0x80.
 std::string asciiOf(const std::string& text) {
     std::string result;
     for (const char byte : text)
@@ -53,6 +54,7 @@ std::string asciiOf(const std::string& text) {
 
 class TextFoldingTest : public testing::Test {
 protected:
+    // Returns `text` folded with the character table.
     std::string folded(const std::string& text) {
         std::string result;
         folder.appendFolded(result, text);
@@ -134,7 +136,7 @@ TEST_F(TextFoldingTest, brokenBytesDoNotHideACharacter) {
     EXPECT_GT(kept, 2000u);
 }
 
-// Scripts whose characters act on each other, and marks of every class.
+// Returns a text in scripts whose characters combine with each other, with marks of many combining classes.
 std::string randomText(std::mt19937& random) {
     static const std::vector<std::pair<char32_t, char32_t>> ranges = {
         {0x20, 0x17F},    {0x1A0, 0x24F},     {0x300, 0x36F},     {0x370, 0x52F},    {0x591, 0x5F4},

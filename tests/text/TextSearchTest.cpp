@@ -1,5 +1,5 @@
-// Looking for one part in a text: letters of either case, other bytes, zero bytes, and agreement with a plain
-// search.
+// Tests the search for one text in many: case, bytes outside ASCII, zero bytes, and the same results as
+// `std::string::find`.
 #include "text/TextSearch.h"
 
 #include "base/Ascii.h"
@@ -47,14 +47,14 @@ TEST(TextSearch, findsTheEmptyPartEverywhere) {
     EXPECT_TRUE(TextSearch().inSmallLetters(""));
 }
 
-// The padding of a short text is no part of it.
+// The zero bytes that pad a short text must not match.
 TEST(TextSearch, takesZeroBytesAsBytes) {
     EXPECT_EQ(TextSearch("a\0"s).isIn("bca"), false);
     EXPECT_EQ(TextSearch("a\0"s).isIn("bca\0"s), true);
     EXPECT_EQ(TextSearch("\0"s).isIn("abc"), false);
 }
 
-// Few letters, so that most parts begin in many places and stand in some.
+// The alphabet is small, so that most parts match partly in many places, and some match whole.
 TEST(TextSearch, agreesWithAPlainSearch) {
     std::mt19937 random(20261122);
     const auto letters = [&random](std::string_view alphabet, std::size_t size) {

@@ -1,4 +1,4 @@
-// The schemes of addresses.
+// Tests the length of a URI's scheme.
 #include "text/UriScheme.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Entities there and back, and what stays as it stands.
+// Tests escaping and unescaping of XML entities, and the references that are not replaced.
 #include "text/XmlEntities.h"
 
 #include <gtest/gtest.h>
