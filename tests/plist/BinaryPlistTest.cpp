@@ -1,5 +1,4 @@
-// Binary property lists: what PlistWriter writes, BinaryPlist reads, and so do lists that a second writer
-// laid out.
+// Tests that `BinaryPlist` reads the lists of `PlistWriter` and of a second writer, and refuses damaged ones.
 #include "plist/BinaryPlist.h"
 
 #include "plist/PlistWriter.h"

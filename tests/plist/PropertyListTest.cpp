@@ -1,4 +1,4 @@
-// One reading access for both forms of property lists.
+// Tests the common reader of binary and XML property lists.
 #include "plist/PropertyList.h"
 
 #include "tests/plist/TestPlist.h"

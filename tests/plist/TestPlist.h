@@ -1,5 +1,5 @@
-// A second writer of binary property lists, written for the tests alone: it can use any width of integers and
-// references, put the objects in any order, and share no code with the program's own.
+// A second writer of binary property lists, for tests only. It can write integers and references of any width
+// and the objects in any order. It shares no code with the program's writer.
 #pragma once
 
 #include <algorithm>
@@ -17,12 +17,13 @@ namespace tabulon::test {
 struct Plist;
 using Value = std::shared_ptr<Plist>;
 
+/// One object of a property list. Only the members of its kind have a meaning.
 struct Plist {
     enum class Kind { Boolean, Integer, Real, Date, Data, Ascii, Utf16, Uid, Array, Dictionary, Raw };
     Kind kind;
     std::int64_t integer = 0;
     double real = 0;
-    std::string bytes; // Utf16: big-endian units
+    std::string bytes; // Utf16: big-endian code units
     std::vector<Value> items;
     std::vector<std::pair<std::string, Value>> pairs;
 };
@@ -59,7 +60,7 @@ inline Value utf16(const std::u16string& text) {
 inline Value uid(std::int64_t value) {
     return make({.kind = Plist::Kind::Uid, .integer = value, .bytes = {}, .items = {}, .pairs = {}});
 }
-/// Bytes as they are, marker included.
+/// Returns a value that is encoded as `bytes`, which include the marker.
 inline Value raw(std::string bytes) {
     return make({.kind = Plist::Kind::Raw, .bytes = std::move(bytes), .items = {}, .pairs = {}});
 }
@@ -71,12 +72,15 @@ inline Value dictionary(Pairs pairs) {
     return make({.kind = Plist::Kind::Dictionary, .bytes = {}, .items = {}, .pairs = std::move(pairs)});
 }
 
+/// The sizes and the order that the encoder uses.
 struct Layout {
+    /// The size of an object reference in bytes.
     unsigned referenceSize = 2;
+    /// The size of an entry of the offset table in bytes.
     unsigned offsetSize = 4;
-    /// log2 of the bytes of every integer: 0 to 4.
+    /// log2 of the size of every integer in bytes: 0 to 4.
     unsigned integerWidth = 3;
-    /// The order of the objects in the file; 0 keeps that of the walk.
+    /// The seed for the random order of the objects in the file. With 0 they are in the order of the walk.
     unsigned shuffleSeed = 0;
 };
 
@@ -84,6 +88,7 @@ class Encoder {
 public:
     explicit Encoder(Layout layout) : layout_(layout) {}
 
+    /// Returns the file with the top object `top`. Values that are shared in memory are written once.
     std::string encode(const Value& top) {
         collect(top);
         std::vector<std::size_t> order(objects_.size());
@@ -110,6 +115,7 @@ public:
         return out;
     }
 
+    /// Appends `value` as a big-endian integer of `width` bytes. Higher bytes that do not fit are cut off.
     static void number(std::string& out, std::uint64_t value, unsigned width) {
         for (unsigned i = width; i > 0; --i)
             out += static_cast<char>(i > 8 ? 0 : value >> (8 * (i - 1)) & 0xFF);
@@ -196,41 +202,46 @@ private:
     std::map<std::string, Value> keys_;
 };
 
-/// The objects of a keyed archive, built one by one.
+/// Builds a keyed archive object by object.
 class TestArchive {
 public:
     TestArchive() { add(ascii("$null")); }
 
-    /// Gives the object's number in the archive.
+    /// Appends `object` and returns its index in the archive.
     std::int64_t add(Value object) {
         objects.push_back(std::move(object));
         return static_cast<std::int64_t>(objects.size()) - 1;
     }
+    /// Adds a class record whose names are `ancestry`, the class itself first, and returns its index.
     std::int64_t addClass(const std::vector<std::string>& ancestry) {
         std::vector<Value> names;
         for (const std::string& name : ancestry)
             names.push_back(ascii(name));
         return add(dictionary({{"$classname", ascii(ancestry.front())}, {"$classes", array(names)}}));
     }
+    /// Adds a date in seconds since 2001 and returns its index.
     std::int64_t addDate(double seconds) {
         return add(dictionary({{"NS.time", real(seconds)}, {"$class", uid(dateClass())}}));
     }
+    /// Adds an array of the objects with these indices and returns its index.
     std::int64_t addArray(const std::vector<std::int64_t>& uids) {
         std::vector<Value> items;
         for (const std::int64_t each : uids)
             items.push_back(uid(each));
         return add(dictionary({{"NS.objects", array(items)}, {"$class", uid(arrayClass())}}));
     }
-    /// A Bookmark with just these keys.
+    /// Adds a Bookmark with only these keys and returns its index.
     std::int64_t addNode(Pairs pairs) {
         pairs.emplace_back("$class", uid(bookmarkClass()));
         return add(dictionary(std::move(pairs)));
     }
+    /// Adds a Bookmark that is a folder with these children and returns its index.
     std::int64_t addFolder(const std::string& name, const std::vector<std::int64_t>& children) {
         const std::int64_t text = add(ascii(name));
         return addNode(
             {{"Name", uid(text)}, {"Folder", boolean(true)}, {"Children", uid(addArray(children))}});
     }
+    /// Adds the version record of a document and returns its index.
     std::int64_t addVersion(Value version, Value fileType) {
         return add(dictionary({{"Version", std::move(version)},
                                {"SortOrder", integer(0)},
@@ -242,16 +253,18 @@ public:
     std::int64_t arrayClass() { return once(array_, {"NSMutableArray", "NSArray", "NSObject"}); }
     std::int64_t dateClass() { return once(date_, {"NSDate", "NSObject"}); }
 
+    /// Returns the whole archive with the root object `rootUid`.
     Value plist(std::int64_t rootUid) const {
         return dictionary({{"$version", integer(100000)},
                            {"$archiver", ascii("NSKeyedArchiver")},
                            {"$top", dictionary({{"root", uid(rootUid)}})},
                            {"$objects", array(objects)}});
     }
+    /// Returns the archive with the root object `rootUid` as a file.
     std::string bytes(std::int64_t rootUid, Layout layout = {}) const {
         return Encoder(layout).encode(plist(rootUid));
     }
-    /// A document with the root folder `master`.
+    /// Returns the bytes of a document with the root folder `master`.
     std::string document(std::int64_t master, Layout layout = {}) {
         const std::int64_t version = addVersion(integer(1), integer(0x54626C6E));
         return bytes(addArray({version, master}), layout);
@@ -260,6 +273,7 @@ public:
     std::vector<Value> objects;
 
 private:
+    /// Returns `number`. If it is 0, adds a class record first and stores its index in `number`.
     std::int64_t once(std::int64_t& number, const std::vector<std::string>& ancestry) {
         if (number == 0)
             number = addClass(ancestry);
