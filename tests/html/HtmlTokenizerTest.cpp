@@ -1,4 +1,4 @@
-// A page's text as tags and texts.
+// Tests the split of a page into tags, texts and comments.
 #include "html/HtmlTokenizer.h"
 
 #include <gtest/gtest.h>
@@ -6,6 +6,7 @@
 namespace tabulon::html {
 namespace {
 
+/// Returns a short text for the token. It is empty for the end of the page.
 std::string described(const Token& token) {
     std::string result;
     switch (token.kind) {
@@ -28,6 +29,7 @@ std::string described(const Token& token) {
     return result;
 }
 
+/// Returns the short texts of all tokens of the page.
 std::string tokensOf(std::string_view source) {
     std::deque<std::string> texts;
     Tokenizer tokenizer(source, texts);

@@ -1,4 +1,4 @@
-// A page's tree, as browsers build it from markup that is well-formed and from markup that is not.
+// Tests the tree of a page, which is the tree that browsers build, for well-formed and malformed markup.
 #include "html/HtmlTreeBuilder.h"
 
 #include "tests/CountingProgress.h"
@@ -8,6 +8,7 @@
 namespace tabulon::html {
 namespace {
 
+/// Returns the node after `node` in document order, or `nullptr` after the last one.
 const Node* nextOf(const Node& node) {
     if (node.first)
         return node.first;
@@ -17,8 +18,8 @@ const Node* nextOf(const Node& node) {
     return left ? left->next : nullptr;
 }
 
-/// Returns the names and texts below the first element of `root`, each with one dot for each of its ancestors
-/// below that.
+/// Returns the names and texts of the nodes below the first `root` element. Each is preceded by one dot for
+/// each ancestor between it and that element.
 std::string below(Tag root, std::string_view source) {
     Tree tree;
     EXPECT_EQ(buildTree(source, tree), BuildOutcome::Whole);
@@ -38,6 +39,7 @@ std::string below(Tag root, std::string_view source) {
     return result;
 }
 
+/// Returns the content of the body in the form of `below`.
 std::string bodyOf(std::string_view source) {
     return below(Tag::Body, source);
 }
