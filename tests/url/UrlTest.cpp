@@ -1,4 +1,4 @@
-// Addresses: their parts, and how browsers write them.
+// Tests the URL parser: the parts of an address, and its serialization, which is the one of browsers.
 #include "url/Url.h"
 
 #include "tests/ProcessorTime.h"
@@ -8,6 +8,8 @@
 namespace tabulon::url {
 namespace {
 
+/// Returns the serialized address, or "no address" if `input` is not one. Requires: `base` is empty or an
+/// address.
 std::string text(std::string_view input, std::string_view base = {}, std::string_view encoding = {}) {
     const std::optional<Url> from = base.empty() ? std::nullopt : parse(base);
     EXPECT_TRUE(base.empty() || from) << base;
