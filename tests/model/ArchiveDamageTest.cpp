@@ -1,4 +1,4 @@
-// What the reader of documents refuses, and that it does so in bounded time and memory and with a sentence.
+// Tests that the document reader refuses damaged files with a message, in bounded time and memory.
 #include "model/ArchiveReader.h"
 #include "model/ArchiveWriter.h"
 #include "tests/ProcessorTime.h"
@@ -13,7 +13,7 @@ namespace {
 
 using namespace test;
 
-// Reads and expects a refusal with a sentence; gives the error.
+// Expects that reading fails with a message that ends in a full stop. Returns the error.
 Error refused(const std::string& bytes) {
     const Result<Ref<Bookmark>> master = readDocumentArchive(bytes);
     EXPECT_FALSE(master);
@@ -190,7 +190,8 @@ TEST(ArchiveDamage, damagedClassesOfDatesAndTexts) {
     refused(boxed.document(boxed.addNode({{"Name", uid(text)}})));
 }
 
-// The message for a bookmark whose value under `key` is what `value` adds to the archive.
+// Returns the error message for a bookmark whose value under `key` is the object that `value` adds to the
+// archive.
 template <class AddValue>
 std::string messageFor(const char* key, const AddValue& value) {
     TestArchive archive;
@@ -198,8 +199,8 @@ std::string messageFor(const char* key, const AddValue& value) {
     return refused(archive.document(archive.addFolder("Master", {node}))).message;
 }
 
-// What damage has made of a text or a date is not missing: it would be missing in the file after the next
-// save.
+// A text that damage has turned into another kind of value must not be read as missing: the next save would
+// remove it from the file.
 TEST(ArchiveDamage, textThatIsSomethingElse) {
     for (const char* key : {"Name", "URL", "Note", "Tags"}) {
         for (const Value& value : {real(5), integer(4), data("text"), dictionary({})})
@@ -277,20 +278,20 @@ TEST(ArchiveDamage, absurdCountsAndTables) {
     for (const std::uint64_t absurd : {~0ULL, 1ULL << 63, 1ULL << 40, 100000ULL}) {
         refused(patched(24, absurd, 8)); // number of objects
         refused(patched(16, absurd, 8)); // top object
-        refused(patched(8, absurd, 8));  // place of the offset table
+        refused(patched(8, absurd, 8));  // offset of the offset table
     }
     refused(patched(24, 0, 8));
     refused(patched(8, 0, 8));
     refused(patched(8, 7, 8));
     for (const std::uint64_t width : {0ULL, 9ULL, 255ULL}) {
-        refused(patched(26, width, 1)); // width of an offset
-        refused(patched(25, width, 1)); // width of a reference
+        refused(patched(26, width, 1)); // size of an offset
+        refused(patched(25, width, 1)); // size of a reference
     }
 }
 
 TEST(ArchiveDamage, objectsThatReachIntoTheTableAreRefused) {
     TestArchive archive;
-    // A text of 2^62 characters, and a list that claims more than there is.
+    // A text of 2^62 characters, and a list whose count is larger than the file.
     const std::int64_t text = archive.add(raw(std::string("\x5F\x13\x40", 3) + std::string(7, '\0')));
     refused(archive.document(archive.addNode({{"Name", uid(text)}})));
     TestArchive listed;
@@ -303,7 +304,7 @@ TEST(ArchiveDamage, objectsThatReachIntoTheTableAreRefused) {
 }
 
 TEST(ArchiveDamage, overlappingObjectsCannotMakeTheWorkGrow) {
-    // Twenty thousand nodes that are all the same bytes: a dictionary of twenty thousand pairs.
+    // 20,000 nodes that share the same bytes: a dictionary of 20,000 pairs.
     constexpr std::size_t kCount = 20000;
     Pairs pairs;
     const Value value = boolean(true);
@@ -316,7 +317,7 @@ TEST(ArchiveDamage, overlappingObjectsCannotMakeTheWorkGrow) {
         links.push_back(archive.add(boolean(false)));
     const std::int64_t master = archive.addFolder("Master", links);
     std::string bytes = archive.document(master, {4, 4, 3, 0});
-    // Point every filler at the bytes of the first node, through the offset table.
+    // Set the offset of each filler object to that of the first node.
     const auto at = [&](std::size_t position) {
         std::uint64_t result = 0;
         for (std::size_t i = 0; i < 4; ++i)

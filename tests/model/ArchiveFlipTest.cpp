@@ -1,5 +1,5 @@
-// Damage inside a sound document: it is refused, or every node is there. What is refused at the outset is in
-// ArchiveDamageTest.cpp.
+// Tests damage to single bits, bytes and sectors of a sound document: reading fails, or every node is read.
+// Files that are refused for other reasons are in ArchiveDamageTest.cpp.
 #include "model/ArchiveReader.h"
 #include "model/ArchiveWriter.h"
 #include "model/TreeWalk.h"
@@ -15,7 +15,7 @@ namespace {
 
 using namespace test;
 
-// The texts and dates of all nodes, as texts.
+// Returns the texts and the added date of all nodes. A date is a text in the result.
 std::vector<Text> fieldsOf(const Bookmark& root) {
     std::vector<Text> texts;
     const auto add = [&](const Bookmark& node) {
@@ -31,7 +31,8 @@ std::vector<Text> fieldsOf(const Bookmark& root) {
     return texts;
 }
 
-// A folder with links, notes, tags and dates, as the program itself writes it.
+// Returns a tree of `folders` folders with `links` links each. The links have names, URLs and added dates,
+// and every second one a note.
 Ref<Bookmark> tree(int folders, int links) {
     Ref<Bookmark> master = Bookmark::initEmpty();
     master->makeParent();
@@ -55,7 +56,8 @@ Ref<Bookmark> tree(int folders, int links) {
 
 class ArchiveFlip : public testing::Test {
 protected:
-    // Reads the damaged bytes and expects a refusal or the whole shape; counts what was read.
+    // Expects that reading `bytes` fails with a message, or that the tree has the shape of the original and
+    // at most `mostChanged` fields differ. Counts both results.
     void check(const std::string& bytes, const std::string& what) {
         const Result<Ref<Bookmark>> master = readDocumentArchive(bytes);
         if (!master) {
@@ -95,7 +97,8 @@ protected:
 
     std::vector<std::size_t> shape;
     std::vector<Text> wholeFields;
-    // Fields that a damaged file may have otherwise: two, where a key of one record became another one.
+    // The largest number of fields that may differ after damage. Two, where a key of one record has become
+    // another.
     std::size_t mostChanged = 2;
     std::size_t read = 0;
     std::size_t refused = 0;
@@ -105,8 +108,8 @@ TEST_F(ArchiveFlip, everyBitOfASmallDocument) {
     flipEveryBit(writeDocumentArchive(*tree(2, 3)));
 }
 
-// One object holds what a thousand nodes have: its damage would be theirs. What a flipped bit makes another
-// reference to a text, or to null, of is as sound as the file before.
+// All links share one object for each value, so that damage to it would change all of them. A flipped bit may
+// make a reference point to another text or to null: such a file is well-formed.
 TEST_F(ArchiveFlip, sharedTextsAndDatesThatBecomeSomethingElse) {
     const Ref<Bookmark> master = tree(2, 20);
     walkBelow(*master, [](Bookmark& node) {

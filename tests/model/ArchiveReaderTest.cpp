@@ -1,4 +1,4 @@
-// What the reader of documents takes: everything that some writer of the format produces.
+// Tests that the document reader accepts every form that a writer of the format produces.
 #include "model/ArchiveReader.h"
 
 #include "model/ArchiveWriter.h"
@@ -20,7 +20,8 @@ Ref<Bookmark> read(const std::string& bytes) {
     return master ? *master : Ref<Bookmark>();
 }
 
-// A document whose root has one link with these keys, and that link.
+// A document whose root contains one link with these keys. `node` is that link, or `nullptr` if reading
+// fails.
 struct OneLink {
     explicit OneLink(TestArchive& archive, Pairs pairs, Layout layout = {}) {
         const std::int64_t link = archive.addNode(std::move(pairs));
@@ -90,7 +91,8 @@ TEST(ArchiveReader, everyWidthOfIntegersAndReferencesAndAnyOrder) {
         for (unsigned references = 1; references <= 8; ++references)
             for (unsigned offsets = 2; offsets <= 8; ++offsets) {
                 TestArchive archive;
-                // The file type needs four bytes, the archive's version three: they keep their own objects.
+                // Only the label is written with `width`: the file type needs four bytes and the archive's
+                // version three.
                 const OneLink one(archive,
                                   {{"Label", raw(std::string(1, static_cast<char>(0x10 | width)) +
                                                  std::string((1u << width) - 1, '\0') + '\x07')}},
@@ -120,7 +122,7 @@ TEST(ArchiveReader, numbersServeAsBooleansAndTheReverse) {
     EXPECT_EQ(one.node->getStatus(), 1);
 }
 
-// They come of damage, and where many nodes share a value all would lose it.
+// Such values are a sign of damage. If they were read as missing, all nodes that share a value would lose it.
 TEST(ArchiveReader, valuesOfTheWrongKindAreRefused) {
     const Pairs wrong = {{"URL", integer(4)},     {"Name", ascii("n")},      {"Tags", array({})},
                          {"Note", boolean(true)}, {"DateModified", real(5)}, {"Type", real(3)},
@@ -172,7 +174,7 @@ TEST(ArchiveReader, sharedTextsAndDatesArriveEverywhere) {
 }
 
 TEST(ArchiveReader, oneTextUnderManyNumbersIsReadForAll) {
-    // As writers do that store equal texts once and refer to them from many objects of the archive.
+    // Some writers store equal texts once and refer to them from many objects of the archive.
     for (const std::size_t length : {std::size_t{20}, std::size_t{2000}}) {
         TestArchive archive;
         const Value shared = ascii(std::string(length, 's'));

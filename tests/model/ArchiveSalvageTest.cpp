@@ -1,4 +1,4 @@
-// What is left of a damaged document.
+// Tests the recovery of bookmarks from damaged documents.
 #include "model/ArchiveSalvage.h"
 
 #include "model/ArchiveReader.h"
@@ -19,11 +19,13 @@ using namespace test;
 
 class ArchiveSalvage : public testing::Test {
 protected:
+    // Returns the recovered tree. Fails the test if the recovery fails.
     Salvage salvage(const std::string& bytes) {
         Result<Salvage> left = salvageDocumentArchive(bytes, fakes.services());
         EXPECT_TRUE(left) << left.error().message;
         return left ? *left : Salvage{Bookmark::initEmpty()};
     }
+    // Returns the names of the nodes below `root`. The children of a folder are in parentheses.
     static std::string outline(const Bookmark& root) {
         std::string text;
         walkBelow(
@@ -147,7 +149,7 @@ TEST_F(ArchiveSalvage, oneFlippedBitLosesAlmostNothing) {
     std::mt19937 random(3);
     int refused = 0;
     for (int i = 0; i < 2000; ++i) {
-        // Behind the keys and before the tables, which have no second copy.
+        // The flipped bit is after the keys and before the tables, because neither is stored twice.
         std::string bytes = whole;
         const std::size_t place = 400 + random() % (whole.size() * 6 / 10);
         bytes[place] = static_cast<char>(bytes[place] ^ 1 << random() % 8);

@@ -1,4 +1,4 @@
-// What the writer of documents puts into the file. Independent programs read its files in the system tests.
+// Tests the files of the document writer. The system tests read such files with independent programs.
 #include "model/ArchiveWriter.h"
 
 #include "model/ArchiveKeys.h"
@@ -18,7 +18,7 @@ namespace {
 using Kind = BinaryPlist::Kind;
 using Object = BinaryPlist::Object;
 
-// The file's objects by name of key, looked at through the reading access alone.
+// Access to the objects of a file by key, through `BinaryPlist` only.
 class Written {
 public:
     explicit Written(const std::string& bytes) : bytes_(bytes), plist_(*BinaryPlist::open(bytes_)) {}
@@ -141,7 +141,7 @@ TEST(ArchiveWriter, oneNodeAloneReadsBack) {
     EXPECT_FALSE(readDocumentArchive(writeNodeArchive(*folder)));
 }
 
-// A random tree with every field in play.
+// Returns a random tree that uses every field.
 Ref<Bookmark> randomTree(std::mt19937& random, int nodes) {
     const auto text = [&]() -> Text {
         static const std::vector<std::string> kTexts = {
@@ -240,7 +240,8 @@ TEST(ArchiveWriter, aLongTextOfManyNodesIsWrittenOnce) {
     EXPECT_EQ(writeDocumentArchive(**again), bytes) << "reading does not share what writing does not";
 }
 
-// However long it is: else a small file whose nodes share one would grow each time it is saved.
+// The length of the text does not matter. Otherwise a small file whose nodes share a text would grow with
+// each save.
 TEST(ArchiveWriter, aTextThatManyNodesHaveIsWrittenOnce) {
     constexpr std::size_t kNodes = 2000;
     const auto sizeWith = [](std::size_t length) {
@@ -261,7 +262,7 @@ TEST(ArchiveWriter, aTextThatManyNodesHaveIsWrittenOnce) {
         EXPECT_LE(sizeWith(length), least + length + 16) << length;
 }
 
-// The nodes have the URLs that `urlOf` makes of their numbers.
+// Returns a document in which node `i` has the URL `urlOf(i)`.
 template <class URLOf>
 std::string documentOfURLs(int nodes, const URLOf& urlOf) {
     const Ref<Bookmark> master = Bookmark::initEmpty();
@@ -288,7 +289,7 @@ TEST(ArchiveWriter, alternatingTextsOfOnePatternAreWrittenOnce) {
     EXPECT_EQ(occurrences(bytes, url(1)), 1u);
 }
 
-// Among 10,000 other texts some are looked for in the place of the one that every second node has.
+// Some of the 10,000 other texts fall into the same slot of the writer as the text of every second node.
 TEST(ArchiveWriter, aTextIsWrittenOnceWhateverStandsBetween) {
     const std::string often = "https://example.org/often";
     const std::string bytes = documentOfURLs(

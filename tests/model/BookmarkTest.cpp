@@ -1,4 +1,4 @@
-// The node by itself: construction, copies, comparison, codes.
+// Tests one node: construction, copies, comparison, codes.
 #include "model/Bookmark.h"
 
 #include "model/Document.h"

@@ -1,4 +1,4 @@
-// The node among others: children, ancestors, removal, documents, depth.
+// Tests a node in its tree: children, ancestors, removal, documents, depth.
 #include "model/Bookmark.h"
 #include "model/Document.h"
 #include "model/TreeWalk.h"

@@ -1,4 +1,4 @@
-// The reader of classic documents, over files built byte by byte.
+// Tests the reader of classic documents with files that are built byte by byte.
 #include "model/ClassicReader.h"
 
 #include "base/Utf8.h"
@@ -13,7 +13,7 @@
 namespace tabulon {
 namespace {
 
-// One record as the layout has it.
+// One record in the layout of the file. The bytes that the reader ignores have arbitrary values.
 struct Record {
     std::string name;
     std::string url;

@@ -1,4 +1,4 @@
-// The document: its tree, its changes, reading and writing.
+// Tests the document: its tree, change count, reading and writing.
 #include "model/Document.h"
 
 #include "model/ArchiveWriter.h"

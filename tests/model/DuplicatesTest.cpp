@@ -1,5 +1,5 @@
-// The duplicate scan: what counts as the same URL, which of several is marked, and that the marks are those
-// of comparing every pair.
+// Tests the duplicate scan: which URLs are equal, which of several items are marked, and that the marks are
+// those of a comparison of every pair.
 #include "model/Duplicates.h"
 
 #include "model/TreeWalk.h"
@@ -14,7 +14,7 @@ namespace {
 
 using test::LetterTree;
 
-// The letters of the marked items, in document order.
+// Returns the letters of the marked items in document order, "-" for a separator.
 std::string marked(const Bookmark& root) {
     std::string letters;
     walkBelow(root, [&](const Bookmark& item) {
@@ -133,7 +133,7 @@ TEST(DuplicatesTest, foldingIsOfAsciiLettersAlone) {
     EXPECT_TRUE(equalIgnoringAsciiCase("", ""));
 }
 
-// The definition: every item that is no folder against every later one.
+// Returns the duplicates that a comparison of every item, except folders, with every earlier one finds.
 std::vector<Bookmark*> duplicatesByPairs(const Bookmark& root) {
     const auto lower = [](std::string text) {
         for (char& c : text)
@@ -176,7 +176,7 @@ Ref<Bookmark> randomTree(std::mt19937& random) {
         } else if (below(12) == 0) {
             node->setType(kSeparatorType);
         } else if (below(20) == 0) {
-            node->addChild(Bookmark::initEmpty()); // below what is no folder
+            node->addChild(Bookmark::initEmpty()); // below a node that is not a folder
             node->getChild()->setItemURL("a");
         }
     }

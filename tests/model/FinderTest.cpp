@@ -1,4 +1,4 @@
-// Finding in one document: counts, the order of visits, the phases that survive, restarts.
+// Tests the search in one document: counts, the order of visits, the phases that windows share, and restarts.
 #include "model/Finder.h"
 
 #include "tests/model/TreeText.h"
@@ -15,7 +15,8 @@ using test::LetterTree;
 
 class FinderTest : public testing::Test {
 protected:
-    /// The letters of the nodes visited, with where each was found: none for name and URL, "t", "n".
+    /// Returns the first letters of the names of the nodes visited, with a suffix for the place of the match:
+    /// ".t" for tags, ".n" for the note, no suffix for name and URL.
     std::string visits(Bookmark& root, const char* text) {
         std::string all;
         Finder::Start start = finder.findText(root, text);
@@ -183,7 +184,7 @@ TEST_F(FinderTest, whatIsBelowALinkIsNotCountedAndMetOnlyRightAfterItsNote) {
     EXPECT_EQ(visits(*tree.root, "hit"), "a a.n x");
 }
 
-// The definition, level by level: nodes below what is no folder are left out.
+// Appends the expected visits level by level. Nodes below a node that is not a folder are left out.
 void appendVisits(const Bookmark& parent, const Collation& collation, bool tagsWithName,
                   std::vector<const Bookmark*>& visited) {
     const auto hit = [&](const Text& text) {

@@ -1,4 +1,4 @@
-// Classification, labels, status marks, browsers.
+// Tests the classification of links, labels, status marks and browsers.
 #include "model/LinkType.h"
 
 #include "model/Bookmark.h"

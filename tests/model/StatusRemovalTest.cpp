@@ -1,4 +1,4 @@
-// Removal by status on the tree: who goes, where they go, what stays.
+// Tests the removal of links by status: which links are removed, where they are moved, and what remains.
 #include "model/StatusRemoval.h"
 
 #include "model/Baskets.h"

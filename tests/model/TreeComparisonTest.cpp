@@ -1,4 +1,4 @@
-// Differences between two trees.
+// Tests the comparison of two trees.
 #include "model/TreeComparison.h"
 
 #include "model/TreeWalk.h"
@@ -16,7 +16,7 @@ using test::LetterTree;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// "+a", "-b", "moved c", "renamed d>e", "edited f"
+// Returns one line for each difference, for example "+a", "-b", "moved c", "renamed d>e", "edited f".
 std::vector<std::string> told(const TreeComparison& comparison) {
     std::vector<std::string> lines;
     for (const TreeDifference& difference : comparison.differences()) {
@@ -132,7 +132,7 @@ TEST(TreeComparisonTest, aFolderAndALinkOfOneNameAreNotPaired) {
     EXPECT_THAT(differences(before, after), ElementsAre("-a", "+a"));
 }
 
-// Random edits, counted while they are made: what is told adds up to the tree after.
+// For two random trees, the numbers of pairs, added nodes and removed nodes must add up to the nodes of both.
 TEST(TreeComparisonTest, everyNodeIsPairedAddedOrRemovedOnce) {
     std::mt19937 random(7);
     for (int round = 0; round < 200; ++round) {
@@ -189,8 +189,8 @@ Ref<Bookmark> flat(int count, int first, Numbered field) {
     return root;
 }
 
-// All names equal, and the URLs too or not, the order turned around, a half replaced: the time grows with the
-// number of nodes.
+// All names are equal, one of URL and note differs for each node, and the second tree continues the numbers
+// from the middle of the first. The time must be linear in the number of nodes.
 TEST(TreeComparisonTest, timeGrowsWithTheNumberOfNodes) {
     const auto seconds = [](int count, Numbered field) {
         const Ref<Bookmark> before = flat(count, 0, field);
@@ -206,7 +206,7 @@ TEST(TreeComparisonTest, timeGrowsWithTheNumberOfNodes) {
     }
 }
 
-// Reading it for each node would take minutes.
+// Reading the text again for each node would take minutes.
 TEST(TreeComparisonTest, aLongTextThatAllNodesShareIsReadOnce) {
     constexpr int kCount = 5'000;
     const auto tree = [](const char* name, char letter) {

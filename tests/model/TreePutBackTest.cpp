@@ -1,4 +1,4 @@
-// Taking back chosen differences.
+// Tests the restoration of chosen differences.
 #include "model/TreePutBack.h"
 
 #include "tests/model/TreeText.h"
@@ -12,7 +12,8 @@ namespace {
 
 using test::LetterTree;
 
-// Puts back the differences of the nodes with these names (in the tree before), or all.
+// Restores the differences of the nodes whose names in the tree before are in `names`; "*" restores all.
+// Returns `after` in letter notation.
 std::string afterPuttingBack(const LetterTree& before, const LetterTree& after,
                              const std::string& names = "*") {
     const TreeComparison comparison(*before.root, *after.root);
@@ -55,7 +56,7 @@ TEST(TreePutBackTest, aMovedItemGoesBackToItsFolder) {
 }
 
 TEST(TreePutBackTest, aFolderIsNotMovedIntoItself) {
-    // Only "A" is put back below "B", which is below "A" now.
+    // Only "A" is restored to its place below "B", but "B" is below "A" in the tree after.
     EXPECT_EQ(afterPuttingBack(LetterTree("B(A())"), LetterTree("A(B())"), "A"), "A(B())");
 }
 
@@ -76,7 +77,7 @@ TEST(TreePutBackTest, whatWasAddedStays) {
     EXPECT_EQ(afterPuttingBack(LetterTree("a"), LetterTree("a b C(d)")), "a b C(d)");
 }
 
-// A tree that only lost, moved and renamed items is as it was when all of that is put back.
+// Restoring all differences of a tree from which only nodes were removed returns the tree before.
 TEST(TreePutBackTest, afterRandomLossesEverythingComesBack) {
     std::mt19937 random(11);
     for (int round = 0; round < 300; ++round) {

@@ -1,4 +1,4 @@
-// What a tree is like without its texts and codes.
+// The shape of a tree: its structure without texts and codes.
 #pragma once
 
 #include "model/TreeWalk.h"
@@ -8,7 +8,7 @@
 
 namespace tabulon::test {
 
-/// For each node in document order how many children it has.
+/// Returns the number of children of each node in document order, beginning with `root`.
 inline std::vector<std::size_t> shapeOf(const Bookmark& root) {
     std::vector<std::size_t> shape;
     const auto add = [&](const Bookmark& node) {

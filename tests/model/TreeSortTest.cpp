@@ -1,4 +1,4 @@
-// Sorting on the tree: folders first, every key, both directions, missing values, equal keys, depth.
+// Tests the sorting of a tree: folders first, every key, both directions, missing values, equal keys, depth.
 #include "model/TreeSort.h"
 
 #include "tests/model/TreeText.h"

@@ -1,5 +1,5 @@
-// Trees for the tests of tree operations, short to write: "a B(c -) d" are links in small letters, folders in
-// capital ones with their children, and separators. What a letter stands for is found by it.
+// Trees for tests in a short notation. In "a B(c -) d", small letters are links, capital letters are folders
+// with their children in parentheses, and "-" is a separator.
 #pragma once
 
 #include "model/Bookmark.h"
@@ -13,6 +13,7 @@ namespace tabulon::test {
 
 class LetterTree {
 public:
+    /// Builds the tree from the notation. Requires: each ")" ends a folder. Other characters are ignored.
     explicit LetterTree(std::string_view text) {
         root->setItemName("Master");
         root->makeParent();
@@ -29,9 +30,10 @@ public:
         }
     }
 
+    /// Returns the last node named `name`. Throws `std::out_of_range` if there is no such node.
     Bookmark& operator[](char name) { return *named_.at(name); }
 
-    /// The tree as it is now, in the same form.
+    /// Returns the current tree in the same notation. Links with children have parentheses, too.
     std::string text() const { return textBelow(*root); }
 
     Ref<Bookmark> root = Bookmark::initEmpty();
