@@ -1,4 +1,4 @@
-// The application over the real file system, in a folder of its own, and in processes that can be killed.
+// The application with real files in a folder of its own, also in child processes that a test can kill.
 #pragma once
 
 #include "app/AppDelegate.h"
@@ -23,6 +23,7 @@
 
 namespace tabulon {
 
+/// Document windows without a display.
 class MemoryWindows : public DocumentWindowMaker {
 public:
     std::unique_ptr<DocumentWindow> makeWindow(ViewController& controller) override {
@@ -31,20 +32,22 @@ public:
     void presentVersions(std::shared_ptr<VersionsController> /*controller*/) override {}
 };
 
-/// A run of the program: real files, alerts and panels that answer what the test laid in.
+/// One run of the application: real files, and alerts and panels with the answers that the test has set.
 class ProgramRun {
 public:
-    // The state folder is named before the application is made, which comes last.
+    // `recovery` needs the state folder, and `app` needs both: `app` is the last member.
     explicit ProgramRun(const std::string& folder)
         : recovery((fakes.folders.state = folder + "/state") + "/unsaved") {
         fakes.base.defaults.setBoolForKey("MakeBackups", true);
         fakes.folders.kept["BackupFolderBookmark"] = folder + "/backups";
     }
 
+    /// Opens the file at `path` and returns its document. Fails the test if the file cannot be opened.
     Document& open(const std::string& path) {
         EXPECT_TRUE(app.fileOpening().openFile(path));
         return *app.documentController().currentDocument();
     }
+    /// Saves the document. Returns false if the save failed, was cancelled, or has not ended.
     bool save(Document& document) {
         bool saved = false;
         app.documentController().saveDocument(document, [&saved](bool done) { saved = done; });
@@ -63,6 +66,7 @@ public:
                     windows, instance, host, "1"};
 };
 
+/// A temporary folder for each test, which contains a folder for backups.
 class FaultTest : public testing::Test {
 protected:
     FaultTest() {
@@ -75,7 +79,8 @@ protected:
 
     std::string path(const char* name) const { return folder + "/" + name; }
 
-    /// A tree whose nodes all say which version it is, so that a mixture of two versions shows.
+    /// Returns a tree in which the names and URLs of all links contain the version number, so that a mixture
+    /// of two versions is detected.
     static Ref<Bookmark> version(int number) {
         Ref<Bookmark> master = Bookmark::initEmpty();
         master->setItemName("Master");
@@ -90,15 +95,16 @@ protected:
         }
         return master;
     }
-    /// Makes the document that version, as an edit would.
+    /// Replaces the contents of the document with that version and counts one change.
     static void change(Document& document, int number) {
         document.setMaster(version(number));
         document.updateUI();
         document.updateChangeCount(ChangeKind::Done);
     }
-    /// The version that the file holds whole; -1 with a failed test when it is anything else.
+    /// Returns the version number if the file is one complete version. Otherwise returns -1, and fails the
+    /// test unless the file is a document without items.
     int versionIn(const std::string& file) { return versionIn(file, files.readFile(file)); }
-    /// The same for bytes that were read from the file.
+    /// Does the same for `bytes` that were read from the file.
     static int versionIn(const std::string& file, const Result<std::string>& bytes) {
         EXPECT_TRUE(bytes.has_value()) << file;
         const auto tree = readDocumentArchive(bytes.value_or(""));
@@ -110,17 +116,20 @@ protected:
         EXPECT_TRUE(whole) << file << " is no whole version";
         return whole ? number : -1;
     }
+    /// Writes that version to `file` directly, as another program would.
     void write(const std::string& file, int number) {
         ASSERT_TRUE(files.writeFileAtomically(file, writeDocumentArchive(*version(number))));
     }
 
-    /// Runs `work` in a process of its own and gives its identifier; the process ends with what work returns.
+    /// Runs `work` in a child process and returns the identifier of that process. Its exit status is the
+    /// result of `work`.
     static pid_t start(const std::function<int()>& work) {
         const pid_t child = ::fork();
         if (child == 0)
             ::_exit(work());
         return child;
     }
+    /// Waits for the end of `child` and returns its status as `waitpid` reports it.
     static int statusOf(pid_t child) {
         int status = 0;
         ::waitpid(child, &status, 0);

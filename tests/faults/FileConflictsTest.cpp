@@ -1,4 +1,4 @@
-// Other programs touch the file of an open document.
+// Tests the changes that other programs make to the file of an open document.
 #include "tests/faults/FaultFixture.h"
 
 #include <sys/stat.h>
@@ -73,8 +73,8 @@ TEST_F(FileConflictsTest, whatTheFileBecomesWhileTheQuestionIsUpIsAskedAboutAgai
         if (newer < 6)
             write(path("Links.tbln"), newer++);
     };
-    run.fakes.alerts.answer("Keep Mine"); // about 3, but it is 4 by then
-    run.fakes.alerts.answer("Keep Mine"); // about 4, but it is 5 by then
+    run.fakes.alerts.answer("Keep Mine"); // about version 3, then 4 is written
+    run.fakes.alerts.answer("Keep Mine"); // about version 4, then 5 is written
     run.fakes.alerts.answer("Cancel");
     EXPECT_FALSE(run.save(*document));
     EXPECT_EQ(run.fakes.alerts.shown.size(), 3u);
@@ -86,7 +86,7 @@ TEST_F(FileConflictsTest, aSecondQuestionNeverComesOverTheFirst) {
     write(path("Links.tbln"), 3);
     run.fakes.alerts.whileShown = [this] {
         change(*document, 9);
-        run.fakes.timers.advance(100); // the document would save itself
+        run.fakes.timers.advance(100); // long enough for an autosave
     };
     run.fakes.alerts.answer("Cancel");
     EXPECT_FALSE(run.save(*document));
@@ -127,7 +127,8 @@ TEST_F(FileConflictsTest, aLinkIsFollowedAndStaysALink) {
     EXPECT_EQ(status.st_mode & 0777, 0640u);
 }
 
-// Two runs of the program save one file in turn, a hundred times: each notices what the other did.
+// Two instances of the application save one file in turn, a hundred times. Each must detect the change of the
+// other.
 TEST_F(FileConflictsTest, twoProgramsOnOneFileNeverOverwriteEachOtherUnasked) {
     ProgramRun other(folder);
     std::array<ProgramRun*, 2> runs = {&run, &other};

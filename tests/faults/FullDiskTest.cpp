@@ -1,4 +1,4 @@
-// Places that cannot be written to: a full disk, a folder without permission, a backup folder that is gone.
+// Tests saving where writing fails: a full disk, a folder without permission, a missing backup folder.
 #include "tests/faults/FaultFixture.h"
 
 #include <sys/resource.h>
@@ -9,8 +9,8 @@ namespace {
 
 class FullDiskTest : public FaultTest {
 protected:
-    /// Opens version 1, tries to save version 2 under the conditions that `prepare` makes, and checks that
-    /// the user was told and the document still has its changes. Ends with 0 when all that is so.
+    /// Opens version 1, calls `prepare` and tries to save version 2. Returns 0 if the save fails, the alert
+    /// states `reason`, and the document is still edited. Otherwise returns the number of the failed check.
     int tryToSave(const std::function<void()>& prepare, std::string_view reason) {
         ProgramRun run(folder);
         Document& document = run.open(path("Links.tbln"));
@@ -29,6 +29,7 @@ protected:
             return 5;
         return alert.informative.find("Save As") == std::string::npos ? 6 : 0; // what to do
     }
+    /// Expects that the file still contains version 1 and that its folder contains no temporary file.
     void expectOneWholeFile() {
         EXPECT_EQ(versionIn(path("Links.tbln")), 1);
         for (const std::string& name : files.namesInFolder(folder))
@@ -39,7 +40,7 @@ protected:
 TEST_F(FullDiskTest, onAFullDiskTheOldFileStaysAndTheUserIsTold) {
     write(path("Links.tbln"), 1);
     const int status = statusOf(start([&] {
-        // A limit on the size of files stands for the full disk: writes come up short.
+        // A limit on the file size has the effect of a full disk: writes are incomplete.
         return tryToSave(
             [] {
                 std::signal(SIGXFSZ, SIG_IGN);
@@ -58,7 +59,7 @@ TEST_F(FullDiskTest, inAReadOnlyFolderTheOldFileStaysAndTheUserIsTold) {
     const int status = statusOf(start([&] {
         return tryToSave(
             [] {
-                // Root may write everywhere: be somebody else.
+                // Root may write everywhere, so the process becomes another user.
                 constexpr uid_t kNobody = 65534;
                 if (::geteuid() == 0 && ::setuid(kNobody) != 0)
                     ::_exit(9);

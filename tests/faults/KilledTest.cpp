@@ -1,4 +1,4 @@
-// The program is killed at random moments.
+// Tests that documents survive when the process is killed at random moments.
 #include "tests/faults/FaultFixture.h"
 
 #include <algorithm>
@@ -13,8 +13,9 @@ using Clock = std::chrono::steady_clock;
 
 class KilledTest : public FaultTest {
 protected:
-    /// Lets `work` run in a process and kills that some time after it has begun in earnest: up to three times
-    /// as long as its first round took, so that the kills hit all of a round on any machine.
+    /// Runs `work` in a child process and kills it at a random time after its first round has ended. The time
+    /// is at most three times the duration of that round, so that the kills reach every part of a round on
+    /// any machine.
     void killAtARandomMoment(const std::function<int(int ready)>& work) {
         int ready[2];
         ASSERT_EQ(::pipe(ready), 0);
@@ -30,7 +31,7 @@ protected:
         ::close(ready[0]);
         ::close(ready[1]);
     }
-    /// Says in the process that its first round is over.
+    /// Reports from the child process that its first round is over, with the duration of the round.
     static void tellReady(int ready, Clock::time_point begin) {
         const long round =
             std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - begin).count();
@@ -38,7 +39,8 @@ protected:
             ::_exit(8);
     }
 
-    /// The newest versions of the file in the store, each of which must be whole.
+    /// Returns the version numbers of the newest files in the store, at most `most`. Fails the test if one of
+    /// them is damaged.
     std::vector<int> keptVersions(const std::string& file, std::size_t most = SIZE_MAX) {
         FakeBaseServices services;
         const VersionStore store(files, services.clock, services.defaults, path("state/versions"));
@@ -124,7 +126,8 @@ TEST_F(KilledTest, documentsWithoutAFileAreThereAgainAfterFiftyKills) {
     }
 }
 
-// Another program changed the file, the user has not decided yet what becomes of it, and the power goes.
+// The child process is killed after another program changed the file and before the user has decided which
+// version to keep.
 TEST_F(KilledTest, changesThatTheirFileDidNotTakeAreThereAgain) {
     const std::string file = path("Links.tbln");
     write(file, 1);
@@ -150,7 +153,8 @@ TEST_F(KilledTest, changesThatTheirFileDidNotTakeAreThereAgain) {
     EXPECT_EQ(documents.front()->getMaster().getChild()->itemName().view(), "3") << "mine";
 }
 
-// Saved by the program, and killed: the file is the new beginning, and nothing else comes back.
+// The document is autosaved and the process is killed. The next run starts from the saved file and removes
+// the copy that Revert would have used.
 TEST_F(KilledTest, whatRevertingWentBackToEndsWithTheRun) {
     const std::string file = path("Links.tbln");
     write(file, 1);
