@@ -1,4 +1,4 @@
-// Bookmarks as Chromium copies and drags them, read and written.
+// Tests reading and writing of the bookmarks that Chromium copies and drags.
 #include "formats/export/ChromiumEntries.h"
 
 #include "base/Ref.h"
@@ -12,7 +12,7 @@ namespace {
 
 using namespace std::string_literals;
 
-// What Chromium 156 copied of a link, and of a folder with a link in it.
+// The data that Chromium 156 copied for a link and for a folder that contains a link.
 const std::string kCopied =
     "\x04\x01\0\0\0\0\0\0\x02\0\0\0"
     "\x01\0\0\0\x1c\0\0\0https://one.example/?a=1&b=2\x09\0\0\0O\0n\0e\0 \0&\0 \0\x1c\x20\xe5\x65\x1d\x20\0\0"
@@ -58,7 +58,7 @@ TEST(ChromiumEntriesTest, aListThatIsNotWholeIsNone) {
         EXPECT_EQ(read(rest(whole.substr(0, size) + std::string(size < 4 ? 4 - size : 0, '\0'))), "failed")
             << size;
     std::string many = whole;
-    many[8] = many[11] = '\x7F'; // more bookmarks than there can be
+    many[8] = many[11] = '\x7F'; // a count larger than the data allows
     EXPECT_EQ(read(many), "failed");
 }
 

@@ -1,4 +1,4 @@
-// Bookmarks of Chromium's family and of Opera, rule by rule.
+// Tests the import of bookmarks of Chromium's family and of Opera, rule by rule.
 #include "formats/import/ChromiumJSON.h"
 
 #include "base/Utf8.h"
@@ -34,7 +34,7 @@ protected:
     }
     Ref<Bookmark> chromium(const std::string& roots) { return read(readChromiumBookmarks, withRoots(roots)); }
     Ref<Bookmark> opera(const std::string& roots) { return read(readOperaBookmarks, withRoots(roots)); }
-    /// The bar with one node.
+    /// Returns the bookmarks bar with these children.
     Ref<Bookmark> bar(const std::string& children) {
         return chromium(R"("bookmark_bar": {"children": [)" + children + "]}")->getChild();
     }
@@ -346,7 +346,7 @@ TEST_F(ChromiumJSON, nestingBeyondTheLimitIsRefusedWithItsReason) {
           R"({"roots": {}, "x": )" + std::string(1'000'000, '[') + std::string(1'000'000, ']') + "}"}) {
         const auto tree = readChromiumBookmarks(json, {fakes.services()});
         ASSERT_FALSE(tree);
-        // The file of nothing but brackets has another flaw before that one.
+        // The input that consists of "[" only fails earlier, with another error.
         EXPECT_EQ(tree.error().message.find("nested") != std::string::npos, json.front() == '{');
     }
 }
@@ -379,7 +379,7 @@ std::string contentOf(const fs::path& path) {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-// Each folder has a file and, for one or both ways of reading it, the tree as text or the error.
+// Each folder contains a file and, for one or both readers, the expected tree as text or the expected error.
 TEST_F(ChromiumJSON, everyFileOfTheCorpusGivesTheExpectedTree) {
     int cases = 0;
     for (const auto& entry : fs::recursive_directory_iterator(fs::path(TABULON_CORPUS_DIR) / "chromium-json"))

@@ -1,4 +1,4 @@
-// The lists of formats that everything else goes by.
+// Tests the lists of import and export formats.
 #include "formats/ExportFormats.h"
 #include "formats/ImportFormats.h"
 #include "platform/fake/FakeBaseServices.h"

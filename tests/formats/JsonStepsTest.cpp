@@ -1,4 +1,5 @@
-// What counts as sound JSON, against another parser.
+// Tests the JSON reader: it accepts the same files as another parser, and its steps are in the order of the
+// file.
 #include "formats/import/JsonSteps.h"
 
 #include "tests/formats/LiteralChromium.h"
@@ -19,8 +20,8 @@ bool isSound(std::string_view json) {
     }
 }
 
-// Where the two may differ: numbers too large for a number type, half surrogate pairs, and texts and the like
-// at the top.
+// The two may differ in numbers that are too large for a number type, in escaped surrogates, and in files
+// whose top value is neither an array nor an object. Such files are skipped.
 TEST(JsonSteps, damagedFilesAreSoundExactlyWhereADocumentTreeCanBeMadeOfThem) {
     std::mt19937 random(8259);
     int sound = 0;

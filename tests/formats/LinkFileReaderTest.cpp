@@ -1,4 +1,4 @@
-// Files with one link, in the forms of three desktops.
+// Tests the reader of files with one link, in the forms of three desktops.
 #include "formats/import/LinkFileReader.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-// The usual form of a link: what is taken for it, what is left to the general rules, and runs of bytes.
-// LiteralScannerTest checks that both have the same results.
+// Tests the fast reader of links in their usual form: the forms that it reads, those that it leaves to the
+// general rules, and runs of bytes. LiteralScannerTest compares the results of both.
 #include "formats/import/LinkLine.h"
 
 #include "formats/import/ByteRun.h"
@@ -84,7 +84,8 @@ TEST(LinkLine, isNotLookedForAtTheEndOfAFile) {
     EXPECT_TRUE(lineIn(file));
 }
 
-// What both kinds of run do, byte by byte.
+// Returns the run to the first '"' with the marks '_' and line end, computed byte by byte. Its `end` is
+// `nullptr` only if there is no '"'.
 ByteRun plainRun(const std::string& bytes, std::size_t from) {
     ByteRun run{bytes.data() + from};
     for (const char* at = run.begin; at < bytes.data() + bytes.size(); ++at) {

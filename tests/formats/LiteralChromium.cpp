@@ -19,7 +19,7 @@ namespace {
 
 using Kind = Json::Kind;
 
-// At random
+// Generation of random values
 
 Json stringOf(std::string text) {
     return {Kind::String, std::move(text)};
@@ -190,7 +190,7 @@ private:
     std::string file_;
 };
 
-// Step by step
+// Reference implementation of the readers
 
 const Json* objectAt(const Json* owner, const std::string& key) {
     const Json* value = owner ? owner->find(key) : nullptr;

@@ -1,5 +1,5 @@
-// JSON as a plain value that a test can make at random and write in many ways, and a reading of browsers'
-// bookmarks from it step by step, key by key, without a thought for time or depth.
+// JSON as plain values that a test can generate at random and write in many forms, and a reference
+// implementation of the readers of browsers' bookmarks. It is recursive and slow.
 #pragma once
 
 #include "base/BaseServices.h"
@@ -16,23 +16,24 @@ struct Json {
     enum class Kind { Other, String, Array, Object };
 
     Kind kind = Kind::Other;
-    /// A text, or what stands in the file for a number, true, false or null.
+    /// The content of a string, or the literal text of a number, true, false or null.
     std::string text = "null";
     std::vector<Json> elements = {};
-    /// In the order of the file, duplicates included.
+    /// In the order of the file, including duplicate keys.
     std::vector<std::pair<std::string, Json>> fields = {};
 
-    /// The last value of that key; null when there is none.
+    /// Returns the last value of `key`, or `nullptr` if there is no such key.
     const Json* find(const std::string& key) const;
 };
 
-/// A file of a browser, more or less: keys in any order, twice, missing, of unexpected kinds.
+/// Returns a random file similar to a browser's, with keys in any order, repeated, missing, or with values of
+/// unexpected kinds.
 Json randomBookmarks(std::mt19937& random);
 
-/// The value as a file, with white space and escapes at random.
+/// Returns `json` as text, with random white space and escapes.
 std::string written(const Json& json, std::mt19937& random);
 
-/// Null where the file has no roots.
+/// Returns the tree of the file, or `nullptr` if the file has no roots.
 Ref<Bookmark> literalChromium(const Json& file, const BaseServices& services);
 Ref<Bookmark> literalOpera(const Json& file, const BaseServices& services);
 

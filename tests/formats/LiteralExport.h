@@ -1,5 +1,4 @@
-// The rules of the HTML export a second time, word for word: recursive, slow, and sharing nothing with the
-// real one.
+// A reference implementation of the HTML export: recursive, slow, and without code of the export.
 #pragma once
 
 #include "model/Bookmark.h"
@@ -8,7 +7,7 @@
 
 namespace tabulon::test {
 
-/// The whole file in the order of the tree. `master` is a root.
+/// Returns the whole file with the items in the order of the tree. Requires: `master` is a root.
 std::string literalExport(const Bookmark& master);
 
 } // namespace tabulon::test

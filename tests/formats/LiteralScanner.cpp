@@ -42,7 +42,7 @@ std::vector<TreeLine> LiteralScanner::scan(const std::string& bytes) {
     return lines;
 }
 
-// The next token and what it does; the next cursor, or kNone.
+// Processes the next token from `cursor` on. Returns the next cursor, or `kNone` at the end of the scan.
 LiteralScanner::Position LiteralScanner::step(Position cursor) {
     const Position hr = find("<HR>", cursor);
     const Position d = find("<D", cursor);
@@ -178,7 +178,7 @@ std::optional<double> LiteralScanner::date(const std::string& attribute, Positio
     if (byteAt(quote) != '"' || end == kNone)
         return std::nullopt;
     constexpr double kLargest = 18446744073709551615.0;
-    constexpr double kReference = 978307200.0; // nodes keep seconds since 2001
+    constexpr double kReference = 978307200.0; // nodes store seconds since 2001
     long double value = 0;
     for (Position i = quote + 1; i < end && byteAt(i) >= '0' && byteAt(i) <= '9'; ++i)
         value = value * 10 + (byteAt(i) - '0');

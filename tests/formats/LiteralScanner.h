@@ -1,5 +1,5 @@
-// A reference implementation of the tag scanner: the rules one by one, byte by byte, slow, and without code
-// of the scanner, so that the two can be compared on random input.
+// A reference implementation of the tag scanner for comparison on random input. It applies the rules byte by
+// byte, is slow, and uses no code of the scanner.
 #pragma once
 
 #include "tests/formats/TreeText.h"
@@ -11,10 +11,11 @@ namespace tabulon::test {
 
 class LiteralScanner {
 public:
-    /// `now` in seconds since 1970.
+    /// `now` is in seconds since 1970.
     explicit LiteralScanner(double now) : now_(now) {}
 
-    /// Returns the lines of the tree that `bytes` contain. The last item exists until the next scan.
+    /// Returns the lines of the tree that `bytes` contain. A description before the first item of the next
+    /// scan becomes the note of the last item of this one.
     std::vector<TreeLine> scan(const std::string& bytes);
 
 private:
@@ -27,9 +28,12 @@ private:
     static constexpr Position kNone = -1;
 
     Position size() const { return static_cast<Position>(bytes_.size()); }
+    /// Returns the byte at `position`, or NUL outside the file.
     char byteAt(Position position) const;
     bool standsAt(Position position, const std::string& pattern) const;
+    /// Returns the position of the first `pattern` at or after `from`, or `kNone`.
     Position find(const std::string& pattern, Position from) const;
+    /// Returns the bytes from `from` to before `to`.
     std::string slice(Position from, Position to) const;
 
     Position step(Position cursor);
@@ -38,6 +42,7 @@ private:
     Position link(Position token);
     Position heading(Position token);
     std::string linkName(Position from, Position to) const;
+    /// Returns the date in the first `attribute` from `token` to `next`, in seconds since 1970, or `nullopt`.
     std::optional<double> date(const std::string& attribute, Position token, Position next) const;
     void append(TreeLine line);
     void addLines(int node, int level, std::vector<TreeLine>& lines) const;

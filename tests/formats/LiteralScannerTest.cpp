@@ -1,4 +1,5 @@
-// The tag scanner against the literal one: the same tree from tens of thousands of random token soups.
+// Compares the tag scanner with its reference implementation: both must return the same tree for tens of
+// thousands of random inputs.
 #include "tests/formats/LiteralScanner.h"
 
 #include "formats/import/NetscapeScan.h"
@@ -121,14 +122,14 @@ std::string soup(std::mt19937& random, std::size_t longest) {
         if (random() % 800 == 0)
             bytes += std::string(1010 + random() % 30, "ab\n\xC3"[random() % 4]);
     }
-    // With an end to everything that is still open, so that half of the soups are read to their end.
+    // Every second input ends with the ends of all open elements, so that it is read to its end.
     if (random() % 2 == 0)
         bytes += "\"\">.</A>.</H3><A HREF=\"\"><";
     return bytes;
 }
 
-// A file as a browser would write it, with some of its bytes and words out of place: soups alone seldom get
-// far.
+// Returns a file like that of a browser, with damaged bytes and misplaced tags. Random tokens alone seldom
+// lead to deep trees.
 std::string damagedFile(std::mt19937& random) {
     std::string bytes;
     for (int count = 1 + static_cast<int>(random() % 12); count > 0; --count) {
@@ -158,7 +159,7 @@ std::string damagedFile(std::mt19937& random) {
     return bytes;
 }
 
-// A row of links that are written as browsers write them, or nearly so.
+// Returns a sequence of links in the form of browsers' files, or in a similar form.
 std::string rowOfLinks(std::mt19937& random) {
     const auto oneOf = [&random](std::initializer_list<const char*> words) {
         return std::string(words.begin()[random() % words.size()]);
@@ -190,7 +191,7 @@ std::string rowOfLinks(std::mt19937& random) {
 
 class LiteralScanner : public test::ScanFixture {
 protected:
-    // False where the two differ, so that a test can stop.
+    // Returns true if both scanners return the same tree for `bytes`. Otherwise fails the test.
     bool same(const std::string& bytes) {
         const double now = fakes.now().unixSeconds();
         const std::string expected = test::treeText(literal.scan(bytes), now);
@@ -225,7 +226,7 @@ TEST_F(LiteralScanner, agreesOnDamagedFiles) {
     EXPECT_GT(nodes, 80000u);
 }
 
-// With something behind the last one, so that none is too near to the end to be read in one go.
+// Most inputs have bytes after the last link, so that the fast reader has enough bytes for every link.
 TEST_F(LiteralScanner, agreesOnRowsOfLinks) {
     std::mt19937 random(6);
     for (int i = 0; i < 40000; ++i)
@@ -243,8 +244,7 @@ TEST_F(LiteralScanner, agreesOnEveryPrefixOfAFile) {
     EXPECT_GT(nodes, 5000u);
 }
 
-// The count that the linear bound of other tests rests on: whatever the soup, no byte is gone over more than
-// a few times.
+// Other tests rely on this bound: the scanner examines each byte at most 12 times on average, for any input.
 TEST_F(LiteralScanner, soupsAreGoneOverAFewTimesAtMost) {
     std::mt19937 random(5);
     const BaseServices services = fakes.services();

@@ -14,8 +14,9 @@ bool within(unsigned value, unsigned low, unsigned high) {
     return value >= low && value <= high;
 }
 
-// How many bytes from `i` on are a well-formed sequence or the beginning of one; `whole` tells which. The
-// rows are those of the table of well-formed sequences in the Unicode standard.
+// Returns the number of bytes from `i` that are a well-formed sequence or the beginning of one, and sets
+// `whole` if the sequence is complete. The rows are those of the table of well-formed sequences in the
+// Unicode standard.
 std::size_t sequenceAt(const std::string& bytes, std::size_t i, bool& whole) {
     struct Row {
         unsigned firstLow, firstHigh, secondLow, secondHigh;
@@ -62,7 +63,7 @@ std::string utf8(unsigned long codePoint) {
     return {static_cast<char>(0xF0 | (codePoint >> 18)), tail(12), tail(6), tail(0)};
 }
 
-// What the reference between "&" and ";" stands for, or the empty text when it stands for nothing.
+// Returns the text for the reference between "&" and ";", or the empty text if it has no meaning.
 std::string meaning(const std::string& reference) {
     if (reference == "amp")
         return "&";

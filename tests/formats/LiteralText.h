@@ -1,15 +1,15 @@
-// Bytes as text, one byte at a time: UTF-8 decoding, entities and the kinds of links, for the literal
-// scanner. Shares nothing with the program.
+// Reference implementations of UTF-8 decoding, entities and the classification of links, for the literal
+// scanner. They handle one byte at a time and use no code of the program.
 #pragma once
 
 #include <string>
 
 namespace tabulon::test {
 
-/// UTF-8 decoded leniently, then unescaped.
+/// Returns `bytes` decoded as UTF-8 and then unescaped. Malformed parts become U+FFFD.
 std::string literalText(const std::string& bytes);
 
-/// The type code that a link with this address has.
+/// Returns the type code of a link with the address `url`.
 int literalType(const std::string& url);
 
 } // namespace tabulon::test

@@ -1,5 +1,5 @@
-// The bookmark files of tests/corpus/netscape-html/: each folder has an input.html and, in expected.txt, the
-// tree that it holds as text.
+// Reads the bookmark files of tests/corpus/netscape-html/. Each folder contains an input.html and an
+// expected.txt with the expected tree as text.
 #include "formats/export/NetscapeHTML.h"
 #include "tests/formats/ScanFixture.h"
 
@@ -24,7 +24,7 @@ TEST_F(NetscapeCorpus, everyFileGivesTheExpectedTree) {
     int cases = 0;
     for (const auto& entry : fs::directory_iterator(fs::path(TABULON_CORPUS_DIR) / "netscape-html")) {
         SCOPED_TRACE(entry.path().filename().string());
-        scanner = NetscapeScanner(); // no last item from the file before
+        scanner = NetscapeScanner(); // clears the last item of the previous file
         EXPECT_EQ(scanText(contentOf(entry.path() / "input.html")), contentOf(entry.path() / "expected.txt"));
         ++cases;
     }

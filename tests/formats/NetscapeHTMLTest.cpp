@@ -1,4 +1,4 @@
-// The HTML export to the letter, and the small steps that it shares with the other text exports.
+// Tests the exact output of the HTML export, and the functions that it shares with the other text exports.
 #include "formats/export/NetscapeHTML.h"
 
 #include "formats/export/ExportText.h"
@@ -21,7 +21,7 @@ const std::string kHeader = "<!DOCTYPE NETSCAPE-Bookmark-file-1>\n"
 
 class NetscapeHTML : public TreeTest {
 protected:
-    // What follows the header.
+    // Returns the text after the header.
     std::string body(const HTMLExportOptions& options = {}) {
         const std::string html = exportToHTML(*master, options).value();
         EXPECT_EQ(html.substr(0, kHeader.size()), kHeader);
@@ -284,7 +284,8 @@ TEST_F(NetscapeHTML, aTreeFiveThousandDeepIsExported) {
     const Collation english("en");
     const std::string html = body();
     EXPECT_EQ(html, body({.sortByName = &english}));
-    // One list for each folder and the master's own, indented 0, 1, 2, … tabs on its first and last line.
+    // One list for each folder and one for the master. Their first and last lines are indented by 0, 1, 2, …
+    // tabs.
     const std::size_t tabs = kDepth * (kDepth + 1) + kDepth + 1;
     const std::size_t lines = (kDepth + 1) * std::string_view("<DL><p>\n</DL><p>\n").size() + 5;
     EXPECT_EQ(html.size(), tabs + lines);

@@ -1,5 +1,5 @@
-// Trees written as bookmark files and scanned again; and the export against one that follows its rules word
-// for word.
+// Tests that exported trees are scanned to the same trees, and compares the export with its reference
+// implementation.
 #include "formats/export/NetscapeHTML.h"
 #include "tests/formats/LiteralExport.h"
 #include "tests/formats/ScanFixture.h"
@@ -11,7 +11,8 @@ namespace {
 
 using NetscapeRoundTrip = test::ScanFixture;
 
-// Trees that a bookmark file can hold: every folder named, dates in whole seconds, notes on one line.
+// Makes random trees that a bookmark file can represent: every folder has a name, dates are whole seconds,
+// notes have one line.
 class TreeMaker {
 public:
     explicit TreeMaker(unsigned seed) : random_(seed) {}
@@ -73,8 +74,7 @@ private:
     std::mt19937 random_;
 };
 
-// What a scan makes of a tree on its way through a file: line ends in the names of links become blanks, and a
-// note takes along the line end and the indent that stand before the next tag.
+// Returns the lines as a scan of the exported file returns them: line ends in the names of links are blanks.
 std::vector<test::TreeLine> afterTheWay(std::vector<test::TreeLine> lines) {
     for (test::TreeLine& line : lines)
         if (!line.folder)
@@ -82,6 +82,8 @@ std::vector<test::TreeLine> afterTheWay(std::vector<test::TreeLine> lines) {
     return lines;
 }
 
+// Returns the lines without the line end and indent that a scan adds to a note from the text before the next
+// tag.
 std::vector<test::TreeLine> withoutIndents(std::vector<test::TreeLine> lines) {
     for (test::TreeLine& line : lines)
         if (line.note && line.note->find('\n') != std::string::npos)
@@ -121,7 +123,7 @@ TEST_F(NetscapeRoundTrip, separatorsAndEmptyFoldersComeBack) {
                               "separator null added now\n");
 }
 
-// Any mixture of kinds, texts and dates, also such as no file gives.
+// Returns a random tree with any mixture of kinds, texts and dates, including ones that no file contains.
 Ref<Bookmark> oddTree(std::mt19937& random) {
     const Text texts[] = {nullptr, "", "n", "a&b", "<\"'>\t\r\n", "é"};
     const auto text = [&] { return texts[random() % std::size(texts)]; };

@@ -1,5 +1,5 @@
-// Hostile files: time and memory stay linear, no byte outside the file is read, depth does not matter. Time
-// is counted in bytes gone over, not in seconds, so that these tests mean the same on every machine.
+// Tests the limits for hostile files: linear time and memory, no read outside the file, any depth. Time is
+// measured in examined bytes instead of seconds, so that the results do not depend on the machine.
 #include "formats/import/LinkTarget.h"
 #include "formats/import/NetscapeScan.h"
 #include "formats/import/NetscapeScanner.h"
@@ -30,21 +30,21 @@ protected:
 
     FakeBaseServices fakes;
     Ref<Bookmark> lastItem;
-    double passes = 0; // how often the last scan went over a byte, on average
+    double passes = 0; // examined bytes per byte of the last file
 };
 
 TEST_F(NetscapeScannerLimits, linksThatShareAFarAddressNeitherSearchNorCopyItAgain) {
     const std::string file = repeated("<DT><A\t", kMany) + "HREF=\"" + std::string(4000, 'x') + "\"";
     const Ref<Bookmark> root = scan(file);
-    // Every second token is passed over: the cursor stands inside it.
+    // The scan skips every second token, because it continues inside that token.
     ASSERT_EQ(root->getChildren()->size(), kMany / 2);
     for (const Bookmark* link : *root->getChildren())
         ASSERT_TRUE(link->itemURL().sharesBytesWith(root->getChild()->itemURL()));
     EXPECT_LE(passes, 6);
 }
 
-// Each link stands for the whole address wherever the tree is written, so that a file of some megabytes would
-// become a document of terabytes.
+// The document contains the whole address for each link, so that a file of some megabytes would become a
+// document of terabytes.
 TEST_F(NetscapeScannerLimits, addressesThatAreRepeatedTooOftenEndTheScan) {
     constexpr std::size_t kLength = 1 << 20;
     const std::string address = "HREF=\"" + std::string(kLength, 'x') + "\"";
@@ -136,7 +136,7 @@ TEST_F(NetscapeScannerLimits, aRowOfDescendingListsUnderLinksIsScanned) {
     EXPECT_LE(passes, 8);
 }
 
-// A file between two pages that may not be touched: a read outside it ends the test program.
+// A buffer between two inaccessible pages. A read outside it ends the test program with a fault.
 class GuardedBytes {
 public:
     explicit GuardedBytes(std::size_t capacity) {

@@ -1,4 +1,4 @@
-// Links: their address, kind and name, and what ends a scan.
+// Tests how the tag scanner reads links: address, kind and name, and the conditions that end a scan.
 #include "tests/formats/ScanFixture.h"
 
 namespace tabulon {

@@ -1,4 +1,5 @@
-// Tokens, folders, separators, descriptions and dates. Links and their names are in NetscapeScannerLinkTest.
+// Tests how the tag scanner reads tokens, folders, separators, descriptions and dates. Links and their names
+// are in NetscapeScannerLinkTest.
 #include "tests/formats/ScanFixture.h"
 
 namespace tabulon {

@@ -1,4 +1,4 @@
-// The tree that is made of a page's links.
+// Tests the tree that is built from the links of a page.
 #include "formats/import/PageBookmarks.h"
 
 #include "platform/fake/FakeBaseServices.h"

@@ -1,4 +1,4 @@
-// The links of a page, with their texts and addresses.
+// Tests the links of a page: their texts and addresses.
 #include "formats/import/PageLinks.h"
 
 #include "tests/CountingProgress.h"

@@ -1,4 +1,4 @@
-// Bookmarks as Firefox's library copies them, and the HTML beside them.
+// Tests the reader of the bookmarks that Firefox's library copies, together with the copied HTML.
 #include "formats/import/PlacesItems.h"
 
 #include "formats/import/NestedLinks.h"

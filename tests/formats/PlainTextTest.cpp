@@ -1,4 +1,4 @@
-// The plain-text export to the letter.
+// Tests the exact output of the plain-text export.
 #include "formats/export/PlainText.h"
 
 #include "tests/formats/TreeFixture.h"
@@ -10,7 +10,7 @@ class PlainText : public TreeTest {
 protected:
     std::string text(const TextExportOptions& options) { return exportToText(*master, options).value(); }
 
-    // Two levels with one of everything.
+    // Adds links, a folder and a separator on two levels.
     void fill() {
         addLink(*master, "b", "https://b/", "note\nof b", "t1, t2");
         Bookmark& folder = addFolder(*master, "Folder", "about");

@@ -1,5 +1,5 @@
-// Safari's and iCab's property lists, rule by rule. Lists are written as XML here; the binary form is the
-// same list to the readers.
+// Tests the import of Safari's and iCab's property lists, rule by rule. The tests write XML and convert it to
+// the binary form.
 #include "formats/import/PlistBookmarks.h"
 
 #include "platform/fake/FakeBaseServices.h"
@@ -155,7 +155,7 @@ TEST_F(PlistBookmarks, childrenThatAreNoListAreRefused) {
         }
 }
 
-// What programs keep beside the bookmarks is theirs, whatever its keys are called.
+// Programs may keep other data beside the bookmarks, under any keys.
 TEST_F(PlistBookmarks, otherDataOfTheProgramIsPassedOver) {
     const std::string link = dictionary(key("Title", "t") + key("URLString", "u") + key("URL", "u"));
     const std::string top = dictionary("<key>Children</key><array>" + link + "</array><key>Elsewhere</key>" +
@@ -213,8 +213,8 @@ TEST_F(PlistBookmarks, inABinaryListWhatWouldDropBookmarksIsRefused) {
         EXPECT_TRUE(isRefused(readICabBookmarks, folder("", dictionary(entry)))) << entry;
 }
 
-// Whether a damaged list is refused, with a sentence, or read as a tree of the same shape; it may have more
-// nodes, where an entry that is none has become one.
+// Returns true if the list is refused with a message, or read as a tree of the same shape. A tree with more
+// nodes also counts, because damage may turn other data into an entry.
 bool isRefusedOrWhole(Read reader, const std::string& bytes, const std::vector<std::size_t>& shape) {
     FakeBaseServices fakes;
     const auto tree = reader(bytes, {fakes.services()});
@@ -230,7 +230,8 @@ TEST_F(PlistBookmarks, aLinkWithoutTitleMayHaveItsAddressUnderAnEmptyKey) {
     EXPECT_EQ(safari(link)->getChild()->itemName().view(), "Untitled");
 }
 
-// One text is the key of all entries: what is left of them would be titles without addresses, or the reverse.
+// All entries share one object for each key. With a damaged key they would be titles without addresses, or
+// the reverse.
 TEST_F(PlistBookmarks, damageToAKeyThatAllEntriesShareIsRefused) {
     std::string links;
     for (int i = 0; i < 4; ++i)
@@ -253,11 +254,11 @@ TEST_F(PlistBookmarks, damageToAKeyThatAllEntriesShareIsRefused) {
         requireRefused(readICabBookmarks, name);
 }
 
-// Damage that makes another text of a key cannot always be told from a list that has its children elsewhere,
-// or none: where the reference to "Children" in one folder leads to another text ("News" with a list under it
-// may be any program's), or where the place of a key or of an object in the offset table leads elsewhere.
-// That is less than one in a hundred bits of these lists. Damage to the key itself, which would take the
-// children of all folders, is always refused.
+// Requires that a list with one flipped bit, or one zeroed sector, is refused or read whole. Some damage to a
+// list cannot be detected: a folder's reference to "Children" may lead to another text, or an entry of the
+// offset table to another object. The list is then valid, with its children elsewhere or without any. Fewer
+// than one in a hundred bits may have this effect. Damage to the text "Children" itself must always be
+// refused, because it would remove the children of all folders.
 void flipEveryBit(Read reader, const std::string& whole) {
     FakeBaseServices fakes;
     const auto tree = reader(whole, {fakes.services()});
@@ -383,8 +384,8 @@ TEST_F(PlistBookmarks, deepFoldersAreReadWithoutRecursion) {
     EXPECT_TRUE(readICabBookmarks(list(xml), {fakes.services()}));
 }
 
-// A folder in itself, and folders that each stand twice in the one before: 2^60 entries in a few hundred
-// bytes.
+// A folder that contains itself, and a chain of folders in which each contains the next one twice: 2^60
+// entries in a few hundred bytes.
 TEST_F(PlistBookmarks, foldersThatContainEachOtherAreRefused) {
     for (const bool loop : {true, false}) {
         PlistWriter writer(1000, 1000);
@@ -409,7 +410,8 @@ TEST_F(PlistBookmarks, foldersThatContainEachOtherAreRefused) {
     }
 }
 
-// One entry with a long text, a thousand times: a gigabyte if each had its own.
+// A list with one entry a thousand times. The text of that entry would take a gigabyte if each link had its
+// own copy.
 TEST_F(PlistBookmarks, aLongTextThatManyEntriesShareIsMadeOnce) {
     PlistWriter writer(100, 2'000'000);
     const std::uint64_t children = writer.writeText("Children");

@@ -1,5 +1,5 @@
-// Documents on their way through a file and back, for the two formats that are both written and read: what
-// comes back as it was, and every difference that docs/formats.md promises.
+// Tests documents that are written and read again, for the two formats that support both: the values that are
+// kept, and every difference that docs/formats.md lists.
 #include "formats/ExportFormats.h"
 #include "formats/ImportFormats.h"
 #include "model/TreeWalk.h"
@@ -22,7 +22,8 @@ std::string seconds(Date date) {
     return date.isNull() ? "null" : fmt::format("{}", date.unixSeconds());
 }
 
-// Everything that a node holds, one line a node, two blanks a level.
+// Returns one line for each node below `root`, indented by two blanks for each level: its texts, dates, type,
+// label, status, expanded state and auto-tab flag.
 std::string described(const Bookmark& root) {
     std::string text;
     std::size_t level = 0;
@@ -61,7 +62,7 @@ protected:
         return *tree->getChild();
     }
 
-    // A node with something in every field that a person can fill.
+    // Sets the four dates, the tags, the label and the status of `node`.
     static void fill(Bookmark& node) {
         node.setItemDateAdded(Date::fromUnixSeconds(1000000000));
         node.setItemDateModified(Date::fromUnixSeconds(1100000000));
@@ -294,7 +295,7 @@ Text oneOf(std::mt19937& random, std::initializer_list<Text> texts) {
     return *(texts.begin() + random() % texts.size());
 }
 
-// Nothing in it differs from what comes back, but for the dates of XBEL.
+// Returns a random tree that both formats keep, except that XBEL does not contain its dates.
 Ref<Bookmark> plainTree(unsigned seed) {
     std::mt19937 random(seed);
     Ref<Bookmark> root = Bookmark::initEmpty();

@@ -1,4 +1,4 @@
-// What every test of the tag scanner needs: a scanner, services that stand still, and the tree as text.
+// A fixture for the tests of the tag scanner: a scanner, services with a fixed time, and the tree as text.
 #pragma once
 
 #include "formats/import/NetscapeScanner.h"
@@ -12,10 +12,10 @@ namespace tabulon::test {
 class ScanFixture : public testing::Test {
 protected:
     Ref<Bookmark> scan(std::string_view bytes) { return scanner.scan(bytes, fakes.services()); }
-    /// The tree as text, with all that was read.
+    /// Returns the tree of `bytes` as text, with all values that `treeText` writes.
     std::string scanText(std::string_view bytes) { return textOf(*scan(bytes)); }
     std::string textOf(const Bookmark& root) { return treeText(treeLines(root), fakes.now().unixSeconds()); }
-    /// The first thing found; the test fails when there is none.
+    /// Returns the first node found. Fails the test if the tree is empty.
     Ref<Bookmark> scanFirst(std::string_view bytes) {
         const Ref<Bookmark> root = scan(bytes);
         if (root->hasChildren())
@@ -23,7 +23,9 @@ protected:
         ADD_FAILURE() << "nothing found in " << bytes;
         return Bookmark::initEmpty();
     }
+    /// Returns the name of the first node found. Fails the test if the tree is empty.
     std::string nameOfFirst(std::string_view bytes) { return scanFirst(bytes)->itemName().string(); }
+    /// Returns the number of children of `root`.
     static std::size_t count(const Bookmark& root) {
         return root.getChildren() ? root.getChildren()->size() : 0;
     }

@@ -1,4 +1,4 @@
-// The encoding of files that are read as text.
+// Tests the detection of the encoding of text files.
 #include "formats/import/TextDecoding.h"
 
 #include "formats/import/EncodingNames.h"

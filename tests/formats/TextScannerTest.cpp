@@ -1,4 +1,4 @@
-// The scanner for links in any text.
+// Tests the scanner for links in plain text.
 #include "formats/import/TextScanner.h"
 
 #include "platform/fake/FakeBaseServices.h"
@@ -117,7 +117,7 @@ TEST_F(TextScanner, bytesAreDecodedLenientlyAndHighOnesAreNoDelimiters) {
     EXPECT_EQ(urls("://"), Urls{"://"});
 }
 
-// The rules read literally, one byte at a time.
+// Returns the links in `text` by a direct implementation of the rules, one byte at a time.
 Urls literally(const std::string& text) {
     const auto delimiter = [&](std::size_t i) {
         return std::string_view("\0\t\n\r \"'(),;<>", 13).find(text[i]) != std::string_view::npos;

@@ -1,4 +1,4 @@
-// Short ways to build the tree that an export test writes.
+// A fixture for export tests that builds trees.
 #pragma once
 
 #include "model/Bookmark.h"
@@ -14,7 +14,8 @@ protected:
         master->setItemName("Master");
     }
 
-    // Nodes have no dates unless a test sets them.
+    // The nodes have no dates unless a test sets them.
+    /// Adds `child` as the last child of `parent` and returns it.
     static Bookmark& add(Bookmark& parent, Ref<Bookmark> child) {
         parent.addChild(child);
         return *child;
@@ -40,7 +41,8 @@ protected:
         separator->setType(kSeparatorType);
         return add(parent, std::move(separator));
     }
-    /// Adds a chain of `depth` folders below the master, and returns the innermost one.
+    /// Adds a chain of `depth` folders below the master and returns the innermost folder, or the master if
+    /// `depth` is 0.
     Bookmark& nest(int depth) {
         Bookmark* folder = master.get();
         for (int i = 0; i < depth; ++i)

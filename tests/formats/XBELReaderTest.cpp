@@ -1,4 +1,4 @@
-// Reading XBEL, rule by rule.
+// Tests the XBEL reader rule by rule.
 #include "formats/import/XBELReader.h"
 
 #include "formats/export/XBEL.h"
@@ -24,7 +24,7 @@ protected:
         return tree ? *std::move(tree) : Bookmark::initEmpty();
     }
     Ref<Bookmark> read(const std::string& content) { return readFile(kStart + content + "</xbel>"); }
-    /// The only thing in the file.
+    /// Returns the only node of the file. Fails the test if the file contains any other number of nodes.
     Ref<Bookmark> readOne(const std::string& content) {
         const Ref<Bookmark> root = read(content);
         EXPECT_TRUE(root->hasChildren() && root->getChildren()->size() == 1) << content;
@@ -188,7 +188,8 @@ TEST_F(XBELReader, deepFilesAreReadWithoutRecursion) {
     EXPECT_EQ(count(*read(content)), 1u);
 }
 
-// What comes back of a tree that is written and read again, with every difference there is.
+// A tree that is written and read again keeps its structure, names, addresses and tags. The note of a link
+// stays escaped once.
 TEST_F(XBELReader, roundTrip) {
     const Ref<Bookmark> root =
         read("<folder><title>F &amp; G</title><bookmark href=\"https://x/\"><title>n</title>"

@@ -1,4 +1,4 @@
-// The XBEL export to the letter.
+// Tests the exact output of the XBEL export.
 #include "formats/export/XBEL.h"
 
 #include "tests/formats/TreeFixture.h"
@@ -13,7 +13,7 @@ const std::string kXbelHeader = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
 
 class XBEL : public TreeTest {
 protected:
-    // What stands between the header and the end of the root element.
+    // Returns the text between the header and the end tag of the root element.
     std::string body(const XBELExportOptions& options = {}) {
         const std::string xbel = exportToXBEL(*master, options).value();
         EXPECT_TRUE(xbel.starts_with(kXbelHeader));

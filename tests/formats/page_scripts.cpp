@@ -1,6 +1,6 @@
-// Tells what we find in pages, for the comparison with a real browser: reads pages from standard input, each
-// after its length in bytes on a line, and writes the four texts of its links, each ended by a NUL. The pages
-// are texts; with the argument "files" they are bytes in any encoding.
+// Prints the links of pages for the comparison with a real browser. Reads pages from standard input, each
+// after a line with its length in bytes. Writes four texts for each page (targets, texts, dates added, dates
+// modified), each followed by a NUL. The pages are UTF-8; with any argument they are bytes in any encoding.
 #include "formats/import/PageLinks.h"
 #include "formats/import/TextDecoding.h"
 
