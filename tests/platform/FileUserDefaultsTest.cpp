@@ -195,7 +195,7 @@ TEST_F(FileUserDefaultsTest, aDamagedFileThatCannotBePutAsideStaysAsItIs) {
 }
 
 TEST_F(FileUserDefaultsTest, aFullDiskWhilePuttingAsideLeavesNoHalfWork) {
-    // Room for the copy, none for the file itself.
+    // The disk has room for the copy, but not for the settings file.
     class OneWriteLeft : public MemoryFileStore {
     public:
         Result<void> writeFileAtomically(const std::string& where, std::string_view bytes) override {

@@ -1,4 +1,4 @@
-// System calls that fail, for this process only.
+// System calls that fail in this process only.
 #pragma once
 
 #include <linux/filter.h>
