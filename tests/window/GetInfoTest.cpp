@@ -1,5 +1,5 @@
-// The info panel: its working copy, what saves and what does not, moving to other items, browsers, and what
-// finding shows in it.
+// The info panel: its working copy, the actions that save and those that do not, moving to other items,
+// browsers, and the matches that finding shows in it.
 #include "tests/window/WindowFixture.h"
 #include "window/GetInfoController.h"
 
@@ -373,7 +373,7 @@ TEST_F(GetInfoTest, aNodeThatOutlivesItsFolderHasNoParent) {
     controller->editing().deleteSelection();
     EXPECT_EQ(a->getParent(), nullptr);
     select({folder});
-    controller->editing().deleteSelection(); // the first deletion can no longer be put back
+    controller->editing().deleteSelection(); // the first deletion cannot be restored after this one
     controller->statusLine().showStatus("another");
     EXPECT_EQ(info.original(), a);
     info.up();
