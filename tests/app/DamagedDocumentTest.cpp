@@ -1,4 +1,4 @@
-// What the program offers for a document that it refuses to open.
+// The choices that the program offers for a document that it refuses to open.
 #include "app/DamagedDocument.h"
 
 #include "model/TreeWalk.h"

@@ -1,4 +1,4 @@
-// Revert to Saved: what it restores, and what happens while its question is shown.
+// Revert to Saved: the contents that it restores, and operations while its question is shown.
 #include "tests/app/AppFixture.h"
 
 #include <algorithm>
