@@ -46,7 +46,7 @@ ARROWS = {
 TOOLKIT_ROOMS = {"ui", "main", "platform/linux", "bench/ui", "tests/ui"}
 TOOLKIT_HEADER = re.compile(r"^(Q[A-Za-z]|X11/|xcb/|dbus/|gio/|glib|gtk/|wayland-)")
 
-# What the build makes and one source includes.
+# Files that the build generates and one source includes.
 GENERATED = (".moc", ".inc")
 
 _INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)
