@@ -98,7 +98,7 @@ def into_firefoxs_library(session):
     copy(session, 0, 3)
     with start_firefox(session) as browser:
         browser.run(IN_LIBRARY, "paste", MENU, [])
-        arrived = [tuple(item) for item in browser.run(CONTENT, MENU)][:5]# the folder of the browser's own links follows
+        arrived = [tuple(item) for item in browser.run(CONTENT, MENU)][:5]  # the browser's own folder is after these
         check(arrived == [link[::-1] for link in [A, B, *INNER, C]], f"into Firefox's library ({arrived})")
 
 
