@@ -296,7 +296,7 @@ TEST_F(FindingTest, aLongAddressThatManyLinksShareIsNotWrittenOutForEach) {
         EXPECT_EQ(tool.out, "");
         EXPECT_THAT(tool.error, HasSubstr("share texts that are too long"));
     }
-    // Commands whose output shares the texts too succeed.
+    // Commands that preserve the shared texts in their output succeed.
     EXPECT_EQ(tool.run({"sort", "--by", "url", "d.tbln", "-o", "s.tbln"}), 0) << tool.error;
     EXPECT_EQ(tool.run({"duplicates", "--delete", "d.tbln", "-o", "u.tbln"}), 0) << tool.error;
     EXPECT_LT(tool.files.files["s.tbln"].size(), 2 * tool.files.files["d.tbln"].size());
