@@ -49,7 +49,7 @@ class WhatWeWrite(cli.TestCase):
 
     @unittest.skipUnless(shutil.which("plistutil"), "plistutil (libplist-utils) is not installed")
     def test_plistutil_turns_it_into_xml_that_says_the_same(self):
-        # XML has no control characters.
+        # XML cannot contain control characters.
         tree = trees.every_value(control_characters=False)
         document = self.make(tree)
         xml = self.path("document.xml")
