@@ -1,4 +1,5 @@
-// Settings in a real file: kept, shared with other programs, and never lost to damage or a full disk.
+// Settings in a real file: stored, shared with other programs, and preserved when the file is damaged or the
+// disk is full.
 #include "platform/linux/FileUserDefaults.h"
 
 #include "platform/fake/MemoryFileStore.h"
