@@ -8,7 +8,7 @@ namespace {
 
 class GetInfoTest : public WindowTest {
 protected:
-    /// F(a b) c, c selected.
+    /// Builds the tree F(a b) c and selects c.
     void plant() {
         folder = &add(makeFolder("F"));
         a = &add(makeLink("a", "https://a.example/"), folder);

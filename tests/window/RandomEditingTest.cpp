@@ -229,7 +229,7 @@ protected:
         EXPECT_EQ(outline().selected, selection);
     }
 
-    // On a row, between two rows, or on the area without rows; as a move or as a copy.
+    // Drags onto a row, between two rows, or onto the area without rows, as a move or as a copy.
     void dragSomewhere(const State& before) {
         const std::vector<PasteboardItem> items = controller->dragging().beginDraggingSession();
         const DragInfo drag{.source = below(6) == 0 ? nullptr : &controller->outline(),
