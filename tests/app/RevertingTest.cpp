@@ -39,7 +39,7 @@ protected:
         perform("revertDocumentToSaved:");
     }
 
-    // Two links; the name of the second one cannot be read.
+    // Returns a document of two links. The name of the second one cannot be read.
     std::string damagedDocument() {
         const Ref<Bookmark> master = Bookmark::init(base.now());
         master->makeParent();
