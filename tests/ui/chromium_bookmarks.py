@@ -27,7 +27,7 @@ return [screenX + (outerWidth - innerWidth) / 2, screenY + outerHeight - innerHe
         ...rows.map(row => [row.left, row.top, row.bottom])];"""
 BAR = """const item = node => node.children ? [node.title, ...node.children.map(item)] : [node.title, node.url];
 return item((await chrome.bookmarks.getSubTree('1'))[0]).slice(1);"""
-BAR_HEIGHT = 37  # just above the page
+BAR_HEIGHT = 37  # in pixels, directly above the page
 
 
 class Manager:

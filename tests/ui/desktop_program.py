@@ -1,4 +1,4 @@
-"""Works the real program in a virtual display with real keys: desktop_program.py TABULON TABULON_CLI.
+"""Controls the real program in a virtual display with real keys: desktop_program.py TABULON TABULON_CLI.
 
 Opens an HTML file, expands and collapses, saves as a document, opens that again, saves it, exports it, starts without
 files, and opens a file that is no bookmark file. The results are read from the files, with the command-line tool.
