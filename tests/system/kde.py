@@ -70,9 +70,9 @@ class Editor:
         self._run("--importkde3", other, xbel)
 
     def tell(self, xbel):
-        """Returns the bookmarks that the editor reads from a file, through another of its formats. Links are (name, address),
-        folders are (name, [items]), and a separator is a link with a name of its own. Addresses are as the editor shows
-        them, without percent-encoding."""
+        """Returns the bookmarks that the editor reads from a file, through another of its formats. Links are
+        (name, address), folders are (name, [items]), and a separator is a link with a name of its own. Addresses are as
+        the editor shows them, without percent-encoding."""
         listing = os.path.join(self._folder.name, "listing.adr")
         self._run("--exportopera", listing, xbel)
         with open(listing, encoding="utf-8") as file:

@@ -59,7 +59,7 @@ class WhatWeWrite(cli.TestCase):
 
 
 class WhatOthersWrite(cli.TestCase):
-    """A test for each way of writing; each file is read back whole."""
+    """A test for each way of writing. Each file is read completely."""
 
     def assert_reads(self, tree, form=plistlib.FMT_BINARY, **options):
         writer = keyed_archive.Writer(xml=form == plistlib.FMT_XML, **options)
