@@ -1,5 +1,5 @@
-"""The settings of base/Settings.h against the table of keys in docs/settings.md, the registered values and the sources: a
-key that is missing, one that the program does not know, another value, a key that is named as a text.
+"""The settings of base/Settings.h against the table of keys in docs/settings.md, the registered values and the sources.
+The faults are a missing key, a key that the program does not have, a different value, and a key in a string literal.
 check_settings.py runs it, test_settings_table.py tests it.
 """
 

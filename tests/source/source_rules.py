@@ -12,7 +12,8 @@ SOURCE_FOLDERS = (
     "main", "platform", "tests", "bench", "fuzz",
 )
 
-# Each room of the house and the rooms it may include. A room always may include itself.
+# The rooms, which are folders of the tree, and the rooms that each may include. A room may always include
+# itself.
 _CODINGS = {"base", "text", "plist"}
 _MODEL = _CODINGS | {"model"}
 _UPPER = _MODEL | {"formats", "search", "history", "platform"}
