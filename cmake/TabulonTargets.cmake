@@ -17,7 +17,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
   target_compile_options(tabulon_build_options INTERFACE
     -Wno-array-bounds -Wno-restrict -Wno-stringop-overflow -Wno-stringop-overread)
 endif()
-# Standard C++, and the rule of other compilers, but not of clang before 19.
+# Sized deallocation is standard C++. Other compilers enable it by default, clang only from version 19.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
   target_compile_options(tabulon_build_options INTERFACE -fsized-deallocation)
 endif()
