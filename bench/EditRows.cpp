@@ -1,5 +1,5 @@
-// Single edits in a document of a million nodes whose rows are all shown. They go through the controllers of
-// a window; the window itself stores the current row and draws nothing.
+// Single edits in a document of a million nodes whose rows are all shown. They use the controllers of a
+// window; the window itself stores the current row and draws nothing.
 #include "bench/Measure.h"
 #include "bench/Rows.h"
 #include "platform/fake/FakePlatform.h"
@@ -115,8 +115,8 @@ public:
 
     std::size_t rows() const { return controller_->outline().numberOfRows(); }
 
-    /// Performs each edit once at `row` and returns their times in seconds, in the order of `kEdits`. A
-    /// bookmark was inserted there after that. Requires: two rows follow.
+    /// Performs each edit once at `row` and returns their times in seconds, in the order of `kEdits`.
+    /// Afterwards `row` contains the inserted bookmark. Requires: two rows follow.
     std::array<double, kEdits.size()> edit(std::size_t row) {
         const std::size_t before = rows();
         const std::string name = fmt::format("renamed {}", ++edits_);
@@ -147,7 +147,8 @@ private:
         window_.outline().selectRows({{row, 1}});
         controller_->outline().selectionDidChange(SelectedBy::Program);
     }
-    // With what is done from the main loop at once after the edit.
+    // Returns the time of the edit and of the operations that the main loop performs immediately after it, in
+    // seconds.
     template <class Edit>
     double timed(Edit edit) {
         return fastest(1, [&] {

@@ -39,8 +39,8 @@ std::vector<std::string> lowerCasedURLs(const Bookmark& root) {
     return urls;
 }
 
-/// Returns the names that are sorted with each other: the folders, and the other nodes, of each folder.
-/// Separators have none.
+/// Returns the names that are sorted together: those of the folders, and those of the other nodes, of each
+/// folder. Nodes whose name is null, such as separators, are left out.
 std::vector<std::vector<std::string_view>> namesByGroup(const Bookmark& root) {
     std::vector<const Bookmark*> folders{&root};
     walkBelow(root, [&folders](const Bookmark& node) {

@@ -13,9 +13,9 @@ std::string seconds(Date date) {
     return date.isNull() ? "" : fmt::format("{}", date.unixSeconds());
 }
 
-/// Returns the values of a tree that a bookmark file can contain. A separator has no values there. White
-/// space after a note is left out: the scanner reads the end of the line and the next line's indent as a part
-/// of the note.
+/// Returns the values of a tree that a bookmark file can contain. Separators have no values there. White
+/// space after a note is left out, because the scanner reads the end of the line and the next line's indent
+/// as a part of the note.
 std::string essence(const Bookmark& root) {
     std::string text;
     const auto enter = [&text](Bookmark& node) {

@@ -7,11 +7,12 @@
 namespace tabulon::bench {
 
 /// Returns the processor time of this process in seconds, user and kernel. All operations use one thread, so
-/// it is the time that they take on an idle machine.
+/// it is their duration on an idle machine.
 double processorSeconds();
 
 /// Returns the processor time in seconds of the fastest of `runs` calls of `work`, which other processes
-/// disturb least. What `work` returns is destroyed after the clock has stopped. Returns infinity for no runs.
+/// disturb least. The result of `work` is destroyed after the clock has stopped. Returns infinity if `runs`
+/// is not positive.
 template <class Work>
 double fastest(int runs, Work work) {
     double best = std::numeric_limits<double>::infinity();

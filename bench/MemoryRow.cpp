@@ -1,6 +1,6 @@
 // The memory of an opened document: the difference between the memory of a process after opening it and
-// before. The bytes of the file are mapped and do not count. The tree, the allocator's gaps and everything
-// that the reader keeps do.
+// before. The bytes of the file are mapped and do not count. The tree, the allocator's gaps and all memory
+// that the reader retains count.
 #include "bench/Measure.h"
 #include "bench/Rows.h"
 

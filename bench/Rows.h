@@ -33,7 +33,7 @@ Row textScanRow(const Sample& sample, const Effort& effort);
 Row duplicatesRow(const Sample& sample, const Effort& effort);
 Row sortRow(const Sample& sample, const Effort& effort);
 Row findRow(const Sample& sample, const Effort& effort);
-/// Measures the same in a tree of about a million nodes, or in that of `sample` where nothing is judged.
+/// Measures the same in a tree of about a million nodes, or in that of `sample` where targets are not judged.
 Row findInLargeDocumentRow(const Sample& sample, const Effort& effort);
 /// Returns the processor time in seconds of sorting a copy of the tree by name, of the fastest run.
 double secondsOfSorting(const Bookmark& tree, int runs);

@@ -27,7 +27,7 @@ struct Effort {
     bool judged = true;
 };
 
-/// Returns Met if `reached`, else Missed, or None where targets are not judged.
+/// Returns `Met` if `reached`, else `Missed`, or `None` where targets are not judged.
 Verdict verdict(const Effort& effort, bool reached);
 
 /// Returns the tree in a bookmark file.

@@ -56,7 +56,7 @@ class Screen:
             XDG_CACHE_HOME=f"{self._folder.name}/cache", XDG_RUNTIME_DIR=self._folder.name, QT_QPA_PLATFORM="xcb",
             LC_ALL="C.UTF-8")
         self.environment.pop("WAYLAND_DISPLAY", None)
-        # A window that comes while openbox is still starting is never shown.
+        # openbox never shows a window that is opened before it has started.
         managed = os.path.join(self._folder.name, "managed")
         self._manager = subprocess.Popen(["openbox", "--startup", f"touch {managed}"], env=self.environment,
                                          stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)

@@ -10,11 +10,12 @@ find_package(PkgConfig REQUIRED)
 pkg_check_modules(UCHARDET REQUIRED IMPORTED_TARGET uchardet)
 pkg_check_modules(ZSTD REQUIRED IMPORTED_TARGET libzstd)
 
-# mimalloc keeps nodes and texts small: no header per block and fine size classes. Sanitizers bring their own.
+# mimalloc needs little memory for nodes and texts: no header per block and fine size classes. Sanitizers have
+# their own allocators.
 if(TABULON_MIMALLOC AND NOT TABULON_SANITIZE AND NOT TABULON_FUZZ)
   find_package(mimalloc REQUIRED)
 endif()
-# A fuzz target runs the program with the windows in memory of the tests, which check what they are told.
+# A fuzz target runs the program with the tests' windows in memory, which check the reports that they receive.
 if(TABULON_TESTS OR TABULON_FUZZ)
   find_package(GTest REQUIRED)
 endif()

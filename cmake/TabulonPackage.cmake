@@ -1,5 +1,5 @@
-# The Debian package: cpack -G DEB in a build folder. The packages of MIME types, desktop entries and icons rebuild their
-# caches by themselves when files of theirs come and go, so there are no maintainer scripts.
+# The Debian package: cpack -G DEB in a build folder. The packages of MIME types, desktop entries and icons
+# rebuild their caches when files are installed or removed, so there are no maintainer scripts.
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME tabulon)
@@ -14,7 +14,7 @@ a desktop.")
 set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
 set(CPACK_STRIP_FILES ON)
 
-# With DESTDIR the files are laid out for /usr although they are put somewhere else, as the paths in them need.
+# The files are installed into another folder with DESTDIR, because their contents name paths below /usr.
 set(CPACK_SET_DESTDIR ON)
 set(CPACK_INSTALL_PREFIX /usr)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
@@ -24,7 +24,7 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 if(TABULON_DESKTOP)
-  # Icons are drawn by a plugin of Qt, which is not among the linked libraries.
+  # A plugin of Qt draws the icons. It is not among the linked libraries, so it is named here.
   set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6 (>= 6.4)")
   set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "default-dbus-session-bus | dbus-session-bus, qt6-wayland")
 endif()

@@ -1,5 +1,6 @@
-# How every target of the project is made: language level, warnings, sanitizers, the folders that it may include. No
-# precompiled headers: they save a twelfth of a build, and ccache can then no longer serve one build folder from another.
+# The common properties of all targets of the project: language level, warnings, sanitizers, the folders that
+# they may include. There are no precompiled headers: they save a twelfth of a build, and with them ccache
+# cannot use the results of one build folder in another.
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
@@ -10,12 +11,13 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 add_library(tabulon_build_options INTERFACE)
 target_compile_features(tabulon_build_options INTERFACE cxx_std_20)
 target_compile_options(tabulon_build_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor)
-# GCC 12 sees impossible sizes in inlined std::string code; clang-tidy and the sanitizers look at the same places.
+# GCC 12 reports impossible sizes in inlined std::string code. clang-tidy and the sanitizers check the same
+# code.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(tabulon_build_options INTERFACE
     -Wno-array-bounds -Wno-restrict -Wno-stringop-overflow -Wno-stringop-overread)
 endif()
-# Standard C++, and the rule of other compilers, but not of clang before 19.
+# Sized deallocation is standard C++. Other compilers enable it by default, clang only from version 19.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
   target_compile_options(tabulon_build_options INTERFACE -fsized-deallocation)
 endif()
@@ -56,14 +58,15 @@ function(tabulon_include_folder target scope folder)
   target_include_directories(${target} ${scope} ${root})
 endfunction()
 
-# tabulon_unity(TARGET): all sources of the target become one translation unit if TABULON_UNITY is on. That takes a third
-# of the time where ccache has nothing yet. Names in anonymous namespaces must be unique within a target.
+# tabulon_unity(TARGET): all sources of the target become one translation unit if TABULON_UNITY is on. The
+# build then takes a third of the time if the cache of ccache is empty. Names in anonymous namespaces must be
+# unique within a target.
 function(tabulon_unity target)
   set_target_properties(${target} PROPERTIES UNITY_BUILD ${TABULON_UNITY} UNITY_BUILD_BATCH_SIZE 0)
 endfunction()
 
-# tabulon_library(NAME [OWN_HEADERS] SOURCES… LINKS… PRIVATE_LINKS…): one folder, one library. What its headers include
-# is linked by LINKS, what only its sources include by PRIVATE_LINKS.
+# tabulon_library(NAME [OWN_HEADERS] SOURCES… LINKS… PRIVATE_LINKS…): adds the library of one folder. LINKS
+# are the libraries that its headers include, PRIVATE_LINKS those that only its sources include.
 function(tabulon_library name)
   cmake_parse_arguments(ARG "OWN_HEADERS" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})
@@ -75,12 +78,12 @@ function(tabulon_library name)
   else()
     tabulon_include_folder(${name} PUBLIC ${folder})
   endif()
-  # One line a library for tests/source: its folder and its include path.
+  # One line for each library, for tests/source: its folder and its include path.
   set_property(GLOBAL APPEND_STRING PROPERTY TABULON_INCLUDE_PATHS
     "${folder} $<JOIN:$<TARGET_PROPERTY:${name},INCLUDE_DIRECTORIES>, >\n")
 endfunction()
 
-# tabulon_test(NAME SOURCES… LINKS…): one test program, one entry in ctest.
+# tabulon_test(NAME SOURCES… LINKS…): adds a test program and its entry in ctest.
 function(tabulon_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
@@ -91,14 +94,15 @@ function(tabulon_test name)
   set_tests_properties(${name} PROPERTIES TIMEOUT 600)
 endfunction()
 
-# tabulon_corpus_sources(SOURCE…): the sources that read tests/corpus, of this folder. Only these get the path of the
-# corpus, so that ccache can serve the others to any clone.
+# tabulon_corpus_sources(SOURCE…): the sources of this folder that read tests/corpus. Only these receive the
+# path of the corpus, so that ccache can use the results of the others in every clone.
 function(tabulon_corpus_sources)
   set_property(SOURCE ${ARGN} APPEND PROPERTY
     COMPILE_DEFINITIONS TABULON_CORPUS_DIR="${PROJECT_SOURCE_DIR}/tests/corpus")
 endfunction()
 
-# tabulon_install_compressed(FILE NAME.gz DESTINATION): compressed when it is installed, the same bytes every time.
+# tabulon_install_compressed(FILE NAME.gz DESTINATION): compresses the file when it is installed. The
+# compressed bytes are the same every time.
 function(tabulon_install_compressed file name destination)
   install(CODE "
     find_program(GZIP_PROGRAM gzip REQUIRED)

@@ -1,5 +1,5 @@
-// Runs a fuzz target over the files of a corpus folder, and over cut and damaged versions of each. This is
-// the ordinary test of the target where there is no libFuzzer.
+// Runs a fuzz target over the files of a corpus folder, and over truncated and damaged versions of each. This
+// is the ordinary test of the target where libFuzzer is not available.
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>

@@ -10,7 +10,8 @@
 
 namespace {
 
-// Where the other parser accepts an object, so does the reader, except for unpaired surrogates.
+// Aborts if the other parser accepts an object that the reader refuses with an error of no domain. Bytes with
+// \u escapes are not checked, because the reader refuses unpaired surrogates.
 void requireReadable(std::string_view bytes, const tabulon::Error& error) {
     simdjson::dom::parser parser;
     simdjson::dom::object object;
@@ -19,8 +20,8 @@ void requireReadable(std::string_view bytes, const tabulon::Error& error) {
         std::abort();
 }
 
-// What the reader accepts, the other parser accepts, except for large numbers, deep nesting and the
-// byte-order mark.
+// Aborts if the other parser refuses bytes that the reader accepts, except for large numbers, deep nesting
+// and the byte-order mark.
 void requireSound(std::string_view bytes) {
     if (bytes.starts_with("\xEF\xBB\xBF"))
         bytes.remove_prefix(3);

@@ -39,7 +39,8 @@ std::vector<std::string> split(std::string_view text, char separator) {
     }
 }
 
-// The first byte of a call is its kind; its sixth bit says whether the main loop runs before the next call.
+// Returns the request of a call. The first byte modulo 3 is its kind. The bit 0x20 of the byte says whether
+// the main loop runs before the next call.
 LaunchRequest requestOf(std::string_view call) {
     const unsigned kind = call.empty() ? 0 : static_cast<unsigned char>(call[0]);
     std::vector<std::string> texts = split(call.substr(std::min<std::size_t>(call.size(), 1)), kBetweenTexts);

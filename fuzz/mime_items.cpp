@@ -1,5 +1,5 @@
 // A number and any bytes as content that another program has copied or drags: the bytes in the media type of
-// that number, or in all types. What is read is not larger than a small multiple.
+// that number, or in all types. The items are not larger than a small multiple of the bytes.
 #include "platform/fake/FakeBaseServices.h"
 #include "platform/fake/MemoryFileStore.h"
 #include "window/MimeItems.h"

@@ -13,9 +13,9 @@ namespace {
 
 using namespace tabulon;
 
-// A folder's name begins up to 512 bytes before its closing tag, and a folder takes eleven bytes: so often
-// the bytes of names are examined again, once to find them and once to decode them. The rest is for the other
-// searches.
+// The name of a folder begins up to 512 bytes before its closing tag, and a folder has at least eleven bytes.
+// The bytes of names are therefore examined up to 512 / 11 times: once to find each name and once to decode
+// it. The rest is for the other searches.
 constexpr std::size_t kMostPasses = 512 / 11 + 20;
 
 void require(bool condition) {
@@ -23,7 +23,7 @@ void require(bool condition) {
         std::abort();
 }
 
-// Every node takes at least the four bytes of its tag.
+// Every node has at least the four bytes of its tag.
 void requireSoundTree(const Bookmark& root, std::size_t size) {
     std::size_t nodes = 0;
     walkBelow(root, [&](const Bookmark& node) {

@@ -4,7 +4,7 @@ set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
 cd "$ROOT"
-# configure FOLDER [OPTION…]: a folder with clang's flags. Only what is generated gets built in it.
+# configure FOLDER [OPTION…]: configures a build folder with clang's flags. Builds only the generated sources.
 configure() {
     local folder=$1 generated
     shift
@@ -14,8 +14,8 @@ configure() {
     [ ${#generated[@]} -eq 0 ] || ninja -C "$folder" --quiet "${generated[@]}"
 }
 
-# check FOLDER CHECKS FILE…: CHECKS is added to those of .clang-tidy. The findings come on standard output; on standard
-# error clang-tidy only counts the warnings that it does not show.
+# check FOLDER CHECKS FILE…: runs clang-tidy with CHECKS in addition to those of .clang-tidy. Prints the
+# findings to standard output. Standard error, on which clang-tidy only counts hidden warnings, is discarded.
 check() {
     local folder=$1 checks=$2
     shift 2
@@ -28,8 +28,8 @@ if [ $# -gt 0 ]; then
     check build/tidy "" "$@"
     say "clang-tidy has no findings in $# sources"
 else
-    # All sources of a library in one translation unit: the headers of the system are read and searched once for each
-    # library, which takes a quarter of the time.
+    # All sources of a library are one translation unit. The headers of the system are then parsed and checked
+    # once for each library, which takes a quarter of the time.
     configure build/tidy-all -DTABULON_UNITY=ON
     mapfile -t units < <(sed -n 's/^ *"file": "\(.*\)",*$/\1/p' build/tidy-all/compile_commands.json |
         grep -v _autogen/ | sort -u)

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Builds the fuzz targets with clang and lets each run for a while: fuzz.sh [SECONDS] (60 when not given). What a target
-# learns stays in build/fuzz/corpus; an input that makes one fail is left in build/fuzz.
+# Builds the fuzz targets with clang and runs each for a while: fuzz.sh [SECONDS] (60 when not given). The
+# inputs that a target finds are stored in build/fuzz/corpus, and an input that makes it fail in build/fuzz.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
@@ -24,7 +24,7 @@ fuzz_one() {
 }
 
 say "Fuzzing each target for $seconds seconds"
-# One on each processor, so that a minute is a minute.
+# One target runs on each processor, so that the targets do not slow each other.
 failed=0
 running=0
 while read -r target seeds; do

@@ -1,11 +1,11 @@
-# What the project's scripts share: where the tree is, how they speak, how packages come, how a preset is built.
-# Sourced by ./run, ./test, ./bench/run, .ci/run and the scripts of this folder, never run.
+# The common functions of the project's scripts: the tree's folder, messages, installing packages, building a
+# preset. Sourced by ./run, ./test, ./bench/run, .ci/run and the scripts of this folder, never run.
 
 ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 # shellcheck source=scripts/packages.sh
 source "$ROOT/scripts/packages.sh"
 
-# Progress goes to standard error: standard output belongs to what was asked for.
+# Prints a message to standard error, so that standard output contains only results.
 say() {
     printf '== %s\n' "$*" >&2
 }
@@ -31,7 +31,7 @@ missing_packages() {
     done
 }
 
-# need_packages PACKAGE…: installs what is missing. Asks nothing of the network when nothing is.
+# need_packages PACKAGE…: installs the packages that are missing. Does not use the network if none is missing.
 need_packages() {
     if ! command -v dpkg-query >/dev/null; then
         say "This is no Debian system: going on without looking for packages."
@@ -94,7 +94,8 @@ TESTS_PASSED=0
 TESTS_FAILED=0
 TESTS_SKIPPED=0
 
-# count_tests FOLDER: adds the report of run_ctest to the totals. No report, because nothing was built, is one failure.
+# count_tests FOLDER: adds the report of run_ctest to the totals. A missing report, because the build failed,
+# counts as one failure.
 count_tests() {
     local report=$1/ctest.xml total failed skipped
     if [ ! -e "$report" ]; then
@@ -109,7 +110,7 @@ count_tests() {
     TESTS_SKIPPED=$((TESTS_SKIPPED + skipped))
 }
 
-# The number in the first ATTRIBUTE="…" of a JUnit report, which is the whole suite's.
+# Prints the number in the first ATTRIBUTE="…" of a JUnit report, which is that of the whole suite.
 suite_number() {
     sed -n "s/^[[:space:]]*$2=\"\([0-9]*\)\".*/\1/p" "$1" | head -n 1
 }

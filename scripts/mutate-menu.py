@@ -14,9 +14,10 @@ import sys
 
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 COPY = os.path.join(ROOT, "build", "mutations")
-# In this table a name only connects a menu title with its own row, so that exchanging two changes nothing.
+# In this table a name only connects a menu title with its own row, so that an exchange of two names has no
+# effect.
 EQUIVALENT_SOURCES = {"app/ImportSource.cpp"}
-# These answer with the same alert.
+# These actions show the same alert.
 EQUIVALENT_ACTIONS = {"importFirefox:", "importTor:"}
 ACTION = re.compile(r'"([a-zA-Z]+:)"')
 

@@ -1,4 +1,5 @@
-# The Debian packages that each part of the work needs, by their names in Debian 12. Only lists; installing is in lib.sh.
+# The Debian packages that each task needs, by their names in Debian 12. This file only lists them; lib.sh
+# installs them.
 
 # Building everything that needs no toolkit: libraries, command-line tool, tests, benchmarks.
 PACKAGES_BUILD=(
@@ -10,10 +11,10 @@ PACKAGES_BUILD=(
 # Building and showing the desktop program.
 PACKAGES_DESKTOP=(qt6-base-dev qt6-svg-dev qt6-wayland libglib2.0-dev libxcb1-dev fonts-dejavu-core)
 
-# Showing a window where there is no display, and taking its picture.
+# Showing a window without a display, and saving a picture of it.
 PACKAGES_DISPLAY=(xvfb xauth openbox xdotool scrot xclip)
 
-# The programs that the tests run; the browsers and the bookmark editor that some go through are not among them.
+# The programs that the tests run, without the browsers and the bookmark editor that some tests use.
 PACKAGES_TESTS=(
     libplist-utils libxml2-utils desktop-file-utils shared-mime-info appstream xdg-utils libglib2.0-bin dbus-daemon x11-utils dpkg-dev
     at-spi2-core gir1.2-atspi-2.0 python3-gi

@@ -12,7 +12,7 @@ shift
 work=$(mktemp -d)
 started=()
 clean_up() {
-    # The last one first, because a program whose display ends prints errors.
+    # The last process ends first, because a program whose display ends prints errors.
     local index
     for ((index = ${#started[@]} - 1; index >= 0; index--)); do
         kill "${started[index]}" 2>/dev/null || true
@@ -33,12 +33,12 @@ wait_for() {
     done
 }
 
-# True when the program shows a window, and when there is nothing to wait for any more.
+# Succeeds if the program shows a window or has ended.
 window_or_end() {
     xdotool search --onlyvisible --pid "$program" || ! kill -0 "$program"
 }
 
-# True when the screen looks as it did the last time it was asked.
+# Succeeds if the screen has not changed since the previous call.
 screen_at_rest() {
     sleep 0.3
     scrot --overwrite "$work/now.png"
@@ -52,12 +52,12 @@ started+=($!)
 wait_for 100 test -s "$work/display" || die "Xvfb did not start: $(tail -n 1 "$work/xvfb.log")"
 DISPLAY=:$(cat "$work/display")
 export DISPLAY
-# A window that comes while openbox is still starting is never shown.
+# openbox never shows a window that is opened before it has started.
 openbox --startup "touch '$work/managed'" >"$work/openbox.log" 2>&1 &
 started+=($!)
 wait_for 100 test -e "$work/managed" || die "openbox did not start: $(tail -n 1 "$work/openbox.log")"
 
-# A Tabulon that runs in the session outside would take the files over.
+# Without the session's message bus: a Tabulon that runs in the session would open the files instead.
 env DBUS_SESSION_BUS_ADDRESS=disabled: "$@" &
 program=$!
 started+=("$program")

@@ -11,7 +11,8 @@
 
 namespace tabulon::bench {
 
-/// A view of a tree. Its functions only change what is shown; the caller lets the view paint.
+/// A view of a tree. Its functions only change the contents and the state of the view; the caller makes the
+/// view paint.
 class MeasuredView {
 public:
     virtual ~MeasuredView() = default;

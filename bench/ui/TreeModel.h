@@ -12,8 +12,8 @@
 
 namespace tabulon::bench {
 
-/// Two columns, Name and URL, over a tree. The internal pointer of an index is its node. Every function takes
-/// constant time, except `index` and the signals of Qt.
+/// Two columns, Name and URL, over a tree. The internal pointer of an index is its node. Every function runs
+/// in constant time, except `index` and the signals of Qt.
 class TreeModel : public QAbstractItemModel {
 public:
     /// Every row is `rowHeight` pixels high. Requires: `root` outlives this object.
@@ -26,7 +26,7 @@ public:
     /// Inserts `item`, which is in no tree, as the child of `folder` with that index.
     void insert(Bookmark& folder, std::size_t index, Ref<Bookmark> item);
 
-    /// Takes time logarithmic in the number of chunks of the child list (ChunkedList::at).
+    /// Runs in time logarithmic in the number of chunks of the child list (ChunkedList::at).
     QModelIndex index(int row, int column, const QModelIndex& parent) const override;
     QModelIndex parent(const QModelIndex& index) const override;
     int rowCount(const QModelIndex& parent) const override;

@@ -1,6 +1,6 @@
 // tabulon_outline_bench [LINKS]: compares the program's own outline with QTreeView on the same tree, of about
-// a million rows without LINKS, and prints a row of the table for each work. Each view is measured in
-// processes of its own, which take turns. Ends with status 1 if a result is wrong or, without LINKS, the
+// a million rows without LINKS, and prints a row of the table for each operation. Each view is measured in
+// processes of its own, which alternate. Ends with status 1 if a result is wrong or, without LINKS, the
 // target is missed.
 #include "bench/Corpus.h"
 #include "bench/Measure.h"
@@ -30,7 +30,7 @@ constexpr int kTurns = 3;
 constexpr int kPages = 1'000;
 constexpr int kRenames = 201;
 constexpr int kInserts = 11;
-constexpr double kTarget = 2; // × in one work; no work may take longer
+constexpr double kTarget = 2; // × faster in at least one operation, and never slower
 /// A node's link to its row in the own outline: a pointer and a place (RowLink), in every tree.
 constexpr double kBytesOfRowLink = sizeof(void*) + sizeof(std::uint16_t);
 

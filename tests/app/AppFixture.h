@@ -43,7 +43,8 @@ protected:
     bool perform(const char* action) { return app.responders().performMenuItem(MenuItem{.action = action}); }
     bool enabled(const char* action) { return app.responders().validateMenuItem(MenuItem{.action = action}); }
 
-    /// Returns the menu of this title as it is shown when it is opened, or an empty one if there is none.
+    /// Returns the menu with this title as it is shown when it is opened, or an empty menu if no menu has the
+    /// title.
     Menu menuNamed(const std::string& title) {
         for (std::size_t place = 0; place < MainMenu::count(); ++place)
             if (app.mainMenu().title(place) == title)
@@ -64,7 +65,7 @@ protected:
         timers.advance(0);
     }
 
-    /// Returns the number of files besides those that the program keeps for itself.
+    /// Returns the number of files, without those that the program stores for itself.
     std::size_t filesOfTheUser() const {
         return static_cast<std::size_t>(std::ranges::count_if(
             files.files, [this](const auto& file) { return !file.first.starts_with(folders.state + "/"); }));

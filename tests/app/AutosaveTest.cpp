@@ -1,4 +1,4 @@
-// Automatic saving, and what is restored after a crash.
+// Automatic saving, and the documents that are restored after a crash.
 #include "tests/app/AppFixture.h"
 
 namespace tabulon {

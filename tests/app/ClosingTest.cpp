@@ -1,4 +1,4 @@
-// Closing documents and quitting: what is asked, and what each answer does.
+// Closing documents and quitting: the questions, and the effect of each answer.
 #include "tests/app/AppFixture.h"
 
 namespace tabulon {
@@ -6,7 +6,7 @@ namespace {
 
 class ClosingTest : public AppTest {
 protected:
-    // Each answer takes longer than the pause of automatic saving.
+    // The user takes longer than the pause of automatic saving to answer each alert.
     ClosingTest() {
         alerts.whileShown = [this] { timers.advance(AutosavePause::kSeconds + 1); };
     }

@@ -1,4 +1,4 @@
-// What the program offers for a document that it refuses to open.
+// The choices that the program offers for a document that it refuses to open.
 #include "app/DamagedDocument.h"
 
 #include "model/TreeWalk.h"
@@ -13,7 +13,7 @@ using testing::HasSubstr;
 
 class DamagedDocumentTest : public AppTest {
 protected:
-    // A document of links with one reference to a missing object.
+    // Returns a document of links with one reference to a missing object.
     std::string damagedBytes(int links = 40) {
         const Ref<Bookmark> master = Bookmark::init(base.now());
         master->setItemName("Master");

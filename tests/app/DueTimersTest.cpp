@@ -1,5 +1,5 @@
-// Each command of the main menu while the document is about to be saved automatically and a name is being
-// typed. Whatever the command does, what was typed and what was changed before is in the file a moment later.
+// Each command of the main menu while an automatic save is due and a name is being typed. After each command,
+// the typed name and the earlier changes are in the file.
 #include "model/TreeWalk.h"
 #include "tests/app/AppFixture.h"
 
@@ -66,7 +66,7 @@ public:
         timers.advance(kSecondsOfAnAlert);
         const std::vector<Document*> all = documents().documents();
         // The text of a field that a command has opened is still being typed. Activating another program ends
-        // that.
+        // the editing.
         app.applicationWillResignActive();
         isOpen_ = !all.empty() && all.front()->fileName() == kPath;
         if (isOpen_) {

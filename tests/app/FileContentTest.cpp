@@ -33,7 +33,7 @@ std::string kindOf(std::string_view bytes, const std::string& path) {
 std::string kindInCorpus(const std::string& name) {
     std::ifstream file(fs::path(TABULON_CORPUS_DIR) / name, std::ios::binary);
     EXPECT_TRUE(file) << name;
-    // The name does not decide.
+    // The name has no extension, so that only the content is recognized.
     return kindOf(std::string(std::istreambuf_iterator<char>(file), {}), "/a");
 }
 

@@ -1,4 +1,4 @@
-// What a save does besides writing the document, files that another program changes, and reverting.
+// The effects of a save other than writing the document, files that another program changes, and reverting.
 #include "tests/app/AppFixture.h"
 
 namespace tabulon {

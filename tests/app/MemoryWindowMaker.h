@@ -9,7 +9,7 @@
 
 namespace tabulon {
 
-/// Keeps a list of its windows while they exist, and can refuse to make one.
+/// Lists the windows that it made as long as they exist, and can refuse to make one.
 class MemoryWindowMaker : public DocumentWindowMaker {
 public:
     std::unique_ptr<DocumentWindow> makeWindow(ViewController& controller) override {

@@ -1,5 +1,6 @@
-// What each command of the main menu changes, in words: a program in memory, and the table of all commands
-// with what is different after each of them. Tests choose the commands in several ways and compare.
+// The effect of each command of the main menu as text: a program in memory, and the table of all commands
+// with the differences after each of them. Tests choose the commands in several ways and compare the
+// differences.
 #pragma once
 
 #include "model/TreeWalk.h"
@@ -22,7 +23,7 @@ struct MenuCase {
     std::string rows;
     /// The file that the user chooses in an open panel.
     std::string chosen;
-    /// What is different afterwards, as `MenuProgram::change` returns it.
+    /// The difference after the command, as `MenuProgram::change` returns it.
     std::string change;
 };
 
@@ -62,8 +63,8 @@ public:
         note(before_);
     }
 
-    /// Returns what is different since `prepare`: "name: value" of each thing that has another value now,
-    /// joined by "; ".
+    /// Returns the differences since `prepare`: "name: value" of each property that has another value, joined
+    /// by "; ".
     std::string change() {
         timers.advance(0);
         std::map<std::string, std::string> after;

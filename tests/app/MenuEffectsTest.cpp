@@ -1,4 +1,5 @@
-// Each command of the main menu changes what its title says, and no other command changes the same.
+// Each command of the main menu has the effect that its title names, and no other command has the same
+// effect.
 #include "tests/app/MenuEffects.h"
 
 #include <gmock/gmock.h>
@@ -11,7 +12,7 @@ namespace {
 
 using testing::ElementsAre;
 
-// The direct import of both answers with the same alert.
+// The direct import of both shows the same alert.
 bool mayEqual(const std::string& path, const std::string& other) {
     return path.starts_with("Import > ") && path != other && other.starts_with("Import > ") &&
            (path.find("Firefox") != std::string::npos || path.find("Tor ") != std::string::npos) &&

@@ -1,4 +1,4 @@
-// Revert to Saved: what it restores, and what happens while its question is shown.
+// Revert to Saved: the contents that it restores, and operations while its question is shown.
 #include "tests/app/AppFixture.h"
 
 #include <algorithm>
@@ -39,7 +39,7 @@ protected:
         perform("revertDocumentToSaved:");
     }
 
-    // Two links; the name of the second one cannot be read.
+    // Returns a document of two links. The name of the second one cannot be read.
     std::string damagedDocument() {
         const Ref<Bookmark> master = Bookmark::init(base.now());
         master->makeParent();

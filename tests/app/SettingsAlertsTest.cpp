@@ -1,4 +1,4 @@
-// What the user is told about problems with the settings file.
+// The alerts about problems with the settings file.
 #include "app/SettingsAlerts.h"
 
 #include "tests/app/AppFixture.h"

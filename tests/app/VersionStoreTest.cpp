@@ -1,4 +1,5 @@
-// The store of versions over files in memory: what is kept, found again, limited and refused.
+// The store of versions over files in memory: versions that are stored, found after a rename, limited and
+// refused.
 #include "app/VersionStore.h"
 
 #include "app/Compression.h"
@@ -19,7 +20,7 @@ const std::string kStoredPath = "/home/Links.tbln";
 
 class VersionStoreTest : public testing::Test, protected FakePlatform {
 protected:
-    // Does what a save does.
+    // Replaces the file between the two calls that a save makes.
     void replace(const std::string& path, const std::string& content) {
         base.clock.advance(1);
         EXPECT_TRUE(store.willReplace(path, path));

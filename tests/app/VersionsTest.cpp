@@ -1,4 +1,4 @@
-// Versions as the application keeps them at each save, and the panel that restores them.
+// The versions that the application stores at each save, and the panel that restores them.
 #include "app/VersionsController.h"
 #include "model/ArchiveReader.h"
 #include "tests/app/AppFixture.h"

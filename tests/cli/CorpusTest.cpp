@@ -1,6 +1,6 @@
-// The corpus folders through the tool: tests/corpus/{archive,classic}/<case>/input and the JSON of the tree,
-// or the one line of the refusal. And tests/corpus/export/<case>: a tree as JSON, the settings in `defaults`
-// where there are any, and in expected.<format> what each format makes of it.
+// The corpus folders, read and exported by the tool. tests/corpus/{archive,classic}/<case> contains the input
+// and the expected JSON of the tree, or the expected line of the error. tests/corpus/export/<case> contains a
+// tree as JSON, optional settings in `defaults`, and the expected output of each format in expected.<format>.
 #include "formats/ExportFormats.h"
 #include "platform/fake/MemoryFileStore.h"
 #include "tests/cli/Tool.h"
@@ -52,7 +52,7 @@ struct ImportCase {
     const char* file;
 };
 
-// expected.json is the tree of the document that comes of it, expected.error the line of the refusal.
+// expected.json is the tree of the imported document, expected.error the line of the error.
 TEST(ImportCorpusTest, filesOfOtherProgramsAreImportedAsExpected) {
     constexpr ImportCase kCases[] = {
         {"safari", "plist/safari-xml", "input.plist"},

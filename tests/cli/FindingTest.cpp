@@ -1,4 +1,4 @@
-// The verbs that find and put in order: duplicates, remove, sort, find.
+// The verbs that find, remove and sort: duplicates, remove, sort, find.
 #include "model/ArchiveWriter.h"
 #include "tests/ProcessorTime.h"
 #include "tests/cli/Tool.h"
@@ -14,13 +14,13 @@ using testing::StartsWith;
 
 class FindingTest : public testing::Test {
 protected:
-    /// A document d.tbln whose root has these children, as JSON.
+    /// Creates a document d.tbln whose root has these children, as JSON.
     void makeDocument(const std::string& children) {
         tool.files.files["tree.json"] =
             R"({"name":"Master","folder":true,"openFolder":true,"children":[)" + children + "]}";
         ASSERT_EQ(tool.run({"make", "tree.json", "-o", "d.tbln"}), 0) << tool.error;
     }
-    /// The tree of a document as `show` prints it, without the root.
+    /// Returns the tree of a document as `show` prints it, without the root.
     std::string shown(const std::string& path) {
         EXPECT_EQ(tool.run({"show", path}), 0) << tool.error;
         return tool.out.substr(tool.out.find('\n') + 1);
@@ -269,7 +269,8 @@ TEST_F(FindingTest, aBrokenOutputIsToldOnce) {
     EXPECT_EQ(tool.error, "tabulon-cli: Cannot write the standard output: Broken pipe.\n");
 }
 
-// A hundred thousand links with one long address: 500 GB if it was printed for each.
+// A hundred thousand links share one long address. The output would be 500 GB if it contained the address for
+// each link.
 TEST_F(FindingTest, aLongAddressThatManyLinksShareIsNotWrittenOutForEach) {
     const Text address("http://example.org/" + std::string(5'000'000, 'x'));
     Ref<Bookmark> master = Bookmark::initEmpty();
@@ -295,14 +296,14 @@ TEST_F(FindingTest, aLongAddressThatManyLinksShareIsNotWrittenOutForEach) {
         EXPECT_EQ(tool.out, "");
         EXPECT_THAT(tool.error, HasSubstr("share texts that are too long"));
     }
-    // What keeps them shared goes on.
+    // Commands that preserve the shared texts in their output succeed.
     EXPECT_EQ(tool.run({"sort", "--by", "url", "d.tbln", "-o", "s.tbln"}), 0) << tool.error;
     EXPECT_EQ(tool.run({"duplicates", "--delete", "d.tbln", "-o", "u.tbln"}), 0) << tool.error;
     EXPECT_LT(tool.files.files["s.tbln"].size(), 2 * tool.files.files["d.tbln"].size());
     EXPECT_LT(time.seconds(), 60);
 }
 
-// The paths alone would be twenty gigabytes.
+// The paths alone would be twenty gigabytes of output.
 TEST_F(FindingTest, pathsInADeepTreeAreNotWrittenOutForEachNode) {
     Ref<Bookmark> master = Bookmark::initEmpty();
     master->makeParent();

@@ -27,7 +27,7 @@ struct ListEntry {
 };
 constexpr std::uint32_t kNoOne = 0xFFFFFFFF;
 
-// As the system stores access control lists.
+// Returns the bytes of an access control list as the system stores it.
 std::string accessList(std::initializer_list<ListEntry> entries) {
     const std::uint32_t version = 2;
     std::string bytes(reinterpret_cast<const char*>(&version), sizeof version);
@@ -36,7 +36,8 @@ std::string accessList(std::initializer_list<ListEntry> entries) {
     return bytes;
 }
 
-// Owner rw, one user rw, group r, others nothing.
+// Returns a list that lets the owner and one other user read and write, lets the group read, and denies
+// access to all others.
 std::string listForAStranger() {
     return accessList(
         {{0x01, 6, kNoOne}, {0x02, 6, kStranger}, {0x04, 4, kNoOne}, {0x10, 6, kNoOne}, {0x20, 0, kNoOne}});
@@ -64,7 +65,8 @@ protected:
         ASSERT_EQ(::chown(path("f").c_str(), owner, group), 0);
         ASSERT_EQ(::chmod(path("f").c_str(), mode), 0);
     }
-    /// Saves as somebody who may not give files away and is in no group of the file's.
+    /// Saves as a user who may not change the owner of files and is not in the file's group. Returns 0 if the
+    /// save succeeds.
     int saveAsNobody() {
         return statusOfChild([this] {
             if (::setgroups(0, nullptr) != 0 || ::setgid(kNobody) != 0 || ::setuid(kNobody) != 0)

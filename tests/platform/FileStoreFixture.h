@@ -1,4 +1,4 @@
-// The real file store in a folder of its own.
+// A fixture with the real file store and an empty folder, which is removed after the test.
 #pragma once
 
 #include "platform/linux/FileStore.h"
@@ -38,7 +38,7 @@ protected:
         EXPECT_EQ(::stat(file.c_str(), &status), 0);
         return status.st_mode & 07777;
     }
-    /// The status of a process that runs `work` and ends with what it returns.
+    /// Returns the exit status of a child process that runs `work` and ends with the value that it returns.
     template <typename Work>
     static int statusOfChild(const Work& work) {
         const pid_t child = ::fork();

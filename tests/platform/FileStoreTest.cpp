@@ -1,4 +1,4 @@
-// The real file store in a folder of its own: whole files or none, modes, links, failures.
+// The real file store in an empty folder: atomic writes, modes, links, failures.
 #include "tests/platform/FileStoreFixture.h"
 
 #include <fcntl.h>
@@ -92,7 +92,7 @@ TEST_F(FileStoreTest, ownerAndGroupStayWhereTheSystemAllowsIt) {
     const pid_t child = ::fork();
     ASSERT_GE(child, 0);
     if (child == 0) {
-        // One of the group, who may write the file but not give it away.
+        // This process is in the group. It may write the file, but may not change its owner.
         constexpr uid_t kNoUser = 65534;
         if (::setgroups(1, &kOtherGroup) != 0 || ::setgid(kNoUser) != 0 || ::setuid(kNoUser) != 0)
             ::_exit(2);
@@ -164,7 +164,7 @@ TEST_F(FileStoreTest, aPipeIsReadToItsEnd) {
     EXPECT_TRUE(*read == bytes);
 }
 
-// Its writer hears of it as of any reader that goes away.
+// The writer's next write fails with EPIPE, as after any reader that closes its end of the pipe.
 TEST_F(FileStoreTest, aPipeThatHasNoEndIsRefused) {
     ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
     const pid_t child = ::fork();
@@ -183,7 +183,7 @@ TEST_F(FileStoreTest, aPipeThatHasNoEndIsRefused) {
     EXPECT_EQ(read.error().code, EFBIG);
 }
 
-// A pipe may take the place of the file under a document at any time.
+// Another program may replace the file of an open document with a pipe at any time.
 TEST_F(FileStoreTest, theDesktopProgramNeitherWaitsForAPipeNorUsesADevice) {
     ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
     for (const std::string& special : {path("pipe"), std::string("/dev/zero"), std::string("/dev/null")}) {
@@ -247,7 +247,7 @@ TEST_F(FileStoreTest, fullDiskKeepsTheOldFileAndLeavesNothingBehind) {
     const pid_t child = ::fork();
     ASSERT_GE(child, 0);
     if (child == 0) {
-        // A limit on the size of files stands for the full disk: the write comes up short.
+        // A limit on the size of files replaces a full disk: the write is incomplete.
         std::signal(SIGXFSZ, SIG_IGN);
         const rlimit limit{10000, 10000};
         ::setrlimit(RLIMIT_FSIZE, &limit);
@@ -267,7 +267,7 @@ TEST_F(FileStoreTest, readOnlyFolderKeepsTheOldFile) {
     const pid_t child = ::fork();
     ASSERT_GE(child, 0);
     if (child == 0) {
-        // Root may write everywhere: be somebody else.
+        // Root may write everywhere, so the test uses another user.
         constexpr uid_t kNoUser = 65534;
         if (::geteuid() == 0 && ::setuid(kNoUser) != 0)
             ::_exit(2);

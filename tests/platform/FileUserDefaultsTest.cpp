@@ -1,4 +1,5 @@
-// Settings in a real file: kept, shared with other programs, and never lost to damage or a full disk.
+// Settings in a real file: stored, shared with other programs, and preserved when the file is damaged or the
+// disk is full.
 #include "platform/linux/FileUserDefaults.h"
 
 #include "platform/fake/MemoryFileStore.h"
@@ -195,7 +196,7 @@ TEST_F(FileUserDefaultsTest, aDamagedFileThatCannotBePutAsideStaysAsItIs) {
 }
 
 TEST_F(FileUserDefaultsTest, aFullDiskWhilePuttingAsideLeavesNoHalfWork) {
-    // Room for the copy, none for the file itself.
+    // The disk has room for the copy, but not for the settings file.
     class OneWriteLeft : public MemoryFileStore {
     public:
         Result<void> writeFileAtomically(const std::string& where, std::string_view bytes) override {

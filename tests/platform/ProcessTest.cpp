@@ -1,4 +1,4 @@
-// Standard error in every state, and signals of writes: nothing of it ends the process.
+// Standard error in every state, and signals that writes cause: none of them ends the process.
 #include "platform/linux/Process.h"
 
 #include "platform/linux/SystemServices.h"

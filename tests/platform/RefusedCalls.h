@@ -1,4 +1,4 @@
-// System calls that fail, for this process only.
+// System calls that fail in this process only.
 #pragma once
 
 #include <linux/filter.h>
@@ -11,7 +11,9 @@
 
 namespace tabulon {
 
-/// From now on the process's calls of this number fail with EPERM, as on a file system that cannot do them.
+/// Makes every later system call of this number fail with EPERM in this thread and in the threads and
+/// processes that it starts, as on a file system that does not support it. Returns whether the system allows
+/// that.
 inline bool refuse(int call) {
     std::array filter{
         sock_filter BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),

@@ -1,4 +1,5 @@
-// The text of a settings file: what is read, what stays, which lines make no sense.
+// The text of a settings file: the values that are read, the lines that are preserved, the lines that are
+// invalid.
 #include "platform/linux/SettingsText.h"
 
 #include <gtest/gtest.h>
@@ -105,7 +106,7 @@ TEST(SettingsText, ourOwnSectionWhoseEndIsMissingStaysOurs) {
     EXPECT_EQ(text.bytes(), "[Theirs]\na=9\n[General]\na=1\n");
 }
 
-// Keys and values of every kind of byte, the awkward ones often.
+// Returns keys and values of every kind of byte. The bytes that have a meaning in the file are frequent.
 std::string randomText(std::mt19937& random) {
     static const std::string awkward = " \t\n\r\\\"'=#;[]x0\x7F\0äß\xFF"s;
     std::string text;

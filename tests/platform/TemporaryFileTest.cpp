@@ -1,4 +1,4 @@
-// Saving where the system lets a file be made without a name and refuses it one later.
+// Saving where the system allows a file without a name and then refuses to link it to a name.
 #include "tests/platform/FileStoreFixture.h"
 #include "tests/platform/RefusedCalls.h"
 
@@ -7,7 +7,7 @@
 namespace tabulon {
 namespace {
 
-// In whichever form the C library asks for it.
+// Refuses each system call that the C library may use to rename a file.
 bool refuseRenaming() {
 #ifdef SYS_rename
     if (!refuse(SYS_rename))

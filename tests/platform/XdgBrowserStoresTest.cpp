@@ -29,7 +29,7 @@ protected:
     }
     void TearDown() override { fs::remove_all(home_); }
 
-    /// Gives the path of a file that was written `hours` ago.
+    /// Creates a file that was modified `hours` ago and returns its path.
     std::string put(const std::string& path, int hours) {
         const fs::path file = home_ / path;
         fs::create_directories(file.parent_path());
@@ -59,7 +59,7 @@ TEST_F(XdgBrowserStoresTest, theFileWrittenLastComesFirstInWhateverProfileOrPack
               (std::vector<std::string>{snap, flatpak, stale}));
 }
 
-/// Where each packaging of a browser keeps its profiles, below the home folder.
+/// The folders in which each packaging of a browser stores its profiles, relative to the home folder.
 struct Packagings {
     const char* browser;
     std::vector<std::string> folders;
@@ -82,7 +82,8 @@ const std::vector<Packagings> kBrowsers = {
       ".var/app/org.mozilla.firefox/.mozilla/firefox"}},
 };
 
-// All of a browser's packagings at once, the flatpak's file the newest, and no other browser's among them.
+// All packagings of a browser are installed. The file of the flatpak is the newest. Files of other browsers
+// are not in the result.
 TEST_F(XdgBrowserStoresTest, everyBrowserIsFoundInTheFolderOfEachOfItsPackagings) {
     std::map<std::string, std::vector<std::string>> expected;
     for (const auto& [browser, folders] : kBrowsers) {

@@ -1,4 +1,4 @@
-// The user's folders, and folders that were chosen once and may be gone.
+// The user's folders, and folders that the user chose before and that may be deleted.
 #include "platform/linux/XdgFolders.h"
 
 #include "platform/fake/FakeBaseServices.h"

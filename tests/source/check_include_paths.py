@@ -1,6 +1,6 @@
-"""Compiles small files with the include path of each library: what an arrow of source_rules.py allows compiles, and every
-other include of the tree fails. check_include_paths.py ROOT PATHS COMPILER, where PATHS has one line a library: its folder
-and the folders of its include path.
+"""Compiles small files with the include path of each library. The includes that source_rules.py allows compile, and
+every other include of the tree fails. check_include_paths.py ROOT PATHS COMPILER, where PATHS has one line for each
+library: its folder and the folders of its include path.
 """
 
 import subprocess

@@ -1,5 +1,5 @@
-"""The settings of base/Settings.h against the table of keys in docs/settings.md, the registered values and the sources: a
-key that is missing, one that the program does not know, another value, a key that is named as a text.
+"""The settings of base/Settings.h against the table of keys in docs/settings.md, the registered values and the sources.
+The faults are a missing key, a key that the program does not have, a different value, and a key in a string literal.
 check_settings.py runs it, test_settings_table.py tests it.
 """
 
@@ -7,14 +7,14 @@ import re
 
 _SETTING = re.compile(r'\bSetting<[\w:]+> (\w+)\{"(\w+)"(?:,\s*"([^"]*)")?\}')
 _ENTRY = re.compile(r"\bentry\(settings::(\w+)\)")
-# Values that the program stores without the user are no settings.
+# Values that the program stores without a choice of the user are not settings.
 _KEY_AS_TEXT = re.compile(r'(\w+)(?:\.|->)(?:\w+ForKey|removeKey|resolve|store)\(\s*"')
 _STATE = ("state", "state_")
 _KEY = re.compile(r"`(\w+)`")
 
 
 def settings(source):
-    """Returns constant -> (key, registered value) of Settings.h; the empty text for none."""
+    """Returns constant -> (key, registered value) of Settings.h. The value is empty where none is registered."""
     return {constant: (key, value) for constant, key, value in _SETTING.findall(source)}
 
 
@@ -24,7 +24,7 @@ def registered(source):
 
 
 def documented(text):
-    """Returns key -> first value of the tables in settings.md; the empty text for none. Folders have no first value."""
+    """Returns key -> first value of the tables in settings.md, empty for a key without one, such as a folder."""
     before, section = text.split("\n## Keys\n", 1)
     folders = before.partition("\n## Folders chosen by the user\n")[2]
     values = {key: "" for line in folders.splitlines() if line.startswith("| `") for key in _KEY.findall(line.split("|")[1])}

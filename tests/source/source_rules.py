@@ -12,7 +12,8 @@ SOURCE_FOLDERS = (
     "main", "platform", "tests", "bench", "fuzz",
 )
 
-# Each room of the house and the rooms it may include. A room always may include itself.
+# The rooms, which are folders of the tree, and the rooms that each may include. A room may always include
+# itself.
 _CODINGS = {"base", "text", "plist"}
 _MODEL = _CODINGS | {"model"}
 _UPPER = _MODEL | {"formats", "search", "history", "platform"}
@@ -46,7 +47,7 @@ ARROWS = {
 TOOLKIT_ROOMS = {"ui", "main", "platform/linux", "bench/ui", "tests/ui"}
 TOOLKIT_HEADER = re.compile(r"^(Q[A-Za-z]|X11/|xcb/|dbus/|gio/|glib|gtk/|wayland-)")
 
-# What the build makes and one source includes.
+# Files that the build generates and one source includes.
 GENERATED = (".moc", ".inc")
 
 _INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)

@@ -22,9 +22,10 @@ _VARIABLE = re.compile(r"\b(?:key|k\w*Keys)(?:\[\])?\s*=([^;]*);")
 _STRUCT = re.compile(r"\bstruct (\w+) \{(.*?)\n\s*\};", re.DOTALL)
 _SUFFIX = re.compile(r"\bkey\)? \+ ([^;,]*)")
 _CALLS = {"text": {0}, "format": {0}, "counted": {0}}
-# Their keys are those of JSON, property lists and settings: only calls of texts.text() and the like count.
+# Files whose keys are those of JSON, property lists and settings. Only calls of texts.text() and the like are
+# checked in them.
 _WITHOUT_TEXTS = ("cli/JsonTree", "formats/import/", "model/Archive", "plist/", "platform/linux/")
-# Parameters of these are keys of something else: settings, JSON, property lists.
+# Functions whose parameters are keys of something else: settings, JSON, property lists.
 _OTHER_KEYS = re.compile(
     r"^(?:\w+ForKey|removeKey|registeredDefault|resolve|store|change|set|remove|isOptionOf|userFolder|lineFor|value\w*)$")
 

@@ -67,7 +67,8 @@ class Chromium:
         self._log = open(os.path.join(self._folder.name, "log"), "w+", encoding="utf-8", errors="replace")
         read_end, self._write = os.pipe()
         self._read, write_end = os.pipe()
-        # The browser has its ends at 3 and 4; above them nothing is overwritten on the way there.
+        # The browser expects the pipe at the descriptors 3 and 4. Copies at 10 and above are not overwritten
+        # when they are duplicated to these.
         ends = [fcntl.fcntl(end, fcntl.F_DUPFD, 10) for end in (read_end, write_end)]
         profile = os.path.join(self._folder.name, "profile")
         os.makedirs(os.path.join(profile, "Default"))
@@ -112,7 +113,7 @@ class Chromium:
         self._folder.cleanup()
 
     def fill(self, roots):
-        """Puts items (see above) into the roots of these identifiers and returns the browser's tree."""
+        """Inserts items (see above) into the roots of these identifiers and returns the browser's tree."""
         return self.run(_FILL, roots)
 
     def bookmarks_file(self):

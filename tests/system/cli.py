@@ -23,7 +23,7 @@ def done(*arguments, stdin=b""):
 
 
 def is_sanitized():
-    """Returns whether the tool was built with a sanitizer, which takes memory and address space for itself."""
+    """Returns whether the tool was built with a sanitizer, which uses additional memory and address space."""
     with open(TOOL, "rb") as file:
         return b"__asan_init" in file.read()
 

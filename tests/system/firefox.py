@@ -10,7 +10,7 @@ import subprocess
 import tempfile
 import time
 
-# The browser must not look for the network, and nothing may come up before the test does.
+# The browser must not use the network, and must not open windows or pages before the test does.
 _PREFERENCES = """\
 user_pref("marionette.port", 0);
 user_pref("browser.bookmarks.restore_default_bookmarks", false);

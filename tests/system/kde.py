@@ -11,7 +11,8 @@ import sys
 import tempfile
 import urllib.parse
 
-# What the file of the corpus is made of: bookmarks as a browser exports them, and as another XBEL program writes them.
+# The contents of the corpus file: bookmarks as a browser exports them, and as another XBEL program writes
+# them.
 _HTML = """<!DOCTYPE NETSCAPE-Bookmark-file-1>
 <TITLE>Bookmarks</TITLE>
 <H1>Bookmarks</H1>
@@ -69,9 +70,9 @@ class Editor:
         self._run("--importkde3", other, xbel)
 
     def tell(self, xbel):
-        """Returns what the editor reads from a file, by another of its formats: links as (name, address), folders as
-        (name, [items]); a separator is a link with a name of its own. Addresses are as it shows them, without
-        percent-encoding."""
+        """Returns the bookmarks that the editor reads from a file, through another of its formats. Links are
+        (name, address), folders are (name, [items]), and a separator is a link with a name of its own. Addresses are as
+        the editor shows them, without percent-encoding."""
         listing = os.path.join(self._folder.name, "listing.adr")
         self._run("--exportopera", listing, xbel)
         with open(listing, encoding="utf-8") as file:

@@ -62,7 +62,8 @@ def page(seed):
             parts.append(f"</{tag}>")
         else:
             parts.append(dice.choice(_TEXTS))
-    # A null character between "<" and no name becomes another character there than anywhere else.
+    # Browsers replace a null character after a "<" without a tag name by another character than elsewhere.
+    # The pages do not contain that case.
     return "".join(parts).replace("<\0", "<")
 
 

@@ -49,7 +49,7 @@ class WhatWeWrite(cli.TestCase):
 
     @unittest.skipUnless(shutil.which("plistutil"), "plistutil (libplist-utils) is not installed")
     def test_plistutil_turns_it_into_xml_that_says_the_same(self):
-        # XML has no control characters.
+        # XML cannot contain control characters.
         tree = trees.every_value(control_characters=False)
         document = self.make(tree)
         xml = self.path("document.xml")
@@ -59,7 +59,7 @@ class WhatWeWrite(cli.TestCase):
 
 
 class WhatOthersWrite(cli.TestCase):
-    """A test for each way of writing; each file is read back whole."""
+    """A test for each way of writing. Each file is read completely."""
 
     def assert_reads(self, tree, form=plistlib.FMT_BINARY, **options):
         writer = keyed_archive.Writer(xml=form == plistlib.FMT_XML, **options)

@@ -41,7 +41,7 @@ class BrowserTest(cli.TestCase):
         cls.browser.__enter__()
         cls.addClassCleanup(cls.browser.__exit__)
 
-    # Out
+    # From the tool to the browser
 
     def imported_by_firefox(self, document):
         html = self.path("export.html")
@@ -69,7 +69,8 @@ class BrowserTest(cli.TestCase):
         self.assertEqual(theirs["title"], ours["name"], place)
         self.assertEqual(theirs["dateAdded"], int(ours["dateAdded"] or 0) * 1_000_000, place)
         if ours["folder"]:
-            # The modified date of a folder is the browser's own: the time it put the last item in.
+            # Firefox sets the modified date of a folder to the time at which it inserted the last item. It is
+            # not compared.
             self.assertEqual(theirs["type"], "text/x-moz-place-container", place)
             return "folder"
         self.assertEqual(theirs["type"], "text/x-moz-place", place)
@@ -108,7 +109,7 @@ class BrowserTest(cli.TestCase):
         ])
         self.assert_imported(tree, folders=5, links=6, separators=3)
 
-    # Back
+    # From the browser to the tool
 
     def imported_from_firefox(self, roots):
         html, document = self.path("firefox.html"), self.path("firefox.tbln")

@@ -28,7 +28,7 @@ def random_tree(source):
         kind = source.random()
         if kind < 0.25:
             made.update(folder=True, children=[])
-        elif kind < 0.3:  # below a link nothing is scanned or sorted
+        elif kind < 0.3:  # nodes below a link are neither scanned nor sorted
             made.update(children=[trees.link("hit", "http://a/", status=DUPLICATE)])
         source.choice(parents)["children"].append(made)
         if made["folder"]:

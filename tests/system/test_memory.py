@@ -13,8 +13,8 @@ import trees
 LINKS = 20_000
 LONG = "x" * (5 << 20)
 MEBIBYTE = 1 << 20
-MOST_MEMORY = 512 * MEBIBYTE  # resident, at the worst moment
-MOST_OUTPUT = 16 * 2 * len(LONG)  # sixteen times what the tree takes, which is the long text and some small ones
+MOST_MEMORY = 512 * MEBIBYTE  # of resident memory, at the maximum
+MOST_OUTPUT = 16 * 2 * len(LONG)  # sixteen times the size of the tree: the long text and some short ones
 
 # Arguments, and whether the command may be too large for its output.
 COMMANDS = [

@@ -1,5 +1,6 @@
-"""The links of a page: what is found in pages of all kinds is what a real Chromium returns when it runs the scripts that
-collect links. Ends with status 77 where there is no Chromium, unless TABULON_REQUIRE_BROWSER is set.
+"""The links of a page: in pages of all kinds, the links that the tool finds are those that a real Chromium returns when
+it runs the scripts that collect links. Ends with status 77 where there is no Chromium, unless TABULON_REQUIRE_BROWSER
+is set.
 """
 
 import html.entities
@@ -39,10 +40,11 @@ _RUN = """
 """
 
 
-# What Chromium does alone, against the standard and other browsers: it writes blanks and asterisks of host names as
-# escapes, reads escapes in brackets, keeps white space within data:, leaves hosts of other schemes unchanged where a
-# character in them maps to another, takes backslashes in their paths for slashes when there are dots beside them, loses
-# the "/." before a path with two slashes, and treats "steam:" in its own way. Files: see test_addresses_of_files.
+# Addresses that Chromium parses differently from the standard and other browsers. It writes blanks and
+# asterisks of host names as escapes, and reads escapes in brackets. It preserves white space within data:. It
+# leaves hosts of other schemes unchanged where a character in them maps to another. It reads backslashes in
+# their paths as slashes if the path has dot segments. It removes the "/." before a path with two slashes, and
+# has rules of its own for "steam:". Files: see test_addresses_of_files.
 _CHROMIUMS_OWN = re.compile(r"^[a-z0-9.+-]+://[^/?#]*( |\u00a0|\*|%20|%2A)|\[[^]]*%|^\s*data:[^#]*[\t\n]|://[^/?#]*[\ufb00\u200d]|^steam:|"
                             r"^(?!https?:|ftp:|wss?:)[a-z0-9.+-]+:(.*\\|/\.)", re.IGNORECASE)
 

@@ -1,5 +1,5 @@
-"""Exported XBEL, read by a validating parser, libxml2's xmllint, with the document type of XBEL 1.0: what is valid, and what
-is intentionally not."""
+"""Exported XBEL, read by a validating parser, libxml2's xmllint, with the document type of XBEL 1.0: the
+constructs that are valid, and those that intentionally are not."""
 
 import os
 import random
@@ -15,7 +15,7 @@ import trees
 _DTD = os.path.join(os.path.dirname(os.path.abspath(__file__)), "xbel-1.0.dtd")
 _FAULT = re.compile(r"^.*?:(\d+): element (\w+): validity error : (.*)$")
 
-# What xmllint says of each of the four things that the format does not have as we write them.
+# The errors that xmllint reports for the four constructs of the export that the document type does not allow.
 _LONG_FORM = "Element separator was declared EMPTY this one has content"
 _TAGS = "Element metadata was declared EMPTY this one has content"
 _NO_URL = "Element bookmark does not carry attribute href"

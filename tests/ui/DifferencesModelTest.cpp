@@ -1,4 +1,4 @@
-// The list of differences of a version: what its cells show.
+// The list of differences of a version: the contents of its cells.
 #include "ui/versions/DifferencesModel.h"
 
 #include "app/VersionsController.h"
@@ -13,7 +13,7 @@ class DifferencesModelTest : public AppTest {
 protected:
     static constexpr const char* kPath = "/home/Links.tbln";
 
-    // Returns the text in the last column of the only difference: the document has this address, and the
+    // Returns the text in the last column of the only difference. The document has this address, and the
     // version has another.
     QString shown(const char* address) {
         files.files[kPath] = documentBytes("link");

@@ -1,4 +1,4 @@
-// Files dropped on a document's window: which are accepted, and how.
+// Files dropped on a document's window: the drops that are accepted, and their actions.
 #include "app/AppDelegate.h"
 #include "model/ArchiveWriter.h"
 #include "platform/fake/FakePlatform.h"
@@ -27,7 +27,7 @@ protected:
         files.files["/home/\xE9.tbln"] = files.files["/home/a.tbln"];
     }
 
-    // Returns the action that the source of a drag over the window is told after its drop.
+    // Returns the action that the source of a drag over the window receives after its drop.
     Qt::DropAction drop(const char* uris, Qt::DropActions possible, Qt::DropAction proposed) {
         QMimeData data;
         data.setData("text/uri-list", uris);

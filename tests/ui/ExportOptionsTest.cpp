@@ -1,5 +1,5 @@
-// The options area of the export panel in the real panel: what is shown for each format, the name of the
-// file, the keyboard.
+// The options area of the export panel in the real panel: the options of each format, the name of the file,
+// the keyboard.
 #include "ui/ExportOptions.h"
 
 #include "platform/fake/FakeBaseServices.h"
@@ -60,7 +60,7 @@ protected:
                 return *box;
         throw std::logic_error("no box " + title.toStdString());
     }
-    // The dialog deletes itself, and reports the answer from the main loop.
+    // Accepts the dialog. It deletes itself and reports the answer from the main loop.
     void accept() {
         const int before = answers;
         QMetaObject::invokeMethod(dialog(), "accept");

@@ -1,5 +1,5 @@
-// The find bar, the sheets about marks and the info sheet as real widgets: keys, pauses, and what they report
-// to their controllers.
+// The find bar, the sheets about marks and the info sheet as real widgets: keys, pauses, and reports to their
+// controllers.
 #include "tests/ui/OutlineFixture.h"
 #include "ui/document/FindBarWidget.h"
 #include "ui/document/InfoSheet.h"

@@ -1,5 +1,5 @@
-// The desktop's default browser, as desktop entries and the user's choice name it. GIO reads the folders of a
-// process once, so every case is a process of its own.
+// The desktop's default browser, as desktop entries and the user's choice name it. GIO reads the folders only
+// once in a process, so each case runs in a process of its own.
 #include "platform/linux/GioWorkspace.h"
 
 #include <gtest/gtest.h>
@@ -32,7 +32,7 @@ protected:
               "[Desktop Entry]\nType=Application\nName=Wéb\nExec=true %u\nIcon=" + icon + "\n");
         write("data/applications/mimeinfo.cache", "[MIME Cache]\nx-scheme-handler/http=web.desktop;\n");
     }
-    /// Prints what was found to standard error and ends the process.
+    /// Prints the default browser to standard error and ends the process.
     [[noreturn]] void tell() const {
         setenv("XDG_DATA_HOME", (folder_ / "data").c_str(), 1);
         setenv("XDG_DATA_DIRS", (folder_ / "none").c_str(), 1);

@@ -1,5 +1,5 @@
-// Each item of the real menu bar, and each of its keys, does what its title says. The changes are those of
-// the table of commands, where no two commands change the same.
+// Each item of the real menu bar, and each of its shortcuts, has the effect that its title names. The effects
+// are those of the table of commands, in which no two commands have the same effect.
 #include "tests/app/MenuEffects.h"
 #include "ui/MainMenuBar.h"
 
@@ -15,7 +15,7 @@ namespace {
 struct BarAndProgram {
     explicit BarAndProgram(const MenuCase& menuCase) {
         bar = new MainMenuBar(program.application().mainMenu(), program.application().responders(), [] {});
-        window.setMenuBar(bar); // which takes the ownership
+        window.setMenuBar(bar); // the window becomes its owner
         program.prepare(menuCase.rows, menuCase.chosen);
     }
 

@@ -1,4 +1,4 @@
-// What the outline reports to screen readers.
+// The names, states and events that the outline reports to screen readers.
 #include "ui/document/OutlineAccessible.h"
 
 #include "tests/ui/OutlineFixture.h"

@@ -1,5 +1,5 @@
-// The selection and the current row of the real outline beside those of the outline in memory, with which the
-// commands are tested: the same random clicks, commands and changes in both.
+// The selection and the current row of the real outline, compared with those of the outline in memory, which
+// the tests of the commands use. Both receive the same random clicks, commands and changes.
 #include "tests/ui/OutlineFixture.h"
 
 #include <random>
@@ -114,8 +114,9 @@ protected:
     std::mt19937 random{GetParam() + 1000};
 };
 
-// Where the row with the cursor is not selected, which of the selected rows was selected last differs: Qt
-// stores ranges, and divides them when rows change. Then each view has one of the selected rows.
+// If the row with the cursor is not selected, the two outlines may differ in the selected row that was
+// selected last: Qt stores ranges, and divides them when rows change. The test then only checks that each
+// outline has one of the selected rows.
 TEST_P(OutlineCurrentRowTest, IsTheSameInMemory) {
     int compared = 0;
     for (int i = 0; i < 300; ++i) {

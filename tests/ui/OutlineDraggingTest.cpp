@@ -1,4 +1,5 @@
-// Drags over the rows of the outline: where they drop, which folders are expanded, and what is marked.
+// Drags over the rows of the outline: the places of drops, the folders that are expanded, and the rows that
+// are marked.
 #include "tests/ui/OutlineFixture.h"
 #include "ui/MimeData.h"
 #include "window/MimeItems.h"

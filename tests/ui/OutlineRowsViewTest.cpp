@@ -1,4 +1,5 @@
-// The view of rows with other contents than a document's: its columns are data, its model is any flat one.
+// The view of rows with other contents than a document's: its columns are data, and its model is any flat
+// one.
 #include "ui/document/OutlineRowsView.h"
 
 #include "ui/document/OutlineHeader.h"
@@ -13,7 +14,7 @@
 namespace tabulon {
 namespace {
 
-/// Tags takes half of the width, URL is shown on request, Name takes the rest.
+/// Returns columns in which Tags has half of the width, Name has the rest, and URL is shown on request.
 OutlineColumns otherColumns() {
     return {{.identifier = Column::Tags, .title = "Labels", .width = ColumnWidth::Share, .share = 0.5},
             {.identifier = Column::URL, .title = "Where", .hideable = true},

@@ -1,5 +1,5 @@
-// How long the commands take in an outline of very many rows, in the real widget: with all rows of a large
-// document selected, and with one row of a huge one.
+// The time of the commands in an outline of very many rows, in the real widget: with all rows of a large
+// document selected, and with one row of a very large document selected.
 #include "tests/ProcessorTime.h"
 #include "tests/ui/OutlineFixture.h"
 
@@ -112,7 +112,7 @@ protected:
         openFolders(1000, 1000);
         ASSERT_EQ(controller->outline().numberOfRows(), 1001000u);
     }
-    /// Selects a row and runs the edit, several times. The median counts.
+    /// Selects a row and runs the edit, several times. The median is checked.
     template <class Edit>
     void expectWithinAFrame(const char* name, Edit edit) {
         std::vector<double> taken;

@@ -276,7 +276,8 @@ TEST_F(ContextMenuTest, WithoutAMenuThereIsNoClickedRow) {
     EXPECT_EQ(actedOn(), (Names{"a", "b"}));
 }
 
-// Tool tips show names that are elided. The mark of a label takes room from the name of a selected row only.
+// Tool tips show the full names of elided cells. The mark of a label reduces the width for the name of a
+// selected row only.
 TEST_F(OutlineWidgetTest, ALabelMakesANameNoLongerUnlessItsRowIsSelected) {
     Bookmark& item = add(makeLink("a"));
     openWidget();

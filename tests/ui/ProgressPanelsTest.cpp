@@ -1,4 +1,5 @@
-// The real progress panel: when it is shown, what the user can do, and what waits until it is closed.
+// The real progress panel: when it is shown, the user's actions in it, and the operations that wait until it
+// is closed.
 #include "platform/linux/QtProgressPanels.h"
 #include "platform/linux/QtTimers.h"
 

@@ -15,7 +15,7 @@ protected:
     void TearDown() override { QGuiApplication::clipboard()->clear(); }
 
     std::optional<std::string> stringOf(const char* type, const QByteArray& bytes) {
-        auto* content = new QMimeData; // the clipboard takes ownership
+        auto* content = new QMimeData; // the clipboard becomes its owner
         content->setData(type, bytes);
         QGuiApplication::clipboard()->setMimeData(content);
         return pasteboard.string();

@@ -26,7 +26,7 @@ FILL = """await PlacesUtils.bookmarks.insertTree({guid: PlacesUtils.bookmarks.to
         {title: "Inner", type: PlacesUtils.bookmarks.TYPE_FOLDER, children: [{url: "https://deep.example/", title: "Deep"}]}]},
     {type: PlacesUtils.bookmarks.TYPE_SEPARATOR}]});
 PlacesUtils.tagging.tagURI(Services.io.newURI("https://two.example/"), ["tag"]);"""
-# Opens the library on the toolbar's folder, selects rows, and copies them or pastes.
+# Opens the library at the toolbar's folder, selects rows, and copies them or pastes.
 IN_LIBRARY = """const library = window.openDialog("chrome://browser/content/places/places.xhtml", "", "chrome,dialog=no,resizable");
 const rest = time => new Promise(resolve => window.setTimeout(resolve, time));
 await new Promise(resolve => library.addEventListener("load", resolve, {once: true}));
@@ -40,7 +40,7 @@ for (const index of args[2]) tree.view.selection.toggleSelect(index);
 if (args[0] == "copy") tree.controller.copy(); else await tree.controller.paste();
 await rest(700);
 library.close();"""
-# It is on the toolbar, which was empty.
+# Hides the hint that an empty toolbar shows.
 NO_HINT = """const hint = document.getElementById("personal-toolbar-empty");
 if (hint) hint.hidden = true;"""
 CONTENT = """const item = node => node.children || node.type == "text/x-moz-place-container"
@@ -55,7 +55,7 @@ def start_firefox(session):
     return firefox.Firefox(firefox.find(), environment=session.environment, preferences=PREFERENCES)
 
 
-# Its links are in the HTML of what is copied; the text has their names alone.
+# The links are in the HTML form of a copied selection. Its text form contains only the names.
 PAGE = """<!DOCTYPE html><meta charset="utf-8"><title>Page of links</title><p>Before
 <a href="https://one.example/?a=1&amp;b=2">One, “日本” &amp; &lt;b></a>, between,
 <a href="https://two.example/">Two</a> and <b><a href="https://in.example/#x">Three</a></b> after</p>
@@ -69,7 +69,7 @@ def paste_page(session, path, browser):
     window = window_of(session, "Page of links")
     session.xdotool("windowactivate", "--sync", window, "mousemove", "--window", window, "300", "400", "click", "1")
 
-    def selected():  # again and again: the page takes no keys before it is ready
+    def selected():  # repeated: the page ignores keys before it is ready
         session.xdotool("key", "ctrl+a", "ctrl+c")
         time.sleep(0.3)
         return b"https://two.example/" in given(session, "text/html").replace(b"\0", b"")
@@ -98,7 +98,7 @@ def into_firefoxs_library(session):
     copy(session, 0, 3)
     with start_firefox(session) as browser:
         browser.run(IN_LIBRARY, "paste", MENU, [])
-        arrived = [tuple(item) for item in browser.run(CONTENT, MENU)][:5]  # a menu of its own links follows
+        arrived = [tuple(item) for item in browser.run(CONTENT, MENU)][:5]  # the browser's own folder is after these
         check(arrived == [link[::-1] for link in [A, B, *INNER, C]], f"into Firefox's library ({arrived})")
 
 

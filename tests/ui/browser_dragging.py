@@ -29,7 +29,7 @@ user_pref("browser.aboutwelcome.enabled", false);
 user_pref("browser.tabs.inTitlebar", 0);
 """
 BROWSER_PLACE, BROWSER_SIZE = (640, 50), (620, 650)
-# The place on the screen of the first such element of Firefox's own window that is visible.
+# Returns the position on the screen of the first visible element of these in Firefox's own window.
 CORNER_OF = """const boxes = [...document.querySelectorAll(args[0])].map(element => element.getBoundingClientRect());
 const box = boxes.find(each => each.width > 0);
 return [mozInnerScreenX + box.x, mozInnerScreenY + box.y].map(Math.round);"""
@@ -69,7 +69,7 @@ def first_child(session, path):
 
 def arrives(session, path, what, start, title, url):
     """Checks that a drag from `start` to the top of the outline becomes a bookmark of that name and address."""
-    def dragged():  # again and again: a browser on a slow machine is not ready for the first one
+    def dragged():  # repeated: a slow browser may not be ready for the first drag
         drag(session, start, row(1), row(0, 0.1))
         time.sleep(0.3)
         return first_child(session, path) == (title, url)

@@ -20,14 +20,14 @@ from dragging import drag, open_one, place, row
 from session import check, run_session_tests
 
 ONE, TWO = ["One, “日本” & <b>", "https://one.example/?a=1&b=2"], ["Two", "https://two.example/"]
-# The place of the page in the window, and of the rows of its list in the page.
+# Returns the position of the page in the window, and of the rows of its list in the page.
 GEOMETRY = """const list = document.querySelector("bookmarks-app")?.shadowRoot?.querySelector("bookmarks-list")?.shadowRoot;
 const rows = [...list?.querySelectorAll("bookmarks-item") ?? []].map(item => item.getBoundingClientRect());
 return [screenX + (outerWidth - innerWidth) / 2, screenY + outerHeight - innerHeight - (outerWidth - innerWidth) / 2,
         ...rows.map(row => [row.left, row.top, row.bottom])];"""
 BAR = """const item = node => node.children ? [node.title, ...node.children.map(item)] : [node.title, node.url];
 return item((await chrome.bookmarks.getSubTree('1'))[0]).slice(1);"""
-BAR_HEIGHT = 37  # just above the page
+BAR_HEIGHT = 37  # in pixels, directly above the page
 
 
 class Manager:

@@ -1,4 +1,4 @@
-"""What other programs read from the real program's clipboard, and what it reads from theirs, byte by byte:
+"""The exact bytes that other programs read from the real program's clipboard, and that it reads from theirs:
 clipboard_bytes.py TABULON TABULON_CLI.
 """
 

@@ -1,4 +1,4 @@
-"""Works the real program in a virtual display with real keys: desktop_program.py TABULON TABULON_CLI.
+"""Controls the real program in a virtual display with real keys: desktop_program.py TABULON TABULON_CLI.
 
 Opens an HTML file, expands and collapses, saves as a document, opens that again, saves it, exports it, starts without
 files, and opens a file that is no bookmark file. The results are read from the files, with the command-line tool.
@@ -58,7 +58,7 @@ class Desktop:
         with os.fdopen(reader) as numbers:
             display = numbers.readline().strip()
         self.environment.update(DISPLAY=f":{display}", QT_QPA_PLATFORM="xcb")
-        # A window that is opened while the manager starts may never be shown.
+        # If a window is opened before the manager has started, it may never be shown.
         ready = os.path.join(self.folder, "manager-is-ready")
         self.manager = subprocess.Popen(["openbox", "--startup", f"touch {ready}"], env=self.environment,
                                         stderr=subprocess.DEVNULL)
@@ -177,7 +177,7 @@ def close_a_document_without_a_file(desktop):
 
 
 def end_by_a_signal(desktop):
-    for before in [[], ["alt+v"], ["ctrl+w"]]:  # in peace, with a menu open, with a question open
+    for before in [[], ["alt+v"], ["ctrl+w"]]:  # without a menu or a question, with a menu, with a question
         desktop.start(DEMO)
         desktop.window(r"demo-bookmarks\* .*Tabulon")
         desktop.press(*before)

@@ -25,7 +25,7 @@ protected:
         const Qt::DropAction preferred = actions_.testFlag(Qt::MoveAction) ? Qt::MoveAction : Qt::CopyAction;
         const Qt::DropAction result = drag->exec(actions_, preferred);
         std::puts(result == Qt::CopyAction ? "copy" : result == Qt::MoveAction ? "move" : "nothing");
-        // The files may be fetched after the drag has ended.
+        // The target may fetch the files after the drag has ended.
         QTimer::singleShot(2000, qApp, [] { QCoreApplication::exit(0); });
     }
 

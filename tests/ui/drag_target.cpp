@@ -46,7 +46,7 @@ public:
         xcb_flush(connection_);
     }
 
-    // Returns whether a drop has arrived.
+    // Returns true after a drop was received.
     bool run() {
         while (const Event event{xcb_wait_for_event(connection_)}) {
             if ((event->response_type & 0x7F) != XCB_CLIENT_MESSAGE)
@@ -88,7 +88,7 @@ private:
                      : std::string();
     }
 
-    // More than three types are in a property of the source's window.
+    // If there are more than three types, they are in a property of the source's window.
     void enter(const xcb_client_message_event_t& message) {
         const auto& data = message.data.data32;
         types_.assign(data + 2, data + 5);

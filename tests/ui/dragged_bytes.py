@@ -1,4 +1,4 @@
-"""What another program receives when rows are dragged onto it, byte by byte:
+"""The exact bytes that another program receives when rows are dragged onto it:
 dragged_bytes.py TABULON TABULON_CLI DRAG_TARGET.
 """
 
@@ -27,7 +27,7 @@ def dragged(session, *rows):
     session.xdotool("windowmove", "--sync", window, *map(str, TARGET))
     time.sleep(0.2)
     select(session, *rows)
-    x, y = row(rows[0])  # pressed beside the click before, of which it would make a double one
+    x, y = row(rows[0])  # away from the previous click, so that it is not a double click
     drag(session, (x + 30, y), (TARGET[0] + 100, TARGET[1] + 100))
     lines = target.communicate(timeout=20)[0].splitlines()
     check(target.returncode == 0, "every form that is offered can be had")
@@ -43,7 +43,7 @@ def every_form_of_what_is_dragged(session):
         forms = dragged(session, *rows)
         check_forms(forms.__getitem__, f"{what} dragged", *links)
         check_xbel(session, forms["application/x-xbel"], tree, f"{what} dragged")
-        # Beside the list of addresses of a folder the toolkit puts a "text/plain" of its own.
+        # For a folder, the toolkit adds a "text/plain" to the list of addresses.
         texts = "\n".join(item[1] for item in tree if isinstance(item, tuple))
         check(forms.get("UTF8_STRING", b"").decode() == texts, f"{what} dragged: text")
 

@@ -68,7 +68,7 @@ def row(number, fraction=0.5, x=FIRST_PLACE[0], y=FIRST_PLACE[1]):
 
 
 def move_along(session, start, end):
-    for step in range(1, 13):  # a drag is a way, not a jump
+    for step in range(1, 13):  # a drag needs several movements
         session.xdotool("mousemove", str(start[0] + (end[0] - start[0]) * step // 12),
                         str(start[1] + (end[1] - start[1]) * step // 12))
         time.sleep(0.03)

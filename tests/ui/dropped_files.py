@@ -19,7 +19,7 @@ def drag(session, actions, *uris, onto=ROWS):
     time.sleep(0.5)
     session.xdotool("mousemove", "1100", "600", "mousedown", "1")
     time.sleep(0.2)
-    for x in range(1080, 300, -60):  # a drag is a way, not a jump
+    for x in range(1080, 300, -60):  # a drag needs several movements
         session.xdotool("mousemove", str(x), str(onto))
         time.sleep(0.02)
     time.sleep(0.3)

@@ -52,7 +52,7 @@ def every_way_to_save_or_to_leave(desktop):
 
 def the_close_button(desktop):
     document, process = rename_first_and(desktop, "closed")
-    # As window managers do it, not by killing the client.
+    # As window managers close a window, without killing the client.
     subprocess.run(["xdotool", "key", "alt+F4"], env=desktop.environment, check=True)
     check(process.wait(timeout=20) == 0 and names(desktop, document)[0] == "typed",
           "what was typed is kept by the close button")
@@ -153,7 +153,8 @@ def editing_does_not_begin_by_itself_behind_a_menu(desktop):
     desktop.press("Return", "ctrl+s")
     wait_for("a name typed into the field that came up by itself", lambda: names(desktop, document)[0] == "by itself")
     desktop.press("End", "Home")
-    # The File menu opens within the half second that it takes; the pointer goes to it without a way over the rows.
+    # The File menu opens within the half second of the timer. The pointer moves to it without crossing the
+    # rows.
     desktop.xdotool("mousemove", "--window", window, "20", "10", "click", "1")
     time.sleep(1)
     desktop.press("Escape", "Escape", "Delete", "ctrl+s")

@@ -73,7 +73,7 @@ def find_a_note(desktop):
 def find_a_note_and_rename_its_link(desktop):
     document = find_a_note(desktop)
     check(desktop.front_title() == "links – Tabulon", "the panel leaves the keyboard to the find field")
-    desktop.xdotool("type", "--delay", "5", "S")  # the panel came up before the word was typed
+    desktop.xdotool("type", "--delay", "5", "S")  # the panel was shown before the word was complete
     time.sleep(0.5)
     check(desktop.front_title() == "links – Tabulon", "so the word is typed to its end")
     desktop.window("zebra")
@@ -118,7 +118,7 @@ def move_broken_links(desktop):
     desktop.press("alt+c", "Up", "Return")
     desktop.window("Remove Marked Links")
     desktop.press("alt+b")
-    time.sleep(0.5)  # a box that a key presses looks pressed for a moment before it changes
+    time.sleep(0.5)  # a check box is drawn as pressed for a moment before it changes
     picture(desktop, "remove")
     desktop.press("Return")
     desktop.window("^Tabulon$")

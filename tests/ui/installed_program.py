@@ -1,4 +1,5 @@
-"""What cmake --install and cpack install, checked by the desktop's own tools: installed_program.py TABULON TABULON_CLI BUILD_FOLDER.
+"""The files that cmake --install and cpack install, checked by the desktop's own tools:
+installed_program.py TABULON TABULON_CLI BUILD_FOLDER.
 
 The files are valid, documents are recognized with and without their extension, other files are not, the message bus starts
 the program, and the Debian package has its dependencies and the paths of its place.

@@ -1,4 +1,4 @@
-"""What the real program keeps when it is ended unexpectedly: kept_documents.py TABULON TABULON_CLI.
+"""The data that the real program preserves when it ends unexpectedly: kept_documents.py TABULON TABULON_CLI.
 
 It is killed, another program changes its file, and its windows are restored to their places.
 """
@@ -177,7 +177,7 @@ def the_log_never_ends_the_program(session):
             file.write("this is no setting\n")
         path = session.document("a.tbln")
         process = session.launch("-c", f'exec "$0" "$@" {redirection}', session.program, path, program="bash")
-        session.wait_for_front("Tabulon")  # the log and an alert tell of the settings
+        session.wait_for_front("Tabulon")  # the log and an alert report the problem with the settings
         session.press("Return")
         session.wait_for_front("a – Tabulon")
         check(end(process) == 0, f"standard error is {what}")

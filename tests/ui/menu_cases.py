@@ -11,7 +11,8 @@ def folder(name, *children, opened):
     return {"name": name, "folder": True, "openFolder": opened, "children": list(children)}
 
 
-# Two addresses are the same, one link is marked as broken, and each way to sort "Sorted" is another order.
+# Two addresses are equal, one link is marked as broken, and each kind of sorting puts "Sorted" into another
+# order.
 TREE = folder("Master", link("mango", "same"),
               folder("Folder", link("pear", "pear", status=3), folder("Sub", link("deep", "deep"), opened=False), opened=True),
               link("kiwi", "same", note="about quaggas"),
@@ -43,12 +44,12 @@ TYPED = tree("typed")
 
 
 class Case(NamedTuple):
-    keys: str  # that choose the command in the menus
-    expected: list  # the shape of what is saved then
-    row: int = MANGO  # whose name is typed
-    before: str = ""  # keys in the field, when all is typed
-    after: str = ""  # keys when the command was chosen
-    window: str = ""  # that comes up, and is closed by `after`
+    keys: str  # the keys that choose the command in the menus
+    expected: list  # the shape of the tree that is saved then
+    row: int = MANGO  # the row whose name is typed
+    before: str = ""  # keys in the field after the name is typed
+    after: str = ""  # keys after the command was chosen
+    window: str = ""  # the title of a window that the command opens and `after` closes
     setting: str = ""  # a line of the settings file that the command writes
     source: dict = TREE
 

@@ -15,7 +15,7 @@ from menu_cases import CASES, TREE, shape, tree
 from session import run_session_tests
 from small_tree import make_document
 
-PAUSE = 0.12  # in which a menu or a window takes the keyboard
+PAUSE = 0.12  # seconds until a menu or a window has the keyboard
 
 
 class Windows:
@@ -169,13 +169,13 @@ def panel_of(desktop, name):
 
 def find(desktop, text):
     desktop.xdotool("key", "ctrl+f", "type", "--delay", "5", text)
-    time.sleep(0.4)  # the search waits for the end of a word
+    time.sleep(0.4)  # the search begins after a pause in typing
 
 
 def an_info_panel_is_beside_the_window(desktop):
     windows = Windows(desktop, one=TREE)
     windows.bring_to_front("one")
-    find(desktop, "quagga")  # a note is seen in the panel alone
+    find(desktop, "quagga")  # only the panel shows notes
     panel = panel_of(desktop, "kiwi")
     press(desktop, "ctrl+Up ctrl+s")
     moved = tree("mango", inside=["pear!3", "kiwi", ["Sub-", "deep"]], kiwi=())
@@ -211,7 +211,7 @@ def reverting_takes_its_time(desktop):
     press(desktop, "ctrl+a ctrl+c")
     names = ["mango", "pear", "deep", "kiwi", "b", "d", "a", "c", "last"]
 
-    def shown():  # what is in a selected folder may be selected as well
+    def shown():  # the contents of a selected folder may be selected as well
         return list(dict.fromkeys(given(desktop, "text/x-moz-url").decode("utf-16-le").split("\n")[1::2]))
     wait_for("the old content in the window", lambda: shown() == names)
     with open(windows.paths["one"], "rb") as file:

@@ -44,7 +44,7 @@ class Session(Desktop):
         return process
 
     def run(self, *command, **options):
-        """Returns what another program prints in this session."""
+        """Runs another program in this session and returns its output."""
         options = {"stdout": subprocess.PIPE, **options}
         return subprocess.run(command, env=self.environment, stderr=subprocess.DEVNULL, text=True, timeout=PATIENCE,
                               **options).stdout
@@ -78,7 +78,7 @@ class Session(Desktop):
             wait_for(f"“{title}” in front", lambda: self.front_title() == title)
         except Failure as failure:
             raise Failure(f"{failure}; in front is “{self.front_title()}”") from failure
-        # A window is in front a moment before it has the keyboard.
+        # A window is at the front a moment before it has the keyboard.
         wait_for(f"“{title}” with the keyboard",
                  lambda: self.front_title() != title or self.xdotool("getwindowfocus", "getwindowname") == title)
 

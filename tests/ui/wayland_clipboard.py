@@ -1,4 +1,4 @@
-"""What other programs read from the real program's clipboard under Wayland, and what it reads from theirs:
+"""Copies between the real program's clipboard and those of other programs under Wayland, both ways:
 wayland_clipboard.py TABULON TABULON_CLI.
 
 Ends with status 77 if sway is missing, unless TABULON_REQUIRE_BROWSER is set.
@@ -22,7 +22,7 @@ def open_document(session, name, html):
     path = document(session, name, html)
     session.launch(path)
 
-    def takes_keys():  # from the moment on that its window has the keyboard
+    def takes_keys():  # returns whether the window has received the keys
         session.type("-k", "Home", "-M", "ctrl", "-M", "shift", "-k", "e", "-m", "shift", "-k", "s", "-m", "ctrl")
         return session.tree(path)["children"][-1]["openFolder"]
     wait_for("the window", takes_keys)

@@ -1,5 +1,5 @@
-// Drags from an outline and drops on one: what is allowed, where it is inserted, what is moved and what is
-// copied.
+// Drags from an outline and drops on one: the drops that are allowed, the place of insertion, and whether
+// items are moved or copied.
 #include "tests/window/WindowFixture.h"
 
 namespace tabulon {
@@ -23,7 +23,7 @@ protected:
     DragOperation validate(Bookmark* item, std::optional<std::size_t> index) {
         return controller->dragging().validateDrop(info(), item, index);
     }
-    /// Drops only what was validated, as a view does.
+    /// Drops only if the drop was validated, as a view does. Returns whether the drop was accepted.
     bool drop(Bookmark* item, std::optional<std::size_t> index) {
         return validate(item, index) != DragOperation::None &&
                controller->dragging().acceptDrop(info(), item, index);

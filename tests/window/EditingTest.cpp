@@ -6,7 +6,7 @@ namespace {
 
 class EditingTest : public WindowTest {
 protected:
-    /// The tree as "a(b c(d)) e", folders with parentheses.
+    /// Returns the tree as "a(b c(d)) e", folders with parentheses.
     static std::string treeText(const Bookmark& parent) {
         std::string text;
         for (const Bookmark* child : *parent.getChildren()) {
@@ -19,8 +19,8 @@ protected:
         return text;
     }
     std::string tree() { return treeText(document.getMaster()); }
-    /// Builds and opens the tree of such a text: small letters are links, capital letters are expanded
-    /// folders, and collapsed ones with an underscore before the letter.
+    /// Builds and opens the tree of such a text. Small letters are links, capital letters are expanded
+    /// folders. Collapsed folders have an underscore before the letter.
     void build(const std::string& text) {
         std::vector<Bookmark*> parents{&document.getMaster()};
         bool collapsed = false;
@@ -48,7 +48,7 @@ protected:
             items.push_back(&item(name));
         outline().clickOn(items);
     }
-    /// The names of the selected rows.
+    /// Returns the names of the selected rows.
     std::string selection() {
         std::string names;
         for (const Bookmark* row : outline().rows)

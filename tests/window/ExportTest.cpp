@@ -1,5 +1,5 @@
-// The Export command with its options area, and single links as files: what the panels offer, what is
-// written, and what is stored.
+// The Export command with its options area, and single links as files: the options of the panels, the files
+// that are written, and the settings that are stored.
 #include "formats/ExportFormats.h"
 #include "tests/window/WindowFixture.h"
 #include "window/AccessoryViewController.h"
@@ -16,7 +16,7 @@ protected:
         open();
     }
 
-    // Runs the command; `use` is what the user does in the options area.
+    // Runs the command; `use` performs the user's changes in the options area.
     void exportTo(const std::string& path, std::function<void(AccessoryViewController&)> use = nullptr) {
         panels.nameFile(path);
         panels.useAccessory = [use](PanelAccessory& accessory) {

@@ -1,4 +1,4 @@
-// Editing in place: what is taken over, dates, and editing that begins by command or automatically.
+// Editing in place: the text that is committed, dates, and editing that begins by command or automatically.
 #include "tests/window/WindowFixture.h"
 
 #include <functional>

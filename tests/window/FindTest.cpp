@@ -1,4 +1,4 @@
-// The find bar and what it shows of a match: rows, expanded folders, beeps, recent searches.
+// The find bar and how it shows a match: rows, expanded folders, beeps, recent searches.
 #include "tests/window/WindowFixture.h"
 
 namespace tabulon {

@@ -1,5 +1,5 @@
-// The info panel: its working copy, what saves and what does not, moving to other items, browsers, and what
-// finding shows in it.
+// The info panel: its working copy, the actions that save and those that do not, moving to other items,
+// browsers, and the matches that finding shows in it.
 #include "tests/window/WindowFixture.h"
 #include "window/GetInfoController.h"
 
@@ -8,7 +8,7 @@ namespace {
 
 class GetInfoTest : public WindowTest {
 protected:
-    /// F(a b) c, c selected.
+    /// Builds the tree F(a b) c and selects c.
     void plant() {
         folder = &add(makeFolder("F"));
         a = &add(makeLink("a", "https://a.example/"), folder);
@@ -373,7 +373,7 @@ TEST_F(GetInfoTest, aNodeThatOutlivesItsFolderHasNoParent) {
     controller->editing().deleteSelection();
     EXPECT_EQ(a->getParent(), nullptr);
     select({folder});
-    controller->editing().deleteSelection(); // the first deletion can no longer be put back
+    controller->editing().deleteSelection(); // the first deletion cannot be restored after this one
     controller->statusLine().showStatus("another");
     EXPECT_EQ(info.original(), a);
     info.up();

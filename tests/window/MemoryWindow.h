@@ -1,5 +1,5 @@
-// A document window in memory. Its outline keeps its own copy of the rows, which only the controller's
-// reports change, so that a wrong report appears as a wrong row.
+// A document window in memory. Its outline has a copy of the rows, which changes only by the controller's
+// reports. A wrong report therefore appears as a wrong row.
 #pragma once
 
 #include "window/DocumentWindow.h"
@@ -154,7 +154,7 @@ public:
     /// selected.
     Bookmark* current = nullptr;
     std::optional<std::pair<Column, Bookmark*>> edited;
-    /// What the user has typed into the field; `nullopt` for a field that was not changed.
+    /// The text that the user has typed into the field; `nullopt` for a field that was not changed.
     std::optional<std::string> typed;
     int editingsBegun = 0;
     int editingsEnded = 0;

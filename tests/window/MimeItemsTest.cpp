@@ -15,7 +15,7 @@ class MimeItemsTest : public testing::Test {
 protected:
     using Forms = std::vector<std::pair<std::string, std::string>>;
 
-    /// Each item as "type=value" pieces.
+    /// Returns each item as "type=value" pieces.
     std::vector<std::string> read(const Forms& forms) {
         MimeContent content;
         for (const auto& [type, bytes] : forms)

@@ -1,4 +1,4 @@
-// What the outline reports to its observers, and changes of many rows under the guard object.
+// The reports of the outline to its observers, and changes of many rows under the guard object.
 #include "window/Outline.h"
 
 #include "tests/window/WindowFixture.h"
@@ -8,7 +8,7 @@ namespace {
 
 using Reports = std::vector<std::string>;
 
-// Records what is reported, each time after its own name.
+// Records the reports, each with its name.
 class Recorder : public RowObserver, public SelectionObserver, public PointerObserver {
 public:
     Recorder(std::string name, Outline& outline, Reports& reports)
@@ -106,7 +106,7 @@ TEST_F(OutlineTest, RevealExpandsTheFoldersOfANodeInTheTreeOnly) {
     open();
     rows().reveal(*elsewhere->getChild());
     EXPECT_FALSE(elsewhere->showHier());
-    link->detachMe(); // keeps its parent
+    link->detachMe(); // does not reset its parent
     rows().reveal(*link);
     EXPECT_FALSE(outer.showHier() || inner.showHier());
     EXPECT_EQ(document.changeCount(), 0);

@@ -1,4 +1,4 @@
-// What the cells of the outline show for a node.
+// The contents of the outline's cells for a node.
 #include "tests/window/WindowFixture.h"
 #include "window/ShownAddress.h"
 

@@ -52,8 +52,8 @@ constexpr std::array<Command, 16> kCommands = {{
     {Kind::Copies, [](ViewController& all) { all.clipboard().copyEditMenu(); }},
 }};
 
-// A tree as it was before a command. It holds the nodes, so that a new one never has the address of an old
-// one.
+// A tree as it was before a command. It has references to the nodes, so that a new one never has the address
+// of an old one.
 struct State {
     struct Codes {
         Ref<Bookmark> node;
@@ -84,7 +84,7 @@ protected:
         open();
     }
 
-    // No row, one, a few, or a long run of them. The last one clicked may be any of them.
+    // Selects no row, one, a few, or a long run of them. Any of them may be the one that was clicked last.
     void selectSomeRows() {
         const std::vector<Bookmark*>& rows = outline().rows;
         std::vector<Bookmark*> items;
@@ -138,7 +138,7 @@ protected:
         return result;
     }
 
-    // What each command demands
+    // The result that each command must have
 
     static bool moves(Kind kind, const State& before) {
         if (before.selected.size() != 1)
@@ -229,7 +229,7 @@ protected:
         EXPECT_EQ(outline().selected, selection);
     }
 
-    // On a row, between two rows, or on the area without rows; as a move or as a copy.
+    // Drags onto a row, between two rows, or onto the area without rows, as a move or as a copy.
     void dragSomewhere(const State& before) {
         const std::vector<PasteboardItem> items = controller->dragging().beginDraggingSession();
         const DragInfo drag{.source = below(6) == 0 ? nullptr : &controller->outline(),

@@ -1,4 +1,5 @@
-// Trees and lists of links between programs: what is read from others, and what is written for them.
+// Trees and lists of links between programs: reading those of other programs, and writing them for other
+// programs.
 #include "formats/import/XBELReader.h"
 #include "tests/BriefTree.h"
 #include "tests/window/WindowFixture.h"
@@ -28,7 +29,7 @@ class ReceivedItemsTest : public WindowTest {
 protected:
     using Forms = std::initializer_list<std::pair<const char*, std::string>>;
 
-    /// The whole outline after a paste into an empty document.
+    /// Returns the whole outline after a paste into an empty document.
     std::string pasted(Forms forms) {
         hold(forms);
         document.setMaster(makeMaster());

@@ -18,7 +18,7 @@ protected:
     bool enabled(const char* action) {
         return controller->actions().validateMenuItem(MenuItem{.action = action});
     }
-    /// The tree has b, F(z, y) and A at the top level.
+    /// Builds and opens a tree with b, F(z, y) and A at the top level.
     void plant() {
         add(makeLink("b", "1"));
         folder = &add(makeFolder("F"));

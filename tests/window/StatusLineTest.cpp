@@ -1,4 +1,4 @@
-// The line below the outline: what commands show in it, how long, and putting back what was deleted.
+// The line below the outline: the messages of commands, how long they are shown, and restoring deleted items.
 #include "tests/window/WindowFixture.h"
 #include "window/ShownAddress.h"
 

@@ -1,4 +1,4 @@
-// One document with its controller and a window in memory, and short ways to build its tree.
+// One document with its controller and a window in memory, and functions that build its tree.
 #pragma once
 
 #include "platform/fake/FakePlatform.h"
@@ -42,13 +42,13 @@ protected:
         return separator;
     }
 
-    /// Adds the node below `parent`, or at the top level. Called before `open()`.
+    /// Adds the node below `parent`, or at the top level. Requires: `open()` was not called.
     Bookmark& add(const Ref<Bookmark>& node, Bookmark* parent = nullptr) {
         (parent ? *parent : document.getMaster()).addChild(node);
         return *node;
     }
 
-    /// Closes the window that was open before.
+    /// Opens a window for the document. A window that was open is closed first.
     void open() {
         window.reset();
         controller.reset();
