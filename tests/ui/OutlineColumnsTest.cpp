@@ -107,6 +107,16 @@ TEST_F(OutlineColumnsTest, WidthOfTheTagsColumnIsStoredInPoints) {
     EXPECT_NEAR(base.defaults.doubleForKey("TagsWidth"), (before + 20) * 72.0 / widget().logicalDpiX(), 0.01);
 }
 
+TEST_F(OutlineColumnsTest, HidingTheTagsColumnIsNoResizingByTheUser) {
+    controller->table().addTagsColumn();
+    drag(Column::Tags, 20);
+    const double stored = base.defaults.doubleForKey("TagsWidth");
+    controller->table().removeTagsColumn();
+    EXPECT_EQ(base.defaults.doubleForKey("TagsWidth"), stored);
+    controller->table().addTagsColumn();
+    EXPECT_NEAR(width(Column::Tags), stored * widget().logicalDpiX() / 72.0, 1);
+}
+
 TEST_F(OutlineColumnsTest, BorderBetweenURLAndTagsResizesTags) {
     base.defaults.setIntegerForKey("TagsIndex", 2);
     controller->table().addTagsColumn();

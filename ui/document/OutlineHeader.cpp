@@ -95,6 +95,7 @@ void OutlineHeader::showColumn(Column column, std::size_t index, int width) {
 }
 
 void OutlineHeader::hideColumn(Column column) {
+    const QScopedValueRollback arranging(arranging_, true); // Qt reports a width of 0
     setSectionHidden(sectionOf(column), true);
     layOutAnew();
 }
