@@ -1,6 +1,23 @@
 #include "tests/app/MenuEffects.h"
 
+#include <fmt/format.h>
+
 namespace tabulon {
+
+std::string bookmarkFileOf(const ImportSource& browser) {
+    constexpr const char* kSafari =
+        R"(<?xml version="1.0"?><plist version="1.0"><dict><key>Children</key><array>
+<dict><key>URIDictionary</key><dict><key>title</key><string>{0}</string></dict>
+<key>URLString</key><string>https://{0}.example/</string></dict></array></dict></plist>)";
+    constexpr const char* kICab =
+        R"(<?xml version="1.0"?><plist version="1.0"><dict><key>Children</key><array>
+<dict><key>Title</key><string>{0}</string>
+<key>URL</key><string>https://{0}.example/</string></dict></array></dict></plist>)";
+    constexpr const char* kChromium = R"({{"roots": {{"bookmark_bar": {{"children": [
+{{"type": "url", "name": "{0}", "url": "https://{0}.example/"}}]}}}}}})";
+    const char* form = browser.format == "safari" ? kSafari : browser.format == "icab" ? kICab : kChromium;
+    return fmt::format(fmt::runtime(form), browser.name);
+}
 
 const std::vector<MenuCase>& menuCases() {
     static const std::vector<MenuCase> kCases = {
@@ -178,30 +195,38 @@ const std::vector<MenuCase>& menuCases() {
         {"Label > Cyan", "", "first", "/home/chosen.html",
          "tree of links: Master+(first:11 Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) second Sort-(b d "
          "a c) labelled:3 new Wide+())"},
-        {"Import > Safari…", "", "first", "/home/chosen.html",
-         "alert: “The bookmarks could not be imported”; open panel: “Please select the file "
-         "“Bookmarks.plist”.”/home/safari"},
-        {"Import > Chrome…", "", "first", "/home/chosen.html",
-         "alert: “The bookmarks could not be imported”; open panel: “Please select the file "
-         "“Bookmarks”.”/home/chrome"},
-        {"Import > Chromium…", "", "first", "/home/chosen.html",
-         "alert: “The bookmarks could not be imported”; open panel: “Please select the file "
-         "“Bookmarks”.”/home/chromium"},
-        {"Import > Vivaldi…", "", "first", "/home/chosen.html",
-         "alert: “The bookmarks could not be imported”; open panel: “Please select the file "
-         "“Bookmarks”.”/home/vivaldi"},
-        {"Import > Brave…", "", "first", "/home/chosen.html",
-         "alert: “The bookmarks could not be imported”; open panel: “Please select the file "
-         "“Bookmarks”.”/home/brave"},
-        {"Import > Edge…", "", "first", "/home/chosen.html",
-         "alert: “The bookmarks could not be imported”; open panel: “Please select the file "
-         "“Bookmarks”.”/home/edge"},
-        {"Import > Opera…", "", "first", "/home/chosen.html",
-         "alert: “The bookmarks could not be imported”; open panel: “Please select the file "
-         "“Bookmarks”.”/home/opera"},
-        {"Import > iCab…", "", "first", "/home/chosen.html",
-         "alert: “The bookmarks could not be imported”; open panel: “Please select the file “iCab 4 "
-         "Bookmarks”.”/home/icab"},
+        {"Import > Safari…", "", "first", "/home/safari/Bookmarks.plist",
+         "front of Imported from Safari: 0; open panel: “Please select the file "
+         "“Bookmarks.plist”.”/home/safari; tree of Imported from Safari: Master+(Safari); unsaved: "
+         "linksImported from Safari"},
+        {"Import > Chrome…", "", "first", "/home/chrome/Bookmarks",
+         "front of Imported from Chrome: 0; open panel: “Please select the file “Bookmarks”.”/home/chrome; "
+         "tree of Imported from Chrome: Master+(Favourites:1-(Chrome) Other Bookmarks-()); unsaved: "
+         "linksImported from Chrome"},
+        {"Import > Chromium…", "", "first", "/home/chromium/Bookmarks",
+         "front of Imported from Chromium: 0; open panel: “Please select the file "
+         "“Bookmarks”.”/home/chromium; tree of Imported from Chromium: Master+(Favourites:1-(Chromium) Other "
+         "Bookmarks-()); unsaved: linksImported from Chromium"},
+        {"Import > Vivaldi…", "", "first", "/home/vivaldi/Bookmarks",
+         "front of Imported from Vivaldi: 0; open panel: “Please select the file “Bookmarks”.”/home/vivaldi; "
+         "tree of Imported from Vivaldi: Master+(Favourites:1-(Vivaldi) Other Bookmarks-()); unsaved: "
+         "linksImported from Vivaldi"},
+        {"Import > Brave…", "", "first", "/home/brave/Bookmarks",
+         "front of Imported from Brave: 0; open panel: “Please select the file “Bookmarks”.”/home/brave; "
+         "tree of Imported from Brave: Master+(Favourites:1-(Brave) Other Bookmarks-()); unsaved: "
+         "linksImported from Brave"},
+        {"Import > Edge…", "", "first", "/home/edge/Bookmarks",
+         "front of Imported from Edge: 0; open panel: “Please select the file “Bookmarks”.”/home/edge; tree "
+         "of Imported from Edge: Master+(Favourites:1-(Edge) Other Bookmarks-()); unsaved: linksImported "
+         "from Edge"},
+        {"Import > Opera…", "", "first", "/home/opera/Bookmarks",
+         "front of Imported from Opera: 0; open panel: “Please select the file “Bookmarks”.”/home/opera; "
+         "tree of Imported from Opera: Master+(Favourites:1-(Opera) -() -() -() -()); unsaved: linksImported "
+         "from Opera"},
+        {"Import > iCab…", "", "first", "/home/icab/iCab 4 Bookmarks",
+         "front of Imported from iCab: 0; open panel: “Please select the file “iCab 4 "
+         "Bookmarks”.”/home/icab; tree of Imported from iCab: Master+(iCab); unsaved: linksImported from "
+         "iCab"},
         {"Import > Firefox…", "", "first", "/home/chosen.html",
          "alert: “Direct Import of Firefox or Tor bookmarks is currently not supported.”"},
         {"Import > Tor Browser…", "", "first", "/home/chosen.html",

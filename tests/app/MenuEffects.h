@@ -30,6 +30,9 @@ struct MenuCase {
 /// All commands of the menu in `MenuProgram`, in the order of the menu.
 const std::vector<MenuCase>& menuCases();
 
+/// Returns a file in the browser's own form, with one link that has the browser's name.
+std::string bookmarkFileOf(const ImportSource& browser);
+
 /// A program with two open documents, whose windows are in memory. The current document has unsaved changes
 /// and nodes of all kinds. Each command of the menu changes something that no other command changes alike.
 class MenuProgram : public AppTest {
@@ -99,10 +102,14 @@ private:
             "href=\"https://xbel.example/\"><title>XBEL</title></bookmark></xbel>";
         for (const char* name : {"other", "one", "two"})
             files.files[std::string("/home/") + name + ".tbln"] = documentBytes(name);
-        for (const ImportSource& source : importSources())
-            if (!source.browser.empty())
-                stores.files[std::string(source.browser)] = {"/home/" + std::string(source.format) +
-                                                             "/Bookmarks"};
+        for (const ImportSource& source : importSources()) {
+            if (source.browser.empty())
+                continue;
+            const std::string path =
+                "/home/" + std::string(source.format) + "/" + std::string(source.fileName);
+            files.files[path] = bookmarkFileOf(source);
+            stores.files[std::string(source.browser)] = {path};
+        }
     }
     void search(const std::string& text) {
         documents().getViewController(*document())->window().findBar().doSearch(text);
