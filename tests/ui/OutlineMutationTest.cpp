@@ -1,15 +1,13 @@
 // Random expanding, collapsing, selecting and replacing in the real outline. Qt's model tester checks the
-// model. After every step the rows, the selection and the change count are compared with those that the tree
-// and the step demand.
+// model. After every step the tree, the rows, the selection and the change count are compared with those that
+// the step demands of the tree before it.
 #include "tests/ui/OutlineFixture.h"
-#include "tests/window/ReferenceTree.h"
+#include "tests/window/ReferenceCommands.h"
 
 #include <random>
 
 namespace tabulon {
 namespace {
-
-using Items = std::set<Bookmark*>;
 
 class OutlineMutationTest : public OutlineTest, public testing::WithParamInterface<unsigned> {
 protected:
@@ -31,42 +29,60 @@ protected:
     }
     std::size_t pick(std::size_t count) { return random() % count; }
     Bookmark& anyFolder() { return *folders.at(1 + pick(folders.size() - 1)); }
-    std::vector<Bookmark*> rows() { return rowsOfTree(document.getMaster()); }
 
+    // Shows a random tree, in which no row is selected.
     void replaceTree() {
-        selected.clear();
         document.setMaster(randomTree());
         document.updateUI();
-        expanded = expandedFolders();
+        wanted.tree = ReferenceOutline(document.getMaster());
     }
+    // Expands or collapses one folder, or those below it too. A double click is one more change.
     void turnFolder() {
         Bookmark& folder = anyFolder();
+        const std::size_t place = wanted.tree.find(&folder);
+        const std::size_t end = wanted.tree.endOf(place);
         switch (pick(5)) {
         case 0:
+            wanted.expand(true, place, place + 1);
             return controller->outline().expandItem(folder);
         case 1:
+            wanted.expand(false, place, place + 1);
             return controller->outline().collapseItem(folder);
         case 2:
+            wanted.expand(true, place, end);
             return controller->outline().expandItemWithChildren(folder);
         case 3:
+            wanted.expand(false, place, end);
             return controller->outline().collapseItemWithChildren(folder);
         default:
-            ++changes; // besides the one of the folder
+            wanted.expand(!wanted.tree.at(place).isExpanded, place, place + 1);
+            ++wanted.changes;
             return controller->expanding().doubleClickFolder(folder);
         }
     }
+    void turnAll() {
+        const bool expands = pick(2) == 0;
+        wanted.expandAll(expands);
+        expands ? controller->expanding().expandAll() : controller->expanding().collapseAll();
+    }
+    void turnSelection(bool expands) {
+        wanted.expandSelection(expands, false);
+        expands ? controller->expanding().expandFolder() : controller->expanding().collapseFolder();
+    }
+
     void select(std::size_t first, std::size_t end, std::size_t distance) {
+        const std::vector<std::size_t> rows = wanted.tree.rows();
         RowSet some;
-        selected.clear();
-        for (std::size_t row = first; row < std::min(end, rows().size()); row += distance) {
+        wanted.tree.deselectAll();
+        for (std::size_t row = first; row < std::min(end, rows.size()); row += distance) {
             addRow(some, row);
-            selected.insert(rows()[row]);
+            wanted.tree.select(rows[row]);
         }
         widget().selectRows(some);
         EXPECT_EQ(widget().selectedRows(), some);
     }
     void selectSome() {
-        const std::size_t count = rows().size();
+        const std::size_t count = wanted.tree.rows().size();
         switch (pick(5)) {
         case 0: {
             const std::size_t first = pick(count);
@@ -80,29 +96,31 @@ protected:
         }
     }
     void selectAll() {
-        const std::vector<Bookmark*> all = rows();
-        selected = {all.begin(), all.end()};
+        for (const std::size_t row : wanted.tree.rows())
+            wanted.tree.select(row);
         widget().selectAll();
     }
     // The keys select the last two rows. A key that does not move the cursor does not select.
     void selectWithKeys() {
-        const std::vector<Bookmark*> all = rows();
-        if (all.size() < 3)
+        const std::vector<std::size_t> rows = wanted.tree.rows();
+        if (rows.size() < 3)
             return;
         press(Qt::Key_Home);
         press(Qt::Key_End);
         press(Qt::Key_Up, Qt::ShiftModifier);
-        selected = {all.at(all.size() - 2), all.back()};
+        wanted.tree.deselectAll();
+        wanted.tree.select(rows.at(rows.size() - 2));
+        wanted.tree.select(rows.back());
     }
     void step() {
         switch (pick(12)) {
         case 0:
-            return pick(2) == 0 ? controller->expanding().expandAll() : controller->expanding().collapseAll();
+            return turnAll();
         case 1:
             return selectSome();
         case 2:
             selectAll();
-            return controller->expanding().expandFolder();
+            return turnSelection(true);
         case 3:
             return pick(2) == 0 ? controller->table().addTagsColumn()
                                 : controller->table().removeTagsColumn();
@@ -111,58 +129,45 @@ protected:
         case 5:
             return pick(6) == 0 ? replaceTree() : controller->table().zoomIn();
         case 6:
-            return selected.empty() ? selectSome() : controller->expanding().collapseFolder();
+            return wanted.tree.selected().empty() ? selectSome() : turnSelection(false);
         default:
             return turnFolder();
         }
     }
 
-    Items expandedFolders() {
-        Items result;
-        for (Bookmark* folder : folders)
-            if (folder->showHier())
-                result.insert(folder);
-        return result;
-    }
-    // Each folder that was expanded or collapsed is one change, and rows that are hidden are deselected.
-    void followStep() {
-        const Items before = std::exchange(expanded, expandedFolders());
-        std::vector<Bookmark*> turned;
-        std::ranges::set_symmetric_difference(before, expanded, std::back_inserter(turned));
-        changes += static_cast<long>(turned.size());
-        std::erase_if(selected, [&](const Bookmark* item) { return !hasRow(*item, document.getMaster()); });
-    }
     void checkRows() {
-        const std::vector<Bookmark*> wanted = rows();
-        ASSERT_EQ(static_cast<std::size_t>(widget().model()->rowCount()), wanted.size());
-        for (std::size_t row = 0; row < wanted.size(); ++row) {
-            ASSERT_EQ(&controller->outline().itemAtRow(row), wanted[row]);
-            ASSERT_EQ(controller->outline().rowForItem(*wanted[row]), row);
+        const std::vector<std::size_t> rows = wanted.tree.rows();
+        ASSERT_EQ(static_cast<std::size_t>(widget().model()->rowCount()), rows.size());
+        for (std::size_t row = 0; row < rows.size(); ++row) {
+            const ReferenceNode& node = wanted.tree.at(rows[row]);
+            ASSERT_EQ(&controller->outline().itemAtRow(row), node.node.get());
+            ASSERT_EQ(controller->outline().rowForItem(*node.node), row);
             const QModelIndex index = widget().model()->index(static_cast<int>(row), 0);
-            ASSERT_EQ(index.data().toString().toStdString(), wanted[row]->itemName().string());
+            ASSERT_EQ(index.data().toString().toStdString(), node.name.string());
         }
     }
     void checkSelection() {
-        const std::vector<Bookmark*> all = rows();
-        RowSet wanted;
-        for (std::size_t row = 0; row < all.size(); ++row)
-            if (selected.contains(all[row]))
-                addRow(wanted, row);
-        ASSERT_EQ(widget().selectedRows(), wanted);
+        const std::vector<std::size_t> rows = wanted.tree.rows();
+        RowSet selected;
+        for (std::size_t row = 0; row < rows.size(); ++row)
+            if (wanted.tree.at(rows[row]).isSelected)
+                addRow(selected, row);
+        ASSERT_EQ(widget().selectedRows(), selected);
         const std::optional<std::size_t> current = widget().selectedRow();
         ASSERT_EQ(current.has_value(), !selected.empty());
-        ASSERT_TRUE(!current || selected.contains(all.at(*current)));
+        ASSERT_TRUE(!current || wanted.tree.at(rows.at(*current)).isSelected);
     }
     void run(int steps) {
         document.setMaster(randomTree());
         openWidget();
-        expanded = expandedFolders();
+        wanted.tree = ReferenceOutline(document.getMaster());
         for (int i = 0; i < steps; ++i) {
             step();
-            followStep();
+            wanted.tree.deselectHidden();
+            ASSERT_NO_FATAL_FAILURE(wanted.tree.expectTree(document.getMaster())) << "after step " << i;
             ASSERT_NO_FATAL_FAILURE(checkRows()) << "after step " << i;
             ASSERT_NO_FATAL_FAILURE(checkSelection()) << "after step " << i;
-            ASSERT_EQ(document.changeCount(), changes) << "after step " << i;
+            ASSERT_EQ(document.changeCount(), static_cast<long>(wanted.changes)) << "after step " << i;
         }
         EXPECT_FALSE(widget().grab().isNull());
     }
@@ -170,9 +175,7 @@ protected:
     std::mt19937 random{GetParam()};
     int nodes = 300;
     std::vector<Bookmark*> folders;
-    Items selected; // the selection that the steps demand
-    Items expanded; // the folders that were expanded before the step
-    long changes = 0;
+    ReferenceWindow wanted; // what the steps demand
 };
 
 TEST_P(OutlineMutationTest, RowsStayThoseOfTheTreeWhateverHappens) {

@@ -1,85 +1,84 @@
-// Thousands of random commands on random trees. After each command the tree is sound, and the rows, the
-// selection and the change count are those that the command's definition demands of the tree before it. The
-// document is the same after it was saved and read.
+// Thousands of random commands on random trees. After each command the tree, the selection and the change
+// count are those that the command's definition demands of the tree before it, and the rows are those of the
+// tree. The document is the same after it was saved and read.
 #include "model/ArchiveReader.h"
 #include "model/ArchiveWriter.h"
-#include "tests/window/ReferenceTree.h"
+#include "tests/window/ReferenceCommands.h"
 #include "tests/window/WindowFixture.h"
 
 #include <array>
 #include <random>
-#include <unordered_map>
 
 namespace tabulon {
 namespace {
 
 using Items = std::set<Bookmark*>;
 
-enum class Kind {
-    Inserts,
-    InsertsInFolder,
-    Removes,
-    Cuts,
-    MovesUp,
-    MovesDown,
-    Expands,
-    Labels,
-    Copies,
-    Pastes
-};
+ReferenceNode bookmark() {
+    return {.name = "Untitled"};
+}
 
+// A command, and its definition.
 struct Command {
-    Kind kind;
     void (*run)(ViewController& all);
+    void (*define)(ReferenceWindow& wanted);
 };
 
-constexpr std::array<Command, 16> kCommands = {{
-    {Kind::Inserts, [](ViewController& all) { all.editing().newBookmark(); }},
-    {Kind::Inserts, [](ViewController& all) { all.editing().newFolder(); }},
-    {Kind::InsertsInFolder, [](ViewController& all) { all.editing().addBookmark(); }},
-    {Kind::Inserts, [](ViewController& all) { all.editing().insertSeparator(); }},
-    {Kind::Removes, [](ViewController& all) { all.editing().deleteSelection(); }},
-    {Kind::MovesUp, [](ViewController& all) { all.editing().moveUp(); }},
-    {Kind::MovesUp, [](ViewController& all) { all.editing().moveUp(); }},
-    {Kind::MovesDown, [](ViewController& all) { all.editing().moveDown(); }},
-    {Kind::Expands, [](ViewController& all) { all.expanding().expandFolder(); }},
-    {Kind::Expands, [](ViewController& all) { all.expanding().expandFolderPlus(); }},
-    {Kind::Expands, [](ViewController& all) { all.expanding().collapseFolder(); }},
-    {Kind::Expands, [](ViewController& all) { all.expanding().collapseFolderPlus(); }},
-    {Kind::Cuts, [](ViewController& all) { all.clipboard().cut(); }},
-    {Kind::Pastes, [](ViewController& all) { all.clipboard().pasteEditMenu(); }},
-    {Kind::Pastes, [](ViewController& all) { all.clipboard().pasteEditMenu(); }},
-    {Kind::Copies, [](ViewController& all) { all.clipboard().copyEditMenu(); }},
+constexpr std::array<Command, 18> kCommands = {{
+    {[](ViewController& all) { all.editing().newBookmark(); },
+     [](ReferenceWindow& wanted) { wanted.insert({bookmark()}); }},
+    {[](ViewController& all) { all.editing().newFolder(); },
+     [](ReferenceWindow& wanted) { wanted.insert({{.name = "Untitled Folder", .isFolder = true}}); }},
+    {[](ViewController& all) { all.editing().addBookmark(); },
+     [](ReferenceWindow& wanted) { wanted.insertInFolder(bookmark()); }},
+    {[](ViewController& all) { all.editing().insertSeparator(); },
+     [](ReferenceWindow& wanted) { wanted.insert({{.isSeparator = true}}); }},
+    {[](ViewController& all) { all.editing().deleteSelection(); },
+     [](ReferenceWindow& wanted) { wanted.removeSelection(); }},
+    {[](ViewController& all) { all.editing().moveUp(); }, [](ReferenceWindow& wanted) { wanted.moveUp(); }},
+    {[](ViewController& all) { all.editing().moveUp(); }, [](ReferenceWindow& wanted) { wanted.moveUp(); }},
+    {[](ViewController& all) { all.editing().moveDown(); },
+     [](ReferenceWindow& wanted) { wanted.moveDown(); }},
+    {[](ViewController& all) { all.editing().moveDown(); },
+     [](ReferenceWindow& wanted) { wanted.moveDown(); }},
+    {[](ViewController& all) { all.expanding().expandFolder(); },
+     [](ReferenceWindow& wanted) { wanted.expandSelection(true, false); }},
+    {[](ViewController& all) { all.expanding().expandFolderPlus(); },
+     [](ReferenceWindow& wanted) { wanted.expandSelection(true, true); }},
+    {[](ViewController& all) { all.expanding().collapseFolder(); },
+     [](ReferenceWindow& wanted) { wanted.expandSelection(false, false); }},
+    {[](ViewController& all) { all.expanding().collapseFolderPlus(); },
+     [](ReferenceWindow& wanted) { wanted.expandSelection(false, true); }},
+    {[](ViewController& all) { all.clipboard().cut(); },
+     [](ReferenceWindow& wanted) {
+         wanted.copySelection();
+         wanted.removeSelection();
+     }},
+    {[](ViewController& all) { all.clipboard().pasteEditMenu(); },
+     [](ReferenceWindow& wanted) { wanted.paste(); }},
+    {[](ViewController& all) { all.clipboard().pasteEditMenu(); },
+     [](ReferenceWindow& wanted) { wanted.paste(); }},
+    {[](ViewController& all) { all.clipboard().copyEditMenu(); },
+     [](ReferenceWindow& wanted) { wanted.copySelection(); }},
+    {[](ViewController& all) { all.clipboard().copyBookmarks(); },
+     [](ReferenceWindow& wanted) { wanted.copySelection(); }},
 }};
-
-// A tree as it was before a command. It has references to the nodes, so that a new one never has the address
-// of an old one.
-struct State {
-    struct Codes {
-        Ref<Bookmark> node;
-        bool expanded;
-        std::uint8_t label;
-    };
-    std::unordered_map<const Bookmark*, Codes> nodes;
-    std::vector<Bookmark*> rows;
-    Items selected;
-    Bookmark* current;
-    long changes;
-};
 
 class RandomEditingTest : public WindowTest {
 protected:
     std::size_t below(std::size_t limit) { return random_() % limit; }
     Bookmark& master() { return document.getMaster(); }
 
+    // Plants nodes of all kinds with different names.
     void plant(std::size_t count) {
         std::vector<Bookmark*> parents{&master()};
         for (std::size_t i = 0; i < count; ++i) {
             Bookmark& parent = *parents[below(parents.size())];
+            const std::string name = std::to_string(i);
             if (below(3) == 0)
-                parents.push_back(&add(makeFolder("folder", below(2) == 0), &parent));
+                parents.push_back(&add(makeFolder(name.c_str(), below(2) == 0), &parent));
             else
-                add(below(8) == 0 ? makeSeparator() : makeLink("link"), &parent);
+                add(below(8) == 0 ? makeSeparator() : makeLink(name.c_str()), &parent);
         }
         open();
     }
@@ -101,177 +100,101 @@ protected:
         outline().clickOn(items);
     }
 
-    State state() {
-        State result{.nodes = {},
-                     .rows = rowsOfTree(master()),
-                     .selected = outline().selected,
-                     .current = nullptr,
-                     .changes = document.changeCount()};
-        for (Bookmark* node : nodesOfTree(master()))
-            result.nodes[node] = {Ref<Bookmark>(node), node->showHier(), node->getLabel()};
+    // Returns the window as it is before a command.
+    ReferenceWindow stateOfWindow() {
+        ReferenceWindow result{.tree = ReferenceOutline(master()),
+                               .current = std::nullopt,
+                               .remembersDesktop = remembersDesktop_,
+                               .copied = copied_};
+        for (const Bookmark* item : outline().selected)
+            result.tree.select(result.tree.find(item));
         if (const auto row = outline().selectedRow())
-            result.current = outline().rows[*row];
+            result.current = result.tree.find(outline().rows[*row]);
         return result;
-    }
-
-    // The tree after a command, compared with the one before it
-
-    std::size_t countOfExpanded(const State& before) {
-        return static_cast<std::size_t>(std::ranges::count_if(before.nodes, [this](const auto& each) {
-            return remembersDesktop_ && each.first->showHier() != each.second.expanded;
-        }));
-    }
-    std::size_t countOfLabelled(const State& before) {
-        return static_cast<std::size_t>(std::ranges::count_if(
-            before.nodes, [](const auto& each) { return each.first->getLabel() != each.second.label; }));
-    }
-    std::vector<Bookmark*> newNodes(const State& before) {
-        std::vector<Bookmark*> nodes = nodesOfTree(master());
-        std::erase_if(nodes, [&](const Bookmark* node) { return before.nodes.contains(node); });
-        return nodes;
-    }
-    Items shown(const Items& items) {
-        Items result;
-        for (Bookmark* row : rowsOfTree(master()))
-            if (items.contains(row))
-                result.insert(row);
-        return result;
-    }
-
-    // The result that each command must have
-
-    static bool moves(Kind kind, const State& before) {
-        if (before.selected.size() != 1)
-            return false;
-        Bookmark* edge = kind == Kind::MovesUp ? before.rows.front() : before.rows.back();
-        return *before.selected.begin() != edge;
-    }
-    std::size_t wantedChanges(Kind kind, const State& before) {
-        switch (kind) {
-        case Kind::Inserts:
-            return 1;
-        case Kind::InsertsInFolder:
-            return before.current && before.current->isFolder() ? 1 + countOfExpanded(before) : 0;
-        case Kind::Removes:
-        case Kind::Cuts:
-            return before.selected.empty() ? 0 : 1;
-        case Kind::MovesUp:
-        case Kind::MovesDown:
-            return moves(kind, before) ? 1 : 0;
-        case Kind::Expands:
-            return countOfExpanded(before);
-        case Kind::Labels:
-            return countOfLabelled(before);
-        case Kind::Copies:
-            return 0;
-        case Kind::Pastes:
-            return copied_;
-        }
-        return 0;
-    }
-    Items wantedSelection(Kind kind, const State& before) {
-        const std::vector<Bookmark*> added = newNodes(before);
-        switch (kind) {
-        case Kind::Inserts:
-        case Kind::InsertsInFolder:
-            return added.empty() ? before.selected : Items(added.begin(), added.end());
-        case Kind::Removes:
-        case Kind::Cuts:
-            return {};
-        case Kind::Pastes:
-            return added.empty() ? before.selected : Items{lastPasted(*added.front())};
-        default:
-            return shown(before.selected);
-        }
-    }
-    // Each item is pasted into the one before if that is an expanded folder, else after it.
-    Bookmark* lastPasted(Bookmark& first) {
-        Bookmark* last = &first;
-        for (std::size_t i = 1; i < copied_ && last; ++i)
-            last = last->isFolder() && last->showHier() ? last->getChild() : last->nextBookmark();
-        return last;
     }
 
     void doSomething() {
         selectSomeRows();
-        const State before = state();
+        changesBefore_ = document.changeCount();
+        ReferenceWindow wanted = stateOfWindow();
+        if (below(4) == 0)
+            return dragSomewhere(wanted);
         if (below(40) == 0) {
-            below(2) == 0 ? controller->expanding().expandAll() : controller->expanding().collapseAll();
-            return check(Kind::Expands, before);
+            const bool expands = below(2) == 0;
+            wanted.expandAll(expands);
+            expands ? controller->expanding().expandAll() : controller->expanding().collapseAll();
+            return check(wanted);
         }
         if (below(10) == 0) {
-            controller->editing().labelBookmark(static_cast<std::uint8_t>(below(8)));
-            return check(Kind::Labels, before);
+            const auto label = static_cast<std::uint8_t>(below(8));
+            wanted.label(label);
+            controller->editing().labelBookmark(label);
+            return check(wanted);
         }
-        if (below(4) == 0)
-            return dragSomewhere(before);
         const std::size_t number = below(kCommands.size());
-        const Command command = kCommands.at(number);
         SCOPED_TRACE("command " + std::to_string(number));
-        command.run(*controller);
-        check(command.kind, before);
-        if (command.kind == Kind::Copies || command.kind == Kind::Cuts)
-            didCopy(before.selected.size());
-    }
-
-    // After a copy of no items, nodes that were copied before cannot be pasted any more.
-    void didCopy(std::size_t count) {
-        copied_ = count;
-        if (count == 0)
+        kCommands.at(number).define(wanted);
+        kCommands.at(number).run(*controller);
+        check(wanted);
+        copied_ = wanted.copied;
+        // After a copy of no items, nodes that were copied before cannot be pasted any more.
+        if (copied_.empty())
             pasteboard.setContent({});
     }
 
-    void check(Kind kind, const State& before) {
-        check(wantedChanges(kind, before), wantedSelection(kind, before), before);
-    }
-    void check(std::size_t changes, const Items& selection, const State& before) {
-        EXPECT_EQ(document.changeCount() - before.changes, static_cast<long>(changes));
+    void check(ReferenceWindow& wanted) {
+        ASSERT_NO_FATAL_FAILURE(wanted.tree.expectTree(master()));
+        EXPECT_EQ(document.changeCount() - changesBefore_, static_cast<long>(wanted.changes));
+        Items selection;
+        for (const std::size_t place : wanted.tree.selected())
+            selection.insert(wanted.tree.at(place).node.get());
         EXPECT_EQ(outline().selected, selection);
     }
 
     // Drags onto a row, between two rows, or onto the area without rows, as a move or as a copy.
-    void dragSomewhere(const State& before) {
+    void dragSomewhere(ReferenceWindow& wanted) {
+        SCOPED_TRACE("drag");
         const std::vector<PasteboardItem> items = controller->dragging().beginDraggingSession();
         const DragInfo drag{.source = below(6) == 0 ? nullptr : &controller->outline(),
                             .copies = below(4) == 0,
                             .items = items};
-        Bookmark* item =
-            before.rows.empty() || below(8) == 0 ? nullptr : before.rows[below(before.rows.size())];
-        const Bookmark& target = item ? *item : master();
+        const std::vector<std::size_t> rows = wanted.tree.rows();
+        const std::size_t target = rows.empty() || below(8) == 0 ? 0 : rows[below(rows.size())];
+        Bookmark* item = target == 0 ? nullptr : wanted.tree.at(target).node.get();
         std::optional<std::size_t> index;
         if (below(2) == 0)
-            index = below(target.hasChildren() ? target.getChildren()->size() + 1 : 1);
-        const bool accepted = accepts(drag, target, index, before);
+            index = below(wanted.tree.childrenOf(target).size() + 1);
+        defineDrop(drag, target, index, wanted);
         if (controller->dragging().validateDrop(drag, item, index) != DragOperation::None)
             controller->dragging().acceptDrop(drag, item, index);
         controller->dragging().draggingSessionEnded(DragOperation::Move);
-        SCOPED_TRACE("drag");
-        check(accepted ? items.size() : 0, accepted ? selectionAfterDrop(drag, before) : before.selected,
-              before);
+        check(wanted);
     }
-    bool accepts(const DragInfo& drag, const Bookmark& target, std::optional<std::size_t> index,
-                 const State& before) {
-        if (!target.isFolder() && !index)
-            return false;
-        for (const Bookmark* node = &target; drag.source && node != &master(); node = node->getParent())
-            if (node->isFolder() && before.selected.contains(const_cast<Bookmark*>(node)))
-                return false;
-        return true;
-    }
-    Items selectionAfterDrop(const DragInfo& drag, const State& before) {
-        Items dropped = before.selected;
+    static void defineDrop(const DragInfo& drag, std::size_t target, std::optional<std::size_t> index,
+                           ReferenceWindow& wanted) {
+        const ReferenceOutline& tree = wanted.tree;
+        const bool isFolder = tree.at(target).isFolder;
+        if ((!isFolder && !index) || (drag.source && isDragged(target, tree)))
+            return;
+        ReferenceChild place{.folder = target, .index = index.value_or(0)};
+        if (!isFolder)
+            place = tree.placeAfter(target);
+        else if (!index && target == 0)
+            place.index = tree.childrenOf(target).size();
+        const ReferenceOutline before = tree;
         const bool copies = drag.copies || !drag.source;
-        if (copies) {
-            dropped.clear();
-            for (Bookmark* node : newNodes(before))
-                if (node->getParent() == &master() || before.nodes.contains(node->getParent()))
-                    dropped.insert(node);
-            EXPECT_EQ(dropped.size(), drag.items.size());
-        }
-        const Items rows = shown(dropped);
-        const bool keepsTheOld =
-            rows.empty() && copies && drag.items.size() <= Outline::ManyRows::kRowsHandledSingly;
-        return keepsTheOld ? before.selected : rows;
+        wanted.drop(place, copies);
+        // Where no copy has a row, a few rows stay selected, because no row is inserted or removed.
+        if (copies && tree.selected().empty() && drag.items.size() <= Outline::ManyRows::kRowsHandledSingly)
+            for (const std::size_t selected : before.selected())
+                wanted.tree.select(tree.find(before.at(selected).node.get()));
+    }
+    // Returns whether the node is a dragged folder or in one.
+    static bool isDragged(std::size_t place, const ReferenceOutline& tree) {
+        for (; place != 0; place = tree.parentOf(place))
+            if (tree.at(place).isFolder && tree.at(place).isSelected)
+                return true;
+        return false;
     }
 
     void checkTree() {
@@ -313,7 +236,8 @@ protected:
         random_.seed(seed);
         document.setMaster(makeFolder("Master"));
         plant(nodes);
-        didCopy(0);
+        copied_.clear();
+        pasteboard.setContent({});
         // Copies of copies would grow without limit.
         for (int step = 0; step < steps && !HasFailure() && nodesOfTree(master()).size() < nodes + 2000;
              ++step) {
@@ -327,7 +251,8 @@ protected:
     }
 
     std::mt19937 random_;
-    std::size_t copied_ = 0; // the items on the pasteboard
+    std::vector<ReferenceOutline::Nodes> copied_; // the subtrees on the pasteboard
+    long changesBefore_ = 0;                      // the change count before the command
     bool remembersDesktop_ = true;
 };
 
