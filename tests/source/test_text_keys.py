@@ -33,6 +33,27 @@ class TextKeysTest(unittest.TestCase):
         self.assertEqual(len(self.faults_in(SAVE, GONE)), 2)
         self.assertEqual(len(self.faults_in(SAVE, LINKS, "// ", GONE)), 1)
 
+    def test_a_literal_elsewhere_is_no_use(self):
+        for line in ('log("Gone");', 'const std::string kind = "Gone";', 'if (name == "Gone")\n    return;', 'return "Gone";',
+                     'texts.format("Save", "Gone");', 'fmt::format("Gone", 1);', 'const Row row{.name = "Gone"};',
+                     'constexpr std::string_view kGone = "Gone";\nlog(kGone);', '// texts.text("Gone");\n',
+                     'const auto gone = {std::pair("Gone", 1)};', 'std::string nameOf(int n) {\n    return "Gone";\n}\n'):
+            self.assertEqual(self.faults_in(SAVE, LINKS, line), ['base/EnglishTexts.cpp: nothing uses the text of "Gone"'], line)
+
+    def test_keys_in_constants_are_used_where_the_constant_is(self):
+        for line in ('constexpr std::string_view kGone = "Gone";\ntexts.text(kGone);',
+                     'constexpr const char* kMeanings[] = {"Gone", "Save"};\ntexts.text(kMeanings[status]);',
+                     'constexpr std::string_view kGone = "Gone";\nRow row{.titleKey = kGone, .action = "a:"};'):
+            self.assertEqual(self.faults_in(SAVE, LINKS, line), [], line)
+
+    def test_keys_that_a_variable_passes_on_are_found(self):
+        for line in ('for (const auto& [key, count] :\n {std::pair("Gone", a.b(1)), std::pair("Save", 2)})\n    texts.text(key);',
+                     'for (const auto& [flag, key] : {std::pair(kFlag, "Gone")})\n    texts.text(key);',
+                     'std::string_view keyOf(Kind kind) {\n    return kind == A ? "Gone" : "Save";\n}\n',
+                     'texts.format(i + 1 == count ? "Gone" : "Save", name);',
+                     'Row row{.text = "Gone"};\nRow other{.text = "fixed"};\ntexts.text(row.text);'):
+            self.assertEqual(self.faults_in(SAVE, LINKS, line), [], line)
+
     def test_a_key_without_a_text_is_found(self):
         for line in ('texts.text("Sav");', 'texts.format("Sav", name);', 'fileErrorAlert(platform, "Sav", path);',
                      'x = texts.text(isNew ? "Save" : "Sav");', 'const auto key = isNew ? "Save" : "Sav";'):

@@ -6,8 +6,13 @@ A key is a string literal at one of these places:
 - in an argument whose parameter is called key or somethingKey, of any function, lambda or struct of the sources,
 - in a member initializer .somethingKey = "…",
 - in the initializer of a variable that is called key or k…Keys,
-- in a row of to_array<Struct>({…}) at the place of a member that is called somethingKey.
-Keys that are put together from a key and a suffix are found by the literals of `key + …`.
+- in a row of to_array<Struct>({…}) at the place of a member that is called somethingKey,
+- in a pair of `for (const auto& [x, key] : {std::pair(x, "…"), …})` at the place of the name key or somethingKey,
+- in a return statement of a function that is called keyOf,
+- in the initializer of a constant or of an array that is named at one of the places of arguments and members.
+A literal beside a + is a part of a key. Keys that are put together from a key and a suffix are found by the literals of
+`key + …`. A member that is a key in some rows only, such as `.text` in `texts.text(row.text)`, is no place of keys, but its
+literals count as uses of their texts. No other literal is a use.
 """
 
 import re
@@ -17,7 +22,12 @@ _LITERAL = r'"((?:[^"\\\n]|\\.)*)"'
 _TOKENS = re.compile(r"//[^\n]*|/\*.*?\*/|'(?:[^'\\\n]|\\.)+'|\"(?:[^\"\\\n]|\\.)*\"", re.DOTALL)
 _KEY_PARAMETER = re.compile(r"(?:std::string_view|const std::string&|std::string|const char\*)\s+(?:key|\w+Key)\b")
 _FUNCTION = re.compile(r"(?:\b(\w+)\s*=\s*\[[^\]]*\]|\b(\w+))\s*\(((?:[^()]|\([^()]*\))*)\)")
-_MEMBER = re.compile(r"\.\w+Key\s*=\s*" + _LITERAL)
+_MEMBER = re.compile(r"\.\w+Key\s*=\s*([^,;{}]*)")
+_CONSTANT = re.compile(r"\bconstexpr (?:auto|std::string_view|const char\*) (k\w+)(?:\[\])?\s*=([^;]*);")
+_ONE_OR_LIST = re.compile(r"\s*(?:L|\{\s*L(?:\s*,\s*L)*\s*,?\s*\})\s*")
+_BINDING = re.compile(r"\bfor \(const auto& \[([^\]]*)\] :\s*(?=\{)")
+_KEY_FUNCTION = re.compile(r"\bkeyOf\([^()]*\)\s*(?=\{)")
+_PART = re.compile(r"\+\s*(?:" + _LITERAL + r"|\([^()]*\))|" + _LITERAL + r"\s*\+")
 _VARIABLE = re.compile(r"\b(?:key|k\w*Keys)(?:\[\])?\s*=([^;]*);")
 _STRUCT = re.compile(r"\bstruct (\w+) \{(.*?)\n\s*\};", re.DOTALL)
 _SUFFIX = re.compile(r"\bkey\)? \+ ([^;,]*)")
@@ -69,6 +79,19 @@ def _literals(expression):
     return re.findall(_LITERAL, expression)
 
 
+def _keys_in(expression, constants):
+    """Returns the keys that an expression can have as its value, from the literals of constants: name -> literals."""
+    whole = _PART.sub(" ", expression)
+    names = re.findall(r"\bk[A-Z]\w*", re.sub(_LITERAL, " ", whole))
+    return _literals(whole) + [key for name in names for key in constants.get(name, ())]
+
+
+def _constants(source):
+    """Returns constant or array of literals -> its literals."""
+    return {name: _literals(initializer) for name, initializer in _CONSTANT.findall(source)
+            if _ONE_OR_LIST.fullmatch(re.sub(_LITERAL, "L", initializer))}
+
+
 def _key_parameters(source):
     """Returns function -> places of its parameters that are keys."""
     places = {}
@@ -91,13 +114,28 @@ def _key_members(source):
     return places
 
 
-def _keys_of_calls(source, functions, before=r"(?<!fmt::)(?<!list\.)\b"):
+def _arguments(source, functions, before=r"(?<!fmt::)(?<!list\.)\b"):
+    """Yields the arguments that are keys, of all calls."""
     for match in re.finditer(before + r"(\w+)\s*\(", source):
         if match.group(1) in functions:
             parts = _split(_balanced(source, match.end() - 1))
-            for place in functions[match.group(1)]:
-                if place < len(parts) and "+" not in re.sub(_LITERAL, "", parts[place]):
-                    yield from _literals(parts[place])
+            yield from (parts[place] for place in functions[match.group(1)] if place < len(parts))
+
+
+def _keys_of_bindings(source):
+    for match in _BINDING.finditer(source):
+        names = [name.strip() for name in match.group(1).split(",")]
+        for element in _split(_balanced(source, match.end())):
+            parts = _split(_balanced(element, element.find("("))) if "(" in element else []
+            for name, part in zip(names, parts):
+                if re.fullmatch(r"key|\w+Key", name):
+                    yield from _literals(part)
+
+
+def _keys_of_functions(source):
+    for match in _KEY_FUNCTION.finditer(source):
+        for returned in re.findall(r"\breturn ([^;]*);", _balanced(source, match.end())):
+            yield from _literals(returned)
 
 
 def _keys_of_rows(source, structs):
@@ -110,29 +148,53 @@ def _keys_of_rows(source, structs):
                     yield from _literals(parts[place])
 
 
+class _Tree:
+    """The places of keys in the sources, a mapping of path -> text."""
+
+    def __init__(self, sources):
+        self.plain = {path: _without_comments(text) for path, text in sources.items()}
+        self.functions, self.structs, self.constants = {}, {}, {}
+        for path, text in self.plain.items():
+            if path.endswith(".h"):
+                self.structs.update(_key_members(text))
+                self.constants.update(_constants(text))
+                for function, places in _key_parameters(text).items():
+                    self.functions.setdefault(function, set()).update(places)
+
+    def arguments(self, path, text):
+        """Returns the arguments that are keys, in one source."""
+        if path.startswith(_WITHOUT_TEXTS):
+            return list(_arguments(text, _CALLS, before=r"\btexts\."))
+        return list(_arguments(text, {**self.functions, **_key_parameters(text), **_CALLS}))
+
+    def keys(self, path, text):
+        """Returns the keys in one source."""
+        constants = {**self.constants, **_constants(text)}
+        found = [key for argument in self.arguments(path, text) for key in _keys_in(argument, constants)]
+        if path.startswith(_WITHOUT_TEXTS):
+            return found
+        found += _keys_of_rows(text, {**self.structs, **_key_members(text)})
+        found += [key for value in _MEMBER.findall(text) for key in _keys_in(value, constants)]
+        found += [key for initializer in _VARIABLE.findall(text) for key in _literals(initializer)]
+        return found + list(_keys_of_bindings(text)) + list(_keys_of_functions(text))
+
+
 def used(sources):
     """Returns the keys that the sources use, from a mapping of path -> text: key -> path."""
-    plain = {path: _without_comments(text) for path, text in sources.items()}
-    shared, structs = {}, {}
-    for path, text in plain.items():
-        if path.endswith(".h"):
-            structs.update(_key_members(text))
-            for function, places in _key_parameters(text).items():
-                shared.setdefault(function, set()).update(places)
-    keys = {}
-    for path, text in plain.items():
-        if path.startswith(_WITHOUT_TEXTS):
-            for key in _keys_of_calls(text, _CALLS, before=r"\btexts\."):
-                keys.setdefault(key, path)
-            continue
-        functions = {**shared, **_key_parameters(text), **_CALLS}
-        found = list(_keys_of_calls(text, functions)) + list(_keys_of_rows(text, {**structs, **_key_members(text)}))
-        found += _MEMBER.findall(text)
-        for initializer in _VARIABLE.findall(text):
-            found += _literals(initializer)
-        for key in found:
+    tree, keys = _Tree(sources), {}
+    for path, text in tree.plain.items():
+        for key in tree.keys(path, text):
             keys.setdefault(key, path)
     return keys
+
+
+def _sometimes_used(sources):
+    """Returns the literals of members that are passed as keys somewhere, but are no keys in other rows."""
+    tree = _Tree(sources)
+    members = {name for path, text in tree.plain.items() for argument in tree.arguments(path, text)
+               for name in re.findall(r"\.(\w+)\s*$", argument)}
+    return {key for text in tree.plain.values() for name in members
+            for key in re.findall(r"\." + name + r"\s*=\s*" + _LITERAL, text)}
 
 
 def _suffixes(sources):
@@ -141,13 +203,13 @@ def _suffixes(sources):
 
 def faults(table, sources):
     """Yields a sentence for each difference between the table of texts and the sources."""
-    known = texts(table)
-    for key, path in sorted(used(sources).items()):
+    known, keys = texts(table), used(sources)
+    for key, path in sorted(keys.items()):
         if key and key not in known:
             yield f"{path}: there is no text for the key \"{key}\""
-    literals = {literal for text in sources.values() for literal in _literals(_without_comments(text))}
+    uses = set(keys) | _sometimes_used(sources)
     suffixes = _suffixes(sources)
     for key in sorted(known):
         stems = {key.removesuffix(suffix) for suffix in suffixes if key.endswith(suffix)}
-        if key not in literals and not stems & literals:
+        if key not in uses and not stems & uses:
             yield f"base/EnglishTexts.cpp: nothing uses the text of \"{key}\""
