@@ -1,4 +1,5 @@
 // Automatic saving, and the documents that are restored after a crash.
+#include "base/Settings.h"
 #include "tests/app/AppFixture.h"
 
 namespace tabulon {
@@ -89,7 +90,7 @@ TEST_F(AutosaveTest, ClockThatIsSetDuringASavePutsTheNextOffByAMinuteAtMost) {
 }
 
 TEST_F(AutosaveTest, SavingByItselfMakesBackupsLikeAnySave) {
-    folders.kept["BackupFolderBookmark"] = "/backups";
+    folders.store(settings::kBackupFolderBookmark.key, "/backups");
     change(openDocument());
     timers.advance(kPause);
     EXPECT_EQ(nameIn("/backups/Links-2025-11-16.tbln"), "first");

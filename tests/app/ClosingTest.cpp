@@ -1,4 +1,5 @@
 // Closing documents and quitting: the questions, and the effect of each answer.
+#include "base/Settings.h"
 #include "tests/app/AppFixture.h"
 
 namespace tabulon {
@@ -76,7 +77,7 @@ TEST_F(ClosingTest, FailedSaveKeepsTheWindowOpen) {
 }
 
 TEST_F(ClosingTest, TitledDocumentIsSavedToItsFileWithoutAQuestion) {
-    base.defaults.setBoolForKey("MakeBackups", false);
+    setValue(base.defaults, settings::kMakeBackups, false);
     files.files["/home/a.tbln"] = documentBytes("a");
     std::vector<std::string> written;
     files.willWrite = [&](const std::string& path) {

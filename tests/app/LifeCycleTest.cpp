@@ -1,4 +1,5 @@
 // The effects of a save other than writing the document, files that another program changes, and reverting.
+#include "base/Settings.h"
 #include "tests/app/AppFixture.h"
 
 namespace tabulon {
@@ -24,9 +25,9 @@ protected:
 };
 
 TEST_F(LifeCycleTest, SideTasksOfASaveComeInTheirOrderBeforeTheDocument) {
-    base.defaults.setBoolForKey("SaveAsHTML", true);
-    folders.kept["BackupFolderBookmark"] = "/backups";
-    folders.kept["ExportHTMLBookmark"] = "/web/links.html";
+    setValue(base.defaults, settings::kSaveAsHTML, true);
+    folders.store(settings::kBackupFolderBookmark.key, "/backups");
+    folders.store(settings::kExportHTMLBookmark.key, "/web/links.html");
     Document& document = openDocument();
     windowOf(document).place = "1 2 3 4";
     std::vector<std::string> steps;
@@ -42,7 +43,7 @@ TEST_F(LifeCycleTest, SideTasksOfASaveComeInTheirOrderBeforeTheDocument) {
 }
 
 TEST_F(LifeCycleTest, BackupOfANameWithoutExtensionEndsWithThePoint) {
-    folders.kept["BackupFolderBookmark"] = "/backups";
+    folders.store(settings::kBackupFolderBookmark.key, "/backups");
     change(openDocument("/home/old.links/Links"), "second");
     perform("saveDocument:");
     EXPECT_EQ(nameIn("/backups/Links-2025-11-16."), "first");
@@ -67,7 +68,7 @@ TEST_F(LifeCycleTest, ClassicFileIsSavedInTheCurrentFormatAndBackedUpAsItWas) {
 TEST_F(LifeCycleTest, BackupHoldsTheVersionBeforeTheSaveUnderTheLocalDate) {
     base.clock.set(secondsAt(1794787200)); // 2026-11-16 00:00 UTC
     base.clock.zone = "America/New_York";
-    folders.kept["BackupFolderBookmark"] = "/backups";
+    folders.store(settings::kBackupFolderBookmark.key, "/backups");
     Document& document = openDocument();
     change(document, "second");
     perform("saveDocument:");
@@ -91,7 +92,7 @@ TEST_F(LifeCycleTest, FirstSaveMakesNoBackup) {
 }
 
 TEST_F(LifeCycleTest, BackupGoesToTheDocumentsFolderWhenItsOwnIsGone) {
-    folders.kept["BackupFolderBookmark"] = "/backups";
+    folders.store(settings::kBackupFolderBookmark.key, "/backups");
     folders.gone.insert("/backups");
     change(openDocument(), "second");
     perform("saveDocument:");
@@ -107,7 +108,7 @@ TEST_F(LifeCycleTest, WithoutAnyFolderThereIsNoBackup) {
 }
 
 TEST_F(LifeCycleTest, MakeBackupsOffMakesNone) {
-    base.defaults.setBoolForKey("MakeBackups", false);
+    setValue(base.defaults, settings::kMakeBackups, false);
     change(openDocument(), "second");
     perform("saveDocument:");
     EXPECT_EQ(filesOfTheUser(), 1u);
@@ -124,8 +125,8 @@ TEST_F(LifeCycleTest, FailedBackupNeverMakesTheSaveFail) {
 }
 
 TEST_F(LifeCycleTest, HTMLCopyIsWrittenToTheChosenFile) {
-    base.defaults.setBoolForKey("SaveAsHTML", true);
-    folders.kept["ExportHTMLBookmark"] = "/web/links.html";
+    setValue(base.defaults, settings::kSaveAsHTML, true);
+    folders.store(settings::kExportHTMLBookmark.key, "/web/links.html");
     Document& document = openDocument();
     document.getMaster().getChild()->setItemURL("https://a.example/");
     change(document, "second");
@@ -134,8 +135,8 @@ TEST_F(LifeCycleTest, HTMLCopyIsWrittenToTheChosenFile) {
 }
 
 TEST_F(LifeCycleTest, FailedHTMLCopyNeverMakesTheSaveFail) {
-    base.defaults.setBoolForKey("SaveAsHTML", true);
-    folders.kept["ExportHTMLBookmark"] = "/web/links.html";
+    setValue(base.defaults, settings::kSaveAsHTML, true);
+    folders.store(settings::kExportHTMLBookmark.key, "/web/links.html");
     files.unwritable = "/web";
     Document& document = openDocument();
     change(document, "second");
@@ -146,8 +147,8 @@ TEST_F(LifeCycleTest, FailedHTMLCopyNeverMakesTheSaveFail) {
 }
 
 TEST_F(LifeCycleTest, HTMLCopyThatIsGoneIsNotMadeAnew) {
-    base.defaults.setBoolForKey("SaveAsHTML", true);
-    folders.kept["ExportHTMLBookmark"] = "/web/links.html";
+    setValue(base.defaults, settings::kSaveAsHTML, true);
+    folders.store(settings::kExportHTMLBookmark.key, "/web/links.html");
     folders.gone.insert("/web/links.html");
     change(openDocument(), "second");
     perform("saveDocument:");
@@ -156,8 +157,8 @@ TEST_F(LifeCycleTest, HTMLCopyThatIsGoneIsNotMadeAnew) {
 }
 
 TEST_F(LifeCycleTest, SaveAsHTMLWithoutAChosenFileWritesOnlyTheDocument) {
-    base.defaults.setBoolForKey("SaveAsHTML", true);
-    base.defaults.setBoolForKey("MakeBackups", false);
+    setValue(base.defaults, settings::kSaveAsHTML, true);
+    setValue(base.defaults, settings::kMakeBackups, false);
     change(openDocument(), "second");
     perform("saveDocument:");
     EXPECT_EQ(filesOfTheUser(), 1u);
@@ -330,7 +331,7 @@ TEST_F(LifeCycleTest, RemovedFileIsSavedAgainOnlyWhenAsked) {
 }
 
 TEST_F(LifeCycleTest, RevertAsksReadsAgainHidesMarksAndLeavesTheDocumentClean) {
-    base.defaults.setBoolForKey("ShowMarks", true);
+    setValue(base.defaults, settings::kShowMarks, true);
     const Document& other = openDocument("/home/Other.tbln");
     Document& document = openDocument();
     EXPECT_FALSE(enabled("revertDocumentToSaved:"));
@@ -343,7 +344,7 @@ TEST_F(LifeCycleTest, RevertAsksReadsAgainHidesMarksAndLeavesTheDocumentClean) {
     perform("revertDocumentToSaved:");
     EXPECT_FALSE(document.isDocumentEdited());
     EXPECT_EQ(document.getMaster().getChild()->itemName(), Text("first"));
-    EXPECT_FALSE(base.defaults.boolForKey("ShowMarks"));
+    EXPECT_FALSE(valueOf(base.defaults, settings::kShowMarks));
     EXPECT_EQ(windowOf(other).outlineView.reloaded.size(), 1u) << "marks are hidden in every window";
     EXPECT_TRUE(windowOf(document).outlineView.rowsAreRight());
 }

@@ -1,4 +1,5 @@
 // Starting, opening files of every kind, importing bookmark files.
+#include "base/Settings.h"
 #include "tests/app/AppFixture.h"
 
 #include <algorithm>
@@ -19,7 +20,7 @@ TEST_F(OpeningTest, StartWithoutFilesOpensAnUntitledDocument) {
 }
 
 TEST_F(OpeningTest, OpenUntitledSetToNoShowsTheOpenPanelAndCancellingEnds) {
-    base.defaults.setBoolForKey("OpenUntitled", false);
+    setValue(base.defaults, settings::kOpenUntitled, false);
     app.applicationDidFinishLaunching({});
     EXPECT_TRUE(documents().documents().empty());
     EXPECT_EQ(panels.openPanels.size(), 1u);

@@ -1,4 +1,5 @@
 // Requests from outside, by later starts and the desktop, and the order in which they are performed.
+#include "base/Settings.h"
 #include "tests/app/AppFixture.h"
 
 namespace tabulon {
@@ -64,7 +65,7 @@ TEST_F(RequestsTest, aFloodBecomesOneAlertWithAList) {
 }
 
 TEST_F(RequestsTest, anUntitledDocumentComesOnlyWhenNothingOfTheFirstRequestCouldBeOpened) {
-    base.defaults.setBoolForKey("OpenUntitled", false);
+    setValue(base.defaults, settings::kOpenUntitled, false);
     perform({.kind = Kind::Open, .uris = {"file:///home/missing", "file:///home/a.tbln"}});
     EXPECT_TRUE(panels.openPanels.empty());
     EXPECT_EQ(alerts.shown.size(), 1u);
@@ -147,7 +148,7 @@ TEST_F(RequestsTest, theEndOfTheSessionWhileAnAlertIsUpOpensNothingMore) {
 }
 
 TEST_F(RequestsTest, aNewDocumentAsFirstRequestIsOneDocument) {
-    base.defaults.setBoolForKey("OpenUntitled", false);
+    setValue(base.defaults, settings::kOpenUntitled, false);
     perform({.kind = Kind::NewDocument});
     EXPECT_TRUE(onlyDocument());
     EXPECT_TRUE(panels.openPanels.empty());
@@ -184,7 +185,7 @@ TEST_F(RequestsTest, aFileThatCannotBeOpenedLeavesTheOthers) {
 }
 
 TEST_F(RequestsTest, theOpenPanelOfAStartIsNotShownTwice) {
-    base.defaults.setBoolForKey("OpenUntitled", false);
+    setValue(base.defaults, settings::kOpenUntitled, false);
     panels.keepOpen = true;
     perform({});
     perform({});

@@ -1,4 +1,5 @@
 // Revert to Saved: the contents that it restores, and operations while its question is shown.
+#include "base/Settings.h"
 #include "tests/app/AppFixture.h"
 
 #include <algorithm>
@@ -132,12 +133,12 @@ TEST_F(RevertingTest, aSaveOfTheProgramLeavesTheWayBack) {
     changeAndWait("third");
     EXPECT_FALSE(document->isDocumentEdited());
     ASSERT_TRUE(canRevert());
-    base.defaults.setBoolForKey("ShowMarks", true);
+    setValue(base.defaults, settings::kShowMarks, true);
     revert();
     EXPECT_EQ(shownName(), "first");
     EXPECT_EQ(files.files[kPath], opened) << "the file, too, to the byte";
     EXPECT_FALSE(document->isDocumentEdited());
-    EXPECT_FALSE(base.defaults.boolForKey("ShowMarks"));
+    EXPECT_FALSE(valueOf(base.defaults, settings::kShowMarks));
     EXPECT_TRUE(windowOf(*document).outlineView.rowsAreRight());
     EXPECT_FALSE(canRevert());
     EXPECT_EQ(copies(), 0u);

@@ -1,4 +1,5 @@
 // Saving, saving under another name, the HTML copy, and the state after a write to a full disk.
+#include "base/Settings.h"
 #include "tests/app/AppFixture.h"
 
 namespace tabulon {
@@ -93,7 +94,7 @@ TEST_F(SavingTest, SaveAsOntoAFileOpenInAnotherWindowIsRefused) {
 
 TEST_F(SavingTest, ExportWritesHTMLAndLaterSavesWriteTheCopyAskedForThere) {
     Document& document = openDocument();
-    base.defaults.setBoolForKey("SaveAsHTML", true);
+    setValue(base.defaults, settings::kSaveAsHTML, true);
     panels.nameFile("/home/out.html");
     EXPECT_TRUE(perform("exportText:"));
     const std::string exported = files.files["/home/out.html"];

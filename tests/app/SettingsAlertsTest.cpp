@@ -1,6 +1,7 @@
 // The alerts about problems with the settings file.
 #include "app/SettingsAlerts.h"
 
+#include "base/Settings.h"
 #include "tests/app/AppFixture.h"
 
 namespace tabulon {
@@ -45,9 +46,9 @@ TEST_F(SettingsAlertsTest, theLogHasPathsOfAnyBytesAsText) {
 }
 
 TEST_F(SettingsAlertsTest, launchingSetsTheToolTipDelay) {
-    EXPECT_EQ(base.defaults.stringForKey("NSInitialToolTipDelay"), std::nullopt);
+    EXPECT_EQ(base.defaults.stringForKey(settings::kToolTipDelay.key), std::nullopt);
     app.applicationDidFinishLaunching({});
-    EXPECT_EQ(base.defaults.integerForKey("NSInitialToolTipDelay"), 10);
+    EXPECT_EQ(valueOf(base.defaults, settings::kToolTipDelay), 10);
 }
 
 } // namespace

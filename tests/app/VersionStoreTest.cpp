@@ -4,6 +4,7 @@
 
 #include "app/Compression.h"
 #include "app/VersionNames.h"
+#include "base/Settings.h"
 #include "platform/fake/FakePlatform.h"
 
 #include <gmock/gmock.h>
@@ -207,7 +208,7 @@ TEST_F(VersionStoreTest, aCopyOverACopyKeepsBothOrigins) {
 }
 
 TEST_F(VersionStoreTest, theSizeOfTheStoreStaysBelowItsLimit) {
-    base.defaults.setIntegerForKey("VersionsLimit", 1);
+    setValue(base.defaults, settings::kVersionsLimit, 1);
     std::string content(400'000, ' ');
     unsigned noise = 1;
     for (int save = 0; save < 8; ++save) {
@@ -226,7 +227,7 @@ TEST_F(VersionStoreTest, theSizeOfTheStoreStaysBelowItsLimit) {
 }
 
 TEST_F(VersionStoreTest, aFileBeyondTheLimitIsNotReadAndFailsWithItsName) {
-    base.defaults.setIntegerForKey("VersionsLimit", 1);
+    setValue(base.defaults, settings::kVersionsLimit, 1);
     files.files[kStoredPath] = std::string(1'000'001, 'x');
     const Result<void> kept = store.keepFile(kStoredPath);
     ASSERT_FALSE(kept);
@@ -235,7 +236,7 @@ TEST_F(VersionStoreTest, aFileBeyondTheLimitIsNotReadAndFailsWithItsName) {
 }
 
 TEST_F(VersionStoreTest, aLimitOfZeroKeepsNothing) {
-    base.defaults.setIntegerForKey("VersionsLimit", 0);
+    setValue(base.defaults, settings::kVersionsLimit, 0);
     files.files[kStoredPath] = "1";
     replace(kStoredPath, "2");
     EXPECT_EQ(files.files.size(), 1u);

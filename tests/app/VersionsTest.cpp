@@ -1,5 +1,6 @@
 // The versions that the application stores at each save, and the panel that restores them.
 #include "app/VersionsController.h"
+#include "base/Settings.h"
 #include "model/ArchiveReader.h"
 #include "tests/app/AppFixture.h"
 
@@ -96,7 +97,7 @@ TEST_F(VersionsTest, saveAsOverAnotherDocumentKeepsWhatWasThere) {
 }
 
 TEST_F(VersionsTest, aFileInTheWayOfTheBackupIsKeptBeforeTheBackupReplacesIt) {
-    folders.kept["BackupFolderBookmark"] = "/backups";
+    folders.store(settings::kBackupFolderBookmark.key, "/backups");
     const std::string backup = "/backups/Links-2025-11-16.tbln";
     files.files[backup] = "not a backup of this document";
     saveAs("second");
@@ -109,7 +110,7 @@ TEST_F(VersionsTest, aFileInTheWayOfTheBackupIsKeptBeforeTheBackupReplacesIt) {
 }
 
 TEST_F(VersionsTest, aFileInTheWayThatCannotBeKeptIsNotReplacedByABackup) {
-    folders.kept["BackupFolderBookmark"] = "/backups";
+    folders.store(settings::kBackupFolderBookmark.key, "/backups");
     files.files["/backups/Links-2025-11-16.tbln"] = "somebody's";
     files.unwritable = folders.state;
     saveAs("second");
@@ -118,8 +119,8 @@ TEST_F(VersionsTest, aFileInTheWayThatCannotBeKeptIsNotReplacedByABackup) {
 }
 
 TEST_F(VersionsTest, whereNoVersionsAreKeptABackupReplacesOnlyBackupsOfTheDocument) {
-    folders.kept["BackupFolderBookmark"] = "/backups";
-    base.defaults.setIntegerForKey("VersionsLimit", 0);
+    folders.store(settings::kBackupFolderBookmark.key, "/backups");
+    setValue(base.defaults, settings::kVersionsLimit, 0);
     const std::string backup = "/backups/Links-2025-11-16.tbln";
     files.files[backup] = "somebody's";
     saveAs("second");
@@ -136,7 +137,7 @@ TEST_F(VersionsTest, whereNoVersionsAreKeptABackupReplacesOnlyBackupsOfTheDocume
 }
 
 TEST_F(VersionsTest, aSaveReadsWhereEachDocumentIsOnce) {
-    folders.kept["BackupFolderBookmark"] = "/backups";
+    folders.store(settings::kBackupFolderBookmark.key, "/backups");
     for (const char* path : {"/home/a.tbln", "/home/b.tbln"}) {
         files.files[path] = documentBytes("x");
         EXPECT_TRUE(documents().versions().keepFile(path));

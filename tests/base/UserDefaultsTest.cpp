@@ -11,14 +11,14 @@ namespace {
 
 TEST(UserDefaults, registeredValuesHoldUntilSet) {
     MemoryUserDefaults defaults;
-    EXPECT_TRUE(defaults.boolForKey("MakeBackups"));
-    EXPECT_FALSE(defaults.boolForKey("ExportSortName"));
-    EXPECT_EQ(defaults.doubleForKey("FontSize"), 11.0);
-    EXPECT_EQ(defaults.integerForKey("TagsIndex"), 1);
-    defaults.setBoolForKey("MakeBackups", false);
-    EXPECT_FALSE(defaults.boolForKey("MakeBackups"));
-    defaults.removeKey("MakeBackups");
-    EXPECT_TRUE(defaults.boolForKey("MakeBackups"));
+    EXPECT_TRUE(valueOf(defaults, settings::kMakeBackups));
+    EXPECT_FALSE(valueOf(defaults, settings::kExportSortName));
+    EXPECT_EQ(valueOf(defaults, settings::kFontSize), 11.0);
+    EXPECT_EQ(valueOf(defaults, settings::kTagsIndex), 1);
+    setValue(defaults, settings::kMakeBackups, false);
+    EXPECT_FALSE(valueOf(defaults, settings::kMakeBackups));
+    defaults.removeKey(settings::kMakeBackups.key);
+    EXPECT_TRUE(valueOf(defaults, settings::kMakeBackups));
 }
 
 TEST(UserDefaults, theWholeTableOfRegisteredValues) {
@@ -101,10 +101,10 @@ TEST(Settings, areReadAndSetByTheirConstants) {
     setValue(defaults, settings::kMakeBackups, false);
     setValue(defaults, settings::kVersionsLimit, 5);
     setValue(defaults, settings::kRowHeight, 20.5);
-    defaults.setStringForKey("FontName", "Sans");
-    EXPECT_EQ(defaults.stringForKey("MakeBackups"), "NO");
-    EXPECT_EQ(defaults.stringForKey("VersionsLimit"), "5");
-    EXPECT_EQ(defaults.stringForKey("RowHeight"), "20.5");
+    defaults.setStringForKey(settings::kFontName.key, "Sans");
+    EXPECT_EQ(defaults.stringForKey(settings::kMakeBackups.key), "NO");
+    EXPECT_EQ(defaults.stringForKey(settings::kVersionsLimit.key), "5");
+    EXPECT_EQ(defaults.stringForKey(settings::kRowHeight.key), "20.5");
     EXPECT_FALSE(valueOf(defaults, settings::kMakeBackups));
     EXPECT_EQ(valueOf(defaults, settings::kVersionsLimit), 5);
     EXPECT_EQ(valueOf(defaults, settings::kRowHeight), 20.5);
@@ -116,7 +116,7 @@ TEST(UserDefaults, keysWithoutAValueReadAsNoZeroAndAbsent) {
     EXPECT_FALSE(defaults.boolForKey("CommandShiftM"));
     EXPECT_EQ(defaults.integerForKey("PrefTabIndex"), 0);
     EXPECT_EQ(defaults.doubleForKey("Nothing"), 0);
-    EXPECT_EQ(defaults.stringForKey("FontName"), std::nullopt);
+    EXPECT_EQ(defaults.stringForKey(settings::kFontName.key), std::nullopt);
 }
 
 TEST(UserDefaults, textsConvertTheWayPeopleWriteThem) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/AppDelegate.h"
+#include "base/Settings.h"
 #include "model/ArchiveReader.h"
 #include "model/ArchiveWriter.h"
 #include "platform/fake/FakePlatform.h"
@@ -38,8 +39,8 @@ public:
     // `recovery` needs the state folder, and `app` needs both: `app` is the last member.
     explicit ProgramRun(const std::string& folder)
         : recovery((fakes.folders.state = folder + "/state") + "/unsaved") {
-        fakes.base.defaults.setBoolForKey("MakeBackups", true);
-        fakes.folders.kept["BackupFolderBookmark"] = folder + "/backups";
+        setValue(fakes.base.defaults, settings::kMakeBackups, true);
+        fakes.folders.store(settings::kBackupFolderBookmark.key, folder + "/backups");
     }
 
     /// Opens the file at `path` and returns its document. Fails the test if the file cannot be opened.

@@ -1,4 +1,5 @@
 // Tests the lists of import and export formats.
+#include "base/Settings.h"
 #include "formats/ExportFormats.h"
 #include "formats/ImportFormats.h"
 #include "platform/fake/FakeBaseServices.h"
@@ -52,14 +53,14 @@ TEST_F(Formats, registeredSettingsMakeTextOfAllColumnsFlatAndWithoutSeparators) 
 }
 
 TEST_F(Formats, textFollowsEachSetting) {
-    fakes.defaults.setBoolForKey("ExportName", false);
-    fakes.defaults.setBoolForKey("ExportTags", false);
-    fakes.defaults.setBoolForKey("ExportNote", false);
-    fakes.defaults.setBoolForKey("SkipFolders", false);
-    fakes.defaults.setBoolForKey("SkipSeparators", false);
+    setValue(fakes.defaults, settings::kExportName, false);
+    setValue(fakes.defaults, settings::kExportTags, false);
+    setValue(fakes.defaults, settings::kExportNote, false);
+    setValue(fakes.defaults, settings::kSkipFolders, false);
+    setValue(fakes.defaults, settings::kSkipSeparators, false);
     EXPECT_EQ(written("text"), "https://b/\t\n\t\n\t\nhttps://a/\t\n");
-    fakes.defaults.setBoolForKey("ExportURL", false);
-    fakes.defaults.setBoolForKey("ExportTags", true);
+    setValue(fakes.defaults, settings::kExportURL, false);
+    setValue(fakes.defaults, settings::kExportTags, true);
     EXPECT_EQ(written("text"), "tag\t\n\t\n\t\n\t\n");
 }
 
@@ -67,10 +68,10 @@ TEST_F(Formats, withoutNamesTextIsSortedByURLAndTheOthersByName) {
     master->removeLast();
     master->removeLast();
     addLink(*master, "c", "https://a/");
-    fakes.defaults.setBoolForKey("ExportSortName", true);
-    fakes.defaults.setBoolForKey("ExportName", false);
-    fakes.defaults.setBoolForKey("ExportTags", false);
-    fakes.defaults.setBoolForKey("ExportNote", false);
+    setValue(fakes.defaults, settings::kExportSortName, true);
+    setValue(fakes.defaults, settings::kExportName, false);
+    setValue(fakes.defaults, settings::kExportTags, false);
+    setValue(fakes.defaults, settings::kExportNote, false);
     EXPECT_EQ(written("text"), "https://a/\t\nhttps://b/\t\n");
     EXPECT_LT(written("html").find(">b<"), written("html").find(">c<"));
     EXPECT_LT(written("xbel").find(">b<"), written("xbel").find(">c<"));

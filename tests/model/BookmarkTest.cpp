@@ -1,6 +1,7 @@
 // Tests one node: construction, copies, comparison, codes.
 #include "model/Bookmark.h"
 
+#include "base/Settings.h"
 #include "model/Document.h"
 #include "platform/fake/FakeBaseServices.h"
 
@@ -266,7 +267,7 @@ TEST_F(BookmarkTest, handleFlagsSplitsItsByte) {
 }
 
 TEST_F(BookmarkTest, openedWithoutADocumentStampsAlone) {
-    fake.defaults.setBoolForKey("LastOpened", true);
+    setValue(fake.defaults, settings::kLastOpened, true);
     const Ref<Bookmark> node = link();
     node->opened(fake.services());
     EXPECT_EQ(node->itemLastOpened(), fake.now());
@@ -338,7 +339,7 @@ TEST_F(BookmarkTest, openedStampsAndRecordsAChangeOnlyWhenSwitchedOn) {
     node->opened(fake.services());
     EXPECT_TRUE(node->itemLastOpened().isNull());
     EXPECT_FALSE(document.isDocumentEdited());
-    fake.defaults.setBoolForKey("LastOpened", true);
+    setValue(fake.defaults, settings::kLastOpened, true);
     fake.clock.advance(5);
     node->opened(fake.services());
     EXPECT_EQ(node->itemLastOpened(), fake.now());

@@ -1,6 +1,7 @@
 // Tests the removal of links by status: which links are removed, where they are moved, and what remains.
 #include "model/StatusRemoval.h"
 
+#include "base/Settings.h"
 #include "model/Baskets.h"
 #include "platform/fake/FakeBaseServices.h"
 #include "tests/model/TreeText.h"
@@ -44,13 +45,13 @@ TEST_F(StatusRemovalTest, onlyTheNamedStatusesGo) {
 }
 
 TEST_F(StatusRemovalTest, theSettingsNameThem) {
-    fake.defaults.setBoolForKey("BrokenLinks", true);
+    setValue(fake.defaults, settings::kBrokenLinks, true);
     RemovalOptions options = removalOptions(fake.defaults);
     EXPECT_TRUE(options.duplicates && options.broken && options.move);
     EXPECT_FALSE(options.unknown);
-    fake.defaults.setBoolForKey("DuplicateLinks", false);
-    fake.defaults.setBoolForKey("MoveLinks", false);
-    fake.defaults.setBoolForKey("UnknownLinks", true);
+    setValue(fake.defaults, settings::kDuplicateLinks, false);
+    setValue(fake.defaults, settings::kMoveLinks, false);
+    setValue(fake.defaults, settings::kUnknownLinks, true);
     options = removalOptions(fake.defaults);
     EXPECT_TRUE(options.unknown);
     EXPECT_FALSE(options.duplicates || options.move);

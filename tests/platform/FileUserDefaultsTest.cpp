@@ -2,6 +2,7 @@
 // disk is full.
 #include "platform/linux/FileUserDefaults.h"
 
+#include "base/Settings.h"
 #include "platform/fake/MemoryFileStore.h"
 #include "platform/linux/FileStore.h"
 #include "platform/linux/FolderLock.h"
@@ -54,19 +55,19 @@ protected:
 TEST_F(FileUserDefaultsTest, valuesHoldAtOnceAndInTheNextRun) {
     {
         FileUserDefaults defaults(files, path);
-        EXPECT_TRUE(defaults.boolForKey("MakeBackups"));
-        defaults.setBoolForKey("MakeBackups", false);
-        defaults.setDoubleForKey("FontSize", 12.5);
-        defaults.setStringForKey("BackupFolderBookmark", "/home/x/not utf-8 \xFF");
-        EXPECT_FALSE(defaults.boolForKey("MakeBackups"));
+        EXPECT_TRUE(valueOf(defaults, settings::kMakeBackups));
+        setValue(defaults, settings::kMakeBackups, false);
+        setValue(defaults, settings::kFontSize, 12.5);
+        defaults.setStringForKey(settings::kBackupFolderBookmark.key, "/home/x/not utf-8 \xFF");
+        EXPECT_FALSE(valueOf(defaults, settings::kMakeBackups));
         EXPECT_EQ(read(), "(none)") << "nothing is written yet";
     }
     FileUserDefaults next(files, path);
-    EXPECT_FALSE(next.boolForKey("MakeBackups"));
-    EXPECT_EQ(next.doubleForKey("FontSize"), 12.5);
-    EXPECT_EQ(next.stringForKey("BackupFolderBookmark"), "/home/x/not utf-8 \xFF");
-    next.removeKey("MakeBackups");
-    EXPECT_TRUE(next.boolForKey("MakeBackups"));
+    EXPECT_FALSE(valueOf(next, settings::kMakeBackups));
+    EXPECT_EQ(valueOf(next, settings::kFontSize), 12.5);
+    EXPECT_EQ(next.stringForKey(settings::kBackupFolderBookmark.key), "/home/x/not utf-8 \xFF");
+    next.removeKey(settings::kMakeBackups.key);
+    EXPECT_TRUE(valueOf(next, settings::kMakeBackups));
     next.write();
     EXPECT_EQ(read().find("MakeBackups"), std::string::npos);
 }
@@ -93,9 +94,9 @@ TEST_F(FileUserDefaultsTest, manyChangesAreOneWrite) {
 TEST_F(FileUserDefaultsTest, whatPeopleAndOtherProgramsWriteStays) {
     write("# mine\nUnknown=x\nMakeBackups=NO\n[Other]\na=b\n");
     FileUserDefaults defaults(files, path);
-    EXPECT_FALSE(defaults.boolForKey("MakeBackups"));
+    EXPECT_FALSE(valueOf(defaults, settings::kMakeBackups));
     write("# mine\nUnknown=y\nMakeBackups=NO\nLater=z\n[Other]\na=b\n");
-    defaults.setBoolForKey("MakeBackups", true);
+    setValue(defaults, settings::kMakeBackups, true);
     defaults.write();
     EXPECT_EQ(read(), "# mine\nUnknown=y\nMakeBackups=YES\nLater=z\n[Other]\na=b\n");
     EXPECT_EQ(defaults.stringForKey("Later"), "z");
@@ -147,8 +148,8 @@ TEST_F(FileUserDefaultsTest, aDamagedFileIsPutAsideAndWhatCanBeReadHolds) {
     const std::string damaged = "MakeBackups=NO\n\0\0\0\0garbage\nFontSize=14\n"s;
     write(damaged);
     FileUserDefaults defaults(files, path);
-    EXPECT_FALSE(defaults.boolForKey("MakeBackups"));
-    EXPECT_EQ(defaults.doubleForKey("FontSize"), 14);
+    EXPECT_FALSE(valueOf(defaults, settings::kMakeBackups));
+    EXPECT_EQ(valueOf(defaults, settings::kFontSize), 14);
     collectProblemsOf(defaults);
     ASSERT_EQ(problems.size(), 1u);
     EXPECT_EQ(problems[0].kind, Kind::Damaged);
@@ -163,7 +164,7 @@ TEST_F(FileUserDefaultsTest, aDamagedFileIsPutAsideAndWhatCanBeReadHolds) {
     EXPECT_EQ(problems[1].keptAs, path + ".damaged-2");
     EXPECT_EQ(files.readFile(path + ".damaged"), damaged);
     EXPECT_EQ(files.readFile(path + ".damaged-2"), "no sense\n");
-    EXPECT_TRUE(defaults.boolForKey("MakeBackups"));
+    EXPECT_TRUE(valueOf(defaults, settings::kMakeBackups));
 }
 
 TEST_F(FileUserDefaultsTest, aFileDamagedDuringTheRunIsPutAsideBeforeTheNextWrite) {
@@ -222,15 +223,15 @@ TEST_F(FileUserDefaultsTest, aFileThatCannotBeReadIsNeverWrittenOver) {
     ASSERT_EQ(problems.size(), 1u);
     EXPECT_EQ(problems[0].kind, Kind::Unreadable);
     EXPECT_NE(problems[0].reason.find("Permission denied"), std::string::npos);
-    defaults.setStringForKey("FontName", "Serif");
+    defaults.setStringForKey(settings::kFontName.key, "Serif");
     defaults.write();
     EXPECT_EQ(memory.files["/s/tabulon.ini"], "MakeBackups=NO\n");
-    EXPECT_EQ(defaults.stringForKey("FontName"), "Serif") << "it holds for this run";
+    EXPECT_EQ(defaults.stringForKey(settings::kFontName.key), "Serif") << "it holds for this run";
     EXPECT_EQ(problems.size(), 1u);
     memory.unreadable.clear();
     defaults.write();
     EXPECT_EQ(memory.files["/s/tabulon.ini"], "MakeBackups=NO\nFontName=Serif\n") << "better late than never";
-    EXPECT_FALSE(defaults.boolForKey("MakeBackups"));
+    EXPECT_FALSE(valueOf(defaults, settings::kMakeBackups));
 }
 
 TEST_F(FileUserDefaultsTest, changesThatCannotBeWrittenAreKeptAndTriedAgain) {

@@ -1,6 +1,7 @@
 // The user's folders, and folders that the user chose before and that may be deleted.
 #include "platform/linux/XdgFolders.h"
 
+#include "base/Settings.h"
 #include "platform/fake/FakeBaseServices.h"
 #include "platform/fake/MemoryFileStore.h"
 #include "platform/linux/XdgFolderReferences.h"
@@ -57,16 +58,18 @@ TEST_F(XdgFoldersTest, aDocumentsFolderThatIsNotThereIsNone) {
 }
 
 TEST_F(XdgFoldersTest, aChosenFolderIsKeptAsAPlainPathAndResolvedWhileItIsThere) {
-    EXPECT_EQ(folders.resolve("BackupFolderBookmark"), std::nullopt);
+    EXPECT_EQ(folders.resolve(settings::kBackupFolderBookmark.key), std::nullopt);
     files.folders.insert("/media/stick/backups");
-    folders.store("BackupFolderBookmark", "/media/stick/backups");
-    EXPECT_EQ(defaults.stringForKey("BackupFolderBookmark"), "/media/stick/backups");
-    EXPECT_EQ(folders.resolve("BackupFolderBookmark"), "/media/stick/backups");
+    folders.store(settings::kBackupFolderBookmark.key, "/media/stick/backups");
+    EXPECT_EQ(defaults.stringForKey(settings::kBackupFolderBookmark.key), "/media/stick/backups");
+    EXPECT_EQ(folders.resolve(settings::kBackupFolderBookmark.key), "/media/stick/backups");
     files.folders.clear();
-    EXPECT_EQ(folders.resolve("BackupFolderBookmark"), std::nullopt) << "gone";
-    EXPECT_EQ(defaults.stringForKey("BackupFolderBookmark"), "/media/stick/backups") << "but not forgotten";
+    EXPECT_EQ(folders.resolve(settings::kBackupFolderBookmark.key), std::nullopt) << "gone";
+    EXPECT_EQ(defaults.stringForKey(settings::kBackupFolderBookmark.key), "/media/stick/backups")
+        << "but not forgotten";
     files.folders.insert("/media/stick/backups");
-    EXPECT_EQ(folders.resolve("BackupFolderBookmark"), "/media/stick/backups") << "and back again";
+    EXPECT_EQ(folders.resolve(settings::kBackupFolderBookmark.key), "/media/stick/backups")
+        << "and back again";
 }
 
 TEST_F(XdgFoldersTest, aPathThatIsNotAbsoluteResolvesToNothing) {
@@ -79,8 +82,8 @@ TEST_F(XdgFoldersTest, aPathThatIsNotAbsoluteResolvesToNothing) {
 
 TEST_F(XdgFoldersTest, anHTMLCopyIsAFile) {
     files.files["/home/ada/public/links.html"] = "";
-    folders.store("ExportHTMLBookmark", "/home/ada/public/links.html");
-    EXPECT_EQ(folders.resolve("ExportHTMLBookmark"), "/home/ada/public/links.html");
+    folders.store(settings::kExportHTMLBookmark.key, "/home/ada/public/links.html");
+    EXPECT_EQ(folders.resolve(settings::kExportHTMLBookmark.key), "/home/ada/public/links.html");
 }
 
 } // namespace

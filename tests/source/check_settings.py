@@ -3,19 +3,24 @@
 import sys
 from pathlib import Path
 
-from settings_table import registered, registration_faults, table_faults, text_faults
+from settings_table import registered, registration_faults, table_faults, test_faults, text_faults
 
 FOLDERS = ("text", "plist", "html", "url", "model", "formats", "window", "app", "ui", "cli", "main", "platform")
+
+
+def sources_in(root, folders):
+    """Returns path -> text of the sources in these folders."""
+    return {str(path.relative_to(root)): path.read_text(encoding="utf-8")
+            for folder in folders for path in sorted((root / folder).rglob("*")) if path.suffix in (".h", ".cpp")}
 
 
 def main():
     root = Path(sys.argv[1])
     source = (root / "base/Settings.h").read_text(encoding="utf-8")
-    sources = {str(path.relative_to(root)): path.read_text(encoding="utf-8")
-               for folder in FOLDERS for path in sorted((root / folder).rglob("*")) if path.suffix in (".h", ".cpp")}
     found = list(table_faults(source, (root / "docs/settings.md").read_text(encoding="utf-8")))
     found += registration_faults(source, (root / "base/RegisteredDefaults.cpp").read_text(encoding="utf-8"))
-    found += text_faults(sources)
+    found += text_faults(sources_in(root, FOLDERS))
+    found += test_faults(source, sources_in(root, ("tests",)))
     for fault in found:
         print(fault)
     print(f"{len(registered(source))} registered values, {len(found)} faults")

@@ -1,5 +1,6 @@
 """The settings of base/Settings.h against the table of keys in docs/settings.md, the registered values and the sources.
-The faults are a missing key, a key that the program does not have, a different value, and a key in a string literal.
+The faults are a missing key, a key that the program does not have, a different value, and a key in a string literal, in
+the program and in its tests.
 check_settings.py runs it, test_settings_table.py tests it.
 """
 
@@ -9,6 +10,7 @@ _SETTING = re.compile(r'\bSetting<[\w:]+> (\w+)\{"(\w+)"(?:,\s*"([^"]*)")?\}')
 _ENTRY = re.compile(r"\bentry\(settings::(\w+)\)")
 # Values that the program stores without a choice of the user are not settings.
 _KEY_AS_TEXT = re.compile(r'(\w+)(?:\.|->)(?:\w+ForKey|removeKey|resolve|store)\(\s*"')
+_KEY_IN_TEST = re.compile(r'\b(?:(?:\w+ForKey|removeKey|resolve|store)\(|kept\[)\s*"(\w+)"')
 _STATE = ("state", "state_")
 _KEY = re.compile(r"`(\w+)`")
 
@@ -62,4 +64,16 @@ def text_faults(sources):
     for path, text in sources.items():
         for match in _KEY_AS_TEXT.finditer(text):
             if match.group(1) not in _STATE:
+                yield f"{path}: {match.group()}… names a setting as a text; base/Settings.h has a constant for it"
+
+
+def test_faults(source, tests):
+    """Yields a sentence for each place of the tests, a mapping of path -> text, that names a setting's key as a text.
+
+    Tests of the services that store settings also use keys that no setting has.
+    """
+    keys = {key for key, _ in settings(source).values()}
+    for path, text in tests.items():
+        for match in _KEY_IN_TEST.finditer(text):
+            if match.group(1) in keys:
                 yield f"{path}: {match.group()}… names a setting as a text; base/Settings.h has a constant for it"

@@ -2,7 +2,7 @@
 
 import unittest
 
-from settings_table import documented, registered, registration_faults, settings, table_faults, text_faults
+from settings_table import documented, registered, registration_faults, settings, table_faults, test_faults, text_faults
 
 SOURCE = """inline constexpr Setting<bool> kA{"A", "YES"};
 inline constexpr Setting<double> kB{"B", "11.0"};
@@ -61,6 +61,14 @@ class SettingsTableTest(unittest.TestCase):
         for call in ('state.stringForKey("A")', 'platform.state_.setBoolForKey("A", true)', "valueOf(defaults, settings::kA)",
                      "defaults.boolForKey(key)"):
             self.assertEqual(list(text_faults({"app/File.cpp": call})), [], call)
+
+    def test_a_key_that_a_test_names_as_a_text_is_found(self):
+        for call in ('base.defaults.setBoolForKey("A", true)', 'defaults.stringForKey("B")', 'next.removeKey("D")',
+                     'folders.kept["D"] = path', 'folders.resolve("D")'):
+            self.assertEqual(len(list(test_faults(SOURCE, {"tests/app/File.cpp": call}))), 1, call)
+        for call in ('defaults.setStringForKey("k", "v")', 'archive.node({{"A", value}})', 'texts.text("A")',
+                     "setValue(defaults, settings::kA, true)", 'tool.run({"--default", "A=YES"})'):
+            self.assertEqual(list(test_faults(SOURCE, {"tests/app/File.cpp": call})), [], call)
 
 
 if __name__ == "__main__":

@@ -2,6 +2,7 @@
 // the keyboard.
 #include "ui/ExportOptions.h"
 
+#include "base/Settings.h"
 #include "platform/fake/FakeBaseServices.h"
 #include "platform/linux/QtPanels.h"
 
@@ -113,7 +114,7 @@ TEST_F(ExportOptionsTest, PanelGrowsByAHundredPointsForTextAndBack) {
 }
 
 TEST_F(ExportOptionsTest, BoxesShowTheSettingsAndGiveBackWhatTheUserTicks) {
-    base.defaults.setBoolForKey("ExportTags", false);
+    setValue(base.defaults, settings::kExportTags, false);
     open();
     formats().setCurrentIndex(2);
     EXPECT_TRUE(box("Names").isChecked());

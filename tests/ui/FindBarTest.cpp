@@ -1,5 +1,6 @@
 // The find bar, the sheets about marks and the info sheet as real widgets: keys, pauses, and reports to their
 // controllers.
+#include "base/Settings.h"
 #include "tests/ui/OutlineFixture.h"
 #include "ui/document/FindBarWidget.h"
 #include "ui/document/InfoSheet.h"
@@ -152,8 +153,8 @@ TEST_F(SheetsTest, theRemovalSheetStoresItsBoxesAndThenActs) {
     ASSERT_TRUE(ok);
     ok->click();
     EXPECT_TRUE(QTest::qWaitFor([&] { return executed == 1; }));
-    EXPECT_TRUE(base.defaults.boolForKey("BrokenLinks"));
-    EXPECT_FALSE(base.defaults.boolForKey("MoveLinks"));
+    EXPECT_TRUE(valueOf(base.defaults, settings::kBrokenLinks));
+    EXPECT_FALSE(valueOf(base.defaults, settings::kMoveLinks));
     EXPECT_FALSE(inSheet<QPushButton>("Delete"));
 }
 
@@ -177,7 +178,7 @@ TEST_F(SheetsTest, returnDeletesNoMarkedLinksButMovesThem) {
     QTest::keyClick(broken, Qt::Key_Return);
     QTest::qWait(20);
     EXPECT_EQ(executed, 0);
-    EXPECT_TRUE(base.defaults.boolForKey("MoveLinks"));
+    EXPECT_TRUE(valueOf(base.defaults, settings::kMoveLinks));
 }
 
 TEST_F(SheetsTest, aCancelledRemovalSheetStoresNothing) {
@@ -189,7 +190,7 @@ TEST_F(SheetsTest, aCancelledRemovalSheetStoresNothing) {
     inSheet<QPushButton>("Cancel")->click();
     QTest::qWait(20);
     EXPECT_EQ(executed, 0);
-    EXPECT_FALSE(base.defaults.boolForKey("BrokenLinks"));
+    EXPECT_FALSE(valueOf(base.defaults, settings::kBrokenLinks));
 }
 
 TEST_F(SheetsTest, theLegendTellsOfEveryMark) {

@@ -1,4 +1,5 @@
 // The columns of the outline: widths, places, the tags column, the font and the row height.
+#include "base/Settings.h"
 #include "tests/ui/OutlineFixture.h"
 
 #include <QApplication>
@@ -50,14 +51,14 @@ TEST_F(OutlineColumnsTest, HundredPointsOfTagsAreThatMuchOfAnInch) {
 TEST_F(OutlineColumnsTest, TheUsersMoveOfAColumnIsStoredAsTagsIndex) {
     controller->table().addTagsColumn();
     move(Column::Tags, 2);
-    EXPECT_EQ(base.defaults.integerForKey("TagsIndex"), 2);
+    EXPECT_EQ(valueOf(base.defaults, settings::kTagsIndex), 2);
     move(Column::URL, 0);
     move(Column::Tags, 0);
-    EXPECT_EQ(base.defaults.integerForKey("TagsIndex"), 0);
+    EXPECT_EQ(valueOf(base.defaults, settings::kTagsIndex), 0);
 }
 
 TEST_F(OutlineColumnsTest, TagsColumnIsBackAtItsPlaceInTheNextWindow) {
-    base.defaults.setBoolForKey("AddTagsColumn", true);
+    setValue(base.defaults, settings::kAddTagsColumn, true);
     for (const int place : {2, 0, 1}) {
         openWidget();
         move(Column::Tags, place);
@@ -67,10 +68,10 @@ TEST_F(OutlineColumnsTest, TagsColumnIsBackAtItsPlaceInTheNextWindow) {
 }
 
 TEST_F(OutlineColumnsTest, AddingTheTagsColumnIsNoMoveByTheUser) {
-    base.defaults.setIntegerForKey("TagsIndex", 9);
+    setValue(base.defaults, settings::kTagsIndex, 9);
     controller->table().addTagsColumn();
     EXPECT_EQ(header().placeOf(Column::Tags), 2u);
-    EXPECT_EQ(base.defaults.integerForKey("TagsIndex"), 9);
+    EXPECT_EQ(valueOf(base.defaults, settings::kTagsIndex), 9);
 }
 
 TEST_F(OutlineColumnsTest, ColumnsFillTheOutlineWhateverIsDragged) {
@@ -104,21 +105,22 @@ TEST_F(OutlineColumnsTest, WidthOfTheTagsColumnIsStoredInPoints) {
     const int before = width(Column::Tags);
     drag(Column::Tags, 20);
     EXPECT_EQ(width(Column::Tags), before + 20);
-    EXPECT_NEAR(base.defaults.doubleForKey("TagsWidth"), (before + 20) * 72.0 / widget().logicalDpiX(), 0.01);
+    EXPECT_NEAR(valueOf(base.defaults, settings::kTagsWidth), (before + 20) * 72.0 / widget().logicalDpiX(),
+                0.01);
 }
 
 TEST_F(OutlineColumnsTest, HidingTheTagsColumnIsNoResizingByTheUser) {
     controller->table().addTagsColumn();
     drag(Column::Tags, 20);
-    const double stored = base.defaults.doubleForKey("TagsWidth");
+    const double stored = valueOf(base.defaults, settings::kTagsWidth);
     controller->table().removeTagsColumn();
-    EXPECT_EQ(base.defaults.doubleForKey("TagsWidth"), stored);
+    EXPECT_EQ(valueOf(base.defaults, settings::kTagsWidth), stored);
     controller->table().addTagsColumn();
     EXPECT_NEAR(width(Column::Tags), stored * widget().logicalDpiX() / 72.0, 1);
 }
 
 TEST_F(OutlineColumnsTest, BorderBetweenURLAndTagsResizesTags) {
-    base.defaults.setIntegerForKey("TagsIndex", 2);
+    setValue(base.defaults, settings::kTagsIndex, 2);
     controller->table().addTagsColumn();
     const int tags = width(Column::Tags);
     const int name = width(Column::Name);
@@ -178,9 +180,10 @@ TEST_F(OutlineColumnsTest, ZoomingKeepsTheFirstRowOnTheScreenThere) {
 
 TEST_F(OutlineColumnsTest, NonsenseInTheSettingsStillGivesATable) {
     for (const char* nonsense : {"-1e300", "1e300", "0", "x"}) {
-        for (const char* key : {"FontSize", "RowHeight", "TagsWidth", "TagsIndex"})
+        for (const std::string_view key : {settings::kFontSize.key, settings::kRowHeight.key,
+                                           settings::kTagsWidth.key, settings::kTagsIndex.key})
             base.defaults.setStringForKey(key, nonsense);
-        base.defaults.setBoolForKey("AddTagsColumn", true);
+        setValue(base.defaults, settings::kAddTagsColumn, true);
         openWidget();
         EXPECT_GT(cell(0, Column::Name).height(), 10) << nonsense;
         EXPECT_LT(cell(0, Column::Name).height(), 3000) << nonsense;

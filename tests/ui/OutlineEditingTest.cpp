@@ -1,5 +1,6 @@
 // Editing in place in the real outline: the field, its keys, the text that it reports, and the keys that
 // delete.
+#include "base/Settings.h"
 #include "tests/ui/OutlineFixture.h"
 
 #include <QApplication>
@@ -16,7 +17,7 @@ protected:
     void SetUp() override {
         link_ = &add(makeLink("link", "https://a.example/"));
         folder_ = &add(makeFolder("folder"));
-        base.defaults.setBoolForKey("AutoEdit", false);
+        setValue(base.defaults, settings::kAutoEdit, false);
     }
     void open() {
         openWidget();
@@ -235,7 +236,7 @@ TEST_F(OutlineEditingTest, theThreeDeleteKeysDelete) {
 }
 
 TEST_F(OutlineEditingTest, aClickBeginsToEditTheCellUnderItHalfASecondLater) {
-    base.defaults.setBoolForKey("AutoEdit", true);
+    setValue(base.defaults, settings::kAutoEdit, true);
     open();
     const QPoint spot = cell(0, Column::URL).center();
     QCursor::setPos(widget().viewport()->mapToGlobal(spot));
@@ -247,7 +248,7 @@ TEST_F(OutlineEditingTest, aClickBeginsToEditTheCellUnderItHalfASecondLater) {
 }
 
 TEST_F(OutlineEditingTest, whileTheUserTypesElsewhereNoCellIsEditedByItself) {
-    base.defaults.setBoolForKey("AutoEdit", true);
+    setValue(base.defaults, settings::kAutoEdit, true);
     open();
     QWidget around;
     QLineEdit elsewhere(&around);
@@ -268,7 +269,7 @@ TEST_F(OutlineEditingTest, whileTheUserTypesElsewhereNoCellIsEditedByItself) {
 }
 
 TEST_F(OutlineEditingTest, whatAMatchSelectsIsNotEditedByItself) {
-    base.defaults.setBoolForKey("AutoEdit", true);
+    setValue(base.defaults, settings::kAutoEdit, true);
     open();
     QCursor::setPos(widget().viewport()->mapToGlobal(cell(0, Column::Name).center()));
     controller->finding().findText("link");
@@ -278,7 +279,7 @@ TEST_F(OutlineEditingTest, whatAMatchSelectsIsNotEditedByItself) {
 }
 
 TEST_F(OutlineEditingTest, TabFromTheNameOfANewBookmarkReachesItsOwnAddressWhereverThePointerIs) {
-    base.defaults.setBoolForKey("AutoEdit", true);
+    setValue(base.defaults, settings::kAutoEdit, true);
     open();
     QCursor::setPos(widget().viewport()->mapToGlobal(cell(0, Column::URL).center()));
     controller->editing().newBookmark();

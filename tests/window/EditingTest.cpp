@@ -1,4 +1,5 @@
 // New items, deleting, moving by a row, labels: the tree, the rows, the selection and the change count.
+#include "base/Settings.h"
 #include "tests/window/WindowFixture.h"
 
 namespace tabulon {
@@ -134,7 +135,7 @@ TEST_F(EditingTest, addBookmarkNeedsAFolderAndExpandsIt) {
     EXPECT_EQ(changes(), 0);
     EXPECT_TRUE(alerts.shown.empty());
     select("A");
-    base.defaults.setBoolForKey("RememberDesktop", false);
+    setValue(base.defaults, settings::kRememberDesktop, false);
     controller->editing().addBookmark();
     EXPECT_EQ(tree(), "A(Untitled b) c");
     EXPECT_TRUE(item('A').showHier());

@@ -1,4 +1,5 @@
 // Expanding and collapsing: rows, flags, change counts, and the selection that is kept.
+#include "base/Settings.h"
 #include "tests/window/WindowFixture.h"
 
 namespace tabulon {
@@ -60,7 +61,7 @@ TEST_F(ExpandingTest, DoubleClickOnAFolderTurnsItAndCountsTwice) {
     EXPECT_EQ(document.changeCount(), 2);
     controller->expanding().doubleClickFolder(*outer);
     EXPECT_EQ(rowNames(), (Names{"outer", "last"}));
-    base.defaults.setBoolForKey("RememberDesktop", false);
+    setValue(base.defaults, settings::kRememberDesktop, false);
     controller->expanding().doubleClickFolder(*outer);
     EXPECT_EQ(document.changeCount(), 4);
 }
@@ -73,7 +74,7 @@ TEST_F(ExpandingTest, EachChangedFolderCountsAsOneChange) {
 }
 
 TEST_F(ExpandingTest, WithRememberDesktopOffTheDocumentStaysClean) {
-    base.defaults.setBoolForKey("RememberDesktop", false);
+    setValue(base.defaults, settings::kRememberDesktop, false);
     controller->expanding().expandAll();
     controller->outline().collapseItem(*outer);
     EXPECT_FALSE(document.isDocumentEdited());

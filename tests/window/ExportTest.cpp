@@ -1,5 +1,6 @@
 // The Export command with its options area, and single links as files: the options of the panels, the files
 // that are written, and the settings that are stored.
+#include "base/Settings.h"
 #include "formats/ExportFormats.h"
 #include "tests/window/WindowFixture.h"
 #include "window/AccessoryViewController.h"
@@ -29,7 +30,7 @@ protected:
         return controller->actions().validateMenuItem(MenuItem{.action = action});
     }
     void perform(const char* action) { controller->actions().perform(MenuItem{.action = action}); }
-    bool setting(const char* key) { return base.defaults.boolForKey(key); }
+    bool isOn(const Setting<bool>& setting) { return valueOf(base.defaults, setting); }
     std::string written(const std::string& path) { return files.files.at(path); }
 };
 
@@ -104,8 +105,8 @@ TEST_F(ExportTest, SortByNameOffTheNameColumnSortsTextByURLAndTheOthersByName) {
 // The options area
 
 TEST_F(ExportTest, ViewDidLoadSetsEachCheckBoxFromItsSettingAndSaysSo) {
-    base.defaults.setBoolForKey("ExportTags", false);
-    base.defaults.setBoolForKey("SaveAsHTML", true);
+    setValue(base.defaults, settings::kExportTags, false);
+    setValue(base.defaults, settings::kSaveAsHTML, true);
     AccessoryViewController options(base.services());
     EXPECT_FALSE(options.loaded());
     options.viewDidLoad();
@@ -117,25 +118,26 @@ TEST_F(ExportTest, ViewDidLoadSetsEachCheckBoxFromItsSettingAndSaysSo) {
 }
 
 TEST_F(ExportTest, EveryCheckBoxIsStoredUnderItsOwnKey) {
-    const std::pair<CheckBox AccessoryViewController::*, const char*> boxes[] = {
-        {&AccessoryViewController::exportName, "ExportName"},
-        {&AccessoryViewController::exportURL, "ExportURL"},
-        {&AccessoryViewController::exportTags, "ExportTags"},
-        {&AccessoryViewController::exportNote, "ExportNote"},
-        {&AccessoryViewController::sortByName, "ExportSortName"},
-        {&AccessoryViewController::skipFolders, "SkipFolders"},
-        {&AccessoryViewController::skipSeparators, "SkipSeparators"},
-        {&AccessoryViewController::saveCopyHTML, "SaveAsHTML"}};
+    const std::pair<CheckBox AccessoryViewController::*, Setting<bool>> boxes[] = {
+        {&AccessoryViewController::exportName, settings::kExportName},
+        {&AccessoryViewController::exportURL, settings::kExportURL},
+        {&AccessoryViewController::exportTags, settings::kExportTags},
+        {&AccessoryViewController::exportNote, settings::kExportNote},
+        {&AccessoryViewController::sortByName, settings::kExportSortName},
+        {&AccessoryViewController::skipFolders, settings::kSkipFolders},
+        {&AccessoryViewController::skipSeparators, settings::kSkipSeparators},
+        {&AccessoryViewController::saveCopyHTML, settings::kSaveAsHTML}};
     AccessoryViewController options(base.services());
     options.viewDidLoad();
-    for (const auto& [box, key] : boxes)
+    for (const auto& [box, setting] : boxes)
         for (const bool on : {true, false}) {
-            for (const auto& [other, otherKey] : boxes)
+            for (const auto& [other, otherSetting] : boxes)
                 (options.*other).on = !on;
             (options.*box).on = on;
             options.savePreferences();
-            for (const auto& [other, otherKey] : boxes)
-                EXPECT_EQ(setting(otherKey), other == box ? on : !on) << key << " " << otherKey;
+            for (const auto& [other, otherSetting] : boxes)
+                EXPECT_EQ(isOn(otherSetting), other == box ? on : !on)
+                    << setting.key << " " << otherSetting.key;
         }
 }
 
@@ -144,15 +146,15 @@ TEST_F(ExportTest, OptionsAreSavedEvenIfThePanelIsCancelled) {
         dynamic_cast<AccessoryViewController&>(accessory).exportURL.on = false;
     };
     perform("exportText:");
-    EXPECT_FALSE(setting("ExportURL"));
+    EXPECT_FALSE(isOn(settings::kExportURL));
     EXPECT_TRUE(files.files.empty());
 }
 
 TEST_F(ExportTest, OptionsThatWereNeverLoadedAreNotSaved) {
     panels.showsAccessories = false;
     exportTo("/home/out.txt");
-    EXPECT_TRUE(setting("ExportName"));
-    EXPECT_TRUE(setting("SkipFolders"));
+    EXPECT_TRUE(isOn(settings::kExportName));
+    EXPECT_TRUE(isOn(settings::kSkipFolders));
     EXPECT_EQ(written("/home/out.txt"), "b\thttps://b.example/\t\t\nA\thttps://z.example/\t\t\n");
 }
 
@@ -210,12 +212,12 @@ TEST_F(ExportTest, EachFormatAllowsItsExtension) {
 
 TEST_F(ExportTest, ChosenHTMLFileIsRememberedForCopiesWhenThatIsOn) {
     exportTo("/home/first.html");
-    EXPECT_FALSE(folders.kept.contains("ExportHTMLBookmark"));
+    EXPECT_FALSE(folders.kept.contains(settings::kExportHTMLBookmark.key));
     exportTo("/home/second.html", [](AccessoryViewController& options) { options.saveCopyHTML.on = true; });
-    EXPECT_EQ(folders.kept.at("ExportHTMLBookmark"), "/home/second.html");
+    EXPECT_EQ(folders.resolve(settings::kExportHTMLBookmark.key), "/home/second.html");
     exportTo("/home/third.xbel");
     exportTo("/home/fourth.txt");
-    EXPECT_EQ(folders.kept.at("ExportHTMLBookmark"), "/home/second.html") << "HTML only";
+    EXPECT_EQ(folders.resolve(settings::kExportHTMLBookmark.key), "/home/second.html") << "HTML only";
 }
 
 // Failures

@@ -1,4 +1,5 @@
 // Editing in place: the text that is committed, dates, and editing that begins by command or automatically.
+#include "base/Settings.h"
 #include "tests/window/WindowFixture.h"
 
 #include <functional>
@@ -111,7 +112,7 @@ TEST_F(FieldsTest, theAddressOfAFolderIsNotEdited) {
 }
 
 TEST_F(FieldsTest, editingBeginsByItselfHalfASecondAfterTheSelectionChanges) {
-    base.defaults.setBoolForKey("AutoEdit", true);
+    setValue(base.defaults, settings::kAutoEdit, true);
     select({link_});
     outline().pointer = Column::URL;
     controller->outline().selectionDidChange(SelectedBy::User);
@@ -123,7 +124,7 @@ TEST_F(FieldsTest, editingBeginsByItselfHalfASecondAfterTheSelectionChanges) {
 }
 
 TEST_F(FieldsTest, editingDoesNotBeginByItselfOnceTheFindBarWasCalled) {
-    base.defaults.setBoolForKey("AutoEdit", true);
+    setValue(base.defaults, settings::kAutoEdit, true);
     select({link_});
     outline().pointer = Column::Name;
     controller->outline().selectionDidChange(SelectedBy::User);
@@ -133,7 +134,7 @@ TEST_F(FieldsTest, editingDoesNotBeginByItselfOnceTheFindBarWasCalled) {
 }
 
 TEST_F(FieldsTest, editingDoesNotBeginByItselfOnceAMenuWasOpened) {
-    base.defaults.setBoolForKey("AutoEdit", true);
+    setValue(base.defaults, settings::kAutoEdit, true);
     select({link_});
     outline().pointer = Column::Name;
     controller->outline().selectionDidChange(SelectedBy::User);
@@ -152,9 +153,9 @@ TEST_F(FieldsTest, editingBeginsByItselfOnlyWhereItIsWanted) {
     select({link_});
     outline().pointer = Column::Name;
     EXPECT_TRUE(begins()) << "the setting is on at first";
-    base.defaults.setBoolForKey("AutoEdit", false);
+    setValue(base.defaults, settings::kAutoEdit, false);
     EXPECT_FALSE(begins()) << "the setting is off";
-    base.defaults.setBoolForKey("AutoEdit", true);
+    setValue(base.defaults, settings::kAutoEdit, true);
     EXPECT_TRUE(begins());
     window->active = false;
     EXPECT_FALSE(begins()) << "another window is in front";

@@ -1,4 +1,5 @@
 // The find bar and how it shows a match: rows, expanded folders, beeps, recent searches.
+#include "base/Settings.h"
 #include "tests/window/WindowFixture.h"
 
 namespace tabulon {
@@ -134,7 +135,7 @@ TEST_F(FindTest, aMatchInCollapsedFoldersIsRevealed) {
 }
 
 TEST_F(FindTest, withoutRememberDesktopRevealingLeavesTheDocumentClean) {
-    base.defaults.setBoolForKey("RememberDesktop", false);
+    setValue(base.defaults, settings::kRememberDesktop, false);
     Bookmark& outer = add(makeFolder("outer", false));
     add(makeLink("hit", "x"), &outer);
     open();

@@ -1,4 +1,5 @@
 // Marks: showing them, the duplicate scan with its question, removals, questions and reports.
+#include "base/Settings.h"
 #include "model/Baskets.h"
 #include "tests/window/WindowFixture.h"
 
@@ -29,7 +30,7 @@ protected:
             names.push_back(child->itemName().string());
         return names;
     }
-    void set(const char* key, bool value) { base.defaults.setBoolForKey(key, value); }
+    void set(const Setting<bool>& setting, bool value) { setValue(base.defaults, setting, value); }
     void perform(const char* action) {
         const MenuItem item{.action = action};
         ASSERT_TRUE(controller->actions().validateMenuItem(item));
@@ -45,13 +46,13 @@ TEST_F(MarksTest, showMarksTurnsTheSettingAndTellsTheApplication) {
     open();
     EXPECT_FALSE(controller->cells().viewForTableColumn(Column::Name, 0, false).statusShown);
     perform("showMarks:");
-    EXPECT_TRUE(base.defaults.boolForKey("ShowMarks"));
+    EXPECT_TRUE(valueOf(base.defaults, settings::kShowMarks));
     EXPECT_EQ(outline().reloaded, (std::vector<RowRange>{{0, 1}}));
     const CellContent cell = controller->cells().viewForTableColumn(Column::Name, 0, false);
     EXPECT_TRUE(cell.statusShown);
     EXPECT_EQ(cell.statusImage, "brokenStatus");
     perform("showMarks:");
-    EXPECT_FALSE(base.defaults.boolForKey("ShowMarks"));
+    EXPECT_FALSE(valueOf(base.defaults, settings::kShowMarks));
     EXPECT_EQ(shownEverywhere, (std::vector<bool>{true, false}));
     EXPECT_EQ(document.changeCount(), 0);
 }
@@ -68,7 +69,7 @@ TEST_F(MarksTest, findDuplicatesMarksShowsThemAndLeavesTheDocumentClean) {
     EXPECT_EQ(b.getStatus(), kDuplicateStatus);
     EXPECT_EQ(old.getStatus(), kNoStatus) << "marks of before are cleared";
     EXPECT_EQ(broken.getStatus(), kBrokenStatus);
-    EXPECT_TRUE(base.defaults.boolForKey("ShowMarks"));
+    EXPECT_TRUE(valueOf(base.defaults, settings::kShowMarks));
     EXPECT_EQ(outline().reloaded, (std::vector<RowRange>{{0, 5}, {3, 1}, {2, 1}}));
     EXPECT_TRUE(alerts.shown.empty());
     EXPECT_EQ(document.changeCount(), 0);
@@ -90,7 +91,7 @@ TEST_F(MarksTest, aWasteBasketInTheMiddleIsMovedDownAfterAQuestion) {
     EXPECT_EQ(alerts.shown[0].document, nullptr) << "it is the application's";
     EXPECT_EQ(inside.getStatus(), kNoStatus);
     EXPECT_EQ(after.getStatus(), kNoStatus);
-    EXPECT_FALSE(base.defaults.boolForKey("ShowMarks"));
+    EXPECT_FALSE(valueOf(base.defaults, settings::kShowMarks));
     EXPECT_EQ(document.changeCount(), 0);
 
     alerts.answer("OK");
@@ -113,7 +114,7 @@ TEST_F(MarksTest, clearMarksTakesEveryStatusAndLeavesTheDocumentClean) {
     EXPECT_EQ(a.getStatus(), kNoStatus);
     EXPECT_EQ(b.getStatus(), kNoStatus);
     EXPECT_TRUE(outline().reloaded.empty()) << "no marks are shown";
-    set("ShowMarks", true);
+    set(settings::kShowMarks, true);
     perform("clearMarks:");
     EXPECT_EQ(outline().reloaded, (std::vector<RowRange>{{0, 2}}));
     EXPECT_EQ(document.changeCount(), 0);
@@ -155,9 +156,9 @@ TEST_F(MarksTest, deleteDuplicatesDeletesThemWhateverTheSettingsSay) {
     addLink("broken", "v", nullptr, kBrokenStatus);
     addLink("old", "x", nullptr, kDuplicateStatus);
     open();
-    set("DuplicateLinks", false);
-    set("BrokenLinks", true);
-    set("MoveLinks", true);
+    set(settings::kDuplicateLinks, false);
+    set(settings::kBrokenLinks, true);
+    set(settings::kMoveLinks, true);
     perform("deleteDuplicatesCommand:");
     EXPECT_EQ(rowNames(), (Names{"Waste Basket", "w", "broken", "old"}));
     ASSERT_EQ(alerts.shown.size(), 2u) << "the basket is not asked about";
@@ -166,9 +167,10 @@ TEST_F(MarksTest, deleteDuplicatesDeletesThemWhateverTheSettingsSay) {
     EXPECT_EQ(alerts.shown[1].document, &document);
     EXPECT_EQ(shared.removedLinks, 1u);
     EXPECT_EQ(document.changeCount(), 1);
-    EXPECT_FALSE(base.defaults.boolForKey("ShowMarks"));
-    EXPECT_FALSE(base.defaults.boolForKey("DuplicateLinks"));
-    EXPECT_TRUE(base.defaults.boolForKey("BrokenLinks") && base.defaults.boolForKey("MoveLinks"));
+    EXPECT_FALSE(valueOf(base.defaults, settings::kShowMarks));
+    EXPECT_FALSE(valueOf(base.defaults, settings::kDuplicateLinks));
+    EXPECT_TRUE(valueOf(base.defaults, settings::kBrokenLinks) &&
+                valueOf(base.defaults, settings::kMoveLinks));
 }
 
 TEST_F(MarksTest, theSheetShowsTheSettingsAndStoresThem) {
@@ -183,14 +185,14 @@ TEST_F(MarksTest, theSheetShowsTheSettingsAndStoresThem) {
     sheet.moveLinks = false;
     EXPECT_EQ(sheet.okTitle(), "Delete");
     sheet.unknownLinks = true;
-    EXPECT_TRUE(base.defaults.boolForKey("MoveLinks")) << "nothing is stored before it is done";
+    EXPECT_TRUE(valueOf(base.defaults, settings::kMoveLinks)) << "nothing is stored before it is done";
     sheet.done();
     sheet.execute();
-    EXPECT_FALSE(base.defaults.boolForKey("MoveLinks"));
-    EXPECT_TRUE(base.defaults.boolForKey("UnknownLinks"));
+    EXPECT_FALSE(valueOf(base.defaults, settings::kMoveLinks));
+    EXPECT_TRUE(valueOf(base.defaults, settings::kUnknownLinks));
     EXPECT_TRUE(rowNames().empty());
     EXPECT_TRUE(window->empty);
-    EXPECT_TRUE(base.defaults.boolForKey("ShowMarks"));
+    EXPECT_TRUE(valueOf(base.defaults, settings::kShowMarks));
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "1 bookmark was deleted.");
 }
@@ -214,7 +216,7 @@ TEST_F(MarksTest, theSheetsWayEndsWhenTheBasketIsNotToBeMoved) {
     controller->marks().deleteSheetExecute();
     EXPECT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(rowNames(), (Names{"Waste Basket", "a"}));
-    EXPECT_FALSE(base.defaults.boolForKey("ShowMarks"));
+    EXPECT_FALSE(valueOf(base.defaults, settings::kShowMarks));
 }
 
 TEST_F(MarksTest, theSheetsWayMovesTheBasketDownFirst) {
@@ -267,7 +269,7 @@ TEST_F(MarksTest, theFirstRowGoesWithTheNextReload) {
     const Ref<Bookmark> held(&a);
     open();
     select({&a, &b});
-    set("MoveLinks", false);
+    set(settings::kMoveLinks, false);
     controller->marks().deleteSheetExecute();
     EXPECT_EQ(rowNames(), Names{"b"});
     EXPECT_EQ(outline().reloads, 1);

@@ -1,6 +1,7 @@
 // The reports of the outline to its observers, and changes of many rows under the guard object.
 #include "window/Outline.h"
 
+#include "base/Settings.h"
 #include "tests/window/WindowFixture.h"
 
 namespace tabulon {
@@ -87,7 +88,7 @@ TEST_F(OutlineTest, AnotherTreeIsReportedWithItsRows) {
 }
 
 TEST_F(OutlineTest, ExpandingReportsTheCurrentRowAndNoChangeOfTheTree) {
-    base.defaults.setBoolForKey("RememberDesktop", false);
+    setValue(base.defaults, settings::kRememberDesktop, false);
     Bookmark& folder = add(makeFolder("f", false));
     add(makeLink("l"), &folder);
     open();

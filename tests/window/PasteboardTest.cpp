@@ -1,4 +1,5 @@
 // Copy, cut and paste, the records of live nodes, and the nodes made of pasteboard items.
+#include "base/Settings.h"
 #include "model/LinkType.h"
 #include "tests/window/WindowFixture.h"
 #include "window/BookmarkPasteboard.h"
@@ -75,7 +76,7 @@ TEST_F(PasteboardTest, theCopyFormatSaysWhatTheTextIs) {
         {0, "https://u/"}, {1, "<https://u/>"}, {2, "N\thttps://u/"}, {3, "<a href=\"https://u/\">N</a>"},
         {4, "https://u/"}, {-1, "https://u/"}};
     for (const auto& [format, text] : expected) {
-        base.defaults.setIntegerForKey("CopyFormat", format);
+        setValue(base.defaults, settings::kCopyFormat, format);
         copy({&link});
         EXPECT_EQ(copied(), text) << format;
     }
@@ -84,7 +85,7 @@ TEST_F(PasteboardTest, theCopyFormatSaysWhatTheTextIs) {
 TEST_F(PasteboardTest, optionHeldCopiesHTMLWhateverTheFormat) {
     Bookmark& link = add(makeLink("N", "https://u/"));
     open();
-    base.defaults.setIntegerForKey("CopyFormat", 2);
+    setValue(base.defaults, settings::kCopyFormat, 2);
     keyboard.option = true;
     copy({&link});
     EXPECT_EQ(copied(), "<a href=\"https://u/\">N</a>");

@@ -1,4 +1,5 @@
 // The contents of the outline's cells for a node.
+#include "base/Settings.h"
 #include "tests/window/WindowFixture.h"
 #include "window/ShownAddress.h"
 
@@ -86,8 +87,8 @@ TEST_F(PresentationTest, EmptyNoteAndTagsShowNoIndicator) {
 }
 
 TEST_F(PresentationTest, BalloonSettingsHideTheTipsAndKeepTheIndicator) {
-    base.defaults.setBoolForKey("ShowBalloonNote", false);
-    base.defaults.setBoolForKey("ShowBalloonTags", false);
+    setValue(base.defaults, settings::kShowBalloonNote, false);
+    setValue(base.defaults, settings::kShowBalloonTags, false);
     Bookmark& item = add(makeLink("a"));
     item.setItemNote("the note");
     item.setItemTags("one");
@@ -113,7 +114,7 @@ TEST_F(PresentationTest, MarksAreHiddenFromTheStart) {
 }
 
 TEST_F(PresentationTest, ShownMarksGoByTheStatusAndNeverStandOnFolders) {
-    base.defaults.setBoolForKey("ShowMarks", true);
+    setValue(base.defaults, settings::kShowMarks, true);
     add(makeLink("a")).setStatus(3);
     add(makeLink("b")).setStatus(6);
     add(makeFolder("f")).setStatus(3);
@@ -139,7 +140,7 @@ TEST_F(PresentationTest, FontIsTheSystemsUntilOneIsNamed) {
     open();
     EXPECT_EQ(controller->table().font().name, "");
     EXPECT_EQ(controller->table().font().size, 11);
-    base.defaults.setStringForKey("FontName", "Serif");
+    base.defaults.setStringForKey(settings::kFontName.key, "Serif");
     EXPECT_EQ(controller->table().font().name, "Serif");
 }
 

@@ -1,6 +1,7 @@
 // Thousands of random commands on random trees. After each command the tree, the selection and the change
 // count are those that the command's definition demands of the tree before it, and the rows are those of the
 // tree. The document is the same after it was saved and read.
+#include "base/Settings.h"
 #include "model/ArchiveReader.h"
 #include "model/ArchiveWriter.h"
 #include "tests/window/ReferenceCommands.h"
@@ -267,7 +268,7 @@ TEST_F(RandomEditingTest, longSelectionsAreTreatedAsShortOnes) {
 }
 
 TEST_F(RandomEditingTest, expandingIsNoChangeWhereItIsNotRemembered) {
-    base.defaults.setBoolForKey("RememberDesktop", false);
+    setValue(base.defaults, settings::kRememberDesktop, false);
     remembersDesktop_ = false;
     for (unsigned seed = 201; seed <= 210 && !HasFailure(); ++seed)
         runSeed(seed, 60, 200);

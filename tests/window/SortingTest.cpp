@@ -1,4 +1,5 @@
 // Sorting: the commands on folders, clicks on column titles and the question about them.
+#include "base/Settings.h"
 #include "tests/window/WindowFixture.h"
 
 namespace tabulon {
@@ -152,8 +153,8 @@ TEST_F(SortingTest, aClickOnATitleSortsNothingAndAsksInAMoment) {
     EXPECT_EQ(alerts.boxTitles, std::vector<std::string>{base.texts.text("DontAskAgain")});
     EXPECT_TRUE(outline().selected.empty());
     EXPECT_EQ(outline().editingsEnded, 1);
-    EXPECT_FALSE(base.defaults.boolForKey("ColumnSort") ||
-                 base.defaults.boolForKey("SuppressColumnSortSheet"));
+    EXPECT_FALSE(valueOf(base.defaults, settings::kColumnSort) ||
+                 valueOf(base.defaults, settings::kSuppressColumnSortSheet));
     EXPECT_EQ(document.changeCount(), 0);
 }
 
@@ -162,7 +163,7 @@ TEST_F(SortingTest, yesLetsTheNextClickSortAndEachFurtherOneTurnsTheOrder) {
     controller->sorting().headerClicked(Column::Name);
     alerts.answer("Yes");
     timers.advance(1);
-    EXPECT_TRUE(base.defaults.boolForKey("ColumnSort"));
+    EXPECT_TRUE(valueOf(base.defaults, settings::kColumnSort));
     EXPECT_EQ(rowNames(), (Names{"b", "F", "z", "y", "A"})) << "the first click does not sort";
     controller->sorting().headerClicked(Column::Name);
     EXPECT_EQ(rowNames(), (Names{"F", "y", "z", "A", "b"}));
@@ -186,7 +187,7 @@ TEST_F(SortingTest, theBoxEndsTheQuestion) {
     alerts.answer("No");
     controller->sorting().headerClicked(Column::URL);
     timers.advance(1);
-    EXPECT_TRUE(base.defaults.boolForKey("SuppressColumnSortSheet"));
+    EXPECT_TRUE(valueOf(base.defaults, settings::kSuppressColumnSortSheet));
     controller->sorting().headerClicked(Column::Name);
     timers.advance(10);
     EXPECT_EQ(alerts.shown.size(), 1u);
@@ -199,14 +200,14 @@ TEST_F(SortingTest, theBoxCountsWithYesAsWell) {
     alerts.answer("Yes");
     controller->sorting().headerClicked(Column::URL);
     timers.advance(1);
-    EXPECT_TRUE(base.defaults.boolForKey("SuppressColumnSortSheet"));
-    EXPECT_TRUE(base.defaults.boolForKey("ColumnSort"));
+    EXPECT_TRUE(valueOf(base.defaults, settings::kSuppressColumnSortSheet));
+    EXPECT_TRUE(valueOf(base.defaults, settings::kColumnSort));
     controller->sorting().headerClicked(Column::URL);
     EXPECT_EQ(document.changeCount(), 1);
 }
 
 TEST_F(SortingTest, whereColumnsSortAWindowComesUpSo) {
-    base.defaults.setBoolForKey("ColumnSort", true);
+    setValue(base.defaults, settings::kColumnSort, true);
     plant();
     controller->sorting().headerClicked(Column::URL);
     EXPECT_EQ(rowNames(), (Names{"F", "z", "y", "b", "A"}));
@@ -215,7 +216,7 @@ TEST_F(SortingTest, whereColumnsSortAWindowComesUpSo) {
 }
 
 TEST_F(SortingTest, theSelectionStaysWithItsItems) {
-    base.defaults.setBoolForKey("ColumnSort", true);
+    setValue(base.defaults, settings::kColumnSort, true);
     plant();
     select({z});
     controller->sorting().headerClicked(Column::Name);
@@ -230,7 +231,7 @@ TEST_F(SortingTest, switchingItOnAgainTurnsTheFirstDirection) {
     EXPECT_EQ(outline().sortDirection, SortDirection::Descending);
     controller->sorting().defaultNoSorting();
     EXPECT_EQ(outline().sortedBy, std::nullopt);
-    base.defaults.setBoolForKey("SuppressColumnSortSheet", true);
+    setValue(base.defaults, settings::kSuppressColumnSortSheet, true);
     const long before = document.changeCount();
     controller->sorting().headerClicked(Column::Name);
     EXPECT_EQ(document.changeCount(), before);

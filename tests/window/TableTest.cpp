@@ -1,4 +1,5 @@
 // The table as a whole: font size and row height, the tags column.
+#include "base/Settings.h"
 #include "tests/window/WindowFixture.h"
 
 namespace tabulon {
@@ -7,16 +8,16 @@ namespace {
 class TableTest : public WindowTest {
 protected:
     void store(double fontSize, double rowHeight) {
-        base.defaults.setDoubleForKey("FontSize", fontSize);
-        base.defaults.setDoubleForKey("RowHeight", rowHeight);
+        setValue(base.defaults, settings::kFontSize, fontSize);
+        setValue(base.defaults, settings::kRowHeight, rowHeight);
     }
-    double stored(const char* key) { return base.defaults.doubleForKey(key); }
+    double stored(const Setting<double>& setting) { return valueOf(base.defaults, setting); }
     MenuItem item(const char* action) { return MenuItem{.action = action}; }
 };
 
 TEST_F(TableTest, WindowComesUpWithTheStoredFontAndRowHeight) {
     store(15, 21.5);
-    base.defaults.setStringForKey("FontName", "Serif");
+    base.defaults.setStringForKey(settings::kFontName.key, "Serif");
     open();
     EXPECT_EQ(outline().font.name, "Serif");
     EXPECT_EQ(outline().font.size, 15);
@@ -27,14 +28,14 @@ TEST_F(TableTest, FontSizeElevenForcesARowHeightOfSeventeenAndStoresIt) {
     store(11, 30);
     open();
     EXPECT_EQ(outline().rowHeight, 17);
-    EXPECT_EQ(stored("RowHeight"), 17);
+    EXPECT_EQ(stored(settings::kRowHeight), 17);
 }
 
 TEST_F(TableTest, OtherFontSizesKeepTheStoredRowHeight) {
     store(11.5, 30);
     open();
     EXPECT_EQ(outline().rowHeight, 30);
-    EXPECT_EQ(stored("RowHeight"), 30);
+    EXPECT_EQ(stored(settings::kRowHeight), 30);
 }
 
 TEST_F(TableTest, ZoomingInGrowsFontAndRowsByAPointAndStoresBoth) {
@@ -42,8 +43,8 @@ TEST_F(TableTest, ZoomingInGrowsFontAndRowsByAPointAndStoresBoth) {
     controller->table().zoomIn();
     EXPECT_EQ(outline().font.size, 12);
     EXPECT_EQ(outline().rowHeight, 18);
-    EXPECT_EQ(stored("FontSize"), 12);
-    EXPECT_EQ(stored("RowHeight"), 18);
+    EXPECT_EQ(stored(settings::kFontSize), 12);
+    EXPECT_EQ(stored(settings::kRowHeight), 18);
 }
 
 TEST_F(TableTest, ZoomingOutToElevenKeepsTheRowHeightUntilAWindowComesUp) {
@@ -60,23 +61,23 @@ TEST_F(TableTest, ZoomingEndsWhereTextsCanNoLongerBeRead) {
     store(TableSettings::kSmallestFontSize, 1);
     open();
     controller->table().zoomOut();
-    EXPECT_EQ(stored("FontSize"), TableSettings::kSmallestFontSize);
+    EXPECT_EQ(stored(settings::kFontSize), TableSettings::kSmallestFontSize);
     EXPECT_TRUE(controller->actions().validateMenuItem(item("zoomOut:"))) << "it can be chosen all the same";
     store(TableSettings::kLargestFontSize, 80);
     controller->table().zoomIn();
-    EXPECT_EQ(stored("FontSize"), TableSettings::kLargestFontSize);
+    EXPECT_EQ(stored(settings::kFontSize), TableSettings::kLargestFontSize);
     EXPECT_TRUE(controller->actions().validateMenuItem(item("zoomIn:")));
     controller->actions().perform(item("zoomOut:"));
-    EXPECT_EQ(stored("FontSize"), TableSettings::kLargestFontSize - 1);
+    EXPECT_EQ(stored(settings::kFontSize), TableSettings::kLargestFontSize - 1);
 }
 
 TEST_F(TableTest, FontSizeBeyondTheLimitsComesBackByZooming) {
     store(200, 230);
     open();
     controller->table().zoomIn();
-    EXPECT_EQ(stored("FontSize"), 200);
+    EXPECT_EQ(stored(settings::kFontSize), 200);
     controller->table().zoomOut();
-    EXPECT_EQ(stored("FontSize"), 199);
+    EXPECT_EQ(stored(settings::kFontSize), 199);
 }
 
 TEST_F(TableTest, URLFieldTakesFontSizesFromElevenUpToFourteen) {
@@ -97,8 +98,8 @@ TEST_F(TableTest, TagsColumnIsNotShownFromTheStart) {
 }
 
 TEST_F(TableTest, TagsColumnComesUpWhereTheSettingSaysSo) {
-    base.defaults.setBoolForKey("AddTagsColumn", true);
-    base.defaults.setDoubleForKey("TagsWidth", 140);
+    setValue(base.defaults, settings::kAddTagsColumn, true);
+    setValue(base.defaults, settings::kTagsWidth, 140);
     open();
     EXPECT_EQ(outline().tagsColumn, 1u);
     EXPECT_EQ(outline().tagsWidth, 140);
@@ -117,11 +118,11 @@ TEST_F(TableTest, AddingTheTagsColumnTwiceAddsOne) {
 }
 
 TEST_F(TableTest, MovedTagsColumnIsBackAtItsIndexInTheNextWindow) {
-    base.defaults.setBoolForKey("AddTagsColumn", true);
+    setValue(base.defaults, settings::kAddTagsColumn, true);
     open();
     outline().tagsColumn = 2;
     controller->table().outlineViewColumnDidMove();
-    EXPECT_EQ(base.defaults.integerForKey("TagsIndex"), 2);
+    EXPECT_EQ(valueOf(base.defaults, settings::kTagsIndex), 2);
     open();
     EXPECT_EQ(outline().tagsColumn, 2u);
 }
@@ -129,22 +130,22 @@ TEST_F(TableTest, MovedTagsColumnIsBackAtItsIndexInTheNextWindow) {
 TEST_F(TableTest, MovingColumnsWithoutTagsKeepsTheirIndex) {
     open();
     controller->table().outlineViewColumnDidMove();
-    EXPECT_EQ(base.defaults.integerForKey("TagsIndex"), 1);
+    EXPECT_EQ(valueOf(base.defaults, settings::kTagsIndex), 1);
 }
 
 TEST_F(TableTest, ImpossibleTagsIndexIsTakenAsTheNearest) {
     open();
-    base.defaults.setIntegerForKey("TagsIndex", -3);
+    setValue(base.defaults, settings::kTagsIndex, -3);
     controller->table().addTagsColumn();
     EXPECT_EQ(outline().tagsColumn, 0u);
     controller->table().removeTagsColumn();
-    base.defaults.setIntegerForKey("TagsIndex", 1000);
+    setValue(base.defaults, settings::kTagsIndex, 1000);
     controller->table().addTagsColumn();
     EXPECT_EQ(outline().tagsColumn, 2u);
 }
 
 TEST_F(TableTest, WidthOfTheTagsColumnIsKept) {
-    base.defaults.setBoolForKey("AddTagsColumn", true);
+    setValue(base.defaults, settings::kAddTagsColumn, true);
     open();
     controller->table().tagsColumnDidResize(222.5);
     open();

@@ -1,6 +1,7 @@
 // The controller and its window: title, empty state, URL field, export, alerts.
 #include "window/ViewController.h"
 
+#include "base/Settings.h"
 #include "tests/window/WindowFixture.h"
 #include "window/SharedAlerts.h"
 
@@ -108,7 +109,7 @@ TEST_F(ViewControllerTest, ExportFollowsTheSortSetting) {
         return text.find(first) < text.find(second);
     };
     EXPECT_TRUE(before(controller->exporting().exportToHTML().value(), "b.example", "a.example"));
-    base.defaults.setBoolForKey("ExportSortName", true);
+    setValue(base.defaults, settings::kExportSortName, true);
     EXPECT_TRUE(before(controller->exporting().exportToHTML().value(), "a.example", "b.example"));
 }
 
