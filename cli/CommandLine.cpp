@@ -2,6 +2,7 @@
 #include "cli/CommandLine.h"
 
 #include "cli/PlainText.h"
+#include "cli/SettingKeys.h"
 #include "cli/Verbs.h"
 #include "platform/fake/FakeBaseServices.h"
 
@@ -28,7 +29,10 @@ struct GlobalOptions {
 
 std::string faultOfSetting(const std::string& text) {
     const std::size_t equals = text.find('=');
-    return equals == std::string::npos || equals == 0 ? "must be KEY=VALUE" : "";
+    if (equals == std::string::npos || equals == 0)
+        return "must be KEY=VALUE";
+    const std::string key = text.substr(0, equals);
+    return isSettingKey(key) ? "" : "there is no setting " + key;
 }
 
 void addGlobalOptions(CLI::App& parser, GlobalOptions& options) {

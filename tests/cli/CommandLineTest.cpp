@@ -277,6 +277,9 @@ TEST_F(CommandLineTest, wrongUsageIsStatusTwo) {
     expectWrongUsage({"make", "tree.json"});
     expectWrongUsage({"--default", "NoValue", "show", "d.tbln"});
     expectWrongUsage({"--default", "=x", "show", "d.tbln"});
+    expectWrongUsage({"--default", "Frobnicate=YES", "show", "d.tbln"});
+    expectWrongUsage({"--default", "showmarks=YES", "show", "d.tbln"});
+    expectWrongUsage({"--default", "ShowMarks =YES", "show", "d.tbln"});
 }
 
 TEST_F(CommandLineTest, wrongUsageNamesTheFault) {
@@ -286,6 +289,16 @@ TEST_F(CommandLineTest, wrongUsageNamesTheFault) {
     EXPECT_EQ(tool.error, "tabulon-cli: There is no option --frobnicate (see tabulon-cli --help)\n");
     expectWrongUsage({"show"});
     EXPECT_EQ(tool.error, "tabulon-cli: INPUT is required (see tabulon-cli --help)\n");
+    expectWrongUsage({"--default", "Frobnicate=YES", "show", "d.tbln"});
+    EXPECT_EQ(tool.error,
+              "tabulon-cli: --default: there is no setting Frobnicate (see tabulon-cli --help)\n");
+}
+
+TEST_F(CommandLineTest, settingsOfEveryTypeAreAccepted) {
+    makeDocument();
+    for (const char* setting : {"ShowMarks=YES", "CopyFormat=3", "FontSize=12.5", "FontName=Serif",
+                                "BackupFolderBookmark=/a=b", "IncludeHistory=YES", "LastOpened="})
+        EXPECT_EQ(tool.run({"--default", setting, "show", "d.tbln"}), 0) << setting << tool.error;
 }
 
 TEST_F(CommandLineTest, helpAndVersion) {

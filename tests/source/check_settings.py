@@ -3,7 +3,7 @@
 import sys
 from pathlib import Path
 
-from settings_table import registered, registration_faults, table_faults, test_faults, text_faults
+from settings_table import command_line_faults, registered, registration_faults, table_faults, test_faults, text_faults
 
 FOLDERS = ("text", "plist", "html", "url", "model", "formats", "window", "app", "ui", "cli", "main", "platform")
 
@@ -17,7 +17,9 @@ def sources_in(root, folders):
 def main():
     root = Path(sys.argv[1])
     source = (root / "base/Settings.h").read_text(encoding="utf-8")
-    found = list(table_faults(source, (root / "docs/settings.md").read_text(encoding="utf-8")))
+    manual = (root / "docs/settings.md").read_text(encoding="utf-8")
+    found = list(table_faults(source, manual))
+    found += command_line_faults(source, manual, (root / "cli/SettingKeys.cpp").read_text(encoding="utf-8"))
     found += registration_faults(source, (root / "base/RegisteredDefaults.cpp").read_text(encoding="utf-8"))
     found += text_faults(sources_in(root, FOLDERS))
     found += test_faults(source, sources_in(root, ("tests",)))

@@ -11,6 +11,8 @@ _ENTRY = re.compile(r"\bentry\(settings::(\w+)\)")
 # Values that the program stores without a choice of the user are not settings.
 _KEY_AS_TEXT = re.compile(r'(\w+)(?:\.|->)(?:\w+ForKey|removeKey|resolve|store)\(\s*"')
 _KEY_IN_TEST = re.compile(r'\b(?:(?:\w+ForKey|removeKey|resolve|store)\(|kept\[)\s*"(\w+)"')
+_LISTED = re.compile(r"\bsettings::(\w+)\.key")
+_LISTED_TEXT = re.compile(r'^    "(\w+)",$', re.MULTILINE)
 _STATE = ("state", "state_")
 _KEY = re.compile(r"`(\w+)`")
 
@@ -65,6 +67,21 @@ def text_faults(sources):
         for match in _KEY_AS_TEXT.finditer(text):
             if match.group(1) not in _STATE:
                 yield f"{path}: {match.group()}… names a setting as a text; base/Settings.h has a constant for it"
+
+
+def accepted(source, command_line):
+    """Returns the keys that the command line accepts, from Settings.h and cli/SettingKeys.cpp."""
+    keys = {constant: key for constant, (key, _) in settings(source).items()}
+    return {keys.get(constant) for constant in _LISTED.findall(command_line)} | set(_LISTED_TEXT.findall(command_line))
+
+
+def command_line_faults(source, text, command_line):
+    """Yields a sentence for each key of docs/settings.md that cli/SettingKeys.cpp leaves out, and the reverse."""
+    listed, manual = accepted(source, command_line), set(documented(text))
+    for key in sorted(manual - listed):
+        yield f"cli/SettingKeys.cpp leaves out {key}"
+    for key in sorted(listed - manual):
+        yield f"docs/settings.md does not describe {key} of cli/SettingKeys.cpp"
 
 
 def test_faults(source, tests):

@@ -2,7 +2,8 @@
 
 import unittest
 
-from settings_table import documented, registered, registration_faults, settings, table_faults, test_faults, text_faults
+from settings_table import (command_line_faults, documented, registered, registration_faults, settings, table_faults, test_faults,
+                            text_faults)
 
 SOURCE = """inline constexpr Setting<bool> kA{"A", "YES"};
 inline constexpr Setting<double> kB{"B", "11.0"};
@@ -53,6 +54,14 @@ class SettingsTableTest(unittest.TestCase):
         self.assertEqual(list(registration_faults(SOURCE, "entry(settings::kA), entry(settings::kB)")), [])
         self.assertEqual(list(registration_faults(SOURCE, "entry(settings::kA)")),
                          ["base/RegisteredDefaults.cpp leaves out kB"])
+
+    def test_the_command_line_accepts_the_keys_of_the_manual(self):
+        rows = manual("| `A` | YES | x |", "| `B` | 11.0 | y |", "| `D` | | d |", "| `L` ° | | l |")
+        listed = "    settings::kA.key, settings::kB.key,\n    settings::kD.key,\n    \"F\",\n"
+        self.assertEqual(list(command_line_faults(SOURCE, rows, listed + '    "L",\n')), [])
+        self.assertEqual(list(command_line_faults(SOURCE, rows, listed)), ["cli/SettingKeys.cpp leaves out L"])
+        self.assertEqual(list(command_line_faults(SOURCE, rows, listed + '    "L",\n    "M",\n')),
+                         ["docs/settings.md does not describe M of cli/SettingKeys.cpp"])
 
     def test_a_key_that_is_named_as_a_text_is_found(self):
         for call in ('defaults.boolForKey("A")', 'defaults->setDoubleForKey("B", 1)', 'defaults_.removeKey("A")',
