@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 
+#include <cctype>
 #include <set>
 #include <tuple>
 
@@ -17,6 +18,27 @@ bool mayEqual(const std::string& path, const std::string& other) {
     return path.starts_with("Import > ") && path != other && other.starts_with("Import > ") &&
            (path.find("Firefox") != std::string::npos || path.find("Tor ") != std::string::npos) &&
            (other.find("Firefox") != std::string::npos || other.find("Tor ") != std::string::npos);
+}
+
+// Returns the keys of an item in the form of the table. A capital letter includes Shift.
+std::string keysOf(const MenuItem& item) {
+    const std::string& key = item.keyEquivalent;
+    if (key.empty())
+        return {};
+    const auto character = static_cast<unsigned char>(key[0]);
+    const bool isCharacter = key.size() == 1;
+    const bool isCapital = isCharacter && std::isupper(character) != 0;
+    return std::string(item.modifiers.control ? "Meta+" : "") + (item.modifiers.command ? "Ctrl+" : "") +
+           (item.modifiers.option ? "Alt+" : "") + (item.modifiers.shift || isCapital ? "Shift+" : "") +
+           (isCharacter ? std::string(1, static_cast<char>(std::toupper(character))) : key);
+}
+
+TEST(MenuEffects, theKeysOfEachItemAreThoseOfTheTable) {
+    MenuProgram program;
+    const auto items = program.items();
+    ASSERT_EQ(items.size(), menuCases().size());
+    for (std::size_t place = 0; place < items.size(); ++place)
+        EXPECT_EQ(keysOf(items[place].second), menuCases()[place].keys) << items[place].first;
 }
 
 TEST(MenuEffects, theTableHasEveryCommandOfTheMenu) {
