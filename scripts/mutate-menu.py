@@ -107,7 +107,8 @@ def exchanged_tags():
 def build_and_test():
     """Returns whether the tests pass; raises an error if the mutation does not compile."""
     subprocess.run(["ninja", "-C", "build", "--quiet", "app_test"], cwd=COPY, check=True, stdout=subprocess.DEVNULL)
-    result = subprocess.run(["build/tests/app/app_test", "--gtest_filter=MenuEffects.*"], cwd=COPY,
+    # The first failure ends the program.
+    result = subprocess.run(["build/tests/app/app_test", "--gtest_filter=MenuEffects.*", "--gtest_throw_on_failure"], cwd=COPY,
                             stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     return result.returncode == 0
 

@@ -1,6 +1,6 @@
-// A tree as a list of its nodes in document order, each with its depth, and the definitions of the commands
-// on it. A reference for the commands of the window: it shares no code with them, and knows no rows, no
-// indexes of children and no links between nodes.
+// A tree as a list of its nodes in document order, each with its depth: a reference for the commands of the
+// window. It has no links between nodes and stores no rows and no indexes of children, so that it shares no
+// code with the commands. ReferenceCommands.h defines the commands on it.
 #pragma once
 
 #include "model/Bookmark.h"
