@@ -152,7 +152,7 @@ void appendFoldedByICU(std::string& result, std::string_view text) {
         folded.foldCase().toUTF8String(result);
 }
 
-void TextFolder::appendFolded(std::string& result, std::string_view text) {
+void TextFolding::appendFolded(std::string& result, std::string_view text) {
     const std::size_t before = result.size();
     std::string turkish;
     if (letterI_ == LetterI::Turkish) {
@@ -170,7 +170,7 @@ void TextFolder::appendFolded(std::string& result, std::string_view text) {
     appendFoldedByICU(result, text);
 }
 
-bool TextFolder::keepsFromAscii(std::string_view text) {
+bool TextFolding::keepsFromAscii(std::string_view text) {
     for (std::size_t at = 0; at < text.size();) {
         if (static_cast<unsigned char>(text[at]) < 0x80) {
             ++at;
@@ -190,7 +190,7 @@ bool TextFolder::keepsFromAscii(std::string_view text) {
 }
 
 // Computes the bits of an entry if they are not known, and returns the bit of the character.
-bool TextFolder::learnKept(std::size_t entry, std::size_t place) {
+bool TextFolding::learnKept(std::size_t entry, std::size_t place) {
     if (kept_.size() <= entry)
         kept_.resize(entry + 1);
     Kept& kept = kept_[entry];
@@ -203,7 +203,7 @@ bool TextFolder::learnKept(std::size_t entry, std::size_t place) {
 
 // Returns false if the form of a character depends on its neighbours, or for malformed UTF-8. What was
 // appended is then invalid.
-bool TextFolder::appendByTable(std::string& result, std::string_view text) {
+bool TextFolding::appendByTable(std::string& result, std::string_view text) {
     std::array<char, 256> folded;
     std::size_t size = 0;
     const auto length = static_cast<std::int32_t>(text.size());
@@ -234,7 +234,7 @@ bool TextFolder::appendByTable(std::string& result, std::string_view text) {
     return true;
 }
 
-const TextFolder::Folded& TextFolder::foldedFor(char32_t character) {
+const TextFolding::Folded& TextFolding::foldedFor(char32_t character) {
     const std::size_t page = character / kPageSize;
     if (page < pages_.size() && pages_[page])
         if (const Folded& folded = (*pages_[page])[character % kPageSize]; folded.size != kUnknown)
@@ -242,7 +242,7 @@ const TextFolder::Folded& TextFolder::foldedFor(char32_t character) {
     return learn(character);
 }
 
-const TextFolder::Folded& TextFolder::learn(char32_t character) {
+const TextFolding::Folded& TextFolding::learn(char32_t character) {
     const std::size_t page = character / kPageSize;
     if (pages_.size() <= page)
         pages_.resize(page + 1);
