@@ -1,5 +1,5 @@
 // Tests the fast reader of links in their usual form: the forms that it reads, those that it leaves to the
-// general rules, and runs of bytes. LiteralScannerTest compares the results of both.
+// general rules, and runs of bytes. ReferenceScannerTest compares the results of both.
 #include "formats/import/LinkLine.h"
 
 #include "formats/import/ByteRun.h"
