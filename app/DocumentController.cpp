@@ -202,7 +202,7 @@ void DocumentController::recoverUnsavedDocuments() {
     Refusals refusals;
     for (const UnsavedDocuments::Copy& copy : stores_.unsaved.abandonedCopies())
         recover(copy, refusals);
-    refusals.tell(platform_);
+    refusals.report(platform_);
 }
 
 void DocumentController::recover(const UnsavedDocuments::Copy& copy, Refusals& refusals) {

@@ -23,7 +23,7 @@ constexpr ImportSource chromium(std::string_view format, std::string_view titleK
             .name = name,
             .failure = ImportFailure::IsLocalized,
             .failureText = "ErrorImportBookmarks",
-            .tellsUnreadable = true};
+            .reportsUnreadable = true};
 }
 
 constexpr auto kSources = std::to_array<ImportSource>({
@@ -49,7 +49,7 @@ constexpr auto kSources = std::to_array<ImportSource>({
      .name = "Opera",
      .failure = ImportFailure::IsFixed,
      .failureText = "Error importing Opera bookmarks",
-     .tellsUnreadable = true},
+     .reportsUnreadable = true},
     {.format = "icab",
      .titleKey = "MenuImportiCab",
      .action = "importiCab:",

@@ -48,7 +48,7 @@ struct ImportSource {
     std::string_view failureText = {};
     /// Whether a file that cannot be read is reported like one of another format. Otherwise it is not
     /// reported.
-    bool tellsUnreadable = false;
+    bool reportsUnreadable = false;
 };
 
 /// Returns the file extensions that a filter enables, without dots.

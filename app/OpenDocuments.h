@@ -30,7 +30,7 @@ struct OpenDocument {
     /// Whether a save or a report waits for the end of an alert about the document.
     bool deferred = false;
     /// Whether the user knows that automatic saving fails.
-    bool failureTold = false;
+    bool failureReported = false;
     /// Whether the user was asked about a file that another program has changed, and the state of that file.
     bool asked = false;
     std::optional<FileIdentity> askedAbout = {};

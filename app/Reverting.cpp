@@ -58,7 +58,7 @@ bool Reverting::show(Document& document, const Result<std::string>& bytes) {
         refusals.add(document.fileName(), read.error(), [&] {
             return parts_.untitled.offerRemains(bytes, nameWithoutExtension(document.fileName()));
         });
-        parts_.alerts.whileAlertIsUp(document, [&] { refusals.tell(platform_, &document); });
+        parts_.alerts.whileAlertIsUp(document, [&] { refusals.report(platform_, &document); });
         return false;
     }
     setValue(platform_.base.defaults, settings::kShowMarks, false);

@@ -35,10 +35,10 @@ public:
 
     /// Reports that `done` of `total` is done, if a stride has passed since the last report; otherwise
     /// returns true. Returns false if the user has cancelled, as `Progress::goOn` does.
-    [[nodiscard]] bool goOn(std::size_t done) { return !progress_ || done < next_ || tell(done); }
+    [[nodiscard]] bool goOn(std::size_t done) { return !progress_ || done < next_ || report(done); }
     /// Reports in any case, for a step that has taken long. The next report of `goOn` is a stride after this
     /// one. Returns as `goOn` does.
-    [[nodiscard]] bool tell(std::size_t done) {
+    [[nodiscard]] bool report(std::size_t done) {
         next_ = done + stride_;
         return !progress_ ||
                progress_->goOn(std::min(1.0, static_cast<double>(done) / static_cast<double>(total_)));

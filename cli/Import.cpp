@@ -20,7 +20,7 @@ Result<void> importFile(const Session& session, const Options& options) {
     Result<Ref<Bookmark>> master = importer.read(*bytes, {session.services});
     if (!master)
         return failure(options.input + ": " + master.error().message);
-    if (!(*master)->hasChildren() && importer.empty == EmptyImport::IsTold)
+    if (!(*master)->hasChildren() && importer.empty == EmptyImport::IsReported)
         return failure(options.input + ": " + session.services.texts.text("NoURLs"));
     (*master)->setShowHier(true);
     Document document(session.services);

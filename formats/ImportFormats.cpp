@@ -24,10 +24,10 @@ constexpr auto kImportFormats = std::to_array<ImportFormat>({
     {"edge", IsADocument, readChromiumBookmarks},
     {"opera", IsADocument, readOperaBookmarks},
     {"icab", IsADocument, readICabBookmarks},
-    {"html", IsTold, readBookmarkHTML},
+    {"html", IsReported, readBookmarkHTML},
     {"html-links", IsADocument, readPageFile},
     {"xbel", IsADocument, readXBEL},
-    {"text", IsTold, readText},
+    {"text", IsReported, readText},
 });
 
 } // namespace

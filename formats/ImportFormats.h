@@ -13,7 +13,7 @@ namespace tabulon {
 
 /// How the user is informed about a file that yields a tree without children.
 enum class EmptyImport {
-    IsTold,      ///< a message says that the file contains no link
+    IsReported,  ///< a message says that the file contains no link
     IsADocument, ///< a document without bookmarks is made, without a message
 };
 

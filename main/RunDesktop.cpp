@@ -63,12 +63,12 @@ public:
     int run(const LaunchArguments& arguments) {
         const SessionEvents session([this] { app_.applicationWillResignActive(); },
                                     [this] { app_.sessionWillEnd(); });
-        state_.tellProblemsTo(
+        state_.reportProblemsTo(
             [this](const SettingsProblem& problem) { log_.log(settingsProblemLine(problem)); });
         QTimer::singleShot(0, qApp, [&] {
             if (arguments.purpose == LaunchArguments::Purpose::Run)
                 app_.requestQueue().add(arguments.request);
-            tellSettingsProblems();
+            reportSettingsProblems();
         });
         const auto unused = timers_.after(kServicePatience, [&] {
             if (arguments.purpose == LaunchArguments::Purpose::Serve && !app_.requestQueue().wasUsed())
@@ -94,8 +94,8 @@ private:
     WindowFinder windowFinder() const {
         return [this](const Document* document) { return windows_.windowFor(document); };
     }
-    void tellSettingsProblems() {
-        defaults_.tellProblemsTo([this](const SettingsProblem& problem) {
+    void reportSettingsProblems() {
+        defaults_.reportProblemsTo([this](const SettingsProblem& problem) {
             log_.log(settingsProblemLine(problem));
             QTimer::singleShot(0, qApp, [this, problem] { settingsProblemAlert(platform_, problem); });
         });

@@ -37,7 +37,7 @@ void writeLine(const QString& message) {
 
 // Qt aborts the program where it cannot reach a display; the user sees a sentence instead of a core dump.
 // Messages of Qt's own modules about the desktop or fonts are of no use to the user and are dropped.
-void tellWhyQtGivesUp(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+void printQtMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
     if (type == QtFatalMsg) {
         writeStandardError(kNoDisplay);
         writeLine(message);
@@ -92,7 +92,7 @@ int main(int argc, char** argv) {
     }
     LaunchRequest activation;
     readActivation(activation);
-    qInstallMessageHandler(tellWhyQtGivesUp);
+    qInstallMessageHandler(printQtMessage);
     QApplication application(argc, argv);
     QApplication::setApplicationName("Tabulon");
     QApplication::setApplicationVersion(TABULON_VERSION);

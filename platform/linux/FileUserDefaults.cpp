@@ -151,10 +151,10 @@ void FileUserDefaults::writeChanges(Chance chance) {
     takeIn(*text);
 }
 
-void FileUserDefaults::tellProblemsTo(std::function<void(const SettingsProblem&)> tell) {
-    tell_ = std::move(tell);
-    for (const SettingsProblem& problem : std::exchange(untold_, {}))
-        tell_(problem);
+void FileUserDefaults::reportProblemsTo(std::function<void(const SettingsProblem&)> report) {
+    report_ = std::move(report);
+    for (const SettingsProblem& problem : std::exchange(unreported_, {}))
+        report_(problem);
 }
 
 // The same problem at every attempt is reported once.
@@ -163,7 +163,7 @@ void FileUserDefaults::report(SettingsProblem problem) {
         return;
     if (problem.kind != SettingsProblem::Kind::Damaged)
         lastTrouble_ = problem.kind;
-    tell_ ? tell_(problem) : untold_.push_back(std::move(problem));
+    report_ ? report_(problem) : unreported_.push_back(std::move(problem));
 }
 
 } // namespace tabulon

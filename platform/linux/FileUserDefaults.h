@@ -62,9 +62,9 @@ public:
     void write();
 
     /// Sets the function that is called once for each problem, and calls it for the problems before. The same
-    /// problem at the next attempt is not reported again. Requires: `tell` is not empty, and what it uses
+    /// problem at the next attempt is not reported again. Requires: `report` is not empty, and what it uses
     /// exists as long as this object, whose destructor may call it.
-    void tellProblemsTo(std::function<void(const SettingsProblem&)> tell);
+    void reportProblemsTo(std::function<void(const SettingsProblem&)> report);
 
 private:
     /// Returns the text of the file without damaged lines, or `nullopt` where it cannot be read.
@@ -78,7 +78,7 @@ private:
     void change(std::string_view key, std::optional<std::string> value);
     /// Takes the values of the file, and its identity.
     void takeIn(const SettingsText& text);
-    /// Reports a problem, or stores it until `tellProblemsTo` is called.
+    /// Reports a problem, or stores it until `reportProblemsTo` is called.
     void report(SettingsProblem problem);
 
     FileStore& files_;
@@ -89,8 +89,8 @@ private:
         changes_;                          // not written yet; `nullopt` removes the key
     std::optional<FileIdentity> identity_; // of the file from which the values were read
     bool writeIsDue_ = false;
-    std::function<void(const SettingsProblem&)> tell_;
-    std::vector<SettingsProblem> untold_;
+    std::function<void(const SettingsProblem&)> report_;
+    std::vector<SettingsProblem> unreported_;
     std::optional<SettingsProblem::Kind> lastTrouble_; // Unreadable or Unwritable, reported already
 };
 

@@ -143,7 +143,7 @@ TEST_F(ImportingTest, everyBrowserOfTheFamilyNamesItself) {
     EXPECT_EQ(title(), "Imported from iCab");
 }
 
-TEST_F(ImportingTest, aSafariListThatCannotBeParsedIsToldWithCodeNameAndReason) {
+TEST_F(ImportingTest, aSafariListThatCannotBeParsedIsReportedWithCodeNameAndReason) {
     import("importSafari:", "/home/Bookmarks.plist", "<plist><dict>");
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].style, AlertStyle::Critical);
@@ -164,7 +164,7 @@ TEST_F(ImportingTest, aSafariListWithoutChildrenIsAnEmptyDocument) {
     EXPECT_TRUE(alerts.shown.empty());
 }
 
-TEST_F(ImportingTest, jsonThatCannotBeReadOrParsedIsTold) {
+TEST_F(ImportingTest, jsonThatCannotBeReadOrParsedIsReported) {
     import("importChrome:", "/home/Bookmarks", "{\"roots\": ");
     expectImportError(base.texts.text("ErrorImportBookmarks"));
     import("importEdge:", "/gone/Bookmarks");

@@ -337,7 +337,7 @@ TEST_F(OpeningTest, WhatIsNoFileIsRefusedWithItsReason) {
     EXPECT_EQ(alerts.shown.size(), 5u);
 }
 
-TEST_F(OpeningTest, SeveralFilesThatCannotBeOpenedAreToldInOneAlertAndTheOthersOpen) {
+TEST_F(OpeningTest, SeveralFilesThatCannotBeOpenedAreListedInOneAlertAndTheOthersOpen) {
     files.files["/home/a.tbln"] = documentBytes("a");
     files.files["/home/picture.png"] = "\x89PNG\r\n";
     openFiles({"/home/none.tbln", "/home/a.tbln", "/home/picture.png"});

@@ -99,7 +99,7 @@ ByteRun plainRun(const std::string& bytes, std::size_t from) {
     return run;
 }
 
-TEST(ByteRun, endsAtTheFirstByteAndTellsWhatIsBeforeIt) {
+TEST(ByteRun, endsAtTheFirstByteAndReturnsWhatIsBeforeIt) {
     std::mt19937 random(1);
     std::size_t ended = 0;
     for (int i = 0; i < 20000; ++i) {

@@ -42,7 +42,7 @@ protected:
     }
     std::string read() { return files.readFile(path).value_or("(none)"); }
     void collectProblemsOf(FileUserDefaults& defaults) {
-        defaults.tellProblemsTo([this](const SettingsProblem& problem) { problems.push_back(problem); });
+        defaults.reportProblemsTo([this](const SettingsProblem& problem) { problems.push_back(problem); });
     }
 
     PosixFileStore files;
@@ -192,7 +192,7 @@ TEST_F(FileUserDefaultsTest, aDamagedFileThatCannotBePutAsideStaysAsItIs) {
     EXPECT_EQ(defaults.stringForKey("a"), "2");
     EXPECT_EQ(memory.files.size(), 1u);
     EXPECT_EQ(memory.files["/s/tabulon.ini"], "a=1\nnonsense\n");
-    EXPECT_EQ(problems.size(), 1u) << "told once";
+    EXPECT_EQ(problems.size(), 1u) << "reported once";
 }
 
 TEST_F(FileUserDefaultsTest, aFullDiskWhilePuttingAsideLeavesNoHalfWork) {
@@ -252,10 +252,10 @@ TEST_F(FileUserDefaultsTest, changesThatCannotBeWrittenAreKeptAndTriedAgain) {
     memory.diskFull = true;
     defaults.setIntegerForKey("k", 4);
     defaults.write();
-    EXPECT_EQ(problems.size(), 2u) << "a new trouble after a success is told again";
+    EXPECT_EQ(problems.size(), 2u) << "a new problem after a success is reported again";
 }
 
-TEST_F(FileUserDefaultsTest, aFileWhereTheFolderShouldBeIsTold) {
+TEST_F(FileUserDefaultsTest, aFileWhereTheFolderShouldBeIsReported) {
     ASSERT_TRUE(files.writeFileAtomically(folder / "config", "not a folder"));
     FileUserDefaults defaults(files, path);
     collectProblemsOf(defaults);
