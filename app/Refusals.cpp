@@ -39,7 +39,7 @@ void Refusals::add(Refusal refusal) {
         first_.push_back(std::move(refusal));
 }
 
-void Refusals::report(const Platform& platform, const Document* document) {
+void Refusals::report(const Platform& platform, const DocumentIdentity* document) {
     const std::size_t count = std::exchange(count_, 0);
     const std::vector<Refusal> first = std::exchange(first_, {});
     std::vector<Offer> offers;

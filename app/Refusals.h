@@ -39,7 +39,7 @@ public:
     /// Shows one alert about the files added since the last call, as a list if there are several, and returns
     /// after it was closed. Does nothing if no file was added. With a `document`, the alert is a sheet of its
     /// window.
-    void report(const Platform& platform, const Document* document = nullptr);
+    void report(const Platform& platform, const DocumentIdentity* document = nullptr);
 
 private:
     static constexpr std::size_t kMostLines = 8;

@@ -38,9 +38,8 @@ std::optional<Reverting::RevertTo> Reverting::ask(const Document& document) {
                              .informative = texts.text(changedByOthers ? "RevertChangedText" : "RevertText"),
                              .buttons = {{texts.text("RevertButton"), AlertButtonRole::Destructive},
                                          {texts.text("Cancel"), AlertButtonRole::Cancel}},
-                             .document = &document,
                              .cancelIsDefault = true};
-        if (parts_.alerts.ask(question) != kAlertFirstButton)
+        if (parts_.alerts.ask(document, question) != kAlertFirstButton)
             return std::nullopt;
         if (platform_.files.identityOf(document.fileName()) == identity)
             return parts_.stores.revertPoints.has(document) && !changedByOthers ? RevertTo::UsersVersion

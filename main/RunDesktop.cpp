@@ -92,7 +92,7 @@ private:
     void lastAlertEnded() override { app_.requestQueue().performSoon(); }
 
     WindowFinder windowFinder() const {
-        return [this](const Document* document) { return windows_.windowFor(document); };
+        return [this](const DocumentIdentity* document) { return windows_.windowFor(document); };
     }
     void reportSettingsProblems() {
         defaults_.reportProblemsTo([this](const SettingsProblem& problem) {

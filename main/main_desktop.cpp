@@ -57,7 +57,7 @@ int launch(const LaunchArguments& arguments) {
             return runDesktop(arguments, instance);
         return 0; // another instance was first and receives the request
     }
-    QtAlerts alerts([](const Document*) { return nullptr; });
+    QtAlerts alerts([](const DocumentIdentity*) { return nullptr; });
     switch (decideLaunch(instance, arguments.request, alerts, EnglishLocalization())) {
     case LaunchDecision::Run:
         return runDesktop(arguments, instance);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/BaseServices.h"
+#include "base/DocumentIdentity.h"
 #include "base/Error.h"
 #include "model/Bookmark.h"
 #include "model/DocumentAnchor.h"
@@ -33,14 +34,12 @@ public:
 };
 
 /// Paths are in the file system's encoding; texts are UTF-8. Used on one thread.
-class Document {
+class Document : public DocumentIdentity {
 public:
     /// Constructs a document with an empty root folder "Master", expanded, without a file and without
     /// changes. The services must outlive the document.
     explicit Document(const BaseServices& services);
     ~Document();
-    Document(const Document&) = delete;
-    Document& operator=(const Document&) = delete;
 
     /// Returns the root folder, which the document owns.
     Bookmark& getMaster() const { return *fMaster_; }
