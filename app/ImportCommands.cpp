@@ -126,7 +126,7 @@ void ImportCommands::failureAlert(const ImportSource& source, const std::string&
 }
 
 Document* ImportCommands::showImported(const ImportSource& source, Ref<Bookmark> root) {
-    if (importFormatNamed(source.format)->empty == EmptyImport::IsReported && !root->hasChildren()) {
+    if (source.reportsEmpty && !root->hasChildren()) {
         noURLs(platform_);
         return nullptr;
     }

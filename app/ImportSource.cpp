@@ -64,7 +64,8 @@ constexpr auto kSources = std::to_array<ImportSource>({
      .action = "importBookmarks:",
      .messageKey = "SelectBookmarks",
      .filter = PanelFilter::HTML,
-     .keepsFilter = true},
+     .keepsFilter = true,
+     .reportsEmpty = true},
     {.format = "html-links",
      .titleKey = "MenuImportHTML",
      .action = "importHTML:",
@@ -76,7 +77,11 @@ constexpr auto kSources = std::to_array<ImportSource>({
      .action = "importXBEL:",
      .messageKey = "SelectXBEL",
      .filter = PanelFilter::XBEL},
-    {.format = "text", .titleKey = "MenuScanText", .action = "scanText:", .messageKey = "SelectTEXT"},
+    {.format = "text",
+     .titleKey = "MenuScanText",
+     .action = "scanText:",
+     .messageKey = "SelectTEXT",
+     .reportsEmpty = true},
 });
 
 } // namespace

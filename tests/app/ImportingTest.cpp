@@ -109,6 +109,7 @@ TEST_F(ImportingTest, everyFormatHasACommandInTheMenu) {
         EXPECT_NE(std::ranges::find(import.items, source->action, &MenuItem::action), import.items.end())
             << format.name;
         EXPECT_TRUE(enabled(std::string(source->action).c_str())) << format.name;
+        EXPECT_EQ(source->reportsEmpty, format.name == "html" || format.name == "text") << format.name;
     }
 }
 
