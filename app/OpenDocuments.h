@@ -16,8 +16,9 @@
 namespace tabulon {
 
 /// One open document, and what is known about its file and its saving.
-struct OpenDocument {
-    explicit OpenDocument(const BaseServices& services) : document(services) {}
+struct OpenDocument : private DocumentObserver {
+    /// Requires: the services outlive this object.
+    explicit OpenDocument(const BaseServices& services) : document(services, this) {}
 
     // In the order of construction: the window is destroyed before its controller, and the controller before
     // its document.
@@ -41,6 +42,12 @@ struct OpenDocument {
     /// Both have values while the document is in the list.
     std::optional<ViewController> controller = {};
     std::unique_ptr<DocumentWindow> window = {};
+
+private:
+    void documentDidChange() override {
+        if (pause)
+            pause->noteChange();
+    }
 };
 
 /// The list. Owns the documents; their addresses do not change while they are in it.
