@@ -26,7 +26,7 @@ public:
     int asked = 0;
 };
 
-class FileUserDefaultsTest : public testing::Test {
+class FileUserDefaultsTest : public testing::Test, protected SettingsProblemObserver {
 protected:
     void SetUp() override {
         std::string pattern = (fs::temp_directory_path() / "tabulon-settings-XXXXXX").string();
@@ -41,9 +41,7 @@ protected:
         ASSERT_TRUE(files.writeFileAtomically(path, bytes));
     }
     std::string read() { return files.readFile(path).value_or("(none)"); }
-    void collectProblemsOf(FileUserDefaults& defaults) {
-        defaults.reportProblemsTo([this](const SettingsProblem& problem) { problems.push_back(problem); });
-    }
+    void settingsProblem(const SettingsProblem& problem) override { problems.push_back(problem); }
 
     PosixFileStore files;
     fs::path folder;
@@ -146,10 +144,9 @@ TEST_F(FileUserDefaultsTest, programsThatWriteAtTheSameTimeLoseNothing) {
 TEST_F(FileUserDefaultsTest, aDamagedFileIsPutAsideAndWhatCanBeReadHolds) {
     const std::string damaged = "MakeBackups=NO\n\0\0\0\0garbage\nFontSize=14\n"s;
     write(damaged);
-    FileUserDefaults defaults(files, path);
+    FileUserDefaults defaults(files, path, nullptr, this);
     EXPECT_FALSE(defaults.boolForKey("MakeBackups"));
     EXPECT_EQ(defaults.doubleForKey("FontSize"), 14);
-    collectProblemsOf(defaults);
     ASSERT_EQ(problems.size(), 1u);
     EXPECT_EQ(problems[0].kind, Kind::Damaged);
     EXPECT_EQ(problems[0].path, path);
@@ -168,8 +165,7 @@ TEST_F(FileUserDefaultsTest, aDamagedFileIsPutAsideAndWhatCanBeReadHolds) {
 
 TEST_F(FileUserDefaultsTest, aFileDamagedDuringTheRunIsPutAsideBeforeTheNextWrite) {
     write("a=1\n");
-    FileUserDefaults defaults(files, path);
-    collectProblemsOf(defaults);
+    FileUserDefaults defaults(files, path, nullptr, this);
     write("a=1\nnonsense\n");
     defaults.setStringForKey("b", "2");
     defaults.write();
@@ -182,8 +178,7 @@ TEST_F(FileUserDefaultsTest, aDamagedFileThatCannotBePutAsideStaysAsItIs) {
     MemoryFileStore memory;
     memory.files["/s/tabulon.ini"] = "a=1\nnonsense\n";
     memory.unwritable = "/s/";
-    FileUserDefaults defaults(memory, "/s/tabulon.ini");
-    collectProblemsOf(defaults);
+    FileUserDefaults defaults(memory, "/s/tabulon.ini", nullptr, this);
     ASSERT_EQ(problems.size(), 1u);
     EXPECT_EQ(problems[0].kind, Kind::Unreadable);
     EXPECT_EQ(defaults.stringForKey("a"), "1") << "what can be read holds all the same";
@@ -205,8 +200,7 @@ TEST_F(FileUserDefaultsTest, aFullDiskWhilePuttingAsideLeavesNoHalfWork) {
         }
     } memory;
     memory.files["/s/tabulon.ini"] = "nonsense\n";
-    FileUserDefaults defaults(memory, "/s/tabulon.ini");
-    collectProblemsOf(defaults);
+    FileUserDefaults defaults(memory, "/s/tabulon.ini", nullptr, this);
     ASSERT_EQ(problems.size(), 1u);
     EXPECT_EQ(problems[0].kind, Kind::Unreadable);
     EXPECT_EQ(memory.namesInFolder("/s"), std::vector<std::string>{"tabulon.ini"});
@@ -217,8 +211,7 @@ TEST_F(FileUserDefaultsTest, aFileThatCannotBeReadIsNeverWrittenOver) {
     MemoryFileStore memory;
     memory.files["/s/tabulon.ini"] = "MakeBackups=NO\n";
     memory.unreadable = "/s/";
-    FileUserDefaults defaults(memory, "/s/tabulon.ini");
-    collectProblemsOf(defaults);
+    FileUserDefaults defaults(memory, "/s/tabulon.ini", nullptr, this);
     ASSERT_EQ(problems.size(), 1u);
     EXPECT_EQ(problems[0].kind, Kind::Unreadable);
     EXPECT_NE(problems[0].reason.find("Permission denied"), std::string::npos);
@@ -236,8 +229,7 @@ TEST_F(FileUserDefaultsTest, aFileThatCannotBeReadIsNeverWrittenOver) {
 TEST_F(FileUserDefaultsTest, changesThatCannotBeWrittenAreKeptAndTriedAgain) {
     MemoryFileStore memory;
     memory.diskFull = true;
-    FileUserDefaults defaults(memory, "/s/tabulon.ini");
-    collectProblemsOf(defaults);
+    FileUserDefaults defaults(memory, "/s/tabulon.ini", nullptr, this);
     EXPECT_TRUE(problems.empty()) << "nothing was to be written";
     for (int i = 1; i <= 3; ++i) {
         defaults.setIntegerForKey("k", i);
@@ -257,8 +249,7 @@ TEST_F(FileUserDefaultsTest, changesThatCannotBeWrittenAreKeptAndTriedAgain) {
 
 TEST_F(FileUserDefaultsTest, aFileWhereTheFolderShouldBeIsReported) {
     ASSERT_TRUE(files.writeFileAtomically(folder / "config", "not a folder"));
-    FileUserDefaults defaults(files, path);
-    collectProblemsOf(defaults);
+    FileUserDefaults defaults(files, path, nullptr, this);
     defaults.setStringForKey("k", "v");
     defaults.write();
     ASSERT_EQ(problems.size(), 1u);
@@ -275,8 +266,7 @@ TEST_F(FileUserDefaultsTest, whatIsNoFileOrTooLargeIsLeftAlone) {
     fs::resize_file(large, FileUserDefaults::kLargestFile + 1);
     for (const std::string& place : {path, pipe, large}) {
         problems.clear();
-        FileUserDefaults defaults(files, place);
-        collectProblemsOf(defaults);
+        FileUserDefaults defaults(files, place, nullptr, this);
         defaults.setStringForKey("k", "v");
         defaults.write();
         ASSERT_EQ(problems.size(), 1u) << place;
