@@ -74,9 +74,7 @@ constexpr Decoded decodedAt(std::string_view text, std::size_t position) {
     if (lead < 0x80)
         return {lead, 1};
     // The six bits of a continuation byte, or a number above 0x3F for another byte.
-    const auto tail = [bytes](std::size_t i) {
-        return static_cast<unsigned char>(bytes[i]) ^ char32_t { 0x80 };
-    };
+    const auto tail = [bytes](std::size_t i) { return static_cast<unsigned char>(bytes[i]) ^ 0x80U; };
     if (lead - 0xC2 < 0x1E) {
         if (left < 2 || tail(1) > 0x3F) [[unlikely]]
             return {};
