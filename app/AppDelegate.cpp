@@ -62,7 +62,7 @@ void AppDelegate::perform(const LaunchRequest& request) {
         break;
     }
     if (!requestQueue_.hasMore())
-        fileOpening_.tellRefusals();
+        fileOpening_.reportRefusals();
     if (ended_ || requestQueue_.hasMore()) // these may have changed while the alert was shown
         return;
     if (documentController_.documents().empty())

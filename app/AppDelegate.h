@@ -31,7 +31,6 @@ public:
 
     DocumentController& documentController() { return documentController_; }
     FileOpening& fileOpening() { return fileOpening_; }
-    ImportCommands& importCommands() { return importCommands_; }
     RequestQueue& requestQueue() { return requestQueue_; }
     const MainMenu& mainMenu() const { return mainMenu_; }
     const ResponderChain& responders() const { return responders_; }

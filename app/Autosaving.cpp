@@ -58,9 +58,9 @@ void Autosaving::saveBesideFile(OpenDocument& opened, const std::optional<FileId
 
 // A failure is reported once, until saving has succeeded again.
 void Autosaving::note(OpenDocument& opened, std::string_view failureKey, const Result<void>& saved) {
-    const bool isNews = !saved && !opened.failureTold;
+    const bool isNews = !saved && !opened.failureReported;
     const bool isBusy = parts_.alerts.isAlertUp(opened);
-    opened.failureTold = !saved && (!isNews || !isBusy);
+    opened.failureReported = !saved && (!isNews || !isBusy);
     if (!isNews)
         return;
     if (isBusy)

@@ -19,14 +19,13 @@ void ClosingQuestions::ask(Document& document, const SavingDone& done) {
                  .informative = texts.text("SaveChangesText"),
                  .buttons = {{texts.text("Save")},
                              {texts.text("DontSave"), AlertButtonRole::Destructive},
-                             {texts.text("Cancel"), AlertButtonRole::Cancel}},
-                 .document = &document},
+                             {texts.text("Cancel"), AlertButtonRole::Cancel}}},
            done, &Saving::saveDocument);
 }
 
-void ClosingQuestions::choose(Document& document, const Alert& alert, const SavingDone& done,
+void ClosingQuestions::choose(Document& document, Alert alert, const SavingDone& done,
                               void (Saving::*save)(Document&, const SavingDone&)) {
-    const int response = parts_.alerts.ask(alert);
+    const int response = parts_.alerts.ask(document, std::move(alert));
     if (!parts_.documents.find(document)) // closed while the question was up
         return done(false);
     if (response == kAlertFirstButton)
@@ -67,8 +66,7 @@ void ClosingQuestions::askAfterFailedSave(Document& document, const Error& error
                  .informative = writeErrorText(texts, error),
                  .buttons = {{texts.text("SaveAsButton")},
                              {texts.text("CloseWithoutSaving"), AlertButtonRole::Destructive},
-                             {texts.text("Cancel"), AlertButtonRole::Cancel}},
-                 .document = &document},
+                             {texts.text("Cancel"), AlertButtonRole::Cancel}}},
            done, &Saving::saveDocumentAs);
 }
 

@@ -44,7 +44,7 @@ private:
     void askAfterFailedSave(Document& document, const Error& error, const SavingDone& done);
     /// Shows an alert whose buttons are: save in some way, close without saving, cancel. Calls `done` with
     /// false if the document was closed while the alert was shown.
-    void choose(Document& document, const Alert& alert, const SavingDone& done,
+    void choose(Document& document, Alert alert, const SavingDone& done,
                 void (Saving::*save)(Document&, const SavingDone&));
     /// Asks about the pending documents and those that are changed meanwhile; then calls `done`.
     void reviewFrom(std::vector<Document*> pending, const SavingDone& done);

@@ -26,9 +26,10 @@ void DocumentAlerts::whileAlertIsUp(const Document& document, const std::functio
         opened->pause->noteChange();
 }
 
-int DocumentAlerts::ask(const Alert& alert) {
+int DocumentAlerts::ask(const Document& document, Alert alert) {
+    alert.document = &document;
     int response = 0;
-    whileAlertIsUp(*alert.document, [&] { response = alerts_.runModal(alert); });
+    whileAlertIsUp(document, [&] { response = alerts_.runModal(alert); });
     return response;
 }
 

@@ -14,8 +14,8 @@ public:
     /// Requires: the arguments outlive this object.
     DocumentAlerts(Alerts& alerts, OpenDocuments& documents) : alerts_(alerts), documents_(documents) {}
 
-    /// Shows the alert and returns the response. Requires: the alert has a document.
-    int ask(const Alert& alert);
+    /// Shows the alert in the window of the document and returns the response.
+    int ask(const Document& document, Alert alert);
     /// Calls `show`, which shows an alert about the document and returns when it was closed. After that, a
     /// save or a report that was postponed meanwhile is due after a pause.
     void whileAlertIsUp(const Document& document, const std::function<void()>& show);

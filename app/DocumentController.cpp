@@ -79,7 +79,6 @@ Document* DocumentController::makeWindowControllers(std::unique_ptr<OpenDocument
     shown.controller->setWindow(shown.window.get());
     shown.pause.emplace(platform_.timers,
                         [this, &shown] { autosaving_.save(shown, Autosaving::Moment::Pause); });
-    shown.document.setChangeObserver([&shown] { shown.pause->noteChange(); });
     if (!shown.document.fileName().empty())
         restoreWindowFrame(shown, platform_.state);
     current_ = &shown.document;
@@ -202,7 +201,7 @@ void DocumentController::recoverUnsavedDocuments() {
     Refusals refusals;
     for (const UnsavedDocuments::Copy& copy : stores_.unsaved.abandonedCopies())
         recover(copy, refusals);
-    refusals.tell(platform_);
+    refusals.report(platform_);
 }
 
 void DocumentController::recover(const UnsavedDocuments::Copy& copy, Refusals& refusals) {

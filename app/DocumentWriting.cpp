@@ -58,7 +58,7 @@ bool DocumentWriting::writeOrAlert(OpenDocument& opened, const std::string& path
 void DocumentWriting::failedSaveAlert(OpenDocument& opened, const std::string& path, const Error& error) {
     const Document& document = opened.document;
     if (path == document.fileName())
-        opened.failureTold = true;
+        opened.failureReported = true;
     alerts_.whileAlertIsUp(document,
                            [&] { writeErrorAlert(platform_, "CouldNotSave", path, error, &document); });
 }

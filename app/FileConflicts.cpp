@@ -39,11 +39,10 @@ FileConflicts::Answer FileConflicts::choose(const Document& document, bool isThe
     const std::string key = isThere ? "FileChanged" : "FileGone";
     Alert alert{.style = AlertStyle::Warning,
                 .message = texts.format(key, lastPathComponent(document.fileName())),
-                .informative = texts.text(key + (isClosing ? "ClosingText" : "Text")),
-                .document = &document};
+                .informative = texts.text(key + (isClosing ? "ClosingText" : "Text"))};
     for (const auto& [button, answer] : choices)
         alert.buttons.push_back(button);
-    const auto chosen = static_cast<std::size_t>(alerts_.ask(alert) - kAlertFirstButton);
+    const auto chosen = static_cast<std::size_t>(alerts_.ask(document, std::move(alert)) - kAlertFirstButton);
     return chosen < choices.size() ? choices[chosen].second : Answer::Cancel;
 }
 

@@ -44,7 +44,7 @@ void FileOpening::addActions() {
 
 bool FileOpening::openFile(const std::string& location) {
     const bool opened = open(location);
-    tellRefusals();
+    reportRefusals();
     return opened;
 }
 

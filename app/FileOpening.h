@@ -33,10 +33,10 @@ public:
     /// Opens a bookmark document; or a bookmark file of another program, or a page, as an untitled document
     /// with the file's name. The content decides about the kind, then the extension. A file that is open
     /// already, by whatever path, is brought to the front. Returns whether it has a window then. A refusal is
-    /// kept for `tellRefusals`.
+    /// kept for `reportRefusals`.
     bool open(const std::string& location);
     /// Shows one alert that lists the files refused since the last call. Does nothing if no file was refused.
-    void tellRefusals() { refusals_.tell(platform_); }
+    void reportRefusals() { refusals_.report(platform_); }
 
     /// Opens one file as `open` does, and shows the alert if it is refused. Returns whether it has a window
     /// then.

@@ -88,7 +88,7 @@ void ImportCommands::importFile(const ImportSource& source, const std::string& p
             ? failure("It is no file.")
             : platform_.files.readFile(path);
     if (!bytes) {
-        if (source.tellsUnreadable)
+        if (source.reportsUnreadable)
             failureAlert(source, path, bytes.error());
         return;
     }
@@ -126,7 +126,7 @@ void ImportCommands::failureAlert(const ImportSource& source, const std::string&
 }
 
 Document* ImportCommands::showImported(const ImportSource& source, Ref<Bookmark> root) {
-    if (importFormatNamed(source.format)->empty == EmptyImport::IsTold && !root->hasChildren()) {
+    if (source.reportsEmpty && !root->hasChildren()) {
         noURLs(platform_);
         return nullptr;
     }

@@ -23,7 +23,7 @@ constexpr ImportSource chromium(std::string_view format, std::string_view titleK
             .name = name,
             .failure = ImportFailure::IsLocalized,
             .failureText = "ErrorImportBookmarks",
-            .tellsUnreadable = true};
+            .reportsUnreadable = true};
 }
 
 constexpr auto kSources = std::to_array<ImportSource>({
@@ -49,7 +49,7 @@ constexpr auto kSources = std::to_array<ImportSource>({
      .name = "Opera",
      .failure = ImportFailure::IsFixed,
      .failureText = "Error importing Opera bookmarks",
-     .tellsUnreadable = true},
+     .reportsUnreadable = true},
     {.format = "icab",
      .titleKey = "MenuImportiCab",
      .action = "importiCab:",
@@ -64,7 +64,8 @@ constexpr auto kSources = std::to_array<ImportSource>({
      .action = "importBookmarks:",
      .messageKey = "SelectBookmarks",
      .filter = PanelFilter::HTML,
-     .keepsFilter = true},
+     .keepsFilter = true,
+     .reportsEmpty = true},
     {.format = "html-links",
      .titleKey = "MenuImportHTML",
      .action = "importHTML:",
@@ -76,7 +77,11 @@ constexpr auto kSources = std::to_array<ImportSource>({
      .action = "importXBEL:",
      .messageKey = "SelectXBEL",
      .filter = PanelFilter::XBEL},
-    {.format = "text", .titleKey = "MenuScanText", .action = "scanText:", .messageKey = "SelectTEXT"},
+    {.format = "text",
+     .titleKey = "MenuScanText",
+     .action = "scanText:",
+     .messageKey = "SelectTEXT",
+     .reportsEmpty = true},
 });
 
 } // namespace

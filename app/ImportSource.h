@@ -48,7 +48,10 @@ struct ImportSource {
     std::string_view failureText = {};
     /// Whether a file that cannot be read is reported like one of another format. Otherwise it is not
     /// reported.
-    bool tellsUnreadable = false;
+    bool reportsUnreadable = false;
+    /// Whether the user is informed that a file contains no link. Otherwise it becomes a document without
+    /// bookmarks.
+    bool reportsEmpty = false;
 };
 
 /// Returns the file extensions that a filter enables, without dots.
@@ -57,7 +60,7 @@ std::span<const std::string_view> extensionsOf(PanelFilter filter);
 /// Returns all sources in the order of the menu.
 std::span<const ImportSource> importSources();
 
-/// Returns the source that reads with the format of that name, or `nullptr`.
+/// Returns the source that reads with the format of that name, or `nullptr`. Each format has one.
 const ImportSource* importSourceOf(std::string_view format);
 
 } // namespace tabulon

@@ -16,8 +16,9 @@
 namespace tabulon {
 
 /// One open document, and what is known about its file and its saving.
-struct OpenDocument {
-    explicit OpenDocument(const BaseServices& services) : document(services) {}
+struct OpenDocument : private DocumentObserver {
+    /// Requires: the services outlive this object.
+    explicit OpenDocument(const BaseServices& services) : document(services, this) {}
 
     // In the order of construction: the window is destroyed before its controller, and the controller before
     // its document.
@@ -30,7 +31,7 @@ struct OpenDocument {
     /// Whether a save or a report waits for the end of an alert about the document.
     bool deferred = false;
     /// Whether the user knows that automatic saving fails.
-    bool failureTold = false;
+    bool failureReported = false;
     /// Whether the user was asked about a file that another program has changed, and the state of that file.
     bool asked = false;
     std::optional<FileIdentity> askedAbout = {};
@@ -41,6 +42,12 @@ struct OpenDocument {
     /// Both have values while the document is in the list.
     std::optional<ViewController> controller = {};
     std::unique_ptr<DocumentWindow> window = {};
+
+private:
+    void documentDidChange() override {
+        if (pause)
+            pause->noteChange();
+    }
 };
 
 /// The list. Owns the documents; their addresses do not change while they are in it.

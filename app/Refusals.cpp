@@ -39,19 +39,19 @@ void Refusals::add(Refusal refusal) {
         first_.push_back(std::move(refusal));
 }
 
-void Refusals::tell(const Platform& platform, const Document* document) {
+void Refusals::report(const Platform& platform, const DocumentIdentity* document) {
     const std::size_t count = std::exchange(count_, 0);
-    const std::vector<Refusal> told = std::exchange(first_, {});
+    const std::vector<Refusal> first = std::exchange(first_, {});
     std::vector<Offer> offers;
     for (const MakeOffer& makeOffer : std::exchange(makeOffers_, {}))
         if (std::optional<Offer> offer = makeOffer())
             offers.push_back(std::move(*offer));
     if (count == 0)
         return;
-    if (count == 1 && told[0].isEmpty)
+    if (count == 1 && first[0].isEmpty)
         return noURLs(platform);
     const Localization& texts = platform.base.texts;
-    Alert alert = count == 1 ? alertAboutOne(told[0], texts) : alertAboutSeveral(told, count, texts);
+    Alert alert = count == 1 ? alertAboutOne(first[0], texts) : alertAboutSeveral(first, count, texts);
     alert.style = AlertStyle::Critical;
     alert.document = document;
     alert.buttons = {{texts.text("OK")}};

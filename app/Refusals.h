@@ -29,7 +29,7 @@ public:
     };
     /// Returns the offer, or `nullopt` if nothing of the file can be read.
     using MakeOffer = std::function<std::optional<Offer>()>;
-    /// Does the same, with an offer. `makeOffer` is called by `tell`, before the alert is shown. One button
+    /// Does the same, with an offer. `makeOffer` is called by `report`, before the alert is shown. One button
     /// accepts the offers of all files. Only the first `kMostOffers` files may have one, because each offer
     /// keeps the content of its file in memory.
     void add(const std::string& location, const Error& error, MakeOffer makeOffer);
@@ -39,7 +39,7 @@ public:
     /// Shows one alert about the files added since the last call, as a list if there are several, and returns
     /// after it was closed. Does nothing if no file was added. With a `document`, the alert is a sheet of its
     /// window.
-    void tell(const Platform& platform, const Document* document = nullptr);
+    void report(const Platform& platform, const DocumentIdentity* document = nullptr);
 
 private:
     static constexpr std::size_t kMostLines = 8;

@@ -38,9 +38,8 @@ std::optional<Reverting::RevertTo> Reverting::ask(const Document& document) {
                              .informative = texts.text(changedByOthers ? "RevertChangedText" : "RevertText"),
                              .buttons = {{texts.text("RevertButton"), AlertButtonRole::Destructive},
                                          {texts.text("Cancel"), AlertButtonRole::Cancel}},
-                             .document = &document,
                              .cancelIsDefault = true};
-        if (parts_.alerts.ask(question) != kAlertFirstButton)
+        if (parts_.alerts.ask(document, question) != kAlertFirstButton)
             return std::nullopt;
         if (platform_.files.identityOf(document.fileName()) == identity)
             return parts_.stores.revertPoints.has(document) && !changedByOthers ? RevertTo::UsersVersion
@@ -58,7 +57,7 @@ bool Reverting::show(Document& document, const Result<std::string>& bytes) {
         refusals.add(document.fileName(), read.error(), [&] {
             return parts_.untitled.offerRemains(bytes, nameWithoutExtension(document.fileName()));
         });
-        parts_.alerts.whileAlertIsUp(document, [&] { refusals.tell(platform_, &document); });
+        parts_.alerts.whileAlertIsUp(document, [&] { refusals.report(platform_, &document); });
         return false;
     }
     setValue(platform_.base.defaults, settings::kShowMarks, false);

@@ -8,6 +8,8 @@
 
 namespace tabulon::ascii {
 
+// The functions of one byte take constant time. A byte above 127 is no digit, letter or white space.
+
 /// Returns true for 0 to 9.
 constexpr bool isDigit(char c) {
     return c >= '0' && c <= '9';
@@ -43,19 +45,20 @@ constexpr std::string_view trimmed(std::string_view text, std::string_view blank
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 /// Returns a copy of `text` with small letters in place of the capital ASCII letters. Other bytes, those of
-/// UTF-8 included, are unchanged.
+/// UTF-8 included, are unchanged, so valid UTF-8 stays valid. Linear.
 inline std::string lowered(std::string_view text) {
     std::string result(text);
     std::ranges::transform(result, result.begin(), lower);
     return result;
 }
 /// Returns true if `text` begins with `prefix`, ignoring the case of ASCII letters. True for an empty prefix.
+/// Neither argument has to be in small letters.
 inline bool startsWithIgnoringCase(std::string_view text, std::string_view prefix) {
     return text.size() >= prefix.size() &&
            std::ranges::equal(text.substr(0, prefix.size()), prefix, {}, lower, lower);
 }
 /// Returns true if `a` and `b` are equal, ignoring the case of ASCII letters. Other bytes are compared as
-/// they are.
+/// they are, so "É" and "é" differ. Linear; constant for texts of different sizes.
 inline bool equalsIgnoringCase(std::string_view a, std::string_view b) {
     return std::ranges::equal(a, b, {}, lower, lower);
 }

@@ -13,7 +13,8 @@
 
 namespace tabulon {
 
-/// Sixteen bytes, or the results of a comparison of each of them: 0xFF for true, 0 for false.
+/// Sixteen bytes, or the results of a comparison of each of them: 0xFF for true, 0 for false. Results are
+/// combined by the operators | & ~ of the compiler's vectors.
 using ByteBlock = unsigned char __attribute__((vector_size(16)));
 
 /// The size of a block in bytes.
@@ -26,12 +27,13 @@ inline ByteBlock loadBlock(const char* bytes) {
     return block;
 }
 
-/// Returns a block in which every byte is `byte`.
+/// Returns a block in which every byte is `byte`, for comparisons.
 inline ByteBlock filledBlock(char byte) {
     return ByteBlock{} + static_cast<unsigned char>(byte);
 }
 
-/// Returns 0xFF at each position where `a` and `b` have the same byte, 0 at the others.
+/// Returns 0xFF at each position where `a` and `b` have the same byte, 0 at the others. The case of letters
+/// counts.
 inline ByteBlock equalBytes(ByteBlock a, ByteBlock b) {
     return std::bit_cast<ByteBlock>(a == b);
 }

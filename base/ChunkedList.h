@@ -33,15 +33,18 @@ class ChunkedList {
     static constexpr std::size_t kMaximum = 512;
     static constexpr std::size_t kFirstCapacity = 4;
 
+    /// The header of an array of items, which follow it in the same allocation.
     struct Chunk {
-        ChunkedList* list;
-        std::uint32_t number;
-        std::uint16_t count;
-        std::uint16_t capacity;
+        ChunkedList* list;      ///< the list that contains the chunk
+        std::uint32_t number;   ///< its index in `chunks_`
+        std::uint16_t count;    ///< the items in use, 1 to `kMaximum` between changes
+        std::uint16_t capacity; ///< the items that have room, `kFirstCapacity` to `kMaximum`
 
+        /// Returns the first item. The address changes when the chunk is replaced.
         Item** items() { return reinterpret_cast<Item**>(this + 1); }
         std::size_t size() const { return count; }
     };
+    /// A chunk, owned by the list, and the index of its first item, which is valid below `ordered_`.
     struct Entry {
         Chunk* chunk;
         std::size_t start;
@@ -57,9 +60,11 @@ public:
         using value_type = Item*;
         using difference_type = std::ptrdiff_t;
 
+        /// Constructs an iterator of no list, which can only be assigned to.
         iterator() = default;
         /// Returns the item, never nullptr. Requires: the iterator is of a list and not its end.
         Item* operator*() const { return list_->chunks_[number_].chunk->items()[place_]; }
+        /// Moves to the next item, or to the end. Constant time. Requires: not the end.
         iterator& operator++() {
             if (++place_ == list_->chunks_[number_].chunk->size()) {
                 place_ = 0;
@@ -67,11 +72,13 @@ public:
             }
             return *this;
         }
+        /// Does the same, and returns the iterator as it was before.
         iterator operator++(int) {
             iterator before = *this;
             ++*this;
             return before;
         }
+        /// Returns true for the same position. Requires: both are of the same list.
         bool operator==(const iterator& other) const {
             return number_ == other.number_ && place_ == other.place_;
         }
@@ -85,20 +92,25 @@ public:
         std::size_t place_ = 0;
     };
 
+    /// Constructs an empty list, which allocates no memory before the first item.
     ChunkedList() = default;
     ChunkedList(const ChunkedList&) = delete;
     ChunkedList& operator=(const ChunkedList&) = delete;
-    /// Clears the links of all items. The items are not destroyed.
+    /// Clears the links of all items. The items are not destroyed. Linear.
     ~ChunkedList() { clear(); }
 
+    /// Returns the number of items; an item that was added twice counts twice. Constant time.
     std::size_t size() const { return size_; }
+    /// Returns true if the list has no items. Constant time.
     bool empty() const { return size_ == 0; }
+    /// Returns an iterator at the first item, or the end of an empty list. Constant time.
     iterator begin() const { return iterator(this, 0); }
+    /// Returns the position after the last item. Constant time.
     iterator end() const { return iterator(this, chunks_.size()); }
 
-    /// Returns the first item, or nullptr if the list is empty.
+    /// Returns the first item, or nullptr if the list is empty. Constant time.
     Item* front() const { return empty() ? nullptr : chunks_.front().chunk->items()[0]; }
-    /// Returns the last item, or nullptr if the list is empty.
+    /// Returns the last item, or nullptr if the list is empty. Constant time.
     Item* back() const {
         if (empty())
             return nullptr;
@@ -106,7 +118,7 @@ public:
         return last->items()[last->size() - 1];
     }
 
-    /// Returns the item at `index`. Requires: index < size().
+    /// Returns the item at `index`, never nullptr. The index is not checked. Requires: index < size().
     Item* at(std::size_t index) const {
         const auto [number, place] = locate(index);
         return chunks_[number].chunk->items()[place];
@@ -120,12 +132,13 @@ public:
         return chunk ? startOf(chunk->number) + Link::place(const_cast<Item&>(item)) : npos;
     }
 
-    /// Returns true if `item` is in this list.
+    /// Returns true if `item` is in this list. Constant time; linear in a list that shares items.
     bool contains(const Item& item) const {
         return shared_ ? searchFor(item) != npos : chunkOf(item) != nullptr;
     }
 
     /// Returns the item after `item`, or nullptr after the last one and for an item that is not in the list.
+    /// Constant time; linear in a list that shares items.
     Item* next(const Item& item) const {
         if (shared_) {
             const std::size_t index = searchFor(item);
@@ -149,7 +162,7 @@ public:
         }
     }
 
-    /// Adds `item` at the end. Amortized constant time.
+    /// Adds `item` at the end, and sets its link to this list. Amortized constant time.
     void append(Item& item) {
         if (chunks_.empty() || chunks_.back().chunk->count == chunks_.back().chunk->capacity)
             makeRoomAtEnd();
@@ -276,6 +289,7 @@ private:
         chunk->capacity = static_cast<std::uint16_t>(capacity);
         return chunk;
     }
+    /// Returns a chunk of this list without items, which the caller owns.
     Chunk* newChunk(std::size_t capacity) {
         Chunk* chunk = newChunkOfCapacity(capacity);
         chunk->list = this;
@@ -306,8 +320,8 @@ private:
             place(*chunk->items()[i], chunk, i);
     }
 
-    // An item that is added while it is in a list has one link for two positions. Look-ups by link would then
-    // be wrong in both lists.
+    /// Marks both lists if `item` is added while it is in a list. It then has one link for two positions, and
+    /// look-ups by link would be wrong in both lists.
     void noteSharing(Item& item) {
         if (auto* chunk = static_cast<Chunk*>(Link::chunk(item))) {
             chunk->list->shared_ = true;
@@ -378,6 +392,7 @@ private:
         renumber(from);
     }
 
+    /// Makes room for one item at the end: in a new chunk if the last one is full, or there is none.
     void makeRoomAtEnd() {
         if (chunks_.empty() || chunks_.back().chunk->size() == kMaximum)
             addChunk(chunks_.size(),
@@ -386,7 +401,8 @@ private:
             roomFor(chunks_.size() - 1);
     }
 
-    // Returns the chunk with room for one more item. Requires: it has fewer than kMaximum items.
+    /// Returns the chunk with room for one more item, or a larger one that has replaced it. Requires: it has
+    /// fewer than kMaximum items.
     Chunk* roomFor(std::size_t number) {
         Chunk* chunk = chunks_[number].chunk;
         if (chunk->count < chunk->capacity)
@@ -416,7 +432,8 @@ private:
         Chunk* chunk = chunks_[number].chunk;
         moveItems(chunk, at, chunk->size() - at, chunks_[number + 1].chunk);
     }
-    // Splits chunks so that one begins at `index`. Returns its number, or the number of chunks at the end.
+    /// Splits chunks so that one begins at `index`. Returns its number, or the number of chunks if `index` is
+    /// the end. Requires: index <= size().
     std::size_t cut(std::size_t index) {
         if (index == size_)
             return chunks_.size();

@@ -31,7 +31,7 @@ public:
     static Date fromUnixSeconds(double seconds) noexcept {
         return fromReferenceSeconds(seconds - kReferenceUnixSeconds);
     }
-    /// Returns the current time of `clock`.
+    /// Returns the current time of `clock`, with the fraction of a second that it has; never null.
     static Date now(const Clock& clock) { return fromReferenceSeconds(clock.secondsSinceReferenceDate()); }
 
     /// Returns true for null only, not for a NaN or an infinity.

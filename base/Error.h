@@ -19,7 +19,8 @@ enum class ErrorDomain {
 /// The Cocoa code for an operation that the user has cancelled. No alert is shown for it.
 inline constexpr int kUserCancelledError = 3072;
 
-/// Describes a failure to the program (domain and code) and to the user (message and title).
+/// Describes a failure to the program (domain and code) and to the user (message and title). Callers decide
+/// by domain and code, and never by a text.
 struct Error {
     ErrorDomain domain = ErrorDomain::None;
     /// A number of the domain; 0 for ErrorDomain::None.
@@ -33,7 +34,8 @@ struct Error {
 /// The Cocoa code for a property list that cannot be parsed.
 inline constexpr int kPropertyListReadCorruptError = 3840;
 
-/// A value of type T, or the error with which the operation failed.
+/// A value of type T, or the error with which the operation failed. True in a condition if it is a value.
+/// Requires, for `*` and `->`: it is a value; for `error()`: it is none.
 template <class T>
 using Result = tl::expected<T, Error>;
 

@@ -7,7 +7,7 @@
 
 namespace tabulon {
 
-/// All keys, arguments and texts are UTF-8.
+/// All keys, arguments and texts are UTF-8. No function fails. Texts are copies, which the caller owns.
 class Localization {
 public:
     virtual ~Localization() = default;
@@ -31,7 +31,7 @@ public:
         return filled(key, {first, second});
     }
 
-    /// Returns `counted` with `number` in plain decimal digits.
+    /// Returns `counted` with `number` in plain decimal digits, without the separators of the locale.
     std::string format(std::string_view key, std::size_t number) const {
         return counted(key, number, std::to_string(number));
     }

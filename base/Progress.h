@@ -33,20 +33,20 @@ public:
     ProgressSteps(Progress* progress, std::size_t total, std::size_t stride = kBytes)
         : progress_(progress), total_(std::max<std::size_t>(total, 1)), stride_(stride) {}
 
-    /// Reports that `done` of `total` is done, if a stride has passed since the last report; otherwise
-    /// returns true. Returns false if the user has cancelled, as `Progress::goOn` does.
-    [[nodiscard]] bool goOn(std::size_t done) { return !progress_ || done < next_ || tell(done); }
+    /// Reports that `done` of `total` is done, in the unit of `total`, if a stride has passed since the last
+    /// report; otherwise returns true. Returns false if the user has cancelled, as `Progress::goOn` does.
+    [[nodiscard]] bool goOn(std::size_t done) { return !progress_ || done < next_ || report(done); }
     /// Reports in any case, for a step that has taken long. The next report of `goOn` is a stride after this
     /// one. Returns as `goOn` does.
-    [[nodiscard]] bool tell(std::size_t done) {
+    [[nodiscard]] bool report(std::size_t done) {
         next_ = done + stride_;
         return !progress_ ||
                progress_->goOn(std::min(1.0, static_cast<double>(done) / static_cast<double>(total_)));
     }
 
 private:
-    Progress* progress_;
-    std::size_t total_;
+    Progress* progress_; ///< not owned; may be nullptr
+    std::size_t total_;  ///< at least 1
     std::size_t stride_;
     /// The amount from which on `goOn` reports again.
     std::size_t next_ = 0;
@@ -64,8 +64,8 @@ public:
     }
 
 private:
-    Progress* whole_;
-    double begin_;
+    Progress* whole_; ///< not owned; may be nullptr
+    double begin_;    ///< fractions of the whole
     double end_;
 };
 

@@ -12,7 +12,9 @@ namespace tabulon {
 template <class T>
 class Ref {
 public:
+    /// Constructs null.
     Ref() noexcept = default;
+    /// Constructs null.
     Ref(std::nullptr_t) noexcept {}
     /// Adds a count to `object`, which may be nullptr.
     Ref(T* object) noexcept : object_(object) {
@@ -25,6 +27,7 @@ public:
         ref.object_ = object;
         return ref;
     }
+    /// Adds a count to the object of `other`, if it has one.
     Ref(const Ref& other) noexcept : Ref(other.object_) {}
     /// Takes over the count of `other`, which is null afterwards.
     Ref(Ref&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
@@ -33,6 +36,7 @@ public:
         std::swap(object_, other.object_);
         return *this;
     }
+    /// Releases the object, which may destroy it.
     ~Ref() {
         if (object_)
             object_->release();
@@ -41,9 +45,11 @@ public:
     /// Returns the object, or nullptr. The caller gets no count of its own, so the pointer is valid as long
     /// as some reference to the object.
     T* get() const noexcept { return object_; }
-    /// Requires, also for `->`: not null.
+    /// Returns the object. Requires: not null.
     T& operator*() const noexcept { return *object_; }
+    /// Accesses a member of the object. Requires: not null.
     T* operator->() const noexcept { return object_; }
+    /// Returns true if not null.
     explicit operator bool() const noexcept { return object_ != nullptr; }
     /// Returns true if both refer to the same object, or both are null.
     friend bool operator==(const Ref& a, const Ref& b) noexcept { return a.object_ == b.object_; }

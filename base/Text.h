@@ -22,6 +22,7 @@ public:
     /// Copies `utf8`. The result is not null, even if `utf8` is empty. Requires: valid UTF-8; use `fromBytes`
     /// for bytes that may be malformed.
     Text(std::string_view utf8);
+    /// Does the same.
     Text(const std::string& utf8) : Text(std::string_view(utf8)) {}
     /// Copies a text that ends with a zero byte. Requires: valid UTF-8, and not nullptr.
     Text(const char* utf8) : Text(std::string_view(utf8)) {}
@@ -35,10 +36,13 @@ public:
     Text(const Text& other) noexcept : block_(other.block_) { retain(); }
     /// Takes over the bytes of `other`, which is null afterwards.
     Text(Text&& other) noexcept : block_(std::exchange(other.block_, nullptr)) {}
+    /// Shares the bytes of another text, or takes over those of a temporary one. Frees the bytes of before if
+    /// no other text shares them. Assigning a text to itself is allowed.
     Text& operator=(Text other) noexcept {
         std::swap(block_, other.block_);
         return *this;
     }
+    /// Frees the bytes if no other text shares them.
     ~Text() { release(); }
 
     /// Returns true for null; false for an empty text.
@@ -74,18 +78,21 @@ public:
     bool sharesBytesWith(const Text& other) const noexcept { return block_ == other.block_; }
 
 private:
-    explicit Text(std::size_t size); // leaves the bytes uninitialised
+    /// Constructs a text of `size` bytes, which are not initialised. Throws std::bad_alloc without memory.
+    explicit Text(std::size_t size);
 
     /// The header of the bytes, which follow it in the same allocation.
     struct Block {
-        std::uint32_t references;
-        std::uint32_t size;
+        std::uint32_t references; ///< the number of texts that share the bytes
+        std::uint32_t size;       ///< in bytes, up to `kMaximumSize`
     };
 
+    /// Adds a reference. Does nothing for null.
     void retain() noexcept {
         if (block_)
             ++block_->references;
     }
+    /// Removes a reference, and frees the block with the last one. Does nothing for null.
     void release() noexcept {
         if (block_ && --block_->references == 0)
             destroy(block_);

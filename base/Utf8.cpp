@@ -36,7 +36,7 @@ bool isValidUtf8(std::string_view bytes) {
     std::size_t i = asciiPrefix(bytes);
     while (i < bytes.size()) {
         UChar32 character = 0;
-        U8_NEXT(data, i, bytes.size(), character);
+        U8_NEXT(data, i, bytes.size(), character); // takes half the time of `decodedAt` for mixed texts
         if (character < 0)
             return false;
     }
@@ -44,19 +44,20 @@ bool isValidUtf8(std::string_view bytes) {
 }
 
 std::string decodeUtf8Leniently(std::string_view bytes) {
-    const auto* data = reinterpret_cast<const std::uint8_t*>(bytes.data());
     std::string result;
     result.reserve(bytes.size());
-    std::size_t i = 0;
-    while (i < bytes.size()) {
-        const std::size_t start = i;
-        UChar32 character = 0;
-        U8_NEXT(data, i, bytes.size(), character);
-        if (character < 0)
-            result += "\xEF\xBF\xBD";
-        else
-            result.append(bytes.substr(start, i - start));
+    std::size_t copied = 0;
+    for (std::size_t i = 0; i < bytes.size();) {
+        if (const utf8::Decoded decoded = utf8::decodedAt(bytes, i); decoded.size > 0) {
+            i += decoded.size;
+            continue;
+        }
+        result.append(bytes.substr(copied, i - copied));
+        result += "\xEF\xBF\xBD";
+        i += utf8::malformedSize(bytes, i);
+        copied = i;
     }
+    result.append(bytes.substr(copied));
     return result;
 }
 
@@ -69,6 +70,14 @@ char32_t next(std::string_view text, std::size_t& position) {
     for (int i = 0; i < rest && position < text.size(); ++i)
         character = (character << 6) | (static_cast<unsigned char>(text[position++]) & 0x3Fu);
     return character;
+}
+
+std::size_t malformedSize(std::string_view text, std::size_t position) {
+    const auto* data = reinterpret_cast<const std::uint8_t*>(text.data());
+    std::size_t end = position;
+    UChar32 character = 0;
+    U8_NEXT(data, end, text.size(), character);
+    return end - position;
 }
 
 std::string_view prefix(std::string_view text, std::size_t limit) {

@@ -58,6 +58,60 @@ inline void append(std::string& text, char32_t character) {
 /// Requires: well-formed UTF-8, in which `position` is the beginning of a character, and not the end.
 char32_t next(std::string_view text, std::size_t& position);
 
+/// A character and the number of its bytes; 0 bytes for malformed UTF-8.
+struct Decoded {
+    char32_t character = 0;
+    std::uint8_t size = 0;
+};
+
+/// Returns the character at `position`, without bytes if no well-formed sequence begins there. Surrogates,
+/// overlong sequences and characters above U+10FFFF are malformed. Constant time. Requires:
+/// position < text.size().
+constexpr Decoded decodedAt(std::string_view text, std::size_t position) {
+    const char* const bytes = text.data() + position;
+    const std::size_t left = text.size() - position;
+    const char32_t lead = static_cast<unsigned char>(bytes[0]);
+    if (lead < 0x80)
+        return {lead, 1};
+    // The six bits of a continuation byte, or a number above 0x3F for another byte.
+    const auto tail = [bytes](std::size_t i) { return static_cast<unsigned char>(bytes[i]) ^ 0x80U; };
+    if (lead - 0xC2 < 0x1E) {
+        if (left < 2 || tail(1) > 0x3F) [[unlikely]]
+            return {};
+        return {(lead & 0x1F) << 6 | tail(1), 2};
+    }
+    if (lead - 0xE0 < 0x10) {
+        if (left < 3 || (tail(1) | tail(2)) > 0x3F) [[unlikely]]
+            return {};
+        const char32_t character = (lead & 0xF) << 12 | tail(1) << 6 | tail(2);
+        if (character < 0x800 || (character & 0xF800) == 0xD800) [[unlikely]]
+            return {};
+        return {character, 3};
+    }
+    if (lead - 0xF0 >= 5 || left < 4 || (tail(1) | tail(2) | tail(3)) > 0x3F) [[unlikely]]
+        return {};
+    const char32_t character = (lead & 7) << 18 | tail(1) << 12 | tail(2) << 6 | tail(3);
+    if (character < 0x10000 || character > 0x10FFFF) [[unlikely]]
+        return {};
+    return {character, 4};
+}
+
+/// Returns the size in bytes of the maximal malformed part at `position`: 1 to 3, and at most to the end of
+/// `text`. Requires: position < text.size(), and no well-formed sequence begins there.
+std::size_t malformedSize(std::string_view text, std::size_t position);
+
+/// Returns the character at `position`, or U+FFFD for a maximal malformed part, and moves `position` to the
+/// byte after it. Constant time. Requires: position < text.size().
+inline char32_t nextLenient(std::string_view text, std::size_t& position) {
+    const Decoded decoded = decodedAt(text, position);
+    if (decoded.size == 0) [[unlikely]] {
+        position += malformedSize(text, position);
+        return 0xFFFD;
+    }
+    position += decoded.size;
+    return decoded.character;
+}
+
 /// Returns true for the second and later bytes of a character.
 constexpr bool isContinuation(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;

@@ -29,10 +29,10 @@ struct Environment {
     std::function<void(std::string_view)> writeStandardError;
 };
 
-/// Exit statuses: success, a failed operation, wrong usage.
-inline constexpr int kDone = 0;
-inline constexpr int kFailed = 1;
-inline constexpr int kWrongUsage = 2;
+/// The exit statuses.
+inline constexpr int kDone = 0;       ///< the command, or the help, has succeeded
+inline constexpr int kFailed = 1;     ///< the command failed; one line on standard error says why
+inline constexpr int kWrongUsage = 2; ///< the arguments are wrong; no command was performed
 
 /// Runs the tool and returns its exit status. `arguments` are those after the program's name. A command that
 /// fails writes one line to standard error. It writes no output, except where writing fails.

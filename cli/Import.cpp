@@ -1,4 +1,5 @@
 // `import`: a file of another format → a document.
+#include "app/ImportSource.h"
 #include "cli/Verbs.h"
 #include "formats/ImportFormats.h"
 
@@ -11,7 +12,7 @@ struct Options {
     std::string output = "-";
 };
 
-// Fails also where the file contains no link and its format reports that.
+// Fails also where the file contains no link and the Import menu would report that.
 Result<void> importFile(const Session& session, const Options& options) {
     const Result<std::string> bytes = session.read(options.input);
     if (!bytes)
@@ -20,7 +21,7 @@ Result<void> importFile(const Session& session, const Options& options) {
     Result<Ref<Bookmark>> master = importer.read(*bytes, {session.services});
     if (!master)
         return failure(options.input + ": " + master.error().message);
-    if (!(*master)->hasChildren() && importer.empty == EmptyImport::IsTold)
+    if (!(*master)->hasChildren() && importSourceOf(importer.name)->reportsEmpty)
         return failure(options.input + ": " + session.services.texts.text("NoURLs"));
     (*master)->setShowHier(true);
     Document document(session.services);

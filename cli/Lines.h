@@ -23,8 +23,8 @@ public:
 
 private:
     const Session& session_;
-    std::string pending_;
-    Result<void> done_;
+    std::string pending_; ///< lines that are not written yet
+    Result<void> done_;   ///< the first error of the output
 };
 
 } // namespace tabulon::cli

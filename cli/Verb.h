@@ -35,8 +35,11 @@ class Option {
 public:
     explicit Option(CLI::Option& option) : option_(&option) {}
 
+    // Each function but `isGiven` changes the option and returns it. Called before parsing.
+
+    /// Makes it wrong usage to omit the option.
     Option& required();
-    /// Accepts no other values than these.
+    /// Accepts no other values than these. The case of letters counts. The help lists the values.
     Option& oneOf(const std::vector<std::string>& values);
     /// Accepts no values for which `check` returns a text.
     Option& check(const ValueCheck& check);
@@ -64,7 +67,9 @@ public:
 
     /// Adds a required argument.
     void argument(const std::string& name, std::string& value, const std::string& description);
+    /// Adds an option with a text as its value. `value` is unchanged if the option is not given.
     Option option(const std::string& name, std::string& value, const std::string& description);
+    /// Adds an option with a number as its value. `value` is unchanged if the option is not given.
     Option option(const std::string& name, std::optional<std::size_t>& value, const std::string& description);
     /// Adds an option with values that are joined by commas. It may be given several times.
     Option list(const std::string& name, std::vector<std::string>& values, const std::string& description);
@@ -87,6 +92,7 @@ public:
     }
 
 private:
+    /// Assigns the action to the tool when the arguments name this command and `check` has no objection.
     void assignAction(const Action& action, const OptionsCheck& check);
 
     CLI::App& verb_;

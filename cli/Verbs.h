@@ -6,7 +6,8 @@
 
 namespace tabulon::cli {
 
-// Each function adds a command with its options to the tool.
+// Each function adds the command of its name, with its options, to the tool. The parser owns the command.
+// Requires: the tool has no command of that name.
 
 void addCompare(Tool tool);
 void addDuplicates(Tool tool);

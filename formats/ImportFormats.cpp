@@ -13,21 +13,19 @@
 namespace tabulon {
 namespace {
 
-using enum EmptyImport;
-
 constexpr auto kImportFormats = std::to_array<ImportFormat>({
-    {"safari", IsADocument, readSafariBookmarks},
-    {"chrome", IsADocument, readChromiumBookmarks},
-    {"chromium", IsADocument, readChromiumBookmarks},
-    {"vivaldi", IsADocument, readChromiumBookmarks},
-    {"brave", IsADocument, readChromiumBookmarks},
-    {"edge", IsADocument, readChromiumBookmarks},
-    {"opera", IsADocument, readOperaBookmarks},
-    {"icab", IsADocument, readICabBookmarks},
-    {"html", IsTold, readBookmarkHTML},
-    {"html-links", IsADocument, readPageFile},
-    {"xbel", IsADocument, readXBEL},
-    {"text", IsTold, readText},
+    {"safari", readSafariBookmarks},
+    {"chrome", readChromiumBookmarks},
+    {"chromium", readChromiumBookmarks},
+    {"vivaldi", readChromiumBookmarks},
+    {"brave", readChromiumBookmarks},
+    {"edge", readChromiumBookmarks},
+    {"opera", readOperaBookmarks},
+    {"icab", readICabBookmarks},
+    {"html", readBookmarkHTML},
+    {"html-links", readPageFile},
+    {"xbel", readXBEL},
+    {"text", readText},
 });
 
 } // namespace

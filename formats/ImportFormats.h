@@ -11,16 +11,9 @@
 
 namespace tabulon {
 
-/// How the user is informed about a file that yields a tree without children.
-enum class EmptyImport {
-    IsTold,      ///< a message says that the file contains no link
-    IsADocument, ///< a document without bookmarks is made, without a message
-};
-
 struct ImportFormat {
     /// The name on the command line, ASCII.
     std::string_view name;
-    EmptyImport empty = EmptyImport::IsADocument;
     /// Returns the root folder "Master" with the bookmarks in `bytes`, without children where there are none.
     /// The tree keeps no reference to `bytes`. Fails with a sentence, or with `cancelledByUser()` for a
     /// cancelled import and for a file about which the user is to see no message.

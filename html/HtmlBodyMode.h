@@ -9,7 +9,7 @@ namespace tabulon::html {
 /// The rules of the mode InBody, and the place where the rules for its start tags and end tags are owned.
 class BodyMode {
 public:
-    /// The objects must outlive this one.
+    /// None of the arguments is owned. Requires: they outlive this object.
     BodyMode(Construction& state, FormattingRules& formatting, HeadModes& head, Templates& templates)
         : state_(state), formatting_(formatting), templates_(templates), startTags_(state, formatting, head),
           endTags_(state, formatting, templates) {}

@@ -13,12 +13,13 @@ public:
     EndModes(Construction& state, BodyMode& body, HeadModes& head, Templates& templates)
         : state_(state), body_(body), head_(head), templates_(templates) {}
 
-    /// Also of the mode AfterAfterBody. White space is processed as in the body. Other content continues in
-    /// the mode InBody.
+    /// Processes a token after the body; also of the mode AfterAfterBody. White space is processed as in the
+    /// body. Other content continues in the mode InBody.
     Step afterBody(const Token& token);
     /// Inserts only framesets and the text of noframes: a frameset contains no other elements with links.
     Step inFrameset(const Token& token);
-    /// Also of the mode AfterAfterFrameset. Inserts only the text of noframes.
+    /// Processes a token after a frameset; also of the mode AfterAfterFrameset. Inserts only the text of
+    /// noframes.
     Step afterFrameset(const Token& token);
 
 private:

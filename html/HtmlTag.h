@@ -9,7 +9,7 @@ namespace tabulon::html {
 /// The names for which there are rules, sorted by name. Other is every name that has no rule. The order is
 /// that of the table in HtmlTag.cpp.
 enum class Tag : std::uint8_t {
-    Other,
+    Other, ///< the name itself is in the node
     A,
     Address,
     AnnotationXml,
@@ -137,7 +137,8 @@ enum class Tag : std::uint8_t {
 /// The number of tags, with Other.
 inline constexpr std::size_t kTagCount = std::size_t{1} + static_cast<std::size_t>(Tag::Xmp);
 
-/// Properties of the HTML elements of a tag, as bits. They do not apply to elements of SVG and MathML.
+/// Properties of the HTML elements of a tag, as bits. They do not apply to elements of SVG and MathML, also
+/// where these have the same name. `has` reads one of them.
 enum TagTrait : std::uint8_t {
     kSpecial = 1,        ///< ends the search for an open element of another name
     kFormatting = 2,     ///< is opened again after another end tag has closed it
@@ -149,13 +150,15 @@ enum TagTrait : std::uint8_t {
     kHeading = 128,      ///< "h1" to "h6"
 };
 
-/// Returns the tag of `name`, or Other. Logarithmic in the number of tags. Requires: `name` is in lower case.
+/// Returns the tag of `name`, or Other, also for an empty name. Logarithmic in the number of tags. Requires:
+/// `name` is in lower case.
 Tag tagNamed(std::string_view name);
 
-/// Returns the name of a tag in lower case; empty for Other. Valid as long as the program runs.
+/// Returns the name of a tag in lower case, so that `tagNamed` returns `tag` for it; empty for Other. Valid
+/// as long as the program runs. Constant time.
 std::string_view nameOf(Tag tag);
 
-/// Returns true if the HTML elements of `tag` have the property `trait`; false for Other.
+/// Returns true if the HTML elements of `tag` have the property `trait`; false for Other. Constant time.
 bool has(Tag tag, TagTrait trait);
 
 } // namespace tabulon::html

@@ -1,7 +1,8 @@
 // The tree of a page, by the tree construction of the WHATWG's HTML standard, with scripting enabled but
-// without running scripts. The rules are those of 2025, when the content of "select" became that of the body.
-// Not implemented: declarative shadow roots (2024), because links in shadow trees do not count as links of a
-// page. The other differences from the standard are in docs/formats.md.
+// without running scripts. The rules are those that parse5 8.1.1 implements (an npm package, November 2026),
+// with the parser of "select" that the standard adopted in 2025: its content is that of the body, as in
+// Chromium 156, with whose links the tests compare. Not implemented: declarative shadow roots (2024), because
+// links in shadow trees do not count as links of a page. The other differences are in docs/formats.md.
 #pragma once
 
 #include "base/Progress.h"
@@ -11,8 +12,9 @@
 
 namespace tabulon::html {
 
+/// How the construction of a tree has ended.
 enum class BuildOutcome {
-    Whole,
+    Whole,     ///< the tree contains the whole page
     Entangled, ///< the page needs more steps than the limit for its size
     Cancelled, ///< by the user, through the progress
 };

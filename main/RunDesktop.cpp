@@ -27,6 +27,8 @@
 #include <QTimer>
 
 #include <chrono>
+#include <utility>
+#include <vector>
 
 namespace tabulon {
 namespace {
@@ -54,6 +56,42 @@ private:
     const Localization& texts_;
 };
 
+class LoggedProblems : public SettingsProblemObserver {
+public:
+    explicit LoggedProblems(SystemLog& log) : log_(log) {}
+    void settingsProblem(const SettingsProblem& problem) override { log_.log(settingsProblemLine(problem)); }
+
+private:
+    SystemLog& log_;
+};
+
+// Logs the problems and shows alerts about them. Those before `begin` are shown by it.
+class ShownProblems : public SettingsProblemObserver {
+public:
+    // `platform` may be constructed after this object, before `begin`.
+    ShownProblems(SystemLog& log, const Platform& platform) : log_(log), platform_(platform) {}
+
+    void begin() {
+        hasBegun_ = true;
+        for (const SettingsProblem& problem : std::exchange(before_, {}))
+            show(problem);
+    }
+    void settingsProblem(const SettingsProblem& problem) override {
+        log_.log(settingsProblemLine(problem));
+        hasBegun_ ? show(problem) : before_.push_back(problem);
+    }
+
+private:
+    void show(const SettingsProblem& problem) {
+        QTimer::singleShot(0, qApp, [this, problem] { settingsProblemAlert(platform_, problem); });
+    }
+
+    SystemLog& log_;
+    const Platform& platform_;
+    bool hasBegun_ = false;
+    std::vector<SettingsProblem> before_;
+};
+
 // The application with its services. They refer to each other, and are used only by `run`.
 class DesktopProgram : private ProgramHost, private AlertsObserver {
 public:
@@ -63,12 +101,10 @@ public:
     int run(const LaunchArguments& arguments) {
         const SessionEvents session([this] { app_.applicationWillResignActive(); },
                                     [this] { app_.sessionWillEnd(); });
-        state_.tellProblemsTo(
-            [this](const SettingsProblem& problem) { log_.log(settingsProblemLine(problem)); });
         QTimer::singleShot(0, qApp, [&] {
             if (arguments.purpose == LaunchArguments::Purpose::Run)
                 app_.requestQueue().add(arguments.request);
-            tellSettingsProblems();
+            defaultsProblems_.begin();
         });
         const auto unused = timers_.after(kServicePatience, [&] {
             if (arguments.purpose == LaunchArguments::Purpose::Serve && !app_.requestQueue().wasUsed())
@@ -92,13 +128,7 @@ private:
     void lastAlertEnded() override { app_.requestQueue().performSoon(); }
 
     WindowFinder windowFinder() const {
-        return [this](const Document* document) { return windows_.windowFor(document); };
-    }
-    void tellSettingsProblems() {
-        defaults_.tellProblemsTo([this](const SettingsProblem& problem) {
-            log_.log(settingsProblemLine(problem));
-            QTimer::singleShot(0, qApp, [this, problem] { settingsProblemAlert(platform_, problem); });
-        });
+        return [this](const DocumentIdentity* document) { return windows_.windowFor(document); };
     }
 
     SingleInstance& instance_;
@@ -107,8 +137,10 @@ private:
     EnglishLocalization texts_{environmentLocale()};
     PosixFileStore files_;
     DelayedWrites writes_;
-    FileUserDefaults defaults_{files_, settingsFolder() + "/tabulon.ini", &writes_};
-    FileUserDefaults state_{files_, stateFolder() + "/state.ini", &writes_};
+    ShownProblems defaultsProblems_{log_, platform_};
+    LoggedProblems stateProblems_{log_};
+    FileUserDefaults defaults_{files_, settingsFolder() + "/tabulon.ini", &writes_, &defaultsProblems_};
+    FileUserDefaults state_{files_, stateFolder() + "/state.ini", &writes_, &stateProblems_};
     XdgFolderReferences folders_{defaults_, files_};
     QtWindows windows_{app_, platform_};
     QtAlerts alerts_{windowFinder(), this};

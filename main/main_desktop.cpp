@@ -37,7 +37,7 @@ void writeLine(const QString& message) {
 
 // Qt aborts the program where it cannot reach a display; the user sees a sentence instead of a core dump.
 // Messages of Qt's own modules about the desktop or fonts are of no use to the user and are dropped.
-void tellWhyQtGivesUp(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+void printQtMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
     if (type == QtFatalMsg) {
         writeStandardError(kNoDisplay);
         writeLine(message);
@@ -57,7 +57,7 @@ int launch(const LaunchArguments& arguments) {
             return runDesktop(arguments, instance);
         return 0; // another instance was first and receives the request
     }
-    QtAlerts alerts([](const Document*) { return nullptr; });
+    QtAlerts alerts([](const DocumentIdentity*) { return nullptr; });
     switch (decideLaunch(instance, arguments.request, alerts, EnglishLocalization())) {
     case LaunchDecision::Run:
         return runDesktop(arguments, instance);
@@ -92,7 +92,7 @@ int main(int argc, char** argv) {
     }
     LaunchRequest activation;
     readActivation(activation);
-    qInstallMessageHandler(tellWhyQtGivesUp);
+    qInstallMessageHandler(printQtMessage);
     QApplication application(argc, argv);
     QApplication::setApplicationName("Tabulon");
     QApplication::setApplicationVersion(TABULON_VERSION);

@@ -10,8 +10,9 @@
 
 namespace tabulon {
 
-Document::Document(const BaseServices& services)
-    : services_(services), anchor_(Ref<DocumentAnchor>::adopt(new DocumentAnchor{this})) {
+Document::Document(const BaseServices& services, DocumentObserver* observer)
+    : services_(services), observer_(observer),
+      anchor_(Ref<DocumentAnchor>::adopt(new DocumentAnchor{this})) {
     Ref<Bookmark> master = Bookmark::init(Date::now(services_.clock));
     master->setItemName("Master");
     master->makeParent();
@@ -68,8 +69,8 @@ void Document::updateChangeCount(ChangeKind change) {
     }
     if (edited != isDocumentEdited())
         stateChanged();
-    if (change != ChangeKind::Cleared && changeObserver_)
-        changeObserver_();
+    if (change != ChangeKind::Cleared && observer_)
+        observer_->documentDidChange();
 }
 
 void Document::setFileName(std::string path) {

@@ -3,11 +3,11 @@
 #pragma once
 
 #include "base/BaseServices.h"
+#include "base/DocumentIdentity.h"
 #include "base/Error.h"
 #include "model/Bookmark.h"
 #include "model/DocumentAnchor.h"
 
-#include <functional>
 #include <string>
 #include <string_view>
 
@@ -32,15 +32,22 @@ public:
     virtual void documentStateChanged() = 0;
 };
 
+/// Observes the changes of a document, for saving it later. Called on the document's thread.
+class DocumentObserver {
+public:
+    virtual ~DocumentObserver() = default;
+
+    /// Called after each change that is counted as Done or Undone, but not after Cleared.
+    virtual void documentDidChange() = 0;
+};
+
 /// Paths are in the file system's encoding; texts are UTF-8. Used on one thread.
-class Document {
+class Document : public DocumentIdentity {
 public:
     /// Constructs a document with an empty root folder "Master", expanded, without a file and without
-    /// changes. The services must outlive the document.
-    explicit Document(const BaseServices& services);
+    /// changes. `observer` may be nullptr. Requires: the services and the observer outlive the document.
+    explicit Document(const BaseServices& services, DocumentObserver* observer = nullptr);
     ~Document();
-    Document(const Document&) = delete;
-    Document& operator=(const Document&) = delete;
 
     /// Returns the root folder, which the document owns.
     Bookmark& getMaster() const { return *fMaster_; }
@@ -72,10 +79,8 @@ public:
     static constexpr bool autosavesInPlace() { return true; }
 
     /// Adds 1 to the change count, subtracts 1, or sets it to 0. Calls the presenter if the edited state
-    /// changes.
+    /// changes, then the observer.
     void updateChangeCount(ChangeKind change);
-    /// Sets a function that is called after each Done and Undone, but not after Cleared. May be empty.
-    void setChangeObserver(std::function<void()> observer) { changeObserver_ = std::move(observer); }
     /// Returns true if the change count is not 0.
     bool isDocumentEdited() const { return changeCount_ != 0; }
     /// Returns the number of changes since the document was last clean; negative if changes before that were
@@ -106,6 +111,7 @@ private:
     void stateChanged();
 
     const BaseServices services_;
+    DocumentObserver* const observer_; // not owned; may be nullptr
     Ref<DocumentAnchor> anchor_;
     Ref<Bookmark> fMaster_;
     Ref<Bookmark> fDropFolder_;
@@ -113,7 +119,6 @@ private:
     std::string fileName_;
     std::string displayName_;
     DocumentPresenter* presenter_ = nullptr;
-    std::function<void()> changeObserver_;
     long changeCount_ = 0;
 };
 

@@ -38,13 +38,13 @@ std::string deletionText(const std::vector<RemovedItem>& removed, const Localiza
         });
     }
     std::vector<std::string> parts;
-    const auto tell = [&](const char* key, std::size_t number) {
+    const auto addCount = [&](const char* key, std::size_t number) {
         if (number > 0)
             parts.push_back(texts.counted(key, number, numberText(number, texts.locale())));
     };
-    tell("%d folders", counts.folders);
-    tell("%d bookmarks", counts.bookmarks);
-    tell("%d separators", counts.separators);
+    addCount("%d folders", counts.folders);
+    addCount("%d bookmarks", counts.bookmarks);
+    addCount("%d separators", counts.separators);
     std::string list = parts.empty() ? std::string() : parts.front();
     for (std::size_t i = 1; i < parts.size(); ++i)
         list = texts.format(i + 1 == parts.size() ? "ListEnd" : "ListMiddle", list, parts[i]);

@@ -1,12 +1,12 @@
 // Modal alerts: a message, an explanation and some buttons. Panels for files are in Panels.h.
 #pragma once
 
+#include "base/DocumentIdentity.h"
+
 #include <string>
 #include <vector>
 
 namespace tabulon {
-
-class Document;
 
 /// The importance of an alert, which determines its icon.
 enum class AlertStyle { Informational, Warning, Critical };
@@ -33,7 +33,7 @@ struct Alert {
     std::string informative = {};
     std::vector<AlertButton> buttons = {};
     /// The document in whose window the alert is shown; nullptr for the whole application. Not owned.
-    const Document* document = nullptr;
+    const DocumentIdentity* document = nullptr;
     /// True if Return chooses the Cancel button, or the last one if there is none, and not the first. For
     /// alerts whose first button cannot be undone.
     bool cancelIsDefault = false;
@@ -62,7 +62,7 @@ public:
     /// Returns true while an alert of this document waits for its answer; for nullptr, while any alert does.
     /// The windows of other documents stay usable meanwhile, so commands may run. They must not close the
     /// document of the alert.
-    virtual bool isAskingAbout(const Document* document) const = 0;
+    virtual bool isAskingAbout(const DocumentIdentity* document) const = 0;
 };
 
 } // namespace tabulon

@@ -1,6 +1,8 @@
 // Panels in which the user chooses files to open or to write. They do not read or write the files.
 #pragma once
 
+#include "base/DocumentIdentity.h"
+
 #include <functional>
 #include <memory>
 #include <optional>
@@ -8,8 +10,6 @@
 #include <vector>
 
 namespace tabulon {
-
-class Document;
 
 /// A kind of file that a panel offers.
 struct FileKind {
@@ -34,7 +34,7 @@ struct OpenPanel {
     std::vector<FileKind> kinds = {};
     bool allowsMultipleSelection = false;
     /// The document in whose window the panel is shown; nullptr for the whole application. Not owned.
-    const Document* document = nullptr;
+    const DocumentIdentity* document = nullptr;
 };
 
 /// The functions of a save panel for the options area in it.
@@ -75,7 +75,7 @@ struct SavePanel {
     /// The options area; nullptr if there is none. The panel shares the ownership until it is closed.
     std::shared_ptr<PanelAccessory> accessory = {};
     /// The document in whose window the panel is shown; nullptr for the whole application. Not owned.
-    const Document* document = nullptr;
+    const DocumentIdentity* document = nullptr;
 };
 
 /// Both functions show a panel and return. `done` is called exactly once, on the main thread, when the user

@@ -1,14 +1,13 @@
 // Panels with a progress bar and a button that cancels. The operation itself only uses base/Progress.h.
 #pragma once
 
+#include "base/DocumentIdentity.h"
 #include "base/Progress.h"
 
 #include <memory>
 #include <string>
 
 namespace tabulon {
-
-class Document;
 
 /// The texts of a panel, UTF-8.
 struct ProgressPanel {
@@ -17,7 +16,7 @@ struct ProgressPanel {
     /// The title of the button that cancels.
     std::string cancel = {};
     /// The document in whose window the panel is shown; nullptr for the whole application. Not owned.
-    const Document* document = nullptr;
+    const DocumentIdentity* document = nullptr;
 };
 
 class ProgressPanels {

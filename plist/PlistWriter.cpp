@@ -3,7 +3,6 @@
 #include "base/Utf8.h"
 
 #include <unicode/utf16.h>
-#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <cstring>
@@ -25,17 +24,15 @@ std::uint8_t logarithm(std::size_t width) {
 }
 
 // Writes UTF-8 as UTF-16, high bytes first, and returns the end. Requires: room for two bytes for each byte.
-char* putUtf16(std::string_view utf8, char* out) {
+char* putUtf16(std::string_view text, char* out) {
     const auto put = [&out](std::uint32_t unit) {
         *out++ = static_cast<char>(unit >> 8);
         *out++ = static_cast<char>(unit & 0xFF);
     };
-    const auto* data = reinterpret_cast<const std::uint8_t*>(utf8.data());
-    for (std::size_t i = 0; i < utf8.size();) {
-        UChar32 character = 0;
-        U8_NEXT_OR_FFFD(data, i, utf8.size(), character);
+    for (std::size_t i = 0; i < text.size();) {
+        const char32_t character = utf8::nextLenient(text, i);
         if (U_IS_BMP(character)) {
-            put(static_cast<std::uint32_t>(character));
+            put(character);
         } else {
             put(U16_LEAD(character));
             put(U16_TRAIL(character));

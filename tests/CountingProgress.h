@@ -1,4 +1,4 @@
-// Whoever waits for long work, in a test: keeps what was told and cancels when the test wants.
+// A Progress for tests. It stores the reported fractions and cancels at a chosen call.
 #pragma once
 
 #include "base/Progress.h"

@@ -42,16 +42,16 @@ LetterI letterIOf(const icu::Locale& locale) {
 
 struct Collation::Implementation {
     explicit Implementation(const icu::Locale& locale)
-        : collator(makeCollator(locale)), folder(letterIOf(locale)) {}
+        : collator(makeCollator(locale)), folding(letterIOf(locale)) {}
 
     std::unique_ptr<icu::Collator> collator;
     // A buffer that is reused, since a search folds very many texts.
     std::string foldedText;
-    TextFolder folder;
+    TextFolding folding;
 
     std::string_view foldedForm(std::string_view text) {
         foldedText.clear();
-        folder.appendFolded(foldedText, text);
+        folding.appendFolded(foldedText, text);
         return foldedText;
     }
 };
@@ -113,11 +113,11 @@ TextSearch Collation::searchFor(std::string_view part) const {
 
 bool Collation::standardContains(std::string_view text, const TextSearch& search) const {
     // The tests without folding assume that i is the small letter of I, which is not so in Turkish.
-    if (implementation_->folder.letterI() == LetterI::Turkish)
+    if (implementation_->folding.letterI() == LetterI::Turkish)
         return search.inSmallLetters(implementation_->foldedForm(text));
     if (const std::optional<bool> answer = search.isIn(text))
         return *answer;
-    if (search.isAscii() && implementation_->folder.keepsFromAscii(text))
+    if (search.isAscii() && implementation_->folding.keepsFromAscii(text))
         return false;
     return search.inSmallLetters(implementation_->foldedForm(text));
 }

@@ -24,10 +24,10 @@ enum class LetterI { Common, Turkish };
 /// Folds like `appendFoldedByICU`, but many times faster, because it caches the folded form of each
 /// character. A text in which a form depends on neighbouring characters is folded by ICU. The cache has a
 /// page for each 256 characters of which one was folded. Not safe for use by several threads at once.
-class TextFolder {
+class TextFolding {
 public:
     /// With LetterI::Turkish, I becomes ı and İ becomes i before anything else.
-    explicit TextFolder(LetterI letterI = LetterI::Common) : letterI_(letterI) {}
+    explicit TextFolding(LetterI letterI = LetterI::Common) : letterI_(letterI) {}
 
     LetterI letterI() const { return letterI_; }
 

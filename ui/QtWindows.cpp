@@ -74,7 +74,7 @@ void QtWindows::presentVersions(std::shared_ptr<VersionsController> controller) 
     (new VersionsSheet(std::move(controller), window))->open();
 }
 
-QWidget* QtWindows::windowFor(const Document* document) const {
+QWidget* QtWindows::windowFor(const DocumentIdentity* document) const {
     for (DocumentMainWindow* window : windows_)
         if (document && window->document() == document)
             return window;

@@ -30,7 +30,7 @@ public:
 
     /// Returns the window of `document`; the active window if `document` is `nullptr` or has no window;
     /// `nullptr` if there is none.
-    QWidget* windowFor(const Document* document) const;
+    QWidget* windowFor(const DocumentIdentity* document) const;
 
 private:
     /// The window as the controllers own it.

@@ -16,8 +16,8 @@ bool ActionTable::validateMenuItem(const MenuItem& item) const {
 void ActionTable::perform(const MenuItem& sender) const {
     // A copy, because the operation may destroy the responder that owns this table.
     const Perform operation = entries_.find(sender.action)->second.perform;
-    if (willPerform_)
-        willPerform_();
+    if (observer_)
+        observer_->willPerformAction();
     operation(sender);
 }
 

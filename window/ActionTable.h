@@ -7,9 +7,17 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace tabulon {
+
+/// Observes the operations of a table.
+class ActionObserver {
+public:
+    virtual ~ActionObserver() = default;
+
+    /// Called before each action runs.
+    virtual void willPerformAction() = 0;
+};
 
 /// The operations of one responder. Names are those of the operations, with the colon ("expandAll:").
 class ActionTable {
@@ -17,12 +25,13 @@ public:
     using Perform = std::function<void(const MenuItem& sender)>;
     using Validate = std::function<bool(const MenuItem& item)>;
 
+    /// Constructs an empty table. `observer` may be nullptr. Requires: it exists until the table is used for
+    /// the last time.
+    explicit ActionTable(ActionObserver* observer = nullptr) : observer_(observer) {}
+
     /// Adds the action, or replaces the one of that name. Without `validate` the action is always enabled.
     /// The functions are stored: what they refer to must exist until the table is used for the last time.
     void add(std::string_view action, Perform perform, Validate validate = nullptr);
-
-    /// Sets the function that is called before each action runs. Replaces the one that was set before.
-    void setWillPerform(std::function<void()> willPerform) { willPerform_ = std::move(willPerform); }
 
     /// Returns whether the table has an action of that name.
     bool contains(std::string_view action) const { return entries_.contains(action); }
@@ -40,8 +49,8 @@ private:
         Validate validate;
     };
 
+    ActionObserver* observer_; // not owned
     std::map<std::string, Entry, std::less<>> entries_;
-    std::function<void()> willPerform_;
 };
 
 } // namespace tabulon

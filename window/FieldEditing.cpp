@@ -18,7 +18,6 @@ FieldEditing::FieldEditing(Outline& outline, const WindowController& window, con
                            ActionTable& actions)
     : outline_(outline), window_(window), platform_(platform) {
     outline_.addSelectionObserver(*this);
-    actions.setWillPerform([this] { commitEditing(); });
     actions.add(
         "editBookmark:", [this](const MenuItem&) { editBookmark(); },
         [this](const MenuItem&) { return outline_.hasSelection(); });

@@ -17,7 +17,7 @@ class Bookmark;
 class Outline;
 class WindowController;
 
-/// Adds the action "editBookmark:". Ends editing in place before every action of the table.
+/// Adds the action "editBookmark:".
 class FieldEditing : private SelectionObserver {
 public:
     /// Requires: the arguments and the services of `platform` outlive this object.

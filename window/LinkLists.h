@@ -1,4 +1,4 @@
-// The lists of links that programs pass to each other, as texts: parsing them, and telling an address from
+// The lists of links that programs pass to each other, as texts: parsing them, and separating addresses from
 // other text. Which list is used when there are several is decided in MimeItems.h.
 #pragma once
 

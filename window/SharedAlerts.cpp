@@ -8,7 +8,7 @@
 namespace tabulon {
 
 void criticalAlert(const Platform& platform, std::string message, std::string informative,
-                   const Document* document) {
+                   const DocumentIdentity* document) {
     platform.alerts.runModal(Alert{.style = AlertStyle::Critical,
                                    .message = std::move(message),
                                    .informative = std::move(informative),
@@ -17,7 +17,7 @@ void criticalAlert(const Platform& platform, std::string message, std::string in
 }
 
 void informationAlert(const Platform& platform, const std::string& message, const std::string& informative,
-                      const Document* document) {
+                      const DocumentIdentity* document) {
     platform.alerts.runModal(Alert{.message = message,
                                    .informative = informative,
                                    .buttons = {{platform.base.texts.text("OK")}},
@@ -42,7 +42,7 @@ void noURLs(const Platform& platform) {
 
 namespace {
 
-void selectionAlert(const Platform& platform, const char* informativeKey, const Document& document) {
+void selectionAlert(const Platform& platform, const char* informativeKey, const DocumentIdentity& document) {
     const Localization& texts = platform.base.texts;
     platform.alerts.runModal(Alert{.style = AlertStyle::Warning,
                                    .message = texts.text("NoSelection"),
@@ -53,16 +53,16 @@ void selectionAlert(const Platform& platform, const char* informativeKey, const 
 
 } // namespace
 
-void noSelection(const Platform& platform, const Document& document) {
+void noSelection(const Platform& platform, const DocumentIdentity& document) {
     selectionAlert(platform, "PleaseSelect", document);
 }
 
-void noSelectedFolder(const Platform& platform, const Document& document) {
+void noSelectedFolder(const Platform& platform, const DocumentIdentity& document) {
     selectionAlert(platform, "PleaseSelectFolder", document);
 }
 
 void fileErrorAlert(const Platform& platform, std::string_view key, const std::string& path,
-                    const Error& error, const Document* document) {
+                    const Error& error, const DocumentIdentity* document) {
     if (isCancelledByUser(error))
         return;
     std::string title =
@@ -92,14 +92,14 @@ std::string writeErrorText(const Localization& texts, const Error& error) {
 }
 
 void writeErrorAlert(const Platform& platform, std::string_view key, const std::string& path,
-                     const Error& error, const Document* document) {
+                     const Error& error, const DocumentIdentity* document) {
     Error advised = error;
     advised.message = writeErrorText(platform.base.texts, error);
     fileErrorAlert(platform, key, path, advised, document);
 }
 
 std::unique_ptr<Progress> beginProgress(const Platform& platform, std::string_view key,
-                                        const std::string& name, const Document* document) {
+                                        const std::string& name, const DocumentIdentity* document) {
     const Localization& texts = platform.base.texts;
     return platform.progress.begin(
         {.message = texts.format(key, name), .cancel = texts.text("Cancel"), .document = document});

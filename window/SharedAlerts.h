@@ -13,11 +13,11 @@ namespace tabulon {
 
 /// Shows an informational alert with an "OK" button.
 void informationAlert(const Platform& platform, const std::string& message, const std::string& informative,
-                      const Document* document = nullptr);
+                      const DocumentIdentity* document = nullptr);
 
 /// Shows a critical alert with an "OK" button.
 void criticalAlert(const Platform& platform, std::string message, std::string informative,
-                   const Document* document = nullptr);
+                   const DocumentIdentity* document = nullptr);
 
 /// Shows a critical alert with the text of "ImportError" and `informative` below it.
 void importErrorAlert(const Platform& platform, const std::string& informative);
@@ -31,19 +31,19 @@ void detailedErrorAlert(const Platform& platform, long code, const std::string& 
 void noURLs(const Platform& platform);
 
 /// Shows an alert that asks the user to select an item before choosing the command again.
-void noSelection(const Platform& platform, const Document& document);
+void noSelection(const Platform& platform, const DocumentIdentity& document);
 /// Shows an alert that asks the user to select a folder before choosing the command again.
-void noSelectedFolder(const Platform& platform, const Document& document);
+void noSelectedFolder(const Platform& platform, const DocumentIdentity& document);
 
 /// Shows a critical alert that an operation with the file at `path` has failed, with the message of `error`.
 /// Its title is that of the error, or else the text of `key`, a format for the file's name. Shows no alert if
 /// the user has cancelled the operation. `path` is in the file system's encoding.
 void fileErrorAlert(const Platform& platform, std::string_view key, const std::string& path,
-                    const Error& error, const Document* document = nullptr);
+                    const Error& error, const DocumentIdentity* document = nullptr);
 
 /// Does the same for a failed write, with the text of `writeErrorText`.
 void writeErrorAlert(const Platform& platform, std::string_view key, const std::string& path,
-                     const Error& error, const Document* document = nullptr);
+                     const Error& error, const DocumentIdentity* document = nullptr);
 
 /// Returns the message of `error`, followed by advice on what the user can do if the error is one of the
 /// operating system.
@@ -59,6 +59,6 @@ std::string nameWithoutExtension(const std::string& path);
 /// for `name`, and a button to cancel. It closes when the returned object is destroyed.
 [[nodiscard]] std::unique_ptr<Progress> beginProgress(const Platform& platform, std::string_view key,
                                                       const std::string& name,
-                                                      const Document* document = nullptr);
+                                                      const DocumentIdentity* document = nullptr);
 
 } // namespace tabulon

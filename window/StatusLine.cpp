@@ -25,7 +25,7 @@ void StatusLine::show(std::string text) {
 
 void StatusLine::showStatus(std::string text, std::string actionTitle, Action action) {
     refresh_.reset();
-    spokenOf_ = nullptr;
+    addressItem_ = nullptr;
     status_ = std::move(text);
     action_ = std::move(action);
     actionTitle_ = action_ ? std::move(actionTitle) : std::string();
@@ -54,12 +54,12 @@ void StatusLine::performAction() {
 // Shows an empty line for a folder. When the item has lost its row, the line shows the status, else the
 // counts.
 void StatusLine::showAddress(Bookmark& item) {
-    spokenOf_ = Ref<Bookmark>(&item);
+    addressItem_ = Ref<Bookmark>(&item);
     show(item.isFolder() ? std::string() : shownAddressLine(item.itemURL()).string());
 }
 
 void StatusLine::showCounts() {
-    spokenOf_ = nullptr;
+    addressItem_ = nullptr;
     show(countsText());
 }
 
@@ -86,7 +86,7 @@ std::string StatusLine::countsText() {
 // Shows the status, else the current row's address, else the counts.
 void StatusLine::pointerDidLeave() {
     if (!status_.empty()) {
-        spokenOf_ = nullptr;
+        addressItem_ = nullptr;
         return show(status_);
     }
     if (const auto row = outline_.view().selectedRow())
@@ -144,7 +144,7 @@ void StatusLine::forgetStatus() {
 
 // The row whose address is shown may be among them.
 void StatusLine::rowsWillChange() {
-    if (spokenOf_)
+    if (addressItem_)
         refreshSoon();
 }
 
@@ -155,7 +155,7 @@ void StatusLine::refreshSoon() {
 
 void StatusLine::refresh() {
     refresh_.reset();
-    const bool isGone = spokenOf_ && !outline_.rowForItem(*spokenOf_);
+    const bool isGone = addressItem_ && !outline_.rowForItem(*addressItem_);
     if (isStale_ || (isGone && !status_.empty()))
         pointerDidLeave();
     else if (isGone)

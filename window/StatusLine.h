@@ -93,7 +93,7 @@ private:
     bool isStale_ = false;         ///< the line shows a status that was removed
     std::optional<Counts> counts_; ///< `nullopt` after a change of the tree
     /// The item whose address the line shows.
-    Ref<Bookmark> spokenOf_;
+    Ref<Bookmark> addressItem_;
     std::unique_ptr<Timer> refresh_;
 };
 

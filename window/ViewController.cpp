@@ -5,7 +5,7 @@
 namespace tabulon {
 
 ViewController::ViewController(Document& document, const Platform& platform, SharedState& shared)
-    : collation_(platform.base.texts.locale()), outline_(document, platform.base.defaults),
+    : actions_(this), collation_(platform.base.texts.locale()), outline_(document, platform.base.defaults),
       finding_(outline_, platform, shared.findPhases, collation_),
       window_(outline_, finding_, platform, actions_), statusLine_(outline_, platform),
       cells_(outline_, platform.base), table_(outline_, window_, platform, shared.findPhases, actions_),

@@ -30,7 +30,7 @@ namespace tabulon {
 class DocumentWindow;
 
 /// The controller of one document window.
-class ViewController : public DocumentPresenter {
+class ViewController : public DocumentPresenter, private ActionObserver {
 public:
     /// Becomes the document's presenter and lays out its tree. Requires: the document, the shared state and
     /// the services of `platform` outlive this object.
@@ -78,6 +78,9 @@ public:
     const ExportCommands& exporting() const { return exporting_; }
 
 private:
+    /// Takes over the text that is being typed, so that every command sees it.
+    void willPerformAction() override { fields_.commitEditing(); }
+
     ActionTable actions_;
     /// The order of texts in the user's language.
     const Collation collation_;

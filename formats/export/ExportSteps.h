@@ -25,7 +25,7 @@ public:
     /// Counts `count` keys that have been sorted, approximately.
     void keysSorted(std::size_t count) { take(count); }
     /// Reports the progress, unchanged, where time has passed without a step.
-    void tell() { cancelled_ = cancelled_ || !progress_.tell(taken_); }
+    void report() { cancelled_ = cancelled_ || !progress_.report(taken_); }
 
     /// Returns true after the user has cancelled. The export then has to end.
     bool isCancelled() const { return cancelled_; }

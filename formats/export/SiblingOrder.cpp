@@ -54,7 +54,7 @@ void sortByKey(std::vector<KeyedNode>& keyed, ExportSteps& steps) {
     for (std::size_t run = kBlock; run < keyed.size(); run *= 2)
         for (std::size_t first = 0; first + run < keyed.size(); first += 2 * run) {
             std::inplace_merge(place(first), place(first + run), place(first + 2 * run), less);
-            steps.tell();
+            steps.report();
             if (steps.isCancelled())
                 return;
         }

@@ -33,7 +33,7 @@ public:
         return {runModal(alert), suppresses};
     }
 
-    bool isAskingAbout(const Document* document) const override {
+    bool isAskingAbout(const DocumentIdentity* document) const override {
         return document ? std::ranges::count(asking_, document) > 0 : !asking_.empty();
     }
 
@@ -54,7 +54,7 @@ public:
     std::function<void()> timePasses;
 
 private:
-    std::vector<const Document*> asking_;
+    std::vector<const DocumentIdentity*> asking_;
     std::deque<std::string> answers_;
 };
 

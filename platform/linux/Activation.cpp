@@ -56,7 +56,7 @@ void activateX11Window(xcb_connection_t* connection, const QWidget& window, xcb_
 
 // Sends the text with a zero byte at its end in pieces of twenty bytes, the first one in a message of its own
 // type.
-void tellStartIsDone(xcb_connection_t* connection, const std::string& startupId) {
+void announceStartDone(xcb_connection_t* connection, const std::string& startupId) {
     std::string text = "remove: ID=\"";
     for (const char c : startupId) {
         if (c == '"' || c == '\\')
@@ -103,7 +103,7 @@ void endActivation(const LaunchRequest& request, QWidget* window) {
     if (window)
         activateX11Window(connection, *window, timeOf(request.startupId));
     if (!request.startupId.empty())
-        tellStartIsDone(connection, request.startupId);
+        announceStartDone(connection, request.startupId);
     xcb_flush(connection);
 }
 

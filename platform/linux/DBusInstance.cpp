@@ -52,7 +52,7 @@ QDBusMessage messageFor(const LaunchRequest& request) {
 
 // Returns whether an error means that the program has ended. A program that ends releases its name before its
 // object.
-bool tellsThatItIsGone(QDBusError::ErrorType error) {
+bool isServiceGone(QDBusError::ErrorType error) {
     switch (error) {
     case QDBusError::NoReply:
     case QDBusError::Disconnected:
@@ -104,7 +104,7 @@ SingleInstance::Answer DBusInstance::waitForAnswer(std::chrono::milliseconds pat
         return Answer::Silent;
     if (!watcher.isError())
         return Answer::Taken;
-    return tellsThatItIsGone(watcher.error().type()) ? Answer::Gone : Answer::Refused;
+    return isServiceGone(watcher.error().type()) ? Answer::Gone : Answer::Refused;
 }
 
 void DBusInstance::release() {

@@ -24,8 +24,9 @@ std::string nameForDamagedFile(FileStore& files, const std::string& path) {
 
 } // namespace
 
-FileUserDefaults::FileUserDefaults(FileStore& files, std::string path, SettingsWriter* writer)
-    : files_(files), path_(std::move(path)), writer_(writer) {
+FileUserDefaults::FileUserDefaults(FileStore& files, std::string path, SettingsWriter* writer,
+                                   SettingsProblemObserver* observer)
+    : files_(files), path_(std::move(path)), writer_(writer), observer_(observer) {
     FileUserDefaults::refresh();
 }
 
@@ -151,19 +152,14 @@ void FileUserDefaults::writeChanges(Chance chance) {
     takeIn(*text);
 }
 
-void FileUserDefaults::tellProblemsTo(std::function<void(const SettingsProblem&)> tell) {
-    tell_ = std::move(tell);
-    for (const SettingsProblem& problem : std::exchange(untold_, {}))
-        tell_(problem);
-}
-
 // The same problem at every attempt is reported once.
-void FileUserDefaults::report(SettingsProblem problem) {
+void FileUserDefaults::report(const SettingsProblem& problem) {
     if (problem.kind != SettingsProblem::Kind::Damaged && lastTrouble_ == problem.kind)
         return;
     if (problem.kind != SettingsProblem::Kind::Damaged)
         lastTrouble_ = problem.kind;
-    tell_ ? tell_(problem) : untold_.push_back(std::move(problem));
+    if (observer_)
+        observer_->settingsProblem(problem);
 }
 
 } // namespace tabulon

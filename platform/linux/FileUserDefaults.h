@@ -5,11 +5,9 @@
 #include "platform/FileStore.h"
 #include "platform/linux/SettingsText.h"
 
-#include <functional>
 #include <map>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace tabulon {
 
@@ -22,6 +20,15 @@ public:
     /// Called at the first change after a write. Calls `defaults.write()` soon, from the main loop and not
     /// during this call. Requires: `defaults` exists until then.
     virtual void writeSoon(FileUserDefaults& defaults) = 0;
+};
+
+/// Receives the problems with a file of settings.
+class SettingsProblemObserver {
+public:
+    virtual ~SettingsProblemObserver() = default;
+    /// Called once for each problem, also by the constructor and the destructor of FileUserDefaults. The same
+    /// problem at the next attempt is not reported again.
+    virtual void settingsProblem(const SettingsProblem& problem) = 0;
 };
 
 /// Settings in a file. A change is in force immediately and is written later, together with others. `write`
@@ -37,9 +44,10 @@ public:
     static constexpr std::size_t kLargestFile = std::size_t{16} << 20;
 
     /// Reads the file at `path`, which need not exist. The first write creates it, and its folder. Without
-    /// `writer` changes are written by the destructor only. Requires: `files` and `writer` outlive this
-    /// object.
-    FileUserDefaults(FileStore& files, std::string path, SettingsWriter* writer = nullptr);
+    /// `writer` changes are written by the destructor only. Without `observer` problems are not reported.
+    /// Requires: the arguments outlive this object.
+    FileUserDefaults(FileStore& files, std::string path, SettingsWriter* writer = nullptr,
+                     SettingsProblemObserver* observer = nullptr);
     /// Writes the changes. Waits up to two seconds for the lock of another program, and then writes without
     /// it.
     ~FileUserDefaults() override;
@@ -61,11 +69,6 @@ public:
     /// `FolderLock::kPatience`, they stay unwritten and the writer is called again. Problems are reported.
     void write();
 
-    /// Sets the function that is called once for each problem, and calls it for the problems before. The same
-    /// problem at the next attempt is not reported again. Requires: `tell` is not empty, and what it uses
-    /// exists as long as this object, whose destructor may call it.
-    void tellProblemsTo(std::function<void(const SettingsProblem&)> tell);
-
 private:
     /// Returns the text of the file without damaged lines, or `nullopt` where it cannot be read.
     std::optional<SettingsText> readText();
@@ -78,19 +81,18 @@ private:
     void change(std::string_view key, std::optional<std::string> value);
     /// Takes the values of the file, and its identity.
     void takeIn(const SettingsText& text);
-    /// Reports a problem, or stores it until `tellProblemsTo` is called.
-    void report(SettingsProblem problem);
+    /// Reports a problem, unless it is the same as at the last attempt.
+    void report(const SettingsProblem& problem);
 
     FileStore& files_;
-    const std::string path_;       // in the file system's encoding
-    SettingsWriter* const writer_; // not owned; may be nullptr
-    SettingsText::Values values_;  // as in the file
+    const std::string path_;                  // in the file system's encoding
+    SettingsWriter* const writer_;            // not owned; may be nullptr
+    SettingsProblemObserver* const observer_; // likewise
+    SettingsText::Values values_;             // as in the file
     std::map<std::string, std::optional<std::string>, std::less<>>
         changes_;                          // not written yet; `nullopt` removes the key
     std::optional<FileIdentity> identity_; // of the file from which the values were read
     bool writeIsDue_ = false;
-    std::function<void(const SettingsProblem&)> tell_;
-    std::vector<SettingsProblem> untold_;
     std::optional<SettingsProblem::Kind> lastTrouble_; // Unreadable or Unwritable, reported already
 };
 

@@ -94,7 +94,7 @@ protected:
 
 } // namespace
 
-bool QtAlerts::isAskingAbout(const Document* document) const {
+bool QtAlerts::isAskingAbout(const DocumentIdentity* document) const {
     return document ? std::ranges::count(showing_, document, &Shown::document) > 0 : isShowing();
 }
 

@@ -14,7 +14,7 @@ namespace tabulon {
 
 /// Returns the window that shows `document`. For `nullptr`, or a document without a window, it returns the
 /// active window, or `nullptr`. The window is not owned. Called when an alert or a panel is shown.
-using WindowFinder = std::function<QWidget*(const Document* document)>;
+using WindowFinder = std::function<QWidget*(const DocumentIdentity* document)>;
 
 /// Observes when all alerts have ended.
 class AlertsObserver {
@@ -41,7 +41,7 @@ public:
     /// Returns whether an alert is open.
     bool isShowing() const { return !showing_.empty(); }
     /// Returns whether an alert about `document` is open, or any alert for `nullptr`.
-    bool isAskingAbout(const Document* document) const override;
+    bool isAskingAbout(const DocumentIdentity* document) const override;
 
 private:
     /// Fills and shows the box, and returns the response.
@@ -52,7 +52,7 @@ private:
     /// An open alert. Neither pointer is owned; `document` is nullptr for the whole application.
     struct Shown {
         QMessageBox* box;
-        const Document* document;
+        const DocumentIdentity* document;
     };
     /// The open alerts. The last one runs in the innermost event loop and must end first, so the others are
     /// disabled.

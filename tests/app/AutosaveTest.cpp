@@ -142,7 +142,7 @@ TEST_F(AutosaveTest, EndOfTheSessionAsksNothingAndKeepsWhatHasNoFile) {
     EXPECT_EQ(nameIn(kPath), "changed");
 }
 
-TEST_F(AutosaveTest, FailureIsToldOnceUntilSavingWorksAgain) {
+TEST_F(AutosaveTest, FailureIsReportedOnceUntilSavingWorksAgain) {
     Document& document = openDocument();
     files.diskFull = true;
     for (int i = 0; i < 3; ++i) {
@@ -229,7 +229,7 @@ TEST_F(AutosaveTest, EndOfTheSessionKeepsWhatItsFileDoesNotTakeWithoutAQuestion)
     EXPECT_EQ(nameIn("/state/unsaved/run-1/2 Links.tbln"), "no room");
 }
 
-TEST_F(AutosaveTest, EndOfTheSessionTellsWhatWouldBeLost) {
+TEST_F(AutosaveTest, EndOfTheSessionNamesWhatWouldBeLost) {
     change(openDocument());
     files.diskFull = true;
     app.sessionWillEnd();
@@ -361,7 +361,7 @@ TEST_F(AutosaveTest, ConflictWaitsForTheEndOfAnAlertOfTheRows) {
     EXPECT_EQ(alerts.shown.size(), 2u);
 }
 
-TEST_F(AutosaveTest, DamagedCopyIsToldAndPutAside) {
+TEST_F(AutosaveTest, DamagedCopyIsReportedAndRenamed) {
     recovery.abandoned = {"/state/unsaved/run-0"};
     files.files["/state/unsaved/run-0/1 Untitled.tbln"] = "bplist00 and then nothing";
     app.applicationDidFinishLaunching({});
@@ -371,7 +371,7 @@ TEST_F(AutosaveTest, DamagedCopyIsToldAndPutAside) {
     EXPECT_FALSE(files.fileExists("/state/unsaved/run-0/1 Untitled.tbln"));
 }
 
-TEST_F(AutosaveTest, WhereNoCopyCanBeKeptTheUserIsToldOnce) {
+TEST_F(AutosaveTest, WhereNoCopyCanBeKeptOneAlertIsShown) {
     recovery.own = failure("There is no room.");
     Document& document = untitled();
     for (int i = 0; i < 2; ++i) {

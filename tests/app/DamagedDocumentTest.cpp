@@ -96,7 +96,7 @@ TEST_F(DamagedDocumentTest, whatIsLeftOfADamagedCopyOfACrashIsOffered) {
     EXPECT_EQ(files.files[copy + ".damaged"], damaged) << "the copy stays as it is";
 }
 
-TEST_F(DamagedDocumentTest, ofSeveralFilesOneAlertTellsAndOpensWhatIsLeftOfAll) {
+TEST_F(DamagedDocumentTest, ofSeveralFilesOneAlertOpensWhatIsLeftOfAll) {
     std::vector<std::string> paths;
     paths.reserve(10);
     for (int i = 0; i < 10; ++i) // more than the alert lists
@@ -131,7 +131,7 @@ TEST_F(DamagedDocumentTest, ofSeveralFilesOneMayHaveSomethingLeft) {
     EXPECT_FALSE(onlyDocument()->isDocumentEdited());
 }
 
-TEST_F(DamagedDocumentTest, ofSeveralFilesInWhichNothingIsLeftOneAlertOnlyTells) {
+TEST_F(DamagedDocumentTest, ofSeveralFilesInWhichNothingIsLeftOneAlertOffersNothing) {
     files.files[kPath] = damagedBytes().substr(0, 60);
     files.files["/home/Other.tbln"] = damagedBytes().substr(0, 60);
     openFiles({kPath, "/home/Other.tbln"});

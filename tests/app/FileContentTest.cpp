@@ -37,7 +37,7 @@ std::string kindInCorpus(const std::string& name) {
     return kindOf(std::string(std::istreambuf_iterator<char>(file), {}), "/a");
 }
 
-TEST(FileContentTest, isToldByContentThenByExtension) {
+TEST(FileContentTest, dependsOnTheContentThenOnTheExtension) {
     EXPECT_EQ(kindOf("bplist00", "/a.html"), "document");
     EXPECT_EQ(kindOf(std::string_view("\0\1classic", 9), "/a"), "document");
     EXPECT_EQ(kindOf("<?xml version=\"1.0\"?><!DOCTYPE plist><plist>", "/a"), "document");
@@ -110,11 +110,11 @@ TEST_F(OpenableTest, whereTheBeginningLeavesItOpenTheRestDecides) {
     EXPECT_FALSE(isOpenable("/a.xml", "<?xml version=\"1.0\"?><!--" + rest + "--><svg>"));
     const std::string list = "<?xml version=\"1.0\"?><plist><dict><key>URL</key><string>data:,";
     EXPECT_FALSE(isOpenable("/a.webloc", list + rest + "</string></dict></plist>")) << "one link";
-    EXPECT_TRUE(isOpenable("/a.webloc", list + rest)) << "a damaged list is told";
+    EXPECT_TRUE(isOpenable("/a.webloc", list + rest)) << "a damaged list is reported";
     EXPECT_TRUE(wasReadWhole());
 }
 
-TEST_F(OpenableTest, aDocumentThatCannotBeReadIsOpenedSoThatTheUserIsTold) {
+TEST_F(OpenableTest, aDocumentThatCannotBeReadIsOpenedSoThatAnAlertIsShown) {
     files.unreadable = "/hidden";
     EXPECT_TRUE(isOpenable("/hidden.tbln", ""));
     EXPECT_FALSE(isOpenable("/hidden.png", ""));
@@ -136,7 +136,7 @@ TEST(FileContentTest, filesOfOtherProgramsAreKnown) {
     EXPECT_EQ(kindInCorpus("archive/xml/input"), "document");
 }
 
-TEST(FileContentTest, listsOfOtherProgramsAreToldFromDocuments) {
+TEST(FileContentTest, listsOfOtherProgramsAreNoDocuments) {
     const std::string head = "<?xml version=\"1.0\"?><plist><dict><key>Children</key><array><dict>";
     EXPECT_EQ(kindOf(head + "<key>WebBookmarkType</key>", "/a"), "safari");
     EXPECT_EQ(kindOf(head + "<key>URLString</key>", "/a"), "safari");
@@ -144,7 +144,7 @@ TEST(FileContentTest, listsOfOtherProgramsAreToldFromDocuments) {
     EXPECT_EQ(kindOf("bplist00 Children FolderType", "/a"), "icab");
     EXPECT_EQ(kindOf("bplist00 Children URLString $objects $top", "/a"), "document")
         << "a name of a bookmark";
-    EXPECT_EQ(kindOf("bplist00 Children", "/a"), "document") << "which tells what is wrong";
+    EXPECT_EQ(kindOf("bplist00 Children", "/a"), "document") << "which reports the damage";
 }
 
 TEST(FileContentTest, textsInAListDoNotCountAsItsKeys) {
@@ -156,7 +156,7 @@ TEST(FileContentTest, textsInAListDoNotCountAsItsKeys) {
     EXPECT_EQ(kindOf(list("WebBookmarkType", "how $objects and $top of an archive work"), "/a"), "safari");
     EXPECT_EQ(kindOf(list("URLString", "BookmarkType and FolderType"), "/a"), "safari");
     EXPECT_EQ(kindOf(list("BookmarkType", "WebBookmarkType and URLString"), "/a"), "icab");
-    EXPECT_EQ(kindOf(list("Other", "$objects and $top"), "/a"), "document") << "which tells what is wrong";
+    EXPECT_EQ(kindOf(list("Other", "$objects and $top"), "/a"), "document") << "which reports the damage";
 }
 
 } // namespace

@@ -38,7 +38,7 @@ TEST_F(HTMLWindowControllerTest, datesOfOtherPagesAreLeftOut) {
     EXPECT_TRUE(controller.datesModified().empty());
 }
 
-TEST_F(HTMLWindowControllerTest, theTitleTellsWhereThePageComesFrom) {
+TEST_F(HTMLWindowControllerTest, theTitleNamesTheSourceOfThePage) {
     EXPECT_EQ(controller.title().view(), "Imported Bookmarks");
     for (const char* grabbed : {"de.icab.iCab", "com.barebones.bbedit", ""}) {
         controller.setBundleID(grabbed);

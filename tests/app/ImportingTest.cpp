@@ -109,6 +109,7 @@ TEST_F(ImportingTest, everyFormatHasACommandInTheMenu) {
         EXPECT_NE(std::ranges::find(import.items, source->action, &MenuItem::action), import.items.end())
             << format.name;
         EXPECT_TRUE(enabled(std::string(source->action).c_str())) << format.name;
+        EXPECT_EQ(source->reportsEmpty, format.name == "html" || format.name == "text") << format.name;
     }
 }
 
@@ -143,7 +144,7 @@ TEST_F(ImportingTest, everyBrowserOfTheFamilyNamesItself) {
     EXPECT_EQ(title(), "Imported from iCab");
 }
 
-TEST_F(ImportingTest, aSafariListThatCannotBeParsedIsToldWithCodeNameAndReason) {
+TEST_F(ImportingTest, aSafariListThatCannotBeParsedIsReportedWithCodeNameAndReason) {
     import("importSafari:", "/home/Bookmarks.plist", "<plist><dict>");
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].style, AlertStyle::Critical);
@@ -164,7 +165,7 @@ TEST_F(ImportingTest, aSafariListWithoutChildrenIsAnEmptyDocument) {
     EXPECT_TRUE(alerts.shown.empty());
 }
 
-TEST_F(ImportingTest, jsonThatCannotBeReadOrParsedIsTold) {
+TEST_F(ImportingTest, jsonThatCannotBeReadOrParsedIsReported) {
     import("importChrome:", "/home/Bookmarks", "{\"roots\": ");
     expectImportError(base.texts.text("ErrorImportBookmarks"));
     import("importEdge:", "/gone/Bookmarks");

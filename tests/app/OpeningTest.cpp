@@ -279,7 +279,10 @@ TEST_F(OpeningTest, TheButtonOfTheNoLinksAlertIsTheSameInEveryLanguage) {
         std::string locale() const override { return "eo"; }
     } texts;
     AppDelegate other(platformIn(texts), windows, instance, host, "1.2.3");
-    EXPECT_EQ(other.importCommands().scanNetscape("nothing"), nullptr);
+    files.files["/home/b.html"] = "nothing";
+    panels.chooseFiles({"/home/b.html"});
+    EXPECT_TRUE(other.responders().performMenuItem(MenuItem{.action = "importBookmarks:"}));
+    EXPECT_TRUE(other.documentController().documents().empty());
     ASSERT_EQ(alerts.shown.size(), 1u);
     EXPECT_EQ(alerts.shown[0].message, "la EmptyScan");
     EXPECT_EQ(alerts.shown[0].informative, "la NoURLs");
@@ -288,9 +291,15 @@ TEST_F(OpeningTest, TheButtonOfTheNoLinksAlertIsTheSameInEveryLanguage) {
 }
 
 TEST_F(OpeningTest, ADescriptionBeforeAnyItemGoesToTheLastItemOfTheImportBefore) {
-    Document* first = app.importCommands().scanNetscape("<DT><A HREF=\"u\">n</A>");
+    files.files["/home/a.html"] = "<DT><A HREF=\"u\">n</A>";
+    files.files["/home/b.html"] = "<DD>late<HR></DL>";
+    panels.chooseFiles({"/home/a.html"});
+    EXPECT_TRUE(perform("importBookmarks:"));
+    const Document* first = onlyDocument();
     ASSERT_TRUE(first);
-    ASSERT_TRUE(app.importCommands().scanNetscape("<DD>late<HR></DL>"));
+    panels.chooseFiles({"/home/b.html"});
+    EXPECT_TRUE(perform("importBookmarks:"));
+    EXPECT_EQ(documents().documents().size(), 2u);
     EXPECT_EQ(first->getMaster().getChild()->itemNote().view(), "late");
 }
 
@@ -338,7 +347,7 @@ TEST_F(OpeningTest, WhatIsNoFileIsRefusedWithItsReason) {
     EXPECT_EQ(alerts.shown.size(), 5u);
 }
 
-TEST_F(OpeningTest, SeveralFilesThatCannotBeOpenedAreToldInOneAlertAndTheOthersOpen) {
+TEST_F(OpeningTest, SeveralFilesThatCannotBeOpenedAreListedInOneAlertAndTheOthersOpen) {
     files.files["/home/a.tbln"] = documentBytes("a");
     files.files["/home/picture.png"] = "\x89PNG\r\n";
     openFiles({"/home/none.tbln", "/home/a.tbln", "/home/picture.png"});

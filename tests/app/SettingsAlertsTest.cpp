@@ -15,7 +15,7 @@ protected:
     }
 };
 
-TEST_F(SettingsAlertsTest, aDamagedFileIsToldWithTheNameItHasNow) {
+TEST_F(SettingsAlertsTest, aDamagedFileIsReportedWithTheNameItHasNow) {
     const Alert& alert =
         alertFor({SettingsProblem::Kind::Damaged, "/c/tabulon.ini", "/c/tabulon.ini.damaged", {}});
     EXPECT_EQ(alert.style, AlertStyle::Warning);
@@ -25,7 +25,7 @@ TEST_F(SettingsAlertsTest, aDamagedFileIsToldWithTheNameItHasNow) {
     EXPECT_EQ(alert.buttons[0].title, "OK");
 }
 
-TEST_F(SettingsAlertsTest, troubleWithTheFileIsToldWithItsReason) {
+TEST_F(SettingsAlertsTest, troubleWithTheFileIsReportedWithItsReason) {
     const Alert& unreadable =
         alertFor({SettingsProblem::Kind::Unreadable, "/c/tabulon.ini", {}, "Permission denied."});
     EXPECT_EQ(unreadable.message, "The settings could not be read");

@@ -61,6 +61,44 @@ TEST(Utf8, charactersAtTheBordersOfEachLengthGoThereAndBack) {
     EXPECT_EQ(position, all.size());
 }
 
+// Every lead byte with every second byte, and bytes at the borders after them. ICU decides what is valid.
+TEST(Utf8, decodesExactlyTheWellFormedSequences) {
+    const std::string borders = {'a', '\x7F', '\x80', '\x8F', '\x90', '\x9F', '\xA0', '\xBF', '\xC0', '\xFF'};
+    std::size_t decoded = 0;
+    const auto check = [&](const std::string& bytes) {
+        const utf8::Decoded found = utf8::decodedAt(bytes, 0);
+        std::size_t size = 1;
+        while (size <= bytes.size() && !isValidUtf8(bytes.substr(0, size)))
+            ++size;
+        ASSERT_EQ(found.size, size > bytes.size() ? 0 : size) << testing::PrintToString(bytes);
+        if (found.size > 0) {
+            ASSERT_EQ(utf8::encoded(found.character).view(), bytes.substr(0, size));
+        }
+        decoded += found.size > 1 ? 1 : 0;
+    };
+    for (int lead = 0; lead < 256; ++lead)
+        for (int second = 0; second < 256; ++second) {
+            const std::string two = {static_cast<char>(lead), static_cast<char>(second)};
+            check(two.substr(0, 1));
+            check(two);
+            for (const char third : borders) {
+                check(two + third);
+                for (const char fourth : borders)
+                    check(two + third + fourth);
+            }
+        }
+    EXPECT_GT(decoded, 100000u);
+}
+
+TEST(Utf8, malformedPartsAreReplacedInTheSameWayOneByOne) {
+    const std::string text = "a\xE3\x81z\xC0\xAFü\xF0\x9F\x98\xED\xA0\x80\U0001F600\xE6\x97";
+    std::string read;
+    for (std::size_t position = 0; position < text.size();)
+        utf8::append(read, utf8::nextLenient(text, position));
+    EXPECT_EQ(read, decodeUtf8Leniently(text));
+    EXPECT_EQ(read, "a\uFFFDz\uFFFD\uFFFDü\uFFFD\uFFFD\uFFFD\uFFFD\U0001F600\uFFFD");
+}
+
 TEST(Utf8, theBytesOfACharacter) {
     EXPECT_EQ(utf8::encoded(U'\u00FC').view(), "\xC3\xBC");
     EXPECT_EQ(utf8::encoded(U'\u65E5').view(), "\xE6\x97\xA5");

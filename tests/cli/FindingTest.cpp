@@ -262,7 +262,7 @@ TEST_F(FindingTest, aFailureWritesNothing) {
     EXPECT_EQ(tool.files.files, before);
 }
 
-TEST_F(FindingTest, aBrokenOutputIsToldOnce) {
+TEST_F(FindingTest, aBrokenOutputIsReportedOnce) {
     makeDocument(kThreeAlike);
     tool.outputBroken = true;
     EXPECT_EQ(tool.run({"duplicates", "d.tbln"}), 1);

@@ -37,7 +37,7 @@ protected:
     }
 };
 
-TEST_F(FullDiskTest, onAFullDiskTheOldFileStaysAndTheUserIsTold) {
+TEST_F(FullDiskTest, onAFullDiskTheOldFileStaysAndAnAlertIsShown) {
     write(path("Links.tbln"), 1);
     const int status = statusOf(start([&] {
         // A limit on the file size has the effect of a full disk: writes are incomplete.
@@ -53,7 +53,7 @@ TEST_F(FullDiskTest, onAFullDiskTheOldFileStaysAndTheUserIsTold) {
     expectOneWholeFile();
 }
 
-TEST_F(FullDiskTest, inAReadOnlyFolderTheOldFileStaysAndTheUserIsTold) {
+TEST_F(FullDiskTest, inAReadOnlyFolderTheOldFileStaysAndAnAlertIsShown) {
     write(path("Links.tbln"), 1);
     ASSERT_EQ(::chmod(folder.c_str(), 0555), 0);
     const int status = statusOf(start([&] {

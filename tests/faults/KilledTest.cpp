@@ -32,7 +32,7 @@ protected:
         ::close(ready[1]);
     }
     /// Reports from the child process that its first round is over, with the duration of the round.
-    static void tellReady(int ready, Clock::time_point begin) {
+    static void reportReady(int ready, Clock::time_point begin) {
         const long round =
             std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - begin).count();
         if (::write(ready, &round, sizeof round) != static_cast<ssize_t>(sizeof round))
@@ -70,7 +70,7 @@ TEST_F(KilledTest, killedAtAHundredMomentsOfSavingTheFileIsOneWholeVersion) {
                 if (!run.save(document))
                     return 1;
                 if (number == lastSeen + 1)
-                    tellReady(ready, begin);
+                    reportReady(ready, begin);
             }
         });
         const int seen = versionIn(file);
@@ -110,7 +110,7 @@ TEST_F(KilledTest, documentsWithoutAFileAreThereAgainAfterFiftyKills) {
                 if (!run.fakes.alerts.shown.empty())
                     return 1;
                 if (number == lastSeen + 1)
-                    tellReady(ready, begin);
+                    reportReady(ready, begin);
             }
         });
         XdgRecoveryFolders recovery(path("state/unsaved"));
@@ -138,7 +138,7 @@ TEST_F(KilledTest, changesThatTheirFileDidNotTakeAreThereAgain) {
         change(document, 3);
         run.fakes.alerts.answer("Cancel");
         run.fakes.timers.advance(2 * AutosavePause::kSeconds);
-        tellReady(ready, Clock::now());
+        reportReady(ready, Clock::now());
         ::pause();
         return 0;
     });
@@ -163,7 +163,7 @@ TEST_F(KilledTest, whatRevertingWentBackToEndsWithTheRun) {
         Document& document = run.open(file);
         change(document, 2);
         run.fakes.timers.advance(2 * AutosavePause::kSeconds);
-        tellReady(ready, Clock::now());
+        reportReady(ready, Clock::now());
         ::pause();
         return 0;
     });

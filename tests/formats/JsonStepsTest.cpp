@@ -2,7 +2,7 @@
 // file.
 #include "formats/import/JsonSteps.h"
 
-#include "tests/formats/LiteralChromium.h"
+#include "tests/formats/ReferenceChromium.h"
 
 #include <gtest/gtest.h>
 

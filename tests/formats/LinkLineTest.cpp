@@ -1,5 +1,5 @@
 // Tests the fast reader of links in their usual form: the forms that it reads, those that it leaves to the
-// general rules, and runs of bytes. LiteralScannerTest compares the results of both.
+// general rules, and runs of bytes. ReferenceScannerTest compares the results of both.
 #include "formats/import/LinkLine.h"
 
 #include "formats/import/ByteRun.h"
@@ -99,7 +99,7 @@ ByteRun plainRun(const std::string& bytes, std::size_t from) {
     return run;
 }
 
-TEST(ByteRun, endsAtTheFirstByteAndTellsWhatIsBeforeIt) {
+TEST(ByteRun, endsAtTheFirstByteAndReturnsWhatIsBeforeIt) {
     std::mt19937 random(1);
     std::size_t ended = 0;
     for (int i = 0; i < 20000; ++i) {

@@ -1,7 +1,7 @@
 // Tests that exported trees are scanned to the same trees, and compares the export with its reference
 // implementation.
 #include "formats/export/NetscapeHTML.h"
-#include "tests/formats/LiteralExport.h"
+#include "tests/formats/ReferenceExport.h"
 #include "tests/formats/ScanFixture.h"
 
 #include <random>
@@ -150,11 +150,11 @@ Ref<Bookmark> oddTree(std::mt19937& random) {
     return nodes.front();
 }
 
-TEST_F(NetscapeRoundTrip, exportAgreesWithTheLiteralOneOnOddTrees) {
+TEST_F(NetscapeRoundTrip, exportAgreesWithTheReferenceOnOddTrees) {
     std::mt19937 random(6);
     for (int round = 0; round < 3000; ++round) {
         const Ref<Bookmark> tree = oddTree(random);
-        ASSERT_EQ(exportToHTML(*tree, {}).value(), test::literalExport(*tree));
+        ASSERT_EQ(exportToHTML(*tree, {}).value(), test::referenceExport(*tree));
     }
 }
 
@@ -172,7 +172,7 @@ TEST_F(NetscapeRoundTrip, indentsAreCountedBeforeTheyAreWritten) {
     std::mt19937 random(7);
     for (int round = 0; round < 1000; ++round) {
         const Ref<Bookmark> tree = oddTree(random);
-        const std::size_t indents = indentsIn(test::literalExport(*tree));
+        const std::size_t indents = indentsIn(test::referenceExport(*tree));
         if (indents == 0)
             continue;
         const auto reason = [&](std::size_t mostBytes) {

@@ -55,7 +55,7 @@ TEST_F(NetscapeScannerTest, tagsInLowerCaseAreNotSeen) {
     EXPECT_EQ(scanText("<DT><h3>x</h3></DL>"), "");
 }
 
-TEST_F(NetscapeScannerTest, theKindOfATagIsToldByItsBytesAtFixedPlaces) {
+TEST_F(NetscapeScannerTest, theKindOfATagDependsOnItsBytesAtFixedPlaces) {
     EXPECT_EQ(scanText("<D...H>name</H3>."), "folder \"name\" added null\n");
     EXPECT_EQ(scanText("<D..<A HREF=\"http://a.example/\">name</A>"),
               "link \"name\" <http://a.example/> added null\n");

@@ -38,7 +38,7 @@ TEST_F(PageBookmarksTest, allLinksAreInOneList) {
     EXPECT_EQ(pairsOf(root), (Pairs{{"A", "http://a/"}, {"B", "mailto:b"}}));
     EXPECT_EQ(root->itemName().view(), "Master");
     EXPECT_TRUE(root->isFolder());
-    EXPECT_EQ(root->getLast()->getType(), 0) << "the kind of link is not told";
+    EXPECT_EQ(root->getLast()->getType(), 0) << "the kind of link is not stored";
     EXPECT_EQ(root->getLast()->itemDateAdded(), fakes.now());
 }
 

@@ -24,7 +24,7 @@ std::string texts(std::string_view page) {
     return linksOf(page).texts;
 }
 
-TEST(PageLinks, aPageWithoutLinksTellsNothing) {
+TEST(PageLinks, aPageWithoutLinksHasNoLinks) {
     for (const char* page : {"", "x", "<a name=x>y</a>", "<a>y</a>", "<link href=x>", "<area>", "\xFF\xFE"}) {
         EXPECT_EQ(targets(page), "");
         EXPECT_EQ(texts(page), "");

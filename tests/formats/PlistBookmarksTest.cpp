@@ -265,16 +265,16 @@ void flipEveryBit(Read reader, const std::string& whole) {
     ASSERT_TRUE(tree) << tree.error().message;
     const std::vector<std::size_t> shape = test::shapeOf(**tree);
     const std::size_t childrenKey = whole.find("Children");
-    std::size_t untold = 0;
+    std::size_t undetected = 0;
     for (std::size_t bit = 0; bit < 8 * whole.size(); ++bit) {
         std::string bytes = whole;
         bytes[bit / 8] = static_cast<char>(bytes[bit / 8] ^ 1 << bit % 8);
         if (isRefusedOrWhole(reader, bytes, shape))
             continue;
-        ++untold;
+        ++undetected;
         EXPECT_TRUE(bit / 8 + 1 < childrenKey || bit / 8 >= childrenKey + 8) << "at byte " << bit / 8;
     }
-    EXPECT_LT(untold, 8 * whole.size() / 100);
+    EXPECT_LT(undetected, 8 * whole.size() / 100);
     for (std::size_t place = 0; place < whole.size(); place += 64) {
         std::string bytes = whole;
         const std::size_t size = std::min<std::size_t>(64, whole.size() - place);

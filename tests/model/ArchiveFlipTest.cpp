@@ -123,7 +123,7 @@ TEST_F(ArchiveFlip, sharedTextsAndDatesThatBecomeSomethingElse) {
     });
     const std::string whole = writeDocumentArchive(*master);
     begin(whole);
-    std::vector<std::size_t> untold;
+    std::vector<std::size_t> undetected;
     for (std::size_t bit = 0; bit < 8 * whole.size(); ++bit) {
         std::string bytes = whole;
         bytes[bit / 8] = static_cast<char>(bytes[bit / 8] ^ 1 << bit % 8);
@@ -136,11 +136,11 @@ TEST_F(ArchiveFlip, sharedTextsAndDatesThatBecomeSomethingElse) {
         for (std::size_t i = 0; i < fields.size(); ++i)
             lost += fields[i].isNull() && !wholeFields[i].isNull() ? 1 : 0;
         if (lost > 2)
-            untold.push_back(bit);
+            undetected.push_back(bit);
     }
-    for (const std::size_t bit : untold)
+    for (const std::size_t bit : undetected)
         EXPECT_EQ(whole[bit / 8 - 1], '\x80') << "byte " << bit / 8 << " is not the number in a uid";
-    EXPECT_LT(untold.size(), 8u);
+    EXPECT_LT(undetected.size(), 8u);
 }
 
 TEST_F(ArchiveFlip, everyBitOfADocumentOfAnotherWriter) {

@@ -191,7 +191,7 @@ TEST_F(TreeTest, detachedSubtreeOutlivesItsTree) {
     EXPECT_EQ(leaf->itemName(), Text("leaf"));
 }
 
-TEST_F(TreeTest, walkVisitsInDocumentOrderAndDescendsWhereTold) {
+TEST_F(TreeTest, walkVisitsInDocumentOrderAndDescendsWhereAsked) {
     const Ref<Bookmark> top =
         folder("top", {node("a"), folder("B", {node("c"), folder("D", {node("e")})}), node("f")});
     std::string seen;

@@ -78,7 +78,7 @@ TEST_F(DocumentTest, writingAndReadingKeepsTheDates) {
     EXPECT_EQ(other.getMaster().itemDateAdded(), Date::fromReferenceSeconds(0.1));
 }
 
-TEST_F(DocumentTest, classicFilesAreToldByTheirFirstTwoBytes) {
+TEST_F(DocumentTest, classicFilesAreRecognisedByTheirFirstTwoBytes) {
     EXPECT_TRUE(classicFile(std::string("\0\3", 2) + std::string(18, 'x')));
     EXPECT_TRUE(classicFile(std::string(20, '\0')));
     EXPECT_FALSE(classicFile(std::string("\0\4", 2) + std::string(18, 'x')));

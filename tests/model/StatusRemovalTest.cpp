@@ -160,7 +160,7 @@ TEST_F(StatusRemovalTest, theBasketIsMisplacedUnlessItIsTheLastItem) {
     EXPECT_EQ(misplacedWasteBasket(*LetterTree("").root, fake.texts), nullptr);
 }
 
-TEST_F(StatusRemovalTest, theSummaryTellsWhatHasHappenedToHowMany) {
+TEST_F(StatusRemovalTest, theSummaryCountsTheItemsOfEachKind) {
     EXPECT_EQ(removalSummary(kMoveAll, 3, fake.texts),
               fake.texts.format("DuplicatesMoved", std::string_view("3 bookmarks")));
     EXPECT_EQ(removalSummary(kAll, 0, fake.texts),

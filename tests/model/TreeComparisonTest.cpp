@@ -17,7 +17,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 // Returns one line for each difference, for example "+a", "-b", "moved c", "renamed d>e", "edited f".
-std::vector<std::string> told(const TreeComparison& comparison) {
+std::vector<std::string> linesOf(const TreeComparison& comparison) {
     std::vector<std::string> lines;
     for (const TreeDifference& difference : comparison.differences()) {
         if (difference.isAdded())
@@ -36,7 +36,7 @@ std::vector<std::string> told(const TreeComparison& comparison) {
 }
 
 std::vector<std::string> differences(const LetterTree& before, const LetterTree& after) {
-    return told(TreeComparison(*before.root, *after.root));
+    return linesOf(TreeComparison(*before.root, *after.root));
 }
 
 TEST(TreeComparisonTest, equalTreesHaveNoDifferences) {
@@ -77,7 +77,7 @@ TEST(TreeComparisonTest, aLinkOfTheSameNameInItsFolderIsEdited) {
     after['b'].setItemURL("https://2.example/");
     after['a'].setItemNote("new");
     const TreeComparison comparison(*before.root, *after.root);
-    EXPECT_THAT(told(comparison), ElementsAre("edited a", "edited b"));
+    EXPECT_THAT(linesOf(comparison), ElementsAre("edited a", "edited b"));
     EXPECT_EQ(comparison.differences()[0].edited, kChangedNote);
     EXPECT_EQ(comparison.differences()[1].edited, kChangedURL);
     EXPECT_EQ(comparison.counts(), (DifferenceCounts{.added = 0, .removed = 0, .changed = 2}));
@@ -247,7 +247,7 @@ TEST(TreeComparisonTest, aDeepTreeIsCompared) {
     };
     const Ref<Bookmark> before = deep();
     const Ref<Bookmark> after = deep();
-    EXPECT_THAT(told(TreeComparison(*before, *after)), IsEmpty());
+    EXPECT_THAT(linesOf(TreeComparison(*before, *after)), IsEmpty());
 }
 
 } // namespace

@@ -68,7 +68,7 @@ TEST_F(FileStoreTest, aLinkWhoseTargetIsGoneStaysALinkAndItsTargetIsMadeAnew) {
     fs::create_symlink("/no/such/disk/file", folder / "pulled");
     const auto written = files.writeFileAtomically(path("pulled"), "new");
     ASSERT_FALSE(written);
-    EXPECT_EQ(written.error().code, ENOENT) << "a disk that is not there is told, not papered over";
+    EXPECT_EQ(written.error().code, ENOENT) << "a failure of the disk is reported";
     EXPECT_TRUE(fs::is_symlink(folder / "pulled"));
     fs::create_symlink("circle", folder / "circle");
     EXPECT_TRUE(files.writeFileAtomically(path("circle"), "new")) << "what leads nowhere is replaced";
@@ -197,7 +197,7 @@ TEST_F(FileStoreTest, theDesktopProgramNeitherWaitsForAPipeNorUsesADevice) {
     EXPECT_EQ(files.kindOf(path("pipe")), PathKind::Other) << "it was not replaced";
 }
 
-TEST_F(FileStoreTest, aFileThatTellsNoSizeIsReadToALimit) {
+TEST_F(FileStoreTest, aFileWithoutASizeIsReadToALimit) {
     EXPECT_NE(files.readFile("/proc/self/status").value().find("Name:"), std::string::npos);
     const auto read =
         PosixFileStore(SpecialFiles::Refused, ReadLimits{.pipe = 16}).readFile("/proc/kallsyms");
@@ -281,7 +281,7 @@ TEST_F(FileStoreTest, readOnlyFolderKeepsTheOldFile) {
     EXPECT_EQ(fileCount(), 1u);
 }
 
-TEST_F(FileStoreTest, identityTellsStatesApart) {
+TEST_F(FileStoreTest, identityDiffersBetweenStates) {
     EXPECT_EQ(files.identityOf(path("f")), std::nullopt);
     ASSERT_TRUE(files.writeFileAtomically(path("f"), "one"));
     const auto first = files.identityOf(path("f"));

@@ -27,7 +27,7 @@ public:
     int asked = 0;
 };
 
-class FileUserDefaultsTest : public testing::Test {
+class FileUserDefaultsTest : public testing::Test, protected SettingsProblemObserver {
 protected:
     void SetUp() override {
         std::string pattern = (fs::temp_directory_path() / "tabulon-settings-XXXXXX").string();
@@ -42,9 +42,7 @@ protected:
         ASSERT_TRUE(files.writeFileAtomically(path, bytes));
     }
     std::string read() { return files.readFile(path).value_or("(none)"); }
-    void collectProblemsOf(FileUserDefaults& defaults) {
-        defaults.tellProblemsTo([this](const SettingsProblem& problem) { problems.push_back(problem); });
-    }
+    void settingsProblem(const SettingsProblem& problem) override { problems.push_back(problem); }
 
     PosixFileStore files;
     fs::path folder;
@@ -147,10 +145,9 @@ TEST_F(FileUserDefaultsTest, programsThatWriteAtTheSameTimeLoseNothing) {
 TEST_F(FileUserDefaultsTest, aDamagedFileIsPutAsideAndWhatCanBeReadHolds) {
     const std::string damaged = "MakeBackups=NO\n\0\0\0\0garbage\nFontSize=14\n"s;
     write(damaged);
-    FileUserDefaults defaults(files, path);
+    FileUserDefaults defaults(files, path, nullptr, this);
     EXPECT_FALSE(valueOf(defaults, settings::kMakeBackups));
     EXPECT_EQ(valueOf(defaults, settings::kFontSize), 14);
-    collectProblemsOf(defaults);
     ASSERT_EQ(problems.size(), 1u);
     EXPECT_EQ(problems[0].kind, Kind::Damaged);
     EXPECT_EQ(problems[0].path, path);
@@ -169,8 +166,7 @@ TEST_F(FileUserDefaultsTest, aDamagedFileIsPutAsideAndWhatCanBeReadHolds) {
 
 TEST_F(FileUserDefaultsTest, aFileDamagedDuringTheRunIsPutAsideBeforeTheNextWrite) {
     write("a=1\n");
-    FileUserDefaults defaults(files, path);
-    collectProblemsOf(defaults);
+    FileUserDefaults defaults(files, path, nullptr, this);
     write("a=1\nnonsense\n");
     defaults.setStringForKey("b", "2");
     defaults.write();
@@ -183,8 +179,7 @@ TEST_F(FileUserDefaultsTest, aDamagedFileThatCannotBePutAsideStaysAsItIs) {
     MemoryFileStore memory;
     memory.files["/s/tabulon.ini"] = "a=1\nnonsense\n";
     memory.unwritable = "/s/";
-    FileUserDefaults defaults(memory, "/s/tabulon.ini");
-    collectProblemsOf(defaults);
+    FileUserDefaults defaults(memory, "/s/tabulon.ini", nullptr, this);
     ASSERT_EQ(problems.size(), 1u);
     EXPECT_EQ(problems[0].kind, Kind::Unreadable);
     EXPECT_EQ(defaults.stringForKey("a"), "1") << "what can be read holds all the same";
@@ -193,7 +188,7 @@ TEST_F(FileUserDefaultsTest, aDamagedFileThatCannotBePutAsideStaysAsItIs) {
     EXPECT_EQ(defaults.stringForKey("a"), "2");
     EXPECT_EQ(memory.files.size(), 1u);
     EXPECT_EQ(memory.files["/s/tabulon.ini"], "a=1\nnonsense\n");
-    EXPECT_EQ(problems.size(), 1u) << "told once";
+    EXPECT_EQ(problems.size(), 1u) << "reported once";
 }
 
 TEST_F(FileUserDefaultsTest, aFullDiskWhilePuttingAsideLeavesNoHalfWork) {
@@ -206,8 +201,7 @@ TEST_F(FileUserDefaultsTest, aFullDiskWhilePuttingAsideLeavesNoHalfWork) {
         }
     } memory;
     memory.files["/s/tabulon.ini"] = "nonsense\n";
-    FileUserDefaults defaults(memory, "/s/tabulon.ini");
-    collectProblemsOf(defaults);
+    FileUserDefaults defaults(memory, "/s/tabulon.ini", nullptr, this);
     ASSERT_EQ(problems.size(), 1u);
     EXPECT_EQ(problems[0].kind, Kind::Unreadable);
     EXPECT_EQ(memory.namesInFolder("/s"), std::vector<std::string>{"tabulon.ini"});
@@ -218,8 +212,7 @@ TEST_F(FileUserDefaultsTest, aFileThatCannotBeReadIsNeverWrittenOver) {
     MemoryFileStore memory;
     memory.files["/s/tabulon.ini"] = "MakeBackups=NO\n";
     memory.unreadable = "/s/";
-    FileUserDefaults defaults(memory, "/s/tabulon.ini");
-    collectProblemsOf(defaults);
+    FileUserDefaults defaults(memory, "/s/tabulon.ini", nullptr, this);
     ASSERT_EQ(problems.size(), 1u);
     EXPECT_EQ(problems[0].kind, Kind::Unreadable);
     EXPECT_NE(problems[0].reason.find("Permission denied"), std::string::npos);
@@ -237,8 +230,7 @@ TEST_F(FileUserDefaultsTest, aFileThatCannotBeReadIsNeverWrittenOver) {
 TEST_F(FileUserDefaultsTest, changesThatCannotBeWrittenAreKeptAndTriedAgain) {
     MemoryFileStore memory;
     memory.diskFull = true;
-    FileUserDefaults defaults(memory, "/s/tabulon.ini");
-    collectProblemsOf(defaults);
+    FileUserDefaults defaults(memory, "/s/tabulon.ini", nullptr, this);
     EXPECT_TRUE(problems.empty()) << "nothing was to be written";
     for (int i = 1; i <= 3; ++i) {
         defaults.setIntegerForKey("k", i);
@@ -253,13 +245,12 @@ TEST_F(FileUserDefaultsTest, changesThatCannotBeWrittenAreKeptAndTriedAgain) {
     memory.diskFull = true;
     defaults.setIntegerForKey("k", 4);
     defaults.write();
-    EXPECT_EQ(problems.size(), 2u) << "a new trouble after a success is told again";
+    EXPECT_EQ(problems.size(), 2u) << "a new problem after a success is reported again";
 }
 
-TEST_F(FileUserDefaultsTest, aFileWhereTheFolderShouldBeIsTold) {
+TEST_F(FileUserDefaultsTest, aFileWhereTheFolderShouldBeIsReported) {
     ASSERT_TRUE(files.writeFileAtomically(folder / "config", "not a folder"));
-    FileUserDefaults defaults(files, path);
-    collectProblemsOf(defaults);
+    FileUserDefaults defaults(files, path, nullptr, this);
     defaults.setStringForKey("k", "v");
     defaults.write();
     ASSERT_EQ(problems.size(), 1u);
@@ -276,8 +267,7 @@ TEST_F(FileUserDefaultsTest, whatIsNoFileOrTooLargeIsLeftAlone) {
     fs::resize_file(large, FileUserDefaults::kLargestFile + 1);
     for (const std::string& place : {path, pipe, large}) {
         problems.clear();
-        FileUserDefaults defaults(files, place);
-        collectProblemsOf(defaults);
+        FileUserDefaults defaults(files, place, nullptr, this);
         defaults.setStringForKey("k", "v");
         defaults.write();
         ASSERT_EQ(problems.size(), 1u) << place;

@@ -1,5 +1,5 @@
-"""The rules for the sources of the tree: which folder may include which, how long a file may be, and that a file says what
-it contains. Pure functions over a folder; check_sources.py runs them, test_source_rules.py tests them.
+"""The rules for the sources of the tree: which folder may include or name the classes of which, how long a file may be, and
+that a file says what it contains. Pure functions over a folder; check_sources.py runs them, test_source_rules.py tests them.
 """
 
 import re
@@ -52,6 +52,11 @@ GENERATED = (".moc", ".inc")
 
 _INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)
 
+# A type of a namespace, which is not indented: declared only, or defined.
+_TYPE = r"^(?:class|struct|union|enum(?: class| struct)?) (\w+)"
+_DECLARED = re.compile(_TYPE + r"(?: : [\w:]+)?;", re.MULTILINE)
+_DEFINED = re.compile(_TYPE + r"(?: final)?(?: :[^;{]*)? ?\{", re.MULTILINE)
+
 
 def room_of(path):
     """Returns the room that a path relative to the tree's root belongs to, or None for a path outside the rooms."""
@@ -89,6 +94,29 @@ def include_faults(root, path):
             yield f'{path}: "{quoted}" belongs to {other}, which {room} does not see'
 
 
+def rooms_of_types(root):
+    """Returns the rooms that define a type of the name, for each type that a header of the tree defines."""
+    rooms = {}
+    for path in sources(root):
+        if path.suffix == ".h":
+            for name in _DEFINED.findall((root / path).read_text(encoding="utf-8")):
+                rooms.setdefault(name, set()).add(room_of(path))
+    return rooms
+
+
+def declaration_faults(root, path, rooms):
+    """Yields a sentence for every type that the file declares and that only rooms define which no arrow allows. `rooms` is the
+    result of `rooms_of_types`."""
+    room = room_of(path)
+    visible = ARROWS[room] | {room}
+    for name in _DECLARED.findall((root / path).read_text(encoding="utf-8")):
+        others = rooms.get(name, set())
+        if others and not others & visible:
+            yield f"{path}: declares {name} of {', '.join(sorted(others))}, which {room} does not see"
+        elif not others and room not in TOOLKIT_ROOMS and re.match(r"Q[A-Z]", name):
+            yield f"{path}: declares {name} of the toolkit; only {', '.join(sorted(TOOLKIT_ROOMS))} may use it"
+
+
 def _resolve(root, path, quoted):
     for candidate in (root / quoted, (root / path).parent / quoted):
         if candidate.is_file():
@@ -116,7 +144,9 @@ def faults(root):
     """Yields every fault of the tree at `root`, one sentence each, in the order of the files."""
     root = Path(root)
     found = []
+    rooms = rooms_of_types(root)
     for path in sources(root):
+        found.extend(declaration_faults(root, path, rooms))
         for rule in (include_faults, length_faults, opening_faults):
             found.extend(rule(root, path))
     return found

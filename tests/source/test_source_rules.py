@@ -91,6 +91,36 @@ class SourceRulesTest(unittest.TestCase):
             for room in ("ui", "main", "platform/linux", "tests/ui"):
                 self.assertEqual(self.faults_in({f"{room}/A.cpp": text}), [])
 
+    def test_a_class_that_is_only_declared_is_an_arrow_too(self):
+        for source, target, declaration in (
+            ("platform/Alerts.h", "model/Document.h", "class Document"),
+            ("platform/Panels.h", "window/Outline.h", "class Outline"),
+            ("platform/linux/A.cpp", "model/Document.h", "class Document"),
+            ("base/A.h", "text/B.h", "struct B"),
+            ("model/A.h", "app/B.h", "enum class B"),
+            ("formats/A.h", "app/B.h", "enum class B : std::uint8_t"),
+            ("html/A.h", "url/B.h", "class B"),
+        ):
+            definition = declaration.replace("class Document", "class Document : public Base")
+            files = {target: f"// Target.\nnamespace tabulon {{\n{definition} {{\n}};\n}}\n",
+                     source: f"// Source.\nnamespace tabulon {{\n{declaration};\n}}\n"}
+            name = declaration.split(" :")[0].split()[-1]
+            self.assert_fault(files, source, f"declares {name} ", target.split("/", maxsplit=1)[0])
+
+    def test_a_declaration_along_an_arrow_is_allowed(self):
+        target = "// Target.\nclass B {\n    class C;\n};\n"
+        for source, place in (("model/A.h", "base/B.h"), ("app/A.cpp", "window/B.h"), ("ui/A.h", "ui/document/B.h")):
+            self.assertEqual(self.faults_in({place: target, source: "// Source.\nclass B;\n"}), [])
+        # Of two classes of one name, one is visible.
+        self.assertEqual(self.faults_in({"base/B.h": target, "app/B.h": target, "text/A.h": "// Source.\nclass B;\n"}), [])
+        # A class of the file's own, and one of a library.
+        self.assertEqual(self.faults_in({"text/A.h": "// Source.\nclass B;\nclass B {\n};\nstruct stat;\n"}), [])
+
+    def test_a_class_of_the_toolkit_is_declared_in_its_rooms(self):
+        text = "// Source.\nclass QWidget;\n"
+        self.assert_fault({"platform/Alerts.h": text}, "platform/Alerts.h", "declares QWidget of the toolkit")
+        self.assertEqual(self.faults_in({"platform/linux/A.h": text, "ui/A.h": text}), [])
+
     def test_standard_headers_are_free_to_all(self):
         self.assertEqual(self.faults_in({"model/A.h": "// Source.\n#include <queue>\n#include <vector>\n"}), [])
 

@@ -69,7 +69,7 @@ class Editor:
         """Does the same for another XBEL file."""
         self._run("--importkde3", other, xbel)
 
-    def tell(self, xbel):
+    def bookmarks_of(self, xbel):
         """Returns the bookmarks that the editor reads from a file, through another of its formats. Links are
         (name, address), folders are (name, [items]), and a separator is a link with a name of its own. Addresses are as
         the editor shows them, without percent-encoding."""

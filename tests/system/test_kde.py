@@ -11,13 +11,13 @@ import cli
 import kde
 import trees
 
-_SEPARATOR = ("--- separator ---", "")  # in the form of `Editor.tell`
+_SEPARATOR = ("--- separator ---", "")  # in the form of `Editor.bookmarks_of`
 
 
-def _told(nodes):
-    """Returns nodes in the form of `Editor.tell`."""
+def _items_of(nodes):
+    """Returns nodes in the form of `Editor.bookmarks_of`."""
     return [_SEPARATOR if node["type"] == 10
-            else (node["name"] or "", _told(node["children"]) if node["folder"] else unquote(node["url"] or ""))
+            else (node["name"] or "", _items_of(node["children"]) if node["folder"] else unquote(node["url"] or ""))
             for node in nodes]
 
 
@@ -61,7 +61,7 @@ class KDETest(cli.TestCase):
             trees.link("quotes", "https://example.org/?a=1&b='c'"),
             trees.folder("a & b < c > d \" e ' f", [trees.folder("empty", [])], note="a note", openFolder=True),
         ]
-        self.assertEqual(self.editor.tell(self.exported(tree)), _told(tree["children"]))
+        self.assertEqual(self.editor.bookmarks_of(self.exported(tree)), _items_of(tree["children"]))
 
     def test_what_the_editor_writes_of_our_file_is_what_we_read_of_it(self):
         for seed in (2, 3, 4):
@@ -73,16 +73,16 @@ class KDETest(cli.TestCase):
             self.assertTrue(any(node["tags"] for node, _ in trees.walk({"children": direct})))
             self.assertEqual(_essence(folder["children"]), _essence(direct), f"seed {seed}")
 
-    def test_we_read_what_the_editor_tells_of_its_own_file(self):
+    def test_we_read_what_the_editor_lists_of_its_own_file(self):
         tree, theirs = trees.browsing(5, 300), self.path("theirs.xbel")
         # It reads bookmark HTML by lines: items after an empty folder, which is one line, are read into that.
         for node, _ in trees.walk(tree):
             if node["folder"] and not node["children"]:
                 node["children"].append(trees.link("only", "https://example.org/only"))
         self.editor.import_html(self.exported(tree, to="html"), theirs)
-        told = self.editor.tell(theirs)
-        self.assertEqual(told, [("Mozilla Bookmarks", _told(tree["children"]))])
-        self.assertEqual(_told(self.imported(theirs)), told)
+        listed = self.editor.bookmarks_of(theirs)
+        self.assertEqual(listed, [("Mozilla Bookmarks", _items_of(tree["children"]))])
+        self.assertEqual(_items_of(self.imported(theirs)), listed)
 
 
 if __name__ == "__main__":

@@ -33,9 +33,9 @@ _RUN = """
         frame.contentDocument.open();
         frame.contentDocument.write(page);
         frame.contentDocument.close();
-        const told = given.scripts.map(script => frame.contentWindow.eval(script) ?? "");
+        const results = given.scripts.map(script => frame.contentWindow.eval(script) ?? "");
         frame.remove();
-        return told;
+        return results;
     });
 """
 
@@ -65,9 +65,9 @@ class PageTest(unittest.TestCase):
 
     @staticmethod
     def ours(given, *arguments):
-        told = subprocess.run([os.environ["TABULON_PAGE_SCRIPTS"], *arguments], check=True, timeout=300, capture_output=True,
+        output = subprocess.run([os.environ["TABULON_PAGE_SCRIPTS"], *arguments], check=True, timeout=300, capture_output=True,
                               input=b"".join(b"%d\n%s" % (len(page), page) for page in given)).stdout
-        texts = [text.decode() for text in told.split(b"\0")[:-1]]
+        texts = [text.decode() for text in output.split(b"\0")[:-1]]
         return [texts[i:i + 4] for i in range(0, len(texts), 4)]
 
     def both(self, given):
@@ -79,13 +79,13 @@ class PageTest(unittest.TestCase):
             yield from zip(some, ours, theirs)
 
     def assert_same(self, given, least_links):
-        told = []
+        differences = []
         links = 0
         for page, ours, theirs in given:
             links += theirs[0].count("\f")
             if ours != theirs:
-                told.append(self.difference(page, ours, theirs))
-        self.assertEqual(told, [], f"{len(told)} pages differ; the first:\n" + "\n".join(told[:3]))
+                differences.append(self.difference(page, ours, theirs))
+        self.assertEqual(differences, [], f"{len(differences)} pages differ; the first:\n" + "\n".join(differences[:3]))
         self.assertGreaterEqual(links, least_links)
 
     @staticmethod
@@ -97,7 +97,7 @@ class PageTest(unittest.TestCase):
 
     def assert_same_addresses(self, given, least):
         """Compares the addresses of pairs of a base and addresses one by one, without those that only Chromium parses so."""
-        told = []
+        differences = []
         compared = 0
         both = self.both([pages.page_of_addresses(addresses, base) for base, addresses in given])
         for (_, ours, theirs), (base, addresses) in zip(both, given):
@@ -106,8 +106,8 @@ class PageTest(unittest.TestCase):
                     continue
                 compared += 1
                 if mine != wanted:
-                    told.append(f"{address!r} from {base}\n  ours   {mine!r}\n  theirs {wanted!r}")
-        self.assertEqual(told, [], f"{len(told)} of {compared} addresses differ; the first:\n" + "\n".join(told[:5]))
+                    differences.append(f"{address!r} from {base}\n  ours   {mine!r}\n  theirs {wanted!r}")
+        self.assertEqual(differences, [], f"{len(differences)} of {compared} addresses differ; the first:\n" + "\n".join(differences[:5]))
         self.assertGreaterEqual(compared, least)
 
     def test_the_corpus(self):

@@ -57,7 +57,7 @@ class Validation(cli.TestCase):
         self.assertEqual(process.returncode, 3 if found else 0, process.stderr)
         return sorted((int(match[1]), match[2], match[3]) for match in found)
 
-    def test_the_document_type_tells_right_from_wrong(self):
+    def test_the_document_type_separates_valid_from_invalid(self):
         start = '<?xml version="1.0"?>\n<!DOCTYPE xbel>\n'
         right = self.write("right.xbel", f"{start}<xbel version=\"1.0\"><title>t</title><folder folded=\"no\" id=\"f\">"
                            "<title/><info><metadata owner=\"o\"/></info><desc/><separator/></folder>"

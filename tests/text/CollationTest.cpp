@@ -223,7 +223,7 @@ TEST(StandardContains, isLinearInHostileTexts) {
     EXPECT_TRUE(english.standardContains(text + 'B', part));
 }
 
-TEST(CollationTurkish, theTwoLettersIAreToldApart) {
+TEST(CollationTurkish, theTwoLettersIAreDifferent) {
     const Collation english("en_US");
     for (const char* language : {"tr_TR", "tr", "az_AZ"}) {
         const Collation turkish(language);

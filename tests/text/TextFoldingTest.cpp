@@ -57,10 +57,10 @@ protected:
     // Returns `text` folded with the character table.
     std::string folded(const std::string& text) {
         std::string result;
-        folder.appendFolded(result, text);
+        folding.appendFolded(result, text);
         return result;
     }
-    TextFolder folder;
+    TextFolding folding;
 };
 
 TEST_F(TextFoldingTest, lettersLoseCaseAndDiacritics) {
@@ -76,8 +76,8 @@ TEST_F(TextFoldingTest, lettersLoseCaseAndDiacritics) {
 
 TEST_F(TextFoldingTest, isAppended) {
     std::string text = "before ";
-    folder.appendFolded(text, "É");
-    folder.appendFolded(text, "カ\xE3\x82\x99");
+    folding.appendFolded(text, "É");
+    folding.appendFolded(text, "カ\xE3\x82\x99");
     EXPECT_EQ(text, "before eガ");
 }
 
@@ -100,9 +100,9 @@ TEST_F(TextFoldingTest, everyCharacterBetweenLettersIsAsICUHasIt) {
 TEST_F(TextFoldingTest, textsOfOtherScriptsKeepFromAscii) {
     for (const char* text : {"Ёлка и Москва", "Ελλάδα", "天気予報 入門", "ガイド", "안내 역사", "שלום",
                              "دليل", "हिन्दी", "🔖 x", "ascii", ""})
-        EXPECT_TRUE(folder.keepsFromAscii(text)) << text;
+        EXPECT_TRUE(folding.keepsFromAscii(text)) << text;
     for (const char* text : {"é", "Straße", "x\xCC\x81", "\xEF\xAC\x81", "\xE2\x84\xAA", "\xE2\x89\xA0", "ŉ"})
-        EXPECT_FALSE(folder.keepsFromAscii(text)) << text;
+        EXPECT_FALSE(folding.keepsFromAscii(text)) << text;
 }
 
 TEST_F(TextFoldingTest, whatKeepsFromAsciiLeavesAsciiWhereItStands) {
@@ -113,7 +113,7 @@ TEST_F(TextFoldingTest, whatKeepsFromAsciiLeavesAsciiWhereItStands) {
         std::string text = "a";
         appendUtf8(text, code);
         text += "B";
-        if (folder.keepsFromAscii(text)) {
+        if (folding.keepsFromAscii(text)) {
             ++kept;
             ASSERT_EQ(asciiOf(byICU(text)), asciiOf(text)) << std::hex << static_cast<unsigned>(code);
         }
@@ -128,7 +128,7 @@ TEST_F(TextFoldingTest, brokenBytesDoNotHideACharacter) {
         std::string text;
         for (std::size_t length = 1 + random() % 6; length > 0; --length)
             text += "aB\x80\xA9\xC3\xCE\xD0\xE4\xE3\xF0\x9F\x96\xF5\xC1"[random() % 14];
-        if (!folder.keepsFromAscii(text))
+        if (!folding.keepsFromAscii(text))
             continue;
         ++kept;
         ASSERT_EQ(asciiOf(byICU(text)), asciiOf(text)) << testing::PrintToString(text);
@@ -167,7 +167,7 @@ TEST_F(TextFoldingTest, randomTextsThatKeepFromAsciiLeaveItWhereItStands) {
         std::string text;
         for (std::size_t parts = 1 + random() % 3; parts > 0; --parts)
             text += randomText(random) + "aK="[random() % 3];
-        if (!folder.keepsFromAscii(text))
+        if (!folding.keepsFromAscii(text))
             continue;
         ++kept;
         ASSERT_EQ(asciiOf(byICU(text)), asciiOf(text)) << testing::PrintToString(text);

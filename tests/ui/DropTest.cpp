@@ -174,7 +174,7 @@ TEST_F(DropTest, aDragThatIsOverIsNotAskedAgain) {
     EXPECT_EQ(controller.outline().itemAtRow(0).itemURL(), Text("file:///home/picture.png"));
 }
 
-TEST_F(DropTest, aDocumentThatCannotBeReadIsTold) {
+TEST_F(DropTest, aDocumentThatCannotBeReadIsReported) {
     files.files["/home/damaged.tbln"] = files.files["/home/a.tbln"].substr(0, 60);
     files.unreadable = "/home/hidden";
     files.files["/home/hidden.tbln"] = files.files["/home/a.tbln"];

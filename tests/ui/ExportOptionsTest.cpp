@@ -76,7 +76,7 @@ protected:
 
     FakeBaseServices base;
     QTemporaryDir folder;
-    QtPanels panels{[](const Document*) { return nullptr; }, this};
+    QtPanels panels{[](const DocumentIdentity*) { return nullptr; }, this};
     std::shared_ptr<AccessoryViewController> options =
         std::make_shared<AccessoryViewController>(base.services());
     std::optional<std::string> chosen;

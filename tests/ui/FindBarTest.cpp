@@ -193,7 +193,7 @@ TEST_F(SheetsTest, aCancelledRemovalSheetStoresNothing) {
     EXPECT_FALSE(valueOf(base.defaults, settings::kBrokenLinks));
 }
 
-TEST_F(SheetsTest, theLegendTellsOfEveryMark) {
+TEST_F(SheetsTest, theLegendNamesEveryMark) {
     window.show();
     presentLegenda(&window, base.texts);
     for (const char* key : {"LegendValid", "LegendMoved", "LegendBroken", "LegendUnknown", "LegendDuplicate"})

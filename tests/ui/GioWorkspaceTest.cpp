@@ -33,7 +33,7 @@ protected:
         write("data/applications/mimeinfo.cache", "[MIME Cache]\nx-scheme-handler/http=web.desktop;\n");
     }
     /// Prints the default browser to standard error and ends the process.
-    [[noreturn]] void tell() const {
+    [[noreturn]] void printDefaultBrowser() const {
         setenv("XDG_DATA_HOME", (folder_ / "data").c_str(), 1);
         setenv("XDG_DATA_DIRS", (folder_ / "none").c_str(), 1);
         setenv("XDG_CONFIG_HOME", (folder_ / "config").c_str(), 1);
@@ -47,21 +47,21 @@ protected:
 };
 
 TEST_F(GioWorkspaceTest, thereMayBeNone) {
-    EXPECT_EXIT(tell(), testing::ExitedWithCode(0), "<none>");
+    EXPECT_EXIT(printDefaultBrowser(), testing::ExitedWithCode(0), "<none>");
 }
 
 TEST_F(GioWorkspaceTest, itHasANameAndAnIcon) {
     installBrowser("web-browser");
-    EXPECT_EXIT(tell(), testing::ExitedWithCode(0), "<Wéb\\|web-browser>");
+    EXPECT_EXIT(printDefaultBrowser(), testing::ExitedWithCode(0), "<Wéb\\|web-browser>");
     installBrowser("/opt/web/web.png");
-    EXPECT_EXIT(tell(), testing::ExitedWithCode(0), "<Wéb\\|/opt/web/web.png>");
+    EXPECT_EXIT(printDefaultBrowser(), testing::ExitedWithCode(0), "<Wéb\\|/opt/web/web.png>");
 }
 
 TEST_F(GioWorkspaceTest, theUserChoosesAmongMany) {
     installBrowser("web-browser");
     write("data/applications/other.desktop", "[Desktop Entry]\nType=Application\nName=Other\nExec=true %u\n");
     write("config/mimeapps.list", "[Default Applications]\nx-scheme-handler/http=other.desktop\n");
-    EXPECT_EXIT(tell(), testing::ExitedWithCode(0), "<Other\\|>");
+    EXPECT_EXIT(printDefaultBrowser(), testing::ExitedWithCode(0), "<Other\\|>");
 }
 
 } // namespace

@@ -33,11 +33,11 @@ TEST_F(LineFieldTest, aTextWithLinesKeepsThem) {
 TEST_F(LineFieldTest, whatIsInsertedModifiesTheFieldWhateverBecomesOfIt) {
     field.showText("a");
     EXPECT_FALSE(field.isModified());
-    QString told;
-    QObject::connect(&field, &QLineEdit::textEdited, &field, [&](const QString& text) { told = text; });
+    QString edited;
+    QObject::connect(&field, &QLineEdit::textEdited, &field, [&](const QString& text) { edited = text; });
     field.insert("b\r\nc");
     EXPECT_TRUE(field.isModified());
-    EXPECT_EQ(told, "ab c");
+    EXPECT_EQ(edited, "ab c");
     field.showText("d");
     EXPECT_FALSE(field.isModified());
 }

@@ -71,7 +71,7 @@ TEST_F(OutlineAccessibleTest, EveryChildIsFoundAgainByItsNumber) {
     EXPECT_EQ(name(tags), "");
 }
 
-TEST_F(OutlineAccessibleTest, FoldersTellWhetherTheyAreExpandedAndTurnByAction) {
+TEST_F(OutlineAccessibleTest, FoldersShowWhetherTheyAreExpandedAndTurnByAction) {
     QAccessibleInterface* folder = cellOf(0, 0);
     EXPECT_TRUE(folder->state().expandable);
     EXPECT_TRUE(folder->state().collapsed);

@@ -59,7 +59,7 @@ protected:
     }
 
     QTemporaryDir folder;
-    QtPanels panels{[](const Document*) { return nullptr; }};
+    QtPanels panels{[](const DocumentIdentity*) { return nullptr; }};
 };
 
 TEST_F(PanelsTest, theSavePanelRemembersItsFolderApartFromThatOfImports) {

@@ -36,7 +36,7 @@ protected:
         return true;
     }
 
-    QtProgressPanels panels{[](const Document*) { return nullptr; }};
+    QtProgressPanels panels{[](const DocumentIdentity*) { return nullptr; }};
     const ProgressPanel panel{.message = "Exporting <b>“Links”", .cancel = "Cancel"};
 };
 

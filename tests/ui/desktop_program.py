@@ -268,7 +268,7 @@ def refuse_without_a_display(desktop):
                    if name not in ["DISPLAY", "QT_QPA_PLATFORM"]}
     for variables in [{}, {"DISPLAY": ":99999"}]:
         result = subprocess.run([desktop.program], env=environment | variables, capture_output=True, text=True)
-        check(result.returncode == 1 and "no display" in result.stderr, f"no display is told in a sentence {variables}")
+        check(result.returncode == 1 and "no display" in result.stderr, f"no display is reported in a sentence {variables}")
 
 
 def main():

@@ -56,7 +56,7 @@ public:
             if (message.type == atom("XdndEnter"))
                 enter(message);
             else if (message.type == atom("XdndPosition"))
-                tell(data[0], "XdndStatus",
+                send(data[0], "XdndStatus",
                      {window_, 1, 0, 0, atom("XdndActionCopy")}); // the window accepts the drop
             else if (message.type == atom("XdndDrop"))
                 return drop(data[0], data[2]);
@@ -104,7 +104,7 @@ private:
         bool all = true;
         for (const xcb_atom_t type : types_)
             all = print(type, time) && all;
-        tell(source, "XdndFinished", {window_, 1, atom("XdndActionCopy"), 0, 0});
+        send(source, "XdndFinished", {window_, 1, atom("XdndActionCopy"), 0, 0});
         return all;
     }
 
@@ -126,7 +126,7 @@ private:
         return false;
     }
 
-    void tell(xcb_window_t source, const char* type, std::initializer_list<std::uint32_t> data) {
+    void send(xcb_window_t source, const char* type, std::initializer_list<std::uint32_t> data) {
         xcb_client_message_event_t message = {};
         message.response_type = XCB_CLIENT_MESSAGE;
         message.format = 32;

@@ -156,7 +156,7 @@ def links_and_files_of_other_programs_are_taken(session):
     wait_for("the source", lambda: session.xdotool("search", "--onlyvisible", "--name", "^drag source$"))
     time.sleep(0.5)
     drag(session, (1100, 600), row(1, 0.1))
-    check(source.communicate(timeout=20)[0].strip() == "copy", "the source is told of a copy")
+    check(source.communicate(timeout=20)[0].strip() == "copy", "the source is notified of a copy")
     place(session, "one")
     saved_outline(session, path, ["A", "Untitled", "B", ["Folder", ["Inside"]], "C"])
     source = session.launch("copy", "file:///tmp/a%20file.txt", program=sys.argv[3],

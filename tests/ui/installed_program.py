@@ -186,7 +186,7 @@ def the_package_is_what_debian_expects(session):
     check(modes == {"0o644"}, "and their modes are those of any package")
     if shutil.which("lintian"):
         output = run("lintian", "--fail-on", "error", "--suppress-tags", "initial-upload-closes-no-bugs", package)
-        check("E:" not in output, "lintian has no error to tell")
+        check("E:" not in output, "lintian has no error to report")
 
 
 def make_session(program, tool, folder):

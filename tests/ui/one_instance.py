@@ -54,7 +54,7 @@ def a_start_without_files_shows_the_window(session):
     session.wait_for_front("Untitled – Tabulon")
 
 
-def files_that_cannot_be_opened_are_told_by_the_first(session):
+def files_that_cannot_be_opened_are_reported_by_the_first(session):
     first = session.launch(session.document("a.tbln"))
     session.wait_for_titles("a – Tabulon")
     status, seconds = session.second("/nowhere/x.tbln", session.folder, "http://example.org/")
@@ -153,7 +153,7 @@ def the_desktop_learns_that_a_start_has_been_dealt_with(session):
         session.wait_for_front("b – Tabulon")
         wait_for("the message", lambda: "_NET_STARTUP_INFO" in open(heard).read())
         watcher.kill()
-    check("_NET_STARTUP_INFO_BEGIN" in open(heard).read(), "the desktop is told that the start is done")
+    check("_NET_STARTUP_INFO_BEGIN" in open(heard).read(), "the desktop is notified that the start is done")
 
 
 def strangers_on_the_bus_do_no_harm(session):
@@ -182,7 +182,7 @@ if __name__ == "__main__":
         a_second_start_hands_its_files_over,
         a_name_of_any_bytes_is_handed_over,
         a_start_without_files_shows_the_window,
-        files_that_cannot_be_opened_are_told_by_the_first,
+        files_that_cannot_be_opened_are_reported_by_the_first,
         of_many_starts_at_once_one_runs,
         one_that_hangs_is_waited_for,
         one_that_hangs_can_be_left_alone,

@@ -27,7 +27,7 @@ def missing_programs():
     return missing
 
 
-class SpokenDesktop(Desktop):
+class ScreenReaderDesktop(Desktop):
     def __init__(self, program, tool, folder):
         super().__init__(program, tool, folder)
         self.services = []
@@ -52,19 +52,19 @@ class Reader:
     def __init__(self):
         from gi.repository import Atspi, GLib
         self.atspi, self.glib = Atspi, GLib
-        self.told = []
+        self.events = []
         self.listener = Atspi.EventListener.new(self.hear)
         for kind in ["object:state-changed:focused", "object:state-changed:selected"]:
             self.listener.register(kind)
 
     def hear(self, event):
-        self.told.append((event.type.split(":")[2], event.detail1, event.source.get_name()))
+        self.events.append((event.type.split(":")[2], event.detail1, event.source.get_name()))
 
     def heard(self, what, *event):
         def look():
             while self.glib.MainContext.default().iteration(False):
                 pass
-            return event in self.told
+            return event in self.events
 
         wait_for(what, look)
         print("ok:", what, flush=True)
@@ -103,14 +103,14 @@ def read_the_outline(desktop, reader):
 
 def follow_the_keys(desktop, reader, outline, table):
     desktop.press("Down")
-    reader.heard("the first key tells which row has the focus", "focused", 1, "Bookmarks bar")
+    reader.heard("the first key reports which row has the focus", "focused", 1, "Bookmarks bar")
     reader.heard("and that it is selected", "selected", 1, "Bookmarks bar")
     desktop.press("Right")
     wait_for("the expanded folder", lambda: "expanded" in states(table.get_accessible_at(0, 0)))
     check(table.get_n_rows() > 9, "expanding by key brings the rows of the folder")
     inside = table.get_accessible_at(1, 0).get_name()
     desktop.press("Down")
-    reader.heard("moving on is told", "focused", 1, inside)
+    reader.heard("moving on is reported", "focused", 1, inside)
     check(table.get_accessible_at(1, 1).get_name().startswith("https://"), "the address of a link is read")
     check({"focused", "selected"} <= states(table.get_accessible_at(1, 0)), "the row is focused and selected")
     noted = [table.get_accessible_at(row, 0).get_description() for row in range(table.get_n_rows())]
@@ -129,7 +129,7 @@ def main():
         return 77
     program, tool = sys.argv[1:3]
     with tempfile.TemporaryDirectory(prefix="tabulon-reader-") as folder:
-        desktop = SpokenDesktop(program, tool, folder)
+        desktop = ScreenReaderDesktop(program, tool, folder)
         try:
             reader = Reader()
             outline, table = read_the_outline(desktop, reader)

@@ -33,7 +33,7 @@ def what_people_write_is_read_and_stays(session):
     check(process.wait(timeout=20) == 0, "cancelling the panel ends the program")
 
 
-def a_damaged_file_is_put_aside_and_told(session):
+def a_damaged_file_is_renamed_and_reported(session):
     path = settings(session)
     damaged = "MakeBackups=NO\nthis is no setting\n"
     write(path, damaged)
@@ -46,10 +46,10 @@ def a_damaged_file_is_put_aside_and_told(session):
     check(end(process) == 0, "the program works on")
     process = session.launch(session.document("a.tbln"))
     session.wait_for_front("a – Tabulon")
-    check(end(process) == 0 and not os.path.exists(path + ".damaged-2"), "the next start has nothing to tell")
+    check(end(process) == 0 and not os.path.exists(path + ".damaged-2"), "the next start has nothing to report")
 
 
-def settings_that_cannot_be_kept_are_told(session):
+def settings_that_cannot_be_kept_are_reported(session):
     for what, folder in [("a folder that nobody may write", "/sys"), ("a file in the folder's place", None)]:
         if folder is None:
             folder = os.path.join(session.folder, "file")
@@ -76,7 +76,7 @@ def the_end_of_the_session_keeps_what_was_changed_last(session):
 if __name__ == "__main__":
     run_session_tests([
         what_people_write_is_read_and_stays,
-        a_damaged_file_is_put_aside_and_told,
-        settings_that_cannot_be_kept_are_told,
+        a_damaged_file_is_renamed_and_reported,
+        settings_that_cannot_be_kept_are_reported,
         the_end_of_the_session_keeps_what_was_changed_last,
     ])

@@ -231,7 +231,7 @@ TEST_F(ExportTest, FailedWriteIsNotReportedAndLeavesTheOldFile) {
     EXPECT_TRUE(base.log.lines.back().starts_with("Export could not be written: "));
 }
 
-TEST_F(ExportTest, DocumentThatIsNestedTooDeepForTheFormatIsToldAndNothingIsWritten) {
+TEST_F(ExportTest, DocumentThatIsNestedTooDeepForTheFormatIsReportedAndNothingIsWritten) {
     Bookmark* parent = &document.getMaster();
     for (int i = 0; i < 100000; ++i)
         parent = &add(makeFolder("f", false), parent);
@@ -380,7 +380,7 @@ TEST_F(SaveBookmarkTest, FailedWriteIsNotReported) {
     EXPECT_TRUE(files.files.empty());
 }
 
-TEST_F(SaveBookmarkTest, URLThatNoXMLCanHoldIsTold) {
+TEST_F(SaveBookmarkTest, URLThatNoXMLCanHoldIsReported) {
     Bookmark& link = addLinkOf(kWebType, "a", "https://a.example/\x01");
     open();
     panels.nameFile("/home/a.webloc");

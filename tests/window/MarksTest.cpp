@@ -41,7 +41,7 @@ protected:
     std::vector<bool> shownEverywhere;
 };
 
-TEST_F(MarksTest, showMarksTurnsTheSettingAndTellsTheApplication) {
+TEST_F(MarksTest, showMarksTurnsTheSettingAndNotifiesTheApplication) {
     addLink("a", "u", nullptr, kBrokenStatus);
     open();
     EXPECT_FALSE(controller->cells().viewForTableColumn(Column::Name, 0, false).statusShown);

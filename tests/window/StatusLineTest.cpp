@@ -144,7 +144,7 @@ TEST_F(StatusLineTest, withoutItsRowAnAddressGivesWayToTheCounts) {
     EXPECT_EQ(window->urlField, "https://first.example/") << "its row is still there";
 }
 
-TEST_F(StatusLineTest, findingDuplicatesTellsHowManyThereAre) {
+TEST_F(StatusLineTest, findingDuplicatesShowsTheirNumber) {
     controller->marks().findDuplicates();
     EXPECT_EQ(window->urlField, "0 duplicates marked");
     last_->setItemURL("https://first.example/");

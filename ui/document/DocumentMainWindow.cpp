@@ -1,10 +1,10 @@
 #include "ui/document/DocumentMainWindow.h"
 
 #include "app/AppDelegate.h"
+#include "ui/AvailableScreenSize.h"
 #include "ui/Icons.h"
 #include "ui/MainMenuBar.h"
 #include "ui/MimeData.h"
-#include "ui/ScreenRoom.h"
 #include "ui/Strings.h"
 #include "ui/document/EmptyState.h"
 #include "ui/document/FindBarWidget.h"
@@ -129,7 +129,7 @@ void DocumentMainWindow::restoreGeometryOfLastWindow() {
     const QSize kept(static_cast<int>(state_.integerForKey(kWidthKey)),
                      static_cast<int>(state_.integerForKey(kHeightKey)));
     const QSize wanted = kept.isEmpty() ? kFirstWindowSize : kept.expandedTo(kSmallestSize);
-    resize(wanted.boundedTo(roomOnScreen(*this)));
+    resize(wanted.boundedTo(availableScreenSize(*this)));
 }
 
 void DocumentMainWindow::detach() {
@@ -192,7 +192,7 @@ void DocumentMainWindow::setFrame(const std::string& frame) {
     if (on)
         setGeometry(wanted);
     else
-        resize(wanted.size().boundedTo(roomOnScreen(*this)));
+        resize(wanted.size().boundedTo(availableScreenSize(*this)));
 }
 
 void DocumentMainWindow::becomeKey() {

@@ -1,7 +1,7 @@
 #include "ui/document/InfoSheet.h"
 
+#include "ui/AvailableScreenSize.h"
 #include "ui/LineField.h"
-#include "ui/ScreenRoom.h"
 #include "ui/Strings.h"
 #include "ui/document/AddressField.h"
 #include "ui/document/EmbeddedPanel.h"
@@ -88,7 +88,7 @@ InfoSheet::InfoSheet(std::shared_ptr<GetInfoController> controller, const Locali
     makeFields(form, texts);
     layout->addLayout(form, 1);
     layout->addWidget(makeButtons(texts));
-    resize(kFirstInfoSize.boundedTo(roomOnScreen(*this)));
+    resize(kFirstInfoSize.boundedTo(availableScreenSize(*this)));
     reportChanges();
     controller_->setPanel(this);
 }
@@ -269,7 +269,7 @@ void InfoSheet::setFrame(const std::string& frame) {
     const auto place = frameIn(frame);
     if (!place)
         return;
-    const QSize size = place->size().boundedTo(roomOnScreen(*this)).expandedTo(minimumSizeHint());
+    const QSize size = place->size().boundedTo(availableScreenSize(*this)).expandedTo(minimumSizeHint());
     if (QGuiApplication::screenAt(place->center()))
         setGeometry(QRect(place->topLeft(), size));
     else

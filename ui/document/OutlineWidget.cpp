@@ -289,17 +289,17 @@ void OutlineWidget::selectionChanged(const QItemSelection& selected, const QItem
     if (controller_)
         controller_->outline().selectionDidChange(changesOfController_ > 0 ? SelectedBy::Program
                                                                            : SelectedBy::User);
-    tellAccessibility(QAccessible::SelectionAdd, selected);
-    tellAccessibility(QAccessible::SelectionRemove, deselected);
+    notifyAccessibility(QAccessible::SelectionAdd, selected);
+    notifyAccessibility(QAccessible::SelectionRemove, deselected);
 }
 
 void OutlineWidget::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     OutlineRowsView::currentChanged(current, previous);
-    tellAccessibility(QAccessible::Focus, QItemSelection(current, current));
+    notifyAccessibility(QAccessible::Focus, QItemSelection(current, current));
 }
 
 // Reports the first row only to screen readers.
-void OutlineWidget::tellAccessibility(QAccessible::Event type, const QItemSelection& items) {
+void OutlineWidget::notifyAccessibility(QAccessible::Event type, const QItemSelection& items) {
     if (!QAccessible::isActive() || !controller_ || items.isEmpty() || !items.first().isValid())
         return;
     QAccessibleEvent event(this, type);

@@ -127,7 +127,7 @@ protected:
 
 private:
     /// Reports the event to screen readers, for the first of the items.
-    void tellAccessibility(QAccessible::Event type, const QItemSelection& items);
+    void notifyAccessibility(QAccessible::Event type, const QItemSelection& items);
     /// Connects the header's signals to the controller.
     void connectHeader();
     /// Computes the font, the height of the rows and the size of images from the settings.

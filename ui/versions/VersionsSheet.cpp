@@ -1,7 +1,7 @@
 #include "ui/versions/VersionsSheet.h"
 
 #include "base/Localization.h"
-#include "ui/ScreenRoom.h"
+#include "ui/AvailableScreenSize.h"
 #include "ui/Strings.h"
 #include "ui/versions/DifferencesModel.h"
 
@@ -41,7 +41,7 @@ VersionsSheet::VersionsSheet(std::shared_ptr<VersionsController> controller, QWi
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(controller_->rows().empty() ? makeEmptyState() : makeLists(), 1);
     layout->addWidget(buttons_);
-    resize(kFirstSheetSize.boundedTo(roomOnScreen(*this)));
+    resize(kFirstSheetSize.boundedTo(availableScreenSize(*this)));
     controller_->setPanel(this);
     updateButtons();
     versions_->setFocus();

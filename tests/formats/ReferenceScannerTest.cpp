@@ -1,6 +1,6 @@
 // Compares the tag scanner with its reference implementation: both must return the same tree for tens of
 // thousands of random inputs.
-#include "tests/formats/LiteralScanner.h"
+#include "tests/formats/ReferenceScanner.h"
 
 #include "formats/import/NetscapeScan.h"
 #include "tests/formats/ScanFixture.h"
@@ -189,37 +189,37 @@ std::string rowOfLinks(std::mt19937& random) {
     return bytes;
 }
 
-class LiteralScanner : public test::ScanFixture {
+class ReferenceScanner : public test::ScanFixture {
 protected:
     // Returns true if both scanners return the same tree for `bytes`. Otherwise fails the test.
     bool same(const std::string& bytes) {
         const double now = fakes.now().unixSeconds();
-        const std::string expected = test::treeText(literal.scan(bytes), now);
+        const std::string expected = test::treeText(reference.scan(bytes), now);
         const std::string found = scanText(bytes);
         nodes += static_cast<std::size_t>(std::count(found.begin(), found.end(), '\n'));
         EXPECT_EQ(found, expected) << "from: " << testing::PrintToString(bytes);
         return found == expected;
     }
 
-    test::LiteralScanner literal{fakes.now().unixSeconds()};
+    test::ReferenceScanner reference{fakes.now().unixSeconds()};
     std::size_t nodes = 0;
 };
 
-TEST_F(LiteralScanner, agreesOnShortSoups) {
+TEST_F(ReferenceScanner, agreesOnShortSoups) {
     std::mt19937 random(1);
     for (int i = 0; i < 60000; ++i)
         ASSERT_TRUE(same(soup(random, 14)));
     EXPECT_GT(nodes, 60000u) << "the soups must have something in them";
 }
 
-TEST_F(LiteralScanner, agreesOnLongSoups) {
+TEST_F(ReferenceScanner, agreesOnLongSoups) {
     std::mt19937 random(2);
     for (int i = 0; i < 4000; ++i)
         ASSERT_TRUE(same(soup(random, 120)));
     EXPECT_GT(nodes, 20000u);
 }
 
-TEST_F(LiteralScanner, agreesOnDamagedFiles) {
+TEST_F(ReferenceScanner, agreesOnDamagedFiles) {
     std::mt19937 random(3);
     for (int i = 0; i < 20000; ++i)
         ASSERT_TRUE(same(damagedFile(random)));
@@ -227,14 +227,14 @@ TEST_F(LiteralScanner, agreesOnDamagedFiles) {
 }
 
 // Most inputs have bytes after the last link, so that the fast reader has enough bytes for every link.
-TEST_F(LiteralScanner, agreesOnRowsOfLinks) {
+TEST_F(ReferenceScanner, agreesOnRowsOfLinks) {
     std::mt19937 random(6);
     for (int i = 0; i < 40000; ++i)
         ASSERT_TRUE(same(rowOfLinks(random) + (random() % 4 ? "</A>\n" + std::string(80, '.') : "")));
     EXPECT_GT(nodes, 80000u);
 }
 
-TEST_F(LiteralScanner, agreesOnEveryPrefixOfAFile) {
+TEST_F(ReferenceScanner, agreesOnEveryPrefixOfAFile) {
     std::mt19937 random(4);
     std::string file;
     while (file.size() < 1500)
@@ -245,7 +245,7 @@ TEST_F(LiteralScanner, agreesOnEveryPrefixOfAFile) {
 }
 
 // Other tests rely on this bound: the scanner examines each byte at most 12 times on average, for any input.
-TEST_F(LiteralScanner, soupsAreGoneOverAFewTimesAtMost) {
+TEST_F(ReferenceScanner, soupsAreGoneOverAFewTimesAtMost) {
     std::mt19937 random(5);
     const BaseServices services = fakes.services();
     for (int i = 0; i < 300; ++i) {

@@ -1,4 +1,4 @@
-#include "ui/ScreenRoom.h"
+#include "ui/AvailableScreenSize.h"
 
 #include <QScreen>
 #include <QStyle>
@@ -6,7 +6,7 @@
 
 namespace tabulon {
 
-QSize roomOnScreen(const QWidget& window) {
+QSize availableScreenSize(const QWidget& window) {
     const QStyle& style = *window.style();
     const int title = style.pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
     const int border = style.pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, &window);

@@ -1,14 +1,14 @@
-#include "tests/formats/LiteralScanner.h"
+#include "tests/formats/ReferenceScanner.h"
 
-#include "tests/formats/LiteralText.h"
+#include "tests/formats/ReferenceText.h"
 
 namespace tabulon::test {
 
-char LiteralScanner::byteAt(Position position) const {
+char ReferenceScanner::byteAt(Position position) const {
     return position >= 0 && position < size() ? bytes_[static_cast<std::size_t>(position)] : '\0';
 }
 
-bool LiteralScanner::standsAt(Position position, const std::string& pattern) const {
+bool ReferenceScanner::standsAt(Position position, const std::string& pattern) const {
     for (std::size_t i = 0; i < pattern.size(); ++i)
         if (position + static_cast<Position>(i) >= size() ||
             byteAt(position + static_cast<Position>(i)) != pattern[i])
@@ -16,21 +16,21 @@ bool LiteralScanner::standsAt(Position position, const std::string& pattern) con
     return true;
 }
 
-LiteralScanner::Position LiteralScanner::find(const std::string& pattern, Position from) const {
+ReferenceScanner::Position ReferenceScanner::find(const std::string& pattern, Position from) const {
     for (Position position = from; position < size(); ++position)
         if (standsAt(position, pattern))
             return position;
     return kNone;
 }
 
-std::string LiteralScanner::slice(Position from, Position to) const {
+std::string ReferenceScanner::slice(Position from, Position to) const {
     std::string result;
     for (Position position = from; position < to; ++position)
         result += byteAt(position);
     return result;
 }
 
-std::vector<TreeLine> LiteralScanner::scan(const std::string& bytes) {
+std::vector<TreeLine> ReferenceScanner::scan(const std::string& bytes) {
     bytes_ = bytes;
     const int root = static_cast<int>(nodes_.size());
     nodes_.push_back({});
@@ -43,7 +43,7 @@ std::vector<TreeLine> LiteralScanner::scan(const std::string& bytes) {
 }
 
 // Processes the next token from `cursor` on. Returns the next cursor, or `kNone` at the end of the scan.
-LiteralScanner::Position LiteralScanner::step(Position cursor) {
+ReferenceScanner::Position ReferenceScanner::step(Position cursor) {
     const Position hr = find("<HR>", cursor);
     const Position d = find("<D", cursor);
     const Position end = find("</DL>", cursor);
@@ -71,12 +71,12 @@ LiteralScanner::Position LiteralScanner::step(Position cursor) {
     return d + 5;
 }
 
-LiteralScanner::Position LiteralScanner::separator(Position token) {
+ReferenceScanner::Position ReferenceScanner::separator(Position token) {
     append({.type = 10, .added = now_});
     return token + 4;
 }
 
-LiteralScanner::Position LiteralScanner::description(Position token) {
+ReferenceScanner::Position ReferenceScanner::description(Position token) {
     const Position cursor = token + 4;
     const Position next = find("<", cursor);
     if (next == kNone)
@@ -85,11 +85,11 @@ LiteralScanner::Position LiteralScanner::description(Position token) {
     if (byteAt(next - 1) == '\r' || byteAt(next - 1) == '\n')
         --end;
     if (end > cursor && last_ != -1)
-        nodes_[static_cast<std::size_t>(last_)].line.note = literalText(slice(cursor, end));
+        nodes_[static_cast<std::size_t>(last_)].line.note = referenceText(slice(cursor, end));
     return next - 1;
 }
 
-LiteralScanner::Position LiteralScanner::link(Position token) {
+ReferenceScanner::Position ReferenceScanner::link(Position token) {
     Position anchor = token + 4;
     Position quote = kNone;
     for (Position from = token + 4;; from = quote + 1) {
@@ -105,8 +105,8 @@ LiteralScanner::Position LiteralScanner::link(Position token) {
     if (urlEnd == kNone)
         return kNone;
     TreeLine line;
-    line.url = literalText(slice(quote + 1, urlEnd));
-    line.type = literalType(*line.url);
+    line.url = referenceText(slice(quote + 1, urlEnd));
+    line.type = referenceType(*line.url);
     Position next = anchor + 6;
     line.name = "Untitled";
     if (byteAt(anchor + 2) == ' ') {
@@ -125,7 +125,7 @@ LiteralScanner::Position LiteralScanner::link(Position token) {
     return next;
 }
 
-std::string LiteralScanner::linkName(Position from, Position to) const {
+std::string ReferenceScanner::linkName(Position from, Position to) const {
     std::string text = slice(from, to);
     while (!text.empty() && text.front() == '<' && text.find('>') != std::string::npos)
         text = text.substr(text.find('>') + 1);
@@ -139,10 +139,10 @@ std::string LiteralScanner::linkName(Position from, Position to) const {
     for (char& c : text)
         if (c == '\r' || c == '\n')
             c = ' ';
-    return literalText(text);
+    return referenceText(text);
 }
 
-LiteralScanner::Position LiteralScanner::heading(Position token) {
+ReferenceScanner::Position ReferenceScanner::heading(Position token) {
     const Position closing = find("</H", token + 5);
     if (closing == kNone)
         return kNone;
@@ -155,7 +155,7 @@ LiteralScanner::Position LiteralScanner::heading(Position token) {
     const Position next = closing + 5;
     TreeLine line;
     line.folder = true;
-    line.name = literalText(slice(tagEnd + 1, closing));
+    line.name = referenceText(slice(tagEnd + 1, closing));
     if (line.name->empty())
         line.name = "Untitled";
     if (*line.name == "Toolbar Favorites" || *line.name == "Personal Toolbar Folder" ||
@@ -168,8 +168,8 @@ LiteralScanner::Position LiteralScanner::heading(Position token) {
     return next;
 }
 
-std::optional<double> LiteralScanner::date(const std::string& attribute, Position token,
-                                           Position next) const {
+std::optional<double> ReferenceScanner::date(const std::string& attribute, Position token,
+                                             Position next) const {
     const Position found = find(attribute, token);
     if (found == kNone || found > next)
         return std::nullopt;
@@ -185,13 +185,13 @@ std::optional<double> LiteralScanner::date(const std::string& attribute, Positio
     return (value > kLargest ? kLargest : static_cast<double>(value)) - kReference + kReference;
 }
 
-void LiteralScanner::append(TreeLine line) {
+void ReferenceScanner::append(TreeLine line) {
     last_ = static_cast<int>(nodes_.size());
     nodes_.push_back({std::move(line), current_});
     nodes_[static_cast<std::size_t>(current_)].children.push_back(last_);
 }
 
-void LiteralScanner::addLines(int node, int level, std::vector<TreeLine>& lines) const {
+void ReferenceScanner::addLines(int node, int level, std::vector<TreeLine>& lines) const {
     for (const int child : nodes_[static_cast<std::size_t>(node)].children) {
         lines.push_back(nodes_[static_cast<std::size_t>(child)].line);
         lines.back().level = level;

@@ -1,4 +1,4 @@
-#include "tests/formats/LiteralChromium.h"
+#include "tests/formats/ReferenceChromium.h"
 
 #include <algorithm>
 #include <array>
@@ -263,7 +263,7 @@ std::string written(const Json& json, std::mt19937& random) {
     return Writer(random).write(json);
 }
 
-Ref<Bookmark> literalChromium(const Json& file, const BaseServices& services) {
+Ref<Bookmark> referenceChromium(const Json& file, const BaseServices& services) {
     const Json* roots = objectAt(&file, "roots");
     if (!roots)
         return {};
@@ -278,7 +278,7 @@ Ref<Bookmark> literalChromium(const Json& file, const BaseServices& services) {
     return master;
 }
 
-Ref<Bookmark> literalOpera(const Json& file, const BaseServices& services) {
+Ref<Bookmark> referenceOpera(const Json& file, const BaseServices& services) {
     const Json* roots = objectAt(&file, "roots");
     if (!roots)
         return {};

@@ -8,6 +8,6 @@
 namespace tabulon::test {
 
 /// Returns the whole file with the items in the order of the tree. Requires: `master` is a root.
-std::string literalExport(const Bookmark& master);
+std::string referenceExport(const Bookmark& master);
 
 } // namespace tabulon::test

@@ -34,7 +34,7 @@ Json randomBookmarks(std::mt19937& random);
 std::string written(const Json& json, std::mt19937& random);
 
 /// Returns the tree of the file, or `nullptr` if the file has no roots.
-Ref<Bookmark> literalChromium(const Json& file, const BaseServices& services);
-Ref<Bookmark> literalOpera(const Json& file, const BaseServices& services);
+Ref<Bookmark> referenceChromium(const Json& file, const BaseServices& services);
+Ref<Bookmark> referenceOpera(const Json& file, const BaseServices& services);
 
 } // namespace tabulon::test

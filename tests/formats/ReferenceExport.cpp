@@ -1,4 +1,4 @@
-#include "tests/formats/LiteralExport.h"
+#include "tests/formats/ReferenceExport.h"
 
 namespace tabulon::test {
 namespace {
@@ -82,7 +82,7 @@ void exportFolder(const Bookmark& folder, std::string& text) {
 
 } // namespace
 
-std::string literalExport(const Bookmark& master) {
+std::string referenceExport(const Bookmark& master) {
     std::string text = "<!DOCTYPE NETSCAPE-Bookmark-file-1>\n"
                        "<!-- Created by Tabulon - https://tabulon.example/ -->\n"
                        "<META HTTP-EQUIV=\"Content-Type\" CONTENT=\"text/html; charset=UTF-8\">\n"

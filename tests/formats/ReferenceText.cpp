@@ -1,4 +1,4 @@
-#include "tests/formats/LiteralText.h"
+#include "tests/formats/ReferenceText.h"
 
 #include <cstddef>
 #include <initializer_list>
@@ -116,11 +116,11 @@ bool beginsWithAny(const std::string& text, std::initializer_list<const char*> p
 
 } // namespace
 
-std::string literalText(const std::string& bytes) {
+std::string referenceText(const std::string& bytes) {
     return unescaped(decoded(bytes));
 }
 
-int literalType(const std::string& url) {
+int referenceType(const std::string& url) {
     if (beginsWithAny(url, {"http:", "https:", "HTTP:", "HTTPS:"}))
         return 0;
     if (beginsWithAny(url, {"mailto:", "MAILTO:"}))

@@ -9,10 +9,10 @@
 
 namespace tabulon::test {
 
-class LiteralScanner {
+class ReferenceScanner {
 public:
     /// `now` is in seconds since 1970.
-    explicit LiteralScanner(double now) : now_(now) {}
+    explicit ReferenceScanner(double now) : now_(now) {}
 
     /// Returns the lines of the tree that `bytes` contain. A description before the first item of the next
     /// scan becomes the note of the last item of this one.

@@ -1,4 +1,4 @@
-// The space that a screen has for a window.
+// The largest size that a window may have on its screen.
 #pragma once
 
 #include <QSize>
@@ -10,6 +10,6 @@ namespace tabulon {
 /// Returns the largest size of the window that fits on its screen, in pixels: without the desktop's own bars,
 /// and without border and title, whose sizes are estimated from the style because they are known only when
 /// the window is shown.
-QSize roomOnScreen(const QWidget& window);
+QSize availableScreenSize(const QWidget& window);
 
 } // namespace tabulon
