@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/Platform.h"
-#include "window/CellContent.h"
+#include "window/OutlineColumns.h"
 #include "window/OutlineObservers.h"
 
 #include <cstddef>

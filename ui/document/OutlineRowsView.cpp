@@ -39,6 +39,21 @@ void OutlineRowsView::setRowFont(const QFont& font, int rowHeight) {
     viewport()->update();
 }
 
+RowSet OutlineRowsView::selectedRowSet() const {
+    std::vector<RowRange> ranges;
+    for (const QItemSelectionRange& range : selectionModel()->selection())
+        ranges.push_back({static_cast<std::size_t>(range.top()), static_cast<std::size_t>(range.height())});
+    std::ranges::sort(ranges, {}, &RowRange::first);
+    RowSet rows;
+    for (const RowRange& range : ranges) {
+        if (!rows.empty() && rows.back().first + rows.back().count >= range.first)
+            rows.back().count = std::max(rows.back().count, range.first + range.count - rows.back().first);
+        else
+            rows.push_back(range);
+    }
+    return rows;
+}
+
 void OutlineRowsView::goToRow(std::size_t row) {
     selectionModel()->setCurrentIndex(indexOfRow(static_cast<int>(row)),
                                       QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
