@@ -55,8 +55,18 @@ RowSet OutlineRowsView::selectedRowSet() const {
 }
 
 void OutlineRowsView::goToRow(std::size_t row) {
-    selectionModel()->setCurrentIndex(indexOfRow(static_cast<int>(row)),
-                                      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    const int number = static_cast<int>(row);
+    selectionModel()->select(indexOfRow(number),
+                             QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    makeCurrent(number);
+}
+
+// Only this function of Qt sets the row from which Shift extends. In this mode it does not select.
+void OutlineRowsView::makeCurrent(int row) {
+    const SelectionMode mode = selectionMode();
+    setSelectionMode(NoSelection);
+    setCurrentIndex(indexOfRow(row));
+    setSelectionMode(mode);
 }
 
 QRect OutlineRowsView::visualRect(const QModelIndex& index) const {

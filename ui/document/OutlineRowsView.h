@@ -61,6 +61,9 @@ protected:
     /// Both offsets are in pixels, from the beginning of all columns and rows.
     int horizontalOffset() const override;
     int verticalOffset() const override;
+    /// Makes the row the current one, from which the keys with Shift extend the selection. Does not change
+    /// the selection.
+    void makeCurrent(int row);
     bool isIndexHidden(const QModelIndex&) const override { return false; }
     /// Selects the rows that the rectangle of the viewport touches, as a single range.
     void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;

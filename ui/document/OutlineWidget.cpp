@@ -191,9 +191,8 @@ void OutlineWidget::selectRows(const RowSet& rows) {
         selection.append(QItemSelectionRange(
             rowModel().index(static_cast<int>(range.first), 0),
             rowModel().index(static_cast<int>(range.first + range.count) - 1, lastColumn)));
-    if (!rows.empty() && !(currentIndex().isValid() && selection.contains(currentIndex())))
-        selectionModel()->setCurrentIndex(indexOfRow(selection.last().bottom()),
-                                          QItemSelectionModel::NoUpdate);
+    if (!rows.empty())
+        makeCurrent(selection.contains(currentIndex()) ? currentIndex().row() : selection.last().bottom());
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
