@@ -65,6 +65,7 @@ public:
     /// Adds a required argument.
     void argument(const std::string& name, std::string& value, const std::string& description);
     Option option(const std::string& name, std::string& value, const std::string& description);
+    /// Accepts decimal digits only.
     Option option(const std::string& name, std::optional<std::size_t>& value, const std::string& description);
     /// Adds an option with values that are joined by commas. It may be given several times.
     Option list(const std::string& name, std::vector<std::string>& values, const std::string& description);
