@@ -13,8 +13,7 @@ namespace tabulon {
 class OutlineModel;
 class RowSource;
 
-/// Shows the columns and the cells of a source. The user selects rows; everything else is up to a derived
-/// class.
+/// Shows the columns and the cells of a source, in which the user selects rows. Derived classes add commands.
 class OutlineSourceView : public OutlineRowsView {
     Q_OBJECT
 
@@ -29,8 +28,8 @@ public:
     const RowSource& source() const { return source_; }
     /// Returns the model of the rows, to which their changes are reported.
     OutlineModel& rowModel() { return *rowModel_; }
-    /// Called when a screen reader asks to expand or collapse a folder. Does nothing here. Requires: the row
-    /// exists, and `detach` was not called.
+    /// Called when a screen reader requests to expand or collapse a folder. Does nothing here. Requires: the
+    /// row exists, and `detach` was not called.
     virtual void toggleRow(std::size_t /*row*/) {}
     /// Reports an event of the outline column's cell in this row to screen readers.
     void reportToScreenReader(QAccessibleEvent& event, int row);
