@@ -4,7 +4,20 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
+#include <charconv>
+
 namespace tabulon::cli {
+namespace {
+
+// The parser alone would accept a minus sign, and read “-1” as the largest number.
+std::string faultOfNumber(const std::string& value) {
+    std::size_t number = 0;
+    const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), number);
+    const bool isNumber = error == std::errc() && end == value.data() + value.size();
+    return isNumber ? "" : "“" + value + "” is not a number in decimal digits";
+}
+
+} // namespace
 
 Option& Option::required() {
     option_->required();
@@ -58,7 +71,7 @@ Option Verb::option(const std::string& name, std::string& value, const std::stri
 
 Option Verb::option(const std::string& name, std::optional<std::size_t>& value,
                     const std::string& description) {
-    return Option(*verb_.add_option(name, value, description));
+    return Option(*verb_.add_option(name, value, description)->check(faultOfNumber));
 }
 
 Option Verb::list(const std::string& name, std::vector<std::string>& values, const std::string& description) {

@@ -69,7 +69,8 @@ public:
     void argument(const std::string& name, std::string& value, const std::string& description);
     /// Adds an option with a text as its value. `value` is unchanged if the option is not given.
     Option option(const std::string& name, std::string& value, const std::string& description);
-    /// Adds an option with a number as its value. `value` is unchanged if the option is not given.
+    /// Adds an option with a number of decimal digits as its value. `value` is unchanged if the option is not
+    /// given.
     Option option(const std::string& name, std::optional<std::size_t>& value, const std::string& description);
     /// Adds an option with values that are joined by commas. It may be given several times.
     Option list(const std::string& name, std::vector<std::string>& values, const std::string& description);

@@ -59,6 +59,7 @@ private:
         if (found->second->renamed || found->second->edited != 0) {
             live.setWithBookmark(node);
             live.setAutoTab(node.getAutoTab());
+            live.setItemIcon(node.itemIcon()); // that of the type, which was copied
         }
         if (found->second->moved)
             moveBack(live, node, previous);

@@ -9,7 +9,7 @@ namespace tabulon {
 
 /// Reverts the chosen differences in the tree `after`. A removed item is inserted again as a copy, with
 /// everything below it that was also removed. A moved item returns to its place. A renamed or edited item
-/// gets the fields that `Bookmark::setWithBookmark` copies, and auto-tab. Added items stay.
+/// gets the fields that `Bookmark::setWithBookmark` copies, auto-tab and the icon. Added items stay.
 ///
 /// An item is inserted into its folder of before, or into the nearest ancestor of this folder that exists,
 /// after the item that was before it, or first. An item is never moved into itself; it then stays where it

@@ -89,8 +89,8 @@ public:
     virtual Result<void> removeFile(const std::string& path) = 0;
 
     /// Makes the folder at `path` and missing folders above it. Only the user can read a folder that is made
-    /// here. Does nothing if an object of any kind exists at `path`. After a failure some of the folders
-    /// above may have been made.
+    /// here. Does nothing if the folder exists, and fails if another object exists at `path`. After a failure
+    /// some of the folders above may have been made.
     virtual Result<void> makeFolder(const std::string& path) = 0;
 
     /// Returns the names of the entries of a folder, sorted by their bytes; empty if it cannot be read. An

@@ -11,9 +11,6 @@
 
 namespace tabulon {
 
-/// The columns of the outline, in the order of their numbers. The user may show them in another order.
-enum class Column { Name, URL, Tags };
-
 /// How the view draws a cell.
 enum class CellKind {
     None,      ///< an empty cell
@@ -21,6 +18,7 @@ enum class CellKind {
     Separator, ///< a horizontal line
     URLView,
     TagsView,
+    TextView, ///< the text of any other column
 };
 
 /// A text with one colour over its whole length; `nullopt` for the view's own text colour.

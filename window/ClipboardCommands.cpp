@@ -36,13 +36,14 @@ void ClipboardCommands::copyBookmarks() {
 }
 
 void ClipboardCommands::copyBookmarksArray(const std::vector<Bookmark*>& items) {
+    if (items.empty())
+        return; // what was copied or cut before can still be pasted
     std::vector<Ref<Bookmark>> copies;
     copies.reserve(items.size());
     for (const Bookmark* item : items)
         copies.push_back(deepCopy(*item));
     const std::vector<PasteboardItem> made = items_.itemsOf(copies, NodeRecords::List::Copied);
-    if (!made.empty())
-        platform_.pasteboard.setContent(items_.mimeContentOf(made));
+    platform_.pasteboard.setContent(items_.mimeContentOf(made));
 }
 
 void ClipboardCommands::cut() {

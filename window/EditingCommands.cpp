@@ -17,6 +17,11 @@ ChildPlace placeAfter(Bookmark& anchor, const Bookmark& master) {
     return {&folder, folder.getChildren()->indexOf(anchor) + 1};
 }
 
+bool severalRowsAreSelected(const OutlineView& view) {
+    const RowSet rows = view.selectedRows();
+    return rows.size() > 1 || (rows.size() == 1 && rows[0].count > 1);
+}
+
 } // namespace
 
 EditingCommands::EditingCommands(Outline& outline, FieldEditing& fields, StatusLine& statusLine,
@@ -165,7 +170,7 @@ void EditingCommands::putBack(const std::vector<RemovedItem>& removed) {
 
 void EditingCommands::moveUp() {
     const std::optional<std::size_t> row = outline_.view().selectedRow();
-    if (row == std::size_t{0} || outline_.severalRowsAreSelected())
+    if (row == std::size_t{0} || severalRowsAreSelected(outline_.view()))
         return platform_.beeper.beep();
     if (!row)
         return noSelection(platform_, outline_.document());
@@ -177,7 +182,7 @@ void EditingCommands::moveUp() {
 
 void EditingCommands::moveDown() {
     const std::optional<std::size_t> row = outline_.view().selectedRow();
-    if (outline_.severalRowsAreSelected())
+    if (severalRowsAreSelected(outline_.view()))
         return platform_.beeper.beep();
     if (!row)
         return noSelection(platform_, outline_.document());

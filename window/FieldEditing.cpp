@@ -99,7 +99,7 @@ void FieldEditing::endEdit() {
 
 void FieldEditing::commitEditing() {
     autoEdit_.reset();
-    if (outline_.hasView())
+    if (window_.getWindow())
         outline_.view().endEditing();
 }
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/Platform.h"
-#include "window/CellContent.h"
+#include "window/OutlineColumns.h"
 #include "window/OutlineObservers.h"
 
 #include <cstddef>
@@ -54,7 +54,7 @@ public:
     /// Cancels the automatic editing that a click has scheduled.
     void cancelAutoEdit() { autoEdit_.reset(); }
     /// Ends editing in place and takes over what was typed. Cancels automatic editing. Does nothing before
-    /// the outline has a view.
+    /// there is a window.
     void commitEditing();
 
 private:

@@ -5,9 +5,7 @@
 #include "text/NumberFormat.h"
 #include "window/ActionTable.h"
 #include "window/BasketCommands.h"
-#include "window/DocumentWindow.h"
 #include "window/EditingCommands.h"
-#include "window/MoveDeleteController.h"
 #include "window/Outline.h"
 #include "window/SharedState.h"
 #include "window/StatusLine.h"
@@ -18,12 +16,14 @@ namespace tabulon {
 MarkCommands::MarkCommands(const MarkParts& parts, const Platform& platform, SharedState& shared,
                            ActionTable& actions)
     : outline_(parts.outline), editing_(parts.editing), baskets_(parts.baskets),
-      statusLine_(parts.statusLine), window_(parts.window), platform_(platform), shared_(shared) {
+      statusLine_(parts.statusLine), platform_(platform), shared_(shared) {
     actions.add("showMarks:", [this](const MenuItem&) { showMarks(); });
     actions.add("findDuplicates:", [this](const MenuItem&) { findDuplicates(); });
     actions.add("clearMarks:", [this](const MenuItem&) { clearMarks(); });
     actions.add("deleteDuplicatesCommand:", [this](const MenuItem&) { deleteDuplicatesCommand(); });
-    actions.add("moveDeleteSheet:", [this](const MenuItem&) { moveDeleteSheet(); });
+    actions.add("moveDeleteSheet:", [this, &window = parts.window](const MenuItem&) {
+        window.moveDeleteSheet([this] { deleteSheetExecute(); });
+    });
 }
 
 void MarkCommands::setShowMarks(bool shown) {
@@ -76,14 +76,6 @@ int MarkCommands::moveWasteDown() {
         baskets_.DropBasketAtEnd(basket);
     }
     return response;
-}
-
-void MarkCommands::moveDeleteSheet() {
-    window_.getWindow()->presentMoveDelete(
-        std::make_shared<MoveDeleteController>(platform_.base, [this, alive = std::weak_ptr(life_)] {
-            if (!alive.expired())
-                deleteSheetExecute();
-        }));
 }
 
 void MarkCommands::deleteSheetExecute() {

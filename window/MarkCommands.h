@@ -5,8 +5,6 @@
 #include "model/StatusRemoval.h"
 #include "platform/Platform.h"
 
-#include <memory>
-
 namespace tabulon {
 
 class ActionTable;
@@ -23,15 +21,14 @@ struct MarkParts {
     EditingCommands& editing;
     BasketCommands& baskets;
     StatusLine& statusLine;
-    const WindowController& window;
+    WindowController& window;
 };
 
 /// Adds the actions "showMarks:", "findDuplicates:", "clearMarks:", "deleteDuplicatesCommand:" and
 /// "moveDeleteSheet:".
 class MarkCommands {
 public:
-    /// Requires: the parts, the arguments and the services of `platform` outlive this object. The sheet may
-    /// outlive it.
+    /// Requires: the parts, the arguments and the services of `platform` outlive this object.
     MarkCommands(const MarkParts& parts, const Platform& platform, SharedState& shared, ActionTable& actions);
 
     /// Switches the setting "ShowMarks", and shows or hides the marks in every window.
@@ -49,11 +46,8 @@ public:
     /// Returns `kAlertFirstButton` if the Waste Basket is missing or is the last top-level item. Otherwise
     /// asks whether it may be moved to the end, moves it if the user agrees, and returns the response.
     int moveWasteDown();
-    /// Asks in a sheet which marked links are removed, and how. Returns at once; `deleteSheetExecute` runs
-    /// when the user has confirmed.
-    void moveDeleteSheet();
-    /// Removes links as the settings of that sheet say. Runs `moveWasteDown` first, and does nothing if the
-    /// user cancels.
+    /// Removes links as the settings of the sheet (MoveDeleteController) say. Runs `moveWasteDown` first, and
+    /// does nothing if the user cancels.
     void deleteSheetExecute();
     /// Deletes links by their status, or moves them into the Waste Basket (model/StatusRemoval.h), and shows
     /// their number in an alert. Links that were deleted can be put back from the status line. Stores the
@@ -74,11 +68,8 @@ private:
     EditingCommands& editing_;
     BasketCommands& baskets_;
     StatusLine& statusLine_;
-    const WindowController& window_;
     const Platform platform_;
     SharedState& shared_;
-    /// Lets a sheet that outlives this object find out.
-    const std::shared_ptr<const bool> life_ = std::make_shared<const bool>(true);
 };
 
 } // namespace tabulon

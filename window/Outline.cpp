@@ -37,11 +37,6 @@ bool Outline::hasOneSelectedFolder() const {
     return rows.size() == 1 && rows[0].count == 1 && rows_.at(rows[0].first).isFolder();
 }
 
-bool Outline::severalRowsAreSelected() const {
-    const RowSet rows = view_->selectedRows();
-    return rows.size() > 1 || (rows.size() == 1 && rows[0].count > 1);
-}
-
 std::vector<Bookmark*> Outline::selectedItems(std::size_t from, std::size_t to) const {
     std::vector<Bookmark*> items;
     if (from == to)

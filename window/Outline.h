@@ -41,9 +41,7 @@ public:
 
     /// Sets the view, which must exist from before the first command until after the last.
     void setView(OutlineView* view) { view_ = view; }
-    /// Returns whether `setView` was called.
-    bool hasView() const { return view_ != nullptr; }
-    /// Returns the view. Requires: hasView().
+    /// Returns the view. Requires: `setView` was called.
     OutlineView& view() const { return *view_; }
 
     /// Adds an observer. Requires: it exists as long as the outline is used.
@@ -77,8 +75,6 @@ public:
     bool hasSelection() const { return view_->selectedRow().has_value(); }
     /// Returns whether exactly one row is selected and its item is a folder.
     bool hasOneSelectedFolder() const;
-    /// Returns whether more than one row is selected.
-    bool severalRowsAreSelected() const;
     /// Selects the rows of those items that have one.
     void selectItems(const std::vector<Bookmark*>& items);
     /// Selects the item's row alone and scrolls to it, if it has one.

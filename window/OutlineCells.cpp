@@ -9,6 +9,7 @@ namespace tabulon {
 namespace {
 
 constexpr std::string_view kIndicatorImage = "ClippingTextIcon";
+constexpr double kNameShare = 0.45;
 
 Text textOrEmpty(const Text& text) {
     return text.isNull() ? Text("") : text;
@@ -27,28 +28,42 @@ ColoredText cellText(const Text& text, const std::optional<LabelColor>& color) {
 
 } // namespace
 
+OutlineColumns OutlineCells::columns() const {
+    const Localization& texts = services_.texts;
+    return {{.identifier = Column::Name,
+             .title = texts.text("Name"),
+             .width = ColumnWidth::Share,
+             .share = kNameShare,
+             .outline = true},
+            {.identifier = Column::URL, .title = texts.text("URL"), .width = ColumnWidth::Rest},
+            {.identifier = Column::Tags, .title = texts.text("Tags"), .hideable = true}};
+}
+
+std::size_t OutlineCells::numberOfRows() const {
+    return outline_.numberOfRows();
+}
+
+TreePlace OutlineCells::treePlace(std::size_t row) const {
+    const Bookmark& item = outline_.itemAtRow(row);
+    return {.level = outline_.levelForRow(row), .isFolder = item.isFolder(), .isExpanded = isExpanded(item)};
+}
+
 CellContent OutlineCells::viewForTableColumn(Column column, std::size_t row, bool selected) const {
     const Bookmark& item = outline_.itemAtRow(row);
     const std::optional<LabelColor> color = textColor(item, selected);
     CellContent cell;
-    switch (column) {
-    case Column::Name:
+    if (column == Column::Name) {
         cell = nameCell(item, color);
         if (selected && item.getLabel() != 0 && !item.isSeparator())
             cell.labelMark = labelColor(item.getLabel());
-        return cell;
-    case Column::Tags:
-        if (item.isSeparator())
-            return cell;
-        cell.kind = CellKind::TagsView;
-        cell.text = cellText(item.itemTags(), color);
-        cell.editable = FieldEditing::shouldEdit(column, item);
-        return cell;
-    case Column::URL:
+    } else if (column == Column::URL) {
         cell.kind = CellKind::URLView;
         cell.text = cellText(shownAddressLine(item.itemURL()), color);
         cell.editable = FieldEditing::shouldEdit(column, item);
-        return cell;
+    } else if (!item.isSeparator()) {
+        cell.kind = CellKind::TagsView;
+        cell.text = cellText(item.itemTags(), color);
+        cell.editable = FieldEditing::shouldEdit(column, item);
     }
     return cell;
 }

@@ -146,6 +146,7 @@ bool OutlineDragging::acceptDrop(const DragInfo& drag, Bookmark* item,
         return false;
     fields_.commitEditing();
     const Ref<Bookmark> folder(place->folder);
+    const std::vector<Bookmark*> selected = outline_.selectedItems();
     std::vector<Ref<Bookmark>> dropped;
     {
         const Outline::ManyRows rows(outline_, drag.items.size());
@@ -158,17 +159,19 @@ bool OutlineDragging::acceptDrop(const DragInfo& drag, Bookmark* item,
             dropped.push_back(std::move(node));
         }
     }
-    selectDropped(dropped);
+    if (!selectDropped(dropped))
+        outline_.selectItems(selected);
     return true;
 }
 
-void OutlineDragging::selectDropped(const std::vector<Ref<Bookmark>>& dropped) {
+bool OutlineDragging::selectDropped(const std::vector<Ref<Bookmark>>& dropped) {
     std::vector<Bookmark*> shown;
     for (const Ref<Bookmark>& node : dropped)
         if (outline_.rowForItem(*node))
             shown.push_back(node.get());
     if (!shown.empty())
         outline_.selectItems(shown);
+    return !shown.empty();
 }
 
 MimeContent OutlineDragging::contentForDrag(const std::vector<PasteboardItem>& items) const {

@@ -68,8 +68,8 @@ private:
     /// Returns the node to insert for a dragged item, or `nullptr` to skip it. Adjusts `place` if the node is
     /// moved from before it.
     Ref<Bookmark> droppedNode(const DragInfo& drag, const PasteboardItem& dragged, ChildPlace& place);
-    /// Selects those of the nodes that have rows.
-    void selectDropped(const std::vector<Ref<Bookmark>>& dropped);
+    /// Selects those of the nodes that have rows. Returns false and does nothing if none has one.
+    bool selectDropped(const std::vector<Ref<Bookmark>>& dropped);
 
     Outline& outline_;
     FieldEditing& fields_;

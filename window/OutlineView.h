@@ -4,6 +4,7 @@
 
 #include "model/TreeSort.h"
 #include "window/CellContent.h"
+#include "window/OutlineColumns.h"
 
 #include <algorithm>
 #include <cstddef>

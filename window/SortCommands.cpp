@@ -13,15 +13,7 @@ namespace {
 constexpr double kPauseBeforeQuestion = 0.8; // seconds
 
 int sortIndexOf(Column column) {
-    switch (column) {
-    case Column::URL:
-        return 1;
-    case Column::Tags:
-        return 2;
-    case Column::Name:
-        break;
-    }
-    return 0;
+    return column == Column::Name ? 0 : column == Column::URL ? 1 : 2;
 }
 
 SortDirection opposite(SortDirection direction) {

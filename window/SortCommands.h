@@ -4,7 +4,7 @@
 
 #include "model/TreeSort.h"
 #include "platform/Platform.h"
-#include "window/CellContent.h"
+#include "window/OutlineColumns.h"
 
 #include <map>
 #include <memory>

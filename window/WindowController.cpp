@@ -3,6 +3,7 @@
 #include "window/ActionTable.h"
 #include "window/DocumentWindow.h"
 #include "window/GetInfoController.h"
+#include "window/MoveDeleteController.h"
 #include "window/Outline.h"
 #include "window/SharedAlerts.h"
 
@@ -78,6 +79,14 @@ void WindowController::getInfo() {
 void WindowController::dismissInfo() {
     if (info_ && info_->isShown())
         info_->done();
+}
+
+void WindowController::moveDeleteSheet(std::function<void()> deleteSheetExecute) {
+    window_->presentMoveDelete(std::make_shared<MoveDeleteController>(
+        platform_.base, [execute = std::move(deleteSheetExecute), alive = std::weak_ptr(life_)] {
+            if (!alive.expired())
+                execute();
+        }));
 }
 
 void WindowController::legendaSheet() {

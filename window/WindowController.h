@@ -1,5 +1,5 @@
-// The document window: its title, its find bar, its info panel, and whether it shows rows or the help for an
-// empty document.
+// The document window: its title, its find bar, its info panel, its sheets, and whether it shows rows or the
+// help for an empty document.
 #pragma once
 
 #include "platform/Platform.h"
@@ -7,6 +7,7 @@
 #include "window/Finding.h"
 #include "window/OutlineObservers.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -52,6 +53,11 @@ public:
     /// Saves the change of an open panel and closes it. Does nothing if no panel is open.
     void dismissInfo();
 
+    // The sheets
+
+    /// Shows the sheet in which the user chooses which marked links are removed, and how. Returns at once.
+    /// Calls `deleteSheetExecute` when the user has confirmed, unless this object was destroyed before.
+    void moveDeleteSheet(std::function<void()> deleteSheetExecute);
     /// Shows a sheet that explains the marks of links.
     void legendaSheet();
 
@@ -69,6 +75,8 @@ private:
     FindBarController findBar_;
     std::shared_ptr<GetInfoController> info_;
     std::string windowTitle_; ///< empty if the window shows the document's name
+    /// Lets a sheet that outlives this object find out.
+    const std::shared_ptr<const bool> life_ = std::make_shared<const bool>(true);
 };
 
 } // namespace tabulon

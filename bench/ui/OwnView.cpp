@@ -20,8 +20,7 @@ public:
 
 class OutlineAlone : public DocumentWindow {
 public:
-    explicit OutlineAlone(ViewController& controller)
-        : widget(controller, {"Name", "URL", "Tags"}, nullptr) {}
+    explicit OutlineAlone(ViewController& controller) : widget(controller, nullptr) {}
     ~OutlineAlone() override { widget.detach(); }
 
     OutlineView& outline() override { return widget; }

@@ -84,6 +84,9 @@ Result<void> MemoryFileStore::removeFile(const std::string& path) {
 }
 
 Result<void> MemoryFileStore::makeFolder(const std::string& path) {
+    if (files.contains(path))
+        return failure("Cannot make the folder “" + path + "”: Not a directory.", ErrorDomain::Posix,
+                       ENOTDIR);
     folders.insert(path);
     return {};
 }

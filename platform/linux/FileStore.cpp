@@ -271,8 +271,11 @@ Result<void> PosixFileStore::makeFolder(const std::string& path) {
         if (::mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST)
             return problem("Cannot make the folder", folder, errno);
         if (slash == std::string::npos)
-            return {};
+            break;
     }
+    if (kindOf(path) != PathKind::Folder)
+        return problem("Cannot make the folder", path, ENOTDIR);
+    return {};
 }
 
 std::vector<std::string> PosixFileStore::namesInFolder(const std::string& path) {

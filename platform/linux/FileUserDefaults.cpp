@@ -11,13 +11,12 @@
 namespace tabulon {
 namespace {
 
-constexpr int kMostKeptFiles = 100;
 constexpr std::chrono::milliseconds kLastPatience{2000};
 
 // Returns an unused name in the folder of the file.
 std::string nameForDamagedFile(FileStore& files, const std::string& path) {
     std::string name = path + ".damaged";
-    for (int number = 2; files.kindOf(name) != PathKind::Nothing && number <= kMostKeptFiles; ++number)
+    for (int number = 2; files.kindOf(name) != PathKind::Nothing; ++number)
         name = fmt::format("{}.damaged-{}", path, number);
     return name;
 }

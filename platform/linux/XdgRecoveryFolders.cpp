@@ -60,7 +60,7 @@ std::vector<std::string> XdgRecoveryFolders::adoptAbandonedFolders() {
         if (mine || !entry->is_directory(gone))
             continue;
         auto lock = std::make_unique<FolderLock>(path, std::chrono::milliseconds(0));
-        if (lock->isBusy())
+        if (!lock->isHeld())
             continue;
         held_.push_back({path, std::move(lock)});
         adopted.push_back(path);

@@ -25,7 +25,8 @@ public:
     /// sentence.
     Result<std::string> ownFolder() override;
     /// Returns the sorted paths of the folders whose lock is free, and locks them for this run. Does not
-    /// wait. A folder that cannot be locked, for example on a file system without locks, counts as free.
+    /// wait. A folder that cannot be locked, for example on a file system without locks, may belong to a
+    /// program that runs and is left where it is.
     std::vector<std::string> adoptAbandonedFolders() override;
 
 private:

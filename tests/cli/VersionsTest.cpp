@@ -109,6 +109,17 @@ TEST_F(VersionsTest, aVersionThatIsNotKeptWritesNothing) {
     EXPECT_EQ(run({"versions", "/home/Links.tbln", "--restore", "x", "-o", "/out.tbln"}), 2);
 }
 
+TEST_F(VersionsTest, aNumberWithASignOrMoreIsWrongUsage) {
+    files.files["/home/Links.tbln"] = "x";
+    for (const char* number : {"-1", "-0", "+1", "1.5", "0x1", " 1", "1 ", "", "99999999999999999999"}) {
+        const std::string value = std::string("--restore=") + number;
+        EXPECT_EQ(run({"versions", "/home/Links.tbln", value.c_str(), "-o", "/out.tbln"}), 2) << number;
+        EXPECT_THAT(error, HasSubstr("--restore")) << number;
+    }
+    EXPECT_EQ(run({"versions", "/home/Links.tbln", "--restore", "-1", "-o", "/out.tbln"}), 2);
+    EXPECT_FALSE(files.files.contains("/out.tbln"));
+}
+
 TEST_F(VersionsTest, anEmptyFileNameIsAFailure) {
     EXPECT_EQ(run({"versions", ""}), 1);
     EXPECT_EQ(error, "tabulon-cli: The file “” cannot be found: Invalid argument.\n");

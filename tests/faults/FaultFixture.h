@@ -16,6 +16,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <charconv>
 #include <csignal>
 #include <filesystem>
 #include <functional>
@@ -112,7 +113,11 @@ protected:
         EXPECT_TRUE(tree.has_value()) << file << " is damaged";
         if (!tree || !(*tree)->getChild())
             return -1;
-        const int number = std::stoi((*tree)->getChild()->itemName().string());
+        const std::string name = (*tree)->getChild()->itemName().string();
+        int number = -1;
+        const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), number);
+        EXPECT_TRUE(error == std::errc() && end == name.data() + name.size())
+            << file << " begins with “" << name << "”, which is no number";
         const bool whole = writeDocumentArchive(**tree) == writeDocumentArchive(*version(number));
         EXPECT_TRUE(whole) << file << " is no whole version";
         return whole ? number : -1;

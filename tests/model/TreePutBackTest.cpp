@@ -73,6 +73,19 @@ TEST(TreePutBackTest, textsLabelAndLockAreAsTheyWere) {
     EXPECT_TRUE(after['a'].isIdentical(before['a']));
 }
 
+TEST(TreePutBackTest, theIconIsThatOfTheTypeOfBefore) {
+    LetterTree before("a");
+    LetterTree after("a");
+    before['a'].setItemURL("mailto:a@b.example");
+    after['a'].setItemURL("https://2.example/");
+    before['a'].determineType();
+    after['a'].determineType();
+    const TreeComparison comparison(*before.root, *after.root);
+    putBack(comparison.differences(), comparison, *before.root, *after.root);
+    EXPECT_EQ(after['a'].getType(), before['a'].getType());
+    EXPECT_EQ(after['a'].itemIcon(), before['a'].itemIcon());
+}
+
 TEST(TreePutBackTest, whatWasAddedStays) {
     EXPECT_EQ(afterPuttingBack(LetterTree("a"), LetterTree("a b C(d)")), "a b C(d)");
 }

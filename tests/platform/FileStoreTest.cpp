@@ -295,6 +295,18 @@ TEST_F(FileStoreTest, identityDiffersBetweenStates) {
     EXPECT_NE(files.identityOf(path("f")), second);
 }
 
+TEST_F(FileStoreTest, aFileIsNoFolder) {
+    ASSERT_TRUE(files.writeFileAtomically(path("f"), "x"));
+    const Result<void> made = files.makeFolder(path("f"));
+    ASSERT_FALSE(made);
+    EXPECT_EQ(made.error().code, ENOTDIR);
+    EXPECT_NE(made.error().message.find(path("f")), std::string::npos) << made.error().message;
+    EXPECT_EQ(files.readFile(path("f")).value(), "x");
+    ASSERT_TRUE(files.makeFolder(path("a")));
+    fs::create_symlink(path("a"), path("link"));
+    EXPECT_TRUE(files.makeFolder(path("link"))) << "a link to a folder is one";
+}
+
 TEST_F(FileStoreTest, foldersAndCopies) {
     ASSERT_TRUE(files.makeFolder(path("a/b/c")));
     ASSERT_TRUE(files.makeFolder(path("a/b/c")));

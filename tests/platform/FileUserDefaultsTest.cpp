@@ -142,6 +142,17 @@ TEST_F(FileUserDefaultsTest, programsThatWriteAtTheSameTimeLoseNothing) {
     EXPECT_EQ(SettingsText(read()).values().size(), 3u * kKeys);
 }
 
+TEST_F(FileUserDefaultsTest, noDamagedFileReplacesAnEarlierOne) {
+    for (int number = 1; number <= 102; ++number) {
+        write("damage " + std::to_string(number) + "\n");
+        const FileUserDefaults defaults(files, path);
+    }
+    EXPECT_EQ(files.readFile(path + ".damaged"), "damage 1\n");
+    for (int number = 2; number <= 102; ++number)
+        EXPECT_EQ(files.readFile(path + ".damaged-" + std::to_string(number)),
+                  "damage " + std::to_string(number) + "\n");
+}
+
 TEST_F(FileUserDefaultsTest, aDamagedFileIsPutAsideAndWhatCanBeReadHolds) {
     const std::string damaged = "MakeBackups=NO\n\0\0\0\0garbage\nFontSize=14\n"s;
     write(damaged);

@@ -88,7 +88,7 @@ TEST_F(OutlineColumnsTest, ColumnsFillTheOutlineWhateverIsDragged) {
 
 TEST_F(OutlineColumnsTest, ColumnsFillAnOutlineThatLosesItsScrollBarAsItComesUp) {
     QWidget host;
-    auto* outline = new OutlineWidget(*controller, {"Name", "URL", "Tags"}, &host);
+    auto* outline = new OutlineWidget(*controller, &host);
     auto* layout = new QVBoxLayout(&host);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(outline);

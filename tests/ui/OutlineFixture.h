@@ -17,7 +17,7 @@ namespace tabulon {
 /// A window whose outline is the real one.
 class WidgetWindow : public DocumentWindow {
 public:
-    explicit WidgetWindow(ViewController& controller) : widget(controller, {"Name", "URL", "Tags"}, nullptr) {
+    explicit WidgetWindow(ViewController& controller) : widget(controller, nullptr) {
         widget.resize(900, 600);
         widget.show();
     }

@@ -18,7 +18,7 @@ namespace {
 OutlineColumns otherColumns() {
     return {{.identifier = Column::Tags, .title = "Labels", .width = ColumnWidth::Share, .share = 0.5},
             {.identifier = Column::URL, .title = "Where", .hideable = true},
-            {.identifier = Column::Name, .title = "What", .width = ColumnWidth::Rest}};
+            {.identifier = Column::Name, .title = "What", .width = ColumnWidth::Rest, .outline = true}};
 }
 
 class OutlineRowsViewTest : public testing::Test {
@@ -136,7 +136,7 @@ protected:
 
 TEST_F(NameCellTest, PartsFollowEachOtherInsideTheCell) {
     for (const int letters : {3, 500}) {
-        const NameCellParts parts = geometry().nameCell(2, 1, cellWithAll(letters));
+        const OutlineCellParts parts = geometry().outlineCell(2, 1, cellWithAll(letters));
         const QRect places[] = {parts.triangle, parts.status,    parts.icon,
                                 parts.text,     parts.indicator, parts.labelMark};
         const QRect cell = geometry().cellRect(2, Column::Name);
@@ -152,7 +152,7 @@ TEST_F(NameCellTest, PartsFollowEachOtherInsideTheCell) {
 TEST_F(NameCellTest, PartsThatTheCellDoesNotHaveAreEmpty) {
     CellContent cell;
     cell.text.string = Text("name");
-    const NameCellParts parts = geometry().nameCell(0, 0, cell);
+    const OutlineCellParts parts = geometry().outlineCell(0, 0, cell);
     EXPECT_TRUE(parts.status.isEmpty());
     EXPECT_TRUE(parts.indicator.isEmpty());
     EXPECT_TRUE(parts.labelMark.isEmpty());
@@ -160,11 +160,11 @@ TEST_F(NameCellTest, PartsThatTheCellDoesNotHaveAreEmpty) {
 }
 
 TEST_F(NameCellTest, EachLevelIsIndentedUntilNamesNeedTheRoom) {
-    const auto left = [&](int level) { return geometry().nameCell(0, level, {}).triangle.left(); };
+    const auto left = [&](int level) { return geometry().outlineCell(0, level, {}).triangle.left(); };
     EXPECT_EQ(left(1) - left(0), geometry().indentation());
     EXPECT_EQ(left(2) - left(1), geometry().indentation());
     EXPECT_EQ(left(40), left(48)) << "the name keeps its room";
-    EXPECT_TRUE(geometry().cellRect(0, Column::Name).contains(geometry().nameCell(0, 48, {}).icon));
+    EXPECT_TRUE(geometry().cellRect(0, Column::Name).contains(geometry().outlineCell(0, 48, {}).icon));
 }
 
 TEST_F(NameCellTest, RowsAreHighEnoughForTheirFont) {

@@ -150,6 +150,25 @@ TEST_F(OutlineWidgetTest, SelectionIsExtendedUpwards) {
     EXPECT_EQ(widget().selectedRows(), (RowSet{{2, 4}}));
 }
 
+TEST_F(OutlineWidgetTest, ShiftExtendsFromTheRowThatTheProgramSelected) {
+    std::vector<Bookmark*> links;
+    for (int i = 0; i < 10; ++i)
+        links.push_back(&add(makeLink(std::to_string(i).c_str())));
+    openWidget();
+    press(Qt::Key_Home);
+    press(Qt::Key_Down);
+    controller->outline().selectRowOf(*links[6]);
+    press(Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(widget().selectedRows(), (RowSet{{6, 2}}));
+    controller->outline().selectItems({links[2], links[4]});
+    EXPECT_EQ(widget().selectedRow(), 4U);
+    press(Qt::Key_Up, Qt::ShiftModifier);
+    EXPECT_EQ(widget().selectedRows(), (RowSet{{3, 2}})) << "from the current row";
+    widget().goToRow(8);
+    press(Qt::Key_Up, Qt::ShiftModifier);
+    EXPECT_EQ(widget().selectedRows(), (RowSet{{7, 2}}));
+}
+
 TEST_F(OutlineWidgetTest, ScrollBarsComeAndGoWithTheRows) {
     for (int i = 0; i < 60; ++i)
         add(makeLink("link"));

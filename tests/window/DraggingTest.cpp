@@ -201,6 +201,22 @@ TEST_F(DraggingTest, manyRowsMoveAsFewDo) {
     EXPECT_EQ(document.changeCount(), 300);
 }
 
+TEST_F(DraggingTest, copiesInACollapsedFolderLeaveTheSelectionHoweverManyTheyAre) {
+    Bookmark& a = add(makeLink("a"));
+    Bookmark& folder = add(makeFolder("f", false));
+    Bookmark& b = add(makeLink("b"));
+    open();
+    for (const int copiesOfEach : {1, 40}) {
+        select({&a, &b});
+        dragged.clear();
+        for (int i = 0; i < copiesOfEach; ++i)
+            dragFromOutside({"https://x/", "https://y/"});
+        EXPECT_TRUE(drop(&folder, kOnItem));
+        EXPECT_EQ(outline().selectedRows(), (RowSet{{0, 1}, {2, 1}})) << copiesOfEach;
+    }
+    EXPECT_EQ(folder.getChildren()->size(), 82u);
+}
+
 TEST_F(DraggingTest, aFolderAndWhatIsInItBothMove) {
     Bookmark& folder = add(makeFolder("f"));
     Bookmark& inside = add(makeLink("inside"), &folder);

@@ -134,6 +134,18 @@ TEST_F(PasteboardTest, copyingNothingLeavesThePasteboard) {
     EXPECT_EQ(pasteboard.changes, 0);
 }
 
+TEST_F(PasteboardTest, copyingNothingLeavesWhatWasCutPasteable) {
+    Bookmark& folder = add(makeFolder("f", true));
+    add(makeLink("inside"), &folder);
+    add(makeLink("l"));
+    open();
+    select({&folder});
+    controller->clipboard().cut();
+    copy({});
+    controller->clipboard().pasteEditMenu();
+    EXPECT_EQ(rowNames(), (std::vector<std::string>{"f", "inside", "l"}));
+}
+
 TEST_F(PasteboardTest, theCopyListHoldsDeepCopiesOfTheLastCopy) {
     Bookmark& folder = add(makeFolder("f", false));
     add(makeLink("inside"), &folder);

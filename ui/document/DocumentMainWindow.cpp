@@ -38,10 +38,6 @@ constexpr QSize kFirstWindowSize(900, 600);
 constexpr QSize kSmallestSize(480, 320);
 constexpr int kWidestColumn = 10000;
 
-QStringList columnTitles(const Localization& texts) {
-    return {toQString(texts.text("Name")), toQString(texts.text("URL")), toQString(texts.text("Tags"))};
-}
-
 // Returns whether the drag has nodes of a bookmark manager, whose addresses may be those of files.
 bool carriesBookmarks(const QMimeData& data) {
     return std::ranges::any_of(data.formats(), [](const QString& type) {
@@ -74,8 +70,7 @@ void acceptFiles(QDropEvent* event) {
 DocumentMainWindow::DocumentMainWindow(ViewController& controller, AppDelegate& app,
                                        const Localization& texts, UserDefaults& state)
     : controller_(&controller), app_(app), state_(state), pages_(new QStackedWidget(this)),
-      outline_(new OutlineWidget(controller, columnTitles(texts), pages_)),
-      emptyState_(new EmptyState(texts, pages_)),
+      outline_(new OutlineWidget(controller, pages_)), emptyState_(new EmptyState(texts, pages_)),
       findBar_(new FindBarWidget(controller.window().findBar(), controller.finding(), texts, this)),
       urlField_(new StatusLineWidget(this)) {
     setWindowIcon(iconNamed("tabulon"));

@@ -9,7 +9,7 @@ namespace tabulon {
 namespace {
 
 QAccessibleInterface* makeInterface(const QString&, QObject* object) {
-    auto* outline = qobject_cast<OutlineWidget*>(object);
+    auto* outline = qobject_cast<OutlineSourceView*>(object);
     return outline ? new OutlineAccessible(outline) : nullptr;
 }
 
@@ -19,7 +19,7 @@ void installOutlineAccessibility() {
     QAccessible::installFactory(makeInterface);
 }
 
-int accessibleChild(const OutlineWidget& outline, int row, Column column) {
+int accessibleChild(const OutlineSourceView& outline, int row, Column column) {
     const std::vector<Column> shown = outline.header().shownColumns();
     const auto columns = static_cast<int>(shown.size());
     return columns + row * columns + static_cast<int>(std::ranges::find(shown, column) - shown.begin());
@@ -33,7 +33,7 @@ qint64 OutlineAccessible::keyOf(qint64 row, Column column) const {
     return firstKeyOf(row) + outline()->header().sectionOf(column);
 }
 
-OutlineAccessible::OutlineAccessible(OutlineWidget* outline)
+OutlineAccessible::OutlineAccessible(OutlineSourceView* outline)
     : QAccessibleWidget(outline, QAccessible::Tree) {}
 
 OutlineAccessible::~OutlineAccessible() {
@@ -41,8 +41,8 @@ OutlineAccessible::~OutlineAccessible() {
         QAccessible::deleteAccessibleInterface(id);
 }
 
-OutlineWidget* OutlineAccessible::outline() const {
-    return static_cast<OutlineWidget*>(widget());
+OutlineSourceView* OutlineAccessible::outline() const {
+    return static_cast<OutlineSourceView*>(widget());
 }
 
 void* OutlineAccessible::interface_cast(QAccessible::InterfaceType type) {
@@ -52,11 +52,11 @@ void* OutlineAccessible::interface_cast(QAccessible::InterfaceType type) {
 }
 
 int OutlineAccessible::rowCount() const {
-    return outline()->controller() ? outline()->model()->rowCount() : 0;
+    return outline()->rowCount();
 }
 
 int OutlineAccessible::columnCount() const {
-    return outline()->controller() ? static_cast<int>(outline()->header().shownColumns().size()) : 0;
+    return outline()->model() ? static_cast<int>(outline()->header().shownColumns().size()) : 0;
 }
 
 int OutlineAccessible::childCount() const {
@@ -112,7 +112,7 @@ QAccessibleInterface* OutlineAccessible::childAt(int x, int y) const {
 
 QAccessibleInterface* OutlineAccessible::focusChild() const {
     const QModelIndex current = outline()->currentIndex();
-    return current.isValid() ? cell(current.row(), Column::Name) : nullptr;
+    return current.isValid() ? cell(current.row(), outline()->header().outlineColumn()) : nullptr;
 }
 
 QAccessibleInterface* OutlineAccessible::cellAt(int row, int column) const {
@@ -123,7 +123,7 @@ QAccessibleInterface* OutlineAccessible::cellAt(int row, int column) const {
 int OutlineAccessible::selectedRowCount() const {
     std::size_t count = 0;
     if (rowCount() > 0)
-        for (const RowRange& range : outline()->selectedRows())
+        for (const RowRange& range : outline()->selectedRowSet())
             count += range.count;
     return static_cast<int>(count);
 }

@@ -2,28 +2,28 @@
 // are selected and expanded. The widget itself handles painting and keys.
 #pragma once
 
-#include "window/CellContent.h"
+#include "window/OutlineColumns.h"
 
 #include <QAccessibleWidget>
 #include <QHash>
 
 namespace tabulon {
 
-class OutlineWidget;
+class OutlineSourceView;
 
 /// Installs the factory by which Qt finds `OutlineAccessible` for every outline. Further calls have no
 /// effect.
 void installOutlineAccessibility();
 
 /// Returns the index, among the children of `OutlineAccessible`, of a cell. Requires: the column is shown.
-int accessibleChild(const OutlineWidget& outline, int row, Column column);
+int accessibleChild(const OutlineSourceView& outline, int row, Column column);
 
 /// The children are the titles of the columns that are shown, then the cells row by row. They are created
 /// when they are requested.
 class OutlineAccessible : public QAccessibleWidget, public QAccessibleTableInterface {
 public:
     /// Requires: `outline` outlives this object.
-    explicit OutlineAccessible(OutlineWidget* outline);
+    explicit OutlineAccessible(OutlineSourceView* outline);
     ~OutlineAccessible() override;
     OutlineAccessible(const OutlineAccessible&) = delete;
     OutlineAccessible& operator=(const OutlineAccessible&) = delete;
@@ -42,7 +42,7 @@ public:
     /// Returns the cell at this place on the screen, in pixels. Returns `nullptr` where there is no cell, and
     /// for a title.
     QAccessibleInterface* childAt(int x, int y) const override;
-    /// Returns the Name cell of the current row, or `nullptr`.
+    /// Returns the current row's cell in the outline column, or `nullptr`.
     QAccessibleInterface* focusChild() const override;
 
     // QAccessibleTableInterface. Columns count as they are shown, from left to right.
@@ -86,7 +86,7 @@ public:
 
 private:
     /// Returns the outline. Requires: it was not destroyed.
-    OutlineWidget* outline() const;
+    OutlineSourceView* outline() const;
     /// Returns the smallest key of a row, or for row -1 that of the titles.
     qint64 firstKeyOf(qint64 row) const;
     /// Returns the key of a cell in `children_`, or for row -1 that of a title.

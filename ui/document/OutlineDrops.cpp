@@ -1,6 +1,7 @@
 #include "ui/document/OutlineDrops.h"
 
 #include "ui/MimeData.h"
+#include "ui/document/OutlineHeader.h"
 #include "ui/document/OutlineWidget.h"
 #include "window/MimeItems.h"
 #include "window/ViewController.h"
@@ -47,7 +48,7 @@ DropSpot OutlineDrops::spotAt(const QPoint& point) const {
     const int row = geometry.rowAtY(point.y());
     if (row < 0 || row >= view_.rowCount())
         return {};
-    const QRect name = geometry.cellRect(row, Column::Name);
+    const QRect name = geometry.cellRect(row, view_.header().outlineColumn());
     const double fraction = static_cast<double>(point.y() - name.top()) / name.height();
     return targets_.dragging.dropSpot(static_cast<std::size_t>(row), fraction,
                                       (point.x() - name.left()) / geometry.indentation() - 1);

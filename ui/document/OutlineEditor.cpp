@@ -62,14 +62,10 @@ void OutlineEditor::setModelData(QWidget* editor, QAbstractItemModel*, const QMo
         return;
     const auto row = static_cast<std::size_t>(index.row());
     const std::string text = field->text().toStdString();
-    switch (view_.header().columnAt(index.column())) {
-    case Column::Name:
-        return texts_.fields.endNameEdit(row, text);
-    case Column::URL:
-        return texts_.fields.endURLEdit(row, text);
-    case Column::Tags:
-        return texts_.fields.endTagsEdit(row, text);
-    }
+    const Column column = view_.header().columnAt(index.column());
+    column == Column::Name  ? texts_.fields.endNameEdit(row, text)
+    : column == Column::URL ? texts_.fields.endURLEdit(row, text)
+                            : texts_.fields.endTagsEdit(row, text);
 }
 
 QString OutlineEditor::storedText(const QModelIndex& index) const {
@@ -84,11 +80,11 @@ QString OutlineEditor::storedText(const QModelIndex& index) const {
 QRect OutlineEditor::fieldRect(const QModelIndex& index) const {
     const Column column = view_.header().columnAt(index.column());
     QRect area = view_.geometry().textArea(index.row(), column);
-    if (column == Column::Name) {
+    if (column == view_.header().outlineColumn()) {
         const auto row = static_cast<std::size_t>(index.row());
         const CellContent cell = texts_.cells.viewForTableColumn(column, row, true);
         area.setLeft(
-            view_.geometry().nameCell(index.row(), texts_.outline.levelForRow(row), cell).text.left());
+            view_.geometry().outlineCell(index.row(), texts_.cells.treePlace(row).level, cell).text.left());
     }
     return area.adjusted(-kFieldMargin, 0, 0, 0);
 }

@@ -47,9 +47,9 @@ QRect OutlineGeometry::imageRect(int left, const QRect& area) const {
     return {left, area.top() + (area.height() - iconSize_) / 2, iconSize_, iconSize_};
 }
 
-NameCellParts OutlineGeometry::nameCell(int row, int level, const CellContent& cell) const {
-    const QRect area = cellRect(row, Column::Name);
-    NameCellParts parts;
+OutlineCellParts OutlineGeometry::outlineCell(int row, int level, const CellContent& cell) const {
+    const QRect area = cellRect(row, header_.outlineColumn());
+    OutlineCellParts parts;
     const int indent = std::min(indentation() * level, std::max(0, area.width() - kRoomForName));
     int x = area.left() + kLeftMargin + indent;
     parts.triangle = {x, area.top(), iconSize_, area.height()};

@@ -1,7 +1,8 @@
-// The places of rows, cells and the parts of a Name cell in the outline. Nothing is painted here.
+// The places of rows, cells and the parts of an outline cell. Nothing is painted here.
 #pragma once
 
 #include "window/CellContent.h"
+#include "window/OutlineColumns.h"
 
 #include <QFont>
 #include <QRect>
@@ -12,8 +13,9 @@ namespace tabulon {
 
 class OutlineHeader;
 
-/// The places of the parts of a Name cell, in the viewport. A part that the cell does not have is empty.
-struct NameCellParts {
+/// The places of the parts of a cell in the outline column, in the viewport. A part that the cell does not
+/// have is empty.
+struct OutlineCellParts {
     /// As high as the row. A press here expands and collapses a folder.
     QRect triangle;
     /// The square place of the status mark.
@@ -55,9 +57,10 @@ public:
     QRect cellRect(int row, Column column) const;
     /// Returns the part of a cell that is inside its margins.
     QRect textArea(int row, Column column) const;
-    /// Returns the places of the parts of a row's Name cell. `level` is 0 for the top level. Deeper rows are
-    /// indented as long as names keep some room. The time does not depend on the length of the name.
-    NameCellParts nameCell(int row, int level, const CellContent& cell) const;
+    /// Returns the places of the parts of a row's cell in the outline column. `level` is 0 for the top level.
+    /// Deeper rows are indented as long as names keep some room. The time does not depend on the length of
+    /// the name.
+    OutlineCellParts outlineCell(int row, int level, const CellContent& cell) const;
     /// Returns the place of an image that begins at `left` in a row's `area`, in the middle of its height.
     QRect imageRect(int left, const QRect& area) const;
 

@@ -26,6 +26,10 @@ int OutlineHeader::sectionOf(Column column) const {
                             columns_.begin());
 }
 
+Column OutlineHeader::outlineColumn() const {
+    return std::ranges::find(columns_, true, &OutlineColumn::outline)->identifier;
+}
+
 void OutlineHeader::setModel(QAbstractItemModel* model) {
     QHeaderView::setModel(model);
     if (!model)

@@ -2,7 +2,7 @@
 // outline: one of them takes the rest.
 #pragma once
 
-#include "ui/document/OutlineColumns.h"
+#include "window/OutlineColumns.h"
 
 #include <QHeaderView>
 
@@ -29,6 +29,8 @@ public:
     const OutlineColumns& columns() const { return columns_; }
     /// Returns the section of a column. Requires: `columns()` contains it.
     int sectionOf(Column column) const;
+    /// Returns the column with the icons, the indentation and the triangles of the rows.
+    Column outlineColumn() const;
     /// Returns the column of a section.
     Column columnAt(int section) const { return columns_[static_cast<std::size_t>(section)].identifier; }
 

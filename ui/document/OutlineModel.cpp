@@ -1,7 +1,7 @@
 #include "ui/document/OutlineModel.h"
 
 #include "ui/Strings.h"
-#include "window/ViewController.h"
+#include "window/RowSource.h"
 
 namespace tabulon {
 namespace {
@@ -16,9 +16,9 @@ int lastOf(RowRange rows) {
 
 } // namespace
 
-OutlineModel::OutlineModel(ViewController& controller, OutlineColumns columns, QObject* parent)
-    : QAbstractTableModel(parent), controller_(controller), columns_(std::move(columns)),
-      rows_(static_cast<int>(controller.outline().numberOfRows())) {}
+OutlineModel::OutlineModel(const RowSource& source, OutlineColumns columns, QObject* parent)
+    : QAbstractTableModel(parent), source_(source), columns_(std::move(columns)),
+      rows_(static_cast<int>(source.numberOfRows())) {}
 
 int OutlineModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : rows_;
@@ -33,8 +33,7 @@ QVariant OutlineModel::data(const QModelIndex& index, int role) const {
         return {};
     const auto row = static_cast<std::size_t>(index.row());
     if (role == Qt::DisplayRole || role == Qt::AccessibleTextRole)
-        return oneLine(
-            controller_.cells().viewForTableColumn(columnAt(index.column()), row, true).text.string.view());
+        return oneLine(source_.viewForTableColumn(columnAt(index.column()), row, true).text.string.view());
     return {};
 }
 
@@ -43,8 +42,8 @@ Qt::ItemFlags OutlineModel::flags(const QModelIndex& index) const {
     if (index.isValid())
         flags |= Qt::ItemIsDragEnabled;
     if (index.isValid() &&
-        FieldEditing::shouldEdit(columnAt(index.column()),
-                                 controller_.outline().itemAtRow(static_cast<std::size_t>(index.row()))))
+        source_.viewForTableColumn(columnAt(index.column()), static_cast<std::size_t>(index.row()), true)
+            .editable)
         flags |= Qt::ItemIsEditable;
     return flags;
 }
@@ -53,14 +52,14 @@ QVariant OutlineModel::headerData(int section, Qt::Orientation orientation, int 
     if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
         return {};
     if (role == Qt::DisplayRole)
-        return columns_[static_cast<std::size_t>(section)].title;
+        return toQString(columns_[static_cast<std::size_t>(section)].title);
     if (role == Qt::TextAlignmentRole)
         return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
     return {};
 }
 
 void OutlineModel::didReload() {
-    rows_ = static_cast<int>(controller_.outline().numberOfRows());
+    rows_ = static_cast<int>(source_.numberOfRows());
     endResetModel();
 }
 

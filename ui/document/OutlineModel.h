@@ -1,25 +1,24 @@
-// The controller's rows as a flat table: one row for each visible node, and all columns, whether they are
-// shown or not. The depth of a row is not in the model; the view asks the controller for it. A table of this
-// size stays fast, unlike a tree of indexes.
+// The rows of a source as a flat table, with all columns, whether they are shown or not. The depth of a row
+// is not in the model; the view asks the source for it. A table of this size stays fast, unlike a tree of
+// indexes.
 #pragma once
 
-#include "ui/document/OutlineColumns.h"
+#include "window/OutlineColumns.h"
 #include "window/OutlineView.h"
 
 #include <QAbstractTableModel>
 
 namespace tabulon {
 
-class ViewController;
+class RowSource;
 
-/// Returns texts for accessibility, copying and Qt's own use. Cells are painted from the controller's
-/// CellContent.
+/// Returns texts for accessibility, copying and Qt's own use. Cells are painted from CellContent.
 class OutlineModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    /// Requires: the controller outlives this object.
-    OutlineModel(ViewController& controller, OutlineColumns columns, QObject* parent);
+    /// `columns` are those of the source. Requires: the source exists while a view shows this model.
+    OutlineModel(const RowSource& source, OutlineColumns columns, QObject* parent);
 
     /// Returns the number of rows, which changes with the `did` functions below.
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -27,7 +26,7 @@ public:
     int columnCount(const QModelIndex& parent = {}) const override;
     /// Returns the text of a cell in one line, for display and for accessibility.
     QVariant data(const QModelIndex& index, int role) const override;
-    /// Every cell can be dragged. A cell can be edited where FieldEditing allows it.
+    /// Every cell can be dragged. A cell can be edited where its content says so.
     Qt::ItemFlags flags(const QModelIndex& index) const override;
     /// Returns the title of a column and its alignment.
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
@@ -53,9 +52,9 @@ private:
     /// Returns the column of a section.
     Column columnAt(int section) const { return columns_[static_cast<std::size_t>(section)].identifier; }
 
-    ViewController& controller_;
+    const RowSource& source_;
     const OutlineColumns columns_;
-    /// The number of rows that Qt knows of. It differs from the controller's during a change.
+    /// The number of rows that Qt knows of. It differs from the source's during a change.
     int rows_ = 0;
     /// The number of rows of the change that has begun.
     int changing_ = 0;

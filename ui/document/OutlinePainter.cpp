@@ -4,8 +4,7 @@
 #include "ui/Strings.h"
 #include "ui/document/OutlineGeometry.h"
 #include "ui/document/OutlineHeader.h"
-#include "window/Outline.h"
-#include "window/OutlineCells.h"
+#include "window/RowSource.h"
 
 #include <QAbstractScrollArea>
 #include <QPainter>
@@ -54,8 +53,8 @@ void OutlinePainter::paintRow(QPainter& painter, int row, const RowLook& look) c
         painter.drawRect(area.adjusted(0, 0, -1, -1));
     }
     for (const Column column : parts_.header.shownColumns()) {
-        if (column == Column::Name)
-            paintNameCell(painter, row, look);
+        if (column == parts_.header.outlineColumn())
+            paintOutlineCell(painter, row, look);
         else
             paintTextCell(painter, row, column, look);
     }
@@ -63,7 +62,7 @@ void OutlinePainter::paintRow(QPainter& painter, int row, const RowLook& look) c
 
 void OutlinePainter::paintTextCell(QPainter& painter, int row, Column column, const RowLook& look) const {
     const CellContent cell =
-        parts_.cells.viewForTableColumn(column, static_cast<std::size_t>(row), look.selected);
+        parts_.source.viewForTableColumn(column, static_cast<std::size_t>(row), look.selected);
     paintText(painter, parts_.geometry.textArea(row, column), cell.text, secondaryTextColor(cell.text, look));
 }
 
@@ -73,34 +72,35 @@ void OutlinePainter::paintSeparator(QPainter& painter, const QRect& area, int le
     painter.fillRect(QRect(left, area.center().y(), right - left, 1), color);
 }
 
-void OutlinePainter::paintNameCell(QPainter& painter, int row, const RowLook& look) const {
+void OutlinePainter::paintOutlineCell(QPainter& painter, int row, const RowLook& look) const {
     const auto number = static_cast<std::size_t>(row);
-    const CellContent cell = parts_.cells.viewForTableColumn(Column::Name, number, look.selected);
-    const NameCellParts places = parts_.geometry.nameCell(row, parts_.outline.levelForRow(number), cell);
-    const QRect area = parts_.geometry.cellRect(row, Column::Name);
+    const Column column = parts_.header.outlineColumn();
+    const CellContent cell = parts_.source.viewForTableColumn(column, number, look.selected);
+    const TreePlace place = parts_.source.treePlace(number);
+    const OutlineCellParts parts = parts_.geometry.outlineCell(row, place.level, cell);
+    const QRect area = parts_.geometry.cellRect(row, column);
     const QColor base = color(QPalette::Base);
     const QColor shown = textColor(cell.text, look);
     if (cell.kind == CellKind::Separator)
-        return paintSeparator(painter, area, places.icon.left(),
+        return paintSeparator(painter, area, parts.icon.left(),
                               look.selected ? shown : mixedColor(shown, base, kLineFaintness));
     painter.save();
     painter.setClipRect(area);
-    const Bookmark& item = parts_.outline.itemAtRow(number);
-    if (item.isFolder()) {
+    if (place.isFolder) {
         const QColor faint =
             mixedColor(look.selected ? shown : color(QPalette::Text),
                        look.selected ? color(QPalette::Highlight) : base, kTriangleFaintness);
-        paintTriangle(painter, places.triangle, item.showHier(), faint);
+        paintTriangle(painter, parts.triangle, place.isExpanded, faint);
     }
-    paintImage(painter, places.status, cell.statusImage);
+    paintImage(painter, parts.status, cell.statusImage);
     if (look.selected && look.colors == QPalette::Active)
-        paintTintedImage(painter, places.icon, cell.icon, shown);
+        paintTintedImage(painter, parts.icon, cell.icon, shown);
     else
-        paintImage(painter, places.icon, cell.icon);
-    paintText(painter, places.text, cell.text, shown);
-    paintImage(painter, places.indicator, cell.indicatorImage);
+        paintImage(painter, parts.icon, cell.icon);
+    paintText(painter, parts.text, cell.text, shown);
+    paintImage(painter, parts.indicator, cell.indicatorImage);
     if (cell.labelMark)
-        labelSwatch(*cell.labelMark).paint(&painter, places.labelMark);
+        labelSwatch(*cell.labelMark).paint(&painter, parts.labelMark);
     painter.restore();
 }
 
@@ -189,7 +189,7 @@ void OutlinePainter::paintDropSpot(QPainter& painter, const DropSpot& spot) cons
         return;
     }
     const QRect below = geometry.rowRect(static_cast<int>(*spot.row));
-    const QRect name = geometry.cellRect(0, Column::Name);
+    const QRect name = geometry.cellRect(0, parts_.header.outlineColumn());
     const int indent = geometry.indentation() * (spot.level + 1);
     const int x = name.left() + std::min(indent, std::max(0, name.width() - geometry.iconSize()));
     painter.drawEllipse(QPoint(x, below.top()), 3, 3);
@@ -202,8 +202,9 @@ QPixmap OutlinePainter::pictureOfRows(const RowSet& rows) const {
         for (std::size_t i = 0; i < range.count && shown.size() < kMostRowsInPicture; ++i)
             shown.push_back(range.first + i);
     const int height = parts_.geometry.rowHeight();
-    const QSize size(std::min(kWidestPicture, parts_.geometry.cellRect(0, Column::Name).width()),
-                     height * static_cast<int>(shown.size()));
+    const QSize size(
+        std::min(kWidestPicture, parts_.geometry.cellRect(0, parts_.header.outlineColumn()).width()),
+        height * static_cast<int>(shown.size()));
     const double ratio = parts_.area.devicePixelRatioF();
     QPixmap picture(size * ratio);
     picture.setDevicePixelRatio(ratio);
@@ -220,7 +221,7 @@ QPixmap OutlinePainter::pictureOfRows(const RowSet& rows) const {
 }
 
 void OutlinePainter::paintDraggedRow(QPainter& painter, std::size_t row, const QRect& area) const {
-    const CellContent cell = parts_.cells.viewForTableColumn(Column::Name, row, true);
+    const CellContent cell = parts_.source.viewForTableColumn(parts_.header.outlineColumn(), row, true);
     const QColor text = color(QPalette::HighlightedText);
     painter.fillRect(area, color(QPalette::Highlight));
     if (cell.kind == CellKind::Separator)

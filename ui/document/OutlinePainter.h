@@ -18,10 +18,9 @@ class QPainter;
 
 namespace tabulon {
 
-class Outline;
-class OutlineCells;
 class OutlineGeometry;
 class OutlineHeader;
+class RowSource;
 
 /// How a row is painted, besides its content.
 struct RowLook {
@@ -44,27 +43,26 @@ public:
         const OutlineHeader& header;
         /// Has the places.
         const OutlineGeometry& geometry;
-        /// Has the items and their levels.
-        const Outline& outline;
         /// Has what the cells show.
-        const OutlineCells& cells;
+        const RowSource& source;
     };
 
     /// Requires: the parts outlive this object.
     explicit OutlinePainter(const Parts& parts) : parts_(parts) {}
 
     /// Paints a row in all columns that are shown. The time does not depend on the lengths of the texts.
-    /// Requires: the outline has the row.
+    /// Requires: the source has the row.
     void paintRow(QPainter& painter, int row, const RowLook& look) const;
     /// Paints the mark of a drop's place: a frame around its row or all rows, or a line between two rows.
     void paintDropSpot(QPainter& painter, const DropSpot& spot) const;
-    /// Returns the picture that follows the pointer during a drag: the names of the first eight rows at most,
-    /// one below the other, each with its icon. Requires: `rows` is not empty.
+    /// Returns the picture that follows the pointer during a drag: the texts of the first eight rows at most
+    /// in the outline column, one below the other, each with its icon. Requires: `rows` is not empty.
     QPixmap pictureOfRows(const RowSet& rows) const;
 
 private:
-    /// Paints the triangle, the images and the text of a Name cell, or the line of a separator.
-    void paintNameCell(QPainter& painter, int row, const RowLook& look) const;
+    /// Paints the triangle, the images and the text of a cell in the outline column, or the line of a
+    /// separator.
+    void paintOutlineCell(QPainter& painter, int row, const RowLook& look) const;
     /// Paints the text of a cell in another column.
     void paintTextCell(QPainter& painter, int row, Column column, const RowLook& look) const;
     /// Paints the line of a separator from `left` to the end of `area`.
@@ -87,8 +85,8 @@ private:
     const QIcon& icon(std::string_view name) const;
     /// Returns a colour of the area's palette.
     QColor color(QPalette::ColorRole role) const;
-    /// Returns the colour of a text in the Name column: that of its label, or that of a selection if the row
-    /// is selected.
+    /// Returns the colour of a text in the outline column: that of its label, or that of a selection if the
+    /// row is selected.
     QColor textColor(const ColoredText& text, const RowLook& look) const;
     /// Returns the colour of a text in the other columns, which is fainter unless the text has a label's
     /// colour or the row is selected.

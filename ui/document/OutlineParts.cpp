@@ -2,14 +2,13 @@
 
 #include "ui/Strings.h"
 #include "ui/document/OutlineHeader.h"
-#include "window/ViewController.h"
 
 #include <algorithm>
 
 namespace tabulon {
 
 bool OutlinePart::isColumnShown() const {
-    return outline_ && outline_->controller() &&
+    return outline_ && outline_->model() &&
            std::ranges::count(outline_->header().shownColumns(), column_) > 0;
 }
 
@@ -36,6 +35,10 @@ QRect OutlineTitle::rect() const {
     return {header.mapToGlobal(corner), QSize(header.sectionSize(section()), header.height())};
 }
 
+OutlineCell::OutlineCell(OutlineSourceView* outline, int row, Column column)
+    : OutlinePart(outline, column), row_(row), inOutlineColumn_(column == outline->header().outlineColumn()) {
+}
+
 bool OutlineCell::isValid() const {
     return isColumnShown() && row_ < outline_->model()->rowCount();
 }
@@ -45,15 +48,11 @@ QModelIndex OutlineCell::index() const {
 }
 
 CellContent OutlineCell::content() const {
-    return outline_->controller()->cells().viewForTableColumn(column(), static_cast<std::size_t>(row_), true);
+    return outline_->source().viewForTableColumn(column(), static_cast<std::size_t>(row_), true);
 }
 
-const Bookmark& OutlineCell::item() const {
-    return outline_->controller()->outline().itemAtRow(static_cast<std::size_t>(row_));
-}
-
-bool OutlineCell::isFolder() const {
-    return column() == Column::Name && item().isFolder();
+TreePlace OutlineCell::tree() const {
+    return inOutlineColumn_ ? outline_->source().treePlace(static_cast<std::size_t>(row_)) : TreePlace();
 }
 
 QList<QAccessibleInterface*> OutlineCell::columnHeaderCells() const {
@@ -71,7 +70,7 @@ void* OutlineCell::interface_cast(QAccessible::InterfaceType type) {
 QAccessible::Role OutlineCell::role() const {
     if (isValid() && content().kind == CellKind::Separator)
         return QAccessible::Separator;
-    return column() == Column::Name ? QAccessible::TreeItem : QAccessible::Cell;
+    return inOutlineColumn_ ? QAccessible::TreeItem : QAccessible::Cell;
 }
 
 QAccessible::State OutlineCell::state() const {
@@ -84,11 +83,11 @@ QAccessible::State OutlineCell::state() const {
     state.focusable = true;
     state.multiSelectable = true;
     state.selected = isSelected();
-    state.focused =
-        outline_->hasFocus() && outline_->currentIndex().row() == row_ && column() == Column::Name;
-    state.expandable = isFolder();
-    state.expanded = isFolder() && item().showHier();
-    state.collapsed = isFolder() && !item().showHier();
+    state.focused = outline_->hasFocus() && outline_->currentIndex().row() == row_ && inOutlineColumn_;
+    const TreePlace place = tree();
+    state.expandable = place.isFolder;
+    state.expanded = place.isExpanded;
+    state.collapsed = place.isFolder && !place.isExpanded;
     state.offscreen = !outline_->viewport()->rect().intersects(outline_->visualRect(index()));
     state.invisible = state.offscreen;
     return state;
@@ -117,7 +116,7 @@ bool OutlineCell::isSelected() const {
 
 QStringList OutlineCell::actionNames() const {
     QStringList names;
-    if (isValid() && isFolder())
+    if (isValid() && tree().isFolder)
         names << QAccessibleActionInterface::toggleAction();
     if (isValid())
         names << QAccessibleActionInterface::setFocusAction();

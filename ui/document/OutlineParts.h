@@ -1,22 +1,20 @@
 // The parts of the outline for screen readers: the titles of its columns and its cells.
 #pragma once
 
-#include "ui/document/OutlineWidget.h"
-#include "window/CellContent.h"
+#include "ui/document/OutlineSourceView.h"
+#include "window/RowSource.h"
 
 #include <QAccessible>
 #include <QPointer>
 
 namespace tabulon {
 
-class Bookmark;
-
 /// What titles and cells have in common: they have no children and cannot be changed. A part may outlive its
 /// row or column. It is not valid then, and its texts are empty.
 class OutlinePart : public QAccessibleInterface {
 public:
     /// `outline` is not owned, and may be destroyed before this object.
-    OutlinePart(OutlineWidget* outline, Column column) : outline_(outline), column_(column) {}
+    OutlinePart(OutlineSourceView* outline, Column column) : outline_(outline), column_(column) {}
 
     /// Returns the column of the part.
     Column column() const { return column_; }
@@ -34,7 +32,7 @@ public:
     void setText(QAccessible::Text, const QString&) override {}
 
 protected:
-    /// Returns whether the outline exists, is attached to its controller and shows the column. Linear in the
+    /// Returns whether the outline exists, is attached to its source and shows the column. Linear in the
     /// number of columns.
     bool isColumnShown() const;
     /// Returns the number of shown columns to the left of this one; the number of all shown columns if this
@@ -44,14 +42,14 @@ protected:
     int section() const;
 
     /// `nullptr` after the outline was destroyed.
-    const QPointer<OutlineWidget> outline_;
+    const QPointer<OutlineSourceView> outline_;
 
 private:
     const Column column_;
 };
 
 /// The title of a column. It is valid while the column is shown and the outline is attached to its
-/// controller.
+/// source.
 class OutlineTitle : public OutlinePart {
 public:
     using OutlinePart::OutlinePart;
@@ -66,20 +64,20 @@ public:
     QRect rect() const override;
 };
 
-/// A cell. The cell in the Name column also represents the row: it can be expanded and collapsed, and its
-/// description is the tool tip of the indicator beside the name.
+/// A cell. The cell in the outline column also represents the row: it can be expanded and collapsed, and its
+/// description is the tool tip of the indicator beside the text.
 class OutlineCell : public OutlinePart,
                     public QAccessibleTableCellInterface,
                     public QAccessibleActionInterface {
 public:
     /// Creates the cell of this row and column, which need not exist. `outline` is not owned.
-    OutlineCell(OutlineWidget* outline, int row, Column column) : OutlinePart(outline, column), row_(row) {}
+    OutlineCell(OutlineSourceView* outline, int row, Column column);
 
     /// Returns whether the column is shown and the outline has the row.
     bool isValid() const override;
     /// Returns the interface of cells or of actions of this object, or `nullptr` for another type.
     void* interface_cast(QAccessible::InterfaceType type) override;
-    /// Returns TreeItem for the Name column, Separator for that of a separator, else Cell.
+    /// Returns TreeItem for the outline column, Separator for that of a separator, else Cell.
     QAccessible::Role role() const override;
     /// Returns the state of the row, with `invalid` if the cell is not valid.
     QAccessible::State state() const override;
@@ -115,13 +113,13 @@ private:
     QModelIndex index() const;
     /// Returns what the cell shows. Requires: isValid().
     CellContent content() const;
-    /// Returns the node of the row, which is owned by its folder. Requires: isValid().
-    const Bookmark& item() const;
-    /// Returns whether the cell represents a folder's row. Requires: isValid().
-    bool isFolder() const;
+    /// Returns the triangle of the cell, none in another column than the outline column. Requires: isValid().
+    TreePlace tree() const;
 
     /// The number of the row when the cell was created. It does not follow the row.
     const int row_;
+    /// Whether the cell represents the row.
+    const bool inOutlineColumn_;
 };
 
 } // namespace tabulon

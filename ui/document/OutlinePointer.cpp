@@ -3,10 +3,7 @@
 #include "ui/Strings.h"
 #include "ui/document/OutlineHeader.h"
 #include "ui/document/OutlineRowsView.h"
-#include "window/Outline.h"
-#include "window/OutlineCells.h"
-
-#include <QMouseEvent>
+#include "window/RowSource.h"
 
 namespace tabulon {
 
@@ -17,27 +14,13 @@ std::optional<std::size_t> OutlinePointer::rowAt(const QPoint& point) const {
 
 std::optional<std::size_t> OutlinePointer::triangleAt(const QPoint& point) const {
     const QModelIndex index = view_.indexAt(point);
-    if (!index.isValid() || view_.header().columnAt(index.column()) != Column::Name)
+    if (!index.isValid() || view_.header().columnAt(index.column()) != view_.header().outlineColumn())
         return std::nullopt;
     const auto row = static_cast<std::size_t>(index.row());
-    const NameCellParts places = view_.geometry().nameCell(index.row(), outline_.levelForRow(row), {});
-    const bool hit = outline_.itemAtRow(row).isFolder() && places.triangle.contains(point);
+    const TreePlace place = source_.treePlace(row);
+    const OutlineCellParts parts = view_.geometry().outlineCell(index.row(), place.level, {});
+    const bool hit = place.isFolder && parts.triangle.contains(point);
     return hit ? std::optional(row) : std::nullopt;
-}
-
-bool OutlinePointer::pressTriangle(const QMouseEvent& event) {
-    if (event.button() != Qt::LeftButton)
-        return false;
-    const std::optional<std::size_t> row = triangleAt(event.position().toPoint());
-    if (!row)
-        return false;
-    Bookmark& item = outline_.itemAtRow(*row);
-    const bool withChildren = event.modifiers().testFlag(Qt::AltModifier);
-    if (item.showHier())
-        withChildren ? outline_.collapseItemWithChildren(item) : outline_.collapseItem(item);
-    else
-        withChildren ? outline_.expandItemWithChildren(item) : outline_.expandItem(item);
-    return true;
 }
 
 QString OutlinePointer::toolTipAt(const QPoint& point) const {
@@ -47,17 +30,18 @@ QString OutlinePointer::toolTipAt(const QPoint& point) const {
     const auto row = static_cast<std::size_t>(index.row());
     const Column column = view_.header().columnAt(index.column());
     const bool selected = view_.selectionModel()->isSelected(index);
-    const CellContent cell = cells_.viewForTableColumn(column, row, selected);
+    const CellContent cell = source_.viewForTableColumn(column, row, selected);
     QRect textRect = view_.geometry().textArea(index.row(), column);
-    if (cell.kind == CellKind::NameView) {
-        const NameCellParts places = view_.geometry().nameCell(index.row(), outline_.levelForRow(row), cell);
-        if (places.icon.contains(point) && !cell.iconToolTip.isEmpty())
+    if (column == view_.header().outlineColumn() && cell.kind == CellKind::NameView) {
+        const OutlineCellParts parts =
+            view_.geometry().outlineCell(index.row(), source_.treePlace(row).level, cell);
+        if (parts.icon.contains(point) && !cell.iconToolTip.isEmpty())
             return toolTipText(cell.iconToolTip.view());
-        if (places.indicator.contains(point) && !cell.indicatorToolTip.isEmpty())
+        if (parts.indicator.contains(point) && !cell.indicatorToolTip.isEmpty())
             return toolTipText(cell.indicatorToolTip.view());
-        textRect = places.text;
+        textRect = parts.text;
     }
-    if (const Text tip = cells_.toolTipForCell(column, row); !tip.isEmpty())
+    if (const Text tip = source_.toolTipForCell(column, row); !tip.isEmpty())
         return toolTipText(tip.view());
     const QString line = oneLine(cell.text.string.view(), textRect.width());
     const bool cut = view_.fontMetrics().horizontalAdvance(line) > textRect.width();

@@ -6,38 +6,31 @@
 #include <cstddef>
 #include <optional>
 
-class QMouseEvent;
 class QPoint;
 
 namespace tabulon {
 
-class Outline;
-class OutlineCells;
 class OutlineRowsView;
+class RowSource;
 
 /// Points are in the viewport. Requires: the view has a model while a function is called.
 class OutlinePointer {
 public:
     /// Requires: the arguments outlive this object.
-    OutlinePointer(const OutlineRowsView& view, Outline& outline, const OutlineCells& cells)
-        : view_(view), outline_(outline), cells_(cells) {}
+    OutlinePointer(const OutlineRowsView& view, const RowSource& source) : view_(view), source_(source) {}
 
     /// Returns the row at this point, or `nullopt` if there is none.
     std::optional<std::size_t> rowAt(const QPoint& point) const;
     /// Returns the row of the folder whose triangle is at this point, or `nullopt` if there is none. The area
     /// of a triangle is as high as the row.
     std::optional<std::size_t> triangleAt(const QPoint& point) const;
-    /// Expands or collapses the folder whose triangle the left button is pressed on, with Alt together with
-    /// everything below it. Returns false and does nothing if there is no triangle.
-    bool pressTriangle(const QMouseEvent& event);
     /// Returns the tool tip at this point, as escaped rich text: that of the image under it, else that of the
     /// cell, else the cell's text if it is cut off. Empty if there is none.
     QString toolTipAt(const QPoint& point) const;
 
 private:
     const OutlineRowsView& view_;
-    Outline& outline_;
-    const OutlineCells& cells_;
+    const RowSource& source_;
 };
 
 } // namespace tabulon

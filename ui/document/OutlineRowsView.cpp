@@ -39,9 +39,34 @@ void OutlineRowsView::setRowFont(const QFont& font, int rowHeight) {
     viewport()->update();
 }
 
+RowSet OutlineRowsView::selectedRowSet() const {
+    std::vector<RowRange> ranges;
+    for (const QItemSelectionRange& range : selectionModel()->selection())
+        ranges.push_back({static_cast<std::size_t>(range.top()), static_cast<std::size_t>(range.height())});
+    std::ranges::sort(ranges, {}, &RowRange::first);
+    RowSet rows;
+    for (const RowRange& range : ranges) {
+        if (!rows.empty() && rows.back().first + rows.back().count >= range.first)
+            rows.back().count = std::max(rows.back().count, range.first + range.count - rows.back().first);
+        else
+            rows.push_back(range);
+    }
+    return rows;
+}
+
 void OutlineRowsView::goToRow(std::size_t row) {
-    selectionModel()->setCurrentIndex(indexOfRow(static_cast<int>(row)),
-                                      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    const int number = static_cast<int>(row);
+    selectionModel()->select(indexOfRow(number),
+                             QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    makeCurrent(number);
+}
+
+// Only this function of Qt sets the row from which Shift extends. In this mode it does not select.
+void OutlineRowsView::makeCurrent(int row) {
+    const SelectionMode mode = selectionMode();
+    setSelectionMode(NoSelection);
+    setCurrentIndex(indexOfRow(row));
+    setSelectionMode(mode);
 }
 
 QRect OutlineRowsView::visualRect(const QModelIndex& index) const {

@@ -2,8 +2,9 @@
 // the selection by mouse and keys. It does not know what the rows show.
 #pragma once
 
-#include "ui/document/OutlineColumns.h"
 #include "ui/document/OutlineGeometry.h"
+#include "window/OutlineColumns.h"
+#include "window/OutlineView.h"
 
 #include <QAbstractItemView>
 
@@ -38,6 +39,9 @@ public:
     int rowCount() const { return model() ? model()->rowCount() : 0; }
     /// Returns the index of the row's first cell. Requires: the view has a model.
     QModelIndex indexOfRow(int row) const { return model()->index(row, 0); }
+    /// Returns the selected rows. Sorts the ranges of the selection; the time does not depend on the number
+    /// of rows in them. Requires: the view has a model.
+    RowSet selectedRowSet() const;
     /// Selects the row alone, makes it the current one and scrolls to it. Requires: the row exists.
     void goToRow(std::size_t row);
 
@@ -57,6 +61,9 @@ protected:
     /// Both offsets are in pixels, from the beginning of all columns and rows.
     int horizontalOffset() const override;
     int verticalOffset() const override;
+    /// Makes the row the current one, from which the keys with Shift extend the selection. Does not change
+    /// the selection.
+    void makeCurrent(int row);
     bool isIndexHidden(const QModelIndex&) const override { return false; }
     /// Selects the rows that the rectangle of the viewport touches, as a single range.
     void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;

@@ -1,7 +1,6 @@
 // Construction of the outline, the functions of OutlineView, the selection, and editing in place.
 #include "ui/document/OutlineWidget.h"
 
-#include "ui/document/OutlineAccessible.h"
 #include "ui/document/OutlineEditor.h"
 #include "ui/document/OutlineHeader.h"
 #include "ui/document/OutlineModel.h"
@@ -21,41 +20,19 @@ constexpr double kLargestFont = 500; // limits of the settings
 constexpr double kLargestRow = 1000;
 constexpr double kLargestColumn = 10000;
 
-RowSet toRowSet(const QItemSelection& selection) {
-    std::vector<RowRange> ranges;
-    for (const QItemSelectionRange& range : selection)
-        ranges.push_back({static_cast<std::size_t>(range.top()), static_cast<std::size_t>(range.height())});
-    std::ranges::sort(ranges, {}, &RowRange::first);
-    RowSet rows;
-    for (const RowRange& range : ranges) {
-        if (!rows.empty() && rows.back().first + rows.back().count >= range.first)
-            rows.back().count = std::max(rows.back().count, range.first + range.count - rows.back().first);
-        else
-            rows.push_back(range);
-    }
-    return rows;
-}
-
 } // namespace
 
-OutlineWidget::OutlineWidget(ViewController& controller, const QStringList& columnTitles, QWidget* parent)
-    : OutlineRowsView(documentColumns(columnTitles), parent), controller_(&controller),
-      rows_(new OutlineModel(controller, header().columns(), this)),
-      painter_({*this, header(), geometry(), controller.outline(), controller.cells()}),
+OutlineWidget::OutlineWidget(ViewController& controller, QWidget* parent)
+    : OutlineSourceView(controller.cells(), parent), controller_(&controller),
       drops_(*this, {controller.outline(), controller.dragging(), controller.items()}),
       keys_(*this,
-            {controller.outline(), controller.editing(), controller.expanding(), controller.finding()}),
-      pointer_(*this, controller.outline(), controller.cells()) {
-    installOutlineAccessibility();
+            {controller.outline(), controller.editing(), controller.expanding(), controller.finding()}) {
     setObjectName("outline");
-    setEditTriggers(NoEditTriggers);
     setItemDelegate(
         new OutlineEditor(*this, {controller.outline(), controller.cells(), controller.fields()}));
     connect(&drops_, &OutlineDrops::markChanged, viewport(), qOverload<>(&QWidget::update));
-    setMouseTracking(true);
     setDragEnabled(true);
     setAcceptDrops(true);
-    showModel(rows_);
     connectHeader();
     applyFont();
 }
@@ -78,7 +55,7 @@ void OutlineWidget::connectHeader() {
 
 void OutlineWidget::detach() {
     controller_ = nullptr;
-    showModel(nullptr);
+    OutlineSourceView::detach();
 }
 
 double OutlineWidget::pixelsPerPoint() const {
@@ -124,22 +101,22 @@ void OutlineWidget::willReloadData() {
     endEditing();              // before the field is destroyed with what was typed
     drops_.mark(std::nullopt); // its item may be removed
     ++changesOfController_;
-    rows_->willReload();
+    rowModel().willReload();
 }
 
 void OutlineWidget::didReloadData() {
-    rows_->didReload();
+    rowModel().didReload();
     --changesOfController_;
     updateGeometries();
 }
 
 void OutlineWidget::willInsertRows(RowRange rows) {
     ++changesOfController_;
-    rows_->willInsert(rows);
+    rowModel().willInsert(rows);
 }
 
 void OutlineWidget::didInsertRows() {
-    rows_->didInsert();
+    rowModel().didInsert();
     --changesOfController_;
     updateGeometries();
     viewport()->update();
@@ -149,7 +126,7 @@ void OutlineWidget::willRemoveRows(RowRange rows) {
     ++changesOfController_;
     drops_.mark(std::nullopt);
     moveCursorFrom(static_cast<int>(rows.first), static_cast<int>(rows.first + rows.count) - 1);
-    rows_->willRemove(rows);
+    rowModel().willRemove(rows);
 }
 
 // Qt would make the row above the current one, and scroll to its place before the rows are removed.
@@ -169,7 +146,7 @@ int OutlineWidget::rowInPlaceOf(int first, int last) const {
     const auto parentOf = [this](int row) {
         return controller_->outline().itemAtRow(static_cast<std::size_t>(row)).getParent();
     };
-    const bool hasNext = last + 1 < rows_->rowCount();
+    const bool hasNext = last + 1 < rowCount();
     const bool hasFolderAbove = first > 0 && parentOf(first) == &controller_->outline().itemAtRow(
                                                                     static_cast<std::size_t>(first) - 1);
     const bool isWholeFolder = hasFolderAbove && !(hasNext && parentOf(last + 1) == parentOf(first));
@@ -177,25 +154,24 @@ int OutlineWidget::rowInPlaceOf(int first, int last) const {
 }
 
 void OutlineWidget::didRemoveRows() {
-    rows_->didRemove();
+    rowModel().didRemove();
     --changesOfController_;
     updateGeometries();
     viewport()->update();
 }
 
 void OutlineWidget::reloadRows(RowRange rows) {
-    rows_->didChange(rows);
+    rowModel().didChange(rows);
     if (!QAccessible::isActive())
         return;
     QAccessible::State changed;
     changed.expanded = true;
     QAccessibleStateChangeEvent event(this, changed);
-    event.setChild(accessibleChild(*this, static_cast<int>(rows.first), Column::Name));
-    QAccessible::updateAccessibility(&event);
+    reportToScreenReader(event, static_cast<int>(rows.first));
 }
 
 RowSet OutlineWidget::selectedRows() const {
-    return toRowSet(selectionModel()->selection());
+    return selectedRowSet();
 }
 
 std::optional<std::size_t> OutlineWidget::selectedRow() const {
@@ -209,21 +185,20 @@ std::optional<std::size_t> OutlineWidget::selectedRow() const {
 
 void OutlineWidget::selectRows(const RowSet& rows) {
     const QScopedValueRollback change(changesOfController_, changesOfController_ + 1);
-    const int lastColumn = rows_->columnCount() - 1;
+    const int lastColumn = rowModel().columnCount() - 1;
     QItemSelection selection;
     for (const RowRange& range : rows)
-        selection.append(
-            QItemSelectionRange(rows_->index(static_cast<int>(range.first), 0),
-                                rows_->index(static_cast<int>(range.first + range.count) - 1, lastColumn)));
-    if (!rows.empty() && !(currentIndex().isValid() && selection.contains(currentIndex())))
-        selectionModel()->setCurrentIndex(indexOfRow(selection.last().bottom()),
-                                          QItemSelectionModel::NoUpdate);
+        selection.append(QItemSelectionRange(
+            rowModel().index(static_cast<int>(range.first), 0),
+            rowModel().index(static_cast<int>(range.first + range.count) - 1, lastColumn)));
+    if (!rows.empty())
+        makeCurrent(selection.contains(currentIndex()) ? currentIndex().row() : selection.last().bottom());
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
 void OutlineWidget::selectAll() {
     const QScopedValueRollback change(changesOfController_, changesOfController_ + 1);
-    OutlineRowsView::selectAll();
+    OutlineSourceView::selectAll();
 }
 
 void OutlineWidget::scrollRowToVisible(std::size_t row) {
@@ -234,7 +209,7 @@ void OutlineWidget::editCell(Column column, std::size_t row) {
     // While a mouse button is held the user selects or drags.
     if (QApplication::mouseButtons() != Qt::NoButton)
         return;
-    const QModelIndex index = rows_->index(static_cast<int>(row), header().sectionOf(column));
+    const QModelIndex index = rowModel().index(static_cast<int>(row), header().sectionOf(column));
     endEditing();
     scrollTo(index);
     edited_ = index;
@@ -273,7 +248,7 @@ std::optional<Column> OutlineWidget::columnUnderPointer() const {
 // Tab moves from the name to the URL and back.
 void OutlineWidget::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
     const QPersistentModelIndex edited = edited_;
-    OutlineRowsView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+    OutlineSourceView::closeEditor(editor, QAbstractItemDelegate::NoHint);
     const bool goesOn =
         hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem;
     if (!goesOn || !edited.isValid() || !controller_)
@@ -285,30 +260,10 @@ void OutlineWidget::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditH
 }
 
 void OutlineWidget::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
-    OutlineRowsView::selectionChanged(selected, deselected);
     if (controller_)
         controller_->outline().selectionDidChange(changesOfController_ > 0 ? SelectedBy::Program
                                                                            : SelectedBy::User);
-    notifyAccessibility(QAccessible::SelectionAdd, selected);
-    notifyAccessibility(QAccessible::SelectionRemove, deselected);
-}
-
-void OutlineWidget::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    OutlineRowsView::currentChanged(current, previous);
-    notifyAccessibility(QAccessible::Focus, QItemSelection(current, current));
-}
-
-// Reports the first row only to screen readers.
-void OutlineWidget::notifyAccessibility(QAccessible::Event type, const QItemSelection& items) {
-    if (!QAccessible::isActive() || !controller_ || items.isEmpty() || !items.first().isValid())
-        return;
-    QAccessibleEvent event(this, type);
-    event.setChild(accessibleChild(*this, items.first().top(), Column::Name));
-    QAccessible::updateAccessibility(&event);
-}
-
-bool OutlineWidget::rowIsSelected(int row) const {
-    return selectionModel()->isSelected(indexOfRow(row));
+    OutlineSourceView::selectionChanged(selected, deselected);
 }
 
 } // namespace tabulon

@@ -1,35 +1,30 @@
-// The outline in a document window: the view of the rows of its controller. It composes the classes for
-// places, painting, keys, the pointer, drops and fields, and passes the events of Qt to them.
+// The outline in a document window: the view of the rows of its controller. It adds to
+// the view of a source the keys, drops and fields of a document, and passes the events of Qt to them.
 #pragma once
 
 #include "ui/document/OutlineDrops.h"
 #include "ui/document/OutlineKeys.h"
-#include "ui/document/OutlinePainter.h"
-#include "ui/document/OutlinePointer.h"
-#include "ui/document/OutlineRowsView.h"
+#include "ui/document/OutlineSourceView.h"
 #include "window/OutlineView.h"
 
-#include <QAccessible>
 #include <QPersistentModelIndex>
 
 #include <optional>
 
 namespace tabulon {
 
-class OutlineModel;
 class ViewController;
 
 /// The view of the rows. It reports what the user does to the controller, and makes no decisions.
-class OutlineWidget : public OutlineRowsView, public OutlineView {
+class OutlineWidget : public OutlineSourceView, public OutlineView {
     Q_OBJECT
 
 public:
-    /// `columnTitles` are those of Name, URL and Tags. `parent` owns the widget. Requires: the controller
-    /// exists until `detach` is called.
-    OutlineWidget(ViewController& controller, const QStringList& columnTitles, QWidget* parent);
+    /// `parent` owns the widget. Requires: the controller exists until `detach` is called.
+    OutlineWidget(ViewController& controller, QWidget* parent);
 
     /// Detaches the view from the controller, and shows no rows after that.
-    void detach();
+    void detach() override;
 
     /// Returns the controller, or `nullptr` after `detach`.
     ViewController* controller() const { return controller_; }
@@ -37,7 +32,7 @@ public:
     OutlineDrops& drops() { return drops_; }
     /// Expands a collapsed folder and collapses an expanded one. Does nothing for other rows. Requires: the
     /// row exists, and `detach` was not called.
-    void toggleRow(std::size_t row) { keys_.toggleRow(row); }
+    void toggleRow(std::size_t row) override { keys_.toggleRow(row); }
 
     /// Called when the context menu was closed. Commands act on the selected rows again.
     void contextMenuDidClose();
@@ -55,7 +50,6 @@ public:
     void didRemoveRows() override;
     /// Reports the first of the rows to screen readers.
     void reloadRows(RowRange rows) override;
-    /// Sorts the ranges of the selection. The time does not depend on the number of rows in them.
     RowSet selectedRows() const override;
     std::optional<std::size_t> selectedRow() const override;
     void selectRows(const RowSet& rows) override;
@@ -94,17 +88,12 @@ signals:
 protected:
     /// Closes the field. If Tab has ended it, edits the URL after a name, or else the name.
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
-    /// Reports the selection to the controller, and to screen readers.
+    /// Reports the selection to the controller.
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
-    /// Reports the current row to screen readers.
-    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     /// Takes over a new font of the application or a new style.
     void changeEvent(QEvent* event) override;
-    /// Paints the rows that the event concerns, and the mark of a drop's place. Paints no rows after
-    /// `detach`.
+    /// Paints also the mark of a drop's place.
     void paintEvent(QPaintEvent* event) override;
-    /// Shows the tool tip when it is requested.
-    bool viewportEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     /// Keeps the selection for the right button. A press on a triangle expands or collapses its folder and
     /// selects nothing.
@@ -126,8 +115,9 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    /// Reports the event to screen readers, for the first of the items.
-    void notifyAccessibility(QAccessible::Event type, const QItemSelection& items);
+    /// Expands or collapses the folder whose triangle the left button is pressed on, with Alt together with
+    /// everything below it. Returns false and does nothing if there is no triangle.
+    bool pressTriangle(const QMouseEvent& event);
     /// Connects the header's signals to the controller.
     void connectHeader();
     /// Computes the font, the height of the rows and the size of images from the settings.
@@ -138,17 +128,11 @@ private:
     void moveCursorFrom(int first, int last);
     /// Returns the row that becomes the current one then, or -1.
     int rowInPlaceOf(int first, int last) const;
-    /// Returns whether the row is selected.
-    bool rowIsSelected(int row) const;
 
     /// `nullptr` after `detach`. The members below refer to its parts and do not use them after that.
     ViewController* controller_;
-    /// Owned by this widget.
-    OutlineModel* rows_;
-    const OutlinePainter painter_;
     OutlineDrops drops_;
     OutlineKeys keys_;
-    OutlinePointer pointer_;
     OutlineFont font_;
     /// As the settings say, in points of 1/72 inch.
     double rowHeightInPoints_ = 0;

@@ -5,11 +5,9 @@
 
 #include <QContextMenuEvent>
 #include <QDrag>
-#include <QHelpEvent>
 #include <QMetaMethod>
 #include <QPainter>
 #include <QPointer>
-#include <QToolTip>
 
 namespace tabulon {
 namespace {
@@ -25,72 +23,70 @@ DragOperation operationOf(Qt::DropAction result, bool endedHere) {
 } // namespace
 
 void OutlineWidget::changeEvent(QEvent* event) {
-    OutlineRowsView::changeEvent(event);
+    OutlineSourceView::changeEvent(event);
     const bool looks = event->type() == QEvent::StyleChange || event->type() == QEvent::ApplicationFontChange;
     if (looks && controller_)
         applyFont();
 }
 
 void OutlineWidget::paintEvent(QPaintEvent* event) {
-    QPainter painter(viewport());
-    if (!controller_)
+    OutlineSourceView::paintEvent(event);
+    if (!controller_ || !drops_.markedSpot())
         return;
-    const bool focus = hasFocus();
-    const bool framesCurrent = focus && selectionModel()->hasSelection();
-    const int first = std::max(0, geometry().rowAtY(event->rect().top()));
-    const int last = std::min(rowCount() - 1, geometry().rowAtY(event->rect().bottom()));
-    for (int row = first; row <= last; ++row)
-        painter_.paintRow(painter, row,
-                          {.selected = rowIsSelected(row),
-                           .framed = framesCurrent && currentIndex().row() == row,
-                           .colors = focus && isActiveWindow() ? QPalette::Active : QPalette::Inactive});
-    if (drops_.markedSpot())
-        painter_.paintDropSpot(painter, *drops_.markedSpot());
+    QPainter onRows(viewport());
+    painter().paintDropSpot(onRows, *drops_.markedSpot());
+}
+
+bool OutlineWidget::pressTriangle(const QMouseEvent& event) {
+    if (event.button() != Qt::LeftButton)
+        return false;
+    const std::optional<std::size_t> row = pointer().triangleAt(event.position().toPoint());
+    if (!row)
+        return false;
+    Outline& outline = controller_->outline();
+    Bookmark& item = outline.itemAtRow(*row);
+    const bool withChildren = event.modifiers().testFlag(Qt::AltModifier);
+    if (item.showHier())
+        withChildren ? outline.collapseItemWithChildren(item) : outline.collapseItem(item);
+    else
+        withChildren ? outline.expandItemWithChildren(item) : outline.expandItem(item);
+    return true;
 }
 
 void OutlineWidget::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::RightButton) // keeps the selection
         return event->accept();
-    if (controller_ && pointer_.pressTriangle(*event))
+    if (controller_ && pressTriangle(*event))
         return event->accept();
-    OutlineRowsView::mousePressEvent(event);
+    OutlineSourceView::mousePressEvent(event);
 }
 
 void OutlineWidget::mouseDoubleClickEvent(QMouseEvent* event) {
     const QPoint point = event->position().toPoint();
-    if (controller_ && pointer_.triangleAt(point))
+    if (controller_ && pointer().triangleAt(point))
         return mousePressEvent(event);
-    OutlineRowsView::mouseDoubleClickEvent(event);
+    OutlineSourceView::mouseDoubleClickEvent(event);
     const QModelIndex index = indexAt(point);
     if (index.isValid() && event->button() == Qt::LeftButton)
         toggleRow(static_cast<std::size_t>(index.row()));
 }
 
 void OutlineWidget::mouseMoveEvent(QMouseEvent* event) {
-    OutlineRowsView::mouseMoveEvent(event);
+    OutlineSourceView::mouseMoveEvent(event);
     if (controller_)
-        controller_->outline().mouseMoved(pointer_.rowAt(event->position().toPoint()));
+        controller_->outline().mouseMoved(pointer().rowAt(event->position().toPoint()));
 }
 
 void OutlineWidget::leaveEvent(QEvent* event) {
-    OutlineRowsView::leaveEvent(event);
+    OutlineSourceView::leaveEvent(event);
     if (controller_)
         controller_->outline().mouseExited();
-}
-
-bool OutlineWidget::viewportEvent(QEvent* event) {
-    if (event->type() == QEvent::ToolTip && controller_) {
-        const auto* help = static_cast<QHelpEvent*>(event);
-        QToolTip::showText(help->globalPos(), pointer_.toolTipAt(help->pos()), this);
-        return true;
-    }
-    return OutlineRowsView::viewportEvent(event);
 }
 
 void OutlineWidget::keyPressEvent(QKeyEvent* event) {
     if (controller_ && keys_.press(*event))
         return event->accept();
-    OutlineRowsView::keyPressEvent(event);
+    OutlineSourceView::keyPressEvent(event);
 }
 
 void OutlineWidget::keyboardSearch(const QString& search) {
@@ -105,7 +101,7 @@ void OutlineWidget::contextMenuEvent(QContextMenuEvent* event) {
     controller_->fields().cancelAutoEdit();
     endEditing();
     const bool byMouse = event->reason() == QContextMenuEvent::Mouse;
-    controller_->outline().setClickedRow(byMouse ? pointer_.rowAt(event->pos()) : std::nullopt);
+    controller_->outline().setClickedRow(byMouse ? pointer().rowAt(event->pos()) : std::nullopt);
     emit contextMenuWanted(event->globalPos());
 }
 
@@ -121,7 +117,7 @@ void OutlineWidget::startDrag(Qt::DropActions) {
     const std::vector<PasteboardItem> items = controller_->dragging().beginDraggingSession();
     auto* drag = new QDrag(this); // deleted by Qt after the drag
     drag->setMimeData(makeMimeData(controller_->dragging().contentForDrag(items)).release());
-    drag->setPixmap(painter_.pictureOfRows(selectedRows()));
+    drag->setPixmap(painter().pictureOfRows(selectedRows()));
     drag->setHotSpot(QPoint(geometry().iconSize() / 2, geometry().rowHeight() / 2));
     const QPointer<OutlineWidget> alive(this);
     const Qt::DropAction result =
