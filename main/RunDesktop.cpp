@@ -6,6 +6,7 @@
 #include "platform/linux/Activation.h"
 #include "platform/linux/FileStore.h"
 #include "platform/linux/FileUserDefaults.h"
+#include "platform/linux/CommandLineEvents.h"
 #include "platform/linux/GioWorkspace.h"
 #include "platform/linux/QtAlerts.h"
 #include "platform/linux/QtBeeper.h"
@@ -120,8 +121,11 @@ private:
     QtBeeper beeper_;
     QtKeyboard keyboard_;
     QtPasteboard pasteboard_;
-    GioWorkspace workspace_;
     QtTimers timers_{[this] { return progress_.isShowing(); }};
+    BrowserLauncher launcher_{&timers_};
+    GioWorkspace workspace_{launcher_};
+    CommandLineEvents events_{launcher_};
+    CommandLinePermission permission_;
     const Platform platform_{{clock_, defaults_, texts_, log_},
                              alerts_,
                              panels_,
@@ -135,6 +139,8 @@ private:
                              keyboard_,
                              pasteboard_,
                              workspace_,
+                             events_,
+                             permission_,
                              state_};
     AppDelegate app_{platform_, windows_, instance_, *this, TABULON_VERSION};
 };

@@ -38,7 +38,8 @@ protected:
         setenv("XDG_DATA_DIRS", (folder_ / "none").c_str(), 1);
         setenv("XDG_CONFIG_HOME", (folder_ / "config").c_str(), 1);
         setenv("XDG_CONFIG_DIRS", (folder_ / "none").c_str(), 1);
-        const std::optional<Application> browser = GioWorkspace().defaultBrowser();
+        BrowserLauncher launcher(nullptr);
+        const std::optional<Application> browser = GioWorkspace(launcher).defaultBrowser();
         std::fprintf(stderr, "<%s>", browser ? (browser->name + "|" + browser->icon).c_str() : "none");
         std::_Exit(0);
     }
