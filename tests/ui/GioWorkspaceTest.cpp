@@ -43,7 +43,8 @@ protected:
         fs::create_directories(folder_ / "config");
         fs::create_directories(folder_ / "started");
         fs::create_directories(folder_ / "bin");
-        fs::create_symlink("/bin/cat", folder_ / "bin/cat");
+        for (const char* program : {"cat", "true"})
+            fs::create_symlink(fs::path("/bin") / program, folder_ / "bin" / program);
     }
     ~GioWorkspaceTest() override { fs::remove_all(folder_); }
 
@@ -63,7 +64,7 @@ protected:
         const fs::path file = folder_ / "started" / entry;
         write(entry + "-program", "#!/bin/sh\n{ echo start; for word in \"$@\"; do printf '%s\\n' \"$word\"; "
                                   "done; } > '" +
-                                      file.string() + ".new'\ncat '" + file.string() + ".new' >> '" +
+                                      file.string() + ".'$$\ncat '" + file.string() + ".'$$ >> '" +
                                       file.string() + "'\n");
         fs::permissions(program, fs::perms::owner_all);
         write("data/applications/" + entry + ".desktop", "[Desktop Entry]\nType=Application\nName=" + entry +
