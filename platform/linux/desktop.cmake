@@ -1,8 +1,8 @@
 # tabulon_applications: the services of other applications, without Qt: the command-line tool uses them, too.
 tabulon_library(tabulon_applications
-  SOURCES BrowserLauncher.cpp CommandLineEvents.cpp DesktopEntries.cpp GioWorkspace.cpp X11Windows.cpp
+  SOURCES BrowserLauncher.cpp CommandLineEvents.cpp DesktopEntries.cpp GioWorkspace.cpp SocketBridge.cpp X11Windows.cpp
   LINKS tabulon_platform tabulon_posix PkgConfig::XCB
-  PRIVATE_LINKS PkgConfig::GIO)
+  PRIVATE_LINKS PkgConfig::GIO tabulon_bridge)
 
 # tabulon_linux: the desktop services that Qt, GIO, the message bus and the display serve.
 tabulon_library(tabulon_linux

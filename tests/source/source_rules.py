@@ -8,7 +8,7 @@ from pathlib import Path
 MAXIMUM_LINES = 600
 
 SOURCE_FOLDERS = (
-    "base", "text", "plist", "html", "url", "model", "formats", "opening", "search", "history", "window", "app", "ui", "cli",
+    "base", "text", "plist", "html", "url", "model", "formats", "opening", "host", "search", "history", "window", "app", "ui", "cli",
     "main", "platform", "tests", "bench", "fuzz",
 )
 
@@ -17,7 +17,7 @@ SOURCE_FOLDERS = (
 _CODINGS = {"base", "text", "plist"}
 _MODEL = _CODINGS | {"model"}
 _UPPER = _MODEL | {"formats", "opening", "search", "history", "platform"}
-_PROOF = _UPPER | {"html", "url", "window", "app", "cli", "platform/fake", "platform/linux"}
+_PROOF = _UPPER | {"host", "html", "url", "window", "app", "cli", "platform/fake", "platform/linux"}
 ARROWS = {
     "base": set(),
     "text": {"base"},
@@ -27,11 +27,12 @@ ARROWS = {
     "model": _CODINGS,
     "formats": _MODEL | {"html", "url"},
     "opening": _MODEL | {"platform"},
+    "host": {"base", "opening"},
     "search": _MODEL,
     "history": _MODEL,
     "platform": {"base"},
     "platform/fake": {"base", "platform"},
-    "platform/linux": {"base", "text", "platform"},
+    "platform/linux": {"base", "text", "platform", "opening"},
     "window": _UPPER,
     "app": _UPPER | {"window"},
     "ui": _UPPER | {"window", "app"},
