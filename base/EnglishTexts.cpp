@@ -29,6 +29,10 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"AdviceNoSpace", "Make room on the disk and save again, or save to another disk with Save As."},
     {"AdviceOther", "Try again, or save under another name with Save As."},
     {"AllFiles", "All files"},
+    {"Allow", "Allow"},
+    {"AllowBrowser", "Allow Tabulon to control %@?"},
+    {"AllowBrowserInfo", "Tabulon shows pages in it, and reads the title, the address and the text of the page in front when "
+                         "you add that page. You can change the answer in Tools > Connect Browsers…."},
     {"AlreadyOpen", "“%@” is open in another window"},
     {"AlreadyOpenText", "Close that window first, or choose another name."},
     {"AndMore", "and %@ more"},
@@ -71,6 +75,7 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"DifferenceRenamed", "was “%@”"},
     {"DifferenceTags", "tags"},
     {"DifferenceURL", "address"},
+    {"DoNotAllow", "Don’t Allow"},
     {"Done", "Done"},
     {"DontAskAgain", "Do not ask again"},
     {"DontSave", "Don’t Save"},

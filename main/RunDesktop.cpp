@@ -3,6 +3,9 @@
 #include "app/AppDelegate.h"
 #include "app/SettingsAlerts.h"
 #include "base/EnglishTexts.h"
+#include "opening/BridgeEvents.h"
+#include "opening/BridgePlaces.h"
+#include "opening/RememberedPermission.h"
 #include "platform/linux/Activation.h"
 #include "platform/linux/FileStore.h"
 #include "platform/linux/FileUserDefaults.h"
@@ -16,6 +19,7 @@
 #include "platform/linux/QtProgressPanels.h"
 #include "platform/linux/QtTimers.h"
 #include "platform/linux/SessionEvents.h"
+#include "platform/linux/SocketBridge.h"
 #include "platform/linux/SystemServices.h"
 #include "platform/linux/XdgBrowserStores.h"
 #include "platform/linux/XdgFolderReferences.h"
@@ -124,8 +128,10 @@ private:
     QtTimers timers_{[this] { return progress_.isShowing(); }};
     BrowserLauncher launcher_{&timers_};
     GioWorkspace workspace_{launcher_};
-    CommandLineEvents events_{launcher_};
-    CommandLinePermission permission_;
+    SocketBridge bridge_{bridgeFolder(runtimeFolder())};
+    CommandLineEvents commandLine_{launcher_};
+    BridgeEvents events_{bridge_, commandLine_};
+    RememberedPermission permission_{{bridge_, state_, alerts_, texts_}};
     const Platform platform_{{clock_, defaults_, texts_, log_},
                              alerts_,
                              panels_,
