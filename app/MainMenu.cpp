@@ -2,6 +2,7 @@
 
 #include "app/DocumentController.h"
 #include "app/ImportSource.h"
+#include "base/Browsers.h"
 #include "base/Settings.h"
 #include "base/Utf8.h"
 #include "window/LabelNames.h"
@@ -57,6 +58,7 @@ void setSubmenu(MenuItem& item, Menu menu) {
 
 constexpr KeyModifiers kNoModifiers{.command = false};
 constexpr KeyModifiers kCommandShift{.command = true, .shift = true};
+constexpr KeyModifiers kCommandOption{.command = true, .option = true};
 constexpr Row kSeparator;
 constexpr std::size_t kOpenRecentRow = 2;
 constexpr std::size_t kShowMarksRow = 0;
@@ -113,8 +115,16 @@ constexpr auto kBookmark = std::to_array<Row>({
     {"MenuMoveUp", "moveUp:", "Up"},
     {"MenuMoveDown", "moveDown:", "Down"},
     kSeparator,
+    {"MenuOpenBookmark", "openBookmark:", "Return"},
+    {"MenuOpenInTab", "openInTab:", "Return", kCommandShift},
+    {"MenuOpenInWindow", "openInWindow:", "Return", kCommandOption},
+    {"MenuOpenWith"},
+    {"MenuOpenInHelper", "openInHelper:"},
+    {"MenuOpenInTabs", "openInTabs:"},
+    kSeparator,
     {"MenuSaveBookmark", "saveBookmark:"},
 });
+constexpr std::size_t kOpenWithRow = 14;
 
 constexpr auto kSort = std::to_array<Row>({
     {"MenuSortByName", "sortByName:"},
@@ -151,6 +161,19 @@ void completeFile(Menu& menu, const Source& source) {
         recent.items.push_back(MenuItem::makeSeparator());
     recent.items.push_back(command(source.platform.base.texts, "MenuClearRecent", "clearRecentDocuments:"));
     setSubmenu(menu.items.at(kOpenRecentRow), std::move(recent));
+}
+
+// The tag of an item is its position, by which the action finds the browser.
+void completeBookmark(Menu& menu, const Source& source) {
+    Menu browserMenu;
+    for (const Browser& browser : browsers()) {
+        MenuItem item{.title = std::string(browser.title), .action = "openWith:"};
+        item.tag = static_cast<int>(browserMenu.items.size());
+        if (const auto application = source.platform.workspace.application(browser.identifier))
+            item.imageName = application->icon;
+        browserMenu.items.push_back(std::move(item));
+    }
+    setSubmenu(menu.items.at(kOpenWithRow), std::move(browserMenu));
 }
 
 void completeSort(Menu& menu, const Source& source) {
@@ -220,7 +243,7 @@ constexpr auto kMenus = std::to_array<Entry>({
     {"MenuFile", kFile, completeFile},
     {"MenuEdit", kEdit},
     {"MenuView", kView},
-    {"MenuBookmark", kBookmark},
+    {"MenuBookmark", kBookmark, completeBookmark},
     {"MenuSort", kSort, completeSort},
     {"MenuCleanUp", kCleanUp, completeCleanUp},
     {"MenuLabel", {}, completeLabel},

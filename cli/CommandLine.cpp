@@ -18,7 +18,7 @@ namespace {
 // In the order of the help.
 constexpr void (*kVerbs[])(Tool tool) = {
     addImport, addExport, addShow, addMake,    addLink,     addDuplicates,
-    addRemove, addSort,   addFind, addCompare, addVersions,
+    addRemove, addSort,   addFind, addOpen, addCompare, addVersions,
 };
 
 // The options of every command.

@@ -4,13 +4,27 @@
 
 #include "base/Clock.h"
 #include "base/SystemLog.h"
+#include "platform/EventSender.h"
 #include "platform/FileStore.h"
+#include "platform/Workspace.h"
 
 #include <functional>
 #include <string>
 #include <vector>
 
 namespace tabulon::cli {
+
+/// The services of the desktop that opening a bookmark needs.
+class OpeningDesktop {
+public:
+    virtual ~OpeningDesktop() = default;
+
+    virtual Workspace& workspace() = 0;
+    virtual EventSender& events() = 0;
+    virtual AutomationPermission& permission() = 0;
+    /// Starts the programs that were asked for. Fails with a sentence if one could not be started.
+    virtual Result<void> startPrograms() = 0;
+};
 
 /// The services and streams that the tool uses. Objects referred to are not owned and must outlive the run.
 struct Environment {
@@ -27,6 +41,8 @@ struct Environment {
     std::function<Result<void>(std::string_view)> writeStandardOutput;
     /// Writes text to standard error. It may wait for its reader.
     std::function<void(std::string_view)> writeStandardError;
+    /// The desktop, or nullptr in a tool that was built without one.
+    OpeningDesktop* desktop = nullptr;
 };
 
 /// The exit statuses.

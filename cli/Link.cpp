@@ -26,20 +26,12 @@ Result<void> exportLink(const Session& session, const Options& options) {
     return session.write(options.output, *bytes);
 }
 
-// Returns what is wrong with the form of a path, or an empty text.
-std::string faultOfPath(const std::string& path) {
-    return isNodePath(path) ? "" : "must be child indexes joined by /, such as 0/3/1";
-}
-
 } // namespace
 
 void addLink(Tool tool) {
     Verb verb(tool, "link", "Write one bookmark of a document as a single-link file");
     const auto options = std::make_shared<Options>();
-    verb.option("--path", options->path, "The path of the bookmark: child indexes joined by /, such as 0/3/1")
-        .type("PATH")
-        .required()
-        .check(faultOfPath);
+    verb.path(options->path);
     verb.document(options->input);
     verb.fileOutput(options->output).required();
     verb.setAction(options, exportLink);

@@ -29,8 +29,8 @@ bool isNodePath(std::string_view text) {
             !text.ends_with('/') && text.find("//") == std::string_view::npos);
 }
 
-const Bookmark* nodeAt(const Bookmark& root, std::string_view path) {
-    const Bookmark* node = &root;
+Bookmark* nodeAt(Bookmark& root, std::string_view path) {
+    Bookmark* node = &root;
     while (!path.empty()) {
         const std::optional<std::size_t> index = takeIndex(path);
         const ChildList* children = node->getChildren();

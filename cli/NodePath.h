@@ -14,7 +14,7 @@ namespace tabulon::cli {
 bool isNodePath(std::string_view text);
 
 /// Returns the node at the path, or `nullptr`. Requires: `isNodePath(path)`.
-const Bookmark* nodeAt(const Bookmark& root, std::string_view path);
+Bookmark* nodeAt(Bookmark& root, std::string_view path);
 
 /// Calls `visit` with every node below `root` and its path, in document order, until it returns false.
 /// Children of nodes that are no folders are visited, too. The path is valid during the call. Without

@@ -1,5 +1,7 @@
 #include "cli/Verb.h"
 
+#include "cli/NodePath.h"
+
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
@@ -80,6 +82,15 @@ Option Verb::list(const std::string& name, std::vector<std::string>& values, con
 
 Option Verb::flag(const std::string& name, bool& isSet, const std::string& description) {
     return Option(*verb_.add_flag(name, isSet, description)->disable_flag_override());
+}
+
+void Verb::path(std::string& path) {
+    option("--path", path, "The path of the bookmark: child indexes joined by /, such as 0/3/1")
+        .type("PATH")
+        .required()
+        .check([](const std::string& text) {
+            return isNodePath(text) ? "" : "must be child indexes joined by /, such as 0/3/1";
+        });
 }
 
 void Verb::document(std::string& path) {

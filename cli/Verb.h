@@ -77,6 +77,8 @@ public:
     /// Adds an option without a value.
     Option flag(const std::string& name, bool& isSet, const std::string& description);
 
+    /// Adds the required option --path, the path of a node; see NodePath.h.
+    void path(std::string& path);
     /// Adds the required argument INPUT, the path of a document.
     void document(std::string& path);
     /// Adds the option -o, the path of the document to write.

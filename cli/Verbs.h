@@ -16,6 +16,7 @@ void addFind(Tool tool);
 void addImport(Tool tool);
 void addLink(Tool tool);
 void addMake(Tool tool);
+void addOpen(Tool tool);
 void addRemove(Tool tool);
 void addShow(Tool tool);
 void addSort(Tool tool);

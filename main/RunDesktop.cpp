@@ -3,9 +3,13 @@
 #include "app/AppDelegate.h"
 #include "app/SettingsAlerts.h"
 #include "base/EnglishTexts.h"
+#include "opening/BridgeEvents.h"
+#include "opening/BridgePlaces.h"
+#include "opening/RememberedPermission.h"
 #include "platform/linux/Activation.h"
 #include "platform/linux/FileStore.h"
 #include "platform/linux/FileUserDefaults.h"
+#include "platform/linux/CommandLineEvents.h"
 #include "platform/linux/GioWorkspace.h"
 #include "platform/linux/QtAlerts.h"
 #include "platform/linux/QtBeeper.h"
@@ -15,6 +19,7 @@
 #include "platform/linux/QtProgressPanels.h"
 #include "platform/linux/QtTimers.h"
 #include "platform/linux/SessionEvents.h"
+#include "platform/linux/SocketBridge.h"
 #include "platform/linux/SystemServices.h"
 #include "platform/linux/XdgBrowserStores.h"
 #include "platform/linux/XdgFolderReferences.h"
@@ -152,8 +157,13 @@ private:
     QtBeeper beeper_;
     QtKeyboard keyboard_;
     QtPasteboard pasteboard_;
-    GioWorkspace workspace_;
     QtTimers timers_{[this] { return progress_.isShowing(); }};
+    BrowserLauncher launcher_{&timers_};
+    GioWorkspace workspace_{launcher_};
+    SocketBridge bridge_{bridgeFolder(runtimeFolder())};
+    CommandLineEvents commandLine_{launcher_};
+    BridgeEvents events_{bridge_, commandLine_};
+    RememberedPermission permission_{{bridge_, state_, alerts_, texts_}};
     const Platform platform_{{clock_, defaults_, texts_, log_},
                              alerts_,
                              panels_,
@@ -167,6 +177,8 @@ private:
                              keyboard_,
                              pasteboard_,
                              workspace_,
+                             events_,
+                             permission_,
                              state_};
     AppDelegate app_{platform_, windows_, instance_, *this, TABULON_VERSION};
 };

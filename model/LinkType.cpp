@@ -1,5 +1,7 @@
 #include "model/LinkType.h"
 
+#include "base/Browsers.h"
+
 #include <array>
 #include <utility>
 
@@ -44,17 +46,6 @@ constexpr std::array<LabelColor, 12> kLabelColors = {{
     {0, 1, 1},       // cyan
 }};
 
-constexpr auto kBrowsers = std::to_array<std::pair<std::int64_t, std::string_view>>({
-    {5, "com.operasoftware.Opera"},
-    {6, "de.icab.iCab"},
-    {10, "com.apple.Safari"},
-    {11, "org.mozilla.Firefox"},
-    {15, "com.google.Chrome"},
-    {16, "org.chromium.Chromium"},
-    {17, "com.vivaldi.Vivaldi"},
-    {18, "com.brave.Browser"},
-    {19, "com.microsoft.edgemac"},
-});
 
 } // namespace
 
@@ -84,9 +75,8 @@ LabelColor labelColor(std::uint8_t label) {
 }
 
 std::string browserID(std::int64_t index, std::string_view defaultHandler) {
-    for (const auto& [number, identifier] : kBrowsers)
-        if (number == index)
-            return std::string(identifier);
+    if (const Browser* browser = browserWithCode(index))
+        return std::string(browser->codeIdentifier);
     if (defaultHandler.empty() || defaultHandler == "com.apple.safari")
         return "com.apple.Safari";
     return std::string(defaultHandler);

@@ -5,6 +5,7 @@
 #include "platform/Alerts.h"
 #include "platform/Beeper.h"
 #include "platform/BrowserStores.h"
+#include "platform/EventSender.h"
 #include "platform/FileStore.h"
 #include "platform/FolderReferences.h"
 #include "platform/Keyboard.h"
@@ -39,6 +40,8 @@ struct Platform {
     Keyboard& keyboard;
     Pasteboard& pasteboard;
     Workspace& workspace;
+    EventSender& events;
+    AutomationPermission& permission;
     /// Values that the program stores between runs (recent documents, column widths) and that are not
     /// settings.
     UserDefaults& state;

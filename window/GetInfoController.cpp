@@ -1,5 +1,6 @@
 #include "window/GetInfoController.h"
 
+#include "base/Browsers.h"
 #include "model/TreeWalk.h"
 #include "window/Finding.h"
 #include "window/Outline.h"
@@ -13,21 +14,7 @@ namespace {
 
 constexpr std::string_view kFrameKey = "Get Info Window";
 
-struct Browser {
-    const char* title;
-    std::uint32_t value;
-};
-
-// In the order of the menu, from its third item on.
-constexpr std::array<Browser, 9> kBrowsers = {{{"Safari", 10},
-                                               {"Chrome", 15},
-                                               {"Chromium", 16},
-                                               {"Opera", 5},
-                                               {"Firefox", 11},
-                                               {"iCab", 6},
-                                               {"Vivaldi", 17},
-                                               {"Brave", 18},
-                                               {"Edge", 19}}};
+// The browsers are in the menu from its third item on.
 constexpr int kFirstBrowser = 2;
 
 // Returns the new value of a field. A text that equals the original one returns the original, which may be
@@ -101,8 +88,8 @@ std::vector<Application> GetInfoController::browserItems() const {
     first.name = first.name.empty() ? texts.text("Default")
                                     : texts.format("%@ (%@)", first.name, texts.text("Default"));
     std::vector<Application> items = {first, {}};
-    for (const Browser& browser : kBrowsers)
-        items.push_back({.name = browser.title, .icon = {}});
+    for (const Browser& browser : browsers())
+        items.push_back({.name = std::string(browser.title), .icon = {}});
     return items;
 }
 
@@ -112,13 +99,13 @@ void GetInfoController::openWith(int index) {
 
 std::uint32_t GetInfoController::getBrowserValue(int index) {
     const int browser = index - kFirstBrowser;
-    const bool known = browser >= 0 && browser < static_cast<int>(kBrowsers.size());
-    return known ? kBrowsers[static_cast<std::size_t>(browser)].value : 0;
+    const bool known = browser >= 0 && browser < static_cast<int>(browsers().size());
+    return known ? static_cast<std::uint32_t>(browsers()[static_cast<std::size_t>(browser)].code) : 0;
 }
 
 int GetInfoController::getBrowserMenuIndex(std::uint32_t value) {
-    const auto* const found = std::ranges::find(kBrowsers, value, &Browser::value);
-    return found == kBrowsers.end() ? 0 : kFirstBrowser + static_cast<int>(found - kBrowsers.begin());
+    const Browser* browser = browserWithCode(value);
+    return browser ? kFirstBrowser + static_cast<int>(browser - browsers().data()) : 0;
 }
 
 void GetInfoController::up() {

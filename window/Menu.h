@@ -42,13 +42,14 @@ struct MenuItem {
     /// The operation's name, such as "newDocument:"; empty for an item without an action.
     std::string action = {};
     /// One character (a capital letter includes Shift) or the name of a key without a character: "Left",
-    /// "Right", "Up", "Down", "Delete", "F2". Empty for an item without a key.
+    /// "Right", "Up", "Down", "Delete", "Return", "F2". Empty for an item without a key.
     std::string keyEquivalent = {};
     KeyModifiers modifiers = {};
     /// A number that the action interprets.
     int tag = 0;
     RepresentedObject representedObject = {};
-    /// The name of an image of resources/icons; empty for no image.
+    /// The name of an image of resources/icons, of an icon of the desktop's theme, or the path of an image;
+    /// empty for no image.
     std::string imageName = {};
     std::string toolTip = {};
     /// Whether the item has a check mark.

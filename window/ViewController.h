@@ -16,6 +16,7 @@
 #include "window/Finding.h"
 #include "window/ItemExchange.h"
 #include "window/MarkCommands.h"
+#include "window/OpenCommands.h"
 #include "window/Outline.h"
 #include "window/OutlineCells.h"
 #include "window/OutlineDragging.h"
@@ -67,6 +68,7 @@ public:
     TableSettings& table() { return table_; }
     FieldEditing& fields() { return fields_; }
     ExpandCommands& expanding() { return expanding_; }
+    OpenCommands& opening() { return opening_; }
     EditingCommands& editing() { return editing_; }
     const ItemExchange& items() const { return items_; }
     ClipboardCommands& clipboard() { return clipboard_; }
@@ -92,6 +94,7 @@ private:
     TableSettings table_;
     FieldEditing fields_;
     ExpandCommands expanding_;
+    OpenCommands opening_;
     EditingCommands editing_;
     ItemExchange items_;
     ClipboardCommands clipboard_;

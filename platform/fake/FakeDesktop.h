@@ -9,7 +9,6 @@
 #include "platform/Pasteboard.h"
 #include "platform/ProgressPanels.h"
 #include "platform/RecoveryFolders.h"
-#include "platform/Workspace.h"
 
 #include <algorithm>
 #include <deque>
@@ -174,13 +173,6 @@ class FakeKeyboard : public Keyboard {
 public:
     bool isOptionDown() override { return option; }
     bool option = false;
-};
-
-/// Returns the application in `browser`.
-class FakeWorkspace : public Workspace {
-public:
-    std::optional<Application> defaultBrowser() override { return browser; }
-    std::optional<Application> browser = Application{.name = "Web", .icon = "web-browser"};
 };
 
 /// Counts the calls.

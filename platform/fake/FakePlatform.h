@@ -4,6 +4,7 @@
 #include "platform/Platform.h"
 #include "platform/fake/FakeBaseServices.h"
 #include "platform/fake/FakeBrowserStores.h"
+#include "platform/fake/FakeBrowsers.h"
 #include "platform/fake/FakeDesktop.h"
 #include "platform/fake/FakeTimers.h"
 #include "platform/fake/MemoryFileStore.h"
@@ -37,7 +38,11 @@ struct FakePlatform {
     FakeBeeper beeper;
     FakeKeyboard keyboard;
     FakePasteboard pasteboard;
-    FakeWorkspace workspace;
+    /// What was asked of other applications, one line each, in order.
+    std::vector<std::string> requests;
+    FakeWorkspace workspace{requests};
+    FakeEventSender events{requests};
+    FakePermission permission;
     MemoryUserDefaults state;
 
     /// Returns references to these services, valid as long as this object.
@@ -57,6 +62,8 @@ struct FakePlatform {
                 keyboard,
                 pasteboard,
                 workspace,
+                events,
+                permission,
                 state};
     }
 };

@@ -1,9 +1,9 @@
 #include "platform/linux/XdgBrowserStores.h"
 
+#include "base/Browsers.h"
 #include "platform/linux/XdgFolders.h"
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
 #include <system_error>
 
@@ -12,50 +12,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The folder of a browser's user data in each packaging; empty where there is no such packaging.
-struct BrowserFolders {
-    std::string_view browser;
-    std::string_view native; // relative to the folder for settings
-    std::string_view snap;   // relative to the home folder, like `flatpak`
-    std::string_view flatpak;
-};
-
-constexpr auto kChromiumFamily = std::to_array<BrowserFolders>({
-    {"com.google.Chrome", "google-chrome", "", ".var/app/com.google.Chrome/config/google-chrome"},
-    {"org.chromium.Chromium", "chromium", "snap/chromium/common/chromium",
-     ".var/app/org.chromium.Chromium/config/chromium"},
-    {"com.vivaldi.Vivaldi", "vivaldi", "", ".var/app/com.vivaldi.Vivaldi/config/vivaldi"},
-    {"com.brave.Browser", "BraveSoftware/Brave-Browser",
-     "snap/brave/current/.config/BraveSoftware/Brave-Browser",
-     ".var/app/com.brave.Browser/config/BraveSoftware/Brave-Browser"},
-    {"com.microsoft.edgemac", "microsoft-edge", "", ".var/app/com.microsoft.Edge/config/microsoft-edge"},
-    {"com.operasoftware.Opera", "opera", "snap/opera/current/.config/opera",
-     ".var/app/com.opera.Opera/config/opera"},
-});
-
-constexpr std::string_view kFirefox = "org.mozilla.Firefox";
-constexpr auto kFirefoxFolders = std::to_array<std::string_view>({
-    ".mozilla/firefox",
-    "snap/firefox/common/.mozilla/firefox",
-    ".var/app/org.mozilla.firefox/.mozilla/firefox",
-});
-
-std::vector<fs::path> dataFolders(std::string_view browser) {
+std::vector<fs::path> profileFolders(const Browser& browser) {
     std::vector<fs::path> folders;
-    const fs::path home = homeFolder();
-    if (browser == kFirefox) {
-        folders.push_back(fs::path(configFolder()) / "mozilla/firefox");
-        for (const std::string_view folder : kFirefoxFolders)
-            folders.push_back(home / folder);
-        return folders;
-    }
-    const auto known = std::ranges::find(kChromiumFamily, browser, &BrowserFolders::browser);
-    if (known == kChromiumFamily.end())
-        return folders;
-    folders.push_back(fs::path(configFolder()) / known->native);
-    for (const std::string_view folder : {known->snap, known->flatpak})
-        if (!folder.empty())
-            folders.push_back(home / folder);
+    for (const BrowserFolder& folder : browser.profileFolders)
+        folders.push_back(fs::path(folder.isInConfig ? configFolder() : homeFolder()) / folder.path);
     return folders;
 }
 
@@ -79,9 +39,13 @@ void look(const fs::path& path, std::vector<Found>& found) {
 // Profiles are folders in the folder of a browser's data ("Default", "Profile 2", "x1y2z3.default-release").
 // The only profile of Opera is that folder itself.
 std::vector<std::string> XdgBrowserStores::bookmarkFiles(std::string_view browser) {
-    const std::string_view name = browser == kFirefox ? "places.sqlite" : "Bookmarks";
+    const Browser* known = browserWithIdentifier(browser);
+    if (!known)
+        return {};
+    const std::string_view name =
+        known->family == BrowserFamily::URLSuite ? "places.sqlite" : "Bookmarks";
     std::vector<Found> found;
-    for (const fs::path& folder : dataFolders(browser)) {
+    for (const fs::path& folder : profileFolders(*known)) {
         look(folder / name, found);
         std::error_code problem;
         for (fs::directory_iterator profile(folder, fs::directory_options::skip_permission_denied, problem);

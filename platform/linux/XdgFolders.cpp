@@ -65,6 +65,11 @@ std::string stateFolder() {
     return baseFolder("XDG_STATE_HOME", ".local/state") + "/tabulon";
 }
 
+std::string runtimeFolder() {
+    const char* variable = std::getenv("XDG_RUNTIME_DIR");
+    return variable && *variable == '/' ? variable : "/run/user/" + std::to_string(::getuid());
+}
+
 std::string documentsFolder(FileStore& files) {
     return userFolder(files, "XDG_DOCUMENTS_DIR", "Documents");
 }

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <cstdlib>
 
 namespace tabulon {
@@ -17,7 +19,7 @@ class XdgFoldersTest : public testing::Test {
 protected:
     void SetUp() override {
         ::setenv("HOME", "/home/ada", 1);
-        for (const char* variable : {"XDG_CONFIG_HOME", "XDG_STATE_HOME"})
+        for (const char* variable : {"XDG_CONFIG_HOME", "XDG_STATE_HOME", "XDG_RUNTIME_DIR"})
             ::unsetenv(variable);
     }
 
@@ -84,6 +86,13 @@ TEST_F(XdgFoldersTest, anHTMLCopyIsAFile) {
     files.files["/home/ada/public/links.html"] = "";
     folders.store(settings::kExportHTMLBookmark.key, "/home/ada/public/links.html");
     EXPECT_EQ(folders.resolve(settings::kExportHTMLBookmark.key), "/home/ada/public/links.html");
+}
+
+TEST_F(XdgFoldersTest, filesOfTheSessionHaveAFolder) {
+    ::setenv("XDG_RUNTIME_DIR", "/run/somewhere", 1);
+    EXPECT_EQ(runtimeFolder(), "/run/somewhere");
+    ::setenv("XDG_RUNTIME_DIR", "relative", 1);
+    EXPECT_EQ(runtimeFolder(), "/run/user/" + std::to_string(::getuid()));
 }
 
 } // namespace

@@ -1,0 +1,113 @@
+// The steps of opening a bookmark, written down instead of taken: the desktop of `open --dry-run`.
+#pragma once
+
+#include "cli/Session.h"
+#include "model/Document.h"
+#include "platform/EventSender.h"
+#include "platform/Workspace.h"
+
+#include <string>
+#include <vector>
+
+namespace tabulon::cli {
+
+/// The answers of the desktop that the steps depend on.
+struct DesktopAnswers {
+    /// The identifier of the application for "http" addresses; empty for none.
+    std::string defaultBrowser;
+    /// The identifier of the application in front; empty for none.
+    std::string front;
+    /// The identifiers of the applications that run, besides the one in front.
+    std::vector<std::string> running;
+    /// Whether events may be sent to browsers.
+    bool isPermitted = true;
+    /// The reply of a browser that is asked for its window.
+    enum class Probe { Window, None, Error } probe = Probe::Window;
+};
+
+/// The steps as JSON objects, in order, one line each.
+class OpeningSteps {
+public:
+    /// Adds a step. `members` are the members of the object after "step", each with its comma in front.
+    void add(std::string_view step, const std::string& members);
+    /// Adds a step with one text.
+    void add(std::string_view step, std::string_view key, std::string_view text);
+
+    /// Returns the lines; empty if no step was added.
+    const std::string& lines() const { return lines_; }
+
+private:
+    std::string lines_;
+};
+
+/// Applications that always obey. Requests are added to the steps.
+class WrittenWorkspace : public Workspace {
+public:
+    /// Requires: the arguments outlive this object.
+    WrittenWorkspace(const DesktopAnswers& answers, OpeningSteps& steps) : answers_(answers), steps_(steps) {}
+
+    std::optional<Application> defaultBrowser() override { return std::nullopt; }
+    std::string defaultHandler() override { return answers_.defaultBrowser; }
+    std::optional<Application> application(std::string_view /*identifier*/) override {
+        return Application{};
+    }
+    std::string frontmostApplication() override { return answers_.front; }
+    bool isRunning(std::string_view identifier) override;
+    bool activate(std::string_view identifier) override;
+    Result<void> launch(std::string_view identifier) override;
+    Result<void> openURL(std::string_view url) override;
+    Result<void> openURLs(std::span<const std::string> urls) override;
+
+private:
+    const DesktopAnswers& answers_;
+    OpeningSteps& steps_;
+};
+
+/// Adds each event to the steps.
+class WrittenEvents : public EventSender {
+public:
+    /// Requires: the arguments outlive this object.
+    WrittenEvents(const DesktopAnswers& answers, OpeningSteps& steps) : answers_(answers), steps_(steps) {}
+
+    Result<AppEventReply> send(const AppEvent& event) override;
+
+private:
+    const DesktopAnswers& answers_;
+    OpeningSteps& steps_;
+};
+
+/// Adds a step for each last-opened date that a document's bookmarks get. Is the document's presenter, and
+/// marks the document as unchanged after each step.
+class WrittenStamps : public DocumentPresenter, public Clock {
+public:
+    /// A bookmark that may get the date, with its path.
+    struct Candidate {
+        const Bookmark* bookmark;
+        std::string path;
+    };
+
+    /// The candidates are in the order in which they are opened. Requires: the document, the clock and the
+    /// steps outlive this object.
+    WrittenStamps(Document& document, std::vector<Candidate> candidates, const Clock& clock,
+                  OpeningSteps& steps);
+    ~WrittenStamps() override;
+    WrittenStamps(const WrittenStamps&) = delete;
+    WrittenStamps& operator=(const WrittenStamps&) = delete;
+
+    /// Returns another time for each call.
+    double secondsSinceReferenceDate() const override { return ++lastTime_; }
+    std::string timeZone() const override { return clock_.timeZone(); }
+
+private:
+    void setMaster(Bookmark& /*master*/) override {}
+    void documentStateChanged() override;
+
+    Document& document_;
+    const std::vector<Candidate> candidates_;
+    const Clock& clock_;
+    OpeningSteps& steps_;
+    std::size_t next_ = 0; // of the candidates
+    mutable double lastTime_;
+};
+
+} // namespace tabulon::cli

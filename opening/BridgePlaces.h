@@ -1,0 +1,29 @@
+// Where the hosts of the bridge listen: one socket for each running browser, in a folder of the user's
+// runtime files.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tabulon {
+
+/// The name of the host in the manifests of native messaging.
+inline constexpr std::string_view kBridgeHostName = "com.tabulon.tabulon";
+
+/// Returns the folder of the sockets below `runtimeFolder`, the user's folder for runtime files.
+std::string bridgeFolder(const std::string& runtimeFolder);
+
+/// The processes that belong to a socket.
+struct BridgeSocketName {
+    unsigned browser; ///< the process that has started the host: the browser's main process
+    unsigned host;
+};
+
+/// Returns the file name of a socket: "<browser>-<host>.sock".
+std::string fileNameOf(const BridgeSocketName& name);
+
+/// Returns the processes in a socket's file name, or `nullopt` for another name.
+std::optional<BridgeSocketName> socketNameIn(std::string_view fileName);
+
+} // namespace tabulon
