@@ -30,7 +30,7 @@ public:
     SuppressibleAnswer runModalSuppressible(const Alert& alert, const std::string& /*boxTitle*/) override {
         return {.response = runModal(alert)};
     }
-    bool isAskingAbout(const Document* /*document*/) const override { return false; }
+    bool isAskingAbout(const DocumentIdentity* /*document*/) const override { return false; }
 
     // Fails with the message of the last alert.
     Result<void> result() const { return done_; }

@@ -2,12 +2,21 @@
 
 #include "ui/Strings.h"
 
+#include <QFile>
 #include <QPainter>
 
 namespace tabulon {
 
 QIcon iconNamed(std::string_view name) {
-    return name.empty() ? QIcon() : QIcon(":/icons/" + toQString(name) + ".svg");
+    if (name.empty())
+        return {};
+    const QString own = ":/icons/" + toQString(name) + ".svg";
+    return QFile::exists(own) ? QIcon(own) : applicationIcon(name);
+}
+
+QIcon applicationIcon(std::string_view name) {
+    const QString text = toQString(name);
+    return text.startsWith('/') ? QIcon(text) : QIcon::fromTheme(text);
 }
 
 QIcon labelSwatch(const LabelColor& color) {

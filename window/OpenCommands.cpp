@@ -3,6 +3,7 @@
 #include "base/Settings.h"
 #include "window/ActionTable.h"
 #include "window/ExpandCommands.h"
+#include "window/FieldEditing.h"
 #include "window/Outline.h"
 #include "window/WindowController.h"
 
@@ -21,9 +22,9 @@ bool isAtInfoEnd(const ClickPlace& place) {
 
 } // namespace
 
-OpenCommands::OpenCommands(Outline& outline, ExpandCommands& expanding, WindowController& window,
-                           const Platform& platform, ActionTable& actions)
-    : outline_(outline), expanding_(expanding), window_(window), platform_(platform),
+OpenCommands::OpenCommands(const OpenParts& parts, const Platform& platform, ActionTable& actions)
+    : outline_(parts.outline), expanding_(parts.expanding), fields_(parts.fields), window_(parts.window),
+      platform_(platform),
       opener_(OpeningServices{platform.workspace, platform.events, platform.permission, platform.alerts,
                               platform.base}) {
     const auto isSelected = [this](const MenuItem&) { return outline_.hasSelection(); };
@@ -75,6 +76,7 @@ void OpenCommands::openInTabs() {
 }
 
 void OpenCommands::doubleClick(const ClickPlace& place) {
+    fields_.cancelAutoEdit(); // the first click was not meant for the name
     Bookmark& item = outline_.itemAtRow(place.row);
     if (item.isFolder())
         expanding_.doubleClickFolder(item);
@@ -94,6 +96,13 @@ void OpenCommands::doubleClickCmd() {
         openInWindow();
     else
         openBookmark();
+}
+
+void OpenCommands::pressReturn(Bookmark& current) {
+    if (current.isFolder() && outline_.hasOneSelectedFolder())
+        expanding_.doubleClickFolder(current);
+    else
+        doubleClickCmd();
 }
 
 OpenCommands::Bookmarks OpenCommands::bookmarksToOpen() const {

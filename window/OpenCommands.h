@@ -13,6 +13,7 @@ namespace tabulon {
 
 class ActionTable;
 class ExpandCommands;
+class FieldEditing;
 class Outline;
 class WindowController;
 
@@ -27,6 +28,14 @@ struct ClickPlace {
     double cellRight = 0;
 };
 
+/// The parts of the window that the commands use.
+struct OpenParts {
+    Outline& outline;
+    ExpandCommands& expanding;
+    FieldEditing& fields;
+    WindowController& window;
+};
+
 /// Adds the actions "openBookmark:", "openInBrowser:", "openInTab:", "openInWindow:", "openWith:",
 /// "openInHelper:" and "openInTabs:". The commands act on the items of `Outline::getSelectionArray`, except
 /// `openInTabs`. They skip folders. More bookmarks than a folder may open without a question are opened after
@@ -34,8 +43,7 @@ struct ClickPlace {
 class OpenCommands {
 public:
     /// Requires: the arguments and the services of `platform` outlive this object.
-    OpenCommands(Outline& outline, ExpandCommands& expanding, WindowController& window,
-                 const Platform& platform, ActionTable& actions);
+    OpenCommands(const OpenParts& parts, const Platform& platform, ActionTable& actions);
 
     /// Opens one bookmark in the current tab, or several in new tabs.
     void openBookmark();
@@ -54,11 +62,14 @@ public:
     void openInTabs();
 
     /// Expands or collapses a folder. At the right end of the name it shows the info panel; elsewhere it opens
-    /// the bookmarks by `doubleClickCmd`.
+    /// the bookmarks by `doubleClickCmd`. Cancels the automatic editing that the first click has scheduled.
     void doubleClick(const ClickPlace& place);
     /// Opens the bookmarks as the settings "OpenInHelper", "OpenInNewTab" and "OpenInNewWindow" say: the first
     /// one that is on, else as `openBookmark`.
     void doubleClickCmd();
+    /// Called when Return is pressed: expands or collapses the item of the current row if it is a folder and
+    /// the only selected item; otherwise opens the bookmarks by `doubleClickCmd`.
+    void pressReturn(Bookmark& current);
 
 private:
     using Bookmarks = std::vector<Ref<Bookmark>>;
@@ -73,6 +84,7 @@ private:
 
     Outline& outline_;
     ExpandCommands& expanding_;
+    FieldEditing& fields_;
     WindowController& window_;
     const Platform platform_;
     const BookmarkOpener opener_;

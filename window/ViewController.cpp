@@ -10,7 +10,7 @@ ViewController::ViewController(Document& document, const Platform& platform, Sha
       window_(outline_, finding_, platform, actions_), statusLine_(outline_, platform),
       cells_(outline_, platform.base), table_(outline_, window_, platform, shared.findPhases, actions_),
       fields_(outline_, window_, platform, actions_), expanding_(outline_, fields_, platform, actions_),
-      opening_(outline_, expanding_, window_, platform, actions_),
+      opening_({outline_, expanding_, fields_, window_}, platform, actions_),
       editing_(outline_, fields_, statusLine_, platform, actions_), items_(platform, shared),
       clipboard_(outline_, editing_, items_, platform, actions_),
       dragging_(outline_, fields_, items_, platform, shared.records), baskets_(outline_, platform.base),

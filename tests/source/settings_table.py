@@ -70,9 +70,11 @@ def text_faults(sources):
 
 
 def accepted(source, command_line):
-    """Returns the keys that the command line accepts, from Settings.h and cli/SettingKeys.cpp."""
+    """Returns the keys that the command line accepts, those with a registered value and those in cli/SettingKeys.cpp."""
     keys = {constant: key for constant, (key, _) in settings(source).items()}
-    return {keys.get(constant) for constant in _LISTED.findall(command_line)} | set(_LISTED_TEXT.findall(command_line))
+    registered = {key for key, value in settings(source).values() if value}
+    listed = {keys.get(constant) for constant in _LISTED.findall(command_line)}
+    return registered | listed | set(_LISTED_TEXT.findall(command_line))
 
 
 def command_line_faults(source, text, command_line):

@@ -2,6 +2,7 @@
 
 #include "ui/AvailableScreenSize.h"
 #include "ui/LineField.h"
+#include "ui/Icons.h"
 #include "ui/Strings.h"
 #include "ui/document/AddressField.h"
 #include "ui/document/EmbeddedPanel.h"
@@ -68,11 +69,6 @@ void keepHighlight(QWidget& field) {
     field.setPalette(palette);
 }
 
-QIcon iconOf(const Application& application) {
-    const QString name = toQString(application.icon);
-    return name.startsWith('/') ? QIcon(name) : QIcon::fromTheme(name);
-}
-
 } // namespace
 
 InfoSheet::InfoSheet(std::shared_ptr<GetInfoController> controller, const Localization& texts,
@@ -119,7 +115,7 @@ void InfoSheet::makeFields(QFormLayout* form, const Localization& texts) {
         if (i == GetInfoController::kBrowserSeparator)
             browser_->insertSeparator(static_cast<int>(i));
         else
-            browser_->addItem(iconOf(browsers[i]), toQString(browsers[i].name));
+            browser_->addItem(applicationIcon(browsers[i].icon), toQString(browsers[i].name));
     }
     note_->setTabChangesFocus(true);
     keepHighlight(*note_);

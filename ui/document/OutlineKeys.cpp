@@ -4,6 +4,7 @@
 #include "window/EditingCommands.h"
 #include "window/ExpandCommands.h"
 #include "window/Finding.h"
+#include "window/OpenCommands.h"
 #include "window/Outline.h"
 
 #include <QApplication>
@@ -67,7 +68,7 @@ bool OutlineKeys::pressTreeKey(int key) {
     switch (key) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        toggleRow(row);
+        commands_.opening.pressReturn(item);
         return true;
     case Qt::Key_Plus:
         commands_.outline.expandItem(item);

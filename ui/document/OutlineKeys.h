@@ -14,6 +14,7 @@ namespace tabulon {
 class EditingCommands;
 class ExpandCommands;
 class Finding;
+class OpenCommands;
 class Outline;
 class OutlineRowsView;
 
@@ -28,6 +29,8 @@ public:
         EditingCommands& editing;
         /// Toggles a folder by Return.
         ExpandCommands& expanding;
+        /// Opens the selected links by Return.
+        OpenCommands& opening;
         /// Finds a row by the beginning of its name.
         Finding& finding;
     };

@@ -26,7 +26,7 @@ OutlineWidget::OutlineWidget(ViewController& controller, QWidget* parent)
     : OutlineSourceView(controller.cells(), parent), controller_(&controller),
       drops_(*this, {controller.outline(), controller.dragging(), controller.items()}),
       keys_(*this,
-            {controller.outline(), controller.editing(), controller.expanding(), controller.finding()}) {
+            {controller.outline(), controller.editing(), controller.expanding(), controller.opening(), controller.finding()}) {
     setObjectName("outline");
     setItemDelegate(
         new OutlineEditor(*this, {controller.outline(), controller.cells(), controller.fields()}));

@@ -5,6 +5,7 @@
 #include "ui/document/OutlineDrops.h"
 #include "ui/document/OutlineKeys.h"
 #include "ui/document/OutlineSourceView.h"
+#include "window/OpenCommands.h"
 #include "window/OutlineView.h"
 
 #include <QPersistentModelIndex>
@@ -118,6 +119,8 @@ private:
     /// Expands or collapses the folder whose triangle the left button is pressed on, with Alt together with
     /// everything below it. Returns false and does nothing if there is no triangle.
     bool pressTriangle(const QMouseEvent& event);
+    /// Returns the place of a double click on a row, at a point of the viewport.
+    ClickPlace clickPlaceAt(int row, const QPointF& point) const;
     /// Connects the header's signals to the controller.
     void connectHeader();
     /// Computes the font, the height of the rows and the size of images from the settings.

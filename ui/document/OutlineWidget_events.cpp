@@ -67,8 +67,16 @@ void OutlineWidget::mouseDoubleClickEvent(QMouseEvent* event) {
         return mousePressEvent(event);
     OutlineSourceView::mouseDoubleClickEvent(event);
     const QModelIndex index = indexAt(point);
-    if (index.isValid() && event->button() == Qt::LeftButton)
-        toggleRow(static_cast<std::size_t>(index.row()));
+    if (controller_ && index.isValid() && event->button() == Qt::LeftButton)
+        controller_->opening().doubleClick(clickPlaceAt(index.row(), event->position()));
+}
+
+ClickPlace OutlineWidget::clickPlaceAt(int row, const QPointF& point) const {
+    const QRect cell = geometry().cellRect(row, Column::Name);
+    return {.row = static_cast<std::size_t>(row),
+            .isInNameCell = cell.contains(point.toPoint()),
+            .x = point.x(),
+            .cellRight = static_cast<double>(cell.x()) + cell.width()};
 }
 
 void OutlineWidget::mouseMoveEvent(QMouseEvent* event) {
