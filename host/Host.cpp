@@ -1,6 +1,6 @@
 #include "host/Host.h"
 
-#include "opening/BridgeMessages.h"
+#include "bridge/BridgeMessages.h"
 
 #include <poll.h>
 #include <sys/socket.h>

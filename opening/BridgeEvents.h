@@ -2,7 +2,7 @@
 // refuses.
 #pragma once
 
-#include "opening/BridgeMessages.h"
+#include "bridge/BridgeMessages.h"
 #include "platform/BrowserBridge.h"
 #include "platform/EventSender.h"
 

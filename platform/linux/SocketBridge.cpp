@@ -1,8 +1,8 @@
 #include "platform/linux/SocketBridge.h"
 
 #include "base/Browsers.h"
-#include "opening/BridgeFrames.h"
-#include "opening/BridgePlaces.h"
+#include "bridge/BridgeFrames.h"
+#include "bridge/BridgePlaces.h"
 #include "platform/linux/Processes.h"
 
 #include <poll.h>

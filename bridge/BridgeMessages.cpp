@@ -1,4 +1,4 @@
-#include "opening/BridgeMessages.h"
+#include "bridge/BridgeMessages.h"
 
 #include <simdjson.h>
 
