@@ -122,7 +122,7 @@ Result<void> printSteps(const Session& session, const Options& options, Document
     WrittenStamps stamps(document, candidatesAt(node, options.path), services.clock, steps);
     const BookmarkOpener opener({workspace, events, permission, alerts,
                                  BaseServices{stamps, services.defaults, services.texts, services.log}});
-    if (const Result<void> opened = openNode(node, options, opener); !opened)
+    if (Result<void> opened = openNode(node, options, opener); !opened)
         return opened;
     if (steps.lines().empty())
         return failure(reasonWithoutSteps(node, !answers.defaultBrowser.empty()));
@@ -139,9 +139,9 @@ Result<void> openOnDesktop(const Session& session, const Options& options, Bookm
     WrittenAlerts alerts;
     const BookmarkOpener opener(
         {desktop->workspace(), desktop->events(), desktop->permission(), alerts, session.services});
-    if (const Result<void> opened = openNode(node, options, opener); !opened)
+    if (Result<void> opened = openNode(node, options, opener); !opened)
         return opened;
-    if (const Result<void> started = desktop->startPrograms(); !started)
+    if (Result<void> started = desktop->startPrograms(); !started)
         return started;
     return alerts.result();
 }

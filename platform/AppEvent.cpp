@@ -1,7 +1,5 @@
 #include "platform/AppEvent.h"
 
-#include <ranges>
-
 namespace tabulon {
 namespace {
 
@@ -30,8 +28,8 @@ ObjectSpecifier property(FourCharCode code, ObjectSpecifier container) {
 
 std::string descriptionOf(const ObjectSpecifier& specifier) {
     std::string text;
-    for (const SpecifierStep& step : specifier.steps | std::views::reverse)
-        text += (text.empty() ? "" : " of ") + descriptionOfStep(step);
+    for (auto step = specifier.steps.rbegin(); step != specifier.steps.rend(); ++step)
+        text += (text.empty() ? "" : " of ") + descriptionOfStep(*step);
     return text;
 }
 

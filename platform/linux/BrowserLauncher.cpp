@@ -18,7 +18,7 @@ struct FreeError {
 
 // The environment needs a part of the system's limit, too.
 std::size_t mostBytesOfArguments() {
-    constexpr long kUsual = 128 * 1024;
+    constexpr long kUsual = 131'072;
     const long limit = sysconf(_SC_ARG_MAX);
     return static_cast<std::size_t>(limit > 0 ? limit / 4 : kUsual);
 }
@@ -33,6 +33,7 @@ const char* optionFor(const Browser& browser, Placement placement) {
 
 Result<void> start(const std::vector<std::string>& command) {
     std::vector<char*> words;
+    words.reserve(command.size() + 1);
     for (const std::string& word : command)
         words.push_back(const_cast<char*>(word.c_str())); // g_spawn_async changes nothing
     words.push_back(nullptr);

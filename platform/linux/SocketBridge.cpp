@@ -23,7 +23,7 @@ namespace {
 namespace fs = std::filesystem;
 using SteadyClock = std::chrono::steady_clock;
 
-constexpr std::size_t kReadBytes = 64u * 1024;
+constexpr std::size_t kReadBytes = std::size_t{64} * 1024;
 
 class SocketConnection : public BridgeConnection {
 public:
