@@ -74,7 +74,7 @@ ConnectionTest testConnection(const BrowserConnections& connections, const Found
     default:
         break;
     }
-    if (const ConnectionTest host = testHost(connections); host.hop != ConnectionHop::Complete)
+    if (ConnectionTest host = testHost(connections); host.hop != ConnectionHop::Complete)
         return host;
     if (found.stage == ConnectionStage::ManifestMissing || found.stage == ConnectionStage::ManifestOther)
         return {ConnectionHop::Manifest};

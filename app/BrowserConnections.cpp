@@ -152,7 +152,7 @@ Result<void> BrowserConnections::connect(const FoundBrowser& found) {
     if (!manifest)
         return tl::unexpected(manifest.error());
     for (const std::string& path : manifestPaths(found))
-        if (const auto written = writeManifest(*found.browser, path, *manifest); !written)
+        if (auto written = writeManifest(*found.browser, path, *manifest); !written)
             return written;
     return {};
 }
@@ -175,7 +175,7 @@ Result<void> BrowserConnections::writeManifest(const Browser& browser, const std
         }
     } else if (systemManifestIsEqual(browser))
         return {};
-    if (const auto made = files.makeFolder(std::filesystem::path(path).parent_path().string()); !made)
+    if (auto made = files.makeFolder(std::filesystem::path(path).parent_path().string()); !made)
         return made;
     return files.writeFileAtomically(path, manifest);
 }

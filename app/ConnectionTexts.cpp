@@ -5,7 +5,7 @@
 namespace tabulon {
 namespace {
 
-std::string_view stageKey(ConnectionStage stage) {
+std::string_view keyOf(ConnectionStage stage) {
     switch (stage) {
     case ConnectionStage::NotInstalled:
         return "ConnectNotInstalled";
@@ -31,7 +31,7 @@ std::string_view stageKey(ConnectionStage stage) {
     return {};
 }
 
-std::string_view hopKey(ConnectionHop hop) {
+std::string_view keyOf(ConnectionHop hop) {
     switch (hop) {
     case ConnectionHop::Installed:
         return "ConnectNotInstalled";
@@ -115,12 +115,12 @@ std::string browserTitle(const FoundBrowser& found, const Localization& texts) {
 }
 
 std::string stageText(const FoundBrowser& found, const Localization& texts) {
-    return texts.format(stageKey(found.stage), found.browser->title);
+    return texts.format(keyOf(found.stage), found.browser->title);
 }
 
 std::string testText(const ConnectionTest& test, const FoundBrowser& found, const std::string& host,
                      const Localization& texts) {
-    const std::string_view key = hopKey(test.hop);
+    const std::string_view key = keyOf(test.hop);
     if (test.hop == ConnectionHop::HostMissing || test.hop == ConnectionHop::HostExecutable)
         return texts.format(key, decodeUtf8Leniently(host));
     return texts.format(key, found.browser->title, test.extension);

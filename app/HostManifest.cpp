@@ -36,9 +36,9 @@ std::string escaped(std::string_view text) {
     return out;
 }
 
-bool isText(const json::object& object, std::string_view key, std::string_view expected) {
+bool isText(const json::object& object, std::string_view member, std::string_view expected) {
     std::string_view text;
-    return object[key].get(text) == simdjson::SUCCESS && text == expected;
+    return object[member].get(text) == simdjson::SUCCESS && text == expected;
 }
 
 bool allows(const json::object& object, ManifestForm form) {
