@@ -31,7 +31,7 @@ public:
     /// Adds a step. `members` are the members of the object after "step", each with its comma in front.
     void add(std::string_view step, const std::string& members);
     /// Adds a step with one text.
-    void add(std::string_view step, std::string_view key, std::string_view text);
+    void add(std::string_view step, std::string_view name, std::string_view text);
 
     /// Returns the lines; empty if no step was added.
     const std::string& lines() const { return lines_; }
@@ -48,9 +48,7 @@ public:
 
     std::optional<Application> defaultBrowser() override { return std::nullopt; }
     std::string defaultHandler() override { return answers_.defaultBrowser; }
-    std::optional<Application> application(std::string_view /*identifier*/) override {
-        return Application{};
-    }
+    std::optional<Application> application(std::string_view /*identifier*/) override { return Application{}; }
     std::string frontmostApplication() override { return answers_.front; }
     bool isRunning(std::string_view identifier) override;
     bool activate(std::string_view identifier) override;

@@ -1,22 +1,23 @@
 #include "host/Host.h"
 
-#include "opening/BridgeMessages.h"
+#include "bridge/BridgeMessages.h"
 
-#include <cerrno>
-#include <cstring>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
 #include <utility>
 
 namespace tabulon {
 namespace {
 
 constexpr std::size_t kMostClients = 16;
-constexpr std::size_t kMostUnsentBytes = 64 * 1024 * 1024;
-constexpr std::size_t kReadBytes = 64 * 1024;
+constexpr std::size_t kMostUnsentBytes = 64u * 1024 * 1024;
+constexpr std::size_t kReadBytes = 64u * 1024;
 
 tl::unexpected<Error> systemFailure(const char* what) {
     return failure(std::string(what) + ": " + std::strerror(errno) + ".");
@@ -158,7 +159,8 @@ bool Host::readClient(std::int64_t number, Client& client, int output) {
 
 bool Host::writeClient(Client& client) {
     while (!client.unsent.empty()) {
-        const ssize_t count = send(client.socket.number(), client.unsent.data(), client.unsent.size(), MSG_NOSIGNAL);
+        const ssize_t count =
+            send(client.socket.number(), client.unsent.data(), client.unsent.size(), MSG_NOSIGNAL);
         if (count < 0)
             return errno == EAGAIN || errno == EINTR;
         client.unsent.erase(0, static_cast<std::size_t>(count));

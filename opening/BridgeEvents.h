@@ -2,7 +2,7 @@
 // refuses.
 #pragma once
 
-#include "opening/BridgeMessages.h"
+#include "bridge/BridgeMessages.h"
 #include "platform/BrowserBridge.h"
 #include "platform/EventSender.h"
 
@@ -11,14 +11,15 @@
 namespace tabulon {
 
 /// Sends each event to the connected browser with the event's identifier; of several processes, to the one in
-/// front. An event that shows an address is sent by `otherwise` if the browser is not connected or refuses it.
-/// A question is not: it fails. So does an event without a reply in time, which the browser may still perform.
+/// front. An event that shows an address is sent by `otherwise` if the browser is not connected or refuses
+/// it. A question is not: it fails. So does an event without a reply in time, which the browser may still
+/// perform.
 class BridgeEvents : public EventSender {
 public:
     /// The most seconds that an event waits for its reply.
     static constexpr double kMostSeconds = 5;
     /// The most bytes of a text from a browser.
-    static constexpr std::size_t kMostTextBytes = 64 * 1024 * 1024;
+    static constexpr std::size_t kMostTextBytes = 64u * 1024 * 1024;
 
     /// Requires: the arguments outlive this object.
     BridgeEvents(BrowserBridge& bridge, EventSender& otherwise) : bridge_(bridge), otherwise_(otherwise) {}

@@ -91,8 +91,8 @@ void BrowserDelivery::showInFront(const std::string& browser, BrowserFamily fami
 }
 
 void BrowserDelivery::showAlert(std::string_view message) const {
-    services_.alerts.runModal(Alert{.message = std::string(message),
-                                    .buttons = {{services_.base.texts.text("OK")}}});
+    services_.alerts.runModal(
+        Alert{.message = std::string(message), .buttons = {{services_.base.texts.text("OK")}}});
 }
 
 } // namespace tabulon

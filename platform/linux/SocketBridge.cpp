@@ -1,20 +1,21 @@
 #include "platform/linux/SocketBridge.h"
 
 #include "base/Browsers.h"
-#include "opening/BridgeFrames.h"
-#include "opening/BridgePlaces.h"
+#include "bridge/BridgeFrames.h"
+#include "bridge/BridgePlaces.h"
 #include "platform/linux/Processes.h"
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstring>
 #include <filesystem>
-#include <poll.h>
-#include <sys/socket.h>
-#include <sys/un.h>
 #include <system_error>
-#include <unistd.h>
 
 namespace tabulon {
 namespace {
@@ -22,7 +23,7 @@ namespace {
 namespace fs = std::filesystem;
 using SteadyClock = std::chrono::steady_clock;
 
-constexpr std::size_t kReadBytes = 64 * 1024;
+constexpr std::size_t kReadBytes = 64u * 1024;
 
 class SocketConnection : public BridgeConnection {
 public:
@@ -92,7 +93,8 @@ int connectedSocket(const fs::path& path) {
     const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     if (socket < 0)
         return -1;
-    const bool isConnected = ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    const bool isConnected =
+        ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
     if (isConnected && isOfThisUser(socket))
         return socket;
     if (!isConnected && errno == ECONNREFUSED)
@@ -123,7 +125,8 @@ std::vector<Socket> socketsIn(const std::string& folder) {
     return sockets;
 }
 
-// Returns how many windows are above the topmost one of the process; the number of all windows if it has none.
+// Returns how many windows are above the topmost one of the process; the number of all windows if it has
+// none.
 std::size_t windowsAbove(unsigned process, const std::vector<ManagedWindow>& stacked) {
     const auto topmost = std::find_if(stacked.rbegin(), stacked.rend(),
                                       [&](const ManagedWindow& window) { return window.pid == process; });

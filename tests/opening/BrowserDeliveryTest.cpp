@@ -68,9 +68,9 @@ std::string suite(const std::string& browser, const char* window) {
 }
 
 std::vector<Recipe> recipes() {
-    const std::string safariSet = line(
-        "com.apple.Safari",
-        std::string("core/setd property 'pURL' of element 'docu' 1, data=") + kQuotedURL + " waits");
+    const std::string safariSet =
+        line("com.apple.Safari",
+             std::string("core/setd property 'pURL' of element 'docu' 1, data=") + kQuotedURL + " waits");
     return {
         {"com.apple.Safari",
          {safariSet},
@@ -190,12 +190,12 @@ TEST_F(BrowserDeliveryTest, failedEventsAreNotReported) {
 
 TEST_F(BrowserDeliveryTest, theDefaultBrowserHasOneSpelling) {
     const BrowserDelivery delivery(services());
-    for (const auto& [handler, expected] : std::vector<std::pair<std::string, std::string>>{
-             {"org.mozilla.firefox", "org.mozilla.firefox"},
-             {"com.apple.safari", "com.apple.Safari"},
-             {"", "com.apple.Safari"},
-             {"com.apple.SAFARI", "com.apple.SAFARI"},
-             {"org.kde.falkon", "org.kde.falkon"}}) {
+    for (const auto& [handler, expected] :
+         std::vector<std::pair<std::string, std::string>>{{"org.mozilla.firefox", "org.mozilla.firefox"},
+                                                          {"com.apple.safari", "com.apple.Safari"},
+                                                          {"", "com.apple.Safari"},
+                                                          {"com.apple.SAFARI", "com.apple.SAFARI"},
+                                                          {"org.kde.falkon", "org.kde.falkon"}}) {
         fake_.workspace.handler = handler;
         EXPECT_EQ(delivery.defaultBrowser(), expected);
     }
