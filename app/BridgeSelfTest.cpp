@@ -1,6 +1,6 @@
 #include "app/BridgeSelfTest.h"
 
-#include "opening/BridgeMessages.h"
+#include "bridge/BridgeMessages.h"
 
 #include <algorithm>
 

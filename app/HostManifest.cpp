@@ -1,6 +1,6 @@
 #include "app/HostManifest.h"
 
-#include "opening/BridgePlaces.h"
+#include "bridge/BridgePlaces.h"
 
 #include <fmt/format.h>
 #include <simdjson.h>
