@@ -26,6 +26,7 @@ void AppDelegate::addActions() {
     actions_.add("newDocument:",
                  [this](const MenuItem&) { documentController_.openUntitledDocumentAndDisplay(); });
     actions_.add("terminate:", [this](const MenuItem&) { terminate(); });
+    actions_.add("connectBrowsers:", [this](const MenuItem&) { host_.showBrowserConnections(); });
     actions_.add("orderFrontStandardAboutPanel:", [this](const MenuItem&) { showAboutPanel(); });
 }
 

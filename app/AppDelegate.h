@@ -64,7 +64,8 @@ private:
     /// The setting is the same for all windows, so all of them are drawn again.
     void showMarks(bool /*shown*/) override { documentController_.showMarksInEveryWindow(); }
 
-    /// Adds the actions newDocument:, terminate: and orderFrontStandardAboutPanel: to the table.
+    /// Adds the actions newDocument:, terminate:, connectBrowsers: and orderFrontStandardAboutPanel: to the
+    /// table.
     void addActions();
     /// Performs a request, the first one as the start of the program.
     void perform(const LaunchRequest& request);

@@ -145,6 +145,8 @@ constexpr auto kCleanUp = std::to_array<Row>({
     {"MenuMoveDelete", "moveDeleteSheet:"},
 });
 
+constexpr auto kTools = std::to_array<Row>({{"MenuConnectBrowsers", "connectBrowsers:"}});
+
 // Desktops have their own keys for minimizing windows and for switching between them.
 constexpr auto kWindow = std::to_array<Row>({{"MenuMinimize", "performMiniaturize:"}});
 
@@ -248,6 +250,7 @@ constexpr auto kMenus = std::to_array<Entry>({
     {"MenuCleanUp", kCleanUp, completeCleanUp},
     {"MenuLabel", {}, completeLabel},
     {"MenuImport", {}, completeImport},
+    {"MenuTools", kTools},
     {"MenuWindow", kWindow, completeWindow},
     {"MenuHelp", kHelp},
 });

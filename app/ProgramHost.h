@@ -23,6 +23,9 @@ public:
     virtual void willPerform(const LaunchRequest& request) = 0;
     /// Called after each request. `current` is the current document at that time, or `nullptr`.
     virtual void didPerform(const LaunchRequest& request, const Document* current) = 0;
+
+    /// Shows the window in which the user connects browsers, or brings it to the front.
+    virtual void showBrowserConnections() = 0;
 };
 
 } // namespace tabulon

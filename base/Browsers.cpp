@@ -88,7 +88,8 @@ constexpr auto kBrowsers = std::to_array<Browser>({
      .executables = kChromeExecutables,
      .processes = kChromeProcesses,
      .profileFolders = kChromeProfiles,
-     .messagingFolder = kInProfiles},
+     .messagingFolder = kInProfiles,
+     .systemMessagingFolder = "/etc/opt/chrome/native-messaging-hosts"},
     {.identifier = "org.chromium.Chromium",
      .codeIdentifier = "org.chromium.Chromium",
      .title = "Chromium",
@@ -98,7 +99,9 @@ constexpr auto kBrowsers = std::to_array<Browser>({
      .executables = kChromiumExecutables,
      .processes = kChromiumProcesses,
      .profileFolders = kChromiumProfiles,
-     .messagingFolder = kInProfiles},
+     .messagingFolder = kInProfiles,
+     .systemMessagingFolder = "/etc/chromium/native-messaging-hosts",
+     .systemExtension = "/usr/share/chromium/extensions/tabulon"},
     {.identifier = "com.operasoftware.Opera",
      .codeIdentifier = "com.operasoftware.Opera",
      .title = "Opera",
@@ -118,7 +121,10 @@ constexpr auto kBrowsers = std::to_array<Browser>({
      .executables = kFirefoxExecutables,
      .processes = kFirefoxProcesses,
      .profileFolders = kFirefoxProfiles,
-     .messagingFolder = kBesideProfiles},
+     .messagingFolder = kBesideProfiles,
+     .systemMessagingFolder = "/usr/lib/mozilla/native-messaging-hosts",
+     .systemExtension =
+         "/usr/lib/mozilla/extensions/{ec8030f7-c20a-464f-9b0e-13a3a9e97384}/bridge@tabulon.com.xpi"},
     {.identifier = "de.icab.iCab",
      .codeIdentifier = "de.icab.iCab",
      .title = "iCab",
@@ -153,7 +159,8 @@ constexpr auto kBrowsers = std::to_array<Browser>({
      .executables = kEdgeExecutables,
      .processes = kEdgeProcesses,
      .profileFolders = kEdgeProfiles,
-     .messagingFolder = kInProfiles},
+     .messagingFolder = kInProfiles,
+     .systemMessagingFolder = "/etc/opt/edge/native-messaging-hosts"},
 });
 
 template <class Matches>

@@ -51,6 +51,11 @@ struct Browser {
     /// The folder in which it looks for the user's native-messaging hosts, relative to each folder of
     /// profiles; empty if there is none.
     std::string_view messagingFolder = {};
+    /// The folder in which it looks for the native-messaging hosts of all users; empty if it is not known.
+    std::string_view systemMessagingFolder = {};
+    /// The folder or file of the extension where the package of Tabulon installs it for all users; empty for
+    /// a browser that loads no extension of packages.
+    std::string_view systemExtension = {};
 };
 
 /// Returns the browsers in the order of the "Open With" menu. An index in this list is the position in that

@@ -19,7 +19,8 @@ endif()
 if(TABULON_TESTS OR TABULON_FUZZ)
   find_package(GTest REQUIRED)
 endif()
-if(TABULON_TESTS)
+# Tests are scripts, and one makes the archive of the extension.
+if(TABULON_TESTS OR TABULON_DESKTOP)
   find_package(Python3 REQUIRED COMPONENTS Interpreter)
 endif()
 # The benchmarks read their own archives with libplist, for comparison; nothing else links it.

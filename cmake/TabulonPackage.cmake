@@ -28,6 +28,11 @@ if(TABULON_DESKTOP)
   set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6 (>= 6.4)")
   set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "default-dbus-session-bus | dbus-session-bus, qt6-wayland")
 endif()
+if(TABULON_DESKTOP)
+  # A file in /etc that the administrator has changed is kept by an upgrade.
+  file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/conffiles "/etc/chromium/native-messaging-hosts/com.tabulon.tabulon.json\n")
+  set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_BINARY_DIR}/conffiles)
+endif()
 
 set(documentation ${CMAKE_INSTALL_DATADIR}/doc/tabulon)
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${documentation} RENAME copyright)

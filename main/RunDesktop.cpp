@@ -27,11 +27,18 @@
 #include "platform/linux/XdgRecoveryFolders.h"
 #include "ui/ExportOptions.h"
 #include "ui/QtWindows.h"
+#include "ui/browsers/ConnectBrowsersWindow.h"
+
+#include <unistd.h>
 
 #include <QApplication>
+#include <QDir>
+#include <QFile>
 #include <QTimer>
 
 #include <chrono>
+#include <initializer_list>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -97,6 +104,30 @@ private:
     std::vector<SettingsProblem> before_;
 };
 
+// Returns the first of these paths, relative to the folder of the program, that exists, or the first of all.
+// The last one is that of a build folder.
+std::string besideProgram(FileStore& files, std::initializer_list<const char*> paths) {
+    const QDir folder(QCoreApplication::applicationDirPath());
+    const auto absolute = [&](const char* path) {
+        return QFile::encodeName(QDir::cleanPath(folder.filePath(path))).toStdString();
+    };
+    for (const char* path : paths)
+        if (files.fileExists(absolute(path)))
+            return absolute(path);
+    return absolute(*paths.begin());
+}
+
+BrowserConnections::Places connectionPlaces(FileStore& files) {
+    return {.home = homeFolder(),
+            .config = configFolder(),
+            .host = besideProgram(files, {"tabulon-host", "../host/tabulon-host"}),
+            .extension = besideProgram(files, {"../share/tabulon/extension", "../extension"})};
+}
+
+bool isExecutable(const std::string& path) {
+    return ::access(path.c_str(), X_OK) == 0;
+}
+
 // The application with its services. They refer to each other, and are used only by `run`.
 class DesktopProgram : private ProgramHost, private AlertsObserver {
 public:
@@ -129,6 +160,11 @@ private:
     void willPerform(const LaunchRequest& request) override { beginActivation(request); }
     void didPerform(const LaunchRequest& request, const Document* current) override {
         endActivation(request, windows_.windowFor(current));
+    }
+    void showBrowserConnections() override {
+        if (!connectBrowsers_)
+            connectBrowsers_ = std::make_unique<ConnectBrowsersWindow>(connections_, texts_);
+        connectBrowsers_->present();
     }
     void lastAlertEnded() override { app_.requestQueue().performSoon(); }
 
@@ -181,6 +217,10 @@ private:
                              permission_,
                              state_};
     AppDelegate app_{platform_, windows_, instance_, *this, TABULON_VERSION};
+    BrowserConnections connections_{{workspace_, files_, bridge_, permission_, isExecutable},
+                                    connectionPlaces(files_)};
+    // Made when it is shown first.
+    std::unique_ptr<ConnectBrowsersWindow> connectBrowsers_;
 };
 
 } // namespace

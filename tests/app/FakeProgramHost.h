@@ -20,7 +20,10 @@ public:
             onDidPerform(request);
     }
 
+    void showBrowserConnections() override { ++connectionsShown; }
+
     int stops = 0;
+    int connectionsShown = 0;
     bool waits = false;
     std::function<void(const LaunchRequest&)> onWillPerform;
     std::function<void(const LaunchRequest&)> onDidPerform;

@@ -284,6 +284,7 @@ const std::vector<MenuCase>& menuCases() {
          "unsaved: linksUntitled"},
         {"Import > Links on the Clipboard", "", "first", "/home/chosen.html",
          "front of Untitled: 0; tree of Untitled: Master+(Untitled); unsaved: linksUntitled"},
+        {"Tools > Connect Browsers…", "", "first", "/home/chosen.html", "browser connections: shown"},
         {"Window > Minimize", "", "first", "/home/chosen.html", "minimized: links"},
         {"Window > other", "", "first", "/home/chosen.html", "front of other: 1"},
         {"Window > links", "", "first", "/home/chosen.html", "front of links: 2"},

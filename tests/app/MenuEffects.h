@@ -212,6 +212,8 @@ private:
             now["recent"] += " " + path;
         if (host.stops > 0)
             now["program"] = "ended";
+        if (host.connectionsShown > 0)
+            now["browser connections"] = "shown";
         if (windows.presentedVersions)
             now["versions"] = "shown";
         now["links.tbln"] = files.files["/home/links.tbln"] == original_ ? "as it was" : "written";

@@ -13,12 +13,20 @@ import shutil
 import subprocess
 import sys
 import tempfile
+import zipfile
 
 from desktop_program import DEMO
 from session import Failure, Session, check, end, run_session_tests, wait_for
 
 TYPE = "application/x-tabulon-bookmarks"
 ID = "com.tabulon.Tabulon"
+EXTENSION = ["manifest.json", "background.js"]
+SYSTEM_MANIFESTS = {
+    "etc/chromium/native-messaging-hosts/com.tabulon.tabulon.json":
+        ("allowed_origins", "chrome-extension://acmdlmfdkmlgnfaaobobgmmjabodbgde/"),
+    "usr/lib/mozilla/native-messaging-hosts/com.tabulon.tabulon.json": ("allowed_extensions", "bridge@tabulon.com"),
+}
+SYSTEM_ARCHIVE = "usr/lib/mozilla/extensions/{ec8030f7-c20a-464f-9b0e-13a3a9e97384}/bridge@tabulon.com.xpi"
 CORPUS = os.path.join(os.path.dirname(os.path.dirname(os.path.abspath(__file__))), "corpus")
 
 
@@ -163,6 +171,27 @@ def a_service_that_nobody_asks_anything_ends(session):
     check(process.wait(timeout=20) == 0 and not session.titles(), "a service that is not asked ends without a window")
 
 
+def browsers_find_the_extension(session, package, root):
+    for path, (member, extension) in SYSTEM_MANIFESTS.items():
+        with open(os.path.join(root, path)) as file:
+            manifest = json.load(file)
+        check((manifest["name"], manifest["path"], manifest["type"], manifest[member])
+              == ("com.tabulon.tabulon", "/usr/bin/tabulon-host", "stdio", [extension]), f"/{path} names the host and the extension")
+        check(os.access(os.path.join(root, manifest["path"][1:]), os.X_OK), "which is in the package")
+    with zipfile.ZipFile(os.path.join(root, SYSTEM_ARCHIVE)) as archive:
+        check(sorted(archive.namelist()) == sorted(EXTENSION), "the archive for Firefox has the files of the extension")
+        for name in EXTENSION:
+            with open(os.path.join(root, "usr/share/tabulon/extension", name), "rb") as plain, \
+                    open(os.path.join(root, "usr/share/chromium/extensions/tabulon", name), "rb") as chromium:
+                check(archive.read(name) == plain.read() == chromium.read(), f"{name} is the same in each place")
+        check({member.date_time for member in archive.infolist()} == {(2000, 1, 1, 0, 0, 0)}, "with fixed times")
+    control = os.path.join(session.folder, "control")
+    run("dpkg-deb", "-e", package, control)
+    with open(os.path.join(control, "conffiles")) as file:
+        check(file.read().split() == [f"/{path}" for path in SYSTEM_MANIFESTS if path.startswith("etc/")],
+              "files in /etc are configuration files of the package")
+
+
 def the_package_is_what_debian_expects(session):
     run("cpack", "-G", "DEB", "-B", session.folder, cwd=sys.argv[3])
     packages = [name for name in os.listdir(session.folder) if name.endswith(".deb")]
@@ -181,7 +210,10 @@ def the_package_is_what_debian_expects(session):
     plain = {os.path.join("usr", os.path.relpath(os.path.join(folder, name), installed()))
              for folder, _, files in os.walk(installed()) for name in files}
     caches = {name for name in plain if "/mime/" in name and "/packages/" not in name} | {"usr/share/applications/mimeinfo.cache"}
-    check(names == plain - caches, "it has the same files as an installation")
+    for_all_users = set(SYSTEM_MANIFESTS) | {SYSTEM_ARCHIVE} | {f"usr/share/chromium/extensions/tabulon/{name}" for name in EXTENSION}
+    check(names == (plain - caches) | for_all_users,
+          "it has the same files as an installation, and those that browsers read for all users")
+    browsers_find_the_extension(session, package, root)
     modes = {oct(os.stat(os.path.join(root, name)).st_mode & 0o7777) for name in names if not name.startswith("usr/bin/")}
     check(modes == {"0o644"}, "and their modes are those of any package")
     if shutil.which("lintian"):
