@@ -36,8 +36,7 @@ constexpr std::string_view kChromiumEntries[] = {"chromium", "chromium-browser",
                                                  "org.chromium.Chromium"};
 constexpr std::string_view kChromiumExecutables[] = {"chromium", "chromium-browser"};
 constexpr std::string_view kChromiumProcesses[] = {"chromium", "chromium-browser"};
-constexpr BrowserFolder kChromiumProfiles[] = {inConfig("chromium"),
-                                               inSnap("snap/chromium/common/chromium"),
+constexpr BrowserFolder kChromiumProfiles[] = {inConfig("chromium"), inSnap("snap/chromium/common/chromium"),
                                                inFlatpak(".var/app/org.chromium.Chromium/config/chromium")};
 
 constexpr std::string_view kOperaEntries[] = {"opera", "opera_opera", "com.opera.Opera"};
@@ -180,7 +179,8 @@ const Browser* browserWithCode(std::int64_t code) {
 }
 
 const Browser* browserWithTitle(std::string_view title) {
-    return firstBrowser([&](const Browser& browser) { return ascii::equalsIgnoringCase(browser.title, title); });
+    return firstBrowser(
+        [&](const Browser& browser) { return ascii::equalsIgnoringCase(browser.title, title); });
 }
 
 } // namespace tabulon

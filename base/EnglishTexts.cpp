@@ -31,8 +31,9 @@ constexpr auto kTexts = std::to_array<Entry>({
     {"AllFiles", "All files"},
     {"Allow", "Allow"},
     {"AllowBrowser", "Allow Tabulon to control %@?"},
-    {"AllowBrowserInfo", "Tabulon shows pages in it, and reads the title, the address and the text of the page in front when "
-                         "you add that page. You can change the answer in Tools > Connect Browsers…."},
+    {"AllowBrowserInfo",
+     "Tabulon shows pages in it, and reads the title, the address and the text of the page in front when "
+     "you add that page. You can change the answer in Tools > Connect Browsers…."},
     {"AlreadyOpen", "“%@” is open in another window"},
     {"AlreadyOpenText", "Close that window first, or choose another name."},
     {"AndMore", "and %@ more"},

@@ -17,7 +17,7 @@ namespace {
 
 // In the order of the help.
 constexpr void (*kVerbs[])(Tool tool) = {
-    addImport, addExport, addShow, addMake,    addLink,     addDuplicates,
+    addImport, addExport, addShow, addMake, addLink,    addDuplicates,
     addRemove, addSort,   addFind, addOpen, addCompare, addVersions,
 };
 

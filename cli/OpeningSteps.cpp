@@ -80,7 +80,8 @@ Result<void> WrittenWorkspace::openURLs(std::span<const std::string> urls) {
     std::string list;
     for (const std::string& url : urls)
         list += (list.empty() ? "" : ", ") + jsonText(url);
-    steps_.add("openAll", member("application", jsonText(answers_.defaultBrowser)) + member("urls", "[" + list + "]"));
+    steps_.add("openAll",
+               member("application", jsonText(answers_.defaultBrowser)) + member("urls", "[" + list + "]"));
     return {};
 }
 

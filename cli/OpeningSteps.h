@@ -48,9 +48,7 @@ public:
 
     std::optional<Application> defaultBrowser() override { return std::nullopt; }
     std::string defaultHandler() override { return answers_.defaultBrowser; }
-    std::optional<Application> application(std::string_view /*identifier*/) override {
-        return Application{};
-    }
+    std::optional<Application> application(std::string_view /*identifier*/) override { return Application{}; }
     std::string frontmostApplication() override { return answers_.front; }
     bool isRunning(std::string_view identifier) override;
     bool activate(std::string_view identifier) override;

@@ -2,13 +2,14 @@
 
 #include "opening/BridgeMessages.h"
 
-#include <cerrno>
-#include <cstring>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
 #include <utility>
 
 namespace tabulon {
@@ -158,7 +159,8 @@ bool Host::readClient(std::int64_t number, Client& client, int output) {
 
 bool Host::writeClient(Client& client) {
     while (!client.unsent.empty()) {
-        const ssize_t count = send(client.socket.number(), client.unsent.data(), client.unsent.size(), MSG_NOSIGNAL);
+        const ssize_t count =
+            send(client.socket.number(), client.unsent.data(), client.unsent.size(), MSG_NOSIGNAL);
         if (count < 0)
             return errno == EAGAIN || errno == EINTR;
         client.unsent.erase(0, static_cast<std::size_t>(count));

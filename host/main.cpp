@@ -2,13 +2,14 @@
 #include "host/Host.h"
 #include "opening/BridgePlaces.h"
 
+#include <unistd.h>
+
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <system_error>
-#include <unistd.h>
 
 namespace {
 

@@ -46,7 +46,6 @@ constexpr std::array<LabelColor, 12> kLabelColors = {{
     {0, 1, 1},       // cyan
 }};
 
-
 } // namespace
 
 std::string_view imageName(ItemIcon icon) {

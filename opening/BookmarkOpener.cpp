@@ -91,10 +91,11 @@ bool BookmarkOpener::confirmsPages(std::size_t count) const {
     if (count <= kMostPagesWithoutQuestion)
         return true;
     const Localization& texts = services_.base.texts;
-    const Alert question{.style = AlertStyle::Warning,
-                         .message = texts.format("OpenManyPages", numberText(count, texts.locale())),
-                         .informative = texts.text("OpenManyPagesInfo"),
-                         .buttons = {{texts.text("OpenPages")}, {texts.text("Cancel"), AlertButtonRole::Cancel}}};
+    const Alert question{
+        .style = AlertStyle::Warning,
+        .message = texts.format("OpenManyPages", numberText(count, texts.locale())),
+        .informative = texts.text("OpenManyPagesInfo"),
+        .buttons = {{texts.text("OpenPages")}, {texts.text("Cancel"), AlertButtonRole::Cancel}}};
     return services_.alerts.runModal(question) == kAlertFirstButton;
 }
 

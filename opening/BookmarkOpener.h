@@ -43,8 +43,8 @@ public:
     /// fails. The date is not set.
     void openInHelper(const Bookmark& bookmark) const;
 
-    /// Asks whether to open so many bookmarks if there are more than `kMostPagesWithoutQuestion`. Returns false
-    /// if the user declines.
+    /// Asks whether to open so many bookmarks if there are more than `kMostPagesWithoutQuestion`. Returns
+    /// false if the user declines.
     bool confirmsPages(std::size_t count) const;
 
 private:

@@ -11,8 +11,9 @@
 namespace tabulon {
 
 /// Sends each event to the connected browser with the event's identifier; of several processes, to the one in
-/// front. An event that shows an address is sent by `otherwise` if the browser is not connected or refuses it.
-/// A question is not: it fails. So does an event without a reply in time, which the browser may still perform.
+/// front. An event that shows an address is sent by `otherwise` if the browser is not connected or refuses
+/// it. A question is not: it fails. So does an event without a reply in time, which the browser may still
+/// perform.
 class BridgeEvents : public EventSender {
 public:
     /// The most seconds that an event waits for its reply.

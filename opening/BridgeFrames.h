@@ -1,6 +1,6 @@
-// The frames in which the bridge to browsers sends its messages: four bytes with the length, in the byte order
-// of the machine, and that many bytes of JSON in UTF-8. Browsers define this form for native messaging. Pure
-// functions over bytes.
+// The frames in which the bridge to browsers sends its messages: four bytes with the length, in the byte
+// order of the machine, and that many bytes of JSON in UTF-8. Browsers define this form for native messaging.
+// Pure functions over bytes.
 #pragma once
 
 #include <cstddef>
@@ -26,7 +26,8 @@ public:
 
     /// Adds bytes of the stream.
     void add(std::string_view bytes) { bytes_ += bytes; }
-    /// Returns the next whole message, or `nullopt` if there is none yet. Linear in the bytes that were added.
+    /// Returns the next whole message, or `nullopt` if there is none yet. Linear in the bytes that were
+    /// added.
     std::optional<std::string> next();
     /// Returns true if the stream announces a message that is too long. No message follows then.
     bool isBroken() const { return isBroken_; }

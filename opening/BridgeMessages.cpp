@@ -104,7 +104,8 @@ tl::unexpected<Error> noMessage() {
 } // namespace
 
 std::string jsonOf(const BridgeRequest& request) {
-    std::string out = "{\"protocol\":" + std::to_string(kBridgeProtocol) + ",\"id\":" + std::to_string(request.id);
+    std::string out =
+        "{\"protocol\":" + std::to_string(kBridgeProtocol) + ",\"id\":" + std::to_string(request.id);
     appendMember(out, "operation", nameOf(request.operation));
     if (request.script != BridgeScript::None)
         appendMember(out, "script", nameOf(request.script));

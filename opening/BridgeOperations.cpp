@@ -71,7 +71,8 @@ std::optional<BridgeRequest> showRequest(const AppEvent& event, std::int64_t id)
 
 std::optional<BridgeRequest> scriptRequest(const AppEvent& event, std::int64_t id) {
     const auto text = isEvent(event, "sfri", "dojs") ? directText(event) : textOf(parameterOf(event, "JvSc"));
-    const auto* const script = std::ranges::find(kScripts, text.value_or(""), &decltype(kScripts)::value_type::first);
+    const auto* const script =
+        std::ranges::find(kScripts, text.value_or(""), &decltype(kScripts)::value_type::first);
     if (script == kScripts.end())
         return std::nullopt;
     return BridgeRequest{.id = id, .operation = BridgeOperation::RunScript, .script = script->second};

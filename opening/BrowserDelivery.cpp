@@ -28,6 +28,8 @@ void BrowserDelivery::bringForward(const std::string& application) const {
     Workspace& workspace = services_.workspace;
     if (isSameApplication(workspace.frontmostApplication(), application))
         return;
+    // After the question the program would be in front again.
+    static_cast<void>(services_.permission.mayAutomate(application, PermissionQuestion::Allowed));
     if (workspace.isRunning(application) && workspace.activate(application))
         return;
     if (!workspace.launch(application))
@@ -91,8 +93,8 @@ void BrowserDelivery::showInFront(const std::string& browser, BrowserFamily fami
 }
 
 void BrowserDelivery::showAlert(std::string_view message) const {
-    services_.alerts.runModal(Alert{.message = std::string(message),
-                                    .buttons = {{services_.base.texts.text("OK")}}});
+    services_.alerts.runModal(
+        Alert{.message = std::string(message), .buttons = {{services_.base.texts.text("OK")}}});
 }
 
 } // namespace tabulon

@@ -37,8 +37,7 @@ AppEvent makeWindowEvent(std::string_view browser, BrowserFamily family) {
     return {.application = std::string(browser),
             .eventClass = kCoreSuite,
             .eventIdentifier = "crel",
-            .parameters = {
-                {kObjectClass, family == BrowserFamily::Safari ? kDocumentClass : kWindowClass}}};
+            .parameters = {{kObjectClass, family == BrowserFamily::Safari ? kDocumentClass : kWindowClass}}};
 }
 
 AppEvent suiteEvent(std::string_view browser, std::string_view url, SuiteWindow window) {

@@ -34,7 +34,8 @@ bool RememberedPermission::mayAutomate(std::string_view application, PermissionQ
 
 std::optional<bool> RememberedPermission::answer(std::string_view application) const {
     const std::string key = keyFor(application);
-    return services_.answers.stringForKey(key) ? std::optional(services_.answers.boolForKey(key)) : std::nullopt;
+    return services_.answers.stringForKey(key) ? std::optional(services_.answers.boolForKey(key))
+                                               : std::nullopt;
 }
 
 void RememberedPermission::setAnswer(std::string_view application, std::optional<bool> answer) {

@@ -12,8 +12,9 @@
 
 namespace tabulon {
 
-/// Asks before the first event to each connected browser. A browser that is not connected needs no permission:
-/// it gets addresses on its command line and nothing else. Both spellings of an identifier are one browser.
+/// Asks before the first event to each connected browser. A browser that is not connected needs no
+/// permission: it gets addresses on its command line and nothing else. Both spellings of an identifier are
+/// one browser.
 class RememberedPermission : public AutomationPermission {
 public:
     /// The services that the permission needs. Owns none of them.

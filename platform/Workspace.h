@@ -1,4 +1,5 @@
-// The applications of the desktop: which one opens an address, which ones run, and bringing them to the front.
+// The applications of the desktop: which one opens an address, which ones run, and bringing them to the
+// front.
 #pragma once
 
 #include "base/Error.h"

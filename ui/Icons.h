@@ -1,4 +1,5 @@
-// The images of the program and of the desktop by name. The program's own ones are drawn for 16 points, and are sharp at every size.
+// The images of the program and of the desktop by name. The program's own ones are drawn for 16 points, and
+// are sharp at every size.
 #pragma once
 
 #include "model/LinkType.h"

@@ -24,16 +24,20 @@ bool isAtInfoEnd(const ClickPlace& place) {
 
 OpenCommands::OpenCommands(const OpenParts& parts, const Platform& platform, ActionTable& actions)
     : outline_(parts.outline), expanding_(parts.expanding), fields_(parts.fields), window_(parts.window),
-      platform_(platform),
-      opener_(OpeningServices{platform.workspace, platform.events, platform.permission, platform.alerts,
-                              platform.base}) {
+      platform_(platform), opener_(OpeningServices{platform.workspace, platform.events, platform.permission,
+                                                   platform.alerts, platform.base}) {
     const auto isSelected = [this](const MenuItem&) { return outline_.hasSelection(); };
     for (const char* action : {"openBookmark:", "openInBrowser:"})
-        actions.add(action, [this](const MenuItem&) { openBookmark(); }, isSelected);
-    actions.add("openInTab:", [this](const MenuItem&) { openInTab(); }, isSelected);
-    actions.add("openInWindow:", [this](const MenuItem&) { openInWindow(); }, isSelected);
-    actions.add("openWith:", [this](const MenuItem& sender) { openWith(sender.tag); }, isSelected);
-    actions.add("openInHelper:", [this](const MenuItem&) { openInHelper(); }, isSelected);
+        actions.add(
+            action, [this](const MenuItem&) { openBookmark(); }, isSelected);
+    actions.add(
+        "openInTab:", [this](const MenuItem&) { openInTab(); }, isSelected);
+    actions.add(
+        "openInWindow:", [this](const MenuItem&) { openInWindow(); }, isSelected);
+    actions.add(
+        "openWith:", [this](const MenuItem& sender) { openWith(sender.tag); }, isSelected);
+    actions.add(
+        "openInHelper:", [this](const MenuItem&) { openInHelper(); }, isSelected);
     actions.add(
         "openInTabs:", [this](const MenuItem&) { openInTabs(); },
         [this](const MenuItem&) { return outline_.hasOneSelectedFolder(); });

@@ -61,11 +61,12 @@ public:
     /// and its item is a folder.
     void openInTabs();
 
-    /// Expands or collapses a folder. At the right end of the name it shows the info panel; elsewhere it opens
-    /// the bookmarks by `doubleClickCmd`. Cancels the automatic editing that the first click has scheduled.
+    /// Expands or collapses a folder. At the right end of the name it shows the info panel; elsewhere it
+    /// opens the bookmarks by `doubleClickCmd`. Cancels the automatic editing that the first click has
+    /// scheduled.
     void doubleClick(const ClickPlace& place);
-    /// Opens the bookmarks as the settings "OpenInHelper", "OpenInNewTab" and "OpenInNewWindow" say: the first
-    /// one that is on, else as `openBookmark`.
+    /// Opens the bookmarks as the settings "OpenInHelper", "OpenInNewTab" and "OpenInNewWindow" say: the
+    /// first one that is on, else as `openBookmark`.
     void doubleClickCmd();
     /// Called when Return is pressed: expands or collapses the item of the current row if it is a folder and
     /// the only selected item; otherwise opens the bookmarks by `doubleClickCmd`.

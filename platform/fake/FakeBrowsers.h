@@ -77,7 +77,7 @@ public:
     Result<AppEventReply> send(const AppEvent& event) override {
         sent.push_back(event);
         requests.push_back("event " + event.eventClass.string() + "/" + event.eventIdentifier.string() + " " +
-                        event.application);
+                           event.application);
         if (!event.waitsForReply)
             return AppEventReply{};
         return reply;

@@ -27,7 +27,8 @@ std::size_t mostBytesOfArguments() {
 const char* optionFor(const Browser& browser, Placement placement) {
     if (placement == Placement::NewWindow)
         return "--new-window";
-    return placement == Placement::NewTab && browser.family == BrowserFamily::URLSuite ? "--new-tab" : nullptr;
+    return placement == Placement::NewTab && browser.family == BrowserFamily::URLSuite ? "--new-tab"
+                                                                                       : nullptr;
 }
 
 Result<void> start(const std::vector<std::string>& command) {

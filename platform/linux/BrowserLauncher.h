@@ -1,5 +1,5 @@
-// Starting applications with addresses. Addresses for one application that arrive in the same turn of the main
-// loop are passed on in one command, so that a browser that is still starting gets all of them.
+// Starting applications with addresses. Addresses for one application that arrive in the same turn of the
+// main loop are passed on in one command, so that a browser that is still starting gets all of them.
 #pragma once
 
 #include "base/Error.h"

@@ -102,7 +102,8 @@ std::optional<InstalledApplication> installedApplication(std::string_view identi
         if (auto application = applicationOfEntry(entry))
             return application;
     for (const std::string_view executable : browser->executables)
-        if (const std::unique_ptr<char, Free> path(g_find_program_in_path(std::string(executable).c_str())); path)
+        if (const std::unique_ptr<char, Free> path(g_find_program_in_path(std::string(executable).c_str()));
+            path)
             return InstalledApplication{.identifier = std::string(browser->identifier),
                                         .shown = {.name = std::string(browser->title), .icon = {}},
                                         .command = {path.get()},

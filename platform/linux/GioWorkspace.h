@@ -10,9 +10,9 @@
 
 namespace tabulon {
 
-/// See platform/Workspace.h for the contracts. On displays other than X11 a program cannot learn which window is in
-/// front: there `frontmostApplication` is empty, and `activate` returns true for every running application,
-/// because a browser comes forward itself when it is passed an address.
+/// See platform/Workspace.h for the contracts. On displays other than X11 a program cannot learn which window
+/// is in front: there `frontmostApplication` is empty, and `activate` returns true for every running
+/// application, because a browser comes forward itself when it is passed an address.
 class GioWorkspace : public Workspace {
 public:
     /// Requires: the launcher outlives this object.

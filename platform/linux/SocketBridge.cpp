@@ -5,16 +5,18 @@
 #include "opening/BridgePlaces.h"
 #include "platform/linux/Processes.h"
 
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/time.h>
+#include <sys/un.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstring>
 #include <filesystem>
-#include <poll.h>
-#include <sys/socket.h>
-#include <sys/un.h>
 #include <system_error>
-#include <unistd.h>
 
 namespace tabulon {
 namespace {
@@ -23,6 +25,7 @@ namespace fs = std::filesystem;
 using SteadyClock = std::chrono::steady_clock;
 
 constexpr std::size_t kReadBytes = 64 * 1024;
+constexpr int kMostSecondsToSend = 2;
 
 class SocketConnection : public BridgeConnection {
 public:
@@ -40,7 +43,7 @@ public:
             if (count < 0 && errno == EINTR)
                 continue;
             if (count <= 0)
-                return hasEnded();
+                return errno == EAGAIN ? failure("The browser does not read.") : hasEnded();
             sent += static_cast<std::size_t>(count);
         }
         return {};
@@ -92,7 +95,11 @@ int connectedSocket(const fs::path& path) {
     const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     if (socket < 0)
         return -1;
-    const bool isConnected = ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    // A process that was stopped neither accepts nor reads.
+    const timeval mostTime{.tv_sec = kMostSecondsToSend, .tv_usec = 0};
+    setsockopt(socket, SOL_SOCKET, SO_SNDTIMEO, &mostTime, sizeof mostTime);
+    const bool isConnected =
+        ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
     if (isConnected && isOfThisUser(socket))
         return socket;
     if (!isConnected && errno == ECONNREFUSED)
@@ -123,7 +130,8 @@ std::vector<Socket> socketsIn(const std::string& folder) {
     return sockets;
 }
 
-// Returns how many windows are above the topmost one of the process; the number of all windows if it has none.
+// Returns how many windows are above the topmost one of the process; the number of all windows if it has
+// none.
 std::size_t windowsAbove(unsigned process, const std::vector<ManagedWindow>& stacked) {
     const auto topmost = std::find_if(stacked.rbegin(), stacked.rend(),
                                       [&](const ManagedWindow& window) { return window.pid == process; });

@@ -8,8 +8,8 @@
 
 namespace tabulon {
 
-/// See platform/BrowserBridge.h for the contracts. Removes the sockets of hosts that have ended. Speaks only to
-/// processes of this user.
+/// See platform/BrowserBridge.h for the contracts. Removes the sockets of hosts that have ended. Speaks only
+/// to processes of this user.
 class SocketBridge : public BrowserBridge {
 public:
     /// `folder` contains the sockets and need not exist.

@@ -15,7 +15,7 @@ template <class Reply>
 using Received = std::unique_ptr<Reply, FreeReply>;
 
 constexpr std::uint32_t kMostWords = 1 << 16; // of one property
-constexpr std::uint32_t kFromPager = 2;       // the source of a request that a user has made in another window
+constexpr std::uint32_t kFromPager = 2; // the source of a request that a user has made in another window
 
 xcb_atom_t atomNamed(xcb_connection_t* connection, std::string_view name) {
     const auto cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
@@ -52,8 +52,7 @@ std::vector<ManagedWindow> X11Windows::stackedWindows() const {
 ManagedWindow X11Windows::activeWindow() const {
     if (!isConnected())
         return {};
-    const auto active =
-        numbers(root_, atomNamed(connection_.get(), "_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW);
+    const auto active = numbers(root_, atomNamed(connection_.get(), "_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW);
     return active.empty() || active.front() == 0 ? ManagedWindow{} : managed(active.front());
 }
 
@@ -61,8 +60,8 @@ void X11Windows::bringToFront(const std::vector<ManagedWindow>& windows) const {
     const xcb_atom_t restack = atomNamed(connection_.get(), "_NET_RESTACK_WINDOW");
     for (const ManagedWindow& window : windows)
         sendToManager(window.window, restack, XCB_NONE, XCB_STACK_MODE_ABOVE);
-    sendToManager(windows.back().window, atomNamed(connection_.get(), "_NET_ACTIVE_WINDOW"),
-                  XCB_CURRENT_TIME, XCB_NONE);
+    sendToManager(windows.back().window, atomNamed(connection_.get(), "_NET_ACTIVE_WINDOW"), XCB_CURRENT_TIME,
+                  XCB_NONE);
     xcb_flush(connection_.get());
 }
 

@@ -42,8 +42,7 @@ std::vector<std::string> XdgBrowserStores::bookmarkFiles(std::string_view browse
     const Browser* known = browserWithIdentifier(browser);
     if (!known)
         return {};
-    const std::string_view name =
-        known->family == BrowserFamily::URLSuite ? "places.sqlite" : "Bookmarks";
+    const std::string_view name = known->family == BrowserFamily::URLSuite ? "places.sqlite" : "Bookmarks";
     std::vector<Found> found;
     for (const fs::path& folder : profileFolders(*known)) {
         look(folder / name, found);

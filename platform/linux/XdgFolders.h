@@ -21,8 +21,8 @@ std::string settingsFolder();
 /// Returns the folder for this program's state: `$XDG_STATE_HOME/tabulon`, or `~/.local/state/tabulon`.
 std::string stateFolder();
 
-/// Returns the folder for sockets and other files of this session: `$XDG_RUNTIME_DIR`, or `/run/user/` with the
-/// number of the user where that is not absolute.
+/// Returns the folder for sockets and other files of this session: `$XDG_RUNTIME_DIR`, or `/run/user/` with
+/// the number of the user where that is not absolute.
 std::string runtimeFolder();
 
 /// Returns the user's folder for documents from the desktop's list of folders (`user-dirs.dirs`), else

@@ -54,7 +54,7 @@ TEST_F(BookmarkOpenerTest, aWebLinkOpensInTheDefaultBrowser) {
     Bookmark& link = add("https://a/");
     opener_.open(link);
     EXPECT_THAT(takeRequests(), ElementsAre("launch " + kDefault, "event core/getd " + kDefault,
-                                         "event core/setd " + kDefault));
+                                            "event core/setd " + kDefault));
     EXPECT_TRUE(isStamped(link));
     EXPECT_EQ(changes(), 1);
 }
@@ -97,7 +97,7 @@ TEST_F(BookmarkOpenerTest, aChosenBrowserGetsLinksOfEveryType) {
     Bookmark& mail = add("mailto:a@b", kMailType);
     opener_.openWithBrowser(mail, "com.apple.Safari");
     EXPECT_THAT(takeRequests(), ElementsAre("launch com.apple.Safari", "event core/getd com.apple.Safari",
-                                         "event core/setd com.apple.Safari"));
+                                            "event core/setd com.apple.Safari"));
     EXPECT_EQ(changes(), 1);
     opener_.openWithBrowserInNewTab(mail, "com.apple.Safari");
     EXPECT_THAT(takeRequests(), ElementsAre("event GURL/GURL com.apple.Safari")); // not brought forward
@@ -108,7 +108,7 @@ TEST_F(BookmarkOpenerTest, aNewWindowIsMadeBeforeThePageIsShown) {
     Bookmark& link = add("https://a/");
     opener_.openInNewWindow(link);
     EXPECT_THAT(takeRequests(), ElementsAre("launch " + kDefault, "event core/crel " + kDefault,
-                                         "event core/setd " + kDefault));
+                                            "event core/setd " + kDefault));
     EXPECT_EQ(changes(), 1);
 }
 

@@ -75,7 +75,8 @@ TEST_F(BridgeEventsTest, EachEventIsOneOperation) {
               R"({"protocol":1,"operation":"newWindow","url":"https://a/"})");
     EXPECT_EQ(requestOf(suiteEvent(kChromium, kURL, SuiteWindow::NewTab)),
               R"({"protocol":1,"operation":"newTab","url":"https://a/"})");
-    EXPECT_EQ(requestOf(getURLEvent(kChromium, kURL)), R"({"protocol":1,"operation":"newTab","url":"https://a/"})");
+    EXPECT_EQ(requestOf(getURLEvent(kChromium, kURL)),
+              R"({"protocol":1,"operation":"newTab","url":"https://a/"})");
     EXPECT_THAT(requests, IsEmpty());
 }
 
@@ -89,7 +90,8 @@ TEST_F(BridgeEventsTest, QuestionsAreAnswered) {
     EXPECT_EQ(direct(), EventValue("https://u/"));
     requestOf(question("pURL", element("docu", 1)));
     EXPECT_EQ(direct(), EventValue("https://u/"));
-    EXPECT_EQ(requestOf(question("Sour", element("docu", 1))), R"({"protocol":1,"operation":"run","script":"source"})");
+    EXPECT_EQ(requestOf(question("Sour", element("docu", 1))),
+              R"({"protocol":1,"operation":"run","script":"source"})");
     EXPECT_EQ(direct(), EventValue("x"));
     answer = R"("result":{"count":0})";
     requestOf(getWindowEvent(kChromium));
@@ -98,9 +100,11 @@ TEST_F(BridgeEventsTest, QuestionsAreAnswered) {
 }
 
 TEST_F(BridgeEventsTest, ScriptsAreRecognisedByTheirTexts) {
-    EXPECT_EQ(requestOf(script("getSelection()+''")), R"({"protocol":1,"operation":"run","script":"selection"})");
+    EXPECT_EQ(requestOf(script("getSelection()+''")),
+              R"({"protocol":1,"operation":"run","script":"selection"})");
     EXPECT_EQ(direct(), EventValue("x"));
-    EXPECT_EQ(requestOf(script("x = document.title;")), R"({"protocol":1,"operation":"run","script":"title"})");
+    EXPECT_EQ(requestOf(script("x = document.title;")),
+              R"({"protocol":1,"operation":"run","script":"title"})");
     EXPECT_EQ(requestOf(script("txt='';var nl = \"\\f\";var x=document.links;var i;for (i=0;i<x.length;i++) "
                                "{txt=txt+x[i].href+nl;};")),
               R"({"protocol":1,"operation":"run","script":"linkTargets"})");
@@ -159,9 +163,11 @@ TEST_F(BridgeEventsTest, BrokenMessagesAreRefusals) {
 
 TEST_F(BridgeEventsTest, ALongTextComesInParts) {
     bridge.reply = [](const std::string& request) {
-        const std::string id = request.substr(request.find("\"id\":"), request.find(",\"op") - request.find("\"id\":"));
-        return std::vector<FakeBridge::Message>{"{\"id\":0,\"part\":\"of an earlier request\"}", "{" + id + ",\"part\":\"ab\"}",
-                                                "{" + id + ",\"part\":\"c\"}", "{" + id + ",\"result\":{\"text\":\"\"}}"};
+        const std::string id =
+            request.substr(request.find("\"id\":"), request.find(",\"op") - request.find("\"id\":"));
+        return std::vector<FakeBridge::Message>{"{\"id\":0,\"part\":\"of an earlier request\"}",
+                                                "{" + id + ",\"part\":\"ab\"}", "{" + id + ",\"part\":\"c\"}",
+                                                "{" + id + ",\"result\":{\"text\":\"\"}}"};
     };
     requestOf(script("getSelection()+''"));
     EXPECT_EQ(direct(), EventValue("abc"));
@@ -169,7 +175,8 @@ TEST_F(BridgeEventsTest, ALongTextComesInParts) {
 
 TEST_F(BridgeEventsTest, ATextWithoutAnEndIsRefused) {
     bridge.reply = [](const std::string& request) {
-        const std::string id = request.substr(request.find("\"id\":"), request.find(",\"op") - request.find("\"id\":"));
+        const std::string id =
+            request.substr(request.find("\"id\":"), request.find(",\"op") - request.find("\"id\":"));
         const std::string part = "{" + id + ",\"part\":\"" + std::string(1'000'000, 'x') + "\"}";
         return std::vector<FakeBridge::Message>(70, part);
     };

@@ -1,5 +1,6 @@
 // Frames of messages that arrive in pieces of any size, and the names of sockets.
 #include "opening/BridgeFrames.h"
+
 #include "opening/BridgePlaces.h"
 
 #include <gtest/gtest.h>
@@ -24,7 +25,8 @@ TEST(BridgeFrames, AFrameIsTheLengthAndTheMessage) {
 }
 
 TEST(BridgeFrames, MessagesArriveInPieces) {
-    const std::vector<std::string> messages = {"{}", "", std::string(70'000, 'x'), "{\"a\":1}", std::string(1, '\0')};
+    const std::vector<std::string> messages = {"{}", "", std::string(70'000, 'x'), "{\"a\":1}",
+                                               std::string(1, '\0')};
     std::string stream;
     for (const std::string& message : messages)
         stream += frameOf(message);
@@ -62,8 +64,8 @@ TEST(BridgePlaces, ASocketIsNamedAfterItsProcesses) {
     ASSERT_TRUE(name);
     EXPECT_EQ(name->browser, 12u);
     EXPECT_EQ(name->host, 345u);
-    for (const char* other : {"", "12", "12-", "12-345", "-345.sock", "12-345.sock2", "12-345.socket", "a-1.sock", "12 -3.sock",
-                              "99999999999999-1.sock", "../1-2.sock"})
+    for (const char* other : {"", "12", "12-", "12-345", "-345.sock", "12-345.sock2", "12-345.socket",
+                              "a-1.sock", "12 -3.sock", "99999999999999-1.sock", "../1-2.sock"})
         EXPECT_FALSE(socketNameIn(other)) << other;
     EXPECT_EQ(bridgeFolder("/run/user/1000"), "/run/user/1000/app/com.tabulon.Tabulon/bridge");
 }

@@ -17,7 +17,8 @@ TEST(BridgeMessages, ARequestNamesItsOperation) {
 
 TEST(BridgeMessages, AnAddressStaysData) {
     EXPECT_EQ(jsonOf({.id = 1, .operation = BridgeOperation::SetURL, .url = "https://a/\"},\\\n\x01ä\x7f"}),
-              "{\"protocol\":1,\"id\":1,\"operation\":\"setURL\",\"url\":\"https://a/\\\"},\\\\\\u000a\\u0001ä\x7f\"}");
+              "{\"protocol\":1,\"id\":1,\"operation\":\"setURL\",\"url\":\"https://a/"
+              "\\\"},\\\\\\u000a\\u0001ä\x7f\"}");
 }
 
 TEST(BridgeMessages, AReplyHasAResult) {
@@ -44,7 +45,8 @@ TEST(BridgeMessages, AReplyMayBeAPartOrARefusal) {
 }
 
 TEST(BridgeMessages, MembersOfAnotherKindAreMissing) {
-    const auto reply = replyFromJson(R"({"id":1,"result":{"title":5,"url":null,"count":"3","focused":"yes","text":[]}})");
+    const auto reply =
+        replyFromJson(R"({"id":1,"result":{"title":5,"url":null,"count":"3","focused":"yes","text":[]}})");
     ASSERT_TRUE(reply);
     EXPECT_EQ(reply->result.title, "");
     EXPECT_EQ(reply->result.url, "");
@@ -53,21 +55,24 @@ TEST(BridgeMessages, MembersOfAnotherKindAreMissing) {
 }
 
 TEST(BridgeMessages, OtherBytesAreNoMessage) {
-    for (const char* bytes : {"", "{", "[]", "5", "{}", R"({"id":"1","result":{}})", R"({"id":1})", R"({"id":1,"result":5})",
-                              R"({"id":1,"error":""})", R"({"id":1.5,"result":{}})", "{\"id\":1,\"part\":\"\xff\"}"})
+    for (const char* bytes :
+         {"", "{", "[]", "5", "{}", R"({"id":"1","result":{}})", R"({"id":1})", R"({"id":1,"result":5})",
+          R"({"id":1,"error":""})", R"({"id":1.5,"result":{}})", "{\"id\":1,\"part\":\"\xff\"}"})
         EXPECT_FALSE(replyFromJson(bytes)) << bytes;
     EXPECT_FALSE(replyFromJson(std::string(100'000, '[')));
 }
 
 TEST(BridgeMessages, TheHostPutsTheNumberOfTheConnectionAroundMessages) {
-    EXPECT_EQ(requestOfClient(3, R"({"id": 1, "x": "\n"})").value(), R"({"client":3,"request":{"id":1,"x":"\n"}})");
+    EXPECT_EQ(requestOfClient(3, R"({"id": 1, "x": "\n"})").value(),
+              R"({"client":3,"request":{"id":1,"x":"\n"}})");
     for (const char* bytes : {"", "1", "{}}", R"({},"client":4)", "{\"a\":\"\xff\"}"})
         EXPECT_FALSE(requestOfClient(3, bytes)) << bytes;
     const auto replied = replyOfClient(R"({"client":3,"reply":{"id":1,"result":{"text":"é"}}})");
     ASSERT_TRUE(replied);
     EXPECT_EQ(replied->client, 3);
     EXPECT_EQ(replied->reply, R"({"id":1,"result":{"text":"é"}})");
-    for (const char* bytes : {"{}", R"({"client":3})", R"({"reply":{}})", R"({"client":"3","reply":{}})", R"({"client":3,"reply":[]})"})
+    for (const char* bytes : {"{}", R"({"client":3})", R"({"reply":{}})", R"({"client":"3","reply":{}})",
+                              R"({"client":3,"reply":[]})"})
         EXPECT_FALSE(replyOfClient(bytes)) << bytes;
 }
 

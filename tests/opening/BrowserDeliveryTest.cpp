@@ -68,9 +68,9 @@ std::string suite(const std::string& browser, const char* window) {
 }
 
 std::vector<Recipe> recipes() {
-    const std::string safariSet = line(
-        "com.apple.Safari",
-        std::string("core/setd property 'pURL' of element 'docu' 1, data=") + kQuotedURL + " waits");
+    const std::string safariSet =
+        line("com.apple.Safari",
+             std::string("core/setd property 'pURL' of element 'docu' 1, data=") + kQuotedURL + " waits");
     return {
         {"com.apple.Safari",
          {safariSet},
@@ -190,12 +190,12 @@ TEST_F(BrowserDeliveryTest, failedEventsAreNotReported) {
 
 TEST_F(BrowserDeliveryTest, theDefaultBrowserHasOneSpelling) {
     const BrowserDelivery delivery(services());
-    for (const auto& [handler, expected] : std::vector<std::pair<std::string, std::string>>{
-             {"org.mozilla.firefox", "org.mozilla.firefox"},
-             {"com.apple.safari", "com.apple.Safari"},
-             {"", "com.apple.Safari"},
-             {"com.apple.SAFARI", "com.apple.SAFARI"},
-             {"org.kde.falkon", "org.kde.falkon"}}) {
+    for (const auto& [handler, expected] :
+         std::vector<std::pair<std::string, std::string>>{{"org.mozilla.firefox", "org.mozilla.firefox"},
+                                                          {"com.apple.safari", "com.apple.Safari"},
+                                                          {"", "com.apple.Safari"},
+                                                          {"com.apple.SAFARI", "com.apple.SAFARI"},
+                                                          {"org.kde.falkon", "org.kde.falkon"}}) {
         fake_.workspace.handler = handler;
         EXPECT_EQ(delivery.defaultBrowser(), expected);
     }
@@ -214,6 +214,28 @@ TEST_F(BrowserDeliveryTest, aRunningBrowserIsActivated) {
     fake_.workspace.running = {"com.google.Chrome"};
     BrowserDelivery(services()).bringForward("com.google.Chrome");
     EXPECT_THAT(fake_.requests, ElementsAre("activate com.google.Chrome"));
+}
+
+// A question puts the program in front, so it comes before the browser does.
+TEST_F(BrowserDeliveryTest, theUserIsAskedBeforeTheBrowserComesForward) {
+    class AskingPermission : public AutomationPermission {
+    public:
+        explicit AskingPermission(std::vector<std::string>& requests) : requests_(requests) {}
+        bool mayAutomate(std::string_view application, PermissionQuestion question) override {
+            requests_.push_back((question == PermissionQuestion::Allowed ? "ask " : "look up ") +
+                                std::string(application));
+            return true;
+        }
+
+    private:
+        std::vector<std::string>& requests_;
+    };
+    AskingPermission permission(fake_.requests);
+    fake_.workspace.running = {"com.google.Chrome"};
+    const OpeningServices asking{fake_.workspace, fake_.events, permission, fake_.alerts,
+                                 fake_.base.services()};
+    BrowserDelivery(asking).bringForward("com.google.Chrome");
+    EXPECT_THAT(fake_.requests, ElementsAre("ask com.google.Chrome", "activate com.google.Chrome"));
 }
 
 TEST_F(BrowserDeliveryTest, aBrowserThatCannotBeActivatedIsStarted) {

@@ -7,7 +7,6 @@
 #include "platform/linux/XdgFolderReferences.h"
 
 #include <gtest/gtest.h>
-
 #include <unistd.h>
 
 #include <cstdlib>

@@ -1,9 +1,10 @@
 // The applications of the desktop as desktop entries and the user's choice name them, and what they are
 // started with. GIO reads the folders only once in a process, so each case runs in a process of its own.
+#include "platform/linux/GioWorkspace.h"
+
 #include "opening/BrowserDelivery.h"
 #include "platform/fake/FakePlatform.h"
 #include "platform/linux/CommandLineEvents.h"
-#include "platform/linux/GioWorkspace.h"
 
 #include <gtest/gtest.h>
 
@@ -143,12 +144,13 @@ TEST_F(GioWorkspaceTest, theUserChoosesAmongMany) {
 }
 
 TEST_F(GioWorkspaceTest, aKnownBrowserHasTheIdentifierOfTheTable) {
-    for (const auto& [entry, identifier] : std::vector<std::pair<std::string, std::string>>{
-             {"firefox-esr", "org.mozilla.firefox"},
-             {"chromium", "org.chromium.Chromium"},
-             {"com.brave.Browser", "com.brave.Browser"}}) {
+    for (const auto& [entry, identifier] :
+         std::vector<std::pair<std::string, std::string>>{{"firefox-esr", "org.mozilla.firefox"},
+                                                          {"chromium", "org.chromium.Chromium"},
+                                                          {"com.brave.Browser", "com.brave.Browser"}}) {
         installProgram(entry, "%u");
-        write("config/mimeapps.list", "[Default Applications]\nx-scheme-handler/http=" + entry + ".desktop\n");
+        write("config/mimeapps.list",
+              "[Default Applications]\nx-scheme-handler/http=" + entry + ".desktop\n");
         EXPECT_EXIT(printResultOf([](Desktop& desktop) { return desktop.workspace.defaultHandler(); }),
                     testing::ExitedWithCode(0), "<" + identifier + ">");
     }
@@ -222,7 +224,8 @@ TEST_F(GioWorkspaceTest, theSandboxOfABrowserKeepsItsMarks) {
         return std::string(desktop.launcher.startPending() ? "started" : "failed");
     };
     EXPECT_EXIT(printResultOf(open), testing::ExitedWithCode(0), "<started>");
-    EXPECT_EQ(argumentsOf("org.mozilla.firefox"), "start run --file-forwarding org.mozilla.firefox https://a/ ");
+    EXPECT_EQ(argumentsOf("org.mozilla.firefox"),
+              "start run --file-forwarding org.mozilla.firefox https://a/ ");
 }
 
 TEST_F(GioWorkspaceTest, theDesktopOpensAddressesByTheirSchemes) {
@@ -253,8 +256,8 @@ TEST_F(GioWorkspaceTest, aFolderIsOneStartOfTheDefaultBrowser) {
 }
 
 TEST_F(GioWorkspaceTest, aProgramThatIsGoneIsAFailure) {
-    write("data/applications/chromium.desktop", "[Desktop Entry]\nType=Application\nName=C\nExec=" +
-                                                    (folder_ / "gone").string() + " %U\n");
+    write("data/applications/chromium.desktop",
+          "[Desktop Entry]\nType=Application\nName=C\nExec=" + (folder_ / "gone").string() + " %U\n");
     const auto open = [](Desktop& desktop) {
         const bool hasEntry = desktop.workspace.launch("org.chromium.Chromium").has_value();
         const bool isKnown = desktop.workspace.launch("com.google.Chrome").has_value();

@@ -1,7 +1,6 @@
 // The commands that open bookmarks: which bookmarks they open and how, and when they are enabled.
-#include "tests/window/WindowFixture.h"
-
 #include "base/Settings.h"
+#include "tests/window/WindowFixture.h"
 #include "window/OpenCommands.h"
 
 #include <gmock/gmock.h>
@@ -100,9 +99,9 @@ TEST_F(OpenCommandsTest, TheRowUnderAnOpenContextMenuIsOpenedAlone) {
 TEST_F(OpenCommandsTest, TheBrowserIsChosenByItsPlaceInTheMenu) {
     select({mail});
     const std::vector<std::string> identifiers = {
-        "com.apple.Safari", "com.google.Chrome",   "org.chromium.Chromium", "com.operasoftware.Opera",
-        "org.mozilla.firefox", "de.icab.iCab",     "com.vivaldi.Vivaldi",   "com.brave.Browser",
-        "com.microsoft.edgemac"};
+        "com.apple.Safari",        "com.google.Chrome",   "org.chromium.Chromium",
+        "com.operasoftware.Opera", "org.mozilla.firefox", "de.icab.iCab",
+        "com.vivaldi.Vivaldi",     "com.brave.Browser",   "com.microsoft.edgemac"};
     for (int index = 0; index < 9; ++index) {
         workspace.front = identifiers[static_cast<std::size_t>(index)];
         base.log.lines.clear();

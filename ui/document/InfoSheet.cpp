@@ -1,8 +1,8 @@
 #include "ui/document/InfoSheet.h"
 
 #include "ui/AvailableScreenSize.h"
-#include "ui/LineField.h"
 #include "ui/Icons.h"
+#include "ui/LineField.h"
 #include "ui/Strings.h"
 #include "ui/document/AddressField.h"
 #include "ui/document/EmbeddedPanel.h"

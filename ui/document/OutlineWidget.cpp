@@ -25,8 +25,8 @@ constexpr double kLargestColumn = 10000;
 OutlineWidget::OutlineWidget(ViewController& controller, QWidget* parent)
     : OutlineSourceView(controller.cells(), parent), controller_(&controller),
       drops_(*this, {controller.outline(), controller.dragging(), controller.items()}),
-      keys_(*this,
-            {controller.outline(), controller.editing(), controller.expanding(), controller.opening(), controller.finding()}) {
+      keys_(*this, {controller.outline(), controller.editing(), controller.expanding(), controller.opening(),
+                    controller.finding()}) {
     setObjectName("outline");
     setItemDelegate(
         new OutlineEditor(*this, {controller.outline(), controller.cells(), controller.fields()}));
