@@ -157,6 +157,10 @@ class Firefox(Remote):
         self._log.close()
         self._folder.cleanup()
 
+    def home(self):
+        """Returns the browser's home folder."""
+        return self._folder.name
+
     def _log_tail(self):
         self._log.seek(0)
         return self._log.read()[-2000:]

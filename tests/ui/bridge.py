@@ -243,7 +243,7 @@ def check_front_browser(bridge, first, second, other):
 
 
 def bring_to_front(session, browser):
-    window = session.xdotool("search", "--onlyvisible", "--pid", str(browser.pid()), "--class", browser.entry).split()[-1]
+    window = session.xdotool("search", "--all", "--onlyvisible", "--pid", str(browser.pid()), "--class", browser.entry).split()[-1]
 
     def in_front():
         session.xdotool("windowactivate", window)
