@@ -14,8 +14,8 @@ std::string jsonText(std::string_view text) {
     return json;
 }
 
-std::string member(std::string_view key, const std::string& json) {
-    return ", " + jsonText(key) + ": " + json;
+std::string member(std::string_view name, const std::string& json) {
+    return ", " + jsonText(name) + ": " + json;
 }
 
 struct JsonOfValue {
@@ -49,8 +49,8 @@ void OpeningSteps::add(std::string_view step, const std::string& members) {
     lines_ += "{\"step\": " + jsonText(step) + members + "}\n";
 }
 
-void OpeningSteps::add(std::string_view step, std::string_view key, std::string_view text) {
-    add(step, member(key, jsonText(text)));
+void OpeningSteps::add(std::string_view step, std::string_view name, std::string_view text) {
+    add(step, member(name, jsonText(text)));
 }
 
 bool WrittenWorkspace::isRunning(std::string_view identifier) {

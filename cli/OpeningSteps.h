@@ -31,7 +31,7 @@ public:
     /// Adds a step. `members` are the members of the object after "step", each with its comma in front.
     void add(std::string_view step, const std::string& members);
     /// Adds a step with one text.
-    void add(std::string_view step, std::string_view key, std::string_view text);
+    void add(std::string_view step, std::string_view name, std::string_view text);
 
     /// Returns the lines; empty if no step was added.
     const std::string& lines() const { return lines_; }

@@ -1,7 +1,7 @@
 // Any bytes as the stream that a browser or a program sends over the bridge. Every message that is accepted
 // survives its own way through the host, and an address stays one text of a request.
-#include "opening/BridgeFrames.h"
-#include "opening/BridgeMessages.h"
+#include "bridge/BridgeFrames.h"
+#include "bridge/BridgeMessages.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,6 +1,6 @@
 #include "host/Host.h"
 
-#include "opening/BridgeMessages.h"
+#include "bridge/BridgeMessages.h"
 
 #include <poll.h>
 #include <sys/socket.h>
@@ -16,8 +16,8 @@ namespace tabulon {
 namespace {
 
 constexpr std::size_t kMostClients = 16;
-constexpr std::size_t kMostUnsentBytes = 64 * 1024 * 1024;
-constexpr std::size_t kReadBytes = 64 * 1024;
+constexpr std::size_t kMostUnsentBytes = 64u * 1024 * 1024;
+constexpr std::size_t kReadBytes = 64u * 1024;
 
 tl::unexpected<Error> systemFailure(const char* what) {
     return failure(std::string(what) + ": " + std::strerror(errno) + ".");

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "base/Error.h"
-#include "opening/BridgeFrames.h"
+#include "bridge/BridgeFrames.h"
 
 #include <cstdint>
 #include <map>

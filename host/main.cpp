@@ -1,6 +1,8 @@
 // tabulon-host: started by a browser for its extension, ends with it.
+#include "bridge/BridgePlaces.h"
 #include "host/Host.h"
-#include "opening/BridgePlaces.h"
+
+#include <unistd.h>
 
 #include <unistd.h>
 

@@ -2,7 +2,7 @@
 // refuses.
 #pragma once
 
-#include "opening/BridgeMessages.h"
+#include "bridge/BridgeMessages.h"
 #include "platform/BrowserBridge.h"
 #include "platform/EventSender.h"
 
@@ -19,7 +19,7 @@ public:
     /// The most seconds that an event waits for its reply.
     static constexpr double kMostSeconds = 5;
     /// The most bytes of a text from a browser.
-    static constexpr std::size_t kMostTextBytes = 64 * 1024 * 1024;
+    static constexpr std::size_t kMostTextBytes = 64u * 1024 * 1024;
 
     /// Requires: the arguments outlive this object.
     BridgeEvents(BrowserBridge& bridge, EventSender& otherwise) : bridge_(bridge), otherwise_(otherwise) {}

@@ -1,7 +1,7 @@
 // What the bridge to browsers does for an event, and the reply that the event gets. Pure functions.
 #pragma once
 
-#include "opening/BridgeMessages.h"
+#include "bridge/BridgeMessages.h"
 #include "platform/AppEvent.h"
 
 #include <optional>

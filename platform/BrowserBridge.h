@@ -1,5 +1,5 @@
 // The connections to running browsers, through the extension in each. The messages are in
-// opening/BridgeMessages.h.
+// bridge/BridgeMessages.h.
 #pragma once
 
 #include "base/Error.h"

@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::size_t kMostAddressBytes = 100'000;
 
-bool isControl(char c) {
+bool isControlCharacter(char c) {
     return static_cast<unsigned char>(c) < 0x20 || c == 0x7f;
 }
 
@@ -20,7 +20,7 @@ std::size_t bytesOf(const std::string& word) {
 
 bool canBeArgument(std::string_view address) {
     return !address.empty() && !address.starts_with('-') && address.size() <= kMostAddressBytes &&
-           std::ranges::none_of(address, isControl);
+           std::ranges::none_of(address, isControlCharacter);
 }
 
 std::vector<std::vector<std::string>> commandsWithAddresses(const std::vector<std::string>& command,

@@ -1,8 +1,8 @@
 #include "platform/linux/SocketBridge.h"
 
 #include "base/Browsers.h"
-#include "opening/BridgeFrames.h"
-#include "opening/BridgePlaces.h"
+#include "bridge/BridgeFrames.h"
+#include "bridge/BridgePlaces.h"
 #include "platform/linux/Processes.h"
 
 #include <poll.h>
@@ -24,7 +24,7 @@ namespace {
 namespace fs = std::filesystem;
 using SteadyClock = std::chrono::steady_clock;
 
-constexpr std::size_t kReadBytes = 64 * 1024;
+constexpr std::size_t kReadBytes = 64u * 1024;
 constexpr int kMostSecondsToSend = 2;
 
 class SocketConnection : public BridgeConnection {

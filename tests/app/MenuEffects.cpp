@@ -109,6 +109,45 @@ const std::vector<MenuCase>& menuCases() {
         {"Bookmark > Move Down", "Ctrl+Down", "second", "/home/chosen.html",
          "tree of links: Master+(first Closed-(Inner-(deep)) Open+(broken!3 Below+(low)) Sort-(b d a c) "
          "second labelled:3 new Wide+())"},
+        {"Bookmark > Open", "Ctrl+Return", "first", "/home/chosen.html",
+         "asked: “launch org.chromium.Chromium”“event core/getd org.chromium.Chromium”“event core/setd "
+         "org.chromium.Chromium”"},
+        {"Bookmark > Open in New Tab", "Ctrl+Shift+Return", "first", "/home/chosen.html",
+         "asked: “launch org.chromium.Chromium”“event GURL/GURL org.chromium.Chromium”"},
+        {"Bookmark > Open in New Window", "Ctrl+Alt+Return", "first", "/home/chosen.html",
+         "asked: “launch org.chromium.Chromium”“event core/crel org.chromium.Chromium”“event core/setd "
+         "org.chromium.Chromium”"},
+        {"Bookmark > Open With > Safari", "", "first", "/home/chosen.html",
+         "asked: “launch com.apple.Safari”“event core/getd com.apple.Safari”“event core/setd "
+         "com.apple.Safari”; log: “OpenWith : 0”"},
+        {"Bookmark > Open With > Chrome", "", "first", "/home/chosen.html",
+         "asked: “launch com.google.Chrome”“event core/getd com.google.Chrome”“event core/setd "
+         "com.google.Chrome”; log: “OpenWith : 1”"},
+        {"Bookmark > Open With > Chromium", "", "first", "/home/chosen.html",
+         "asked: “launch org.chromium.Chromium”“event core/getd org.chromium.Chromium”“event core/setd "
+         "org.chromium.Chromium”; log: “OpenWith : 2”"},
+        {"Bookmark > Open With > Opera", "", "first", "/home/chosen.html",
+         "asked: “launch com.operasoftware.Opera”“event core/getd com.operasoftware.Opera”“event core/setd "
+         "com.operasoftware.Opera”; log: “OpenWith : 3”"},
+        {"Bookmark > Open With > Firefox", "", "first", "/home/chosen.html",
+         "asked: “launch org.mozilla.firefox”“event core/getd org.mozilla.firefox”“event WWW!/OURL "
+         "org.mozilla.firefox”; log: “OpenWith : 4”"},
+        {"Bookmark > Open With > iCab", "", "first", "/home/chosen.html",
+         "asked: “launch de.icab.iCab”“event core/getd de.icab.iCab”“event WWW!/OURL de.icab.iCab”; log: "
+         "“OpenWith : 5”"},
+        {"Bookmark > Open With > Vivaldi", "", "first", "/home/chosen.html",
+         "asked: “launch com.vivaldi.Vivaldi”“event core/getd com.vivaldi.Vivaldi”“event core/setd "
+         "com.vivaldi.Vivaldi”; log: “OpenWith : 6”"},
+        {"Bookmark > Open With > Brave", "", "first", "/home/chosen.html",
+         "asked: “launch com.brave.Browser”“event core/getd com.brave.Browser”“event core/setd "
+         "com.brave.Browser”; log: “OpenWith : 7”"},
+        {"Bookmark > Open With > Edge", "", "first", "/home/chosen.html",
+         "asked: “launch com.microsoft.edgemac”“event core/getd com.microsoft.edgemac”“event core/setd "
+         "com.microsoft.edgemac”; log: “OpenWith : 8”"},
+        {"Bookmark > Open in Helper Application", "", "first", "/home/chosen.html",
+         "asked: “open https://same.example/”"},
+        {"Bookmark > Open Folder in Tabs", "", "Sort", "/home/chosen.html",
+         "asked: “openAll https://x.example/ https://y.example/ https://z.example/ https://w.example/”"},
         {"Bookmark > Save Link as File…", "", "first", "/home/chosen.html",
          "named: <?xml ver; save panel: “Save the link as a file”first"},
         {"Sort > By Name", "", "Sort", "/home/chosen.html",

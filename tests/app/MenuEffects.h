@@ -200,6 +200,11 @@ private:
             now["save panel"] += "“" + panel.message + "”" + panel.proposedName;
         for (const auto& [key, value] : base.defaults.values())
             now["setting " + key] = value;
+        for (const std::string& request : requests)
+            now["asked"] += "“" + request + "”";
+        for (const std::string& line : base.log.lines)
+            if (line.starts_with("OpenWith"))
+                now["log"] += "“" + line + "”";
         if (beeper.beeps > 0)
             now["beeps"] = std::to_string(beeper.beeps);
         now["clipboard"] = pasteboard.string().value_or("");

@@ -64,7 +64,8 @@ public:
     FakeProgramHost host;
     AppDelegate app{Platform{fakes.base.services(), fakes.alerts, fakes.panels, fakes.progress, files,
                              fakes.folders, recovery, fakes.stores, fakes.timers, fakes.beeper,
-                             fakes.keyboard, fakes.pasteboard, fakes.workspace, fakes.state},
+                             fakes.keyboard, fakes.pasteboard, fakes.workspace, fakes.events,
+                             fakes.permission, fakes.state},
                     windows, instance, host, "1"};
 };
 

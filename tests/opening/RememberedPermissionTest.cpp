@@ -9,14 +9,14 @@
 namespace tabulon {
 namespace {
 
-constexpr const char* kFirefox = "org.mozilla.firefox";
-constexpr const char* kChromium = "org.chromium.Chromium";
+constexpr const char* kOtherBrowser = "org.mozilla.firefox";
+constexpr const char* kOneBrowser = "org.chromium.Chromium";
 constexpr auto kMayAsk = PermissionQuestion::Allowed;
 constexpr auto kMayNotAsk = PermissionQuestion::NotAllowed;
 
 class RememberedPermissionTest : public testing::Test {
 protected:
-    RememberedPermissionTest() { bridge.browsers = {{kFirefox, 5}, {kChromium, 6}}; }
+    RememberedPermissionTest() { bridge.browsers = {{kOtherBrowser, 5}, {kOneBrowser, 6}}; }
 
     FakePlatform fake;
     FakeBridge bridge;
@@ -26,42 +26,42 @@ protected:
 TEST_F(RememberedPermissionTest, EachBrowserIsAskedAboutOnce) {
     fake.alerts.answer("Don’t Allow");
     fake.alerts.answer("Allow");
-    EXPECT_FALSE(permission.mayAutomate(kFirefox, kMayAsk));
-    EXPECT_TRUE(permission.mayAutomate(kChromium, kMayAsk));
+    EXPECT_FALSE(permission.mayAutomate(kOtherBrowser, kMayAsk));
+    EXPECT_TRUE(permission.mayAutomate(kOneBrowser, kMayAsk));
     EXPECT_FALSE(permission.mayAutomate("org.mozilla.Firefox", kMayAsk));
-    EXPECT_TRUE(permission.mayAutomate(kChromium, kMayNotAsk));
+    EXPECT_TRUE(permission.mayAutomate(kOneBrowser, kMayNotAsk));
     ASSERT_EQ(fake.alerts.shown.size(), 2u);
     EXPECT_EQ(fake.alerts.shown[0].message, "Allow Tabulon to control Firefox?");
     EXPECT_EQ(fake.alerts.shown[1].message, "Allow Tabulon to control Chromium?");
 }
 
 TEST_F(RememberedPermissionTest, TheAnswerIsKeptBetweenRuns) {
-    EXPECT_TRUE(permission.mayAutomate(kFirefox, kMayAsk));
+    EXPECT_TRUE(permission.mayAutomate(kOtherBrowser, kMayAsk));
     RememberedPermission later({bridge, fake.state, fake.alerts, fake.base.texts});
-    EXPECT_TRUE(later.mayAutomate(kFirefox, kMayNotAsk));
-    EXPECT_EQ(later.answer(kFirefox), true);
-    EXPECT_EQ(later.answer(kChromium), std::nullopt);
+    EXPECT_TRUE(later.mayAutomate(kOtherBrowser, kMayNotAsk));
+    EXPECT_EQ(later.answer(kOtherBrowser), true);
+    EXPECT_EQ(later.answer(kOneBrowser), std::nullopt);
 }
 
 TEST_F(RememberedPermissionTest, WithoutAQuestionAnUnknownAnswerIsNo) {
-    EXPECT_FALSE(permission.mayAutomate(kFirefox, kMayNotAsk));
+    EXPECT_FALSE(permission.mayAutomate(kOtherBrowser, kMayNotAsk));
     EXPECT_TRUE(fake.alerts.shown.empty());
-    EXPECT_EQ(permission.answer(kFirefox), std::nullopt);
+    EXPECT_EQ(permission.answer(kOtherBrowser), std::nullopt);
 }
 
 TEST_F(RememberedPermissionTest, AnAnswerCanBeRevoked) {
-    permission.setAnswer(kFirefox, true);
+    permission.setAnswer(kOtherBrowser, true);
     permission.setAnswer("org.mozilla.Firefox", false);
-    EXPECT_FALSE(permission.mayAutomate(kFirefox, kMayAsk));
-    permission.setAnswer(kFirefox, std::nullopt);
-    EXPECT_TRUE(permission.mayAutomate(kFirefox, kMayAsk));
+    EXPECT_FALSE(permission.mayAutomate(kOtherBrowser, kMayAsk));
+    permission.setAnswer(kOtherBrowser, std::nullopt);
+    EXPECT_TRUE(permission.mayAutomate(kOtherBrowser, kMayAsk));
     EXPECT_EQ(fake.alerts.shown.size(), 1u);
 }
 
 TEST_F(RememberedPermissionTest, ABrowserWithoutABridgeIsNotAskedAbout) {
     bridge.browsers.clear();
-    permission.setAnswer(kFirefox, false);
-    EXPECT_TRUE(permission.mayAutomate(kFirefox, kMayAsk));
+    permission.setAnswer(kOtherBrowser, false);
+    EXPECT_TRUE(permission.mayAutomate(kOtherBrowser, kMayAsk));
     EXPECT_TRUE(fake.alerts.shown.empty());
 }
 

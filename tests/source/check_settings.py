@@ -5,7 +5,7 @@ from pathlib import Path
 
 from settings_table import command_line_faults, registered, registration_faults, table_faults, test_faults, text_faults
 
-FOLDERS = ("text", "plist", "html", "url", "model", "formats", "window", "app", "ui", "cli", "main", "platform")
+FOLDERS = ("text", "plist", "html", "url", "bridge", "model", "formats", "opening", "host", "window", "app", "ui", "cli", "main", "platform")
 
 
 def sources_in(root, folders):

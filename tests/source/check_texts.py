@@ -5,7 +5,7 @@ from pathlib import Path
 
 from text_keys import faults, texts, used
 
-FOLDERS = ("base", "text", "plist", "html", "url", "model", "formats", "window", "app", "ui", "cli", "main", "platform")
+FOLDERS = ("base", "text", "plist", "html", "url", "bridge", "model", "formats", "opening", "host", "window", "app", "ui", "cli", "main", "platform")
 TABLE = "base/EnglishTexts.cpp"
 LEAST_USED = 200  # fewer would mean that the places are not recognized any more
 

@@ -8,7 +8,7 @@ from pathlib import Path
 MAXIMUM_LINES = 600
 
 SOURCE_FOLDERS = (
-    "base", "text", "plist", "html", "url", "model", "formats", "opening", "host", "search", "history", "window", "app", "ui", "cli",
+    "base", "text", "plist", "html", "url", "bridge", "model", "formats", "opening", "host", "search", "history", "window", "app", "ui", "cli",
     "main", "platform", "tests", "bench", "fuzz",
 )
 
@@ -16,7 +16,7 @@ SOURCE_FOLDERS = (
 # itself.
 _CODINGS = {"base", "text", "plist"}
 _MODEL = _CODINGS | {"model"}
-_UPPER = _MODEL | {"formats", "opening", "search", "history", "platform"}
+_UPPER = _MODEL | {"formats", "bridge", "opening", "search", "history", "platform"}
 _PROOF = _UPPER | {"host", "html", "url", "window", "app", "cli", "platform/fake", "platform/linux"}
 ARROWS = {
     "base": set(),
@@ -26,13 +26,14 @@ ARROWS = {
     "url": {"base", "text"},
     "model": _CODINGS,
     "formats": _MODEL | {"html", "url"},
-    "opening": _MODEL | {"platform"},
-    "host": {"base", "opening"},
+    "bridge": {"base"},
+    "opening": _MODEL | {"platform", "bridge"},
+    "host": {"base", "bridge"},
     "search": _MODEL,
     "history": _MODEL,
     "platform": {"base"},
     "platform/fake": {"base", "platform"},
-    "platform/linux": {"base", "text", "platform", "opening"},
+    "platform/linux": {"base", "text", "platform", "bridge"},
     "window": _UPPER,
     "app": _UPPER | {"window"},
     "ui": _UPPER | {"window", "app"},

@@ -31,7 +31,7 @@ public:
     void showEmptyState(bool) override {}
     FindBar& findBar() override { return bar; }
     void presentMoveDelete(std::shared_ptr<MoveDeleteController>) override {}
-    void presentInfo(std::shared_ptr<GetInfoController>) override {}
+    void presentInfo(std::shared_ptr<GetInfoController>) override { ++presentedInfos; }
     void presentLegenda() override {}
     std::string frame() const override { return {}; }
     void setFrame(const std::string&) override {}
@@ -43,6 +43,7 @@ public:
     OutlineWidget widget;
     MemoryFindBar bar;
     std::string urlField;
+    int presentedInfos = 0;
     bool active = true; ///< whether the user works with it
 };
 

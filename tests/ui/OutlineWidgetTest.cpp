@@ -81,6 +81,58 @@ TEST_F(OutlineWidgetTest, ReturnAndDoubleClickTurnAFolder) {
     EXPECT_EQ(shownNames(), (Names{"outer", "inside"})) << "in every column";
 }
 
+TEST_F(OutlineWidgetTest, ReturnOpensTheSelectedLinks) {
+    add(makeFolder("folder", false));
+    add(makeLink("first", "mailto:a@b"));
+    add(makeLink("second", "mailto:c@d"));
+    openWidget();
+    press(Qt::Key_End);
+    press(Qt::Key_Return);
+    EXPECT_EQ(requests, (Names{"open mailto:c@d"}));
+    requests.clear();
+    press(Qt::Key_Up, Qt::ShiftModifier);
+    press(Qt::Key_Enter);
+    EXPECT_EQ(requests, (Names{"open mailto:a@b", "open mailto:c@d"}));
+    requests.clear();
+    press(Qt::Key_Up, Qt::ShiftModifier); // the current row is that of the folder
+    press(Qt::Key_Return);
+    EXPECT_EQ(requests, (Names{"open mailto:a@b", "open mailto:c@d"}));
+    EXPECT_EQ(shownNames(), (Names{"folder", "first", "second"}));
+}
+
+TEST_F(OutlineWidgetTest, ADoubleClickOpensALinkOrShowsItsInformation) {
+    add(makeLink("link", "mailto:a@b"));
+    openWidget();
+    const QRect cell = widget().visualRect(widget().model()->index(0, 0));
+    const auto doubleClickAt = [&](int x) {
+        requests.clear();
+        widgetWindow->presentedInfos = 0;
+        QTest::mouseDClick(widget().viewport(), Qt::LeftButton, {}, QPoint(x, cell.center().y()));
+    };
+    for (const int x : {cell.left() + 80, cell.left() + cell.width() - 16, cell.left() + cell.width() + 8}) {
+        doubleClickAt(x);
+        EXPECT_EQ(requests, (Names{"open mailto:a@b"})) << x;
+        EXPECT_EQ(widgetWindow->presentedInfos, 0) << x;
+    }
+    for (const int x : {cell.left() + cell.width() - 15, cell.left() + cell.width() - 1}) {
+        doubleClickAt(x);
+        EXPECT_TRUE(requests.empty()) << x;
+        EXPECT_EQ(widgetWindow->presentedInfos, 1) << x;
+    }
+}
+
+TEST_F(OutlineWidgetTest, ADoubleClickDoesNotBeginToEditTheName) {
+    add(makeLink("link", "mailto:a@b"));
+    openWidget();
+    const QRect cell = widget().visualRect(widget().model()->index(0, 0));
+    const QPoint name(cell.left() + 40, cell.center().y());
+    QTest::mouseClick(widget().viewport(), Qt::LeftButton, {}, name);
+    QTest::mouseDClick(widget().viewport(), Qt::LeftButton, {}, name);
+    timers.advance(2);
+    EXPECT_FALSE(widget().isEditing());
+    EXPECT_EQ(requests.size(), 1u);
+}
+
 TEST_F(OutlineWidgetTest, TypingFromNoSelectionFindsTheFirstRowToo) {
     add(makeLink("alpha"));
     add(makeLink("another"));

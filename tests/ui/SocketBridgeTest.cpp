@@ -2,8 +2,8 @@
 // process is the browser.
 #include "platform/linux/SocketBridge.h"
 
-#include "opening/BridgeFrames.h"
-#include "opening/BridgePlaces.h"
+#include "bridge/BridgeFrames.h"
+#include "bridge/BridgePlaces.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

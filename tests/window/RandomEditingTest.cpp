@@ -185,8 +185,8 @@ protected:
         const ReferenceOutline before = tree;
         const bool copies = drag.copies || !drag.source;
         wanted.drop(place, copies);
-        // Where no copy has a row, a few rows stay selected, because no row is inserted or removed.
-        if (copies && tree.selected().empty() && drag.items.size() <= Outline::ManyRows::kRowsHandledSingly)
+        // Where no copy has a row, the selection stays.
+        if (copies && tree.selected().empty())
             for (const std::size_t selected : before.selected())
                 wanted.tree.select(tree.find(before.at(selected).node.get()));
     }

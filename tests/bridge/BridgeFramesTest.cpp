@@ -1,7 +1,7 @@
 // Frames of messages that arrive in pieces of any size, and the names of sockets.
-#include "opening/BridgeFrames.h"
+#include "bridge/BridgeFrames.h"
 
-#include "opening/BridgePlaces.h"
+#include "bridge/BridgePlaces.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "opening/BridgePlaces.h"
+#include "bridge/BridgePlaces.h"
 
 #include <charconv>
 

@@ -1,4 +1,4 @@
-#include "opening/BridgeMessages.h"
+#include "bridge/BridgeMessages.h"
 
 #include <simdjson.h>
 
@@ -67,22 +67,22 @@ void appendText(std::string& out, std::string_view text) {
     out += '"';
 }
 
-void appendMember(std::string& out, std::string_view key, std::string_view text) {
-    ((out += ",\"") += key) += "\":";
+void appendMember(std::string& out, std::string_view name, std::string_view text) {
+    ((out += ",\"") += name) += "\":";
     appendText(out, text);
 }
 
 // Each returns the member, or an empty value if there is none of that kind.
 
-std::string textIn(const json::object& object, std::string_view key) {
+std::string textIn(const json::object& object, std::string_view name) {
     std::string_view text;
-    return object[key].get(text) == simdjson::SUCCESS ? std::string(text) : std::string();
+    return object[name].get(text) == simdjson::SUCCESS ? std::string(text) : std::string();
 }
 
 template <class Value>
-Value valueIn(const json::object& object, std::string_view key) {
+Value valueIn(const json::object& object, std::string_view name) {
     Value value{};
-    return object[key].get(value) == simdjson::SUCCESS ? value : Value{};
+    return object[name].get(value) == simdjson::SUCCESS ? value : Value{};
 }
 
 BridgeResult resultIn(const json::object& object) {

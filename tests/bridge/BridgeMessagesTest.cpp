@@ -1,5 +1,5 @@
 // The JSON of requests and replies, and messages that are broken.
-#include "opening/BridgeMessages.h"
+#include "bridge/BridgeMessages.h"
 
 #include <gtest/gtest.h>
 

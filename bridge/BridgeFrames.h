@@ -11,9 +11,9 @@
 namespace tabulon {
 
 /// The most bytes of a message to a browser. A browser ends the connection for 1 MiB and more.
-inline constexpr std::size_t kMostRequestBytes = 512 * 1024;
+inline constexpr std::size_t kMostRequestBytes = 512u * 1024;
 /// The most bytes of a message from a browser. Long texts come in several messages.
-inline constexpr std::size_t kMostReplyBytes = 1024 * 1024;
+inline constexpr std::size_t kMostReplyBytes = 1024u * 1024;
 
 /// Returns the message with its length in front. Requires: the message has less than 4 GiB.
 std::string frameOf(std::string_view message);

@@ -1,4 +1,4 @@
-#include "opening/BridgeFrames.h"
+#include "bridge/BridgeFrames.h"
 
 #include <cstdint>
 #include <cstring>
