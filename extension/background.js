@@ -9,6 +9,7 @@ const PROTOCOL = 1;
 const PART_CHARACTERS = 100_000; // at most 600,000 bytes of JSON
 const MAXIMUM_CHARACTERS = 16_000_000; // of one text
 const RETRY_MILLISECONDS = 3000;
+const EMPTY_MILLISECONDS = 5000; // as long as the program waits for a reply
 const ALARM_MINUTES = 0.5;
 
 // The functions that run in a page. Each returns a text. Those of links end each value with a form feed.
@@ -30,8 +31,28 @@ class Refusal extends Error {
   }
 }
 
+// The window that a request has made: in front, although Chromium may not notice that it has the keyboard.
+// While it is empty it waits for its address.
+let madeWindow = null;
+
+function forgetMadeWindow() {
+  if (!madeWindow?.isEmpty || Date.now() - madeWindow.time > EMPTY_MILLISECONDS)
+    madeWindow = null;
+}
+
+// Returns a list of one tab, or of none.
+async function tabsInFront() {
+  if (madeWindow) {
+    const tabs = await api.tabs.query({ active: true, windowId: madeWindow.id }).catch(() => []);
+    if (tabs.length > 0)
+      return tabs;
+    madeWindow = null; // it was closed
+  }
+  return api.tabs.query({ active: true, lastFocusedWindow: true });
+}
+
 async function frontTab() {
-  const [tab] = await api.tabs.query({ active: true, lastFocusedWindow: true });
+  const [tab] = await tabsInFront();
   if (!tab)
     throw new Refusal("noWindow", "The browser has no window.");
   if (tab.incognito)
@@ -82,7 +103,10 @@ const OPERATIONS = {
   async setURL({ url }) {
     checkAddress(url);
     const tab = await frontTab();
+    if (madeWindow)
+      madeWindow.isEmpty = false;
     await api.tabs.update(tab.id, { url });
+    await api.windows.update(tab.windowId, { focused: true }); // above a private one
     return {};
   },
   async newTab({ url }) {
@@ -95,7 +119,8 @@ const OPERATIONS = {
   async newWindow({ url }) {
     if (url !== undefined)
       checkAddress(url);
-    await api.windows.create(url === undefined ? {} : { url });
+    const window = await api.windows.create(url === undefined ? {} : { url });
+    madeWindow = { id: window.id, time: Date.now(), isEmpty: url === undefined };
     return {};
   },
   async focus() {
@@ -108,6 +133,8 @@ const focus = { focused: false, time: 0 };
 api.windows.onFocusChanged.addListener(windowId => {
   focus.focused = windowId !== api.windows.WINDOW_ID_NONE;
   focus.time = Date.now();
+  if (focus.focused)
+    forgetMadeWindow();
 });
 
 let port = null;

@@ -28,6 +28,8 @@ void BrowserDelivery::bringForward(const std::string& application) const {
     Workspace& workspace = services_.workspace;
     if (isSameApplication(workspace.frontmostApplication(), application))
         return;
+    // After the question the program would be in front again.
+    static_cast<void>(services_.permission.mayAutomate(application, PermissionQuestion::Allowed));
     if (workspace.isRunning(application) && workspace.activate(application))
         return;
     if (!workspace.launch(application))

@@ -35,7 +35,8 @@ public:
     std::string defaultBrowser() const;
 
     /// Brings the application to the front, and starts it if it does not run or the desktop does not bring it
-    /// to the front. Shows an alert if it cannot be started.
+    /// to the front. Asks for the permission before, if it is not known. Shows an alert if it cannot be
+    /// started.
     void bringForward(const std::string& application) const;
 
     /// Shows the address in the current tab of the frontmost window. A browser without a window chooses the

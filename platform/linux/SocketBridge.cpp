@@ -7,6 +7,7 @@
 
 #include <poll.h>
 #include <sys/socket.h>
+#include <sys/time.h>
 #include <sys/un.h>
 #include <unistd.h>
 
@@ -24,6 +25,7 @@ namespace fs = std::filesystem;
 using SteadyClock = std::chrono::steady_clock;
 
 constexpr std::size_t kReadBytes = std::size_t{64} * 1024;
+constexpr int kMostSecondsToSend = 2;
 
 class SocketConnection : public BridgeConnection {
 public:
@@ -41,7 +43,7 @@ public:
             if (count < 0 && errno == EINTR)
                 continue;
             if (count <= 0)
-                return hasEnded();
+                return errno == EAGAIN ? failure("The browser does not read.") : hasEnded();
             sent += static_cast<std::size_t>(count);
         }
         return {};
@@ -93,6 +95,9 @@ int connectedSocket(const fs::path& path) {
     const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     if (socket < 0)
         return -1;
+    // A process that was stopped neither accepts nor reads.
+    const timeval mostTime{.tv_sec = kMostSecondsToSend, .tv_usec = 0};
+    setsockopt(socket, SOL_SOCKET, SO_SNDTIMEO, &mostTime, sizeof mostTime);
     const bool isConnected =
         ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
     if (isConnected && isOfThisUser(socket))

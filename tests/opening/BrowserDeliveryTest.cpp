@@ -216,6 +216,28 @@ TEST_F(BrowserDeliveryTest, aRunningBrowserIsActivated) {
     EXPECT_THAT(fake_.requests, ElementsAre("activate com.google.Chrome"));
 }
 
+// A question puts the program in front, so it comes before the browser does.
+TEST_F(BrowserDeliveryTest, theUserIsAskedBeforeTheBrowserComesForward) {
+    class AskingPermission : public AutomationPermission {
+    public:
+        explicit AskingPermission(std::vector<std::string>& requests) : requests_(requests) {}
+        bool mayAutomate(std::string_view application, PermissionQuestion question) override {
+            requests_.push_back((question == PermissionQuestion::Allowed ? "ask " : "look up ") +
+                                std::string(application));
+            return true;
+        }
+
+    private:
+        std::vector<std::string>& requests_;
+    };
+    AskingPermission permission(fake_.requests);
+    fake_.workspace.running = {"com.google.Chrome"};
+    const OpeningServices asking{fake_.workspace, fake_.events, permission, fake_.alerts,
+                                 fake_.base.services()};
+    BrowserDelivery(asking).bringForward("com.google.Chrome");
+    EXPECT_THAT(fake_.requests, ElementsAre("ask com.google.Chrome", "activate com.google.Chrome"));
+}
+
 TEST_F(BrowserDeliveryTest, aBrowserThatCannotBeActivatedIsStarted) {
     fake_.workspace.running = {"com.google.Chrome"};
     fake_.workspace.activates = false;

@@ -11,7 +11,7 @@ import tempfile
 import time
 
 # The browser must not use the network, and must not open windows or pages before the test does.
-_PREFERENCES = """\
+PREFERENCES = """\
 user_pref("marionette.port", 0);
 user_pref("browser.bookmarks.restore_default_bookmarks", false);
 user_pref("browser.places.importBookmarksHTML", false);
@@ -38,55 +38,21 @@ def find():
     return shutil.which("firefox-esr") or shutil.which("firefox")
 
 
-class Firefox:
-    """A context with a new profile, which is removed at its end. With the `environment` of a display it has a window there.
-    `preferences` are more lines for the profile.
-    """
+class Remote:
+    """The connection to a browser that runs with Marionette."""
 
-    def __init__(self, program, patience=120, environment=None, preferences=""):
-        self._program = program
+    def __init__(self, patience=120):
         self._patience = patience
-        self._environment = environment
-        self._preferences = _PREFERENCES + preferences
         self._process = None
         self._socket = None
         self._last_id = 0
 
-    def __enter__(self):
-        self._folder = tempfile.TemporaryDirectory(prefix="tabulon-firefox-")
-        profile = os.path.join(self._folder.name, "profile")
-        os.mkdir(profile)
-        with open(os.path.join(profile, "user.js"), "w", encoding="utf-8") as preferences:
-            preferences.write(self._preferences)
-        self._log = open(os.path.join(self._folder.name, "log"), "w+", encoding="utf-8", errors="replace")
-        command = [self._program, "--no-remote", "--marionette", "--remote-allow-system-access", "--profile", profile]
-        environment = dict(self._environment or os.environ, HOME=self._folder.name, MOZ_CRASHREPORTER_DISABLE="1")
-        if not self._environment:
-            command.append("--headless")
-            environment.pop("DISPLAY", None)
-        self._process = subprocess.Popen(command, env=environment, stdin=subprocess.DEVNULL, stdout=self._log,
-                                         stderr=subprocess.STDOUT)
-        try:
-            self._connect(os.path.join(profile, "MarionetteActivePort"))
-            self.call("WebDriver:NewSession", {"capabilities": {}})
-            self.call("Marionette:SetContext", {"value": "chrome"})
-            self.call("WebDriver:SetTimeouts", {"script": self._patience * 1000})
-        except BaseException:
-            self.__exit__()
-            raise
-        return self
-
-    def __exit__(self, *_):
-        if self._socket:
-            self._socket.close()
-        self._process.terminate()
-        try:
-            self._process.wait(20)
-        except subprocess.TimeoutExpired:
-            self._process.kill()
-            self._process.wait()
-        self._log.close()
-        self._folder.cleanup()
+    def attach(self, port_file):
+        """Connects to the browser that has written this file, or is about to."""
+        self._connect(port_file)
+        self.call("WebDriver:NewSession", {"capabilities": {}})
+        self.call("Marionette:SetContext", {"value": "chrome"})
+        self.call("WebDriver:SetTimeouts", {"script": self._patience * 1000})
 
     def run(self, script, *arguments):
         """Runs the body of an async function with `arguments` and returns its result."""
@@ -114,7 +80,7 @@ class Firefox:
     def _connect(self, port_file):
         end = time.monotonic() + self._patience
         while time.monotonic() < end:
-            if self._process.poll() is not None:
+            if self._process and self._process.poll() is not None:
                 raise RuntimeError(f"Firefox ended with {self._process.returncode}: {self._log_tail()}")
             try:
                 with open(port_file, encoding="ascii") as file:
@@ -142,6 +108,58 @@ class Firefox:
         if not some:
             raise RuntimeError(f"Firefox hung up: {self._log_tail()}")
         return some
+
+    def _log_tail(self):
+        return ""
+
+
+class Firefox(Remote):
+    """A context with a new profile, which is removed at its end. With the `environment` of a display it has a window there.
+    `preferences` are more lines for the profile.
+    """
+
+    def __init__(self, program, patience=120, environment=None, preferences=""):
+        super().__init__(patience)
+        self._program = program
+        self._environment = environment
+        self._preferences = PREFERENCES + preferences
+
+    def __enter__(self):
+        self._folder = tempfile.TemporaryDirectory(prefix="tabulon-firefox-")
+        profile = os.path.join(self._folder.name, "profile")
+        os.mkdir(profile)
+        with open(os.path.join(profile, "user.js"), "w", encoding="utf-8") as preferences:
+            preferences.write(self._preferences)
+        self._log = open(os.path.join(self._folder.name, "log"), "w+", encoding="utf-8", errors="replace")
+        command = [self._program, "--no-remote", "--marionette", "--remote-allow-system-access", "--profile", profile]
+        environment = dict(self._environment or os.environ, HOME=self._folder.name, MOZ_CRASHREPORTER_DISABLE="1")
+        if not self._environment:
+            command.append("--headless")
+            environment.pop("DISPLAY", None)
+        self._process = subprocess.Popen(command, env=environment, stdin=subprocess.DEVNULL, stdout=self._log,
+                                         stderr=subprocess.STDOUT)
+        try:
+            self.attach(os.path.join(profile, "MarionetteActivePort"))
+        except BaseException:
+            self.__exit__()
+            raise
+        return self
+
+    def __exit__(self, *_):
+        if self._socket:
+            self._socket.close()
+        self._process.terminate()
+        try:
+            self._process.wait(20)
+        except subprocess.TimeoutExpired:
+            self._process.kill()
+            self._process.wait()
+        self._log.close()
+        self._folder.cleanup()
+
+    def home(self):
+        """Returns the browser's home folder."""
+        return self._folder.name
 
     def _log_tail(self):
         self._log.seek(0)
