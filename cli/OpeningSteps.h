@@ -46,14 +46,21 @@ public:
     /// Requires: the arguments outlive this object.
     WrittenWorkspace(const DesktopAnswers& answers, OpeningSteps& steps) : answers_(answers), steps_(steps) {}
 
+    /// Returns `nullopt`: no command of the tool shows the name of an application.
     std::optional<Application> defaultBrowser() override { return std::nullopt; }
     std::string defaultHandler() override { return answers_.defaultBrowser; }
+    /// Returns an application without a name: every one counts as installed.
     std::optional<Application> application(std::string_view /*identifier*/) override { return Application{}; }
     std::string frontmostApplication() override { return answers_.front; }
+    /// Returns whether the answers name it, in either spelling of a browser's identifier.
     bool isRunning(std::string_view identifier) override;
+    /// Adds "activate" with the application, and returns true.
     bool activate(std::string_view identifier) override;
+    /// Adds "launch" with the application.
     Result<void> launch(std::string_view identifier) override;
+    /// Adds "open" with the address.
     Result<void> openURL(std::string_view url) override;
+    /// Adds "openAll" with the default browser and the addresses.
     Result<void> openURLs(std::span<const std::string> urls) override;
 
 private:
@@ -67,6 +74,8 @@ public:
     /// Requires: the arguments outlive this object.
     WrittenEvents(const DesktopAnswers& answers, OpeningSteps& steps) : answers_(answers), steps_(steps) {}
 
+    /// Adds "event" with the members of the event. Returns the reply that the answers prescribe for the
+    /// question for a window, and fails if that is an error.
     Result<AppEventReply> send(const AppEvent& event) override;
 
 private:
@@ -88,12 +97,14 @@ public:
     /// steps outlive this object.
     WrittenStamps(Document& document, std::vector<Candidate> candidates, const Clock& clock,
                   OpeningSteps& steps);
+    /// Leaves the document without a presenter.
     ~WrittenStamps() override;
     WrittenStamps(const WrittenStamps&) = delete;
     WrittenStamps& operator=(const WrittenStamps&) = delete;
 
-    /// Returns another time for each call.
+    /// Returns another time for each call, so that the last bookmark with the date can be found.
     double secondsSinceReferenceDate() const override { return ++lastTime_; }
+    /// Returns the time zone of the other clock.
     std::string timeZone() const override { return clock_.timeZone(); }
 
 private:
