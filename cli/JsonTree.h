@@ -21,6 +21,8 @@ namespace tabulon::cli {
 std::string jsonFromTree(const Bookmark& root, OutputLimit* limit = nullptr);
 
 /// Appends the fields of a node without its children, as the inside of an object: `"name":…,…,"autoTab":…`.
+/// The members are in the order of the list above, without braces around them. Linear in the texts of the
+/// node.
 void appendJsonFields(std::string& out, const Bookmark& node);
 
 /// Appends a text as a JSON string with quotation marks, or null for a null text.

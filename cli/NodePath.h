@@ -10,10 +10,12 @@
 
 namespace tabulon::cli {
 
-/// Returns whether `text` has the form of a path.
+/// Returns whether `text` has the form of a path. A path consists of decimal indexes with one "/" between two
+/// of them, and may be empty. Whether a document has a node there is not checked.
 bool isNodePath(std::string_view text);
 
-/// Returns the node at the path, or `nullptr`. Requires: `isNodePath(path)`.
+/// Returns the node at the path, or `nullptr`. Requires: `isNodePath(path)`. Also returns `nullptr` for an
+/// index that does not fit into 64 bits. The tree keeps the ownership of the node.
 Bookmark* nodeAt(Bookmark& root, std::string_view path);
 
 /// Calls `visit` with every node below `root` and its path, in document order, until it returns false.

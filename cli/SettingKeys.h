@@ -5,7 +5,9 @@
 
 namespace tabulon::cli {
 
-/// Returns whether a setting has this key. The comparison is exact.
+/// Returns whether a setting has this key. The comparison is exact. The keys are those of base/Settings.h,
+/// with a registered value or without, and a few whose settings are stored but not used yet. Linear in the
+/// number of keys.
 bool isSettingKey(std::string_view key);
 
 } // namespace tabulon::cli
