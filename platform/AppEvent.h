@@ -20,9 +20,10 @@ class FourCharCode {
 public:
     consteval FourCharCode(const char (&text)[5]) : characters_{text[0], text[1], text[2], text[3]} {}
 
-    /// Returns the four characters.
+    /// Returns the four characters, without a terminating NUL among them.
     std::string string() const { return {characters_.data(), characters_.size()}; }
 
+    /// Compares the characters from the first one on.
     friend auto operator<=>(const FourCharCode&, const FourCharCode&) = default;
 
 private:
@@ -48,12 +49,13 @@ struct ObjectSpecifier {
     friend bool operator==(const ObjectSpecifier&, const ObjectSpecifier&) = default;
 };
 
-/// Returns the specifier of an element of the application.
+/// Returns the specifier of an element of the application. `index` counts from 1 and is not checked.
 ObjectSpecifier element(FourCharCode elementClass, std::int32_t index);
-/// Returns the specifier of a property of `container`.
+/// Returns the specifier of a property of `container`. The other steps are those of `container`. Never fails,
+/// also for a property that no application has.
 ObjectSpecifier property(FourCharCode code, ObjectSpecifier container);
-/// Returns the specifier as text, from the object outwards, such as
-/// `property 'URL ' of property 'acTa' of element 'cwin' 1`.
+/// Returns the specifier as text, from the object outwards, such as `property 'URL ' of property 'acTa' of
+/// element 'cwin' 1`. Empty for a specifier without steps. The characters of codes are not escaped. Linear.
 std::string descriptionOf(const ObjectSpecifier& specifier);
 
 /// A value in an event: a text, UTF-8, a number, a type or another code, or an object.
@@ -63,6 +65,7 @@ using EventValue = std::variant<std::string, std::int32_t, FourCharCode, ObjectS
 struct AppEvent {
     /// The identifier of the application that receives it.
     std::string application;
+    /// The two codes that identify the event to the application, such as "core" and "setd".
     FourCharCode eventClass;
     FourCharCode eventIdentifier;
     std::optional<EventValue> directObject = {};

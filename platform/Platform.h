@@ -40,7 +40,9 @@ struct Platform {
     Keyboard& keyboard;
     Pasteboard& pasteboard;
     Workspace& workspace;
+    /// Does not ask `permission`; that is the task of the caller, before it sends events.
     EventSender& events;
+    /// Concerns `events` only. What `workspace` does needs no permission.
     AutomationPermission& permission;
     /// Values that the program stores between runs (recent documents, column widths) and that are not
     /// settings.

@@ -22,6 +22,7 @@ public:
 /// dropped.
 class StandardErrorLog : public SystemLog {
 public:
+    /// Adds the prefix and the line feed to `line`, which is UTF-8.
     void log(std::string_view line) override;
 };
 

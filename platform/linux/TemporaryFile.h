@@ -14,6 +14,7 @@ public:
     explicit Descriptor(int number) : number_(number) {}
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
+    /// Closes the descriptor. Errors of closing are ignored.
     ~Descriptor() {
         if (number_ >= 0)
             ::close(number_);
@@ -26,6 +27,7 @@ public:
     }
     /// Returns the number, which stays owned by this object; negative for no open file.
     int get() const { return number_; }
+    /// Returns true if there is an open file.
     bool isOpen() const { return number_ >= 0; }
 
 private:
@@ -43,6 +45,7 @@ public:
     TemporaryFile(const std::string& folder, Name name);
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
+    /// Closes the descriptor, also after `rename`.
     ~TemporaryFile();
 
     /// Returns the descriptor, which stays owned by this object.
