@@ -23,7 +23,9 @@ public:
     }
 
     /// Shows the text as it is. If it has no line ends, line ends in text that is pasted later become spaces,
-    /// and those at its end are removed. If it has some, it is edited with them.
+    /// and those at its end are removed. If it has some, it is edited with them. Discards the history of undo
+    /// and the selection, and moves the cursor to the end. A text above `maxLength` is cut. Does not emit
+    /// `textEdited`.
     void showText(const QString& text) {
         setValidator(nullptr);
         setText(text);

@@ -21,12 +21,14 @@ public:
     /// Creates the row and shows `found`. `parent` owns the row. Requires: `texts` outlives it.
     BrowserRow(const FoundBrowser& found, const Localization& texts, QWidget* parent);
 
-    /// Returns the browser as it is shown.
+    /// Returns the browser as it is shown. Valid as long as the row; `setFound` changes it.
     const FoundBrowser& found() const { return found_; }
     /// Shows another state of the same browser, and removes the result if the stage has changed. The keyboard
-    /// stays where it is unless its button is hidden or disabled.
+    /// stays where it is unless its button is hidden or disabled. Does nothing if the state is equal.
+    /// Requires: the same browser, packaging and icon, which stay as they are shown.
     void setFound(const FoundBrowser& found);
-    /// Shows the result of what the user has asked for, below the state.
+    /// Shows the result of what the user has asked for, below the state. UTF-8, without markup. Replaces the
+    /// result before.
     void showResult(const std::string& sentence);
 
 signals:
@@ -40,7 +42,9 @@ signals:
 private:
     /// Returns the names, the state and the result, one above the other.
     QWidget* makeTexts();
+    /// Returns a new button at the end of the layout, owned by this row. Pressing it emits `pressed`.
     QPushButton* makeButton(const std::string& title, QHBoxLayout* layout, void (BrowserRow::*pressed)());
+    /// Shows the state of `found_` and sets up the buttons for it. Does not change the result.
     void update();
 
     FoundBrowser found_;

@@ -25,12 +25,15 @@ public:
 
     /// Returns the number of differences when `reload` was called last.
     int rowCount(const QModelIndex& parent = {}) const override;
+    /// Returns 3, or 0 below a row: rows have no children.
     int columnCount(const QModelIndex& parent = {}) const override;
-    /// Returns the title of a column.
+    /// Returns the title of a column. Empty for rows and for other roles than the displayed text. Requires:
+    /// the column exists.
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-    /// Returns the texts of a row, and the state of its check box if it can be put back.
+    /// Returns the texts of a row, and the state of its check box if it can be put back. The tool tip is the
+    /// text of the cell. Empty for other roles and for a row that does not exist.
     QVariant data(const QModelIndex& index, int role) const override;
-    /// Sets the check box of a row. Returns false for everything else.
+    /// Sets the check box of a row. Returns false for everything else. Emits `dataChanged` for the cell.
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     /// Only the first cell of a difference that can be put back has a check box.
     Qt::ItemFlags flags(const QModelIndex& index) const override;

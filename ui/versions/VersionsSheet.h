@@ -31,14 +31,16 @@ public:
     ~VersionsSheet() override;
 
 private:
-    /// Shows the counts of a version, which are known from then on.
+    /// Shows the counts of a version, which are known from then on. The tool tip of the counts is the reason
+    /// why the version cannot be read, if it cannot. Requires: `index` is below the number of versions.
     void reloadVersion(std::size_t index) override;
-    /// Shows the differences of the chosen version, or why it cannot be read.
+    /// Shows the differences of the chosen version, or why it cannot be read. Checks the rows anew, as
+    /// `DifferencesModel::reload` does.
     void reloadDifferences() override;
     /// The main loop deletes the panel after that.
     void dismiss() override;
 
-    /// Returns a text of the program in the user's language.
+    /// Returns a text of the program in the user's language. A key without a text is returned itself.
     QString text(const char* key) const;
     /// Fills the list of versions.
     void makeVersions();
