@@ -56,6 +56,7 @@ public:
         Object(Kind kind, std::uint64_t count, const std::uint8_t* bytes)
             : head_(static_cast<std::uint64_t>(kind) | count << 8), bytes_(bytes) {}
 
+        /// Returns the kind, which decides which of the other functions may be called.
         Kind kind() const { return static_cast<Kind>(head_ & 0xFF); }
         /// Returns 0 or 1 of a Boolean, the 64 bits (two's complement) of an Integer, or the number of a Uid.
         /// Requires: one of these kinds.
@@ -203,6 +204,8 @@ private:
         const std::uint64_t position = word(table_ + id * offsetSize_) >> offsetShift_;
         return position < kHeaderSize || position >= tableOffset_ ? nullptr : data_ + position;
     }
+    /// Returns the object with this marker at a position in bytes, or Damaged. Requires: the position is in
+    /// the object area.
     Object objectAt(std::uint64_t position, std::uint8_t marker) const;
     // A word reads eight bytes, of which the first ones are the number. The others are inside the data,
     // because the trailer follows.
@@ -214,6 +217,7 @@ private:
     static std::uint64_t bigEndian(const std::uint8_t* bytes, std::size_t width) {
         return word(bytes) >> shiftFor(width);
     }
+    /// Returns eight bytes as a number, high bytes first, at any alignment. Requires: all eight are readable.
     static std::uint64_t word(const std::uint8_t* bytes) {
         std::uint64_t word = 0;
         std::memcpy(&word, bytes, 8);
@@ -221,7 +225,11 @@ private:
             word = __builtin_bswap64(word);
         return word;
     }
+    /// Returns a text, Data or a container, whose count is in the marker or in an integer after it. Damaged
+    /// if its bytes end after the object area, or the count is no integer.
     Object sized(Kind kind, std::uint64_t position, std::uint8_t marker) const;
+    /// Returns an object without a count: Null, a Boolean, an Integer, a Real or a Date. Damaged for any
+    /// other marker.
     Object number(std::uint64_t position, std::uint8_t marker) const;
     /// Returns true if `size` bytes from `position` on end before the offset table. Both may have any value.
     bool fits(std::uint64_t position, std::uint64_t size) const {
@@ -232,6 +240,7 @@ private:
     const std::uint8_t* table_ = nullptr; // the offset table in the data: offsets of objects, by number
     std::uint64_t tableOffset_ = 0;       // in bytes; also the end of the object area
     std::uint64_t objectCount_ = 0;
+    /// The number of the top object, below `objectCount_` after `open`.
     std::uint64_t topObject_ = 0;
     std::size_t offsetSize_ = 0;    // the width of an offset, 1 to 8 bytes
     std::size_t referenceSize_ = 0; // the width of a reference, 1 to 8 bytes

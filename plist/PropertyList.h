@@ -50,6 +50,7 @@ private:
     explicit PropertyList(BinaryPlist plist) : plist_(plist) {}
 
     BinaryPlist plist_;
+    /// In bytes, of the binary form.
     std::size_t size_ = 0;
     std::unique_ptr<const std::string> converted_; // the binary form of an XML file, else nullptr
 };
