@@ -15,7 +15,8 @@ inline constexpr std::size_t kMostRequestBytes = std::size_t{512} * 1024;
 /// The most bytes of a message from a browser. Long texts come in several messages.
 inline constexpr std::size_t kMostReplyBytes = std::size_t{1024} * 1024;
 
-/// Returns the message with its length in front. Requires: the message has less than 4 GiB.
+/// Returns the message with its length in front. Requires: the message has less than 4 GiB. The result is
+/// four bytes longer. The message is not checked.
 std::string frameOf(std::string_view message);
 
 /// Splits a stream of bytes into messages.
@@ -24,12 +25,15 @@ public:
     /// Accepts messages with up to `mostBytes`.
     explicit FrameReader(std::size_t mostBytes) : mostBytes_(mostBytes) {}
 
-    /// Adds bytes of the stream.
+    /// Adds bytes of the stream. Parts of frames may be added in any size. Requires: not `isBroken`, since
+    /// the bytes would be stored and never read. The bytes are stored until `next` has returned their
+    /// messages.
     void add(std::string_view bytes) { bytes_ += bytes; }
     /// Returns the next whole message, or `nullopt` if there is none yet. Linear in the bytes that were
-    /// added.
+    /// added. A message may be empty. Its JSON is not checked.
     std::optional<std::string> next();
-    /// Returns true if the stream announces a message that is too long. No message follows then.
+    /// Returns true if the stream announces a message that is too long. No message follows then. Set by
+    /// `next`, which discards the stored bytes.
     bool isBroken() const { return isBroken_; }
 
 private:

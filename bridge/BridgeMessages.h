@@ -66,16 +66,19 @@ struct BridgeReply {
     BridgeResult result;
 };
 
-/// Returns a request as JSON, UTF-8.
+/// Returns a request as JSON, UTF-8. Linear. Requires: `url` is well-formed UTF-8. The script is a member
+/// only if it is not None.
 std::string jsonOf(const BridgeRequest& request);
 
 /// Returns the message of a reply. Fails with a sentence for bytes that are no such message. Unknown members
-/// are ignored.
+/// are ignored. Members of a result that are missing or of another kind are empty, 0 or false. A message
+/// needs an "id" and one of "result", "part" and "error"; the first of these counts. Linear.
 Result<BridgeReply> replyFromJson(std::string_view json);
 
 // The host passes messages on, with the number of the program's connection around them.
 
-/// Returns `{"client": N, "request": …}`. Fails if `request` is no JSON.
+/// Returns `{"client": N, "request": …}`. Fails if `request` is no JSON. The request must be an object; its
+/// content is not checked. The JSON has no white space between its parts.
 Result<std::string> requestOfClient(std::int64_t client, std::string_view request);
 
 /// A reply with the number of the connection that it is for.
@@ -84,7 +87,8 @@ struct RepliedClient {
     std::string reply; ///< JSON
 };
 
-/// Returns the parts of `{"client": N, "reply": …}`. Fails for bytes that are no such message.
+/// Returns the parts of `{"client": N, "reply": …}`. Fails for bytes that are no such message. "reply" must
+/// be an object; its content is not checked.
 Result<RepliedClient> replyOfClient(std::string_view json);
 
 } // namespace tabulon

@@ -11,7 +11,8 @@ namespace tabulon {
 /// The name of the host in the manifests of native messaging.
 inline constexpr std::string_view kBridgeHostName = "com.tabulon.tabulon";
 
-/// Returns the folder of the sockets below `runtimeFolder`, the user's folder for runtime files.
+/// Returns the folder of the sockets below `runtimeFolder`, the user's folder for runtime files. Both are
+/// paths without a slash at the end, in the file system's encoding. Does not create the folder.
 std::string bridgeFolder(const std::string& runtimeFolder);
 
 /// The processes that belong to a socket.
@@ -20,10 +21,11 @@ struct BridgeSocketName {
     unsigned host;
 };
 
-/// Returns the file name of a socket: "<browser>-<host>.sock".
+/// Returns the file name of a socket: "<browser>-<host>.sock". Both numbers are decimal.
 std::string fileNameOf(const BridgeSocketName& name);
 
-/// Returns the processes in a socket's file name, or `nullopt` for another name.
+/// Returns the processes in a socket's file name, or `nullopt` for another name. A number that does not fit
+/// into `unsigned` is part of another name. Whether the processes exist is not checked.
 std::optional<BridgeSocketName> socketNameIn(std::string_view fileName);
 
 } // namespace tabulon
