@@ -24,16 +24,22 @@ public:
     /// Requires: the arguments outlive this object.
     BridgeEvents(BrowserBridge& bridge, EventSender& otherwise) : bridge_(bridge), otherwise_(otherwise) {}
 
+    /// Fails with the sentence of the bridge or of `otherwise`. Processes no events while it waits.
+    /// `kMostSeconds` is the limit for each message of a reply in parts.
     Result<AppEventReply> send(const AppEvent& event) override;
 
 private:
+    /// Returns a connection to the first process of the browser, in either spelling of its identifier, or
+    /// nullptr if it is not connected.
     std::unique_ptr<BridgeConnection> connectionTo(std::string_view identifier);
+    /// Sends the event by `otherwise`. A question fails with `reason` instead.
     Result<AppEventReply> sendOtherwise(const AppEvent& event, const std::string& reason);
     /// Returns the result, or `nullopt` if there is none in time. Fails if the browser refuses or ends.
     Result<std::optional<BridgeResult>> ask(BridgeConnection& connection, const BridgeRequest& request);
 
     BrowserBridge& bridge_;
     EventSender& otherwise_;
+    /// The number of the last request. Replies with other numbers are ignored.
     std::int64_t lastId_ = 0;
 };
 

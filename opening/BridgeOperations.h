@@ -9,7 +9,8 @@
 namespace tabulon {
 
 /// Returns the request for an event, or `nullopt` for an event that the bridge does not serve. A script is
-/// recognised by its exact text.
+/// recognised by its exact text. `id` becomes the number of the request. Also returns `nullopt` for an event
+/// that shows an address if the address is no text.
 std::optional<BridgeRequest> requestForEvent(const AppEvent& event, std::int64_t id);
 
 /// Returns the reply to an event from the result of its request. The question for a window is answered by
