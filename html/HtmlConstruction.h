@@ -13,25 +13,25 @@ namespace tabulon::html {
 
 /// The insertion modes of the standard.
 enum class Mode : std::uint8_t {
-    Initial,
-    BeforeHtml,
-    BeforeHead,
+    Initial,    ///< before the document type
+    BeforeHtml, ///< before the element html
+    BeforeHead, ///< in html, before head
     InHead,
-    AfterHead,
+    AfterHead, ///< before body or frameset
     InBody,
-    Text,
+    Text, ///< in an element whose content is text
     InTable,
-    InTableText,
+    InTableText, ///< while the texts of a table are collected
     InCaption,
-    InColumnGroup,
-    InTableBody,
-    InRow,
+    InColumnGroup, ///< in colgroup
+    InTableBody,   ///< in tbody, thead or tfoot, outside of its rows
+    InRow,         ///< in a row, outside of its cells
     InCell,
-    InTemplate,
-    AfterBody,
+    InTemplate, ///< in a template, before its first start tag
+    AfterBody,  ///< after the end tag of body
     InFrameset,
-    AfterFrameset,
-    AfterAfterBody,
+    AfterFrameset,  ///< after the end tag of the outermost frameset
+    AfterAfterBody, ///< after the end tag of html
     AfterAfterFrameset,
 };
 
@@ -91,7 +91,7 @@ public:
     /// Inserts an element at the current place, or into the document if no element is open, and opens it. Its
     /// link is kept if it is an HTML a, area or base with an address. Owned by the tree, as are all nodes.
     Node& insertElement(const Token& token, Namespace space = Namespace::Html);
-    /// Inserts and opens an HTML element without attributes.
+    /// Inserts and opens an HTML element without attributes. Requires: `tag` is not Other.
     Node& insertNamed(Tag tag);
     /// Inserts an element that has no content, and does not leave it open.
     void insertVoid(const Token& token);
@@ -129,7 +129,8 @@ public:
 private:
     /// Returns a new element for the token, without a parent.
     Node& newElement(const Token& token, Namespace space);
-    /// Returns the token's link, which the tree owns, or nullptr if the token has no address.
+    /// Returns the token's link, which the tree owns, or nullptr if the token has no address. The attributes
+    /// are copied, because the next token replaces them.
     const LinkAttributes* linkOf(const Token& token);
 
     /// The number of steps until the limit.

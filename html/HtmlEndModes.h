@@ -14,9 +14,10 @@ public:
         : state_(state), body_(body), head_(head), templates_(templates) {}
 
     /// Processes a token after the body; also of the mode AfterAfterBody. White space is processed as in the
-    /// body. Other content continues in the mode InBody.
+    /// body. Other content continues in the mode InBody. Ignores the tags of html.
     Step afterBody(const Token& token);
-    /// Inserts only framesets and the text of noframes: a frameset contains no other elements with links.
+    /// Inserts only framesets and the text of noframes: a frameset contains no other elements with links. The
+    /// end tag of the outermost frameset sets the mode AfterFrameset.
     Step inFrameset(const Token& token);
     /// Processes a token after a frameset; also of the mode AfterAfterFrameset. Inserts only the text of
     /// noframes.

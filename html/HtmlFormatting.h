@@ -25,9 +25,12 @@ public:
         std::size_t attributes = 0;
     };
 
+    /// Returns the number of entries, with the markers.
     std::size_t size() const { return entries_.size(); }
+    /// Returns the entry at `index`; the oldest is 0. Valid until the list changes. Requires: index < size().
     Entry& operator[](std::size_t index) { return entries_[index]; }
 
+    /// Adds a marker at the end.
     void addMarker() { entries_.emplace_back(); }
     /// Removes the entries after the last marker, and the marker. Without a marker, removes all entries.
     void clearToMarker();
@@ -40,7 +43,7 @@ public:
     void insertAt(std::size_t index, Entry entry);
     /// Returns the index of the last element of `tag` after the last marker, or npos.
     std::size_t lastOf(Tag tag) const;
-    /// Returns the index of `node`, or npos.
+    /// Returns the index of `node`, or npos. Markers do not end the search.
     std::size_t indexOf(const Node& node) const;
 
     /// Returns the number of entries that `add`, `lastOf` and `indexOf` have visited since the last call.
@@ -52,7 +55,8 @@ private:
 };
 
 /// Returns a hash of names and values that does not depend on the order of the attributes. Different
-/// attributes may have the same hash.
+/// attributes may have the same hash. The values are those of this run of the program, and are not to be
+/// stored. Linear in the attributes.
 std::size_t hashOf(const std::vector<Attribute>& attributes);
 
 } // namespace tabulon::html

@@ -23,6 +23,7 @@ public:
 
     bool isEmpty() const { return entries_.empty(); }
     std::size_t size() const { return entries_.size(); }
+    /// Returns the element at `index`. Requires: index < size().
     Node& operator[](std::size_t index) const { return *entries_[index].node; }
     /// Returns the innermost element. Requires: not empty.
     Node& top() const { return *entries_.back().node; }
@@ -31,11 +32,14 @@ public:
     void push(Node& node);
     /// Closes the innermost element. Requires: not empty.
     void pop();
-    /// Closes the element at `index` and all inside it. Linear in their number.
+    /// Closes the element at `index` and all inside it. Linear in their number. Does nothing if there are not
+    /// more than `index` elements.
     void popTo(std::size_t index);
-    /// Closes only the element at `index`. Linear in the number of elements inside it.
+    /// Closes only the element at `index`. Linear in the number of elements inside it. Requires: index <
+    /// size().
     void removeAt(std::size_t index);
     /// Opens `node` outside of the element at `index`. Linear in the number of elements from there on.
+    /// Requires: index <= size(), and `node` is not open.
     void insertAt(std::size_t index, Node& node);
     /// Returns the index of `node`. Linear in the number of elements inside it. Requires: it is open.
     std::size_t indexOf(const Node& node) const;
@@ -58,7 +62,9 @@ private:
         std::array<std::size_t, 4> bounds;
     };
 
+    /// The outermost element first.
     std::vector<Entry> entries_;
+    /// By tag, the index of its innermost HTML element, or npos.
     std::array<std::size_t, kTagCount> last_;
 };
 

@@ -49,10 +49,15 @@ private:
     void clearBackTo(std::initializer_list<Tag> tags);
     // These return Done, and do nothing, if no such element is in scope, else Again, for the token that
     // closes it.
+    /// Closes the table, and sets the mode of the content around it.
     Step endTable();
+    /// Closes the caption and its formatting, and sets the mode InTable.
     Step endCaption();
+    /// Closes the innermost tbody, thead or tfoot, and sets the mode InTable.
     Step endSections();
+    /// Closes the row, and sets the mode InTableBody.
     Step endRow();
+    /// Closes the cell and its formatting, and sets the mode InRow.
     Step endCell();
 
     Construction& state_;

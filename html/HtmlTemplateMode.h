@@ -14,7 +14,8 @@ public:
 
     /// Processes a token. Inserts texts and the elements of the head. Returns Again for any other start tag,
     /// after it has set the mode that its element needs: that of the body, or of a part of a table. Ignores
-    /// end tags other than that of the template. Requires: a template is open.
+    /// end tags other than that of the template. Requires: a template is open. The end of the page closes the
+    /// template and is then processed again.
     Step process(const Token& token);
 
 private:

@@ -90,21 +90,41 @@ public:
     void setAllowsCdata(bool allows) { allowsCdata_ = allows; }
 
 private:
-    /// Each of these functions reads from `cursor_` on, moves it to the end of what it has read, and sets
-    /// `token_`. Markup that is no token, such as "</>", only moves the cursor.
+    // Each of these functions reads from `cursor_` on, moves it to the end of what it has read, and sets
+    // `token_`. Markup that is no token, such as "</>", only moves the cursor.
+
+    /// Reads a tag, a comment, a document type or a text. A tag without an end discards the rest of the
+    /// source.
     void readMarkup();
+    /// Reads a text up to the next "<". Its first character belongs to it even if it is "<".
     void readText();
+    /// Reads a text up to the end tag `endName_`. If it would be empty, sets the content to Markup and reads
+    /// the end tag instead.
     void readRaw();
+    /// Reads a text up to "]]>", without decoding references. Requires: "<![CDATA[" is at the cursor.
     void readCdata();
+    /// Reads a comment, a document type or, where it is allowed, CDATA. Requires: "<!" is at the cursor.
     void readMarkupDeclaration();
+    /// Reads a comment up to "-->" or "--!>", or to the end of the source.
     void readComment();
+    /// Reads a comment up to the next ">", or to the end of the source.
     void readBogusComment();
+    /// Reads a document type up to the next ">", which may be inside quotes. One without a name or an end
+    /// forces quirks mode.
     void readDoctype();
+    /// Reads the identifiers in `rest`, the text after the name. Malformed ones force quirks mode.
     void readDoctypeIds(std::string_view rest);
-    /// These return false if the tag has no end before the end of the source.
+
+    // These return false if the tag has no end before the end of the source.
+
+    /// Reads a tag whose name begins at `nameBegin`. Sets its kind only if it has an end.
     bool readTag(Token::Kind kind, std::size_t nameBegin);
+    /// Reads attributes up to the ">" of the tag, and that character.
     bool readAttributes();
+    /// Adds one attribute, whose name may repeat one before. An equals sign as its first character belongs to
+    /// the name.
     bool readAttribute();
+    /// Appends the value that begins at the cursor, with its references decoded and with U+FFFD for each NUL.
     bool readValue(std::string& value);
     /// Appends a name in lower case, with U+FFFD for each NUL.
     void appendName(std::string_view bytes, std::string& name);
@@ -114,12 +134,14 @@ private:
     std::size_t rawEnd() const;
     /// Does the same for a script, in which a comment can contain the end tag.
     std::size_t scriptEnd() const;
+    /// Returns true if the end tag `endName_` begins at the position, in either case.
     bool isEndTagAt(std::size_t position) const;
     /// Returns true if `name` is there, in either case, with a character after it that ends a name.
     bool isNameAt(std::size_t position, std::string_view name) const;
     /// Sets a text as the token, unless it is empty. Decodes its references, and replaces NUL by U+FFFD, as
-    /// requested.
+    /// requested. A text that does not change stays a part of the source; any other is stored in `texts_`.
     void giveText(std::string_view raw, bool decodes, bool replacesNul);
+    /// Moves the cursor to the next character that is no white space, or to the end of the source.
     void skipSpaces();
 
     /// Returns the byte at a position, or NUL after the end of the source.
@@ -133,7 +155,9 @@ private:
     Content content_ = Content::Markup;
     /// The name whose end tag ends the content; valid unless that is markup.
     std::string endName_;
+    /// See `setAllowsCdata`.
     bool allowsCdata_ = false;
+    /// The token that `next` returns.
     Token token_;
 };
 
