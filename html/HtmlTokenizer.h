@@ -139,7 +139,8 @@ private:
     /// Returns true if `name` is there, in either case, with a character after it that ends a name.
     bool isNameAt(std::size_t position, std::string_view name) const;
     /// Sets a text as the token, unless it is empty. Decodes its references, and replaces NUL by U+FFFD, as
-    /// requested. A text that does not change stays a part of the source; any other is stored in `texts_`.
+    /// requested. A text without "&" to decode and NUL to replace stays a part of the source. Any other is
+    /// stored in `texts_`.
     void giveText(std::string_view raw, bool decodes, bool replacesNul);
     /// Moves the cursor to the next character that is no white space, or to the end of the source.
     void skipSpaces();
