@@ -26,7 +26,8 @@ constexpr bool isLetter(char c) {
 constexpr bool isAlphanumeric(char c) {
     return isDigit(c) || isLetter(c);
 }
-/// Returns true for the white space of HTML: space, tab, line feed, form feed and carriage return.
+/// Returns true for the white space of HTML: space, tab, line feed, form feed and carriage return. A vertical
+/// tab, a NUL and a no-break space are none.
 constexpr bool isSpace(char c) {
     return c == ' ' || c == '\t' || c == '\n' || c == '\f' || c == '\r';
 }
@@ -37,7 +38,8 @@ constexpr int hexValue(char c) {
     return lower(c) >= 'a' && lower(c) <= 'f' ? lower(c) - 'a' + 10 : -1;
 }
 /// Returns `text` without the characters of `blanks` at its beginning and end. The result is a part of
-/// `text`, empty where `text` contains only blanks. Linear.
+/// `text`, empty where `text` contains only blanks. Linear. `blanks` is a set of single bytes; an empty one
+/// removes nothing.
 constexpr std::string_view trimmed(std::string_view text, std::string_view blanks) {
     const std::size_t first = text.find_first_not_of(blanks);
     if (first == std::string_view::npos)
@@ -45,14 +47,14 @@ constexpr std::string_view trimmed(std::string_view text, std::string_view blank
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 /// Returns a copy of `text` with small letters in place of the capital ASCII letters. Other bytes, those of
-/// UTF-8 included, are unchanged, so valid UTF-8 stays valid. Linear.
+/// UTF-8 included, are unchanged, so valid UTF-8 stays valid. Linear. The size stays the same.
 inline std::string lowered(std::string_view text) {
     std::string result(text);
     std::ranges::transform(result, result.begin(), lower);
     return result;
 }
 /// Returns true if `text` begins with `prefix`, ignoring the case of ASCII letters. True for an empty prefix.
-/// Neither argument has to be in small letters.
+/// Neither argument has to be in small letters. Linear in the size of `prefix`.
 inline bool startsWithIgnoringCase(std::string_view text, std::string_view prefix) {
     return text.size() >= prefix.size() &&
            std::ranges::equal(text.substr(0, prefix.size()), prefix, {}, lower, lower);

@@ -14,13 +14,14 @@
 namespace tabulon {
 
 /// Sixteen bytes, or the results of a comparison of each of them: 0xFF for true, 0 for false. Results are
-/// combined by the operators | & ~ of the compiler's vectors.
+/// combined by the operators | & ~ of the compiler's vectors. Element 0 is the first byte in memory.
 using ByteBlock = unsigned char __attribute__((vector_size(16)));
 
-/// The size of a block in bytes.
+/// The size of a block in bytes. 16 on every machine, also without SSE2.
 inline constexpr std::size_t kByteBlockSize = sizeof(ByteBlock);
 
-/// Returns the sixteen bytes from `bytes` on, at any alignment. Requires: all sixteen are readable.
+/// Returns the sixteen bytes from `bytes` on, at any alignment. Requires: all sixteen are readable. The bytes
+/// are copied, so the block stays valid without them.
 inline ByteBlock loadBlock(const char* bytes) {
     ByteBlock block;
     std::memcpy(&block, bytes, kByteBlockSize);
@@ -39,7 +40,8 @@ inline ByteBlock equalBytes(ByteBlock a, ByteBlock b) {
 }
 
 /// Returns the highest bit of each byte; that of the first byte becomes bit 0. Of a comparison these are the
-/// positions where it is true, of a text the bytes that are not ASCII. Bits 16 to 31 are 0.
+/// positions where it is true, of a text the bytes that are not ASCII. Bits 16 to 31 are 0. So
+/// `std::countr_zero` of the result is the first of these positions, if there is one.
 inline std::uint32_t highBits(ByteBlock block) {
 #if defined(__SSE2__)
     return static_cast<std::uint32_t>(_mm_movemask_epi8(std::bit_cast<__m128i>(block)));

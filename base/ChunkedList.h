@@ -24,13 +24,17 @@ namespace tabulon {
 /// `eraseAt` move at most 512 items and renumber at most c chunks. Iteration is linear.
 ///
 /// An item may be in several lists, or twice in one list; its link then names only one of these positions.
-/// Look-ups in such a list search from its beginning, in linear time, and return the first position.
+/// Look-ups in such a list search from its beginning, in linear time, and return the first position. Adding
+/// an item that is in a list already has this effect on both lists until `clear`, also after the item was
+/// removed.
 ///
 /// Every change invalidates iterators. Not safe for use by several threads at once, since `const` look-ups
 /// write to a cache. Throws std::bad_alloc when memory is exhausted. Neither copied nor moved.
 template <class Item, class Link>
 class ChunkedList {
+    /// The most items of a chunk.
     static constexpr std::size_t kMaximum = 512;
+    /// The room of a list's first chunk, in items, unless `reserve` was called for more.
     static constexpr std::size_t kFirstCapacity = 4;
 
     /// The header of an array of items, which follow it in the same allocation.
@@ -118,13 +122,15 @@ public:
         return last->items()[last->size() - 1];
     }
 
-    /// Returns the item at `index`, never nullptr. The index is not checked. Requires: index < size().
+    /// Returns the item at `index`, never nullptr. The index is not checked. Requires: index < size(). Takes
+    /// O(log c) time, besides the counting.
     Item* at(std::size_t index) const {
         const auto [number, place] = locate(index);
         return chunks_[number].chunk->items()[place];
     }
 
-    /// Returns the first index of `item`, or npos if it is not in this list.
+    /// Returns the first index of `item`, or npos if it is not in this list. Takes constant time, besides the
+    /// counting; linear in a list that shares items.
     std::size_t indexOf(const Item& item) const {
         if (shared_)
             return searchFor(item);
@@ -154,7 +160,8 @@ public:
     }
 
     /// Sizes the chunks for `count` items that will be added by `append`. Does nothing if the list has items.
-    /// The list does not grow by this, and may get more items or fewer.
+    /// The list does not grow by this, and may get more items or fewer. Allocates the vector of chunks, but
+    /// no chunk. The number is used for the first chunks until `clear`.
     void reserve(std::size_t count) {
         if (empty() && count > 0) {
             chunks_.reserve((count + kMaximum - 1) / kMaximum);
@@ -162,7 +169,8 @@ public:
         }
     }
 
-    /// Adds `item` at the end, and sets its link to this list. Amortized constant time.
+    /// Adds `item` at the end, and sets its link to this list. Amortized constant time. The item may be in a
+    /// list already; see above.
     void append(Item& item) {
         if (chunks_.empty() || chunks_.back().chunk->count == chunks_.back().chunk->capacity)
             makeRoomAtEnd();
@@ -195,7 +203,9 @@ public:
         ++size_;
     }
 
-    /// Removes the item at `index` and clears its link. Requires: index < size().
+    /// Removes the item at `index` and clears its link. Requires: index < size(). The link stays if it names
+    /// another position of the item. The item is not destroyed, and the memory of a chunk without items is
+    /// freed.
     void eraseAt(std::size_t index) {
         const auto [number, place0] = locate(index);
         Chunk* chunk = chunks_[number].chunk;
@@ -213,7 +223,8 @@ public:
     }
 
     /// Inserts the items, in their order, before the item at `index` or at the end. Linear in the number of
-    /// items, and in the number of chunks for every 512 of them. Requires: index <= size().
+    /// items, and in the number of chunks for every 512 of them. Requires: index <= size(). An empty range
+    /// changes nothing. Requires: `items` are not part of this list's memory.
     void insertRange(std::size_t index, std::span<Item* const> items) {
         if (items.size() <= 16) {
             for (Item* item : items)
@@ -252,7 +263,7 @@ public:
     }
 
     /// Removes `item` from the list that its link names, at its first position there. Does nothing if the
-    /// link is nullptr.
+    /// link is nullptr. Takes the time of `indexOf` and `eraseAt`.
     static void eraseFromItsList(Item& item) {
         auto* chunk = static_cast<Chunk*>(Link::chunk(item));
         if (!chunk)
@@ -261,7 +272,8 @@ public:
         list->eraseAt(list->indexOf(item));
     }
 
-    /// Removes all items and clears their links to this list. Linear.
+    /// Removes all items and clears their links to this list. Linear. The items are not destroyed. Frees the
+    /// chunks, and discards the number that `reserve` was called for.
     void clear() {
         for (const Entry& entry : chunks_)
             freeChunk(entry.chunk);
@@ -273,13 +285,14 @@ public:
     }
 
 private:
-    /// The number of a chunk, and a position in it.
+    /// The number of a chunk, and a position in it. Valid until the list changes.
     struct Place {
         std::size_t number;
         std::size_t place;
     };
 
-    /// Returns a chunk without items, which the caller owns. Its `list` is not set.
+    /// Returns a chunk without items, which the caller owns. Its `list` is not set. Throws std::bad_alloc
+    /// when memory is exhausted. Requires: 1 <= capacity <= kMaximum.
     static Chunk* newChunkOfCapacity(std::size_t capacity) {
         auto* chunk = static_cast<Chunk*>(std::malloc(sizeof(Chunk) + capacity * sizeof(Item*)));
         if (!chunk)
@@ -289,13 +302,14 @@ private:
         chunk->capacity = static_cast<std::uint16_t>(capacity);
         return chunk;
     }
-    /// Returns a chunk of this list without items, which the caller owns.
+    /// Returns a chunk of this list without items, which the caller owns. Throws and requires the same.
     Chunk* newChunk(std::size_t capacity) {
         Chunk* chunk = newChunkOfCapacity(capacity);
         chunk->list = this;
         return chunk;
     }
-    /// Clears the links of the chunk's items and frees it.
+    /// Clears the links of the chunk's items and frees it. Linear in its items. The caller removes it from
+    /// `chunks_`.
     static void freeChunk(Chunk* chunk) {
         for (std::size_t i = 0; i < chunk->size(); ++i)
             unlink(*chunk->items()[i], chunk, i);
@@ -314,7 +328,7 @@ private:
         if (Link::chunk(item) == chunk && Link::place(item) == at)
             Link::chunk(item) = nullptr;
     }
-    /// Sets the links of the chunk's items from a position on.
+    /// Sets the links of the chunk's items from a position on. Linear in the number of these items.
     static void relink(Chunk* chunk, std::size_t from) {
         for (std::size_t i = from; i < chunk->size(); ++i)
             place(*chunk->items()[i], chunk, i);
@@ -329,7 +343,8 @@ private:
         }
     }
 
-    /// Returns the chunk of this list that the item's link names, or nullptr.
+    /// Returns the chunk of this list that the item's link names, or nullptr. Constant time. Not to be used
+    /// for look-ups while `shared_` is set.
     Chunk* chunkOf(const Item& item) const {
         auto* chunk = static_cast<Chunk*>(Link::chunk(const_cast<Item&>(item)));
         return chunk && chunk->list == this ? chunk : nullptr;
@@ -347,18 +362,19 @@ private:
     }
 
     /// Makes `start` valid for the chunks up to this number. Linear in the number of chunks that it was not
-    /// valid for.
+    /// valid for. Requires: there is a chunk of this number.
     void orderUpTo(std::size_t number) const {
         for (; ordered_ <= number; ++ordered_)
             chunks_[ordered_].start =
                 ordered_ == 0 ? 0 : chunks_[ordered_ - 1].start + chunks_[ordered_ - 1].chunk->size();
     }
-    /// Returns the index of the first item of a chunk.
+    /// Returns the index of the first item of a chunk. Requires: there is a chunk of this number.
     std::size_t startOf(std::size_t number) const {
         orderUpTo(number);
         return chunks_[number].start;
     }
-    /// Returns the position of the item at `index`. Requires: index < size().
+    /// Returns the position of the item at `index`. Requires: index < size(). Takes O(log c) time, besides
+    /// the counting.
     Place locate(std::size_t index) const {
         if (chunks_.size() == 1)
             return {0, index};
@@ -372,7 +388,8 @@ private:
     /// Marks `start` as not valid for the chunks after this one.
     void changedAfter(std::size_t number) { ordered_ = std::min(ordered_, number + 1); }
 
-    /// Sets the numbers of the chunks from `from` on, and marks their `start` as not valid.
+    /// Sets the numbers of the chunks from `from` on, and marks their `start` as not valid. Linear in the
+    /// number of these chunks.
     void renumber(std::size_t from) {
         for (std::size_t i = from; i < chunks_.size(); ++i)
             chunks_[i].chunk->number = static_cast<std::uint32_t>(i);
@@ -383,7 +400,9 @@ private:
         chunks_.insert(chunks_.begin() + static_cast<std::ptrdiff_t>(number), Entry{newChunk(capacity), 0});
         renumber(number);
     }
-    /// Frees the chunks from `from` up to, not including, `to`, and clears the links of their items.
+    /// Frees the chunks from `from` up to, not including, `to`, and clears the links of their items. Does not
+    /// change `size_`, which is the task of the caller. Linear in the number of chunks from `from` on, and in
+    /// the items removed.
     void removeChunks(std::size_t from, std::size_t to) {
         for (std::size_t i = from; i < to; ++i)
             freeChunk(chunks_[i].chunk);
@@ -392,7 +411,9 @@ private:
         renumber(from);
     }
 
-    /// Makes room for one item at the end: in a new chunk if the last one is full, or there is none.
+    /// Makes room for one item at the end: in a new chunk if the last one is full, or there is none. The room
+    /// of a new chunk is that for the items that `reserve` expects and that are missing, within
+    /// kFirstCapacity and kMaximum.
     void makeRoomAtEnd() {
         if (chunks_.empty() || chunks_.back().chunk->size() == kMaximum)
             addChunk(chunks_.size(),
@@ -402,7 +423,7 @@ private:
     }
 
     /// Returns the chunk with room for one more item, or a larger one that has replaced it. Requires: it has
-    /// fewer than kMaximum items.
+    /// fewer than kMaximum items. A larger one has twice the room, at most kMaximum.
     Chunk* roomFor(std::size_t number) {
         Chunk* chunk = chunks_[number].chunk;
         if (chunk->count < chunk->capacity)
@@ -412,7 +433,7 @@ private:
         return larger;
     }
     /// Moves the items of a chunk into `replacement`, which takes its number, and frees the old one.
-    /// Requires: `replacement` has no items and enough room.
+    /// Requires: `replacement` has no items and enough room. Sets the links of the items.
     void replaceChunk(std::size_t number, Chunk* replacement) {
         Chunk* old = chunks_[number].chunk;
         replacement->number = static_cast<std::uint32_t>(number);
@@ -420,20 +441,22 @@ private:
         chunks_[number].chunk = replacement;
         std::free(old);
     }
-    /// Appends items of `from` to `to`. Requires: they are the last ones of `from`, or all are moved.
+    /// Appends items of `from` to `to`. Requires: they are the last ones of `from`, or all are moved. Sets
+    /// their links. Requires also: `to` has room for them.
     static void moveItems(Chunk* from, std::size_t first, std::size_t count, Chunk* to) {
         for (std::size_t i = 0; i < count; ++i)
             place(*from->items()[first + i], to, to->count++);
         from->count = static_cast<std::uint16_t>(from->size() - count);
     }
-    /// Moves the items from the position `at` on into a new chunk after this one.
+    /// Moves the items from the position `at` on into a new chunk after this one. The new chunk has room for
+    /// kMaximum items. Does not change `size_`.
     void split(std::size_t number, std::size_t at) {
         addChunk(number + 1, kMaximum);
         Chunk* chunk = chunks_[number].chunk;
         moveItems(chunk, at, chunk->size() - at, chunks_[number + 1].chunk);
     }
     /// Splits chunks so that one begins at `index`. Returns its number, or the number of chunks if `index` is
-    /// the end. Requires: index <= size().
+    /// the end. Requires: index <= size(). Splits at most one chunk.
     std::size_t cut(std::size_t index) {
         if (index == size_)
             return chunks_.size();
@@ -443,7 +466,8 @@ private:
         split(number, at);
         return number + 1;
     }
-    /// Joins a chunk that has few items with the next one if the result is at most half full.
+    /// Joins a chunk that has few items with the next one if the result is at most half full. Few are fewer
+    /// than kMaximum / 8. Does nothing for the last chunk.
     void joinWithNext(std::size_t number) {
         Chunk* chunk = chunks_[number].chunk;
         if (chunk->size() >= kMaximum / 8 || number + 1 >= chunks_.size())
@@ -460,6 +484,7 @@ private:
 
     /// The chunks in order, none of them empty.
     mutable std::vector<Entry> chunks_;
+    /// The number of items in all chunks.
     std::size_t size_ = 0;
     /// The number of items that `reserve` was called for.
     std::size_t expected_ = 0;

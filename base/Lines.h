@@ -10,7 +10,7 @@ namespace tabulon {
 /// Returns the lines of `text` without their line feeds, empty lines included. A line feed at the end of
 /// `text` ends the last line and does not begin another one. An empty text has no lines. A carriage return
 /// before a line feed is part of its line. The lines are parts of `text` and valid as long as its bytes.
-/// Linear.
+/// Linear. Carriage returns alone do not end a line. The bytes may have any encoding that contains ASCII.
 inline std::vector<std::string_view> linesOf(std::string_view text) {
     std::vector<std::string_view> lines;
     while (!text.empty()) {

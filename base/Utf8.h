@@ -9,20 +9,23 @@
 
 namespace tabulon {
 
-/// Returns true if no byte is above 127; true for empty bytes. Linear.
+/// Returns true if no byte is above 127; true for empty bytes. Linear. A NUL is ASCII.
 bool isAscii(std::string_view bytes);
 
-/// Returns true if `bytes` is well-formed UTF-8; true for empty bytes. Linear.
+/// Returns true if `bytes` is well-formed UTF-8; true for empty bytes. Linear. Surrogates, overlong sequences
+/// and characters above U+10FFFF are malformed. A NUL is valid.
 bool isValidUtf8(std::string_view bytes);
 
 /// Returns `bytes` with each maximal malformed part replaced by one U+FFFD, which is valid UTF-8. Valid input
-/// is returned unchanged. Linear. The result may have up to three times as many bytes.
+/// is returned unchanged. Linear. The result may have up to three times as many bytes. A maximal malformed
+/// part is one to three bytes; see `utf8::malformedSize`. No byte order mark is removed.
 std::string decodeUtf8Leniently(std::string_view bytes);
 
 namespace utf8 {
 
 /// A character in UTF-8: one to four bytes.
 struct Encoded {
+    /// Those from `size` on are 0.
     std::array<char, 4> bytes{};
     std::uint8_t size = 0;
 
@@ -31,7 +34,7 @@ struct Encoded {
 };
 
 /// Returns the bytes of `character`. A surrogate is encoded like any other number. Requires: at most
-/// U+10FFFF.
+/// U+10FFFF. The size is 1 to 4. For a larger number the result is not specified.
 constexpr Encoded encoded(char32_t character) {
     const auto last = [character](int shift) {
         return static_cast<char>(0x80u | (character >> shift & 0x3Fu));
@@ -49,24 +52,26 @@ constexpr Encoded encoded(char32_t character) {
 }
 
 /// Appends the bytes of `character`. Requires: at most U+10FFFF. A surrogate is encoded like any other
-/// number.
+/// number. Linear in the bytes appended, as long as `text` has room.
 inline void append(std::string& text, char32_t character) {
     text += encoded(character).view();
 }
 
 /// Returns the character at `position` and moves `position` to the next one, or to the end. Constant time.
-/// Requires: well-formed UTF-8, in which `position` is the beginning of a character, and not the end.
+/// Requires: well-formed UTF-8, in which `position` is the beginning of a character, and not the end. Reads
+/// no byte after the end, also of a text that is cut off.
 char32_t next(std::string_view text, std::size_t& position);
 
 /// A character and the number of its bytes; 0 bytes for malformed UTF-8.
 struct Decoded {
+    /// 0 for malformed UTF-8, and for a NUL, which has 1 byte.
     char32_t character = 0;
     std::uint8_t size = 0;
 };
 
 /// Returns the character at `position`, without bytes if no well-formed sequence begins there. Surrogates,
-/// overlong sequences and characters above U+10FFFF are malformed. Constant time. Requires:
-/// position < text.size().
+/// overlong sequences and characters above U+10FFFF are malformed. Constant time. Requires: position <
+/// text.size(). Reads at most four bytes, and none after the end.
 constexpr Decoded decodedAt(std::string_view text, std::size_t position) {
     const char* const bytes = text.data() + position;
     const std::size_t left = text.size() - position;
@@ -97,11 +102,13 @@ constexpr Decoded decodedAt(std::string_view text, std::size_t position) {
 }
 
 /// Returns the size in bytes of the maximal malformed part at `position`: 1 to 3, and at most to the end of
-/// `text`. Requires: position < text.size(), and no well-formed sequence begins there.
+/// `text`. Requires: position < text.size(), and no well-formed sequence begins there. The part is the
+/// longest beginning of a well-formed sequence, or one byte that begins none. Constant time.
 std::size_t malformedSize(std::string_view text, std::size_t position);
 
 /// Returns the character at `position`, or U+FFFD for a maximal malformed part, and moves `position` to the
-/// byte after it. Constant time. Requires: position < text.size().
+/// byte after it. Constant time. Requires: position < text.size(). In a loop, every byte belongs to exactly
+/// one result, for malformed input too.
 inline char32_t nextLenient(std::string_view text, std::size_t& position) {
     const Decoded decoded = decodedAt(text, position);
     if (decoded.size == 0) [[unlikely]] {
@@ -112,13 +119,15 @@ inline char32_t nextLenient(std::string_view text, std::size_t& position) {
     return decoded.character;
 }
 
-/// Returns true for the second and later bytes of a character.
+/// Returns true for the second and later bytes of a character. These are 0x80 to 0xBF. The bytes around it
+/// are not part of the test.
 constexpr bool isContinuation(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
 }
 
 /// Returns the longest beginning of `text` with at most `limit` bytes that does not end inside a character.
-/// The result is a part of `text`, and may be empty. Constant time. Requires: well-formed UTF-8.
+/// The result is a part of `text`, and may be empty. Constant time. Requires: well-formed UTF-8. Returns all
+/// of `text` if it is not longer than `limit`.
 std::string_view prefix(std::string_view text, std::size_t limit);
 
 } // namespace utf8
