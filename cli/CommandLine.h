@@ -24,7 +24,7 @@ public:
     virtual EventSender& events() = 0;
     virtual AutomationPermission& permission() = 0;
     /// Starts the programs that were asked for. Fails with a sentence if one could not be started. Called
-    /// once, after the bookmarks were opened. No program has to be started before.
+    /// once, after the bookmarks were opened. The other services may delay every start until then.
     virtual Result<void> startPrograms() = 0;
 };
 

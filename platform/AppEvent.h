@@ -54,8 +54,9 @@ ObjectSpecifier element(FourCharCode elementClass, std::int32_t index);
 /// Returns the specifier of a property of `container`. The other steps are those of `container`. Never fails,
 /// also for a property that no application has.
 ObjectSpecifier property(FourCharCode code, ObjectSpecifier container);
-/// Returns the specifier as text, from the object outwards, such as `property 'URL ' of property 'acTa' of
-/// element 'cwin' 1`. Empty for a specifier without steps. The characters of codes are not escaped. Linear.
+/// Returns the specifier as text, from the object outwards, such as
+/// `property 'URL ' of property 'acTa' of element 'cwin' 1`. Empty for a specifier without steps. The
+/// characters of codes are not escaped. Linear.
 std::string descriptionOf(const ObjectSpecifier& specifier);
 
 /// A value in an event: a text, UTF-8, a number, a type or another code, or an object.

@@ -18,7 +18,7 @@ public:
     explicit CommandLineEvents(BrowserLauncher& launcher) : launcher_(launcher) {}
 
     /// A new window is made with the address that follows in the next event for the same browser. Every other
-    /// event for that browser ends this. Fails with a sentence for an event without an address, for an
+    /// event for that browser ends this. Fails with a sentence for any other event without an address, for an
     /// application that is not installed, and for an address that cannot be an argument (AddressCommands.h).
     /// The reply is always empty.
     Result<AppEventReply> send(const AppEvent& event) override;

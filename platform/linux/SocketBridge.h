@@ -21,7 +21,7 @@ public:
     /// is no process of this user any more.
     std::vector<ConnectedBrowser> connectedBrowsers() override;
     /// Returns a connection to the first host of the browser's process that accepts one. Removes a socket on
-    /// which no process listens. A `send` fails if the host reads nothing for two seconds.
+    /// which no process listens.
     std::unique_ptr<BridgeConnection> connect(const ConnectedBrowser& browser) override;
 
 private:

@@ -14,8 +14,10 @@ namespace tabulon {
 class SocketConnection : public BridgeConnection {
 public:
     /// Returns a connection to the process of this user that listens at `path`, or nullptr if there is none.
-    /// Removes a socket at which no process listens.
+    /// Removes a socket at which no process listens. Also returns nullptr for a path of more than 107 bytes,
+    /// and for a process that does not accept the connection within two seconds.
     static std::unique_ptr<SocketConnection> connect(const std::string& path);
+    /// Closes the socket.
     ~SocketConnection() override;
     SocketConnection(const SocketConnection&) = delete;
     SocketConnection& operator=(const SocketConnection&) = delete;
