@@ -16,7 +16,7 @@ namespace tabulon {
 namespace {
 
 constexpr std::size_t kMostClients = 16;
-constexpr std::size_t kMostUnsentBytes = std::size_t{32} * 1024 * 1024;
+constexpr std::size_t kMostUnsentBytes = std::size_t{64} * 1024 * 1024;
 constexpr std::size_t kReadBytes = std::size_t{64} * 1024;
 
 tl::unexpected<Error> systemFailure(const char* what) {
