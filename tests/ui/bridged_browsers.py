@@ -210,7 +210,7 @@ class BridgedFirefox(BridgedBrowser):
     entry, title = "firefox", "Firefox"
     # Returns each window as its current address and those of all its tabs.
     _WINDOWS = """return [...Services.wm.getEnumerator("navigator:browser")].filter(each => !each.closed).map(each => [
-        each.gBrowser.selectedBrowser.currentURI.spec, each.gBrowser.browsers.map(tab => tab.currentURI.spec)]);"""
+        each.gBrowser.selectedBrowser.currentURI.displaySpec, each.gBrowser.browsers.map(tab => tab.currentURI.displaySpec)]);"""
 
     def prepare(self, session):
         with open(os.path.join(self.profile, "user.js"), "w", encoding="utf-8") as preferences:
